@@ -1,0 +1,41 @@
+# One static library per room. Every target goes through these functions, so that warnings, sanitizers and
+# the direction of links are the same everywhere.
+
+add_library(kzq_flags INTERFACE)
+target_compile_options(kzq_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -fstack-protector-strong)
+target_include_directories(kzq_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(KZQ_SANITIZE)
+    target_compile_options(kzq_flags INTERFACE -fsanitize=${KZQ_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(kzq_flags INTERFACE -fsanitize=${KZQ_SANITIZE})
+endif()
+if(KZQ_FUZZ)
+    target_compile_options(kzq_flags INTERFACE -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+    target_link_options(kzq_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# kzq_room(NAME sources... [LINKS libraries...] [PRIVATE_LINKS libraries...])
+function(kzq_room name)
+    cmake_parse_arguments(ROOM "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
+    add_library(${name} STATIC ${ROOM_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name} PUBLIC kzq_flags ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
+endfunction()
+
+# kzq_program(NAME sources... [LINKS libraries...])
+function(kzq_program name)
+    cmake_parse_arguments(PROGRAM "" "" "LINKS" ${ARGN})
+    add_executable(${name} ${PROGRAM_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name} PRIVATE kzq_flags ${PROGRAM_LINKS})
+endfunction()
+
+# kzq_test(NAME sources... [LINKS libraries...] [WRAPPER program...] [LABELS labels...])
+# One test program per library; ctest sees one test per program, GoogleTest's own output names the cases.
+function(kzq_test name)
+    cmake_parse_arguments(TEST "" "" "LINKS;WRAPPER;LABELS" ${ARGN})
+    add_executable(${name} ${TEST_UNPARSED_ARGUMENTS})
+    target_link_libraries(${name} PRIVATE kzq_flags ${TEST_LINKS} GTest::gmock_main)
+    add_test(NAME ${name} COMMAND ${TEST_WRAPPER} $<TARGET_FILE:${name}> --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES LABELS "${TEST_LABELS}"
+        ENVIRONMENT "ASAN_OPTIONS=verify_asan_link_order=0;TSAN_OPTIONS=halt_on_error=1")
+endfunction()

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace kzq {
+
+using Bytes = std::vector<std::uint8_t>;
+using ByteView = std::span<const std::uint8_t>;
+
+/// Where something stands in a buffer. A length of 0 means that it was not found.
+struct ByteRange {
+    static constexpr std::uint64_t notFound = 0x7FFFFFFFFFFFFFFF;
+
+    std::uint64_t location = notFound;
+    std::uint64_t length = 0;
+
+    bool operator==(const ByteRange&) const = default;
+};
+
+/// The one format the pedal keeps: linear PCM, signed 24-bit little-endian, 44,100 Hz.
+inline constexpr std::uint32_t waveSampleRate = 44'100;
+inline constexpr std::uint32_t waveBitsPerSample = 24;
+/// Bytes in front of the samples in every file that `wave` makes.
+inline constexpr std::size_t waveHeaderSize = 44;
+
+// RIFF/WAVE on byte buffers. All functions read in place, keep nothing and may run on any thread; none throws
+// but for want of memory.
+
+/// The 12-byte RIFF/WAVE preamble at the start of `data`. Strict: the RIFF size must account for every byte, so
+/// trailing bytes or a stale size make the data no WAVE at all.
+ByteRange rangeOfWaveChunk(ByteView data);
+
+/// The sub-chunk at `offset`, its 8-byte head included. The next one starts exactly at location + length:
+/// no pad byte is skipped after an odd size.
+ByteRange rangeOfSubchunkAtOffset(ByteView data, std::uint64_t offset);
+
+/// Whether `data` is a RIFF/WAVE in which both a "fmt " and a "data" sub-chunk are reached, in either order,
+/// before the first malformed sub-chunk.
+bool isWave(ByteView data);
+
+/// Whether `data` is a WAVE in exactly the pedal's format with `channels` channels and a 16-byte format body.
+bool isPerfectWave(ByteView data, std::uint32_t channels);
+
+/// A WAV file image: the canonical 44-byte header, then `samples` unchanged. Nothing when a RIFF size cannot
+/// count them.
+std::optional<Bytes> wave(ByteView samples, std::uint32_t channels);
+
+/// The body of the first "data" sub-chunk. Data that is no WAVE is taken to be samples already and comes back
+/// whole; a malformed WAVE gives nothing.
+std::optional<Bytes> lpcm(ByteView data);
+
+}  // namespace kzq

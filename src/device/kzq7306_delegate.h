@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+
+#include "device/status.h"
+
+namespace kzq {
+
+class KZQ7306;
+
+/// Hears of the pedal's coming, going and changes; always on the main thread.
+class KZQ7306Delegate {
+  public:
+    KZQ7306Delegate() = default;
+    KZQ7306Delegate(const KZQ7306Delegate&) = delete;
+    KZQ7306Delegate& operator=(const KZQ7306Delegate&) = delete;
+    KZQ7306Delegate(KZQ7306Delegate&&) = delete;
+    KZQ7306Delegate& operator=(KZQ7306Delegate&&) = delete;
+    virtual ~KZQ7306Delegate() = default;
+
+    /// A pedal was acquired and runs its firmware or its loader. Called with the device lock held.
+    virtual void looperIsConnected(KZQ7306& looper) = 0;
+    /// The pedal left the bus. Called with the device lock held.
+    virtual void looperHasBeenDisconnected() = 0;
+    /// A poll found another status than the last one, or `refresh` was asked for.
+    virtual void looperInternalStateChanged(const Status& status) = 0;
+};
+
+}  // namespace kzq

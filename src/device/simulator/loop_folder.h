@@ -1,0 +1,27 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "device/simulator/pedal_memory.h"
+
+namespace kzq::simulator {
+
+/// A pedal's memory as a folder of WAV files, one a slot, named "Loop 7.wav" (also accepted: "7.wav", "07.wav").
+/// The files are 24-bit stereo 44,100 Hz; tempo and channel are the defaults of StoredLoop.
+class LoopFolder {
+  public:
+    explicit LoopFolder(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    /// Creates the folder if it is missing and reads it. Nothing on failure, with a sentence in `error`.
+    std::optional<PedalMemory> load(std::string& error);
+    /// Writes (or, for null, removes) the file of one slot. A file gets its name only when it is whole.
+    bool store(std::uint8_t address, const StoredLoop* loop);
+
+  private:
+    std::filesystem::path folder_;
+    std::array<std::filesystem::path, loopSlots> files_;
+};
+
+}  // namespace kzq::simulator

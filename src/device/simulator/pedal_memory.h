@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "audio/wave.h"
+#include "device/commands.h"
+
+namespace kzq::simulator {
+
+/// Frames in the pedal's 24 minutes.
+inline constexpr std::uint32_t capacityFrames = 63'504'000;
+
+/// A loop as the simulated pedal stores it: raw 24-bit stereo frames, not padded.
+struct StoredLoop {
+    Bytes audio;
+    std::uint8_t tempo = 120;
+    std::uint8_t channel = 1;
+
+    bool operator==(const StoredLoop&) const = default;
+};
+
+/// The 20 loops, by address (0 to 19).
+using PedalMemory = std::array<std::optional<StoredLoop>, loopSlots>;
+
+/// Hears of every loop that the wire changed: the address, and the new loop or null when it was erased.
+/// Called on the thread of the transfer.
+using MemoryListener = std::function<void(std::uint8_t address, const StoredLoop* loop)>;
+
+}  // namespace kzq::simulator

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kzq {
+
+// Digests of byte buffers; any thread. The raw digests are 16 bytes (MD5) and 32 bytes (SHA-256). A view without a
+// pointer (data() is null) has no digest. Lengths count modulo 2^32, far above any firmware image.
+
+/// `algorithm` 0 is MD5, anything else SHA-256.
+std::optional<std::vector<std::uint8_t>> hash(std::span<const std::uint8_t> bytes, int algorithm);
+std::optional<std::vector<std::uint8_t>> MD5(std::span<const std::uint8_t> bytes);
+std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> bytes);
+/// The MD5 as 32 lower-case hexadecimal digits.
+std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes);
+
+}  // namespace kzq
