@@ -1,0 +1,1 @@
+#include "device/usb_port.h"

@@ -1,0 +1,1 @@
+#include "device/kzq7306.h"

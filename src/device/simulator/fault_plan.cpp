@@ -1,0 +1,1 @@
+#include "device/simulator/fault_plan.h"

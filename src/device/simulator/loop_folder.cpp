@@ -1,0 +1,1 @@
+#include "device/simulator/loop_folder.h"

@@ -1,0 +1,1 @@
+#include "device/simulator/simulated_port.h"

@@ -1,0 +1,1 @@
+#include "platform/new_file.h"

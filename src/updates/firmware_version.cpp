@@ -1,0 +1,1 @@
+#include "updates/firmware_version.h"
