@@ -1,1 +1,49 @@
 #include "updates/firmware_version.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+namespace kzq {
+namespace {
+
+constexpr bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+constexpr bool isLowerCaseLetter(char c) {
+    return c >= 'a' && c <= 'z';
+}
+
+/// The number that `digits`, all decimal, stand for; the highest there is when they stand for more.
+std::uint64_t wholeNumber(std::string_view digits) {
+    std::uint64_t number = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return result.ec == std::errc{} ? number : std::numeric_limits<std::uint64_t>::max();
+}
+
+}  // namespace
+
+FirmwareVersion FirmwareVersionFromString(std::string_view text) {
+    const std::size_t point = text.find('.');
+    if (point == std::string_view::npos) return {};
+    const std::string_view major = text.substr(0, point);
+    std::string_view minor = text.substr(point + 1);
+    // The letter is read as a number, which it never is: it counts for nothing.
+    if (minor.size() == 3 && isLowerCaseLetter(minor.back())) minor.remove_suffix(1);
+    if (major.empty() || minor.size() != 2) return {};
+    if (!std::ranges::all_of(major, isDigit) || !std::ranges::all_of(minor, isDigit)) return {};
+    return {wholeNumber(major), wholeNumber(minor), 0};
+}
+
+std::optional<double> numberWithString(std::string_view text) {
+    // from_chars would also take the words for infinity and not-a-number.
+    const bool plain = std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '-'; });
+    if (!plain) return std::nullopt;
+    double number = 0;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, number, std::chars_format::fixed);
+    if (result.ec != std::errc{} || result.ptr != end) return std::nullopt;
+    return number;
+}
+
+}  // namespace kzq
