@@ -1,1 +1,93 @@
+#include "device/acquisition.h"
+
+#include <string>
+#include <utility>
+
+#include "device/commands.h"
 #include "device/kzq7306.h"
+#include "platform/log.h"
+
+namespace kzq {
+
+namespace {
+
+Failure failureOfOpening(UsbResult result) {
+    switch (result) {
+        case usbAccess:
+            return Failure::noPermission;
+        case usbBusy:
+            return Failure::heldByAnother;
+        case usbNoDevice:
+        case usbNotFound:
+            return Failure::noPedal;
+        default:
+            return Failure::cannotOpen;
+    }
+}
+
+}  // namespace
+
+void KZQ7306::giveUp(std::string_view tag, Failure failure) {
+    fail(failure);
+    log(LogCategory::device, std::string(tag) + " " + std::string(failureName(failure)));
+    KZQ730CleanUpAndExit::raise();
+}
+
+void KZQ7306::acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle) {
+    auto result = usbSuccess;
+    handle = device ? environment_.usb.open(device, result)
+                    : environment_.usb.open(pedalVendor, pedalProduct, result);
+    if (!handle) {
+        giveUp(device ? "core:1" : "core:2", failureOfOpening(result));
+    }
+    // A successful detach (0) ends the acquisition and a failed one lets it go on: the pedal's own interface
+    // never has a driver, so a driver that lets itself be detached is not holding a pedal that is ours to
+    // take.
+    if (handle->kernelDriverActive(pedalInterface) != 0 && !handle->detachKernelDriver(pedalInterface)) {
+        giveUp("core:3", Failure::kernelDriver);
+    }
+    if (const auto claimed = handle->claimInterface(pedalInterface); claimed != usbSuccess) {
+        giveUp("core:4", claimed == usbBusy ? Failure::heldByAnother : failureOfOpening(claimed));
+    }
+}
+
+bool KZQ7306::core(const UsbDevicePointer& device) {
+    const std::lock_guard guard(*lock_);
+    std::shared_ptr<UsbHandle> handle;
+    bool acquired = false;
+    try {
+        decore();
+        acquire(device, handle);
+        acquired = true;
+    } catch (const KZQ730CleanUpAndExit&) {
+        acquired = false;  // the reason is logged where it was raised
+    }
+    if (!acquired) {
+        handle.reset();
+        decore();
+        return false;
+    }
+    const std::lock_guard mirror(mirror_);
+    core_ = std::move(handle);
+    return true;
+}
+
+void KZQ7306::decore() {
+    const std::lock_guard guard(*lock_);
+    std::shared_ptr<UsbHandle> handle;
+    {
+        const std::lock_guard mirror(mirror_);
+        handle = std::exchange(core_, nullptr);
+        version_.reset();
+    }
+    if (handle) {
+        handle->releaseInterface(pedalInterface);
+    }
+}
+
+std::shared_ptr<UsbHandle> KZQ7306::core() const {
+    const std::lock_guard mirror(mirror_);
+    return core_;
+}
+
+}  // namespace kzq

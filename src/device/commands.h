@@ -24,19 +24,19 @@ inline constexpr std::uint16_t replyLength = 8;
 inline constexpr std::uint16_t loopTableLength = 60;
 
 namespace command {
-inline constexpr std::uint8_t importLoop = 0xE1;        ///< wValue address, wIndex channel; audio follows on 0x81
-inline constexpr std::uint8_t exportLoop = 0xE2;        ///< wValue slot - 1, wIndex 1 when it holds a loop
-inline constexpr std::uint8_t exportLength = 0xE3;      ///< wValue low, wIndex high half of the byte count
-inline constexpr std::uint8_t enterLoader = 0xE4;       ///< into the loader; in the loader: prepare for the image
-inline constexpr std::uint8_t announceTrailer = 0xE5;   ///< after the image, before its 36-byte trailer
-inline constexpr std::uint8_t openUpdate = 0xE7;        ///< opens an update with a pedal that has only its loader
-inline constexpr std::uint8_t busy = 0xE8;              ///< byte 4 'N': busy; byte 6: the sequence byte
-inline constexpr std::uint8_t stage = 0xE9;             ///< byte 5: the stage character
+inline constexpr std::uint8_t importLoop = 0xE1;    ///< wValue address, wIndex channel; audio follows on 0x81
+inline constexpr std::uint8_t exportLoop = 0xE2;    ///< wValue slot - 1, wIndex 1 when it holds a loop
+inline constexpr std::uint8_t exportLength = 0xE3;  ///< wValue low, wIndex high half of the byte count
+inline constexpr std::uint8_t enterLoader = 0xE4;   ///< into the loader; in the loader: prepare for the image
+inline constexpr std::uint8_t announceTrailer = 0xE5;  ///< after the image, before its 36-byte trailer
+inline constexpr std::uint8_t openUpdate = 0xE7;  ///< opens an update with a pedal that has only its loader
+inline constexpr std::uint8_t busy = 0xE8;        ///< byte 4 'N': busy; byte 6: the sequence byte
+inline constexpr std::uint8_t stage = 0xE9;       ///< byte 5: the stage character
 inline constexpr std::uint8_t capacityAndVersion = 0xEA;  ///< u32 remaining, then 4 ASCII characters
-inline constexpr std::uint8_t firstLoops = 0xEB;        ///< ten 6-byte records, slots 1 to 10
-inline constexpr std::uint8_t lastLoops = 0xEC;         ///< ten 6-byte records, slots 11 to 20
-inline constexpr std::uint8_t eraseLoop = 0xED;         ///< wValue slot - 1
-inline constexpr std::uint8_t abandon = 0xEF;           ///< the running operation was cancelled
+inline constexpr std::uint8_t firstLoops = 0xEB;          ///< ten 6-byte records, slots 1 to 10
+inline constexpr std::uint8_t lastLoops = 0xEC;           ///< ten 6-byte records, slots 11 to 20
+inline constexpr std::uint8_t eraseLoop = 0xED;           ///< wValue slot - 1
+inline constexpr std::uint8_t abandon = 0xEF;             ///< the running operation was cancelled
 }  // namespace command
 
 /// Byte 4 of a reply: the pedal refused.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -11,23 +10,28 @@
 
 namespace kzq {
 
-/// The one lock around the pedal. Recursive: whoever holds it may take it again. Batches hold it for their whole
-/// run, so the main thread must never wait for it: work of the main thread that needs it goes through
+/// The one lock around the pedal. Recursive: whoever holds it may take it again. Batches hold it for their
+/// whole run, so the main thread must not wait for it: work of the main thread that needs it goes through
 /// `mainTurn` and keeps its place in the queue instead.
 class DeviceLock {
   public:
     explicit DeviceLock(Executor& executor) : executor_(executor) {}
 
-    // As the standard's Lockable, so that std::lock_guard works on it.
+    // Named for std::lock_guard.
     void lock();
-    bool try_lock();
     void unlock();
 
-    /// Runs `task` on the main thread with the lock held: now, as a task of the main queue, when the lock is
-    /// free, otherwise as soon as its holder lets go. Turns run in the order of the calls. Call it on the main thread.
+    /// Waits for the lock as `lock` does, or until `instead()`: whether the lock was taken. Whoever changes
+    /// the answer of `instead` calls `reconsider`.
+    bool lockUnless(const std::function<bool()>& instead);
+    void reconsider();
+
+    /// Runs `task` with the lock held: at once when the lock is free, otherwise as a task of the main queue
+    /// as soon as its holder lets go. Turns run in the order of the calls. Main thread only.
     void mainTurn(Executor::Task task);
 
   private:
+    bool lockOrAskForWake();
     void runTurns();
 
     Executor& executor_;
@@ -35,9 +39,9 @@ class DeviceLock {
     std::condition_variable changed_;
     std::thread::id owner_;
     unsigned depth_ = 0;
-    bool wakeMain_ = false;  ///< a turn waits: the holder queues runTurns when it lets go
+    bool wakeMain_ = false;             ///< a turn waits: whoever lets go queues runTurns
     std::deque<Executor::Task> turns_;  ///< main thread only
-    bool running_ = false;              ///< main thread only: a turn that queues a turn does not recurse
+    bool running_ = false;  ///< main thread only; a turn may run an event loop that brings another turn
 };
 
 }  // namespace kzq

@@ -4,23 +4,25 @@
 
 namespace kzq {
 
-/// Why the device link's last operation gave nothing, NO or 0: for the log and for whoever explains it to a user.
+/// Why the device link's last operation gave nothing, NO or 0: for the log and for whoever explains it to a
+/// user.
 enum class Failure {
     none,
-    noPedal,              ///< nothing acquired, or it left the bus
-    noPermission,         ///< the operating system refused to open the pedal
-    heldByAnother,        ///< another program or driver has the interface
-    kernelDriver,         ///< a kernel driver was detached, which ends an acquisition
-    cannotOpen,           ///< opening failed for another reason
-    noStage,              ///< opened, but it gave no answer to who it is
-    unknownStage,         ///< opened, but in neither of the stages the program knows
-    badRequest,           ///< slot out of range or a callback missing
-    emptySlot,            ///< there is no loop in that slot
-    noStatus,             ///< the loop table could not be read
-    refused,              ///< the pedal answered 'N'
-    transferFailed,       ///< a bulk transfer failed or came up short
-    cancelled,            ///< cancelTransfer
-    tooLarge              ///< more audio than a WAV file can hold
+    noPedal,         ///< nothing acquired, or it left the bus
+    noPermission,    ///< the operating system refused to open the pedal
+    heldByAnother,   ///< another program or driver has the interface
+    kernelDriver,    ///< a kernel driver was detached, which ends an acquisition
+    cannotOpen,      ///< opening failed for another reason
+    noStage,         ///< opened, but it gave no answer to who it is
+    unknownStage,    ///< opened, but in neither of the stages the program knows
+    badRequest,      ///< slot out of range or a callback missing
+    emptySlot,       ///< there is no loop in that slot
+    noStatus,        ///< the loop table could not be read
+    refused,         ///< the pedal answered 'N'
+    transferFailed,  ///< a bulk transfer failed or came up short
+    cancelled,       ///< cancelTransfer
+    tooLarge,        ///< more audio than a WAV file can hold
+    outOfMemory      ///< no room to hold the audio
 };
 
 /// A stable word for logs, such as "no-pedal".

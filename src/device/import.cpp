@@ -1,1 +1,128 @@
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "audio/wave.h"
+#include "device/commands.h"
 #include "device/kzq7306.h"
+#include "platform/log.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr std::uint32_t pedalChannels = 2;
+
+}  // namespace
+
+std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
+                                                             const ImportProgress& progress) {
+    if (slot == 0 || slot > loopSlots || !progress) {
+        fail(Failure::badRequest);
+        return std::nullopt;
+    }
+    const std::lock_guard guard(*lock_);
+    const auto table = loops();
+    if (!table) {
+        return std::nullopt;
+    }
+    const auto loop = table->find(slot);
+    if (loop == table->end()) {
+        fail(Failure::emptySlot);
+        return std::nullopt;
+    }
+    if (refused(control(command::importLoop, loop->second.address, loop->second.channel))) {
+        return std::nullopt;
+    }
+    try {
+        const auto audio = readAudio(loop->second, slot, progress);
+        auto file = audio ? wave(*audio, pedalChannels) : std::nullopt;
+        if (audio && !file) {
+            fail(Failure::tooLarge);
+        }
+        return file;
+    } catch (const std::bad_alloc&) {
+        log(LogCategory::device, "import: not enough memory for the loop");
+        fail(Failure::outOfMemory);
+        return std::nullopt;
+    }
+}
+
+/// The loop's frames, after the pedal has agreed to send them; the padding it sends behind them is dropped.
+std::optional<std::vector<std::uint8_t>> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot,
+                                                            const ImportProgress& progress) {
+    std::vector<std::uint8_t> audio;
+    audio.reserve(std::size_t{loop.alignedBytes} + transferPiece);
+    while (audio.size() < loop.alignedBytes) {
+        if (cancel()) {
+            fail(Failure::cancelled);
+            return std::nullopt;
+        }
+        const auto due = loop.alignedBytes - audio.size();
+        const auto piece = read(static_cast<std::int32_t>(std::min(due, transferPiece)));
+        if (!piece) {
+            return std::nullopt;
+        }
+        audio.insert(audio.end(), piece->begin(), piece->end());
+        progress(static_cast<std::uint32_t>(piece->size()), slot);
+    }
+    audio.resize(std::min<std::size_t>(audio.size(), loop.bytes));
+    return audio;
+}
+
+bool KZQ7306::importLoops(std::vector<std::uint8_t> slots, ImportProgress progress,
+                          ImportPartialCompletion partialCompletion, BatchCompletion completion) {
+    if (busy()) {
+        return false;
+    }
+    if (slots.empty() || !progress || !partialCompletion || !completion) {
+        return fail(Failure::badRequest);
+    }
+    setCancel(false);
+    environment_.executor.background(
+        Priority::high,
+        [weak = weak_from_this(), slots = std::move(slots), progress = std::move(progress),
+         partialCompletion = std::move(partialCompletion), completion = std::move(completion)] {
+            if (const auto self = weak.lock()) {
+                self->importBatch(slots, progress, partialCompletion, completion);
+            }
+        });
+    return true;
+}
+
+void KZQ7306::importBatch(const std::vector<std::uint8_t>& slots, const ImportProgress& progress,
+                          const ImportPartialCompletion& partialCompletion,
+                          const BatchCompletion& completion) {
+    setOperation(importingOrErasing);
+    const std::lock_guard guard(*lock_);
+    setOperation(importingOrErasing);  // again: a batch that had to wait here saw its predecessor set it to 0
+    std::uint32_t total = 0;
+    std::uint8_t count = 0;
+    const auto inner = [&](std::uint32_t bytes, std::uint8_t slot) {
+        if (!cancel()) {
+            total += bytes;
+            progress(total, slot);
+        }
+    };
+    for (const auto slot : slots) {
+        if (!cancel()) {
+            auto file = importLoop(slot, inner);
+            count = static_cast<std::uint8_t>(count + (file ? 1 : 0));
+            partialCompletion(std::move(file), slot);
+        }
+        if (cancel()) {
+            abandonTransfer(pedalBulkIn);
+            break;
+        }
+    }
+    setOperation(idle);
+    completion(count);
+}
+
+void KZQ7306::abandonTransfer(std::uint8_t endpoint) {
+    abortBulkTransfer(endpoint, true);
+    control(command::abandon);
+    setOperation(idle);
+}
+
+}  // namespace kzq

@@ -8,6 +8,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "device/device_lock.h"
@@ -29,29 +30,31 @@ struct DeviceEnvironment {
 
 /// The program's only link to the pedal. There is one shared instance, `looper()`, created on first use.
 ///
-/// Every operation that touches the pedal takes the process-wide device lock; batches run on a background thread
-/// and hold it from their first slot to their last. Operations that wait for the pedal are for background threads:
-/// the main thread calls only what is marked so.
+/// Every operation that touches the pedal takes the process-wide device lock; batches run on a background
+/// thread and hold it from their first slot to their last. Operations that wait for the pedal are for
+/// background threads: the main thread calls only what is marked so.
 class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
   public:
     using Reply = std::vector<std::uint8_t>;
 
     enum Operation : std::int32_t { idle = 0, flashing = 1, importingOrErasing = 2, exporting = 3 };
 
-    // --- the class: start-up, hot-plug, polling ---------------------------------------------------------------
+    // --- the class: start-up, hot-plug, polling
+    // ---------------------------------------------------------------
 
     /// Once, before everything else: takes the environment and initialises USB.
     static void load(DeviceEnvironment environment);
     /// Forgets the shared instance and the environment; for tests, when no work of the link is under way.
     static void unload();
 
-    /// Starts the link with its delegate: hot-plug callbacks, the hot-plug thread and the first poll in 5 seconds.
-    /// Main thread.
+    /// Starts the link with its delegate: hot-plug callbacks, the hot-plug thread and the first poll in 5
+    /// seconds. Main thread.
     static void initialize(const std::shared_ptr<KZQ7306Delegate>& delegate);
     /// The shared instance; null before `load`, and while the system's minor version reads 0. Any thread.
     static std::shared_ptr<KZQ7306> looper();
 
-    /// A pedal arrived (left): acquires and announces (releases and announces) it. Main thread, device lock held.
+    /// A pedal arrived (left): acquires and announces (releases and announces) it. Main thread, device lock
+    /// held.
     static void plugged(const UsbDevicePointer& device);
     static void unplugged(const UsbDevicePointer& device);
 
@@ -61,7 +64,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// One poll that reports whatever it finds, changed or not. Any thread.
     void refresh();
 
-    // --- acquisition ------------------------------------------------------------------------------------------
+    // --- acquisition
+    // ------------------------------------------------------------------------------------------
 
     /// Opens `device`, or the first pedal on the bus when it is null, and claims its interface.
     bool core(const UsbDevicePointer& device);
@@ -70,13 +74,15 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// The open device; null when no pedal is acquired.
     std::shared_ptr<UsbHandle> core() const;
 
-    // --- requests: nothing, or false, without a pedal ---------------------------------------------------------
+    // --- requests: nothing, or false, without a pedal
+    // ---------------------------------------------------------
 
-    /// Sends a command and returns its reply, zero-filled where the pedal sent nothing: a failed transfer reads as a
-    /// reply of zeros.
+    /// Sends a command and returns its reply, zero-filled where the pedal sent nothing: a failed transfer
+    /// reads as a reply of zeros.
     std::optional<Reply> control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
                                  std::uint16_t index, std::uint16_t length);
-    std::optional<Reply> control(std::uint8_t code, std::uint8_t request, std::uint16_t value, std::uint16_t index);
+    std::optional<Reply> control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
+                                 std::uint16_t index);
     std::optional<Reply> control(std::uint8_t code, std::uint16_t value, std::uint16_t index);
     std::optional<Reply> control(std::uint8_t code);
     /// Exactly `length` bytes from the bulk-in pipe.
@@ -86,7 +92,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// Resets the whole device, whichever endpoint is named.
     void abortBulkTransfer(std::uint8_t endpoint, bool clearPipeStall);
 
-    // --- status -----------------------------------------------------------------------------------------------
+    // --- status
+    // -----------------------------------------------------------------------------------------------
 
     std::optional<Status> status(bool full);
     std::uint32_t remaining();
@@ -94,8 +101,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// The same two in the background; `block` runs there, under the device lock. False when it is missing.
     bool remaining(std::function<void(std::uint32_t)> block);
     bool loops(std::function<void(std::optional<Loops>)> block);
-    /// Whether an operation runs or the pedal says that it is busy. `stale`, if given, is set when the pedal was
-    /// asked: whether its sequence byte differs from `autoincrement`.
+    /// Whether an operation runs or the pedal says that it is busy. `stale`, if given, is set when the pedal
+    /// was asked: whether its sequence byte differs from `autoincrement`.
     bool busy(bool* stale = nullptr);
 
     // Mirrored: these never wait for a transfer. Any thread.
@@ -109,7 +116,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::uint8_t autoincrement() const { return autoincrement_; }
     void setAutoincrement(std::uint8_t value) { autoincrement_ = value; }
     std::int32_t operation() const { return operation_; }
-    void setOperation(std::int32_t operation) { operation_ = operation; }
+    void setOperation(std::int32_t operation);
     bool cancel() const { return cancel_; }
     void setCancel(bool cancel) { cancel_ = cancel; }
     std::uint64_t macos() const { return macos_; }
@@ -120,19 +127,21 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// Why the latest failure happened. Inside a partial-completion callback: why that loop failed.
     Failure lastFailure() const { return lastFailure_; }
 
-    // --- transfers --------------------------------------------------------------------------------------------
+    // --- transfers
+    // --------------------------------------------------------------------------------------------
 
     /// Bytes that came (one read) or the running total of the batch, and the slot.
     using ImportProgress = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
     /// The WAV file image of one loop, or nothing.
-    using ImportPartialCompletion = std::function<void(std::optional<std::vector<std::uint8_t>>, std::uint8_t slot)>;
+    using ImportPartialCompletion =
+        std::function<void(std::optional<std::vector<std::uint8_t>>, std::uint8_t slot)>;
     /// How many loops succeeded.
     using BatchCompletion = std::function<void(std::uint8_t count)>;
 
     /// Reads one loop as a WAV file image. Blocks.
     std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const ImportProgress& progress);
-    /// Reads loops one after the other in the background; false when busy or when something is missing, and then no
-    /// callback ever comes. Callbacks run on the background thread, with the device lock held.
+    /// Reads loops one after the other in the background; false when busy or when something is missing, and
+    /// then no callback ever comes. Callbacks run on the background thread, with the device lock held.
     bool importLoops(std::vector<std::uint8_t> slots, ImportProgress progress,
                      ImportPartialCompletion partialCompletion, BatchCompletion completion);
     /// Asks the running batch to stop before its next piece. Any thread.
@@ -141,26 +150,29 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// stopped answering. Any thread.
     void interrupt();
 
-    DeviceLock& lock() const { return lock_; }
+    DeviceLock& lock() const { return *lock_; }
 
   private:
-    KZQ7306(DeviceEnvironment environment, DeviceLock& lock, std::uint64_t macos);
+    KZQ7306(DeviceEnvironment environment, std::shared_ptr<DeviceLock> lock, std::uint64_t macos);
 
-    static int hotplug(const UsbDevicePointer& device, HotplugEvent event);
-    static void poll(Executor::TimePoint start, bool repeating);
-    static void scheduleNextPoll(Executor::TimePoint start);
+    static void poll(Executor& executor, Executor::TimePoint start, bool repeating);
+    std::optional<Status> news(bool onlyChanges);
 
-    std::unique_ptr<UsbHandle> acquire(const UsbDevicePointer& device);
-    void forget(std::nullptr_t);
+    void acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle);
+    [[noreturn]] void giveUp(std::string_view tag, Failure failure);
+
+    /// Keeps the reason; answers false, for `return fail(...)`.
     bool fail(Failure failure);
     bool refused(const std::optional<Reply>& reply);
     bool readLoops(Loops& loops);
     std::optional<std::vector<std::uint8_t>> readAudio(const Loop& loop, std::uint8_t slot,
                                                        const ImportProgress& progress);
+    void importBatch(const std::vector<std::uint8_t>& slots, const ImportProgress& progress,
+                     const ImportPartialCompletion& partialCompletion, const BatchCompletion& completion);
     void abandonTransfer(std::uint8_t endpoint);
 
     DeviceEnvironment environment_;
-    DeviceLock& lock_;
+    std::shared_ptr<DeviceLock> lock_;
     std::uint64_t macos_ = 0;
 
     std::atomic<std::uint8_t> autoincrement_ = 0;
@@ -171,9 +183,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// Guards what follows, for moments only: never held during USB traffic or a callback.
     mutable std::mutex mirror_;
     std::weak_ptr<KZQ7306Delegate> delegate_;
-    std::optional<char> stage_;            ///< "stage" of the live state
-    std::optional<std::string> version_;   ///< "version" of the cache
-    std::optional<Status> lastStatus_;     ///< "status" of the cache: the last one a poll reported
+    char stage_ = 0;                      ///< 0 no pedal, 'p' normal firmware, 'b' only its loader
+    std::optional<std::string> version_;  ///< as last read
+    std::optional<Status> lastStatus_;    ///< the last full status that a poll reported
     std::shared_ptr<UsbHandle> core_;
 };
 

@@ -1,1 +1,104 @@
+#include <limits>
+
+#include "device/commands.h"
 #include "device/kzq7306.h"
+
+namespace kzq {
+
+std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
+                                               std::uint16_t index, std::uint16_t length) {
+    const std::lock_guard guard(*lock_);
+    const auto handle = core();
+    if (!handle) {
+        fail(Failure::noPedal);
+        return std::nullopt;
+    }
+    Reply reply(length);
+    handle->control(code, request, value, index, reply);
+    return reply;
+}
+
+std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
+                                               std::uint16_t index) {
+    const std::lock_guard guard(*lock_);
+    return control(code, request, value, index, replyLength);
+}
+
+std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint16_t value, std::uint16_t index) {
+    const std::lock_guard guard(*lock_);
+    return control(code, pedalRequest, value, index, replyLength);
+}
+
+std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code) {
+    const std::lock_guard guard(*lock_);
+    return control(code, pedalRequest, 1, 0, replyLength);
+}
+
+bool KZQ7306::refused(const std::optional<Reply>& reply) {
+    if (!reply) {
+        return true;
+    }
+    if (reply->at(answerOffset) == refusal) {
+        fail(Failure::refused);
+        return true;
+    }
+    return false;
+}
+
+std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
+    const std::lock_guard guard(*lock_);
+    if (length < 1) {
+        return std::nullopt;
+    }
+    const auto handle = core();
+    if (!handle) {
+        fail(Failure::noPedal);
+        return std::nullopt;
+    }
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(length));
+    for (std::size_t received = 0; received < bytes.size();) {
+        std::size_t transferred = 0;
+        const auto rest = std::span(bytes).subspan(received);
+        if (handle->bulkIn(pedalBulkIn, rest, transferred) != usbSuccess || transferred > rest.size()) {
+            fail(Failure::transferFailed);
+            return std::nullopt;
+        }
+        received += transferred;
+    }
+    return bytes;
+}
+
+bool KZQ7306::write(std::span<const std::uint8_t> bytes) {
+    const std::lock_guard guard(*lock_);
+    if (bytes.empty() || bytes.size() > std::numeric_limits<std::int32_t>::max()) {
+        return fail(Failure::badRequest);
+    }
+    const auto handle = core();
+    if (!handle) {
+        return fail(Failure::noPedal);
+    }
+    for (std::size_t sent = 0; sent < bytes.size();) {
+        std::size_t transferred = 0;
+        const auto rest = bytes.subspan(sent);
+        if (handle->bulkOut(pedalBulkOut, rest, transferred) != usbSuccess || transferred > rest.size()) {
+            return fail(Failure::transferFailed);
+        }
+        sent += transferred;
+    }
+    return true;
+}
+
+void KZQ7306::abortBulkTransfer(std::uint8_t /*endpoint*/, bool /*clearPipeStall*/) {
+    const std::lock_guard guard(*lock_);
+    if (const auto handle = core()) {
+        handle->reset();
+    }
+}
+
+void KZQ7306::interrupt() {
+    if (const auto handle = core()) {
+        handle->reset();
+    }
+}
+
+}  // namespace kzq

@@ -26,8 +26,8 @@ enum UsbResult : int {
     usbOther = -99
 };
 
-/// One pedal on the bus, for as long as somebody keeps it: a reference is held from the arrival on, so it may be
-/// opened (and then fails) after the pedal has left.
+/// One pedal on the bus, for as long as somebody keeps it: a reference is held from the arrival on, so it may
+/// be opened (and then fails) after the pedal has left.
 class UsbDevice {
   public:
     UsbDevice() = default;
@@ -39,9 +39,9 @@ class UsbDevice {
 };
 using UsbDevicePointer = std::shared_ptr<UsbDevice>;
 
-/// An open device; destroying it closes it. Transfers have no time limit: they end when they are done, when they
-/// fail, and at once when the device leaves the bus or is reset. `reset` may be called while another thread is
-/// in a transfer; all other calls come one at a time.
+/// An open device; destroying it closes it. Transfers have no time limit: they end when they are done, when
+/// they fail, and at once when the device leaves the bus or is reset. `reset` may be called while another
+/// thread is in a transfer; all other calls come one at a time.
 class UsbHandle {
   public:
     UsbHandle() = default;
@@ -62,7 +62,8 @@ class UsbHandle {
     virtual int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                         std::uint16_t index, std::span<std::uint8_t> reply) = 0;
     /// `transferred` is set in every case, also on failure.
-    virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t& transferred) = 0;
+    virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+                             std::size_t& transferred) = 0;
     virtual UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                               std::size_t& transferred) = 0;
     virtual UsbResult reset() = 0;
@@ -80,8 +81,8 @@ struct HotplugFilter {
     bool enumerate = false;  ///< announce devices that are already there, inside the registration
 };
 
-/// Returns 0 to stay registered. Called on the thread that runs handleEvents, or, when enumerating, on the thread
-/// that registers; it must not call back into the port.
+/// Returns 0 to stay registered. Called on the thread that runs handleEvents, or, when enumerating, on the
+/// thread that registers; it must not call back into the port.
 using HotplugCallback = std::function<int(const UsbDevicePointer& device, HotplugEvent event)>;
 
 /// The seam between the device link and USB: the real bus (device/libusb) or the simulated pedal

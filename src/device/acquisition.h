@@ -1,0 +1,16 @@
+#pragma once
+
+#include <stdexcept>
+
+namespace kzq {
+
+/// Ends an acquisition from within; `KZQ7306::core` raises and catches it, nobody else sees it.
+class KZQ730CleanUpAndExit : public std::runtime_error {
+  public:
+    [[noreturn]] static void raise() { throw KZQ730CleanUpAndExit(); }
+
+  private:
+    KZQ730CleanUpAndExit() : std::runtime_error("Something went wrong during device acquisition") {}
+};
+
+}  // namespace kzq

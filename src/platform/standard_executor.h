@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/executor.h"
+
+namespace kzq {
+
+/// Real time and real threads. The thread that calls `run` is the main thread.
+///
+/// A program that ends with std::_Exit may leave jobs behind that are parked in a transfer. The destructor,
+/// for everybody else, waits for the pool's running jobs and drops those that have not started; services are
+/// told to end after their present step and are not waited for.
+class StandardExecutor : public Executor {
+  public:
+    StandardExecutor();
+    ~StandardExecutor() override;
+
+    /// Runs the main queue until `stop`. Tasks still queued then stay for the next `run`.
+    void run();
+    /// Makes `run` return after the task it is in. Any thread.
+    void stop();
+
+    void main(Task task) override;
+    void mainAfter(Duration delay, Task task) override;
+    void background(Priority priority, Task task) override;
+    void service(std::string label, Task step) override;
+    TimePoint now() const override;
+    void sleep(Duration duration) override;
+    void wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+              const std::function<bool()>& ready) override;
+
+  private:
+    struct MainQueue;
+    class Pool;
+
+    std::unique_ptr<MainQueue> main_;
+    std::shared_ptr<Pool> pool_;
+};
+
+}  // namespace kzq

@@ -1,0 +1,268 @@
+#include "virtual_executor.h"
+
+#include <algorithm>
+#include <atomic>
+#include <deque>
+#include <limits>
+#include <map>
+#include <stdexcept>
+#include <thread>
+#include <utility>
+
+namespace kzq::test {
+
+namespace {
+
+/// Unwinds a job whose executor goes away. No std::exception, so that no handler mistakes it for a failure.
+struct Abandoned {};
+
+}  // namespace
+
+struct VirtualExecutor::Worker {
+    std::thread thread;
+    Task task;
+    bool forever = false;
+    bool started = false;
+    bool ended = false;
+    bool running = false;  ///< has the turn
+    std::uint64_t order = 0;
+    TimePoint due;                ///< sleeping until then
+    std::function<bool()> ready;  ///< waiting for this, when set
+    std::condition_variable turn;
+};
+
+struct VirtualExecutor::State {
+    std::thread::id mainThread = std::this_thread::get_id();
+    std::mutex mutex;  ///< guards what follows; free while a worker runs its own code
+    std::condition_variable yielded;
+    TimePoint now;
+    std::uint64_t order = 0;
+    std::map<std::pair<TimePoint, std::uint64_t>, Task> mainTasks;
+    std::deque<std::unique_ptr<Worker>> workers;
+    std::vector<std::string> services;
+    Worker* current = nullptr;
+    bool abandoned = false;
+    unsigned mainWaits = 0;
+};
+
+VirtualExecutor::VirtualExecutor() : state_(std::make_unique<State>()) {}
+
+VirtualExecutor::~VirtualExecutor() {
+    {
+        const std::lock_guard guard(state_->mutex);
+        state_->abandoned = true;
+    }
+    for (std::size_t i = 0; i < state_->workers.size(); ++i) {
+        auto& worker = *state_->workers[i];
+        if (worker.started && !worker.ended) {
+            resume(worker);
+        }
+        if (worker.thread.joinable()) {
+            worker.thread.join();
+        }
+    }
+}
+
+void VirtualExecutor::advance(Duration duration) {
+    const auto end = now() + duration;
+    while (runTimeTo(end, true)) {
+    }
+    const std::lock_guard guard(state_->mutex);
+    state_->now = std::max(state_->now, end);
+}
+
+bool VirtualExecutor::advanceUntil(const std::function<bool()>& done, Duration limit) {
+    const auto end = now() + limit;
+    while (!done()) {
+        if (!runTimeTo(end, true)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Runs one thing that is due, or moves the clock to the next thing due by `limit` and runs that.
+bool VirtualExecutor::runTimeTo(TimePoint limit, bool withMainTasks) {
+    if (runOne(withMainTasks)) {
+        return true;
+    }
+    auto next = TimePoint::max();
+    {
+        const std::lock_guard guard(state_->mutex);
+        if (withMainTasks && !state_->mainTasks.empty()) {
+            next = state_->mainTasks.begin()->first.first;
+        }
+        for (const auto& worker : state_->workers) {
+            if (!worker->ended && !worker->ready) {
+                next = std::min(next, worker->due);
+            }
+        }
+        if (next > limit) {
+            return false;
+        }
+        state_->now = std::max(state_->now, next);
+    }
+    return runOne(withMainTasks);
+}
+
+/// Runs the one that has been due, or ready, in the order of asking.
+bool VirtualExecutor::runOne(bool withMainTasks) {
+    Worker* chosen = nullptr;
+    Task task;
+    {
+        const std::lock_guard guard(state_->mutex);
+        auto best = std::numeric_limits<std::uint64_t>::max();
+        const auto first = state_->mainTasks.begin();
+        if (withMainTasks && first != state_->mainTasks.end() && first->first.first <= state_->now) {
+            best = first->first.second;
+        }
+        for (const auto& worker : state_->workers) {
+            const bool runnable =
+                !worker->ended && (worker->ready ? worker->ready() : worker->due <= state_->now);
+            if (runnable && worker->order < best) {
+                best = worker->order;
+                chosen = worker.get();
+            }
+        }
+        if (chosen == nullptr) {
+            if (best == std::numeric_limits<std::uint64_t>::max()) {
+                return false;
+            }
+            task = std::move(first->second);
+            state_->mainTasks.erase(first);
+        }
+    }
+    if (chosen != nullptr) {
+        resume(*chosen);
+    } else {
+        task();
+    }
+    return true;
+}
+
+/// Gives `worker` the turn and takes it back when it sleeps, waits or ends.
+void VirtualExecutor::resume(Worker& worker) {
+    std::unique_lock lock(state_->mutex);
+    auto* const previous = std::exchange(state_->current, &worker);
+    worker.running = true;
+    if (!std::exchange(worker.started, true)) {
+        worker.thread = std::thread([this, &worker] {
+            try {
+                do {
+                    worker.task();
+                } while (worker.forever && !state_->abandoned);
+            } catch (const Abandoned&) {
+                worker.forever = false;
+            }
+            worker.task = nullptr;
+            const std::lock_guard guard(state_->mutex);
+            worker.ended = true;
+            worker.running = false;
+            state_->yielded.notify_all();
+        });
+    }
+    worker.turn.notify_all();
+    state_->yielded.wait(lock, [&worker] { return !worker.running; });
+    state_->current = previous;
+}
+
+/// Called on a worker's thread, with its `due` or `ready` set: hands the turn back until it is resumed.
+void VirtualExecutor::park(Worker& worker) {
+    std::unique_lock lock(state_->mutex);
+    worker.order = ++state_->order;
+    worker.running = false;
+    state_->yielded.notify_all();
+    worker.turn.wait(lock, [&worker] { return worker.running; });
+    worker.ready = nullptr;
+    if (state_->abandoned) {
+        throw Abandoned{};
+    }
+}
+
+Executor::Duration VirtualExecutor::elapsed() const {
+    return now().time_since_epoch();
+}
+
+bool VirtualExecutor::onMainThread() const {
+    return std::this_thread::get_id() == state_->mainThread;
+}
+
+unsigned VirtualExecutor::mainThreadWaits() const {
+    return state_->mainWaits;
+}
+
+std::vector<std::string> VirtualExecutor::serviceLabels() const {
+    return state_->services;
+}
+
+void VirtualExecutor::main(Task task) {
+    mainAfter(Duration::zero(), std::move(task));
+}
+
+void VirtualExecutor::mainAfter(Duration delay, Task task) {
+    const std::lock_guard guard(state_->mutex);
+    const auto due = state_->now + std::max(delay, Duration::zero());
+    state_->mainTasks.emplace(std::pair{due, ++state_->order}, std::move(task));
+}
+
+void VirtualExecutor::background(Priority /*priority*/, Task task) {
+    start(std::move(task), false);
+}
+
+void VirtualExecutor::service(std::string label, Task step) {
+    state_->services.push_back(std::move(label));
+    start(std::move(step), true);
+}
+
+void VirtualExecutor::start(Task task, bool forever) {
+    const std::lock_guard guard(state_->mutex);
+    auto worker = std::make_unique<Worker>();
+    worker->task = std::move(task);
+    worker->forever = forever;
+    worker->order = ++state_->order;
+    worker->due = state_->now;
+    state_->workers.push_back(std::move(worker));
+}
+
+Executor::TimePoint VirtualExecutor::now() const {
+    const std::lock_guard guard(state_->mutex);
+    return state_->now;
+}
+
+void VirtualExecutor::sleep(Duration duration) {
+    const auto end = now() + duration;
+    if (!onMainThread()) {
+        state_->current->due = end;
+        park(*state_->current);
+        return;
+    }
+    while (runTimeTo(end, false)) {
+    }
+    const std::lock_guard guard(state_->mutex);
+    state_->now = std::max(state_->now, end);
+}
+
+void VirtualExecutor::wait(std::unique_lock<std::mutex>& lock, std::condition_variable& /*changed*/,
+                           const std::function<bool()>& ready) {
+    if (ready()) {
+        return;
+    }
+    auto& mutex = *lock.mutex();
+    lock.unlock();
+    if (onMainThread()) {
+        ++state_->mainWaits;
+        const auto readyNow = [&] { return (std::lock_guard(mutex), ready()); };
+        while (!readyNow()) {
+            if (!runTimeTo(TimePoint::max(), false)) {
+                throw std::logic_error("the main thread would wait for ever");
+            }
+        }
+    } else {
+        auto& worker = *state_->current;
+        worker.ready = [&mutex, &ready] { return (std::lock_guard(mutex), ready()); };
+        park(worker);
+    }
+    lock.lock();
+}
+
+}  // namespace kzq::test

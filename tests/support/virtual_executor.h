@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/executor.h"
+
+namespace kzq::test {
+
+/// A clock that a test turns. The thread that constructs it is the main thread; every background job and
+/// service is a thread of its own, but only one of them all runs at a time, and a thread gives up its turn
+/// only where it sleeps, waits or ends. So the order of events is the same in every run, an hour passes at
+/// once, and a lock still sees who holds it.
+class VirtualExecutor : public Executor {
+  public:
+    VirtualExecutor();
+    /// Ends jobs that still sleep or wait by unwinding them.
+    ~VirtualExecutor() override;
+
+    /// Runs everything that can run at the present instant.
+    void settle() { advance(Duration::zero()); }
+    /// Lets `duration` pass, with everything that falls due in it. Main thread.
+    void advance(Duration duration);
+    /// Lets time pass until `done()`, at most `limit`. Returns whether it got there. Main thread.
+    bool advanceUntil(const std::function<bool()>& done, Duration limit = std::chrono::hours(1));
+
+    /// Time since the start.
+    Duration elapsed() const;
+    bool onMainThread() const;
+    /// How often the main thread had to stop for another one: 0 is what a window wants.
+    unsigned mainThreadWaits() const;
+    /// The labels of the services, in order of their start.
+    std::vector<std::string> serviceLabels() const;
+
+    void main(Task task) override;
+    void mainAfter(Duration delay, Task task) override;
+    void background(Priority priority, Task task) override;
+    void service(std::string label, Task step) override;
+    TimePoint now() const override;
+    void sleep(Duration duration) override;
+    void wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+              const std::function<bool()>& ready) override;
+
+  private:
+    struct Worker;
+    struct State;
+
+    bool runOne(bool withMainTasks);
+    bool runTimeTo(TimePoint limit, bool withMainTasks);
+    void resume(Worker& worker);
+    void park(Worker& worker);
+    void start(Task task, bool forever);
+
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace kzq::test
