@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <span>
@@ -18,15 +19,26 @@ struct NewFile {
     explicit operator bool() const { return error == 0; }
 };
 
-/// `name` as one path component: '/' and NUL become '-', "." and ".." get a '-' in front, and it is cut to
-/// what leaves room for `reserved` more bytes in the 255 that a file name may have (never inside a UTF-8 character).
+/// How a file gets its final name without replacing another, in the order of preference. File systems differ
+/// in what they can do.
+enum class NewFileRoad {
+    unnamed,          ///< written without any name, then linked: nothing remains even of a killed program
+    renameNoReplace,  ///< written under a hidden name, renamed
+    link,             ///< written under a hidden name, linked, unlinked
+    reserve  ///< written under a hidden name, renamed over an empty file made to reserve the final name
+};
+
+/// `name` as one path component: '/' and NUL become '-', "." and ".." get a '-' in front, nothing becomes
+/// "-", and it is cut to what leaves room for `reserved` more bytes in the 255 that a file name may have
+/// (never inside a UTF-8 character).
 std::string fileNameComponent(std::string_view name, std::size_t reserved);
 
-/// Writes `bytes` as "<name><extension>" in `folder`; if that name is taken, as "<name>-2<extension>", then -3
-/// and so on: an existing file is never replaced, also not by two programs that do this at once. The bytes are
-/// written under a temporary name in the same folder and synced before they get their final name, so a final name
-/// always stands for a whole file. On failure nothing is left behind. Blocks; any thread.
+/// Writes `bytes` as "<name><extension>" in `folder`; if that name is taken, as "<name>-2<extension>", then
+/// -3 and so on: an existing file is never replaced, also not by two programs that do this at once. The bytes
+/// are synced before they get their final name, so a final name always stands for a whole file. On failure
+/// nothing is left behind. `first` is the road tried first; the later ones follow where the file system lacks
+/// it. Blocks; any thread.
 NewFile writeNewFile(const std::filesystem::path& folder, std::string_view name, std::string_view extension,
-                     std::span<const std::uint8_t> bytes);
+                     std::span<const std::uint8_t> bytes, NewFileRoad first = NewFileRoad::unnamed);
 
 }  // namespace kzq

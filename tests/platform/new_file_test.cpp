@@ -1,0 +1,137 @@
+#include "platform/new_file.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <thread>
+
+namespace kzq {
+namespace {
+
+using ::testing::UnorderedElementsAre;
+
+std::vector<std::uint8_t> bytesOf(std::string_view text) {
+    return {text.begin(), text.end()};
+}
+
+/// A fresh folder that goes away with the test.
+class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
+  protected:
+    NewFileTest() {
+        std::string pattern = std::filesystem::temp_directory_path() / "new_file_test_XXXXXX";
+        folder_ = ::mkdtemp(pattern.data());
+    }
+    NewFileTest(const NewFileTest&) = delete;
+    NewFileTest& operator=(const NewFileTest&) = delete;
+    NewFileTest(NewFileTest&&) = delete;
+    NewFileTest& operator=(NewFileTest&&) = delete;
+    ~NewFileTest() override { std::filesystem::remove_all(folder_); }
+
+    std::set<std::string> names() const {
+        std::set<std::string> found;
+        for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+            found.insert(entry.path().filename());
+        }
+        return found;
+    }
+    std::string contents(const std::string& name) const {
+        std::ifstream file(folder_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    std::filesystem::path folder_;
+};
+
+TEST_P(NewFileTest, takesTheFirstFreeNameAndLeavesOthersAlone) {
+    for (const char* text : {"one", "two", "three"}) {
+        ASSERT_TRUE(writeNewFile(folder_, "Loop 4", ".wav", bytesOf(text), GetParam()));
+    }
+    EXPECT_THAT(names(), UnorderedElementsAre("Loop 4.wav", "Loop 4-2.wav", "Loop 4-3.wav"));
+    EXPECT_EQ(contents("Loop 4.wav"), "one");
+    EXPECT_EQ(contents("Loop 4-3.wav"), "three");
+
+    // A name that is taken by something that is no file, or that leads nowhere, is taken too.
+    std::filesystem::create_directory(folder_ / "Loop 5.wav");
+    std::filesystem::create_symlink(folder_ / "nowhere", folder_ / "Loop 5-2.wav");
+    EXPECT_EQ(writeNewFile(folder_, "Loop 5", ".wav", bytesOf("x"), GetParam()).path,
+              folder_ / "Loop 5-3.wav");
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "nowhere"));
+}
+
+TEST_P(NewFileTest, manyWritersOfOneNameEachGetTheirOwnFile) {
+    constexpr unsigned writers = 4;
+    constexpr unsigned each = 12;
+    std::vector<std::thread> threads;
+    std::array<std::set<std::filesystem::path>, writers> paths;
+    for (unsigned writer = 0; writer < writers; ++writer) {
+        threads.emplace_back([&, writer] {
+            for (unsigned i = 0; i < each; ++i) {
+                const auto text = std::to_string(writer) + ":" + std::to_string(i);
+                const NewFile file = writeNewFile(folder_, "Loop 1", ".wav", bytesOf(text), GetParam());
+                if (file && contents(file.path.filename()) == text) paths.at(writer).insert(file.path);
+            }
+        });
+    }
+    for (auto& thread : threads) thread.join();
+    std::set<std::filesystem::path> all;
+    for (const auto& own : paths) all.insert(own.begin(), own.end());
+    EXPECT_EQ(all.size(), writers * each);
+    EXPECT_EQ(names().size(), writers * each);
+}
+
+TEST_P(NewFileTest, failureLeavesNothing) {
+    EXPECT_EQ(writeNewFile(folder_ / "missing", "a", ".wav", bytesOf("x"), GetParam()).error, ENOENT);
+    std::ofstream(folder_ / "file") << "x";
+    EXPECT_EQ(writeNewFile(folder_ / "file", "a", ".wav", bytesOf("x"), GetParam()).error, ENOTDIR);
+    std::filesystem::remove(folder_ / "file");
+
+    // A limit on the size of files cuts the write short as a full disk does.
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{1000, before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const NewFile file = writeNewFile(folder_, "Loop 1", ".wav", std::vector<std::uint8_t>(5000), GetParam());
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(file.error, EFBIG);
+    EXPECT_EQ(file.step, "write");
+    EXPECT_THAT(names(), ::testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(everyRoad, NewFileTest,
+                         ::testing::Values(NewFileRoad::unnamed, NewFileRoad::renameNoReplace,
+                                           NewFileRoad::link, NewFileRoad::reserve));
+
+TEST(FileNameComponent, staysInsideTheFolderAndFits) {
+    EXPECT_EQ(fileNameComponent("a/b", 4), "a-b");
+    EXPECT_EQ(fileNameComponent(std::string_view("a\0b", 3), 4), "a-b");
+    EXPECT_EQ(fileNameComponent("..", 4), "-..");
+    EXPECT_EQ(fileNameComponent(".", 4), "-.");
+    EXPECT_EQ(fileNameComponent("../x", 4), "..-x");
+    EXPECT_EQ(fileNameComponent("", 4), "-");
+    EXPECT_EQ(fileNameComponent(std::string(251, 'x'), 4).size(), 251U);
+    EXPECT_EQ(fileNameComponent(std::string(252, 'x'), 4).size(), 251U);
+    // 125 characters of two bytes: the one that would be cut in half goes.
+    std::string umlauts;
+    for (int i = 0; i < 126; ++i) umlauts += "ä";
+    EXPECT_EQ(fileNameComponent(umlauts, 4).size(), 250U);
+}
+
+TEST_F(NewFileTest, longNamesKeepTheirNumber) {
+    const std::string name(300, 'x');
+    ASSERT_TRUE(writeNewFile(folder_, name, ".wav", bytesOf("1")));
+    const NewFile second = writeNewFile(folder_, name, ".wav", bytesOf("2"));
+    EXPECT_EQ(second.path.filename().string(), std::string(249, 'x') + "-2.wav");
+    EXPECT_EQ(contents(second.path.filename()), "2");
+}
+
+}  // namespace
+}  // namespace kzq
