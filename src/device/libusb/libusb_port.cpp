@@ -1,1 +1,119 @@
-#include "device/usb_port.h"
+#include "device/libusb/libusb_port.h"
+
+#include <libusb.h>
+
+#include <filesystem>
+#include <mutex>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "device/libusb/host_refusal.h"
+#include "device/libusb/hotplug_registry.h"
+#include "device/libusb/libusb_device.h"
+#include "device/libusb/libusb_handle.h"
+#include "device/libusb/libusb_result.h"
+#include "platform/log.h"
+
+namespace kzq {
+
+namespace {
+
+void logWithoutEvents() {
+    std::error_code ignored;
+    if (libusb_has_capability(LIBUSB_CAP_HAS_HOTPLUG) == 0) {
+        log(LogCategory::usb, "this libusb has no hot-plug: pedals that come or go will not be noticed");
+    } else if (!std::filesystem::exists("/run/udev/control", ignored)) {
+        log(LogCategory::usb, "no udev is running: pedals that come or go later may not be noticed");
+    }
+}
+
+std::string nameOf(libusb_device* device) {
+    return "opening device " + std::to_string(libusb_get_bus_number(device)) + ":" +
+           std::to_string(libusb_get_device_address(device));
+}
+
+std::unique_ptr<UsbHandle> openDevice(libusb_device* device, const std::shared_ptr<HostRefusal>& refusal,
+                                      UsbResult& result) {
+    libusb_device_handle* handle = nullptr;
+    result = logged(nameOf(device), libusb_open(device, &handle));
+    if (result != usbSuccess) {
+        return nullptr;
+    }
+    return std::make_unique<LibusbHandle>(handle, refusal);
+}
+
+bool isMatching(libusb_device* device, std::uint16_t vendor, std::uint16_t product) {
+    libusb_device_descriptor descriptor{};
+    return libusb_get_device_descriptor(device, &descriptor) == LIBUSB_SUCCESS &&
+           descriptor.idVendor == vendor && descriptor.idProduct == product;
+}
+
+}  // namespace
+
+struct LibusbPort::Hotplug {
+    std::mutex mutex;
+    std::vector<HotplugTicket> tickets;
+    std::once_flag checked;
+};
+
+LibusbPort::LibusbPort() : hotplug_(std::make_unique<Hotplug>()), refusal_(std::make_shared<HostRefusal>()) {}
+
+LibusbPort::~LibusbPort() {
+    for (const HotplugTicket ticket : hotplug_->tickets) {
+        removeHotplug(ticket);
+    }
+}
+
+UsbResult LibusbPort::initialize() {
+    return logged("starting libusb", libusb_init(nullptr));
+}
+
+UsbResult LibusbPort::registerHotplug(HotplugEvent event, const HotplugFilter& filter,
+                                      HotplugCallback callback) {
+    std::call_once(hotplug_->checked, logWithoutEvents);
+    UsbResult result = usbSuccess;
+    const HotplugTicket ticket = addHotplug(event, filter, std::move(callback), result);
+    if (ticket == 0) {
+        return result;
+    }
+    const std::lock_guard lock(hotplug_->mutex);
+    hotplug_->tickets.push_back(ticket);
+    return result;
+}
+
+UsbResult LibusbPort::handleEvents() {
+    return static_cast<UsbResult>(libusb_handle_events(nullptr));
+}
+
+std::unique_ptr<UsbHandle> LibusbPort::open(const UsbDevicePointer& device, UsbResult& result) {
+    const auto* const known = dynamic_cast<const LibusbDevice*>(device.get());
+    if (known == nullptr) {
+        result = usbInvalid;
+        return nullptr;
+    }
+    return openDevice(known->get(), refusal_, result);
+}
+
+// What libusb_open_device_with_vid_pid does, but with the reason when it fails.
+std::unique_ptr<UsbHandle> LibusbPort::open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) {
+    libusb_device** list = nullptr;
+    const auto count = libusb_get_device_list(nullptr, &list);
+    result = count < 0 ? logged("listing devices", static_cast<int>(count)) : usbNoDevice;
+    if (count < 0) {
+        return nullptr;
+    }
+    std::unique_ptr<UsbHandle> handle;
+    for (libusb_device* const device : std::span(list, static_cast<std::size_t>(count))) {
+        if (!isMatching(device, vendor, product)) {
+            continue;
+        }
+        handle = openDevice(device, refusal_, result);
+        break;
+    }
+    libusb_free_device_list(list, 1);
+    return handle;
+}
+
+}  // namespace kzq

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+
+#include "device/usb_port.h"
+
+struct libusb_device_handle;
+
+namespace kzq {
+
+class HostRefusal;
+
+/// An open device of libusb; closes it.
+class LibusbHandle : public UsbHandle {
+  public:
+    /// Takes `handle` over.
+    LibusbHandle(libusb_device_handle* handle, std::shared_ptr<HostRefusal> refusal);
+    ~LibusbHandle() override;
+
+    int kernelDriverActive(int interface) override;
+    UsbResult detachKernelDriver(int interface) override;
+    UsbResult claimInterface(int interface) override;
+    UsbResult releaseInterface(int interface) override;
+    int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
+                std::span<std::uint8_t> reply) override;
+    /// One transfer.
+    UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t& transferred) override;
+    /// As many transfers as it takes, one after the other. One that ends early without an error ends the call
+    /// with usbSuccess, and `transferred` says how far it came.
+    UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
+                      std::size_t& transferred) override;
+    UsbResult reset() override;
+
+  private:
+    libusb_device_handle* handle_;
+    std::shared_ptr<HostRefusal> refusal_;
+};
+
+}  // namespace kzq
