@@ -26,11 +26,10 @@ inline constexpr std::uint32_t waveBitsPerSample = 24;
 /// Bytes in front of the samples in every file that `wave` makes.
 inline constexpr std::size_t waveHeaderSize = 44;
 
-// RIFF/WAVE on byte buffers. All functions read in place, keep nothing and may run on any thread; none throws
-// but for want of memory.
+// RIFF/WAVE on byte buffers. All functions read in place, keep nothing and may run on any thread.
 
-/// The 12-byte RIFF/WAVE preamble at the start of `data`. Strict: the RIFF size must account for every byte, so
-/// trailing bytes or a stale size make the data no WAVE at all.
+/// The 12-byte RIFF/WAVE preamble at the start of `data`. Strict: the RIFF size must account for every byte,
+/// so trailing bytes or a stale size make the data no WAVE at all.
 ByteRange rangeOfWaveChunk(ByteView data);
 
 /// The sub-chunk at `offset`, its 8-byte head included. The next one starts exactly at location + length:
@@ -44,12 +43,14 @@ bool isWave(ByteView data);
 /// Whether `data` is a WAVE in exactly the pedal's format with `channels` channels and a 16-byte format body.
 bool isPerfectWave(ByteView data, std::uint32_t channels);
 
-/// A WAV file image: the canonical 44-byte header, then `samples` unchanged. Nothing when a RIFF size cannot
-/// count them.
+/// A WAV file image: the canonical 44-byte header, then `samples` unchanged. Nothing when there are more
+/// than 4,294,967,258 bytes of them, which a RIFF size cannot count, or no memory for the image. `channels`
+/// is cut to the 16 bits of its field.
 std::optional<Bytes> wave(ByteView samples, std::uint32_t channels);
 
 /// The body of the first "data" sub-chunk. Data that is no WAVE is taken to be samples already and comes back
-/// whole; a malformed WAVE gives nothing.
+/// whole, as does a WAVE of less than 44 bytes; a malformed WAVE gives nothing. Throws only for want of
+/// memory.
 std::optional<Bytes> lpcm(ByteView data);
 
 }  // namespace kzq

@@ -13,13 +13,16 @@ struct FirmwareVersion {
     std::uint64_t minor = 0;
     std::uint8_t suffix = 0;  ///< always 0: a trailing letter is accepted but never counts
 
-    auto operator<=>(const FirmwareVersion&) const = default;
+    // clang-tidy 14 takes the 0 inside a defaulted comparison for a null pointer
+    auto operator<=>(const FirmwareVersion&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
-/// Parses digits, a point, exactly two digits and at most one lower-case letter; anything else is unknown.
+/// Parses digits, a point, exactly two digits and at most one lower-case letter; anything else, a trailing
+/// newline included, is unknown. A major number that 64 bits can't hold becomes the highest that they can.
 FirmwareVersion FirmwareVersionFromString(std::string_view text);
 
-/// A plain decimal number, or nothing when the whole text is not one.
+/// A plain decimal number (digits, at most one point, a minus in front), or nothing when the whole text is
+/// not one. Takes no notice of the locale.
 std::optional<double> numberWithString(std::string_view text);
 
 }  // namespace kzq

@@ -1,0 +1,188 @@
+#include <gmock/gmock.h>
+#include <sys/mman.h>
+
+#include <initializer_list>
+#include <limits>
+#include <new>
+#include <numeric>
+#include <string>
+
+#include "audio/wave.h"
+#include "platform/little_endian.h"
+#include "refused_allocation.h"
+
+using namespace kzq;
+using namespace std::string_literals;
+
+namespace {
+
+const std::string stereo = "\x01\x00\x02\x00\x44\xAC\x00\x00\x98\x09\x04\x00\x06\x00\x18\x00"s;
+
+Bytes bytes(const std::string& text) {
+    return {text.begin(), text.end()};
+}
+
+std::string word(std::uint32_t value) {
+    Bytes field(4);
+    storeU32(field, 0, value);
+    return {field.begin(), field.end()};
+}
+
+std::string chunk(const std::string& id, const std::string& body) {
+    return id + word(static_cast<std::uint32_t>(body.size())) + body;
+}
+
+Bytes riff(const std::string& chunks) {
+    return bytes(chunk("RIFF", "WAVE" + chunks));
+}
+
+const std::string fmt = chunk("fmt ", stereo);
+const std::string six = chunk("data", "abcdef");
+const std::string list = chunk("LIST", "odd");
+
+/// Address space that takes memory only for the pages that are written to; kept until the program ends.
+std::span<std::uint8_t> vastBuffer(std::size_t size) {
+    void* const memory =
+        mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (memory == MAP_FAILED) throw std::bad_alloc();
+    return {static_cast<std::uint8_t*>(memory), size};
+}
+
+TEST(Wave, HeaderIsCanonicalByteForByte) {
+    EXPECT_EQ(wave(bytes("abcdef"), 2),
+              bytes("RIFF\x2A\0\0\0WAVEfmt \x10\0\0\0\x01\0\x02\0\x44\xAC\0\0\x98\x09\x04\0\x06\0\x18\0"
+                    "data\x06\0\0\0abcdef"s));
+    EXPECT_EQ(
+        wave({}, 2),
+        bytes(
+            "RIFF\x24\0\0\0WAVEfmt \x10\0\0\0\x01\0\x02\0\x44\xAC\0\0\x98\x09\x04\0\x06\0\x18\0data\0\0\0\0"s));
+}
+
+TEST(Wave, SamplesComeBackUnchanged) {
+    for (const std::uint32_t channels : {1U, 2U, 3U, 5000U, 0xFFFFU}) {
+        for (const std::size_t size : {0U, 1U, 6U, 1001U}) {
+            Bytes samples(size);
+            std::iota(samples.begin(), samples.end(), std::uint8_t{7});
+            const auto file = wave(samples, channels);
+            ASSERT_TRUE(file);
+            EXPECT_TRUE(isPerfectWave(*file, channels)) << channels << " channels, " << size << " bytes";
+            EXPECT_FALSE(isPerfectWave(*file, channels + 1));
+            EXPECT_EQ(lpcm(*file), samples);
+        }
+    }
+}
+
+TEST(Wave, OrderAndCountOfSubchunks) {
+    struct Case {
+        std::string chunks;
+        bool wave;
+        bool perfect;
+    };
+    std::string malformed = six;
+    malformed[0] = '\x7F';
+    const std::initializer_list<Case> cases = {
+        {fmt + six, true, true},
+        {six + fmt, true, true},
+        {fmt + list + six, true, true},
+        {fmt + list + "\0"s + six, false, false},  // a pad byte is not skipped
+        {fmt + six + six, true, true},
+        {six + six + fmt, true, false},
+        {fmt + fmt + six, true, false},
+        {fmt + six + malformed, true, true},
+        {fmt + malformed + six, false, false},
+        {chunk("fmt ", stereo + "\0\0"s) + six, true, false},
+        {six + chunk("fmt ", ""), true, false},
+        {fmt + list, false, false},
+        {six + list, false, false},
+        {"", false, false},
+    };
+    for (const auto& [chunks, wave, perfect] : cases) {
+        EXPECT_EQ(isWave(riff(chunks)), wave) << chunks;
+        EXPECT_EQ(isPerfectWave(riff(chunks), 2), perfect) << chunks;
+    }
+}
+
+TEST(Wave, EveryBitOfTheFormatCounts) {
+    for (std::size_t bit = 0; bit < 8 * stereo.size(); ++bit) {
+        Bytes file = riff(fmt + six);
+        file[20 + bit / 8] ^= static_cast<std::uint8_t>(1U << bit % 8);
+        EXPECT_TRUE(isWave(file));
+        EXPECT_FALSE(isPerfectWave(file, 2)) << "bit " << bit;
+    }
+}
+
+TEST(Wave, LpcmTakesTheFirstBodyAndPassesOtherDataOn) {
+    EXPECT_EQ(lpcm(riff(list + chunk("data", "1st") + fmt + six)), bytes("1st"));
+    EXPECT_EQ(lpcm(riff(fmt + chunk("data", ""))), Bytes{});
+    EXPECT_EQ(lpcm(bytes("raw")), bytes("raw"));
+    EXPECT_EQ(lpcm({}), Bytes{});
+    // Shorter than a canonical file, a WAVE in good order is passed on as well.
+    for (const std::string& body : {std::string(15, 's'), std::string(16, 's')}) {
+        const Bytes file = riff(chunk("fmt ", "") + chunk("data", body));
+        ASSERT_TRUE(isWave(file));
+        EXPECT_EQ(lpcm(file), file.size() < 44 ? file : bytes(body));
+    }
+}
+
+TEST(Wave, CutOrLengthenedFilesAreNoWave) {
+    Bytes file = riff(list + six + fmt);
+    EXPECT_EQ(rangeOfWaveChunk(file), (ByteRange{0, 12}));
+    for (std::size_t size = 0; size < file.size(); ++size) {
+        const Bytes cut(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size));
+        EXPECT_EQ(rangeOfWaveChunk(cut), ByteRange{}) << size;
+        EXPECT_EQ(rangeOfSubchunkAtOffset(cut, 23).length, size < 37 ? 0 : 14) << size;
+        EXPECT_EQ(lpcm(cut), cut) << size;
+        if (size < 13) continue;
+        // The same cut with an honest RIFF size: the last sub-chunk now runs past the end.
+        Bytes honest = cut;
+        storeU32(honest, 4, static_cast<std::uint32_t>(size - 8));
+        EXPECT_EQ(rangeOfWaveChunk(honest).length, 12);
+        EXPECT_FALSE(isWave(honest)) << size;
+    }
+    file.push_back(0);
+    EXPECT_EQ(rangeOfWaveChunk(file), ByteRange{});
+    EXPECT_EQ(lpcm(file), file);
+}
+
+TEST(Wave, SubchunkOffsetsAndSizesNeverWrapRound) {
+    const Bytes data = bytes(list + "data\xFF\xFF\xFF\xFF"s + "fmt \xF8\xFF\xFF\xFF"s + "last\0\0\0\0"s);
+    EXPECT_EQ(rangeOfSubchunkAtOffset(data, 0), (ByteRange{0, 11}));
+    EXPECT_EQ(rangeOfSubchunkAtOffset(data, 11), ByteRange{});
+    EXPECT_EQ(rangeOfSubchunkAtOffset(data, 19), ByteRange{});
+    EXPECT_EQ(rangeOfSubchunkAtOffset(data, 27), (ByteRange{27, 8}));
+    for (std::uint64_t back = 1; back < 40; ++back) {
+        EXPECT_EQ(rangeOfSubchunkAtOffset(data, 0 - back), ByteRange{}) << back;
+        EXPECT_EQ(rangeOfSubchunkAtOffset(data, 27 + back), ByteRange{}) << back;
+    }
+    EXPECT_EQ(rangeOfSubchunkAtOffset(data, ByteRange::notFound), ByteRange{});
+    for (std::size_t i = 0; i < 4; ++i) {
+        for (const auto& [byte, length] :
+             {std::pair{0x1F, 0U}, {0x20, 11U}, {0x7E, 11U}, {0x7F, 0U}, {0xC4, 0U}}) {
+            Bytes named = bytes(list);
+            named[i] = static_cast<std::uint8_t>(byte);
+            EXPECT_EQ(rangeOfSubchunkAtOffset(named, 0).length, length) << byte << " at " << i;
+        }
+    }
+}
+
+TEST(Wave, LargestFilesThatARiffSizeCanCount) {
+    constexpr std::size_t most = 4'294'967'258;
+    const auto samples = vastBuffer(most + 1);
+    EXPECT_EQ(wave(samples, 2), std::nullopt);
+    EXPECT_EQ(test::refusedAllocation(), 0U) << "refused by its size, not for want of memory";
+    EXPECT_EQ(wave(samples.first(most), 2), std::nullopt) << "no memory gives nothing, not an exception";
+    EXPECT_EQ(test::refusedAllocation(), most + 144);
+
+    const auto file = vastBuffer(std::size_t{std::numeric_limits<std::uint32_t>::max()} + 8);
+    const std::size_t body = file.size() - 12 - 8 - fmt.size();
+    const auto put = [&](std::size_t offset, const std::string& text) {
+        std::copy(text.begin(), text.end(), file.subspan(offset).begin());
+    };
+    put(0, "RIFF\xFF\xFF\xFF\xFFWAVEdata"s + word(static_cast<std::uint32_t>(body)));
+    put(20 + body, fmt);
+    EXPECT_TRUE(isPerfectWave(file, 2));
+    put(16, word(static_cast<std::uint32_t>(body) + 1));
+    EXPECT_FALSE(isWave(file));
+}
+
+}  // namespace
