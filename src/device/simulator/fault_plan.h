@@ -10,15 +10,17 @@ namespace kzq::simulator {
 
 /// What goes wrong in a transfer.
 enum class FaultKind {
-    refuse,    ///< control only: the reply's answer is 'N', nothing else happens
-    stall,     ///< the transfer fails with a pipe error
-    shorten,   ///< half of the data moves, then the transfer ends without an error (control: half of the reply)
-    silence,   ///< no answer until the pedal leaves the bus or is reset
-    unplug,    ///< the pedal leaves the bus instead of answering
-    overrun    ///< bulk in only: reported as more bytes than were asked for
+    refuse,   ///< control only: the reply's answer is 'N', nothing else happens
+    stall,    ///< the transfer fails with a pipe error
+    shorten,  ///< half of the data moves, then the transfer ends without an error (control: half of the
+              ///< reply)
+    silence,  ///< no answer until the pedal leaves the bus or is reset
+    unplug,   ///< the pedal leaves the bus instead of answering
+    overrun   ///< bulk in only: reported as more bytes than were asked for
 };
 
-/// Where it goes wrong: the `count`-th (from 1) transfer that matches, counted from when the fault was planned.
+/// Where it goes wrong: the `count`-th (from 1) transfer that matches, counted from when the fault was
+/// planned.
 struct Fault {
     enum class Where { control, bulkIn, bulkOut };
 
@@ -26,7 +28,7 @@ struct Fault {
     Where where = Where::control;
     std::optional<std::uint8_t> code;  ///< control only: just this command
     std::uint32_t count = 1;
-    bool repeated = false;             ///< from that transfer on, every matching one
+    bool repeated = false;  ///< from that transfer on, every matching one
 };
 
 /// Faults to come. Not synchronised: its owner guards it.

@@ -12,6 +12,8 @@ namespace kzq::simulator {
 
 /// Frames in the pedal's 24 minutes.
 inline constexpr std::uint32_t capacityFrames = 63'504'000;
+/// Bytes of a frame: two channels of 24 bits.
+inline constexpr std::size_t frameBytes = 6;
 
 /// A loop as the simulated pedal stores it: raw 24-bit stereo frames, not padded.
 struct StoredLoop {
@@ -26,7 +28,7 @@ struct StoredLoop {
 using PedalMemory = std::array<std::optional<StoredLoop>, loopSlots>;
 
 /// Hears of every loop that the wire changed: the address, and the new loop or null when it was erased.
-/// Called on the thread of the transfer.
+/// Called on the thread of the transfer, which waits for it; the loop is valid during the call.
 using MemoryListener = std::function<void(std::uint8_t address, const StoredLoop* loop)>;
 
 }  // namespace kzq::simulator

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -10,6 +11,7 @@
 #include <vector>
 
 #include "device/simulator/fault_plan.h"
+#include "device/simulator/firmware_loader.h"
 #include "device/simulator/pedal_memory.h"
 #include "device/simulator/wire_journal.h"
 #include "platform/executor.h"
@@ -25,8 +27,9 @@ struct SetupPacket {
     std::uint16_t length = 0;
 };
 
-/// How a transfer ended. A pending one has no answer yet: the transport asks again after every change on the bus
-/// (SimulatedPedal::Listener) and meanwhile keeps its caller waiting; after a reset or a departure it ends it.
+/// How a transfer ended. A pending one has no answer yet: the transport asks again after every change on the
+/// bus (SimulatedPedal::Listener) and meanwhile keeps its caller waiting; after a reset or a departure it
+/// ends it.
 enum class TransferStatus { done, stalled, pending, gone, overrun };
 
 struct TransferResult {
@@ -37,11 +40,24 @@ struct TransferResult {
 /// What the transports hear of. Called without the pedal's own mutex, on the thread that caused it.
 enum class BusChange { arrived, left, reset };
 
-/// A model of the pedal's side of the wire: commands, loop table, audio streams, loader and re-enumeration. It answers
-/// as the pedal does, remembers every transfer in its journal, and records a violation for everything a
-/// correct program never sends. Transports (in-process, USB/IP, an emulated kernel device) put it on a bus.
+/// A model of the pedal's side of the wire: commands, loop table, audio streams, loader and re-enumeration.
+/// It answers as the pedal does, remembers every transfer in its journal, and records a violation for
+/// everything a correct program never sends. Transports (in-process, USB/IP, an emulated kernel device) put
+/// it on a bus.
 ///
-/// Thread-safe: one mutex guards it all.
+/// A new pedal is off the bus until `plugIn`. What it does where the wire protocol leaves it open:
+/// - An announced overwrite frees the old loop when the first byte of the new one arrives, and the new loop
+///   appears when its last byte has come: whatever breaks off in between leaves the slot empty. A loop that
+///   came over the wire has tempo 120 and channel 1; an incomplete frame at its end is dropped.
+/// - A new 0xE1, 0xE2, 0xED or 0xEF drops an unfinished stream, as does a reset.
+/// - 0xE4 makes the normal firmware leave the bus 100 ms after the reply and return as the loader 1.5 s
+/// later; it stays
+///   the loader, plugged or not, until an image is installed. In the loader all slots read as empty.
+/// - Where the pedal has nothing to send, a bulk read pends; where nothing was announced, a bulk write
+/// stalls.
+///
+/// Thread-safe: one mutex guards it all. It must outlive its transports, and may go before tasks that it has
+/// queued.
 class SimulatedPedal {
   public:
     using Listener = std::function<void(BusChange)>;
@@ -54,25 +70,36 @@ class SimulatedPedal {
     };
 
     SimulatedPedal(Executor& executor, Start start);
+    SimulatedPedal(const SimulatedPedal&) = delete;
+    SimulatedPedal& operator=(const SimulatedPedal&) = delete;
+    SimulatedPedal(SimulatedPedal&&) = delete;
+    SimulatedPedal& operator=(SimulatedPedal&&) = delete;
+    ~SimulatedPedal();
 
-    // --- the wire ---------------------------------------------------------------------------------------------
+    // --- the wire
+    // ---------------------------------------------------------------------------------------------
 
-    /// `reply` has wLength bytes.
+    /// `reply` has wLength bytes. For a pending transfer call again with the same arguments: that counts as
+    /// the same transfer, in the journal and for planned faults.
     TransferResult control(const SetupPacket& setup, std::span<std::uint8_t> reply);
     TransferResult bulkIn(std::span<std::uint8_t> into);
     TransferResult bulkOut(std::span<const std::uint8_t> from);
+    /// Ends what runs or pends. Memory, address and being plugged stay.
     void reset();
 
-    // --- the cable --------------------------------------------------------------------------------------------
+    // --- the cable
+    // --------------------------------------------------------------------------------------------
 
     bool isPlugged() const;
-    /// Puts the pedal on the bus, or takes it off; nothing happens when it is already so.
+    /// Puts the pedal on the bus, or takes it off; nothing happens when it is already so, but that unplugging
+    /// a pedal which is away to restart keeps it from returning by itself.
     void plugIn();
     void unplug();
     /// One transport listens; it replaces an earlier one.
     void setListener(Listener listener);
 
-    // --- what a test or a person does to the pedal -------------------------------------------------------------
+    // --- what a test or a person does to the pedal
+    // -------------------------------------------------------------
 
     PedalMemory memory() const;
     void setLoop(std::uint8_t address, std::optional<StoredLoop> loop);
@@ -84,10 +111,12 @@ class SimulatedPedal {
     void setSequence(std::uint8_t sequence);
     void plan(const Fault& fault);
     void clearFaults();
-    /// Whether the pedal comes back after it left for its loader or after a firmware update.
+    /// Whether the pedal comes back after it left for its loader or after a firmware update; asked when it is
+    /// due.
     void setReturns(bool returns);
 
-    // --- what happened ----------------------------------------------------------------------------------------
+    // --- what happened
+    // ----------------------------------------------------------------------------------------
 
     std::vector<WireEvent> journal() const;
     void clearJournal();
@@ -95,6 +124,104 @@ class SimulatedPedal {
     std::vector<std::string> violations() const;
     /// The last image whose length and SHA-256 matched its trailer.
     std::optional<Bytes> installedFirmware() const;
+    /// Whether the last trailer did not match its image, which left the pedal in its loader.
+    bool firmwareRejected() const;
+
+  private:
+    using LoopPointer = std::shared_ptr<const StoredLoop>;
+    using Lock = std::unique_lock<std::mutex>;
+
+    /// What listeners hear once the mutex is free.
+    struct News {
+        std::optional<BusChange> bus;  ///< otherwise a loop changed:
+        std::uint8_t address = 0;
+        LoopPointer loop;
+    };
+    struct ReplyBody {
+        std::array<std::uint8_t, loopTableLength> bytes{};
+        std::size_t length = replyLength;
+    };
+    /// Audio on its way to the computer.
+    struct ImportStream {
+        LoopPointer loop;
+        std::size_t sent = 0;
+        std::size_t total = 0;  ///< with the padding
+    };
+    /// Audio on its way to the pedal.
+    struct ExportStream {
+        std::uint8_t address = 0;
+        std::optional<std::size_t> total;  ///< once 0xE3 has told it
+        Bytes audio;
+    };
+    struct Life;
+    using Transfer = std::function<TransferResult(std::optional<FaultKind>)>;
+
+    // All of these are called with the mutex held.
+
+    TransferResult carryOut(Lock& lock, const WireEvent& event, bool fresh, const Transfer& transfer);
+    TransferResult suffer(FaultKind fault, WireEvent::Kind kind);
+    void announceNews(Lock& lock);
+
+    void inspect(const SetupPacket& setup);
+    void inspectParameters(const SetupPacket& setup);
+    TransferResult command(const SetupPacket& setup, std::span<std::uint8_t> reply,
+                           std::optional<FaultKind> fault);
+    std::optional<ReplyBody> execute(const SetupPacket& setup);
+    static ReplyBody answer(bool accepted);
+    ReplyBody stateReply(bool accepted) const;
+    ReplyBody capacityReply() const;
+    ReplyBody loopTable(std::size_t first) const;
+    bool enterLoader();
+    bool eraseLoop(std::size_t address);
+
+    bool startImport(std::size_t address, unsigned channel);
+    bool announceExport(std::size_t address);
+    bool announceLength(std::size_t bytes);
+    TransferResult sendAudio(std::span<std::uint8_t> into);
+    TransferResult receive(std::span<const std::uint8_t> from, std::optional<FaultKind> fault);
+    std::size_t receiveAudio(std::span<const std::uint8_t> from);
+    bool expectsAudio() const { return export_ && export_->total; }
+    void inspectPiece(std::size_t bytes, std::size_t due);
+    void storeExport();
+    void dropStreams();
+    void changeLoop(std::size_t address, LoopPointer loop);
+    std::uint64_t usedFrames() const;
+
+    bool inLoader() const { return stage_ == stageFactoryBlank; }
+    void finishUpdate();
+    void restartInto(char stage);
+    void later(Executor::Duration delay, void (SimulatedPedal::*step)());
+    void enterBus();
+    void leaveBus();
+    void leaveToRestart();
+    void comeBack();
+
+    Executor& executor_;
+    mutable std::mutex mutex_;
+    std::shared_ptr<Life> life_;
+    Listener listener_;
+    MemoryListener memoryListener_;
+    std::vector<News> news_;
+
+    WireJournal journal_;
+    FaultPlan faults_;
+    FirmwareLoader loader_{journal_};
+
+    std::array<LoopPointer, loopSlots> loops_;  ///< by address; null: empty
+    std::string version_;
+    char stage_;
+    std::optional<char> nextStage_;  ///< the pedal restarts: the stage once it has left the bus
+    bool busy_ = false;
+    std::uint8_t sequence_ = 0;
+    bool returns_ = true;
+
+    bool onBus_ = false;
+    std::uint64_t plugs_ =
+        0;  ///< grows with every change of the cable, so that an overtaken restart is noticed
+    bool silent_ = false;
+    std::optional<Executor::TimePoint> erased_;  ///< the last command was an erase, at that time
+    std::optional<ImportStream> import_;
+    std::optional<ExportStream> export_;
 };
 
 }  // namespace kzq::simulator

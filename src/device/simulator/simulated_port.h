@@ -13,6 +13,10 @@ class SimulatedPort : public UsbPort {
   public:
     /// Both outlive the port.
     SimulatedPort(Executor& executor, SimulatedPedal& pedal);
+    SimulatedPort(const SimulatedPort&) = delete;
+    SimulatedPort& operator=(const SimulatedPort&) = delete;
+    SimulatedPort(SimulatedPort&&) = delete;
+    SimulatedPort& operator=(SimulatedPort&&) = delete;
     ~SimulatedPort() override;
 
     UsbResult initialize() override;
@@ -22,7 +26,8 @@ class SimulatedPort : public UsbPort {
     std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) override;
     std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) override;
 
-    // --- what the host system does with the pedal --------------------------------------------------------------
+    // --- what the host system does with the pedal
+    // --------------------------------------------------------------
 
     /// The result of opening from now on, such as usbAccess.
     void setOpenResult(UsbResult result);
@@ -32,8 +37,10 @@ class SimulatedPort : public UsbPort {
     /// Handles that are open now.
     int openHandles() const;
 
-  private:
+    /// Shared with the open handles.
     struct Host;
+
+  private:
     std::shared_ptr<Host> host_;
 };
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
-#include <mutex>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/executor.h"
@@ -20,6 +22,40 @@ struct WireEvent {
     std::uint32_t length = 0;       ///< bytes asked for (control, bulk in) or offered (bulk out)
     std::uint32_t transferred = 0;  ///< bytes that moved
     Executor::TimePoint time;
+};
+
+/// What happened on the wire, in order, and what should not have. Not synchronised: its owner guards it.
+class WireJournal {
+  public:
+    /// Opens the entry of a transfer. False when the latest transfer on that pipe still pends, for then this
+    /// is the transport asking for it again: its entry stays, and nothing in it is complained of twice.
+    bool begin(const WireEvent& event);
+    /// Closes the entry that was opened last; a pending one counts as unfinished until its pipe is asked
+    /// again.
+    void end(std::size_t transferred, bool pending);
+    /// A reset, an arrival or a departure. Nothing pends after it.
+    void note(WireEvent::Kind kind, Executor::TimePoint time);
+
+    /// Something in the open transfer that a correct program never sends.
+    void violation(std::string_view sentence);
+    /// The same for a transfer that comes without the command that it belongs to. Not recorded while excused.
+    void outOfOrder(std::string_view sentence);
+    /// A planned fault has swallowed a command unseen by the program, so what follows may lack it.
+    void excuse(bool excused) { excused_ = excused; }
+
+    void clear();
+    const std::vector<WireEvent>& events() const { return events_; }
+    /// Each begins with "event N: ", counted from 1 since the pedal was made, also across `clear`.
+    const std::vector<std::string>& violations() const { return violations_; }
+
+  private:
+    std::vector<WireEvent> events_;
+    std::vector<std::string> violations_;
+    std::uint64_t forgotten_ = 0;  ///< events before the first in events_
+    std::uint64_t current_ = 0;    ///< number of the open transfer, from 0
+    bool askedAgain_ = false;
+    bool excused_ = false;
+    std::array<std::optional<std::uint64_t>, 3> pending_;  ///< by pipe: control, bulk in, bulk out
 };
 
 }  // namespace kzq::simulator
