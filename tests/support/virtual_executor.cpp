@@ -48,6 +48,10 @@ struct VirtualExecutor::State {
 VirtualExecutor::VirtualExecutor() : state_(std::make_unique<State>()) {}
 
 VirtualExecutor::~VirtualExecutor() {
+    endJobs();
+}
+
+void VirtualExecutor::endJobs() {
     {
         const std::lock_guard guard(state_->mutex);
         state_->abandoned = true;

@@ -15,8 +15,10 @@ namespace kzq::test {
 class VirtualExecutor : public Executor {
   public:
     VirtualExecutor();
-    /// Ends jobs that still sleep or wait by unwinding them.
     ~VirtualExecutor() override;
+
+    /// Ends jobs that still sleep or wait by unwinding them; call it while what they use is still there.
+    void endJobs();
 
     /// Runs everything that can run at the present instant.
     void settle() { advance(Duration::zero()); }

@@ -1,0 +1,180 @@
+#include "device_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+/// A connected pedal with one loop in slot 1 and one in slot 11.
+class Polling : public DeviceLinkTest {
+  protected:
+    Polling() {
+        usb.replies[command::stage] = FakeUsb::reply('Y', 'p');
+        usb.replies[command::busy] = FakeUsb::reply('Y', 0, 7);
+        usb.replies[command::capacityAndVersion] = {1, 2, 3, 4, '1', '.', '0', '5'};
+        setLoop(command::firstLoops, 0, {1, 0, 0, 0, 1, 1});
+        setLoop(command::lastLoops, 0, {0, 0, 1, 0, 120, 255});
+        usb.present = true;
+        load(usb);
+        start();
+        delegate->events.clear();
+        usb.calls.clear();
+    }
+    void setLoop(std::uint8_t table, std::size_t record, const std::vector<std::uint8_t>& bytes) {
+        auto& reply = usb.replies[table];
+        reply.resize(60);
+        std::copy(bytes.begin(), bytes.end(), reply.begin() + static_cast<std::ptrdiff_t>(record * 6));
+    }
+
+    FakeUsb usb{executor};
+};
+
+TEST_F(Polling, ReadsTheWholeStatusEveryFiveSecondsAndReportsOnlyChanges) {
+    executor.advance(4999ms);
+    EXPECT_THAT(usb.calls, IsEmpty());
+    executor.advance(1ms);
+    EXPECT_THAT(usb.calls, ElementsAre("E8/2A 1 0 [8]", "E9/2A 1 0 [8]", "EA/2A 1 0 [8]", "EB/2A 1 0 [60]",
+                                       "EC/2A 1 0 [60]"));
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000"));
+    const Status expected{
+        0x04030201, "1.05", {{1, {0, 1, 1, 1, 6, 64}}, {11, {10, 65536, 120, 255, 393216, 393216}}}};
+    EXPECT_EQ(delegate->last, expected);
+
+    executor.advance(10s);
+    EXPECT_EQ(usb.calls.size(), 15U);
+    EXPECT_EQ(delegate->events.size(), 1U);
+
+    setLoop(command::firstLoops, 9, {64, 0, 0, 0, 1, 2});
+    executor.advance(5s);
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 3@20000"));
+    EXPECT_EQ(delegate->last.loops.at(10), (Loop{9, 64, 1, 2, 384, 384}));
+}
+
+TEST_F(Polling, StartsFiveSecondsAfterTheLastStartButOneAfterItsEnd) {
+    const auto pollTaking = [this](Executor::Duration duration) {
+        executor.background(Priority::high, [this, duration] {
+            const std::lock_guard guard(looper().lock());
+            executor.sleep(duration);
+        });
+    };
+    executor.advance(4s);
+    pollTaking(3s);  // holds the pedal from 4 s to 7 s: the poll of 5 s ends at 7 s
+    executor.advance(5500ms);
+    EXPECT_EQ(usb.calls.size(), 5U);  // one poll by 9.5 s
+    executor.advance(500ms);
+    EXPECT_EQ(usb.calls.size(), 10U);  // the next at 10 s, from the start of the last
+    executor.advance(4s);
+    pollTaking(6s);  // from 14 s to 20 s: the poll of 15 s ends at 20 s
+    executor.advance(6999ms);
+    EXPECT_EQ(usb.calls.size(), 15U);
+    executor.advance(1ms);
+    EXPECT_EQ(usb.calls.size(), 20U);  // 21 s: a second after the end
+    EXPECT_EQ(executor.mainThreadWaits(), 0U);
+}
+
+TEST_F(Polling, GoesOnSilentlyWithoutAPedalAndForgetsNothing) {
+    executor.advance(5s);
+    usb.leave();
+    executor.advance(20s);
+    EXPECT_EQ(looper().version(), std::nullopt);
+    usb.arrive();
+    executor.advance(5s);
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "disconnected@5000", "connected p@25000"));
+    EXPECT_EQ(looper().version(), "1.05");
+}
+
+TEST_F(Polling, SkipsWhileBusyButRefreshDoesNot) {
+    executor.advance(5s);
+    usb.calls.clear();
+    usb.replies[command::busy] = FakeUsb::reply('N');
+    executor.advance(5s);
+    EXPECT_THAT(usb.calls, ElementsAre("E8/2A 1 0 [8]"));
+    usb.calls.clear();
+    looper().setOperation(KZQ7306::exporting);
+    executor.advance(5s);
+    EXPECT_THAT(usb.calls, IsEmpty());
+    looper().refresh();
+    looper().refresh();
+    executor.advance(1s);
+    EXPECT_EQ(usb.calls.size(), 8U);  // no busy query, and no further poll scheduled
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000", "changed 2@15000"));
+}
+
+TEST_F(Polling, BusyFollowsOperationStageAndPedal) {
+    looper().setAutoincrement(6);
+    bool stale = false;
+    EXPECT_FALSE(looper().busy(&stale));
+    EXPECT_TRUE(stale);
+    looper().setAutoincrement(7);
+    EXPECT_FALSE(looper().busy(&stale));
+    EXPECT_FALSE(stale);
+    usb.replies[command::busy] = FakeUsb::reply('N', 0, 9);
+    EXPECT_TRUE(looper().busy(&stale));
+    EXPECT_TRUE(stale);
+
+    usb.calls.clear();
+    looper().setStage('b');
+    EXPECT_FALSE(looper().busy(&stale));
+    stale = false;
+    for (const int operation : {1, 2, 3, 4}) {
+        looper().setOperation(operation);
+        EXPECT_TRUE(looper().busy(&stale));
+        EXPECT_FALSE(stale);
+    }
+    EXPECT_THAT(usb.calls, IsEmpty());
+    looper().setOperation(5);
+    looper().setStage('p');
+    EXPECT_TRUE(looper().busy());
+    EXPECT_THAT(usb.calls, ElementsAre("E8/2A 1 0 [8]"));
+}
+
+TEST_F(Polling, BusyAnswersAtOnceWhenABatchHasJustTakenThePedal) {
+    executor.background(Priority::high, [this] {
+        const std::lock_guard guard(looper().lock());
+        executor.sleep(1s);
+        looper().setOperation(KZQ7306::importingOrErasing);
+        executor.sleep(1min);
+    });
+    executor.settle();
+    EXPECT_TRUE(looper().busy());  // asked on the main thread before the batch said what it is
+    EXPECT_EQ(executor.elapsed(), 1s);
+}
+
+TEST_F(Polling, QueriesReadPartsOfTheStatus) {
+    const auto brief = looper().status(false);
+    EXPECT_EQ(brief, (Status{0x04030201, "1.05", {}}));
+    EXPECT_EQ(usb.calls.size(), 2U);
+    EXPECT_EQ(looper().remaining(), 0x04030201U);
+    EXPECT_FALSE(looper().remaining(nullptr));
+    EXPECT_FALSE(looper().loops(nullptr));
+    std::uint32_t remaining = 0;
+    std::optional<Loops> loops;
+    EXPECT_TRUE(looper().remaining([&](std::uint32_t value) {
+        EXPECT_FALSE(executor.onMainThread());
+        remaining = value;
+    }));
+    EXPECT_TRUE(looper().loops([&](std::optional<Loops> value) { loops = std::move(value); }));
+    EXPECT_EQ(remaining, 0U);
+    executor.settle();
+    EXPECT_EQ(remaining, 0x04030201U);
+    ASSERT_TRUE(loops);
+    EXPECT_EQ(loops->size(), 2U);
+
+    usb.replies[command::capacityAndVersion][5] = 0x80;
+    EXPECT_EQ(looper().status(false), std::nullopt);
+    usb.replies[command::capacityAndVersion][5] = '.';
+    usb.replies.erase(command::lastLoops);  // a table that fails reads as empty slots
+    EXPECT_EQ(looper().loops()->size(), 1U);
+}
+
+TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {
+    const auto loop = [](std::vector<std::uint8_t> record) { return loopFromRecord(record, 3); };
+    EXPECT_EQ(loop({0, 0, 0, 0, 1, 1}), std::nullopt);
+    EXPECT_EQ(loop({1, 0, 0, 0, 0, 1}), std::nullopt);
+    EXPECT_EQ(loop({1, 0, 0, 0, 1, 0}), std::nullopt);
+    EXPECT_EQ(loop({11, 0, 0, 0, 1, 1}), (Loop{3, 11, 1, 1, 66, 128}));
+    EXPECT_EQ(loop({0xAA, 0xAA, 0xAA, 0x2A, 1, 1})->bytes, 4294967292U);  // 715,827,882 frames
+    EXPECT_EQ(loop({0xAA, 0xAA, 0xAA, 0x2A, 1, 1})->alignedBytes, 0U);
+    EXPECT_EQ(loop({0xAB, 0xAA, 0xAA, 0x2A, 1, 1})->bytes, 2U);
+}
+
+}  // namespace
+}  // namespace kzq::test
