@@ -11,9 +11,9 @@ namespace kzq {
 /// Priority of work off the main thread; a higher one never waits for a lower one.
 enum class Priority { high, standard, background };
 
-/// Where code runs and what time it is. Everything that would sleep, start a thread or look at a clock does it
-/// through this interface, so that a test can run hours of the program's time at once and to the exact instant.
-/// All members may be called from any thread.
+/// Where code runs and what time it is. Everything that would sleep, start a thread or look at a clock does
+/// it through this interface, so that a test can run hours of the program's time at once and to the exact
+/// instant. All members may be called from any thread.
 class Executor {
   public:
     using Task = std::function<void()>;
@@ -42,7 +42,8 @@ class Executor {
     /// Blocks the calling thread for `duration`.
     virtual void sleep(Duration duration) = 0;
     /// Blocks the calling thread until `ready()`, as std::condition_variable::wait does: `lock` is held while
-    /// `ready` is asked and on return, and given up in between. Whoever changes the answer notifies `changed`.
+    /// `ready` is asked and on return, and given up in between. Whoever changes the answer notifies
+    /// `changed`.
     virtual void wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
                       const std::function<bool()>& ready) = 0;
 };
