@@ -36,12 +36,12 @@ FirmwareVersion FirmwareVersionFromString(std::string_view text) {
 }
 
 std::optional<double> numberWithString(std::string_view text) {
-    // from_chars would also take the words for infinity and not-a-number.
+    // from_chars would also take exponents and the words for infinity and not-a-number.
     const bool plain = std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '-'; });
     if (!plain) return std::nullopt;
     double number = 0;
     const char* const end = text.data() + text.size();
-    const auto result = std::from_chars(text.data(), end, number, std::chars_format::fixed);
+    const auto result = std::from_chars(text.data(), end, number);
     if (result.ec != std::errc{} || result.ptr != end) return std::nullopt;
     return number;
 }

@@ -102,7 +102,12 @@ TEST(Wave, OrderAndCountOfSubchunks) {
     }
 }
 
-TEST(Wave, EveryBitOfTheFormatCounts) {
+TEST(Wave, EveryBitOfThePreambleAndTheFormatCounts) {
+    for (std::size_t bit = 0; bit < 8 * 12; ++bit) {
+        Bytes file = riff(fmt + six);
+        file[bit / 8] ^= static_cast<std::uint8_t>(1U << bit % 8);
+        EXPECT_FALSE(isWave(file)) << "bit " << bit;
+    }
     for (std::size_t bit = 0; bit < 8 * stereo.size(); ++bit) {
         Bytes file = riff(fmt + six);
         file[20 + bit / 8] ^= static_cast<std::uint8_t>(1U << bit % 8);
