@@ -18,7 +18,9 @@ constexpr std::size_t versionLength = 4;
 
 std::uint32_t littleEndian32(std::span<const std::uint8_t> bytes) {
     std::uint32_t number = 0;
-    for (std::size_t i = 0; i < 4; ++i) number |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
+    for (std::size_t i = 0; i < 4; ++i) {
+        number |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
+    }
     return number;
 }
 
@@ -36,7 +38,9 @@ bool FirmwareLoader::announceTrailer(Executor::TimePoint now) {
         journal_.outOfOrder("a trailer is announced without an image");
         return false;
     }
-    if (now - lastImageByte_ < storing) journal_.violation("E5 less than 1 s after the image");
+    if (now - lastImageByte_ < storing) {
+        journal_.violation("E5 less than 1 s after the image");
+    }
     phase_ = Phase::trailer;
     return true;
 }
@@ -49,8 +53,12 @@ void FirmwareLoader::inspectOffer(std::size_t bytes) {
 
 std::optional<std::size_t> FirmwareLoader::receive(std::span<const std::uint8_t> from,
                                                    Executor::TimePoint now) {
-    if (phase_ == Phase::image) return receiveImage(from, now);
-    if (phase_ == Phase::trailer) return receiveTrailer(from);
+    if (phase_ == Phase::image) {
+        return receiveImage(from, now);
+    }
+    if (phase_ == Phase::trailer) {
+        return receiveTrailer(from);
+    }
     return std::nullopt;
 }
 
@@ -73,10 +81,14 @@ std::size_t FirmwareLoader::receiveTrailer(std::span<const std::uint8_t> from) {
     const std::size_t due = trailerLength - trailer_.size();
     const auto taken = from.first(std::min(due, from.size()));
     trailer_.insert(trailer_.end(), taken.begin(), taken.end());
-    if (trailer_.size() < trailerLength) return taken.size();
+    if (trailer_.size() < trailerLength) {
+        return taken.size();
+    }
 
     outcome_ = trailerMatches() ? Outcome::installed : Outcome::rejected;
-    if (isInstalled()) installedImage_ = std::move(image_);
+    if (isInstalled()) {
+        installedImage_ = std::move(image_);
+    }
     drop();
     return taken.size();
 }
@@ -90,11 +102,14 @@ bool FirmwareLoader::trailerMatches() const {
 std::optional<std::string> versionInImage(std::span<const std::uint8_t> image) {
     constexpr std::string_view mark = "7306 firmware ";
     const auto found = std::search(image.begin(), image.end(), mark.begin(), mark.end());
-    if (static_cast<std::size_t>(image.end() - found) < mark.size() + versionLength) return std::nullopt;
+    if (static_cast<std::size_t>(image.end() - found) < mark.size() + versionLength) {
+        return std::nullopt;
+    }
     const auto start = found + static_cast<std::ptrdiff_t>(mark.size());
     std::string version(start, start + versionLength);
-    if (!std::all_of(version.begin(), version.end(), [](char c) { return c > ' ' && c <= '~'; }))
+    if (!std::all_of(version.begin(), version.end(), [](char c) { return c > ' ' && c <= '~'; })) {
         return std::nullopt;
+    }
     return version;
 }
 

@@ -26,7 +26,9 @@ constexpr std::uintmax_t largestFile = waveHeaderSize + std::uintmax_t{capacityF
 std::optional<unsigned> slotFromName(const std::string& name) {
     static const std::regex pattern("(?:Loop )?0?([1-9]|1[0-9]|20)\\.wav");
     std::smatch match;
-    if (!std::regex_match(name, match, pattern)) return std::nullopt;
+    if (!std::regex_match(name, match, pattern)) {
+        return std::nullopt;
+    }
     return static_cast<unsigned>(std::stoul(match[1]));
 }
 
@@ -54,8 +56,12 @@ std::optional<StoredLoop> readLoop(const fs::path& file, std::string& error) {
 bool writeAll(int descriptor, ByteView bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written <= 0) {
+            return false;
+        }
         bytes = bytes.subspan(static_cast<std::size_t>(written));
     }
     return true;
@@ -63,7 +69,9 @@ bool writeAll(int descriptor, ByteView bytes) {
 
 bool syncFolder(const fs::path& folder) {
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) return false;
+    if (descriptor < 0) {
+        return false;
+    }
     const bool synced = ::fsync(descriptor) == 0;
     return ::close(descriptor) == 0 && synced;
 }
@@ -73,12 +81,18 @@ bool replaceFile(const fs::path& file, ByteView bytes) {
     const fs::path temporary = file.parent_path() / ("." + file.filename().string() + ".part");
     const int descriptor =
         ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
-    if (descriptor < 0) return false;
+    if (descriptor < 0) {
+        return false;
+    }
     bool whole = writeAll(descriptor, bytes) && ::fsync(descriptor) == 0;
     whole = ::close(descriptor) == 0 && whole;
     std::error_code code;
-    if (whole) fs::rename(temporary, file, code);
-    if (whole && !code) return syncFolder(file.parent_path());
+    if (whole) {
+        fs::rename(temporary, file, code);
+    }
+    if (whole && !code) {
+        return syncFolder(file.parent_path());
+    }
     fs::remove(temporary, code);
     return false;
 }
@@ -97,7 +111,9 @@ std::optional<PedalMemory> LoopFolder::load(std::string& error) {
     files_ = {};
     std::uint64_t frames = 0;
     for (const fs::directory_entry& entry : entries) {
-        if (!loadFile(entry.path(), memory, frames, error)) return std::nullopt;
+        if (!loadFile(entry.path(), memory, frames, error)) {
+            return std::nullopt;
+        }
     }
     if (frames > capacityFrames) {
         error = "The loops in " + folder_.string() + " are longer than the pedal's 24 minutes.";
@@ -110,7 +126,9 @@ bool LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std::uint64
                           std::string& error) {
     const auto slot = slotFromName(file.filename().string());
     if (!slot) {
-        if (file.extension() == ".wav") log(LogCategory::simulator, "no slot of that name: " + file.string());
+        if (file.extension() == ".wav") {
+            log(LogCategory::simulator, "no slot of that name: " + file.string());
+        }
         return true;
     }
     fs::path& known = files_.at(*slot - 1);
@@ -122,13 +140,17 @@ bool LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std::uint64
     known = file;
     auto& loop = memory.at(*slot - 1);
     loop = readLoop(file, error);
-    if (loop) frames += loop->audio.size() / frameBytes;
+    if (loop) {
+        frames += loop->audio.size() / frameBytes;
+    }
     return loop.has_value();
 }
 
 bool LoopFolder::store(std::uint8_t address, const StoredLoop* loop) {
     fs::path& file = files_.at(address);
-    if (file.empty()) file = folder_ / ("Loop " + std::to_string(address + 1) + ".wav");
+    if (file.empty()) {
+        file = folder_ / ("Loop " + std::to_string(address + 1) + ".wav");
+    }
     bool stored = false;
     if (loop != nullptr) {
         const auto image = wave(loop->audio, 2);
@@ -138,7 +160,9 @@ bool LoopFolder::store(std::uint8_t address, const StoredLoop* loop) {
         fs::remove(file, code);
         stored = !code && syncFolder(folder_);
     }
-    if (!stored) log(LogCategory::simulator, "cannot store " + file.string());
+    if (!stored) {
+        log(LogCategory::simulator, "cannot store " + file.string());
+    }
     return stored;
 }
 

@@ -22,7 +22,9 @@ bool SimulatedPedal::isPlugged() const {
 
 void SimulatedPedal::plugIn() {
     Lock lock(mutex_);
-    if (onBus_) return;
+    if (onBus_) {
+        return;
+    }
     enterBus();
     announceNews(lock);
 }
@@ -30,7 +32,9 @@ void SimulatedPedal::plugIn() {
 void SimulatedPedal::unplug() {
     Lock lock(mutex_);
     ++plugs_;
-    if (!onBus_) return;
+    if (!onBus_) {
+        return;
+    }
     leaveBus();
     announceNews(lock);
 }
@@ -70,16 +74,22 @@ void SimulatedPedal::leaveToRestart() {
 }
 
 void SimulatedPedal::comeBack() {
-    if (returns_) enterBus();
+    if (returns_) {
+        enterBus();
+    }
 }
 
 void SimulatedPedal::later(Executor::Duration delay, void (SimulatedPedal::*step)()) {
     executor_.mainAfter(delay, [life = life_, plugs = plugs_, step] {
         const std::lock_guard guard(life->mutex);
         SimulatedPedal* const pedal = life->pedal;
-        if (pedal == nullptr) return;
+        if (pedal == nullptr) {
+            return;
+        }
         Lock lock(pedal->mutex_);
-        if (pedal->plugs_ != plugs) return;
+        if (pedal->plugs_ != plugs) {
+            return;
+        }
         (pedal->*step)();
         pedal->announceNews(lock);
     });

@@ -43,7 +43,9 @@ std::string commandName(std::uint8_t code) {
 }
 
 void putLittleEndian32(std::span<std::uint8_t> into, std::uint32_t number) {
-    for (std::size_t i = 0; i < 4; ++i) into[i] = static_cast<std::uint8_t>(number >> (8 * i));
+    for (std::size_t i = 0; i < 4; ++i) {
+        into[i] = static_cast<std::uint8_t>(number >> (8 * i));
+    }
 }
 
 }  // namespace
@@ -62,10 +64,18 @@ void SimulatedPedal::inspect(const SetupPacket& setup) {
         return;
     }
     const auto complain = [&](const char* field) { journal_.violation(name + " with a wrong " + field); };
-    if (setup.request != pedalRequest) complain("bRequest");
-    if (setup.length != shape->length) complain("wLength");
-    if (!shape->takesValue && setup.value != 1) complain("wValue");
-    if (!shape->takesIndex && setup.index != 0) complain("wIndex");
+    if (setup.request != pedalRequest) {
+        complain("bRequest");
+    }
+    if (setup.length != shape->length) {
+        complain("wLength");
+    }
+    if (!shape->takesValue && setup.value != 1) {
+        complain("wValue");
+    }
+    if (!shape->takesIndex && setup.index != 0) {
+        complain("wIndex");
+    }
     inspectParameters(setup);
 }
 
@@ -73,12 +83,16 @@ void SimulatedPedal::inspectParameters(const SetupPacket& setup) {
     const std::uint8_t code = setup.requestType;
     const std::string name = commandName(code);
     if (code == command::exportLength) {
-        if (setup.value == 0 && setup.index == 0) journal_.violation("E3 announces no audio");
+        if (setup.value == 0 && setup.index == 0) {
+            journal_.violation("E3 announces no audio");
+        }
         return;
     }
     const bool hasAddress =
         code == command::importLoop || code == command::exportLoop || code == command::eraseLoop;
-    if (!hasAddress) return;
+    if (!hasAddress) {
+        return;
+    }
     if (setup.value >= loopSlots) {
         journal_.violation(name + " with the address " + std::to_string(setup.value));
         return;
@@ -96,9 +110,13 @@ void SimulatedPedal::inspectParameters(const SetupPacket& setup) {
 TransferResult SimulatedPedal::command(const SetupPacket& setup, std::span<std::uint8_t> reply,
                                        std::optional<FaultKind> fault) {
     const auto body = fault == FaultKind::refuse ? answer(false) : execute(setup);
-    if (!body) return {TransferStatus::stalled, 0};
+    if (!body) {
+        return {TransferStatus::stalled, 0};
+    }
     std::size_t length = std::min(body->length, reply.size());
-    if (fault == FaultKind::shorten) length /= 2;
+    if (fault == FaultKind::shorten) {
+        length /= 2;
+    }
     std::copy_n(body->bytes.begin(), length, reply.begin());
     return {TransferStatus::done, length};
 }
@@ -116,7 +134,9 @@ std::optional<SimulatedPedal::ReplyBody> SimulatedPedal::execute(const SetupPack
         case command::announceTrailer:
             return answer(loader_.announceTrailer(executor_.now()));
         case command::openUpdate:
-            if (!inLoader()) journal_.violation("E7 to a pedal that runs its firmware");
+            if (!inLoader()) {
+                journal_.violation("E7 to a pedal that runs its firmware");
+            }
             return answer(inLoader());
         case command::busy:
             return stateReply(!busy_);
@@ -164,10 +184,14 @@ SimulatedPedal::ReplyBody SimulatedPedal::capacityReply() const {
 SimulatedPedal::ReplyBody SimulatedPedal::loopTable(std::size_t first) const {
     ReplyBody body;
     body.length = loopTableLength;
-    if (inLoader()) return body;
+    if (inLoader()) {
+        return body;
+    }
     for (std::size_t i = 0; i < loopSlots / 2; ++i) {
         const LoopPointer& loop = loops_.at(first + i);
-        if (!loop) continue;
+        if (!loop) {
+            continue;
+        }
         const auto record = std::span(body.bytes).subspan(i * loopRecordLength, loopRecordLength);
         putLittleEndian32(record, static_cast<std::uint32_t>(loop->audio.size() / frameBytes));
         record[4] = loop->tempo;
@@ -187,7 +211,9 @@ bool SimulatedPedal::enterLoader() {
 }
 
 bool SimulatedPedal::eraseLoop(std::size_t address) {
-    if (inLoader() || address >= loopSlots) return false;
+    if (inLoader() || address >= loopSlots) {
+        return false;
+    }
     dropStreams();
     changeLoop(address, nullptr);
     erased_ = executor_.now();

@@ -11,14 +11,18 @@ PedalMemory SimulatedPedal::memory() const {
     const Lock lock(mutex_);
     PedalMemory copy;
     for (std::size_t i = 0; i < loopSlots; ++i) {
-        if (loops_.at(i)) copy.at(i) = *loops_.at(i);
+        if (loops_.at(i)) {
+            copy.at(i) = *loops_.at(i);
+        }
     }
     return copy;
 }
 
 void SimulatedPedal::setLoop(std::uint8_t address, std::optional<StoredLoop> loop) {
     LoopPointer pointer;
-    if (loop) pointer = std::make_shared<StoredLoop>(std::move(*loop));
+    if (loop) {
+        pointer = std::make_shared<StoredLoop>(std::move(*loop));
+    }
     const Lock lock(mutex_);
     loops_.at(address) = std::move(pointer);
 }

@@ -18,9 +18,13 @@ constexpr std::size_t alignment = 64;
 bool SimulatedPedal::startImport(std::size_t address, unsigned channel) {
     dropStreams();
     journal_.excuse(false);
-    if (inLoader() || address >= loopSlots) return false;
+    if (inLoader() || address >= loopSlots) {
+        return false;
+    }
     const LoopPointer& loop = loops_.at(address);
-    if (!loop || loop->audio.size() < frameBytes || loop->channel != channel) return false;
+    if (!loop || loop->audio.size() < frameBytes || loop->channel != channel) {
+        return false;
+    }
     const std::size_t bytes = loop->audio.size() / frameBytes * frameBytes;
     import_ = ImportStream{loop, 0, (bytes + alignment - 1) / alignment * alignment};
     return true;
@@ -29,7 +33,9 @@ bool SimulatedPedal::startImport(std::size_t address, unsigned channel) {
 bool SimulatedPedal::announceExport(std::size_t address) {
     dropStreams();
     journal_.excuse(false);
-    if (inLoader() || address >= loopSlots) return false;
+    if (inLoader() || address >= loopSlots) {
+        return false;
+    }
     export_ = ExportStream{static_cast<std::uint8_t>(address), std::nullopt, {}};
     return true;
 }
@@ -63,7 +69,9 @@ TransferResult SimulatedPedal::sendAudio(std::span<std::uint8_t> into) {
     const auto padding = std::copy(piece.begin(), piece.end(), into.begin());
     std::fill_n(padding, length - piece.size(), std::uint8_t{0});
     import_->sent += length;
-    if (import_->sent == import_->total) import_.reset();
+    if (import_->sent == import_->total) {
+        import_.reset();
+    }
     return {TransferStatus::done, length};
 }
 
@@ -74,7 +82,9 @@ TransferResult SimulatedPedal::receive(std::span<const std::uint8_t> from, std::
         loader_.inspectOffer(from.size());
     }
     const auto offered = fault == FaultKind::shorten ? from.first(from.size() / 2) : from;
-    if (expectsAudio()) return {TransferStatus::done, receiveAudio(offered)};
+    if (expectsAudio()) {
+        return {TransferStatus::done, receiveAudio(offered)};
+    }
     const auto taken = loader_.receive(offered, executor_.now());
     if (!taken) {
         journal_.outOfOrder("a bulk write that was not announced");
@@ -86,17 +96,26 @@ TransferResult SimulatedPedal::receive(std::span<const std::uint8_t> from, std::
 
 std::size_t SimulatedPedal::receiveAudio(std::span<const std::uint8_t> from) {
     const auto taken = from.first(std::min(from.size(), *export_->total - export_->audio.size()));
-    if (taken.empty()) return 0;
-    if (export_->audio.empty()) changeLoop(export_->address, nullptr);
+    if (taken.empty()) {
+        return 0;
+    }
+    if (export_->audio.empty()) {
+        changeLoop(export_->address, nullptr);
+    }
     export_->audio.insert(export_->audio.end(), taken.begin(), taken.end());
-    if (export_->audio.size() == *export_->total) storeExport();
+    if (export_->audio.size() == *export_->total) {
+        storeExport();
+    }
     return taken.size();
 }
 
 void SimulatedPedal::inspectPiece(std::size_t bytes, std::size_t due) {
-    if (bytes > transferPiece) journal_.violation("a piece of " + std::to_string(bytes) + " bytes");
-    if (bytes > due)
+    if (bytes > transferPiece) {
+        journal_.violation("a piece of " + std::to_string(bytes) + " bytes");
+    }
+    if (bytes > due) {
         journal_.violation("a piece of more bytes than the " + std::to_string(due) + " that are due");
+    }
 }
 
 void SimulatedPedal::storeExport() {
@@ -107,8 +126,12 @@ void SimulatedPedal::storeExport() {
 }
 
 void SimulatedPedal::finishUpdate() {
-    if (!loader_.isInstalled()) return;
-    if (const auto version = versionInImage(*loader_.installedImage())) version_ = *version;
+    if (!loader_.isInstalled()) {
+        return;
+    }
+    if (const auto version = versionInImage(*loader_.installedImage())) {
+        version_ = *version;
+    }
     restartInto(stageNormal);
 }
 
@@ -118,7 +141,9 @@ void SimulatedPedal::dropStreams() {
 }
 
 void SimulatedPedal::changeLoop(std::size_t address, LoopPointer loop) {
-    if (!loop && !loops_.at(address)) return;
+    if (!loop && !loops_.at(address)) {
+        return;
+    }
     loops_.at(address) = loop;
     news_.push_back({std::nullopt, static_cast<std::uint8_t>(address), std::move(loop)});
 }
@@ -126,7 +151,9 @@ void SimulatedPedal::changeLoop(std::size_t address, LoopPointer loop) {
 std::uint64_t SimulatedPedal::usedFrames() const {
     std::uint64_t frames = 0;
     for (const LoopPointer& loop : loops_) {
-        if (loop) frames += loop->audio.size() / frameBytes;
+        if (loop) {
+            frames += loop->audio.size() / frameBytes;
+        }
     }
     return frames;
 }

@@ -14,20 +14,28 @@ SimulatedHandle::SimulatedHandle(std::shared_ptr<SimulatedPort::Host> host,
 
 SimulatedHandle::~SimulatedHandle() {
     const Lock lock(host_->mutex);
-    if (host_->owner == this) host_->owner = nullptr;
+    if (host_->owner == this) {
+        host_->owner = nullptr;
+    }
     --host_->openHandles;
 }
 
 /// Whether the interface is there to be asked; the host's mutex is held.
 UsbResult SimulatedHandle::reach(int interface) const {
-    if (device_->gone) return usbNoDevice;
+    if (device_->gone) {
+        return usbNoDevice;
+    }
     return interface == pedalInterface ? usbSuccess : usbNotFound;
 }
 
 /// Whether a bulk transfer on the pipe can start; the host's mutex is held.
 UsbResult SimulatedHandle::reachPipe(bool exists) const {
-    if (device_->gone) return usbNoDevice;
-    if (!exists) return usbNotFound;
+    if (device_->gone) {
+        return usbNoDevice;
+    }
+    if (!exists) {
+        return usbNotFound;
+    }
     return host_->owner == this ? usbSuccess : usbIo;
 }
 
@@ -40,18 +48,30 @@ int SimulatedHandle::kernelDriverActive(int interface) {
 UsbResult SimulatedHandle::detachKernelDriver(int interface) {
     const Lock lock(host_->mutex);
     const UsbResult reached = reach(interface);
-    if (reached != usbSuccess) return reached;
-    if (!host_->kernelDriver) return usbNotFound;
-    if (host_->detachResult == usbSuccess) host_->kernelDriver = false;
+    if (reached != usbSuccess) {
+        return reached;
+    }
+    if (!host_->kernelDriver) {
+        return usbNotFound;
+    }
+    if (host_->detachResult == usbSuccess) {
+        host_->kernelDriver = false;
+    }
     return host_->detachResult;
 }
 
 UsbResult SimulatedHandle::claimInterface(int interface) {
     const Lock lock(host_->mutex);
     const UsbResult reached = reach(interface);
-    if (reached != usbSuccess) return reached;
-    if (host_->claimResult != usbSuccess) return host_->claimResult;
-    if (host_->owner != nullptr && host_->owner != this) return usbBusy;
+    if (reached != usbSuccess) {
+        return reached;
+    }
+    if (host_->claimResult != usbSuccess) {
+        return host_->claimResult;
+    }
+    if (host_->owner != nullptr && host_->owner != this) {
+        return usbBusy;
+    }
     host_->owner = this;
     return usbSuccess;
 }
@@ -60,8 +80,12 @@ UsbResult SimulatedHandle::releaseInterface(int interface) {
     const Lock lock(host_->mutex);
     const UsbResult reached = reach(interface);
     const bool owned = host_->owner == this;
-    if (owned && interface == pedalInterface) host_->owner = nullptr;
-    if (reached != usbSuccess) return reached;
+    if (owned && interface == pedalInterface) {
+        host_->owner = nullptr;
+    }
+    if (reached != usbSuccess) {
+        return reached;
+    }
     return owned ? usbSuccess : usbNotFound;
 }
 
@@ -69,7 +93,9 @@ int SimulatedHandle::control(std::uint8_t requestType, std::uint8_t request, std
                              std::uint16_t index, std::span<std::uint8_t> reply) {
     {
         const Lock lock(host_->mutex);
-        if (device_->gone) return usbNoDevice;
+        if (device_->gone) {
+            return usbNoDevice;
+        }
     }
     const SetupPacket setup{requestType, request, value, index, static_cast<std::uint16_t>(reply.size())};
     std::size_t transferred = 0;
@@ -83,7 +109,9 @@ UsbResult SimulatedHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t>
     {
         const Lock lock(host_->mutex);
         const UsbResult reached = reachPipe(endpoint == pedalBulkIn);
-        if (reached != usbSuccess) return reached;
+        if (reached != usbSuccess) {
+            return reached;
+        }
     }
     return carryOut([&] { return host_->pedal.bulkIn(into); }, transferred);
 }
@@ -94,7 +122,9 @@ UsbResult SimulatedHandle::bulkOut(std::uint8_t endpoint, std::span<const std::u
     {
         const Lock lock(host_->mutex);
         const UsbResult reached = reachPipe(endpoint == pedalBulkOut);
-        if (reached != usbSuccess) return reached;
+        if (reached != usbSuccess) {
+            return reached;
+        }
     }
     return carryOut([&] { return host_->pedal.bulkOut(from); }, transferred);
 }
@@ -102,7 +132,9 @@ UsbResult SimulatedHandle::bulkOut(std::uint8_t endpoint, std::span<const std::u
 UsbResult SimulatedHandle::reset() {
     {
         const Lock lock(host_->mutex);
-        if (device_->gone) return usbNoDevice;
+        if (device_->gone) {
+            return usbNoDevice;
+        }
     }
     host_->pedal.reset();
     return usbSuccess;

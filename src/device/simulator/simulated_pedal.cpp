@@ -35,7 +35,9 @@ SimulatedPedal::SimulatedPedal(Executor& executor, Start start)
     life_ = std::make_shared<Life>();
     life_->pedal = this;
     for (std::size_t i = 0; i < loopSlots; ++i) {
-        if (start.memory.at(i)) loops_.at(i) = std::make_shared<StoredLoop>(std::move(*start.memory.at(i)));
+        if (start.memory.at(i)) {
+            loops_.at(i) = std::make_shared<StoredLoop>(std::move(*start.memory.at(i)));
+        }
     }
 }
 
@@ -46,32 +48,44 @@ SimulatedPedal::~SimulatedPedal() {
 
 TransferResult SimulatedPedal::control(const SetupPacket& setup, std::span<std::uint8_t> reply) {
     Lock lock(mutex_);
-    if (!onBus_) return {TransferStatus::gone, 0};
+    if (!onBus_) {
+        return {TransferStatus::gone, 0};
+    }
     const WireEvent event{
         WireEvent::Kind::control, setup.requestType, setup.value, setup.index, setup.length, 0,
         executor_.now()};
     const bool fresh = journal_.begin(event);
-    if (fresh) inspect(setup);
+    if (fresh) {
+        inspect(setup);
+    }
     return carryOut(lock, event, fresh, [&](auto fault) { return command(setup, reply, fault); });
 }
 
 TransferResult SimulatedPedal::bulkIn(std::span<std::uint8_t> into) {
     Lock lock(mutex_);
-    if (!onBus_) return {TransferStatus::gone, 0};
+    if (!onBus_) {
+        return {TransferStatus::gone, 0};
+    }
     const WireEvent event = bulkEvent(WireEvent::Kind::bulkIn, into.size(), executor_.now());
     const bool fresh = journal_.begin(event);
     return carryOut(lock, event, fresh, [&](auto fault) {
         const auto wanted = fault == FaultKind::shorten ? into.first(into.size() / 2) : into;
-        if (import_) inspectPiece(into.size(), import_->total - import_->sent);
+        if (import_) {
+            inspectPiece(into.size(), import_->total - import_->sent);
+        }
         const TransferResult result = sendAudio(wanted);
-        if (fault != FaultKind::overrun || result.status != TransferStatus::done) return result;
+        if (fault != FaultKind::overrun || result.status != TransferStatus::done) {
+            return result;
+        }
         return TransferResult{TransferStatus::overrun, into.size() + 64};
     });
 }
 
 TransferResult SimulatedPedal::bulkOut(std::span<const std::uint8_t> from) {
     Lock lock(mutex_);
-    if (!onBus_) return {TransferStatus::gone, 0};
+    if (!onBus_) {
+        return {TransferStatus::gone, 0};
+    }
     const WireEvent event = bulkEvent(WireEvent::Kind::bulkOut, from.size(), executor_.now());
     const bool fresh = journal_.begin(event);
     return carryOut(lock, event, fresh, [&](auto fault) { return receive(from, fault); });
@@ -79,7 +93,9 @@ TransferResult SimulatedPedal::bulkOut(std::span<const std::uint8_t> from) {
 
 void SimulatedPedal::reset() {
     Lock lock(mutex_);
-    if (!onBus_) return;
+    if (!onBus_) {
+        return;
+    }
     dropStreams();
     loader_.drop();
     silent_ = false;
@@ -91,8 +107,12 @@ void SimulatedPedal::reset() {
 TransferResult SimulatedPedal::carryOut(Lock& lock, const WireEvent& event, bool fresh,
                                         const Transfer& transfer) {
     std::optional<FaultKind> fault;
-    if (fresh && !silent_) fault = faults_.next(place(event.kind), event.code);
-    if (fault == FaultKind::silence) silent_ = true;
+    if (fresh && !silent_) {
+        fault = faults_.next(place(event.kind), event.code);
+    }
+    if (fault == FaultKind::silence) {
+        silent_ = true;
+    }
 
     TransferResult result{TransferStatus::pending, 0};
     if (fault == FaultKind::stall || fault == FaultKind::unplug) {
@@ -110,19 +130,27 @@ TransferResult SimulatedPedal::suffer(FaultKind fault, WireEvent::Kind kind) {
         leaveBus();
         return {TransferStatus::gone, 0};
     }
-    if (kind == WireEvent::Kind::control) journal_.excuse(true);
+    if (kind == WireEvent::Kind::control) {
+        journal_.excuse(true);
+    }
     return {TransferStatus::stalled, 0};
 }
 
 void SimulatedPedal::announceNews(Lock& lock) {
-    if (news_.empty()) return;
+    if (news_.empty()) {
+        return;
+    }
     const std::vector<News> news = std::exchange(news_, {});
     const Listener listener = listener_;
     const MemoryListener memoryListener = memoryListener_;
     lock.unlock();
     for (const News& item : news) {
-        if (item.bus && listener) listener(*item.bus);
-        if (!item.bus && memoryListener) memoryListener(item.address, item.loop.get());
+        if (item.bus && listener) {
+            listener(*item.bus);
+        }
+        if (!item.bus && memoryListener) {
+            memoryListener(item.address, item.loop.get());
+        }
     }
 }
 

@@ -77,7 +77,6 @@ class SimulatedPedal {
     ~SimulatedPedal();
 
     // --- the wire
-    // ---------------------------------------------------------------------------------------------
 
     /// `reply` has wLength bytes. For a pending transfer call again with the same arguments: that counts as
     /// the same transfer, in the journal and for planned faults.
@@ -88,7 +87,6 @@ class SimulatedPedal {
     void reset();
 
     // --- the cable
-    // --------------------------------------------------------------------------------------------
 
     bool isPlugged() const;
     /// Puts the pedal on the bus, or takes it off; nothing happens when it is already so, but that unplugging
@@ -99,7 +97,6 @@ class SimulatedPedal {
     void setListener(Listener listener);
 
     // --- what a test or a person does to the pedal
-    // -------------------------------------------------------------
 
     PedalMemory memory() const;
     void setLoop(std::uint8_t address, std::optional<StoredLoop> loop);
@@ -116,7 +113,6 @@ class SimulatedPedal {
     void setReturns(bool returns);
 
     // --- what happened
-    // ----------------------------------------------------------------------------------------
 
     std::vector<WireEvent> journal() const;
     void clearJournal();

@@ -21,7 +21,9 @@ bool matches(const HotplugFilter& filter) {
 
 void SimulatedPort::Host::hear(BusChange change) {
     const Lock lock(mutex);
-    if (change != BusChange::arrived) ++interruptions;
+    if (change != BusChange::arrived) {
+        ++interruptions;
+    }
     if (change == BusChange::arrived) {
         device = std::make_shared<SimulatedDevice>();
         changes.push_back({device, HotplugEvent::arrived, ++lastChange});
@@ -36,7 +38,9 @@ void SimulatedPort::Host::hear(BusChange change) {
 SimulatedPort::SimulatedPort(Executor& executor, SimulatedPedal& pedal)
     : host_(std::make_shared<Host>(executor, pedal)) {
     pedal.setListener([host = host_](BusChange change) { host->hear(change); });
-    if (pedal.isPlugged()) host_->device = std::make_shared<SimulatedDevice>();
+    if (pedal.isPlugged()) {
+        host_->device = std::make_shared<SimulatedDevice>();
+    }
 }
 
 SimulatedPort::~SimulatedPort() {
@@ -49,16 +53,24 @@ UsbResult SimulatedPort::initialize() {
 
 UsbResult SimulatedPort::registerHotplug(HotplugEvent event, const HotplugFilter& filter,
                                          HotplugCallback callback) {
-    if (!callback) return usbInvalid;
-    if (!matches(filter)) return usbSuccess;
+    if (!callback) {
+        return usbInvalid;
+    }
+    if (!matches(filter)) {
+        return usbSuccess;
+    }
     UsbDevicePointer present;
     std::uint64_t heardOf = 0;
     {
         const Host::Lock lock(host_->mutex);
-        if (event == HotplugEvent::arrived && filter.enumerate) present = host_->device;
+        if (event == HotplugEvent::arrived && filter.enumerate) {
+            present = host_->device;
+        }
         heardOf = host_->lastChange;
     }
-    if (present && callback(present, event) != 0) return usbSuccess;
+    if (present && callback(present, event) != 0) {
+        return usbSuccess;
+    }
     const Host::Lock lock(host_->mutex);
     host_->registrations.push_back({event, heardOf, std::move(callback)});
     return usbSuccess;
@@ -74,7 +86,9 @@ UsbResult SimulatedPort::handleEvents() {
     lock.unlock();
 
     std::erase_if(staying, [&change](const Host::Registration& registration) {
-        if (registration.event != change.event || registration.heardOf >= change.number) return false;
+        if (registration.event != change.event || registration.heardOf >= change.number) {
+            return false;
+        }
         return registration.callback(change.device, change.event) != 0;
     });
 
@@ -88,8 +102,12 @@ std::unique_ptr<UsbHandle> SimulatedPort::open(const UsbDevicePointer& device, U
     const Host::Lock lock(host_->mutex);
     auto simulated = std::dynamic_pointer_cast<SimulatedDevice>(device);
     result = host_->openResult;
-    if (result == usbSuccess && (!simulated || simulated->gone)) result = usbNoDevice;
-    if (result != usbSuccess) return nullptr;
+    if (result == usbSuccess && (!simulated || simulated->gone)) {
+        result = usbNoDevice;
+    }
+    if (result != usbSuccess) {
+        return nullptr;
+    }
     ++host_->openHandles;
     return std::make_unique<SimulatedHandle>(host_, std::move(simulated));
 }

@@ -27,7 +27,6 @@ class SimulatedPort : public UsbPort {
     std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) override;
 
     // --- what the host system does with the pedal
-    // --------------------------------------------------------------
 
     /// The result of opening from now on, such as usbAccess.
     void setOpenResult(UsbResult result);

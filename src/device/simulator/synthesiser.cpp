@@ -78,8 +78,9 @@ Frame frameAt(const Beat& beat, double t, double length, Noise& noise) {
 void append(Bytes& audio, double value) {
     const auto sample = static_cast<std::int32_t>(std::lround(std::clamp(value, -1.0, 1.0) * fullScale));
     const auto bits = static_cast<std::uint32_t>(sample);
-    for (unsigned shift = 0; shift < 24; shift += 8)
+    for (unsigned shift = 0; shift < 24; shift += 8) {
         audio.push_back(static_cast<std::uint8_t>(bits >> shift));
+    }
 }
 
 }  // namespace

@@ -28,9 +28,13 @@ void WireJournal::end(std::size_t transferred, bool pending) {
     if (current_ >= forgotten_) {
         events_.at(current_ - forgotten_).transferred = static_cast<std::uint32_t>(transferred);
     }
-    if (pending) return;
+    if (pending) {
+        return;
+    }
     for (auto& number : pending_) {
-        if (number == current_) number.reset();
+        if (number == current_) {
+            number.reset();
+        }
     }
 }
 
@@ -44,12 +48,16 @@ void WireJournal::note(WireEvent::Kind kind, Executor::TimePoint time) {
 }
 
 void WireJournal::violation(std::string_view sentence) {
-    if (askedAgain_) return;
+    if (askedAgain_) {
+        return;
+    }
     violations_.push_back("event " + std::to_string(current_ + 1) + ": " + std::string(sentence));
 }
 
 void WireJournal::outOfOrder(std::string_view sentence) {
-    if (!excused_) violation(sentence);
+    if (!excused_) {
+        violation(sentence);
+    }
 }
 
 void WireJournal::clear() {
