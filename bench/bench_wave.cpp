@@ -13,8 +13,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Ten seconds and ten minutes of loop: within the caches of no machine, and a large share of the pedal's
-/// memory.
+/// Bytes of loop: a usual phrase, and a large share of the pedal's memory.
 constexpr std::int64_t tenSeconds = 2'646'000;
 constexpr std::int64_t tenMinutes = 60 * tenSeconds;
 

@@ -103,7 +103,7 @@ TEST(Wave, OrderAndCountOfSubchunks) {
 }
 
 TEST(Wave, EveryBitOfThePreambleAndTheFormatCounts) {
-    for (std::size_t bit = 0; bit < 8 * 12; ++bit) {
+    for (std::size_t bit = 0; bit < 96; ++bit) {
         Bytes file = riff(fmt + six);
         file[bit / 8] ^= static_cast<std::uint8_t>(1U << bit % 8);
         EXPECT_FALSE(isWave(file)) << "bit " << bit;
