@@ -40,7 +40,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     enum Operation : std::int32_t { idle = 0, flashing = 1, importingOrErasing = 2, exporting = 3 };
 
     // --- the class: start-up, hot-plug, polling
-    // ---------------------------------------------------------------
 
     /// Once, before everything else: takes the environment and initialises USB.
     static void load(DeviceEnvironment environment);
@@ -65,7 +64,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     void refresh();
 
     // --- acquisition
-    // ------------------------------------------------------------------------------------------
 
     /// Opens `device`, or the first pedal on the bus when it is null, and claims its interface.
     bool core(const UsbDevicePointer& device);
@@ -75,7 +73,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::shared_ptr<UsbHandle> core() const;
 
     // --- requests: nothing, or false, without a pedal
-    // ---------------------------------------------------------
 
     /// Sends a command and returns its reply, zero-filled where the pedal sent nothing: a failed transfer
     /// reads as a reply of zeros.
@@ -93,7 +90,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     void abortBulkTransfer(std::uint8_t endpoint, bool clearPipeStall);
 
     // --- status
-    // -----------------------------------------------------------------------------------------------
 
     std::optional<Status> status(bool full);
     std::uint32_t remaining();
@@ -128,7 +124,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Failure lastFailure() const { return lastFailure_; }
 
     // --- transfers
-    // --------------------------------------------------------------------------------------------
 
     /// Bytes that came (one read) or the running total of the batch, and the slot.
     using ImportProgress = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
