@@ -20,8 +20,9 @@ constexpr std::int64_t tenMinutes = 60 * tenSeconds;
 kzq::Bytes samplesOf(std::int64_t size) {
     kzq::Bytes samples(static_cast<std::size_t>(size));
     std::uint32_t noise = 1;
-    for (auto& byte : samples)
+    for (auto& byte : samples) {
         byte = static_cast<std::uint8_t>((noise = noise * 1664525U + 1013904223U) >> 24U);
+    }
     return samples;
 }
 
@@ -62,13 +63,17 @@ void benchWave(benchmark::State& state) {
 
 void benchLpcm(benchmark::State& state) {
     const auto file = kzq::wave(samplesOf(state.range(0)), 2);
-    if (!file) return state.SkipWithError("no memory");
+    if (!file) {
+        return state.SkipWithError("no memory");
+    }
     againstMemcpy(state, *file, [&] { benchmark::DoNotOptimize(kzq::lpcm(*file)); });
 }
 
 void benchIsWave(benchmark::State& state) {
     const auto file = kzq::wave(samplesOf(state.range(0)), 2);
-    if (!file) return state.SkipWithError("no memory");
+    if (!file) {
+        return state.SkipWithError("no memory");
+    }
     againstMemcpy(state, *file, [&] { benchmark::DoNotOptimize(kzq::isWave(*file)); });
 }
 

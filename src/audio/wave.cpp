@@ -46,7 +46,9 @@ ByteRange firstSubchunk(ByteView data) {
 
 /// Whether the "fmt " chunk at `chunk` describes the pedal's format with `channels` channels.
 bool isPerfectFormat(ByteView data, const ByteRange& chunk, std::uint32_t channels) {
-    if (chunk.length != chunkHeadSize + fmtBodySize) return false;
+    if (chunk.length != chunkHeadSize + fmtBodySize) {
+        return false;
+    }
     const ByteView body = data.subspan(chunk.location + chunkHeadSize, fmtBodySize);
     return loadU16(body, 0) == pcmTag && loadU16(body, 2) == channels && loadU32(body, 4) == waveSampleRate &&
            loadU16(body, 14) == waveBitsPerSample && loadU32(body, 8) == byteRate(channels) &&
@@ -72,19 +74,31 @@ void storeHeader(std::span<std::uint8_t, waveHeaderSize> header, std::uint32_t s
 }  // namespace
 
 ByteRange rangeOfWaveChunk(ByteView data) {
-    if (data.size() < preambleSize) return {};
-    if (loadU32(data, 0) != riffTag || loadU32(data, 8) != waveTag) return {};
-    if (data.size() != loadU32(data, 4) + chunkHeadSize) return {};
+    if (data.size() < preambleSize) {
+        return {};
+    }
+    if (loadU32(data, 0) != riffTag || loadU32(data, 8) != waveTag) {
+        return {};
+    }
+    if (data.size() != loadU32(data, 4) + chunkHeadSize) {
+        return {};
+    }
     return {0, preambleSize};
 }
 
 ByteRange rangeOfSubchunkAtOffset(ByteView data, std::uint64_t offset) {
-    if (!holdsField(data.size(), offset, chunkHeadSize)) return {};
+    if (!holdsField(data.size(), offset, chunkHeadSize)) {
+        return {};
+    }
     const bool printable =
         std::ranges::all_of(data.subspan(offset, 4), [](auto byte) { return byte >= 0x20 && byte <= 0x7E; });
-    if (!printable) return {};
+    if (!printable) {
+        return {};
+    }
     const std::uint64_t length = loadU32(data, offset + 4) + chunkHeadSize;
-    if (!holdsField(data.size(), offset, length)) return {};
+    if (!holdsField(data.size(), offset, length)) {
+        return {};
+    }
     return {offset, length};
 }
 
@@ -95,32 +109,44 @@ bool isWave(ByteView data) {
         const std::uint32_t tag = tagOf(data, chunk);
         fmtSeen = fmtSeen || tag == fmtTag;
         dataSeen = dataSeen || tag == dataTag;
-        if (fmtSeen && dataSeen) return true;
+        if (fmtSeen && dataSeen) {
+            return true;
+        }
     }
     return false;
 }
 
 bool isPerfectWave(ByteView data, std::uint32_t channels) {
-    if (!isWave(data)) return false;
+    if (!isWave(data)) {
+        return false;
+    }
     bool fmtFound = false;
     bool dataFound = false;
     for (auto chunk = firstSubchunk(data); chunk.length != 0; chunk = subchunkAfter(data, chunk)) {
         const std::uint32_t tag = tagOf(data, chunk);
         if (tag == dataTag) {
             // A second body ahead of the format would leave open which of them counts.
-            if (dataFound) return false;
+            if (dataFound) {
+                return false;
+            }
             dataFound = true;
         } else if (tag == fmtTag) {
-            if (fmtFound || !isPerfectFormat(data, chunk, channels)) return false;
+            if (fmtFound || !isPerfectFormat(data, chunk, channels)) {
+                return false;
+            }
             fmtFound = true;
         }
-        if (fmtFound && dataFound) return true;
+        if (fmtFound && dataFound) {
+            return true;
+        }
     }
     return false;
 }
 
 std::optional<Bytes> wave(ByteView samples, std::uint32_t channels) {
-    if (samples.size() > mostSampleBytes) return std::nullopt;
+    if (samples.size() > mostSampleBytes) {
+        return std::nullopt;
+    }
     try {
         Bytes file;
         file.reserve(samples.size() + waveHeaderSize + spareCapacity);
@@ -136,9 +162,13 @@ std::optional<Bytes> wave(ByteView samples, std::uint32_t channels) {
 
 std::optional<Bytes> lpcm(ByteView data) {
     // Shorter than a canonical header, even a formal WAVE is passed on as it is.
-    if (!isWave(data) || data.size() < waveHeaderSize) return Bytes(data.begin(), data.end());
+    if (!isWave(data) || data.size() < waveHeaderSize) {
+        return Bytes(data.begin(), data.end());
+    }
     for (auto chunk = firstSubchunk(data); chunk.length != 0; chunk = subchunkAfter(data, chunk)) {
-        if (tagOf(data, chunk) != dataTag) continue;
+        if (tagOf(data, chunk) != dataTag) {
+            continue;
+        }
         const ByteView body = data.subspan(chunk.location + chunkHeadSize, chunk.length - chunkHeadSize);
         return Bytes(body.begin(), body.end());
     }

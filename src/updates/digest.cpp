@@ -7,7 +7,9 @@
 namespace kzq {
 
 std::optional<std::vector<std::uint8_t>> hash(std::span<const std::uint8_t> bytes, int algorithm) {
-    if (bytes.data() == nullptr) return std::nullopt;
+    if (bytes.data() == nullptr) {
+        return std::nullopt;
+    }
     const std::size_t counted = bytes.size() & std::numeric_limits<std::uint32_t>::max();
     const auto method = algorithm == 0 ? QCryptographicHash::Md5 : QCryptographicHash::Sha256;
     const QByteArrayView view(bytes.data(), static_cast<qsizetype>(counted));
@@ -27,7 +29,9 @@ std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> by
 
 std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes) {
     const auto digest = MD5(bytes);
-    if (!digest) return std::nullopt;
+    if (!digest) {
+        return std::nullopt;
+    }
     constexpr std::string_view digits = "0123456789abcdef";
     std::string text;
     for (const std::uint8_t byte : *digest) {

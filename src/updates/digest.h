@@ -8,8 +8,8 @@
 
 namespace kzq {
 
-// Digests of byte buffers; any thread. The raw digests are 16 bytes (MD5) and 32 bytes (SHA-256). A view without a
-// pointer (data() is null) has no digest. Lengths count modulo 2^32, far above any firmware image.
+// Digests of byte buffers; any thread. The raw digests are 16 bytes (MD5) and 32 bytes (SHA-256). A view
+// without a pointer (data() is null) has no digest. Lengths count modulo 2^32, far above any firmware image.
 
 /// `algorithm` 0 is MD5, anything else SHA-256.
 std::optional<std::vector<std::uint8_t>> hash(std::span<const std::uint8_t> bytes, int algorithm);

@@ -25,24 +25,36 @@ std::uint64_t wholeNumber(std::string_view digits) {
 
 FirmwareVersion FirmwareVersionFromString(std::string_view text) {
     const std::size_t point = text.find('.');
-    if (point == std::string_view::npos) return {};
+    if (point == std::string_view::npos) {
+        return {};
+    }
     const std::string_view major = text.substr(0, point);
     std::string_view minor = text.substr(point + 1);
     // The letter is read as a number, which it never is: it counts for nothing.
-    if (minor.size() == 3 && isLowerCaseLetter(minor.back())) minor.remove_suffix(1);
-    if (major.empty() || minor.size() != 2) return {};
-    if (!std::ranges::all_of(major, isDigit) || !std::ranges::all_of(minor, isDigit)) return {};
+    if (minor.size() == 3 && isLowerCaseLetter(minor.back())) {
+        minor.remove_suffix(1);
+    }
+    if (major.empty() || minor.size() != 2) {
+        return {};
+    }
+    if (!std::ranges::all_of(major, isDigit) || !std::ranges::all_of(minor, isDigit)) {
+        return {};
+    }
     return {wholeNumber(major), wholeNumber(minor), 0};
 }
 
 std::optional<double> numberWithString(std::string_view text) {
     // from_chars would also take exponents and the words for infinity and not-a-number.
     const bool plain = std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '-'; });
-    if (!plain) return std::nullopt;
+    if (!plain) {
+        return std::nullopt;
+    }
     double number = 0;
     const char* const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
-    if (result.ec != std::errc{} || result.ptr != end) return std::nullopt;
+    if (result.ec != std::errc{} || result.ptr != end) {
+        return std::nullopt;
+    }
     return number;
 }
 

@@ -19,7 +19,9 @@ std::size_t kzq::test::refusedAllocation() {
 // NOLINTBEGIN(*-no-malloc): the replacements stand on malloc, as the originals do
 void* operator new(std::size_t size) {
     void* const memory = size > mostAtOnce ? nullptr : std::malloc(size == 0 ? 1 : size);
-    if (memory != nullptr) return memory;
+    if (memory != nullptr) {
+        return memory;
+    }
     refused = size;
     throw std::bad_alloc();
 }

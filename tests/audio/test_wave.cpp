@@ -44,7 +44,9 @@ const std::string list = chunk("LIST", "odd");
 std::span<std::uint8_t> vastBuffer(std::size_t size) {
     void* const memory =
         mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-    if (memory == MAP_FAILED) throw std::bad_alloc();
+    if (memory == MAP_FAILED) {
+        throw std::bad_alloc();
+    }
     return {static_cast<std::uint8_t*>(memory), size};
 }
 
@@ -137,7 +139,9 @@ TEST(Wave, CutOrLengthenedFilesAreNoWave) {
         EXPECT_EQ(rangeOfWaveChunk(cut), ByteRange{}) << size;
         EXPECT_EQ(rangeOfSubchunkAtOffset(cut, 23).length, size < 37 ? 0 : 14) << size;
         EXPECT_EQ(lpcm(cut), cut) << size;
-        if (size < 13) continue;
+        if (size < 13) {
+            continue;
+        }
         // The same cut with an honest RIFF size: the last sub-chunk now runs past the end.
         Bytes honest = cut;
         storeU32(honest, 4, static_cast<std::uint32_t>(size - 8));

@@ -15,7 +15,9 @@ using kzq::Bytes;
 using kzq::ByteView;
 
 void require(bool holds, const char* what) {
-    if (holds) return;
+    if (holds) {
+        return;
+    }
     std::fprintf(stderr, "broken: %s\n", what);
     std::abort();
 }
@@ -31,21 +33,33 @@ struct Reading {
 
 std::uint64_t sizeField(std::string_view rest) {
     std::uint64_t size = 0;
-    for (std::size_t i = 4; i > 0; --i) size = size * 256 + static_cast<unsigned char>(rest[3 + i]);
+    for (std::size_t i = 4; i > 0; --i) {
+        size = size * 256 + static_cast<unsigned char>(rest[3 + i]);
+    }
     return size;
 }
 
 Reading readNaively(std::string_view rest) {
     Reading reading;
-    if (rest.size() < 12 || !rest.starts_with("RIFF") || rest.substr(8, 4) != "WAVE") return reading;
-    if (sizeField(rest) + 8 != rest.size()) return reading;
+    if (rest.size() < 12 || !rest.starts_with("RIFF") || rest.substr(8, 4) != "WAVE") {
+        return reading;
+    }
+    if (sizeField(rest) + 8 != rest.size()) {
+        return reading;
+    }
     rest.remove_prefix(12);
     while (rest.size() >= 8 && !reading.isWave()) {
         const auto id = rest.substr(0, 4);
-        if (std::any_of(id.begin(), id.end(), [](char c) { return c < ' ' || c > '~'; })) break;
+        if (std::any_of(id.begin(), id.end(), [](char c) { return c < ' ' || c > '~'; })) {
+            break;
+        }
         const std::uint64_t size = sizeField(rest);
-        if (size > rest.size() - 8) break;
-        if (id == "data" && !reading.hasData) reading.samples = rest.substr(8, size);
+        if (size > rest.size() - 8) {
+            break;
+        }
+        if (id == "data" && !reading.hasData) {
+            reading.samples = rest.substr(8, size);
+        }
         reading.hasFormat = reading.hasFormat || id == "fmt ";
         reading.hasData = reading.hasData || id == "data";
         rest.remove_prefix(8 + size);
@@ -109,12 +123,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t siz
     const ByteView data(input, size);
     checkReading(data);
     checkReading(withPreamble(data));
-    if (size < 8) return 0;
+    if (size < 8) {
+        return 0;
+    }
     const std::uint64_t high = kzq::loadU32(data, 4);
     const std::uint64_t offset = high << 32U | kzq::loadU32(data, 0);
     const ByteView rest = data.subspan(8);
-    checkRange(rest, offset);
-    checkRange(rest, offset % (rest.size() + 1));
+    checkRange(data, offset);
+    checkRange(data, offset % (size + 1));
+    checkRange(data, 0 - offset % 16);
     checkRoundTrip(rest, kzq::loadU32(data, 0));
     return 0;
 }
