@@ -35,7 +35,9 @@ class Descriptor {
         return *this;
     }
     ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
+        if (number_ >= 0) {
+            ::close(number_);
+        }
     }
 
     explicit operator bool() const { return number_ >= 0; }
@@ -54,7 +56,9 @@ struct Draft {
     Draft(Draft&&) = delete;
     Draft& operator=(Draft&&) = delete;
     ~Draft() {
-        if (!name.empty()) ::unlinkat(folder, name.c_str(), 0);
+        if (!name.empty()) {
+            ::unlinkat(folder, name.c_str(), 0);
+        }
     }
 
     int folder;
@@ -64,7 +68,9 @@ struct Draft {
 
 std::string hiddenName() {
     std::array<std::uint8_t, 8> noise{};
-    if (::getrandom(noise.data(), noise.size(), GRND_NONBLOCK) < 0) noise.fill(0);
+    if (::getrandom(noise.data(), noise.size(), GRND_NONBLOCK) < 0) {
+        noise.fill(0);
+    }
     std::string name = ".kzq7306-" + std::to_string(::getpid()) + "-";
     for (const std::uint8_t byte : noise) {
         constexpr std::string_view digits = "0123456789abcdef";
@@ -85,7 +91,9 @@ int openNamed(Draft& draft) {
             draft.name = name;
             return 0;
         }
-        if (errno != EEXIST && errno != EINTR) return errno;
+        if (errno != EEXIST && errno != EINTR) {
+            return errno;
+        }
     }
     return EEXIST;
 }
@@ -93,7 +101,9 @@ int openNamed(Draft& draft) {
 int openDraft(Draft& draft, NewFileRoad& road) {
     if (road == NewFileRoad::unnamed) {
         draft.file = Descriptor(::openat(draft.folder, ".", O_TMPFILE | O_WRONLY | O_CLOEXEC, newFileMode));
-        if (draft.file) return 0;
+        if (draft.file) {
+            return 0;
+        }
         // What a file system without such files answers is not settled, so any failure leads to the next
         // road; a real one (no permission, no space) shows there again.
         road = NewFileRoad::renameNoReplace;
@@ -104,9 +114,15 @@ int openDraft(Draft& draft, NewFileRoad& road) {
 int writeAll(int file, std::span<const std::uint8_t> bytes) {
     while (!bytes.empty()) {
         const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) return errno;
-        if (written == 0) return EIO;
-        if (written > 0) bytes = bytes.subspan(static_cast<std::size_t>(written));
+        if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        if (written == 0) {
+            return EIO;
+        }
+        if (written > 0) {
+            bytes = bytes.subspan(static_cast<std::size_t>(written));
+        }
     }
     return 0;
 }
@@ -135,7 +151,9 @@ int renameNoReplace(Draft& draft, const std::string& name) {
 int renameOverReserved(Draft& draft, const std::string& name) {
     const Descriptor reserved(::openat(draft.folder, name.c_str(),
                                        O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC | O_NOFOLLOW, newFileMode));
-    if (!reserved) return errno;
+    if (!reserved) {
+        return errno;
+    }
     if (::renameat(draft.folder, draft.name.c_str(), draft.folder, name.c_str()) != 0) {
         const int error = errno;
         ::unlinkat(draft.folder, name.c_str(), 0);
@@ -177,7 +195,9 @@ int putIntoPlace(Draft& draft, std::string_view name, std::string_view extension
             road = road == NewFileRoad::renameNoReplace ? NewFileRoad::link : NewFileRoad::reserve;
             error = give(draft, placed, road);
         }
-        if (error != EEXIST) return error;
+        if (error != EEXIST) {
+            return error;
+        }
     }
     return EEXIST;
 }
@@ -186,7 +206,9 @@ int putIntoPlace(Draft& draft, std::string_view name, std::string_view extension
 void syncFolder(int folder) {
     const Descriptor readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const int error = readable ? syncFile(readable.get()) : errno;
-    if (error == 0 || error == EINVAL) return;
+    if (error == 0 || error == EINVAL) {
+        return;
+    }
     log(LogCategory::files, "folder not synced: " + std::generic_category().message(error));
 }
 
@@ -198,9 +220,15 @@ NewFile failed(int error, const char* step) {
 NewFile write(int folderDescriptor, const std::filesystem::path& folder, std::string_view name,
               std::string_view extension, std::span<const std::uint8_t> bytes, NewFileRoad road) {
     Draft draft(folderDescriptor);
-    if (const int error = openDraft(draft, road)) return failed(error, "create");
-    if (const int error = writeAll(draft.file.get(), bytes)) return failed(error, "write");
-    if (const int error = syncFile(draft.file.get())) return failed(error, "sync");
+    if (const int error = openDraft(draft, road)) {
+        return failed(error, "create");
+    }
+    if (const int error = writeAll(draft.file.get(), bytes)) {
+        return failed(error, "write");
+    }
+    if (const int error = syncFile(draft.file.get())) {
+        return failed(error, "sync");
+    }
     std::string placed;
     if (const int error = putIntoPlace(draft, name, extension, road, placed)) {
         return failed(error, placing);
@@ -218,11 +246,17 @@ std::string fileNameComponent(std::string_view name, std::size_t reserved) {
     std::string component(name);
     std::replace_if(
         component.begin(), component.end(), [](char c) { return c == '/' || c == '\0'; }, '-');
-    if (component.empty() || component == "." || component == "..") component.insert(0, "-");
+    if (component.empty() || component == "." || component == "..") {
+        component.insert(0, "-");
+    }
     const std::size_t room = longestFileName - std::min(reserved, longestFileName - 1);
-    if (component.size() <= room) return component;
+    if (component.size() <= room) {
+        return component;
+    }
     std::size_t end = room;
-    while (end > 0 && isContinuation(component[end])) --end;
+    while (end > 0 && isContinuation(component[end])) {
+        --end;
+    }
     component.resize(end);
     return component;
 }
@@ -230,12 +264,16 @@ std::string fileNameComponent(std::string_view name, std::size_t reserved) {
 NewFile writeNewFile(const std::filesystem::path& folder, std::string_view name, std::string_view extension,
                      std::span<const std::uint8_t> bytes, NewFileRoad first) {
     const Descriptor opened(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!opened) return failed(errno, "create");
+    if (!opened) {
+        return failed(errno, "create");
+    }
     NewFile result = write(opened.get(), folder, name, extension, bytes, first);
     if (first == NewFileRoad::unnamed && result.step == placing && result.error != EEXIST) {
         result = write(opened.get(), folder, name, extension, bytes, NewFileRoad::renameNoReplace);
     }
-    if (result) syncFolder(opened.get());
+    if (result) {
+        syncFolder(opened.get());
+    }
     return result;
 }
 

@@ -23,16 +23,18 @@ std::vector<std::uint8_t> bytesOf(std::string_view text) {
 
 /// A fresh folder that goes away with the test.
 class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
-  protected:
-    NewFileTest() {
-        std::string pattern = std::filesystem::temp_directory_path() / "new_file_test_XXXXXX";
-        folder_ = ::mkdtemp(pattern.data());
-    }
+  public:
     NewFileTest(const NewFileTest&) = delete;
     NewFileTest& operator=(const NewFileTest&) = delete;
     NewFileTest(NewFileTest&&) = delete;
     NewFileTest& operator=(NewFileTest&&) = delete;
     ~NewFileTest() override { std::filesystem::remove_all(folder_); }
+
+  protected:
+    NewFileTest() {
+        std::string pattern = std::filesystem::temp_directory_path() / "new_file_test_XXXXXX";
+        folder_ = ::mkdtemp(pattern.data());
+    }
 
     std::set<std::string> names() const {
         std::set<std::string> found;
@@ -75,13 +77,19 @@ TEST_P(NewFileTest, manyWritersOfOneNameEachGetTheirOwnFile) {
             for (unsigned i = 0; i < each; ++i) {
                 const auto text = std::to_string(writer) + ":" + std::to_string(i);
                 const NewFile file = writeNewFile(folder_, "Loop 1", ".wav", bytesOf(text), GetParam());
-                if (file && contents(file.path.filename()) == text) paths.at(writer).insert(file.path);
+                if (file && contents(file.path.filename()) == text) {
+                    paths.at(writer).insert(file.path);
+                }
             }
         });
     }
-    for (auto& thread : threads) thread.join();
+    for (auto& thread : threads) {
+        thread.join();
+    }
     std::set<std::filesystem::path> all;
-    for (const auto& own : paths) all.insert(own.begin(), own.end());
+    for (const auto& own : paths) {
+        all.insert(own.begin(), own.end());
+    }
     EXPECT_EQ(all.size(), writers * each);
     EXPECT_EQ(names().size(), writers * each);
 }
@@ -121,7 +129,9 @@ TEST(FileNameComponent, staysInsideTheFolderAndFits) {
     EXPECT_EQ(fileNameComponent(std::string(252, 'x'), 4).size(), 251U);
     // 125 characters of two bytes: the one that would be cut in half goes.
     std::string umlauts;
-    for (int i = 0; i < 126; ++i) umlauts += "ä";
+    for (int i = 0; i < 126; ++i) {
+        umlauts += "ä";
+    }
     EXPECT_EQ(fileNameComponent(umlauts, 4).size(), 250U);
 }
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "ctl/environment.h"
+#include "ctl/options.h"
+#include "ctl/output.h"
+#include "ctl/sentences.h"
+#include "device/kzq7306.h"
+
+namespace kzq::ctl {
+
+/// What a subcommand works with.
+struct Context {
+    const Options& options;
+    Executor& executor;
+    Output& output;
+    /// Ends the program; only the first call counts. Main thread.
+    std::function<void(ExitCode)> finish;
+
+    /// Says it and ends the program.
+    void fail(const Explanation& explanation) const {
+        output.error(explanation.sentence);
+        finish(explanation.code);
+    }
+};
+
+/// One subcommand. All members are called on the main thread, and none of them waits for the pedal.
+class Command {
+  public:
+    Command() = default;
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+    Command(Command&&) = delete;
+    Command& operator=(Command&&) = delete;
+    virtual ~Command() = default;
+
+    /// What stands in the way before the pedal is touched.
+    virtual std::optional<Explanation> obstacle() { return std::nullopt; }
+    /// The pedal is there; called with the device lock held, at most once unless the command watches.
+    virtual void connected(const std::shared_ptr<KZQ7306>& looper) = 0;
+    virtual void disconnected() = 0;
+    virtual void changed(const Status& status) { static_cast<void>(status); }
+    /// The user wants to stop: ends the program soon. Called at most once.
+    virtual void cancel() = 0;
+};
+
+}  // namespace kzq::ctl

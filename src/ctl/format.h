@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "device/status.h"
+
+namespace kzq::ctl {
+
+/// Frames in the pedal's 24 minutes.
+inline constexpr std::uint64_t capacityFrames = 63'504'000;
+
+/// What the loops leave of the capacity, in frames; never below 0.
+std::uint64_t freeFrames(const Loops& loops);
+
+/// "m:ss.t", rounded down.
+std::string lengthText(std::uint64_t frames);
+/// "594 B", "12.3 kB", "2.1 MB".
+std::string sizeText(std::uint64_t bytes);
+/// "22 min 58 s", rounded down.
+std::string minutesText(std::uint64_t frames);
+/// "m:ss"
+std::string clockText(std::uint64_t seconds);
+/// `text` with everything but printable ASCII replaced by '?': for what the pedal says.
+std::string printable(std::string_view text);
+/// "1 loop", "3 loops".
+std::string loopsText(std::uint64_t count);
+
+}  // namespace kzq::ctl

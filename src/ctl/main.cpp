@@ -1,0 +1,135 @@
+#include <gnu/libc-version.h>
+#include <unistd.h>
+
+#include <charconv>
+#include <csignal>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "ctl/signals.h"
+#include "ctl/tool.h"
+#include "ctl/udev_rule.h"
+#include "device/libusb/libusb_port.h"
+#include "device/simulator/loop_folder.h"
+#include "device/simulator/simulated_port.h"
+#include "device/simulator/synthesiser.h"
+#include "platform/standard_executor.h"
+
+namespace {
+
+using namespace kzq;
+using ctl::ExitCode;
+
+/// A cancelled transfer may take two graces; this is more.
+constexpr auto longestEnd = std::chrono::seconds(6);
+
+int ended(ExitCode code) {
+    return static_cast<int>(code);
+}
+
+int complain(ExitCode code, const std::string& sentence) {
+    std::cerr << "kzq7306ctl: " << sentence << "\n";
+    return ended(code);
+}
+
+/// The minor number of the C library: "2.36" gives 36.
+std::uint64_t systemMinorVersion() {
+    const std::string_view version = gnu_get_libc_version();
+    const auto dot = version.find('.');
+    std::uint64_t minor = 0;
+    if (dot != std::string_view::npos) {
+        std::from_chars(version.data() + dot + 1, version.data() + version.size(), minor);
+    }
+    return minor;
+}
+
+/// The simulated pedal with its port.
+struct Simulation {
+    Simulation(Executor& executor, simulator::PedalMemory memory)
+        : pedal(executor, {.memory = std::move(memory)}), port(executor, pedal) {}
+
+    simulator::SimulatedPedal pedal;
+    simulator::SimulatedPort port;
+};
+
+/// Null, with `error` set, when the options do not describe one.
+std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& options, std::string& error) {
+    auto memory = simulator::demonstrationMemory();
+    if (!options.simulatedFolder.empty()) {
+        auto loaded = simulator::LoopFolder(options.simulatedFolder).load(error);
+        if (!loaded) {
+            return nullptr;
+        }
+        memory = std::move(*loaded);
+    }
+    auto simulation = std::make_unique<Simulation>(executor, std::move(memory));
+    for (const auto& text : options.faults) {
+        const auto fault = simulator::faultFromText(text);
+        if (!fault) {
+            error =
+                "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100.";
+            return nullptr;
+        }
+        simulation->pedal.plan(*fault);
+    }
+    simulation->pedal.plugIn();
+    return simulation;
+}
+
+/// Workers may be parked in a transfer that never ends, so the process does not wait for them.
+[[noreturn]] void leave(ExitCode code) {
+    std::cout.flush();
+    std::cerr.flush();
+    std::_Exit(ended(code));
+}
+
+int run(const ctl::Options& options, ctl::Signals& signals) {
+    StandardExecutor executor;
+    std::unique_ptr<Simulation> simulation;
+    std::unique_ptr<UsbPort> bus;
+    if (options.simulate) {
+        std::string error;
+        simulation = simulate(executor, options, error);
+        if (!simulation) {
+            return complain(ExitCode::usage, error);
+        }
+    } else {
+        bus = std::make_unique<LibusbPort>();
+    }
+    const ctl::Environment environment{
+        .executor = executor,
+        .usb = simulation ? static_cast<UsbPort&>(simulation->port) : *bus,
+        .out = std::cout,
+        .err = std::cerr,
+        .terminal = ::isatty(STDOUT_FILENO) == 1,
+        .systemMinorVersion = systemMinorVersion,
+        .ruleInstalled = [] { return ctl::udevRuleInstalled(ctl::udevRuleFolders()); },
+        .finished = leave};
+    ctl::Tool tool(options, environment);
+    signals.listen(
+        executor, [&tool] { tool.interrupt(); }, [] { std::_Exit(ended(ExitCode::cancelled)); }, longestEnd);
+    executor.main([&tool] { tool.start(); });
+    executor.run();
+    return ended(ExitCode::ok);  // not reached: the tool leaves
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    ctl::Signals signals;
+    std::signal(SIGPIPE,
+                SIG_IGN);  // a reader that has gone is a failed write, not a reason to leave a transfer
+    std::signal(SIGXFSZ, SIG_IGN);  // the same for a limit on the size of files
+    const auto parsed = ctl::parseOptions({argv + 1, argv + argc});
+    if (parsed.options) {
+        return run(*parsed.options, signals);
+    }
+    if (parsed.code != ExitCode::ok) {
+        return complain(parsed.code, parsed.text);
+    }
+    std::cout << parsed.text << std::flush;
+    return std::cout ? ended(ExitCode::ok) : complain(ExitCode::fileError, ctl::outputLost().sentence);
+}

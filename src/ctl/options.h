@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ctl/exit_codes.h"
+#include "platform/executor.h"
+
+namespace kzq::ctl {
+
+enum class Subcommand { list, import, watch };
+
+/// What the user asked for.
+struct Options {
+    Subcommand subcommand = Subcommand::list;
+    bool json = false;
+    bool verbose = false;
+    bool simulate = false;
+    std::filesystem::path simulatedFolder;  ///< empty: the simulated pedal's own loops
+    std::vector<std::string> faults;        ///< for the simulated pedal, as given
+    Executor::Duration wait{};              ///< for a pedal to arrive
+    Executor::Duration patience{};          ///< with a silent pedal; 0: for ever
+    bool all = false;                       ///< import: every loop
+    std::vector<std::uint8_t> slots;        ///< import: ascending
+    std::filesystem::path folder;           ///< import: where the files go
+};
+
+/// Either `options`, or what to print and the code to end with: `text` is the help or the version when `code`
+/// is ok, otherwise a sentence for standard error.
+struct ParsedOptions {
+    std::optional<Options> options;
+    ExitCode code = ExitCode::ok;
+    std::string text;
+};
+
+/// `arguments` without the program's name.
+ParsedOptions parseOptions(std::vector<std::string> arguments);
+
+}  // namespace kzq::ctl

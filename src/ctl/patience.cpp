@@ -1,0 +1,36 @@
+#include "ctl/patience.h"
+
+#include <utility>
+
+namespace kzq::ctl {
+
+Patience::Patience(Executor& executor, Executor::Duration limit, std::function<void()> lost)
+    : executor_(executor), limit_(limit), lost_(std::move(lost)), last_(Executor::Duration::zero()) {}
+
+void Patience::start() {
+    touch();
+    if (limit_ > Executor::Duration::zero()) {
+        check();
+    }
+}
+
+void Patience::touch() {
+    last_ = executor_.now().time_since_epoch();
+    suspended_ = false;
+}
+
+void Patience::check() {
+    if (stopped_) {
+        return;
+    }
+    const auto now = executor_.now().time_since_epoch();
+    const auto left = suspended_ ? limit_ : last_.load() + limit_ - now;
+    if (left > Executor::Duration::zero()) {
+        executor_.mainAfter(left, [self = shared_from_this()] { self->check(); });
+        return;
+    }
+    stopped_ = true;
+    lost_();
+}
+
+}  // namespace kzq::ctl

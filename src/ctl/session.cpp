@@ -1,0 +1,136 @@
+#include "ctl/session.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kzq::ctl {
+namespace {
+
+constexpr Executor::Duration timeBetweenLooks = std::chrono::milliseconds(200);
+
+}  // namespace
+
+Session::Session(const Environment& environment, Context context, std::shared_ptr<Command> command)
+    : environment_(environment),
+      context_(std::move(context)),
+      command_(std::move(command)),
+      watching_(context_.options.subcommand == Subcommand::watch) {}
+
+void Session::start() {
+    deadline_ = context_.executor.now() + context_.options.wait;
+    KZQ7306::initialize(shared_from_this());
+    if (!KZQ7306::looper()) {
+        context_.fail(systemVersionUnknown());
+        return;
+    }
+    guardArrival();
+    // A pedal that is already there has its turn in the main queue by now, so this task comes behind it.
+    context_.executor.main([self = shared_from_this()] { self->settle(); });
+}
+
+void Session::looperIsConnected(KZQ7306& looper) {
+    if (over_) {
+        return;
+    }
+    connected_ = true;
+    command_->connected(looper.shared_from_this());
+}
+
+void Session::looperHasBeenDisconnected() {
+    if (over_) {
+        return;
+    }
+    const bool was = connected_.exchange(false);
+    if (was) {
+        command_->disconnected();
+    }
+    if (was && watching_) {
+        guardArrival();
+        look();
+    }
+}
+
+void Session::looperInternalStateChanged(const Status& status) {
+    if (!over_) {
+        command_->changed(status);
+    }
+}
+
+void Session::settle() {
+    if (!waiting() || explainFailure()) {
+        return;
+    }
+    if (!watching_ && context_.options.wait == Executor::Duration::zero()) {
+        context_.fail(noPedalConnected());
+        return;
+    }
+    if (watching_ && seen_ == Failure::none) {
+        command_->disconnected();
+    }
+    look();
+}
+
+/// Waits for the pedal. Arrivals that work out are announced; those that do not are only seen by looking.
+void Session::look() {
+    if (!waiting()) {
+        return;
+    }
+    const auto left = watching_ ? timeBetweenLooks : deadline_ - context_.executor.now();
+    if (left <= Executor::Duration::zero()) {
+        context_.fail(noPedalConnected());
+        return;
+    }
+    context_.executor.mainAfter(std::min(left, timeBetweenLooks), [self = shared_from_this()] {
+        if (self->waiting() && !self->explainFailure()) {
+            self->look();
+        }
+    });
+}
+
+/// Says why a pedal that is there cannot be used. Whether that was the end of the program.
+bool Session::explainFailure() {
+    if (gaveUp_) {
+        context_.fail(pedalStoppedAnswering());
+        return true;
+    }
+    const auto failure = KZQ7306::looper()->lastFailure();
+    if (std::exchange(seen_, failure) == failure) {
+        return false;
+    }
+    const auto explanation = explainConnection(failure, environment_.ruleInstalled());
+    if (!explanation) {
+        return false;
+    }
+    if (watching_) {
+        context_.output.error(explanation->sentence);
+        return false;
+    }
+    context_.fail(*explanation);
+    return true;
+}
+
+/// The link asks an arriving pedal who it is on the main thread, so a silent pedal stops that one. Another
+/// thread notices that the main thread has no pulse, and resets the pedal.
+void Session::guardArrival() {
+    const auto patience = context_.options.patience;
+    if (patience == Executor::Duration::zero()) {
+        return;
+    }
+    context_.executor.background(Priority::standard, [self = shared_from_this(), patience] {
+        auto& executor = self->context_.executor;
+        while (self->waiting()) {
+            const unsigned before = self->mainThreadPulse_;
+            executor.main([self] { ++self->mainThreadPulse_; });
+            executor.sleep(patience);
+            if (!self->waiting() || self->mainThreadPulse_ != before) {
+                continue;
+            }
+            self->gaveUp_ = true;
+            if (const auto looper = KZQ7306::looper()) {
+                looper->interrupt();
+            }
+        }
+    });
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+
+#include "ctl/command.h"
+#include "ctl/environment.h"
+#include "device/kzq7306_delegate.h"
+
+namespace kzq::ctl {
+
+/// Gets hold of the pedal for a command: finds out whether it is connected, explains why it cannot be used,
+/// waits for it as long as the user wants, and hands the link's reports on. The link holds it weakly.
+class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Session> {
+  public:
+    /// `environment` and what `context` refers to outlive it.
+    Session(const Environment& environment, Context context, std::shared_ptr<Command> command);
+
+    /// Main thread; `KZQ7306::load` comes before.
+    void start();
+    /// Nothing is reported any more.
+    void end() { over_ = true; }
+
+    void looperIsConnected(KZQ7306& looper) override;
+    void looperHasBeenDisconnected() override;
+    void looperInternalStateChanged(const Status& status) override;
+
+  private:
+    void settle();
+    void look();
+    bool explainFailure();
+    void guardArrival();
+    bool waiting() const { return !over_ && !connected_; }
+
+    const Environment& environment_;
+    Context context_;
+    std::shared_ptr<Command> command_;
+    bool watching_;
+    Executor::TimePoint deadline_;
+    Failure seen_ = Failure::none;  ///< the failure that was there at the last look
+    std::atomic<bool> connected_ = false;
+    std::atomic<bool> over_ = false;
+    std::atomic<bool> gaveUp_ = false;  ///< the pedal did not answer while it was acquired
+    std::atomic<unsigned> mainThreadPulse_ = 0;
+};
+
+}  // namespace kzq::ctl

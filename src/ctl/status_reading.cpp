@@ -1,0 +1,27 @@
+#include "ctl/status_reading.h"
+
+#include <utility>
+
+#include "device/commands.h"
+
+namespace kzq::ctl {
+
+bool pedalAnswers(KZQ7306& looper) {
+    const auto reply = looper.control(command::stage);
+    return reply && static_cast<char>(reply->at(stageOffset)) != stageNone;
+}
+
+void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
+                std::function<void(const StatusReading&)> done) {
+    executor.background(Priority::high, [&executor, looper, done = std::move(done)] {
+        StatusReading reading;
+        reading.status = looper->status(true);
+        reading.answers = pedalAnswers(*looper);
+        if (!reading.answers) {
+            reading.status.reset();
+        }
+        executor.main([done, reading] { done(reading); });
+    });
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "device/kzq7306.h"
+
+namespace kzq::ctl {
+
+/// What came of asking the pedal what it holds.
+struct StatusReading {
+    std::optional<Status> status;
+    bool answers = false;  ///< the pedal still answered at the end
+};
+
+/// Reads the full status in the background; `done` runs on the main thread.
+void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
+                std::function<void(const StatusReading&)> done);
+
+/// Whether the pedal answers. A failed request reads as zeros, which no living pedal says to the stage query.
+/// Waits for the pedal; not for the main thread.
+bool pedalAnswers(KZQ7306& looper);
+
+}  // namespace kzq::ctl

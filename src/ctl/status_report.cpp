@@ -1,0 +1,86 @@
+#include "ctl/status_report.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "audio/wave.h"
+#include "ctl/format.h"
+
+namespace kzq::ctl {
+namespace {
+
+/// Slot and numbers to the right, so that they stand in columns.
+std::string row(const std::string& slot, const std::string& length, const std::string& size,
+                const std::string& tempo, const std::string& channel) {
+    constexpr std::size_t slotWidth = 4;
+    constexpr std::size_t numberWidth = 10;
+    const auto right = [](const std::string& text, std::size_t width) {
+        return std::string(width - std::min(width, text.size()), ' ') + text;
+    };
+    return right(slot, slotWidth) + right(length, numberWidth) + right(size, numberWidth) +
+           right(tempo, numberWidth) + right(channel, numberWidth);
+}
+
+nlohmann::json framesJson(std::uint64_t frames) {
+    return {{"samples", frames}, {"seconds", static_cast<double>(frames) / waveSampleRate}};
+}
+
+}  // namespace
+
+std::vector<std::string> statusTable(const Status& status) {
+    std::vector<std::string> lines;
+    if (!status.loops.empty()) {
+        lines.push_back(row("Slot", "Length", "Size", "Tempo", "Channel"));
+    }
+    for (const auto& [slot, loop] : status.loops) {
+        lines.push_back(row(std::to_string(slot), lengthText(loop.samples), sizeText(loop.bytes),
+                            std::to_string(loop.tempo), std::to_string(loop.channel)));
+    }
+    lines.push_back(statusSummary(status));
+    return lines;
+}
+
+std::string statusSummary(const Status& status) {
+    return "Firmware " + printable(status.version) + ", " + loopsText(status.loops.size()) + ", " +
+           minutesText(freeFrames(status.loops)) + " of 24 min free.";
+}
+
+std::vector<std::string> statusChanges(const Loops& before, const Loops& now) {
+    std::vector<std::string> lines;
+    for (const auto& [slot, loop] : before) {
+        if (!now.contains(slot)) {
+            lines.push_back("Loop " + std::to_string(slot) + ": erased.");
+        }
+    }
+    for (const auto& [slot, loop] : now) {
+        const auto old = before.find(slot);
+        if (old != before.end() && old->second == loop) {
+            continue;
+        }
+        lines.push_back("Loop " + std::to_string(slot) + (old == before.end() ? ": new, " : ": changed, ") +
+                        lengthText(loop.samples) + ", tempo " + std::to_string(loop.tempo) + ".");
+    }
+    return lines;
+}
+
+nlohmann::json statusJson(const Status& status) {
+    nlohmann::json loops = nlohmann::json::array();
+    for (const auto& [slot, loop] : status.loops) {
+        nlohmann::json entry = framesJson(loop.samples);
+        entry["slot"] = slot;
+        entry["bytes"] = loop.bytes;
+        entry["tempo"] = loop.tempo;
+        entry["channel"] = loop.channel;
+        loops.push_back(std::move(entry));
+    }
+    return {{"firmware", status.version},
+            {"loops", std::move(loops)},
+            {"free", framesJson(freeFrames(status.loops))},
+            {"capacity", framesJson(capacityFrames)}};
+}
+
+std::string jsonText(const nlohmann::json& value, bool indented) {
+    return value.dump(indented ? 2 : -1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+}  // namespace kzq::ctl

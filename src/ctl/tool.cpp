@@ -1,0 +1,74 @@
+#include "ctl/tool.h"
+
+#include <utility>
+
+#include "ctl/import_command.h"
+#include "ctl/list_command.h"
+#include "ctl/watch_command.h"
+#include "platform/log.h"
+
+namespace kzq::ctl {
+namespace {
+
+std::shared_ptr<Command> makeCommand(Context context) {
+    switch (context.options.subcommand) {
+        case Subcommand::list:
+            return std::make_shared<ListCommand>(std::move(context));
+        case Subcommand::import:
+            return std::make_shared<ImportCommand>(std::move(context));
+        case Subcommand::watch:
+            return std::make_shared<WatchCommand>(std::move(context));
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Tool::Tool(Options options, const Environment& environment)
+    : options_(std::move(options)),
+      environment_(environment),
+      output_(std::make_shared<Output>(environment.out, environment.err, environment.terminal)),
+      command_(makeCommand(context())),
+      session_(std::make_shared<Session>(environment, context(), command_)) {
+    setLogSink([output = output_, verbose = options_.verbose](LogCategory category, std::string_view line) {
+        if (verbose) {
+            output->log(std::string(logCategoryName(category)) + ": " + std::string(line));
+        }
+    });
+}
+
+void Tool::start() {
+    if (const auto obstacle = command_->obstacle()) {
+        context().fail(*obstacle);
+        return;
+    }
+    KZQ7306::load({environment_.executor, environment_.usb, environment_.systemMinorVersion});
+    session_->start();
+}
+
+void Tool::interrupt() {
+    if (std::exchange(interrupted_, true)) {
+        finish(ExitCode::cancelled);
+    } else if (!finished_) {
+        command_->cancel();
+    }
+}
+
+Context Tool::context() {
+    return {options_, environment_.executor, *output_, [this](ExitCode code) { finish(code); }};
+}
+
+void Tool::finish(ExitCode code) {
+    if (std::exchange(finished_, true)) {
+        return;
+    }
+    session_->end();
+    output_->endProgress();
+    if (!output_->flush() && code == ExitCode::ok) {
+        output_->error(outputLost().sentence);
+        code = outputLost().code;
+    }
+    environment_.finished(code);
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,64 @@
+#include "ctl/watch_command.h"
+
+#include <nlohmann/json.hpp>
+
+#include "ctl/status_report.h"
+
+namespace kzq::ctl {
+
+void WatchCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
+    present_ = true;
+    last_.reset();
+    if (looper->factoryBlank()) {
+        say("The pedal is connected. It runs only its loader and waits for firmware.", "loader");
+        return;
+    }
+    say("The pedal is connected.", "connected");
+    patience_ = std::make_shared<Patience>(context_.executor, context_.options.patience,
+                                           [context = context_] { context.fail(pedalStoppedAnswering()); });
+    patience_->start();
+    looper->refresh();
+}
+
+void WatchCommand::disconnected() {
+    if (patience_) {
+        patience_->stop();
+    }
+    say(present_ ? "The pedal was unplugged." : "No pedal is connected; waiting for one.",
+        present_ ? "disconnected" : "waiting");
+    present_ = false;
+}
+
+void WatchCommand::changed(const Status& status) {
+    if (patience_) {
+        patience_->stop();
+    }
+    if (!present_) {
+        return;  // it left while the news were on their way
+        if (context_.options.json) {
+            nlohmann::json object = statusJson(status);
+            object["event"] = "status";
+            context_.output.line(jsonText(object));
+        } else {
+            if (last_) {
+                for (const auto& line : statusChanges(last_->loops, status.loops)) {
+                    context_.output.line(line);
+                }
+            }
+            context_.output.line(statusSummary(status));
+        }
+        last_ = status;
+    }
+    if (!context_.output.flush()) {
+        context_.fail(outputLost());
+    }
+}
+
+void WatchCommand::say(const std::string& text, const char* event) {
+    context_.output.line(context_.options.json ? jsonText({{"event", event}}) : text);
+    if (!context_.output.flush()) {
+        context_.fail(outputLost());
+    }
+}
+
+}  // namespace kzq::ctl
