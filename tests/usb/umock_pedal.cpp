@@ -1,0 +1,143 @@
+#include "umock_pedal.h"
+
+#include <array>
+#include <cstdio>
+#include <stdexcept>
+#include <vector>
+
+namespace kzq {
+
+using simulator::BusChange;
+
+namespace {
+
+constexpr auto port = "/devices/pci0000:00/0000:00:14.0/usb1/1-1";
+
+// The device and its one configuration, in hexadecimal as umockdev wants them: a vendor-class interface with
+// bulk endpoints 0x81 and 0x02 of 512 bytes.
+constexpr auto descriptors =
+    "1201000200000040"
+    "8A30040100010000"
+    "0001"
+    "0902200001010080FA"
+    "0904000002FF000000"
+    "07058102000200"
+    "07050202000200";
+
+std::string description(unsigned address, const std::string& name) {
+    std::array<char, 1024> text{};
+    std::snprintf(text.data(), text.size(),
+                  "P: %s\nE: DEVTYPE=usb_device\nE: SUBSYSTEM=usb\nE: DEVNAME=/dev/%s\nE: BUSNUM=001\n"
+                  "E: DEVNUM=%03u\nE: PRODUCT=308a/104/100\nA: busnum=1\\n\nA: devnum=%u\\n\n"
+                  "A: bConfigurationValue=1\\n\nA: speed=480\\n\nA: idVendor=308a\\n\nA: idProduct=0104\\n\n"
+                  "H: descriptors=%s\n",
+                  port, name.c_str(), address, address, descriptors);
+    return text.data();
+}
+
+std::string systemPath() {
+    return std::string("/sys") + port;
+}
+
+}  // namespace
+
+/// One for the process: libusb listens to the first one it sees.
+struct UmockPedal::Bus {
+    Bus() : testbed(umockdev_testbed_new()) {}
+
+    std::filesystem::path root() const {
+        gchar* const text = umockdev_testbed_get_root_dir(testbed);
+        std::filesystem::path path = text;
+        g_free(text);
+        return path;
+    }
+
+    std::mutex mutex;
+    UMockdevTestbed* testbed;
+    unsigned address = 1;
+    // Handles of pedals that have left still ask.
+    std::vector<std::shared_ptr<UsbfsNode>> nodes;
+};
+
+UmockPedal::Bus& UmockPedal::bus() {
+    // Never destroyed, since libusb's threads outlive main(); its folder goes all the same.
+    static auto& instance = *new Bus;  // NOLINT(cppcoreguidelines-owning-memory)
+    struct Sweeper {
+        ~Sweeper() { std::filesystem::remove_all(instance.root()); }
+    };
+    static const Sweeper sweeper;
+    return instance;
+}
+
+UmockPedal::UmockPedal(simulator::SimulatedPedal& pedal) : pedal_(pedal) {
+    bus();
+    pedal_.setListener([this](BusChange news) { change(news); });
+    if (pedal_.isPlugged()) {
+        arrive();
+    }
+}
+
+UmockPedal::~UmockPedal() {
+    pedal_.unplug();
+    pedal_.setListener({});
+}
+
+void UmockPedal::setPermitted(bool permitted) {
+    using std::filesystem::perms;
+    const std::lock_guard lock(mutex_);
+    const auto root = bus().root();
+    // umockdev goes to its own socket before it has the file's answer.
+    permissions(root, perms::owner_all | perms::group_exec | perms::others_exec);
+    permissions(root / "ioctl" / "dev" / name_, perms::all);
+    permissions(root / "dev" / name_, permitted ? perms::all : perms::none);
+}
+
+bool UmockPedal::waitUntilBlocked() {
+    std::shared_ptr<UsbfsNode> node;
+    {
+        const std::lock_guard lock(mutex_);
+        node = node_;
+    }
+    return node && node->waitUntilBlocked();
+}
+
+void UmockPedal::change(BusChange change) {
+    if (change == BusChange::arrived) {
+        arrive();
+        return;
+    }
+    const std::lock_guard lock(mutex_);
+    if (!node_) {
+        return;
+    }
+    if (change == BusChange::reset) {
+        node_->endTransfers();
+        return;
+    }
+    node_->leave();
+    node_.reset();
+    const std::lock_guard busLock(bus().mutex);
+    umockdev_testbed_uevent(bus().testbed, systemPath().c_str(), "remove");
+    umockdev_testbed_remove_device(bus().testbed, systemPath().c_str());
+    std::filesystem::remove(bus().root() / "dev" / name_);
+}
+
+void UmockPedal::arrive() {
+    const std::lock_guard lock(mutex_);
+    const std::lock_guard busLock(bus().mutex);
+    std::array<char, 32> name{};
+    std::snprintf(name.data(), name.size(), "bus/usb/001/%03u", ++bus().address);
+    name_ = name.data();
+    node_ = bus().nodes.emplace_back(std::make_shared<UsbfsNode>(pedal_, rules_));
+    // All of it before umockdev announces the arrival, as libusb opens the file at once.
+    const auto file = bus().root() / "dev" / name_;
+    std::filesystem::create_directories(file.parent_path());
+    node_->makeFile(file);
+    if (!umockdev_testbed_attach_ioctl(bus().testbed, ("/dev/" + name_).c_str(), node_->handler(), nullptr) ||
+        !umockdev_testbed_add_from_string(bus().testbed, description(bus().address, name_).c_str(),
+                                          nullptr)) {
+        throw std::runtime_error("umockdev did not take the device");
+    }
+}
+
+}  // namespace kzq

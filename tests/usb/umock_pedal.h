@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "device/simulator/simulated_pedal.h"
+#include "usbfs_node.h"
+
+namespace kzq {
+
+/// Puts the simulated pedal on an emulated bus of this process, where the real libusb finds it: it arrives,
+/// leaves and comes back there as the model does, under a new address each time. Needs umockdev-wrapper. Make
+/// the first one before libusb is initialised, and only one at a time.
+class UmockPedal {
+  public:
+    /// `pedal` outlives this and every handle that libusb has of it.
+    explicit UmockPedal(simulator::SimulatedPedal& pedal);
+    UmockPedal(const UmockPedal&) = delete;
+    UmockPedal& operator=(const UmockPedal&) = delete;
+    UmockPedal(UmockPedal&&) = delete;
+    UmockPedal& operator=(UmockPedal&&) = delete;
+    /// Takes the pedal off the bus.
+    ~UmockPedal();
+
+    HostRules& rules() { return rules_; }
+    /// Whether anybody but root may open the pedal that is on the bus.
+    void setPermitted(bool permitted);
+    /// Waits until a transfer waits for the pedal.
+    bool waitUntilBlocked();
+
+  private:
+    struct Bus;
+    static Bus& bus();
+
+    void change(simulator::BusChange change);
+    void arrive();
+
+    simulator::SimulatedPedal& pedal_;
+    HostRules rules_;
+    mutable std::mutex mutex_;
+    std::shared_ptr<UsbfsNode> node_;  ///< of the pedal that is on the bus
+    std::string name_;                 ///< of its file, below /dev
+};
+
+}  // namespace kzq

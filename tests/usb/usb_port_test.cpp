@@ -1,0 +1,260 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/fsuid.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <future>
+#include <numeric>
+
+#include "device/libusb/libusb_port.h"
+#include "hotplug_watch.h"
+#include "platform/log.h"
+#include "umock_pedal.h"
+#include "virtual_executor.h"
+
+namespace kzq {
+namespace {
+
+using simulator::Fault;
+using simulator::FaultKind;
+using simulator::SimulatedPedal;
+using simulator::WireEvent;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class UsbPortTest : public testing::Test {
+  protected:
+    UsbPortTest() {
+        setLogSink([this](LogCategory, std::string_view line) { log_.emplace_back(line); });
+        handleEventsInTheBackground();
+        EXPECT_EQ(port_.initialize(), usbSuccess);
+        watch_.watch(port_, HotplugEvent::arrived, false);
+        watch_.watch(port_, HotplugEvent::left, false);
+        log_.clear();
+    }
+
+    ~UsbPortTest() override {
+        handle_.reset();
+        setLogSink({});
+    }
+
+    /// Plugs the pedal in and returns the device once libusb has announced it.
+    UsbDevicePointer arrive() {
+        watch_.forget();
+        pedal_.plugIn();
+        EXPECT_TRUE(watch_.waitFor(1));
+        return watch_.seen().at(0).device;
+    }
+
+    UsbHandle& acquire() {
+        UsbResult result = usbOther;
+        handle_ = port_.open(arrive(), result);
+        EXPECT_EQ(result, usbSuccess);
+        EXPECT_EQ(handle_->kernelDriverActive(pedalInterface), 0);
+        EXPECT_EQ(handle_->claimInterface(pedalInterface), usbSuccess);
+        return *handle_;
+    }
+
+    int command(std::uint8_t code, std::uint16_t value = 1, std::uint16_t index = 0) {
+        reply_.fill(0);
+        return handle_->control(code, pedalRequest, value, index, reply_);
+    }
+
+    void plan(FaultKind kind, Fault::Where where, std::uint32_t count = 1) {
+        pedal_.plan({.kind = kind, .where = where, .code = std::nullopt, .count = count});
+    }
+
+    /// A read that the pedal does not answer, on another thread.
+    std::future<UsbResult> blockedRead() {
+        plan(FaultKind::silence, Fault::Where::bulkIn);
+        auto read = std::async(std::launch::async, [this] {
+            std::vector<std::uint8_t> piece(transferPiece);
+            std::size_t transferred = 1;
+            const UsbResult result = handle_->bulkIn(pedalBulkIn, piece, transferred);
+            EXPECT_EQ(transferred, 0);
+            return result;
+        });
+        EXPECT_TRUE(bus_.waitUntilBlocked());
+        return read;
+    }
+
+    static UsbResult soon(std::future<UsbResult>& read) {
+        if (read.wait_for(patience) != std::future_status::ready) {
+            ADD_FAILURE() << "the transfer does not end";
+            std::abort();  // its thread could not be joined
+        }
+        return read.get();
+    }
+
+    std::vector<std::string> log_;
+    test::VirtualExecutor clock_;
+    SimulatedPedal pedal_{clock_, {.memory = {simulator::StoredLoop{Bytes(6000), 120, 1}}}};
+    UmockPedal bus_{pedal_};
+    HotplugWatch watch_;
+    LibusbPort port_;
+    std::unique_ptr<UsbHandle> handle_;
+    std::array<std::uint8_t, replyLength> reply_{};
+};
+
+TEST_F(UsbPortTest, AnnouncesPedalsThatAreThereComeAndGo) {
+    arrive();
+    HotplugWatch there;
+    HotplugWatch forgotten;
+    {
+        LibusbPort late;
+        there.watch(late, HotplugEvent::arrived, true);
+        ASSERT_EQ(there.seen().size(), 1) << "not announced inside the registration";
+        EXPECT_EQ(there.seen()[0].thread, std::this_thread::get_id());
+        there.watch(late, HotplugEvent::left, true);
+        there.watch(late, HotplugEvent::arrived, false);
+        EXPECT_EQ(there.seen().size(), 1);
+
+        LibusbPort short_;
+        forgotten.watch(short_, HotplugEvent::left, false);
+    }
+    HotplugWatch later;
+    later.watch(port_, HotplugEvent::left, false);
+    pedal_.unplug();
+    ASSERT_TRUE(later.waitFor(1));
+    EXPECT_EQ(later.seen()[0].event, HotplugEvent::left);
+    EXPECT_NE(later.seen()[0].thread, std::this_thread::get_id());
+    EXPECT_THAT(forgotten.seen(), IsEmpty()) << "its port was gone";
+    EXPECT_EQ(there.seen().size(), 1) << "its port was gone";
+}
+
+TEST_F(UsbPortTest, ADepartureEndsABlockedReadAndLeavesTheReferenceSafe) {
+    const UsbDevicePointer first = arrive();
+    UsbResult result = usbOther;
+    handle_ = port_.open(first, result);
+    ASSERT_EQ(result, usbSuccess);
+    auto read = blockedRead();
+    pedal_.unplug();
+    EXPECT_EQ(soon(read), usbNoDevice);
+    EXPECT_EQ(command(command::stage), usbNoDevice);
+    ASSERT_TRUE(watch_.waitFor(2));
+    handle_.reset();
+    watch_.forget();  // now nobody but `first` keeps the device
+
+    EXPECT_EQ(port_.open(first, result), nullptr);
+    EXPECT_EQ(result, usbNoDevice);
+    EXPECT_THAT(log_, Contains(HasSubstr("LIBUSB_ERROR_NO_DEVICE")));
+
+    acquire();
+    EXPECT_EQ(command(command::stage), int{replyLength});
+    EXPECT_EQ(reply_[stageOffset], 'p');
+    EXPECT_EQ(port_.open(first, result), nullptr) << "the old one is not the new one";
+}
+
+TEST_F(UsbPortTest, AResetFromAnotherThreadEndsABlockedReadAndKeepsTheHandle) {
+    acquire();
+    auto read = blockedRead();
+    EXPECT_EQ(handle_->reset(), usbSuccess);
+    EXPECT_EQ(soon(read), usbNoDevice);
+    EXPECT_EQ(command(command::stage), int{replyLength});
+    EXPECT_EQ(reply_[stageOffset], 'p');
+    EXPECT_EQ(watch_.seen().size(), 1) << "a reset is no departure";
+}
+
+TEST_F(UsbPortTest, TellsWhyAPedalCannotBeOpened) {
+    UsbResult result = usbOther;
+    EXPECT_EQ(port_.open(pedalVendor, pedalProduct, result), nullptr);
+    EXPECT_EQ(result, usbNoDevice);
+    EXPECT_EQ(port_.open(nullptr, result), nullptr);
+    EXPECT_EQ(result, usbInvalid);
+
+    const UsbDevicePointer device = arrive();
+    bus_.setPermitted(false);
+    if (geteuid() == 0) {
+        setfsuid(65'534);  // root may open anything
+    }
+    EXPECT_EQ(port_.open(device, result), nullptr);
+    EXPECT_EQ(result, usbAccess);
+    EXPECT_EQ(port_.open(pedalVendor, pedalProduct, result), nullptr);
+    EXPECT_EQ(result, usbAccess);
+    EXPECT_THAT(log_, Contains(HasSubstr("LIBUSB_ERROR_ACCESS")).Times(2));
+    setfsuid(geteuid());
+
+    bus_.setPermitted(true);
+    handle_ = port_.open(pedalVendor, pedalProduct, result);
+    EXPECT_EQ(result, usbSuccess);
+    EXPECT_EQ(command(command::stage), int{replyLength});
+}
+
+TEST_F(UsbPortTest, SendsALargeWriteInPiecesAndCountsWhatWentOut) {
+    pedal_.setStage('b');
+    acquire();
+    const auto pieces = [this] {
+        std::vector<std::uint32_t> lengths;
+        for (const WireEvent& event : pedal_.journal()) {
+            if (event.kind == WireEvent::Kind::bulkOut) {
+                lengths.push_back(event.length);
+            }
+        }
+        pedal_.clearJournal();
+        return lengths;
+    };
+    const std::vector<std::uint8_t> image(200'000, 0x5A);
+    std::size_t transferred = 0;
+    ASSERT_EQ(command(command::enterLoader), int{replyLength});
+    clock_.advance(std::chrono::seconds(8));
+
+    EXPECT_EQ(handle_->bulkOut(pedalBulkOut, image, transferred), usbSuccess);
+    EXPECT_EQ(transferred, 200'000);
+    EXPECT_THAT(pieces(), ElementsAre(65'536, 65'536, 65'536, 3'392));
+
+    plan(FaultKind::shorten, Fault::Where::bulkOut, 2);
+    EXPECT_EQ(handle_->bulkOut(pedalBulkOut, image, transferred), usbSuccess);
+    EXPECT_EQ(transferred, 65'536 + 32'768) << "ends with the short piece, so that nothing is left out";
+    EXPECT_THAT(pieces(), ElementsAre(65'536, 65'536));
+
+    plan(FaultKind::stall, Fault::Where::bulkOut, 3);
+    EXPECT_EQ(handle_->bulkOut(pedalBulkOut, image, transferred), usbPipe);
+    EXPECT_EQ(transferred, 2 * 65'536);
+    EXPECT_THAT(pedal_.violations(), IsEmpty());
+}
+
+TEST_F(UsbPortTest, ReadsAsMuchAsComes) {
+    acquire();
+    ASSERT_EQ(command(command::importLoop, 0, 1), int{replyLength});
+    std::vector<std::uint8_t> piece(transferPiece);
+    std::size_t transferred = 0;
+    EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbSuccess);
+    EXPECT_EQ(transferred, transferPiece);
+    plan(FaultKind::shorten, Fault::Where::bulkIn);
+    EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbSuccess);
+    EXPECT_EQ(transferred, transferPiece / 2);
+    plan(FaultKind::overrun, Fault::Where::bulkIn);
+    EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbOverflow);
+
+    plan(FaultKind::shorten, Fault::Where::control);
+    EXPECT_EQ(command(command::stage), replyLength / 2);
+}
+
+TEST_F(UsbPortTest, SaysNoInThePedalsPlaceOnlyWhereTheHostRefused) {
+    acquire();
+    bus_.rules().nextControlStatus = -EPROTO;
+    EXPECT_EQ(command(command::importLoop, 0, 1), usbIo);
+    EXPECT_EQ(reply_[answerOffset], 0) << "lost on the bus: nobody said no";
+    plan(FaultKind::stall, Fault::Where::control);
+    EXPECT_EQ(command(command::importLoop, 0, 1), usbPipe);
+    EXPECT_EQ(reply_[answerOffset], 0) << "the pedal stalled, which the host must not judge";
+
+    bus_.rules().checksRecipient = true;
+    pedal_.clearJournal();
+    log_.clear();
+    EXPECT_EQ(command(command::importLoop, 0, 1), int{replyLength});
+    EXPECT_EQ(reply_[answerOffset], refusal);
+    EXPECT_EQ(command(command::importLoop, 0, 2), int{replyLength});
+    EXPECT_EQ(reply_[answerOffset], refusal);
+    EXPECT_THAT(pedal_.journal(), IsEmpty());
+    EXPECT_THAT(log_, ElementsAre(HasSubstr("the host refused request 0xE1")));
+
+    EXPECT_EQ(command(command::exportLoop, 0, 1), int{replyLength});
+    EXPECT_NE(reply_[answerOffset], refusal) << "all other commands pass";
+}
+
+}  // namespace
+}  // namespace kzq

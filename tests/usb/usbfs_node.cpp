@@ -1,0 +1,273 @@
+#include "usbfs_node.h"
+
+#include <fcntl.h>
+#include <linux/usbdevice_fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <stdexcept>
+#include <utility>
+
+namespace kzq {
+
+using simulator::SetupPacket;
+using simulator::TransferResult;
+using simulator::TransferStatus;
+
+namespace {
+
+constexpr std::size_t setupLength = 8;
+constexpr int largestTransfer = 16 * 1024 * 1024;
+constexpr std::size_t pipeCapacity = 4096;
+constexpr std::array<std::uint8_t, pipeCapacity> filling{};
+
+SetupPacket setupOf(std::span<const std::uint8_t> packet) {
+    const auto u16 = [packet](std::size_t at) {
+        return static_cast<std::uint16_t>(packet[at] | packet[at + 1] << 8);
+    };
+    return {packet[0], packet[1], u16(2), u16(4), u16(6)};
+}
+
+int statusOf(TransferStatus status) {
+    switch (status) {
+        case TransferStatus::done:
+            return 0;
+        case TransferStatus::stalled:
+            return -EPIPE;
+        case TransferStatus::overrun:
+            return -EOVERFLOW;
+        case TransferStatus::pending:
+        case TransferStatus::gone:
+            break;
+    }
+    return -ESHUTDOWN;
+}
+
+}  // namespace
+
+usbdevfs_urb& UsbfsNode::Urb::raw() const {
+    return *reinterpret_cast<usbdevfs_urb*>(memory->data);
+}
+
+std::span<std::uint8_t> UsbfsNode::Urb::bytes() const {
+    return {buffer->data, static_cast<std::size_t>(raw().buffer_length)};
+}
+
+UsbfsNode::UsbfsNode(simulator::SimulatedPedal& pedal, HostRules& rules)
+    : pedal_(pedal), rules_(rules), handler_(umockdev_ioctl_base_new()) {
+    g_signal_connect_data(handler_, "handle-ioctl", reinterpret_cast<GCallback>(&UsbfsNode::handle), this,
+                          nullptr, GConnectFlags{});
+    g_signal_connect_data(handler_, "client-vanished", reinterpret_cast<GCallback>(&UsbfsNode::vanish), this,
+                          nullptr, GConnectFlags{});
+}
+
+UsbfsNode::~UsbfsNode() {
+    g_signal_handlers_disconnect_by_data(handler_, this);
+    g_object_unref(handler_);
+    if (file_ >= 0) {
+        close(file_);
+    }
+}
+
+// A pipe with both ends open: while it is full it does not poll as writable.
+void UsbfsNode::makeFile(const std::filesystem::path& path) {
+    const Lock lock(mutex_);
+    if (mkfifo(path.c_str(), S_IRUSR | S_IWUSR) != 0) {
+        throw std::runtime_error("no pipe for the device file");
+    }
+    file_ = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    if (file_ < 0 || fcntl(file_, F_SETPIPE_SZ, static_cast<int>(pipeCapacity)) != int{pipeCapacity} ||
+        write(file_, filling.data(), filling.size()) != ssize_t{pipeCapacity}) {
+        throw std::runtime_error("the device file's pipe is not as it should be");
+    }
+}
+
+void UsbfsNode::setReadable(bool readable) {
+    if (std::exchange(readable_, readable) == readable) {
+        return;
+    }
+    std::array<std::uint8_t, pipeCapacity> taken{};
+    const auto moved =
+        readable ? read(file_, taken.data(), taken.size()) : write(file_, filling.data(), filling.size());
+    if (moved != ssize_t{pipeCapacity}) {
+        throw std::runtime_error("the device file's pipe is out of step");
+    }
+}
+
+void UsbfsNode::endTransfers() {
+    const Lock lock(mutex_);
+    endAll(-ESHUTDOWN);
+}
+
+void UsbfsNode::leave() {
+    const Lock lock(mutex_);
+    gone_ = true;
+    endAll(-ESHUTDOWN);
+}
+
+bool UsbfsNode::waitUntilBlocked() {
+    Lock lock(mutex_);
+    return changed_.wait_for(lock, patience, [this] {
+        return std::ranges::any_of(submitted_, [](const Urb& urb) { return urb.waits; });
+    });
+}
+
+gboolean UsbfsNode::handle(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* client, gpointer self) {
+    const int error = static_cast<UsbfsNode*>(self)->answer(client);
+    umockdev_ioctl_client_complete(client, error == 0 ? 0 : -1, error);
+    return TRUE;
+}
+
+void UsbfsNode::vanish(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* /*client*/, gpointer self) {
+    auto& node = *static_cast<UsbfsNode*>(self);
+    const Lock lock(node.mutex_);
+    node.submitted_.clear();
+    node.ended_.clear();
+    node.setReadable(false);
+}
+
+/// Returns 0 or an errno.
+int UsbfsNode::answer(UMockdevIoctlClient* client) {
+    auto* const argument = umockdev_ioctl_client_get_arg(client);
+    switch (umockdev_ioctl_client_get_request(client)) {
+        case USBDEVFS_GET_CAPABILITIES: {
+            const Data memory(umockdev_ioctl_data_resolve(argument, 0, sizeof(std::uint32_t), nullptr));
+            std::uint32_t capabilities = USBDEVFS_CAP_NO_PACKET_SIZE_LIM | USBDEVFS_CAP_REAP_AFTER_DISCONNECT;
+            umockdev_ioctl_data_update(memory.get(), 0, reinterpret_cast<guint8*>(&capabilities),
+                                       sizeof(capabilities));
+            return 0;
+        }
+        case USBDEVFS_GETDRIVER:
+            return ENODATA;
+        case USBDEVFS_CLAIMINTERFACE:
+        case USBDEVFS_DISCONNECT_CLAIM:  // how libusb claims again after a reset
+            return 0;
+        case USBDEVFS_RELEASEINTERFACE:
+            endTransfers();
+            return 0;
+        case USBDEVFS_RESET:
+            pedal_.reset();
+            return 0;
+        case USBDEVFS_SUBMITURB:
+            return submit(argument);
+        case USBDEVFS_REAPURB:
+        case USBDEVFS_REAPURBNDELAY:
+            return reap(argument);
+        case USBDEVFS_DISCARDURB:
+            return discard(argument);
+        default:
+            return ENOTTY;
+    }
+}
+
+int UsbfsNode::submit(UMockdevIoctlData* argument) {
+    Urb urb;
+    urb.memory.reset(umockdev_ioctl_data_resolve(argument, 0, sizeof(usbdevfs_urb), nullptr));
+    if (urb.raw().buffer_length > largestTransfer) {
+        return ENOMEM;
+    }
+    urb.buffer.reset(umockdev_ioctl_data_resolve(urb.memory.get(), offsetof(usbdevfs_urb, buffer),
+                                                 static_cast<gsize>(urb.raw().buffer_length), nullptr));
+    Urbs::iterator submitted;
+    {
+        const Lock lock(mutex_);
+        if (gone_) {
+            return ENODEV;
+        }
+        if (const int error = refuse(urb); error != 0) {
+            return error;
+        }
+        submitted = submitted_.insert(submitted_.end(), std::move(urb));
+    }
+    ask(submitted);
+    return 0;
+}
+
+int UsbfsNode::refuse(const Urb& urb) const {
+    if (urb.raw().type != USBDEVFS_URB_TYPE_CONTROL || !rules_.checksRecipient) {
+        return 0;
+    }
+    constexpr unsigned typeMask = 0x60;
+    constexpr unsigned vendorType = 0x40;
+    constexpr unsigned recipientMask = 0x1F;
+    constexpr unsigned toInterface = 1;
+    const SetupPacket setup = setupOf(urb.bytes());
+    const bool interface =
+        (setup.requestType & typeMask) != vendorType && (setup.requestType & recipientMask) == toInterface;
+    return interface && (setup.index & 0xFF) != 0 ? ENOENT : 0;
+}
+
+// Without the mutex while the pedal answers: an answer may be that it leaves, which comes back here as
+// `leave`.
+void UsbfsNode::ask(Urbs::iterator urb) {
+    const bool isControl = urb->raw().type == USBDEVFS_URB_TYPE_CONTROL;
+    const int fault = isControl ? rules_.nextControlStatus.exchange(0) : 0;
+    const TransferResult result = fault != 0 ? TransferResult{} : transfer(*urb);
+    const Lock lock(mutex_);
+    if (urb->ended) {
+        return;
+    }
+    if (result.status == TransferStatus::pending) {
+        urb->waits = true;
+        changed_.notify_all();
+        return;
+    }
+    end(urb, fault != 0 ? fault : statusOf(result.status), result.transferred);
+}
+
+TransferResult UsbfsNode::transfer(const Urb& urb) {
+    const auto bytes = urb.bytes();
+    if (urb.raw().type == USBDEVFS_URB_TYPE_CONTROL) {
+        return control(bytes);
+    }
+    return (urb.raw().endpoint & 0x80) != 0 ? pedal_.bulkIn(bytes) : pedal_.bulkOut(bytes);
+}
+
+TransferResult UsbfsNode::control(std::span<std::uint8_t> packet) {
+    return pedal_.control(setupOf(packet), packet.subspan(setupLength));
+}
+
+int UsbfsNode::reap(UMockdevIoctlData* argument) {
+    const Lock lock(mutex_);
+    if (ended_.empty()) {
+        return gone_ ? ENODEV : EAGAIN;
+    }
+    // Pointing to it makes umockdev write the structure and its buffer back.
+    const Data pointer(umockdev_ioctl_data_resolve(argument, 0, sizeof(void*), nullptr));
+    umockdev_ioctl_data_set_ptr(pointer.get(), 0, ended_.front().memory.get());
+    ended_.pop_front();
+    setReadable(!ended_.empty());
+    return 0;
+}
+
+int UsbfsNode::discard(UMockdevIoctlData* argument) {
+    const Lock lock(mutex_);
+    const auto address = *reinterpret_cast<const gulong*>(argument->data);
+    const auto found = std::ranges::find_if(
+        submitted_, [address](const Urb& urb) { return urb.memory->client_addr == address; });
+    if (found == submitted_.end()) {
+        return EINVAL;
+    }
+    end(found, -ENOENT, 0);
+    return 0;
+}
+
+void UsbfsNode::end(Urbs::iterator urb, int status, std::size_t actual) {
+    urb->raw().status = status;
+    urb->raw().actual_length = static_cast<int>(actual);
+    urb->ended = true;
+    ended_.splice(ended_.end(), submitted_, urb);
+    setReadable(true);
+}
+
+void UsbfsNode::endAll(int status) {
+    while (!submitted_.empty()) {
+        end(submitted_.begin(), status, 0);
+    }
+}
+
+}  // namespace kzq
