@@ -61,7 +61,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     static void timer();
     static void timer(bool repeating);
     /// One poll that reports whatever it finds, changed or not. Any thread.
-    void refresh();
+    void refresh();  // NOLINT(readability-convert-member-functions-to-static): asked of a pedal
 
     // --- acquisition
 
@@ -143,7 +143,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     void cancelTransfer() { cancel_ = true; }
     /// Resets the pedal without waiting for the lock, which ends a transfer that hangs: for a pedal that has
     /// stopped answering. Any thread.
-    void interrupt();
+    void interrupt() const;
 
     DeviceLock& lock() const { return *lock_; }
 

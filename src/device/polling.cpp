@@ -25,7 +25,7 @@ void KZQ7306::timer(bool repeating) {
     }
 }
 
-void KZQ7306::refresh() {
+void KZQ7306::refresh() {  // NOLINT(readability-convert-member-functions-to-static)
     timer(false);
 }
 

@@ -95,7 +95,7 @@ void KZQ7306::abortBulkTransfer(std::uint8_t /*endpoint*/, bool /*clearPipeStall
     }
 }
 
-void KZQ7306::interrupt() {
+void KZQ7306::interrupt() const {
     if (const auto handle = core()) {
         handle->reset();
     }

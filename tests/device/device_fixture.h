@@ -43,6 +43,12 @@ class RecordingDelegate : public KZQ7306Delegate {
 
 /// The device link on virtual time, over the port of the derived fixture.
 class DeviceLinkTest : public testing::Test {
+  public:
+    DeviceLinkTest(const DeviceLinkTest&) = delete;
+    DeviceLinkTest& operator=(const DeviceLinkTest&) = delete;
+    DeviceLinkTest(DeviceLinkTest&&) = delete;
+    DeviceLinkTest& operator=(DeviceLinkTest&&) = delete;
+
   protected:
     DeviceLinkTest() {
         previousSink_ = setLogSink([this](LogCategory category, std::string_view line) {
@@ -56,10 +62,6 @@ class DeviceLinkTest : public testing::Test {
         executor.endJobs();
         KZQ7306::unload();
     }
-    DeviceLinkTest(const DeviceLinkTest&) = delete;
-    DeviceLinkTest& operator=(const DeviceLinkTest&) = delete;
-    DeviceLinkTest(DeviceLinkTest&&) = delete;
-    DeviceLinkTest& operator=(DeviceLinkTest&&) = delete;
 
     void load(UsbPort& port, std::uint64_t systemMinorVersion = 36) {
         KZQ7306::load({executor, port, [systemMinorVersion] { return systemMinorVersion; }});

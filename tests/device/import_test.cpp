@@ -205,7 +205,7 @@ TEST_F(Import, CancelBetweenAcceptanceAndStartReadsNothing) {
 TEST_F(Import, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
     EXPECT_FALSE(importLoops({}));
     const auto bytes = [](std::uint32_t, std::uint8_t) {};
-    const auto file = [](std::optional<Bytes>, std::uint8_t) {};
+    const auto file = [](const std::optional<Bytes>&, std::uint8_t) {};
     const auto done = [](std::uint8_t) {};
     EXPECT_FALSE(looper().importLoops({1}, nullptr, file, done));
     EXPECT_FALSE(looper().importLoops({1}, bytes, nullptr, done));

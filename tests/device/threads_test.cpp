@@ -32,7 +32,9 @@ class Musician : public KZQ7306Delegate, public std::enable_shared_from_this<Mus
                     executor_.background(Priority::background, [this] { pedal_.unplug(); });
                 }
             },
-            [this](std::optional<std::vector<std::uint8_t>> file, std::uint8_t) { loops += file ? 1 : 0; },
+            [this](const std::optional<std::vector<std::uint8_t>>& file, std::uint8_t) {
+                loops += file ? 1 : 0;
+            },
             [this](std::uint8_t) { executor_.main([this] { batchEnded(); }); });
         EXPECT_TRUE(started);
     }

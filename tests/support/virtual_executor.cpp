@@ -56,7 +56,8 @@ void VirtualExecutor::endJobs() {
         const std::lock_guard guard(state_->mutex);
         state_->abandoned = true;
     }
-    for (std::size_t i = 0; i < state_->workers.size(); ++i) {
+    // By index: an unwinding job may start another one.
+    for (std::size_t i = 0; i < state_->workers.size(); ++i) {  // NOLINT(modernize-loop-convert)
         auto& worker = *state_->workers[i];
         if (worker.started && !worker.ended) {
             resume(worker);
