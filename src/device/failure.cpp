@@ -34,6 +34,8 @@ std::string_view failureName(Failure failure) {
             return "cancelled";
         case Failure::tooLarge:
             return "too-large";
+        case Failure::noAudio:
+            return "no-audio";
         case Failure::outOfMemory:
             return "out-of-memory";
     }

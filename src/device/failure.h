@@ -22,6 +22,7 @@ enum class Failure {
     transferFailed,  ///< a bulk transfer failed or came up short
     cancelled,       ///< cancelTransfer
     tooLarge,        ///< more audio than a WAV file can hold
+    noAudio,         ///< the file to export holds no audio
     outOfMemory      ///< no room to hold the audio
 };
 

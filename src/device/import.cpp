@@ -16,7 +16,7 @@ constexpr std::uint32_t pedalChannels = 2;
 }  // namespace
 
 std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
-                                                             const ImportProgress& progress) {
+                                                             const TransferProgress& progress) {
     if (slot == 0 || slot > loopSlots || !progress) {
         fail(Failure::badRequest);
         return std::nullopt;
@@ -50,7 +50,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
 
 /// The loop's frames, after the pedal has agreed to send them; the padding it sends behind them is dropped.
 std::optional<std::vector<std::uint8_t>> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot,
-                                                            const ImportProgress& progress) {
+                                                            const TransferProgress& progress) {
     std::vector<std::uint8_t> audio;
     audio.reserve(std::size_t{loop.alignedBytes} + transferPiece);
     while (audio.size() < loop.alignedBytes) {
@@ -70,59 +70,21 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::readAudio(const Loop& loop, st
     return audio;
 }
 
-bool KZQ7306::importLoops(std::vector<std::uint8_t> slots, ImportProgress progress,
+bool KZQ7306::importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
                           ImportPartialCompletion partialCompletion, BatchCompletion completion) {
-    if (busy()) {
-        return false;
-    }
-    if (slots.empty() || !progress || !partialCompletion || !completion) {
-        return fail(Failure::badRequest);
-    }
-    setCancel(false);
-    environment_.executor.background(
-        Priority::high,
-        [weak = weak_from_this(), slots = std::move(slots), progress = std::move(progress),
-         partialCompletion = std::move(partialCompletion), completion = std::move(completion)] {
-            if (const auto self = weak.lock()) {
-                self->importBatch(slots, progress, partialCompletion, completion);
-            }
-        });
-    return true;
-}
-
-void KZQ7306::importBatch(const std::vector<std::uint8_t>& slots, const ImportProgress& progress,
-                          const ImportPartialCompletion& partialCompletion,
-                          const BatchCompletion& completion) {
-    setOperation(importingOrErasing);
-    const std::lock_guard guard(*lock_);
-    setOperation(importingOrErasing);  // again: a batch that had to wait here saw its predecessor set it to 0
-    std::uint32_t total = 0;
-    std::uint8_t count = 0;
-    const auto inner = [&](std::uint32_t bytes, std::uint8_t slot) {
-        if (!cancel()) {
-            total += bytes;
-            progress(total, slot);
-        }
-    };
-    for (const auto slot : slots) {
-        if (!cancel()) {
-            auto file = importLoop(slot, inner);
-            count = static_cast<std::uint8_t>(count + (file ? 1 : 0));
+    const bool complete = !slots.empty() && progress && partialCompletion && completion;
+    return startBatch(complete, [slots = std::move(slots), progress = std::move(progress),
+                                 partialCompletion = std::move(partialCompletion),
+                                 completion = std::move(completion)](KZQ7306& self) {
+        const auto total = self.runningTotal(progress);
+        const auto transfer = [&](std::uint8_t slot) {
+            auto file = self.importLoop(slot, total);
+            const bool came = file.has_value();
             partialCompletion(std::move(file), slot);
-        }
-        if (cancel()) {
-            abandonTransfer(pedalBulkIn);
-            break;
-        }
-    }
-    setOperation(idle);
-    completion(count);
-}
-
-void KZQ7306::abandonTransfer(std::uint8_t endpoint) {
-    abortBulkTransfer(endpoint, true);
-    control(command::abandon);
-    setOperation(idle);
+            return came;
+        };
+        self.transferBatch(importingOrErasing, pedalBulkIn, slots, transfer, completion);
+    });
 }
 
 }  // namespace kzq

@@ -17,6 +17,7 @@
 #include "device/status.h"
 #include "device/usb_port.h"
 #include "platform/executor.h"
+#include "slots/export_info.h"
 
 namespace kzq {
 
@@ -125,20 +126,34 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     // --- transfers
 
-    /// Bytes that came (one read) or the running total of the batch, and the slot.
-    using ImportProgress = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
+    /// Of one loop: the bytes of the piece that has moved. Of a batch: the running total of all its loops,
+    /// modulo 2^32. An import tells the slot (1 to 20), an export the slot minus 1 (0 to 19).
+    using TransferProgress = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
     /// The WAV file image of one loop, or nothing.
     using ImportPartialCompletion =
         std::function<void(std::optional<std::vector<std::uint8_t>>, std::uint8_t slot)>;
+    /// The bytes of audio sent, 0 on failure, and the slot (1 to 20).
+    using ExportPartialCompletion = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
     /// How many loops succeeded.
     using BatchCompletion = std::function<void(std::uint8_t count)>;
 
-    /// Reads one loop as a WAV file image. Blocks.
-    std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const ImportProgress& progress);
-    /// Reads loops one after the other in the background; false when busy or when something is missing, and
-    /// then no callback ever comes. Callbacks run on the background thread, with the device lock held.
-    bool importLoops(std::vector<std::uint8_t> slots, ImportProgress progress,
+    // One loop: block until it is done, keep the reason of a failure in lastFailure().
+
+    /// A WAV file image.
+    std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const TransferProgress& progress);
+    /// Bytes of audio sent; 0 on failure.
+    std::uint32_t exportLoop(const ExportInfo& info, const TransferProgress& progress);
+    bool eraseLoop(std::uint8_t slot);
+
+    // Batches: false when busy or when something is missing, and then no callback ever comes. Otherwise they
+    // go through their loops in the background, in the order of the list (exports: of the slots). Callbacks
+    // run there, with the device lock held; a loop that fails does not stop the batch.
+
+    bool importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
                      ImportPartialCompletion partialCompletion, BatchCompletion completion);
+    bool exportLoops(Exports exports, TransferProgress progress, ExportPartialCompletion partialCompletion,
+                     BatchCompletion completion);
+    bool eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion);
     /// Asks the running batch to stop before its next piece. Any thread.
     void cancelTransfer() { cancel_ = true; }
     /// Resets the pedal without waiting for the lock, which ends a transfer that hangs: for a pedal that has
@@ -161,9 +176,18 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool refused(const std::optional<Reply>& reply);
     bool readLoops(Loops& loops);
     std::optional<std::vector<std::uint8_t>> readAudio(const Loop& loop, std::uint8_t slot,
-                                                       const ImportProgress& progress);
-    void importBatch(const std::vector<std::uint8_t>& slots, const ImportProgress& progress,
-                     const ImportPartialCompletion& partialCompletion, const BatchCompletion& completion);
+                                                       const TransferProgress& progress);
+    std::uint32_t sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
+                            const TransferProgress& progress);
+
+    bool startBatch(bool complete, std::function<void(KZQ7306&)> batch);
+    std::unique_lock<DeviceLock> beginOperation(Operation operation);
+    void transferBatch(Operation operation, std::uint8_t endpoint, const std::vector<std::uint8_t>& slots,
+                       const std::function<bool(std::uint8_t slot)>& transfer,
+                       const BatchCompletion& completion);
+    void eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion);
+    /// Adds up what the loops of a batch report, until it is cancelled.
+    TransferProgress runningTotal(TransferProgress progress);
     void abandonTransfer(std::uint8_t endpoint);
 
     DeviceEnvironment environment_;

@@ -1,0 +1,67 @@
+#include <memory>
+#include <utility>
+
+#include "device/commands.h"
+#include "device/kzq7306.h"
+
+namespace kzq {
+
+bool KZQ7306::startBatch(bool complete, std::function<void(KZQ7306&)> batch) {
+    if (busy()) {
+        return false;
+    }
+    if (!complete) {
+        return fail(Failure::badRequest);
+    }
+    setCancel(false);
+    environment_.executor.background(Priority::high, [weak = weak_from_this(), batch = std::move(batch)] {
+        if (const auto self = weak.lock()) {
+            batch(*self);
+        }
+    });
+    return true;
+}
+
+std::unique_lock<DeviceLock> KZQ7306::beginOperation(Operation operation) {
+    setOperation(operation);
+    std::unique_lock lock(*lock_);
+    setOperation(operation);  // again: one that had to wait here saw its predecessor set it to 0
+    return lock;
+}
+
+void KZQ7306::transferBatch(Operation operation, std::uint8_t endpoint,
+                            const std::vector<std::uint8_t>& slots,
+                            const std::function<bool(std::uint8_t slot)>& transfer,
+                            const BatchCompletion& completion) {
+    const auto lock = beginOperation(operation);
+    std::uint8_t count = 0;
+    for (const auto slot : slots) {
+        if (!cancel() && transfer(slot)) {
+            ++count;
+        }
+        if (cancel()) {
+            abandonTransfer(endpoint);
+            break;
+        }
+    }
+    setOperation(idle);
+    completion(count);
+}
+
+KZQ7306::TransferProgress KZQ7306::runningTotal(TransferProgress progress) {
+    return [this, progress = std::move(progress), total = std::uint32_t{0}](std::uint32_t bytes,
+                                                                            std::uint8_t slot) mutable {
+        if (!cancel()) {
+            total += bytes;
+            progress(total, slot);
+        }
+    };
+}
+
+void KZQ7306::abandonTransfer(std::uint8_t endpoint) {
+    abortBulkTransfer(endpoint, true);
+    control(command::abandon);
+    setOperation(idle);
+}
+
+}  // namespace kzq

@@ -1,0 +1,56 @@
+#include <utility>
+
+#include "device/commands.h"
+#include "device/kzq7306.h"
+
+namespace kzq {
+
+namespace {
+
+/// What the pedal needs to erase a loop.
+constexpr auto erasePause = std::chrono::milliseconds(25);
+
+}  // namespace
+
+bool KZQ7306::eraseLoop(std::uint8_t slot) {
+    const auto address = static_cast<std::uint8_t>(slot - 1);
+    if (address >= loopSlots) {
+        return fail(Failure::badRequest);
+    }
+    const std::lock_guard guard(*lock_);
+    if (refused(control(command::eraseLoop, address, 0))) {
+        return false;
+    }
+    environment_.executor.sleep(erasePause);
+    return true;
+}
+
+bool KZQ7306::eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion) {
+    const bool complete = !slots.empty() && completion;
+    return startBatch(complete, [slots = std::move(slots), completion = std::move(completion)](
+                                    KZQ7306& self) { self.eraseBatch(slots, completion); });
+}
+
+/// Ends in one of two ways that differ on purpose: cancelled, the pedal is told (without a reset) and the
+/// link is idle before the completion; otherwise the completion runs first, and the link is idle only after
+/// the lock is free.
+void KZQ7306::eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion) {
+    auto lock = beginOperation(importingOrErasing);
+    std::uint8_t count = 0;
+    for (const auto slot : slots) {
+        if (!cancel() && eraseLoop(slot)) {
+            ++count;
+        }
+        if (cancel()) {
+            control(command::abandon);
+            setOperation(idle);
+            completion(count);
+            return;
+        }
+    }
+    completion(count);
+    lock.unlock();
+    setOperation(idle);
+}
+
+}  // namespace kzq

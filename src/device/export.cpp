@@ -1,0 +1,101 @@
+#include <algorithm>
+#include <fstream>
+#include <limits>
+#include <new>
+#include <utility>
+
+#include "audio/wave.h"
+#include "device/commands.h"
+#include "device/kzq7306.h"
+#include "platform/log.h"
+
+namespace kzq {
+
+namespace {
+
+/// The whole file, or nothing when it is empty or cannot be read.
+std::optional<Bytes> contents(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const std::streamoff size = file ? static_cast<std::streamoff>(file.tellg()) : 0;
+    if (size <= 0) {
+        return std::nullopt;
+    }
+    Bytes bytes(static_cast<std::size_t>(size));
+    file.seekg(0);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): iostreams read characters
+    if (!file.read(reinterpret_cast<char*>(bytes.data()), size)) {
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+}  // namespace
+
+std::uint32_t KZQ7306::exportLoop(const ExportInfo& info, const TransferProgress& progress) {
+    if (!progress) {
+        fail(Failure::badRequest);
+        return 0;
+    }
+    const std::lock_guard guard(*lock_);
+    try {
+        const auto file = contents(info.source);
+        const auto audio = file ? lpcm(*file) : std::nullopt;
+        if (!audio || audio->empty() || audio->size() > std::numeric_limits<std::uint32_t>::max()) {
+            log(LogCategory::device, "export: no audio in the working copy");
+            fail(Failure::noAudio);
+            return 0;
+        }
+        return sendAudio(info, *audio, progress);
+    } catch (const std::bad_alloc&) {
+        log(LogCategory::device, "export: not enough memory for the loop");
+        fail(Failure::outOfMemory);
+        return 0;
+    }
+}
+
+std::uint32_t KZQ7306::sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
+                                 const TransferProgress& progress) {
+    constexpr unsigned half = 16;
+    const auto size = static_cast<std::uint32_t>(audio.size());
+    const auto index = static_cast<std::uint8_t>(info.destination - 1);
+    if (refused(control(command::exportLoop, index, info.occupied ? 1 : 0)) ||
+        refused(control(command::exportLength, static_cast<std::uint16_t>(size),
+                        static_cast<std::uint16_t>(size >> half)))) {
+        return 0;
+    }
+    for (std::uint32_t sent = 0; sent < size;) {
+        if (cancel()) {
+            fail(Failure::cancelled);
+            return 0;
+        }
+        const auto piece = audio.subspan(sent, std::min<std::size_t>(size - sent, transferPiece));
+        if (!write(piece)) {
+            return 0;
+        }
+        sent += static_cast<std::uint32_t>(piece.size());
+        progress(static_cast<std::uint32_t>(piece.size()), index);
+    }
+    return size;
+}
+
+bool KZQ7306::exportLoops(Exports exports, TransferProgress progress,
+                          ExportPartialCompletion partialCompletion, BatchCompletion completion) {
+    const bool complete = !exports.empty() && progress && partialCompletion && completion;
+    return startBatch(complete, [exports = std::move(exports), progress = std::move(progress),
+                                 partialCompletion = std::move(partialCompletion),
+                                 completion = std::move(completion)](KZQ7306& self) {
+        std::vector<std::uint8_t> slots;  // ascending, as the map is
+        for (const auto& entry : exports) {
+            slots.push_back(entry.first);
+        }
+        const auto total = self.runningTotal(progress);
+        const auto transfer = [&](std::uint8_t slot) {
+            const auto sent = self.exportLoop(exports.at(slot), total);
+            partialCompletion(sent, slot);
+            return sent != 0;
+        };
+        self.transferBatch(exporting, pedalBulkOut, slots, transfer, completion);
+    });
+}
+
+}  // namespace kzq

@@ -1,0 +1,72 @@
+#include "slots/capacity.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace kzq {
+
+namespace {
+
+constexpr std::uint64_t greenUpTo = 52'875'900;   // 19 min 59 s
+constexpr std::uint64_t orangeUpTo = 60'813'900;  // 22 min 59 s
+constexpr double fullWidth = 240.0;
+constexpr std::uint64_t secondsPerMinute = 60;
+
+std::uint64_t sum(const FramesBySlot& frames) {
+    return std::accumulate(frames.begin(), frames.end(), std::uint64_t{0},
+                           [](std::uint64_t total, const auto& entry) { return total + entry.second; });
+}
+
+}  // namespace
+
+FramesBySlot existingAndTeedUpFrames(const Loops& existing, const Exports& teedUp) {
+    FramesBySlot frames;
+    for (const auto& [slot, loop] : existing) {
+        frames[slot] = loop.samples;
+    }
+    for (const auto& [slot, info] : teedUp) {
+        if (info.destination != 0) {
+            frames[info.destination] = info.bytes / frameBytes;
+        }
+    }
+    return frames;
+}
+
+std::uint64_t existingAndTeedUpExportSamples(const Loops& existing, const Exports& teedUp) {
+    return sum(existingAndTeedUpFrames(existing, teedUp));
+}
+
+std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& existing, const Exports& teedUp,
+                                                               std::uint64_t frames, std::uint8_t slot) {
+    auto all = existingAndTeedUpFrames(existing, teedUp);
+    all[slot] = frames;
+    return sum(all);
+}
+
+bool fitsCapacity(std::uint64_t frames) {
+    return frames < capacityFrames;
+}
+
+std::uint64_t remainingFrames(std::uint64_t used) {
+    return capacityFrames - std::min(used, capacityFrames);
+}
+
+std::string_view meterPicture(std::uint64_t used) {
+    if (used <= greenUpTo) {
+        return "Meter_bar_green";
+    }
+    return used <= orangeUpTo ? "Meter_bar_orange" : "Meter_bar_red";
+}
+
+double meterWidth(std::uint64_t used) {
+    return static_cast<double>(std::min(used, capacityFrames)) / static_cast<double>(capacityFrames) *
+           fullWidth;
+}
+
+std::string meterCaption(std::uint64_t used) {
+    const auto seconds = remainingFrames(used) / framesPerSecond;
+    return "Space remaining: " + std::to_string(seconds / secondsPerMinute) + " min, " +
+           std::to_string(seconds % secondsPerMinute) + " sec";
+}
+
+}  // namespace kzq

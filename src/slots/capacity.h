@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "device/status.h"
+#include "slots/export_info.h"
+
+namespace kzq {
+
+// What fits into the pedal. All counts are frames of 6 bytes, 44,100 to the second; divisions truncate.
+
+inline constexpr std::uint64_t capacityFrames = 63'504'000;  ///< 24 minutes
+inline constexpr std::uint64_t framesPerSecond = 44'100;
+inline constexpr std::uint64_t frameBytes = 6;
+
+/// Frames by slot.
+using FramesBySlot = std::map<std::uint8_t, std::uint64_t>;
+
+/// What stands in each slot once everything staged is written: a staged file counts instead of the recording
+/// that it will overwrite.
+FramesBySlot existingAndTeedUpFrames(const Loops& existing, const Exports& teedUp);
+std::uint64_t existingAndTeedUpExportSamples(const Loops& existing, const Exports& teedUp);
+/// The same with `frames` more for `slot`, instead of whatever stood there.
+std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& existing, const Exports& teedUp,
+                                                               std::uint64_t frames, std::uint8_t slot);
+
+/// Whether so many frames may be in use. Strict: a pedal that is exactly full is refused.
+bool fitsCapacity(std::uint64_t frames);
+inline constexpr std::string_view tooLargeSentence =
+    "This file is too large for the available space on your 7306.";
+
+/// The meter for so many frames in use; more than the capacity counts as full.
+std::uint64_t remainingFrames(std::uint64_t used);
+std::string_view meterPicture(
+    std::uint64_t used);                       ///< "Meter_bar_green", "Meter_bar_orange", "Meter_bar_red"
+double meterWidth(std::uint64_t used);         ///< 0 to 240 points
+std::string meterCaption(std::uint64_t used);  ///< "Space remaining: 4 min, 0 sec"
+
+}  // namespace kzq
