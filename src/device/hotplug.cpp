@@ -73,6 +73,13 @@ void KZQ7306::plugged(const UsbDevicePointer& device) {
         instance->fail(Failure::unknownStage);
         return;
     }
+    if (stage == stageFactoryBlank) {
+        instance->environment_.executor.background(Priority::high, [instance] {
+            if (instance->flashPending()) {
+                instance->completeFirmwareUpdate();
+            }
+        });
+    }
     if (const auto delegate = instance->delegate()) {
         delegate->looperIsConnected(*instance);
     }

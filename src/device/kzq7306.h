@@ -154,6 +154,17 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool exportLoops(Exports exports, TransferProgress progress, ExportPartialCompletion partialCompletion,
                      BatchCompletion completion);
     bool eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion);
+    /// Replaces the pedal's firmware. False when busy or when something is missing, and then `completion`
+    /// never comes. Otherwise it comes once, on a background thread under the device lock: whether the pedal
+    /// has the image and its trailer. A pedal in its normal firmware first restarts into its loader; if it
+    /// does not come back from there, the update stays pending and `operation` stays at flashing.
+    using FlashCompletion = std::function<void(bool flashed)>;
+    bool flashFirmware(std::vector<std::uint8_t> image, FlashCompletion completion);
+    /// Its two halves, before and after the restart.
+    bool beginFirmwareUpdate();
+    bool completeFirmwareUpdate();
+    bool flashPending() const;
+
     /// Asks the running batch to stop before its next piece. Any thread.
     void cancelTransfer() { cancel_ = true; }
     /// Resets the pedal without waiting for the lock, which ends a transfer that hangs: for a pedal that has
@@ -186,6 +197,17 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
                        const std::function<bool(std::uint8_t slot)>& transfer,
                        const BatchCompletion& completion);
     void eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion);
+    /// An update that is carried across the pedal's restart into its loader.
+    struct Flash {
+        std::vector<std::uint8_t> firmware;
+        FlashCompletion completion;
+    };
+    void setFlash(std::optional<Flash> flash);
+    std::optional<Flash> takeFlash();
+    FlashCompletion flashCompletion() const;
+    bool sendFirmware(const std::vector<std::uint8_t>& image);
+    bool endFirmwareUpdate(const FlashCompletion& completion, bool flashed);
+
     /// Adds up what the loops of a batch report, until it is cancelled.
     TransferProgress runningTotal(TransferProgress progress);
     void abandonTransfer(std::uint8_t endpoint);
@@ -205,6 +227,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     char stage_ = 0;                      ///< 0 no pedal, 'p' normal firmware, 'b' only its loader
     std::optional<std::string> version_;  ///< as last read
     std::optional<Status> lastStatus_;    ///< the last full status that a poll reported
+    std::optional<Flash> flash_;
     std::shared_ptr<UsbHandle> core_;
 };
 

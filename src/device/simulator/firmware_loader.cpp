@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/little_endian.h"
 #include "updates/digest.h"
 
 namespace kzq::simulator {
@@ -15,14 +16,6 @@ constexpr std::size_t trailerLength = 36;
 constexpr std::chrono::seconds preparation{8};
 constexpr std::chrono::seconds storing{1};
 constexpr std::size_t versionLength = 4;
-
-std::uint32_t littleEndian32(std::span<const std::uint8_t> bytes) {
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < 4; ++i) {
-        number |= static_cast<std::uint32_t>(bytes[i]) << (8 * i);
-    }
-    return number;
-}
 
 }  // namespace
 
@@ -95,7 +88,7 @@ std::size_t FirmwareLoader::receiveTrailer(std::span<const std::uint8_t> from) {
 
 bool FirmwareLoader::trailerMatches() const {
     const auto digest = SHA256(image_);
-    return littleEndian32(trailer_) == image_.size() && digest &&
+    return loadU32(trailer_) == image_.size() && digest &&
            std::equal(digest->begin(), digest->end(), trailer_.begin() + 4, trailer_.end());
 }
 

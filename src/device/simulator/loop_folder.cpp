@@ -5,9 +5,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <fstream>
 #include <iterator>
-#include <regex>
+#include <string_view>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -23,13 +24,20 @@ namespace {
 constexpr std::uintmax_t largestFile = waveHeaderSize + std::uintmax_t{capacityFrames} * frameBytes + 4096;
 
 /// The slot (1 to 20) that a file of this name keeps.
-std::optional<unsigned> slotFromName(const std::string& name) {
-    static const std::regex pattern("(?:Loop )?0?([1-9]|1[0-9]|20)\\.wav");
-    std::smatch match;
-    if (!std::regex_match(name, match, pattern)) {
+std::optional<unsigned> slotFromName(std::string_view name) {
+    constexpr std::string_view prefix = "Loop ";
+    constexpr std::string_view suffix = ".wav";
+    if (name.starts_with(prefix)) {
+        name.remove_prefix(prefix.size());
+    }
+    if (!name.ends_with(suffix)) {
         return std::nullopt;
     }
-    return static_cast<unsigned>(std::stoul(match[1]));
+    name.remove_suffix(suffix.size());
+    unsigned slot = 0;
+    const auto [stop, error] = std::from_chars(name.data(), name.data() + name.size(), slot);
+    const bool isNumber = error == std::errc() && stop == name.data() + name.size() && name.size() <= 2;
+    return isNumber && slot >= 1 && slot <= loopSlots ? std::optional(slot) : std::nullopt;
 }
 
 std::optional<StoredLoop> readLoop(const fs::path& file, std::string& error) {

@@ -8,6 +8,7 @@
 #include "device/commands.h"
 #include "device/simulator/simulated_pedal.h"
 #include "device/status.h"
+#include "platform/little_endian.h"
 
 namespace kzq::simulator {
 
@@ -40,12 +41,6 @@ std::string commandName(std::uint8_t code) {
     std::array<char, 3> text{};
     std::snprintf(text.data(), text.size(), "%02X", static_cast<unsigned>(code));
     return text.data();
-}
-
-void putLittleEndian32(std::span<std::uint8_t> into, std::uint32_t number) {
-    for (std::size_t i = 0; i < 4; ++i) {
-        into[i] = static_cast<std::uint8_t>(number >> (8 * i));
-    }
 }
 
 }  // namespace
@@ -174,7 +169,7 @@ SimulatedPedal::ReplyBody SimulatedPedal::stateReply(bool accepted) const {
 SimulatedPedal::ReplyBody SimulatedPedal::capacityReply() const {
     ReplyBody body;
     const std::uint64_t used = std::min<std::uint64_t>(usedFrames(), capacityFrames);
-    putLittleEndian32(body.bytes, capacityFrames - static_cast<std::uint32_t>(used));
+    storeU32(body.bytes, 0, capacityFrames - static_cast<std::uint32_t>(used));
     for (std::size_t i = 0; i < 4; ++i) {
         body.bytes.at(4 + i) = i < version_.size() ? static_cast<std::uint8_t>(version_[i]) : ' ';
     }
@@ -193,7 +188,7 @@ SimulatedPedal::ReplyBody SimulatedPedal::loopTable(std::size_t first) const {
             continue;
         }
         const auto record = std::span(body.bytes).subspan(i * loopRecordLength, loopRecordLength);
-        putLittleEndian32(record, static_cast<std::uint32_t>(loop->audio.size() / frameBytes));
+        storeU32(record, 0, static_cast<std::uint32_t>(loop->audio.size() / frameBytes));
         record[4] = loop->tempo;
         record[5] = loop->channel;
     }

@@ -14,8 +14,8 @@ SimulatedHandle::SimulatedHandle(std::shared_ptr<SimulatedPort::Host> host,
 
 SimulatedHandle::~SimulatedHandle() {
     const Lock lock(host_->mutex);
-    if (host_->owner == this) {
-        host_->owner = nullptr;
+    if (device_->owner == this) {
+        device_->owner = nullptr;
     }
     --host_->openHandles;
 }
@@ -36,7 +36,7 @@ UsbResult SimulatedHandle::reachPipe(bool exists) const {
     if (!exists) {
         return usbNotFound;
     }
-    return host_->owner == this ? usbSuccess : usbIo;
+    return device_->owner == this ? usbSuccess : usbIo;
 }
 
 int SimulatedHandle::kernelDriverActive(int interface) {
@@ -69,19 +69,19 @@ UsbResult SimulatedHandle::claimInterface(int interface) {
     if (host_->claimResult != usbSuccess) {
         return host_->claimResult;
     }
-    if (host_->owner != nullptr && host_->owner != this) {
+    if (device_->owner != nullptr && device_->owner != this) {
         return usbBusy;
     }
-    host_->owner = this;
+    device_->owner = this;
     return usbSuccess;
 }
 
 UsbResult SimulatedHandle::releaseInterface(int interface) {
     const Lock lock(host_->mutex);
     const UsbResult reached = reach(interface);
-    const bool owned = host_->owner == this;
+    const bool owned = device_->owner == this;
     if (owned && interface == pedalInterface) {
-        host_->owner = nullptr;
+        device_->owner = nullptr;
     }
     if (reached != usbSuccess) {
         return reached;

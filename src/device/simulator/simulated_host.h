@@ -14,7 +14,9 @@ namespace kzq::simulator {
 /// The pedal on the bus, from one arrival to the next departure.
 class SimulatedDevice : public UsbDevice {
   public:
-    bool gone = false;  ///< guarded by the host's mutex
+    // Guarded by the host's mutex.
+    bool gone = false;
+    const UsbHandle* owner = nullptr;  ///< who has claimed the interface
 };
 
 /// What the port and its handles share: the host system's view of the bus.
@@ -51,7 +53,6 @@ struct SimulatedPort::Host {
     UsbResult claimResult = usbSuccess;
     UsbResult detachResult = usbSuccess;
     bool kernelDriver = false;
-    const UsbHandle* owner = nullptr;  ///< who has claimed the interface
     int openHandles = 0;
 };
 
