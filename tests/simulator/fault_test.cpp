@@ -1,0 +1,129 @@
+// Planned faults.
+
+#include "wire.h"
+
+namespace kzq::simulator {
+namespace {
+
+using Where = Fault::Where;
+
+TEST(FaultPlan, ReadsFaultsFromText) {
+    const auto unplug = faultFromText("unplug@in:100");
+    ASSERT_TRUE(unplug);
+    EXPECT_EQ(unplug->kind, FaultKind::unplug);
+    EXPECT_EQ(unplug->where, Where::bulkIn);
+    EXPECT_EQ(unplug->count, 100U);
+    EXPECT_FALSE(unplug->repeated);
+
+    const auto refuse = faultFromText("refuse@e1+");
+    ASSERT_TRUE(refuse);
+    EXPECT_EQ(refuse->where, Where::control);
+    EXPECT_EQ(refuse->code, 0xE1);
+    EXPECT_EQ(refuse->count, 1U);
+    EXPECT_TRUE(refuse->repeated);
+
+    const auto stall = faultFromText("stall@control:2+");
+    ASSERT_TRUE(stall);
+    EXPECT_FALSE(stall->code);
+    EXPECT_EQ(faultFromText("silence@out")->where, Where::bulkOut);
+    EXPECT_TRUE(faultFromText("shorten@in") && faultFromText("overrun@in:3"));
+
+    for (const char* text :
+         {"", "@", "stall", "stall@", "stall@in:", "stall@in:0", "stall@in:-1", "stall@in:1x",
+          "stall@in:4294967296", "stall@E", "stall@E12", "stall@0xE1", "burn@in", "refuse@in", "overrun@out",
+          "overrun@E1", "stall@in++", " stall@in"}) {
+        EXPECT_FALSE(faultFromText(text)) << text;
+    }
+}
+
+TEST(FaultPlan, CountsWhatMatches) {
+    FaultPlan plan;
+    plan.add(*faultFromText("stall@E1:2"));
+    plan.add(*faultFromText("unplug@control:3+"));
+    EXPECT_FALSE(plan.next(Where::control, 0xE1));
+    EXPECT_FALSE(plan.next(Where::bulkIn));
+    EXPECT_FALSE(plan.next(Where::control, 0xE2));
+    EXPECT_EQ(plan.next(Where::control, 0xE1), FaultKind::stall) << "the fault planned first comes first";
+    EXPECT_EQ(plan.next(Where::control, 0xE1), FaultKind::unplug);
+    EXPECT_EQ(plan.next(Where::control, 0xE9), FaultKind::unplug);
+    plan.clear();
+    EXPECT_FALSE(plan.next(Where::control, 0xE9));
+}
+
+class Faults : public testing::Test {
+  protected:
+    void plan(const char* text) { wire.pedal.plan(*faultFromText(text)); }
+
+    Wire wire{{.memory = {StoredLoop{noise(6000)}}}};
+};
+
+TEST_F(Faults, OfControlRequests) {
+    plan("refuse@ED");
+    EXPECT_TRUE(wire.control(0xED, 0).refused());
+    plan("stall@ED");
+    EXPECT_EQ(wire.control(0xED, 0).status, TransferStatus::stalled);
+    EXPECT_TRUE(wire.pedal.memory()[0]) << "neither was carried out";
+    plan("shorten@ED");
+    const Reply half = wire.control(0xED, 0);
+    EXPECT_EQ(half.length, 4U);
+    EXPECT_EQ(half.bytes[answerOffset], 0);
+    EXPECT_FALSE(wire.pedal.memory()[0]) << "only its reply was lost";
+    plan("unplug@control");
+    wire.executor.advance(1s);
+    EXPECT_EQ(wire.control(0xE9).status, TransferStatus::gone);
+    EXPECT_FALSE(wire.pedal.isPlugged());
+    EXPECT_THAT(wire.pedal.violations(), IsEmpty());
+}
+
+TEST_F(Faults, OfBulkTransfers) {
+    ASSERT_TRUE(wire.control(0xE1, 0, 1).accepted());
+    plan("stall@in");
+    EXPECT_EQ(wire.read(1024).status, TransferStatus::stalled);
+    plan("shorten@in");
+    const Reply half = wire.read(1024);
+    EXPECT_EQ(half.length, 512U);
+    EXPECT_EQ(wire.read(512).bytes[0], noise(6000)[512]) << "the rest is not lost";
+    plan("overrun@in");
+    const Reply overrun = wire.read(1024);
+    EXPECT_EQ(overrun.status, TransferStatus::overrun);
+    EXPECT_GT(overrun.length, 1024U);
+
+    ASSERT_TRUE(wire.announce(1, false, 2000));
+    plan("shorten@out");
+    EXPECT_EQ(wire.write(noise(1024)).transferred, 512U);
+    ASSERT_TRUE(wire.send(ByteView(noise(2000)).subspan(512)));
+    EXPECT_EQ(wire.pedal.memory()[1]->audio.size(), 1998U);
+    EXPECT_THAT(wire.pedal.violations(), IsEmpty());
+}
+
+TEST_F(Faults, SilenceLastsUntilResetOrDeparture) {
+    plan("silence@E1");
+    EXPECT_EQ(wire.control(0xE1, 0, 1).status, TransferStatus::pending);
+    EXPECT_EQ(wire.control(0xE1, 0, 1).status, TransferStatus::pending) << "the transport asks again";
+    EXPECT_EQ(wire.write(noise(6)).status, TransferStatus::pending) << "mute on every pipe";
+    EXPECT_EQ(wire.pedal.journal().size(), 3U) << "plugged, 0xE1, the write";
+    wire.pedal.reset();
+    EXPECT_EQ(wire.stage(), 'p');
+
+    plan("silence@control:1+");
+    EXPECT_EQ(wire.control(0xE9).status, TransferStatus::pending);
+    wire.pedal.clearFaults();
+    EXPECT_EQ(wire.control(0xE9).status, TransferStatus::pending) << "no plan, but still mute";
+    wire.pedal.unplug();
+    wire.pedal.plugIn();
+    EXPECT_EQ(wire.stage(), 'p');
+    EXPECT_THAT(wire.pedal.violations(), IsEmpty());
+}
+
+TEST_F(Faults, APendingReadIsAnsweredOnceThereIsAudio) {
+    EXPECT_EQ(wire.read(64).status, TransferStatus::pending);
+    wire.control(0xE1, 0, 1);
+    EXPECT_EQ(wire.read(64).bytes, noise(64));
+    const auto journal = wire.pedal.journal();
+    ASSERT_EQ(journal.size(), 3U);
+    EXPECT_EQ(journal[1].kind, WireEvent::Kind::bulkIn);
+    EXPECT_EQ(journal[1].transferred, 64U);
+}
+
+}  // namespace
+}  // namespace kzq::simulator

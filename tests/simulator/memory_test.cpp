@@ -1,0 +1,151 @@
+// Where loops come from: a folder of files, and the synthesiser.
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include "device/simulator/loop_folder.h"
+#include "device/simulator/synthesiser.h"
+#include "platform/log.h"
+#include "wire.h"
+
+namespace kzq::simulator {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Folder : public testing::Test {
+  protected:
+    Folder()
+        : earlierSink(setLogSink([this](LogCategory, std::string_view line) { logged.emplace_back(line); })) {
+        std::string pattern = (fs::temp_directory_path() / "loop-folder-XXXXXX").string();
+        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
+        path = pattern;
+    }
+    ~Folder() override {
+        setLogSink(earlierSink);
+        fs::remove_all(path);
+    }
+
+    void put(const std::string& name, const Bytes& bytes) const {
+        std::ofstream(path / name, std::ios::binary)
+            .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    }
+    std::set<std::string> names() const {
+        std::set<std::string> found;
+        for (const auto& entry : fs::directory_iterator(path)) {
+            found.insert(entry.path().filename().string());
+        }
+        return found;
+    }
+    std::string errorOf() const {
+        std::string sentence;
+        EXPECT_FALSE(LoopFolder(path).load(sentence));
+        return sentence;
+    }
+
+    fs::path path;
+    std::string error;
+    std::vector<std::string> logged;
+    LogSink earlierSink;
+};
+
+TEST_F(Folder, KeepsLoopsFromRunToRun) {
+    put("07.wav", *wave(noise(60), 2));
+    put("20.wav", *wave(noise(66), 2));
+    for (const char* name : {"Loop 21.wav", "Loop 0.wav", "007.wav", "Loop .wav", "-3.wav", "Song.wav"}) {
+        put(name, noise(10));
+    }
+    put(".Loop 3.wav.part", noise(10));
+    LoopFolder folder(path);
+    auto memory = folder.load(error);
+    ASSERT_TRUE(memory) << error;
+    EXPECT_EQ(std::count(memory->begin(), memory->end(), std::nullopt), 18);
+    EXPECT_EQ(memory->at(6), StoredLoop{noise(60)});
+    EXPECT_EQ(logged.size(), 6U) << "one line for each name that is no slot's";
+
+    const StoredLoop fresh{noise(120, 9)};
+    EXPECT_TRUE(folder.store(6, &fresh));
+    EXPECT_TRUE(folder.store(0, &fresh));
+    EXPECT_TRUE(folder.store(19, nullptr));
+    EXPECT_TRUE(folder.store(18, nullptr)) << "nothing there to remove";
+    EXPECT_THAT(names(), testing::IsSupersetOf({".Loop 3.wav.part", "07.wav", "Loop 1.wav", "Loop 21.wav"}));
+    EXPECT_THAT(names(), testing::Not(testing::Contains(testing::AnyOf("20.wav", "7.wav", "Loop 7.wav"))));
+
+    memory = LoopFolder(path).load(error);
+    ASSERT_TRUE(memory) << error;
+    EXPECT_EQ(memory->at(0), fresh);
+    EXPECT_EQ(memory->at(6), fresh);
+    EXPECT_EQ(std::count(memory->begin(), memory->end(), std::nullopt), 18);
+}
+
+TEST_F(Folder, SaysWhatIsWrong) {
+    for (const Bytes& wrong : {*wave(noise(60), 1), *wave(noise(61), 2), *wave({}, 2), noise(100), Bytes{}}) {
+        put("Loop 7.wav", wrong);
+        EXPECT_THAT(errorOf(), HasSubstr("Loop 7.wav is not a"));
+    }
+    put("Loop 7.wav", *wave(noise(60), 2));
+    put("7.wav", *wave(noise(60), 2));
+    EXPECT_THAT(errorOf(), HasSubstr("Two files for slot 7: "));
+
+    EXPECT_FALSE(LoopFolder(path / "7.wav").load(error));
+    EXPECT_THAT(error, HasSubstr("7.wav cannot be read"));
+    EXPECT_TRUE(LoopFolder(path / "new" / "folder").load(error));
+}
+
+TEST_F(Folder, LeavesTheOldFileWhenItCannotWrite) {
+    put("1.wav", *wave(noise(60), 2));
+    LoopFolder folder(path);
+    ASSERT_TRUE(folder.load(error));
+    fs::create_directory(path / ".1.wav.part");
+    const StoredLoop fresh{noise(120)};
+    EXPECT_FALSE(folder.store(0, &fresh));
+    EXPECT_THAT(logged, ElementsAre(HasSubstr("cannot store")));
+    EXPECT_EQ(LoopFolder(path).load(error)->at(0), StoredLoop{noise(60)});
+}
+
+std::vector<double> samplesOf(const StoredLoop& loop) {
+    std::vector<double> samples;
+    for (std::size_t i = 0; i + 3 <= loop.audio.size(); i += 3) {
+        const auto high = static_cast<std::int8_t>(loop.audio[i + 2]);
+        samples.push_back((high * 65'536.0 + loop.audio[i + 1] * 256.0 + loop.audio[i]) / 8'388'608.0);
+    }
+    return samples;
+}
+
+TEST(Synthesiser, MakesWholeBeatsThatLoopWithoutAClick) {
+    const StoredLoop loop = synthesiseLoop(3, 4.3, 90);
+    EXPECT_EQ(loop.tempo, 90);
+    EXPECT_EQ(loop.audio.size(), std::size_t{6} * 29'400 * frameBytes) << "six beats";
+    EXPECT_EQ(loop, synthesiseLoop(3, 4.3, 90));
+    EXPECT_NE(loop.audio, synthesiseLoop(4, 4.3, 90).audio);
+    EXPECT_EQ(synthesiseLoop(0, 0.0, 120).audio.size(), 22'050U * frameBytes) << "never empty";
+
+    const auto samples = samplesOf(loop);
+    const auto [low, high] = std::minmax_element(samples.begin(), samples.end());
+    EXPECT_GT(*high - *low, 0.3);
+    EXPECT_LT(std::max(*high, -*low), 0.99);
+    EXPECT_LT(std::abs(samples.front()), 0.01);
+    EXPECT_LT(std::abs(samples.back()), 0.01);
+}
+
+TEST(Synthesiser, FillsADemonstrationPedal) {
+    const PedalMemory memory = demonstrationMemory();
+    std::vector<int> slots;
+    std::set<int> channels;
+    for (std::size_t i = 0; i < memory.size(); ++i) {
+        if (memory.at(i)) {
+            slots.push_back(static_cast<int>(i) + 1);
+            channels.insert(memory.at(i)->channel);
+            const double seconds = static_cast<double>(memory.at(i)->audio.size()) / (44'100.0 * frameBytes);
+            EXPECT_TRUE(seconds > 1.5 && seconds < 12.5) << seconds;
+        }
+    }
+    EXPECT_THAT(slots, ElementsAre(1, 2, 3, 5, 8, 13));
+    EXPECT_THAT(channels, testing::IsSupersetOf({1, 2, 255}));
+}
+
+}  // namespace
+}  // namespace kzq::simulator
