@@ -14,8 +14,10 @@
 namespace kzq::test {
 
 using namespace std::chrono_literals;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 /// Notes what it hears, with the second at which it heard it.
 class RecordingDelegate : public KZQ7306Delegate {

@@ -1,51 +1,12 @@
-#include <algorithm>
 #include <map>
 
-#include "audio/wave.h"
-#include "device/simulator/simulated_port.h"
-#include "device_fixture.h"
+#include "pedal_fixture.h"
 
 namespace kzq::test {
 namespace {
 
-using simulator::FaultKind;
-using simulator::PedalMemory;
-using simulator::SimulatedPedal;
-using simulator::SimulatedPort;
-using simulator::StoredLoop;
-using simulator::WireEvent;
-using Where = simulator::Fault::Where;
-
-Bytes noise(std::size_t frames, std::uint32_t seed) {
-    Bytes audio(frames * 6);
-    std::generate(audio.begin(), audio.end(), [&seed] {
-        seed = seed * 1664525U + 1013904223U;
-        return static_cast<std::uint8_t>(seed >> 24U);
-    });
-    return audio;
-}
-
-/// A pedal with loops in slots 1, 3, 10, 11 and 20, and the callbacks of one batch.
-class Import : public DeviceLinkTest {
+class Import : public PedalTest {
   protected:
-    Import() {
-        load(port);
-        pedal.plugIn();
-        start();
-        pedal.clearJournal();
-    }
-    ~Import() override { EXPECT_THAT(pedal.violations(), IsEmpty()); }
-
-    static PedalMemory memory() {
-        PedalMemory loops;
-        loops[0] = StoredLoop{noise(1, 1), 90, 1};      // 6 bytes, 64 on the wire
-        loops[2] = StoredLoop{noise(1000, 2), 120, 2};  // 6000 bytes, 6016 on the wire
-        loops[9] = StoredLoop{noise(512, 3), 1, 255};   // 3072 bytes: no padding, whole pieces
-        loops[10] = StoredLoop{noise(44100, 4), 255, 1};
-        loops[19] = StoredLoop{noise(171, 5), 60, 7};  // 1026 bytes, 1088 on the wire
-        return loops;
-    }
-
     bool importLoops(std::vector<std::uint8_t> slots) {
         return looper().importLoops(
             std::move(slots),
@@ -73,34 +34,6 @@ class Import : public DeviceLinkTest {
         EXPECT_EQ(files[slot], expected) << int{slot};
     }
 
-    /// Lengths asked for on the bulk-in pipe.
-    std::vector<std::uint32_t> reads() const {
-        std::vector<std::uint32_t> lengths;
-        for (const auto& event : pedal.journal()) {
-            if (event.kind == WireEvent::Kind::bulkIn) {
-                lengths.push_back(event.length);
-            }
-        }
-        return lengths;
-    }
-
-    /// Commands and resets from the `first` event on, as text.
-    std::vector<std::string> commandsAfter(std::size_t first) const {
-        std::vector<std::string> texts;
-        const auto events = pedal.journal();
-        for (auto i = first; i < events.size(); ++i) {
-            if (events[i].kind == WireEvent::Kind::control) {
-                texts.push_back("E" + std::to_string(events[i].code & 15U));
-            } else if (events[i].kind == WireEvent::Kind::reset) {
-                texts.emplace_back("reset");
-            }
-        }
-        return texts;
-    }
-
-    SimulatedPedal pedal{executor, {memory()}};
-    SimulatedPort port{executor, pedal};
-    std::uint32_t cancelAt = ~0U;
     std::map<std::uint8_t, std::uint32_t> totals;
     std::map<std::uint8_t, std::optional<Bytes>> files;
     std::vector<std::uint8_t> order;
@@ -121,23 +54,18 @@ TEST_F(Import, BringsEveryLoopBitForBitInTheOrderOfTheList) {
     // The total counts the padding and goes on growing across loops.
     EXPECT_EQ(totals, (std::map<std::uint8_t, std::uint32_t>{
                           {20, 1088}, {1, 1152}, {3, 7168}, {10, 10240}, {11, 10240 + 264640}}));
-    const auto lengths = reads();
-    EXPECT_THAT(std::vector(lengths.begin(), lengths.begin() + 9),
-                ElementsAre(1024, 64, 64, 1024, 1024, 1024, 1024, 1024, 896));
+    const auto wire = actions();
+    EXPECT_THAT(std::vector(wire.begin(), wire.begin() + 12),
+                ElementsAre("E1 19 7", "in 1024", "in 64", "E1 0 1", "in 64", "E1 2 2", "in 1024", "in 1024",
+                            "in 1024", "in 1024", "in 1024", "in 896"));
     EXPECT_EQ(looper().operation(), KZQ7306::idle);
 }
 
-TEST_F(Import, AsksForALoopWithItsAddressAndChannel) {
+TEST_F(Import, ReadsTheLoopTableForEachLoop) {
     importLoops({20});
     executor.settle();
-    const auto events = pedal.journal();
-    const auto found = std::find_if(events.begin(), events.end(),
-                                    [](const WireEvent& event) { return event.code == command::importLoop; });
-    ASSERT_NE(found, events.end());
-    EXPECT_EQ(found->value, 19);
-    EXPECT_EQ(found->index, 7);
-    EXPECT_EQ(found->length, 8U);
-    EXPECT_THAT(commandsAfter(0), ElementsAre("E8", "E9", "E10", "E11", "E12", "E1"));
+    EXPECT_THAT(wire(),
+                ElementsAre("E8 1 0", "E9 1 0", "EA 1 0", "EB 1 0", "EC 1 0", "E1 19 7", "in 1024", "in 64"));
 }
 
 TEST_F(Import, ASlotThatFailsDoesNotStopTheBatch) {
@@ -153,9 +81,8 @@ TEST_F(Import, ASlotThatFailsDoesNotStopTheBatch) {
     for (const auto slot : {1, 10, 11}) {
         expectWhole(static_cast<std::uint8_t>(slot));
     }
-    const auto commands = commandsAfter(0);
-    EXPECT_EQ(std::count(commands.begin(), commands.end(), "reset"), 0);
-    EXPECT_EQ(std::count(commands.begin(), commands.end(), "E15"), 0);
+    EXPECT_THAT(actions(), Not(Contains("reset")));
+    EXPECT_THAT(actions(), Not(Contains("EF 1 0")));
 }
 
 TEST_F(Import, AnOverrunFailsTheLoop) {
@@ -170,7 +97,8 @@ TEST_F(Import, AShortAnswerIsReadOnUntilItIsWhole) {
     importLoops({3});
     executor.settle();
     expectWhole(3);
-    EXPECT_THAT(reads(), ElementsAre(1024, 1024, 512, 1024, 1024, 1024, 896));
+    EXPECT_THAT(actions(), ElementsAre("E1 2 2", "in 1024", "in 1024", "in 512", "in 1024", "in 1024",
+                                       "in 1024", "in 896"));
 }
 
 TEST_F(Import, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
@@ -180,10 +108,7 @@ TEST_F(Import, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
     EXPECT_THAT(order, ElementsAre(1, 3));
     EXPECT_THAT(reasons, ElementsAre(Failure::none, Failure::cancelled));
     EXPECT_THAT(counts, ElementsAre(1));
-    EXPECT_THAT(reads(), ElementsAre(64, 1024, 1024));
-    const auto commands = commandsAfter(0);
-    ASSERT_GE(commands.size(), 3U);
-    EXPECT_THAT(std::vector(commands.end() - 3, commands.end()), ElementsAre("E1", "reset", "E15"));
+    EXPECT_THAT(actions(), ElementsAre("E1 0 1", "in 64", "E1 2 2", "in 1024", "in 1024", "reset", "EF 1 0"));
     EXPECT_TRUE(looper().cancel());  // until the next batch is accepted
     EXPECT_EQ(looper().importLoop(1, [](std::uint32_t, std::uint8_t) {}), std::nullopt);
 
@@ -199,7 +124,7 @@ TEST_F(Import, CancelBetweenAcceptanceAndStartReadsNothing) {
     executor.settle();
     EXPECT_THAT(order, IsEmpty());
     EXPECT_THAT(counts, ElementsAre(0));
-    EXPECT_THAT(commandsAfter(0), ElementsAre("E8", "reset", "E15"));
+    EXPECT_THAT(wire(), ElementsAre("E8 1 0", "reset", "EF 1 0"));
 }
 
 TEST_F(Import, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
@@ -262,7 +187,7 @@ TEST_F(Import, InterruptEndsAReadThatHangs) {
     executor.settle();
     EXPECT_THAT(counts, ElementsAre(0));
     EXPECT_EQ(looper().operation(), KZQ7306::idle);
-    EXPECT_EQ(commandsAfter(0).back(), "E15");
+    EXPECT_EQ(wire().back(), "EF 1 0");
 }
 
 TEST_F(Import, ThePollPausesWhileABatchRuns) {
@@ -271,7 +196,7 @@ TEST_F(Import, ThePollPausesWhileABatchRuns) {
     executor.settle();
     pedal.clearJournal();
     executor.advance(30s);
-    EXPECT_THAT(commandsAfter(0), IsEmpty());
+    EXPECT_THAT(wire(), IsEmpty());
     pedal.reset();
     executor.advance(5s);
     EXPECT_EQ(delegate->events.back().substr(0, 9), "changed 5");

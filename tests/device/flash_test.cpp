@@ -1,0 +1,159 @@
+#include "pedal_fixture.h"
+#include "platform/little_endian.h"
+#include "updates/digest.h"
+
+namespace kzq::test {
+namespace {
+
+class Flashing : public PedalTest {
+  protected:
+    using PedalTest::PedalTest;
+
+    bool flash(Bytes image) {
+        return looper().flashFirmware(std::move(image), [this](bool flashed) {
+            EXPECT_FALSE(executor.onMainThread());
+            EXPECT_EQ(looper().operation(), KZQ7306::idle);
+            EXPECT_FALSE(looper().flashPending());
+            results.push_back(flashed);
+            ended = executor.elapsed();
+        });
+    }
+    /// The wire's actions with the second at which they happened, as in "8.000 out 5".
+    std::vector<std::string> timed(Executor::Duration start = {}) const {
+        std::vector<std::string> texts;
+        for (const auto& event : pedal.journal()) {
+            if (event.kind == WireEvent::Kind::control && event.code >= command::busy &&
+                event.code != command::abandon) {
+                continue;
+            }
+            const auto seconds = std::chrono::duration<double>(event.time.time_since_epoch() - start).count();
+            std::array<char, 48> line{};
+            std::snprintf(line.data(), line.size(), "%.3f %s", seconds, text(event).c_str());
+            texts.emplace_back(line.data());
+        }
+        return texts;
+    }
+
+    std::vector<bool> results;
+    Executor::Duration ended{};
+};
+
+class BlankFlashing : public Flashing {
+  protected:
+    BlankFlashing() : Flashing(stageFactoryBlank) {}
+};
+
+TEST_F(BlankFlashing, SendsTheWholeUpdateInOneGo) {
+    const Bytes image = noise(5000, 9);
+    ASSERT_TRUE(flash(image));
+    executor.advance(8999ms);
+    EXPECT_THAT(results, IsEmpty());
+    EXPECT_TRUE(looper().busy());
+    executor.advance(1ms);
+    EXPECT_THAT(results, ElementsAre(true));
+    EXPECT_THAT(timed(), ElementsAre("0.000 E7 1 0", "0.000 E4 1 0", "8.000 out 30000", "9.000 E5 1 0",
+                                     "9.000 out 36"));
+    EXPECT_EQ(pedal.installedFirmware(), image);
+    executor.advance(1min);
+    EXPECT_EQ(looper().stage(), 'p');  // the pedal's own restart is an arrival like any other
+    EXPECT_EQ(results.size(), 1U);
+    EXPECT_EQ(executor.mainThreadWaits(), 0U);
+}
+
+TEST_F(BlankFlashing, EveryFailureEndsTheUpdateOnceAndLeavesItRepeatable) {
+    const std::vector<simulator::Fault> faults = {
+        {FaultKind::refuse, Where::control, command::openUpdate, 1},
+        {FaultKind::refuse, Where::control, command::enterLoader, 1},
+        {FaultKind::stall, Where::bulkOut, {}, 1},
+        {FaultKind::refuse, Where::control, command::announceTrailer, 1},
+        {FaultKind::stall, Where::bulkOut, {}, 2},
+    };
+    const std::vector<Executor::Duration> ends = {0s, 0s, 8s, 9s, 9s};
+    for (std::size_t i = 0; i < faults.size(); ++i) {
+        results.clear();
+        pedal.plan(faults[i]);
+        const auto begun = executor.elapsed();
+        ASSERT_TRUE(flash(Bytes{1, 2, 3, 4, 5})) << i;
+        executor.advance(20s);
+        EXPECT_THAT(results, ElementsAre(false)) << i;
+        EXPECT_EQ(ended - begun, ends[i]) << i;
+        EXPECT_TRUE(looper().factoryBlank()) << i;
+    }
+    results.clear();
+    pedal.clearFaults();
+    flash(Bytes{1, 2, 3, 4, 5});
+    executor.advance(20s);
+    EXPECT_THAT(results, ElementsAre(true));
+}
+
+TEST_F(BlankFlashing, ACablePulledDuringThePauseFailsTheImage) {
+    flash(Bytes{1});
+    executor.advance(4s);
+    pedal.unplug();
+    executor.advance(4s);
+    EXPECT_THAT(results, ElementsAre(false));
+    EXPECT_THAT(delegate->events, ElementsAre("connected b@0", "disconnected@8000"));
+    pedal.plugIn();
+    executor.advance(1min);
+    EXPECT_EQ(results.size(), 1U);
+    EXPECT_FALSE(looper().busy());
+}
+
+TEST_F(Flashing, SendsANormalPedalIntoItsLoaderAndGoesOnWhenItReturns) {
+    const Bytes image{1, 2, 3, 4, 5};
+    ASSERT_TRUE(flash(image));
+    executor.settle();
+    EXPECT_THAT(actions(), ElementsAre("E4 1 0"));
+    EXPECT_EQ(looper().operation(), KZQ7306::flashing);
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(true));
+    EXPECT_EQ(pedal.installedFirmware(), image);
+    EXPECT_EQ(delegate->events.at(1).substr(0, 12), "disconnected");
+    EXPECT_EQ(delegate->events.at(2).substr(0, 11), "connected b");
+    const auto wire = actions();
+    EXPECT_THAT(wire, ElementsAre("E4 1 0", "unplugged", "plugged", "E4 1 0", "out 5", "E5 1 0", "out 36",
+                                  "unplugged", "plugged"));
+    EXPECT_EQ(executor.mainThreadWaits(), 0U);
+}
+
+TEST_F(Flashing, StaysPendingWhileThePedalIsAwayAndGoesOnWheneverItComes) {
+    pedal.setReturns(false);
+    flash(Bytes{1});
+    executor.advance(10min);
+    EXPECT_THAT(results, IsEmpty());
+    EXPECT_EQ(looper().operation(), KZQ7306::flashing);
+    EXPECT_FALSE(flash(Bytes{2}));
+    pedal.setReturns(true);
+    pedal.plugIn();
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(true));
+    EXPECT_EQ(pedal.installedFirmware(), Bytes{1});
+}
+
+TEST_F(Flashing, APedalThatComesBackInItsNormalFirmwareLeavesTheUpdatePending) {
+    pedal.setReturns(false);
+    flash(Bytes{1});
+    executor.advance(10s);
+    pedal.setStage('p');
+    pedal.plugIn();
+    executor.advance(1min);
+    EXPECT_THAT(results, IsEmpty());
+    EXPECT_TRUE(looper().flashPending());
+}
+
+TEST_F(Flashing, RefusesWhatIsIncompleteAndEndsOnARefusal) {
+    EXPECT_FALSE(flash({}));
+    EXPECT_FALSE(looper().flashFirmware(Bytes{1}, nullptr));
+    EXPECT_FALSE(looper().beginFirmwareUpdate());
+    EXPECT_FALSE(looper().completeFirmwareUpdate());
+    executor.settle();
+    EXPECT_THAT(actions(), IsEmpty());
+    pedal.plan({FaultKind::refuse, Where::control, command::enterLoader, 1});
+    EXPECT_TRUE(flash(Bytes{1}));
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(false));
+    EXPECT_THAT(actions(), ElementsAre("E4 1 0"));
+}
+
+}  // namespace
+}  // namespace kzq::test
