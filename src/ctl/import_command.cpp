@@ -151,6 +151,7 @@ void ImportCommand::arrived(const Outcome& outcome) {
         return;
     }
     lost_ = lost_ || outcome.lost;
+    context_.output.endProgress();  // it is about this loop; the next one brings its own
     if (!outcome.file) {
         summary_.fileError = true;
         report_.notWritten(outcome.slot, context_.options.folder, outcome.file.error);

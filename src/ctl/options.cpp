@@ -94,7 +94,7 @@ void addSubcommands(CLI::App& app, Options& options, Words& words) {
         subcommand->fallthrough()->footer(std::string(globalHint) + footer);
     }
     app.require_subcommand(1);
-}  // namespace
+}
 
 void completeImport(Options& options, const Words& words) {
     if (options.all == !words.slots.empty()) {

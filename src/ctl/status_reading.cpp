@@ -17,7 +17,8 @@ void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
         StatusReading reading;
         reading.status = looper->status(true);
         reading.answers = pedalAnswers(*looper);
-        if (!reading.answers) {
+        const bool unread = reading.status && reading.status->version.find('\0') != std::string::npos;
+        if (!reading.answers || unread) {
             reading.status.reset();
         }
         executor.main([done, reading] { done(reading); });

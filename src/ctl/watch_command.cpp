@@ -35,20 +35,20 @@ void WatchCommand::changed(const Status& status) {
     }
     if (!present_) {
         return;  // it left while the news were on their way
-        if (context_.options.json) {
-            nlohmann::json object = statusJson(status);
-            object["event"] = "status";
-            context_.output.line(jsonText(object));
-        } else {
-            if (last_) {
-                for (const auto& line : statusChanges(last_->loops, status.loops)) {
-                    context_.output.line(line);
-                }
-            }
-            context_.output.line(statusSummary(status));
-        }
-        last_ = status;
     }
+    if (context_.options.json) {
+        nlohmann::json object = statusJson(status);
+        object["event"] = "status";
+        context_.output.line(jsonText(object));
+    } else {
+        if (last_) {
+            for (const auto& line : statusChanges(last_->loops, status.loops)) {
+                context_.output.line(line);
+            }
+        }
+        context_.output.line(statusSummary(status));
+    }
+    last_ = status;
     if (!context_.output.flush()) {
         context_.fail(outputLost());
     }

@@ -1,0 +1,123 @@
+#!/bin/bash
+# The real program with the simulated pedal, as a user's script would run it: cli_test.sh PROGRAM
+set -u
+set -m  # a job in the background of a script without it ignores Ctrl-C
+
+ctl=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+failures=0
+
+fail() {
+    echo "FAILED: $*" >&2
+    failures=$((failures + 1))
+}
+
+# expect CODE arguments...: runs the program; its output is in $work/out and $work/err
+expect() {
+    wanted=$1
+    shift
+    "$ctl" "$@" >"$work/out" 2>"$work/err"
+    code=$?
+    [ "$code" -eq "$wanted" ] || fail "$* ended with $code instead of $wanted: $(cat "$work/err")"
+    [ "$wanted" -eq 0 ] || [ "$wanted" -eq 130 ] || grep -q '^kzq7306ctl: [A-Z"-].*' "$work/err" ||
+        fail "$* gave no sentence: $(cat "$work/err")"
+}
+
+# fresh: an empty folder, in $to
+fresh() {
+    to=$(mktemp -d "$work/to.XXXXXX")
+}
+
+no_rubbish() {
+    rubbish=$(find "$to" -name '.*' -type f)
+    [ -z "$rubbish" ] || fail "$1 left $rubbish"
+}
+
+# --- what works
+fresh
+expect 0 --simulate import --all --to "$to"
+[ "$(find "$to" -name 'Loop *.wav' | wc -l)" -eq 6 ] || fail "import --all: $(ls -a "$to")"
+no_rubbish "import"
+first=$to
+fresh
+expect 0 import --to "$to" 1-3 13 "--simulate=$first"
+for slot in 1 2 3 13; do
+    cmp "$first/Loop $slot.wav" "$to/Loop $slot.wav" || fail "loop $slot differs after another round"
+done
+expect 0 list --simulate --json
+grep -q '"firmware": "1.05"' "$work/out" || fail "list --json: $(cat "$work/out")"
+expect 0 --version
+
+# --- exit codes
+expect 2
+expect 2 --simulate import 0 --to "$to"
+expect 2 --simulate --fault nonsense list
+expect 3 --simulate --fault unplug@in:1200 import --all --to "$to"
+expect 5 --simulate --fault refuse@E8 import --all --to "$to"
+expect 5 --simulate --fault refuse@E1 import 1 --to "$to"
+expect 6 --simulate import --all --to "$to/missing"
+expect 7 --simulate --fault refuse@E1 import 1 2 --to "$to"
+no_rubbish "a failed import"
+"$ctl" --simulate list >/dev/full 2>"$work/err"
+[ $? -eq 6 ] || fail "a full standard output is no error"
+
+# --- a folder that may not be written to, tried by somebody who is not root
+fresh
+chmod 555 "$to"
+if [ "$(id -u)" -ne 0 ]; then
+    expect 6 --simulate import --all --to "$to"
+elif chmod 755 "$work" && setpriv --reuid=65534 --clear-groups "$ctl" --version >/dev/null 2>&1; then
+    setpriv --reuid=65534 --clear-groups "$ctl" --simulate import --all --to "$to" >/dev/null 2>"$work/err"
+    [ $? -eq 6 ] || fail "a read-only folder: $(cat "$work/err")"
+else
+    echo "skipped: read-only folder"
+fi
+
+# --- no room: a limit on file sizes, and a file system of 1.5 MB where one can be mounted
+fresh
+(
+    ulimit -f 1000
+    "$ctl" --simulate import 2 3 --to "$to" >/dev/null 2>"$work/err"
+    [ $? -eq 6 ]
+) || fail "a file that is too large: $(cat "$work/err")"
+[ -z "$(ls -A "$to")" ] || fail "a file that is too large left $(ls -A "$to")"
+fresh
+# shellcheck disable=SC2016 # expanded by the inner shell
+unshare --user --map-root-user --mount sh -c '
+    mount -t tmpfs -o size=1500k none "$1" 2>/dev/null || exit 77
+    "$2" --simulate import 1 2 --to "$1" >/dev/null 2>&1
+    [ $? -eq 6 ] && [ "$(ls -A "$1")" = "Loop 1.wav" ]' sh "$to" "$ctl" 2>/dev/null
+case $? in
+0) ;;
+1) fail "a full disk" ;;
+*) echo "skipped: full disk" ;;
+esac
+
+# --- Ctrl-C as soon as the first loop is saved; the next one hangs in its first read
+# interrupted CODE SIGNAL...
+interrupted() {
+    wanted=$1
+    shift
+    fresh
+    rm -f "$work/pipe"
+    mkfifo "$work/pipe"
+    "$ctl" --simulate --fault silence@in:1035 import 1 2 --to "$to" >"$work/pipe" 2>"$work/err" &
+    pid=$!
+    exec 3<"$work/pipe"
+    read -r line <&3
+    for signal in "$@"; do
+        kill -s "$signal" "$pid"
+    done
+    wait "$pid"
+    code=$?
+    exec 3<&-
+    [ "$code" -eq "$wanted" ] || fail "$* ended with $code: $(cat "$work/err")"
+    [ "$(ls -A "$to")" = "Loop 1.wav" ] || fail "$* after \"$line\" left $(ls -A "$to")"
+}
+interrupted 130 INT
+grep -q '^kzq7306ctl: Cancelled' "$work/err" || fail "Ctrl-C gave no sentence"
+interrupted 130 TERM
+interrupted 130 INT TERM
+
+[ "$failures" -eq 0 ]

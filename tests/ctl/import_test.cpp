@@ -1,0 +1,222 @@
+#include <array>
+#include <nlohmann/json.hpp>
+
+#include "audio/wave.h"
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+TEST_F(ToolTest, importWritesEveryLoopAndNeverReplacesAFile) {
+    pedal.plugIn();
+    EXPECT_EQ(import({"--all"}), ExitCode::ok);
+    EXPECT_EQ(contents("Loop 5.wav"), wave(loopOf(1, 20).audio, 2));
+    EXPECT_EQ(contents("Loop 20.wav"), wave(loopOf(1500, 30).audio, 2));
+    const std::string at = folder.string();
+    EXPECT_EQ(out.str(), "Loop 2: saved as " + at + "/Loop 2.wav (6.0 kB).\nLoop 5: saved as " + at +
+                             "/Loop 5.wav (50 B).\nLoop 20: saved as " + at +
+                             "/Loop 20.wav (9.0 kB).\n3 loops saved.\n");
+    EXPECT_THAT(err.str(), IsEmpty());
+
+    code.reset();
+    EXPECT_EQ(import({"20", "1-5"}), ExitCode::someFailed);
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "Loop 20.wav", "Loop 2-2.wav",
+                                              "Loop 5-2.wav", "Loop 20-2.wav"));
+    EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 4 was not saved: the slot is empty.\n"));
+    EXPECT_THAT(out.str(), HasSubstr("3 of 6 loops saved.\n"));
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(ToolTest, importAsJson) {
+    pedal.plugIn();
+    EXPECT_EQ(import({"4", "5", "--json"}), ExitCode::someFailed);
+    std::istringstream lines(out.str());
+    std::vector<nlohmann::json> events;
+    for (std::string line; std::getline(lines, line);) {
+        events.push_back(nlohmann::json::parse(line));
+    }
+    ASSERT_EQ(events.size(), 3U);
+    EXPECT_EQ(events[0]["event"], "failed");
+    EXPECT_EQ(events[0]["slot"], 4);
+    EXPECT_EQ(events[0]["reason"], "empty-slot");
+    EXPECT_EQ(
+        events[1],
+        nlohmann::json(
+            {{"event", "saved"}, {"slot", 5}, {"file", (folder / "Loop 5.wav").string()}, {"bytes", 50}}));
+    EXPECT_EQ(events[2], nlohmann::json({{"event", "finished"}, {"wanted", 2}, {"saved", 1}, {"exit", 7}}));
+}
+
+TEST_F(ToolTest, nothingOnThePedal) {
+    pedal.plugIn();
+    for (const std::uint8_t address : std::array<std::uint8_t, 3>{1, 4, 19}) {
+        pedal.setLoop(address, std::nullopt);
+    }
+    EXPECT_EQ(import({"--all"}), ExitCode::ok);
+    EXPECT_EQ(out.str(), "The pedal holds no loops.\n");
+    code.reset();
+    EXPECT_EQ(import({"3"}), ExitCode::pedalRefused);
+}
+
+TEST_F(ToolTest, oneLoopFailsTheOthersAreSaved) {
+    pedal.plugIn();
+    plan("refuse@E1");
+    EXPECT_EQ(import({"--all"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was not saved: the pedal refused to send it."));
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 5.wav", "Loop 20.wav"));
+
+    code.reset();
+    plan("stall@in:7");
+    EXPECT_EQ(import({"5", "20"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: the pedal stopped in the middle of it."));
+    code.reset();
+    plan("overrun@in");
+    EXPECT_EQ(import({"2"}), ExitCode::pedalRefused);
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 5.wav", "Loop 20.wav", "Loop 5-2.wav"));
+}
+
+TEST_F(ToolTest, shortReadsAreCompleted) {
+    pedal.plugIn();
+    plan("shorten@in:2");
+    EXPECT_EQ(import({"20"}), ExitCode::ok);
+    EXPECT_EQ(contents("Loop 20.wav"), wave(loopOf(1500, 30).audio, 2));
+}
+
+TEST_F(ToolTest, busyPedalIsLeftAlone) {
+    pedal.plugIn();
+    pedal.setBusy(true);
+    EXPECT_EQ(import({"--all"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("The pedal is busy."));
+    EXPECT_EQ(sent(command::importLoop), 0);
+}
+
+TEST_F(ToolTest, unpluggedInTheMiddle) {
+    pedal.plugIn();
+    plan("unplug@in:9");  // loop 2 takes six reads, loop 5 one
+    EXPECT_EQ(import({"--all"}), ExitCode::noPedal);
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
+    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops saved.\n"));
+}
+
+TEST_F(ToolTest, folderIsCheckedBeforeThePedalIsTouched) {
+    pedal.plugIn();
+    EXPECT_EQ(run({"import", "--all", "--to", folder / "missing"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("does not exist"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "missing"));
+    code.reset();
+    EXPECT_EQ(run({"import", "--all", "--to", "/dev/null"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("is not a folder"));
+    code.reset();
+    EXPECT_EQ(run({"import", "--all", "--to", "/proc"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("No files can be made in the folder \"/proc\""));
+    EXPECT_THAT(sent(command::stage), 0);
+    EXPECT_THAT(files(), IsEmpty());
+}
+
+TEST_F(ToolTest, firstFileErrorEndsTheImport) {
+    pedal.plugIn();
+    paced.pace = 10ms;
+    start({"import", "--all", "--to", folder});
+    executor.advance(65ms);  // loop 2 is saved
+    std::filesystem::rename(folder, folder.string() + "-away");
+    EXPECT_EQ(finish(), ExitCode::fileError);
+    std::filesystem::rename(folder.string() + "-away", folder);
+    EXPECT_THAT(files(), ElementsAre("Loop 2.wav"));
+    EXPECT_EQ(sent(command::importLoop), 2);
+    EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 5 was not saved: the file could not be written"));
+}
+
+TEST_F(ToolTest, cancelKeepsWholeFilesAndStopsThePedal) {
+    pedal.plugIn();
+    paced.pace = 10ms;
+    start({"import", "--all", "--to", folder});
+    executor.advance(95ms);  // in the third read of loop 20
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(executor.elapsed(), 100ms);
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
+    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(ToolTest, cancelOfAHungTransferResetsThePedal) {
+    pedal.plugIn();
+    plan("silence@in:3");
+    start({"import", "--all", "--to", folder});
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(seconds(), 3);
+    EXPECT_THAT(files(), IsEmpty());
+}
+
+TEST_F(ToolTest, cancelEndsEvenWhenTheResetDoesNotHelp) {
+    pedal.plugIn();
+    plan("silence@in:3");
+    plan("silence@EF");
+    start({"import", "--all", "--to", folder});
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(seconds(), 5);
+}
+
+TEST_F(ToolTest, secondInterruptEndsAtOnce) {
+    pedal.plugIn();
+    plan("silence@in:3");
+    start({"import", "--all", "--to", folder});
+    executor.advance(1s);
+    tool->interrupt();
+    executor.advance(500ms);
+    EXPECT_FALSE(code);
+    tool->interrupt();
+    EXPECT_EQ(code, ExitCode::cancelled);
+}
+
+TEST_F(ToolTest, cancelWhileThePedalIsAskedWhetherItIsBusy) {
+    pedal.plugIn();
+    plan("silence@E8");
+    start({"import", "--all", "--to", folder});
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_THAT(files(), IsEmpty());
+}
+
+TEST_F(ToolTest, silentPedalIsGivenUpAndWholeFilesAreKept) {
+    pedal.plugIn();
+    paced.pace = 1s;
+    plan("silence@in:9");
+    EXPECT_EQ(import({"--all", "--patience", "20"}), ExitCode::pedalRefused);
+    EXPECT_EQ(seconds(), 8 + 20 + 2);  // eight reads, the patience, the grace
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal stopped answering. Unplug it and plug it in again.\n");
+}
+
+TEST_F(ToolTest, patienceOfZeroLastsForEver) {
+    pedal.plugIn();
+    plan("silence@in");
+    start({"import", "--all", "--to", folder, "--patience", "0"});
+    executor.advance(1h);
+    EXPECT_FALSE(code);
+}
+
+TEST_F(ToolTest, progressLineIsRewrittenInPlace) {
+    terminal = true;
+    pedal.plugIn();
+    paced.pace = 100ms;
+    EXPECT_EQ(import({"2", "20"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("\r\x1b[KLoop 2 (1 of 2): 34 %, 8.5 kB/s, 0:02 left"));
+    EXPECT_THAT(out.str(), HasSubstr("(6.0 kB).\nLoop 20 (2 of 2): "));
+    EXPECT_THAT(out.str(), testing::EndsWith("\r\x1b[K2 loops saved.\n"));
+}
+
+}  // namespace
+}  // namespace kzq::test

@@ -1,0 +1,158 @@
+#include <nlohmann/json.hpp>
+
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+TEST_F(ToolTest, listShowsTheLoops) {
+    pedal.plugIn();
+    pedal.setVersion("1.0\x1b");
+    pedal.setLoop(19, simulator::StoredLoop{Bytes(44'100UL * 6 * 61), 90, 255});
+    EXPECT_EQ(run({"list"}), ExitCode::ok);
+    EXPECT_EQ(out.str(),
+              "Slot    Length      Size     Tempo   Channel\n"
+              "   2    0:00.0    6.0 kB       100        10\n"
+              "   5    0:00.0       6 B       100        20\n"
+              "  20    1:01.0   16.1 MB        90       255\n"
+              "Firmware 1.0?, 3 loops, 22 min 58 s of 24 min free.\n");
+    EXPECT_THAT(err.str(), IsEmpty());
+    EXPECT_EQ(seconds(), 0);
+}
+
+TEST_F(ToolTest, listAsJson) {
+    pedal.plugIn();
+    EXPECT_EQ(run({"--json", "list"}), ExitCode::ok);
+    const auto document = nlohmann::json::parse(out.str());
+    EXPECT_EQ(document["firmware"], "1.05");
+    EXPECT_EQ(document["free"]["samples"], 63'504'000 - 2501);
+    EXPECT_EQ(document["loops"].size(), 3U);
+    EXPECT_EQ(
+        document["loops"][0],
+        nlohmann::json::parse(R"({"slot": 2, "samples": 1000, "bytes": 6000, "tempo": 100, "channel": 10,
+                                       "seconds": 0.022675736961451247})"));
+}
+
+TEST_F(ToolTest, nothingConnected) {
+    EXPECT_EQ(run({"list"}), ExitCode::noPedal);
+    EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: No pedal is connected."));
+    EXPECT_THAT(out.str(), IsEmpty());
+    EXPECT_EQ(seconds(), 0);
+}
+
+TEST_F(ToolTest, waitsForThePedal) {
+    start({"list", "--wait", "10"});
+    executor.advance(std::chrono::seconds(7));
+    EXPECT_FALSE(code);
+    pedal.plugIn();
+    EXPECT_EQ(finish(), ExitCode::ok);
+    EXPECT_EQ(seconds(), 7);
+}
+
+TEST_F(ToolTest, waitsNoLongerThanAsked) {
+    EXPECT_EQ(run({"list", "--wait", "10.25"}), ExitCode::noPedal);
+    EXPECT_EQ(seconds(), 10.25);
+}
+
+TEST_F(ToolTest, cancelledWhileWaiting) {
+    start({"import", "--all", "--to", folder, "--wait", "100"});
+    executor.advance(std::chrono::seconds(3));
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(seconds(), 3);
+}
+
+TEST_F(ToolTest, noPermissionTellsTheRemedy) {
+    port.setOpenResult(usbAccess);
+    start({"list", "--wait", "60"});
+    executor.advance(std::chrono::seconds(2));
+    pedal.plugIn();
+    EXPECT_EQ(finish(), ExitCode::noPermission);
+    EXPECT_LT(seconds(), 2.5);
+    EXPECT_THAT(err.str(), HasSubstr("Install its udev rule"));
+}
+
+TEST_F(ToolTest, noPermissionInSpiteOfTheRule) {
+    pedal.plugIn();
+    port.setOpenResult(usbAccess);
+    ruleInstalled = true;
+    EXPECT_EQ(run({"list"}), ExitCode::noPermission);
+    EXPECT_THAT(err.str(), HasSubstr("unplug the pedal and plug it in again"));
+}
+
+TEST_F(ToolTest, heldByAnotherProgram) {
+    pedal.plugIn();
+    port.setClaimResult(usbBusy);
+    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("in use by another program"));
+}
+
+TEST_F(ToolTest, pedalInItsLoader) {
+    pedal.plugIn();
+    pedal.setStage('b');
+    EXPECT_EQ(import({"--all"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("waits for firmware"));
+}
+
+TEST_F(ToolTest, systemWithoutAMinorVersion) {
+    pedal.plugIn();
+    systemMinorVersion = 0;
+    EXPECT_EQ(run({"list"}), ExitCode::noPedal);
+    EXPECT_THAT(err.str(), HasSubstr("reads as 0"));
+}
+
+TEST_F(ToolTest, unpluggedInTheLoopTable) {
+    pedal.plugIn();
+    plan("unplug@EC");
+    EXPECT_EQ(run({"list"}), ExitCode::noPedal);
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
+    EXPECT_THAT(out.str(), IsEmpty());
+}
+
+TEST_F(ToolTest, aFailedVersionIsNoStatus) {
+    pedal.plugIn();
+    plan("stall@EA");
+    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("does not tell what it holds"));
+}
+
+TEST_F(ToolTest, silentPedalIsGivenUp) {
+    pedal.plugIn();
+    plan("silence@EA");
+    EXPECT_EQ(run({"list", "--patience", "12"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: The pedal stopped answering."));
+    EXPECT_EQ(seconds(), 12);
+}
+
+TEST_F(ToolTest, pedalThatIsSilentFromTheStartIsGivenUp) {
+    pedal.plugIn();
+    plan("silence@E9");
+    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: The pedal stopped answering."));
+    EXPECT_EQ(seconds(), 30);
+}
+
+TEST_F(ToolTest, outputThatCannotBeWrittenIsAnError) {
+    pedal.plugIn();
+    out.setstate(std::ios::badbit);
+    EXPECT_EQ(run({"list"}), ExitCode::fileError);
+    EXPECT_EQ(err.str(), "kzq7306ctl: Standard output could not be written.\n");
+}
+
+TEST_F(ToolTest, theLogIsShownOnlyOnDemand) {
+    pedal.plugIn();
+    port.setOpenResult(usbIo);
+    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), testing::Not(HasSubstr("core:1")));
+    code.reset();
+    KZQ7306::unload();
+    EXPECT_EQ(run({"list", "--verbose"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("device: core:1"));
+}
+
+}  // namespace
+}  // namespace kzq::test

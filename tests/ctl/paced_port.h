@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "device/usb_port.h"
+#include "platform/executor.h"
+
+namespace kzq::test {
+
+/// A port whose bulk reads take time, so that a test can do something in the middle of a loop.
+class PacedPort : public UsbPort {
+  public:
+    PacedPort(Executor& executor, UsbPort& port) : executor_(executor), port_(port) {}
+
+    Executor::Duration pace{};  ///< of one read
+
+    UsbResult initialize() override { return port_.initialize(); }
+    UsbResult registerHotplug(HotplugEvent event, const HotplugFilter& filter,
+                              HotplugCallback callback) override {
+        return port_.registerHotplug(event, filter, std::move(callback));
+    }
+    UsbResult handleEvents() override { return port_.handleEvents(); }
+    std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) override {
+        return paced(port_.open(device, result));
+    }
+    std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) override {
+        return paced(port_.open(vendor, product, result));
+    }
+
+  private:
+    class Handle : public UsbHandle {
+      public:
+        Handle(PacedPort& port, std::unique_ptr<UsbHandle> handle)
+            : port_(port), handle_(std::move(handle)) {}
+
+        int kernelDriverActive(int interface) override { return handle_->kernelDriverActive(interface); }
+        UsbResult detachKernelDriver(int interface) override {
+            return handle_->detachKernelDriver(interface);
+        }
+        UsbResult claimInterface(int interface) override { return handle_->claimInterface(interface); }
+        UsbResult releaseInterface(int interface) override { return handle_->releaseInterface(interface); }
+        int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
+                    std::span<std::uint8_t> reply) override {
+            return handle_->control(requestType, request, value, index, reply);
+        }
+        UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+                         std::size_t& transferred) override {
+            port_.executor_.sleep(port_.pace);
+            return handle_->bulkIn(endpoint, into, transferred);
+        }
+        UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
+                          std::size_t& transferred) override {
+            return handle_->bulkOut(endpoint, from, transferred);
+        }
+        UsbResult reset() override { return handle_->reset(); }
+
+      private:
+        PacedPort& port_;
+        std::unique_ptr<UsbHandle> handle_;
+    };
+
+    std::unique_ptr<UsbHandle> paced(std::unique_ptr<UsbHandle> handle) {
+        return handle ? std::make_unique<Handle>(*this, std::move(handle)) : nullptr;
+    }
+
+    Executor& executor_;
+    UsbPort& port_;
+};
+
+}  // namespace kzq::test

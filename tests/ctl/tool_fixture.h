@@ -1,0 +1,70 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "ctl/tool.h"
+#include "device/simulator/simulated_pedal.h"
+#include "device/simulator/simulated_port.h"
+#include "paced_port.h"
+#include "virtual_executor.h"
+
+namespace kzq::test {
+
+using ctl::ExitCode;
+
+/// The tool in this process, with a simulated pedal, on virtual time. Slots 2, 5 and 20 hold loops.
+class ToolTest : public testing::Test {
+  public:
+    ToolTest(const ToolTest&) = delete;
+    ToolTest& operator=(const ToolTest&) = delete;
+    ToolTest(ToolTest&&) = delete;
+    ToolTest& operator=(ToolTest&&) = delete;
+    ~ToolTest() override;
+
+  protected:
+    ToolTest();
+
+    static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
+
+    void plan(const std::string& fault);
+    /// Begins as `main` does; time stands still.
+    void start(const std::vector<std::string>& arguments);
+    /// Runs to the end.
+    ExitCode run(const std::vector<std::string>& arguments);
+    ExitCode finish();
+    ExitCode import(std::vector<std::string> arguments);
+
+    /// Since the start.
+    double seconds() const { return std::chrono::duration<double>(executor.elapsed()).count(); }
+    std::set<std::string> files() const;
+    Bytes contents(const std::string& name) const;
+    /// How often the command was sent.
+    long sent(std::uint8_t request) const;
+
+    VirtualExecutor executor;
+    simulator::SimulatedPedal pedal;
+    simulator::SimulatedPort port;
+    PacedPort paced;
+    std::filesystem::path folder;
+    std::ostringstream out;
+    std::ostringstream err;
+    bool terminal = false;
+    bool ruleInstalled = false;
+    std::uint64_t systemMinorVersion = 36;
+    std::optional<ExitCode> code;
+    std::unique_ptr<ctl::Tool> tool;
+
+  private:
+    std::optional<ctl::Environment> environment_;
+};
+
+}  // namespace kzq::test

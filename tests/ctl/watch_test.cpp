@@ -1,0 +1,80 @@
+#include <nlohmann/json.hpp>
+
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+
+TEST_F(ToolTest, watchTellsWhatHappens) {
+    start({"watch"});
+    executor.advance(1s);
+    pedal.plugIn();
+    executor.advance(1s);
+    pedal.setLoop(4, std::nullopt);
+    pedal.setLoop(6, loopOf(44'100, 1));
+    pedal.setLoop(19, loopOf(1501, 30));
+    executor.advance(10s);
+    pedal.unplug();
+    executor.advance(1s);
+    pedal.setStage('b');
+    pedal.plugIn();
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(code, ExitCode::cancelled);
+    EXPECT_EQ(out.str(),
+              "No pedal is connected; waiting for one.\n"
+              "The pedal is connected.\n"
+              "Firmware 1.05, 3 loops, 23 min 59 s of 24 min free.\n"
+              "Loop 5: erased.\n"
+              "Loop 7: new, 0:01.0, tempo 100.\n"
+              "Loop 20: changed, 0:00.0, tempo 100.\n"
+              "Firmware 1.05, 3 loops, 23 min 58 s of 24 min free.\n"
+              "The pedal was unplugged.\n"
+              "The pedal is connected. It runs only its loader and waits for firmware.\n");
+}
+
+TEST_F(ToolTest, watchGoesOnAfterAnArrivalThatFailed) {
+    port.setOpenResult(usbAccess);
+    pedal.plugIn();
+    start({"watch"});
+    executor.advance(1s);
+    EXPECT_THAT(err.str(), HasSubstr("You have no permission"));
+    EXPECT_FALSE(code);
+    pedal.unplug();
+    port.setOpenResult(usbSuccess);
+    executor.advance(1s);
+    pedal.plugIn();
+    executor.advance(1s);
+    EXPECT_THAT(out.str(), HasSubstr("The pedal is connected.\nFirmware 1.05"));
+}
+
+TEST_F(ToolTest, watchAsJsonIsOneObjectALine) {
+    pedal.plugIn();
+    start({"watch", "--json"});
+    executor.advance(1s);
+    pedal.unplug();
+    executor.advance(1s);
+    std::istringstream lines(out.str());
+    std::vector<std::string> events;
+    for (std::string line; std::getline(lines, line);) {
+        const auto object = nlohmann::json::parse(line);
+        events.push_back(object["event"]);
+        EXPECT_EQ(object.contains("loops"), events.back() == "status");
+    }
+    EXPECT_THAT(events, testing::ElementsAre("connected", "status", "disconnected"));
+}
+
+TEST_F(ToolTest, watchEndsWhenNobodyReads) {
+    pedal.plugIn();
+    start({"watch"});
+    executor.advance(1s);
+    out.setstate(std::ios::badbit);
+    pedal.unplug();
+    EXPECT_EQ(finish(), ExitCode::fileError);
+}
+
+}  // namespace
+}  // namespace kzq::test
