@@ -24,14 +24,14 @@ constexpr auto descriptors =
     "07058102000200"
     "07050202000200";
 
-std::string description(unsigned address, const std::string& name) {
+std::string description(unsigned busNumber, unsigned address, const std::string& name) {
     std::array<char, 1024> text{};
     std::snprintf(text.data(), text.size(),
-                  "P: %s\nE: DEVTYPE=usb_device\nE: SUBSYSTEM=usb\nE: DEVNAME=/dev/%s\nE: BUSNUM=001\n"
-                  "E: DEVNUM=%03u\nE: PRODUCT=308a/104/100\nA: busnum=1\\n\nA: devnum=%u\\n\n"
+                  "P: %s\nE: DEVTYPE=usb_device\nE: SUBSYSTEM=usb\nE: DEVNAME=/dev/%s\nE: BUSNUM=%03u\n"
+                  "E: DEVNUM=%03u\nE: PRODUCT=308a/104/100\nA: busnum=%u\\n\nA: devnum=%u\\n\n"
                   "A: bConfigurationValue=1\\n\nA: speed=480\\n\nA: idVendor=308a\\n\nA: idProduct=0104\\n\n"
                   "H: descriptors=%s\n",
-                  port, name.c_str(), address, address, descriptors);
+                  port, name.c_str(), busNumber, address, busNumber, address, descriptors);
     return text.data();
 }
 
@@ -54,7 +54,7 @@ struct UmockPedal::Bus {
 
     std::mutex mutex;
     UMockdevTestbed* testbed;
-    unsigned address = 1;
+    unsigned arrivals = 0;
     // Handles of pedals that have left still ask.
     std::vector<std::shared_ptr<UsbfsNode>> nodes;
 };
@@ -125,8 +125,11 @@ void UmockPedal::change(BusChange change) {
 void UmockPedal::arrive() {
     const std::lock_guard lock(mutex_);
     const std::lock_guard busLock(bus().mutex);
+    // A bus has addresses up to 127, of which the first is its own.
+    const unsigned busNumber = 1 + bus().arrivals / 126;
+    const unsigned address = 2 + bus().arrivals++ % 126;
     std::array<char, 32> name{};
-    std::snprintf(name.data(), name.size(), "bus/usb/001/%03u", ++bus().address);
+    std::snprintf(name.data(), name.size(), "bus/usb/%03u/%03u", busNumber, address);
     name_ = name.data();
     node_ = bus().nodes.emplace_back(std::make_shared<UsbfsNode>(pedal_, rules_));
     // All of it before umockdev announces the arrival, as libusb opens the file at once.
@@ -134,7 +137,7 @@ void UmockPedal::arrive() {
     std::filesystem::create_directories(file.parent_path());
     node_->makeFile(file);
     if (!umockdev_testbed_attach_ioctl(bus().testbed, ("/dev/" + name_).c_str(), node_->handler(), nullptr) ||
-        !umockdev_testbed_add_from_string(bus().testbed, description(bus().address, name_).c_str(),
+        !umockdev_testbed_add_from_string(bus().testbed, description(busNumber, address, name_).c_str(),
                                           nullptr)) {
         throw std::runtime_error("umockdev did not take the device");
     }

@@ -83,7 +83,7 @@ class UsbImport : public testing::Test {
     }
 
     /// The link is loaded once, after the emulated bus has been made.
-    World& linked() {
+    static World& linked() {
         static World& instance = *[] {
             auto* const made = new World;  // NOLINT(cppcoreguidelines-owning-memory)
             KZQ7306::load({made->executor, made->usb, [] { return std::uint64_t{36}; }});

@@ -5,7 +5,7 @@
 
 #include <cstdlib>
 #include <future>
-#include <numeric>
+#include <stdexcept>
 
 #include "device/libusb/libusb_port.h"
 #include "hotplug_watch.h"
@@ -38,6 +38,11 @@ class UsbPortTest : public testing::Test {
 
     ~UsbPortTest() override {
         handle_.reset();
+        if (pedal_.isPlugged()) {
+            watch_.forget();
+            pedal_.unplug();
+            EXPECT_TRUE(watch_.waitFor(1)) << "the next test would hear of it";
+        }
         setLogSink({});
     }
 
@@ -52,7 +57,9 @@ class UsbPortTest : public testing::Test {
     UsbHandle& acquire() {
         UsbResult result = usbOther;
         handle_ = port_.open(arrive(), result);
-        EXPECT_EQ(result, usbSuccess);
+        if (!handle_) {
+            throw std::runtime_error("the pedal cannot be opened");
+        }
         EXPECT_EQ(handle_->kernelDriverActive(pedalInterface), 0);
         EXPECT_EQ(handle_->claimInterface(pedalInterface), usbSuccess);
         return *handle_;
