@@ -1,0 +1,53 @@
+#pragma once
+
+#include <filesystem>
+#include <mutex>
+#include <optional>
+
+#include "platform/descriptor.h"
+
+namespace kzq {
+
+/// The folder for the temporary files of one run of the program, for this user only (mode 0700).
+///
+/// It is made when it is first asked for and goes, with its content, at `remove`. As long as the run lives it
+/// holds a lock inside the folder, which ends with the process in whatever way that ends; this is how a later
+/// run tells a folder that was left behind from one in use. All members may be called from any thread.
+class RunFolder {
+  public:
+    /// The one of this process, in usualParent(). It outlives everything: the program calls `remove` when it
+    /// quits.
+    static RunFolder& ofThisRun();
+    /// $TMPDIR if that is an absolute path to a folder, else /var/tmp: neither must be in memory, as a
+    /// working copy may have 381 MB.
+    static std::filesystem::path usualParent();
+
+    explicit RunFolder(std::filesystem::path parent);
+    RunFolder(const RunFolder&) = delete;
+    RunFolder& operator=(const RunFolder&) = delete;
+    RunFolder(RunFolder&&) = delete;
+    RunFolder& operator=(RunFolder&&) = delete;
+    ~RunFolder();
+
+    /// The folder, made if it is not there yet. Nothing when it can't be made (the log says why), and for
+    /// ever after `remove`, so that a late worker does not bring the folder back.
+    std::optional<std::filesystem::path> path();
+
+    /// Removes the folder with everything in it.
+    void remove();
+
+    /// Removes the folders that this user's earlier runs left behind in the same parent. Folders of living
+    /// runs and of other users stay; symbolic links are not followed. Called once when the program starts.
+    void sweep() const;
+
+  private:
+    std::optional<std::filesystem::path> make();
+
+    const std::filesystem::path parent_;
+    std::mutex mutex_;
+    std::filesystem::path path_;  ///< empty as long as there is none
+    Descriptor lock_;
+    bool removed_ = false;
+};
+
+}  // namespace kzq

@@ -1,0 +1,116 @@
+#include "platform/run_folder.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+
+namespace kzq {
+namespace {
+
+namespace fs = std::filesystem;
+
+class RunFolderTest : public ::testing::Test {
+  public:
+    RunFolderTest(const RunFolderTest&) = delete;
+    RunFolderTest& operator=(const RunFolderTest&) = delete;
+    RunFolderTest(RunFolderTest&&) = delete;
+    RunFolderTest& operator=(RunFolderTest&&) = delete;
+    ~RunFolderTest() override { fs::remove_all(parent_); }
+
+  protected:
+    RunFolderTest() {
+        std::string pattern = fs::temp_directory_path() / "run_folder_test_XXXXXX";
+        parent_ = ::mkdtemp(pattern.data());
+    }
+
+    /// A folder as a run leaves it that dies without quitting: with a file, and a link out of it.
+    void leaveOneBehind(const fs::path& linkTarget) const {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            RunFolder folder(parent_);
+            const auto path = folder.path();
+            if (path) {
+                std::ofstream(*path / "copy.wav") << "audio";
+                fs::create_directory_symlink(linkTarget, *path / "out");
+            }
+            ::_exit(path ? 0 : 1);
+        }
+        int status = -1;
+        ASSERT_EQ(child, ::waitpid(child, &status, 0));
+        ASSERT_EQ(0, status);
+    }
+
+    std::size_t foldersLeft() const {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(parent_), {}));
+    }
+
+    fs::path parent_;
+};
+
+TEST_F(RunFolderTest, IsPrivateMadeOnDemandAndGoesWithItsContent) {
+    RunFolder folder(parent_);
+    EXPECT_EQ(0U, foldersLeft());
+    const auto path = folder.path();
+    ASSERT_TRUE(path);
+    EXPECT_EQ(path, folder.path());
+    EXPECT_EQ(parent_, path->parent_path());
+    EXPECT_EQ(fs::perms::owner_all, fs::status(*path).permissions());
+    std::ofstream(*path / "copy.wav") << "audio";
+
+    fs::remove_all(*path);
+    const auto second = folder.path();
+    ASSERT_TRUE(second) << "a folder that was cleaned away comes back";
+    EXPECT_TRUE(fs::is_directory(*second));
+
+    folder.remove();
+    EXPECT_EQ(0U, foldersLeft());
+    EXPECT_FALSE(folder.path()) << "a late worker must not bring the folder back";
+    EXPECT_EQ(0U, foldersLeft());
+    EXPECT_FALSE(RunFolder(parent_ / "missing").path());
+}
+
+TEST_F(RunFolderTest, SweepsWhatDeadRunsLeftAndNothingElse) {
+    const fs::path elsewhere = parent_ / "elsewhere";
+    fs::create_directory(elsewhere);
+    std::ofstream(elsewhere / "keep") << "me";
+    leaveOneBehind(elsewhere);
+    leaveOneBehind(elsewhere);
+    fs::create_directory(parent_ / "kzq7306-run-killed-before-its-lock");
+    fs::create_directory_symlink(elsewhere, parent_ / "kzq7306-run-link");
+    RunFolder living(parent_);
+    const fs::path alive = living.path().value();
+    std::size_t others = 0;
+    if (::geteuid() == 0) {
+        const fs::path foreign = parent_ / "kzq7306-run-foreign";
+        fs::create_directory(foreign);
+        ASSERT_EQ(0, ::chown(foreign.c_str(), 65534, 65534));
+        others = 1;
+    }
+    ASSERT_EQ(6U + others, foldersLeft());
+
+    RunFolder(parent_).sweep();
+    EXPECT_TRUE(fs::exists(alive));
+    EXPECT_TRUE(fs::exists(elsewhere / "keep"));
+    EXPECT_TRUE(fs::is_symlink(parent_ / "kzq7306-run-link"));
+    EXPECT_EQ(3U + others, foldersLeft()) << "the living, elsewhere, the link, other users'";
+    RunFolder(parent_ / "missing").sweep();
+}
+
+TEST(RunFolderParent, FollowsTheEnvironmentUnlessItMakesNoSense) {
+    const char* const before = std::getenv("TMPDIR");
+    const std::string saved = before == nullptr ? "" : before;
+    ::setenv("TMPDIR", "/proc", 1);
+    EXPECT_EQ("/proc", RunFolder::usualParent());
+    for (const char* const nonsense : {"", "relative", "/no/such/folder"}) {
+        ::setenv("TMPDIR", nonsense, 1);
+        EXPECT_EQ("/var/tmp", RunFolder::usualParent());
+    }
+    before == nullptr ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", saved.c_str(), 1);
+}
+
+}  // namespace
+}  // namespace kzq
