@@ -116,6 +116,7 @@ TEST_F(Faults, SilenceLastsUntilResetOrDeparture) {
 }
 
 TEST_F(Faults, APendingReadIsAnsweredOnceThereIsAudio) {
+    plan("stall@in:2");
     EXPECT_EQ(wire.read(64).status, TransferStatus::pending);
     wire.control(0xE1, 0, 1);
     EXPECT_EQ(wire.read(64).bytes, noise(64));
@@ -123,6 +124,7 @@ TEST_F(Faults, APendingReadIsAnsweredOnceThereIsAudio) {
     ASSERT_EQ(journal.size(), 3U);
     EXPECT_EQ(journal[1].kind, WireEvent::Kind::bulkIn);
     EXPECT_EQ(journal[1].transferred, 64U);
+    EXPECT_EQ(wire.read(64).status, TransferStatus::stalled) << "asking again was not a second transfer";
 }
 
 }  // namespace

@@ -50,7 +50,6 @@ void SimulatedPedal::inspect(const SetupPacket& setup) {
     if (erased_ && executor_.now() - *erased_ < erasePause) {
         journal_.violation(name + " less than 25 ms after an erase");
     }
-    erased_.reset();
 
     const auto* const shape = std::find_if(shapes.begin(), shapes.end(),
                                            [&](const Shape& s) { return s.code == setup.requestType; });

@@ -215,7 +215,7 @@ class SimulatedPedal {
     std::uint64_t plugs_ =
         0;  ///< grows with every change of the cable, so that an overtaken restart is noticed
     bool silent_ = false;
-    std::optional<Executor::TimePoint> erased_;  ///< the last command was an erase, at that time
+    std::optional<Executor::TimePoint> erased_;  ///< when the last erase was accepted
     std::optional<ImportStream> import_;
     std::optional<ExportStream> export_;
 };
