@@ -1,6 +1,7 @@
 #include <gnu/libc-version.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
 #include <csignal>
 #include <cstdlib>
@@ -24,15 +25,15 @@ using namespace kzq;
 using ctl::ExitCode;
 
 /// A cancelled transfer may take two graces; this is more.
-constexpr auto longestEnd = std::chrono::seconds(6);
+constexpr auto longestEnd = std::chrono::seconds(5);
 
 int ended(ExitCode code) {
     return static_cast<int>(code);
 }
 
-int complain(ExitCode code, const std::string& sentence) {
-    std::cerr << "kzq7306ctl: " << sentence << "\n";
-    return ended(code);
+int complain(const ctl::Explanation& problem) {
+    std::cerr << "kzq7306ctl: " << problem.sentence << "\n";
+    return ended(problem.code);
 }
 
 /// The minor number of the C library: "2.36" gives 36.
@@ -55,12 +56,14 @@ struct Simulation {
     simulator::SimulatedPort port;
 };
 
-/// Null, with `error` set, when the options do not describe one.
-std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& options, std::string& error) {
+/// Null, with `problem` set, when the options do not describe one.
+std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& options,
+                                     ctl::Explanation& problem) {
     auto memory = simulator::demonstrationMemory();
     if (!options.simulatedFolder.empty()) {
-        auto loaded = simulator::LoopFolder(options.simulatedFolder).load(error);
+        auto loaded = simulator::LoopFolder(options.simulatedFolder).load(problem.sentence);
         if (!loaded) {
+            problem.code = ExitCode::fileError;
             return nullptr;
         }
         memory = std::move(*loaded);
@@ -69,8 +72,9 @@ std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& opt
     for (const auto& text : options.faults) {
         const auto fault = simulator::faultFromText(text);
         if (!fault) {
-            error =
-                "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100.";
+            problem = {
+                ExitCode::usage,
+                "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100."};
             return nullptr;
         }
         simulation->pedal.plan(*fault);
@@ -91,10 +95,10 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     std::unique_ptr<Simulation> simulation;
     std::unique_ptr<UsbPort> bus;
     if (options.simulate) {
-        std::string error;
-        simulation = simulate(executor, options, error);
+        ctl::Explanation problem;
+        simulation = simulate(executor, options, problem);
         if (!simulation) {
-            return complain(ExitCode::usage, error);
+            return complain(problem);
         }
     } else {
         bus = std::make_unique<LibusbPort>();
@@ -120,16 +124,17 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
 
 int main(int argc, char** argv) {
     ctl::Signals signals;
-    std::signal(SIGPIPE,
-                SIG_IGN);  // a reader that has gone is a failed write, not a reason to leave a transfer
-    std::signal(SIGXFSZ, SIG_IGN);  // the same for a limit on the size of files
-    const auto parsed = ctl::parseOptions({argv + 1, argv + argc});
+    // A reader that has gone, or a limit on the size of files, is a failed write and no reason to leave a
+    // transfer.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    const auto parsed = ctl::parseOptions({argv + std::min(argc, 1), argv + argc});
     if (parsed.options) {
         return run(*parsed.options, signals);
     }
     if (parsed.code != ExitCode::ok) {
-        return complain(parsed.code, parsed.text);
+        return complain({parsed.code, parsed.text});
     }
     std::cout << parsed.text << std::flush;
-    return std::cout ? ended(ExitCode::ok) : complain(ExitCode::fileError, ctl::outputLost().sentence);
+    return std::cout ? ended(ExitCode::ok) : complain(ctl::outputLost());
 }

@@ -56,6 +56,7 @@ expect 2 --simulate --fault nonsense list
 expect 3 --simulate --fault unplug@in:1200 import --all --to "$to"
 expect 5 --simulate --fault refuse@E8 import --all --to "$to"
 expect 5 --simulate --fault refuse@E1 import 1 --to "$to"
+expect 5 --simulate --fault silence@in:5 --patience 0.2 import --all --to "$to"
 expect 6 --simulate import --all --to "$to/missing"
 expect 7 --simulate --fault refuse@E1 import 1 2 --to "$to"
 no_rubbish "a failed import"
