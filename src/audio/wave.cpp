@@ -55,22 +55,6 @@ bool isPerfectFormat(ByteView data, const ByteRange& chunk, std::uint32_t channe
            loadU16(body, 12) == blockAlign(channels);
 }
 
-void storeHeader(std::span<std::uint8_t, waveHeaderSize> header, std::uint32_t size, std::uint32_t channels) {
-    storeU32(header, 0, riffTag);
-    storeU32(header, 4, size + riffOverhead);
-    storeU32(header, 8, waveTag);
-    storeU32(header, 12, fmtTag);
-    storeU32(header, 16, fmtBodySize);
-    storeU16(header, 20, pcmTag);
-    storeU16(header, 22, static_cast<std::uint16_t>(channels));
-    storeU32(header, 24, waveSampleRate);
-    storeU32(header, 28, byteRate(channels));
-    storeU16(header, 32, blockAlign(channels));
-    storeU16(header, 34, waveBitsPerSample);
-    storeU32(header, 36, dataTag);
-    storeU32(header, 40, size);
-}
-
 }  // namespace
 
 ByteRange rangeOfWaveChunk(ByteView data) {
@@ -143,6 +127,24 @@ bool isPerfectWave(ByteView data, std::uint32_t channels) {
     return false;
 }
 
+std::array<std::uint8_t, waveHeaderSize> waveHeader(std::uint32_t sampleBytes, std::uint32_t channels) {
+    std::array<std::uint8_t, waveHeaderSize> header{};
+    storeU32(header, 0, riffTag);
+    storeU32(header, 4, sampleBytes + riffOverhead);
+    storeU32(header, 8, waveTag);
+    storeU32(header, 12, fmtTag);
+    storeU32(header, 16, fmtBodySize);
+    storeU16(header, 20, pcmTag);
+    storeU16(header, 22, static_cast<std::uint16_t>(channels));
+    storeU32(header, 24, waveSampleRate);
+    storeU32(header, 28, byteRate(channels));
+    storeU16(header, 32, blockAlign(channels));
+    storeU16(header, 34, waveBitsPerSample);
+    storeU32(header, 36, dataTag);
+    storeU32(header, 40, sampleBytes);
+    return header;
+}
+
 std::optional<Bytes> wave(ByteView samples, std::uint32_t channels) {
     if (samples.size() > mostSampleBytes) {
         return std::nullopt;
@@ -150,9 +152,8 @@ std::optional<Bytes> wave(ByteView samples, std::uint32_t channels) {
     try {
         Bytes file;
         file.reserve(samples.size() + waveHeaderSize + spareCapacity);
-        file.resize(waveHeaderSize);
-        storeHeader(std::span(file).first<waveHeaderSize>(), static_cast<std::uint32_t>(samples.size()),
-                    channels);
+        const auto header = waveHeader(static_cast<std::uint32_t>(samples.size()), channels);
+        file.insert(file.end(), header.begin(), header.end());
         file.insert(file.end(), samples.begin(), samples.end());
         return file;
     } catch (const std::bad_alloc&) {

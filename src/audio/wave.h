@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -42,6 +43,10 @@ bool isWave(ByteView data);
 
 /// Whether `data` is a WAVE in exactly the pedal's format with `channels` channels and a 16-byte format body.
 bool isPerfectWave(ByteView data, std::uint32_t channels);
+
+/// The canonical header in front of `sampleBytes` bytes of samples. `channels` is cut to the 16 bits of its
+/// field, and the RIFF size to its 32 bits.
+std::array<std::uint8_t, waveHeaderSize> waveHeader(std::uint32_t sampleBytes, std::uint32_t channels);
 
 /// A WAV file image: the canonical 44-byte header, then `samples` unchanged. Nothing when there are more
 /// than 4,294,967,258 bytes of them, which a RIFF size cannot count, or no memory for the image. `channels`

@@ -100,6 +100,7 @@ TEST_F(RunFolderTest, SweepsWhatDeadRunsLeftAndNothingElse) {
     RunFolder(parent_ / "missing").sweep();
 }
 
+// NOLINTBEGIN(concurrency-mt-unsafe): one thread
 TEST(RunFolderParent, FollowsTheEnvironmentUnlessItMakesNoSense) {
     const char* const before = std::getenv("TMPDIR");
     const std::string saved = before == nullptr ? "" : before;
@@ -111,6 +112,7 @@ TEST(RunFolderParent, FollowsTheEnvironmentUnlessItMakesNoSense) {
     }
     before == nullptr ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", saved.c_str(), 1);
 }
+// NOLINTEND(concurrency-mt-unsafe)
 
 }  // namespace
 }  // namespace kzq

@@ -1,0 +1,45 @@
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "audio/source_facts.h"
+
+namespace kzq {
+namespace {
+
+constexpr int mostChunks = 10'000;
+
+void takeCommon(SourceFacts& facts, const FileBytes& file, std::uint64_t body) {
+    constexpr std::array<std::string_view, 12> plain{"NONE", "twos", "sowt", "in24", "in32", "42ni",
+                                                     "23ni", "fl32", "FL32", "fl64", "alaw", "ulaw"};
+    const bool compressed = file.text(8, 4) == "AIFC";
+    const std::string kind = compressed ? file.text(body + 18, 4) : "NONE";
+    const std::uint64_t bits = file.big(body + 6, 2).value_or(0);
+    if (kind == "sowt" && bits != 16) {
+        facts.unsupported = std::to_string(bits) + "-bit little-endian AIFF-C";
+    }
+    if (std::ranges::find(plain, kind) != plain.end()) {
+        facts.frames = file.big(body + 2, 4);
+    }
+}
+
+}  // namespace
+
+SourceFacts factsOfAiff(const FileBytes& file) {
+    SourceFacts facts;
+    std::uint64_t offset = 12;
+    for (int count = 0; count < mostChunks && file.after(offset) >= 8; ++count) {
+        const std::string name = file.text(offset, 4);
+        const std::uint64_t size = file.big(offset + 4, 4).value_or(0);
+        const std::uint64_t body = offset + 8;
+        if (name == "COMM") {
+            takeCommon(facts, file, body);
+        } else if (name == "SSND") {
+            facts.truncated = file.after(body) < size;
+        }
+        offset = body + size + size % 2;
+    }
+    return facts;
+}
+
+}  // namespace kzq

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include "audio/locked_child.h"
+#include "platform/descriptor.h"
+
+namespace kzq {
+
+/// A child process that was started: ours to wait for, in a session and process group of its own.
+struct LaunchedChild {
+    pid_t pid = -1;
+    Descriptor output;     ///< its standard output, not blocking
+    Descriptor complaint;  ///< its standard error, not blocking
+    int error = 0;         ///< an errno value when it could not be started
+};
+
+/// Starts `task.program` as ChildTask describes.
+LaunchedChild launchLockedChild(const ChildTask& task);
+
+}  // namespace kzq

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace kzq {
+
+/// Audio files on their way to the pedal.
+class Wave {
+  public:
+    /// Converts the file at `path` to a fresh WAV file in this run's temporary folder and returns its path;
+    /// the file belongs to the caller. Nothing on any failure, with nothing left behind: the log says why. A
+    /// path without a folder or without an extension is refused; which extension does not matter. Blocks; any
+    /// thread; calls may run at once.
+    static std::optional<std::string> convertAudioFile(const std::string& path);
+};
+
+}  // namespace kzq

@@ -1,0 +1,136 @@
+#include "audio/locked_child.h"
+
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <optional>
+
+#include "audio/child_launch.h"
+
+namespace kzq {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+/// How often a cancellation is looked for.
+constexpr std::chrono::milliseconds tick{20};
+constexpr std::size_t mostComplaint = 4096;
+constexpr std::size_t pieceSize = 1 << 18;
+
+/// A started child, from its first byte to its end.
+class Conversation {
+  public:
+    Conversation(const ChildTask& task, LaunchedChild child) : task_(task), child_(std::move(child)) {}
+
+    ChildEnd hold() {
+        std::optional<ChildEnd::How> early;
+        while (!early && (child_.output || child_.complaint)) {
+            awaitSomething();
+            readComplaint();
+            early = readOutput() ? reasonToStop() : ChildEnd::How::stopped;
+        }
+        ChildEnd end = early ? endEarly(*early) : awaitEnd();
+        end.complaint = std::move(complaint_);
+        return end;
+    }
+
+  private:
+    void awaitSomething() {
+        std::array<pollfd, 2> watched{
+            {{child_.output.get(), POLLIN, 0}, {child_.complaint.get(), POLLIN, 0}}};
+        ::poll(watched.data(), watched.size(), static_cast<int>(tick.count()));
+    }
+
+    /// One piece of what has come; closes the descriptor at the end of the stream.
+    std::span<const std::uint8_t> read(Descriptor& from) {
+        if (!from) {
+            return {};
+        }
+        const ssize_t got = ::read(from.get(), piece_.data(), piece_.size());
+        if (got > 0) {
+            return std::span(piece_).first(static_cast<std::size_t>(got));
+        }
+        if (got == 0 || (errno != EAGAIN && errno != EINTR)) {
+            from.close();
+        }
+        return {};
+    }
+
+    void readComplaint() {
+        const auto bytes = read(child_.complaint);
+        complaint_.append(bytes.begin(), bytes.end());
+        if (complaint_.size() > mostComplaint) {
+            complaint_.erase(0, complaint_.size() - mostComplaint);
+        }
+    }
+
+    bool readOutput() {
+        const auto bytes = read(child_.output);
+        if (bytes.empty()) {
+            return true;
+        }
+        lastHeard_ = Clock::now();
+        return task_.output(bytes);
+    }
+
+    std::optional<ChildEnd::How> reasonToStop() const {
+        if (task_.cancelled != nullptr && *task_.cancelled) {
+            return ChildEnd::How::cancelled;
+        }
+        const auto now = Clock::now();
+        if (now - lastHeard_ > task_.patience.silence || now - started_ > task_.patience.whole) {
+            return ChildEnd::How::outOfPatience;
+        }
+        return std::nullopt;
+    }
+
+    /// Kills the child with whatever it has started.
+    ChildEnd endEarly(ChildEnd::How how) const {
+        ::kill(-child_.pid, SIGKILL);
+        while (::waitpid(child_.pid, nullptr, 0) < 0 && errno == EINTR) {
+        }
+        return {how, 0, {}};
+    }
+
+    /// Both streams have ended, so the child is about to.
+    ChildEnd awaitEnd() const {
+        int status = 0;
+        pid_t ended = 0;
+        while ((ended = ::waitpid(child_.pid, &status, WNOHANG)) == 0) {
+            if (const auto early = reasonToStop()) {
+                return endEarly(*early);
+            }
+            ::poll(nullptr, 0, 1);
+        }
+        if (ended < 0) {
+            return {ChildEnd::How::notStarted, errno, {}};  // somebody else has reaped it: unknown is failed
+        }
+        if (WIFSIGNALED(status)) {
+            return {ChildEnd::How::killed, WTERMSIG(status), {}};
+        }
+        return {ChildEnd::How::exited, WEXITSTATUS(status), {}};
+    }
+
+    const ChildTask& task_;
+    LaunchedChild child_;
+    std::string complaint_;
+    std::vector<std::uint8_t> piece_ = std::vector<std::uint8_t>(pieceSize);
+    Clock::time_point started_ = Clock::now();
+    Clock::time_point lastHeard_ = started_;
+};
+
+}  // namespace
+
+ChildEnd runLockedChild(const ChildTask& task) {
+    LaunchedChild child = launchLockedChild(task);
+    if (child.pid < 0) {
+        return {ChildEnd::How::notStarted, child.error, {}};
+    }
+    return Conversation(task, std::move(child)).hold();
+}
+
+}  // namespace kzq

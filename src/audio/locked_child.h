@@ -1,0 +1,56 @@
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kzq {
+
+/// How long a locked-down child process may take.
+struct ChildPatience {
+    std::chrono::milliseconds silence = std::chrono::seconds(30);  ///< without a byte of output
+    std::chrono::milliseconds whole = std::chrono::minutes(10);
+};
+
+/// A program that handles data nobody vouches for. It gets one open file to read, as descriptor
+/// `childSource`, and can say something on its standard output and error; its environment is clean, it has no
+/// terminal, can't write files, can't gain privileges, has limits of memory (768 MB) and processor time
+/// (120 s), and dies with the thread that runs it.
+struct ChildTask {
+    std::string program;  ///< path of an executable file; $PATH is not searched
+    std::vector<std::string> arguments;
+    int source = -1;  ///< stays open, and its offset where it is
+    /// Takes the child's standard output in pieces, on the calling thread; false stops the child.
+    std::function<bool(std::span<const std::uint8_t>)> output;
+    const std::atomic<bool>* cancelled = nullptr;
+    ChildPatience patience;
+};
+
+/// The descriptor of the source in the child.
+inline constexpr int childSource = 3;
+
+struct ChildEnd {
+    enum class How {
+        exited,      ///< `value` is the exit status
+        killed,      ///< `value` is the signal
+        notStarted,  ///< `value` is an errno value
+        stopped,     ///< by `output`
+        cancelled,
+        outOfPatience
+    };
+
+    How how = How::notStarted;
+    int value = 0;
+    std::string complaint;  ///< the end of what the child said on standard error; at most 4 KiB
+
+    bool succeeded() const { return how == How::exited && value == 0; }
+};
+
+/// Runs the child and waits for its end. Any thread; several may run at once.
+ChildEnd runLockedChild(const ChildTask& task);
+
+}  // namespace kzq

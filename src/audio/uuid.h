@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace kzq {
+
+/// A fresh random UUID in upper-case hexadecimal with hyphens.
+std::string freshUuid();
+
+}  // namespace kzq

@@ -1,0 +1,88 @@
+#include "converting.h"
+#include "foreign_files.h"
+#include "sound_analysis.h"
+
+namespace kzq {
+namespace {
+
+using Accepted = Converting;
+
+struct LosslessKind {
+    std::string name;
+    unsigned bits;
+    std::string arguments;
+};
+
+TEST_F(Accepted, LosslessKindsPassBitForBit) {
+    // The last frames count: an odd length, in no way a multiple of a packet.
+    constexpr std::size_t frames = 54'321;
+    const std::vector<LosslessKind> kinds{{"u8.wav", 8, "-c:a pcm_u8"},
+                                          {"s16.wav", 16, "-c:a pcm_s16le"},
+                                          {"s24.wav", 24, "-c:a pcm_s24le"},
+                                          {"s32.wav", 24, "-c:a pcm_s32le"},
+                                          {"f32.wav", 24, "-c:a pcm_f32le"},
+                                          {"rf64.wav", 24, "-c:a pcm_s24le -rf64 always"},
+                                          {"s16.aiff", 16, "-c:a pcm_s16be"},
+                                          {"s24.aif", 24, "-c:a pcm_s24be"},
+                                          {"sowt16.aifc", 16, "-c:a pcm_s16le -f aiff"},
+                                          {"s24.flac", 24, "-c:a flac -sample_fmt s32"},
+                                          {"alac.m4a", 24, "-c:a alac -sample_fmt s32p"},
+                                          {"misnamed.mp3", 16, "-c:a pcm_s16le -f wav"}};
+    for (const auto& kind : kinds) {
+        SCOPED_TRACE(kind.name);
+        const Samples master = noise(frames, kind.bits);
+        shop_.write("master.wav", wave(packed(master), 2).value());
+        EXPECT_EQ(master, converted(shop_.encode(kind.name, "-i master.wav " + kind.arguments)));
+    }
+    const Samples master = noise(frames, 24);
+    EXPECT_EQ(master, converted(shop_.write("24in32.wav", wave24In32(master))));
+}
+
+TEST_F(Accepted, WaveFilesWhoseWriterCouldNotNoteTheLength) {
+    const Samples master = noise(30'001, 16);
+    shop_.write("master.wav", wave(packed(master), 2).value());
+    EXPECT_EQ(master,
+              converted(shop_.make("piped1.wav", "ffmpeg -v error -i master.wav -f wav - > piped1.wav")));
+    EXPECT_EQ(master, converted(shop_.make("piped2.wav", "sox -V1 master.wav -t wav - | cat > piped2.wav")));
+    Bytes zero = readFile(shop_.at("master.wav"));
+    std::fill_n(zero.begin() + 4, 4, std::uint8_t{0});
+    std::fill_n(zero.begin() + 40, 4, std::uint8_t{0});
+    EXPECT_EQ(master, converted(shop_.write("crashed.wav", zero)));
+}
+
+TEST_F(Accepted, EveryRateComesOutWithTheExactLengthAndClean) {
+    for (const std::uint32_t rate :
+         {4'000U, 8'000U, 11'025U, 22'050U, 32'000U, 44'056U, 48'000U, 96'000U, 192'000U}) {
+        SCOPED_TRACE(rate);
+        const std::size_t frames = rate + 7;
+        const auto source = shop_.write("tone.wav", waveOf(sine(frames, 997, rate, 0.5), rate, 2));
+        const Samples samples = converted(source);
+        EXPECT_EQ((frames * 44'100 + rate / 2) / rate, samples.size() / 2);
+        EXPECT_LT(residueBelowTone(samples, 997), -130);
+        EXPECT_NEAR(-6.02, level(samples), 0.01);
+    }
+}
+
+TEST_F(Accepted, ToneAboveTheHalfRateDoesNotFoldDown) {
+    for (const double frequency : {23'000.0, 25'000.0, 40'000.0}) {
+        const auto source = shop_.write("tone.wav", waveOf(sine(96'000, frequency, 96'000, 0.9), 96'000, 2));
+        EXPECT_LT(level(converted(source)), -120) << frequency;
+    }
+    const auto passed = shop_.write("tone.wav", waveOf(sine(96'000, 20'000, 96'000, 0.5), 96'000, 2));
+    EXPECT_NEAR(-6.02, level(converted(passed)), 0.02) << "20 kHz must come through";
+}
+
+TEST_F(Accepted, StopsOneFrameBehindWhatThePedalHolds) {
+    const auto source = shop_.encode("hours.flac", "-f lavfi -i anullsrc=r=4000:cl=mono -t 9000");
+    std::uint64_t heard = 0;
+    auto listening = options();
+    listening.progress = [&](std::uint64_t frames) { heard = frames; };
+    const auto result = Conversion(listening).convert(source);
+    ASSERT_TRUE(result) << result.failure->sentence;
+    EXPECT_EQ(63'504'001U, result.frames);
+    EXPECT_EQ(63'504'001U, heard);
+    EXPECT_EQ(44 + 63'504'001ULL * 6, std::filesystem::file_size(result.path));
+}
+
+}  // namespace
+}  // namespace kzq

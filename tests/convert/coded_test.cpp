@@ -1,0 +1,61 @@
+#include "converting.h"
+#include "foreign_files.h"
+#include "sound_analysis.h"
+
+namespace kzq {
+namespace {
+
+/// Sources that a codec has surrounded with silence of its own.
+class Coded : public Converting {
+  protected:
+    /// A tone at both sides: one sample off would be -11 dB of difference.
+    Samples master(std::size_t frames) const {
+        const Samples samples = sine(frames, 1999, waveSampleRate, 0.5);
+        shop_.write("master.wav", wave(packed(samples), 2).value());
+        return samples;
+    }
+
+    void expectSame(const Samples& master, const std::filesystem::path& coded) const {
+        SCOPED_TRACE(coded);
+        const Samples samples = converted(coded);
+        EXPECT_EQ(master.size() / 2, samples.size() / 2);
+        EXPECT_LT(differenceLevel(samples, master), -20);
+    }
+};
+
+TEST_F(Coded, Mp3WithANoteOfItsPaddingIsExact) {
+    const Samples samples = master(100'003);
+    expectSame(samples, shop_.make("cbr.mp3", "lame --quiet -b 320 master.wav cbr.mp3"));
+    expectSame(samples,
+               shop_.make("vbr.mp3", "lame --quiet -V 0 --tt Title --id3v2-only master.wav vbr.mp3"));
+    expectSame(samples, shop_.make("mono.mp3", "lame --quiet -m m -b 160 master.wav mono.mp3"));
+    expectSame(samples, shop_.encode("other.mp3", "-i master.wav -c:a libmp3lame -b:a 256k"));
+}
+
+TEST_F(Coded, AacInMpeg4IsExactWhereverTheLastPacketEnds) {
+    // 5 and 1,019 frames in the last packet, and what is left of a length in whole milliseconds.
+    for (const std::size_t frames : {60 * 1024U + 5U, 60 * 1024U + 1'019U, 61'740U}) {
+        const Samples samples = master(frames);
+        expectSame(samples, shop_.encode("edit.m4a", "-i master.wav -c:a aac -b:a 256k"));
+        const auto bare = shop_.encode("bare.m4a",
+                                       "-i master.wav -c:a aac -b:a 256k -use_editlist 0 -map_metadata -1 "
+                                       "-fflags +bitexact -flags:a +bitexact");
+        const auto padding = static_cast<std::uint32_t>(1024 - (frames % 1024));
+        expectSame(samples, shop_.write("tagged.m4a", withLengthTag(readFile(bare), 1024, padding, frames)));
+    }
+    const Samples half = sine(48'000, 1999, 48'000, 0.5);
+    shop_.write("half.wav", waveOf(half, 48'000, 2));
+    EXPECT_EQ(44'100U * 2, converted(shop_.encode("half.m4a", "-i half.wav -c:a aac")).size());
+}
+
+TEST_F(Coded, StreamsWithoutALengthComeOutWhole) {
+    const Samples samples = master(100'003);
+    for (const char* const name : {"stream.ac3", "stream.eac3", "stream.aac"}) {
+        const std::size_t frames = converted(shop_.encode(name, "-i master.wav -b:a 256k")).size() / 2;
+        EXPECT_GE(frames, samples.size() / 2) << name;
+        EXPECT_LE(frames, samples.size() / 2 + 4096) << name;
+    }
+}
+
+}  // namespace
+}  // namespace kzq

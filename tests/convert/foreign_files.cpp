@@ -1,0 +1,105 @@
+#include "foreign_files.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <stdexcept>
+#include <string_view>
+
+#include "platform/little_endian.h"
+
+namespace kzq {
+namespace {
+
+void append(Bytes& bytes, std::string_view text) {
+    bytes.insert(bytes.end(), text.begin(), text.end());
+}
+
+void appendBig(Bytes& bytes, std::uint32_t value) {
+    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
+        bytes.push_back(static_cast<std::uint8_t>(value >> shift & 0xFFU));
+    }
+}
+
+Bytes box(std::string_view name, const Bytes& body) {
+    Bytes bytes;
+    appendBig(bytes, static_cast<std::uint32_t>(body.size() + 8));
+    append(bytes, name);
+    bytes.insert(bytes.end(), body.begin(), body.end());
+    return bytes;
+}
+
+Bytes joined(std::initializer_list<Bytes> parts) {
+    Bytes bytes;
+    for (const auto& part : parts) {
+        bytes.insert(bytes.end(), part.begin(), part.end());
+    }
+    return bytes;
+}
+
+Bytes textBody(std::string_view text, std::size_t zeros) {
+    Bytes body(zeros);
+    append(body, text);
+    return body;
+}
+
+}  // namespace
+
+Bytes wave24In32(const Samples& samples) {
+    Bytes file = wave({}, 2).value();
+    file.resize(20);
+    file.resize(20 + 40 + 8);
+    storeU32(file, 16, 40);
+    storeU16(file, 20, 0xFFFE);
+    storeU16(file, 22, 2);
+    storeU32(file, 24, waveSampleRate);
+    storeU32(file, 28, waveSampleRate * 8);
+    storeU16(file, 32, 8);
+    storeU16(file, 34, 32);
+    storeU16(file, 36, 22);
+    storeU16(file, 38, 24);
+    storeU32(file, 40, 3);
+    constexpr std::array<std::uint8_t, 16> pcm{1,    0, 0, 0,    0, 0,    0x10, 0,
+                                               0x80, 0, 0, 0xAA, 0, 0x38, 0x9B, 0x71};
+    std::ranges::copy(pcm, file.begin() + 44);
+    storeU32(file, 60, 0x61746164);
+    storeU32(file, 64, static_cast<std::uint32_t>(samples.size() * 4));
+    for (const std::int32_t sample : samples) {
+        const std::size_t end = file.size();
+        file.resize(end + 4);
+        storeU32(file, end, static_cast<std::uint32_t>(sample) << 8U);
+    }
+    storeU32(file, 4, static_cast<std::uint32_t>(file.size() - 8));
+    return file;
+}
+
+Bytes rifx(Bytes wave) {
+    wave[3] = 'X';
+    const std::array<std::pair<std::size_t, std::size_t>, 9> fields{
+        {{4, 4}, {16, 4}, {20, 2}, {22, 2}, {24, 4}, {28, 4}, {32, 2}, {34, 2}, {40, 4}}};
+    for (const auto& [at, width] : fields) {
+        const auto begin = wave.begin() + static_cast<std::ptrdiff_t>(at);
+        std::reverse(begin, begin + static_cast<std::ptrdiff_t>(width));
+    }
+    return wave;
+}
+
+Bytes withLengthTag(Bytes mp4, std::uint32_t priming, std::uint32_t padding, std::uint64_t length) {
+    constexpr std::string_view movieName = "moov";
+    const auto movie = std::search(mp4.begin(), mp4.end(), movieName.begin(), movieName.end()) - 4;
+    constexpr std::string_view oldNotes = "udta";
+    const auto old = std::search(movie, mp4.end(), oldNotes.begin(), oldNotes.end());
+    std::copy_n("free", old == mp4.end() ? 0 : 4, old);
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), " 00000000 %08X %08X %016lX", priming, padding, length);
+    const Bytes tag =
+        box("----", joined({box("mean", textBody("com.apple.iTunes", 4)),
+                            box("name", textBody("iTunSMPB", 4)), box("data", textBody(text.data(), 8))}));
+    const Bytes user = box("udta", box("meta", joined({Bytes(4), box("ilst", tag)})));
+    Bytes movieBody(movie + 8, mp4.end());
+    movieBody.insert(movieBody.end(), user.begin(), user.end());
+    mp4.erase(movie, mp4.end());
+    return joined({mp4, box(movieName, movieBody)});
+}
+
+}  // namespace kzq

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "workshop.h"
+
+namespace kzq {
+
+// Files that no tool at hand writes.
+
+/// 24 valid bits in samples of 32, as an extensible WAV: 44,100 Hz stereo.
+Bytes wave24In32(const Samples& samples);
+/// A plain WAV turned into its big-endian sibling.
+Bytes rifx(Bytes wave);
+/// An MPEG-4 file, with its movie box at the end, to which the note of the true length is added.
+Bytes withLengthTag(Bytes mp4, std::uint32_t priming, std::uint32_t padding, std::uint64_t length);
+
+}  // namespace kzq

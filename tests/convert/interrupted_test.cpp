@@ -1,0 +1,116 @@
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <future>
+
+#include "converting.h"
+
+namespace kzq {
+namespace {
+
+namespace fs = std::filesystem;
+using enum ConversionFailure;
+
+class Interrupted : public Converting {
+  protected:
+    Interrupted() : source_(shop_.write("long.wav", wave(packed(noise(2'000'000, 16)), 2).value())) {}
+
+    /// A program in the decoder's place.
+    std::string fake(const std::string& script) const {
+        const std::string text = "#!/bin/sh\n" + script + "\n";
+        const auto path = shop_.write("fake", Bytes(text.begin(), text.end()));
+        fs::permissions(path, fs::perms::owner_all);
+        return path;
+    }
+
+    Conversion::Result convertWith(const std::string& program, ChildPatience patience = {}) const {
+        auto with = options();
+        with.ffmpeg = program;
+        with.patience = patience;
+        return Conversion(with).convert(source_);
+    }
+
+    fs::path source_;
+};
+
+TEST_F(Interrupted, ByTheUser) {
+    std::atomic<bool> cancelled = false;
+    auto cancelling = options();
+    cancelling.cancelled = &cancelled;
+    std::uint64_t last = 0;
+    cancelling.progress = [&](std::uint64_t frames) {
+        last = frames;
+        cancelled = true;
+    };
+    expectFailed(ConversionFailure::cancelled, Conversion(cancelling).convert(source_), source_);
+    EXPECT_GT(last, 0U);
+    EXPECT_LT(last, 2'000'000U) << "it ended in the middle";
+}
+
+TEST_F(Interrupted, ByAMissingOrUselessDecoder) {
+    const auto missing = convertWith(shop_.at("nowhere"));
+    expectFailed(toolMissing, missing, source_);
+    EXPECT_THAT(missing.failure->sentence, ::testing::HasSubstr("apt install ffmpeg"));
+    expectFailed(internal, convertWith(fake("echo 'error while loading shared libraries' >&2; exit 127")),
+                 source_);
+    expectFailed(truncatedOrCorrupt, convertWith(fake("kill -SEGV $$")), source_);
+    expectFailed(timeOrMemoryLimit, convertWith(fake("kill -XCPU $$")), source_);
+    expectFailed(truncatedOrCorrupt, convertWith(fake("yes")), source_);
+}
+
+TEST_F(Interrupted, ByADecoderThatHangs) {
+    using namespace std::chrono_literals;
+    // Silent; silent with both its streams closed; and one that never comes to an end.
+    for (const char* const script : {"exec sleep 1000", "exec >&- 2>&-; exec sleep 1000"}) {
+        expectFailed(timeOrMemoryLimit, convertWith(fake(script), {.silence = 100ms, .whole = 1h}), source_);
+    }
+    const std::string endless = "while :; do echo complaint >&2; done";
+    expectFailed(timeOrMemoryLimit, convertWith(fake(endless), {.silence = 1h, .whole = 100ms}), source_);
+}
+
+TEST_F(Interrupted, ByAFullDisk) {
+    const auto usual = ::signal(SIGXFSZ, SIG_IGN);
+    struct rlimit before {};
+    ASSERT_EQ(0, ::getrlimit(RLIMIT_FSIZE, &before));
+    const struct rlimit small { 1'000'000, before.rlim_max };
+    ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &small));
+    const auto result = convert(source_);
+    ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &before));
+    ::signal(SIGXFSZ, usual);
+    expectFailed(diskFull, result, source_);
+}
+
+TEST_F(Interrupted, ByAnOutputThatMustNotBeTouched) {
+    const auto taken = shop_.write("taken.wav", Bytes{1, 2, 3});
+    expectFailed(outputRefused, Conversion({.output = taken}).convert(source_), source_);
+    EXPECT_EQ((Bytes{1, 2, 3}), readFile(taken));
+    expectFailed(outputRefused, Conversion({.output = shop_.at("nowhere") / "a.wav"}).convert(source_),
+                 source_);
+}
+
+TEST_F(Interrupted, TheDecoderIsLockedDown) {
+    // It finds the source and nothing else of ours, a clean environment, limits, and no file that it may
+    // write.
+    ::setenv("FFREPORT", "file=report.log", 1);         // NOLINT(concurrency-mt-unsafe): one thread
+    const int leaky = ::open("/etc/passwd", O_RDONLY);  // NOLINT: what a careless library leaves open
+    const auto written = shop_.at("written");
+    const auto result =
+        convertWith(fake("{ env; echo; ls /proc/self/fd; ulimit -v; ulimit -t; ulimit -f; ulimit -c; } >&2\n"
+                         "[ $(ps -o sid= -p $$) = $$ ] && echo own session >&2\necho x > " +
+                         written.string()));
+    ::close(leaky);
+    ::unsetenv("FFREPORT");  // NOLINT(concurrency-mt-unsafe): one thread
+    EXPECT_FALSE(result);
+    EXPECT_THAT(logged_, ::testing::HasSubstr("LC_ALL=C"));
+    EXPECT_THAT(logged_, ::testing::Not(::testing::HasSubstr("FFREPORT")));
+    EXPECT_THAT(logged_, ::testing::HasSubstr(" 0 1 2 3 4 786432 120 0 0 own session"))
+        << "4 is the listing's own";
+    EXPECT_FALSE(fs::exists(written) && fs::file_size(written) > 0);
+}
+
+}  // namespace
+}  // namespace kzq

@@ -1,0 +1,140 @@
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "converting.h"
+#include "foreign_files.h"
+
+namespace kzq {
+namespace {
+
+namespace fs = std::filesystem;
+using enum ConversionFailure;
+
+class Refused : public Converting {
+  protected:
+    Refused() { shop_.write("good.wav", wave(packed(noise(40'000, 16)), 2).value()); }
+
+    fs::path writeText(const std::string& name, const std::string& text) const {
+        return shop_.write(name, Bytes(text.begin(), text.end()));
+    }
+
+    fs::path cut(const fs::path& whole, double part) const {
+        Bytes bytes = readFile(whole);
+        bytes.resize(static_cast<std::size_t>(static_cast<double>(bytes.size()) * part));
+        return shop_.write("cut" + whole.extension().string(), bytes);
+    }
+};
+
+TEST_F(Refused, WhatIsNoFile) {
+    expectRefused(notAFile, shop_.at("missing.wav"));
+    expectRefused(notAFile, shop_.at("good.wav") / "below.wav");
+    fs::create_directory(shop_.at("folder.wav"));
+    expectRefused(notAFile, shop_.at("folder.wav"));
+    ASSERT_EQ(0, ::mkfifo(shop_.at("pipe.wav").c_str(), 0600));
+    expectRefused(notAFile, shop_.at("pipe.wav"));
+    fs::create_symlink("/dev/zero", shop_.at("zero.wav"));
+    expectRefused(notAFile, shop_.at("zero.wav"));
+    fs::create_symlink("loop.wav", shop_.at("loop.wav"));
+    expectRefused(unreadable, shop_.at("loop.wav"));
+    fs::create_symlink("good.wav", shop_.at("link.wav"));
+    EXPECT_TRUE(convert(shop_.at("link.wav")));
+}
+
+TEST_F(Refused, WhatIsNoAudio) {
+    expectRefused(notAudio, writeText("text.wav", "Dear diary, no sound today.\n"));
+    expectRefused(noFrames, writeText("empty.wav", ""));
+    expectRefused(noFrames, shop_.write("header.wav", wave({}, 2).value()));
+    const std::string good = shop_.at("good.wav").string();
+    // Lists that lead to other files, under a harmless name.
+    expectRefused(notAudio, writeText("list.wav",
+                                      "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nfile://" + good + "\n"));
+    expectRefused(notAudio, writeText("concat.wav", "ffconcat version 1.0\nfile '" + good + "'\n"));
+    expectRefused(notAudio, shop_.encode("film.mp4", "-f lavfi -i color=s=64x64:d=0.2 -c:v mpeg4"));
+    expectRefused(unsupported, shop_.encode("opus.mp4", "-i good.wav -c:a libopus"));
+}
+
+TEST_F(Refused, KindsThatWouldComeOutAsNoise) {
+    const Samples samples = noise(5'000, 24);
+    expectRefused(unsupported, shop_.write("big.wav", rifx(wave(packed(samples), 2).value())));
+    shop_.write("deep.wav", wave(packed(samples), 2).value());
+    expectRefused(unsupported, shop_.make("sowt24.aifc",
+                                          "sox -V1 deep.wav -t aifc sowt24.aifc; "
+                                          "sed -i 's/NONE/sowt/' sowt24.aifc"));
+}
+
+TEST_F(Refused, RatesThatNoRecordingHas) {
+    const Samples second = noise(100, 16);
+    for (const std::uint32_t rate : {1U, 3'999U, 768'001U}) {
+        expectRefused(sampleRate, shop_.write("rate.wav", waveOf(second, rate, 2)));
+    }
+}
+
+TEST_F(Refused, WhatIsDamagedOrIncomplete) {
+    const std::vector<std::pair<std::string, std::string>> kinds{{"s.wav", ""},
+                                                                 {"s.aiff", ""},
+                                                                 {"s.flac", ""},
+                                                                 {"s.m4a", "-c:a aac"},
+                                                                 {"fast.m4a", "-movflags faststart"},
+                                                                 {"s.mp3", ""},
+                                                                 {"s.ac3", ""}};
+    for (const auto& [name, arguments] : kinds) {
+        const auto whole = shop_.encode(name, "-i good.wav " + arguments);
+        expectRefused(truncatedOrCorrupt, cut(whole, 0.5));
+        expectRefused(truncatedOrCorrupt, cut(whole, 0.9));
+    }
+    Bytes flac = readFile(shop_.at("s.flac"));
+    flac[flac.size() / 2] ^= 0x10U;
+    expectRefused(truncatedOrCorrupt, shop_.write("flipped.flac", flac));
+}
+
+TEST_F(Refused, CoverPicturesCostNothing) {
+    // 12,000 by 12,000 pixels: 288 MB once decoded.
+    shop_.encode("cover.png", "-f lavfi -i color=red:s=12000x12000,format=gray16 -frames:v 1 -pred none");
+    const auto source = shop_.encode("cover.flac",
+                                     "-i good.wav -i cover.png -map 0 -map 1 -c:v copy "
+                                     "-disposition:v attached_pic");
+    // In a process of its own, whose children are the decoder alone.
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const auto result = convert(source);
+        struct rusage usage {};
+        ::getrusage(RUSAGE_CHILDREN, &usage);
+        ::_exit(!result ? 1 : usage.ru_maxrss > 150'000 ? 2 : 0);
+    }
+    int status = -1;
+    ASSERT_EQ(child, ::waitpid(child, &status, 0));
+    EXPECT_EQ(0, status);
+    EXPECT_EQ(1U, shop_.resultCount());
+}
+
+TEST_F(Refused, NamesAreOnlyNames) {
+    const std::vector<std::string> names{"it's \"quoted\".wav", "two\nlines.wav", "-i.wav",
+                                         "concat:a|b.wav",      "http:good.wav",  "%d.wav",
+                                         "\xFF\xFE.wav"};
+    for (const auto& name : names) {
+        fs::copy_file(shop_.at("good.wav"), shop_.at(name));
+        EXPECT_EQ(80'000U, converted(shop_.at(name)).size()) << name;
+    }
+    fs::current_path(shop_.folder());
+    EXPECT_EQ(80'000U, converted("-i.wav").size()) << "relative, and like an option";
+    fs::current_path("/");
+}
+
+TEST_F(Refused, WithoutPermission) {
+    if (::geteuid() != 0) {
+        fs::permissions(shop_.at("good.wav"), fs::perms::none);
+        expectRefused(unreadable, shop_.at("good.wav"));
+        return;
+    }
+    ASSERT_EQ(0, ::seteuid(65'534));
+    const auto result = Conversion({.output = "/tmp"}).convert("/etc/shadow");
+    ASSERT_EQ(0, ::seteuid(0));
+    expectFailed(unreadable, result, "/etc/shadow");
+}
+
+}  // namespace
+}  // namespace kzq

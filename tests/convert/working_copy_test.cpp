@@ -1,0 +1,64 @@
+#include <cstdlib>
+#include <future>
+#include <iterator>
+#include <regex>
+#include <set>
+
+#include "audio/convert.h"
+#include "converting.h"
+#include "platform/run_folder.h"
+
+namespace kzq {
+namespace {
+
+namespace fs = std::filesystem;
+
+class WorkingCopy : public Converting {
+  protected:
+    static std::size_t filesIn(const fs::path& folder) {
+        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
+    }
+};
+
+TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
+    // The folder of this run goes where the test can see it.
+    ::setenv("TMPDIR", shop_.results().c_str(), 1);  // NOLINT(concurrency-mt-unsafe): one thread yet
+    const auto good = shop_.write("good.wav", wave(packed(noise(1'000, 24)), 2).value());
+    fs::copy_file(good, shop_.at("bare"));
+    fs::copy_file(good, shop_.at("dot."));
+    fs::copy_file(good, shop_.at(".wav"));
+    fs::current_path(shop_.folder());
+    for (const std::string& path :
+         {std::string(), std::string("good.wav"), shop_.at("missing.wav").string(), shop_.at("bare").string(),
+          shop_.at("dot.").string(), shop_.at(".wav").string()}) {
+        EXPECT_EQ(std::nullopt, Wave::convertAudioFile(path)) << path;
+    }
+    EXPECT_EQ(0U, shop_.resultCount()) << "not even a folder was needed";
+
+    std::vector<std::future<std::optional<std::string>>> calls;
+    for (int i = 0; i < 8; ++i) {
+        calls.push_back(std::async(std::launch::async, [&] { return Wave::convertAudioFile(good); }));
+    }
+    std::set<std::string> outputs;
+    for (auto& call : calls) {
+        outputs.insert(call.get().value_or(""));
+    }
+    ASSERT_EQ(8U, outputs.size());
+    const std::string folder = RunFolder::ofThisRun().path().value();
+    const std::regex shape(folder +
+                           "/[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}\\.wav");
+    for (const auto& output : outputs) {
+        EXPECT_TRUE(std::regex_match(output, shape)) << output;
+        EXPECT_EQ(readFile(good), readFile(output));
+    }
+    const auto broken = shop_.write("broken.wav", Bytes(100));
+    const std::size_t before = filesIn(folder);
+    EXPECT_EQ(std::nullopt, Wave::convertAudioFile(broken));
+    EXPECT_EQ(before, filesIn(folder));
+    fs::current_path("/");
+    RunFolder::ofThisRun().remove();
+    EXPECT_EQ(std::nullopt, Wave::convertAudioFile(good)) << "the program is quitting";
+}
+
+}  // namespace
+}  // namespace kzq
