@@ -9,30 +9,48 @@
 
 namespace kzq::ctl {
 
+namespace {
+
+std::filesystem::path parentOf(const std::filesystem::path& folder) {
+    const auto whole = std::filesystem::absolute(folder);
+    return whole.has_filename() ? whole.parent_path() : whole.parent_path().parent_path();
+}
+
+}  // namespace
+
 std::optional<Explanation> folderObstacle(const std::filesystem::path& folder) {
     const std::string name = "\"" + folder.string() + "\"";
     std::error_code error;
     const auto type = std::filesystem::status(folder, error).type();
-    if (type == std::filesystem::file_type::not_found) {
+    const bool missing = type == std::filesystem::file_type::not_found;
+    if (missing && !std::filesystem::is_directory(parentOf(folder), error)) {
         return Explanation{ExitCode::fileError,
-                           "The folder " + name + " does not exist. Create it, or choose another one."};
+                           "The folder " + name + " does not exist, nor does the one that it would be in."};
     }
     if (error) {
         return Explanation{ExitCode::fileError, "The folder " + name + ": " + error.message() + "."};
     }
-    if (type != std::filesystem::file_type::directory) {
+    if (!missing && type != std::filesystem::file_type::directory) {
         return Explanation{ExitCode::fileError, name + " is not a folder. Choose a folder for the files."};
     }
-    std::string probe = folder / ".kzq7306-XXXXXX";
+    std::string probe = (missing ? parentOf(folder) : folder) / ".kzq7306-XXXXXX";
     const int file = ::mkstemp(probe.data());
     if (file < 0) {
         const std::string reason = std::generic_category().message(errno);
-        return Explanation{ExitCode::fileError, "No files can be made in the folder " + name + ": " + reason +
-                                                    ". Choose a folder that you may write to."};
+        return Explanation{ExitCode::fileError,
+                           missing ? "The folder " + name + " cannot be made: " + reason + "."
+                                   : "No files can be made in the folder " + name + ": " + reason +
+                                         ". Choose a folder that you may write to."};
     }
     ::close(file);
     ::unlink(probe.c_str());
     return std::nullopt;
+}
+
+void makeFolder(const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::create_directory(folder,
+                                      error);  // a failure shows, with its reason, when a file is written
 }
 
 }  // namespace kzq::ctl

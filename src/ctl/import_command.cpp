@@ -137,6 +137,9 @@ ImportCommand::Outcome ImportCommand::save(const std::optional<std::vector<std::
     } else {
         patience_->suspend();
         outcome.bytes = file->size();
+        if (!std::exchange(folderMade_, true)) {  // only once: a folder that vanishes later is a lost disk
+            makeFolder(context_.options.folder);
+        }
         outcome.file = writeNewFile(context_.options.folder, "Loop " + std::to_string(slot), ".wav", *file);
         patience_->touch();
     }

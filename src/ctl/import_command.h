@@ -53,6 +53,7 @@ class ImportCommand : public Command, public std::enable_shared_from_this<Import
     bool ending_ = false;  ///< the batch was told to stop early
     bool lost_ = false;    ///< the pedal no longer answers
     bool concluded_ = false;
+    bool folderMade_ = false;  ///< the link's thread only
     std::atomic<std::uint32_t> received_ = 0;
     std::atomic<std::uint8_t> current_ = 0;  ///< the slot being read
 };

@@ -81,7 +81,7 @@ void addSubcommands(CLI::App& app, Options& options, Words& words) {
     copying->add_option("SLOTS", words.slots, "Slots from 1 to 20 and ranges, such as 1 3-5 8")
         ->option_text(" ");
     copying->add_flag("--all", options.all, "Every loop on the pedal");
-    copying->add_option("--to", words.folder, "The folder for the files; it must exist")
+    copying->add_option("--to", words.folder, "The folder for the files; made if only its last part is missing")
         ->option_text("FOLDER")
         ->required();
     copying->callback([&options] { options.subcommand = Subcommand::import; });

@@ -106,7 +106,7 @@ TEST_F(ToolTest, unpluggedInTheMiddle) {
 
 TEST_F(ToolTest, folderIsCheckedBeforeThePedalIsTouched) {
     pedal.plugIn();
-    EXPECT_EQ(run({"import", "--all", "--to", folder / "missing"}), ExitCode::fileError);
+    EXPECT_EQ(run({"import", "--all", "--to", folder / "missing" / "too"}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("does not exist"));
     EXPECT_FALSE(std::filesystem::exists(folder / "missing"));
     code.reset();
@@ -117,6 +117,15 @@ TEST_F(ToolTest, folderIsCheckedBeforeThePedalIsTouched) {
     EXPECT_THAT(err.str(), HasSubstr("No files can be made in the folder \"/proc\""));
     EXPECT_THAT(sent(command::stage), 0);
     EXPECT_THAT(files(), IsEmpty());
+}
+
+TEST_F(ToolTest, lastPartOfAMissingFolderIsMadeWhenThereIsALoopForIt) {
+    pedal.plugIn();
+    EXPECT_EQ(run({"import", "7", "--to", folder / "new/"}), ExitCode::pedalRefused);
+    EXPECT_FALSE(std::filesystem::exists(folder / "new"));
+    code.reset();
+    EXPECT_EQ(run({"import", "2", "--to", folder / "new/"}), ExitCode::ok);
+    EXPECT_TRUE(std::filesystem::exists(folder / "new" / "Loop 2.wav"));
 }
 
 TEST_F(ToolTest, firstFileErrorEndsTheImport) {
