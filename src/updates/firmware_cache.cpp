@@ -1,0 +1,69 @@
+#include "updates/firmware_cache.h"
+
+#include <unistd.h>
+
+#include <system_error>
+
+#include "updates/digest.h"
+#include "updates/replace_file.h"
+#include "updates/update_log.h"
+
+namespace kzq {
+
+bool isImageOf(const FirmwareEntry& entry, std::span<const std::uint8_t> image) {
+    return isComplete(entry) && image.size() == entry.size && MD5String(image) == entry.hash;
+}
+
+std::filesystem::path FirmwareCache::folderIn(const std::filesystem::path& home) {
+    if (home.empty()) {
+        return {};
+    }
+    return home / "Library/Application Support/com.kzq.7306/updates/firmware";
+}
+
+bool FirmwareCache::prepare() const {
+    if (folder_.empty()) {
+        return false;
+    }
+    std::error_code error;
+    std::filesystem::create_directories(folder_, error);
+    if (error || !std::filesystem::is_directory(folder_, error)) {
+        logUpdates("no firmware folder " + folder_.string() + ": " + error.message());
+        return false;
+    }
+    return true;
+}
+
+std::optional<FirmwareImage> FirmwareCache::cached(const FirmwareEntry& entry) const {
+    if (folder_.empty() || !isComplete(entry)) {
+        return std::nullopt;
+    }
+    const auto path = pathOf(entry);
+    if (!isPlainFile(path)) {
+        return std::nullopt;
+    }
+    auto image = readPlainFile(path, entry.size);
+    if (!image || !isImageOf(entry, *image)) {
+        logUpdates("removed a firmware file that is not what the manifest says: " + path.string());
+        ::unlink(path.c_str());
+        return std::nullopt;
+    }
+    return image;
+}
+
+bool FirmwareCache::isPlaceFor(const FirmwareEntry& entry) const {
+    return !folder_.empty() && !entry.name.empty() && isPlaceForFile(pathOf(entry));
+}
+
+bool FirmwareCache::store(const FirmwareEntry& entry, std::span<const std::uint8_t> image) const {
+    if (folder_.empty() || !isImageOf(entry, image)) {
+        return false;
+    }
+    const int error = replaceFile(folder_, entry.name, image);
+    if (error != 0) {
+        logUpdates("firmware not stored: " + std::generic_category().message(error));
+    }
+    return error == 0;
+}
+
+}  // namespace kzq

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kzq {
+
+constexpr std::uint64_t largestManifest = std::uint64_t{1} << 20U;
+constexpr std::uint64_t largestFirmware = 50'000'000;
+
+/// One firmware image as the manifest describes it. A member whose text was missing, of another type or not
+/// usable is empty.
+struct FirmwareEntry {
+    std::string name;        ///< a plain file name: never a path, "." or ".."
+    std::string hash;        ///< MD5 in hexadecimal digits, as given
+    std::uint64_t size = 0;  ///< 1 to largestFirmware; 0 stands for anything else
+    std::string version;     ///< as given
+    std::vector<std::string> changes;
+
+    bool operator==(const FirmwareEntry&) const = default;
+};
+
+/// Whether the entry says enough to find and to verify an image.
+bool isComplete(const FirmwareEntry& entry);
+
+/// The last entry, which is the newest, of a manifest in JSON. Nothing when the document is broken, not an
+/// array, empty, or when its last element is not an object with members. Any thread.
+std::optional<FirmwareEntry> newestFirmwareEntry(std::span<const std::uint8_t> manifest);
+
+}  // namespace kzq

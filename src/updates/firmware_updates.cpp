@@ -1,0 +1,206 @@
+#include "updates/firmware_updates.h"
+
+#include <utility>
+
+#include "updates/firmware_texts.h"
+#include "updates/maker.h"
+#include "updates/update_log.h"
+
+namespace kzq {
+namespace {
+
+constexpr auto checkPeriod = std::chrono::seconds(15);
+
+/// One refresh at a time in the process. Recursive, so that a refresh from inside a refresh finds it busy.
+std::recursive_mutex& refreshLock() {
+    // Never destroyed: a fetch may outlast main().
+    static auto* const lock = new std::recursive_mutex;  // NOLINT(cppcoreguidelines-owning-memory)
+    return *lock;
+}
+
+constexpr bool isUnknown(const FirmwareVersion& version) {
+    return version.major == 0 && version.minor == 0;
+}
+
+}  // namespace
+
+std::shared_ptr<FirmwareUpdates> FirmwareUpdates::updater(FirmwareEnvironment environment) {
+    auto updates = std::make_shared<FirmwareUpdates>(std::move(environment));
+    updates->setup();
+    updates->scheduleTimer();
+    return updates;
+}
+
+FirmwareUpdates::FirmwareUpdates(FirmwareEnvironment environment)
+    : environment_(std::move(environment)), cache_(FirmwareCache::folderIn(environment_.home)) {}
+
+void FirmwareUpdates::setup() {
+    if (!initialized_) {
+        initialized_ = !environment_.manifest.empty() && cache_.prepare();
+    }
+}
+
+void FirmwareUpdates::scheduleTimer() {
+    environment_.executor.mainAfter(checkPeriod, [weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->scheduleTimer();
+            self->timer();
+        }
+    });
+}
+
+std::optional<std::string> FirmwareUpdates::currentSoftware() const {
+    const auto& version = environment_.softwareVersion;
+    return version.empty() ? std::nullopt : std::optional(version);
+}
+
+std::optional<std::filesystem::path> FirmwareUpdates::update() const {
+    const std::lock_guard guard(mutex_);
+    return update_;
+}
+
+void FirmwareUpdates::clearUpdate() {
+    setUpdate(std::nullopt);
+}
+
+void FirmwareUpdates::setUpdate(std::optional<std::filesystem::path> update) {
+    const std::lock_guard guard(mutex_);
+    update_ = std::move(update);
+}
+
+void FirmwareUpdates::timer() {
+    check();
+}
+
+void FirmwareUpdates::check() {
+    if (!initialized_ || waiting_.exchange(true)) {
+        return;
+    }
+    environment_.executor.background(Priority::background, [weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            self->refresh();
+        }
+    });
+}
+
+void FirmwareUpdates::refresh() {
+    const std::lock_guard guard(refreshLock());
+    waiting_ = false;
+    if (!initialized_ || busy_.exchange(true)) {
+        return;
+    }
+    refreshLocked();
+    busy_ = false;
+}
+
+void FirmwareUpdates::refreshLocked() {
+    const bool blank = environment_.factoryBlank();
+    const auto device = FirmwareVersionFromString(environment_.version().value_or(""));
+    if (!blank && isUnknown(device)) {
+        return;
+    }
+    const auto entry = newestEntry();
+    if (!entry) {
+        return;
+    }
+    const auto offered = FirmwareVersionFromString(entry->version);
+    if (entry->name.empty() || isUnknown(offered)) {
+        note("the manifest's last entry has no usable name or version");
+        return;
+    }
+    if (!blank && !(device < offered)) {
+        setUpdate(std::nullopt);
+        note("");
+        return;
+    }
+    if (!cached(*entry) && !download(*entry)) {
+        return;
+    }
+    setUpdate(cache_.pathOf(*entry));
+    note("");
+    announce(offered, device, entry->changes);
+}
+
+std::optional<FirmwareEntry> FirmwareUpdates::newestEntry() {
+    const auto manifest = fetch(environment_.manifest, largestManifest);
+    if (!manifest) {
+        note("no manifest: " + manifest.reason);
+        return std::nullopt;
+    }
+    auto entry = newestFirmwareEntry(manifest.body);
+    if (!entry) {
+        note("the manifest is not a list that ends with an entry");
+    }
+    return entry;
+}
+
+std::optional<FirmwareImage> FirmwareUpdates::download(const FirmwareEntry& entry) {
+    if (!isComplete(entry)) {
+        note("the manifest's last entry has no usable hash or size");
+        return std::nullopt;
+    }
+    // Asked first: otherwise an obstacle would cost a whole download at every check.
+    if (!cache_.isPlaceFor(entry)) {
+        note("something that is not a file is in the place of " + cache_.pathOf(entry).string());
+        return std::nullopt;
+    }
+    auto image = fetch(addressBeside(environment_.manifest, entry.name), entry.size);
+    if (!image) {
+        note("no firmware image: " + image.reason);
+        return std::nullopt;
+    }
+    if (!isImageOf(entry, image.body)) {
+        note("the firmware image is not what the manifest says");
+        return std::nullopt;
+    }
+    if (!cache_.store(entry, image.body)) {
+        note("the firmware image could not be stored");
+        return std::nullopt;
+    }
+    return std::move(image.body);
+}
+
+HttpResult FirmwareUpdates::fetch(const std::string& url, std::uint64_t limit) {
+    HttpRequest request;
+    request.url = url;
+    request.limits = {limit, environment_.fetchLimit};
+    request.cancelled = &stopped_;
+    return environment_.http.fetch(request);
+}
+
+void FirmwareUpdates::announce(const FirmwareVersion& offered, const FirmwareVersion& device,
+                               const std::vector<std::string>& changes) {
+    onMain([headline = firmwareHeadline(offered, device)](const FirmwareEnvironment& environment) {
+        if (environment.showHeadline) {
+            environment.showHeadline(headline);
+        }
+    });
+    onMain([notes = firmwareNotes(changes)](const FirmwareEnvironment& environment) {
+        if (environment.appendNotes) {
+            environment.appendNotes(notes);
+        }
+    });
+}
+
+void FirmwareUpdates::onMain(std::function<void(const FirmwareEnvironment&)> show) {
+    if (std::this_thread::get_id() == mainThread_) {
+        show(environment_);
+        return;
+    }
+    environment_.executor.main([weak = weak_from_this(), show = std::move(show)] {
+        if (const auto self = weak.lock()) {
+            show(self->environment_);
+        }
+    });
+}
+
+/// Every 15 seconds the same line would bury the rest of the log.
+void FirmwareUpdates::note(const std::string& failure) {
+    const std::lock_guard guard(mutex_);
+    if (failure != lastFailure_ && !failure.empty()) {
+        logUpdates(failure);
+    }
+    lastFailure_ = failure;
+}
+
+}  // namespace kzq

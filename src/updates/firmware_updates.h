@@ -1,0 +1,113 @@
+#pragma once
+
+#include <atomic>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <thread>
+
+#include "platform/executor.h"
+#include "updates/firmware_cache.h"
+#include "updates/firmware_manifest.h"
+#include "updates/firmware_version.h"
+#include "updates/http_client.h"
+
+namespace kzq {
+
+/// What the firmware updater runs on. Executor and client outlive it; the functions may be called from any
+/// thread, the two for texts excepted.
+struct FirmwareEnvironment {
+    Executor& executor;
+    HttpClient& http;
+    std::function<bool()> factoryBlank;                   ///< whether the pedal has no firmware
+    std::function<std::optional<std::string>()> version;  ///< that of the pedal's firmware
+    std::string softwareVersion;                          ///< the program's own
+    std::filesystem::path home;                           ///< the user's home folder; empty for none
+    std::string manifest;                                 ///< https address
+    /// Main thread: shows the headline of the offer and empties the notes. May be empty.
+    std::function<void(const std::string& headline)> showHeadline;
+    /// Main thread: appends to the notes. May be empty.
+    std::function<void(const std::string& notes)> appendNotes;
+    std::chrono::milliseconds fetchLimit = std::chrono::seconds(60);
+};
+
+/// Keeps the newest firmware, verified, in the cache, and offers it when the pedal runs an older one or none:
+/// the firmware updater without its window. Failures are never shown; the log gets the reason when it
+/// changes, and the next check tries again.
+///
+/// The texts of an offer are posted to the main thread in order and never waited for. Whoever looks from the
+/// main thread sees the same as if the check had waited, but a check cannot hang on a main thread that is
+/// quitting or that itself waits for the check's lock.
+class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
+  public:
+    /// A set-up updater; its first check comes 15 seconds later, then one every 15 seconds for its life. It
+    /// lives for as long as the caller keeps it. Main thread.
+    static std::shared_ptr<FirmwareUpdates> updater(FirmwareEnvironment environment);
+
+    /// Main thread.
+    explicit FirmwareUpdates(FirmwareEnvironment environment);
+    FirmwareUpdates(const FirmwareUpdates&) = delete;
+    FirmwareUpdates& operator=(const FirmwareUpdates&) = delete;
+    FirmwareUpdates(FirmwareUpdates&&) = delete;
+    FirmwareUpdates& operator=(FirmwareUpdates&&) = delete;
+    ~FirmwareUpdates() = default;
+
+    /// Makes the cache folder. Without it nothing is ever refreshed. Does nothing once it succeeded.
+    void setup();
+    bool initialized() const { return initialized_; }
+    bool busy() const { return busy_; }
+
+    /// The verified file that is offered, or nothing. Any thread.
+    std::optional<std::filesystem::path> update() const;
+    /// Takes the offer back, after it was installed. Any thread.
+    void clearUpdate();
+    /// The program's own version, or nothing when it is empty.
+    std::optional<std::string> currentSoftware() const;
+
+    /// A refresh in the background, if set up. A second one is not queued behind one that still waits for
+    /// its turn, since that would look at nothing newer. Any thread.
+    void check();
+    void timer();
+    /// The whole check. Blocks for the web and for other refreshes of the process: not for the main thread
+    /// of a window. Any thread.
+    void refresh();
+    /// Makes fetches under way and later ones end at once: the program quits. Any thread.
+    void stop() { stopped_ = true; }
+
+    /// The image of `entry` from the cache (see FirmwareCache), or fetched, verified and put there. Any
+    /// thread; `download` blocks for the web.
+    std::optional<FirmwareImage> cached(const FirmwareEntry& entry) const { return cache_.cached(entry); }
+    std::optional<FirmwareImage> download(const FirmwareEntry& entry);
+
+  private:
+    struct Pedal {
+        bool blank = false;
+        FirmwareVersion version;
+    };
+
+    void scheduleTimer();
+    void refreshLocked();
+    std::optional<FirmwareEntry> newestEntry();
+    HttpResult fetch(const std::string& url, std::uint64_t limit);
+    void setUpdate(std::optional<std::filesystem::path> update);
+    void announce(const FirmwareVersion& offered, const FirmwareVersion& device,
+                  const std::vector<std::string>& changes);
+    void onMain(std::function<void(const FirmwareEnvironment&)> show);
+    void note(const std::string& failure);
+
+    const FirmwareEnvironment environment_;
+    const FirmwareCache cache_;
+    const std::thread::id mainThread_ = std::this_thread::get_id();
+    std::atomic<bool> initialized_ = false;
+    std::atomic<bool> busy_ = false;
+    std::atomic<bool> waiting_ = false;  ///< a check is queued and has not begun
+    std::atomic<bool> stopped_ = false;
+    mutable std::mutex mutex_;  ///< guards what follows
+    std::optional<std::filesystem::path> update_;
+    std::string lastFailure_;
+};
+
+}  // namespace kzq

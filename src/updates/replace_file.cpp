@@ -1,0 +1,132 @@
+#include "updates/replace_file.h"
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+#include "platform/descriptor.h"
+#include "updates/update_log.h"
+
+namespace kzq {
+namespace {
+
+constexpr mode_t newFileMode = 0666;
+
+/// A hidden name that no other run and no thread of this one uses.
+std::string draftName() {
+    std::array<std::uint8_t, 8> noise{};
+    if (::getrandom(noise.data(), noise.size(), GRND_NONBLOCK) < 0) {
+        noise.fill(0);
+    }
+    std::string name = ".kzq7306-" + std::to_string(::getpid()) + "-" + std::to_string(::gettid());
+    for (const std::uint8_t byte : noise) {
+        name += "-" + std::to_string(byte);
+    }
+    return name + ".part";
+}
+
+/// The new content under its hidden name, 0 or an errno value.
+int writeDraft(const std::filesystem::path& draft, std::span<const std::uint8_t> bytes) {
+    const Descriptor file(
+        ::open(draft.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC | O_NOFOLLOW, newFileMode));
+    if (!file) {
+        return errno;
+    }
+    if (const int error = writeAll(file.get(), bytes)) {
+        return error;
+    }
+    return ::fsync(file.get()) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+int replaceFile(const std::filesystem::path& folder, const std::string& name,
+                std::span<const std::uint8_t> bytes) {
+    const auto place = folder / name;
+    if (!isPlaceForFile(place)) {
+        return EEXIST;
+    }
+    const auto draft = folder / draftName();
+    int error = writeDraft(draft, bytes);
+    // Should a link come into the place just now, the rename replaces it and leaves alone what it leads to.
+    if (error == 0 && ::rename(draft.c_str(), place.c_str()) != 0) {
+        error = errno;
+    }
+    if (error != 0) {
+        ::unlink(draft.c_str());
+        return error;
+    }
+    syncFolder(folder);
+    return 0;
+}
+
+int writeAll(int descriptor, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        if (written == 0) {
+            return EIO;
+        }
+        if (written > 0) {
+            bytes = bytes.subspan(static_cast<std::size_t>(written));
+        }
+    }
+    return 0;
+}
+
+void syncFolder(const std::filesystem::path& folder) {
+    const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if ((!descriptor || ::fsync(descriptor.get()) != 0) && errno != EINVAL) {
+        logUpdates("folder not synced: " + std::generic_category().message(errno));
+    }
+}
+
+bool isPlainFile(const std::filesystem::path& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+bool isPlaceForFile(const std::filesystem::path& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0) {
+        return errno == ENOENT;
+    }
+    return S_ISREG(status.st_mode);
+}
+
+std::optional<std::vector<std::uint8_t>> readPlainFile(const std::filesystem::path& path,
+                                                       std::uint64_t limit) {
+    // Without O_NONBLOCK a pipe in the file's place would hold the caller for ever.
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    struct stat status {};
+    if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
+        static_cast<std::uint64_t>(status.st_size) > limit) {
+        return std::nullopt;
+    }
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(status.st_size));
+    std::size_t read = 0;
+    while (read < bytes.size()) {
+        const ssize_t count = ::read(file.get(), bytes.data() + read, bytes.size() - read);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return std::nullopt;
+        }
+        if (count == 0) {
+            break;
+        }
+        read += static_cast<std::size_t>(count);
+    }
+    bytes.resize(read);
+    return bytes;
+}
+
+}  // namespace kzq

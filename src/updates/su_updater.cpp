@@ -1,0 +1,217 @@
+#include "updates/su_updater.h"
+
+#include <utility>
+
+#include "updates/app_version.h"
+#include "updates/update_job.h"
+#include "updates/update_log.h"
+
+namespace kzq {
+namespace {
+
+/// Why a package that could be installed must not be; empty when nothing speaks against it.
+std::string objectionTo(const FeedItem& item) {
+    if (!item.url.starts_with("https://")) {
+        return "the update's address is not secure";
+    }
+    if (item.length == 0) {
+        return "the update's length is missing or out of range";
+    }
+    return updateSignatureFrom(item.signature) ? "" : "the update is not signed";
+}
+
+}  // namespace
+
+SUUpdater::SUUpdater(UpdaterEnvironment environment) : environment_(std::move(environment)) {}
+
+SUUpdater::~SUUpdater() {
+    if (run_) {
+        run_->cancel();
+    }
+}
+
+void SUUpdater::set(UpdateStatus status) {
+    status_ = std::move(status);
+    if (observer_) {
+        observer_(status_);
+    }
+}
+
+void SUUpdater::setState(UpdateState state) {
+    auto status = status_;
+    status.state = state;
+    set(std::move(status));
+}
+
+void SUUpdater::fail(const std::string& reason) {
+    logUpdates(reason);
+    UpdateStatus status;
+    status.state = UpdateState::failed;
+    status.reason = reason;
+    set(std::move(status));
+}
+
+void SUUpdater::checkForUpdates() {
+    if (run_ || status_.state == UpdateState::ready) {
+        return;
+    }
+    run_ = std::make_shared<UpdateRun>();
+    UpdateStatus status;
+    status.state = UpdateState::checking;
+    set(std::move(status));
+    environment_.executor.background(
+        Priority::standard, [weak = weak_from_this(), run = run_, feed = feed_, &http = environment_.http,
+                             &executor = environment_.executor] {
+            auto reading = readFeed(http, feed, *run);
+            executor.main([weak, run, reading = std::move(reading)] {
+                if (const auto self = weak.lock(); self && self->run_ == run) {
+                    self->run_.reset();
+                    self->checked(reading);
+                }
+            });
+        });
+}
+
+void SUUpdater::checked(const FeedReading& reading) {
+    if (!reading.failure.empty()) {
+        fail(reading.failure);
+        return;
+    }
+    const auto* const newest = newestItem(reading.items, environment_.installation.kind);
+    const auto order = newest == nullptr ? std::strong_ordering::less
+                                         : compareAppVersions(newest->version, environment_.build.version)
+                                               .value_or(std::strong_ordering::less);
+    if (order > 0) {
+        offer(*newest);
+        return;
+    }
+    UpdateStatus status;
+    status.state = UpdateState::upToDate;
+    set(std::move(status));
+}
+
+void SUUpdater::offer(const FeedItem& item) {
+    const bool installable = canInstall(environment_.build, environment_.installation) &&
+                             packageKindOf(item) == environment_.installation.kind;
+    if (installable) {
+        if (const auto objection = objectionTo(item); !objection.empty()) {
+            fail(objection);
+            return;
+        }
+    }
+    item_ = item;
+    UpdateStatus status;
+    status.state = UpdateState::offered;
+    status.version = item.shortVersion;
+    status.notes = item.notes;
+    status.installable = installable;
+    set(std::move(status));
+}
+
+void SUUpdater::install() {
+    if (status_.state != UpdateState::offered) {
+        return;
+    }
+    if (status_.installable) {
+        startInstalling();
+        return;
+    }
+    const bool opened = environment_.desktop.openWebsite(environment_.build.website);
+    if (opened) {
+        set({});
+    } else {
+        fail("the web site " + environment_.build.website + " could not be opened");
+    }
+}
+
+void SUUpdater::startInstalling() {
+    run_ = std::make_shared<UpdateRun>();
+    const UpdateJob job{item_,
+                        environment_.build.keys,
+                        environment_.installation,
+                        packagePlace(environment_.installation, environment_.downloads, item_),
+                        run_,
+                        [weak = weak_from_this(), run = run_, &executor = environment_.executor] {
+                            executor.main([weak, run] {
+                                if (const auto self = weak.lock()) {
+                                    self->showRun(run);
+                                }
+                            });
+                        }};
+    auto status = status_;
+    status.state = UpdateState::downloading;
+    status.total = item_.length;
+    set(std::move(status));
+    environment_.executor.background(
+        Priority::standard,
+        [weak = weak_from_this(), job, &http = environment_.http, &executor = environment_.executor] {
+            auto failure = perform(job, http);
+            executor.main([weak, run = job.run, place = job.place, failure = std::move(failure)] {
+                if (const auto self = weak.lock(); self && self->run_ == run) {
+                    self->run_.reset();
+                    self->installed(place, failure);
+                }
+            });
+        });
+}
+
+/// Shows how far the background is. What it posted before it was cancelled is of no interest.
+void SUUpdater::showRun(const std::shared_ptr<UpdateRun>& run) {
+    run->shown = true;
+    if (run_ != run) {
+        return;
+    }
+    auto status = status_;
+    status.received = run->received;
+    switch (run->stage) {
+        case UpdateRun::Stage::downloading:
+            status.state = UpdateState::downloading;
+            break;
+        case UpdateRun::Stage::verifying:
+            status.state = UpdateState::verifying;
+            break;
+        case UpdateRun::Stage::installing:
+            status.state = UpdateState::installing;
+            break;
+    }
+    if (status != status_) {
+        set(std::move(status));
+    }
+}
+
+void SUUpdater::installed(const std::filesystem::path& place, const std::string& failure) {
+    if (!failure.empty()) {
+        fail(failure);
+        return;
+    }
+    if (environment_.installation.kind == PackageKind::appImage) {
+        setState(UpdateState::ready);
+    } else if (environment_.desktop.openPackage(place)) {
+        setState(UpdateState::handedOver);
+    } else {
+        fail("the package installer could not be started; the package is " + place.string());
+    }
+}
+
+bool SUUpdater::cancel() {
+    if (status_.state == UpdateState::ready || (run_ && !run_->cancel())) {
+        return false;
+    }
+    run_.reset();
+    set({});
+    return true;
+}
+
+void SUUpdater::relaunch() {
+    if (status_.state != UpdateState::ready) {
+        return;
+    }
+    if (const auto delegate = delegate_.lock()) {
+        delegate->updaterWillRelaunchApplication(*this);
+    }
+    if (!environment_.desktop.relaunch(environment_.installation.appImage)) {
+        fail("the updated program could not be started; it starts the next time");
+    }
+}
+
+}  // namespace kzq

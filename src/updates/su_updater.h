@@ -1,0 +1,135 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/executor.h"
+#include "updates/http_client.h"
+#include "updates/update_build.h"
+#include "updates/update_feed.h"
+
+namespace kzq {
+
+struct FeedReading;
+struct UpdateRun;
+class SUUpdater;
+
+class SUUpdaterDelegate {
+  public:
+    SUUpdaterDelegate() = default;
+    SUUpdaterDelegate(const SUUpdaterDelegate&) = delete;
+    SUUpdaterDelegate& operator=(const SUUpdaterDelegate&) = delete;
+    SUUpdaterDelegate(SUUpdaterDelegate&&) = delete;
+    SUUpdaterDelegate& operator=(SUUpdaterDelegate&&) = delete;
+    virtual ~SUUpdaterDelegate() = default;
+
+    /// Just before the updated program is started in place of this one. Main thread.
+    virtual void updaterWillRelaunchApplication(SUUpdater& updater) = 0;
+};
+
+/// The desktop's services. Called on the main thread; false for "could not".
+struct UpdateDesktop {
+    std::function<bool(const std::filesystem::path&)> openPackage;  ///< with the package installer
+    std::function<bool(const std::string&)> openWebsite;
+    std::function<bool(const std::filesystem::path&)> relaunch;  ///< starts that program and ends this one
+};
+
+/// What the updater runs on. Executor and client outlive it.
+struct UpdaterEnvironment {
+    Executor& executor;
+    HttpClient& http;
+    UpdateDesktop desktop;
+    UpdateBuild build;
+    Installation installation;
+    /// An existing folder that outlives the program, for packages on their way to the package installer.
+    std::filesystem::path downloads;
+};
+
+enum class UpdateState {
+    idle,
+    checking,     ///< reading the feed
+    upToDate,     ///< nothing newer
+    offered,      ///< something newer; see `UpdateStatus::installable`
+    downloading,  ///< `received` of `total` bytes
+    verifying,    ///< length and signature
+    installing,   ///< being put into place
+    ready,        ///< in place; `relaunch` starts it
+    handedOver,   ///< the desktop's package installer has it
+    failed        ///< for `reason`; nothing was put into place
+};
+
+struct UpdateStatus {
+    UpdateState state = UpdateState::idle;
+    std::string version;       ///< of the newer one, as people read it; from `offered` on
+    std::string notes;         ///< as in FeedItem
+    bool installable = false;  ///< false: the user is only told, `install` opens the web site
+    std::uint64_t received = 0;
+    std::uint64_t total = 0;
+    std::string reason;
+
+    bool operator==(const UpdateStatus&) const = default;
+};
+
+/// Updates the program itself, without a window of its own: a window observes `status` and calls what the
+/// user chose. Nothing is put into place that is not signed with a pinned key, of the stated length and newer
+/// than the running program. All members are for the main thread.
+///
+///     idle → checking → upToDate | offered | failed
+///     offered → downloading → verifying → installing → ready | handedOver | failed
+///
+/// The signature covers the package and not the feed, so the feed is only taken over verified HTTPS.
+class SUUpdater : public std::enable_shared_from_this<SUUpdater> {
+  public:
+    using Observer = std::function<void(const UpdateStatus&)>;
+
+    explicit SUUpdater(UpdaterEnvironment environment);
+    SUUpdater(const SUUpdater&) = delete;
+    SUUpdater& operator=(const SUUpdater&) = delete;
+    SUUpdater(SUUpdater&&) = delete;
+    SUUpdater& operator=(SUUpdater&&) = delete;
+    /// Ends what is under way.
+    ~SUUpdater();
+
+    /// https address of the feed.
+    void setFeedURL(std::string feed) { feed_ = std::move(feed); }
+    const std::string& feedURL() const { return feed_; }
+    void setDelegate(std::weak_ptr<SUUpdaterDelegate> delegate) { delegate_ = std::move(delegate); }
+    /// Told of each change of the status; progress is told at most once per turn of the main queue.
+    void setObserver(Observer observer) { observer_ = std::move(observer); }
+    const UpdateStatus& status() const { return status_; }
+
+    /// Reads the feed. Does nothing while an update is under way or waits for its relaunch; an offer is
+    /// looked up anew.
+    void checkForUpdates();
+    /// The user's yes to an offer: downloads and installs it, or opens the web site when it is not
+    /// installable.
+    void install();
+    /// The user's no, or "understood": back to idle from every state but `ready` and those in which the
+    /// update is past stopping. Whether it is idle now.
+    bool cancel();
+    /// From `ready`: tells the delegate and starts the updated program.
+    void relaunch();
+
+  private:
+    void set(UpdateStatus status);
+    void setState(UpdateState state);
+    void fail(const std::string& reason);
+    void checked(const FeedReading& reading);
+    void offer(const FeedItem& item);
+    void startInstalling();
+    void showRun(const std::shared_ptr<UpdateRun>& run);
+    void installed(const std::filesystem::path& place, const std::string& failure);
+
+    const UpdaterEnvironment environment_;
+    std::string feed_;
+    std::weak_ptr<SUUpdaterDelegate> delegate_;
+    Observer observer_;
+    UpdateStatus status_;
+    FeedItem item_;                   ///< what is offered
+    std::shared_ptr<UpdateRun> run_;  ///< what is under way in the background; null for nothing
+};
+
+}  // namespace kzq

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <string>
+
+#include "platform/descriptor.h"
+#include "updates/update_feed.h"
+#include "updates/update_signature.h"
+
+namespace kzq {
+
+/// A package on its way in: "<final name>.part" beside its final place, until it is verified and taken over.
+/// It is removed with the object otherwise. A lock on the file keeps a second program from writing into it.
+/// One thread at a time.
+class UpdateDownload {
+  public:
+    explicit UpdateDownload(std::filesystem::path place);
+    UpdateDownload(const UpdateDownload&) = delete;
+    UpdateDownload& operator=(const UpdateDownload&) = delete;
+    UpdateDownload(UpdateDownload&&) = delete;
+    UpdateDownload& operator=(UpdateDownload&&) = delete;
+    ~UpdateDownload();
+
+    /// Each step: whether it succeeded; `reason` tells why not.
+    bool open();
+    bool append(std::span<const std::uint8_t> bytes);
+    /// Length and signature of what lies in the file, and that it is on the disk.
+    bool verify(const FeedItem& item, std::span<const UpdateKey> keys);
+    /// Puts a verified package into its place with these permissions, by one rename.
+    bool place(std::filesystem::perms permissions);
+
+    const std::filesystem::path& part() const { return part_; }
+    const std::string& reason() const { return reason_; }
+
+  private:
+    bool fail(const std::string& what, int error);
+    bool isStillOurs() const;
+
+    const std::filesystem::path place_;
+    const std::filesystem::path part_;
+    Descriptor file_;
+    bool verified_ = false;
+    std::string reason_;
+};
+
+}  // namespace kzq

@@ -1,0 +1,146 @@
+#include "updates/update_feed.h"
+
+#include <QXmlStreamReader>
+#include <charconv>
+
+#include "updates/app_version.h"
+
+namespace kzq {
+namespace {
+
+constexpr auto textOnly = QXmlStreamReader::IncludeChildElements;
+
+std::uint64_t lengthOf(const std::string& text) {
+    std::uint64_t length = 0;
+    const char* const end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, length);
+    return result.ec == std::errc{} && result.ptr == end && length <= largestPackage ? length : 0;
+}
+
+void setOnce(std::string& member, const QStringView text) {
+    if (member.empty()) {
+        member = text.trimmed().toString().toStdString();
+    }
+}
+
+/// The member that a name from the feed stands for, attribute or element; null for none.
+std::string* memberFor(FeedItem& item, QStringView name) {
+    if (name == QLatin1String("version")) {
+        return &item.version;
+    }
+    if (name == QLatin1String("shortVersionString")) {
+        return &item.shortVersion;
+    }
+    if (name == QLatin1String("edSignature")) {
+        return &item.signature;
+    }
+    return nullptr;
+}
+
+void readEnclosure(QXmlStreamReader& xml, FeedItem& item) {
+    for (const auto& attribute : xml.attributes()) {
+        if (auto* const member = memberFor(item, attribute.name())) {
+            setOnce(*member, attribute.value());
+        } else if (attribute.name() == QLatin1String("url")) {
+            setOnce(item.url, attribute.value());
+        } else if (attribute.name() == QLatin1String("length")) {
+            item.length = lengthOf(attribute.value().toString().toStdString());
+        }
+    }
+    xml.skipCurrentElement();
+}
+
+FeedItem readItem(QXmlStreamReader& xml) {
+    FeedItem item;
+    while (xml.readNextStartElement()) {
+        if (auto* const member = memberFor(item, xml.name())) {
+            setOnce(*member, xml.readElementText(textOnly));
+        } else if (xml.name() == QLatin1String("description")) {
+            setOnce(item.notes, xml.readElementText(textOnly));
+        } else if (xml.name() == QLatin1String("enclosure")) {
+            readEnclosure(xml, item);
+        } else {
+            xml.skipCurrentElement();
+        }
+    }
+    if (item.shortVersion.empty()) {
+        item.shortVersion = item.version;
+    }
+    return item;
+}
+
+/// Moves to the root. Only comments and processing instructions may stand in front of it.
+bool readRoot(QXmlStreamReader& xml) {
+    while (!xml.atEnd() && !xml.isStartElement() && !xml.isDTD()) {
+        xml.readNext();
+    }
+    return xml.isStartElement() && xml.name() == QLatin1String("rss");
+}
+
+std::vector<FeedItem> readChannels(QXmlStreamReader& xml) {
+    std::vector<FeedItem> items;
+    while (xml.readNextStartElement()) {
+        if (xml.name() != QLatin1String("channel")) {
+            xml.skipCurrentElement();
+            continue;
+        }
+        while (xml.readNextStartElement()) {
+            if (xml.name() != QLatin1String("item")) {
+                xml.skipCurrentElement();
+            } else if (auto item = readItem(xml); isAppVersion(item.version)) {
+                items.push_back(std::move(item));
+            }
+        }
+    }
+    return items;
+}
+
+bool endsWith(const std::string& url, std::string_view extension) {
+    return url.size() > extension.size() && url.ends_with(extension);
+}
+
+}  // namespace
+
+std::optional<std::vector<FeedItem>> feedItems(std::span<const std::uint8_t> document) {
+    if (document.size() > largestFeed) {
+        return std::nullopt;
+    }
+    QXmlStreamReader xml(QByteArray(reinterpret_cast<const char*>(document.data()),  // NOLINT(*-cast)
+                                    static_cast<qsizetype>(document.size())));
+    if (!readRoot(xml)) {
+        return std::nullopt;
+    }
+    auto items = readChannels(xml);
+    while (!xml.atEnd()) {
+        xml.readNext();
+    }
+    if (xml.hasError()) {
+        return std::nullopt;
+    }
+    return items;
+}
+
+PackageKind packageKindOf(const FeedItem& item) {
+    if (endsWith(item.url, ".AppImage")) {
+        return PackageKind::appImage;
+    }
+    return endsWith(item.url, ".deb") ? PackageKind::debian : PackageKind::other;
+}
+
+const FeedItem* newestItem(const std::vector<FeedItem>& items, PackageKind wanted) {
+    const FeedItem* newest = nullptr;
+    for (const auto& item : items) {
+        const auto order =
+            newest == nullptr
+                ? std::strong_ordering::greater
+                : compareAppVersions(item.version, newest->version).value_or(std::strong_ordering::less);
+        const bool fitsBetter =
+            newest != nullptr && packageKindOf(item) == wanted && packageKindOf(*newest) != wanted;
+        if (order > 0 || (order == 0 && fitsBetter)) {
+            newest = &item;
+        }
+    }
+    return newest;
+}
+
+}  // namespace kzq

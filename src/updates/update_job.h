@@ -1,0 +1,67 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "updates/http_client.h"
+#include "updates/update_build.h"
+#include "updates/update_feed.h"
+
+namespace kzq {
+
+/// Shared by the main thread and the background job of one check or one installation.
+struct UpdateRun {
+    enum class Stage { downloading, verifying, installing };
+
+    /// Stops the run, unless it has begun to put an update into place. Whether it is stopped.
+    bool cancel() {
+        auto expected = Fate::open;
+        const bool stopped = fate.compare_exchange_strong(expected, Fate::cancelled);
+        cancelled = cancelled || stopped;
+        return stopped || expected == Fate::cancelled;
+    }
+    /// From here on it cannot be stopped. False when it already is.
+    bool commit() {
+        auto expected = Fate::open;
+        return fate.compare_exchange_strong(expected, Fate::committed);
+    }
+
+    enum class Fate { open, cancelled, committed };
+    std::atomic<Fate> fate = Fate::open;
+    std::atomic<bool> cancelled = false;  ///< for the HTTP client
+    std::atomic<std::uint64_t> received = 0;
+    std::atomic<Stage> stage = Stage::downloading;
+    std::atomic<bool> shown = true;  ///< whether the last post to the main thread has been handled
+};
+
+struct FeedReading {
+    std::string failure;  ///< empty for success
+    std::vector<FeedItem> items;
+};
+
+/// Fetches and parses a feed. Blocks; a worker thread.
+FeedReading readFeed(HttpClient& http, const std::string& url, const UpdateRun& run);
+
+/// The download, verification and installation of one package.
+struct UpdateJob {
+    FeedItem item;
+    std::vector<UpdateKey> keys;
+    Installation installation;
+    std::filesystem::path place;  ///< the package's final one
+    std::shared_ptr<UpdateRun> run;
+    std::function<void()> post;  ///< asks the main thread to show the run
+};
+
+/// Where the package for an installation goes: over the AppImage, or into `downloads`.
+std::filesystem::path packagePlace(const Installation& installation, const std::filesystem::path& downloads,
+                                   const FeedItem& item);
+
+/// Carries the job out. Returns why it failed; empty for success. Blocks; a worker thread.
+std::string perform(const UpdateJob& job, HttpClient& http);
+
+}  // namespace kzq

@@ -1,0 +1,395 @@
+#include "updates/firmware_updates.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cctype>
+#include <csignal>
+#include <thread>
+
+#include "tls_server.h"
+#include "updates/digest.h"
+#include "updates/qt_http_client.h"
+#include "virtual_executor.h"
+
+using namespace kzq;
+using namespace kzq::test;
+using namespace std::chrono_literals;
+using Strings = std::vector<std::string>;
+
+namespace {
+
+constexpr const char* manifestPath = "/firmware/_.json";
+constexpr const char* imagePath = "/firmware/pedal-1.06.bin";
+
+std::string md5(const std::string& text) {
+    return MD5String({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}).value_or("");
+}
+
+/// The updater on a virtual clock, a real server and a pedal of three variables.
+struct FirmwareUpdatesTest : testing::Test {
+    FirmwareUpdatesTest() {
+        server.set(imagePath, {image});
+        offer("1.06");
+        start();
+    }
+
+    void start() {
+        updates =
+            FirmwareUpdates::updater({executor, client, [this] { return blank; }, [this] { return version; },
+                                      "0.1.0", home.path(), server.url(manifestPath),
+                                      [this](const std::string& text) {
+                                          EXPECT_TRUE(executor.onMainThread());
+                                          headline = text;
+                                          notes.clear();
+                                      },
+                                      [this](const std::string& text) { notes += text; }, 20s});
+    }
+
+    std::string entry(const std::string& offered) const {
+        return R"({"name":"pedal-1.06.bin","hash":")" + md5(image) + R"(","size":)" +
+               std::to_string(image.size()) + R"(,"version":")" + offered + R"(","changes":["One","Two"]})";
+    }
+    void offer(const std::string& offered) { server.set(manifestPath, {"[" + entry(offered) + "]"}); }
+    /// One check; what it asked the server for.
+    Strings check() {
+        updates->check();
+        executor.settle();
+        EXPECT_FALSE(updates->busy());
+        return server.takeRequests();
+    }
+    std::string offered() const { return updates->update().value_or("").filename(); }
+
+    const std::string image = std::string(12'345, 'f') + "end";
+    TestFolder home;
+    const std::filesystem::path cache = home / "Library/Application Support/com.kzq.7306/updates/firmware";
+    const std::filesystem::path file = cache / "pedal-1.06.bin";
+    TlsServer server;
+    QtHttpClient client{TestAuthority::usual().authority};
+    VirtualExecutor executor;
+    bool blank = false;
+    std::optional<std::string> version = "1.05";
+    std::string headline;
+    std::string notes;
+    std::shared_ptr<FirmwareUpdates> updates;
+};
+
+TEST_F(FirmwareUpdatesTest, OffersWhatIsNewerThanThePedalAndAsksNoMoreThanItNeeds) {
+    const Strings nothing;
+    const Strings manifestOnly = {manifestPath};
+    const Strings both = {manifestPath, imagePath};
+    version.reset();
+    EXPECT_EQ(check(), nothing) << "no pedal";
+    version = "1.5";
+    EXPECT_EQ(check(), nothing) << "a pedal of unknown version";
+    version = "1.06";
+    EXPECT_EQ(check(), manifestOnly) << "as new as the offer";
+    EXPECT_EQ(offered(), "");
+    EXPECT_TRUE(headline.empty());
+
+    version = "1.05";
+    EXPECT_EQ(check(), both);
+    EXPECT_EQ(updates->update(), file);
+    EXPECT_EQ(readText(file), image);
+    EXPECT_EQ(headline, "KZQ7306 1.6 is now available\u2014you have 1.5. Would you like to install it now?");
+    EXPECT_EQ(notes, "\u2022\tOne\n\u2022\tTwo");
+    EXPECT_EQ(check(), manifestOnly) << "a good file is not fetched again";
+    EXPECT_EQ(notes, "\u2022\tOne\n\u2022\tTwo") << "written anew, not added";
+
+    version.reset();
+    EXPECT_EQ(check(), nothing);
+    EXPECT_EQ(updates->update(), file) << "unplugging takes nothing back";
+    version = "1.06";
+    EXPECT_EQ(check(), manifestOnly);
+    EXPECT_EQ(offered(), "") << "taken back from a pedal that is up to date";
+    version = "1.05";
+    check();
+    offer("1.04");
+    EXPECT_EQ(check(), manifestOnly);
+    EXPECT_EQ(offered(), "");
+
+    blank = true;
+    version.reset();
+    EXPECT_EQ(check(), manifestOnly);
+    EXPECT_EQ(updates->update(), file) << "an empty pedal is offered the newest entry, however old";
+    EXPECT_EQ(headline, "KZQ7306 1.4 is now available\u2014you have 0.0. Would you like to install it now?");
+    updates->clearUpdate();
+    EXPECT_EQ(offered(), "");
+    EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"});
+}
+
+TEST_F(FirmwareUpdatesTest, OnlyTheLastEntryCounts) {
+    server.set(manifestPath, {"[" + entry("9.00") + "," + entry("1.05") + "]"});
+    EXPECT_EQ(check(), Strings{manifestPath});
+    EXPECT_EQ(offered(), "");
+    server.set(manifestPath, {R"([{"hash":1},7,)" + entry("2.07b") + "]"});
+    check();
+    EXPECT_EQ(offered(), "pedal-1.06.bin");
+    EXPECT_EQ(headline.substr(0, 11), "KZQ7306 2.7");
+}
+
+TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
+    const auto with = [this](std::string from, const std::string& to) {
+        std::string text = "[" + entry("1.06") + "]";
+        from.insert(0, "\"");
+        return text.replace(text.find(from), from.size(), to);
+    };
+    const auto size = "size\":" + std::to_string(image.size());
+    const auto hash = "hash\":\"" + md5(image) + "\"";
+    const auto name = std::string("name\":\"pedal-1.06.bin\"");
+    auto upper = md5(image);
+    std::ranges::transform(upper, upper.begin(), [](unsigned char c) { return std::toupper(c); });
+    const Strings bad = {"",
+                         "nonsense",
+                         "{}",
+                         "null",
+                         "[]",
+                         "[",
+                         "[{}]",
+                         "[null]",
+                         "[[]]",
+                         "[1]",
+                         R"(["text"])",
+                         entry("1.06"),
+                         "[" + entry("1.06") + ",{}]",
+                         "[" + entry("1.06") + "",
+                         std::string(200'000, '['),
+                         "[" + entry("1.5") + "]",
+                         "[" + entry("0.00") + "]",
+                         "[" + entry("") + "]",
+                         with("version\":\"1.06\"", "\"version\":1.06"),
+                         with("version\":\"1.06\"", "\"v\":1"),
+                         with(name, R"("name":"")"),
+                         with(name, R"("name":7)"),
+                         with(name, R"("name":".")"),
+                         with(name, R"("name":"..")"),
+                         with(name, R"("name":"../firmware/pedal-1.06.bin")"),
+                         with(name, R"("name":"/etc/passwd")"),
+                         with(name, R"("name":"a\u0000b")"),
+                         with(hash, R"("hash":"")"),
+                         with(hash, R"("hash":null)"),
+                         with(hash, R"("hash":")" + upper + '"'),
+                         with(hash, R"("hash":")" + md5("else") + '"'),
+                         with(size, R"("size":0)"),
+                         with(size, R"("size":-1)"),
+                         with(size, R"("size":50000001)"),
+                         with(size, R"("size":1e300)"),
+                         with(size, R"("size":1e999)"),
+                         with(size, R"("size":12348.5)"),
+                         with(size, R"("size":"12348")"),
+                         with(size, R"("size":true)"),
+                         with(size, R"("size":18446744073709551617)"),
+                         with(size, R"("size":12347)"),
+                         with(size, R"("size":12349)"),
+                         "\xff" + entry("1.06"),
+                         std::string(10'000'000, ' ')};
+    for (const bool offeredBefore : {false, true}) {
+        if (offeredBefore) {
+            check();
+            ASSERT_EQ(offered(), "pedal-1.06.bin");
+            std::filesystem::remove(file);
+        }
+        for (const auto& manifest : bad) {
+            server.set(manifestPath, {manifest});
+            check();
+            EXPECT_EQ(offered(), offeredBefore ? "pedal-1.06.bin" : "") << manifest.substr(0, 200);
+            EXPECT_EQ(namesIn(cache), Strings{}) << manifest.substr(0, 200);
+        }
+        offer("1.06");
+    }
+    EXPECT_EQ(namesIn(home.path()), Strings{"Library"}) << "nothing escaped from the cache";
+    server.takeRequests();
+    server.set(manifestPath, {with(hash, R"("hash":")" + upper + '"')});
+    EXPECT_EQ(check(), (Strings{manifestPath, imagePath}));
+    EXPECT_EQ(check(), (Strings{manifestPath, imagePath})) << "fetched each time, never kept";
+    server.set(manifestPath, {with(size, R"("size":12348.0)")});
+    check();
+    EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"}) << "a whole number, however it is written";
+}
+
+TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
+    for (std::size_t tenth = 0; tenth < 10; ++tenth) {
+        for (const bool stated : {true, false}) {
+            server.set(imagePath, {image, 200, {}, image.size() * tenth / 10, false, false, stated});
+            check();
+            EXPECT_EQ(offered(), "") << tenth;
+            EXPECT_EQ(namesIn(cache), Strings{}) << tenth;
+        }
+        const auto manifest = "[" + entry("1.06") + "]";
+        server.set(manifestPath, {manifest, 200, {}, manifest.size() * tenth / 10, false, false, false});
+        EXPECT_EQ(check(), Strings{manifestPath}) << tenth;
+        offer("1.06");
+    }
+    server.set(imagePath, {image + "x"});
+    check();
+    EXPECT_EQ(offered(), "");
+    server.set(imagePath, {std::string(image.size(), 'w')});
+    check();
+    EXPECT_EQ(offered(), "");
+    EXPECT_EQ(namesIn(cache), Strings{});
+}
+
+TEST_F(FirmwareUpdatesTest, ABadFileInTheCacheIsFetchedAnew) {
+    const Strings both = {manifestPath, imagePath};
+    check();
+    for (const auto& content :
+         {std::string(), image.substr(1), image + "x", std::string(image.size(), 'w')}) {
+        writeText(file, content);
+        EXPECT_EQ(check(), both) << content.size();
+        EXPECT_EQ(readText(file), image);
+    }
+    writeText(file, "corrupt");
+    server.set(imagePath, {"", 404});
+    check();
+    EXPECT_FALSE(std::filesystem::exists(file)) << "removed also when there is nothing better";
+    EXPECT_EQ(offered(), "pedal-1.06.bin") << "kept until a check finds out more";
+}
+
+TEST_F(FirmwareUpdatesTest, WhatIsNoFileStaysAndCostsNoDownload) {
+    const auto target = home / "target";
+    writeText(target, image);
+    const auto refused = [&](const char* what) {
+        EXPECT_EQ(check(), Strings{manifestPath}) << what;
+        EXPECT_EQ(offered(), "") << what;
+        EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"}) << what;
+    };
+    std::filesystem::create_symlink(target, file);
+    refused("a link, even to the right bytes");
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_EQ(readText(target), image);
+    std::filesystem::remove(file);
+    std::filesystem::create_symlink(home / "nowhere", file);
+    refused("a link to nothing");
+    EXPECT_FALSE(std::filesystem::exists(home / "nowhere"));
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    writeText(file / "kept", "kept");
+    refused("a folder");
+    EXPECT_EQ(readText(file / "kept"), "kept");
+    std::filesystem::remove_all(file);
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    refused("a pipe");
+    std::filesystem::remove(file);
+    check();
+    EXPECT_EQ(offered(), "pedal-1.06.bin");
+}
+
+TEST_F(FirmwareUpdatesTest, AFullDiskOrALostFolderLeavesNothingBehind) {
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    rlimit full = before;
+    full.rlim_cur = 10'000;
+    auto* const handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &full), 0);
+    check();
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(offered(), "");
+    EXPECT_EQ(namesIn(cache), Strings{});
+
+    std::filesystem::remove_all(home / "Library");
+    check();
+    EXPECT_EQ(offered(), "");
+    writeText(home / "Library", "a file where the folder should be");
+    start();
+    EXPECT_FALSE(updates->initialized());
+    EXPECT_EQ(check(), Strings{}) << "without its folder it never asks";
+    std::filesystem::remove(home / "Library");
+    updates->setup();
+    EXPECT_TRUE(updates->initialized());
+    if (::geteuid() != 0) {  // for root nothing is read-only
+        std::filesystem::permissions(cache, std::filesystem::perms(0500));
+        check();
+        EXPECT_EQ(offered(), "");
+        std::filesystem::permissions(cache, std::filesystem::perms(0700));
+    }
+}
+
+TEST_F(FirmwareUpdatesTest, ChecksEvery15SecondsForItsLife) {
+    executor.advance(15s - 1ns);
+    EXPECT_EQ(server.takeRequests(), Strings{});
+    executor.advance(1ns);
+    EXPECT_EQ(server.takeRequests(), (Strings{manifestPath, imagePath}));
+    executor.advance(45s);
+    EXPECT_EQ(server.takeRequests().size(), 3U);
+    EXPECT_EQ(executor.mainThreadWaits(), 0U);
+
+    updates->check();
+    updates->check();
+    executor.settle();
+    EXPECT_EQ(server.takeRequests().size(), 1U) << "one that waits is enough";
+    updates->check();
+    updates.reset();
+    headline.clear();
+    executor.advance(60s);
+    EXPECT_EQ(server.takeRequests(), Strings{}) << "gone before its job ran";
+    EXPECT_EQ(headline, "");
+}
+
+TEST_F(FirmwareUpdatesTest, OnTheMainThreadTheTextsAreThereAtOnce) {
+    updates->refresh();
+    EXPECT_NE(headline, "");
+    EXPECT_EQ(notes, "\u2022\tOne\n\u2022\tTwo");
+    headline.clear();
+    updates->stop();
+    updates->refresh();
+    EXPECT_EQ(headline, "") << "stopped";
+}
+
+/// Says nothing good, and tells how many ask at once.
+struct CountingClient : HttpClient {
+    HttpResult fetch(const HttpRequest& request) override {
+        most = std::max<int>(most, ++inside);
+        if (again) {
+            std::exchange(again, nullptr)->refresh();
+        }
+        std::this_thread::yield();
+        ++fetches;
+        --inside;
+        EXPECT_EQ(request.limits.bytes, 1U << 20U);
+        EXPECT_EQ(request.limits.total, 20s);
+        return {HttpFailure::network, "none", {}};
+    }
+    std::atomic<int> inside = 0;
+    std::atomic<int> most = 0;
+    std::atomic<int> fetches = 0;
+    FirmwareUpdates* again = nullptr;
+};
+
+TEST_F(FirmwareUpdatesTest, OneRefreshAtATimeInTheWholeProcess) {
+    CountingClient counting;
+    const auto make = [&] {
+        auto made = std::make_shared<FirmwareUpdates>(FirmwareEnvironment{executor,
+                                                                          counting,
+                                                                          [] { return true; },
+                                                                          [] { return std::nullopt; },
+                                                                          "",
+                                                                          home.path(),
+                                                                          "https://127.0.0.1/_.json",
+                                                                          {},
+                                                                          {},
+                                                                          20s});
+        made->setup();
+        return made;
+    };
+    const auto one = make();
+    const auto other = make();
+    EXPECT_EQ(one->currentSoftware(), std::nullopt);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 6; ++i) {
+        threads.emplace_back([&, i] { (i % 2 == 0 ? one : other)->refresh(); });
+    }
+    for (auto& thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(counting.most, 1);
+    EXPECT_EQ(counting.fetches, 6) << "each waits for its turn";
+    counting.again = one.get();
+    one->refresh();
+    EXPECT_EQ(counting.fetches, 7) << "busy: a refresh inside a refresh does nothing";
+}
+
+}  // namespace

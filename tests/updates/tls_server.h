@@ -1,0 +1,82 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kzq::test {
+
+/// A folder that goes with its test.
+class TestFolder {
+  public:
+    TestFolder();
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+    TestFolder(TestFolder&&) = delete;
+    TestFolder& operator=(TestFolder&&) = delete;
+    ~TestFolder();
+
+    const std::filesystem::path& path() const { return path_; }
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+std::string readText(const std::filesystem::path& path);
+void writeText(const std::filesystem::path& path, const std::string& text);
+/// The names in a folder, sorted.
+std::vector<std::string> namesIn(const std::filesystem::path& folder);
+
+/// A certificate authority made for this run, and a server certificate that it signed for `subject`, as in
+/// "IP:127.0.0.1".
+class TestAuthority {
+  public:
+    explicit TestAuthority(const std::string& subject = "IP:127.0.0.1");
+    /// One for all tests.
+    static const TestAuthority& usual();
+
+    std::string authority;    ///< PEM
+    std::string certificate;  ///< PEM
+    std::string key;          ///< PEM
+};
+
+/// What the server does when it is asked for a path.
+struct Answer {
+    std::string body = {};
+    int status = 200;
+    std::vector<std::pair<std::string, std::string>> headers = {};
+    std::optional<std::size_t> cutAfter = {};  ///< only so many bytes of the body
+    bool stall = false;                        ///< then nothing more, instead of closing
+    bool mute = false;                         ///< nothing at all
+    bool stateLength = true;
+};
+
+/// An HTTPS server on a thread of its own, on a free port of 127.0.0.1. Members may be called from any
+/// thread.
+class TlsServer {
+  public:
+    explicit TlsServer(const TestAuthority& authority = TestAuthority::usual());
+    TlsServer(const TlsServer&) = delete;
+    TlsServer& operator=(const TlsServer&) = delete;
+    TlsServer(TlsServer&&) = delete;
+    TlsServer& operator=(TlsServer&&) = delete;
+    ~TlsServer();
+
+    std::string url(const std::string& path) const;
+    void set(const std::string& path, Answer answer);
+    /// The paths asked for since the last call.
+    std::vector<std::string> takeRequests();
+
+  private:
+    class Thread;
+
+    std::unique_ptr<Thread> thread_;
+};
+
+}  // namespace kzq::test
