@@ -12,7 +12,8 @@ namespace kzq::ctl {
 namespace {
 
 std::filesystem::path parentOf(const std::filesystem::path& folder) {
-    const auto whole = std::filesystem::absolute(folder);
+    std::error_code error;
+    const auto whole = std::filesystem::absolute(folder, error);  // empty where the working folder is gone
     return whole.has_filename() ? whole.parent_path() : whole.parent_path().parent_path();
 }
 

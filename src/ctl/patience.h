@@ -32,6 +32,7 @@ class Patience : public std::enable_shared_from_this<Patience> {
     Executor::Duration limit_;
     std::function<void()> lost_;
     std::atomic<Executor::Duration> last_;  ///< time of the last sign of life, since the clock's start
+    Executor::Duration due_{};              ///< when the next check should run
     std::atomic<bool> suspended_ = false;
     std::atomic<bool> stopped_ = false;
 };

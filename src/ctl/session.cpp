@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "ctl/timing.h"
+
 namespace kzq::ctl {
 namespace {
 
@@ -57,7 +59,14 @@ void Session::looperInternalStateChanged(const Status& status) {
 }
 
 void Session::settle() {
-    if (!waiting() || explainFailure()) {
+    if (!waiting()) {
+        return;
+    }
+    if (doubtful()) {
+        context_.executor.mainAfter(departureNotice, [self = shared_from_this()] { self->settle(); });
+        return;
+    }
+    if (explainFailure()) {
         return;
     }
     if (!watching_ && context_.options.wait == Executor::Duration::zero()) {
@@ -81,10 +90,17 @@ void Session::look() {
         return;
     }
     context_.executor.mainAfter(std::min(left, timeBetweenLooks), [self = shared_from_this()] {
-        if (self->waiting() && !self->explainFailure()) {
+        if (self->waiting() && (self->doubtful() || !self->explainFailure())) {
             self->look();
         }
     });
+}
+
+/// A pedal that does not say what it is may just be leaving: once, its departure gets time to be told.
+bool Session::doubtful() {
+    const auto failure = KZQ7306::looper()->acquisitionFailure();
+    return (failure == Failure::noStage || failure == Failure::unknownStage) &&
+           !std::exchange(gaveTime_, true);
 }
 
 /// Says why a pedal that is there cannot be used. Whether that was the end of the program.
@@ -93,7 +109,7 @@ bool Session::explainFailure() {
         context_.fail(pedalStoppedAnswering());
         return true;
     }
-    const auto failure = KZQ7306::looper()->lastFailure();
+    const auto failure = KZQ7306::looper()->acquisitionFailure();
     if (std::exchange(seen_, failure) == failure) {
         return false;
     }

@@ -28,6 +28,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
   private:
     void settle();
     void look();
+    bool doubtful();
     bool explainFailure();
     void guardArrival();
     bool waiting() const { return !over_ && !connected_; }
@@ -38,6 +39,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     bool watching_;
     Executor::TimePoint deadline_;
     Failure seen_ = Failure::none;  ///< the failure that was there at the last look
+    bool gaveTime_ = false;
     std::atomic<bool> connected_ = false;
     std::atomic<bool> over_ = false;
     std::atomic<bool> gaveUp_ = false;  ///< the pedal did not answer while it was acquired

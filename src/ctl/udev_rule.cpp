@@ -34,8 +34,9 @@ std::vector<std::filesystem::path> udevRuleFolders() {
 bool udevRuleInstalled(const std::vector<std::filesystem::path>& folders) {
     for (const auto& folder : folders) {
         std::error_code error;
-        for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-            if (entry.path().extension() == ".rules" && speaksOfPedal(entry.path())) {
+        for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+             entry.increment(error)) {
+            if (entry->path().extension() == ".rules" && speaksOfPedal(entry->path())) {
                 return true;
             }
         }

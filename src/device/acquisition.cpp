@@ -61,12 +61,18 @@ bool KZQ7306::core(const UsbDevicePointer& device) {
         acquired = true;
     } catch (const KZQ730CleanUpAndExit&) {
         acquired = false;  // the reason is logged where it was raised
+    } catch (const std::exception& error) {
+        log(LogCategory::device, std::string("core: ") + error.what());
+        fail(Failure::cannotOpen);
+        acquired = false;
     }
     if (!acquired) {
+        acquisitionFailure_ = lastFailure();
         handle.reset();
         decore();
         return false;
     }
+    acquisitionFailure_ = Failure::none;
     const std::lock_guard mirror(mirror_);
     core_ = std::move(handle);
     return true;

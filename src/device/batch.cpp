@@ -25,7 +25,7 @@ bool KZQ7306::startBatch(bool complete, std::function<void(KZQ7306&)> batch) {
 std::unique_lock<DeviceLock> KZQ7306::beginOperation(Operation operation) {
     setOperation(operation);
     std::unique_lock lock(*lock_);
-    setOperation(operation);  // again: one that had to wait here saw its predecessor set it to 0
+    setOperation(operation);  // again: whoever went before has set it to 0
     return lock;
 }
 

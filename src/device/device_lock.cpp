@@ -66,7 +66,7 @@ void DeviceLock::runTurns() {
     running_ = true;
     while (!turns_.empty() && lockOrAskForWake()) {
         const std::lock_guard guard(*this, std::adopt_lock);
-        const auto task = std::move(turns_.front());
+        const auto task = std::move(turns_.front());  // tasks do not throw
         turns_.pop_front();
         task();
     }

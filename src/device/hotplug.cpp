@@ -1,5 +1,8 @@
 #include "device/hotplug.h"
 
+#include <exception>
+#include <string>
+
 #include "device/class_state.h"
 #include "device/commands.h"
 #include "platform/log.h"
@@ -16,8 +19,14 @@ int handOver(const UsbDevicePointer& device, void (*handler)(const UsbDevicePoin
     const auto environment = classState().getEnvironment();
     const auto lock = classState().getLock();
     if (environment) {
-        environment->executor.main(
-            [lock, device, handler] { lock->mainTurn([device, handler] { handler(device); }); });
+        const auto turn = [device, handler] {
+            try {
+                handler(device);
+            } catch (const std::exception& error) {
+                log(LogCategory::device, std::string("hot-plug: ") + error.what());
+            }
+        };
+        environment->executor.main([lock, turn] { lock->mainTurn(turn); });
     }
     return 0;
 }
@@ -51,37 +60,39 @@ void KZQ7306::initialize(const std::shared_ptr<KZQ7306Delegate>& delegate) {
 }
 
 void KZQ7306::plugged(const UsbDevicePointer& device) {
-    const auto instance = looper();
-    if (!instance) {
-        return;
+    if (const auto instance = looper()) {
+        const std::lock_guard guard(*instance->lock_);
+        instance->arrived(device);
     }
-    const std::lock_guard guard(*instance->lock_);
-    if (!instance->core(device)) {
+}
+
+void KZQ7306::arrived(const UsbDevicePointer& device) {
+    if (!core(device)) {
         log(LogCategory::device, "plugged:1 the pedal could not be acquired");
         return;
     }
-    const auto reply = instance->control(command::stage);
+    const auto reply = control(command::stage);
     if (!reply) {
         log(LogCategory::device, "plugged:2 no answer to the stage query");
-        instance->fail(Failure::noStage);
+        acquisitionFailure_ = Failure::noStage;
         return;
     }
-    instance->setStage(static_cast<char>(reply->at(stageOffset)));
-    const auto stage = instance->stage();
-    if (stage != stageNormal && stage != stageFactoryBlank) {
+    const auto now = static_cast<char>(reply->at(stageOffset));
+    setStage(now);
+    if (now != stageNormal && now != stageFactoryBlank) {
         log(LogCategory::device, "plugged:3 the pedal is in an unknown stage");
-        instance->fail(Failure::unknownStage);
+        acquisitionFailure_ = Failure::unknownStage;
         return;
     }
-    if (stage == stageFactoryBlank) {
-        instance->environment_.executor.background(Priority::high, [instance] {
-            if (instance->flashPending()) {
-                instance->completeFirmwareUpdate();
+    if (now == stageFactoryBlank) {
+        environment_.executor.background(Priority::high, [self = shared_from_this()] {
+            if (self->flashPending()) {
+                self->completeFirmwareUpdate();
             }
         });
     }
-    if (const auto delegate = instance->delegate()) {
-        delegate->looperIsConnected(*instance);
+    if (const auto listener = delegate()) {
+        listener->looperIsConnected(*this);
     }
 }
 
@@ -93,6 +104,7 @@ void KZQ7306::unplugged(const UsbDevicePointer& /*device*/) {
     const std::lock_guard guard(*instance->lock_);
     instance->decore();
     instance->setStage(stageNone);
+    instance->acquisitionFailure_ = Failure::none;
     if (const auto delegate = instance->delegate()) {
         delegate->looperHasBeenDisconnected();
     }

@@ -38,7 +38,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
         const auto audio = readAudio(loop->second, slot, progress);
         auto file = audio ? wave(*audio, pedalChannels) : std::nullopt;
         if (audio && !file) {
-            fail(Failure::tooLarge);
+            fail(Failure::outOfMemory);
         }
         return file;
     } catch (const std::bad_alloc&) {
@@ -66,7 +66,12 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::readAudio(const Loop& loop, st
         audio.insert(audio.end(), piece->begin(), piece->end());
         progress(static_cast<std::uint32_t>(piece->size()), slot);
     }
-    audio.resize(std::min<std::size_t>(audio.size(), loop.bytes));
+    if (audio.size() <
+        loop.bytes) {  // a table entry so large that its padded size wraps: no WAV could hold it
+        fail(Failure::tooLarge);
+        return std::nullopt;
+    }
+    audio.resize(loop.bytes);
     return audio;
 }
 

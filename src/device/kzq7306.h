@@ -123,6 +123,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool isAtLeastCatalina() const { return macos_ > 14; }
     /// Why the latest failure happened. Inside a partial-completion callback: why that loop failed.
     Failure lastFailure() const { return lastFailure_; }
+    /// Why the pedal that arrived last could not be used; none when it can, or has left.
+    Failure acquisitionFailure() const { return acquisitionFailure_; }
 
     // --- transfers
 
@@ -179,6 +181,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     static void poll(Executor& executor, Executor::TimePoint start, bool repeating);
     std::optional<Status> news(bool onlyChanges);
 
+    void arrived(const UsbDevicePointer& device);
     void acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle);
     [[noreturn]] void giveUp(std::string_view tag, Failure failure);
 
@@ -220,6 +223,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<bool> cancel_ = false;
     std::atomic<std::int32_t> operation_ = idle;
     std::atomic<Failure> lastFailure_ = Failure::none;
+    std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
     /// Guards what follows, for moments only: never held during USB traffic or a callback.
     mutable std::mutex mirror_;

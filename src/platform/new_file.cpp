@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/descriptor.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -22,30 +23,6 @@ constexpr std::size_t longestFileName = 255;
 constexpr unsigned highestSuffix = 100'000;
 constexpr mode_t newFileMode = 0666;
 constexpr const char* placing = "put into place";
-
-/// A file descriptor that is closed in the end.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(number_, other.number_);
-        return *this;
-    }
-    ~Descriptor() {
-        if (number_ >= 0) {
-            ::close(number_);
-        }
-    }
-
-    explicit operator bool() const { return number_ >= 0; }
-    int get() const { return number_; }
-
-  private:
-    int number_;
-};
 
 /// The file while it is being written: without a name, or under a hidden one that goes away unless it was
 /// moved.

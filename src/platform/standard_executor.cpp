@@ -6,8 +6,12 @@
 #include <atomic>
 #include <deque>
 #include <map>
+#include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
+
+#include "platform/log.h"
 
 namespace kzq {
 
@@ -33,8 +37,13 @@ class StandardExecutor::Pool : public std::enable_shared_from_this<Pool> {
             changed_.notify_one();
             return;
         }
-        ++threads_;
-        std::thread([self = shared_from_this()] { self->work(); }).detach();
+        try {
+            std::thread([self = shared_from_this()] { self->work(); }).detach();
+            ++threads_;
+        } catch (const std::system_error& error) {
+            log(LogCategory::tool,
+                std::string("no thread for a job, which waits for another: ") + error.what());
+        }
     }
 
     void end() {

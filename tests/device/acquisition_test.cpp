@@ -110,6 +110,30 @@ TEST_F(Acquisition, WithoutADeviceOpensTheFirstPedal) {
     EXPECT_EQ(looper().lastFailure(), Failure::noPedal);
 }
 
+TEST_F(Acquisition, ForgetsTheVersionWithOrWithoutAPedal) {
+    usb.replies[command::capacityAndVersion] = {0, 0, 0, 0, '1', '.', '0', '5'};
+    loadPresent();
+    ASSERT_TRUE(looper().status(false));
+    EXPECT_EQ(looper().version(), "1.05");
+    looper().decore();
+    EXPECT_EQ(looper().version(), std::nullopt);
+    looper().decore();
+    EXPECT_THAT(usb.calls, Contains("release 0").Times(1));
+}
+
+TEST_F(Acquisition, AThrowingPortIsAFailureLikeAnyOther) {
+    load(usb);
+    start();
+    usb.throwing = true;
+    usb.arrive();
+    executor.settle();
+    EXPECT_THAT(tags, ElementsAre("core:", "plugged:1"));
+    usb.throwing = false;
+    usb.arrive();
+    executor.settle();
+    EXPECT_THAT(delegate->events, ElementsAre("connected p@0"));
+}
+
 TEST_F(Acquisition, KeepsAPedalInAnUnknownStageUnannounced) {
     usb.replies[command::stage] = FakeUsb::reply('Y', 'x');
     loadPresent();
@@ -204,6 +228,8 @@ TEST_F(Acquisition, BulkTransfersGoOnUntilAllHasMoved) {
     EXPECT_EQ(looper().read(0), std::nullopt);
     EXPECT_EQ(looper().read(-1), std::nullopt);
     EXPECT_FALSE(looper().write({}));
+    const std::uint8_t first = 0;
+    EXPECT_FALSE(looper().write({&first, std::size_t{1} << 31U}));  // refused before it is looked at
     EXPECT_THAT(usb.calls, IsEmpty());
 
     usb.bulk = [](std::size_t size, std::size_t& transferred) {

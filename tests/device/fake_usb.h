@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,8 @@ class FakeUsb : public UsbPort {
     UsbResult detachResult = usbSuccess;
     UsbResult claimResult = usbSuccess;
     UsbDevicePointer device = std::make_shared<Device>();
-    bool present = false;  ///< on the bus when the callbacks are registered
+    bool present = false;   ///< on the bus when the callbacks are registered
+    bool throwing = false;  ///< claiming throws
     /// Replies by command; what has none is answered with zeros and an error.
     std::map<std::uint8_t, Reply> replies;
     /// What a bulk transfer of `size` bytes does; moves all of it when not set.
@@ -91,6 +93,9 @@ class FakeUsb : public UsbPort {
         }
         UsbResult claimInterface(int interface) override {
             usb_.note("claim " + std::to_string(interface));
+            if (usb_.throwing) {
+                throw std::runtime_error("no room");
+            }
             return usb_.claimResult;
         }
         UsbResult releaseInterface(int interface) override {

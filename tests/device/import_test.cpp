@@ -12,7 +12,7 @@ class Import : public PedalTest {
             std::move(slots),
             [this](std::uint32_t total, std::uint8_t slot) {
                 EXPECT_FALSE(executor.onMainThread());
-                EXPECT_TRUE(looper().busy());
+                operations.push_back(looper().operation());
                 totals[slot] = total;
                 if (total >= cancelAt) {
                     looper().cancelTransfer();
@@ -34,6 +34,7 @@ class Import : public PedalTest {
         EXPECT_EQ(files[slot], expected) << int{slot};
     }
 
+    std::vector<std::int32_t> operations;
     std::map<std::uint8_t, std::uint32_t> totals;
     std::map<std::uint8_t, std::optional<Bytes>> files;
     std::vector<std::uint8_t> order;
@@ -138,6 +139,9 @@ TEST_F(Import, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
     EXPECT_EQ(looper().importLoop(1, nullptr), std::nullopt);
     pedal.setBusy(true);
     EXPECT_FALSE(importLoops({1}));
+    pedal.clearJournal();
+    EXPECT_FALSE(importLoops({}));
+    EXPECT_THAT(wire(), ElementsAre("E8 1 0"));  // whether it is busy comes first
     pedal.setBusy(false);
     looper().setCancel(true);
     looper().setOperation(KZQ7306::flashing);
@@ -148,11 +152,16 @@ TEST_F(Import, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
 }
 
 TEST_F(Import, TwoBatchesAcceptedAtOnceRunOneAfterTheOtherAndEndIdle) {
+    pedal.plan({FaultKind::silence, Where::bulkIn, {}, 1});
     EXPECT_TRUE(importLoops({1}));
     EXPECT_TRUE(importLoops({11}));
+    executor.settle();  // the first one hangs, the second waits for the pedal
+    pedal.reset();
     executor.settle();
     EXPECT_THAT(order, ElementsAre(1, 11));
-    EXPECT_THAT(counts, ElementsAre(1, 1));
+    EXPECT_THAT(counts, ElementsAre(0, 1));
+    EXPECT_THAT(operations, testing::Each(KZQ7306::importingOrErasing));
+    EXPECT_FALSE(operations.empty());
     EXPECT_EQ(looper().operation(), KZQ7306::idle);
 }
 

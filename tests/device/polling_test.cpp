@@ -96,6 +96,12 @@ TEST_F(Polling, SkipsWhileBusyButRefreshDoesNot) {
     executor.advance(1s);
     EXPECT_EQ(usb.calls.size(), 8U);  // no busy query, and no further poll scheduled
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000", "changed 2@15000"));
+    looper().setOperation(KZQ7306::idle);
+    usb.replies[command::busy] = FakeUsb::reply('Y');
+    setLoop(command::firstLoops, 5, {9, 0, 0, 0, 1, 1});
+    looper().refresh();
+    executor.advance(20s);  // what a refresh has told, a poll does not tell again
+    EXPECT_EQ(delegate->events.size(), 4U);
 }
 
 TEST_F(Polling, BusyFollowsOperationStageAndPedal) {
@@ -151,9 +157,14 @@ TEST_F(Polling, QueriesReadPartsOfTheStatus) {
         EXPECT_FALSE(executor.onMainThread());
         remaining = value;
     }));
-    EXPECT_TRUE(looper().loops([&](std::optional<Loops> value) { loops = std::move(value); }));
+    EXPECT_TRUE(looper().loops([&](std::optional<Loops> value) {
+        loops = std::move(value);
+        executor.sleep(1s);
+    }));
     EXPECT_EQ(remaining, 0U);
     executor.settle();
+    EXPECT_FALSE(looper().lock().lockUnless([] { return true; }));  // the block has the pedal for itself
+    executor.advance(1s);
     EXPECT_EQ(remaining, 0x04030201U);
     ASSERT_TRUE(loops);
     EXPECT_EQ(loops->size(), 2U);
@@ -163,6 +174,23 @@ TEST_F(Polling, QueriesReadPartsOfTheStatus) {
     usb.replies[command::capacityAndVersion][5] = '.';
     usb.replies.erase(command::lastLoops);  // a table that fails reads as empty slots
     EXPECT_EQ(looper().loops()->size(), 1U);
+}
+
+TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
+    usb.replies[command::importLoop] = FakeUsb::reply('Y');
+    usb.bulk = [this](std::size_t, std::size_t&) {
+        looper().cancelTransfer();
+        return usbSuccess;
+    };
+    std::vector<std::uint32_t> totals;
+    bool ended = false;
+    EXPECT_TRUE(looper().importLoops(
+        {1}, [&](std::uint32_t total, std::uint8_t) { totals.push_back(total); },
+        [](const std::optional<std::vector<std::uint8_t>>&, std::uint8_t) {},
+        [&](std::uint8_t) { ended = true; }));
+    executor.settle();
+    EXPECT_TRUE(ended);
+    EXPECT_THAT(totals, IsEmpty());
 }
 
 TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <future>
+#include <utility>
 
 #include "device/kzq7306.h"
 #include "device/simulator/simulated_port.h"
@@ -67,6 +69,43 @@ class Musician : public KZQ7306Delegate, public std::enable_shared_from_this<Mus
     simulator::SimulatedPedal& pedal_;
     std::atomic<bool> pulled_ = false;
 };
+
+TEST(RealThreads, WhoeverWaitsForTheLockHearsThatTheAnswerHasChanged) {
+    StandardExecutor executor;
+    DeviceLock lock(executor);
+    std::atomic<bool> batch = false;
+    std::promise<void> held;
+    std::promise<void> release;
+    executor.background(Priority::high, [&] {
+        const std::lock_guard guard(lock);
+        held.set_value();
+        release.get_future().wait();
+    });
+    held.get_future().wait();
+    bool asked = false;
+    EXPECT_FALSE(lock.lockUnless([&] {
+        if (!std::exchange(asked, true)) {  // only now does another thread change the answer
+            executor.background(Priority::high, [&] {
+                batch = true;
+                lock.reconsider();
+            });
+        }
+        return batch.load();
+    }));
+    release.set_value();
+    const std::lock_guard guard(lock);
+}
+
+TEST(DeviceLock, ATurnThatBringsAnotherEndsFirst) {
+    StandardExecutor executor;
+    DeviceLock lock(executor);
+    std::string order;
+    lock.mainTurn([&] {
+        lock.mainTurn([&] { order += "inner"; });
+        order += "outer ";
+    });
+    EXPECT_EQ(order, "outer inner");
+}
 
 TEST(RealThreads, ImportSurvivesACablePulledInTheMiddle) {
     const auto silent = setLogSink([](LogCategory, std::string_view) {});

@@ -3,6 +3,7 @@
 #include <libusb.h>
 
 #include <filesystem>
+#include <future>
 #include <mutex>
 #include <span>
 #include <string>
@@ -67,11 +68,15 @@ LibusbPort::~LibusbPort() {
 }
 
 UsbResult LibusbPort::initialize() {
-    return logged("starting libusb", libusb_init(nullptr));
+    started_ = logged("starting libusb", libusb_init(nullptr));
+    return started_;
 }
 
 UsbResult LibusbPort::registerHotplug(HotplugEvent event, const HotplugFilter& filter,
                                       HotplugCallback callback) {
+    if (started_ != usbSuccess) {
+        return started_;
+    }
     std::call_once(hotplug_->checked, logWithoutEvents);
     UsbResult result = usbSuccess;
     const HotplugTicket ticket = addHotplug(event, filter, std::move(callback), result);
@@ -84,6 +89,9 @@ UsbResult LibusbPort::registerHotplug(HotplugEvent event, const HotplugFilter& f
 }
 
 UsbResult LibusbPort::handleEvents() {
+    if (started_ != usbSuccess) {
+        std::promise<void>().get_future().wait();  // for ever: without libusb there are no events
+    }
     return static_cast<UsbResult>(libusb_handle_events(nullptr));
 }
 
@@ -98,6 +106,10 @@ std::unique_ptr<UsbHandle> LibusbPort::open(const UsbDevicePointer& device, UsbR
 
 // What libusb_open_device_with_vid_pid does, but with the reason when it fails.
 std::unique_ptr<UsbHandle> LibusbPort::open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) {
+    if (started_ != usbSuccess) {
+        result = started_;
+        return nullptr;
+    }
     libusb_device** list = nullptr;
     const auto count = libusb_get_device_list(nullptr, &list);
     result = count < 0 ? logged("listing devices", static_cast<int>(count)) : usbNoDevice;

@@ -28,6 +28,7 @@ class LibusbPort : public UsbPort {
   private:
     struct Hotplug;
 
+    UsbResult started_ = usbOther;  ///< without libusb nothing is called but this object
     std::unique_ptr<Hotplug> hotplug_;
     std::shared_ptr<HostRefusal> refusal_;  ///< shared with the handles
 };

@@ -109,7 +109,7 @@ bool replaceFile(const fs::path& file, ByteView bytes) {
 
 std::optional<PedalMemory> LoopFolder::load(std::string& error) {
     std::error_code code;
-    fs::create_directories(folder_, code);
+    fs::create_directory(folder_, code);  // only the last part: a mistyped path is not a new pedal
     auto entries = fs::directory_iterator(folder_, code);
     if (code) {
         error = "The folder " + folder_.string() + " cannot be read: " + code.message() + ".";
