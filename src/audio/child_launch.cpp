@@ -65,7 +65,7 @@ void resetSignals() {
     }
     sigset_t none;
     ::sigemptyset(&none);
-    ::sigprocmask(SIG_SETMASK, &none, nullptr);
+    ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
 }
 
 void lockDown() {
@@ -116,6 +116,7 @@ LaunchedChild failed(int error) {
 /// Pointers to `texts`, ended by a null, as execve takes them.
 std::vector<char*> pointersTo(std::vector<std::string>& texts) {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (auto& text : texts) {
         pointers.push_back(text.data());
     }

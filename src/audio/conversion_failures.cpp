@@ -14,7 +14,7 @@ std::string sentenceFor(ConversionFailure reason, const std::string& detail) {
         case ConversionFailure::unreadable:
             return "The file can't be read: " + detail + ".";
         case ConversionFailure::notAudio:
-            return "This is not an audio file.";
+            return "This is not an audio file, or of a kind that is not supported.";
         case ConversionFailure::unsupported:
             return "This kind of audio is not supported: " + detail + ".";
         case ConversionFailure::truncatedOrCorrupt:

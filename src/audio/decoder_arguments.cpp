@@ -135,10 +135,8 @@ std::optional<FrameSpan> framesOfSound(const SourceFacts& facts, std::uint64_t r
 std::vector<std::string> decodeArguments(const SourceFacts& facts, const StreamFacts& stream,
                                          std::uint64_t mostFrames) {
     Words options{"-err_detect", "crccheck+explode"};
-    if (facts.openEnded) {
-        append(options, {"-ignore_length", "1"});  // its last packet counts as corrupt, so no -xerror
-    } else {
-        options.emplace_back("-xerror");
+    if (!facts.openEnded) {
+        options.emplace_back("-xerror");  // there, the last packet counts as corrupt
     }
     if (facts.sound) {
         // The decoder would cut to whole packets; it shall give all, and the filter cuts.

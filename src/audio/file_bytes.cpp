@@ -32,8 +32,8 @@ std::optional<std::uint64_t> FileBytes::little(std::uint64_t offset, unsigned wi
         return std::nullopt;
     }
     std::uint64_t value = 0;
-    for (auto byte = bytes.rbegin(); byte != bytes.rend(); ++byte) {
-        value = value << 8U | static_cast<std::uint8_t>(*byte);
+    for (std::size_t i = bytes.size(); i-- > 0;) {
+        value = value << 8U | static_cast<std::uint8_t>(bytes[i]);
     }
     return value;
 }

@@ -39,7 +39,7 @@ class Conversation {
     }
 
   private:
-    void awaitSomething() {
+    void awaitSomething() const {
         std::array<pollfd, 2> watched{
             {{child_.output.get(), POLLIN, 0}, {child_.complaint.get(), POLLIN, 0}}};
         ::poll(watched.data(), watched.size(), static_cast<int>(tick.count()));

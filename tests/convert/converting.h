@@ -32,7 +32,7 @@ class Converting : public ::testing::Test {
             ADD_FAILURE() << source << ": " << result.failure->sentence;
             return {};
         }
-        const Samples samples = samplesOf(result.path);
+        Samples samples = samplesOf(result.path);
         EXPECT_EQ(result.frames, samples.size() / 2);
         return samples;
     }

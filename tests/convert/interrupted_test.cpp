@@ -1,11 +1,10 @@
 #include <fcntl.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <fstream>
-#include <future>
 
 #include "converting.h"
 
@@ -72,6 +71,26 @@ TEST_F(Interrupted, ByADecoderThatHangs) {
     expectFailed(timeOrMemoryLimit, convertWith(fake(endless), {.silence = 1h, .whole = 100ms}), source_);
 }
 
+TEST_F(Interrupted, ByTheDeathOfTheProgram) {
+    auto dying = options();
+    dying.ffmpeg = fake(
+        "case \"$*\" in *framecrc*) printf '#codec_id 0: pcm_s16le\\n#sample_rate 0: 44100\\n';;\n"
+        "*) printf 'frames'; exec sleep 20;; esac");
+    dying.progress = [](std::uint64_t) { std::raise(SIGKILL); };
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the decoder becomes ours when its parent has gone
+    if (::fork() == 0) {
+        Conversion(dying).convert(source_);
+        ::_exit(0);
+    }
+    for (const char* const who : {"program", "decoder"}) {
+        int status = 0;
+        ASSERT_GT(::waitpid(-1, &status, 0), 0) << who;
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << who;
+    }
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0, 0, 0, 0);
+    EXPECT_EQ(0U, shop_.resultCount());
+}
+
 TEST_F(Interrupted, ByAFullDisk) {
     const auto usual = ::signal(SIGXFSZ, SIG_IGN);
     struct rlimit before {};
@@ -95,19 +114,23 @@ TEST_F(Interrupted, ByAnOutputThatMustNotBeTouched) {
 TEST_F(Interrupted, TheDecoderIsLockedDown) {
     // It finds the source and nothing else of ours, a clean environment, limits, and no file that it may
     // write.
-    ::setenv("FFREPORT", "file=report.log", 1);         // NOLINT(concurrency-mt-unsafe): one thread
-    const int leaky = ::open("/etc/passwd", O_RDONLY);  // NOLINT: what a careless library leaves open
+    ::setenv("FFREPORT", "file=report.log", 1);            // NOLINT(concurrency-mt-unsafe): one thread
+    const int leaky = ::open("/etc/passwd", O_RDONLY);     // NOLINT: what a careless library leaves open
+    const auto usualPipe = std::signal(SIGPIPE, SIG_IGN);  // as a program with a tool's output does
     const auto written = shop_.at("written");
     const auto result =
-        convertWith(fake("{ env; echo; ls /proc/self/fd; ulimit -v; ulimit -t; ulimit -f; ulimit -c; } >&2\n"
-                         "[ $(ps -o sid= -p $$) = $$ ] && echo own session >&2\necho x > " +
+        convertWith(fake("{ env; echo; ls /proc/self/fd; ulimit -v; ulimit -t; ulimit -f; ulimit -c; "
+                         "grep SigIgn /proc/self/status; } >&2\n"
+                         "[ $(cut -d' ' -f6 /proc/$$/stat) = $$ ] && echo own session >&2\necho x > " +
                          written.string()));
+    std::signal(SIGPIPE, usualPipe);
     ::close(leaky);
     ::unsetenv("FFREPORT");  // NOLINT(concurrency-mt-unsafe): one thread
     EXPECT_FALSE(result);
     EXPECT_THAT(logged_, ::testing::HasSubstr("LC_ALL=C"));
     EXPECT_THAT(logged_, ::testing::Not(::testing::HasSubstr("FFREPORT")));
-    EXPECT_THAT(logged_, ::testing::HasSubstr(" 0 1 2 3 4 786432 120 0 0 own session"))
+    EXPECT_THAT(logged_,
+                ::testing::HasSubstr(" 0 1 2 3 4 786432 120 0 0 SigIgn: 0000000000000000 own session"))
         << "4 is the listing's own";
     EXPECT_FALSE(fs::exists(written) && fs::file_size(written) > 0);
 }

@@ -36,6 +36,7 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     EXPECT_EQ(0U, shop_.resultCount()) << "not even a folder was needed";
 
     std::vector<std::future<std::optional<std::string>>> calls;
+    calls.reserve(8);
     for (int i = 0; i < 8; ++i) {
         calls.push_back(std::async(std::launch::async, [&] { return Wave::convertAudioFile(good); }));
     }

@@ -1,1 +1,143 @@
-int main() { return 0; }
+// Measures the conversion and prints the tables of doc/conversion.md. Run by tests/convert/measure/run.
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+
+#include "../sound_analysis.h"
+#include "audio/conversion.h"
+#include "cases.h"
+#include "platform/log.h"
+
+namespace kzq {
+namespace {
+
+/// A sine that only moves the last of 24 bits; what is lower is at the mercy of rounding.
+constexpr double lastBit = -138;
+
+Conversion::Result convert(const Workshop& shop, const std::filesystem::path& source) {
+    return Conversion({.output = shop.results()}).convert(source);
+}
+
+/// A result's samples; the file goes at once.
+Samples taken(const Conversion::Result& result) {
+    Samples samples = samplesOf(result.path);
+    std::filesystem::remove(result.path);
+    return samples;
+}
+
+Samples convertedTone(const Workshop& shop, std::uint32_t rate, std::size_t frames, double frequency) {
+    const auto result = convert(shop, shop.write("tone.wav", fineTone(frames, frequency, rate, 0.9)));
+    if (!result) {
+        std::fprintf(stderr, "%u Hz: %s\n", rate, result.failure->sentence.c_str());
+        return {};
+    }
+    return taken(result);
+}
+
+void printKinds(const Workshop& shop) {
+    std::puts("| input | outcome | frames in | frames out | largest difference | difference, dB |");
+    std::puts("|---|---|---:|---:|---:|---:|");
+    for (const auto& one : measuredCases(shop)) {
+        const auto result = convert(shop, one.source);
+        if (!result) {
+            std::printf("| %s | refused: %s | | | | |\n", one.kind.c_str(), result.failure->sentence.c_str());
+            continue;
+        }
+        const Samples samples = taken(result);
+        std::printf("| %s | accepted | %zu | %zu |", one.kind.c_str(), one.frames, samples.size() / 2);
+        if (one.expected.empty()) {
+            std::puts(" | |");
+            continue;
+        }
+        const auto difference = largestDifference(samples, one.expected);
+        std::printf(" %ld |", static_cast<long>(difference));
+        if (difference == 0) {
+            std::puts(" none |");
+        } else {
+            std::printf(" %.1f |\n", differenceLevel(samples, one.expected));
+        }
+    }
+}
+
+void printRates(const Workshop& shop) {
+    std::puts(
+        "| rate | frames in | frames out | due | THD+N at 997 Hz, dB | THD+N at 10 kHz, dB | level change at "
+        "20 kHz, dB |");
+    std::puts("|---:|---:|---:|---:|---:|---:|---:|");
+    for (const std::uint32_t rate : {8'000U, 11'025U, 16'000U, 22'050U, 32'000U, 44'100U, 48'000U, 88'200U,
+                                     96'000U, 176'400U, 192'000U}) {
+        const std::size_t frames = 4UL * rate + 7;
+        const Samples low = convertedTone(shop, rate, frames, 997);
+        std::printf("| %u | %zu | %zu | %zu | %.1f |", rate, frames, low.size() / 2,
+                    (frames * waveSampleRate + rate / 2) / rate, residueBelowTone(low, 997));
+        if (rate > 22'050) {
+            std::printf(" %.1f |", residueBelowTone(convertedTone(shop, rate, frames, 10'000), 10'000));
+        } else {
+            std::printf(" |");
+        }
+        if (rate > 40'000) {
+            const double before = 20 * std::log10(0.9);
+            std::printf(" %+.4f |", level(convertedTone(shop, rate, frames, 20'000)) - before);
+        } else {
+            std::printf(" |");
+        }
+        std::puts("");
+    }
+}
+
+void printAliases(const Workshop& shop) {
+    std::puts("| rate | tone | where it would fold to | what is left of it, dB of full scale |");
+    std::puts("|---:|---:|---:|---:|");
+    for (const std::uint32_t rate : {48'000U, 96'000U, 192'000U}) {
+        for (const double frequency : {22'500.0, 23'500.0, 30'000.0, 40'000.0}) {
+            if (frequency < rate / 2.0) {
+                const double left = level(convertedTone(shop, rate, 2UL * rate, frequency));
+                std::printf("| %u | %.0f | %.0f | %s%.0f |\n", rate, frequency,
+                            std::abs(frequency - waveSampleRate), left < lastBit ? "under " : "",
+                            std::max(left, lastBit));
+            }
+        }
+    }
+}
+
+void printSpeed(const Workshop& shop) {
+    std::puts("| source | frames out | seconds |");
+    std::puts("|---|---:|---:|");
+    const std::vector<std::pair<std::string, std::string>> sources{
+        {"24 minutes of WAV, 44,100 Hz, 24 bits",
+         "-f lavfi -i anoisesrc=r=44100:d=1440:a=0.5 -ac 2 -c:a pcm_s24le a.wav"},
+        {"24 minutes of WAV, 96,000 Hz, 24 bits",
+         "-f lavfi -i anoisesrc=r=96000:d=1440:a=0.5 -ac 2 -c:a pcm_s24le b.wav"},
+        {"24 minutes of MP3, 48,000 Hz", "-f lavfi -i anoisesrc=r=48000:d=1440:a=0.5 -ac 2 -b:a 192k c.mp3"},
+        {"100 hours of silence in a FLAC, 4,000 Hz", "-f lavfi -i anullsrc=r=4000:cl=mono -t 360000 d.flac"}};
+    for (const auto& [kind, command] : sources) {
+        const auto split = command.rfind(' ');
+        const auto source = shop.encode(command.substr(split + 1), command.substr(0, split));
+        const auto before = std::chrono::steady_clock::now();
+        const auto result = convert(shop, source);
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - before;
+        std::printf("| %s | %zu | %.1f |\n", kind.c_str(), static_cast<std::size_t>(result.frames),
+                    took.count());
+        std::filesystem::remove(source);
+        std::filesystem::remove(result.path);
+    }
+}
+
+}  // namespace
+}  // namespace kzq
+
+int main() {
+    const kzq::Workshop shop;
+    kzq::setLogSink([](kzq::LogCategory, std::string_view) {});
+    std::puts("### Kinds\n");
+    kzq::printKinds(shop);
+    std::puts("\n### Rates\n");
+    kzq::printRates(shop);
+    std::puts("\n### Tones above 22,050 Hz\n");
+    kzq::printAliases(shop);
+    std::puts("\n### Time\n");
+    kzq::printSpeed(shop);
+    return 0;
+}
