@@ -14,7 +14,7 @@ constexpr auto checkPeriod = std::chrono::seconds(15);
 /// One refresh at a time in the process. Recursive, so that a refresh from inside a refresh finds it busy.
 std::recursive_mutex& refreshLock() {
     // Never destroyed: a fetch may outlast main().
-    static auto* const lock = new std::recursive_mutex;  // NOLINT(cppcoreguidelines-owning-memory)
+    static auto* const lock = new std::recursive_mutex;
     return *lock;
 }
 

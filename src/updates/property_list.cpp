@@ -49,8 +49,8 @@ bool readPreamble(QXmlStreamReader& xml) {
 }  // namespace
 
 std::optional<std::vector<PropertyTexts>> propertyListArray(std::span<const std::uint8_t> document) {
-    QXmlStreamReader xml(QByteArray(reinterpret_cast<const char*>(document.data()),  // NOLINT(*-cast)
-                                    static_cast<qsizetype>(document.size())));
+    QXmlStreamReader xml(
+        QByteArray(reinterpret_cast<const char*>(document.data()), static_cast<qsizetype>(document.size())));
     if (!readPreamble(xml)) {
         return std::nullopt;
     }

@@ -121,7 +121,7 @@ class Exchange {
     }
 
     void keep(const QByteArray& piece) {
-        const auto* const first = reinterpret_cast<const std::uint8_t*>(piece.constData());  // NOLINT(*-cast)
+        const auto* const first = reinterpret_cast<const std::uint8_t*>(piece.constData());
         const std::span bytes(first, static_cast<std::size_t>(piece.size()));
         if (!request_.sink) {
             result_.body.insert(result_.body.end(), bytes.begin(), bytes.end());

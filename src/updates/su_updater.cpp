@@ -81,7 +81,7 @@ void SUUpdater::checked(const FeedReading& reading) {
     const auto order = newest == nullptr ? std::strong_ordering::less
                                          : compareAppVersions(newest->version, environment_.build.version)
                                                .value_or(std::strong_ordering::less);
-    if (order > 0) {
+    if (std::is_gt(order)) {
         offer(*newest);
         return;
     }

@@ -105,8 +105,8 @@ std::optional<std::vector<FeedItem>> feedItems(std::span<const std::uint8_t> doc
     if (document.size() > largestFeed) {
         return std::nullopt;
     }
-    QXmlStreamReader xml(QByteArray(reinterpret_cast<const char*>(document.data()),  // NOLINT(*-cast)
-                                    static_cast<qsizetype>(document.size())));
+    QXmlStreamReader xml(
+        QByteArray(reinterpret_cast<const char*>(document.data()), static_cast<qsizetype>(document.size())));
     if (!readRoot(xml)) {
         return std::nullopt;
     }
@@ -136,7 +136,7 @@ const FeedItem* newestItem(const std::vector<FeedItem>& items, PackageKind wante
                 : compareAppVersions(item.version, newest->version).value_or(std::strong_ordering::less);
         const bool fitsBetter =
             newest != nullptr && packageKindOf(item) == wanted && packageKindOf(*newest) != wanted;
-        if (order > 0 || (order == 0 && fitsBetter)) {
+        if (std::is_gt(order) || (std::is_eq(order) && fitsBetter)) {
             newest = &item;
         }
     }

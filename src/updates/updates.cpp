@@ -72,7 +72,7 @@ void Updates::unload() {
 std::shared_ptr<Updates> Updates::updates() {
     auto& [environment, instance] = shared();
     if (!instance && environment) {
-        instance.reset(new Updates(*environment));  // NOLINT(*-owning-memory): the constructor is private
+        instance.reset(new Updates(*environment));
         instance->scheduleTimer();
         instance->timer();
     }

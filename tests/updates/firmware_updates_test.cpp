@@ -46,7 +46,7 @@ struct FirmwareUpdatesTest : testing::Test {
                                           headline = text;
                                           notes.clear();
                                       },
-                                      [this](const std::string& text) { notes += text; }, 20s});
+                                      [this](const std::string& text) { notes += text; }, limit});
     }
 
     std::string entry(const std::string& offered) const {
@@ -70,6 +70,7 @@ struct FirmwareUpdatesTest : testing::Test {
     TlsServer server;
     QtHttpClient client{TestAuthority::usual().authority};
     VirtualExecutor executor;
+    std::chrono::milliseconds limit = 20s;
     bool blank = false;
     std::optional<std::string> version = "1.05";
     std::string headline;
@@ -134,7 +135,7 @@ TEST_F(FirmwareUpdatesTest, OnlyTheLastEntryCounts) {
 TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     const auto with = [this](std::string from, const std::string& to) {
         std::string text = "[" + entry("1.06") + "]";
-        from.insert(0, "\"");
+        from.insert(from.begin(), '"');
         return text.replace(text.find(from), from.size(), to);
     };
     const auto size = "size\":" + std::to_string(image.size());
@@ -142,50 +143,51 @@ TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     const auto name = std::string("name\":\"pedal-1.06.bin\"");
     auto upper = md5(image);
     std::ranges::transform(upper, upper.begin(), [](unsigned char c) { return std::toupper(c); });
-    const Strings bad = {"",
-                         "nonsense",
-                         "{}",
-                         "null",
-                         "[]",
-                         "[",
-                         "[{}]",
-                         "[null]",
-                         "[[]]",
-                         "[1]",
-                         R"(["text"])",
-                         entry("1.06"),
-                         "[" + entry("1.06") + ",{}]",
-                         "[" + entry("1.06") + "",
-                         std::string(200'000, '['),
-                         "[" + entry("1.5") + "]",
-                         "[" + entry("0.00") + "]",
-                         "[" + entry("") + "]",
-                         with("version\":\"1.06\"", "\"version\":1.06"),
-                         with("version\":\"1.06\"", "\"v\":1"),
-                         with(name, R"("name":"")"),
-                         with(name, R"("name":7)"),
-                         with(name, R"("name":".")"),
-                         with(name, R"("name":"..")"),
-                         with(name, R"("name":"../firmware/pedal-1.06.bin")"),
-                         with(name, R"("name":"/etc/passwd")"),
-                         with(name, R"("name":"a\u0000b")"),
-                         with(hash, R"("hash":"")"),
-                         with(hash, R"("hash":null)"),
-                         with(hash, R"("hash":")" + upper + '"'),
-                         with(hash, R"("hash":")" + md5("else") + '"'),
-                         with(size, R"("size":0)"),
-                         with(size, R"("size":-1)"),
-                         with(size, R"("size":50000001)"),
-                         with(size, R"("size":1e300)"),
-                         with(size, R"("size":1e999)"),
-                         with(size, R"("size":12348.5)"),
-                         with(size, R"("size":"12348")"),
-                         with(size, R"("size":true)"),
-                         with(size, R"("size":18446744073709551617)"),
-                         with(size, R"("size":12347)"),
-                         with(size, R"("size":12349)"),
-                         "\xff" + entry("1.06"),
-                         std::string(10'000'000, ' ')};
+    const Strings bad = {
+        "",
+        "nonsense",
+        "{}",
+        "null",
+        "[]",
+        "[",
+        "[{}]",
+        "[null]",
+        "[[]]",
+        "[1]",
+        R"(["text"])",
+        entry("1.06"),
+        "[" + entry("1.06") + ",{}]",
+        "[" + entry("1.06") + "",
+        std::string(200'000, '['),
+        "[" + entry("1.5") + "]",
+        "[" + entry("0.00") + "]",
+        "[" + entry("") + "]",
+        with(R"(version":"1.06")", R"("version":1.06)"),
+        with(R"(version":"1.06")", R"("v":1)"),
+        with(name, R"("name":"")"),
+        with(name, R"("name":7)"),
+        with(name, R"("name":".")"),
+        with(name, R"("name":"..")"),
+        with(name, R"("name":"../firmware/pedal-1.06.bin")"),
+        with(name, R"("name":"/etc/passwd")"),
+        with(name, R"("name":"a\u0000b")"),
+        with(hash, R"("hash":"")"),
+        with(hash, R"("hash":null)"),
+        with(hash, R"("hash":")" + upper + '"'),
+        with(hash, R"("hash":")" + md5("else") + '"'),
+        with(size, R"("size":0)"),
+        with(size, R"("size":-1)"),
+        with(size, R"("size":50000001)"),
+        with(size, R"("size":1e300)"),
+        with(size, R"("size":1e999)"),
+        with(size, R"("size":12348.5)"),
+        with(size, R"("size":"12348")"),
+        with(size, R"("size":true)"),
+        with(size, R"("size":18446744073709551617)"),
+        with(size, R"("size":12347)"),
+        with(size, R"("size":12349)"),
+        "\xff" + entry("1.06"),
+        std::string(5'000'000, ' ') + std::string(5'000'000, ' ') + "[" + entry("1.06") + "]"};
     for (const bool offeredBefore : {false, true}) {
         if (offeredBefore) {
             check();
@@ -208,6 +210,12 @@ TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     server.set(manifestPath, {with(size, R"("size":12348.0)")});
     check();
     EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"}) << "a whole number, however it is written";
+    for (const std::uint64_t allowed : {1U, 50'000'000U}) {
+        const auto text = with(size, R"("size":)" + std::to_string(allowed));
+        EXPECT_EQ(
+            newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})->size,
+            allowed);
+    }
 }
 
 TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
@@ -229,6 +237,13 @@ TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
     server.set(imagePath, {std::string(image.size(), 'w')});
     check();
     EXPECT_EQ(offered(), "");
+    limit = 100ms;
+    start();
+    for (const auto& path : {imagePath, manifestPath}) {
+        server.set(path, {image, 200, {}, 10, true});
+        check();
+        EXPECT_EQ(offered(), "") << "silent at " << path;
+    }
     EXPECT_EQ(namesIn(cache), Strings{});
 }
 
@@ -379,6 +394,7 @@ TEST_F(FirmwareUpdatesTest, OneRefreshAtATimeInTheWholeProcess) {
     const auto other = make();
     EXPECT_EQ(one->currentSoftware(), std::nullopt);
     std::vector<std::thread> threads;
+    threads.reserve(6);
     for (int i = 0; i < 6; ++i) {
         threads.emplace_back([&, i] { (i % 2 == 0 ? one : other)->refresh(); });
     }

@@ -1,6 +1,5 @@
 #include "tls_server.h"
 
-#include <QSemaphore>
 #include <QSslConfiguration>
 #include <QSslKey>
 #include <QSslServer>
@@ -9,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <future>
 #include <iterator>
 #include <stdexcept>
 
@@ -28,7 +28,7 @@ std::string headOf(const Answer& answer) {
         head += "Content-Length: " + std::to_string(answer.body.size()) + "\r\n";
     }
     for (const auto& [name, value] : answer.headers) {
-        head += name + ": " + value + "\r\n";
+        head.append(name).append(": ").append(value).append("\r\n");
     }
     return head + "\r\n";
 }
@@ -91,8 +91,9 @@ class TlsServer::Thread : public QThread {
         tls_ = QSslConfiguration::defaultConfiguration();
         tls_.setLocalCertificate(QSslCertificate(QByteArray::fromStdString(authority.certificate)));
         tls_.setPrivateKey(QSslKey(QByteArray::fromStdString(authority.key), QSsl::Ec));
+        auto listening = listening_.get_future();
         start();
-        listening_.acquire();
+        port_ = listening.get();
     }
     Thread(const Thread&) = delete;
     Thread& operator=(const Thread&) = delete;
@@ -122,8 +123,7 @@ class TlsServer::Thread : public QThread {
         if (!server.listen(QHostAddress::LocalHost)) {
             qFatal("the test server cannot listen");
         }
-        port_ = server.serverPort();
-        listening_.release();
+        listening_.set_value(server.serverPort());
         exec();
     }
 
@@ -155,7 +155,7 @@ class TlsServer::Thread : public QThread {
     }
 
     QSslConfiguration tls_;
-    QSemaphore listening_;
+    std::promise<quint16> listening_;
     quint16 port_ = 0;
 };
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+/// Ends the fuzzer with a message when a property does not hold.
+inline void require(bool holds, const char* what) {
+    if (holds) {
+        return;
+    }
+    std::fprintf(stderr, "broken: %s\n", what);
+    std::abort();
+}

@@ -1,0 +1,93 @@
+#include "updates/update_feed.h"
+
+#include <gtest/gtest.h>
+
+#include "updates/app_version.h"
+
+using namespace kzq;
+
+namespace {
+
+std::optional<std::vector<FeedItem>> parsed(const std::string& text) {
+    return feedItems({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+std::string feed(const std::string& items) {
+    return R"(<?xml version="1.0"?><rss version="2.0" xmlns:u="urn:updates"><channel><title>Updates</title>)" +
+           items + "</channel></rss>";
+}
+
+TEST(UpdateFeed, ReadsItemsInEitherForm) {
+    const auto items = parsed(feed(R"(
+        <item><title>1.2</title><description><![CDATA[<b>New</b> &amp; old]]></description>
+          <enclosure url="https://a/b.AppImage" length="1234" u:version="1.2.0" u:shortVersionString="1.2 beta"
+                     u:edSignature="c2ln" type="application/octet-stream"/></item>
+        <item><u:version> 1.3 </u:version><description>Plain &lt;text&gt;</description>
+          <enclosure url="https://a/b.deb" length="5"/><other><version>9</version></other></item>)"));
+    ASSERT_TRUE(items);
+    ASSERT_EQ(items->size(), 2U);
+    EXPECT_EQ((*items)[0],
+              (FeedItem{"1.2.0", "1.2 beta", "https://a/b.AppImage", 1234, "c2ln", "<b>New</b> &amp; old"}));
+    EXPECT_EQ((*items)[1], (FeedItem{"1.3", "1.3", "https://a/b.deb", 5, "", "Plain <text>"}));
+    EXPECT_EQ(parsed(feed("")), std::vector<FeedItem>{});
+}
+
+TEST(UpdateFeed, LengthsOutOfRangeAndVersionsThatAreNoneDoNotCount) {
+    for (const auto* length : {"", "0", "-1", "500000001", "1e3", "12 ", "0x10", "99999999999999999999"}) {
+        const auto items = parsed(
+            feed(std::string(R"(<item><version>1</version><enclosure length=")") + length + R"("/></item>)"));
+        ASSERT_EQ(items.value().size(), 1U);
+        EXPECT_EQ(items->front().length, 0U) << length;
+    }
+    for (const auto* version :
+         {"", "v1", "1.", ".1", "1..2", "1.2b", "-1", "1.2.3.4.5.6.7.8.9", "4294967296"}) {
+        EXPECT_EQ(parsed(feed(std::string("<item><version>") + version + "</version></item>")),
+                  std::vector<FeedItem>{})
+            << version;
+    }
+}
+
+TEST(UpdateFeed, RefusesWhatIsNoFeed) {
+    const auto good = feed("<item><version>1</version></item>");
+    ASSERT_TRUE(parsed(good));
+    for (std::size_t size = 0; size < good.size(); ++size) {
+        EXPECT_FALSE(parsed(good.substr(0, size))) << size;
+    }
+    const auto withType = [&](const std::string& type) { return type + good.substr(good.find("<rss")); };
+    std::string bomb = R"(<!DOCTYPE rss [<!ENTITY a "aaaaaaaaaa">)";
+    for (char c = 'b'; c < 'm'; ++c) {
+        bomb.append("<!ENTITY ").append(1, c).append(" \"");
+        for (int i = 0; i < 10; ++i) {
+            bomb.append("&").append(1, static_cast<char>(c - 1)).append(";");
+        }
+        bomb += "\">";
+    }
+    const std::string bombed =
+        "<rss><channel><item><version>1</version><description>&l;</description></item></channel></rss>";
+    for (const auto& text :
+         {bomb + "]>" + bombed, bombed, withType("<!DOCTYPE rss>"),
+          withType(R"(<!DOCTYPE rss SYSTEM "file:///etc/passwd">)"), good + "<rss/>", good + "x",
+          std::string("<feed><channel/></feed>"), feed("<item><version>1</item>"),
+          std::string(R"(<rss><channel><item a="1" a="2"/></channel></rss>)"),
+          good + std::string(largestFeed, ' ')}) {
+        EXPECT_FALSE(parsed(text)) << text.substr(0, 100);
+    }
+}
+
+TEST(UpdateFeed, TheNewestIsTheHighestVersionOfTheWantedKind) {
+    const auto item = [](const char* version, const char* url) {
+        return FeedItem{version, "", url, 1, "", ""};
+    };
+    const std::vector<FeedItem> items = {item("1.9", "a.AppImage"), item("1.10", "b.deb"),
+                                         item("1.2", "c.deb"), item("1.10.0", "d.AppImage"),
+                                         item("1.10", "e.deb")};
+    EXPECT_EQ(newestItem(items, PackageKind::appImage), &items[3]);
+    EXPECT_EQ(newestItem(items, PackageKind::debian), &items[1]);
+    EXPECT_EQ(newestItem(items, PackageKind::other), &items[1]);
+    EXPECT_EQ(newestItem({}, PackageKind::other), nullptr);
+    EXPECT_EQ(compareAppVersions("2", "2.0.0"), std::strong_ordering::equal);
+    EXPECT_EQ(compareAppVersions("0.10", "0.9.9"), std::strong_ordering::greater);
+    EXPECT_EQ(compareAppVersions("1", "x"), std::nullopt);
+}
+
+}  // namespace

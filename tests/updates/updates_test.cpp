@@ -1,0 +1,122 @@
+#include "updates/updates.h"
+
+#include <gtest/gtest.h>
+
+#include "tls_server.h"
+#include "updates/maker.h"
+#include "updates/property_list.h"
+#include "virtual_executor.h"
+
+using namespace kzq;
+using namespace kzq::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The tests run in a folder of their own, since the cache folders belong to the current one.
+struct UpdatesTest : testing::Test {
+    UpdatesTest() {
+        std::filesystem::current_path(folder.path());
+        Updates::load({executor, [this] { return firmware; }, "0.1.0"});
+    }
+    UpdatesTest(const UpdatesTest&) = delete;
+    UpdatesTest& operator=(const UpdatesTest&) = delete;
+    UpdatesTest(UpdatesTest&&) = delete;
+    UpdatesTest& operator=(UpdatesTest&&) = delete;
+    ~UpdatesTest() override {
+        Updates::unload();
+        std::filesystem::current_path(before);
+    }
+
+    void hold(UpdateKind kind, const std::string& content) const {
+        const auto cache = folder.path() / Updates::cacheFolder(kind).value();
+        std::filesystem::create_directories(cache);
+        writeText(cache / "manifest.plist", content);
+    }
+
+    const std::filesystem::path before = std::filesystem::current_path();
+    TestFolder folder;
+    VirtualExecutor executor;
+    std::optional<std::string> firmware = "1.05";
+};
+
+std::string list(const std::string& elements) {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE plist PUBLIC \"-//X//DTD PLIST 1.0//EN\" "
+           "\"http://localhost/x.dtd\">\n<plist version=\"1.0\"><array>" +
+           elements + "</array></plist>";
+}
+
+std::string held(const std::string& version, const std::string& checksum) {
+    return "<dict><key>version</key><string>" + version + "</string><key>checksum</key><string>" + checksum +
+           "</string></dict>";
+}
+
+TEST_F(UpdatesTest, FallsBackToTheCurrentVersions) {
+    const auto updates = Updates::updates();
+    EXPECT_EQ(updates, Updates::updates());
+    EXPECT_EQ(updates->latestCachedFirmware(), "1.05");
+    EXPECT_EQ(updates->latestCachedSoftware(), "0.1.0");
+    firmware = "";
+    EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt);
+    firmware.reset();
+    EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt);
+    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{}) << "asking makes no folders";
+}
+
+TEST_F(UpdatesTest, TellsTheLastCompleteElement) {
+    const auto updates = Updates::updates();
+    hold(UpdateKind::firmware, list(held("1.07", "a") + held("1.06", "b")));
+    EXPECT_EQ(updates->latestCachedFirmware(), "1.06") << "the last, not the highest";
+    EXPECT_EQ(updates->latestCachedSoftware(), "0.1.0") << "of the other kind";
+    EXPECT_TRUE(std::filesystem::exists("~/Library")) << "a folder whose name is a tilde";
+    hold(UpdateKind::software, list(held("0.2", "c")));
+    EXPECT_EQ(updates->latestCachedSoftware(), "0.2");
+
+    for (const auto& last :
+         {held("", "x"), held("1.08", ""),
+          std::string("<dict><key>version</key><string>1.08</string></dict>"),
+          std::string(
+              "<dict><key>version</key><real>1.08</real><key>checksum</key><string>x</string></dict>"),
+          std::string("<string>1.08</string>"), std::string("<dict/>"),
+          "<array>" + held("1.08", "x") + "</array>"}) {
+        hold(UpdateKind::firmware, list(held("1.07", "a") + last));
+        EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt) << last;
+    }
+    const auto good = list(held("1.07", "a"));
+    for (const auto& broken :
+         {std::string(), std::string("text"), list(""), good.substr(0, good.size() - 3), good + "x",
+          "<plist>" + held("1.07", "a") + "</plist>", list("<dict><string>1</string></dict>"),
+          list("<dict><key>version</key></dict>"),
+          "<!DOCTYPE p [<!ENTITY a \"b\">]>" + good.substr(good.find("<plist")),
+          good + std::string(1 << 20, ' ')}) {
+        hold(UpdateKind::firmware, broken);
+        EXPECT_EQ(updates->latestCachedFirmware(), "1.05") << broken.substr(0, 100);
+    }
+}
+
+TEST_F(UpdatesTest, RefreshesAtOnceAndEvery15Minutes) {
+    const auto updates = Updates::updates();
+    std::optional<bool> complete;
+    updates->refresh([&](bool all) {
+        EXPECT_FALSE(executor.onMainThread());
+        complete = all;
+    });
+    EXPECT_EQ(complete, std::nullopt) << "in the background";
+    executor.settle();
+    EXPECT_EQ(complete, true);
+    executor.advance(1h);
+    EXPECT_EQ(executor.mainThreadWaits(), 0U);
+    Updates::unload();
+    EXPECT_EQ(Updates::updates(), nullptr);
+}
+
+TEST_F(UpdatesTest, KnowsTheMakersAddresses) {
+    EXPECT_EQ(firmwareManifestAddress(), makerAddress("/assets/7306/firmware/_.json"));
+    EXPECT_EQ(softwareFeedAddress(folder.path()), makerAddress("/assets/7306/software/mac/_.xml"));
+    std::filesystem::create_directories(folder / "Desktop/com.kzq.7306.staging");
+    EXPECT_EQ(softwareFeedAddress(folder.path()), makerAddress("/assets/7306/staging/software/mac/_.xml"));
+    EXPECT_TRUE(makerAddress("/x").starts_with("https://"));
+    EXPECT_EQ(addressBeside("https://h/a/_.json", "b c?#%/ü.bin"), "https://h/a/b%20c%3F%23%25%2F%C3%BC.bin");
+}
+
+}  // namespace
