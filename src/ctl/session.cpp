@@ -99,7 +99,7 @@ void Session::look() {
 /// A pedal that does not say what it is may just be leaving: once, its departure gets time to be told.
 bool Session::doubtful() {
     const auto failure = KZQ7306::looper()->acquisitionFailure();
-    return (failure == Failure::noStage || failure == Failure::unknownStage) &&
+    return !gaveUp_ && (failure == Failure::noStage || failure == Failure::unknownStage) &&
            !std::exchange(gaveTime_, true);
 }
 

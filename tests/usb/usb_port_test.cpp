@@ -112,6 +112,7 @@ TEST_F(UsbPortTest, AnnouncesPedalsThatAreThereComeAndGo) {
     HotplugWatch forgotten;
     {
         LibusbPort late;
+        ASSERT_EQ(late.initialize(), usbSuccess);
         there.watch(late, HotplugEvent::arrived, true);
         ASSERT_EQ(there.seen().size(), 1) << "not announced inside the registration";
         EXPECT_EQ(there.seen()[0].thread, std::this_thread::get_id());
