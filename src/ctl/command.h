@@ -19,6 +19,7 @@ struct Context {
     Output& output;
     /// Ends the program; only the first call counts. Main thread.
     std::function<void(ExitCode)> finish;
+    const Environment& environment;
 
     /// Says it and ends the program.
     void fail(const Explanation& explanation) const {
@@ -39,6 +40,8 @@ class Command {
 
     /// What stands in the way before the pedal is touched.
     virtual std::optional<Explanation> obstacle() { return std::nullopt; }
+    /// Begins, and answers true, if the command is one that needs no pedal.
+    virtual bool withoutPedal() { return false; }
     /// The pedal is there; called with the device lock held, at most once unless the command watches.
     virtual void connected(const std::shared_ptr<KZQ7306>& looper) = 0;
     virtual void disconnected() = 0;

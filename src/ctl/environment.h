@@ -1,10 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <ostream>
+#include <string>
 
+#include "ctl/converter.h"
 #include "ctl/exit_codes.h"
+#include "ctl/question.h"
 #include "device/usb_port.h"
 #include "platform/executor.h"
 
@@ -18,8 +23,11 @@ struct Environment {
     std::ostream& err;
     bool terminal = false;  ///< whether `out` is one
     std::function<std::uint64_t()> systemMinorVersion;
-    std::function<bool()> ruleInstalled;     ///< whether the system has the pedal's udev rule
-    std::function<void(ExitCode)> finished;  ///< called once, on the main thread
+    std::function<bool()> ruleInstalled;                     ///< whether the system has the pedal's udev rule
+    std::function<Answer(const std::string& question)> ask;  ///< blocks; any thread
+    Converter convert;
+    std::function<std::optional<std::filesystem::path>()> workingFolder;  ///< for working copies; any thread
+    std::function<void(ExitCode)> finished;                               ///< called once, on the main thread
 };
 
 }  // namespace kzq::ctl

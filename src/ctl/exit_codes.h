@@ -9,13 +9,14 @@ namespace kzq::ctl {
 /// first failure's own code when nothing was saved and someFailed when something was.
 enum class ExitCode : int {
     ok = 0,
-    usage = 2,
+    usage = 2,         ///< also: a question that nobody is there to answer
     noPedal = 3,       ///< not there, or it was unplugged
     noPermission = 4,  ///< the system does not let this user open it
-    pedalRefused = 5,  ///< it refused, is busy or in other hands, has stopped answering, or the slot is empty
-    fileError = 6,
-    someFailed = 7,  ///< some loops failed; the others are saved
-    cancelled = 130
+    pedalRefused = 5,  ///< it refused, is busy or in other hands, has stopped answering, has no room, or the
+                       ///< slot is empty
+    fileError = 6,     ///< one that could not be read, converted or written
+    someFailed = 7,    ///< some loops failed, or are not what they should be; the others went well
+    cancelled = 130    ///< also: a question answered with no
 };
 
 }  // namespace kzq::ctl

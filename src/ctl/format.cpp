@@ -20,11 +20,7 @@ std::string withTenth(std::uint64_t tenths) {
 }  // namespace
 
 std::uint64_t freeFrames(const Loops& loops) {
-    std::uint64_t used = 0;
-    for (const auto& [slot, loop] : loops) {
-        used += loop.samples;
-    }
-    return capacityFrames - std::min(used, capacityFrames);
+    return remainingFrames(existingAndTeedUpExportSamples(loops, {}));
 }
 
 std::string lengthText(std::uint64_t frames) {

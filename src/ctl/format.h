@@ -4,12 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "device/status.h"
+#include "slots/capacity.h"
 
 namespace kzq::ctl {
-
-/// Frames in the pedal's 24 minutes.
-inline constexpr std::uint64_t capacityFrames = 63'504'000;
 
 /// What the loops leave of the capacity, in frames; never below 0.
 std::uint64_t freeFrames(const Loops& loops);

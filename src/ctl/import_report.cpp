@@ -1,36 +1,16 @@
 #include "ctl/import_report.h"
 
-#include <cerrno>
 #include <nlohmann/json.hpp>
-#include <system_error>
 
+#include "ctl/file_trouble.h"
 #include "ctl/format.h"
 #include "ctl/status_report.h"
 
 namespace kzq::ctl {
-namespace {
-
-std::string remedy(int error) {
-    switch (error) {
-        case ENOSPC:
-        case EDQUOT:
-            return " Make room or choose another folder.";
-        case EFBIG:
-            return " Choose a folder that takes files of this size.";
-        case EROFS:
-        case EACCES:
-        case EPERM:
-            return " Choose a folder that you may write to.";
-        default:
-            return {};
-    }
-}
-
-}  // namespace
 
 std::optional<Explanation> ImportSummary::end() const {
     if (cancelled) {
-        return Explanation{ExitCode::cancelled, "Cancelled."};
+        return cancelledByUser();
     }
     if (fileError) {
         return Explanation{ExitCode::fileError, {}};
@@ -72,7 +52,7 @@ void ImportReport::failed(unsigned slot, Failure reason) {
 void ImportReport::notWritten(unsigned slot, const std::filesystem::path& folder, int error) {
     failure(slot, "file",
             "Loop " + std::to_string(slot) + " was not saved: the file could not be written in " +
-                folder.string() + ": " + std::generic_category().message(error) + "." + remedy(error));
+                folder.string() + ": " + fileTrouble(error));
 }
 
 void ImportReport::failure(unsigned slot, std::string_view reason, const std::string& sentence) {

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gnu/libc-version.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <string_view>
 #include <utility>
 
+#include "audio/conversion.h"
 #include "ctl/signals.h"
 #include "ctl/tool.h"
 #include "ctl/udev_rule.h"
@@ -17,6 +19,7 @@
 #include "device/simulator/loop_folder.h"
 #include "device/simulator/simulated_port.h"
 #include "device/simulator/synthesiser.h"
+#include "platform/run_folder.h"
 #include "platform/standard_executor.h"
 
 namespace {
@@ -47,11 +50,23 @@ std::uint64_t systemMinorVersion() {
     return minor;
 }
 
-/// The simulated pedal with its port.
-struct Simulation {
-    Simulation(Executor& executor, simulator::PedalMemory memory)
-        : pedal(executor, {.memory = std::move(memory)}), port(executor, pedal) {}
+ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
+    const auto result = Conversion({.output = order.output,
+                                    .progress = order.progress,
+                                    .cancelled = order.cancelled,
+                                    .sync = order.sync})
+                            .convert(order.source);
+    return {result.path, result.frames, result ? "" : result.failure->sentence};
+}
 
+/// The simulated pedal with its port. What is written to it is kept in `folder`, if that is not empty.
+struct Simulation {
+    Simulation(Executor& executor, simulator::PedalMemory memory, simulator::LoopFolder loopFolder)
+        : folder(std::move(loopFolder)),
+          pedal(executor, {.memory = std::move(memory)}),
+          port(executor, pedal) {}
+
+    simulator::LoopFolder folder;
     simulator::SimulatedPedal pedal;
     simulator::SimulatedPort port;
 };
@@ -60,15 +75,22 @@ struct Simulation {
 std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& options,
                                      ctl::Explanation& problem) {
     auto memory = simulator::demonstrationMemory();
+    simulator::LoopFolder folder(options.simulatedFolder);
     if (!options.simulatedFolder.empty()) {
-        auto loaded = simulator::LoopFolder(options.simulatedFolder).load(problem.sentence);
+        auto loaded = folder.load(problem.sentence);
         if (!loaded) {
             problem.code = ExitCode::fileError;
             return nullptr;
         }
         memory = std::move(*loaded);
     }
-    auto simulation = std::make_unique<Simulation>(executor, std::move(memory));
+    auto simulation = std::make_unique<Simulation>(executor, std::move(memory), std::move(folder));
+    if (!options.simulatedFolder.empty()) {
+        simulation->pedal.setMemoryListener(
+            [&kept = simulation->folder](std::uint8_t address, const simulator::StoredLoop* loop) {
+                kept.store(address, loop);
+            });
+    }
     for (const auto& text : options.faults) {
         const auto fault = simulator::faultFromText(text);
         if (!fault) {
@@ -85,6 +107,7 @@ std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& opt
 
 /// Workers may be parked in a transfer that never ends, so the process does not wait for them.
 [[noreturn]] void leave(ExitCode code) {
+    RunFolder::ofThisRun().remove();
     std::cout.flush();
     std::cerr.flush();
     std::_Exit(ended(code));
@@ -92,6 +115,7 @@ std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& opt
 
 int run(const ctl::Options& options, ctl::Signals& signals) {
     StandardExecutor executor;
+    RunFolder::ofThisRun().sweep();
     std::unique_ptr<Simulation> simulation;
     std::unique_ptr<UsbPort> bus;
     if (options.simulate) {
@@ -111,18 +135,39 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .terminal = ::isatty(STDOUT_FILENO) == 1,
         .systemMinorVersion = systemMinorVersion,
         .ruleInstalled = [] { return ctl::udevRuleInstalled(ctl::udevRuleFolders()); },
+        .ask = ctl::askOnTerminal,
+        .convert = convert,
+        .workingFolder = [] { return RunFolder::ofThisRun().path(); },
         .finished = leave};
     ctl::Tool tool(options, environment);
     signals.listen(
-        executor, [&tool] { tool.interrupt(); }, [] { std::_Exit(ended(ExitCode::cancelled)); }, longestEnd);
+        executor, [&tool] { tool.interrupt(); },
+        [] {
+            RunFolder::ofThisRun().remove();
+            std::cerr << "kzq7306ctl: Cancelled." << std::endl;
+            std::_Exit(ended(ExitCode::cancelled));
+        },
+        longestEnd);
     executor.main([&tool] { tool.start(); });
     executor.run();
     return ended(ExitCode::ok);  // not reached: the tool leaves
 }
 
+/// A standard stream that is closed would give its number to the next file that is opened, and what is
+/// printed would go into a recording. Each gets a file instead that it cannot be used with.
+void occupyStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) < 0 &&
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) {
+            std::_Exit(ended(ExitCode::fileError));
+        }
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+    occupyStandardStreams();
     ctl::Signals signals;
     // A reader that has gone, or a limit on the size of files, is a failed write and no reason to leave a
     // transfer.

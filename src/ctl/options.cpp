@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "ctl/slot_list.h"
+#include "device/commands.h"
 
 namespace kzq::ctl {
 namespace {
@@ -12,13 +13,13 @@ namespace {
 constexpr const char* footer =
     "Exit status:\n"
     "  0    all went well\n"
-    "  2    the command line is not understood\n"
+    "  2    the command line is not understood, or a question could not be asked\n"
     "  3    no pedal is connected, or it was unplugged\n"
     "  4    no permission to use the pedal\n"
-    "  5    the pedal refused, is busy or in use, stopped answering, or the slot is empty\n"
-    "  6    a file or folder could not be written\n"
-    "  7    some loops failed; the others are saved\n"
-    "  130  cancelled\n";
+    "  5    the pedal refused, is busy or in use, stopped answering, has no room, or the slot is empty\n"
+    "  6    a file or folder could not be read, converted or written\n"
+    "  7    some loops failed, or are not what they should be; the others went well\n"
+    "  130  cancelled, or a question was answered with no\n";
 
 constexpr const char* globalHint = "\"kzq7306ctl --help\" lists the options that every subcommand has.\n\n";
 
@@ -30,6 +31,10 @@ struct Words {
     std::string simulate;
     std::vector<std::string> slots;
     std::string folder;
+    std::vector<std::string> files;
+    unsigned slot = 0;
+    bool firstFree = false;
+    std::string output;
     double wait = 0;
     double patience = defaultPatience;
 };
@@ -46,6 +51,14 @@ std::string checkSeconds(const std::string& text) {
         return {};
     }
     return "\"" + text + "\" is not a number of seconds from 0 to 1000000";
+}
+
+std::string checkSlot(const std::string& text) {
+    unsigned slot = 0;
+    if (CLI::detail::lexical_cast(text, slot) && slot >= 1 && slot <= loopSlots) {
+        return {};
+    }
+    return "\"" + text + "\" is not a slot from 1 to " + std::to_string(loopSlots);
 }
 
 Executor::Duration durationOf(double seconds) {
@@ -73,35 +86,91 @@ void addGlobalOptions(CLI::App& app, Options& options, Words& words) {
         ->allow_extra_args(false);
 }
 
-void addSubcommands(CLI::App& app, Options& options, Words& words) {
-    auto* const list = app.add_subcommand("list", "Show the loops and the free space on the pedal");
-    list->callback([&options] { options.subcommand = Subcommand::list; });
-
-    auto* const copying = app.add_subcommand("import", "Copy loops from the pedal into WAV files");
-    copying->add_option("SLOTS", words.slots, "Slots from 1 to 20 and ranges, such as 1 3-5 8")
-        ->option_text(" ");
-    copying->add_flag("--all", options.all, "Every loop on the pedal");
-    copying->add_option("--to", words.folder, "The folder for the files; made if only its last part is missing")
-        ->option_text("FOLDER")
-        ->required();
-    copying->callback([&options] { options.subcommand = Subcommand::import; });
-
-    auto* const watch = app.add_subcommand(
-        "watch", "Show the pedal's coming, going and changes as they happen, until Ctrl-C");
-    watch->callback([&options] { options.subcommand = Subcommand::watch; });
-
-    for (auto* const subcommand : {list, copying, watch}) {
-        subcommand->fallthrough()->footer(std::string(globalHint) + footer);
-    }
-    app.require_subcommand(1);
+CLI::App* addSubcommand(CLI::App& app, Options& options, const char* name, Subcommand subcommand,
+                        const std::string& description) {
+    auto* const added = app.add_subcommand(name, description);
+    added->callback([&options, subcommand] { options.subcommand = subcommand; });
+    added->fallthrough()->footer(std::string(globalHint) + footer);
+    return added;
 }
 
-void completeImport(Options& options, const Words& words) {
+void addSlots(CLI::App& subcommand, Options& options, Words& words) {
+    subcommand.add_option("SLOTS", words.slots, "Slots from 1 to 20 and ranges, such as 1 3-5 8")
+        ->option_text(" ");
+    subcommand.add_flag("--all", options.all, "Every loop on the pedal");
+}
+
+void addYes(CLI::App& subcommand, Options& options) {
+    subcommand.add_flag("--yes", options.yes, "Go ahead without a question");
+}
+
+void addReading(CLI::App& app, Options& options, Words& words) {
+    addSubcommand(app, options, "list", Subcommand::list, "Show the loops and the free space on the pedal");
+
+    auto* const import =
+        addSubcommand(app, options, "import", Subcommand::import, "Copy loops from the pedal into WAV files");
+    addSlots(*import, options, words);
+    import
+        ->add_option("--to", words.folder, "The folder for the files; made if only its last part is missing")
+        ->option_text("FOLDER")
+        ->required();
+
+    auto* const backup = addSubcommand(
+        app, options, "backup", Subcommand::backup,
+        "Copy every loop into a folder with an index, from which \"restore\" brings them back. Run again "
+        "after an interruption, it continues; run again after its end, it compares");
+    backup->add_option("FOLDER", words.folder, "Made if only its last part is missing")
+        ->option_text(" ")
+        ->required();
+
+    addSubcommand(app, options, "watch", Subcommand::watch,
+                  "Show the pedal's coming, going and changes as they happen, until Ctrl-C");
+}
+
+void addWriting(CLI::App& app, Options& options, Words& words) {
+    auto* const sending = addSubcommand(app, options, "export", Subcommand::exportFiles,
+                                        "Convert audio files and write them to the pedal");
+    sending->add_option("FILE", words.files, "WAV, AIFF, MP3, M4A, AAC, AC3 or FLAC")
+        ->option_text(" ")
+        ->required();
+    auto* const slot =
+        sending->add_option("--slot", words.slot, "The slot of the first file; the others follow behind it")
+            ->option_text("N")
+            ->check(CLI::Validator(checkSlot, ""));
+    sending->add_flag("--first-free", words.firstFree, "The first free slots; so it is without --slot, too")
+        ->excludes(slot);
+    sending->add_flag("--verify", options.verify, "Read each loop back and compare it, sample for sample");
+    addYes(*sending, options);
+
+    auto* const erase =
+        addSubcommand(app, options, "erase", Subcommand::erase, "Erase loops on the pedal, for good");
+    addSlots(*erase, options, words);
+    addYes(*erase, options);
+
+    auto* const restore = addSubcommand(
+        app, options, "restore", Subcommand::restore,
+        "Make the loops on the pedal those of a backup, bit for bit. Slots that are empty in the backup are "
+        "erased. What is the same already is left alone, so it can be run again after an interruption. Only "
+        "audio is written: the pedal takes no tempo and no channel from a computer");
+    restore->add_option("FOLDER", words.folder, "Where the backup is")->option_text(" ")->required();
+    addYes(*restore, options);
+
+    auto* const convert = addSubcommand(app, options, "convert", Subcommand::convert,
+                                        "Convert an audio file to the pedal's format, without a pedal");
+    convert->add_option("FILE", words.files, "WAV, AIFF, MP3, M4A, AAC, AC3 or FLAC")
+        ->option_text(" ")
+        ->expected(1)
+        ->required();
+    convert->add_option("--to", words.output, "The new file; an existing one is never replaced")
+        ->option_text("OUT.wav")
+        ->required();
+}
+
+void completeSlots(Options& options, const Words& words) {
+    const bool erase = options.subcommand == Subcommand::erase;
     if (options.all == !words.slots.empty()) {
-        throw usageError("Say which loops to import: either slots such as 1 3-5 8, or --all.");
-    }
-    if (words.folder.empty()) {
-        throw usageError("--to needs the name of a folder.");
+        throw usageError(std::string("Say which loops to ") + (erase ? "erase" : "import") +
+                         ": either slots such as 1 3-5 8, or --all.");
     }
     std::string error;
     const auto slots = slotsFromWords(words.slots, error);
@@ -109,7 +178,32 @@ void completeImport(Options& options, const Words& words) {
         throw usageError(error);
     }
     options.slots = *slots;
+}
+
+void completePaths(Options& options, const Words& words) {
     options.folder = words.folder;
+    options.output = words.output;
+    options.files.assign(words.files.begin(), words.files.end());
+    switch (options.subcommand) {
+        case Subcommand::import:
+            if (words.folder.empty()) {
+                throw usageError("--to needs the name of a folder.");
+            }
+            break;
+        case Subcommand::backup:
+        case Subcommand::restore:
+            if (words.folder.empty()) {
+                throw usageError("FOLDER needs a name.");
+            }
+            break;
+        case Subcommand::convert:
+            if (words.output.empty()) {
+                throw usageError("--to needs the name of a file.");
+            }
+            break;
+        default:
+            break;
+    }
 }
 
 void complete(Options& options, const Words& words, bool simulate) {
@@ -122,8 +216,16 @@ void complete(Options& options, const Words& words, bool simulate) {
     }
     options.wait = durationOf(words.wait);
     options.patience = durationOf(words.patience);
-    if (options.subcommand == Subcommand::import) {
-        completeImport(options, words);
+    if (options.subcommand == Subcommand::import || options.subcommand == Subcommand::erase) {
+        completeSlots(options, words);
+    }
+    completePaths(options, words);
+    if (words.slot != 0) {
+        options.slot = static_cast<std::uint8_t>(words.slot);
+    }
+    if (options.slot && *options.slot + options.files.size() > loopSlots + 1) {
+        throw usageError(std::to_string(options.files.size()) + " files do not fit into the slots from " +
+                         std::to_string(*options.slot) + " to " + std::to_string(loopSlots) + ".");
     }
 }
 
@@ -136,7 +238,9 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
     app.set_version_flag("--version", "kzq7306ctl " KZQ_VERSION);
     app.footer(footer);
     addGlobalOptions(app, options, words);
-    addSubcommands(app, options, words);
+    addReading(app, options, words);
+    addWriting(app, options, words);
+    app.require_subcommand(1);
     try {
         std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
         app.parse(std::move(arguments));

@@ -66,6 +66,24 @@ Explanation explainLoop(Failure failure) {
     }
 }
 
+Explanation explainExport(Failure failure) {
+    switch (failure) {
+        case Failure::refused:
+            return {ExitCode::pedalRefused, "the pedal refused to take it."};
+        case Failure::noAudio:
+            return {ExitCode::fileError, "its file could not be read."};
+        case Failure::transferFailed:
+            return {ExitCode::pedalRefused,
+                    "the pedal stopped in the middle of it. The slot may be empty now."};
+        default:
+            return explainLoop(failure);
+    }
+}
+
+Explanation cancelledByUser() {
+    return {ExitCode::cancelled, "Cancelled."};
+}
+
 Explanation noPedalConnected() {
     return {ExitCode::noPedal,
             "No pedal is connected. Plug it in and try again, or wait for it with --wait."};

@@ -20,6 +20,10 @@ std::optional<Explanation> explainConnection(Failure failure, bool ruleInstalled
 /// Why one loop was not read: the part behind "Loop 4 was not saved: ".
 Explanation explainLoop(Failure failure);
 
+/// Why one loop was not written: the part behind "Loop 4 was not written: ".
+Explanation explainExport(Failure failure);
+
+Explanation cancelledByUser();
 Explanation noPedalConnected();
 Explanation pedalUnplugged();
 Explanation pedalStoppedAnswering();

@@ -11,17 +11,21 @@ bool pedalAnswers(KZQ7306& looper) {
     return reply && static_cast<char>(reply->at(stageOffset)) != stageNone;
 }
 
+StatusReading readStatus(KZQ7306& looper) {
+    StatusReading reading;
+    reading.status = looper.status(true);
+    reading.answers = pedalAnswers(looper);
+    const bool unread = reading.status && reading.status->version.find('\0') != std::string::npos;
+    if (!reading.answers || unread) {
+        reading.status.reset();
+    }
+    return reading;
+}
+
 void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
                 std::function<void(const StatusReading&)> done) {
     executor.background(Priority::high, [&executor, looper, done = std::move(done)] {
-        StatusReading reading;
-        reading.status = looper->status(true);
-        reading.answers = pedalAnswers(*looper);
-        const bool unread = reading.status && reading.status->version.find('\0') != std::string::npos;
-        if (!reading.answers || unread) {
-            reading.status.reset();
-        }
-        executor.main([done, reading] { done(reading); });
+        executor.main([done, reading = readStatus(*looper)] { done(reading); });
     });
 }
 

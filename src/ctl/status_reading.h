@@ -14,8 +14,10 @@ struct StatusReading {
     bool answers = false;  ///< the pedal still answered at the end
 };
 
-/// Reads the full status in the background; `done` runs on the main thread. A reply of zeros, which is how a
-/// failed request reads, gives no status.
+/// Reads the full status. A reply of zeros, which is how a failed request reads, gives no status. Waits for
+/// the pedal.
+StatusReading readStatus(KZQ7306& looper);
+/// The same in the background; `done` runs on the main thread.
 void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
                 std::function<void(const StatusReading&)> done);
 

@@ -2,8 +2,13 @@
 
 #include <utility>
 
+#include "ctl/backup_command.h"
+#include "ctl/convert_command.h"
+#include "ctl/erase_command.h"
+#include "ctl/export_command.h"
 #include "ctl/import_command.h"
 #include "ctl/list_command.h"
+#include "ctl/restore_command.h"
 #include "ctl/watch_command.h"
 #include "platform/log.h"
 
@@ -16,6 +21,16 @@ std::shared_ptr<Command> makeCommand(Context context) {
             return std::make_shared<ListCommand>(std::move(context));
         case Subcommand::import:
             return std::make_shared<ImportCommand>(std::move(context));
+        case Subcommand::exportFiles:
+            return std::make_shared<ExportCommand>(std::move(context));
+        case Subcommand::erase:
+            return std::make_shared<EraseCommand>(std::move(context));
+        case Subcommand::convert:
+            return std::make_shared<ConvertCommand>(std::move(context));
+        case Subcommand::backup:
+            return std::make_shared<BackupCommand>(std::move(context));
+        case Subcommand::restore:
+            return std::make_shared<RestoreCommand>(std::move(context));
         case Subcommand::watch:
             return std::make_shared<WatchCommand>(std::move(context));
     }
@@ -42,6 +57,9 @@ void Tool::start() {
         context().fail(*obstacle);
         return;
     }
+    if (command_->withoutPedal()) {
+        return;
+    }
     KZQ7306::load({environment_.executor, environment_.usb, environment_.systemMinorVersion});
     session_->start();
 }
@@ -55,7 +73,7 @@ void Tool::interrupt() {
 }
 
 Context Tool::context() {
-    return {options_, environment_.executor, *output_, [this](ExitCode code) { finish(code); }};
+    return {options_, environment_.executor, *output_, [this](ExitCode code) { finish(code); }, environment_};
 }
 
 void Tool::finish(ExitCode code) {

@@ -8,12 +8,13 @@
 
 namespace kzq::test {
 
-/// A port whose bulk reads take time, so that a test can do something in the middle of a loop.
+/// A port whose bulk transfers take time, so that a test can do something in the middle of a loop.
 class PacedPort : public UsbPort {
   public:
     PacedPort(Executor& executor, UsbPort& port) : executor_(executor), port_(port) {}
 
-    Executor::Duration pace{};  ///< of one read
+    Executor::Duration pace{};       ///< of one read
+    Executor::Duration writePace{};  ///< of one write
 
     UsbResult initialize() override { return port_.initialize(); }
     UsbResult registerHotplug(HotplugEvent event, const HotplugFilter& filter,
@@ -51,6 +52,7 @@ class PacedPort : public UsbPort {
         }
         UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                           std::size_t& transferred) override {
+            port_.executor_.sleep(port_.writePace);
             return handle_->bulkOut(endpoint, from, transferred);
         }
         UsbResult reset() override { return handle_->reset(); }

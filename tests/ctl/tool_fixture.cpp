@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "audio/wave.h"
 #include "ctl/options.h"
 #include "platform/log.h"
 
@@ -21,19 +22,48 @@ simulator::PedalMemory threeLoops(simulator::StoredLoop (*loop)(std::uint32_t, s
     return memory;
 }
 
+std::filesystem::path temporaryFolder() {
+    std::string pattern = std::filesystem::temp_directory_path() / "ctl_test_XXXXXX";
+    return ::mkdtemp(pattern.data());
+}
+
+Bytes bytesOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+ctl::ConvertedFile copy(const ctl::ConversionOrder& order) {
+    const bool intoFolder = std::filesystem::is_directory(order.output);
+    const auto target =
+        intoFolder ? order.output / ("copy of " + order.source.filename().string()) : order.output;
+    const auto bytes = bytesOf(order.source);
+    if (!isPerfectWave(bytes, 2)) {
+        return {{}, 0, "This is not an audio file."};
+    }
+    std::filesystem::copy_file(order.source, target);
+    return {target, (bytes.size() - waveHeaderSize) / simulator::frameBytes, {}};
+}
+
 }  // namespace
 
-ToolTest::ToolTest()
-    : pedal(executor, {.memory = threeLoops(&loopOf)}), port(executor, pedal), paced(executor, port) {
-    std::string pattern = std::filesystem::temp_directory_path() / "ctl_test_XXXXXX";
-    folder = ::mkdtemp(pattern.data());
+ToolTest::ToolTest() : ToolTest(temporaryFolder()) {}
+
+ToolTest::ToolTest(const std::filesystem::path& base)
+    : pedal(executor, {.memory = threeLoops(&loopOf)}),
+      port(executor, pedal),
+      paced(executor, port),
+      folder(base / "folder"),
+      convert(copy),
+      working(base),
+      base_(base) {
+    std::filesystem::create_directory(folder);
 }
 
 ToolTest::~ToolTest() {
     executor.endJobs();
     KZQ7306::unload();
     setLogSink({});
-    std::filesystem::remove_all(folder);
+    std::filesystem::remove_all(base_);
 }
 
 simulator::StoredLoop ToolTest::loopOf(std::uint32_t frames, std::uint8_t first) {
@@ -53,9 +83,17 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     if (!parsed.options) {
         throw std::invalid_argument(parsed.text);
     }
+    code.reset();
+    out.str({});
+    err.str({});
     environment_.emplace(ctl::Environment{executor, paced, out, err, terminal,
                                           [this] { return systemMinorVersion; },
                                           [this] { return ruleInstalled; },
+                                          [this](const std::string& question) {
+                                              questions.push_back(question);
+                                              return answer();
+                                          },
+                                          convert, [this] { return working.path(); },
                                           [this](ExitCode result) {
                                               EXPECT_FALSE(code);
                                               code = result;
@@ -74,6 +112,13 @@ ExitCode ToolTest::finish() {
     return code.value_or(ExitCode::ok);
 }
 
+void ToolTest::plugInAgain() {
+    executor.settle();
+    KZQ7306::unload();
+    pedal.plugIn();
+    executor.settle();
+}
+
 ExitCode ToolTest::import(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"import", "--to", folder});
     return run(arguments);
@@ -88,8 +133,26 @@ std::set<std::string> ToolTest::files() const {
 }
 
 Bytes ToolTest::contents(const std::string& name) const {
-    std::ifstream file(folder / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return bytesOf(folder / name);
+}
+
+std::string ToolTest::write(const std::string& name, const Bytes& bytes) const {
+    std::ofstream file(folder / name, std::ios::binary);
+    std::copy(bytes.begin(), bytes.end(), std::ostreambuf_iterator<char>(file));
+    return folder / name;
+}
+
+std::string ToolTest::writeWave(const std::string& name, const simulator::StoredLoop& loop) const {
+    return write(name, wave(loop.audio, 2).value());
+}
+
+long ToolTest::workingCopies() const {
+    long count = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(base_)) {
+        const bool own = entry.path().string().starts_with(folder.string());
+        count += !own && entry.path().extension() == ".wav" ? 1 : 0;
+    }
+    return count;
 }
 
 long ToolTest::sent(std::uint8_t request) const {

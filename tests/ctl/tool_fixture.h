@@ -15,6 +15,7 @@
 #include "device/simulator/simulated_pedal.h"
 #include "device/simulator/simulated_port.h"
 #include "paced_port.h"
+#include "platform/run_folder.h"
 #include "virtual_executor.h"
 
 namespace kzq::test {
@@ -41,7 +42,16 @@ class ToolTest : public testing::Test {
     /// Runs to the end.
     ExitCode run(const std::vector<std::string>& arguments);
     ExitCode finish();
+    /// The program has ended; the pedal is plugged in, and another run may follow.
+    void plugInAgain();
     ExitCode import(std::vector<std::string> arguments);
+
+    /// A file in the folder; its path.
+    std::string write(const std::string& name, const Bytes& bytes) const;
+    /// A file in the pedal's format already, for a converter that copies.
+    std::string writeWave(const std::string& name, const simulator::StoredLoop& loop) const;
+    /// How many working copies there are.
+    long workingCopies() const;
 
     /// Since the start.
     double seconds() const { return std::chrono::duration<double>(executor.elapsed()).count(); }
@@ -60,10 +70,18 @@ class ToolTest : public testing::Test {
     bool terminal = false;
     bool ruleInstalled = false;
     std::uint64_t systemMinorVersion = 36;
+    /// What is answered to questions; they are kept.
+    std::function<ctl::Answer()> answer = [] { return ctl::Answer::nobody; };
+    std::vector<std::string> questions;
+    ctl::Converter convert;  ///< unless a test has its own: copies, and refuses what is no WAV file
+    RunFolder working;
     std::optional<ExitCode> code;
     std::unique_ptr<ctl::Tool> tool;
 
   private:
+    explicit ToolTest(const std::filesystem::path& base);
+
+    std::filesystem::path base_;
     std::optional<ctl::Environment> environment_;
 };
 

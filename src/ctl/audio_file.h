@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "audio/wave.h"
+
+namespace kzq::ctl {
+
+/// What the plain file at `path` holds, links followed. Nothing when it is no plain file, cannot be read, or
+/// is longer than `limit` bytes.
+std::optional<Bytes> readPlainFile(const std::filesystem::path& path, std::uint64_t limit);
+
+/// Whether `image` is exactly what `wave` makes of stereo audio: a header of 44 bytes, then whole frames, at
+/// least one.
+bool isLoopFile(ByteView image);
+/// The audio of such an image.
+ByteView audioOf(ByteView image);
+/// Its frames.
+std::uint64_t framesOf(ByteView image);
+/// The SHA-256 of the audio, in lower-case hexadecimal digits.
+std::string audioDigest(ByteView image);
+/// Whether the file at `path` holds the same audio as `image`. Both are images of loops; reads piece by
+/// piece.
+bool holdsSameAudio(const std::filesystem::path& path, ByteView image);
+
+}  // namespace kzq::ctl

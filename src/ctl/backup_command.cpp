@@ -1,0 +1,224 @@
+#include "ctl/backup_command.h"
+
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "ctl/audio_file.h"
+#include "ctl/folder_check.h"
+#include "ctl/format.h"
+#include "device/commands.h"
+
+namespace kzq::ctl {
+namespace {
+
+std::string loopName(std::uint8_t slot) {
+    return "Loop " + std::to_string(slot);
+}
+
+}  // namespace
+
+BackupCommand::BackupCommand(Context context) : PedalJob(std::move(context)), folder_(options().folder) {}
+
+std::optional<Explanation> BackupCommand::obstacle() {
+    return folderObstacle(folder_.path());
+}
+
+ExitCode BackupCommand::work(PedalWorker& pedal) {
+    std::optional<Explanation> problem;
+    const auto complete = folder_.index(problem);
+    auto partial = folder_.isComplete() ? std::nullopt : folder_.partialIndex(problem);
+    if (problem) {
+        return stop(*problem);
+    }
+    const auto status = pedal.status();
+    if (!status) {
+        return stop(pedal);
+    }
+    if (complete) {
+        return compare(pedal, status->loops, *complete);
+    }
+    makeFolder(folder_.path());
+    return save(pedal, *status, std::move(partial).value_or(BackupIndex{}));
+}
+
+ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupIndex index) {
+    index.firmware = printable(status.version);
+    tally_.wanted = status.loops.size();
+    keepWhatIsThere(status.loops, index);
+    Loops missing;
+    for (const auto& [slot, loop] : status.loops) {
+        if (!index.loops.contains(slot)) {
+            missing.emplace(slot, loop);
+        }
+    }
+    startProgress(missing);
+    for (const auto& [slot, loop] : missing) {
+        if (!saveLoop(pedal, loop, index)) {
+            break;
+        }
+    }
+    progress_->end();
+    return finish(pedal, status, index);
+}
+
+/// What an earlier run has saved counts when its file is whole and the pedal still has such a loop.
+void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
+    for (auto entry = index.loops.begin(); entry != index.loops.end();) {
+        const auto loop = loops.find(entry->first);
+        if (loop != loops.end() && entry->second.describes(loop->second) && folder_.loop(entry->second)) {
+            ++tally_.done;
+            report().tell("kept", {{"slot", entry->first}, {"file", entry->second.file}},
+                          loopName(entry->first) + ": saved already.");
+            ++entry;
+        } else {
+            folder_.removeLoop(entry->second);
+            entry = index.loops.erase(entry);
+        }
+    }
+}
+
+/// Whether the next loop may fare better.
+bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index) {
+    const auto slot = static_cast<std::uint8_t>(loop.address + 1);
+    const auto image = read(pedal, slot);
+    if (pedal.ended()) {
+        return false;
+    }
+    if (!image) {
+        const auto reason = explainLoop(pedal.failure());
+        failed(tally_, slot, failureName(pedal.failure()),
+               {reason.code, loopName(slot) + " was not saved: " + reason.sentence});
+        return true;
+    }
+    if (framesOf(*image) != loop.samples) {
+        failed(
+            tally_, slot, "changed",
+            {ExitCode::pedalRefused, loopName(slot) + " was not saved: it changed while it was being read."});
+        return true;
+    }
+    BackupEntry entry{
+        .file = {}, .samples = loop.samples, .tempo = loop.tempo, .channel = loop.channel, .sha256 = {}};
+    fileError_ = folder_.addLoop(slot, *image, entry);
+    if (!fileError_) {
+        index.loops[slot] = entry;
+        fileError_ = folder_.writePartialIndex(index);
+    }
+    if (fileError_) {
+        failed(tally_, slot, "file", *fileError_);
+        return false;
+    }
+    ++tally_.done;
+    context().output.endProgress();
+    report().tell("saved", {{"slot", slot}, {"file", entry.file}, {"samples", entry.samples}},
+                  loopName(slot) + ": saved as " + (folder_.path() / entry.file).string() + " (" +
+                      sizeText(image->size()) + ").");
+    return true;
+}
+
+/// The index, but only of a backup that is whole and of one moment.
+ExitCode BackupCommand::finish(PedalWorker& pedal, const Status& status, const BackupIndex& index) {
+    const bool whole = tally_.done == tally_.wanted;
+    if (whole) {
+        if (const auto problem = changedSince(pedal, status.loops); problem && !pedal.ended()) {
+            return stop({problem->code,
+                         "The loops on the pedal changed during the backup. Run the same command again."});
+        }
+    }
+    if (whole && !pedal.ended()) {
+        if (const auto problem = folder_.finish(index)) {
+            return stop(*problem);
+        }
+        return conclude(pedal, tally_,
+                        loopsText(tally_.wanted) + " backed up in " + folder_.path().string() + ".");
+    }
+    const ExitCode code = conclude(pedal, tally_,
+                                   std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
+                                       " saved. Run the same command again to continue.");
+    return fileError_ && !pedal.ended() ? fileError_->code : code;
+}
+
+ExitCode BackupCommand::compare(PedalWorker& pedal, const Loops& loops, const BackupIndex& index) {
+    Loops alike;
+    for (const auto& [slot, loop] : loops) {
+        const auto entry = index.loops.find(slot);
+        if (entry != index.loops.end() && entry->second.samples == loop.samples) {
+            alike.emplace(slot, loop);
+        }
+    }
+    startProgress(alike);
+    for (std::uint8_t slot = 1; slot <= loopSlots && !pedal.ended(); ++slot) {
+        const auto loop = loops.find(slot);
+        const auto entry = index.loops.find(slot);
+        compareLoop(pedal, slot, loop == loops.end() ? nullptr : &loop->second,
+                    entry == index.loops.end() ? nullptr : &entry->second);
+    }
+    progress_->end();
+    if (pedal.ended() || tally_.failures.empty()) {
+        return conclude(pedal, tally_,
+                        std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
+                            " compared: the same as in the backup.");
+    }
+    conclude(pedal, tally_,
+             "The pedal and the backup in " + folder_.path().string() +
+                 " differ. Nothing was written; choose another folder for a new backup.");
+    return ExitCode::someFailed;
+}
+
+void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loop* loop,
+                                const BackupEntry* entry) {
+    if (loop == nullptr && entry == nullptr) {
+        return;
+    }
+    ++tally_.wanted;
+    if (entry == nullptr) {
+        differs(slot, "is not in the backup.");
+    } else if (!folder_.loop(*entry)) {
+        differs(slot, "is damaged in the backup: " + (folder_.path() / entry->file).string() + ".");
+    } else if (loop == nullptr) {
+        differs(slot, "is not on the pedal any more.");
+    } else if (entry->samples != loop->samples) {
+        differs(slot, "has changed since the backup.");
+    } else {
+        compareAudio(pedal, slot, *loop, *entry);
+    }
+}
+
+/// Tempo and channel are told but do not count, as no restore can bring them back.
+void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Loop& loop,
+                                 const BackupEntry& entry) {
+    const auto image = read(pedal, slot);
+    if (pedal.ended()) {
+        return;
+    }
+    if (!image) {
+        differs(slot, "could not be read: " + explainLoop(pedal.failure()).sentence);
+    } else if (audioDigest(*image) != entry.sha256) {
+        differs(slot, "has changed since the backup.");
+    } else {
+        ++tally_.done;
+        context().output.endProgress();
+        report().tell("unchanged", {{"slot", slot}},
+                      loopName(slot) + (entry.describes(loop) ? ": unchanged."
+                                                              : ": the audio is unchanged; tempo or channel "
+                                                                "differ."));
+    }
+}
+
+void BackupCommand::differs(std::uint8_t slot, const std::string& how) {
+    failed(tally_, slot, "changed", {ExitCode::someFailed, loopName(slot) + " " + how});
+}
+
+void BackupCommand::startProgress(const Loops& loops) {
+    std::uint64_t total = 0;
+    for (const auto& [slot, loop] : loops) {
+        total += loop.alignedBytes;
+    }
+    progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
+}
+
+std::optional<Bytes> BackupCommand::read(PedalWorker& pedal, std::uint8_t slot) {
+    progress_->begin(loopName(slot));
+    return pedal.importLoop(slot, [progress = progress_](std::uint64_t bytes) { progress->update(bytes); });
+}
+
+}  // namespace kzq::ctl

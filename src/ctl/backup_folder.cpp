@@ -1,0 +1,126 @@
+#include "ctl/backup_folder.h"
+
+#include <cerrno>
+#include <system_error>
+
+#include "ctl/audio_file.h"
+#include "ctl/file_trouble.h"
+#include "platform/new_file.h"
+#include "slots/capacity.h"
+
+namespace kzq::ctl {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* indexName = "backup.json";
+constexpr const char* partialName = "backup.partial.json";
+constexpr std::uint64_t longestIndex = 1 << 20;
+constexpr std::uint64_t longestLoopFile = waveHeaderSize + capacityFrames * frameBytes;
+
+bool isThere(const fs::path& path) {
+    std::error_code error;
+    return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+}
+
+ByteView bytesOf(const std::string& text) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): characters as bytes
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+}  // namespace
+
+bool BackupFolder::isComplete() const {
+    return isThere(path_ / indexName);
+}
+
+std::optional<BackupIndex> BackupFolder::index(std::optional<Explanation>& problem) const {
+    return read(indexName, problem);
+}
+
+std::optional<BackupIndex> BackupFolder::partialIndex(std::optional<Explanation>& problem) const {
+    return read(partialName, problem);
+}
+
+std::optional<BackupIndex> BackupFolder::read(const char* name, std::optional<Explanation>& problem) const {
+    if (!isThere(path_ / name)) {
+        return std::nullopt;
+    }
+    std::string reason = "cannot be read.";
+    const auto bytes = readPlainFile(path_ / name, longestIndex);
+    auto index = bytes ? indexFromText(std::string(bytes->begin(), bytes->end()), reason)
+                       : std::optional<BackupIndex>();
+    if (!index) {
+        problem = {ExitCode::fileError, "\"" + (path_ / name).string() + "\" " + reason};
+    }
+    return index;
+}
+
+std::optional<Bytes> BackupFolder::loop(const BackupEntry& entry) const {
+    auto image = readPlainFile(path_ / entry.file, longestLoopFile);
+    if (!image || !isLoopFile(*image) || framesOf(*image) != entry.samples ||
+        audioDigest(*image) != entry.sha256) {
+        return std::nullopt;
+    }
+    return image;
+}
+
+std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes& image,
+                                                 BackupEntry& entry) const {
+    const std::string name = "Loop " + std::to_string(slot);
+    entry.sha256 = audioDigest(image);
+    entry.file = name + ".wav";
+    if (loop(entry)) {
+        return std::nullopt;
+    }
+    const auto file = writeNewFile(path_, name, ".wav", image);
+    if (!file) {
+        return notWritten(name, file.error);
+    }
+    entry.file = file.path.filename().string();
+    return std::nullopt;
+}
+
+void BackupFolder::removeLoop(const BackupEntry& entry) const {
+    if (loop(entry)) {
+        std::error_code error;
+        fs::remove(path_ / entry.file, error);
+    }
+}
+
+/// The new one is whole and synced before it takes the place of the old one.
+std::optional<Explanation> BackupFolder::writePartialIndex(const BackupIndex& index) const {
+    const auto draft = writeNewFile(path_, ".backup.partial", ".json", bytesOf(indexText(index)));
+    if (!draft) {
+        return notWritten("The list of the loops", draft.error);
+    }
+    std::error_code error;
+    fs::rename(draft.path, path_ / partialName, error);
+    if (error) {
+        std::error_code ignored;
+        fs::remove(draft.path, ignored);
+        return notWritten("The list of the loops", error.value());
+    }
+    return std::nullopt;
+}
+
+std::optional<Explanation> BackupFolder::finish(const BackupIndex& index) const {
+    const auto file = writeNewFile(path_, "backup", ".json", bytesOf(indexText(index)));
+    if (!file) {
+        return notWritten("The index", file.error);
+    }
+    std::error_code error;
+    if (file.path.filename() != indexName) {
+        fs::remove(file.path, error);
+        return notWritten("The index", EEXIST);
+    }
+    fs::remove(path_ / partialName, error);
+    return std::nullopt;
+}
+
+Explanation BackupFolder::notWritten(const std::string& name, int error) const {
+    return {ExitCode::fileError, name + " was not saved: the file could not be written in " + path_.string() +
+                                     ": " + fileTrouble(error)};
+}
+
+}  // namespace kzq::ctl

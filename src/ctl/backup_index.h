@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "device/status.h"
+
+namespace kzq::ctl {
+
+/// One loop of a backup.
+struct BackupEntry {
+    std::string file;           ///< its WAV file, in the same folder
+    std::uint32_t samples = 0;  ///< frames
+    std::uint8_t tempo = 0;
+    std::uint8_t channel = 0;
+    std::string sha256;  ///< of the audio, without the header; lower-case hexadecimal digits
+
+    bool operator==(const BackupEntry&) const = default;
+    /// Whether it may be this loop of the pedal: all that the pedal's loop table tells of it is the same.
+    bool describes(const Loop& loop) const {
+        return samples == loop.samples && tempo == loop.tempo && channel == loop.channel;
+    }
+};
+
+/// What a backup holds, by slot.
+struct BackupIndex {
+    std::string firmware;
+    std::map<std::uint8_t, BackupEntry> loops;
+
+    bool operator==(const BackupIndex&) const = default;
+};
+
+std::string indexText(const BackupIndex& index);
+/// Nothing when `text` is not the index of a backup in every respect; `problem` then tells what is wrong:
+/// the part behind "backup.json ".
+std::optional<BackupIndex> indexFromText(std::string_view text, std::string& problem);
+
+}  // namespace kzq::ctl

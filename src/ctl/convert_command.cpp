@@ -1,0 +1,55 @@
+#include "ctl/convert_command.h"
+
+#include <nlohmann/json.hpp>
+
+#include "ctl/format.h"
+#include "ctl/job_report.h"
+
+namespace kzq::ctl {
+
+std::optional<Explanation> ConvertCommand::obstacle() {
+    const auto& output = context_.options.output;
+    std::error_code error;
+    if (std::filesystem::symlink_status(output, error).type() == std::filesystem::file_type::not_found) {
+        return std::nullopt;
+    }
+    return Explanation{
+        ExitCode::fileError,
+        "\"" + output.string() + "\" exists already and is never replaced. Choose another name."};
+}
+
+bool ConvertCommand::withoutPedal() {
+    context_.executor.background(Priority::standard, [self = shared_from_this()] {
+        const auto& context = self->context_;
+        const bool shown = !context.options.json;
+        const auto progress = [&context, shown](std::uint64_t frames) {
+            if (shown) {
+                context.output.progress("Converting: " + clockText(frames / framesPerSecond));
+            }
+        };
+        const auto file = context.environment.convert({.source = context.options.files.front(),
+                                                       .output = context.options.output,
+                                                       .progress = progress,
+                                                       .cancelled = &self->cancelled_,
+                                                       .sync = true});
+        context.executor.main([self, file] { self->done(file); });
+    });
+    return true;
+}
+
+void ConvertCommand::done(const ConvertedFile& file) {
+    context_.output.endProgress();
+    if (file.problem.empty()) {
+        JobReport(context_.output, context_.options.json)
+            .tell("converted", {{"file", file.path.string()}, {"samples", file.frames}},
+                  file.path.string() + ": " + lengthText(file.frames) + ".");
+        context_.finish(ExitCode::ok);
+    } else if (cancelled_) {
+        context_.fail(cancelledByUser());
+    } else {
+        context_.fail({ExitCode::fileError, "\"" + context_.options.files.front().string() +
+                                                "\" was not converted: " + file.problem});
+    }
+}
+
+}  // namespace kzq::ctl

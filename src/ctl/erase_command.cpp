@@ -1,0 +1,78 @@
+#include "ctl/erase_command.h"
+
+#include <nlohmann/json.hpp>
+
+#include "ctl/format.h"
+
+namespace kzq::ctl {
+
+ExitCode EraseCommand::work(PedalWorker& pedal) {
+    const auto status = pedal.status();
+    if (!status) {
+        return stop(pedal);
+    }
+    const auto slots = occupied(status->loops);
+    Tally tally{.wanted = slots.size(), .done = 0, .failures = {}};
+    if (slots.empty()) {
+        return conclude(pedal, tally, "There is nothing to erase.");
+    }
+    for (const auto slot : slots) {
+        report().tell("plan", {{"slot", slot}, {"change", "erase"}},
+                      "Loop " + std::to_string(slot) + ": will be erased (" +
+                          lengthText(status->loops.at(slot).samples) + ").");
+    }
+    if (const auto code =
+            declined(pedal, "Erased loop audio cannot be restored. Would you like to continue?")) {
+        return *code;
+    }
+    if (const auto problem = changedSince(pedal, status->loops)) {
+        return stop(*problem);
+    }
+    eraseAndLook(pedal, report(), slots, tally);
+    const auto all = loopsText(tally.wanted);
+    return conclude(pedal, tally,
+                    tally.done == tally.wanted ? all + " erased."
+                                               : std::to_string(tally.done) + " of " + all + " erased.");
+}
+
+/// Those of the wanted slots that hold a loop.
+std::vector<std::uint8_t> EraseCommand::occupied(const Loops& loops) {
+    std::vector<std::uint8_t> slots;
+    if (options().all) {
+        for (const auto& [slot, loop] : loops) {
+            slots.push_back(slot);
+        }
+        return slots;
+    }
+    for (const auto slot : options().slots) {
+        if (loops.contains(slot)) {
+            slots.push_back(slot);
+        } else {
+            report().tell("empty", {{"slot", slot}}, "Slot " + std::to_string(slot) + " is empty already.");
+        }
+    }
+    return slots;
+}
+
+std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
+                                  const std::vector<std::uint8_t>& slots, Tally& tally) {
+    const bool went = pedal.eraseLoops(slots);
+    const auto status = went ? pedal.status() : std::nullopt;
+    if (!status) {
+        return std::nullopt;
+    }
+    for (const auto slot : slots) {
+        const std::string name = "Loop " + std::to_string(slot);
+        if (!status->loops.contains(slot)) {
+            ++tally.done;
+            report.tell("erased", {{"slot", slot}}, name + ": erased.");
+        } else {
+            tally.failures.push_back(
+                {ExitCode::pedalRefused, name + " was not erased: the pedal refused to."});
+            report.failed(slot, failureName(Failure::refused), tally.failures.back().sentence);
+        }
+    }
+    return status->loops;
+}
+
+}  // namespace kzq::ctl

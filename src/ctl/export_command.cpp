@@ -1,0 +1,180 @@
+#include "ctl/export_command.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <system_error>
+
+#include "ctl/audio_file.h"
+#include "ctl/format.h"
+#include "ctl/loop_writer.h"
+
+namespace kzq::ctl {
+namespace {
+
+std::string loopName(std::uint8_t slot) {
+    return "Loop " + std::to_string(slot);
+}
+
+}  // namespace
+
+ExitCode ExportCommand::work(PedalWorker& pedal) {
+    WorkingCopies copies;
+    copies_ = &copies;
+    const auto status = pedal.status();
+    if (!status) {
+        return stop(pedal);
+    }
+    const auto slots = slotsForExport(options().files.size(), options().slot, status->loops);
+    if (const auto* const problem = std::get_if<Explanation>(&slots)) {
+        return stop(*problem);
+    }
+    if (const auto problem = stage(pedal, status->loops, std::get<0>(slots))) {
+        return stop(*problem);
+    }
+    showSpace(status->loops);
+    if (overwrites()) {
+        if (const auto code = declined(
+                pedal,
+                "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. "
+                "Would you like to continue?")) {
+            return *code;
+        }
+    }
+    if (const auto problem = changedSince(pedal, status->loops)) {
+        return stop(*problem);
+    }
+    send(pedal, status->loops);
+    const auto all = loopsText(tally_.wanted);
+    const std::string done = tally_.done == tally_.wanted ? all : std::to_string(tally_.done) + " of " + all;
+    return conclude(pedal, tally_, done + (options().verify ? " written and compared." : " written."));
+}
+
+/// Nothing is sent unless all of the files can be.
+std::optional<Explanation> ExportCommand::stage(PedalWorker& pedal, const Loops& loops,
+                                                const std::vector<std::uint8_t>& slots) {
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        if (auto problem = stageFile(pedal, options().files.at(i), slots[i], loops)) {
+            return problem;
+        }
+    }
+    tally_.wanted = exports_.size();
+    return std::nullopt;
+}
+
+std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const std::filesystem::path& source,
+                                                    std::uint8_t slot, const Loops& loops) {
+    const std::string name = "\"" + source.string() + "\"";
+    const auto file = convert(pedal, source);
+    if (auto end = pedal.ended()) {
+        return end;
+    }
+    std::error_code error;
+    const auto size = file.problem.empty() ? std::filesystem::file_size(file.path, error) : 0;
+    const auto info = error || size < waveHeaderSize
+                          ? std::nullopt
+                          : exportInfoForLoop(slot, loops.contains(slot), file.path, size - waveHeaderSize);
+    if (!info) {
+        const std::string why = file.problem.empty() ? "There is no sound in the file." : file.problem;
+        return Explanation{ExitCode::fileError,
+                           name + " was not converted: " + why + " Nothing was written."};
+    }
+    const auto frames = info->bytes / frameBytes;
+    if (!fitsCapacity(existingAndTeedUpExportSamplesWithProposedExport(loops, exports_, frames, slot))) {
+        return Explanation{ExitCode::pedalRefused, name + ": " + std::string(tooLargeSentence)};
+    }
+    exports_[slot] = *info;
+    report().tell(
+        "staged",
+        {{"slot", slot}, {"source", source.string()}, {"samples", frames}, {"occupied", info->occupied}},
+        loopName(slot) + ": " + source.string() + ", " + lengthText(frames) +
+            (info->occupied ? ", overwrites a loop of " + lengthText(loops.at(slot).samples) + "." : "."));
+    return std::nullopt;
+}
+
+ConvertedFile ExportCommand::convert(PedalWorker& pedal, const std::filesystem::path& source) {
+    const auto& environment = context().environment;
+    const auto folder = environment.workingFolder();
+    if (!folder) {
+        return {{}, 0, "No folder for its working copy could be made."};
+    }
+    const auto progress = [this, name = source.filename().string()](std::uint64_t frames) {
+        if (!options().json) {
+            context().output.progress("Converting " + name + ": " + clockText(frames / framesPerSecond));
+        }
+    };
+    auto file = environment.convert({.source = source,
+                                     .output = *folder,
+                                     .progress = progress,
+                                     .cancelled = &pedal.endedFlag(),
+                                     .sync = false});
+    context().output.endProgress();
+    if (file.problem.empty()) {
+        copies_->add(file.path);
+    }
+    return file;
+}
+
+void ExportCommand::showSpace(const Loops& loops) {
+    const auto used = existingAndTeedUpExportSamples(loops, exports_);
+    report().tell("space", {{"samples", remainingFrames(used)}}, meterCaption(used));
+}
+
+bool ExportCommand::overwrites() const {
+    return std::any_of(exports_.begin(), exports_.end(),
+                       [](const auto& entry) { return entry.second.occupied; });
+}
+
+void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
+    std::uint64_t total = 0;
+    for (const auto& [slot, info] : exports_) {
+        total += info.bytes * (options().verify ? 2 : 1);
+    }
+    const auto progress =
+        std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
+    LoopWriter writer(pedal, progress);
+    for (const auto& info : inOrderOfGrowth(exports_, loops)) {
+        auto outcome = writer.write(info);
+        if (outcome.sentence.empty() && options().verify) {
+            outcome = writer.readBack(info.destination,
+                                      [&info](ByteView image) { return holdsSameAudio(info.source, image); });
+        }
+        if (pedal.ended()) {
+            return;
+        }
+        if (outcome.sentence.empty()) {
+            written(info);
+        } else {
+            failed(tally_, info.destination, outcome.reason, {outcome.code, outcome.sentence});
+        }
+    }
+    progress->end();
+    checkLengths(pedal);
+}
+
+/// The pedal's own table has the last word on what it holds.
+void ExportCommand::checkLengths(PedalWorker& pedal) {
+    const auto status = pedal.status();
+    if (!status) {
+        return;
+    }
+    for (const auto& info : sent_) {
+        const auto loop = status->loops.find(info.destination);
+        if (loop == status->loops.end() || loop->second.samples != info.bytes / frameBytes) {
+            --tally_.done;
+            failed(tally_, info.destination, "differs",
+                   {ExitCode::someFailed, loopName(info.destination) +
+                                              " was sent, but the pedal does not hold it in full length."});
+        }
+    }
+}
+
+void ExportCommand::written(const ExportInfo& info) {
+    sent_.push_back(info);
+    ++tally_.done;
+    context().output.endProgress();
+    report().tell("written", {{"slot", info.destination}, {"samples", info.bytes / frameBytes}},
+                  loopName(info.destination) + ": written" +
+                      (options().verify ? " and compared, sample for sample." : "."));
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "ctl/export_plan.h"
+#include "ctl/pedal_job.h"
+
+namespace kzq::ctl {
+
+/// Converts files and writes them to the pedal.
+class ExportCommand : public PedalJob {
+  public:
+    using PedalJob::PedalJob;
+
+  protected:
+    ExitCode work(PedalWorker& pedal) override;
+
+  private:
+    std::optional<Explanation> stage(PedalWorker& pedal, const Loops& loops,
+                                     const std::vector<std::uint8_t>& slots);
+    std::optional<Explanation> stageFile(PedalWorker& pedal, const std::filesystem::path& source,
+                                         std::uint8_t slot, const Loops& loops);
+    ConvertedFile convert(PedalWorker& pedal, const std::filesystem::path& source);
+    void showSpace(const Loops& loops);
+    bool overwrites() const;
+
+    void send(PedalWorker& pedal, const Loops& loops);
+    void checkLengths(PedalWorker& pedal);
+    void written(const ExportInfo& info);
+
+    WorkingCopies* copies_ = nullptr;  ///< of this run
+    Exports exports_;
+    std::vector<ExportInfo> sent_;
+    Tally tally_;
+};
+
+}  // namespace kzq::ctl

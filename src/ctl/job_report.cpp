@@ -1,0 +1,44 @@
+#include "ctl/job_report.h"
+
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "ctl/status_report.h"
+
+namespace kzq::ctl {
+
+void JobReport::tell(const char* event, nlohmann::json details, const std::string& sentence) {
+    if (json_) {
+        details["event"] = event;
+        output_.line(jsonText(details));
+    } else if (!sentence.empty()) {
+        output_.line(sentence);
+    }
+}
+
+void JobReport::failed(unsigned slot, std::string_view reason, const std::string& sentence) {
+    tell("failed", {{"slot", slot}, {"reason", reason}, {"message", sentence}}, {});
+    output_.error(sentence);
+}
+
+void JobReport::finished(const Tally& tally, const std::optional<Explanation>& end,
+                         const std::string& summary) {
+    output_.endProgress();
+    if (end) {
+        output_.error(end->sentence);
+    }
+    tell("finished",
+         {{"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(tally.exitCode(end))}},
+         summary);
+}
+
+std::string loopNames(const std::vector<std::uint8_t>& slots) {
+    std::string text = slots.size() == 1 ? "loop " : "loops ";
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const char* const between = i == 0 ? "" : i + 1 == slots.size() ? " and " : ", ";
+        text += between + std::to_string(slots[i]);
+    }
+    return text;
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "audio/wave.h"
+#include "ctl/pedal_worker.h"
+#include "ctl/progress_line.h"
+#include "ctl/tally.h"
+
+namespace kzq::ctl {
+
+/// Writes loops to the pedal and, when that is wanted, reads them back.
+class LoopWriter {
+  public:
+    /// How one loop fared; `sentence` is empty when all is well.
+    struct Outcome {
+        ExitCode code = ExitCode::ok;
+        std::string reason;  ///< a word for programs
+        std::string sentence;
+    };
+    /// Whether the image that was read back has the audio that was sent.
+    using Check = std::function<bool(ByteView image)>;
+
+    LoopWriter(PedalWorker& pedal, std::shared_ptr<ProgressLine> progress)
+        : pedal_(pedal), progress_(std::move(progress)) {}
+
+    Outcome write(const ExportInfo& info);
+    Outcome readBack(std::uint8_t slot, const Check& same);
+
+  private:
+    PedalWorker::Progress step(std::uint8_t slot, const char* what);
+
+    PedalWorker& pedal_;
+    std::shared_ptr<ProgressLine> progress_;
+};
+
+}  // namespace kzq::ctl

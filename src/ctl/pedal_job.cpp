@@ -1,0 +1,105 @@
+#include "ctl/pedal_job.h"
+
+#include <utility>
+
+namespace kzq::ctl {
+namespace {
+
+Explanation nobodyToAsk() {
+    return {ExitCode::usage,
+            "Nobody can be asked here, so nothing was changed. Add --yes to go ahead without a question."};
+}
+
+}  // namespace
+
+PedalJob::PedalJob(Context context)
+    : context_(std::move(context)), report_(context_.output, context_.options.json) {}
+
+void PedalJob::connected(const std::shared_ptr<KZQ7306>& looper) {
+    if (pedal_) {
+        return;  // it was unplugged and is back; the command ends all the same
+    }
+    if (looper->factoryBlank()) {
+        context_.fail(pedalInLoader());
+        return;
+    }
+    pedal_ = std::make_shared<PedalWorker>(context_.executor, looper, context_.options.patience);
+    pedal_->start();
+    context_.executor.background(Priority::standard, [self = shared_from_this()] {
+        const ExitCode code = self->work(*self->pedal_);
+        self->pedal_->rest();
+        self->context_.executor.main([self, code] { self->context_.finish(code); });
+    });
+}
+
+void PedalJob::disconnected() {
+    if (pedal_) {
+        pedal_->end(pedalUnplugged());
+    }
+}
+
+void PedalJob::cancel() {
+    if (pedal_) {
+        pedal_->end(cancelledByUser());
+    } else {
+        context_.finish(ExitCode::cancelled);
+    }
+}
+
+ExitCode PedalJob::stop(const Explanation& explanation) const {
+    context_.output.endProgress();
+    context_.output.error(explanation.sentence);
+    return explanation.code;
+}
+
+ExitCode PedalJob::stop(const PedalWorker& pedal) const {
+    return stop(pedal.ended().value_or(statusUnreadable()));
+}
+
+ExitCode PedalJob::conclude(const PedalWorker& pedal, const Tally& tally, const std::string& summary) {
+    const auto end = pedal.ended();
+    report_.finished(tally, end, summary);
+    return tally.exitCode(end);
+}
+
+std::optional<ExitCode> PedalJob::declined(PedalWorker& pedal, const std::string& question) const {
+    if (context_.options.yes) {
+        return std::nullopt;
+    }
+    context_.output.endProgress();
+    const auto answer = std::make_shared<Answer>(Answer::nobody);
+    const bool answered =
+        pedal.attempt([answer, question, ask = context_.environment.ask] { *answer = ask(question); });
+    if (!answered) {
+        return stop(pedal);
+    }
+    switch (*answer) {
+        case Answer::yes:
+            return std::nullopt;
+        case Answer::no:
+            return stop({ExitCode::cancelled, "Cancelled. Nothing was changed."});
+        case Answer::nobody:
+            break;
+    }
+    return stop(nobodyToAsk());
+}
+
+std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, const Loops& loops) const {
+    const auto now = pedal.status();
+    if (!now) {
+        return pedal.ended();
+    }
+    if (now->loops == loops) {
+        return std::nullopt;
+    }
+    return Explanation{ExitCode::pedalRefused,
+                       "The loops on the pedal have changed meanwhile, so nothing was written. Try again."};
+}
+
+void PedalJob::failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation) {
+    tally.failures.push_back(explanation);
+    context_.output.endProgress();
+    report_.failed(slot, reason, explanation.sentence);
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "ctl/command.h"
+#include "ctl/job_report.h"
+#include "ctl/pedal_worker.h"
+
+namespace kzq::ctl {
+
+/// A command that does one thing after the other, on a background thread; the main thread stays free for
+/// signals and for the cable.
+class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
+  public:
+    explicit PedalJob(Context context);
+
+    void connected(const std::shared_ptr<KZQ7306>& looper) final;
+    void disconnected() final;
+    void cancel() final;
+
+  protected:
+    /// The command from its first to its last step, on its own thread.
+    virtual ExitCode work(PedalWorker& pedal) = 0;
+
+    // For `work`.
+
+    const Options& options() const { return context_.options; }
+    const Context& context() const { return context_; }
+    JobReport& report() { return report_; }
+    /// Says it, for `return stop(...)`.
+    ExitCode stop(const Explanation& explanation) const;
+    /// The pedal cannot be used any more: says why.
+    ExitCode stop(const PedalWorker& pedal) const;
+    /// Says how it all went.
+    ExitCode conclude(const PedalWorker& pedal, const Tally& tally, const std::string& summary);
+    /// Asks the user, unless that was answered beforehand. Nothing when the answer is yes; otherwise it has
+    /// been said that nothing was changed.
+    std::optional<ExitCode> declined(PedalWorker& pedal, const std::string& question) const;
+    /// Whether the pedal still holds what it held when the user was asked; if not, it is why not.
+    std::optional<Explanation> changedSince(PedalWorker& pedal, const Loops& loops) const;
+    void failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation);
+
+  private:
+    Context context_;
+    JobReport report_;
+    std::shared_ptr<PedalWorker> pedal_;
+};
+
+}  // namespace kzq::ctl

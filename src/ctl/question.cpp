@@ -1,0 +1,20 @@
+#include "ctl/question.h"
+
+#include <unistd.h>
+
+#include <iostream>
+
+namespace kzq::ctl {
+
+Answer askOnTerminal(const std::string& question) {
+    if (::isatty(STDIN_FILENO) != 1) {
+        return Answer::nobody;
+    }
+    std::cerr << question << " [y/N] " << std::flush;
+    std::string line;
+    std::getline(std::cin, line);
+    const bool yes = line == "y" || line == "Y" || line == "yes" || line == "Yes" || line == "YES";
+    return yes ? Answer::yes : Answer::no;
+}
+
+}  // namespace kzq::ctl

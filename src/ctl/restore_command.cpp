@@ -1,0 +1,223 @@
+#include "ctl/restore_command.h"
+
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "ctl/audio_file.h"
+#include "ctl/erase_command.h"
+#include "ctl/export_plan.h"
+#include "ctl/format.h"
+#include "ctl/loop_writer.h"
+#include "device/commands.h"
+
+namespace kzq::ctl {
+namespace {
+
+std::string loopName(std::uint8_t slot) {
+    return "Loop " + std::to_string(slot);
+}
+
+}  // namespace
+
+RestoreCommand::RestoreCommand(Context context) : PedalJob(std::move(context)), folder_(options().folder) {}
+
+std::optional<Explanation> RestoreCommand::obstacle() {
+    std::optional<Explanation> problem;
+    auto index = folder_.index(problem);
+    if (problem) {
+        return problem;
+    }
+    const std::string name = "\"" + folder_.path().string() + "\"";
+    if (!index) {
+        const bool partial = folder_.partialIndex(problem).has_value();
+        return Explanation{ExitCode::fileError, partial
+                                                    ? "The backup in " + name +
+                                                          " is not complete. Finish it with \"backup\" first."
+                                                    : "There is no backup in " + name + "."};
+    }
+    index_ = std::move(*index);
+    std::uint64_t frames = 0;
+    for (const auto& [slot, entry] : index_.loops) {
+        frames += entry.samples;
+    }
+    if (frames > capacityFrames) {
+        return Explanation{ExitCode::fileError,
+                           "The backup in " + name + " is longer than the pedal's 24 minutes."};
+    }
+    return std::nullopt;
+}
+
+ExitCode RestoreCommand::work(PedalWorker& pedal) {
+    if (const auto problem = verifyFiles(pedal)) {
+        return stop(*problem);
+    }
+    const auto status = pedal.status();
+    if (!status) {
+        return stop(pedal);
+    }
+    if (const auto problem = findChanges(pedal, status->loops)) {
+        return stop(*problem);
+    }
+    tally_.wanted = erased_.size() + writes_.size();
+    if (tally_.wanted == 0) {
+        return conclude(pedal, tally_, "There is nothing to change.");
+    }
+    if (const auto code = declined(pedal, question())) {
+        return *code;
+    }
+    if (const auto problem = changedSince(pedal, status->loops)) {
+        return stop(*problem);
+    }
+    change(pedal, status->loops);
+    return conclude(pedal, tally_, summary(pedal));
+}
+
+std::optional<Explanation> RestoreCommand::verifyFiles(const PedalWorker& pedal) const {
+    for (const auto& [slot, entry] : index_.loops) {
+        if (!folder_.loop(entry)) {
+            return Explanation{ExitCode::fileError, "The backup is damaged: \"" +
+                                                        (folder_.path() / entry.file).string() +
+                                                        "\" is missing or is not what was saved. Nothing was "
+                                                        "changed."};
+        }
+        if (auto end = pedal.ended()) {
+            return end;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Explanation> RestoreCommand::findChanges(PedalWorker& pedal, const Loops& loops) {
+    std::uint64_t total = 0;
+    for (const auto& [slot, loop] : loops) {
+        const auto entry = index_.loops.find(slot);
+        total += entry != index_.loops.end() && entry->second.samples == loop.samples ? loop.alignedBytes : 0;
+    }
+    progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
+    for (std::uint8_t slot = 1; slot <= loopSlots; ++slot) {
+        const auto loop = loops.find(slot);
+        const bool filled = loop != loops.end();
+        if (!index_.loops.contains(slot)) {
+            if (filled) {
+                planErase(slot, loop->second);
+            }
+            continue;
+        }
+        const auto same = filled ? isSame(pedal, slot, loop->second) : std::optional(false);
+        if (!same) {
+            return pedal.ended().value_or(Explanation{explainLoop(pedal.failure()).code,
+                                                      loopName(slot) +
+                                                          " could not be compared, so nothing was changed: " +
+                                                          explainLoop(pedal.failure()).sentence});
+        }
+        if (!*same) {
+            planWrite(slot, filled ? &loop->second : nullptr);
+            continue;
+        }
+        ++same_;
+        context().output.endProgress();
+        report().tell("plan", {{"slot", slot}, {"change", "same"}}, loopName(slot) + ": the same.");
+    }
+    return std::nullopt;
+}
+
+/// Whether the pedal's loop has the audio of the backup; nothing when it cannot be read.
+std::optional<bool> RestoreCommand::isSame(PedalWorker& pedal, std::uint8_t slot, const Loop& loop) {
+    const auto& entry = index_.loops.at(slot);
+    if (entry.samples != loop.samples) {
+        return false;
+    }
+    progress_->begin(loopName(slot) + ", comparing");
+    const auto image =
+        pedal.importLoop(slot, [progress = progress_](std::uint64_t bytes) { progress->update(bytes); });
+    if (!image) {
+        return std::nullopt;
+    }
+    return audioDigest(*image) == entry.sha256;
+}
+
+void RestoreCommand::planWrite(std::uint8_t slot, const Loop* old) {
+    const auto& entry = index_.loops.at(slot);
+    writes_[slot] = {folder_.path() / entry.file, slot, old != nullptr, entry.samples * frameBytes};
+    context().output.endProgress();
+    if (old == nullptr) {
+        report().tell("plan", {{"slot", slot}, {"change", "write"}},
+                      loopName(slot) + ": will be written (" + lengthText(entry.samples) + ").");
+        return;
+    }
+    lost_.push_back(slot);
+    report().tell("plan", {{"slot", slot}, {"change", "overwrite"}},
+                  loopName(slot) + ": will be overwritten (" + lengthText(entry.samples) + " instead of " +
+                      lengthText(old->samples) + ").");
+}
+
+void RestoreCommand::planErase(std::uint8_t slot, const Loop& old) {
+    erased_.push_back(slot);
+    lost_.push_back(slot);
+    context().output.endProgress();
+    report().tell(
+        "plan", {{"slot", slot}, {"change", "erase"}},
+        loopName(slot) + ": will be erased (" + lengthText(old.samples) + "); the backup has nothing there.");
+}
+
+std::string RestoreCommand::question() const {
+    if (lost_.empty()) {
+        return loopsText(writes_.size()) + " will be written. Would you like to continue?";
+    }
+    return "The present audio of " + loopNames(lost_) +
+           " on the 7306 will be erased. Erased audio cannot be restored. Would you like to continue?";
+}
+
+/// What must go goes first, so that there is room for the rest.
+void RestoreCommand::change(PedalWorker& pedal, Loops loops) {
+    if (!erased_.empty()) {
+        auto left = eraseAndLook(pedal, report(), erased_, tally_);
+        if (!left) {
+            return;
+        }
+        loops = std::move(*left);
+    }
+    if (!writes_.empty()) {
+        write(pedal, loops);
+    }
+}
+
+void RestoreCommand::write(PedalWorker& pedal, const Loops& loops) {
+    std::uint64_t total = 0;
+    for (const auto& [slot, info] : writes_) {
+        total += 2 * info.bytes;
+    }
+    progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
+    LoopWriter writer(pedal, progress_);
+    for (const auto& info : inOrderOfGrowth(writes_, loops)) {
+        const auto slot = info.destination;
+        auto outcome = writer.write(info);
+        if (outcome.sentence.empty()) {
+            outcome = writer.readBack(slot, [&digest = index_.loops.at(slot).sha256](ByteView image) {
+                return audioDigest(image) == digest;
+            });
+        }
+        if (pedal.ended()) {
+            return;
+        }
+        context().output.endProgress();
+        if (outcome.sentence.empty()) {
+            ++tally_.done;
+            report().tell("written", {{"slot", slot}, {"samples", info.bytes / frameBytes}},
+                          loopName(slot) + ": written and compared.");
+        } else {
+            failed(tally_, slot, outcome.reason, {outcome.code, outcome.sentence});
+        }
+    }
+}
+
+std::string RestoreCommand::summary(const PedalWorker& pedal) const {
+    if (tally_.done == tally_.wanted && !pedal.ended()) {
+        return loopsText(writes_.size()) + " written, " + std::to_string(erased_.size()) + " erased, " +
+               std::to_string(same_) + " the same.";
+    }
+    return std::to_string(tally_.done) + " of " + std::to_string(tally_.wanted) +
+           " changes made. Run the same command again to continue.";
+}
+
+}  // namespace kzq::ctl

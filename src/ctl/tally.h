@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include "ctl/sentences.h"
+
+namespace kzq::ctl {
+
+/// How the loops of a command fared.
+struct Tally {
+    std::size_t wanted = 0;
+    std::size_t done = 0;
+    std::vector<Explanation> failures;  ///< of single loops, in order; all of them have been said
+
+    /// `end`: what ended the command before its last loop, if anything did.
+    ExitCode exitCode(const std::optional<Explanation>& end) const {
+        if (end) {
+            return end->code;
+        }
+        if (failures.empty()) {
+            return ExitCode::ok;
+        }
+        return done == 0 ? failures.front().code : ExitCode::someFailed;
+    }
+};
+
+}  // namespace kzq::ctl

@@ -1,0 +1,183 @@
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "audio/wave.h"
+#include "ctl/backup_index.h"
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using ctl::Answer;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::UnorderedElementsAre;
+
+class BackupTest : public ToolTest {
+  protected:
+    BackupTest() { pedal.plugIn(); }
+
+    ExitCode backup() { return run({"backup", folder}); }
+};
+
+TEST_F(BackupTest, everyLoopAndAnIndex) {
+    const auto target = folder / "new";
+    EXPECT_EQ(run({"backup", folder / "missing" / "new"}), ExitCode::fileError);
+    EXPECT_EQ(run({"backup", target}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("3 loops backed up in " + target.string() + ".\n"));
+    EXPECT_EQ(contents("new/Loop 20.wav"), wave(loopOf(1500, 30).audio, 2));
+    std::ifstream file(target / "backup.json");
+    const auto index = nlohmann::json::parse(file);
+    EXPECT_EQ(index["format"], "kzq7306-backup");
+    EXPECT_EQ(index["formatVersion"], 1);
+    EXPECT_EQ(index["firmware"], "1.05");
+    EXPECT_EQ(index["loops"].size(), 3U);
+    EXPECT_EQ(index["loops"][1],
+              nlohmann::json::parse(
+                  R"({"slot": 5, "file": "Loop 5.wav", "samples": 1, "tempo": 100, "channel": 20,
+                      "sha256": "aa17e4939cf96e0faaf5e13d829960a73f43b4e628b2f7419863e74dfe9e2e22"})"));
+    EXPECT_FALSE(std::filesystem::exists(target / "backup.partial.json"));
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(BackupTest, goesOnWhereTheCableWasPulled) {
+    plan("unplug@in:9");  // loop 2 takes six reads, loop 5 one
+    EXPECT_EQ(backup(), ExitCode::noPedal);
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
+    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops saved. Run the same command again to continue.\n"));
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "backup.partial.json"));
+    EXPECT_EQ(run({"restore", folder, "--yes"}), ExitCode::fileError) << "half a backup is none";
+
+    plugInAgain();
+    pedal.clearJournal();
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("Loop 2: saved already.\nLoop 5: saved already.\nLoop 20: saved as"));
+    EXPECT_EQ(sent(command::importLoop), 1);
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "Loop 20.wav", "backup.json"));
+}
+
+TEST_F(BackupTest, whatChangedSinceTheInterruptionIsReadAgain) {
+    plan("refuse@E1:3");
+    EXPECT_EQ(backup(), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: the pedal refused to send it."));
+    pedal.setLoop(1, loopOf(1001, 10));           // another length
+    write("Loop 5.wav", contents("Loop 2.wav"));  // not what was saved
+    const auto strange = contents("Loop 5.wav");
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_EQ(contents("Loop 2.wav"), wave(loopOf(1001, 10).audio, 2));
+    EXPECT_EQ(contents("Loop 5.wav"), strange) << "a file of somebody else";
+    EXPECT_EQ(contents("Loop 5-2.wav"), wave(loopOf(1, 20).audio, 2));
+    EXPECT_EQ(run({"restore", folder, "--yes"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("There is nothing to change."));
+}
+
+TEST_F(BackupTest, aFinishedBackupIsComparedAndNeverTouched) {
+    EXPECT_EQ(backup(), ExitCode::ok);
+    const auto before = files();
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_THAT(out.str(),
+                HasSubstr("Loop 20: unchanged.\n3 of 3 loops compared: the same as in the backup.\n"));
+
+    auto other = loopOf(1000, 10);
+    other.audio.front() ^= 1U;  // of the same length
+    pedal.setLoop(1, other);
+    pedal.setLoop(19, std::nullopt);
+    pedal.setLoop(7, loopOf(2, 2));
+    auto faster = loopOf(1, 20);
+    faster.tempo = 200;
+    pedal.setLoop(4, faster);
+    EXPECT_EQ(backup(), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 has changed since the backup.\n"));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 8 is not in the backup.\n"));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 is not on the pedal any more.\n"));
+    EXPECT_THAT(out.str(), HasSubstr("Loop 5: the audio is unchanged; tempo or channel differ.\n"));
+    EXPECT_EQ(files(), before);
+
+    auto damaged = contents("Loop 5.wav");
+    damaged.back() ^= 1U;
+    write("Loop 5.wav", damaged);
+    EXPECT_EQ(backup(), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 5 is damaged in the backup"));
+    EXPECT_EQ(files(), before);
+}
+
+TEST_F(BackupTest, indexesOfOthersAreLeftAlone) {
+    write("backup.partial.json", {'{', '}'});
+    EXPECT_EQ(backup(), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("backup.partial.json\" is not the index of a backup.\n"));
+    EXPECT_EQ(contents("backup.partial.json"), Bytes({'{', '}'}));
+    EXPECT_EQ(sent(command::importLoop), 0);
+    std::filesystem::create_directory(folder / "backup.json");
+    EXPECT_EQ(backup(), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("backup.json\" cannot be read.\n"));
+}
+
+TEST_F(BackupTest, loopsOfTwoMomentsAreNoBackup) {
+    paced.pace = 10ms;
+    start({"backup", folder});
+    executor.advance(75ms);  // loops 2 and 5 are saved
+    pedal.setLoop(1, loopOf(10, 1));
+    EXPECT_EQ(finish(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("changed during the backup"));
+    EXPECT_FALSE(files().contains("backup.json"));
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_EQ(contents("Loop 2.wav"), wave(loopOf(10, 1).audio, 2));
+}
+
+TEST_F(BackupTest, cancelAndAFolderThatVanishes) {
+    paced.pace = 10ms;
+    start({"backup", folder});
+    executor.advance(65ms);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "backup.partial.json"));
+
+    start({"backup", folder});
+    executor.advance(5ms);
+    std::filesystem::rename(folder, folder.string() + "-away");
+    EXPECT_EQ(finish(), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 5 was not saved: the file could not be written in"));
+}
+
+TEST(BackupIndex, onlyAWholeIndexIsRead) {
+    ctl::BackupIndex index;
+    index.firmware = "1.05";
+    index.loops[3] = {"Loop 3.wav", 7, 90, 255, std::string(64, 'a')};
+    index.loops[20] = {"20.wav", 0xFFFFFFFF, 1, 1, std::string(64, '0')};
+    const auto text = ctl::indexText(index);
+    std::string problem;
+    EXPECT_EQ(ctl::indexFromText(text, problem), index);
+
+    const auto reject = [&](const std::string& from, const std::string& to) {
+        auto changed = text;
+        const auto place = changed.find(from);
+        ASSERT_NE(place, std::string::npos) << from;
+        changed.replace(place, from.size(), to);
+        problem.clear();
+        EXPECT_FALSE(ctl::indexFromText(changed, problem)) << changed;
+        EXPECT_THAT(problem, Not(IsEmpty()));
+    };
+    reject("kzq7306-backup", "other");
+    reject(R"("formatVersion": 1)", R"("formatVersion": 2)");
+    reject("Loop 3.wav", "../Loop 3.wav");
+    reject("Loop 3.wav", "..");
+    reject("Loop 3.wav", "20.wav");
+    reject(R"("slot": 3)", R"("slot": 20)");
+    reject(R"("slot": 3)", R"("slot": 21)");
+    reject(R"("slot": 3)", R"("slot": -1)");
+    reject(R"("slot": 3)", R"("slot": "3")");
+    reject(R"("samples": 7)", R"("samples": 0)");
+    reject(R"("samples": 7)", R"("samples": 4294967296)");
+    reject(R"("tempo": 90)", R"("tempo": 256)");
+    reject(R"("channel": 255)", R"("channel": 1.5)");
+    reject("aaaa", "aaA");
+    reject("aaaa", "aaa");
+    reject("\"loops\"", "\"loop\"");
+    reject("}", "");
+}
+
+}  // namespace
+}  // namespace kzq::test

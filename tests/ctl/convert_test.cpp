@@ -1,0 +1,48 @@
+#include "audio/wave.h"
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+TEST_F(ToolTest, convertNeedsNoPedal) {
+    const auto source = writeWave("in.wav", loopOf(44'100, 1));
+    EXPECT_EQ(run({"convert", source, "--to", folder / "out.wav"}), ExitCode::ok);
+    EXPECT_EQ(contents("out.wav"), contents("in.wav"));
+    EXPECT_THAT(out.str(), testing::EndsWith("out.wav: 0:01.0.\n"));
+
+    const auto before = contents("out.wav");
+    const auto other = writeWave("other.wav", loopOf(5, 1));
+    EXPECT_EQ(run({"convert", other, "--to", folder / "out.wav"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("exists already and is never replaced"));
+    EXPECT_EQ(run({"convert", other, "--to", folder}), ExitCode::fileError);
+    std::filesystem::create_symlink("nowhere", folder / "link.wav");
+    EXPECT_EQ(run({"convert", other, "--to", folder / "link.wav"}), ExitCode::fileError);
+    EXPECT_EQ(contents("out.wav"), before);
+
+    EXPECT_EQ(run({"convert", write("text", {'x'}), "--to", folder / "new.wav"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("text\" was not converted: This is not an audio file."));
+    EXPECT_THAT(files(), UnorderedElementsAre("in.wav", "out.wav", "other.wav", "link.wav", "text"));
+    EXPECT_THAT(pedal.journal(), IsEmpty());
+}
+
+TEST_F(ToolTest, convertIsCancelled) {
+    convert = [this](const ctl::ConversionOrder& order) {
+        while (!*order.cancelled) {
+            executor.sleep(10ms);
+        }
+        return ctl::ConvertedFile{{}, 0, "The conversion was cancelled."};
+    };
+    start({"convert", "a.mp3", "--to", folder / "out.wav"});
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
+}
+
+}  // namespace
+}  // namespace kzq::test

@@ -1,0 +1,60 @@
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using ctl::Answer;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST_F(ToolTest, eraseAsksAndTellsWhatIsEmptyAlready) {
+    pedal.plugIn();
+    EXPECT_EQ(run({"erase", "2-4"}), ExitCode::usage);
+    EXPECT_EQ(sent(command::eraseLoop), 0);
+    answer = [] { return Answer::yes; };
+    EXPECT_EQ(run({"erase", "2-4"}), ExitCode::ok);
+    EXPECT_EQ(questions.back(), "Erased loop audio cannot be restored. Would you like to continue?");
+    EXPECT_EQ(out.str(),
+              "Slot 3 is empty already.\nSlot 4 is empty already.\nLoop 2: will be erased (0:00.0).\n"
+              "Loop 2: erased.\n1 loop erased.\n");
+    EXPECT_EQ(run({"erase", "2"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("There is nothing to erase.\n"));
+    EXPECT_EQ(questions.size(), 2U);
+    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::ok);
+    EXPECT_EQ(pedal.memory(), simulator::PedalMemory());
+    EXPECT_EQ(sent(command::eraseLoop), 3);
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(ToolTest, whatIsNotErasedIsNotCalledErased) {
+    pedal.plugIn();
+    plan("refuse@ED");
+    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::someFailed);
+    EXPECT_EQ(err.str(), "kzq7306ctl: Loop 2 was not erased: the pedal refused to.\n");
+    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops erased.\n"));
+    plan("refuse@ED");
+    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::pedalRefused);
+
+    plan("unplug@ED");  // a request to nobody reads like a consent
+    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::noPedal);
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr(": erased")));
+    EXPECT_TRUE(pedal.memory()[1]);
+}
+
+TEST_F(ToolTest, cancelledEraseSendsNoReset) {
+    pedal.plugIn();
+    start({"erase", "--all", "--yes"});
+    executor.advance(30ms);  // in the pause after the second loop
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(sent(command::eraseLoop), 2);
+    EXPECT_EQ(sent(command::abandon), 1);
+    const auto journal = pedal.journal();
+    EXPECT_TRUE(std::none_of(journal.begin(), journal.end(), [](const simulator::WireEvent& event) {
+        return event.kind == simulator::WireEvent::Kind::reset;
+    }));
+}
+
+}  // namespace
+}  // namespace kzq::test

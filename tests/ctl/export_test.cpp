@@ -1,0 +1,249 @@
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "audio/wave.h"
+#include "ctl/export_plan.h"
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using ctl::Answer;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+constexpr const char* overwriteQuestion =
+    "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to "
+    "continue?";
+
+class ExportTest : public ToolTest {
+  protected:
+    ExportTest() {
+        pedal.plugIn();
+        a = writeWave("a.wav", loopOf(700, 40));
+        b = writeWave("b.wav", loopOf(3, 50));
+    }
+    ~ExportTest() override { EXPECT_EQ(workingCopies(), 0); }
+
+    Bytes onPedal(unsigned slot) const {
+        const auto loop = pedal.memory().at(slot - 1);
+        return loop ? loop->audio : Bytes();
+    }
+
+    std::string a;
+    std::string b;
+};
+
+TEST_F(ExportTest, filesGoToTheFirstFreeSlotsInTheirOrder) {
+    EXPECT_EQ(run({"export", b, a, "--verify"}), ExitCode::ok);
+    EXPECT_EQ(onPedal(1), loopOf(3, 50).audio);
+    EXPECT_EQ(onPedal(3), loopOf(700, 40).audio);
+    EXPECT_EQ(out.str(), "Loop 1: " + b + ", 0:00.0.\nLoop 3: " + a +
+                             ", 0:00.0.\nSpace remaining: 23 min, 59 sec\n"
+                             "Loop 1: written and compared, sample for sample.\n"
+                             "Loop 3: written and compared, sample for sample.\n"
+                             "2 loops written and compared.\n");
+    EXPECT_THAT(questions, IsEmpty());
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+    EXPECT_EQ(files().size(), 2U) << "the user's own files stay";
+}
+
+TEST_F(ExportTest, overwritingNeedsAYes) {
+    EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::usage);
+    EXPECT_THAT(err.str(), HasSubstr("Add --yes"));
+    answer = [] { return Answer::no; };
+    EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::cancelled);
+    EXPECT_THAT(questions, ElementsAre(overwriteQuestion, overwriteQuestion));
+    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(onPedal(5), loopOf(1, 20).audio);
+
+    answer = [] { return Answer::yes; };
+    EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::ok);
+    EXPECT_EQ(onPedal(4), loopOf(700, 40).audio);
+    EXPECT_EQ(onPedal(5), loopOf(3, 50).audio);
+    EXPECT_EQ(run({"export", b, "--slot", "20", "--yes"}), ExitCode::ok);
+    EXPECT_EQ(onPedal(20), loopOf(3, 50).audio);
+    EXPECT_EQ(questions.size(), 3U);
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(ExportTest, whatChangedDuringTheQuestionIsNotOverwritten) {
+    answer = [this] {
+        pedal.setLoop(4, loopOf(2, 1));
+        return Answer::yes;
+    };
+    EXPECT_EQ(run({"export", a, "--slot", "5"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("have changed meanwhile"));
+    EXPECT_EQ(sent(command::exportLoop), 0);
+}
+
+/// The pedal is exactly full when one frame more is refused; the working copies are holes in the disk.
+TEST_F(ExportTest, capacityIsAStrictLimit) {
+    std::uint64_t frames = 0;
+    convert = [&frames](const ctl::ConversionOrder& order) {
+        const auto path = order.output / "long.wav";
+        std::ofstream(path).close();
+        std::filesystem::resize_file(path, waveHeaderSize + frames * 6);
+        return ctl::ConvertedFile{path, frames, {}};
+    };
+    answer = [] { return Answer::no; };
+    const std::uint64_t others = 1 + 1500;  // slot 2 is overwritten
+    frames = 63'503'999 - others;
+    EXPECT_EQ(run({"export", a, "--slot", "2"}), ExitCode::cancelled);
+    EXPECT_THAT(out.str(), HasSubstr("Space remaining: 0 min, 0 sec\n"));
+    EXPECT_EQ(questions.size(), 1U);
+    ++frames;
+    EXPECT_EQ(run({"export", a, "--slot", "2", "--yes"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("This file is too large for the available space on your 7306.\n"));
+    frames = 40'000'000;  // each for itself would fit
+    EXPECT_EQ(run({"export", a, b, "--yes"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr(b + "\": This file is too large"));
+    EXPECT_EQ(sent(command::exportLoop), 0);
+}
+
+TEST_F(ExportTest, nothingIsSentUnlessEverythingCanBe) {
+    const auto text = write("text.wav", {'t', 'e', 'x', 't'});
+    EXPECT_EQ(run({"export", a, text}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr(text + "\" was not converted: This is not an audio file."));
+    EXPECT_EQ(run({"export", write("empty.wav", wave({}, 2).value())}), ExitCode::fileError);
+
+    for (std::uint8_t address = 0; address < 19; ++address) {
+        pedal.setLoop(address, loopOf(1, 1));
+    }
+    pedal.setLoop(19, std::nullopt);
+    EXPECT_EQ(run({"export", a, b}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("The pedal has only 1 free for 2 files."));
+    EXPECT_EQ(sent(command::exportLoop), 0);
+}
+
+TEST_F(ExportTest, aLoopThatFailsIsNoSilentSuccess) {
+    plan("refuse@E2");
+    EXPECT_EQ(run({"export", a, b, "--json"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 1 was not written: the pedal refused to take it."));
+    EXPECT_EQ(onPedal(3), loopOf(3, 50).audio);
+    std::istringstream lines(out.str());
+    std::vector<std::string> events;
+    for (std::string line; std::getline(lines, line);) {
+        events.push_back(nlohmann::json::parse(line)["event"]);
+    }
+    EXPECT_THAT(events, ElementsAre("staged", "staged", "space", "failed", "written", "finished"));
+    plan("stall@out:3");
+    EXPECT_EQ(run({"export", a}), ExitCode::pedalRefused);
+    pedal.setBusy(true);
+    EXPECT_EQ(run({"export", a}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("The pedal is busy."));
+}
+
+TEST_F(ExportTest, aPedalThatStoresSomethingElseIsNoticed) {
+    auto stored = loopOf(700, 40);
+    stored.audio.back() ^= 1U;
+    pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop* loop) {
+        if (loop != nullptr) {
+            pedal.setLoop(address, stored);
+        }
+    });
+    EXPECT_EQ(run({"export", a, "--verify"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 1 reads back different from what was written."));
+    EXPECT_EQ(run({"export", a}), ExitCode::ok) << "the length is right, and more was not asked for";
+    stored.audio.resize(699 * 6);
+    EXPECT_EQ(run({"export", a}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("does not hold it in full length"));
+    pedal.setMemoryListener({});
+}
+
+TEST_F(ExportTest, unpluggedInTheMiddle) {
+    plan("unplug@out:7");  // five pieces of the first file, then two more
+    EXPECT_EQ(run({"export", a, writeWave("c.wav", loopOf(900, 1))}), ExitCode::noPedal);
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
+    EXPECT_THAT(out.str(), HasSubstr("Loop 1: written.\n1 of 2 loops written.\n"));
+    EXPECT_EQ(onPedal(1), loopOf(700, 40).audio);
+}
+
+TEST_F(ExportTest, cancelStopsThePedalInItsOwnWay) {
+    paced.writePace = 10ms;
+    start({"export", a});
+    executor.advance(25ms);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(executor.elapsed(), 30ms);
+    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_THAT(onPedal(1), IsEmpty());
+    EXPECT_THAT(err.str(), HasSubstr("Cancelled.\n"));
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(ExportTest, cancelOfAHungTransferResetsThePedal) {
+    plan("silence@out:2");
+    start({"export", a});
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(seconds(), 3);
+}
+
+TEST_F(ExportTest, aSilentPedalIsGivenUpEvenWhenTheResetDoesNotHelp) {
+    plan("silence@out:2");
+    plan("silence@EF");
+    EXPECT_EQ(run({"export", a, "--patience", "20"}), ExitCode::pedalRefused);
+    EXPECT_EQ(seconds(), 20 + 2 + 2);
+    EXPECT_THAT(err.str(), HasSubstr("stopped answering"));
+}
+
+TEST_F(ExportTest, cancelDuringAConversionOrAQuestion) {
+    convert = [this](const ctl::ConversionOrder& order) {
+        while (!*order.cancelled) {
+            executor.sleep(10ms);
+        }
+        return ctl::ConvertedFile{{}, 0, "The conversion was cancelled."};
+    };
+    start({"export", a});
+    executor.advance(100s);  // longer than the patience with the pedal
+    EXPECT_FALSE(code);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+
+    convert = [this](const ctl::ConversionOrder& order) {
+        std::filesystem::copy_file(a, order.output / "copy.wav");
+        return ctl::ConvertedFile{order.output / "copy.wav", 700, {}};
+    };
+    answer = [this] {
+        executor.sleep(1h);
+        return Answer::yes;
+    };
+    start({"export", a, "--slot", "2"});
+    executor.advance(100s);
+    EXPECT_FALSE(code);
+    EXPECT_EQ(workingCopies(), 1);
+    pedal.unplug();
+    EXPECT_EQ(finish(), ExitCode::noPedal);
+    EXPECT_LT(executor.elapsed(), 201s);
+    EXPECT_EQ(sent(command::exportLoop), 0);
+}
+
+TEST_F(ExportTest, progressLine) {
+    terminal = true;
+    paced.writePace = 100ms;
+    EXPECT_EQ(run({"export", a}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("Loop 1, writing: 48 %, 10.2 kB/s, 0:01 left"));
+    EXPECT_THAT(out.str(), testing::EndsWith("\r\x1b[KLoop 1: written.\n1 loop written.\n"));
+}
+
+TEST(ExportPlan, whatShrinksGoesFirst) {
+    const Loops loops = {{1, {.samples = 10}}, {2, {.samples = 90}}, {3, {.samples = 50}}};
+    Exports exports;
+    for (const auto& [slot, frames] :
+         std::map<std::uint8_t, std::uint64_t>{{1, 90}, {2, 10}, {3, 45}, {4, 5}}) {
+        exports[slot] = exportInfoForLoop(slot, loops.contains(slot), "x", frames * 6).value();
+    }
+    std::vector<int> order;
+    for (const auto& info : ctl::inOrderOfGrowth(exports, loops)) {
+        order.push_back(info.destination);
+    }
+    EXPECT_THAT(order, ElementsAre(2, 3, 1, 4));
+}
+
+}  // namespace
+}  // namespace kzq::test

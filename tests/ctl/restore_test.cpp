@@ -1,0 +1,179 @@
+#include "audio/wave.h"
+#include "tool_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using ctl::Answer;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class RestoreTest : public ToolTest {
+  protected:
+    RestoreTest() { pedal.plugIn(); }
+
+    ExitCode backup() { return run({"backup", folder}); }
+    ExitCode restore() { return run({"restore", folder, "--yes"}); }
+
+    /// By address; empty slots give no bytes.
+    std::vector<Bytes> audio() const {
+        std::vector<Bytes> all;
+        for (const auto& loop : pedal.memory()) {
+            all.push_back(loop ? loop->audio : Bytes());
+        }
+        return all;
+    }
+    void fillAllSlots() {
+        for (std::uint8_t address = 0; address < 20; ++address) {
+            pedal.setLoop(address, loopOf(1U + address * 171U, static_cast<std::uint8_t>(address + 1)));
+        }
+    }
+};
+
+TEST_F(RestoreTest, backupEraseAllAndRestoreGiveBackEveryBit) {
+    fillAllSlots();
+    const auto before = audio();
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::ok);
+    EXPECT_EQ(audio(), std::vector<Bytes>(20));
+    EXPECT_EQ(restore(), ExitCode::ok);
+    EXPECT_EQ(audio(), before);
+    EXPECT_THAT(out.str(), HasSubstr("20 loops written, 0 erased, 0 the same.\n"));
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+    EXPECT_EQ(backup(), ExitCode::ok) << "the audio is that of the backup";
+}
+
+TEST_F(RestoreTest, theSameWithTheCablePulledInBothDirections) {
+    fillAllSlots();
+    const auto before = audio();
+    plan("unplug@in:100");
+    EXPECT_EQ(backup(), ExitCode::noPedal);
+    plugInAgain();
+    EXPECT_EQ(backup(), ExitCode::ok);
+    for (std::uint8_t address = 0; address < 20; ++address) {
+        pedal.setLoop(address, std::nullopt);
+    }
+    plan("unplug@out:60");
+    EXPECT_EQ(restore(), ExitCode::noPedal);
+    EXPECT_THAT(out.str(), HasSubstr(" of 20 changes made. Run the same command again to continue.\n"));
+    EXPECT_THAT(audio(), Not(before));
+    const auto written = sent(command::exportLoop);
+    plugInAgain();
+    EXPECT_EQ(restore(), ExitCode::ok);
+    EXPECT_EQ(audio(), before);
+    EXPECT_EQ(sent(command::exportLoop), 20 + 1) << "only the loop that was cut off is sent twice";
+    EXPECT_LT(written, 20);
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(RestoreTest, onlyWhatDiffersIsChangedAfterAQuestion) {
+    const auto before = audio();
+    EXPECT_EQ(backup(), ExitCode::ok);
+    pedal.setLoop(2, loopOf(44'100, 1));  // the backup has nothing there
+    auto other = loopOf(1000, 10);
+    other.audio.back() ^= 1U;
+    pedal.setLoop(1, other);
+    pedal.setLoop(4, std::nullopt);
+    const auto changed = audio();
+    EXPECT_EQ(run({"restore", folder}), ExitCode::usage);
+    answer = [] { return Answer::no; };
+    EXPECT_EQ(run({"restore", folder}), ExitCode::cancelled);
+    EXPECT_EQ(out.str(),
+              "Loop 2: will be overwritten (0:00.0 instead of 0:00.0).\n"
+              "Loop 3: will be erased (0:01.0); the backup has nothing there.\n"
+              "Loop 5: will be written (0:00.0).\nLoop 20: the same.\n");
+    EXPECT_EQ(
+        questions.back(),
+        "The present audio of loops 2 and 3 on the 7306 will be erased. Erased audio cannot be restored. "
+        "Would you like to continue?");
+    EXPECT_EQ(audio(), changed);
+
+    answer = [] { return Answer::yes; };
+    EXPECT_EQ(run({"restore", folder}), ExitCode::ok);
+    EXPECT_EQ(audio(), before);
+    EXPECT_THAT(out.str(), HasSubstr("2 loops written, 1 erased, 1 the same.\n"));
+    EXPECT_EQ(sent(command::exportLoop), 2);
+    EXPECT_EQ(run({"restore", folder}), ExitCode::ok);
+    EXPECT_EQ(questions.size(), 3U) << "no question where nothing changes";
+}
+
+TEST_F(RestoreTest, nothingIsTouchedUnlessTheWholeBackupIsGood) {
+    EXPECT_EQ(restore(), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("There is no backup in"));
+    EXPECT_EQ(backup(), ExitCode::ok);
+    pedal.setLoop(1, std::nullopt);
+    const auto before = audio();
+    pedal.clearJournal();
+
+    const auto good = contents("Loop 20.wav");
+    auto bad = good;
+    bad.back() ^= 1U;
+    auto longer = good;
+    longer.push_back(0);
+    for (const auto& image : {bad, longer, Bytes(), wave(loopOf(1499, 30).audio, 2).value()}) {
+        write("Loop 20.wav", image);
+        EXPECT_EQ(restore(), ExitCode::fileError);
+        EXPECT_THAT(err.str(), HasSubstr("Loop 20.wav\" is missing or is not what was saved"));
+    }
+    std::filesystem::remove(folder / "Loop 20.wav");
+    EXPECT_EQ(restore(), ExitCode::fileError);
+    write("Loop 20.wav", good);
+    auto index = contents("backup.json");
+    index.resize(index.size() / 2);
+    write("backup.json", index);
+    EXPECT_EQ(restore(), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("backup.json\" is not the index of a backup."));
+    EXPECT_EQ(audio(), before);
+    EXPECT_EQ(sent(command::exportLoop) + sent(command::importLoop), 0);
+}
+
+TEST_F(RestoreTest, aLoopThatCannotBeComparedEndsItUnharmed) {
+    EXPECT_EQ(backup(), ExitCode::ok);
+    pedal.setLoop(1, std::nullopt);
+    plan("refuse@E1");
+    EXPECT_EQ(restore(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 5 could not be compared, so nothing was changed"));
+    EXPECT_EQ(sent(command::exportLoop), 0);
+}
+
+TEST_F(RestoreTest, aLoopThatReadsBackDifferentIsAFailure) {
+    EXPECT_EQ(backup(), ExitCode::ok);
+    pedal.setLoop(1, std::nullopt);
+    pedal.setLoop(4, std::nullopt);
+    pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop* loop) {
+        if (loop != nullptr && address == 1) {
+            auto changed = *loop;
+            changed.audio[3] ^= 1U;
+            pedal.setLoop(address, changed);
+        }
+    });
+    EXPECT_EQ(restore(), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 reads back different from what was written."));
+    EXPECT_THAT(out.str(), HasSubstr("1 of 2 changes made."));
+    pedal.setMemoryListener({});
+    plan("refuse@ED");
+    pedal.setLoop(10, loopOf(3, 3));
+    EXPECT_EQ(restore(), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 11 was not erased"));
+}
+
+TEST_F(RestoreTest, cancelWhileWriting) {
+    EXPECT_EQ(backup(), ExitCode::ok);
+    pedal.setLoop(1, std::nullopt);
+    pedal.setLoop(19, std::nullopt);
+    paced.writePace = 10ms;
+    start({"restore", folder, "--yes"});
+    executor.advance(75ms);  // in the second of two writes
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(audio()[1], loopOf(1000, 10).audio);
+    EXPECT_THAT(audio()[19], IsEmpty());
+    EXPECT_EQ(restore(), ExitCode::ok);
+    EXPECT_EQ(audio()[19], loopOf(1500, 30).audio);
+}
+
+}  // namespace
+}  // namespace kzq::test
