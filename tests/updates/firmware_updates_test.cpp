@@ -218,6 +218,16 @@ TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     }
 }
 
+TEST(FirmwareManifest, ANameIsNeverAPath) {
+    for (const auto* name : {".", "..", "/", "a/b", "../a", "/a", "a/", R"(a\u0000)"}) {
+        const auto text = std::string(R"([{"name":")") + name + R"(","hash":"h","size":1}])";
+        const auto entry =
+            newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+        EXPECT_EQ(entry.value().name, "") << name;
+        EXPECT_FALSE(isComplete(*entry));
+    }
+}
+
 TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
     for (std::size_t tenth = 0; tenth < 10; ++tenth) {
         for (const bool stated : {true, false}) {

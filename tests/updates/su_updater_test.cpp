@@ -50,6 +50,7 @@ struct Shelf : HttpClient {
                 request.progress(at + piece.size(), whole.size());
             }
         }
+        executor.sleep(1s);
         return result;
     }
     VirtualExecutor& executor;
@@ -315,6 +316,14 @@ TEST_F(SUUpdaterTest, StopsWhereTheUserSaysSo) {
 
     check();
     updater->install();
+    executor.advance(4500ms);
+    EXPECT_EQ(updater->status().received, package.size());
+    EXPECT_TRUE(updater->cancel());
+    executor.advance(1min);
+    EXPECT_EQ(readText(app), "old program") << "also when all of it was there";
+
+    check();
+    updater->install();
     executor.advance(2500ms);
     updater.reset();
     executor.advance(1min);
@@ -348,7 +357,7 @@ TEST_F(SUUpdaterTest, ObstaclesAndAFullDiskLeaveTheOldProgram) {
     expectUntouched("a full disk");
     EXPECT_EQ(namesIn(folder / "apps"), Strings{"loops.AppImage"});
 
-    writeText(part, "left behind by a crash, and longer than nothing");
+    writeText(part, std::string(package.size() + 1, 'x'));
     writeText(previous, "older still");
     EXPECT_EQ(checkAndInstall(), UpdateState::ready);
     EXPECT_EQ(readText(app), package);
