@@ -98,13 +98,14 @@ bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& 
     }
     BackupEntry entry{
         .file = {}, .samples = loop.samples, .tempo = loop.tempo, .channel = loop.channel, .sha256 = {}};
-    fileError_ = folder_.addLoop(slot, *image, entry);
-    if (!fileError_) {
+    auto problem = folder_.addLoop(slot, *image, entry);
+    if (!problem) {
         index.loops[slot] = entry;
-        fileError_ = folder_.writePartialIndex(index);
+        problem = folder_.writePartialIndex(index);
     }
-    if (fileError_) {
-        failed(tally_, slot, "file", *fileError_);
+    if (problem) {
+        failed(tally_, slot, "file", *problem);
+        tally_.stopped = true;
         return false;
     }
     ++tally_.done;
@@ -131,10 +132,9 @@ ExitCode BackupCommand::finish(PedalWorker& pedal, const Status& status, const B
         return conclude(pedal, tally_,
                         loopsText(tally_.wanted) + " backed up in " + folder_.path().string() + ".");
     }
-    const ExitCode code = conclude(pedal, tally_,
-                                   std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
-                                       " saved. Run the same command again to continue.");
-    return fileError_ && !pedal.ended() ? fileError_->code : code;
+    return conclude(pedal, tally_,
+                    std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
+                        " saved. Run the same command again to continue.");
 }
 
 ExitCode BackupCommand::compare(PedalWorker& pedal, const Loops& loops, const BackupIndex& index) {
@@ -153,15 +153,12 @@ ExitCode BackupCommand::compare(PedalWorker& pedal, const Loops& loops, const Ba
                     entry == index.loops.end() ? nullptr : &entry->second);
     }
     progress_->end();
-    if (pedal.ended() || tally_.failures.empty()) {
-        return conclude(pedal, tally_,
-                        std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
-                            " compared: the same as in the backup.");
-    }
-    conclude(pedal, tally_,
-             "The pedal and the backup in " + folder_.path().string() +
-                 " differ. Nothing was written; choose another folder for a new backup.");
-    return ExitCode::someFailed;
+    return conclude(pedal, tally_,
+                    pedal.ended() || tally_.failures.empty()
+                        ? std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
+                              " compared: the same as in the backup."
+                        : "The pedal and the backup in " + folder_.path().string() +
+                              " differ. Nothing was written; choose another folder for a new backup.");
 }
 
 void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loop* loop,

@@ -33,7 +33,6 @@ class BackupCommand : public PedalJob {
     BackupFolder folder_;
     std::shared_ptr<ProgressLine> progress_;
     Tally tally_;
-    std::optional<Explanation> fileError_;
 };
 
 }  // namespace kzq::ctl

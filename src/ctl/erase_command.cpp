@@ -12,7 +12,8 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
         return stop(pedal);
     }
     const auto slots = occupied(status->loops);
-    Tally tally{.wanted = slots.size(), .done = 0, .failures = {}};
+    Tally tally;
+    tally.wanted = slots.size();
     if (slots.empty()) {
         return conclude(pedal, tally, "There is nothing to erase.");
     }

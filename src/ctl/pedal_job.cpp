@@ -84,7 +84,7 @@ std::optional<ExitCode> PedalJob::declined(PedalWorker& pedal, const std::string
     return stop(nobodyToAsk());
 }
 
-std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, const Loops& loops) const {
+std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, const Loops& loops) {
     const auto now = pedal.status();
     if (!now) {
         return pedal.ended();

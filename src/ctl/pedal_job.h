@@ -39,7 +39,7 @@ class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
     /// been said that nothing was changed.
     std::optional<ExitCode> declined(PedalWorker& pedal, const std::string& question) const;
     /// Whether the pedal still holds what it held when the user was asked; if not, it is why not.
-    std::optional<Explanation> changedSince(PedalWorker& pedal, const Loops& loops) const;
+    static std::optional<Explanation> changedSince(PedalWorker& pedal, const Loops& loops);
     void failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation);
 
   private:

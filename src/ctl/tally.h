@@ -13,6 +13,7 @@ struct Tally {
     std::size_t wanted = 0;
     std::size_t done = 0;
     std::vector<Explanation> failures;  ///< of single loops, in order; all of them have been said
+    bool stopped = false;               ///< after the last failure no other loop was tried
 
     /// `end`: what ended the command before its last loop, if anything did.
     ExitCode exitCode(const std::optional<Explanation>& end) const {
@@ -21,6 +22,9 @@ struct Tally {
         }
         if (failures.empty()) {
             return ExitCode::ok;
+        }
+        if (stopped) {
+            return failures.back().code;
         }
         return done == 0 ? failures.front().code : ExitCode::someFailed;
     }

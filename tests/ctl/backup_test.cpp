@@ -135,11 +135,12 @@ TEST_F(BackupTest, cancelAndAFolderThatVanishes) {
     EXPECT_EQ(sent(command::abandon), 1);
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "backup.partial.json"));
 
-    start({"backup", folder});
+    start({"backup", folder, "--json"});
     executor.advance(5ms);
     std::filesystem::rename(folder, folder.string() + "-away");
     EXPECT_EQ(finish(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("Loop 5 was not saved: the file could not be written in"));
+    EXPECT_THAT(out.str(), HasSubstr(R"({"done":1,"event":"finished","exit":6,"wanted":3})"));
 }
 
 TEST(BackupIndex, onlyAWholeIndexIsRead) {

@@ -49,6 +49,48 @@ expect 0 list --simulate --json
 grep -q '"firmware": "1.05"' "$work/out" || fail "list --json: $(cat "$work/out")"
 expect 0 --version
 
+# --- the road back, with a simulated pedal that keeps what is written to it
+fresh
+pedal=$to
+fresh
+expect 0 --simulate import --all --to "$pedal"
+expect 0 "--simulate=$pedal" backup "$to/b"
+expect 2 "--simulate=$pedal" erase --all </dev/null
+expect 0 "--simulate=$pedal" erase --all --yes
+[ -z "$(ls -A "$pedal")" ] || fail "erase --all left $(ls -A "$pedal")"
+expect 3 "--simulate=$pedal" restore "$to/b" --yes --fault unplug@out:2000
+expect 0 "--simulate=$pedal" restore "$to/b" --yes
+for slot in 1 2 3 5 8 13; do
+    cmp "$pedal/Loop $slot.wav" "$to/b/Loop $slot.wav" || fail "loop $slot is not what it was"
+done
+expect 0 "--simulate=$pedal" backup "$to/b"
+expect 3 "--simulate=$pedal" backup "$to/c" --fault unplug@in:2000
+expect 0 "--simulate=$pedal" backup "$to/c"
+diff "$to/b/backup.json" "$to/c/backup.json" >/dev/null || fail "an interrupted backup is another one"
+no_rubbish "backup"
+printf 'no sound' >"$to/text.wav"
+TMPDIR=$work/temporary
+mkdir "$TMPDIR"
+export TMPDIR
+expect 0 "--simulate=$pedal" export "$pedal/Loop 1.wav" --slot 20 --verify
+cmp "$pedal/Loop 1.wav" "$pedal/Loop 20.wav" || fail "export changed the audio"
+expect 2 "--simulate=$pedal" export "$pedal/Loop 1.wav" --slot 20 </dev/null
+expect 6 "--simulate=$pedal" export "$pedal/Loop 1.wav" "$to/text.wav" --slot 18
+expect 3 "--simulate=$pedal" export "$pedal/Loop 1.wav" --fault unplug@out:9
+expect 0 convert "$pedal/Loop 1.wav" --to "$to/-out.wav"
+cmp "$pedal/Loop 1.wav" "$to/-out.wav" || fail "convert changed what was right already"
+expect 6 convert "$pedal/Loop 2.wav" --to "$to/-out.wav"
+if command -v script >/dev/null; then
+    printf 'n\n' | script -qec "'$ctl' '--simulate=$pedal' erase 20" /dev/null >"$work/out"
+    [ $? -eq 130 ] && [ -e "$pedal/Loop 20.wav" ] || fail "no is not no: $(cat "$work/out")"
+    printf 'y\n' | script -qec "'$ctl' '--simulate=$pedal' erase 20" /dev/null >"$work/out"
+    [ $? -eq 0 ] && [ ! -e "$pedal/Loop 20.wav" ] || fail "yes is not yes: $(cat "$work/out")"
+else
+    echo "skipped: questions on a terminal"
+fi
+[ -z "$(ls -A "$TMPDIR")" ] || fail "left in $TMPDIR: $(ls -A "$TMPDIR")"
+unset TMPDIR
+
 # --- exit codes
 expect 2
 expect 2 --simulate import 0 --to "$to"

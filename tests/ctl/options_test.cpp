@@ -36,10 +36,35 @@ TEST(Options, globalOnesStandAnywhere) {
     EXPECT_THAT(parsed.options->faults, ElementsAre("stall@in", "refuse@E1"));
 }
 
+TEST(Options, filesMayHaveAnyName) {
+    const auto parsed =
+        parseOptions({"export", "--slot", "19", "--verify", "--yes", "--", "-x.wav", "concat:a|b"});
+    ASSERT_TRUE(parsed.options) << parsed.text;
+    EXPECT_THAT(parsed.options->files, ElementsAre("-x.wav", "concat:a|b"));
+    EXPECT_EQ(parsed.options->slot, 19);
+    EXPECT_TRUE(parsed.options->verify && parsed.options->yes);
+    EXPECT_FALSE(parseOptions({"export", "a", "--first-free"}).options->slot);
+}
+
 TEST(Options, badOnesAreUsageErrors) {
     for (const auto& words :
          std::vector<std::vector<std::string>>{{},
                                                {"erase"},
+                                               {"erase", "1", "--all"},
+                                               {"erase", "21", "--yes"},
+                                               {"export"},
+                                               {"export", "a", "--slot", "0"},
+                                               {"export", "a", "--slot", "21"},
+                                               {"export", "a", "--slot", "x"},
+                                               {"export", "a", "--slot", "1", "--first-free"},
+                                               {"export", "a", "b", "--slot", "20"},
+                                               {"convert", "a"},
+                                               {"convert", "a", "b", "--to", "c"},
+                                               {"convert", "a", "--to", ""},
+                                               {"backup"},
+                                               {"backup", ""},
+                                               {"backup", "a", "b"},
+                                               {"restore", "--yes"},
                                                {"list", "3"},
                                                {"list", "--colour"},
                                                {"list", "--wait", "-1"},
