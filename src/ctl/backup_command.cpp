@@ -81,7 +81,7 @@ void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
 bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index) {
     const auto slot = static_cast<std::uint8_t>(loop.address + 1);
     const auto image = read(pedal, slot);
-    if (pedal.ended()) {
+    if (!image && pedal.ended()) {
         return false;
     }
     if (!image) {
@@ -184,7 +184,7 @@ void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loo
 void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Loop& loop,
                                  const BackupEntry& entry) {
     const auto image = read(pedal, slot);
-    if (pedal.ended()) {
+    if (!image && pedal.ended()) {
         return;
     }
     if (!image) {

@@ -4,9 +4,9 @@ namespace kzq::ctl {
 
 /// What the program tells its caller. Published: scripts rely on these numbers.
 ///
-/// An import that meets more than one of them answers with the first that holds of: cancelled, fileError,
-/// noPedal (unplugged), pedalRefused (stopped answering), and then, of loops that failed one by one, the
-/// first failure's own code when nothing was saved and someFailed when something was.
+/// A command that meets more than one of them answers with what ended it before its last loop: cancelled,
+/// noPedal (unplugged), pedalRefused (stopped answering), fileError. If nothing did, but loops failed one by
+/// one, it is the first failure's own code when nothing went well and someFailed when something did.
 enum class ExitCode : int {
     ok = 0,
     usage = 2,         ///< also: a question that nobody is there to answer

@@ -138,7 +138,7 @@ void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
             outcome = writer.readBack(info.destination,
                                       [&info](ByteView image) { return holdsSameAudio(info.source, image); });
         }
-        if (pedal.ended()) {
+        if (!outcome.sentence.empty() && pedal.ended()) {
             return;
         }
         if (outcome.sentence.empty()) {

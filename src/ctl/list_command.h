@@ -1,28 +1,16 @@
 #pragma once
 
-#include <memory>
-
-#include "ctl/command.h"
-#include "ctl/patience.h"
-#include "ctl/status_reading.h"
+#include "ctl/pedal_job.h"
 
 namespace kzq::ctl {
 
 /// Shows what the pedal holds.
-class ListCommand : public Command, public std::enable_shared_from_this<ListCommand> {
+class ListCommand : public PedalJob {
   public:
-    explicit ListCommand(Context context) : context_(std::move(context)) {}
+    using PedalJob::PedalJob;
 
-    void connected(const std::shared_ptr<KZQ7306>& looper) override;
-    void disconnected() override { unplugged_ = true; }
-    void cancel() override { context_.finish(ExitCode::cancelled); }
-
-  private:
-    void show(const StatusReading& reading);
-
-    Context context_;
-    std::shared_ptr<Patience> patience_;
-    bool unplugged_ = false;
+  protected:
+    ExitCode work(PedalWorker& pedal) override;
 };
 
 }  // namespace kzq::ctl

@@ -110,8 +110,8 @@ bool PedalWorker::attempt(std::function<void()> task) {
 std::optional<Status> PedalWorker::status() {
     const auto reading = std::make_shared<StatusReading>();
     patience_->touch();
-    const bool came = perform(false, [looper = looper_, reading](const Done& done) {
-        *reading = kzq::ctl::readStatus(*looper);
+    const bool came = perform(true, [looper = looper_, reading](const Done& done) {
+        *reading = readStatus(*looper);
         done();
     });
     patience_->suspend();
@@ -182,10 +182,10 @@ bool PedalWorker::eraseLoops(const std::vector<std::uint8_t>& slots) {
     while (!ended() && looper_->operation() != KZQ7306::idle) {
         executor_.sleep(std::chrono::milliseconds(1));
     }
-    return result != nullptr;
+    return result && !ended();
 }
 
-/// Null when the work has ended.
+/// Null when it never came to its end.
 std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
     const auto result = std::make_shared<Result>();
     patience_->touch();
@@ -196,8 +196,10 @@ std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
     if (!came) {
         return nullptr;
     }
-    settle(*result);
-    return ended() ? nullptr : result;
+    if (!ended()) {
+        settle(*result);
+    }
+    return result;
 }
 
 /// The link asks the pedal whether it is busy before it answers.

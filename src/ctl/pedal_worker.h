@@ -37,9 +37,9 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
 
     /// What the pedal holds. Without it the work has ended.
     std::optional<Status> status();
-    /// The WAV image of one loop; otherwise failure() tells why.
+    /// The WAV image of one loop; otherwise the work has ended, or failure() tells why.
     std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, Progress progress);
-    /// The working copy must stay where it is. False: failure() tells why.
+    /// The working copy must stay where it is. False: the work has ended, or failure() tells why.
     bool exportLoop(const ExportInfo& info, Progress progress);
     /// What became of it is only told by the next status. False: the work has ended.
     bool eraseLoops(const std::vector<std::uint8_t>& slots);
@@ -83,7 +83,7 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     std::optional<Explanation> end_;
     unsigned started_ = 0;    ///< operations
     unsigned finished_ = 0;   ///< the last operation that finished
-    bool leavable_ = false;   ///< the last operation that started has nothing to do with the pedal
+    bool leavable_ = false;   ///< nobody waits for the last operation once the work has ended
     bool abandoned_ = false;  ///< the operation hangs for ever
 };
 

@@ -197,7 +197,7 @@ void RestoreCommand::write(PedalWorker& pedal, const Loops& loops) {
                 return audioDigest(image) == digest;
             });
         }
-        if (pedal.ended()) {
+        if (!outcome.sentence.empty() && pedal.ended()) {
             return;
         }
         context().output.endProgress();

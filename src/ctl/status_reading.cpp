@@ -1,7 +1,5 @@
 #include "ctl/status_reading.h"
 
-#include <utility>
-
 #include "device/commands.h"
 
 namespace kzq::ctl {
@@ -20,13 +18,6 @@ StatusReading readStatus(KZQ7306& looper) {
         reading.status.reset();
     }
     return reading;
-}
-
-void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
-                std::function<void(const StatusReading&)> done) {
-    executor.background(Priority::high, [&executor, looper, done = std::move(done)] {
-        executor.main([done, reading = readStatus(*looper)] { done(reading); });
-    });
 }
 
 }  // namespace kzq::ctl

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <functional>
-#include <memory>
 #include <optional>
 
 #include "device/kzq7306.h"
@@ -17,9 +15,6 @@ struct StatusReading {
 /// Reads the full status. A reply of zeros, which is how a failed request reads, gives no status. Waits for
 /// the pedal.
 StatusReading readStatus(KZQ7306& looper);
-/// The same in the background; `done` runs on the main thread.
-void readStatus(Executor& executor, const std::shared_ptr<KZQ7306>& looper,
-                std::function<void(const StatusReading&)> done);
 
 /// Whether the pedal answers. A failed request reads as zeros, which no living pedal says to the stage query.
 /// Waits for the pedal; not for the main thread.

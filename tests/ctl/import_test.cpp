@@ -49,7 +49,7 @@ TEST_F(ToolTest, importAsJson) {
         events[1],
         nlohmann::json(
             {{"event", "saved"}, {"slot", 5}, {"file", (folder / "Loop 5.wav").string()}, {"bytes", 50}}));
-    EXPECT_EQ(events[2], nlohmann::json({{"event", "finished"}, {"wanted", 2}, {"saved", 1}, {"exit", 7}}));
+    EXPECT_EQ(events[2], nlohmann::json({{"event", "finished"}, {"wanted", 2}, {"done", 1}, {"exit", 7}}));
 }
 
 TEST_F(ToolTest, nothingOnThePedal) {
@@ -222,7 +222,7 @@ TEST_F(ToolTest, progressLineIsRewrittenInPlace) {
     pedal.plugIn();
     paced.pace = 100ms;
     EXPECT_EQ(import({"2", "20"}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("\r\x1b[KLoop 2 (1 of 2): 34 %, 8.5 kB/s, 0:02 left"));
+    EXPECT_THAT(out.str(), HasSubstr("\r\x1b[KLoop 2 (1 of 2): 27 %, 10.2 kB/s, 0:02 left"));
     EXPECT_THAT(out.str(), HasSubstr("(6.0 kB).\nLoop 20 (2 of 2): "));
     EXPECT_THAT(out.str(), testing::EndsWith("(9.0 kB).\n2 loops saved.\n"));
 }
