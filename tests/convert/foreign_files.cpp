@@ -11,21 +11,13 @@
 namespace kzq {
 namespace {
 
-void append(Bytes& bytes, std::string_view text) {
-    bytes.insert(bytes.end(), text.begin(), text.end());
-}
-
-void appendBig(Bytes& bytes, std::uint32_t value) {
-    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-        bytes.push_back(static_cast<std::uint8_t>(value >> shift & 0xFFU));
-    }
-}
-
 Bytes box(std::string_view name, const Bytes& body) {
-    Bytes bytes;
-    appendBig(bytes, static_cast<std::uint32_t>(body.size() + 8));
-    append(bytes, name);
-    bytes.insert(bytes.end(), body.begin(), body.end());
+    Bytes bytes(8 + body.size());
+    for (std::size_t i = 0; i < 4; ++i) {
+        bytes[i] = static_cast<std::uint8_t>(bytes.size() >> (24 - 8 * i) & 0xFFU);
+    }
+    std::ranges::copy(name.substr(0, 4), bytes.begin() + 4);
+    std::ranges::copy(body, bytes.begin() + 8);
     return bytes;
 }
 
@@ -38,8 +30,8 @@ Bytes joined(std::initializer_list<Bytes> parts) {
 }
 
 Bytes textBody(std::string_view text, std::size_t zeros) {
-    Bytes body(zeros);
-    append(body, text);
+    Bytes body(zeros + text.size());
+    std::ranges::copy(text, body.begin() + static_cast<std::ptrdiff_t>(zeros));
     return body;
 }
 

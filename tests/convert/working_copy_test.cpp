@@ -1,7 +1,6 @@
 #include <cstdlib>
 #include <future>
 #include <iterator>
-#include <regex>
 #include <set>
 
 #include "audio/convert.h"
@@ -46,10 +45,10 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     }
     ASSERT_EQ(8U, outputs.size());
     const std::string folder = RunFolder::ofThisRun().path().value();
-    const std::regex shape(folder +
-                           "/[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}\\.wav");
+    const auto shape = ::testing::MatchesRegex(
+        folder + "/[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}\\.wav");
     for (const auto& output : outputs) {
-        EXPECT_TRUE(std::regex_match(output, shape)) << output;
+        EXPECT_THAT(output, shape);
         EXPECT_EQ(readFile(good), readFile(output));
     }
     const auto broken = shop_.write("broken.wav", Bytes(100));
