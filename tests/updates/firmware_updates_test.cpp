@@ -140,7 +140,7 @@ TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     };
     const auto size = "size\":" + std::to_string(image.size());
     const auto hash = "hash\":\"" + md5(image) + "\"";
-    const auto name = std::string("name\":\"pedal-1.06.bin\"");
+    const auto name = std::string(R"(name":"pedal-1.06.bin")");
     auto upper = md5(image);
     std::ranges::transform(upper, upper.begin(), [](unsigned char c) { return std::toupper(c); });
     const Strings bad = {

@@ -62,10 +62,11 @@ TEST(UpdateFeed, RefusesWhatIsNoFeed) {
         }
         bomb += "\">";
     }
+    bomb += "]>";
     const std::string bombed =
         "<rss><channel><item><version>1</version><description>&l;</description></item></channel></rss>";
     for (const auto& text :
-         {bomb + "]>" + bombed, bombed, withType("<!DOCTYPE rss>"),
+         {bomb + bombed, bombed, withType("<!DOCTYPE rss>"),
           withType(R"(<!DOCTYPE rss SYSTEM "file:///etc/passwd">)"), good + "<rss/>", good + "x",
           std::string("<feed><channel/></feed>"), feed("<item><version>1</item>"),
           std::string(R"(<rss><channel><item a="1" a="2"/></channel></rss>)"),
