@@ -61,7 +61,8 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
     return finish(pedal, status, index);
 }
 
-/// What an earlier run has saved counts when its file is whole and the pedal still has such a loop.
+/// What an earlier run has saved counts when its file is whole and the pedal still has such a loop. Else the
+/// file stays, as it may be the only copy, but does not belong to this backup.
 void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
     for (auto entry = index.loops.begin(); entry != index.loops.end();) {
         const auto loop = loops.find(entry->first);
@@ -71,7 +72,6 @@ void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
                           loopName(entry->first) + ": saved already.");
             ++entry;
         } else {
-            folder_.removeLoop(entry->second);
             entry = index.loops.erase(entry);
         }
     }

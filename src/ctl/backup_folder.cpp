@@ -81,13 +81,6 @@ std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes&
     return std::nullopt;
 }
 
-void BackupFolder::removeLoop(const BackupEntry& entry) const {
-    if (loop(entry)) {
-        std::error_code error;
-        fs::remove(path_ / entry.file, error);
-    }
-}
-
 /// The new one is whole and synced before it takes the place of the old one.
 std::optional<Explanation> BackupFolder::writePartialIndex(const BackupIndex& index) const {
     const auto draft = writeNewFile(path_, ".backup.partial", ".json", bytesOf(indexText(index)));

@@ -10,7 +10,8 @@
 namespace kzq::ctl {
 
 /// A backup on the disk: WAV files, and an index that is there only once all of them are. Until then a second
-/// index tells what is there so far. Files of others are never replaced. Blocks; one thread at a time.
+/// index tells what is there so far. No audio that is
+/// there is ever replaced or removed. Blocks; one thread at a time.
 class BackupFolder {
   public:
     explicit BackupFolder(std::filesystem::path path) : path_(std::move(path)) {}
@@ -26,8 +27,6 @@ class BackupFolder {
     std::optional<Bytes> loop(const BackupEntry& entry) const;
     /// Writes a loop's file; an equal one that is there already is taken.
     std::optional<Explanation> addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const;
-    /// Removes a file that is still as this entry tells.
-    void removeLoop(const BackupEntry& entry) const;
 
     std::optional<Explanation> writePartialIndex(const BackupIndex& index) const;
     /// Writes the index; the partial one goes.

@@ -187,7 +187,7 @@ bool PedalWorker::eraseLoops(const std::vector<std::uint8_t>& slots) {
 
 /// Null when it never came to its end.
 std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
-    const auto result = std::make_shared<Result>();
+    auto result = std::make_shared<Result>();
     patience_->touch();
     const bool came = perform(false, [self = shared_from_this(), result, batch](const Done& done) {
         self->begin(result, batch, done);

@@ -66,7 +66,8 @@ TEST_F(BackupTest, whatChangedSinceTheInterruptionIsReadAgain) {
     write("Loop 5.wav", contents("Loop 2.wav"));  // not what was saved
     const auto strange = contents("Loop 5.wav");
     EXPECT_EQ(backup(), ExitCode::ok);
-    EXPECT_EQ(contents("Loop 2.wav"), wave(loopOf(1001, 10).audio, 2));
+    EXPECT_EQ(contents("Loop 2.wav"), wave(loopOf(1000, 10).audio, 2)) << "may be the only copy";
+    EXPECT_EQ(contents("Loop 2-2.wav"), wave(loopOf(1001, 10).audio, 2));
     EXPECT_EQ(contents("Loop 5.wav"), strange) << "a file of somebody else";
     EXPECT_EQ(contents("Loop 5-2.wav"), wave(loopOf(1, 20).audio, 2));
     EXPECT_EQ(run({"restore", folder, "--yes"}), ExitCode::ok);
@@ -123,7 +124,7 @@ TEST_F(BackupTest, loopsOfTwoMomentsAreNoBackup) {
     EXPECT_THAT(err.str(), HasSubstr("changed during the backup"));
     EXPECT_FALSE(files().contains("backup.json"));
     EXPECT_EQ(backup(), ExitCode::ok);
-    EXPECT_EQ(contents("Loop 2.wav"), wave(loopOf(10, 1).audio, 2));
+    EXPECT_EQ(contents("Loop 2-2.wav"), wave(loopOf(10, 1).audio, 2));
 }
 
 TEST_F(BackupTest, cancelAndAFolderThatVanishes) {
