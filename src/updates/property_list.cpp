@@ -2,6 +2,8 @@
 
 #include <QXmlStreamReader>
 
+#include "updates/xml_document.h"
+
 namespace kzq {
 namespace {
 
@@ -34,24 +36,17 @@ PropertyTexts readDictionary(QXmlStreamReader& xml) {
     return texts;
 }
 
-/// Moves to the root array. A document type is usual here, one that declares entities is not.
-bool readPreamble(QXmlStreamReader& xml) {
-    while (!xml.atEnd() && !xml.isStartElement()) {
-        xml.readNext();
-        if (xml.isDTD() && !xml.entityDeclarations().isEmpty()) {
-            return false;
-        }
-    }
-    return xml.isStartElement() && xml.name() == QLatin1String("plist") && xml.readNextStartElement() &&
+bool readRoot(QXmlStreamReader& xml) {
+    return xml.readNextStartElement() && xml.name() == QLatin1String("plist") && xml.readNextStartElement() &&
            xml.name() == QLatin1String("array");
 }
 
 }  // namespace
 
 std::optional<std::vector<PropertyTexts>> propertyListArray(std::span<const std::uint8_t> document) {
-    QXmlStreamReader xml(
-        QByteArray(reinterpret_cast<const char*>(document.data()), static_cast<qsizetype>(document.size())));
-    if (!readPreamble(xml)) {
+    const auto sound = soundXml(document, DocumentType::plain);
+    QXmlStreamReader xml(sound);
+    if (!readRoot(xml)) {
         return std::nullopt;
     }
     std::vector<PropertyTexts> elements;
@@ -63,9 +58,7 @@ std::optional<std::vector<PropertyTexts>> propertyListArray(std::span<const std:
             elements.emplace_back();
         }
     }
-    while (!xml.atEnd()) {
-        xml.readNext();
-    }
+    // Well-formed it is; an error comes from what is no property list.
     if (xml.hasError()) {
         return std::nullopt;
     }

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "updates/app_version.h"
+#include "updates/xml_document.h"
 
 namespace kzq {
 namespace {
@@ -69,14 +70,6 @@ FeedItem readItem(QXmlStreamReader& xml) {
     return item;
 }
 
-/// Moves to the root. Only comments and processing instructions may stand in front of it.
-bool readRoot(QXmlStreamReader& xml) {
-    while (!xml.atEnd() && !xml.isStartElement() && !xml.isDTD()) {
-        xml.readNext();
-    }
-    return xml.isStartElement() && xml.name() == QLatin1String("rss");
-}
-
 std::vector<FeedItem> readChannels(QXmlStreamReader& xml) {
     std::vector<FeedItem> items;
     while (xml.readNextStartElement()) {
@@ -105,19 +98,12 @@ std::optional<std::vector<FeedItem>> feedItems(std::span<const std::uint8_t> doc
     if (document.size() > largestFeed) {
         return std::nullopt;
     }
-    QXmlStreamReader xml(
-        QByteArray(reinterpret_cast<const char*>(document.data()), static_cast<qsizetype>(document.size())));
-    if (!readRoot(xml)) {
+    const auto sound = soundXml(document, DocumentType::refused);
+    QXmlStreamReader xml(sound);
+    if (!xml.readNextStartElement() || xml.name() != QLatin1String("rss")) {
         return std::nullopt;
     }
-    auto items = readChannels(xml);
-    while (!xml.atEnd()) {
-        xml.readNext();
-    }
-    if (xml.hasError()) {
-        return std::nullopt;
-    }
-    return items;
+    return readChannels(xml);
 }
 
 PackageKind packageKindOf(const FeedItem& item) {

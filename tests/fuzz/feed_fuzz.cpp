@@ -15,13 +15,19 @@ std::span<const std::uint8_t> view(const std::string& text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
+/// Whether `mark` stands in `text` as what it is, and not inside something that may quote it.
+bool declares(const std::string& text, const char* mark) {
+    const bool quotes = text.find("<!--") != std::string::npos ||
+                        text.find("<![CDATA[") != std::string::npos || text.find("<?") != std::string::npos;
+    return !quotes && text.find(mark) != std::string::npos;
+}
+
 void checkFeed(const std::string& text) {
     const auto items = kzq::feedItems(view(text));
     if (!items) {
         return;
     }
-    require(text.find("<!DOCTYPE") == std::string::npos || text.find("<!") != text.find("<!DOCTYPE"),
-            "a document type is refused");
+    require(!declares(text, "<!DOCTYPE"), "a document type is refused");
     std::size_t contents = 0;
     for (const auto& item : *items) {
         require(kzq::isAppVersion(item.version), "each item has a version");
@@ -46,6 +52,7 @@ void checkList(const std::string& text) {
     if (!elements) {
         return;
     }
+    require(!declares(text, "<!ENTITY"), "entities are refused");
     std::size_t contents = 0;
     for (const auto& element : *elements) {
         for (const auto& [key, value] : element) {

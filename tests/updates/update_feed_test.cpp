@@ -66,9 +66,11 @@ TEST(UpdateFeed, RefusesWhatIsNoFeed) {
     const std::string bombed =
         "<rss><channel><item><version>1</version><description>&l;</description></item></channel></rss>";
     for (const auto& text :
-         {bomb + bombed, bombed, withType("<!DOCTYPE rss>"),
-          withType(R"(<!DOCTYPE rss SYSTEM "file:///etc/passwd">)"), good + "<rss/>", good + "x",
-          std::string("<feed><channel/></feed>"), feed("<item><version>1</item>"),
+         {bomb + bombed, bombed, feed("<!DOCTYPE a>"),
+          feed(R"(<!DOCTYPE a [<!ENTITY b "c">]><item><version>1</version></item>)"),
+          withType("<!DOCTYPE rss>"), withType(R"(<!DOCTYPE rss SYSTEM "file:///etc/passwd">)"),
+          good + "<rss/>", good + "x", std::string("<feed><channel/></feed>"),
+          feed("<item><version>1</item>"),
           std::string(R"(<rss><channel><item a="1" a="2"/></channel></rss>)"),
           good + std::string(largestFeed, ' ')}) {
         EXPECT_FALSE(parsed(text)) << text.substr(0, 100);

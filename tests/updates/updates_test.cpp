@@ -87,6 +87,7 @@ TEST_F(UpdatesTest, TellsTheLastCompleteElement) {
          {std::string(), std::string("text"), list(""), good.substr(0, good.size() - 3), good + "x",
           "<plist>" + held("1.07", "a") + "</plist>", list("<dict><string>1</string></dict>"),
           list("<dict><key>version</key></dict>"),
+          list("<!DOCTYPE p [<!ENTITY a \"b\">]>" + held("1.07", "a")),
           "<!DOCTYPE p [<!ENTITY a \"b\">]>" + good.substr(good.find("<plist")),
           good + std::string(1 << 20, ' ')}) {
         hold(UpdateKind::firmware, broken);
