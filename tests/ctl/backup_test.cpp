@@ -9,7 +9,6 @@ namespace kzq::test {
 namespace {
 
 using namespace std::chrono_literals;
-using ctl::Answer;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;

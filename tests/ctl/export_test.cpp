@@ -13,7 +13,6 @@ using ctl::Answer;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 constexpr const char* overwriteQuestion =
     "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to "
@@ -148,7 +147,7 @@ TEST_F(ExportTest, aPedalThatStoresSomethingElseIsNoticed) {
     EXPECT_EQ(run({"export", a, "--verify"}), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("Loop 1 reads back different from what was written."));
     EXPECT_EQ(run({"export", a}), ExitCode::ok) << "the length is right, and more was not asked for";
-    stored.audio.resize(699 * 6);
+    stored.audio.resize(699UL * 6);
     EXPECT_EQ(run({"export", a}), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("does not hold it in full length"));
     pedal.setMemoryListener({});
