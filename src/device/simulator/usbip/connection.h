@@ -1,0 +1,28 @@
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <span>
+#include <utility>
+
+#include "platform/descriptor.h"
+
+namespace kzq::simulator::usbip {
+
+/// A stream socket. One thread reads, one writes; `hangUp` may come from any thread, and ends both.
+class Connection {
+  public:
+    explicit Connection(Descriptor socket) : socket_(std::move(socket)) {}
+
+    /// Fills `into`; false when the stream ended before.
+    bool read(std::span<std::uint8_t> into);
+    /// False when not all could be sent.
+    bool write(std::span<const std::uint8_t> from);
+    void hangUp();
+
+  private:
+    Descriptor socket_;
+    std::atomic<bool> hungUp_ = false;  ///< what has come before that is not read any more
+};
+
+}  // namespace kzq::simulator::usbip

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "device/simulator/usbip/pedal_bus.h"
+#include "platform/descriptor.h"
+
+namespace kzq::simulator::usbip {
+
+class Connection;
+
+/// Offers the pedal to computers: they list what there is, and import it, over TCP. Each connection has a
+/// thread of its own.
+class UsbipServer {
+  public:
+    /// `bus` outlives this.
+    explicit UsbipServer(PedalBus& bus) : bus_(bus) {}
+    UsbipServer(const UsbipServer&) = delete;
+    UsbipServer& operator=(const UsbipServer&) = delete;
+    UsbipServer(UsbipServer&&) = delete;
+    UsbipServer& operator=(UsbipServer&&) = delete;
+    /// Hangs up on everybody and waits for the threads.
+    ~UsbipServer();
+
+    /// Listens on "ADDRESS:PORT", such as 127.0.0.1:3240 or [::1]:0 (any free port). Returns where, or
+    /// nothing and a sentence in `error`. Once only.
+    std::string listen(const std::string& place, std::string& error);
+    /// Carries the transfers of a computer that has imported the pedal by other means and sits at the other
+    /// end of `socket`. Anything but ok: it cannot have the pedal now.
+    OperationStatus carry(Descriptor socket);
+
+  private:
+    struct Client {
+        std::shared_ptr<Connection> connection;
+        std::thread thread;
+        bool ended = false;
+    };
+
+    void accept();
+    void serve(const std::shared_ptr<Connection>& connection);
+    void list(Connection& connection);
+    void start(std::shared_ptr<Connection> connection, bool imported);
+    void carryOut(const std::shared_ptr<Connection>& connection);
+
+    PedalBus& bus_;
+    Descriptor listening_;
+    std::thread accepting_;
+    std::mutex mutex_;
+    std::list<Client> clients_;
+};
+
+}  // namespace kzq::simulator::usbip
