@@ -229,6 +229,13 @@ void complete(Options& options, const Words& words, bool simulate) {
     }
 }
 
+/// The help without the marker for an option whose folder was left out.
+std::string readable(std::string help) {
+    const std::string marker = std::string("{") + builtInLoops + "} ";
+    const auto place = help.find(marker);
+    return place == std::string::npos ? help : help.erase(place, marker.size());
+}
+
 }  // namespace
 
 ParsedOptions parseOptions(std::vector<std::string> arguments) {
@@ -246,11 +253,13 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
         app.parse(std::move(arguments));
         complete(options, words, app.count("--simulate") > 0);
     } catch (const CLI::CallForHelp&) {
-        return {{}, ExitCode::ok, app.help()};
+        return {{}, ExitCode::ok, readable(app.help())};
     } catch (const CLI::CallForVersion& version) {
         return {{}, ExitCode::ok, std::string(version.what()) + "\n"};
     } catch (const CLI::ParseError& error) {
-        return {{}, ExitCode::usage, error.what()};
+        std::string sentence = error.what();
+        sentence += sentence.ends_with('.') ? "" : ".";
+        return {{}, ExitCode::usage, sentence + " See \"kzq7306ctl --help\"."};
     }
     return {std::move(options), ExitCode::ok, {}};
 }

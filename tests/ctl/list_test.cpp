@@ -113,9 +113,16 @@ TEST_F(ToolTest, unpluggedInTheLoopTable) {
     EXPECT_THAT(out.str(), IsEmpty());
 }
 
+TEST_F(ToolTest, halfAFailedLoopTableIsReadAgain) {
+    pedal.plugIn();
+    plan("stall@EB");
+    EXPECT_EQ(run({"list", "--json"}), ExitCode::ok);
+    EXPECT_EQ(nlohmann::json::parse(out.str())["loops"].size(), 3);
+}
+
 TEST_F(ToolTest, aFailedVersionIsNoStatus) {
     pedal.plugIn();
-    plan("stall@EA");
+    plan("stall@EA+");
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("does not tell what it holds"));
 }
