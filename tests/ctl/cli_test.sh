@@ -45,6 +45,18 @@ expect 0 import --to "$to" 1-3 13 "--simulate=$first"
 for slot in 1 2 3 13; do
     cmp "$first/Loop $slot.wav" "$to/Loop $slot.wav" || fail "loop $slot differs after another round"
 done
+# says TEXT COMMAND...: what others make of our files
+says() {
+    text=$1
+    shift
+    "$@" 2>&1 | tr -s ' ' | grep -q -- "$text" || fail "$* does not say $text: $("$@" 2>&1)"
+}
+says 'Precision : 24-bit' sox --info "$to/Loop 3.wav"
+says '= 94500 samples' sox --info "$to/Loop 3.wav"
+says 'pcm_s24le,44100,2,94500' ffprobe -v error -of csv \
+    -show_entries stream=codec_name,sample_rate,channels,duration_ts "$to/Loop 3.wav"
+says 'Bit Width : 24' sndfile-info "$to/Loop 3.wav"
+says 'Frames : 94500' sndfile-info "$to/Loop 3.wav"
 expect 0 list --simulate --json
 grep -q '"firmware": "1.05"' "$work/out" || fail "list --json: $(cat "$work/out")"
 expect 0 --version
@@ -90,6 +102,16 @@ else
 fi
 [ -z "$(ls -A "$TMPDIR")" ] || fail "left in $TMPDIR: $(ls -A "$TMPDIR")"
 unset TMPDIR
+
+# --- closed standard streams must not get a recording's number
+for _ in 1 2 3 4 5; do
+    fresh
+    "$ctl" --simulate import --all --to "$to" <&- >&- 2>/dev/null
+    [ $? -eq 6 ] || fail "a closed standard output is no error"
+    for slot in 1 2 3 13; do
+        cmp "$first/Loop $slot.wav" "$to/Loop $slot.wav" || fail "loop $slot differs without standard streams"
+    done
+done
 
 # --- exit codes
 expect 2
