@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string>
 
 #include "device/commands.h"
 #include "device/usb_port.h"
@@ -17,14 +18,16 @@ namespace {
 constexpr unsigned recipientMask = 0x1F;
 constexpr unsigned typeMask = 0x60;
 
-void logReason(std::uint8_t requestType, std::uint16_t index) {
-    std::array<char, 160> line{};
+void logReason(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle) {
+    std::array<char, 128> refused{};
     std::snprintf(
-        line.data(), line.size(),
-        "the host refused request 0x%02X: it takes it for one to interface %u, which cannot be had; "
-        "import needs the usbtmc road",
+        refused.data(), refused.size(),
+        "the host refused request 0x%02X: it takes it for one to interface %u, which cannot be had; ",
         static_cast<unsigned>(requestType), index & 0xFFU);
-    log(LogCategory::usb, line.data());
+    log(LogCategory::usb,
+        refused.data() + std::string("and ") + std::string(obstacle) +
+            ". To import loops, install 70-kzq7306.rules in /etc/udev/rules.d and kzq7306-usbtmc "
+            "in /usr/lib/udev, run \"sudo udevadm control --reload\" and plug the pedal in again");
 }
 
 }  // namespace
@@ -34,8 +37,9 @@ bool HostRefusal::concerns(std::uint8_t requestType) {
            (requestType & typeMask) != LIBUSB_REQUEST_TYPE_VENDOR;
 }
 
-int HostRefusal::answer(std::uint8_t requestType, std::uint16_t index, std::span<std::uint8_t> reply) {
-    std::call_once(logged_, logReason, requestType, index);
+int HostRefusal::answer(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle,
+                        std::span<std::uint8_t> reply) {
+    std::call_once(logged_, logReason, requestType, index, obstacle);
     if (reply.size() <= answerOffset) {
         return usbIo;
     }

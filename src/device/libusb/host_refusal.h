@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <mutex>
 #include <span>
+#include <string_view>
 
 namespace kzq {
 
@@ -10,16 +11,17 @@ namespace kzq {
 /// bmRequestType, where the pedal's protocol keeps the command, and holds wIndex against it: the request for
 /// a loop's audio (0xE1) reads as one to an interface, and its wIndex, the channel byte, names none.
 ///
-/// This is the place for another road to the pedal, such as a kernel driver that forwards raw requests: it
-/// would be tried before `answer`. Any thread.
+/// There is another road (UsbtmcRoad), which is tried before `answer`. Any thread.
 class HostRefusal {
   public:
     /// Whether the host holds wIndex of such a request against the interfaces that exist.
     static bool concerns(std::uint8_t requestType);
 
     /// Says no in the pedal's place, so that nobody waits for the audio of a request that never went out, and
-    /// logs why, once. Returns what came: all of `reply`.
-    int answer(std::uint8_t requestType, std::uint16_t index, std::span<std::uint8_t> reply);
+    /// logs why, once, with what to install. `obstacle` is what was in the way of the other road. Returns
+    /// what came: all of `reply`.
+    int answer(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle,
+               std::span<std::uint8_t> reply);
 
   private:
     std::once_flag logged_;

@@ -58,23 +58,31 @@ UsbResult LibusbHandle::detachKernelDriver(int interface) {
 }
 
 UsbResult LibusbHandle::claimInterface(int interface) {
-    return logged("claiming the interface", libusb_claim_interface(handle_, interface));
+    const UsbResult result = logged("claiming the interface", libusb_claim_interface(handle_, interface));
+    if (result == usbSuccess) {
+        claimed_ = interface;
+    }
+    return result;
 }
 
 UsbResult LibusbHandle::releaseInterface(int interface) {
+    claimed_.reset();
     return static_cast<UsbResult>(libusb_release_interface(handle_, interface));
 }
 
 int LibusbHandle::control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                           std::uint16_t index, std::span<std::uint8_t> reply) {
-    const ControlOutcome outcome = controlTransfer(handle_, requestType, request, value, index, reply);
-    if (outcome.refusedByHost && HostRefusal::concerns(requestType)) {
-        return refusal_->answer(requestType, index, reply);
+    const ControlOutcome plain = controlTransfer(handle_, requestType, request, value, index, reply);
+    if (plain.refusedByHost && HostRefusal::concerns(requestType)) {
+        const auto outcome =
+            claimed_ ? road_.control(handle_, *claimed_, requestType, request, value, index, reply)
+                     : UsbtmcRoad::Outcome{.obstacle = "the interface is not claimed"};
+        return outcome.taken ? outcome.result : refusal_->answer(requestType, index, outcome.obstacle, reply);
     }
-    if (outcome.result < 0) {
-        logged("request " + hexadecimal(requestType), outcome.result);
+    if (plain.result < 0) {
+        logged("request " + hexadecimal(requestType), plain.result);
     }
-    return outcome.result;
+    return plain.result;
 }
 
 UsbResult LibusbHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,

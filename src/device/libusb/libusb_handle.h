@@ -1,7 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
+#include "device/libusb/usbtmc_road.h"
 #include "device/usb_port.h"
 
 struct libusb_device_handle;
@@ -33,6 +35,8 @@ class LibusbHandle : public UsbHandle {
 
   private:
     libusb_device_handle* handle_;
+    std::optional<int> claimed_;
+    UsbtmcRoad road_;
     std::shared_ptr<HostRefusal> refusal_;
 };
 
