@@ -7,7 +7,7 @@
 
 #include "device/commands.h"
 #include "device/libusb/libusb_port.h"
-#include "usbfs_node.h"
+#include "device/simulator/emulated/usbfs_node.h"
 
 namespace kzq {
 

@@ -6,8 +6,8 @@
 #include "audio/wave.h"
 #include "device/kzq7306.h"
 #include "device/libusb/libusb_port.h"
+#include "device/simulator/emulated/umock_pedal.h"
 #include "platform/standard_executor.h"
-#include "umock_pedal.h"
 
 namespace kzq {
 namespace {

@@ -8,9 +8,9 @@
 #include <stdexcept>
 
 #include "device/libusb/libusb_port.h"
+#include "device/simulator/emulated/umock_pedal.h"
 #include "hotplug_watch.h"
 #include "platform/log.h"
-#include "umock_pedal.h"
 #include "virtual_executor.h"
 
 namespace kzq {

@@ -1,4 +1,4 @@
-#include "usbfs_node.h"
+#include "device/simulator/emulated/usbfs_node.h"
 
 #include <fcntl.h>
 #include <linux/usbdevice_fs.h>

@@ -1,4 +1,4 @@
-#include "umock_pedal.h"
+#include "device/simulator/emulated/umock_pedal.h"
 
 #include <array>
 #include <cstdio>

@@ -5,8 +5,8 @@
 #include <mutex>
 #include <string>
 
+#include "device/simulator/emulated/usbfs_node.h"
 #include "device/simulator/simulated_pedal.h"
-#include "usbfs_node.h"
 
 namespace kzq {
 
