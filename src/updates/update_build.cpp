@@ -1,6 +1,8 @@
 #include "updates/update_build.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <string_view>
 #include <system_error>
 
@@ -23,28 +25,67 @@ std::vector<UpdateKey> keysFrom(std::string_view list) {
     return keys;
 }
 
+/// Whether `file` is somewhere in `folder`; nothing is in the root folder or in a relative one.
+bool isInside(const std::filesystem::path& file, const char* folder) {
+    if (folder == nullptr || *folder != '/') {
+        return false;
+    }
+    std::error_code error;
+    const auto whole = std::filesystem::weakly_canonical(folder, error);
+    if (error || !whole.has_relative_path()) {
+        return false;
+    }
+    const auto [end, at] = std::mismatch(whole.begin(), whole.end(), file.begin(), file.end());
+    return (end == whole.end() || end->empty()) && at != file.end();
+}
+
+bool isRecorded(const std::filesystem::path& list, const std::string& file) {
+    std::ifstream lines(list);
+    for (std::string line; std::getline(lines, line);) {
+        if (line == file) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool isFromPackage(const std::filesystem::path& executable, const std::filesystem::path& records) {
+    const auto text = executable.string();
+    if ((!text.starts_with("/usr/") || text.starts_with("/usr/local/")) && !text.starts_with("/opt/")) {
+        return false;
+    }
+    std::error_code error;
+    std::filesystem::directory_iterator list(records, error);
+    for (; !error && list != std::filesystem::directory_iterator(); list.increment(error)) {
+        if (list->path().extension() == ".list" && isRecorded(list->path(), text)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 UpdateBuild UpdateBuild::ofThisProgram() {
     return {std::string(build::version), keysFrom(build::updateKeys), build::distribution, websiteAddress()};
 }
 
-Installation Installation::of(const char* appImageVariable, const std::filesystem::path& executable) {
-    std::error_code error;
-    if (appImageVariable != nullptr && *appImageVariable != '\0') {
+Installation Installation::of(const char* appImageVariable, const char* appDirVariable,
+                              const std::filesystem::path& executable,
+                              const std::filesystem::path& dpkgRecords) {
+    if (appImageVariable != nullptr && *appImageVariable != '\0' && isInside(executable, appDirVariable)) {
+        std::error_code error;
         const auto file = std::filesystem::canonical(appImageVariable, error);
         return !error && isPlainFile(file) ? Installation{PackageKind::appImage, file} : Installation{};
     }
-    const auto text = executable.string();
-    const bool packaged =
-        (text.starts_with("/usr/") && !text.starts_with("/usr/local/")) || text.starts_with("/opt/");
-    return {packaged ? PackageKind::debian : PackageKind::other, {}};
+    return {isFromPackage(executable, dpkgRecords) ? PackageKind::debian : PackageKind::other, {}};
 }
 
 Installation Installation::ofThisProgram() {
     std::error_code error;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
-    return of(std::getenv("APPIMAGE"), executable);  // NOLINT(concurrency-mt-unsafe): nothing sets it
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing sets them
+    return of(std::getenv("APPIMAGE"), std::getenv("APPDIR"), executable, "/var/lib/dpkg/info");
 }
 
 bool canInstall(const UpdateBuild& build, const Installation& installation) {

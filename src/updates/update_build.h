@@ -25,10 +25,14 @@ struct Installation {
     PackageKind kind = PackageKind::other;
     std::filesystem::path appImage;  ///< for `appImage`: the file itself, not a link to it
 
-    /// Of this process: an AppImage names itself in $APPIMAGE; what runs from a system folder came as a
-    /// package.
+    /// Of this process.
     static Installation ofThisProgram();
-    static Installation of(const char* appImageVariable, const std::filesystem::path& executable);
+    /// An AppImage's runtime sets $APPIMAGE to the file and $APPDIR to where its content is. Both are
+    /// inherited by every program started from there, so they count only when `executable` is in that
+    /// content. Otherwise what runs from a system folder came as a package if dpkg's records, the
+    /// "*.list" files in `dpkgRecords`, have it.
+    static Installation of(const char* appImageVariable, const char* appDirVariable,
+                           const std::filesystem::path& executable, const std::filesystem::path& dpkgRecords);
 };
 
 /// Whether updates can be installed at all; otherwise the user is only told.
