@@ -7,11 +7,8 @@
 namespace kzq {
 
 bool KZQ7306::startBatch(bool complete, std::function<void(KZQ7306&)> batch) {
-    if (busy()) {
+    if (!claim(complete)) {
         return false;
-    }
-    if (!complete) {
-        return fail(Failure::badRequest);
     }
     setCancel(false);
     environment_.executor.background(Priority::high, [weak = weak_from_this(), batch = std::move(batch)] {
@@ -22,11 +19,20 @@ bool KZQ7306::startBatch(bool complete, std::function<void(KZQ7306&)> batch) {
     return true;
 }
 
+bool KZQ7306::claim(bool complete) {
+    if (busy()) {
+        return false;
+    }
+    if (!complete) {
+        return fail(Failure::badRequest);
+    }
+    return !starting_.exchange(true);
+}
+
 std::unique_lock<DeviceLock> KZQ7306::beginOperation(Operation operation) {
     setOperation(operation);
-    std::unique_lock lock(*lock_);
-    setOperation(operation);  // again: whoever went before has set it to 0
-    return lock;
+    starting_ = false;
+    return std::unique_lock(*lock_);
 }
 
 void KZQ7306::transferBatch(Operation operation, std::uint8_t endpoint,

@@ -32,11 +32,8 @@ std::optional<std::vector<std::uint8_t>> trailerOf(const std::vector<std::uint8_
 }  // namespace
 
 bool KZQ7306::flashFirmware(std::vector<std::uint8_t> image, FlashCompletion completion) {
-    if (busy()) {
+    if (!claim(completion && !image.empty())) {
         return false;
-    }
-    if (!completion || image.empty()) {
-        return fail(Failure::badRequest);
     }
     environment_.executor.background(
         Priority::high,

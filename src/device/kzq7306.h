@@ -194,6 +194,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::uint32_t sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
                             const TransferProgress& progress);
 
+    /// Whether an operation may start. From then until it begins, no other one may: each would find the pedal
+    /// idle.
+    bool claim(bool complete);
     bool startBatch(bool complete, std::function<void(KZQ7306&)> batch);
     std::unique_lock<DeviceLock> beginOperation(Operation operation);
     void transferBatch(Operation operation, std::uint8_t endpoint, const std::vector<std::uint8_t>& slots,
@@ -222,6 +225,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<std::uint8_t> autoincrement_ = 0;
     std::atomic<bool> cancel_ = false;
     std::atomic<std::int32_t> operation_ = idle;
+    std::atomic<bool> starting_ = false;  ///< an operation was accepted and has not begun
     std::atomic<Failure> lastFailure_ = Failure::none;
     std::atomic<Failure> acquisitionFailure_ = Failure::none;
 

@@ -105,15 +105,47 @@ TEST_F(Flashing, SendsANormalPedalIntoItsLoaderAndGoesOnWhenItReturns) {
     executor.settle();
     EXPECT_THAT(actions(), ElementsAre("E4 1 0"));
     EXPECT_EQ(looper().operation(), KZQ7306::flashing);
+    executor.advance(4s);  // the pedal is back since 1.6 s, and the loader prepares
+    EXPECT_THAT(delegate->events, ElementsAre("connected p@0", "disconnected@100", "connected b@1600"));
+    looper().refresh();
+    executor.advance(4s);
+    EXPECT_EQ(pedal.journal().back().time.time_since_epoch(), 1600ms);  // nothing else talks to it meanwhile
     executor.advance(1min);
     EXPECT_THAT(results, ElementsAre(true));
     EXPECT_EQ(pedal.installedFirmware(), image);
-    EXPECT_EQ(delegate->events.at(1).substr(0, 12), "disconnected");
-    EXPECT_EQ(delegate->events.at(2).substr(0, 11), "connected b");
-    const auto wire = actions();
-    EXPECT_THAT(wire, ElementsAre("E4 1 0", "unplugged", "plugged", "E4 1 0", "out 5", "E5 1 0", "out 36",
-                                  "unplugged", "plugged"));
+    EXPECT_THAT(timed(),
+                ElementsAre("0.000 E4 1 0", "0.100 unplugged", "1.600 plugged", "1.600 E4 1 0", "9.600 out 5",
+                            "10.600 E5 1 0", "10.600 out 36", "10.700 unplugged", "12.200 plugged"));
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
+}
+
+TEST_F(Flashing, ASecondAttemptStartsFromTheLoader) {
+    pedal.plan({FaultKind::stall, Where::bulkOut, {}, 1});
+    flash(Bytes{1});
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(false));
+    EXPECT_TRUE(looper().factoryBlank());
+    pedal.clearJournal();
+    ASSERT_TRUE(flash(Bytes{1, 2}));
+    executor.advance(9s);
+    EXPECT_THAT(results, ElementsAre(false, true));
+    EXPECT_THAT(timed(1min),
+                ElementsAre("0.000 E7 1 0", "0.000 E4 1 0", "8.000 out 2", "9.000 E5 1 0", "9.000 out 36"));
+}
+
+TEST_F(Flashing, ACablePulledDuringTheImageFailsItOnce) {
+    pedal.plan({FaultKind::unplug, Where::bulkOut, {}, 1});
+    flash(Bytes{1});
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(false));
+    pedal.plugIn();  // still in its loader; nothing is pending any more
+    executor.advance(1min);
+    pedal.unplug();
+    pedal.plugIn();
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(false));
+    EXPECT_EQ(looper().operation(), KZQ7306::idle);
+    EXPECT_FALSE(pedal.installedFirmware());
 }
 
 TEST_F(Flashing, StaysPendingWhileThePedalIsAwayAndGoesOnWheneverItComes) {
@@ -139,6 +171,11 @@ TEST_F(Flashing, APedalThatComesBackInItsNormalFirmwareLeavesTheUpdatePending) {
     executor.advance(1min);
     EXPECT_THAT(results, IsEmpty());
     EXPECT_TRUE(looper().flashPending());
+    pedal.unplug();
+    pedal.setStage('b');
+    pedal.plugIn();
+    executor.advance(1min);
+    EXPECT_THAT(results, ElementsAre(true));
 }
 
 TEST_F(Flashing, RefusesWhatIsIncompleteAndEndsOnARefusal) {
