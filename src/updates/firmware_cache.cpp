@@ -28,9 +28,9 @@ bool FirmwareCache::prepare() const {
     std::error_code error;
     std::filesystem::create_directories(folder_, error);
     if (error || !std::filesystem::is_directory(folder_, error)) {
-        logUpdates("no firmware folder " + folder_.string() + ": " + error.message());
         return false;
     }
+    removeOldDrafts(folder_);
     return true;
 }
 
@@ -52,7 +52,8 @@ std::optional<FirmwareImage> FirmwareCache::cached(const FirmwareEntry& entry) c
 }
 
 bool FirmwareCache::isPlaceFor(const FirmwareEntry& entry) const {
-    return !folder_.empty() && !entry.name.empty() && isPlaceForFile(pathOf(entry));
+    return !folder_.empty() && isComplete(entry) && ::access(folder_.c_str(), W_OK | X_OK) == 0 &&
+           isPlaceForFile(pathOf(entry));
 }
 
 bool FirmwareCache::store(const FirmwareEntry& entry, std::span<const std::uint8_t> image) const {

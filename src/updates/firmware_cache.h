@@ -26,7 +26,8 @@ class FirmwareCache {
 
     explicit FirmwareCache(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-    /// Makes the folder with those above it. Whether it is there.
+    /// Makes the folder with those above it, and clears it of what runs that were killed left behind. Whether
+    /// it is there.
     bool prepare() const;
     const std::filesystem::path& folder() const { return folder_; }
     std::filesystem::path pathOf(const FirmwareEntry& entry) const { return folder_ / entry.name; }
@@ -34,7 +35,8 @@ class FirmwareCache {
     /// The verified image. A file in its place that is not the entry's image is removed. Nothing when there
     /// is none, or when the entry is not complete.
     std::optional<FirmwareImage> cached(const FirmwareEntry& entry) const;
-    /// Whether `store` could put an image in place: nothing is there, or a file.
+    /// Whether `store` could put an image in place: the folder can be written and nothing is there, or a
+    /// file.
     bool isPlaceFor(const FirmwareEntry& entry) const;
     /// Puts a verified image into place, whole or not at all. Whether it is there.
     bool store(const FirmwareEntry& entry, std::span<const std::uint8_t> image) const;

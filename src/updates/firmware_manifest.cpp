@@ -14,7 +14,7 @@ std::string textOf(const json& entry, const char* key) {
 
 /// Whether `name` names a file in a folder and nothing else.
 bool isFileName(const std::string& name) {
-    return name != "." && name != ".." && name.find('/') == std::string::npos &&
+    return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos &&
            name.find('\0') == std::string::npos;
 }
 
@@ -49,7 +49,7 @@ std::vector<std::string> changesOf(const json& entry) {
 }  // namespace
 
 bool isComplete(const FirmwareEntry& entry) {
-    return !entry.name.empty() && !entry.hash.empty() && entry.size > 0;
+    return isFileName(entry.name) && !entry.hash.empty() && entry.size > 0 && entry.size <= largestFirmware;
 }
 
 std::optional<FirmwareEntry> newestFirmwareEntry(std::span<const std::uint8_t> manifest) {

@@ -23,7 +23,8 @@ struct FirmwareEntry {
     bool operator==(const FirmwareEntry&) const = default;
 };
 
-/// Whether the entry says enough to find and to verify an image.
+/// Whether the entry says enough to find and to verify an image, and nothing else: its members are in the
+/// ranges that FirmwareEntry states.
 bool isComplete(const FirmwareEntry& entry);
 
 /// The last entry, which is the newest, of a manifest in JSON. Nothing when the document is broken, not an

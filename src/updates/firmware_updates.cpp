@@ -18,10 +18,6 @@ std::recursive_mutex& refreshLock() {
     return *lock;
 }
 
-constexpr bool isUnknown(const FirmwareVersion& version) {
-    return version.major == 0 && version.minor == 0;
-}
-
 }  // namespace
 
 std::shared_ptr<FirmwareUpdates> FirmwareUpdates::updater(FirmwareEnvironment environment) {
@@ -35,8 +31,9 @@ FirmwareUpdates::FirmwareUpdates(FirmwareEnvironment environment)
     : environment_(std::move(environment)), cache_(FirmwareCache::folderIn(environment_.home)) {}
 
 void FirmwareUpdates::setup() {
-    if (!initialized_) {
-        initialized_ = !environment_.manifest.empty() && cache_.prepare();
+    if (!initialized_ && !environment_.manifest.empty()) {
+        initialized_ = cache_.prepare();
+        note(initialized_ ? "" : "no firmware folder " + cache_.folder().string());
     }
 }
 
@@ -56,14 +53,25 @@ std::optional<std::string> FirmwareUpdates::currentSoftware() const {
 
 std::optional<std::filesystem::path> FirmwareUpdates::update() const {
     const std::lock_guard guard(mutex_);
-    return update_;
+    return update_ ? std::optional(cache_.pathOf(*update_)) : std::nullopt;
+}
+
+std::optional<FirmwareImage> FirmwareUpdates::offeredImage() const {
+    std::unique_lock guard(mutex_);
+    const auto offered = update_;
+    guard.unlock();
+    return offered ? cached(*offered) : std::nullopt;
 }
 
 void FirmwareUpdates::clearUpdate() {
     setUpdate(std::nullopt);
 }
 
-void FirmwareUpdates::setUpdate(std::optional<std::filesystem::path> update) {
+FirmwareUpdates::Pedal FirmwareUpdates::pedal() const {
+    return {environment_.factoryBlank(), FirmwareVersionFromString(environment_.version().value_or(""))};
+}
+
+void FirmwareUpdates::setUpdate(std::optional<FirmwareEntry> update) {
     const std::lock_guard guard(mutex_);
     update_ = std::move(update);
 }
@@ -94,9 +102,8 @@ void FirmwareUpdates::refresh() {
 }
 
 void FirmwareUpdates::refreshLocked() {
-    const bool blank = environment_.factoryBlank();
-    const auto device = FirmwareVersionFromString(environment_.version().value_or(""));
-    if (!blank && isUnknown(device)) {
+    const auto device = pedal();
+    if (!device.known()) {
         return;
     }
     const auto entry = newestEntry();
@@ -104,11 +111,11 @@ void FirmwareUpdates::refreshLocked() {
         return;
     }
     const auto offered = FirmwareVersionFromString(entry->version);
-    if (entry->name.empty() || isUnknown(offered)) {
+    if (entry->name.empty() || offered == FirmwareVersion{}) {
         note("the manifest's last entry has no usable name or version");
         return;
     }
-    if (!blank && !(device < offered)) {
+    if (!device.takes(offered)) {
         setUpdate(std::nullopt);
         note("");
         return;
@@ -116,9 +123,23 @@ void FirmwareUpdates::refreshLocked() {
     if (!cached(*entry) && !download(*entry)) {
         return;
     }
-    setUpdate(cache_.pathOf(*entry));
     note("");
-    announce(offered, device, entry->changes);
+    offer(*entry, offered);
+}
+
+/// Asks the pedal again: while the image came it may have been flashed or exchanged. When it is gone, a later
+/// check knows more.
+void FirmwareUpdates::offer(const FirmwareEntry& entry, const FirmwareVersion& offered) {
+    const auto device = pedal();
+    if (!device.known()) {
+        return;
+    }
+    if (!device.takes(offered)) {
+        setUpdate(std::nullopt);
+        return;
+    }
+    setUpdate(entry);
+    announce(offered, device.version, entry.changes);
 }
 
 std::optional<FirmwareEntry> FirmwareUpdates::newestEntry() {
@@ -140,8 +161,8 @@ std::optional<FirmwareImage> FirmwareUpdates::download(const FirmwareEntry& entr
         return std::nullopt;
     }
     // Asked first: otherwise an obstacle would cost a whole download at every check.
-    if (!cache_.isPlaceFor(entry)) {
-        note("something that is not a file is in the place of " + cache_.pathOf(entry).string());
+    if (!cache_.prepare() || !cache_.isPlaceFor(entry)) {
+        note("no place for a firmware image at " + cache_.pathOf(entry).string());
         return std::nullopt;
     }
     auto image = fetch(addressBeside(environment_.manifest, entry.name), entry.size);

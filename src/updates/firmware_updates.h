@@ -60,8 +60,12 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
     bool initialized() const { return initialized_; }
     bool busy() const { return busy_; }
 
-    /// The verified file that is offered, or nothing. Any thread.
+    /// The file that is offered, or nothing. It was verified when it was offered, and anybody can have
+    /// changed it since: what goes to a pedal is `offeredImage`. Any thread.
     std::optional<std::filesystem::path> update() const;
+    /// The image that is offered, read and verified anew; nothing when there is no offer or the file is not
+    /// the entry's image any more. Reads up to largestFirmware bytes. Any thread.
+    std::optional<FirmwareImage> offeredImage() const;
     /// Takes the offer back, after it was installed. Any thread.
     void clearUpdate();
     /// The program's own version, or nothing when it is empty.
@@ -86,13 +90,18 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
     struct Pedal {
         bool blank = false;
         FirmwareVersion version;
+
+        bool known() const { return blank || version != FirmwareVersion{}; }
+        bool takes(const FirmwareVersion& offered) const { return blank || version < offered; }
     };
 
     void scheduleTimer();
+    Pedal pedal() const;
     void refreshLocked();
+    void offer(const FirmwareEntry& entry, const FirmwareVersion& offered);
     std::optional<FirmwareEntry> newestEntry();
     HttpResult fetch(const std::string& url, std::uint64_t limit);
-    void setUpdate(std::optional<std::filesystem::path> update);
+    void setUpdate(std::optional<FirmwareEntry> update);
     void announce(const FirmwareVersion& offered, const FirmwareVersion& device,
                   const std::vector<std::string>& changes);
     void onMain(std::function<void(const FirmwareEnvironment&)> show);
@@ -106,7 +115,7 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
     std::atomic<bool> waiting_ = false;  ///< a check is queued and has not begun
     std::atomic<bool> stopped_ = false;
     mutable std::mutex mutex_;  ///< guards what follows
-    std::optional<std::filesystem::path> update_;
+    std::optional<FirmwareEntry> update_;
     std::string lastFailure_;
 };
 

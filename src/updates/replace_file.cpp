@@ -7,6 +7,8 @@
 
 #include <array>
 #include <cerrno>
+#include <ctime>
+#include <string_view>
 #include <system_error>
 
 #include "platform/descriptor.h"
@@ -16,6 +18,9 @@ namespace kzq {
 namespace {
 
 constexpr mode_t newFileMode = 0666;
+constexpr std::string_view draftStart = ".kzq7306-";
+constexpr std::string_view draftEnd = ".part";
+constexpr time_t oldAge = 24L * 60 * 60;
 
 /// A hidden name that no other run and no thread of this one uses.
 std::string draftName() {
@@ -23,11 +28,20 @@ std::string draftName() {
     if (::getrandom(noise.data(), noise.size(), GRND_NONBLOCK) < 0) {
         noise.fill(0);
     }
-    std::string name = ".kzq7306-" + std::to_string(::getpid()) + "-" + std::to_string(::gettid());
+    std::string name =
+        std::string(draftStart) + std::to_string(::getpid()) + "-" + std::to_string(::gettid());
     for (const std::uint8_t byte : noise) {
         name += "-" + std::to_string(byte);
     }
-    return name + ".part";
+    return name.append(draftEnd);
+}
+
+bool isOldDraft(const std::filesystem::path& path) {
+    const auto name = path.filename().string();
+    struct stat status {};
+    return name.starts_with(draftStart) && name.ends_with(draftEnd) && ::lstat(path.c_str(), &status) == 0 &&
+           S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
+           status.st_mtime < ::time(nullptr) - oldAge;
 }
 
 /// The new content under its hidden name, 0 or an errno value.
@@ -63,6 +77,16 @@ int replaceFile(const std::filesystem::path& folder, const std::string& name,
     }
     syncFolder(folder);
     return 0;
+}
+
+void removeOldDrafts(const std::filesystem::path& folder) {
+    std::error_code error;
+    std::filesystem::directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (isOldDraft(entry->path())) {
+            ::unlink(entry->path().c_str());
+        }
+    }
 }
 
 int writeAll(int descriptor, std::span<const std::uint8_t> bytes) {

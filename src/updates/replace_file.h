@@ -15,6 +15,10 @@ namespace kzq {
 int replaceFile(const std::filesystem::path& folder, const std::string& name,
                 std::span<const std::uint8_t> bytes);
 
+/// Removes what `replaceFile` left in `folder` when its process was killed: its unfinished files that have
+/// not been touched for a day. Any thread.
+void removeOldDrafts(const std::filesystem::path& folder);
+
 /// Writes everything, over interruptions. 0 or an errno value.
 int writeAll(int descriptor, std::span<const std::uint8_t> bytes);
 

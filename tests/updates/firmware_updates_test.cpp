@@ -37,9 +37,10 @@ struct FirmwareUpdatesTest : testing::Test {
         start();
     }
 
-    void start() {
+    void start() { start(client); }
+    void start(HttpClient& http) {
         updates =
-            FirmwareUpdates::updater({executor, client, [this] { return blank; }, [this] { return version; },
+            FirmwareUpdates::updater({executor, http, [this] { return blank; }, [this] { return version; },
                                       "0.1.0", home.path(), server.url(manifestPath),
                                       [this](const std::string& text) {
                                           EXPECT_TRUE(executor.onMainThread());
@@ -228,6 +229,68 @@ TEST(FirmwareManifest, ANameIsNeverAPath) {
     }
 }
 
+TEST_F(FirmwareUpdatesTest, AnEntryMadeByHandIsCheckedToo) {
+    const FirmwareCache place(cache);
+    const std::vector<std::uint8_t> bytes(image.begin(), image.end());
+    FirmwareEntry made{"image", md5(image), image.size(), "1.06", {}};
+    EXPECT_TRUE(place.store(made, bytes));
+    made.size = largestFirmware + 1;
+    EXPECT_FALSE(isComplete(made));
+    made.size = image.size();
+    writeText(cache / "../outside", image);
+    for (const auto* name : {"../outside", "..", "/outside", "", "a/b"}) {
+        made.name = name;
+        EXPECT_FALSE(place.store(made, bytes) || place.cached(made) || updates->download(made)) << name;
+    }
+    EXPECT_TRUE(server.takeRequests().empty());
+    EXPECT_EQ(namesIn(cache), Strings{"image"});
+}
+
+TEST_F(FirmwareUpdatesTest, HandsOutOnlyWhatIsStillTheOfferedImage) {
+    EXPECT_EQ(updates->offeredImage(), std::nullopt);
+    check();
+    EXPECT_EQ(updates->offeredImage(), FirmwareImage(image.begin(), image.end()));
+    writeText(file, std::string(image.size(), 'w'));
+    EXPECT_EQ(updates->offeredImage(), std::nullopt) << "changed after it was verified";
+    check();
+    EXPECT_NE(updates->offeredImage(), std::nullopt);
+    updates->clearUpdate();
+    EXPECT_EQ(updates->offeredImage(), std::nullopt);
+}
+
+/// Another thing happens while the image is on its way.
+struct Meanwhile : HttpClient {
+    explicit Meanwhile(HttpClient& client) : real(client) {}
+    HttpResult fetch(const HttpRequest& request) override {
+        auto result = real.fetch(request);
+        if (request.url.ends_with(imagePath)) {
+            event();
+        }
+        return result;
+    }
+    HttpClient& real;
+    std::function<void()> event;
+};
+
+TEST_F(FirmwareUpdatesTest, OffersNothingToAPedalThatWasFlashedInTheMeantime) {
+    Meanwhile meanwhile(client);
+    start(meanwhile);
+    for (const auto& after : {std::optional<std::string>("1.06"), std::optional<std::string>()}) {
+        std::filesystem::remove(file);
+        version = "1.05";
+        meanwhile.event = [&] {
+            version = after;
+            updates->clearUpdate();
+        };
+        EXPECT_EQ(check(), (Strings{manifestPath, imagePath}));
+        EXPECT_EQ(offered(), "") << after.value_or("restarting");
+        EXPECT_EQ(headline, "");
+    }
+    version = "1.05";
+    check();
+    EXPECT_EQ(updates->update(), file);
+}
+
 TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
     for (std::size_t tenth = 0; tenth < 10; ++tenth) {
         for (const bool stated : {true, false}) {
@@ -317,8 +380,12 @@ TEST_F(FirmwareUpdatesTest, AFullDiskOrALostFolderLeavesNothingBehind) {
 
     std::filesystem::remove_all(home / "Library");
     check();
-    EXPECT_EQ(offered(), "");
+    EXPECT_EQ(updates->update(), file) << "the folder is made anew";
+    updates->clearUpdate();
+    std::filesystem::remove_all(home / "Library");
     writeText(home / "Library", "a file where the folder should be");
+    EXPECT_EQ(check(), Strings{manifestPath}) << "nothing is fetched that cannot be stored";
+    EXPECT_EQ(offered(), "");
     start();
     EXPECT_FALSE(updates->initialized());
     EXPECT_EQ(check(), Strings{}) << "without its folder it never asks";
@@ -327,10 +394,24 @@ TEST_F(FirmwareUpdatesTest, AFullDiskOrALostFolderLeavesNothingBehind) {
     EXPECT_TRUE(updates->initialized());
     if (::geteuid() != 0) {  // for root nothing is read-only
         std::filesystem::permissions(cache, std::filesystem::perms(0500));
-        check();
+        EXPECT_EQ(check(), Strings{manifestPath});
         EXPECT_EQ(offered(), "");
         std::filesystem::permissions(cache, std::filesystem::perms(0700));
     }
+}
+
+TEST_F(FirmwareUpdatesTest, ClearsTheCacheOfWhatAKilledRunLeft) {
+    const auto old = std::filesystem::file_time_type::clock::now() - 25h;
+    for (const auto* name : {".kzq7306-1-old.part", ".kzq7306-1-old", "old.part"}) {
+        writeText(cache / name, "x");
+        std::filesystem::last_write_time(cache / name, old);
+    }
+    writeText(cache / ".kzq7306-1-new.part", "x");
+    std::filesystem::create_directory(cache / ".kzq7306-1-folder.part");
+    std::filesystem::last_write_time(cache / ".kzq7306-1-folder.part", old);
+    start();
+    EXPECT_EQ(namesIn(cache),
+              (Strings{".kzq7306-1-folder.part", ".kzq7306-1-new.part", ".kzq7306-1-old", "old.part"}));
 }
 
 TEST_F(FirmwareUpdatesTest, ChecksEvery15SecondsForItsLife) {
