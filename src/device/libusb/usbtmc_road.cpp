@@ -7,7 +7,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -139,7 +138,7 @@ UsbtmcRoad::Outcome UsbtmcRoad::control(libusb_device_handle* handle, int interf
     }
     const Descriptor file = openNode(*node);
     if (!file) {
-        closed_ = node->string() + " cannot be opened: " + std::strerror(errno);
+        closed_ = node->string() + " cannot be opened: " + std::generic_category().message(errno);
         return {.obstacle = closed_};
     }
     const usbtmc_request setup{requestType, request, value, index, static_cast<std::uint16_t>(reply.size())};

@@ -4,10 +4,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <sstream>
+#include <system_error>
 
 #include "platform/descriptor.h"
 
@@ -48,7 +48,8 @@ std::string plugIntoKernel(const std::filesystem::path& host, int socket, const 
     const Descriptor file(::open((host / "attach").c_str(), O_WRONLY | O_CLOEXEC));
     const std::string words = order.str();
     if (!file || ::write(file.get(), words.data(), words.size()) != static_cast<ssize_t>(words.size())) {
-        return std::string("the virtual USB host does not take the pedal: ") + std::strerror(errno) + ".";
+        return std::string("the virtual USB host does not take the pedal: ") +
+               std::generic_category().message(errno) + ".";
     }
     return {};
 }

@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <system_error>
 #include <utility>
 
 #include "device/simulator/usbip/connection.h"
@@ -92,7 +93,7 @@ std::string UsbipServer::listen(const std::string& place, std::string& error) {
     }
     listening_ = Descriptor(::socket(addresses->ai_family, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (!listening_ || !startListening(listening_.get(), *addresses)) {
-        error = "cannot listen on " + place + ": " + std::strerror(errno) + ".";
+        error = "cannot listen on " + place + ": " + std::generic_category().message(errno) + ".";
         return {};
     }
     accepting_ = std::thread([this] { accept(); });
@@ -100,10 +101,10 @@ std::string UsbipServer::listen(const std::string& place, std::string& error) {
 }
 
 OperationStatus UsbipServer::carry(Descriptor socket) {
-    auto connection = std::make_shared<Connection>(std::move(socket));
+    const auto connection = std::make_shared<Connection>(std::move(socket));
     const OperationStatus status = bus_.occupy(connection);
     if (status == OperationStatus::ok) {
-        start(std::move(connection), true);
+        start(connection, true);
     }
     return status;
 }
@@ -123,7 +124,7 @@ void UsbipServer::accept() {
     }
 }
 
-void UsbipServer::start(std::shared_ptr<Connection> connection, bool imported) {
+void UsbipServer::start(const std::shared_ptr<Connection>& connection, bool imported) {
     const std::lock_guard lock(mutex_);
     std::erase_if(clients_, [](Client& client) {
         if (client.ended) {

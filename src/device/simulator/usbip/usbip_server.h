@@ -44,7 +44,7 @@ class UsbipServer {
     void accept();
     void serve(const std::shared_ptr<Connection>& connection);
     void list(Connection& connection);
-    void start(std::shared_ptr<Connection> connection, bool imported);
+    void start(const std::shared_ptr<Connection>& connection, bool imported);
     void carryOut(const std::shared_ptr<Connection>& connection);
 
     PedalBus& bus_;
