@@ -1,0 +1,178 @@
+#include "device/libusb/diagnosis.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+#include <system_error>
+
+namespace kzq {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto pluggedAnew =
+    "sudo udevadm control --reload && sudo udevadm trigger --action=add --subsystem-match=usb "
+    "--attr-match=idVendor=308a";
+constexpr auto installed =
+    "sudo install -m 644 70-kzq7306.rules /etc/udev/rules.d/ && sudo install -m 755 kzq7306-usbtmc "
+    "/usr/lib/udev/ && ";
+
+std::string firstWord(const fs::path& file) {
+    std::ifstream stream(file);
+    std::string word;
+    stream >> word;
+    return word;
+}
+
+std::vector<fs::path> entriesOf(const fs::path& folder) {
+    std::vector<fs::path> entries;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        entries.push_back(entry->path());
+    }
+    return entries;
+}
+
+std::optional<fs::path> findPedal(const SystemPlaces& places) {
+    for (const auto& device : entriesOf(places.usbDevices)) {
+        if (firstWord(device / "idVendor") == "308a" && firstWord(device / "idProduct") == "0104") {
+            return device;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Whether a rule for the pedal has `word` in it.
+bool hasRule(const SystemPlaces& places, const std::string& word) {
+    for (const auto& folder : places.ruleFolders) {
+        for (const auto& file : entriesOf(folder)) {
+            std::ifstream stream(file.extension() == ".rules" ? file : fs::path());
+            for (std::string line; std::getline(stream, line);) {
+                const auto contains = [&](const char* text) { return line.find(text) != std::string::npos; };
+                if (!line.starts_with('#') && contains("308a") && contains("0104") &&
+                    contains(word.c_str())) {
+                    return true;
+                }
+            }
+        }
+    }
+    return false;
+}
+
+fs::path nodeOf(const SystemPlaces& places, const fs::path& pedal) {
+    const auto threeDigits = [](const std::string& word) {
+        return std::string(word.size() < 3 ? 3 - word.size() : 0, '0') + word;
+    };
+    return places.nodes / threeDigits(firstWord(pedal / "busnum")) / threeDigits(firstWord(pedal / "devnum"));
+}
+
+/// The driver that has the pedal's interface; usbfs stands for a program. Empty when it is free.
+std::string driverOf(const fs::path& pedal) {
+    std::error_code error;
+    const auto interface = pedal / (pedal.filename().string() + ":1.0") / "driver";
+    return fs::read_symlink(interface, error).filename().string();
+}
+
+bool driverKnowsPedal(const SystemPlaces& places) {
+    std::ifstream stream(places.usbDrivers / "usbtmc" / "new_id");
+    for (std::string line; std::getline(stream, line);) {
+        if (line.starts_with("308a 0104")) {
+            return true;
+        }
+    }
+    return false;
+}
+
+Finding udev(const SystemPlaces& places) {
+    std::error_code ignored;
+    if (fs::exists(places.udevControl, ignored)) {
+        return {PedalTrouble::noUdev, false, "udev is running.", {}};
+    }
+    return {
+        PedalTrouble::noUdev,
+        true,
+        "No udev is running here, as in a container: a pedal that is plugged in later is not noticed. Plug "
+        "it in before the program starts, or run the program outside.",
+        {}};
+}
+
+Finding permission(const SystemPlaces& places, const fs::path& pedal) {
+    const auto node = nodeOf(places, pedal);
+    if (::access(node.c_str(), R_OK | W_OK) == 0) {
+        return {PedalTrouble::ruleMissing, false, "You may use the pedal.", {}};
+    }
+    if (hasRule(places, "usb_device")) {
+        return {
+            PedalTrouble::ruleNotInForce, true,
+            "You may not use the pedal: its udev rule is installed, but was not when the pedal was plugged "
+            "in, or you are not logged in at this computer.",
+            pluggedAnew};
+    }
+    return {PedalTrouble::ruleMissing, true, "You may not use the pedal: its udev rule is missing.",
+            std::string(installed) + pluggedAnew};
+}
+
+Finding holder(const SystemPlaces& places, const fs::path& pedal) {
+    const std::string driver = driverOf(pedal);
+    if (driver.empty()) {
+        return {PedalTrouble::heldByAnother, false, "Nobody else has the pedal.", {}};
+    }
+    if (driver == "usbfs") {
+        return {PedalTrouble::heldByAnother, true, "Another program has the pedal. The command shows which.",
+                "sudo fuser -v " + nodeOf(places, pedal).string()};
+    }
+    return {PedalTrouble::heldByDriver, true, "The kernel's driver " + driver + " has the pedal.",
+            "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
+                (places.usbDrivers / driver / "unbind").string()};
+}
+
+Finding road(const SystemPlaces& places) {
+    if (driverKnowsPedal(places)) {
+        return {PedalTrouble::roadNotInstalled, false, "Loops can be imported.", {}};
+    }
+    std::error_code ignored;
+    const bool hasHelper = std::ranges::any_of(places.helperFolders, [&](const fs::path& folder) {
+        return fs::exists(folder / "kzq7306-usbtmc", ignored);
+    });
+    if (hasHelper && hasRule(places, "kzq7306-usbtmc")) {
+        return {PedalTrouble::roadNotInForce, true,
+                "Loops cannot be imported: the rules for it are installed, but were not when the pedal was "
+                "plugged in, or the kernel has no driver usbtmc.",
+                pluggedAnew};
+    }
+    return {PedalTrouble::roadNotInstalled, true,
+            "Loops cannot be imported: the kernel lets the request for them out by way of its driver usbtmc "
+            "only, and the rules for that are missing.",
+            std::string(installed) + pluggedAnew};
+}
+
+}  // namespace
+
+std::vector<Finding> diagnose(const SystemPlaces& places) {
+    std::vector<Finding> findings;
+    const auto pedal = findPedal(places);
+    if (!pedal) {
+        findings.push_back(
+            {PedalTrouble::nothingOnBus, true,
+             "No pedal is on the USB bus. Look at the cable and the pedal's power; the command shows "
+             "it once it is there.",
+             "lsusb -d 308a:0104"});
+        findings.push_back(udev(places));
+        return findings;
+    }
+    findings.push_back({PedalTrouble::nothingOnBus, false, "A pedal is on the USB bus.", {}});
+    findings.push_back(permission(places, *pedal));
+    findings.push_back(holder(places, *pedal));
+    findings.push_back(udev(places));
+    findings.push_back(road(places));
+    return findings;
+}
+
+std::optional<Finding> firstTrouble(const std::vector<Finding>& findings) {
+    const auto found = std::ranges::find_if(findings, &Finding::present);
+    return found == findings.end() ? std::nullopt : std::optional(*found);
+}
+
+}  // namespace kzq

@@ -1,0 +1,101 @@
+#include "device/libusb/diagnosis.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+
+namespace kzq {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+/// A system in which everything is as it should be, to take things away from.
+class DiagnosisTest : public testing::Test {
+  protected:
+    DiagnosisTest() {
+        std::string name = (fs::temp_directory_path() / "diagnosis-XXXXXX").string();
+        root_ = ::mkdtemp(name.data());
+        places_ = {.usbDevices = root_ / "devices",
+                   .usbDrivers = root_ / "drivers",
+                   .nodes = root_ / "nodes",
+                   .udevControl = root_ / "control",
+                   .ruleFolders = {root_ / "none", root_ / "rules"},
+                   .helperFolders = {root_ / "none", root_ / "helpers"}};
+        write("devices/usb1/idVendor", "1d6b");
+        write("devices/3-1.2/idVendor", "308a");
+        write("devices/3-1.2/idProduct", "0104");
+        write("devices/3-1.2/busnum", "3");
+        write("devices/3-1.2/devnum", "14");
+        fs::create_directories(root_ / "devices/3-1.2/3-1.2:1.0");
+        write("nodes/003/014", "");
+        write("control", "");
+        fs::create_directories(root_ / "rules");
+        fs::copy_file(KZQ_RULES, root_ / "rules/70-kzq7306.rules");
+        write("helpers/kzq7306-usbtmc", "");
+        write("drivers/usbtmc/new_id", "1234 5678\n308a 0104\n");
+    }
+    ~DiagnosisTest() override { fs::remove_all(root_); }
+
+    void write(const std::string& file, const std::string& text) {
+        fs::create_directories((root_ / file).parent_path());
+        std::ofstream(root_ / file) << text << '\n';
+    }
+    void bind(const std::string& driver) {
+        const auto link = root_ / "devices/3-1.2/3-1.2:1.0/driver";
+        fs::remove(link);
+        fs::create_symlink("../../../drivers/" + driver, link);
+    }
+    /// What is told first; "" when all is well.
+    std::string told(PedalTrouble trouble) {
+        const auto first = firstTrouble(diagnose(places_));
+        if (!first) {
+            return {};
+        }
+        EXPECT_EQ(first->trouble, trouble) << first->sentence;
+        return first->mend;
+    }
+
+    fs::path root_;
+    SystemPlaces places_;
+};
+
+TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
+    EXPECT_FALSE(firstTrouble(diagnose(places_)));
+    EXPECT_EQ(diagnose(places_).size(), 5);
+
+    write("drivers/usbtmc/new_id", "308a 0105");
+    EXPECT_THAT(told(PedalTrouble::roadNotInForce), HasSubstr("udevadm trigger"));
+    fs::remove(root_ / "helpers/kzq7306-usbtmc");
+    EXPECT_THAT(told(PedalTrouble::roadNotInstalled), HasSubstr("install"));
+
+    fs::remove(root_ / "control");
+    EXPECT_EQ(told(PedalTrouble::noUdev), "");
+    bind("usbtmc");
+    EXPECT_THAT(told(PedalTrouble::heldByDriver), HasSubstr("echo 3-1.2:1.0"));
+    bind("usbfs");
+    EXPECT_THAT(told(PedalTrouble::heldByAnother), HasSubstr("nodes/003/014"));
+
+    fs::remove_all(root_ / "devices/3-1.2");
+    EXPECT_THAT(told(PedalTrouble::nothingOnBus), HasSubstr("lsusb"));
+}
+
+TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
+    fs::permissions(root_, fs::perms::all);
+    fs::permissions(root_ / "nodes/003/014", fs::perms::none);
+    if (::geteuid() == 0) {
+        // access() goes by the real user, and root may do anything: the node is away instead.
+        fs::remove(root_ / "nodes/003/014");
+    }
+    const std::string anew = told(PedalTrouble::ruleNotInForce);
+    EXPECT_THAT(anew, HasSubstr("udevadm trigger"));
+    write("rules/70-kzq7306.rules", "# 308a 0104 usb_device, but only in a comment");
+    EXPECT_THAT(told(PedalTrouble::ruleMissing),
+                testing::AllOf(HasSubstr("70-kzq7306.rules"), HasSubstr(anew)));
+}
+
+}  // namespace
+}  // namespace kzq
