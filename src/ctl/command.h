@@ -46,7 +46,10 @@ class Command {
     virtual void connected(const std::shared_ptr<KZQ7306>& looper) = 0;
     virtual void disconnected() = 0;
     virtual void changed(const Status& status) { static_cast<void>(status); }
-    /// The user wants to stop: ends the program soon. Called at most once.
+    /// Whether stopping now would do harm. Meanwhile `cancel` may come again and again, and the program goes
+    /// on. Any thread.
+    virtual bool mustFinish() const { return false; }
+    /// The user wants to stop: ends the program soon. Otherwise called at most once.
     virtual void cancel() = 0;
 };
 

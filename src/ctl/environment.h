@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -12,8 +13,15 @@
 #include "ctl/question.h"
 #include "device/usb_port.h"
 #include "platform/executor.h"
+#include "updates/http_client.h"
 
 namespace kzq::ctl {
+
+/// Keeps the computer awake as long as `hold` lives; null, with the problem, when that does not work.
+struct AwakeLock {
+    std::shared_ptr<void> hold;
+    std::string problem;
+};
 
 /// What the tool runs on; all of it outlives the tool.
 struct Environment {
@@ -28,6 +36,14 @@ struct Environment {
     Converter convert;
     std::function<std::optional<std::filesystem::path>()> workingFolder;  ///< for working copies; any thread
     std::function<void(ExitCode)> finished;                               ///< called once, on the main thread
+
+    // for firmware only
+
+    HttpClient* http = nullptr;
+    std::string manifest;                   ///< its https address
+    std::filesystem::path home;             ///< the user's home folder; empty for none
+    std::function<AwakeLock()> keepAwake;   ///< blocks; any thread
+    std::function<void(bool)> holdSignals;  ///< whether no signal may end the program; any thread
 };
 
 }  // namespace kzq::ctl

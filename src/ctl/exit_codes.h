@@ -16,6 +16,7 @@ enum class ExitCode : int {
                        ///< slot is empty
     fileError = 6,     ///< one that could not be read, converted or written
     someFailed = 7,    ///< some loops failed, or are not what they should be; the others went well
+    noDownload = 8,    ///< the maker's server could not be reached, or what it sent is not usable
     cancelled = 130    ///< also: a question answered with no
 };
 

@@ -2,7 +2,9 @@
 #include <gnu/libc-version.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <csignal>
 #include <cstdlib>
@@ -13,6 +15,7 @@
 
 #include "audio/conversion.h"
 #include "ctl/signals.h"
+#include "ctl/sleep_inhibitor.h"
 #include "ctl/tool.h"
 #include "ctl/udev_rule.h"
 #include "device/libusb/libusb_port.h"
@@ -21,6 +24,8 @@
 #include "device/simulator/synthesiser.h"
 #include "platform/run_folder.h"
 #include "platform/standard_executor.h"
+#include "updates/maker.h"
+#include "updates/qt_http_client.h"
 
 namespace {
 
@@ -105,6 +110,11 @@ std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& opt
     return simulation;
 }
 
+std::filesystem::path homeFolder() {
+    const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe): nothing here sets it
+    return home != nullptr ? home : "";
+}
+
 /// Workers may be parked in a transfer that never ends, so the process does not wait for them.
 [[noreturn]] void leave(ExitCode code) {
     RunFolder::ofThisRun().remove();
@@ -114,6 +124,11 @@ std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& opt
 }
 
 int run(const ctl::Options& options, ctl::Signals& signals) {
+    // Qt's part of the web and of D-Bus wants one.
+    int count = 1;
+    std::string name = "kzq7306ctl";
+    std::array<char*, 2> arguments{name.data(), nullptr};
+    const QCoreApplication application(count, arguments.data());
     StandardExecutor executor;
     RunFolder::ofThisRun().sweep();
     std::unique_ptr<Simulation> simulation;
@@ -127,6 +142,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     } else {
         bus = std::make_unique<LibusbPort>();
     }
+    QtHttpClient http;
     const ctl::Environment environment{
         .executor = executor,
         .usb = simulation ? static_cast<UsbPort&>(simulation->port) : *bus,
@@ -138,7 +154,12 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .ask = ctl::askOnTerminal,
         .convert = convert,
         .workingFolder = [] { return RunFolder::ofThisRun().path(); },
-        .finished = leave};
+        .finished = leave,
+        .http = &http,
+        .manifest = firmwareManifestAddress(),
+        .home = homeFolder(),
+        .keepAwake = ctl::keepAwake,
+        .holdSignals = [&signals](bool held) { signals.hold(held); }};
     ctl::Tool tool(options, environment);
     signals.listen(
         executor, [&tool] { tool.interrupt(); },

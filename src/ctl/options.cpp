@@ -19,6 +19,7 @@ constexpr const char* footer =
     "  5    the pedal refused, is busy or in use, stopped answering, has no room, or the slot is empty\n"
     "  6    a file or folder could not be read, converted or written\n"
     "  7    some loops failed, or are not what they should be; the others went well\n"
+    "  8    the maker's server could not be reached, or what it sent is not usable\n"
     "  130  cancelled, or a question was answered with no\n";
 
 constexpr const char* globalHint = "\"kzq7306ctl --help\" lists the options that every subcommand has.\n\n";
@@ -26,6 +27,7 @@ constexpr const char* globalHint = "\"kzq7306ctl --help\" lists the options that
 /// Stands for "--simulate" without a folder; no path that a user would give.
 constexpr const char* builtInLoops = "//";
 constexpr double defaultPatience = 30;
+constexpr double defaultLoaderPatience = 60;
 
 struct Words {
     std::string simulate;
@@ -36,7 +38,7 @@ struct Words {
     bool firstFree = false;
     std::string output;
     double wait = 0;
-    double patience = defaultPatience;
+    std::optional<double> patience;
 };
 
 /// A problem that CLI11 does not see for itself.
@@ -67,13 +69,13 @@ Executor::Duration durationOf(double seconds) {
 
 void addGlobalOptions(CLI::App& app, Options& options, Words& words) {
     app.add_flag("--json", options.json,
-                 "Machine-readable output: one document for list, one object a line else");
+                 "Machine-readable output: one document for list and firmware, one object a line else");
     app.add_flag("--verbose", options.verbose, "Show the log on standard error");
     app.add_option("--wait", words.wait, "Wait so long for a pedal to be plugged in")
         ->option_text("SECONDS")
         ->check(CLI::Validator(checkSeconds, ""));
     app.add_option("--patience", words.patience,
-                   "Give up when the pedal is silent for so long (30; 0: never)")
+                   "Give up when the pedal is silent for so long (30, firmware install 60; 0: never)")
         ->option_text("SECONDS")
         ->check(CLI::Validator(checkSeconds, ""));
     app.add_flag(std::string("--simulate{") + builtInLoops + "}", words.simulate,
@@ -166,6 +168,24 @@ void addWriting(CLI::App& app, Options& options, Words& words) {
         ->required();
 }
 
+void addFirmware(CLI::App& app, Options& options, Words& words) {
+    auto* const firmware = addSubcommand(app, options, "firmware", Subcommand::firmware,
+                                         "Show the firmware that the pedal runs and the newest there is");
+    auto* const install = addSubcommand(
+        *firmware, options, "install", Subcommand::firmwareInstall,
+        "Install the newest firmware, if it is newer than the pedal's, or a file. A pedal that runs only its "
+        "loader is repaired in this way. Once begun it cannot be cancelled: the exit status then tells how "
+        "it ended, also after Ctrl-C");
+    install->add_option("FILE", words.files, "An image from the pedal's maker; it cannot be verified")
+        ->option_text(" ")
+        ->expected(0, 1);
+    addYes(*install, options);
+    // The callback of a subcommand's own subcommand comes first.
+    firmware->callback([&options, install] {
+        options.subcommand = install->parsed() ? Subcommand::firmwareInstall : Subcommand::firmware;
+    });
+}
+
 void completeSlots(Options& options, const Words& words) {
     const bool erase = options.subcommand == Subcommand::erase;
     if (options.all == !words.slots.empty()) {
@@ -215,7 +235,9 @@ void complete(Options& options, const Words& words, bool simulate) {
         throw usageError("--fault works only with --simulate.");
     }
     options.wait = durationOf(words.wait);
-    options.patience = durationOf(words.patience);
+    const bool restarts = options.subcommand == Subcommand::firmwareInstall;
+    options.patience =
+        durationOf(words.patience.value_or(restarts ? defaultLoaderPatience : defaultPatience));
     if (options.subcommand == Subcommand::import || options.subcommand == Subcommand::erase) {
         completeSlots(options, words);
     }
@@ -247,6 +269,7 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
     addGlobalOptions(app, options, words);
     addReading(app, options, words);
     addWriting(app, options, words);
+    addFirmware(app, options, words);
     app.require_subcommand(1);
     try {
         std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back

@@ -11,7 +11,18 @@
 
 namespace kzq::ctl {
 
-enum class Subcommand { list, import, exportFiles, erase, convert, backup, restore, watch };
+enum class Subcommand {
+    list,
+    import,
+    exportFiles,
+    erase,
+    convert,
+    backup,
+    restore,
+    watch,
+    firmware,
+    firmwareInstall
+};
 
 /// What the user asked for.
 struct Options {
@@ -19,18 +30,19 @@ struct Options {
     bool json = false;
     bool verbose = false;
     bool simulate = false;
-    std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
-    std::vector<std::string> faults;           ///< for the simulated pedal, as given
-    Executor::Duration wait{};                 ///< for a pedal to arrive
-    Executor::Duration patience{};             ///< with a silent pedal; 0: for ever
-    bool yes = false;                          ///< questions are answered
-    bool all = false;                          ///< import, erase: every loop
-    std::vector<std::uint8_t> slots;           ///< import, erase: ascending
-    std::filesystem::path folder;              ///< import, backup, restore
-    std::vector<std::filesystem::path> files;  ///< export, convert: what is converted
-    std::optional<std::uint8_t> slot;          ///< export: of the first file; else the free slots are taken
-    bool verify = false;                       ///< export: read back and compare
-    std::filesystem::path output;              ///< convert: the new file
+    std::filesystem::path simulatedFolder;  ///< empty: the simulated pedal's own loops
+    std::vector<std::string> faults;        ///< for the simulated pedal, as given
+    Executor::Duration wait{};              ///< for a pedal to arrive
+    Executor::Duration patience{};          ///< with a silent pedal; 0: for ever
+    bool yes = false;                       ///< questions are answered
+    bool all = false;                       ///< import, erase: every loop
+    std::vector<std::uint8_t> slots;        ///< import, erase: ascending
+    std::filesystem::path folder;           ///< import, backup, restore
+    std::vector<std::filesystem::path>
+        files;                         ///< export, convert: what is converted; firmwareInstall: at most one
+    std::optional<std::uint8_t> slot;  ///< export: of the first file; else the free slots are taken
+    bool verify = false;               ///< export: read back and compare
+    std::filesystem::path output;      ///< convert: the new file
 };
 
 /// Either `options`, or what to print and the code to end with: `text` is the help or the version when `code`

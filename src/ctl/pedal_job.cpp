@@ -19,10 +19,11 @@ void PedalJob::connected(const std::shared_ptr<KZQ7306>& looper) {
     if (pedal_) {
         return;  // it was unplugged and is back; the command ends all the same
     }
-    if (looper->factoryBlank()) {
+    if (looper->factoryBlank() && !takesLoader()) {
         context_.fail(pedalInLoader());
         return;
     }
+    looper_ = looper;
     pedal_ = std::make_shared<PedalWorker>(context_.executor, looper, context_.options.patience);
     pedal_->start();
     context_.executor.background(Priority::standard, [self = shared_from_this()] {

@@ -16,11 +16,13 @@ class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
   public:
     explicit PedalJob(Context context);
 
-    void connected(const std::shared_ptr<KZQ7306>& looper) final;
-    void disconnected() final;
-    void cancel() final;
+    void connected(const std::shared_ptr<KZQ7306>& looper) override;
+    void disconnected() override;
+    void cancel() override;
 
   protected:
+    /// Whether a pedal that runs only its loader will do.
+    virtual bool takesLoader() const { return false; }
     /// The command from its first to its last step, on its own thread.
     virtual ExitCode work(PedalWorker& pedal) = 0;
 
@@ -28,6 +30,7 @@ class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
 
     const Options& options() const { return context_.options; }
     const Context& context() const { return context_; }
+    const std::shared_ptr<KZQ7306>& looper() const { return looper_; }
     JobReport& report() { return report_; }
     /// Says it, for `return stop(...)`.
     ExitCode stop(const Explanation& explanation) const;
@@ -45,6 +48,7 @@ class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
   private:
     Context context_;
     JobReport report_;
+    std::shared_ptr<KZQ7306> looper_;  ///< since the pedal was found
     std::shared_ptr<PedalWorker> pedal_;
 };
 

@@ -103,8 +103,8 @@ Explanation pedalBusy() {
 
 Explanation pedalInLoader() {
     return {ExitCode::pedalRefused,
-            "The pedal runs only its loader and waits for firmware. Install firmware with the 7306 Loop "
-            "Manager."};
+            "The pedal runs only its loader and waits for firmware. Run \"kzq7306ctl firmware "
+            "install\"."};
 }
 
 Explanation statusUnreadable() {

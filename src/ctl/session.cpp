@@ -35,6 +35,7 @@ void Session::looperIsConnected(KZQ7306& looper) {
         return;
     }
     connected_ = true;
+    found_ = true;
     command_->connected(looper.shared_from_this());
 }
 

@@ -31,7 +31,8 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     bool doubtful();
     bool explainFailure();
     void guardArrival();
-    bool waiting() const { return !over_ && !connected_; }
+    /// A command that has found its pedal deals with departures itself.
+    bool waiting() const { return !over_ && !(watching_ ? connected_ : found_); }
 
     const Environment& environment_;
     Context context_;
@@ -41,6 +42,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     Failure seen_ = Failure::none;  ///< the failure that was there at the last look
     bool gaveTime_ = false;
     std::atomic<bool> connected_ = false;
+    std::atomic<bool> found_ = false;  ///< it was connected once
     std::atomic<bool> over_ = false;
     std::atomic<bool> gaveUp_ = false;  ///< the pedal did not answer while it was acquired
     std::atomic<unsigned> mainThreadPulse_ = 0;

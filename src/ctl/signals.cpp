@@ -39,12 +39,16 @@ Signals::Signals() {
 
 void Signals::listen(Executor& executor, std::function<void()> first, std::function<void()> atOnce,
                      Executor::Duration limit) {
-    executor.service("signals", [&executor, wanted = wanted_, first = std::move(first),
+    executor.service("signals", [&executor, wanted = wanted_, held = held_, first = std::move(first),
                                  atOnce = std::move(atOnce), limit] {
         waitFor(wanted);
         executor.main(first);
-        waitFor(wanted, limit);
-        atOnce();
+        if (!*held) {
+            waitFor(wanted, limit);
+        }
+        if (!*held) {
+            atOnce();
+        }
     });
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <atomic>
 #include <csignal>
 #include <functional>
+#include <memory>
 
 #include "platform/executor.h"
 
@@ -14,6 +16,9 @@ class Signals {
     /// parent had ignored (nohup) stays ignored.
     Signals();
 
+    /// While held, every signal queues `first`, and `atOnce` never runs. Any thread.
+    void hold(bool held) { *held_ = held; }
+
     /// Queues `first` on the main thread at the first signal. `atOnce` runs on the signals' own thread, at
     /// the second one, or when the program is still there `limit` after the first: then the main thread is
     /// stuck.
@@ -22,6 +27,7 @@ class Signals {
 
   private:
     sigset_t wanted_{};
+    std::shared_ptr<std::atomic<bool>> held_ = std::make_shared<std::atomic<bool>>(false);
 };
 
 }  // namespace kzq::ctl

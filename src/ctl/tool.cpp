@@ -6,6 +6,8 @@
 #include "ctl/convert_command.h"
 #include "ctl/erase_command.h"
 #include "ctl/export_command.h"
+#include "ctl/firmware_command.h"
+#include "ctl/firmware_install_command.h"
 #include "ctl/import_command.h"
 #include "ctl/list_command.h"
 #include "ctl/restore_command.h"
@@ -31,6 +33,10 @@ std::shared_ptr<Command> makeCommand(Context context) {
             return std::make_shared<BackupCommand>(std::move(context));
         case Subcommand::restore:
             return std::make_shared<RestoreCommand>(std::move(context));
+        case Subcommand::firmware:
+            return std::make_shared<FirmwareCommand>(std::move(context));
+        case Subcommand::firmwareInstall:
+            return std::make_shared<FirmwareInstallCommand>(std::move(context));
         case Subcommand::watch:
             return std::make_shared<WatchCommand>(std::move(context));
     }
@@ -65,7 +71,9 @@ void Tool::start() {
 }
 
 void Tool::interrupt() {
-    if (std::exchange(interrupted_, true)) {
+    if (!finished_ && command_->mustFinish()) {
+        command_->cancel();
+    } else if (std::exchange(interrupted_, true)) {
         finish(ExitCode::cancelled);
     } else if (!finished_) {
         command_->cancel();

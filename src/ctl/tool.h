@@ -16,6 +16,7 @@ class Tool {
 
     void start();
     /// The user (or the system) wants an end: the first time in good order, the second time at once.
+    /// While firmware is on its way to the pedal neither ends it.
     void interrupt();
 
   private:

@@ -86,18 +86,20 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     code.reset();
     out.str({});
     err.str({});
-    environment_.emplace(ctl::Environment{executor, paced, out, err, terminal,
-                                          [this] { return systemMinorVersion; },
-                                          [this] { return ruleInstalled; },
-                                          [this](const std::string& question) {
-                                              questions.push_back(question);
-                                              return answer();
-                                          },
-                                          convert, [this] { return working.path(); },
-                                          [this](ExitCode result) {
-                                              EXPECT_FALSE(code);
-                                              code = result;
-                                          }});
+    environment_.emplace(
+        ctl::Environment{executor, paced, out, err, terminal, [this] { return systemMinorVersion; },
+                         [this] { return ruleInstalled; },
+                         [this](const std::string& question) {
+                             questions.push_back(question);
+                             return answer();
+                         },
+                         convert, [this] { return working.path(); },
+                         [this](ExitCode result) {
+                             EXPECT_FALSE(code);
+                             code = result;
+                         },
+                         &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
+                         [this](bool held) { signalsHeld = held; }});
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });
 }

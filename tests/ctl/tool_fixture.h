@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -21,6 +22,18 @@
 namespace kzq::test {
 
 using ctl::ExitCode;
+
+/// The maker's server: bodies by the last part of their address; all else fails.
+struct FakeWeb : HttpClient {
+    HttpResult fetch(const HttpRequest& request) override {
+        const auto body = bodies.find(request.url.substr(request.url.rfind('/') + 1));
+        if (body == bodies.end()) {
+            return {HttpFailure::network, "no connection", {}};
+        }
+        return {HttpFailure::none, {}, {body->second.begin(), body->second.end()}};
+    }
+    std::map<std::string, std::string> bodies;
+};
 
 /// The tool in this process, with a simulated pedal, on virtual time. Slots 2, 5 and 20 hold loops.
 class ToolTest : public testing::Test {
@@ -75,6 +88,9 @@ class ToolTest : public testing::Test {
     std::vector<std::string> questions;
     ctl::Converter convert;  ///< unless a test has its own: copies, and refuses what is no WAV file
     RunFolder working;
+    FakeWeb web;
+    std::function<ctl::AwakeLock()> keepAwake = [] { return ctl::AwakeLock{std::make_shared<int>(), {}}; };
+    bool signalsHeld = false;
     std::optional<ExitCode> code;
     std::unique_ptr<ctl::Tool> tool;
 

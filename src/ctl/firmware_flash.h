@@ -1,0 +1,68 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "ctl/output.h"
+#include "device/kzq7306.h"
+
+namespace kzq::ctl {
+
+/// One installation of firmware as far as the link tells of it: when the pedal leaves, what it returns as,
+/// and whether the image and its trailer went out.
+class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
+  public:
+    struct News {
+        std::optional<bool> accepted;     ///< whether the link takes the image at all
+        bool away = false;                ///< the pedal has left the bus and is not back
+        std::optional<char> returned;     ///< stage at its last return; forgotten at completion
+        std::optional<bool> completed;    ///< whether image and trailer went out
+        Failure failure = Failure::none;  ///< why not
+        std::optional<std::string> version;
+        bool stopWanted = false;  ///< the user wants an end as soon as there can be one
+    };
+    using Ready = std::function<bool(const News&)>;
+
+    FirmwareFlash(Executor& executor, Output& output) : executor_(executor), output_(output) {}
+
+    // --- main thread
+
+    /// The pedal's way to its loader and back, once the work is under way: false before.
+    bool disconnected();
+    bool connected(const KZQ7306& looper);
+    /// False when nothing is under way that would have to come to its end first.
+    bool wantStop();
+
+    // --- the command's thread
+
+    /// False when `ended` says that there is no pedal to work with any more. From here on until `rest` the
+    /// program must not end.
+    bool begin(const std::function<bool()>& ended);
+    void rest();
+    /// Hands the image to the link, which asks the pedal first.
+    void send(const std::shared_ptr<KZQ7306>& looper, std::vector<std::uint8_t> image);
+    void askVersion(const std::shared_ptr<KZQ7306>& looper);
+    /// Waits until `ready`, for `limit` of this program's own running time (0: for ever). Shows `what` with
+    /// the seconds meanwhile.
+    bool await(const std::string& what, Executor::Duration limit, const Ready& ready);
+    News news() const;
+
+    /// Any thread.
+    bool underWay() const { return underWay_; }
+
+  private:
+    void complete(const KZQ7306& looper, bool flashed);
+
+    Executor& executor_;
+    Output& output_;
+    std::atomic<bool> underWay_ = false;
+    mutable std::mutex mutex_;  ///< guards what follows
+    bool begun_ = false;
+    News news_;
+};
+
+}  // namespace kzq::ctl

@@ -1,0 +1,103 @@
+#include "ctl/firmware_offer.h"
+
+#include <utility>
+
+#include "ctl/audio_file.h"
+#include "ctl/format.h"
+#include "updates/firmware_updates.h"
+
+namespace kzq::ctl {
+namespace {
+
+std::optional<FirmwareOffer> unusable(Explanation& problem) {
+    problem = {ExitCode::noDownload,
+               "The maker's server does not say what firmware it has. Try again later."};
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<FirmwareOffer> fetchOffer(const Environment& environment, Explanation& problem) {
+    HttpRequest request;
+    request.url = environment.manifest;
+    request.limits.bytes = largestManifest;
+    const auto manifest = environment.http->fetch(request);
+    if (!manifest) {
+        problem = {ExitCode::noDownload, "The maker's server does not answer as it should (" +
+                                             printable(manifest.reason) +
+                                             "). Check the connection to the internet and try again."};
+        return std::nullopt;
+    }
+    auto entry = newestFirmwareEntry(manifest.body);
+    if (!entry || !isComplete(*entry)) {
+        return unusable(problem);
+    }
+    const auto version = FirmwareVersionFromString(entry->version);
+    if (version.major == 0 && version.minor == 0) {
+        return unusable(problem);
+    }
+    return FirmwareOffer{std::move(*entry), version};
+}
+
+std::optional<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry,
+                                        Explanation& problem) {
+    FirmwareUpdates updates({.executor = environment.executor,
+                             .http = *environment.http,
+                             .factoryBlank = {},
+                             .version = {},
+                             .softwareVersion = {},
+                             .home = environment.home,
+                             .manifest = environment.manifest,
+                             .showHeadline = {},
+                             .appendNotes = {}});
+    updates.setup();
+    if (!updates.initialized()) {
+        problem = {ExitCode::fileError,
+                   "The folder for downloaded firmware in your home folder cannot be made."};
+        return std::nullopt;
+    }
+    auto image = updates.cached(entry);
+    if (!image) {
+        image = updates.download(entry);
+    }
+    if (!image) {
+        problem = {
+            ExitCode::noDownload,
+            "The firmware could not be downloaded whole and verified. Try again later; --verbose tells "
+            "more."};
+    }
+    return image;
+}
+
+std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explanation& problem) {
+    const std::string name = "\"" + path.string() + "\" ";
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    auto image = error ? std::nullopt : readPlainFile(path, largestFirmware);
+    if (image && !image->empty()) {
+        return image;
+    }
+    const char* const trouble = error || (!image && size <= largestFirmware) ? "cannot be read."
+                                : image                                      ? "is empty."
+                                        : "is longer than firmware can be, which is 50,000,000 bytes.";
+    problem = {ExitCode::fileError, name + trouble};
+    return std::nullopt;
+}
+
+std::string noteText(std::string_view line) {
+    constexpr char escape = '\x7f';
+    constexpr char twoBytes = '\xc2';  // followed by 80 to 9f: control characters beyond ASCII
+    constexpr char lastControl = '\x9f';
+    std::string text;
+    for (const char c : line) {
+        const bool beyond = !text.empty() && text.back() == twoBytes && c <= lastControl;
+        const bool control = (c >= 0 && c < ' ') || c == escape;
+        if (beyond) {
+            text.pop_back();
+        }
+        text += beyond || control ? '?' : c;
+    }
+    return text;
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,30 @@
+#include "ctl/sleep_inhibitor.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDBusUnixFileDescriptor>
+
+namespace kzq::ctl {
+namespace {
+
+constexpr int answerLimit = 3000;  ///< milliseconds
+
+}  // namespace
+
+AwakeLock keepAwake() {
+    auto call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
+        QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"));
+    call << QStringLiteral("sleep:shutdown:idle") << QStringLiteral("7306 Loop Manager")
+         << QStringLiteral("The pedal's firmware is being installed") << QStringLiteral("block");
+    const QDBusReply<QDBusUnixFileDescriptor> reply =
+        QDBusConnection::systemBus().call(call, QDBus::Block, answerLimit);
+    if (!reply.isValid()) {
+        return {nullptr, reply.error().message().toStdString()};
+    }
+    // The login manager lets the computer sleep again once the last copy of this descriptor is closed.
+    return {std::make_shared<QDBusUnixFileDescriptor>(reply.value()), {}};
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,264 @@
+#include "tool_fixture.h"
+#include "updates/digest.h"
+
+namespace kzq::test {
+namespace {
+
+using namespace std::chrono_literals;
+using ctl::Answer;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using Strings = std::vector<std::string>;
+
+class FirmwareTest : public ToolTest {
+  protected:
+    FirmwareTest() { offer("1.06"); }
+
+    void offer(const std::string& version) {
+        image = Bytes(3000, 7);
+        const std::string mark = "7306 firmware " + version;
+        std::copy(mark.begin(), mark.end(), image.begin());
+        web.bodies["new.bin"] = {image.begin(), image.end()};
+        web.bodies["_.json"] = R"([{"name":"new.bin","hash":")" + MD5String(image).value() +
+                               R"(","size":3000,"version":")" + version +
+                               R"(","changes":["Better","\u001b[2JBest"]}])";
+    }
+    void blank() {
+        pedal.setStage('b');
+        pedal.plugIn();
+    }
+    ExitCode install(Strings arguments = {}) {
+        arguments.insert(arguments.begin(), {"firmware", "install", "--yes"});
+        return run(arguments);
+    }
+    /// Nothing has been written to the pedal.
+    void expectUntouched() {
+        EXPECT_EQ(sent(command::enterLoader) + sent(command::openUpdate), 0) << out.str();
+        EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
+        EXPECT_FALSE(signalsHeld);
+    }
+    /// When the requests and images went out, in seconds.
+    std::vector<double> times() const {
+        std::vector<double> all;
+        for (const auto& event : pedal.journal()) {
+            const bool request = event.kind == simulator::WireEvent::Kind::control &&
+                                 (event.code == command::enterLoader || event.code == command::openUpdate ||
+                                  event.code == command::announceTrailer);
+            if (request || event.kind == simulator::WireEvent::Kind::bulkOut) {
+                all.push_back(std::chrono::duration<double>(event.time.time_since_epoch()).count());
+            }
+        }
+        return all;
+    }
+
+    Bytes image;
+};
+
+TEST_F(FirmwareTest, showsWhatThePedalRunsAndWhatIsOffered) {
+    pedal.plugIn();
+    EXPECT_EQ(run({"firmware"}), ExitCode::ok);
+    EXPECT_EQ(out.str(),
+              "The pedal runs firmware 1.05.\n"
+              "Firmware 1.06 is offered. \"kzq7306ctl firmware install\" installs it.\n"
+              "  - Better\n  - ?[2JBest\n");
+    EXPECT_EQ(run({"firmware", "--json"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("\"newer\": true"));
+
+    web.bodies.clear();
+    EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
+    EXPECT_EQ(out.str(), "The pedal runs firmware 1.05.\n");
+    EXPECT_THAT(err.str(), HasSubstr("(no connection). Check the connection to the internet"));
+    EXPECT_EQ(run({"firmware", "--json"}), ExitCode::noDownload);
+    EXPECT_THAT(out.str(), HasSubstr("\"installed\": \"1.05\""));
+    expectUntouched();
+}
+
+TEST_F(FirmwareTest, aNormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersion) {
+    pedal.plugIn();
+    terminal = true;
+    EXPECT_EQ(install({"--json"}), ExitCode::ok);
+    EXPECT_EQ(pedal.installedFirmware(), image);
+    EXPECT_THAT(times(), testing::ElementsAre(testing::DoubleNear(0, .1), testing::DoubleNear(1.6, .1),
+                                              testing::DoubleNear(9.6, .1), testing::DoubleNear(10.6, .1),
+                                              testing::DoubleNear(10.6, .1)));
+    std::size_t from = 0;
+    for (const auto* const part :
+         {R"("event":"plan")", R"("phase":"restart")", R"("phase":"left")", R"("phase":"loader")",
+          R"("phase":"sent")", R"("installed":true)", R"("version":"1.06")"}) {
+        from = out.str().find(part, from);
+        EXPECT_NE(from, std::string::npos) << part << out.str();
+    }
+    EXPECT_THAT(out.str(), HasSubstr("Preparing and sending the image: 8 s"));
+    EXPECT_THAT(err.str(), IsEmpty());
+    EXPECT_LT(seconds(), 14);
+    EXPECT_FALSE(signalsHeld);
+
+    EXPECT_EQ(install(), ExitCode::ok);  // the same again
+    EXPECT_THAT(out.str(), HasSubstr("There is nothing to install."));
+    EXPECT_EQ(times().size(), 5U);
+    EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(FirmwareTest, aPedalWithNothingButItsLoaderIsRepaired) {
+    offer("1.04");
+    blank();
+    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Run \"kzq7306ctl firmware install\"."));
+    EXPECT_EQ(run({"firmware"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("The pedal has only its loader"));
+    EXPECT_EQ(run({"firmware", "install"}), ExitCode::usage);
+    answer = [] { return Answer::no; };
+    EXPECT_EQ(run({"firmware", "install"}), ExitCode::cancelled);
+    expectUntouched();
+    answer = [] { return Answer::yes; };
+    keepAwake = [] { return ctl::AwakeLock{nullptr, "no bus"}; };
+    EXPECT_EQ(run({"firmware", "install"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("Do not unplug the pedal"));
+    EXPECT_THAT(out.str(), HasSubstr("make a backup first"));
+    EXPECT_THAT(out.str(), HasSubstr("The pedal runs firmware 1.04.\n"));
+    EXPECT_EQ(err.str(),
+              "kzq7306ctl: The computer cannot be kept awake (no bus). See to it that it does not sleep "
+              "meanwhile.\n");
+    EXPECT_EQ(pedal.installedFirmware(), image);
+    EXPECT_EQ(sent(command::openUpdate), 1);
+}
+
+TEST_F(FirmwareTest, nothingUnverifiedIsInstalled) {
+    blank();
+    const auto good = web.bodies;
+    const auto replaced = [&good](std::string from, const std::string& to) {
+        auto text = good.at("_.json");
+        return text.replace(text.find(from), from.size(), to);
+    };
+    web.bodies["new.bin"].back() ^= 1;
+    EXPECT_EQ(install(), ExitCode::noDownload);
+    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded whole and verified"));
+    web.bodies["new.bin"].pop_back();
+    EXPECT_EQ(install(), ExitCode::noDownload);
+    web.bodies = good;
+    for (const auto& manifest : {std::string("{"), std::string("[]"), replaced("new.bin", "../new.bin"),
+                                 replaced("1.06", "1.5"), replaced(":3000", ":50000001")}) {
+        web.bodies["_.json"] = manifest;
+        EXPECT_EQ(install(), ExitCode::noDownload) << manifest;
+    }
+    web.bodies.clear();
+    EXPECT_EQ(install(), ExitCode::noDownload);
+    expectUntouched();
+}
+
+TEST_F(FirmwareTest, aFileOfTheUsersIsInstalledWithAWarning) {
+    pedal.plugIn();
+    web.bodies.clear();
+    EXPECT_EQ(install({folder / "missing.bin"}), ExitCode::fileError);
+    EXPECT_EQ(install({folder}), ExitCode::fileError);
+    EXPECT_EQ(install({write("empty.bin", {})}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("empty.bin\" is empty."));
+    const auto large = write("large.bin", Bytes{1});
+    std::filesystem::resize_file(large, 50'000'001);
+    EXPECT_EQ(install({large}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("is longer than firmware can be"));
+    expectUntouched();
+    EXPECT_EQ(install({write("own.bin", Bytes{1, 2, 3})}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("Nobody can verify this file"));
+    EXPECT_EQ(pedal.installedFirmware(), (Bytes{1, 2, 3}));
+}
+
+TEST_F(FirmwareTest, everyFailureIsToldAndCanBeRepeated) {
+    blank();
+    for (const auto* const fault : {"refuse@E7", "refuse@E4", "stall@out", "refuse@E5", "stall@out:2"}) {
+        plan(fault);
+        EXPECT_EQ(install(), ExitCode::pedalRefused) << fault;
+        EXPECT_THAT(err.str(), HasSubstr("run the same command again")) << fault;
+        EXPECT_THAT(out.str(), Not(HasSubstr("is complete"))) << fault;
+        EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
+    }
+    plan("unplug@out");
+    EXPECT_EQ(install(), ExitCode::noPedal);
+    plugInAgain();
+    const auto begun = seconds();
+    plan("silence@out");
+    EXPECT_EQ(install(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("stopped answering"));
+    EXPECT_NEAR(seconds() - begun, 69, 3);
+    pedal.clearFaults();
+    EXPECT_EQ(install(), ExitCode::ok);
+    EXPECT_EQ(pedal.installedFirmware(), image);
+}
+
+TEST_F(FirmwareTest, aPedalThatRefusesItsLoaderKeepsItsFirmware) {
+    pedal.plugIn();
+    plan("refuse@E4");
+    EXPECT_EQ(install(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Nothing was changed."));
+    pedal.setBusy(true);
+    EXPECT_EQ(install(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("busy"));
+    pedal.setBusy(false);
+    plan("silence@E4");
+    EXPECT_EQ(install({"--patience", "5"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("stopped answering"));
+    EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
+}
+
+TEST_F(FirmwareTest, aPedalThatDoesNotComeBackAsItsLoader) {
+    pedal.plugIn();
+    pedal.setReturns(false);
+    EXPECT_EQ(install(), ExitCode::noPedal);
+    EXPECT_NEAR(seconds(), 60, 2);
+    EXPECT_THAT(err.str(), HasSubstr("did not come back"));
+    EXPECT_THAT(err.str(), HasSubstr("run the same command again"));
+    EXPECT_FALSE(signalsHeld);
+}
+
+TEST_F(FirmwareTest, aPedalThatComesBackInItsOldFirmware) {
+    pedal.plugIn();
+    pedal.setReturns(false);
+    start({"firmware", "install", "--yes"});
+    executor.advance(5s);
+    pedal.setStage('p');
+    pedal.plugIn();
+    EXPECT_EQ(finish(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("came back without entering its loader"));
+}
+
+TEST_F(FirmwareTest, aFinishedPedalThatStaysAwayIsOnlyTold) {
+    blank();
+    pedal.setReturns(false);
+    EXPECT_EQ(install(), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("The firmware is installed, but the pedal has not come back yet."));
+    EXPECT_NEAR(seconds(), 19, 1);
+}
+
+TEST_F(FirmwareTest, signalsWaitForTheEndOfTheImage) {
+    pedal.plugIn();
+    // With a wait, as its end must not be mistaken for a pedal that never came.
+    start({"firmware", "install", "--yes", "--wait", "1", "--patience", "0"});
+    for (const Executor::Duration pause : {500ms, 4000ms, 4000ms}) {  // away, and twice in the loader
+        executor.advance(pause);
+        EXPECT_TRUE(signalsHeld);
+        tool->interrupt();
+        EXPECT_FALSE(code);
+    }
+    EXPECT_EQ(finish(), ExitCode::ok);
+    EXPECT_EQ(pedal.installedFirmware(), image);
+    EXPECT_THAT(err.str(), HasSubstr("Waiting until the firmware is complete…"));
+    EXPECT_LT(seconds(), 11);  // nobody waits for the pedal's return
+    EXPECT_FALSE(signalsHeld);
+}
+
+TEST_F(FirmwareTest, aSignalBeforeTheFlashEndsIt) {
+    blank();
+    answer = [this] {
+        executor.sleep(1h);
+        return Answer::yes;
+    };
+    start({"firmware", "install"});
+    executor.advance(1s);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    expectUntouched();
+}
+
+}  // namespace
+}  // namespace kzq::test
