@@ -27,7 +27,7 @@ using Clock = std::chrono::steady_clock;
 constexpr auto driverFolder = "/sys/bus/usb/drivers/usbtmc";
 constexpr auto nodesFolder = "/sys/class/usbmisc";
 /// For udev to give the node to the user.
-constexpr std::chrono::milliseconds accessPatience{700};
+constexpr std::chrono::milliseconds accessPatience{500};
 constexpr std::chrono::milliseconds accessPause{2};
 
 /// The interface in the hands of its kernel driver, until the end of the scope.
