@@ -1,5 +1,6 @@
 #include "updates/qt_http_client.h"
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
@@ -7,6 +8,7 @@
 #include <QSslConfiguration>
 #include <QTimer>
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -16,7 +18,13 @@ namespace {
 constexpr int redirectLimit = 5;
 constexpr qint64 bufferSize = 1 << 18;
 constexpr int statusOk = 200;
+constexpr std::array redirectStatuses = {301, 302, 303, 305, 307, 308};
 constexpr auto cancelPeriod = std::chrono::milliseconds(50);
+
+bool isAddress(const QUrl& url) {
+    return url.isValid() && url.scheme() == QLatin1String("https") && !url.host().isEmpty() &&
+           url.userInfo().isEmpty();
+}
 
 HttpResult failed(HttpFailure failure, std::string reason) {
     return {failure, std::move(reason), {}};
@@ -24,10 +32,10 @@ HttpResult failed(HttpFailure failure, std::string reason) {
 
 QNetworkRequest requestFor(const QUrl& url, const std::string& authorities) {
     QNetworkRequest request(url);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    // Qt reads a redirecting page before it follows, and cannot when the page is longer than the buffer.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    request.setMaximumRedirectsAllowed(redirectLimit);
     // Stated lengths and limits are about the bytes as they are stored.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setRawHeader("User-Agent", "7306-Loop-Manager");
@@ -43,10 +51,6 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
     switch (error) {
         case QNetworkReply::SslHandshakeFailedError:
             return HttpFailure::untrusted;
-        case QNetworkReply::InsecureRedirectError:
-        case QNetworkReply::TooManyRedirectsError:
-        case QNetworkReply::ProtocolUnknownError:
-            return HttpFailure::redirect;
         case QNetworkReply::RemoteHostClosedError:
             return HttpFailure::cutShort;
         default:
@@ -57,11 +61,16 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
 /// One reply on its way in.
 class Exchange {
   public:
-    Exchange(const HttpRequest& request, QNetworkReply& reply) : request_(request), reply_(reply) {}
+    /// `left` of the fetch's time.
+    Exchange(const HttpRequest& request, QNetworkReply& reply, std::chrono::milliseconds left)
+        : request_(request), reply_(reply), left_(left) {}
+
+    /// Where a result with the failure `redirect` leads.
+    const QUrl& target() const { return target_; }
 
     HttpResult run() {
         reply_.setReadBufferSize(bufferSize);
-        QObject::connect(&reply_, &QNetworkReply::metaDataChanged, &loop_, [this] { checkLength(); });
+        QObject::connect(&reply_, &QNetworkReply::metaDataChanged, &loop_, [this] { checkHead(); });
         QObject::connect(&reply_, &QNetworkReply::readyRead, &loop_, [this] { take(); });
         QObject::connect(&reply_, &QNetworkReply::finished, &loop_, [this] { finish(); });
         startTimers();
@@ -78,7 +87,7 @@ class Exchange {
         QObject::connect(&total_, &QTimer::timeout, &loop_,
                          [this] { end(HttpFailure::timeout, "took too long"); });
         total_.setSingleShot(true);
-        total_.start(request_.limits.total);
+        total_.start(left_);
         if (request_.limits.silence.count() > 0) {
             QObject::connect(&silence_, &QTimer::timeout, &loop_,
                              [this] { end(HttpFailure::timeout, "the server fell silent"); });
@@ -99,8 +108,20 @@ class Exchange {
         return reply_.header(QNetworkRequest::ContentLengthHeader).toULongLong();
     }
 
-    void checkLength() {
-        if (status() == statusOk && statedLength() > request_.limits.bytes) {
+    bool isRedirect() const {
+        return std::ranges::find(redirectStatuses, status()) != redirectStatuses.end() &&
+               reply_.hasRawHeader("Location");
+    }
+
+    /// Anything but the body asked for ends here, with whatever page comes with it: nobody reads that.
+    void checkHead() {
+        if (isRedirect()) {
+            target_ =
+                reply_.url().resolved(QUrl::fromEncoded(reply_.rawHeader("Location"), QUrl::StrictMode));
+            end(HttpFailure::redirect, "sent elsewhere");
+        } else if (status() != 0 && status() != statusOk) {
+            end(HttpFailure::refused, "status " + std::to_string(status()));
+        } else if (statedLength() > request_.limits.bytes) {
             end(HttpFailure::tooLong, "says that it is too long");
         }
     }
@@ -135,16 +156,13 @@ class Exchange {
     }
 
     void finish() {
+        checkHead();
         take();
         if (ended_) {
             return;
         }
         const bool stated = reply_.header(QNetworkRequest::ContentLengthHeader).isValid();
-        if (status() != 0 && status() != statusOk && reply_.error() != QNetworkReply::InsecureRedirectError &&
-            reply_.error() != QNetworkReply::TooManyRedirectsError &&
-            reply_.error() != QNetworkReply::ProtocolUnknownError) {
-            end(HttpFailure::refused, "status " + std::to_string(status()));
-        } else if (reply_.error() != QNetworkReply::NoError) {
+        if (reply_.error() != QNetworkReply::NoError) {
             end(failureOf(reply_.error()), reply_.errorString().toStdString());
         } else if (stated && received_ != statedLength()) {
             end(HttpFailure::cutShort, "is shorter than stated");
@@ -165,6 +183,8 @@ class Exchange {
 
     const HttpRequest& request_;
     QNetworkReply& reply_;
+    const std::chrono::milliseconds left_;
+    QUrl target_;
     QEventLoop loop_;
     QTimer total_;
     QTimer silence_;
@@ -179,20 +199,30 @@ class Exchange {
 QtHttpClient::QtHttpClient(std::string authorities) : authorities_(std::move(authorities)) {}
 
 HttpResult QtHttpClient::fetch(const HttpRequest& request) {
-    const QUrl url(QString::fromStdString(request.url), QUrl::StrictMode);
-    if (!url.isValid() || url.scheme() != QLatin1String("https") || url.host().isEmpty() ||
-        !url.userInfo().isEmpty()) {
+    QUrl url(QString::fromStdString(request.url), QUrl::StrictMode);
+    if (!isAddress(url)) {
         return failed(HttpFailure::address, "not an https address");
     }
-    if (request.cancelled != nullptr && *request.cancelled) {
-        return failed(HttpFailure::cancelled, "cancelled");
-    }
+    const QDeadlineTimer deadline(request.limits.total);
     QNetworkAccessManager manager;
-    const std::unique_ptr<QNetworkReply> reply(manager.get(requestFor(url, authorities_)));
-    auto result = Exchange(request, *reply).run();
-    reply->disconnect();
-    reply->abort();
-    return result;
+    for (int redirects = 0; redirects <= redirectLimit; ++redirects) {
+        if (request.cancelled != nullptr && *request.cancelled) {
+            return failed(HttpFailure::cancelled, "cancelled");
+        }
+        const std::unique_ptr<QNetworkReply> reply(manager.get(requestFor(url, authorities_)));
+        Exchange exchange(request, *reply, std::chrono::milliseconds(deadline.remainingTime()));
+        auto result = exchange.run();
+        reply->disconnect();
+        reply->abort();
+        if (result.failure != HttpFailure::redirect) {
+            return result;
+        }
+        url = exchange.target();
+        if (!isAddress(url)) {
+            return failed(HttpFailure::redirect, "sent to what is not an https address");
+        }
+    }
+    return failed(HttpFailure::redirect, "sent elsewhere too often");
 }
 
 }  // namespace kzq

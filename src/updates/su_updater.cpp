@@ -210,7 +210,11 @@ void SUUpdater::relaunch() {
         delegate->updaterWillRelaunchApplication(*this);
     }
     if (!environment_.desktop.relaunch(environment_.installation.appImage)) {
-        fail("the updated program could not be started; it starts the next time");
+        // It is in place all the same: to offer it again would put it into the previous one's place as well.
+        auto status = status_;
+        status.reason = "the updated program could not be started; it starts the next time";
+        logUpdates(status.reason);
+        set(std::move(status));
     }
 }
 

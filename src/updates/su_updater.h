@@ -56,7 +56,7 @@ enum class UpdateState {
     downloading,  ///< `received` of `total` bytes
     verifying,    ///< length and signature
     installing,   ///< being put into place
-    ready,        ///< in place; `relaunch` starts it
+    ready,        ///< in place; `relaunch` starts it, with a `reason` when it could not
     handedOver,   ///< the desktop's package installer has it
     failed        ///< for `reason`; nothing was put into place
 };
@@ -110,7 +110,7 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater> {
     /// The user's no, or "understood": back to idle from every state but `ready` and those in which the
     /// update is past stopping. Whether it is idle now.
     bool cancel();
-    /// From `ready`: tells the delegate and starts the updated program.
+    /// From `ready`: tells the delegate and starts the updated program. It stays `ready` when that fails.
     void relaunch();
 
   private:

@@ -194,7 +194,13 @@ TEST_F(SUUpdaterTest, ReplacesTheAppImageAndKeepsThePreviousOne) {
     desktopWorks = false;
     delegate.reset();
     updater->relaunch();
-    EXPECT_EQ(state(), UpdateState::failed) << "the delegate is gone, the program did not start";
+    EXPECT_EQ(state(), UpdateState::ready) << "the delegate is gone, the program did not start";
+    EXPECT_NE(status.reason, "");
+    EXPECT_EQ(check(), UpdateState::ready) << "what is in place is not offered again";
+    EXPECT_EQ(readText(app.string() + ".previous"), "old program");
+    desktopWorks = true;
+    updater->relaunch();
+    EXPECT_EQ(events.back(), "relaunch loops.AppImage");
 }
 
 TEST_F(SUUpdaterTest, RefusesWhatIsNotNewer) {
