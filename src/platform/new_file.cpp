@@ -15,6 +15,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/log.h"
+#include "platform/write_all.h"
 
 namespace kzq {
 namespace {
@@ -86,22 +87,6 @@ int openDraft(Draft& draft, NewFileRoad& road) {
         road = NewFileRoad::renameNoReplace;
     }
     return openNamed(draft);
-}
-
-int writeAll(int file, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            return errno;
-        }
-        if (written == 0) {
-            return EIO;
-        }
-        if (written > 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(written));
-        }
-    }
-    return 0;
 }
 
 int syncFile(int file) {
