@@ -9,25 +9,37 @@
 
 namespace kzq {
 
+namespace {
+
+/// Puts `file` under a second name, or a copy of it where the file system knows no second names.
+std::error_code linkOrCopy(const std::filesystem::path& file, const std::filesystem::path& name) {
+    std::error_code error;
+    if (::link(file.c_str(), name.c_str()) != 0) {
+        std::filesystem::copy_file(file, name, error);
+    }
+    return error;
+}
+
+}  // namespace
+
 bool keepPrevious(const std::filesystem::path& appImage, std::string& reason) {
     const std::filesystem::path previous = appImage.string() + ".previous";
-    if (!isPlainFile(appImage) || !isPlaceForFile(previous)) {
+    const std::filesystem::path draft = previous.string() + ".part";
+    if (!isPlainFile(appImage) || !isPlaceForFile(previous) || !isPlaceForFile(draft)) {
         reason = "something that is not a file is in the place of the program or of its previous version";
         return false;
     }
-    ::unlink(previous.c_str());
-    if (::link(appImage.c_str(), previous.c_str()) == 0) {
-        return true;
+    ::unlink(draft.c_str());
+    auto error = linkOrCopy(appImage, draft);
+    if (!error) {
+        std::filesystem::rename(draft, previous, error);
     }
-    // Some file systems know no second names.
-    std::error_code error;
-    std::filesystem::copy_file(appImage, previous, error);
+    // Also after the rename: it does nothing when both are names of one file.
+    ::unlink(draft.c_str());
     if (error) {
         reason = "the previous version cannot be kept: " + error.message();
-        ::unlink(previous.c_str());
-        return false;
     }
-    return true;
+    return !error;
 }
 
 bool replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download, std::string& reason) {

@@ -7,8 +7,8 @@
 
 namespace kzq {
 
-/// Keeps the file `appImage` under "<name>.previous" as well, in place of an earlier one. It stays where it
-/// is. Returns whether it is kept; `reason` tells why not. Any thread.
+/// Keeps the file `appImage` under "<name>.previous" as well, in place of an earlier one, which stays until
+/// then. Returns whether it is kept; `reason` tells why not. Any thread.
 bool keepPrevious(const std::filesystem::path& appImage, std::string& reason);
 
 /// Replaces the AppImage by a verified download: at every moment its name stands for a whole file, the old or

@@ -47,7 +47,8 @@ std::string firmwareManifestAddress() {
 
 std::string softwareFeedAddress(const std::filesystem::path& home) {
     std::error_code error;
-    const bool staging = std::filesystem::exists(home / "Desktop/com.kzq.7306.staging", error);
+    const bool staging =
+        !home.empty() && std::filesystem::exists(home / "Desktop/com.kzq.7306.staging", error);
     return makerAddress(staging ? stagingFeed : normalFeed);
 }
 

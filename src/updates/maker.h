@@ -14,7 +14,7 @@ std::string makerAddress(std::string_view path);
 std::string websiteAddress();
 std::string firmwareManifestAddress();
 /// The feed of the program itself: the staging feed when `home` holds "Desktop/com.kzq.7306.staging", a
-/// folder or a file, else the normal one.
+/// folder or a file, else the normal one, as without a home.
 std::string softwareFeedAddress(const std::filesystem::path& home);
 
 /// `name`, percent-encoded as one path component, in place of the last path component of `address`.

@@ -129,15 +129,20 @@ std::optional<std::vector<std::uint8_t>> readPlainFile(const std::filesystem::pa
                                                        std::uint64_t limit) {
     // Without O_NONBLOCK a pipe in the file's place would hold the caller for ever.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    return file ? readPlainFile(file.get(), limit) : std::nullopt;
+}
+
+std::optional<std::vector<std::uint8_t>> readPlainFile(int descriptor, std::uint64_t limit) {
     struct stat status {};
-    if (!file || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode) ||
         static_cast<std::uint64_t>(status.st_size) > limit) {
         return std::nullopt;
     }
     std::vector<std::uint8_t> bytes(static_cast<std::size_t>(status.st_size));
     std::size_t read = 0;
     while (read < bytes.size()) {
-        const ssize_t count = ::read(file.get(), bytes.data() + read, bytes.size() - read);
+        const ssize_t count =
+            ::pread(descriptor, bytes.data() + read, bytes.size() - read, static_cast<off_t>(read));
         if (count < 0 && errno == EINTR) {
             continue;
         }

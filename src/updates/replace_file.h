@@ -30,8 +30,10 @@ bool isPlainFile(const std::filesystem::path& path);
 /// Whether a file can be put at `path`: one is there, or nothing.
 bool isPlaceForFile(const std::filesystem::path& path);
 
-/// What the file at `path` holds, read through no link. Nothing when it is
-/// not a plain file, cannot be read or is longer than `limit`.
+/// What the open file holds from its start. Nothing when it is not a plain file, cannot be read or is longer
+/// than `limit`.
+std::optional<std::vector<std::uint8_t>> readPlainFile(int descriptor, std::uint64_t limit);
+/// The same of the file at `path`, read through no link.
 std::optional<std::vector<std::uint8_t>> readPlainFile(const std::filesystem::path& path,
                                                        std::uint64_t limit);
 

@@ -39,6 +39,13 @@ bool UpdateDownload::isStillOurs() const {
            named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
 }
 
+/// Whether nobody else can reach what is written: a leftover may have another owner or a second name.
+bool UpdateDownload::isPrivate() const {
+    struct stat status {};
+    return ::fstat(file_.get(), &status) == 0 && status.st_uid == ::geteuid() && status.st_nlink == 1 &&
+           ::fchmod(file_.get(), privateMode) == 0;
+}
+
 bool UpdateDownload::open() {
     if (!isPlaceForFile(place_) || !isPlaceForFile(part_)) {
         return fail("something that is not a file is in the place of the update", 0);
@@ -55,6 +62,10 @@ bool UpdateDownload::open() {
     if (!isStillOurs()) {
         file_.close();
         return fail("another program is fetching the update", 0);
+    }
+    if (!isPrivate()) {
+        file_.close();
+        return fail("a file of somebody else is in the place of the update", 0);
     }
     return ::ftruncate(file_.get(), 0) == 0 || fail("the update cannot be stored", errno);
 }
@@ -74,7 +85,7 @@ bool UpdateDownload::verify(const FeedItem& item, std::span<const UpdateKey> key
         return fail("the update is not signed", 0);
     }
     // What is verified is what lies on the disk, not what came over the network.
-    const auto bytes = readPlainFile(part_, item.length);
+    const auto bytes = readPlainFile(file_.get(), item.length);
     if (!bytes || item.length == 0 || bytes->size() != item.length) {
         return fail("the update does not have the stated length", 0);
     }

@@ -37,6 +37,7 @@ class UpdateDownload {
   private:
     bool fail(const std::string& what, int error);
     bool isStillOurs() const;
+    bool isPrivate() const;
 
     const std::filesystem::path place_;
     const std::filesystem::path part_;

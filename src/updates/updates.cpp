@@ -120,7 +120,9 @@ void Updates::refresh(std::function<void(bool)> completion) {
         for (const auto kind : {UpdateKind::firmware, UpdateKind::software}) {
             known = known && feedLocation(kind) && cacheFolder(kind);
         }
-        completion(known);
+        if (completion) {
+            completion(known);
+        }
     });
 }
 

@@ -38,7 +38,8 @@ class Updates : public std::enable_shared_from_this<Updates> {
 
     /// A refresh whose answer nobody waits for.
     void timer();
-    /// In the background: whether every kind has a feed location and a cache folder.
+    /// In the background: whether every kind has a feed location and a cache folder. `completion` may be
+    /// empty.
     void refresh(std::function<void(bool)> completion);
 
     /// Nothing when unknown or empty.

@@ -9,6 +9,8 @@
 
 #include "tls_server.h"
 #include "updates/qt_http_client.h"
+#include "updates/update_download.h"
+#include "updates/update_job.h"
 #include "virtual_executor.h"
 
 using namespace kzq;
@@ -350,6 +352,18 @@ TEST_F(SUUpdaterTest, ObstaclesAndAFullDiskLeaveTheOldProgram) {
     checkAndInstall();
     expectUntouched("a folder in the previous one's place");
     std::filesystem::remove(previous);
+    writeText(previous, "older still");
+    std::filesystem::create_directory(previous.string() + ".part");
+    checkAndInstall();
+    expectUntouched("a folder in the way of the previous one");
+    EXPECT_EQ(readText(previous), "older still");
+    std::filesystem::remove(previous.string() + ".part");
+    std::filesystem::remove(previous);
+    std::filesystem::create_hard_link(folder / "target", part);
+    checkAndInstall();
+    EXPECT_EQ(state(), UpdateState::failed);
+    EXPECT_EQ(readText(folder / "target"), "target") << "a leftover with a second name";
+    std::filesystem::remove(part);
 
     rlimit before{};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
@@ -364,10 +378,67 @@ TEST_F(SUUpdaterTest, ObstaclesAndAFullDiskLeaveTheOldProgram) {
     EXPECT_EQ(namesIn(folder / "apps"), Strings{"loops.AppImage"});
 
     writeText(part, std::string(package.size() + 1, 'x'));
-    writeText(previous, "older still");
+    std::filesystem::create_hard_link(app, previous);
     EXPECT_EQ(checkAndInstall(), UpdateState::ready);
     EXPECT_EQ(readText(app), package);
     EXPECT_EQ(readText(previous), "old program");
+    EXPECT_EQ(namesIn(folder / "apps"), (Strings{"loops.AppImage", "loops.AppImage.previous"}));
+    start();
+    publish("0.3", packageUrl, package.size(), current.sign(package));
+    EXPECT_EQ(checkAndInstall(), UpdateState::ready);
+    EXPECT_EQ(readText(previous), package) << "in place of an older one";
+}
+
+TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
+    const TestFolder folder;
+    writeText(folder / "package.part", "left over");
+    std::filesystem::permissions(folder / "package.part", std::filesystem::perms(0666));
+    UpdateDownload first(folder / "package");
+    ASSERT_TRUE(first.open()) << first.reason();
+    EXPECT_EQ(std::filesystem::status(first.part()).permissions(), std::filesystem::perms(0600));
+    const std::vector<std::uint8_t> bytes(10, 'x');
+    EXPECT_TRUE(first.append(bytes));
+    {
+        UpdateDownload second(folder / "package");
+        EXPECT_FALSE(second.open());
+        EXPECT_NE(second.reason(), "");
+    }
+    EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
+}
+
+TEST(UpdateRun, IsEitherStoppedOrCommitted) {
+    UpdateRun committed;
+    EXPECT_TRUE(committed.commit());
+    EXPECT_FALSE(committed.cancel());
+    EXPECT_FALSE(committed.cancelled);
+    UpdateRun stopped;
+    EXPECT_TRUE(stopped.cancel());
+    EXPECT_TRUE(stopped.cancel());
+    EXPECT_TRUE(stopped.cancelled);
+    EXPECT_FALSE(stopped.commit());
+}
+
+TEST(UpdateJob, AsksForOneShowingAtATime) {
+    // Tells of its progress in a thousand steps, as a fast connection does.
+    struct Steps : HttpClient {
+        HttpResult fetch(const HttpRequest& request) override {
+            for (std::uint64_t step = 1; step <= 1000; ++step) {
+                request.progress(step, 1000);
+                if (step == 500) {
+                    run->shown = true;
+                }
+            }
+            return {HttpFailure::network, "none", {}};
+        }
+        std::shared_ptr<UpdateRun> run = std::make_shared<UpdateRun>();
+    };
+    const TestFolder folder;
+    Steps http;
+    std::vector<std::uint64_t> posted;
+    const UpdateJob job{
+        {}, {}, {}, folder / "package", http.run, [&] { posted.push_back(http.run->received); }};
+    EXPECT_NE(perform(job, http), "");
+    EXPECT_EQ(posted, (std::vector<std::uint64_t>{1, 501})) << "again only once the first was handled";
 }
 
 TEST_F(SUUpdaterTest, OverARealConnection) {

@@ -13,6 +13,14 @@ using namespace std::chrono_literals;
 
 namespace {
 
+struct CountingExecutor : VirtualExecutor {
+    void background(Priority priority, Task task) override {
+        ++jobs;
+        VirtualExecutor::background(priority, std::move(task));
+    }
+    int jobs = 0;
+};
+
 /// The tests run in a folder of their own, since the cache folders belong to the current one.
 struct UpdatesTest : testing::Test {
     UpdatesTest() {
@@ -36,7 +44,7 @@ struct UpdatesTest : testing::Test {
 
     const std::filesystem::path before = std::filesystem::current_path();
     TestFolder folder;
-    VirtualExecutor executor;
+    CountingExecutor executor;
     std::optional<std::string> firmware = "1.05";
 };
 
@@ -96,7 +104,16 @@ TEST_F(UpdatesTest, TellsTheLastCompleteElement) {
 }
 
 TEST_F(UpdatesTest, RefreshesAtOnceAndEvery15Minutes) {
-    const auto updates = Updates::updates();
+    auto updates = Updates::updates();
+    EXPECT_EQ(executor.jobs, 1);
+    executor.advance(15min - 1ns);
+    EXPECT_EQ(executor.jobs, 1);
+    executor.advance(1ns);
+    EXPECT_EQ(executor.jobs, 2);
+    executor.advance(45min);
+    EXPECT_EQ(executor.jobs, 5);
+
+    updates->refresh({});
     std::optional<bool> complete;
     updates->refresh([&](bool all) {
         EXPECT_FALSE(executor.onMainThread());
@@ -105,16 +122,20 @@ TEST_F(UpdatesTest, RefreshesAtOnceAndEvery15Minutes) {
     EXPECT_EQ(complete, std::nullopt) << "in the background";
     executor.settle();
     EXPECT_EQ(complete, true);
-    executor.advance(1h);
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
     Updates::unload();
     EXPECT_EQ(Updates::updates(), nullptr);
+    updates.reset();
+    executor.advance(1h);
+    EXPECT_EQ(executor.jobs, 7) << "gone";
 }
 
 TEST_F(UpdatesTest, KnowsTheMakersAddresses) {
     EXPECT_EQ(firmwareManifestAddress(), makerAddress("/assets/7306/firmware/_.json"));
     EXPECT_EQ(softwareFeedAddress(folder.path()), makerAddress("/assets/7306/software/mac/_.xml"));
     std::filesystem::create_directories(folder / "Desktop/com.kzq.7306.staging");
+    EXPECT_EQ(softwareFeedAddress(""), makerAddress("/assets/7306/software/mac/_.xml"))
+        << "without a home the current folder is none";
     EXPECT_EQ(softwareFeedAddress(folder.path()), makerAddress("/assets/7306/staging/software/mac/_.xml"));
     EXPECT_TRUE(makerAddress("/x").starts_with("https://"));
     EXPECT_EQ(addressBeside("https://h/a/_.json", "b c?#%/ü.bin"), "https://h/a/b%20c%3F%23%25%2F%C3%BC.bin");
