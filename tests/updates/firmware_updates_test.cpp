@@ -219,33 +219,6 @@ TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     }
 }
 
-TEST(FirmwareManifest, ANameIsNeverAPath) {
-    for (const auto* name : {".", "..", "/", "a/b", "../a", "/a", "a/", R"(a\u0000)"}) {
-        const auto text = std::string(R"([{"name":")") + name + R"(","hash":"h","size":1}])";
-        const auto entry =
-            newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-        EXPECT_EQ(entry.value().name, "") << name;
-        EXPECT_FALSE(isComplete(*entry));
-    }
-}
-
-TEST_F(FirmwareUpdatesTest, AnEntryMadeByHandIsCheckedToo) {
-    const FirmwareCache place(cache);
-    const std::vector<std::uint8_t> bytes(image.begin(), image.end());
-    FirmwareEntry made{"image", md5(image), image.size(), "1.06", {}};
-    EXPECT_TRUE(place.store(made, bytes));
-    made.size = largestFirmware + 1;
-    EXPECT_FALSE(isComplete(made));
-    made.size = image.size();
-    writeText(cache / "../outside", image);
-    for (const auto* name : {"../outside", "..", "/outside", "", "a/b"}) {
-        made.name = name;
-        EXPECT_FALSE(place.store(made, bytes) || place.cached(made) || updates->download(made)) << name;
-    }
-    EXPECT_TRUE(server.takeRequests().empty());
-    EXPECT_EQ(namesIn(cache), Strings{"image"});
-}
-
 TEST_F(FirmwareUpdatesTest, HandsOutOnlyWhatIsStillTheOfferedImage) {
     EXPECT_EQ(updates->offeredImage(), std::nullopt);
     check();
@@ -398,20 +371,6 @@ TEST_F(FirmwareUpdatesTest, AFullDiskOrALostFolderLeavesNothingBehind) {
         EXPECT_EQ(offered(), "");
         std::filesystem::permissions(cache, std::filesystem::perms(0700));
     }
-}
-
-TEST_F(FirmwareUpdatesTest, ClearsTheCacheOfWhatAKilledRunLeft) {
-    const auto old = std::filesystem::file_time_type::clock::now() - 25h;
-    for (const auto* name : {".kzq7306-1-old.part", ".kzq7306-1-old", "old.part"}) {
-        writeText(cache / name, "x");
-        std::filesystem::last_write_time(cache / name, old);
-    }
-    writeText(cache / ".kzq7306-1-new.part", "x");
-    std::filesystem::create_directory(cache / ".kzq7306-1-folder.part");
-    std::filesystem::last_write_time(cache / ".kzq7306-1-folder.part", old);
-    start();
-    EXPECT_EQ(namesIn(cache),
-              (Strings{".kzq7306-1-folder.part", ".kzq7306-1-new.part", ".kzq7306-1-old", "old.part"}));
 }
 
 TEST_F(FirmwareUpdatesTest, ChecksEvery15SecondsForItsLife) {

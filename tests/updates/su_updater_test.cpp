@@ -9,8 +9,6 @@
 
 #include "tls_server.h"
 #include "updates/qt_http_client.h"
-#include "updates/update_download.h"
-#include "updates/update_job.h"
 #include "virtual_executor.h"
 
 using namespace kzq;
@@ -389,58 +387,6 @@ TEST_F(SUUpdaterTest, ObstaclesAndAFullDiskLeaveTheOldProgram) {
     EXPECT_EQ(readText(previous), package) << "in place of an older one";
 }
 
-TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
-    const TestFolder folder;
-    writeText(folder / "package.part", "left over");
-    std::filesystem::permissions(folder / "package.part", std::filesystem::perms(0666));
-    UpdateDownload first(folder / "package");
-    ASSERT_TRUE(first.open()) << first.reason();
-    EXPECT_EQ(std::filesystem::status(first.part()).permissions(), std::filesystem::perms(0600));
-    const std::vector<std::uint8_t> bytes(10, 'x');
-    EXPECT_TRUE(first.append(bytes));
-    {
-        UpdateDownload second(folder / "package");
-        EXPECT_FALSE(second.open());
-        EXPECT_NE(second.reason(), "");
-    }
-    EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
-}
-
-TEST(UpdateRun, IsEitherStoppedOrCommitted) {
-    UpdateRun committed;
-    EXPECT_TRUE(committed.commit());
-    EXPECT_FALSE(committed.cancel());
-    EXPECT_FALSE(committed.cancelled);
-    UpdateRun stopped;
-    EXPECT_TRUE(stopped.cancel());
-    EXPECT_TRUE(stopped.cancel());
-    EXPECT_TRUE(stopped.cancelled);
-    EXPECT_FALSE(stopped.commit());
-}
-
-TEST(UpdateJob, AsksForOneShowingAtATime) {
-    // Tells of its progress in a thousand steps, as a fast connection does.
-    struct Steps : HttpClient {
-        HttpResult fetch(const HttpRequest& request) override {
-            for (std::uint64_t step = 1; step <= 1000; ++step) {
-                request.progress(step, 1000);
-                if (step == 500) {
-                    run->shown = true;
-                }
-            }
-            return {HttpFailure::network, "none", {}};
-        }
-        std::shared_ptr<UpdateRun> run = std::make_shared<UpdateRun>();
-    };
-    const TestFolder folder;
-    Steps http;
-    std::vector<std::uint64_t> posted;
-    const UpdateJob job{
-        {}, {}, {}, folder / "package", http.run, [&] { posted.push_back(http.run->received); }};
-    EXPECT_NE(perform(job, http), "");
-    EXPECT_EQ(posted, (std::vector<std::uint64_t>{1, 501})) << "again only once the first was handled";
-}
-
 TEST_F(SUUpdaterTest, OverARealConnection) {
     TlsServer server;
     QtHttpClient client(TestAuthority::usual().authority);
@@ -464,46 +410,6 @@ TEST_F(SUUpdaterTest, OverARealConnection) {
     EXPECT_EQ(check(), UpdateState::failed);
     updater->setFeedURL("http" + server.url("/feed").substr(5));
     EXPECT_EQ(check(), UpdateState::failed);
-}
-
-TEST(Installation, IsAnAppImageOnlyWhenItRunsFromTheImagesContent) {
-    const TestFolder folder;
-    writeText(folder / "real", "");
-    std::filesystem::create_symlink(folder / "real", folder / "link");
-    std::filesystem::create_directory(folder / "mount");
-    const auto mount = folder / "mount";
-    const auto of = [&](const std::filesystem::path& image, const std::string& content,
-                        const std::filesystem::path& executable) {
-        return Installation::of(image.c_str(), content.c_str(), executable, folder / "none");
-    };
-    for (const auto* end : {"", "/"}) {
-        const auto image = of(folder / "link", mount.string() + end, mount / "usr/bin/kzq7306");
-        EXPECT_EQ(image.kind, PackageKind::appImage);
-        EXPECT_EQ(image.appImage, std::filesystem::canonical(folder / "real"));
-    }
-    EXPECT_EQ(of(folder / "gone", mount, mount / "x").kind, PackageKind::other);
-    EXPECT_EQ(of(folder.path(), mount, mount / "x").kind, PackageKind::other);
-    for (const auto& content : {std::string(), std::string("/"), std::string("."), mount.string() + "s",
-                                mount.string().substr(0, mount.string().size() - 1)}) {
-        EXPECT_EQ(of(folder / "real", content, mount / "x").kind, PackageKind::other)
-            << "another program's AppImage, with its content in " << content;
-    }
-    EXPECT_EQ(Installation::of((folder / "real").c_str(), nullptr, mount / "x", "").kind, PackageKind::other);
-}
-
-TEST(Installation, IsAPackageWhenDpkgHasTheProgramOnRecord) {
-    const TestFolder folder;
-    writeText(folder / "some.list", "/.\n/usr/bin\n/usr/bin/y\n");
-    writeText(folder / "loops.list", "/.\n/usr\n/usr/bin/x\n/opt/kzq/x\n/usr/local/bin/x\n/home/me/x\n");
-    writeText(folder / "loops.md5sums", "/usr/bin/z\n");
-    const auto kindOf = [&](const char* executable) {
-        return Installation::of("/foreign.AppImage", "/tmp/.mount_foreign", executable, folder.path()).kind;
-    };
-    EXPECT_EQ(kindOf("/usr/bin/x"), PackageKind::debian);
-    EXPECT_EQ(kindOf("/opt/kzq/x"), PackageKind::debian);
-    for (const auto* other : {"/usr/bin/z", "/usr/bin/xx", "/usr/local/bin/x", "/home/me/x"}) {
-        EXPECT_EQ(kindOf(other), PackageKind::other) << other;
-    }
 }
 
 }  // namespace

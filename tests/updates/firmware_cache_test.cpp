@@ -1,0 +1,60 @@
+#include "updates/firmware_cache.h"
+
+#include <gtest/gtest.h>
+
+#include "tls_server.h"
+#include "updates/digest.h"
+
+using namespace kzq;
+using namespace kzq::test;
+using namespace std::chrono_literals;
+using Strings = std::vector<std::string>;
+
+namespace {
+
+TEST(FirmwareManifest, ANameIsNeverAPath) {
+    for (const auto* name : {".", "..", "/", "a/b", "../a", "/a", "a/", R"(a\u0000)"}) {
+        const auto text = std::string(R"([{"name":")") + name + R"(","hash":"h","size":1}])";
+        const auto entry =
+            newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+        EXPECT_EQ(entry.value().name, "") << name;
+        EXPECT_FALSE(isComplete(*entry));
+    }
+}
+
+TEST(FirmwareCache, KeepsNoEntryThatIsOutOfItsRanges) {
+    const TestFolder folder;
+    const FirmwareCache cache(folder / "cache");
+    ASSERT_TRUE(cache.prepare());
+    const std::vector<std::uint8_t> image(1000, 'i');
+    FirmwareEntry made{"image", MD5String(image).value(), image.size(), "1.06", {}};
+    EXPECT_TRUE(cache.store(made, image));
+    EXPECT_EQ(cache.cached(made), image);
+    made.size = largestFirmware + 1;
+    EXPECT_FALSE(isComplete(made));
+    made.size = image.size();
+    writeText(folder / "outside", std::string(1000, 'i'));
+    for (const auto* name : {"../outside", "../escaped", "..", ".", "/outside", "", "a/b"}) {
+        made.name = name;
+        EXPECT_FALSE(cache.store(made, image) || cache.cached(made) || cache.isPlaceFor(made)) << name;
+    }
+    EXPECT_EQ(namesIn(folder.path()), (Strings{"cache", "outside"}));
+    EXPECT_EQ(namesIn(cache.folder()), Strings{"image"});
+}
+
+TEST(FirmwareCache, IsClearedOfWhatAKilledRunLeft) {
+    const TestFolder folder;
+    const auto old = std::filesystem::file_time_type::clock::now() - 25h;
+    for (const auto* name : {".kzq7306-1-old.part", ".kzq7306-1-old", "old.part"}) {
+        writeText(folder / name, "x");
+        std::filesystem::last_write_time(folder / name, old);
+    }
+    writeText(folder / ".kzq7306-1-new.part", "x");
+    std::filesystem::create_directory(folder / ".kzq7306-1-folder.part");
+    std::filesystem::last_write_time(folder / ".kzq7306-1-folder.part", old);
+    EXPECT_TRUE(FirmwareCache(folder.path()).prepare());
+    EXPECT_EQ(namesIn(folder.path()),
+              (Strings{".kzq7306-1-folder.part", ".kzq7306-1-new.part", ".kzq7306-1-old", "old.part"}));
+}
+
+}  // namespace

@@ -1,0 +1,65 @@
+#include "updates/update_download.h"
+
+#include <gtest/gtest.h>
+
+#include "tls_server.h"
+#include "updates/update_job.h"
+
+using namespace kzq;
+using namespace kzq::test;
+
+namespace {
+
+TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
+    const TestFolder folder;
+    writeText(folder / "package.part", "left over");
+    std::filesystem::permissions(folder / "package.part", std::filesystem::perms(0666));
+    UpdateDownload first(folder / "package");
+    ASSERT_TRUE(first.open()) << first.reason();
+    EXPECT_EQ(std::filesystem::status(first.part()).permissions(), std::filesystem::perms(0600));
+    const std::vector<std::uint8_t> bytes(10, 'x');
+    EXPECT_TRUE(first.append(bytes));
+    {
+        UpdateDownload second(folder / "package");
+        EXPECT_FALSE(second.open());
+        EXPECT_NE(second.reason(), "");
+    }
+    EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
+}
+
+TEST(UpdateRun, IsEitherStoppedOrCommitted) {
+    UpdateRun committed;
+    EXPECT_TRUE(committed.commit());
+    EXPECT_FALSE(committed.cancel());
+    EXPECT_FALSE(committed.cancelled);
+    UpdateRun stopped;
+    EXPECT_TRUE(stopped.cancel());
+    EXPECT_TRUE(stopped.cancel());
+    EXPECT_TRUE(stopped.cancelled);
+    EXPECT_FALSE(stopped.commit());
+}
+
+TEST(UpdateJob, AsksForOneShowingAtATime) {
+    // Tells of its progress in a thousand steps, as a fast connection does.
+    struct Steps : HttpClient {
+        HttpResult fetch(const HttpRequest& request) override {
+            for (std::uint64_t step = 1; step <= 1000; ++step) {
+                request.progress(step, 1000);
+                if (step == 500) {
+                    run->shown = true;
+                }
+            }
+            return {HttpFailure::network, "none", {}};
+        }
+        std::shared_ptr<UpdateRun> run = std::make_shared<UpdateRun>();
+    };
+    const TestFolder folder;
+    Steps http;
+    std::vector<std::uint64_t> posted;
+    const UpdateJob job{
+        {}, {}, {}, folder / "package", http.run, [&] { posted.push_back(http.run->received); }};
+    EXPECT_NE(perform(job, http), "");
+    EXPECT_EQ(posted, (std::vector<std::uint64_t>{1, 501})) << "again only once the first was handled";
+}
+
+}  // namespace
