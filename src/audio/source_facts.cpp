@@ -21,7 +21,8 @@ std::uint64_t afterId3(const FileBytes& file) {
 SourceFacts factsOf(const FileBytes& file) {
     const std::string signature = file.text(0, 4);
     const std::string form = file.text(8, 4);
-    if (signature == "RIFF" && form == "WAVE") {
+    const bool isLong = signature == "RF64" || signature == "BW64";
+    if ((signature == "RIFF" || isLong) && form == "WAVE") {
         return factsOfWave(file);
     }
     if (signature == "RIFX") {
@@ -43,7 +44,7 @@ SourceFacts factsOf(const FileBytes& file) {
         return factsOfMp3(file, start);
     }
     SourceFacts facts;
-    facts.recognised = start != 0 || signature == "RF64";
+    facts.recognised = start != 0;
     return facts;
 }
 

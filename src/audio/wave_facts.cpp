@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "audio/source_facts.h"
 
 namespace kzq {
@@ -40,11 +42,22 @@ std::string codecFor(const Format& format) {
     return "pcm_s" + std::to_string(width * 8) + "le";
 }
 
+/// The samples' size in an RF64 file, whose data chunk has no room for it.
+std::optional<std::uint64_t> longDataSize(const FileBytes& file) {
+    constexpr std::uint64_t firstChunk = 12;
+    return file.text(firstChunk, 4) == "ds64" ? file.little(firstChunk + 16, 8) : std::nullopt;
+}
+
 void takeData(SourceFacts& facts, const FileBytes& file, const Format& format, std::uint64_t body,
               std::uint64_t size) {
     const std::uint64_t there = file.after(body);
+    const bool isLong = file.text(0, 4) != "RIFF";
+    if (isLong) {
+        size = longDataSize(file).value_or(~0ULL);  // without one, it ends too early
+    }
     // No samples, if the file's own size agrees; else a length that was never noted.
-    const bool unknown = size >= leastUnknownSize || (size == 0 && file.little(4, 4) != file.size() - 8);
+    const bool unknown =
+        !isLong && (size >= leastUnknownSize || (size == 0 && file.little(4, 4) != file.size() - 8));
     facts.openEnded = unknown && (size == 0 || size > there);
     facts.truncated = size > there && !facts.openEnded;
     if (format.isPlain() && format.blockAlign != 0) {

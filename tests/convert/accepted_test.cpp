@@ -36,6 +36,7 @@ TEST_F(Accepted, LosslessKindsPassBitForBit) {
     }
     const Samples master = noise(frames, 24);
     EXPECT_EQ(master, converted(shop_.write("24in32.wav", wave24In32(master))));
+    EXPECT_EQ(master, converted(shop_.write("24in32rf64.wav", rf64(wave24In32(master)))));
 }
 
 TEST_F(Accepted, WaveFilesWhoseWriterCouldNotNoteTheLength) {

@@ -65,6 +65,22 @@ Bytes wave24In32(const Samples& samples) {
     return file;
 }
 
+Bytes rf64(Bytes wave) {
+    constexpr std::string_view dataName = "data";
+    const auto data = std::search(wave.begin(), wave.end(), dataName.begin(), dataName.end());
+    const auto sizeField = static_cast<std::size_t>(data - wave.begin()) + 4;
+    Bytes sizes(8 + 28);
+    std::ranges::copy(std::string_view("ds64"), sizes.begin());
+    storeU32(sizes, 4, 28);
+    storeU32(sizes, 8, static_cast<std::uint32_t>(wave.size() - 8 + sizes.size()));
+    storeU32(sizes, 16, loadU32(wave, sizeField));
+    std::ranges::copy(std::string_view("RF64"), wave.begin());
+    storeU32(wave, 4, 0xFFFFFFFF);
+    storeU32(wave, sizeField, 0xFFFFFFFF);
+    wave.insert(wave.begin() + 12, sizes.begin(), sizes.end());
+    return wave;
+}
+
 Bytes rifx(Bytes wave) {
     wave[3] = 'X';
     const std::array<std::pair<std::size_t, std::size_t>, 9> fields{

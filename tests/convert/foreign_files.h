@@ -8,6 +8,8 @@ namespace kzq {
 
 /// 24 valid bits in samples of 32, as an extensible WAV: 44,100 Hz stereo.
 Bytes wave24In32(const Samples& samples);
+/// A WAV turned into its sibling for files above 4 GiB.
+Bytes rf64(Bytes wave);
 /// A plain WAV turned into its big-endian sibling.
 Bytes rifx(Bytes wave);
 /// An MPEG-4 file, with its movie box at the end, to which the note of the true length is added.
