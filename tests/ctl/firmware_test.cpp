@@ -127,7 +127,7 @@ TEST_F(FirmwareTest, aPedalWithNothingButItsLoaderIsRepaired) {
 TEST_F(FirmwareTest, nothingUnverifiedIsInstalled) {
     blank();
     const auto good = web.bodies;
-    const auto replaced = [&good](std::string from, const std::string& to) {
+    const auto replaced = [&good](const std::string& from, const std::string& to) {
         auto text = good.at("_.json");
         return text.replace(text.find(from), from.size(), to);
     };
