@@ -73,8 +73,9 @@ class Conversation {
         if (bytes.empty()) {
             return true;
         }
-        lastHeard_ = Clock::now();
-        return task_.output(bytes);
+        const bool more = task_.output(bytes);
+        lastHeard_ = Clock::now();  // what the taker needs, such as a slow disk, is no silence of the child
+        return more;
     }
 
     std::optional<ChildEnd::How> reasonToStop() const {
