@@ -177,20 +177,13 @@ class Run {
     std::string complaint_;
 };
 
-/// One line, whatever a file name or a decoder has to say.
-std::string asLine(std::string text) {
-    std::ranges::replace_if(
-        text, [](unsigned char character) { return character < ' ' || character == 0x7F; }, ' ');
-    return text;
-}
-
 }  // namespace
 
 Conversion::Result Conversion::convert(const std::filesystem::path& source) const {
     Run run(options_, source);
     if (auto failure = run.all()) {
         log(LogCategory::audio,
-            asLine(source.string() + ": " + failure->sentence + " [" + run.complaint() + "]"));
+            asLogLine(source.string() + ": " + failure->sentence + " [" + run.complaint() + "]"));
         return {std::move(failure), {}, 0};
     }
     return {std::nullopt, run.outputPath(), run.frames()};

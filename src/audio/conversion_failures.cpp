@@ -1,5 +1,6 @@
 #include "audio/conversion_failures.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <system_error>
@@ -99,6 +100,12 @@ Conversion::Failure childFailure(const ChildEnd& end, const std::string& program
                                  end.complaint.substr(0, end.complaint.find('\n')));
     }
     return conversionFailure(otherwise);
+}
+
+std::string asLogLine(std::string text) {
+    std::ranges::replace_if(
+        text, [](unsigned char character) { return character < ' ' || character == 0x7F; }, ' ');
+    return text;
 }
 
 }  // namespace kzq

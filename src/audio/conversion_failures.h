@@ -18,4 +18,7 @@ Conversion::Failure outputFailure(int error);
 Conversion::Failure childFailure(const ChildEnd& end, const std::string& program,
                                  ConversionFailure otherwise);
 
+/// One line, whatever a file name or a decoder has to say.
+std::string asLogLine(std::string text);
+
 }  // namespace kzq

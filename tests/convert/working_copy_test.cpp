@@ -27,10 +27,17 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     fs::copy_file(good, shop_.at("dot."));
     fs::copy_file(good, shop_.at(".wav"));
     fs::current_path(shop_.folder());
-    for (const std::string& path :
-         {std::string(), std::string("good.wav"), shop_.at("missing.wav").string(), shop_.at("bare").string(),
-          shop_.at("dot.").string(), shop_.at(".wav").string()}) {
+    const std::vector<std::pair<std::string, std::string>> refused{{"", "no such file"},
+                                                                   {"good.wav", "no folder"},
+                                                                   {shop_.at("missing.wav"), "no such file"},
+                                                                   {shop_.at("bare"), "no extension"},
+                                                                   {shop_.at("dot."), "no extension"},
+                                                                   {shop_.at(".wav"), "no extension"}};
+    for (const auto& [path, reason] : refused) {
+        logged_.clear();
         EXPECT_EQ(std::nullopt, Wave::convertAudioFile(path)) << path;
+        EXPECT_THAT(logged_, ::testing::HasSubstr(path + ": not converted: "));
+        EXPECT_THAT(logged_, ::testing::HasSubstr(reason));
     }
     EXPECT_EQ(0U, shop_.resultCount()) << "not even a folder was needed";
 
