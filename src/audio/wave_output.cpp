@@ -1,12 +1,15 @@
 #include "audio/wave_output.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <string>
 
+#include "audio/uuid.h"
 #include "audio/wave.h"
 
 namespace kzq {
@@ -32,13 +35,35 @@ int writeAt(int file, std::span<const std::uint8_t> bytes, std::uint64_t offset)
     return 0;
 }
 
+/// 0, or what `result` left in errno.
+int answer(int result) {
+    return result == 0 ? 0 : errno;
+}
+
+Descriptor createNew(const std::filesystem::path& path) {
+    return Descriptor(
+        ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC | O_NOFOLLOW, newFileMode));
+}
+
+int renameOverReserved(const std::filesystem::path& from, const std::filesystem::path& to) {
+    if (!createNew(to)) {
+        return errno;
+    }
+    const int error = answer(::rename(from.c_str(), to.c_str()));
+    if (error != 0) {
+        ::unlink(to.c_str());
+    }
+    return error;
+}
+
 }  // namespace
 
-WaveOutput::WaveOutput(std::filesystem::path path) : path_(std::move(path)) {}
+WaveOutput::WaveOutput(std::filesystem::path path, NewFileRoad first)
+    : path_(std::move(path)), road_(first) {}
 
 WaveOutput::~WaveOutput() {
-    if (named_) {
-        ::unlink(path_.c_str());
+    if (!hidden_.empty()) {
+        ::unlink(hidden_.c_str());
     }
 }
 
@@ -47,15 +72,25 @@ int WaveOutput::open() {
     if (::lstat(path_.c_str(), &facts) == 0) {
         return EEXIST;
     }
-    file_ = Descriptor(::open(path_.parent_path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, newFileMode));
-    if (file_) {
-        return 0;
+    if (road_ == NewFileRoad::unnamed) {
+        file_ =
+            Descriptor(::open(path_.parent_path().c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, newFileMode));
+        if (file_) {
+            return 0;
+        }
+        road_ = NewFileRoad::renameNoReplace;
     }
-    // A file system without nameless files.
-    file_ =
-        Descriptor(::open(path_.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC | O_NOFOLLOW, newFileMode));
-    named_ = static_cast<bool>(file_);
-    return named_ ? 0 : errno;
+    return openHidden();
+}
+
+int WaveOutput::openHidden() {
+    const auto hidden = path_.parent_path() / (".kzq7306-" + freshUuid() + ".part");
+    file_ = createNew(hidden);
+    if (!file_) {
+        return errno;
+    }
+    hidden_ = hidden;
+    return 0;
 }
 
 int WaveOutput::write(std::span<const std::uint8_t> samples) {
@@ -74,12 +109,30 @@ int WaveOutput::finish(bool sync) {
     if (sync && ::fsync(file_.get()) != 0) {
         return errno;
     }
-    const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
-    if (!named_ && ::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW) != 0) {
-        return errno;
+    return place();
+}
+
+/// Gives the file its name, without replacing another.
+int WaveOutput::place() {
+    if (road_ == NewFileRoad::unnamed) {
+        const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
+        return answer(::linkat(AT_FDCWD, self.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW));
     }
-    named_ = false;
-    return 0;
+    if (road_ == NewFileRoad::renameNoReplace) {
+        const int error =
+            answer(::renameat2(AT_FDCWD, hidden_.c_str(), AT_FDCWD, path_.c_str(), RENAME_NOREPLACE));
+        if (error == 0 || error == EEXIST) {
+            return error;
+        }
+        road_ = NewFileRoad::link;
+    }
+    if (road_ == NewFileRoad::link) {
+        const int error = answer(::link(hidden_.c_str(), path_.c_str()));
+        if (error == 0 || error == EEXIST) {
+            return error;
+        }
+    }
+    return renameOverReserved(hidden_, path_);
 }
 
 }  // namespace kzq

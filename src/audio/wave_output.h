@@ -5,6 +5,7 @@
 #include <span>
 
 #include "platform/descriptor.h"
+#include "platform/new_file.h"
 
 namespace kzq {
 
@@ -12,7 +13,9 @@ namespace kzq {
 /// existing file is never replaced. Without a successful `finish` nothing remains.
 class WaveOutput {
   public:
-    explicit WaveOutput(std::filesystem::path path);
+    /// `first` is the road to the name that is tried first; the later ones follow where the file system
+    /// lacks it.
+    explicit WaveOutput(std::filesystem::path path, NewFileRoad first = NewFileRoad::unnamed);
     WaveOutput(const WaveOutput&) = delete;
     WaveOutput& operator=(const WaveOutput&) = delete;
     WaveOutput(WaveOutput&&) = delete;
@@ -29,9 +32,13 @@ class WaveOutput {
     std::uint64_t sampleBytes() const { return sampleBytes_; }
 
   private:
+    int openHidden();
+    int place();
+
     const std::filesystem::path path_;
+    NewFileRoad road_;
+    std::filesystem::path hidden_;  ///< where it is while it is written, unless it has no name at all
     Descriptor file_;
-    bool named_ = false;  ///< it has its name already, and loses it on failure
     std::uint64_t sampleBytes_ = 0;
 };
 

@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <thread>
 
+#include "audio/wave_output.h"
 #include "converting.h"
 
 namespace kzq {
@@ -71,6 +73,24 @@ TEST_F(Interrupted, ByADecoderThatHangs) {
     expectFailed(timeOrMemoryLimit, convertWith(fake(endless), {.silence = 1h, .whole = 100ms}), source_);
 }
 
+TEST_F(Interrupted, NotByADiskThatIsSlowerThanThePatience) {
+    using namespace std::chrono_literals;
+    const Descriptor source(::open(source_.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string heard;
+    const auto end = runLockedChild({.program = fake("echo sound"),
+                                     .arguments = {},
+                                     .source = source.get(),
+                                     .output =
+                                         [&](std::span<const std::uint8_t> bytes) {
+                                             heard.append(bytes.begin(), bytes.end());
+                                             std::this_thread::sleep_for(1100ms);  // the disk
+                                             return true;
+                                         },
+                                     .patience = {.silence = 1s, .whole = 1h}});
+    EXPECT_TRUE(end.succeeded());
+    EXPECT_EQ("sound\n", heard);
+}
+
 TEST_F(Interrupted, ByTheDeathOfTheProgram) {
     auto dying = options();
     dying.ffmpeg = fake(
@@ -111,6 +131,32 @@ TEST_F(Interrupted, ByAnOutputThatMustNotBeTouched) {
                  source_);
 }
 
+TEST_F(Interrupted, AHalfWrittenFileNeverHasTheName) {
+    const auto path = shop_.results() / "out.wav";
+    const Bytes samples(60, 7);
+    for (const NewFileRoad road :
+         {NewFileRoad::unnamed, NewFileRoad::renameNoReplace, NewFileRoad::link, NewFileRoad::reserve}) {
+        {
+            WaveOutput abandoned(path, road);
+            ASSERT_EQ(0, abandoned.open());
+            ASSERT_EQ(0, abandoned.write(samples));
+            EXPECT_FALSE(fs::exists(path));
+        }
+        EXPECT_EQ(0U, shop_.resultCount());
+        WaveOutput first(path, road);
+        ASSERT_EQ(0, first.open());
+        ASSERT_EQ(0, first.write(samples));
+        {
+            WaveOutput second(path, road);
+            ASSERT_EQ(0, second.open());
+            ASSERT_EQ(0, first.finish(true));
+            EXPECT_EQ(EEXIST, second.finish(false)) << "it came into being meanwhile";
+        }
+        EXPECT_EQ(10U, samplesOf(path).size() / 2);
+        fs::remove(path);
+    }
+}
+
 TEST_F(Interrupted, TheDecoderIsLockedDown) {
     // It finds the source and nothing else of ours, a clean environment, limits, and no file that it may
     // write.
@@ -120,7 +166,7 @@ TEST_F(Interrupted, TheDecoderIsLockedDown) {
     const auto written = shop_.at("written");
     const auto result =
         convertWith(fake("{ env; echo; ls /proc/self/fd; ulimit -v; ulimit -t; ulimit -f; ulimit -c; "
-                         "grep SigIgn /proc/self/status; } >&2\n"
+                         "grep -E 'SigIgn|NoNewPrivs' /proc/self/status; } >&2\n"
                          "[ $(cut -d' ' -f6 /proc/$$/stat) = $$ ] && echo own session >&2\necho x > " +
                          written.string()));
     std::signal(SIGPIPE, usualPipe);
@@ -129,8 +175,8 @@ TEST_F(Interrupted, TheDecoderIsLockedDown) {
     EXPECT_FALSE(result);
     EXPECT_THAT(logged_, ::testing::HasSubstr("LC_ALL=C"));
     EXPECT_THAT(logged_, ::testing::Not(::testing::HasSubstr("FFREPORT")));
-    EXPECT_THAT(logged_,
-                ::testing::HasSubstr(" 0 1 2 3 4 786432 120 0 0 SigIgn: 0000000000000000 own session"))
+    EXPECT_THAT(logged_, ::testing::HasSubstr(
+                             " 0 1 2 3 4 786432 120 0 0 SigIgn: 0000000000000000 NoNewPrivs: 1 own session"))
         << "4 is the listing's own";
     EXPECT_FALSE(fs::exists(written) && fs::file_size(written) > 0);
 }
