@@ -55,6 +55,8 @@ TEST_F(Refused, WhatIsNoAudio) {
     expectRefused(notAudio, writeText("concat.wav", "ffconcat version 1.0\nfile '" + good + "'\n"));
     expectRefused(notAudio, shop_.encode("film.mp4", "-f lavfi -i color=s=64x64:d=0.2 -c:v mpeg4"));
     expectRefused(unsupported, shop_.encode("opus.mp4", "-i good.wav -c:a libopus"));
+    // Its codec is one of ours, its format is not.
+    expectRefused(notAudio, shop_.encode("pcm.caf", "-i good.wav -c:a pcm_s16le"));
 }
 
 TEST_F(Refused, KindsThatWouldComeOutAsNoise) {
@@ -74,18 +76,23 @@ TEST_F(Refused, RatesThatNoRecordingHas) {
 }
 
 TEST_F(Refused, WhatIsDamagedOrIncomplete) {
-    const std::vector<std::pair<std::string, std::string>> kinds{{"s.wav", ""},
-                                                                 {"s.aiff", ""},
-                                                                 {"s.flac", ""},
-                                                                 {"s.m4a", "-c:a aac"},
-                                                                 {"fast.m4a", "-movflags faststart"},
-                                                                 {"s.mp3", ""},
-                                                                 {"s.ac3", ""}};
+    const std::vector<std::pair<std::string, std::string>> kinds{
+        {"s.wav", ""},  {"rf64.wav", "-rf64 always"},  {"s.aiff", ""},
+        {"s.flac", ""}, {"s.m4a", "-c:a aac"},         {"fast.m4a", "-movflags faststart"},
+        {"s.mp3", ""},  {"bare.mp3", "-write_xing 0"}, {"s.mp2", ""},
+        {"s.ac3", ""}};
     for (const auto& [name, arguments] : kinds) {
         const auto whole = shop_.encode(name, "-i good.wav " + arguments);
         expectRefused(truncatedOrCorrupt, cut(whole, 0.5));
         expectRefused(truncatedOrCorrupt, cut(whole, 0.9));
     }
+    Bytes filled = readFile(shop_.at("bare.mp3"));
+    std::fill(filled.begin() + static_cast<std::ptrdiff_t>(filled.size() / 2), filled.end(), std::uint8_t{0});
+    expectRefused(truncatedOrCorrupt, shop_.write("filled.mp3", filled));
+    // Between two of the decoder's packets, where nothing looks torn.
+    Bytes atPacket = rf64(wave(packed(noise(40'000, 16)), 2).value());
+    atPacket.resize(waveHeaderSize + 36 + 8 * 4'092);
+    expectRefused(truncatedOrCorrupt, shop_.write("packet.wav", atPacket));
     Bytes flac = readFile(shop_.at("s.flac"));
     flac[flac.size() / 2] ^= 0x10U;
     expectRefused(truncatedOrCorrupt, shop_.write("flipped.flac", flac));
