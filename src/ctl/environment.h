@@ -7,10 +7,12 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "ctl/converter.h"
 #include "ctl/exit_codes.h"
 #include "ctl/question.h"
+#include "device/libusb/diagnosis.h"
 #include "device/usb_port.h"
 #include "platform/executor.h"
 #include "updates/http_client.h"
@@ -44,6 +46,9 @@ struct Environment {
     std::filesystem::path home;             ///< the user's home folder; empty for none
     std::function<AwakeLock()> keepAwake;   ///< blocks; any thread
     std::function<void(bool)> holdSignals;  ///< whether no signal may end the program; any thread
+
+    /// What stands between the user and the pedal; any thread.
+    std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
 };
 
 }  // namespace kzq::ctl

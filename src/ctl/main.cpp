@@ -159,7 +159,8 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .manifest = firmwareManifestAddress(),
         .home = homeFolder(),
         .keepAwake = ctl::keepAwake,
-        .holdSignals = [&signals](bool held) { signals.hold(held); }};
+        .holdSignals = [&signals](bool held) { signals.hold(held); },
+        .diagnose = [] { return diagnose(); }};
     ctl::Tool tool(options, environment);
     signals.listen(
         executor, [&tool] { tool.interrupt(); },

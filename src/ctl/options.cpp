@@ -125,6 +125,9 @@ void addReading(CLI::App& app, Options& options, Words& words) {
         ->option_text(" ")
         ->required();
 
+    addSubcommand(app, options, "doctor", Subcommand::doctor,
+                  "Tell what stands between you and the pedal, and the commands that mend it");
+
     addSubcommand(app, options, "watch", Subcommand::watch,
                   "Show the pedal's coming, going and changes as they happen, until Ctrl-C");
 }

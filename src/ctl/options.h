@@ -21,7 +21,8 @@ enum class Subcommand {
     restore,
     watch,
     firmware,
-    firmwareInstall
+    firmwareInstall,
+    doctor
 };
 
 /// What the user asked for.

@@ -4,6 +4,7 @@
 
 #include "ctl/backup_command.h"
 #include "ctl/convert_command.h"
+#include "ctl/doctor_command.h"
 #include "ctl/erase_command.h"
 #include "ctl/export_command.h"
 #include "ctl/firmware_command.h"
@@ -37,6 +38,8 @@ std::shared_ptr<Command> makeCommand(Context context) {
             return std::make_shared<FirmwareCommand>(std::move(context));
         case Subcommand::firmwareInstall:
             return std::make_shared<FirmwareInstallCommand>(std::move(context));
+        case Subcommand::doctor:
+            return std::make_shared<DoctorCommand>(std::move(context));
         case Subcommand::watch:
             return std::make_shared<WatchCommand>(std::move(context));
     }

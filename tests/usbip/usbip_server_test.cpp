@@ -21,6 +21,8 @@ constexpr int tooLong = -75;
 constexpr int cameShort = -121;
 constexpr int connectionReset = -104;
 
+constexpr std::size_t loopBytes = 6 * 171;
+
 class UsbipServerTest : public testing::Test {
   protected:
     UsbipServerTest() {
@@ -31,7 +33,7 @@ class UsbipServerTest : public testing::Test {
     }
 
     static PedalMemory oneLoop() {
-        StoredLoop loop{ImportClient::Bytes(6 * 171), 120, 255};
+        StoredLoop loop{ImportClient::Bytes(loopBytes), 120, 255};
         for (std::size_t i = 0; i < loop.audio.size(); ++i) {
             loop.audio[i] = static_cast<std::uint8_t>(i * 31 + i / 255);
         }
@@ -126,7 +128,7 @@ TEST_F(UsbipServerTest, CarriesLoopsBothWays) {
     const auto rest = client.answer(true);
     EXPECT_EQ(rest.status, 0);
     loop.insert(loop.end(), rest.data.begin(), rest.data.end());
-    loop.resize(6 * 171);
+    loop.resize(loopBytes);
     EXPECT_EQ(loop, pedal_.memory()[3]->audio);
 
     client.command(command::exportLoop, 5, 0);

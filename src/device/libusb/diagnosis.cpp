@@ -170,9 +170,4 @@ std::vector<Finding> diagnose(const SystemPlaces& places) {
     return findings;
 }
 
-std::optional<Finding> firstTrouble(const std::vector<Finding>& findings) {
-    const auto found = std::ranges::find_if(findings, &Finding::present);
-    return found == findings.end() ? std::nullopt : std::optional(*found);
-}
-
 }  // namespace kzq

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -43,6 +44,9 @@ struct Finding {
 std::vector<Finding> diagnose(const SystemPlaces& places = {});
 
 /// The one to tell first; nothing when all is well.
-std::optional<Finding> firstTrouble(const std::vector<Finding>& findings);
+inline std::optional<Finding> firstTrouble(const std::vector<Finding>& findings) {
+    const auto found = std::ranges::find_if(findings, &Finding::present);
+    return found == findings.end() ? std::nullopt : std::optional(*found);
+}
 
 }  // namespace kzq

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "ctl/command.h"
+
+namespace kzq::ctl {
+
+/// Tells what stands between the user and the pedal, without opening it, and the commands that mend it.
+class DoctorCommand : public Command {
+  public:
+    explicit DoctorCommand(Context context) : context_(std::move(context)) {}
+
+    bool withoutPedal() override;
+    void connected(const std::shared_ptr<KZQ7306>& /*looper*/) override {}
+    void disconnected() override {}
+    void cancel() override {}
+
+  private:
+    void show(const std::vector<Finding>& findings) const;
+
+    Context context_;
+};
+
+}  // namespace kzq::ctl
