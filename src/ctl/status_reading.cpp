@@ -1,6 +1,6 @@
 #include "ctl/status_reading.h"
 
-#include <utility>
+#include <mutex>
 
 #include "device/commands.h"
 
@@ -8,16 +8,16 @@ namespace kzq::ctl {
 
 namespace {
 
-/// A request that fails reads as a table of empty slots, so only what is read twice alike counts.
-std::optional<Status> agreedStatus(KZQ7306& looper) {
-    constexpr int tries = 4;
-    auto last = looper.status(true);
-    for (int i = 0; i < tries && last; ++i) {
-        auto again = looper.status(true);
-        if (again == last) {
-            return last;
+/// The status, if every request for it was answered in full: a failed one reads as a table of empty slots.
+std::optional<Status> wholeStatus(KZQ7306& looper) {
+    constexpr int tries = 3;
+    const std::lock_guard guard(looper.lock());
+    for (int i = 0; i < tries; ++i) {
+        const auto before = looper.shortReplies();
+        auto status = looper.status(true);
+        if (!status || looper.shortReplies() == before) {
+            return status;
         }
-        last = std::move(again);
     }
     return std::nullopt;
 }
@@ -31,7 +31,7 @@ bool pedalAnswers(KZQ7306& looper) {
 
 StatusReading readStatus(KZQ7306& looper) {
     StatusReading reading;
-    reading.status = agreedStatus(looper);
+    reading.status = wholeStatus(looper);
     reading.answers = pedalAnswers(looper);
     const bool unread = reading.status && reading.status->version.find('\0') != std::string::npos;
     if (!reading.answers || unread) {

@@ -123,6 +123,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool isAtLeastCatalina() const { return macos_ > 14; }
     /// Why the latest failure happened. Inside a partial-completion callback: why that loop failed.
     Failure lastFailure() const { return lastFailure_; }
+    /// How many requests have come back short or not at all. Their replies read as zeros, which in a loop
+    /// table look like empty slots: whoever decides by what the pedal holds compares this before and after.
+    std::uint32_t shortReplies() const { return shortReplies_; }
     /// Why the pedal that arrived last could not be used; none when it can, or has left.
     Failure acquisitionFailure() const { return acquisitionFailure_; }
 
@@ -227,6 +230,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<std::int32_t> operation_ = idle;
     std::atomic<bool> starting_ = false;  ///< an operation was accepted and has not begun
     std::atomic<Failure> lastFailure_ = Failure::none;
+    std::atomic<std::uint32_t> shortReplies_ = 0;
     std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
     /// Guards what follows, for moments only: never held during USB traffic or a callback.

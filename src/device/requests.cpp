@@ -14,7 +14,9 @@ std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t r
         return std::nullopt;
     }
     Reply reply(length);
-    handle->control(code, request, value, index, reply);
+    if (handle->control(code, request, value, index, reply) != static_cast<int>(length)) {
+        ++shortReplies_;
+    }
     return reply;
 }
 

@@ -118,6 +118,13 @@ TEST_F(ToolTest, halfAFailedLoopTableIsReadAgain) {
     plan("stall@EB");
     EXPECT_EQ(run({"list", "--json"}), ExitCode::ok);
     EXPECT_EQ(nlohmann::json::parse(out.str())["loops"].size(), 3);
+    for (const std::string fault : {"stall@EB+", "shorten@EC+"}) {
+        pedal.clearFaults();
+        plan(fault);
+        code.reset();
+        EXPECT_EQ(run({"list"}), ExitCode::pedalRefused) << fault;
+        EXPECT_THAT(err.str(), HasSubstr("does not tell what it holds"));
+    }
 }
 
 TEST_F(ToolTest, aFailedVersionIsNoStatus) {
