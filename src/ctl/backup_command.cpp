@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 #include <utility>
+#include <vector>
 
 #include "ctl/audio_file.h"
 #include "ctl/folder_check.h"
@@ -15,12 +16,26 @@ std::string loopName(std::uint8_t slot) {
     return "Loop " + std::to_string(slot);
 }
 
+/// All loops, those that the index has last.
+std::vector<const Loop*> missingFirst(const Loops& loops, const BackupIndex& index) {
+    std::vector<const Loop*> order;
+    for (const bool kept : {false, true}) {
+        for (const auto& [slot, loop] : loops) {
+            if (index.loops.contains(slot) == kept) {
+                order.push_back(&loop);
+            }
+        }
+    }
+    return order;
+}
+
 }  // namespace
 
 BackupCommand::BackupCommand(Context context) : PedalJob(std::move(context)), folder_(options().folder) {}
 
 std::optional<Explanation> BackupCommand::obstacle() {
-    return folderObstacle(folder_.path());
+    // A finished backup is only compared with, which a folder that cannot be written to allows.
+    return folder_.isComplete() ? std::nullopt : folderObstacle(folder_.path());
 }
 
 ExitCode BackupCommand::work(PedalWorker& pedal) {
@@ -45,15 +60,9 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
     index.firmware = printable(status.version);
     tally_.wanted = status.loops.size();
     keepWhatIsThere(status.loops, index);
-    Loops missing;
-    for (const auto& [slot, loop] : status.loops) {
-        if (!index.loops.contains(slot)) {
-            missing.emplace(slot, loop);
-        }
-    }
-    startProgress(missing);
-    for (const auto& [slot, loop] : missing) {
-        if (!saveLoop(pedal, loop, index)) {
+    startProgress(status.loops);
+    for (const auto* const loop : missingFirst(status.loops, index)) {
+        if (!saveLoop(pedal, *loop, index)) {
             break;
         }
     }
@@ -61,15 +70,12 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
     return finish(pedal, status, index);
 }
 
-/// What an earlier run has saved counts when its file is whole and the pedal still has such a loop. Else the
-/// file stays, as it may be the only copy, but does not belong to this backup.
+/// What an earlier run has saved stays in the index when its file is whole and the pedal still has such a
+/// loop. Else the file stays, as it may be the only copy, but does not belong to this backup.
 void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
     for (auto entry = index.loops.begin(); entry != index.loops.end();) {
         const auto loop = loops.find(entry->first);
         if (loop != loops.end() && entry->second.describes(loop->second) && folder_.loop(entry->second)) {
-            ++tally_.done;
-            report().tell("kept", {{"slot", entry->first}, {"file", entry->second.file}},
-                          loopName(entry->first) + ": saved already.");
             ++entry;
         } else {
             entry = index.loops.erase(entry);
@@ -77,47 +83,58 @@ void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
     }
 }
 
-/// Whether the next loop may fare better.
+/// Whether the next loop may fare better. One that is in the index already is read too: a recording over the
+/// loop may have left its length and everything else in the pedal's table as it was.
 bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index) {
     const auto slot = static_cast<std::uint8_t>(loop.address + 1);
     const auto image = read(pedal, slot);
     if (!image && pedal.ended()) {
         return false;
     }
-    if (!image) {
-        const auto reason = explainLoop(pedal.failure());
-        failed(tally_, slot, failureName(pedal.failure()),
+    if (!image || framesOf(*image) != loop.samples) {
+        const auto reason = image ? Explanation{ExitCode::pedalRefused, "it changed while it was being read."}
+                                  : explainLoop(pedal.failure());
+        index.loops.erase(slot);
+        failed(tally_, slot, image ? "changed" : failureName(pedal.failure()),
                {reason.code, loopName(slot) + " was not saved: " + reason.sentence});
         return true;
     }
-    if (framesOf(*image) != loop.samples) {
-        failed(
-            tally_, slot, "changed",
-            {ExitCode::pedalRefused, loopName(slot) + " was not saved: it changed while it was being read."});
+    const auto kept = index.loops.find(slot);
+    if (kept != index.loops.end() && kept->second.sha256 == audioDigest(*image)) {
+        context().output.endProgress();
+        report().tell("kept", {{"slot", slot}, {"file", kept->second.file}},
+                      loopName(slot) + ": saved already.");
         return true;
     }
+    return storeLoop(loop, *image, index);
+}
+
+bool BackupCommand::storeLoop(const Loop& loop, const Bytes& image, BackupIndex& index) {
+    const auto slot = static_cast<std::uint8_t>(loop.address + 1);
     BackupEntry entry{
         .file = {}, .samples = loop.samples, .tempo = loop.tempo, .channel = loop.channel, .sha256 = {}};
-    auto problem = folder_.addLoop(slot, *image, entry);
+    index.loops.erase(slot);
+    auto problem = folder_.addLoop(slot, image, entry);
     if (!problem) {
         index.loops[slot] = entry;
         problem = folder_.writePartialIndex(index);
     }
     if (problem) {
+        index.loops.erase(slot);
         failed(tally_, slot, "file", *problem);
         tally_.stopped = true;
         return false;
     }
-    ++tally_.done;
     context().output.endProgress();
     report().tell("saved", {{"slot", slot}, {"file", entry.file}, {"samples", entry.samples}},
                   loopName(slot) + ": saved as " + (folder_.path() / entry.file).string() + " (" +
-                      sizeText(image->size()) + ").");
+                      sizeText(image.size()) + ").");
     return true;
 }
 
 /// The index, but only of a backup that is whole and of one moment.
 ExitCode BackupCommand::finish(PedalWorker& pedal, const Status& status, const BackupIndex& index) {
+    tally_.done = index.loops.size();
     const bool whole = tally_.done == tally_.wanted;
     if (whole) {
         if (const auto problem = changedSince(pedal, status.loops); problem && !pedal.ended()) {

@@ -19,6 +19,7 @@ class BackupCommand : public PedalJob {
   private:
     ExitCode save(PedalWorker& pedal, const Status& status, BackupIndex index);
     bool saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index);
+    bool storeLoop(const Loop& loop, const Bytes& image, BackupIndex& index);
     ExitCode finish(PedalWorker& pedal, const Status& status, const BackupIndex& index);
     void keepWhatIsThere(const Loops& loops, BackupIndex& index);
 

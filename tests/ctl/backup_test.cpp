@@ -52,9 +52,29 @@ TEST_F(BackupTest, goesOnWhereTheCableWasPulled) {
     plugInAgain();
     pedal.clearJournal();
     EXPECT_EQ(backup(), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("Loop 2: saved already.\nLoop 5: saved already.\nLoop 20: saved as"));
-    EXPECT_EQ(sent(command::importLoop), 1);
+    EXPECT_THAT(out.str(), HasSubstr("Loop 2: saved already.\nLoop 5: saved already.\n3 loops backed up"));
+    EXPECT_EQ(sent(command::importLoop), 3) << "what was saved already is compared";
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "Loop 20.wav", "backup.json"));
+}
+
+TEST_F(BackupTest, aRecordingOfTheSameLengthSinceTheInterruptionIsNotMissed) {
+    plan("unplug@in:9");
+    EXPECT_EQ(backup(), ExitCode::noPedal);
+    plugInAgain();
+    auto overdubbed = loopOf(1000, 10);
+    overdubbed.audio.back() ^= 1U;
+    pedal.setLoop(1, overdubbed);
+    plan("refuse@E1:3");  // the comparison of loop 5, after 20 and 2
+    EXPECT_EQ(backup(), ExitCode::someFailed);
+    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops saved."));
+    EXPECT_FALSE(files().contains("backup.json"));
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_EQ(contents("Loop 2.wav"), wave(loopOf(1000, 10).audio, 2));
+    EXPECT_EQ(contents("Loop 2-2.wav"), wave(overdubbed.audio, 2));
+    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 2-2.wav", "Loop 5.wav", "Loop 20.wav",
+                                              "backup.json"));
+    EXPECT_EQ(run({"restore", folder, "--yes"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("There is nothing to change."));
 }
 
 TEST_F(BackupTest, whatChangedSinceTheInterruptionIsReadAgain) {
