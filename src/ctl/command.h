@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "ctl/environment.h"
+#include "ctl/job_report.h"
 #include "ctl/options.h"
 #include "ctl/output.h"
 #include "ctl/sentences.h"
@@ -21,9 +22,18 @@ struct Context {
     std::function<void(ExitCode)> finish;
     const Environment& environment;
 
+    /// Whether a program listens that expects one object a line.
+    bool tellsEvents() const {
+        const auto subcommand = options.subcommand;
+        return options.json && subcommand != Subcommand::list && subcommand != Subcommand::firmware;
+    }
+    /// Says why the command ends before its work is done.
+    void explain(const Explanation& explanation) const {
+        JobReport(output, tellsEvents()).stopped(explanation);
+    }
     /// Says it and ends the program.
     void fail(const Explanation& explanation) const {
-        output.error(explanation.sentence);
+        explain(explanation);
         finish(explanation.code);
     }
 };

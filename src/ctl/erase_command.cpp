@@ -5,6 +5,20 @@
 #include "ctl/format.h"
 
 namespace kzq::ctl {
+namespace {
+
+/// The work ended before the pedal could be asked what it still holds. A pedal that is there keeps its word;
+/// but a request to one that has left reads like a consent.
+void countUnseen(const PedalWorker& pedal, std::optional<std::uint8_t> agreed, Tally& tally) {
+    const auto end = pedal.ended();
+    if (agreed && end && end->code == ExitCode::cancelled) {
+        tally.done += *agreed;
+    } else if (pedal.begun() && agreed != 0) {
+        tally.doubt = "Some of the loops may have been erased.";
+    }
+}
+
+}  // namespace
 
 ExitCode EraseCommand::work(PedalWorker& pedal) {
     const auto status = pedal.status();
@@ -31,9 +45,8 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
     }
     eraseAndLook(pedal, report(), slots, tally);
     const auto all = loopsText(tally.wanted);
-    return conclude(pedal, tally,
-                    tally.done == tally.wanted ? all + " erased."
-                                               : std::to_string(tally.done) + " of " + all + " erased.");
+    const auto done = tally.done == tally.wanted ? all : std::to_string(tally.done) + " of " + all;
+    return conclude(pedal, tally, tally.unsure() ? "" : done + " erased.");
 }
 
 /// Those of the wanted slots that hold a loop.
@@ -57,9 +70,10 @@ std::vector<std::uint8_t> EraseCommand::occupied(const Loops& loops) {
 
 std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
                                   const std::vector<std::uint8_t>& slots, Tally& tally) {
-    const bool went = pedal.eraseLoops(slots);
-    const auto status = went ? pedal.status() : std::nullopt;
+    const auto count = pedal.eraseLoops(slots);
+    const auto status = pedal.status();
     if (!status) {
+        countUnseen(pedal, count, tally);
         return std::nullopt;
     }
     for (const auto slot : slots) {

@@ -46,7 +46,8 @@ ExitCode ExportCommand::work(PedalWorker& pedal) {
     send(pedal, status->loops);
     const auto all = loopsText(tally_.wanted);
     const std::string done = tally_.done == tally_.wanted ? all : std::to_string(tally_.done) + " of " + all;
-    return conclude(pedal, tally_, done + (options().verify ? " written and compared." : " written."));
+    const std::string summary = done + (options().verify ? " written and compared." : " written.");
+    return conclude(pedal, tally_, tally_.unsure() ? "" : summary);
 }
 
 /// Nothing is sent unless all of the files can be.
@@ -75,8 +76,8 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
                           : exportInfoForLoop(slot, loops.contains(slot), file.path, size - waveHeaderSize);
     if (!info) {
         const std::string why = file.problem.empty() ? "There is no sound in the file." : file.problem;
-        return Explanation{ExitCode::fileError,
-                           name + " was not converted: " + why + " Nothing was written."};
+        const char* const next = why.ends_with('.') ? " Nothing was written." : ". Nothing was written.";
+        return Explanation{ExitCode::fileError, name + " was not converted: " + why + next};
     }
     const auto frames = info->bytes / frameBytes;
     if (!fitsCapacity(existingAndTeedUpExportSamplesWithProposedExport(loops, exports_, frames, slot))) {
@@ -139,6 +140,7 @@ void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
                                       [&info](ByteView image) { return holdsSameAudio(info.source, image); });
         }
         if (!outcome.sentence.empty() && pedal.ended()) {
+            tally_.doubt = outcome.doubt;
             return;
         }
         if (outcome.sentence.empty()) {

@@ -43,7 +43,7 @@ void FirmwareCommand::show(const std::string& installed, const std::optional<Fir
         } else {
             object["message"] = problem.sentence;
         }
-        output.line(jsonText(object, true));
+        output.json(jsonText(object, true));
         return;
     }
     output.line(installed.empty() ? "The pedal has only its loader and waits for firmware."

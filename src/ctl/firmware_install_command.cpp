@@ -284,7 +284,10 @@ ExitCode FirmwareInstallCommand::finished(bool installed, const Explanation& end
                    {"message", end.sentence},
                    {"exit", static_cast<int>(end.code)}},
                   end.code == ExitCode::ok ? end.sentence : "");
-    return end.code == ExitCode::ok ? end.code : stop(end);
+    if (end.code != ExitCode::ok) {
+        context().output.error(end.sentence);
+    }
+    return end.code;
 }
 
 /// What keeps the computer awake, as long as it lives. Without it the installation goes on all the same.

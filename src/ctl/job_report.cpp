@@ -10,7 +10,7 @@ namespace kzq::ctl {
 void JobReport::tell(const char* event, nlohmann::json details, const std::string& sentence) {
     if (json_) {
         details["event"] = event;
-        output_.line(jsonText(details));
+        output_.json(jsonText(details));
     } else if (!sentence.empty()) {
         output_.line(sentence);
     }
@@ -21,15 +21,23 @@ void JobReport::failed(unsigned slot, std::string_view reason, const std::string
     output_.error(sentence);
 }
 
+void JobReport::stopped(const Explanation& explanation) {
+    output_.endProgress();
+    output_.error(explanation.sentence);
+    tell("finished", {{"exit", static_cast<int>(explanation.code)}, {"message", explanation.sentence}}, {});
+}
+
 void JobReport::finished(const Tally& tally, const std::optional<Explanation>& end,
                          const std::string& summary) {
     output_.endProgress();
+    nlohmann::json details{
+        {"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(tally.exitCode(end))}};
     if (end) {
-        output_.error(end->sentence);
+        const auto message = end->sentence + (tally.doubt.empty() ? "" : " " + tally.doubt);
+        output_.error(message);
+        details["message"] = message;
     }
-    tell("finished",
-         {{"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(tally.exitCode(end))}},
-         summary);
+    tell("finished", std::move(details), summary);
 }
 
 std::string loopNames(const std::vector<std::uint8_t>& slots) {

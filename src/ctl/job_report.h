@@ -21,6 +21,8 @@ class JobReport {
     void tell(const char* event, nlohmann::json details, const std::string& sentence);
     /// A loop failed; both kinds of reader also find the sentence on standard error.
     void failed(unsigned slot, std::string_view reason, const std::string& sentence);
+    /// The end of a command that has nothing else to tell.
+    void stopped(const Explanation& explanation);
     /// The end; `summary` for people.
     void finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary);
 

@@ -12,7 +12,7 @@ ExitCode ListCommand::work(PedalWorker& pedal) {
         return stop(pedal);
     }
     if (options().json) {
-        context().output.line(jsonText(statusJson(*status), true));
+        context().output.json(jsonText(statusJson(*status), true));
         return ExitCode::ok;
     }
     for (const auto& line : statusTable(*status)) {

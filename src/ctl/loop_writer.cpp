@@ -7,8 +7,9 @@ LoopWriter::Outcome LoopWriter::write(const ExportInfo& info) {
         return {};
     }
     const auto why = explainExport(pedal_.failure());
-    return {why.code, std::string(failureName(pedal_.failure())),
-            "Loop " + std::to_string(info.destination) + " was not written: " + why.sentence};
+    const std::string name = "Loop " + std::to_string(info.destination);
+    return {why.code, std::string(failureName(pedal_.failure())), name + " was not written: " + why.sentence,
+            pedal_.begun() ? name + " was being written; the slot may be empty now." : ""};
 }
 
 LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
@@ -17,10 +18,11 @@ LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
     if (!image) {
         const auto why = explainLoop(pedal_.failure());
         return {why.code, std::string(failureName(pedal_.failure())),
-                name + " was written but could not be read back: " + why.sentence};
+                name + " was written but could not be read back: " + why.sentence,
+                name + " was written, but not compared."};
     }
     if (!same(*image)) {
-        return {ExitCode::someFailed, "differs", name + " reads back different from what was written."};
+        return {ExitCode::someFailed, "differs", name + " reads back different from what was written.", {}};
     }
     return {};
 }

@@ -18,6 +18,7 @@ class LoopWriter {
         ExitCode code = ExitCode::ok;
         std::string reason;  ///< a word for programs
         std::string sentence;
+        std::string doubt;  ///< what becomes of the slot if the work ended meanwhile
     };
     /// Whether the image that was read back has the audio that was sent.
     using Check = std::function<bool(ByteView image)>;

@@ -1,31 +1,48 @@
 #include "ctl/output.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kzq::ctl {
 namespace {
 
 constexpr std::string_view eraseLine = "\r\x1b[K";
 
+/// A terminal would obey them.
+std::string withoutControls(std::string_view text) {
+    std::string result(text);
+    std::replace_if(
+        result.begin(), result.end(),
+        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; }, '?');
+    return result;
+}
+
 }  // namespace
 
 void Output::line(std::string_view text) {
+    write(out_, "", withoutControls(text));
+}
+
+void Output::json(std::string_view text) {
     write(out_, "", text);
 }
 
 void Output::error(std::string_view sentence) {
-    write(err_, "kzq7306ctl: ", sentence);
+    write(err_, "kzq7306ctl: ", withoutControls(sentence));
 }
 
 void Output::log(std::string_view text) {
-    write(err_, "", text);
+    write(err_, "", withoutControls(text));
 }
 
 void Output::progress(std::string_view text) {
+    auto shown = withoutControls(text);
     const std::lock_guard guard(mutex_);
-    if (!terminal_ || text == progress_) {
+    if (!terminal_ || shown == progress_) {
         return;
     }
     erase();
-    progress_ = text;
+    progress_ = std::move(shown);
     out_ << progress_ << std::flush;
 }
 

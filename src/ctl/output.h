@@ -8,7 +8,7 @@
 namespace kzq::ctl {
 
 /// Everything the program writes, line by line; on a terminal also one progress line, which is rewritten in
-/// place and stays the last. Any thread.
+/// place and stays the last. Control bytes, which a file name may have, become question marks. Any thread.
 class Output {
   public:
     /// The streams outlive it. `terminal`: whether `out` is one.
@@ -16,6 +16,8 @@ class Output {
 
     bool terminal() const { return terminal_; }
     void line(std::string_view text);
+    /// For programs: as it is.
+    void json(std::string_view text);
     /// A sentence on standard error, after the program's name.
     void error(std::string_view sentence);
     void log(std::string_view text);

@@ -43,13 +43,12 @@ void PedalJob::cancel() {
     if (pedal_) {
         pedal_->end(cancelledByUser());
     } else {
-        context_.finish(ExitCode::cancelled);
+        context_.fail(cancelledByUser());
     }
 }
 
 ExitCode PedalJob::stop(const Explanation& explanation) const {
-    context_.output.endProgress();
-    context_.output.error(explanation.sentence);
+    context_.explain(explanation);
     return explanation.code;
 }
 

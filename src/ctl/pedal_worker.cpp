@@ -14,6 +14,7 @@ struct PedalWorker::Result {
     Failure failure = Failure::none;
     std::optional<std::vector<std::uint8_t>> file;
     std::uint32_t sent = 0;
+    std::uint8_t erased = 0;
 };
 
 PedalWorker::PedalWorker(Executor& executor, std::shared_ptr<KZQ7306> looper, Executor::Duration patience)
@@ -168,10 +169,11 @@ bool PedalWorker::exportLoop(const ExportInfo& info, Progress progress) {
     return result && result->sent != 0;
 }
 
-bool PedalWorker::eraseLoops(const std::vector<std::uint8_t>& slots) {
+std::optional<std::uint8_t> PedalWorker::eraseLoops(const std::vector<std::uint8_t>& slots) {
     const auto result = transfer([this, slots](const auto& shared, const Done& done) {
         const auto self = shared_from_this();
         return looper_->eraseLoops(slots, [self, shared, done, count = slots.size()](std::uint8_t erased) {
+            shared->erased = erased;
             if (erased != count) {
                 self->inspect(*shared);
             }
@@ -182,12 +184,13 @@ bool PedalWorker::eraseLoops(const std::vector<std::uint8_t>& slots) {
     while (!ended() && looper_->operation() != KZQ7306::idle) {
         executor_.sleep(std::chrono::milliseconds(1));
     }
-    return result && !ended();
+    return result ? std::optional(result->erased) : std::nullopt;
 }
 
 /// Null when it never came to its end.
 std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
     auto result = std::make_shared<Result>();
+    begun_ = false;
     patience_->touch();
     const bool came = perform(false, [self = shared_from_this(), result, batch](const Done& done) {
         self->begin(result, batch, done);
@@ -204,7 +207,9 @@ std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
 
 /// The link asks the pedal whether it is busy before it answers.
 void PedalWorker::begin(const std::shared_ptr<Result>& result, const Batch& batch, const Done& done) {
+    begun_ = true;  // before the batch can report
     if (!batch(result, done)) {
+        begun_ = false;
         result->accepted = false;
         result->failure = looper_->lastFailure();
         done();

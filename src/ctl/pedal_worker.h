@@ -26,12 +26,8 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     /// `patience` 0: for ever. `executor` outlives it.
     PedalWorker(Executor& executor, std::shared_ptr<KZQ7306> looper, Executor::Duration patience);
 
-    // --- main thread
-
-    /// Comes first.
+    /// Comes first. Main thread.
     void start();
-    /// Ends the work for this reason; only the first one counts.
-    void end(const Explanation& reason);
 
     // --- the command's thread, which is a background one
 
@@ -41,14 +37,20 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, Progress progress);
     /// The working copy must stay where it is. False: the work has ended, or failure() tells why.
     bool exportLoop(const ExportInfo& info, Progress progress);
-    /// What became of it is only told by the next status. False: the work has ended.
-    bool eraseLoops(const std::vector<std::uint8_t>& slots);
+    /// How many the pedal agreed to erase; what became of them is only told by the next status. Nothing: it
+    /// was not told, and the work has ended.
+    std::optional<std::uint8_t> eraseLoops(const std::vector<std::uint8_t>& slots);
+    /// Whether the last transfer was begun, so that the pedal may have done some of it.
+    bool begun() const { return begun_; }
     /// Does something that may take for ever and can be left behind: `task` runs on a thread of its own and
     /// may outlast everything the caller has. False when the work ended first.
     bool attempt(std::function<void()> task);
 
     // --- any thread
 
+    /// Ends the work for this reason; only the first one counts. The main thread brings the news of the user
+    /// and of the cable, the command's thread those of a pedal that does not answer.
+    void end(const Explanation& reason);
     Failure failure() const { return failure_; }
     /// Why the work has to end, if it has to.
     std::optional<Explanation> ended() const;
@@ -77,6 +79,7 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     std::shared_ptr<Patience> patience_;  ///< since the start
     std::atomic<Failure> failure_ = Failure::none;
     std::atomic<bool> endedFlag_ = false;
+    std::atomic<bool> begun_ = false;
 
     mutable std::mutex mutex_;  ///< guards what follows
     std::condition_variable changed_;

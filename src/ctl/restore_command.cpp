@@ -198,6 +198,7 @@ void RestoreCommand::write(PedalWorker& pedal, const Loops& loops) {
             });
         }
         if (!outcome.sentence.empty() && pedal.ended()) {
+            tally_.doubt = outcome.doubt;
             return;
         }
         context().output.endProgress();
@@ -216,8 +217,9 @@ std::string RestoreCommand::summary(const PedalWorker& pedal) const {
         return loopsText(writes_.size()) + " written, " + std::to_string(erased_.size()) + " erased, " +
                std::to_string(same_) + " the same.";
     }
-    return std::to_string(tally_.done) + " of " + std::to_string(tally_.wanted) +
-           " changes made. Run the same command again to continue.";
+    const std::string counts =
+        std::to_string(tally_.done) + " of " + std::to_string(tally_.wanted) + " changes made. ";
+    return (tally_.unsure() ? "" : counts) + "Run the same command again to continue.";
 }
 
 }  // namespace kzq::ctl

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "ctl/sentences.h"
@@ -13,7 +14,11 @@ struct Tally {
     std::size_t wanted = 0;
     std::size_t done = 0;
     std::vector<Explanation> failures;  ///< of single loops, in order; all of them have been said
+    std::string doubt;                  ///< what the end may have left behind: a sentence, or nothing
     bool stopped = false;               ///< after the last failure no other loop was tried
+
+    /// Whether `done` says too little to be told.
+    bool unsure() const { return done == 0 && !doubt.empty(); }
 
     /// `end`: what ended the command before its last loop, if anything did.
     ExitCode exitCode(const std::optional<Explanation>& end) const {

@@ -39,7 +39,7 @@ void WatchCommand::changed(const Status& status) {
     if (context_.options.json) {
         nlohmann::json object = statusJson(status);
         object["event"] = "status";
-        context_.output.line(jsonText(object));
+        context_.output.json(jsonText(object));
     } else {
         if (last_) {
             for (const auto& line : statusChanges(last_->loops, status.loops)) {
@@ -55,7 +55,11 @@ void WatchCommand::changed(const Status& status) {
 }
 
 void WatchCommand::say(const std::string& text, const char* event) {
-    context_.output.line(context_.options.json ? jsonText({{"event", event}}) : text);
+    if (context_.options.json) {
+        context_.output.json(jsonText({{"event", event}}));
+    } else {
+        context_.output.line(text);
+    }
     if (!context_.output.flush()) {
         context_.fail(outputLost());
     }

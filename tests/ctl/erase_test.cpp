@@ -38,8 +38,19 @@ TEST_F(ToolTest, whatIsNotErasedIsNotCalledErased) {
 
     plan("unplug@ED");  // a request to nobody reads like a consent
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::noPedal);
-    EXPECT_THAT(out.str(), testing::Not(HasSubstr(": erased")));
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("erased.")));
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged. Some of the loops may have been erased.\n");
     EXPECT_TRUE(pedal.memory()[1]);
+}
+
+TEST_F(ToolTest, anEndBeforeTheWorkIsToldToPrograms) {
+    EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::noPedal);
+    EXPECT_THAT(out.str(), testing::StartsWith(R"({"event":"finished","exit":3,"message":"No pedal)"));
+    EXPECT_EQ(run({"list", "--json"}), ExitCode::noPedal);
+    EXPECT_THAT(out.str(), IsEmpty()) << "it speaks one object in all";
+    pedal.plugIn();
+    EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::usage);
+    EXPECT_THAT(out.str(), HasSubstr(R"({"event":"finished","exit":2,"message":"Nobody can be asked)"));
 }
 
 TEST_F(ToolTest, cancelledEraseSendsNoReset) {
@@ -49,6 +60,8 @@ TEST_F(ToolTest, cancelledEraseSendsNoReset) {
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
     EXPECT_EQ(sent(command::eraseLoop), 2);
+    EXPECT_THAT(out.str(), HasSubstr("\n2 of 3 loops erased.\n"));
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
     EXPECT_EQ(sent(command::abandon), 1);
     const auto journal = pedal.journal();
     EXPECT_TRUE(std::none_of(journal.begin(), journal.end(), [](const simulator::WireEvent& event) {

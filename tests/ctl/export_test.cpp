@@ -133,7 +133,7 @@ TEST_F(ExportTest, aLoopThatFailsIsNoSilentSuccess) {
     EXPECT_EQ(run({"export", a}), ExitCode::pedalRefused);
     pedal.setBusy(true);
     EXPECT_EQ(run({"export", a}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("The pedal is busy."));
+    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal is busy. Stop it and try again.\n");
 }
 
 TEST_F(ExportTest, aPedalThatStoresSomethingElseIsNoticed) {
@@ -156,7 +156,9 @@ TEST_F(ExportTest, aPedalThatStoresSomethingElseIsNoticed) {
 TEST_F(ExportTest, unpluggedInTheMiddle) {
     plan("unplug@out:7");  // five pieces of the first file, then two more
     EXPECT_EQ(run({"export", a, writeWave("c.wav", loopOf(900, 1))}), ExitCode::noPedal);
-    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
+    EXPECT_EQ(err.str(),
+              "kzq7306ctl: The pedal was unplugged. Loop 3 was being written; the slot may be "
+              "empty now.\n");
     EXPECT_THAT(out.str(), HasSubstr("Loop 1: written.\n1 of 2 loops written.\n"));
     EXPECT_EQ(onPedal(1), loopOf(700, 40).audio);
 }
@@ -170,8 +172,19 @@ TEST_F(ExportTest, cancelStopsThePedalInItsOwnWay) {
     EXPECT_EQ(executor.elapsed(), 30ms);
     EXPECT_EQ(sent(command::abandon), 1);
     EXPECT_THAT(onPedal(1), IsEmpty());
-    EXPECT_THAT(err.str(), HasSubstr("Cancelled.\n"));
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 1 was being written; the slot may be empty now.\n");
     EXPECT_THAT(pedal.violations(), IsEmpty());
+}
+
+TEST_F(ExportTest, cancelWhileReadingBackIsNotCalledUnwritten) {
+    paced.pace = 10ms;
+    start({"export", a, "--slot", "2", "--verify", "--yes"});
+    executor.advance(15ms);
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 2 was written, but not compared.\n");
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("written")));
+    EXPECT_EQ(onPedal(2), loopOf(700, 40).audio);
 }
 
 TEST_F(ExportTest, cancelOfAHungTransferResetsThePedal) {

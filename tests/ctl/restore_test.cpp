@@ -171,6 +171,13 @@ TEST_F(RestoreTest, cancelWhileWriting) {
     EXPECT_EQ(sent(command::abandon), 1);
     EXPECT_EQ(audio()[1], loopOf(1000, 10).audio);
     EXPECT_THAT(audio()[19], IsEmpty());
+    EXPECT_THAT(err.str(), HasSubstr("Cancelled. Loop 20 was being written; the slot may be empty now.\n"));
+    pedal.setLoop(2, loopOf(1, 1));
+    plan("unplug@ED");
+    EXPECT_EQ(restore(), ExitCode::noPedal);
+    EXPECT_THAT(err.str(), HasSubstr("Some of the loops may have been erased.\n"));
+    EXPECT_THAT(out.str(), Not(HasSubstr("0 of 2")));
+    plugInAgain();
     EXPECT_EQ(restore(), ExitCode::ok);
     EXPECT_EQ(audio()[19], loopOf(1500, 30).audio);
 }
