@@ -1,9 +1,12 @@
 #include "ctl/convert_command.h"
 
 #include <nlohmann/json.hpp>
+#include <string>
+#include <system_error>
 
 #include "ctl/format.h"
 #include "ctl/job_report.h"
+#include "slots/capacity.h"
 
 namespace kzq::ctl {
 
@@ -39,7 +42,12 @@ bool ConvertCommand::withoutPedal() {
 
 void ConvertCommand::done(const ConvertedFile& file) {
     context_.output.endProgress();
-    if (file.problem.empty()) {
+    const std::string name = "\"" + context_.options.files.front().string() + "\"";
+    if (file.problem.empty() && file.frames > capacityFrames) {  // the rest of it was not converted
+        std::error_code ignored;
+        std::filesystem::remove(file.path, ignored);
+        context_.fail({ExitCode::fileError, name + " is longer than the pedal's 24 minutes."});
+    } else if (file.problem.empty()) {
         JobReport(context_.output, context_.options.json)
             .tell("converted", {{"file", file.path.string()}, {"samples", file.frames}},
                   file.path.string() + ": " + lengthText(file.frames) + ".");
@@ -47,8 +55,7 @@ void ConvertCommand::done(const ConvertedFile& file) {
     } else if (cancelled_) {
         context_.fail(cancelledByUser());
     } else {
-        context_.fail({ExitCode::fileError, "\"" + context_.options.files.front().string() +
-                                                "\" was not converted: " + file.problem});
+        context_.fail({ExitCode::fileError, name + " was not converted: " + file.problem});
     }
 }
 

@@ -26,8 +26,25 @@ TEST_F(ToolTest, convertNeedsNoPedal) {
 
     EXPECT_EQ(run({"convert", write("text", {'x'}), "--to", folder / "new.wav"}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("text\" was not converted: This is not an audio file."));
+    EXPECT_EQ(run({"convert", "\x1b[2J\n\x7f\u00e9", "--to", folder / "new.wav"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("\"?[2J??\u00e9\" was not converted"));
     EXPECT_THAT(files(), UnorderedElementsAre("in.wav", "out.wav", "other.wav", "link.wav", "text"));
     EXPECT_THAT(pedal.journal(), IsEmpty());
+}
+
+TEST_F(ToolTest, convertKeepsNoFileThatWasCut) {
+    std::uint64_t frames = 63'504'000;
+    convert = [&](const ctl::ConversionOrder& order) {
+        write("out.wav", {'x'});
+        return ctl::ConvertedFile{order.output, frames, {}};
+    };
+    const std::vector<std::string> arguments{"convert", "long.mp3", "--to", folder / "out.wav"};
+    EXPECT_EQ(run(arguments), ExitCode::ok) << "24 minutes to the frame";
+    std::filesystem::remove(folder / "out.wav");
+    ++frames;
+    EXPECT_EQ(run(arguments), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("\"long.mp3\" is longer than the pedal's 24 minutes.\n"));
+    EXPECT_THAT(files(), IsEmpty());
 }
 
 TEST_F(ToolTest, convertIsCancelled) {
