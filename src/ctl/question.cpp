@@ -1,5 +1,6 @@
 #include "ctl/question.h"
 
+#include <termios.h>
 #include <unistd.h>
 
 #include <iostream>
@@ -10,6 +11,8 @@ Answer askOnTerminal(const std::string& question) {
     if (::isatty(STDIN_FILENO) != 1) {
         return Answer::nobody;
     }
+    // What was typed before the question is no answer to it.
+    ::tcflush(STDIN_FILENO, TCIFLUSH);
     std::cerr << question << " [y/N] " << std::flush;
     std::string line;
     std::getline(std::cin, line);

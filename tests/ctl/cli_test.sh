@@ -93,10 +93,26 @@ expect 0 convert "$pedal/Loop 1.wav" --to "$to/-out.wav"
 cmp "$pedal/Loop 1.wav" "$to/-out.wav" || fail "convert changed what was right already"
 expect 6 convert "$pedal/Loop 2.wav" --to "$to/-out.wav"
 if command -v script >/dev/null; then
-    printf 'n\n' | script -qec "'$ctl' '--simulate=$pedal' erase 20" /dev/null >"$work/out"
-    [ $? -eq 130 ] && [ -e "$pedal/Loop 20.wav" ] || fail "no is not no: $(cat "$work/out")"
-    printf 'y\n' | script -qec "'$ctl' '--simulate=$pedal' erase 20" /dev/null >"$work/out"
-    [ $? -eq 0 ] && [ ! -e "$pedal/Loop 20.wav" ] || fail "yes is not yes: $(cat "$work/out")"
+    # answered ANSWER: erases, with a "y" typed ahead, and answers once it is asked
+    answered() {
+        rm -f "$work/keys" "$work/screen"
+        mkfifo "$work/keys" "$work/screen"
+        script -qec "read -r line; '$ctl' '--simulate=$pedal' erase 20" /dev/null \
+            <"$work/keys" >"$work/screen" &
+        pid=$!
+        exec 3>"$work/keys" 4<"$work/screen"
+        printf 'go\ny\n' >&3
+        read -r -d ']' asked <&4  # up to "[y/N]"
+        printf '%s\n' "$1" >&3
+        cat <&4 >"$work/out"
+        wait "$pid"
+        code=$?
+        exec 3>&- 4<&-
+    }
+    answered n
+    [ $code -eq 130 ] && [ -e "$pedal/Loop 20.wav" ] || fail "no is not no: $asked $(cat "$work/out")"
+    answered y
+    [ $code -eq 0 ] && [ ! -e "$pedal/Loop 20.wav" ] || fail "yes is not yes: $asked $(cat "$work/out")"
 else
     echo "skipped: questions on a terminal"
 fi
@@ -135,6 +151,10 @@ if [ "$(id -u)" -ne 0 ]; then
 elif chmod 755 "$work" && setpriv --reuid=65534 --clear-groups "$ctl" --version >/dev/null 2>&1; then
     setpriv --reuid=65534 --clear-groups "$ctl" --simulate import --all --to "$to" >/dev/null 2>"$work/err"
     [ $? -eq 6 ] || fail "a read-only folder: $(cat "$work/err")"
+    expect 0 --simulate backup "$to"
+    chmod -R a+rX "$to"
+    setpriv --reuid=65534 --clear-groups "$ctl" --simulate backup "$to" >/dev/null 2>"$work/err" ||
+        fail "a backup in a read-only folder is not compared: $(cat "$work/err")"
 else
     echo "skipped: read-only folder"
 fi
