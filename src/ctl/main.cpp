@@ -40,7 +40,7 @@ int ended(ExitCode code) {
 }
 
 int complain(const ctl::Explanation& problem) {
-    std::cerr << "kzq7306ctl: " << problem.sentence << "\n";
+    ctl::Output(std::cout, std::cerr, false).error(problem.sentence);
     return ended(problem.code);
 }
 

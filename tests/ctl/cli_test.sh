@@ -133,6 +133,8 @@ done
 expect 2
 expect 2 --simulate import 0 --to "$to"
 expect 2 --simulate --fault nonsense list
+expect 2 --simulate import $'\e[2J' --to "$to"
+grep -q '"?\[2J" is neither' "$work/err" || fail "control bytes: $(cat -v "$work/err")"
 expect 3 --simulate --fault unplug@in:1200 import --all --to "$to"
 expect 5 --simulate --fault refuse@E8 import --all --to "$to"
 expect 5 --simulate --fault refuse@E1 import 1 --to "$to"
