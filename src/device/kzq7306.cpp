@@ -25,6 +25,9 @@ void KZQ7306::load(DeviceEnvironment environment) {
 void KZQ7306::unload() {
     auto& state = classState();
     const std::lock_guard guard(state.mutex);
+    if (state.shared) {
+        state.shared->setFlash(std::nullopt);  // its completion may well hold the instance
+    }
     state.shared.reset();
     state.environment.reset();
     state.lock.reset();
