@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "platform/descriptor.h"
+#include "platform/write_all.h"
 #include "updates/update_log.h"
 
 namespace kzq {
@@ -87,22 +88,6 @@ void removeOldDrafts(const std::filesystem::path& folder) {
             ::unlink(entry->path().c_str());
         }
     }
-}
-
-int writeAll(int descriptor, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno != EINTR) {
-            return errno;
-        }
-        if (written == 0) {
-            return EIO;
-        }
-        if (written > 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(written));
-        }
-    }
-    return 0;
 }
 
 void syncFolder(const std::filesystem::path& folder) {

@@ -19,9 +19,6 @@ int replaceFile(const std::filesystem::path& folder, const std::string& name,
 /// not been touched for a day. Any thread.
 void removeOldDrafts(const std::filesystem::path& folder);
 
-/// Writes everything, over interruptions. 0 or an errno value.
-int writeAll(int descriptor, std::span<const std::uint8_t> bytes);
-
 /// Makes the names in `folder` last; what is in place is whole anyway, so a failure is only logged.
 void syncFolder(const std::filesystem::path& folder);
 

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "platform/write_all.h"
 #include "updates/replace_file.h"
 
 namespace kzq {
