@@ -25,6 +25,21 @@ function(kzq_room name)
     target_link_libraries(${name} PUBLIC kzq_flags ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
 endfunction()
 
+# kzq_widgets_room(NAME sources... [LINKS libraries...] [PRIVATE_LINKS libraries...])
+# A room with widgets: moc and uic run by themselves, the *.ui files live in resources/. No Qt keywords, as
+# our classes have members called slots.
+function(kzq_widgets_room name)
+    kzq_room(${name} ${ARGN})
+    kzq_widgets(${name})
+    target_link_libraries(${name} PUBLIC Qt6::Core Qt6::Gui Qt6::Widgets)
+endfunction()
+
+function(kzq_widgets name)
+    set_target_properties(${name} PROPERTIES
+        AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources)
+    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS)
+endfunction()
+
 # kzq_program(NAME sources... [LINKS libraries...])
 function(kzq_program name)
     cmake_parse_arguments(PROGRAM "" "" "LINKS" ${ARGN})
@@ -42,3 +57,20 @@ function(kzq_test name)
     set_tests_properties(${name} PROPERTIES LABELS "${TEST_LABELS}"
         ENVIRONMENT "ASAN_OPTIONS=verify_asan_link_order=0;TSAN_OPTIONS=halt_on_error=1")
 endfunction()
+
+# kzq_widgets_test(NAME sources... [LINKS libraries...] [LABELS labels...])
+# A test program with an application object on the offscreen platform; its main is shared.
+function(kzq_widgets_test name)
+    kzq_test(${name} ${PROJECT_SOURCE_DIR}/tests/ui/widgets_main.cpp ${ARGN})
+    kzq_widgets(${name})
+    target_link_libraries(${name} PRIVATE Qt6::Widgets Qt6::Test)
+endfunction()
+
+# add_rooms(FOLDER...): of the folders given, those that are there
+macro(add_rooms)
+    foreach(room ${ARGN})
+        if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/CMakeLists.txt)
+            add_subdirectory(${room})
+        endif()
+    endforeach()
+endmacro()

@@ -1,0 +1,13 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+
+/// The main of every test program with widgets: one application object, no screen.
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", "1");
+    testing::InitGoogleMock(&argc, argv);
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}
