@@ -1,0 +1,85 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include "updates/firmware_updates.h"
+#include "updates/windows/firmware_updater_progress.h"
+
+class QLabel;
+class QWidget;
+
+namespace kzq {
+
+class AlertButton;
+class NotesView;
+
+class FirmwareUpdaterDelegate {
+  public:
+    FirmwareUpdaterDelegate() = default;
+    FirmwareUpdaterDelegate(const FirmwareUpdaterDelegate&) = delete;
+    FirmwareUpdaterDelegate& operator=(const FirmwareUpdaterDelegate&) = delete;
+    FirmwareUpdaterDelegate(FirmwareUpdaterDelegate&&) = delete;
+    FirmwareUpdaterDelegate& operator=(FirmwareUpdaterDelegate&&) = delete;
+    virtual ~FirmwareUpdaterDelegate() = default;
+
+    /// The user's yes to the offer: install `update`. Main thread.
+    virtual void installFirmware() = 0;
+};
+
+/// The window that offers newer firmware, over the checks that find it. The main thread's, but for what says
+/// otherwise; other threads that may outlive it keep `updates` instead of it.
+class FirmwareUpdater {
+  public:
+    /// A set-up updater with its window loaded and not yet shown; its first check comes 15 seconds later.
+    /// Null when the window or the flashing window cannot be made. The functions that show texts in
+    /// `environment` are replaced.
+    static std::unique_ptr<FirmwareUpdater> updater(FirmwareEnvironment environment);
+    FirmwareUpdater(const FirmwareUpdater&) = delete;
+    FirmwareUpdater& operator=(const FirmwareUpdater&) = delete;
+    FirmwareUpdater(FirmwareUpdater&&) = delete;
+    FirmwareUpdater& operator=(FirmwareUpdater&&) = delete;
+    /// Makes fetches under way end.
+    ~FirmwareUpdater();
+
+    /// Not owned: null, or something that outlives the updater, as the owner of the updater does.
+    void setDelegate(FirmwareUpdaterDelegate* delegate) { delegate_ = delegate; }
+
+    /// The checks without their window, never null; made to be shared with other threads, which may clear the
+    /// offer (`clearUpdate`) and `check` there.
+    const std::shared_ptr<FirmwareUpdates>& updates() const { return updates_; }
+    /// The verified file that is offered, or nothing.
+    std::optional<std::filesystem::path> update() const { return updates_->update(); }
+    void check() { updates_->check(); }
+
+    FirmwareUpdaterProgress& progress() { return *progress_; }
+
+    /// Centres a window that is not shown, and brings it to the front.
+    void showWindow();
+    void close();
+
+    /// The action of the button: tells the delegate.
+    void install();
+    /// Escape: closes the window.
+    void cancelOperation();
+
+    QWidget& window() { return *window_; }
+    QLabel& blurb() { return *blurb_; }
+    NotesView& notes() { return *notes_; }
+    AlertButton& button() { return *button_; }
+
+  private:
+    FirmwareUpdater();
+    bool loadWindow();
+
+    std::unique_ptr<QWidget> window_;
+    QLabel* blurb_ = nullptr;  // owned by the window, as the next two
+    NotesView* notes_ = nullptr;
+    AlertButton* button_ = nullptr;
+    std::unique_ptr<FirmwareUpdaterProgress> progress_;
+    std::shared_ptr<FirmwareUpdates> updates_;
+    FirmwareUpdaterDelegate* delegate_ = nullptr;
+};
+
+}  // namespace kzq

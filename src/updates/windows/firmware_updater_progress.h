@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/executor.h"
+
+class QWidget;
+
+namespace kzq {
+
+class LampBar;
+
+/// The window with a bar that fills while firmware goes into the pedal: 13 seconds, the usual length of a
+/// flash and deliberately not tied to the real one. An earlier `end` fills it at once; a second after it is
+/// full the window closes. A longer flash leaves nothing behind but the shield of the main window.
+///
+/// Nothing the user does ends it: a flash cannot be cancelled, so the window has no close button.
+class FirmwareUpdaterProgress {
+  public:
+    /// A controller with its window loaded and not yet shown; null when that fails. The executor outlives it.
+    /// Main thread.
+    static std::unique_ptr<FirmwareUpdaterProgress> progress(Executor& executor);
+    FirmwareUpdaterProgress(const FirmwareUpdaterProgress&) = delete;
+    FirmwareUpdaterProgress& operator=(const FirmwareUpdaterProgress&) = delete;
+    FirmwareUpdaterProgress(FirmwareUpdaterProgress&&) = delete;
+    FirmwareUpdaterProgress& operator=(FirmwareUpdaterProgress&&) = delete;
+    /// Main thread.
+    ~FirmwareUpdaterProgress();
+
+    /// Shows the window, centred, and starts the bar at nothing. A bar that still runs is given up. Main
+    /// thread.
+    void begin();
+    /// Any thread.
+    void end();
+    /// `end` for a thread that may outlive this object: it does nothing once this is gone. Any thread.
+    std::function<void()> ender() const;
+
+    /// Whether `begin` was called and `end` was not. Any thread.
+    bool animate() const;
+    /// 0 to 1. Main thread.
+    LampBar& slider() { return *slider_; }
+    QWidget& window() { return *window_; }
+
+  private:
+    struct Animation;
+
+    explicit FirmwareUpdaterProgress(Executor& executor);
+    bool loadWindow();
+
+    Executor& executor_;
+    std::unique_ptr<QWidget> window_;
+    LampBar* slider_ = nullptr;  // owned by the window
+    std::shared_ptr<Animation> animation_;
+};
+
+}  // namespace kzq
