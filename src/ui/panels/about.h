@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "ui/link_button.h"
+#include "ui/panels/product.h"
+
+class QLabel;
+class QWidget;
+
+namespace kzq {
+
+class AboutBacking;
+class AboutWindow;
+class ApplicationController;
+class Dialogs;
+class Executor;
+
+/// The About panel, and the splash of the program: the first time that it is shown in a process, it closes
+/// by itself after 1.5 seconds. Whenever it closes, the main window is opened. Main thread.
+class About : public QObject, public LinkButtonDelegate {
+    Q_OBJECT
+
+  public:
+    /// The version of the connected pedal's firmware; nothing, or empty, without a pedal. Called on the main
+    /// thread whenever the panel is drawn, so it must not wait.
+    using FirmwareVersion = std::function<std::optional<std::string>()>;
+
+    /// `controller`, `executor` and `dialogs` must outlive the panel.
+    static std::unique_ptr<About> about(ApplicationController& controller, Executor& executor,
+                                        Dialogs& dialogs, FirmwareVersion firmwareVersion,
+                                        const Product& product);
+    ~About() override;
+    About(const About&) = delete;
+    About& operator=(const About&) = delete;
+    About(About&&) = delete;
+    About& operator=(About&&) = delete;
+
+    /// Shows the window and gives it the keyboard.
+    void showWindow();
+    /// In the middle of the screen that the pointer is on.
+    void centre();
+    bool isVisible() const;
+
+    void close();
+    /// Nothing once the panel has been closed, even if it is open again.
+    void closeIfNotPreviouslyClosed();
+    bool beenClosed() const { return beenClosed_; }
+
+    /// Opens the maker's web site in the browser and closes the panel.
+    void linkClicked();
+    void linkButtonHoverStateChanged(LinkButton& button, bool hovered) override;
+
+    /// Marks the content for redrawing: it shows the version of the pedal.
+    void setNeedsDisplay();
+
+    /// 480 × 300, owned by this.
+    AboutWindow& window() { return *window_; }
+
+    /// The next showing counts as the first of the process again: for a process that starts the program more
+    /// than once, as tests do.
+    static void rearmSplash();
+
+  private:
+    About(ApplicationController& controller, Executor& executor, Dialogs& dialogs, Product product);
+    void windowDidLoad(FirmwareVersion firmwareVersion);
+
+    ApplicationController& controller_;
+    Executor& executor_;
+    Dialogs& dialogs_;
+    Product product_;
+    std::unique_ptr<AboutWindow> window_;
+    QPointer<AboutBacking> backing_;
+    QPointer<LinkButton> link_;
+    QPointer<QLabel> linkLabel_;
+    bool beenClosed_ = false;
+    bool closing_ = false;
+};
+
+}  // namespace kzq

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <string>
+
+class QPainter;
+
+namespace kzq {
+
+class About;
+
+/// The content of the About panel: the artwork, and the versions in its lower right corner. Any click and
+/// the release of Return, Space, Escape or Enter close the panel.
+class AboutBacking : public QWidget {
+    Q_OBJECT
+
+  public:
+    using FirmwareVersion = std::function<std::optional<std::string>()>;
+
+    explicit AboutBacking(QWidget* parent = nullptr);
+
+    void setController(About* about);
+    /// `image` gives the picture that is drawn, by the name in its property "picture"; hidden by its owner.
+    void setImage(QWidget* image);
+    void setVersions(std::string software, FirmwareVersion firmware);
+
+    /// The program's version, nothing when empty.
+    std::optional<std::string> currentSoftware() const;
+    /// "2.1.0 (1.05)", "2.1.0" without a pedal, empty without a version of the program.
+    QString versionText() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    void drawImage(QPainter& painter) const;
+    void drawVersion(QPainter& painter) const;
+
+    QPointer<About> controller_;
+    QPointer<QWidget> image_;
+    std::string software_;
+    FirmwareVersion firmware_;
+};
+
+}  // namespace kzq

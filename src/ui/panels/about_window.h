@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+namespace kzq {
+
+class About;
+
+/// The window of the About panel: no frame, clear outside its rounded plate. It closes as soon as another
+/// window takes the keyboard.
+class AboutWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit AboutWindow(QWidget* parent = nullptr);
+
+    void setController(About* about);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    QPointer<About> controller_;
+};
+
+}  // namespace kzq

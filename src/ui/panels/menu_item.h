@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <memory>
+
+class QLabel;
+
+namespace kzq {
+
+class MenuItemDelegate;
+class MenuItemView;
+
+/// One entry of the menu. Main thread.
+class MenuItem : public QObject {
+    Q_OBJECT
+
+  public:
+    static std::unique_ptr<MenuItem> item();
+    ~MenuItem() override;
+    MenuItem(const MenuItem&) = delete;
+    MenuItem& operator=(const MenuItem&) = delete;
+    MenuItem(MenuItem&&) = delete;
+    MenuItem& operator=(MenuItem&&) = delete;
+
+    /// 200 × 36; belongs to this until it is given a parent. Null once that parent is gone.
+    MenuItemView* view() const { return view_; }
+
+    /// A null text is an empty one.
+    void setTitle(const QString& title);
+    QString title() const;
+
+    /// Whether the entry is highlighted, by the pointer or by the keys. Assistive technology is told.
+    void setHovered(bool hovered);
+    bool hovered() const { return hovered_; }
+
+    /// Not owned: a delegate that goes first sets nullptr.
+    void setDelegate(MenuItemDelegate* delegate) { delegate_ = delegate; }
+    MenuItemDelegate* delegate() const { return delegate_; }
+
+  Q_SIGNALS:
+    void hoveredChanged();
+
+  private:
+    MenuItem();
+
+    QPointer<MenuItemView> view_;
+    QPointer<QLabel> label_;
+    MenuItemDelegate* delegate_ = nullptr;
+    bool hovered_ = false;
+};
+
+}  // namespace kzq
