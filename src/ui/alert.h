@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kzq {
+
+/// What an alert is answered with: its button, in adding order.
+constexpr int alertFirstButton = 1000;
+constexpr int alertSecondButton = 1001;
+constexpr int alertThirdButton = 1002;
+
+/// A question or a notice that is not shown yet; Dialogs::run shows it. All texts UTF-8.
+struct Alert {
+    struct Button {
+        std::string title;
+        bool visible = true;
+        bool operator==(const Button&) const = default;
+    };
+
+    std::string headline;
+    std::string finePrint;  ///< empty: none is shown
+    std::vector<Button> buttons;
+    /// Asks before something is lost; shown with the yellow mark.
+    bool destroys = false;
+
+    bool operator==(const Alert&) const = default;
+};
+
+/// A notice with "OK". The last button of each alert is an invisible "Cancel": it stands for Escape and for
+/// closing the alert, so that these have an answer of their own.
+Alert alertWithHeadline(std::string headline, const std::optional<std::string>& finePrint = std::nullopt);
+/// A question with "Yes" and "No".
+Alert yesOrNoAlertWithHeadline(std::string headline,
+                               const std::optional<std::string>& finePrint = std::nullopt);
+
+}  // namespace kzq

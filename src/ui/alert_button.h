@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/key_button.h"
+
+namespace kzq {
+
+/// A button of our own panels whose word is live text: the brown face of alerts, 96 x 36, or the cream face
+/// of a panel's default, 112 x 36. The word is `text()`.
+class AlertButton : public KeyButton {
+    Q_OBJECT
+
+  public:
+    enum class Face { brown, cream };
+
+    explicit AlertButton(QWidget* parent = nullptr) : AlertButton(Face::brown, parent) {}
+    explicit AlertButton(Face face, QWidget* parent = nullptr);
+
+    void setFace(Face face);
+    QSize sizeHint() const override;
+
+  protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Face face_;
+    bool hovering_ = false;
+};
+
+}  // namespace kzq

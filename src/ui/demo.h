@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "ui/picture_view.h"
+
+namespace kzq {
+
+/// Holds an image and draws nothing of its own.
+class Demo : public QWidget {
+    Q_OBJECT
+
+  public:
+    using QWidget::QWidget;
+
+    QPointer<PictureView> image;
+};
+
+}  // namespace kzq

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "ui/alert.h"
+
+namespace kzq {
+
+/// Extensions without the dot, in lower case.
+using FileTypes = std::vector<std::string>;
+
+/// What an open panel is answered with.
+constexpr int panelOk = 1;
+constexpr int panelContinue = -1002;
+constexpr int panelCancelled = 0;
+
+/// Whatever is modal or leaves the program. Main thread. `run` and the choosers spin an event loop: after
+/// them, a caller uses only values taken before, as anything else may be gone.
+class Dialogs {
+  public:
+    struct Chosen {
+        int answer = panelCancelled;
+        std::filesystem::path path;  ///< empty when cancelled
+    };
+
+    Dialogs() = default;
+    Dialogs(const Dialogs&) = delete;
+    Dialogs& operator=(const Dialogs&) = delete;
+    Dialogs(Dialogs&&) = delete;
+    Dialogs& operator=(Dialogs&&) = delete;
+    virtual ~Dialogs() = default;
+
+    /// Shows `alert` until it is answered: alertFirstButton, alertSecondButton or alertThirdButton.
+    virtual int run(const Alert& alert) = 0;
+    /// One existing file of an allowed type.
+    virtual Chosen chooseFile(const FileTypes& allowed) = 0;
+    /// The chosen folder itself. `prompt` is the title of the accepting button.
+    virtual Chosen chooseFolder(const std::string& prompt) = 0;
+    /// Opens a web address in the user's browser.
+    virtual void openAddress(const std::string& url) = 0;
+    /// Starts the program at `bundle`, detached; whether that succeeded.
+    virtual bool openApplication(const std::filesystem::path& bundle) = 0;
+};
+
+}  // namespace kzq

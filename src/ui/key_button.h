@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace kzq {
+
+/// What all painted buttons share: focus by Tab only, and Space or Return as a click. Space clicks when it
+/// is let go, Return at once; held keys click once.
+class KeyButton : public QAbstractButton {
+    Q_OBJECT
+    Q_PROPERTY(QRect focusRingRect READ focusRingRect)
+
+  public:
+    explicit KeyButton(QWidget* parent = nullptr);
+
+    /// What the focus ring goes round, in own coordinates.
+    virtual QRect focusRingRect() const { return rect(); }
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
+
+}  // namespace kzq

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "ui/key_button.h"
+
+namespace kzq {
+
+class LinkButton;
+
+class LinkButtonDelegate {
+  public:
+    LinkButtonDelegate() = default;
+    LinkButtonDelegate(const LinkButtonDelegate&) = delete;
+    LinkButtonDelegate& operator=(const LinkButtonDelegate&) = delete;
+    LinkButtonDelegate(LinkButtonDelegate&&) = delete;
+    LinkButtonDelegate& operator=(LinkButtonDelegate&&) = delete;
+    virtual ~LinkButtonDelegate() = default;
+
+    virtual void linkButtonHoverStateChanged(LinkButton& button, bool hovered) = 0;
+};
+
+/// A clear button over the label of a link: the hand as cursor, and the delegate told of hovering so that it
+/// can recolour the label. `clicked` is the action.
+class LinkButton : public KeyButton {
+    Q_OBJECT
+
+  public:
+    using KeyButton::KeyButton;
+
+    LinkButtonDelegate* delegate() const { return delegate_; }
+    /// Not owned: the delegate owns the button, or takes itself off with null.
+    void setDelegate(LinkButtonDelegate* delegate) { delegate_ = delegate; }
+
+  protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void setHovered(bool hovered);
+
+    LinkButtonDelegate* delegate_ = nullptr;
+};
+
+}  // namespace kzq

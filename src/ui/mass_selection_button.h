@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ui/image_button.h"
+
+namespace kzq {
+
+/// All and None. Identifiers: "Select_All", "Deselect_All". A release acts whenever the pointer came in
+/// before, even when the button is disabled or the pointer was dragged out.
+class MassSelectionButton : public ImageButton {
+    Q_OBJECT
+
+  public:
+    using ImageButton::ImageButton;
+
+    QString pictureName() const override;
+
+  protected:
+    void mouseUp() override;
+};
+
+}  // namespace kzq

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QPainter>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+#include <optional>
+
+namespace kzq {
+
+/// A picture of the program by its name; a plain value, cheap to copy.
+struct Picture {
+    QString name;
+    QSizeF size;  ///< in logical pixels, as it was drawn
+
+    bool operator==(const Picture& other) const { return name == other.name; }
+};
+
+/// The picture called `name`, such as "Export_X"; nothing when there is none. Main thread.
+std::optional<Picture> picture(const QString& name);
+
+/// Draws the picture scaled into `target`, sharp at the painter's device ratio. Returns false, and draws
+/// nothing, when there is no such picture or `target` is empty.
+bool drawPicture(QPainter& painter, const QString& name, const QRectF& target);
+/// Draws the picture at its own size from the left end of `target`, cropped by it.
+bool drawPictureCropped(QPainter& painter, const QString& name, const QRectF& target);
+
+}  // namespace kzq

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "ui/dialogs.h"
+
+namespace kzq {
+
+/// The dialogs users see: our own alert panel, the desktop's choosers and its opener.
+class QtDialogs : public Dialogs {
+  public:
+    /// `parent` gives the window that a dialog stands over, or null; asked anew for each dialog.
+    explicit QtDialogs(std::function<QWidget*()> parent);
+
+    int run(const Alert& alert) override;
+    Chosen chooseFile(const FileTypes& allowed) override;
+    Chosen chooseFolder(const std::string& prompt) override;
+    void openAddress(const std::string& url) override;
+    bool openApplication(const std::filesystem::path& bundle) override;
+
+  private:
+    std::function<QWidget*()> parent_;
+};
+
+}  // namespace kzq

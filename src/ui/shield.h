@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QWidget>
+
+namespace kzq {
+
+/// Lies over all of its parent while the pedal works: takes the focus and lets no click, key, wheel turn or
+/// drop through. Shows, raises and focuses itself when it is made, gives the focus back when it goes.
+class Shield : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// `wash` is the strength of the tray's colour over the parent; more than 0.4 counts as 0.4.
+    explicit Shield(QWidget* parent, double wash = 0.4);
+
+  protected:
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    double wash_;
+};
+
+}  // namespace kzq

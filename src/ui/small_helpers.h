@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/executor.h"
+
+namespace kzq {
+
+/// `prefix` followed by `string`; nothing when there is no prefix, or the result is empty.
+std::optional<std::string> stringByPrependingString(const std::string& string,
+                                                    const std::optional<std::string>& prefix);
+
+/// Makes the folder and its missing parents. True when it is there afterwards; false for an empty path.
+bool createDirectoryAtPath(const std::filesystem::path& path);
+
+/// A timer that goes on by itself; the handle is for ending it early. Main thread.
+class ScheduledTimer {
+  public:
+    void invalidate() { valid_ = false; }
+    bool isValid() const { return valid_; }
+
+  private:
+    friend std::shared_ptr<ScheduledTimer> scheduledTimer(Executor&, double, std::function<void()>, bool);
+    bool valid_ = true;
+};
+
+/// Runs `action` on the main thread after `interval` seconds, again and again if `repeats`. Null when there
+/// is no action.
+std::shared_ptr<ScheduledTimer> scheduledTimer(Executor& executor, double interval,
+                                               std::function<void()> action, bool repeats = false);
+
+}  // namespace kzq
