@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+#include "slots/slot_drop_target.h"
+#include "ui/key_button.h"
+
+namespace kzq {
+
+/// The checkbox of an import row, or the "add" button of an export row, drawn as one picture of 24 x 24.
+class SlotButton : public SlotDropTarget<KeyButton> {
+    Q_OBJECT
+
+  public:
+    explicit SlotButton(QWidget* parent = nullptr);
+
+    /// The loop's number.
+    int tag() const { return tag_; }
+    void setTag(int tag) { tag_ = tag; }
+
+    /// 1: a checkbox that is on; else 0. A button that is no checkbox is always 0.
+    int state() const { return isChecked() ? 1 : 0; }
+    void setState(int state);
+    /// As QWidget's, and the picture follows.
+    void setEnabled(bool enabled);
+
+    /// The picture that is shown, by name. One that cannot be found changes nothing.
+    const QString& image() const { return image_; }
+    bool setImage(const QString& name);
+    /// Chooses the picture (and the tool tip of an export row) from the state of the row, then syncs the row.
+    void resetImage();
+
+    QSize sizeHint() const override { return {24, 24}; }
+
+  Q_SIGNALS:
+    /// The button was clicked, by whatever road; the row is ready for it.
+    void action();
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void sendAction();
+    QString imageForRow(const Slot& row) const;
+
+    QString image_;
+    int tag_ = 0;
+};
+
+}  // namespace kzq

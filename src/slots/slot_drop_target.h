@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
+#include <QPointer>
+#include <QWidget>
+
+namespace kzq {
+
+class Slot;
+
+/// The row's view dealing with one dragging event that came to another view of the row. Without a row the
+/// event is ignored.
+void forwardDragEnter(Slot* row, QDropEvent& event);
+void forwardDragLeave(Slot* row);
+void forwardDrop(Slot* row, QDropEvent& event);
+Slot* slotOf(QObject* controller);
+
+/// A view of a row: knows the row's controller, and passes its dragging on to the row's root view.
+template <class Base>
+class SlotDropTarget : public Base {
+  public:
+    explicit SlotDropTarget(QWidget* parent) : Base(parent) {}
+
+    Slot* controller() const { return slotOf(controller_); }
+    void setController(QObject* controller) { controller_ = controller; }
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent* event) override { forwardDragEnter(controller(), *event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { forwardDragEnter(controller(), *event); }
+    void dragLeaveEvent(QDragLeaveEvent* event) override {
+        forwardDragLeave(controller());
+        event->accept();
+    }
+    void dropEvent(QDropEvent* event) override { forwardDrop(controller(), *event); }
+
+  private:
+    QPointer<QObject> controller_;  // a Slot
+};
+
+}  // namespace kzq

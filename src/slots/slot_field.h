@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QColor>
+#include <QPointer>
+#include <QString>
+#include <QWidget>
+
+#include "slots/slot_drop_target.h"
+
+namespace kzq {
+
+class SlotFieldEditor;
+
+/// The name of a row: one line of text, elided with "…", 16 px high. While it is editable it lies under the
+/// shared field editor, which it borrows from the row's delegate. Its controller is told when editing begins
+/// and ends.
+class SlotField : public SlotDropTarget<QWidget> {
+    Q_OBJECT
+    Q_PROPERTY(QRect focusRingRect READ focusRingRect)
+
+  public:
+    explicit SlotField(QWidget* parent = nullptr);
+    ~SlotField() override;
+    SlotField(const SlotField&) = delete;
+    SlotField& operator=(const SlotField&) = delete;
+    SlotField(SlotField&&) = delete;
+    SlotField& operator=(SlotField&&) = delete;
+
+    /// Once, when the row is made: from now on Escape ends editing here.
+    void awakeFromNib();
+
+    /// What is shown, or what stands in the open editor.
+    QString text() const;
+    void setText(const QString& text);
+
+    /// Shows from the next redisplay on.
+    const QColor& textColour() const { return textColour_; }
+    void setTextColour(const QColor& colour);
+    /// The text in a font and the text colour, until setPlainText() puts it back into the field's own.
+    void setStyledText(const QString& text, const QFont& font);
+    void setPlainText();
+    bool styled() const { return styled_; }
+
+    bool isEditable() const { return editable_; }
+    /// True opens the editor with the whole text selected. False closes it and makes what was typed, without
+    /// white space at its ends, the row's custom name; a field that is not being edited has nothing to
+    /// commit.
+    void setEditable(bool editable);
+
+    /// The editor that is open in this field, or null.
+    SlotFieldEditor* currentEditor() const;
+    /// Closes an open editor as if the focus had left it: the controller hears that editing ended.
+    void endEditing();
+
+    /// What a click on the name does: selects an import row that holds a loop and opens it for renaming.
+    void startRenaming();
+
+    /// The focus ring follows the background picture. In this widget's coordinates.
+    QRect focusRingRect() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void openEditor();
+    void closeEditor();
+    void commit();
+
+    QString text_;
+    QColor textColour_;
+    QPointer<SlotFieldEditor> editor_;  // borrowed while open
+    bool initialized_ = false;
+    bool editable_ = false;
+    bool styled_ = false;
+};
+
+}  // namespace kzq
