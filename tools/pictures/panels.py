@@ -1,0 +1,125 @@
+"""Artwork of the panels: menu, progress, flashing, alerts, firmware, software update, About, and the icon."""
+
+import buttons
+import colours as c
+import marks
+from svg import Picture
+from window import lamps, plate_fill
+
+FLASH_LAMPS = 43
+
+
+def menu_panel():
+    """The outline runs around the tab that covers the menu button and the body under it."""
+    picture = Picture(224, 208)
+    picture.fill("M184 44V8A8 8 0 0 1 192 0H216A8 8 0 0 1 224 8V200A8 8 0 0 1 216 208H8A8 8 0 0 1 0 200V52"
+                 "A8 8 0 0 1 8 44Z", c.PANEL_EDGE)
+    picture.fill("M186 46V8A6 6 0 0 1 192 2H216A6 6 0 0 1 222 8V200A6 6 0 0 1 216 206H8A6 6 0 0 1 2 200V52"
+                 "A6 6 0 0 1 8 46Z", c.MENU)
+    buttons.bars(picture, 194, 12, c.YELLOW)
+    return picture
+
+
+def progress_reel():
+    picture = Picture(48, 48)
+    picture.circle(24, 24, 24, c.RIM)
+    picture.circle(24, 24, 22, c.GROOVE)
+    marks.reel(picture, 24, 24, 20, 10, c.CREAM)
+    return picture
+
+
+def flash_bar():
+    picture = Picture(352, 24)
+    lamps(picture, 4, 4, c.CREAM, FLASH_LAMPS, 6, 16, 8)
+    return picture
+
+
+def flash_track():
+    picture = Picture(352, 24)
+    picture.rect(0, 12, 350, 12, c.RIM, 4)
+    picture.rect(0, 0, 350, 22, c.GROOVE, 4)
+    lamps(picture, 4, 4, c.LAMP_OFF, FLASH_LAMPS, 6, 16, 8)
+    return picture
+
+
+def alert_question():
+    picture = Picture(40, 40)
+    picture.rect(0, 0, 40, 40, c.YELLOW, 10)
+    marks.slashed(picture, 20, 20, 10, 11, c.INK, 3)
+    return picture
+
+
+def alert_notice():
+    picture = Picture(40, 40)
+    picture.frame(0, 0, 40, 40, 10, c.CREAM, c.GROOVE)
+    picture.ring(20, 20, 10, c.CREAM, 3)
+    picture.circle(20, 20, 3, c.YELLOW)
+    return picture
+
+
+def firmware_pedal():
+    picture = Picture(40, 48)
+    picture.frame(0, 0, 40, 48, 8, c.CREAM, c.GROOVE)
+    picture.circle(11, 12, 3, c.CREAM)
+    picture.circle(29, 12, 3, c.CREAM)
+    picture.ring(20, 35, 6, c.CREAM)
+    picture.line("M20 11V22M15.5 18L20 22.5L24.5 18", c.YELLOW)
+    return picture
+
+
+def update_mark():
+    """The reel of the icon with an arrow coming down onto a line."""
+    picture = Picture(40, 40)
+    picture.frame(0, 0, 40, 40, 10, c.CREAM, c.GROOVE)
+    picture.cut("M14.2 8.8A11 11 0 1 0 25.8 8.8", c.CREAM, 3)
+    picture.line("M20 5V20M14.5 15L20 20.5L25.5 15", c.YELLOW, 3)
+    picture.rect(14, 24, 12, 3, c.YELLOW, 1.5)
+    return picture
+
+
+def about_tape(picture):
+    picture.rect(2, 174, 476, 28, c.SHADOW)
+    picture.rect(2, 176, 476, 24, picture.down((0, c.OXIDE), (1, c.OXIDE_FOOT)))
+    picture.rect(2, 176, 476, 2, c.OXIDE_EDGE)
+    picture.cut("M134 176L110 200M370 176L346 200", c.SHADOW, 2, stroke_opacity=0.35)
+    picture.fill("M2 176H132L108 200H2Z", c.GREEN)
+    picture.fill("M2 176H132L130 178H2Z", c.GREEN_LIT)
+    picture.fill("M372 176H478V200H348Z", c.BLUE)
+    picture.fill("M372 176H478V178H370Z", c.BLUE_LIT)
+    marks.chevrons(picture, 34, 188, 12, c.INK, 1, 3, 26, 2.4)
+    marks.chevrons(picture, 390, 188, 12, c.INK, 1, 3, 26, 2.4)
+
+
+def about():
+    """The mark stands on a tape that runs through the plate, green in and blue out; clear outside."""
+    picture = Picture(480, 300)
+    picture.frame(0, 0, 480, 300, 24, c.OXIDE_EDGE, plate_fill(picture))
+    about_tape(picture)
+    scale, left, top = 3.6, 45.6, 72.2
+    marks.numeral(picture, left, top, c.CREAM, scale)
+    x, y = left + 67 * scale, top + 14 * scale
+    picture.circle(x, y, 14 * scale, c.CREAM)
+    picture.circle(x, y, 10 * scale, c.GROOVE)
+    marks.reel(picture, x, y, 8.6 * scale, 4.4 * scale, c.YELLOW)
+    return picture
+
+
+def icon():
+    """The zero of the mark as a reel, on a plate with tape running along its foot."""
+    picture = Picture(128, 128)
+    picture.rect(4, 4, 120, 120, c.OXIDE_EDGE, 28)
+    picture.rect(8, 8, 112, 112, plate_fill(picture), 24)
+    picture.rect(8, 90, 112, 18, c.SHADOW)
+    picture.rect(8, 92, 112, 14, picture.down((0, c.OXIDE), (1, c.OXIDE_FOOT)))
+    picture.fill("M8 92H46L34 106H8Z", c.GREEN)
+    picture.fill("M94 92H120V106H82Z", c.BLUE)
+    picture.circle(64, 57, 42, c.CREAM)
+    picture.circle(64, 57, 28, c.GROOVE)
+    marks.reel(picture, 64, 57, 25, 13, c.YELLOW)
+    return picture
+
+
+def pictures():
+    return {"Menu_panel": menu_panel(), "Progress_reel": progress_reel(), "Flash_bar": flash_bar(),
+            "Flash_track": flash_track(), "Alert_question": alert_question(), "Alert_notice": alert_notice(),
+            "Firmware_pedal": firmware_pedal(), "Update_mark": update_mark(), "About": about(), "Icon": icon()}
