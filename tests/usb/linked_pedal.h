@@ -1,0 +1,160 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "device/kzq7306.h"
+#include "device/libusb/libusb_port.h"
+#include "device/simulator/emulated/umock_pedal.h"
+#include "platform/standard_executor.h"
+
+namespace kzq {
+
+/// Real threads and real time, but for the link's own pauses: they are written down and are over at once.
+class HastyExecutor : public StandardExecutor {
+  public:
+    void sleep(Duration duration) override {
+        const std::lock_guard guard(mutex_);
+        pauses_.push_back(duration);
+        slept_ += duration;
+    }
+    /// All pauses that were asked for since the last call, in their order.
+    std::vector<Duration> takePauses() {
+        const std::lock_guard guard(mutex_);
+        return std::exchange(pauses_, {});
+    }
+    Duration slept() const {
+        const std::lock_guard guard(mutex_);
+        return slept_;
+    }
+
+  private:
+    mutable std::mutex mutex_;
+    std::vector<Duration> pauses_;
+    Duration slept_{};
+};
+
+/// The pedal's time, in which the pauses did take their time. It does later things on the main thread of the
+/// link, which outlives it.
+class PedalClock : public StandardExecutor {
+  public:
+    explicit PedalClock(HastyExecutor& executor) : executor_(executor) {}
+
+    TimePoint now() const override { return executor_.now() + executor_.slept(); }
+    void mainAfter(Duration delay, Task task) override { executor_.mainAfter(delay, std::move(task)); }
+
+  private:
+    HastyExecutor& executor_;
+};
+
+/// Counts what the delegate hears. Main thread.
+class Announcements : public KZQ7306Delegate {
+  public:
+    explicit Announcements(StandardExecutor& executor) : executor_(executor) {}
+
+    void looperIsConnected(KZQ7306& /*looper*/) override { hear("connected"); }
+    void looperHasBeenDisconnected() override { hear("disconnected"); }
+    void looperInternalStateChanged(const Status& /*status*/) override {}
+
+    std::vector<std::string> heard;
+
+  private:
+    void hear(const char* what) {
+        heard.emplace_back(what);
+        executor_.stop();
+    }
+
+    StandardExecutor& executor_;
+};
+
+/// The link and the real libusb, with a simulated pedal on an emulated bus. One program for each fixture,
+/// since the link never lets go of libusb again.
+class LinkedPedalTest : public testing::Test {
+  public:
+    LinkedPedalTest(const LinkedPedalTest&) = delete;
+    LinkedPedalTest& operator=(const LinkedPedalTest&) = delete;
+    LinkedPedalTest(LinkedPedalTest&&) = delete;
+    LinkedPedalTest& operator=(LinkedPedalTest&&) = delete;
+
+  protected:
+    explicit LinkedPedalTest(simulator::SimulatedPedal::Start start) : pedal_(clock_, std::move(start)) {
+        delegate_.heard.clear();
+        executor_.takePauses();
+        pedal_.plugIn();
+        EXPECT_TRUE(waitUntilHeard(1));
+    }
+
+    ~LinkedPedalTest() override {
+        delegate_.heard.clear();
+        const bool wasThere = pedal_.isPlugged();
+        pedal_.unplug();
+        EXPECT_TRUE(!wasThere || waitUntilHeard(1));
+        EXPECT_THAT(pedal_.violations(), testing::IsEmpty());
+    }
+
+    /// Runs the main queue until `done()`; everything that may change its answer stops the queue.
+    bool runUntil(const std::function<bool()>& done) {
+        const auto deadline = executor_.now() + patience;
+        const auto waiting = std::make_shared<bool>(true);
+        executor_.mainAfter(patience, [this, guard = std::weak_ptr(waiting)] {
+            if (guard.lock()) {
+                executor_.stop();
+            }
+        });
+        while (!done() && executor_.now() < deadline) {
+            executor_.run();
+        }
+        return done();
+    }
+    bool waitUntilHeard(std::size_t count) {
+        return runUntil([&] { return delegate_.heard.size() >= count; });
+    }
+    /// For what the link calls on its own threads: does it on the main thread, where it may end a wait.
+    template <typename Task>
+    void onMain(Task task) {
+        executor_.main([this, task] {
+            task();
+            executor_.stop();
+        });
+    }
+    static KZQ7306& looper() { return *KZQ7306::looper(); }
+
+  private:
+    /// What lasts as long as the process, since the link's threads do.
+    struct World {
+        HastyExecutor executor;
+        LibusbPort usb;
+        std::shared_ptr<Announcements> delegate = std::make_shared<Announcements>(executor);
+    };
+
+    static World& world() {
+        static World& instance = *new World;  // NOLINT(cppcoreguidelines-owning-memory)
+        return instance;
+    }
+    /// The link is loaded once, after the emulated bus has been made.
+    static World& linked() {
+        static World& instance = [&]() -> World& {
+            auto& made = world();
+            KZQ7306::load({made.executor, made.usb, [] { return std::uint64_t{36}; }});
+            KZQ7306::initialize(made.delegate);
+            return made;
+        }();
+        return instance;
+    }
+
+  protected:
+    HastyExecutor& executor_ = world().executor;
+    PedalClock clock_{executor_};
+    simulator::SimulatedPedal pedal_;
+    UmockPedal bus_{pedal_};
+    Announcements& delegate_ = *linked().delegate;
+};
+
+}  // namespace kzq
