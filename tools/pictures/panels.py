@@ -68,12 +68,11 @@ def firmware_pedal():
 
 
 def update_mark():
-    """The reel of the icon with an arrow coming down onto a line."""
+    """An open ring that something new comes down into."""
     picture = Picture(40, 40)
     picture.frame(0, 0, 40, 40, 10, c.CREAM, c.GROOVE)
-    picture.cut("M14.2 8.8A11 11 0 1 0 25.8 8.8", c.CREAM, 3)
-    picture.line("M20 5V20M14.5 15L20 20.5L25.5 15", c.YELLOW, 3)
-    picture.rect(14, 24, 12, 3, c.YELLOW, 1.5)
+    picture.line(f"M{marks.point(20, 21, 11, -52)}A11 11 0 1 1 {marks.point(20, 21, 11, -128)}", c.CREAM, 3)
+    picture.line("M20 7V22M14.5 17.5L20 23L25.5 17.5", c.YELLOW, 3)
     return picture
 
 

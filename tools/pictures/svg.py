@@ -39,6 +39,8 @@ class Shape:
             if tokens[index].isalpha():
                 command = tokens[index]
                 index += 1
+            elif command == "M":
+                command = "L"  # further points of a move are lines
             kinds = Shape._arguments[command]
             values = []
             for kind in kinds:
