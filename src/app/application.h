@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QApplication>
+#include <QPoint>
+
+class QKeyEvent;
+class QMouseEvent;
+class QWindow;
+
+namespace kzq {
+
+/// What the application asks its delegate while the user presses keys and buttons.
+class ApplicationDelegate {
+  public:
+    ApplicationDelegate() = default;
+    ApplicationDelegate(const ApplicationDelegate&) = delete;
+    ApplicationDelegate& operator=(const ApplicationDelegate&) = delete;
+    ApplicationDelegate(ApplicationDelegate&&) = delete;
+    ApplicationDelegate& operator=(ApplicationDelegate&&) = delete;
+    virtual ~ApplicationDelegate() = default;
+
+    virtual bool menuOpen() const = 0;
+    /// `point` in coordinates of the main window.
+    virtual bool pointInMenuBounds(QPoint point) const = 0;
+    virtual bool isMainWindow(const QWindow& window) const = 0;
+    virtual void menuUp() = 0;
+    virtual void menuDown() = 0;
+    virtual void menuGo() = 0;
+    virtual void closeMenu() = 0;
+};
+
+/// Sees what the user does before the windows do, for the sake of the in-window menu. While it is open, the
+/// releases of its keys are used up here, and a mouse button let go elsewhere closes it and goes on.
+class Application : public QApplication {
+    Q_OBJECT
+
+  public:
+    Application(int& count, char** arguments);
+
+    /// Not owned. As long as there is none, keys and mouse reach nobody.
+    void setDelegate(ApplicationDelegate* delegate) { delegate_ = delegate; }
+    ApplicationDelegate* delegate() const { return delegate_; }
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+  private:
+    bool filter(QWindow& window, QEvent& event);
+    void mouseUp(QWindow& window, const QMouseEvent& event);
+    bool keyUp(const QKeyEvent& event);
+
+    ApplicationDelegate* delegate_ = nullptr;
+};
+
+}  // namespace kzq

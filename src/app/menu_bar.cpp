@@ -1,0 +1,35 @@
+#include "app/menu_bar.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenuBar>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+
+namespace kzq {
+
+void dressMenuBar(QMenuBar& bar) {
+    bar.setNativeMenuBar(false);
+    bar.setFont(textFont());
+    bar.setStyleSheet(
+        QString("QMenuBar { background: %1; color: %2; border: none; padding: 2px 24px; }"
+                "QMenuBar::item { padding: 5px 9px; margin: 1px; border-radius: 4px; background: transparent; }"
+                "QMenuBar::item:selected { background: %3; }"
+                "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
+                "QMenu::item { padding: 6px 28px 6px 16px; border-radius: 4px; }"
+                "QMenu::item:selected { background: %3; }"
+                "QMenu::item:disabled { color: %6; }")
+            .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
+                 panelColor().name(), outlineColor().name(), disabledWordColor().name()));
+}
+
+void fillMenuBar(QMenuBar& bar, MenuBarActions actions) {
+    auto* const quit = bar.addMenu("&File")->addAction("&Quit", actions.quit);
+    quit->setShortcut(QKeySequence("Ctrl+Q"));
+    auto* const selectAll = bar.addMenu("&Edit")->addAction("Select &All", actions.selectAll);
+    selectAll->setShortcut(QKeySequence::SelectAll);
+    bar.addMenu("&Help")->addAction("&About 7306 Loop Manager", actions.openAboutBox);
+}
+
+}  // namespace kzq

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+
+class QMenuBar;
+
+namespace kzq {
+
+/// What the entries of the menu bar do.
+struct MenuBarActions {
+    std::function<void()> selectAll;
+    std::function<void()> openAboutBox;
+    std::function<void()> quit;
+};
+
+/// Paints the bar in the window's own colours, on every desktop alike.
+void dressMenuBar(QMenuBar& bar);
+/// File with Quit, Edit with Select All, Help with About. Once.
+void fillMenuBar(QMenuBar& bar, MenuBarActions actions);
+
+}  // namespace kzq
