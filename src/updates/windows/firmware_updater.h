@@ -14,6 +14,7 @@ namespace kzq {
 
 class AlertButton;
 class NotesView;
+class UpdatePanel;
 
 class FirmwareUpdaterDelegate {
   public:
@@ -55,7 +56,7 @@ class FirmwareUpdater {
 
     FirmwareUpdaterProgress& progress() { return *progress_; }
 
-    /// Centres a window that is not shown, and brings it to the front.
+    /// Brings the window to the front. It is in the middle of the screen until somebody moves it.
     void showWindow();
     void close();
 
@@ -64,7 +65,7 @@ class FirmwareUpdater {
     /// Escape: closes the window.
     void cancelOperation();
 
-    QWidget& window() { return *window_; }
+    QWidget& window();
     QLabel& blurb() { return *blurb_; }
     NotesView& notes() { return *notes_; }
     AlertButton& button() { return *button_; }
@@ -73,7 +74,7 @@ class FirmwareUpdater {
     FirmwareUpdater();
     bool loadWindow();
 
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<UpdatePanel> window_;
     QLabel* blurb_ = nullptr;  // owned by the window, as the next two
     NotesView* notes_ = nullptr;
     AlertButton* button_ = nullptr;

@@ -10,6 +10,7 @@ class QWidget;
 namespace kzq {
 
 class LampBar;
+class UpdatePanel;
 
 /// The window with a bar that fills while firmware goes into the pedal: 13 seconds, the usual length of a
 /// flash and deliberately not tied to the real one. An earlier `end` fills it at once; a second after it is
@@ -40,7 +41,7 @@ class FirmwareUpdaterProgress {
     bool animate() const;
     /// 0 to 1. Main thread.
     LampBar& slider() { return *slider_; }
-    QWidget& window() { return *window_; }
+    QWidget& window();
 
   private:
     struct Animation;
@@ -49,7 +50,7 @@ class FirmwareUpdaterProgress {
     bool loadWindow();
 
     Executor& executor_;
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<UpdatePanel> window_;
     LampBar* slider_ = nullptr;  // owned by the window
     std::shared_ptr<Animation> animation_;
 };

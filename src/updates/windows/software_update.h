@@ -14,6 +14,7 @@ namespace kzq {
 class AlertButton;
 class LampBar;
 class NotesView;
+class UpdatePanel;
 struct SoftwareUpdateView;
 
 struct SoftwareUpdateEnvironment {
@@ -45,7 +46,7 @@ class SoftwareUpdate {
     /// window.
     void cancelOperation();
 
-    QWidget& window() { return *window_; }
+    QWidget& window();
 
   private:
     explicit SoftwareUpdate(SoftwareUpdateEnvironment environment);
@@ -54,7 +55,7 @@ class SoftwareUpdate {
     void arrange(const SoftwareUpdateView& view);
 
     const SoftwareUpdateEnvironment environment_;
-    std::unique_ptr<QWidget> window_;
+    std::unique_ptr<UpdatePanel> window_;
     QLabel* headline_ = nullptr;  // owned by the window, as the rest
     QLabel* detail_ = nullptr;
     NotesView* notes_ = nullptr;

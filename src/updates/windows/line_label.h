@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QColor>
+#include <QLabel>
+
+namespace kzq {
+
+/// Plain text, wrapped, on lines of a given height; from the top, white unless told otherwise. What does not
+/// fit into the label is not drawn.
+class LineLabel : public QLabel {
+  public:
+    explicit LineLabel(QWidget* parent = nullptr);
+
+    void setType(int pixels, int lineHeight, const QColor& color);
+    int heightForWidth(int width) const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    int layOut(QTextLayout& layout, int width) const;
+
+    int lineHeight_ = 16;
+    QColor color_ = Qt::white;
+};
+
+}  // namespace kzq

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "ui/alert_button.h"
+#include "ui/focus_ring.h"
+
+namespace kzq {
+
+/// The ground of the update windows: a brown plate of fixed size that floats over other windows. Return
+/// presses its default button unless the control with the focus wants the key; the default has the focus and
+/// the ring when the window appears. Closing it never quits the program.
+class UpdatePanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    enum class CloseButton { shown, none };
+
+    explicit UpdatePanel(CloseButton closeButton = CloseButton::shown);
+
+    /// One of its own controls; null for none.
+    void setDefaultButton(AlertButton* button);
+    AlertButton* defaultButton() const { return defaultButton_; }
+    /// Puts the window into the middle of the screen that the pointer is on.
+    void centre();
+    /// Shows the window in front, with the keyboard.
+    void present();
+
+  Q_SIGNALS:
+    /// Escape.
+    void escape();
+    /// The window is about to close; `hide` says nothing.
+    void closing();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QPointer<AlertButton> defaultButton_;
+    FocusRing* ring_;  // a child
+};
+
+}  // namespace kzq
