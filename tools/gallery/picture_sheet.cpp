@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <algorithm>
+#include <cmath>
 
 namespace kzq::gallery {
 
@@ -36,8 +37,8 @@ std::vector<Placed> layOut(const QStringList& names, const QFontMetricsF& metric
             y += row + labelHeight + margin;
             row = 0;
         }
-        placed.push_back({name, {{std::round(x), std::round(y)}, size}});
-        x += width;
+        placed.push_back({name, {{x, y}, size}});
+        x += 2 * std::ceil(width / 2);  // even places, as in the window, so that 1.5 falls on whole pixels
         row = std::max(row, size.height());
     }
     height = y + row + labelHeight + margin;
@@ -63,6 +64,24 @@ QImage draw(const QStringList& names, double scale, const QColor& ground) {
     return image;
 }
 
+/// The application's icon at the sizes desktops ask for, on a dark and on a light panel.
+QImage icons(double scale) {
+    const auto sizes = {16, 22, 24, 32, 48, 64, 128};
+    QImage image((QSizeF(480, 320) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(QColor(0x22, 0x25, 0x2A));
+    QPainter painter(&image);
+    painter.fillRect(0, 160, 480, 160, QColor(0xE8, 0xEA, 0xED));
+    QSvgRenderer icon(QString(":/pictures/Icon.svg"));
+    int x = margin;
+    for (const int size : sizes) {
+        icon.render(&painter, QRectF(x, margin, size, size));
+        icon.render(&painter, QRectF(x, margin + 160, size, size));
+        x += size + margin;
+    }
+    return image;
+}
+
 }  // namespace
 
 std::vector<Sheet> pictureSheets(double scale) {
@@ -72,7 +91,8 @@ std::vector<Sheet> pictureSheets(double scale) {
     for (const auto& name : names) (pictureSize(name).height() < 100 ? small : large) << name;
     return {{"pictures-on-tray", draw(small, scale, QColor(0x1F, 0x10, 0x10))},
             {"pictures-on-plate", draw(small, scale, QColor(0x2B, 0x17, 0x17))},
-            {"pictures-large", draw(large, scale, QColor(0xD5, 0xD8, 0xDD))}};
+            {"pictures-large", draw(large, scale, QColor(0xD5, 0xD8, 0xDD))},
+            {"icon", icons(scale)}};
 }
 
 }  // namespace kzq::gallery

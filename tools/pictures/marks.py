@@ -6,7 +6,7 @@ import colours as c
 
 SEVEN = "M2 2H18L8 26"
 THREE = "M29 2H45L37 11C42 10.4 46 14 46 18.3C46 22.8 42.2 26 37.4 26C33.4 26 30 24 28.6 20.8"
-SIX_STEM = "M102 2L90.5 14.6"
+SIX_STEM = "M102 2L91.43 12.26"  # ends where it touches the bowl
 
 
 def point(x, y, radius, degrees):

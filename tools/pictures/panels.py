@@ -106,15 +106,16 @@ def about():
 def icon():
     """The zero of the mark as a reel, on a plate with tape running along its foot."""
     picture = Picture(128, 128)
-    picture.rect(4, 4, 120, 120, c.OXIDE_EDGE, 28)
-    picture.rect(8, 8, 112, 112, plate_fill(picture), 24)
-    picture.rect(8, 90, 112, 18, c.SHADOW)
-    picture.rect(8, 92, 112, 14, picture.down((0, c.OXIDE), (1, c.OXIDE_FOOT)))
-    picture.fill("M8 92H46L34 106H8Z", c.GREEN)
-    picture.fill("M94 92H120V106H82Z", c.BLUE)
-    picture.circle(64, 57, 42, c.CREAM)
-    picture.circle(64, 57, 28, c.GROOVE)
-    marks.reel(picture, 64, 57, 25, 13, c.YELLOW)
+    # The larger edges lie on multiples of 8, so that they stay on whole pixels down to 16 x 16.
+    picture.frame(0, 0, 128, 128, 28, c.OXIDE_EDGE, plate_fill(picture), 4)
+    picture.rect(4, 78, 120, 20, c.SHADOW)
+    picture.rect(4, 80, 120, 16, picture.down((0, c.OXIDE), (1, c.OXIDE_FOOT)))
+    picture.fill("M4 80H34L22 96H4Z", c.GREEN)
+    picture.fill("M106 80H124V96H94Z", c.BLUE)
+    picture.circle(64, 58, 43, c.SHADOW)
+    picture.circle(64, 58, 40, c.CREAM)
+    picture.circle(64, 58, 26, c.GROOVE)
+    marks.reel(picture, 64, 58, 24, 14, c.YELLOW)
     return picture
 
 
