@@ -36,6 +36,8 @@ std::string_view logCategoryName(LogCategory category) {
             return "files";
         case LogCategory::tool:
             return "tool";
+        case LogCategory::application:
+            return "application";
     }
     return "?";
 }

@@ -6,7 +6,7 @@
 namespace kzq {
 
 /// What a line of the log is about.
-enum class LogCategory { device, usb, simulator, audio, files, tool };
+enum class LogCategory { device, usb, simulator, audio, files, tool, application };
 
 std::string_view logCategoryName(LogCategory category);
 

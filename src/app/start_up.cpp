@@ -1,0 +1,94 @@
+#include "app/start_up.h"
+
+#include <QDateTime>
+#include <QSaveFile>
+#include <QSettings>
+#include <cstdlib>
+#include <string>
+#include <system_error>
+
+#include "platform/log.h"
+
+namespace kzq {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto builtName = "KZQ7306.app";
+constexpr auto knownName = "7306 Loop Manager.app";
+
+/// Whether there was one.
+bool useUpMarker(const fs::path& home) {
+    std::error_code ignored;
+    const auto marker = bundleNameMarker(home);
+    if (marker.empty() || !fs::exists(marker, ignored)) {
+        return false;
+    }
+    fs::remove(marker, ignored);
+    return true;
+}
+
+/// Never onto something that is there.
+bool moveBundle(const fs::path& from, const fs::path& to) {
+    std::error_code failure;
+    if (fs::exists(fs::symlink_status(to, failure))) {
+        return false;
+    }
+    fs::rename(from, to, failure);
+    return !failure;
+}
+
+}  // namespace
+
+fs::path bundleNameMarker(const fs::path& home) {
+    return home.empty() ? fs::path() : home / ".com.kzq.7306.ignore-bundle-name-change";
+}
+
+void writeBundleNameMarker(const fs::path& home) {
+    const auto marker = bundleNameMarker(home);
+    if (marker.empty()) {
+        return;
+    }
+    QSaveFile file(QString::fromStdString(marker.string()));
+    if (!file.open(QIODevice::WriteOnly) ||
+        file.write(QDateTime::currentDateTime().toString(Qt::ISODate).toUtf8()) < 0 || !file.commit()) {
+        log(LogCategory::application, "the marker of the bundle's name could not be written");
+    }
+}
+
+fs::path bundleOf(const fs::path& program) {
+    for (auto folder = program.parent_path(); folder.has_relative_path(); folder = folder.parent_path()) {
+        if (folder.extension() == ".app") {
+            return folder;
+        }
+    }
+    return {};
+}
+
+bool handOverToRenamedBundle(const StartUpPlaces& places) {
+    if (useUpMarker(places.home)) {
+        return false;
+    }
+    const auto bundle = bundleOf(places.program);
+    if (bundle.filename() != builtName) {
+        return false;
+    }
+    const auto renamed = bundle.parent_path() / knownName;
+    // Where the opener is missing, this process goes on from where it is now.
+    return moveBundle(bundle, renamed) && places.open(renamed);
+}
+
+fs::path usualSettings(const fs::path& home) {
+    const char* const configured = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): start-up
+    const fs::path folder = configured != nullptr ? configured : "";
+    return (folder.is_absolute() ? folder : home / ".config") / "com.kzq.7306.conf";
+}
+
+void setUserDefaults(const fs::path& settings) {
+    QSettings defaults(QString::fromStdString(settings.string()), QSettings::IniFormat);
+    defaults.setValue("NSDisabledDictationMenuItem", true);
+    defaults.setValue("NSDisabledCharacterPaletteMenuItem", true);
+}
+
+}  // namespace kzq

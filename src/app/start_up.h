@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+
+namespace kzq {
+
+// What happens before there is an application: the name of the bundle is settled and two defaults are set.
+
+/// Where it happens; tests have places of their own.
+struct StartUpPlaces {
+    std::filesystem::path home;      ///< the user's home folder; empty for none
+    std::filesystem::path program;   ///< the running program's file
+    std::filesystem::path settings;  ///< the file of the user's defaults
+    /// Starts the program in a bundle and answers at once; whether it could be started.
+    std::function<bool(const std::filesystem::path& bundle)> open;
+};
+
+/// The marker that keeps the bundle's name for one start: a self-update writes it just before it relaunches.
+/// Empty without a home.
+std::filesystem::path bundleNameMarker(const std::filesystem::path& home);
+/// Writes the marker with the present date; errors are ignored.
+void writeBundleNameMarker(const std::filesystem::path& home);
+
+/// The nearest folder above `program` whose name ends in ".app", as a bundle's does; empty for none: an
+/// installed program is in no bundle and is never moved.
+std::filesystem::path bundleOf(const std::filesystem::path& program);
+
+/// Gives a bundle that still has its built name the name that people know, and starts it from there. True
+/// when that was done: this process is to end. With the marker, which is used up, nothing is renamed.
+bool handOverToRenamedBundle(const StartUpPlaces& places);
+
+/// The file of the user's defaults, under $XDG_CONFIG_HOME or the home folder's ".config".
+std::filesystem::path usualSettings(const std::filesystem::path& home);
+/// Keeps the toolkit's entries for dictation and special characters out of the Edit menu.
+void setUserDefaults(const std::filesystem::path& settings);
+
+}  // namespace kzq

@@ -1,0 +1,42 @@
+#include "device/simulator/simulation.h"
+
+#include <utility>
+
+#include "device/simulator/synthesiser.h"
+
+namespace kzq::simulator {
+
+Simulation::Simulation(Executor& executor, PedalMemory memory, LoopFolder folder)
+    : folder_(std::move(folder)), pedal_(executor, {.memory = std::move(memory)}), port_(executor, pedal_) {}
+
+std::unique_ptr<Simulation> Simulation::make(Executor& executor, const SimulationOrder& order, std::string& error,
+                                             bool* badFault) {
+    auto memory = demonstrationMemory();
+    LoopFolder folder(order.folder);
+    if (!order.folder.empty()) {
+        auto loaded = folder.load(error);
+        if (!loaded) {
+            return nullptr;
+        }
+        memory = std::move(*loaded);
+    }
+    std::unique_ptr<Simulation> made(new Simulation(executor, std::move(memory), std::move(folder)));
+    if (!order.folder.empty()) {
+        made->pedal_.setMemoryListener(
+            [&kept = made->folder_](std::uint8_t address, const StoredLoop* loop) { kept.store(address, loop); });
+    }
+    for (const auto& text : order.faults) {
+        const auto fault = faultFromText(text);
+        if (!fault) {
+            error = "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100.";
+            if (badFault != nullptr) {
+                *badFault = true;
+            }
+            return nullptr;
+        }
+        made->pedal_.plan(*fault);
+    }
+    return made;
+}
+
+}  // namespace kzq::simulator

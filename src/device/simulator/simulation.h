@@ -1,0 +1,40 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "device/simulator/loop_folder.h"
+#include "device/simulator/simulated_pedal.h"
+#include "device/simulator/simulated_port.h"
+
+namespace kzq::simulator {
+
+/// What a program's options say of the simulated pedal.
+struct SimulationOrder {
+    std::filesystem::path folder;     ///< of WAV files, which are its memory; empty: loops of its own
+    std::vector<std::string> faults;  ///< as faultFromText reads them
+};
+
+/// The simulated pedal with its port, as programs use it in place of a bus. What is written to it is kept in
+/// the folder, if there is one. The pedal is off the bus until `pedal().plugIn()`.
+class Simulation {
+  public:
+    /// Null, with a sentence in `error`, when the order is not one: `badFault` tells then whether it is for
+    /// a fault and not for the folder.
+    static std::unique_ptr<Simulation> make(Executor& executor, const SimulationOrder& order, std::string& error,
+                                            bool* badFault = nullptr);
+
+    SimulatedPedal& pedal() { return pedal_; }
+    SimulatedPort& port() { return port_; }
+
+  private:
+    Simulation(Executor& executor, PedalMemory memory, LoopFolder folder);
+
+    LoopFolder folder_;
+    SimulatedPedal pedal_;
+    SimulatedPort port_;
+};
+
+}  // namespace kzq::simulator

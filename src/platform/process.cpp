@@ -1,0 +1,44 @@
+#include "platform/process.h"
+
+#include <fcntl.h>
+#include <gnu/libc-version.h>
+#include <unistd.h>
+
+#include <charconv>
+#include <csignal>
+#include <cstdlib>
+#include <string_view>
+
+namespace kzq {
+
+bool occupyStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) < 0 &&
+            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void ignoreWriteSignals() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+std::uint64_t systemMinorVersion() {
+    const std::string_view version = gnu_get_libc_version();
+    const auto dot = version.find('.');
+    std::uint64_t minor = 0;
+    if (dot != std::string_view::npos) {
+        std::from_chars(version.data() + dot + 1, version.data() + version.size(), minor);
+    }
+    return minor;
+}
+
+std::filesystem::path homeFolder() {
+    const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe): nothing here sets it
+    return home != nullptr ? home : "";
+}
+
+}  // namespace kzq
