@@ -12,6 +12,7 @@ class QPainter;
 namespace kzq {
 
 class About;
+class PictureView;
 
 /// The content of the About panel: the artwork, and the versions in its lower right corner. Any click and
 /// the release of Return, Space, Escape or Enter close the panel.
@@ -24,8 +25,8 @@ class AboutBacking : public QWidget {
     explicit AboutBacking(QWidget* parent = nullptr);
 
     void setController(About* about);
-    /// `image` gives the picture that is drawn, by the name in its property "picture"; hidden by its owner.
-    void setImage(QWidget* image);
+    /// `image` names the picture that is drawn; the owner hides it.
+    void setImage(PictureView* image);
     void setVersions(std::string software, FirmwareVersion firmware);
 
     /// The program's version, nothing when empty.
@@ -44,7 +45,7 @@ class AboutBacking : public QWidget {
     void drawVersion(QPainter& painter) const;
 
     QPointer<About> controller_;
-    QPointer<QWidget> image_;
+    QPointer<PictureView> image_;
     std::string software_;
     FirmwareVersion firmware_;
 };
