@@ -1,0 +1,220 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "app/app_environment.h"
+#include "app/application.h"
+#include "device/kzq7306_delegate.h"
+#include "slots/export_info.h"
+#include "slots/slot.h"
+#include "slots/slot_delegate.h"
+#include "ui/application_controller.h"
+#include "updates/su_updater.h"
+#include "updates/windows/firmware_updater.h"
+
+namespace kzq {
+
+class About;
+class BusyQuestion;
+class MainWindow;
+class Menu;
+class MenuClosing;
+class PedalSearch;
+class Progress;
+class SlotFieldEditor;
+class SoftwareUpdate;
+
+/// The application's controller: owns the rows, the selections and the panels, answers the pedal's coming,
+/// going and changes, and runs what the user starts. Main thread, all of it: what the link and the
+/// conversions bring on other threads moves there first and holds the controller weakly.
+///
+/// The main thread never waits for the pedal. Of the operations that the user can start, one at a time is
+/// under way, from the press of its button until its end; a press while another one is being started counts
+/// for nothing.
+class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
+                    public ApplicationDelegate,
+                    public ApplicationController,
+                    public KZQ7306Delegate,
+                    public SlotDelegate,
+                    public FirmwareUpdaterDelegate,
+                    public SUUpdaterDelegate {
+  public:
+    using Slots = std::vector<std::unique_ptr<Slot>>;
+
+    /// Make it with std::make_shared. `window` outlives it.
+    AppDelegate(AppEnvironment environment, MainWindow& window);
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+    AppDelegate(AppDelegate&&) = delete;
+    AppDelegate& operator=(AppDelegate&&) = delete;
+    ~AppDelegate() override;
+
+    // --- start and end
+
+    /// Once: panels, rows, device link, splash. KZQ7306::load was called before. Where the menu, a panel or a
+    /// row cannot be made it stops there.
+    void applicationDidFinishLaunching();
+    /// Removes the working copies of what is still staged. Quick, in every state.
+    void applicationWillTerminate();
+    void updaterWillRelaunchApplication(SUUpdater& updater) override;
+    /// Asks the main loop to end.
+    void quit();
+
+    // --- what it owns; null, or empty, before the launch
+
+    Menu* menu() const { return menu_.get(); }
+    About* about() const { return about_.get(); }
+    Progress* progress() const { return progress_.get(); }
+    FirmwareUpdater* firmwareUpdater() const { return firmwareUpdater_.get(); }
+    SUUpdater* sparkle() const { return sparkle_.get(); }
+    SoftwareUpdate* softwareUpdate() const { return softwareUpdate_.get(); }
+    /// Entry i is loop i + 1.
+    const Slots& importSlots() const { return importSlots_; }
+    const Slots& exportSlots() const { return exportSlots_; }
+    const std::set<std::uint8_t>& selectedImportSlots() const { return selectedImportSlots_; }
+    const Exports& selectedExportSlots() const { return selectedExportSlots_; }
+
+    // --- the pedal
+
+    void looperIsConnected(KZQ7306& looper) override;
+    void looperHasBeenDisconnected() override;
+    void looperInternalStateChanged(const Status& status) override;
+
+    // --- rows, staging, meter
+
+    void checkboxStateChangedForImportSlot(Slot& slot) override;
+    void buttonClickedForExportSlot(Slot& slot) override;
+    void nameEditingBeganForSlot(Slot& slot) override;
+    void nameEditingEndedForSlot(Slot& slot) override;
+    void exportAboutToBeRemoved(Slot& slot) override;
+    void exportRemoved(Slot& slot) override;
+    Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
+    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
+    SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
+    /// Frames in use once everything staged is written.
+    std::uint64_t existingAndTeedUpExportSamples() const;
+    /// The same with `frames` more for `slot`, instead of whatever stood there.
+    std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
+                                                                   std::uint8_t slot) const;
+    void setMeterValueAndCaption(std::uint64_t frames);
+
+    // --- buttons and tabs
+
+    void importButtonClicked();
+    void exportButtonClicked();
+    void eraseButtonClicked();
+    void selectAll();
+    void deselectAll();
+    void deselectAllExportSlots();
+    void endEditing();
+    void selectImportTab();
+    void selectExportTab();
+
+    // --- the menu
+
+    bool menuOpen() const override;
+    bool pointInMenuBounds(QPoint point) const override;
+    bool isMainWindow(const QWindow& window) const override;
+    void openMenu();
+    void closeMenu() override;
+    void menuUp() override;
+    void menuDown() override;
+    void menuGo() override;
+
+    void openMainWindow() override;
+    void openAbout() override;
+    void openAboutBox() { openAbout(); }
+    void checkForSoftwareUpdates() override;
+    void openFirmwareUpdater() override;
+    /// Deliberately does nothing: firmware is looked for all the time.
+    void checkForFirmwareUpdates() {}
+    void installFirmware() override;
+    void installFirmware(const std::filesystem::path& image) override;
+    void goToWebsite() override;
+
+    /// Shows the progress panel of a transfer of `total` bytes; not for 0. Context 0 is an import, 1 an
+    /// export.
+    void openProgress(std::uint64_t total, std::int32_t context);
+
+  private:
+    /// How far the one operation has come that the user can have under way.
+    enum class Flow {
+        none,
+        starting,  ///< from the press of the button to its start, with all questions in between
+        running    ///< from when the shield is up until it comes down
+    };
+    struct Transfer;
+
+    // launch.cpp
+    void makeSoftwareUpdater();
+    bool makeMenu();
+    bool makePanels();
+    bool makeSlots(int tab, std::int32_t context, Slots& list);
+    void connectButtons();
+
+    // connection.cpp
+    void loopsArrived(const Loops& loops);
+    static void show(const Loop* loop, Slot& slot);
+    void showEmptyMeter();
+    void showImportState(const Loops& loops, const std::set<std::uint8_t>& selection);
+    bool showExportState(const Loops& loops, const std::set<std::uint8_t>& selection);
+    void setImportAndEraseEnabled(bool enabled);
+
+    // staging.cpp
+    void stage(Slot& slot, const QUrl& file, const std::filesystem::path& copy);
+    void releaseFocus();
+    Loops existingLoops() const;
+
+    // start.cpp
+    bool beginStart();
+    void endStart();
+    void whenIdle(std::function<void()> next);
+    void deviceIsBusy();
+    void afterPanelsClosed(void (AppDelegate::*start)());
+    void beginRun();
+    void endRun();
+    void onMain(std::function<void(AppDelegate&)> task);
+    void cancelTransfer();
+    void insistOnCancel(std::uint64_t run);
+
+    void startImport(const std::filesystem::path& folder);
+    void finishImport();
+    void startExport();
+    bool stillStaged(const Exports& asked) const;
+    void finishExport(const Exports& sent);
+    void startErase(const std::set<std::uint8_t>& asked);
+
+    // firmware_flow.cpp
+    using ImageSource = std::function<std::optional<std::vector<std::uint8_t>>()>;
+    void installImage(ImageSource source);
+    void flash(std::vector<std::uint8_t> image);
+
+    AppEnvironment environment_;
+    MainWindow& window_;
+    std::unique_ptr<SlotFieldEditor> fieldEditor_;
+    std::unique_ptr<Menu> menu_;
+    std::unique_ptr<About> about_;
+    std::unique_ptr<Progress> progress_;
+    std::unique_ptr<FirmwareUpdater> firmwareUpdater_;
+    std::shared_ptr<SUUpdater> sparkle_;
+    std::unique_ptr<SoftwareUpdate> softwareUpdate_;
+    Slots importSlots_;
+    Slots exportSlots_;
+    std::set<std::uint8_t> selectedImportSlots_;
+    Exports selectedExportSlots_;
+
+    std::unique_ptr<BusyQuestion> busyQuestion_;
+    std::unique_ptr<PedalSearch> pedalSearch_;
+    std::unique_ptr<MenuClosing> menuClosing_;
+    Flow flow_ = Flow::none;
+    std::uint64_t runs_ = 0;                ///< operations begun so far
+    std::unique_ptr<QObject> connections_;  ///< from the window's buttons; end with it
+};
+
+}  // namespace kzq

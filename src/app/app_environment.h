@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtCore/qnamespace.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/executor.h"
+#include "platform/new_file.h"
+#include "ui/dialogs.h"
+#include "ui/panels/product.h"
+#include "updates/http_client.h"
+#include "updates/su_updater.h"
+
+namespace kzq {
+
+/// What the application runs on. Executor, dialogs and client outlive it; the functions are called on the
+/// main thread except where it says otherwise.
+struct AppEnvironment {
+    Executor& executor;
+    Dialogs& dialogs;
+    HttpClient& http;
+
+    std::filesystem::path home;  ///< the user's home folder; empty for none
+    Product product;
+    std::string firmwareManifest;  ///< https address
+    /// The https address of the program's own update feed, for a home folder.
+    std::function<std::string(const std::filesystem::path& home)> feedAddress;
+    // Of the program's own updates.
+    UpdateDesktop desktop;
+    UpdateBuild build;
+    Installation installation;
+    std::filesystem::path downloads;  ///< an existing folder that outlives the program
+
+    /// Converts an audio file and answers the path of the working copy, or nothing. On a background thread;
+    /// several may run at once.
+    std::function<std::optional<std::string>(const std::string& path)> convert;
+    /// What stands between the user and a pedal that is not there, in one line; nothing when nothing is known
+    /// to. On a background thread. May be empty.
+    std::function<std::optional<std::string>()> diagnose;
+    /// The modifier keys held at this moment. Empty: the window system is asked.
+    std::function<Qt::KeyboardModifiers()> modifiers;
+    /// Puts a file into place under a name that is not taken. On a background thread.
+    std::function<NewFile(const std::filesystem::path& folder, std::string_view name,
+                          std::string_view extension, std::span<const std::uint8_t> bytes)>
+        writeFile = [](const auto& folder, auto name, auto extension, auto bytes) {
+            return writeNewFile(folder, name, extension, bytes);
+        };
+    /// Asks the main loop to end; applicationWillTerminate follows from there.
+    std::function<void()> quit;
+};
+
+}  // namespace kzq
