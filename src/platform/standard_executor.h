@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/executor.h"
+#include "platform/threaded_executor.h"
 
 namespace kzq {
 
@@ -11,7 +11,7 @@ namespace kzq {
 /// A program that ends with std::_Exit may leave jobs behind that are parked in a transfer. The destructor,
 /// for everybody else, waits for the pool's running jobs and drops those that have not started; services are
 /// told to end after their present step and are not waited for.
-class StandardExecutor : public Executor {
+class StandardExecutor : public ThreadedExecutor {
   public:
     StandardExecutor();
     ~StandardExecutor() override;
@@ -23,19 +23,11 @@ class StandardExecutor : public Executor {
 
     void main(Task task) override;
     void mainAfter(Duration delay, Task task) override;
-    void background(Priority priority, Task task) override;
-    void service(std::string label, Task step) override;
-    TimePoint now() const override;
-    void sleep(Duration duration) override;
-    void wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
-              const std::function<bool()>& ready) override;
 
   private:
     struct MainQueue;
-    class Pool;
 
     std::unique_ptr<MainQueue> main_;
-    std::shared_ptr<Pool> pool_;
 };
 
 }  // namespace kzq

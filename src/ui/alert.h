@@ -31,7 +31,7 @@ struct Alert {
 /// A notice with "OK". The last button of each alert is an invisible "Cancel": it stands for Escape and for
 /// closing the alert, so that these have an answer of their own.
 Alert alertWithHeadline(std::string headline, const std::optional<std::string>& finePrint = std::nullopt);
-/// A question with "Yes" and "No".
+/// A question with "Yes" and "No": before audio is lost.
 Alert yesOrNoAlertWithHeadline(std::string headline,
                                const std::optional<std::string>& finePrint = std::nullopt);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 namespace kzq {
@@ -12,14 +13,19 @@ class Shield : public QWidget {
   public:
     /// `wash` is the strength of the tray's colour over the parent; more than 0.4 counts as 0.4.
     explicit Shield(QWidget* parent, double wash = 0.4);
+    Shield(const Shield&) = delete;
+    Shield& operator=(const Shield&) = delete;
+    Shield(Shield&&) = delete;
+    Shield& operator=(Shield&&) = delete;
+    ~Shield() override;
 
   protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    QPointer<QWidget> before_;  ///< had the focus
     double wash_;
 };
 

@@ -10,7 +10,7 @@
 
 namespace kzq {
 
-/// `prefix` followed by `string`; nothing when there is no prefix, or the result is empty.
+/// `prefix` followed by `string`; nothing when there is no prefix.
 std::optional<std::string> stringByPrependingString(const std::string& string,
                                                     const std::optional<std::string>& prefix);
 

@@ -1,0 +1,76 @@
+#include "ui/button_face.h"
+
+#include <QLinearGradient>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int radius = 8;
+constexpr int wordPixels = 15;
+constexpr int fullLip = 4;
+constexpr int pressedLip = 2;
+constexpr QColor brownLip(0x14, 0x0A, 0x0A);
+constexpr QColor creamLip(0x9C, 0x8A, 0x6A);
+
+ButtonFace disabledFace() {
+    return {disabledFaceColor(), disabledFaceColor(), disabledFaceColor(), disabledWordColor(), 0};
+}
+
+QFont wordFont() {
+    return firaSans(FiraWeight::medium, wordPixels).value_or(textFont(wordPixels));
+}
+
+}  // namespace
+
+ButtonFace brownFace(ButtonState state) {
+    switch (state) {
+        case ButtonState::off:
+            return {{0x52, 0x32, 0x30}, {0x48, 0x2A, 0x29}, brownLip, KZQWhite()};
+        case ButtonState::hover:
+            return {{0x75, 0x4D, 0x4A}, {0x65, 0x3F, 0x3D}, brownLip, KZQWhite()};
+        case ButtonState::down:
+            return {plateTopColor(), plateTopColor(), brownLip, KZQWhite(), pressedLip};
+        case ButtonState::disabled:
+            break;
+    }
+    return disabledFace();
+}
+
+ButtonFace creamFace(ButtonState state) {
+    switch (state) {
+        case ButtonState::off:
+            return {{0xFF, 0xFA, 0xF0}, {0xF0, 0xE4, 0xCE}, creamLip, inkColor()};
+        case ButtonState::hover:
+            return {KZQWhite(), {0xFF, 0xFA, 0xF0}, creamLip, inkColor()};
+        case ButtonState::down:
+            return {{0xDD, 0xCF, 0xB4}, {0xDD, 0xCF, 0xB4}, creamLip, inkColor(), pressedLip};
+        case ButtonState::disabled:
+            break;
+    }
+    return disabledFace();
+}
+
+void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    auto upper = bounds.adjusted(0, 0, 0, -fullLip);
+    if (face.lipHeight > 0) {
+        painter.setBrush(face.lip);
+        painter.drawRoundedRect(bounds.adjusted(0, bounds.height() / 2, 0, 0), radius, radius);
+        upper.translate(0, fullLip - face.lipHeight);
+    }
+    QLinearGradient light(upper.topLeft(), upper.bottomLeft());
+    light.setColorAt(0, face.top);
+    light.setColorAt(1, face.foot);
+    painter.setBrush(light);
+    painter.drawRoundedRect(upper, radius, radius);
+    painter.setFont(wordFont());
+    painter.setPen(face.word);
+    painter.drawText(upper, Qt::AlignCenter, word);
+}
+
+}  // namespace kzq

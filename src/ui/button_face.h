@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+
+namespace kzq {
+
+/// The painted face of a button with a live word.
+struct ButtonFace {
+    QColor top;
+    QColor foot;
+    QColor lip;  ///< its front edge, below the face
+    QColor word;
+    int lipHeight = 4;  ///< less when pressed: the face lies lower by the rest; 0 when flat
+};
+
+enum class ButtonState { off, hover, down, disabled };
+
+ButtonFace brownFace(ButtonState state);
+ButtonFace creamFace(ButtonState state);
+
+/// Draws the face over `bounds`, with `word` in the middle of its upper side.
+void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word);
+
+}  // namespace kzq

@@ -1,0 +1,91 @@
+#include "ui/focus_ring.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QPainter>
+
+#include "ui/palette.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int stroke = 2;
+constexpr int distance = 3;  // from the control to the middle of the stroke
+constexpr int reach = 4;     // from the control to the outer edge
+constexpr int usualRadius = 6;
+
+bool byKeyboard(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason;
+}
+
+}  // namespace
+
+FocusRing::FocusRing(QWidget* page) : QWidget(page) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+    qApp->installEventFilter(this);
+}
+
+void FocusRing::mark(QWidget* control) {
+    control_ = control != nullptr && control->property("focusRingRect").isValid() ? control : nullptr;
+    left_ = nullptr;
+    follow();
+}
+
+bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    if (type == QEvent::FocusIn && watched->isWidgetType()) {
+        auto& widget = static_cast<QWidget&>(*watched);
+        if (parentWidget()->isAncestorOf(&widget)) {
+            focusCame(widget, static_cast<QFocusEvent*>(event)->reason());
+        }
+    } else if (control_ != nullptr && watched == control_) {
+        if (type == QEvent::FocusOut) {
+            auto* left = control_.data();
+            mark(nullptr);
+            left_ = left;
+        } else if (type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show ||
+                   type == QEvent::Hide || type == QEvent::DynamicPropertyChange) {
+            follow();
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void FocusRing::focusCame(QWidget& control, Qt::FocusReason reason) {
+    // a control that had the ring when its window was left gets it back with the focus
+    const auto back = reason != Qt::MouseFocusReason && (&control == left_ || &control == control_);
+    mark(byKeyboard(reason) || back ? &control : nullptr);
+}
+
+void FocusRing::follow() {
+    if (control_ == nullptr || !control_->isVisibleTo(parentWidget())) {
+        hide();
+        return;
+    }
+    auto ring = control_->property("focusRingRect").toRect();
+    if (ring.isNull()) {
+        ring = control_->rect();
+    }
+    ring.moveTopLeft(control_->mapTo(parentWidget(), ring.topLeft()));
+    setGeometry(ring.adjusted(-reach, -reach, reach, reach));
+    raise();
+    show();
+}
+
+void FocusRing::paintEvent(QPaintEvent* /*event*/) {
+    if (control_ == nullptr) {
+        return;
+    }
+    const auto given = control_->property("focusRingRadius");
+    const auto radius = (given.isValid() ? given.toInt() : usualRadius) + distance;
+    const auto inset = reach - distance;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(KZQLinkHover(), stroke));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
+}
+
+}  // namespace kzq

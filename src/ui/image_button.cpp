@@ -1,0 +1,88 @@
+#include "ui/image_button.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+
+#include "ui/pictures.h"
+
+namespace kzq {
+
+void ImageButton::mouseDown() {
+    setDown(true);
+    update();
+}
+
+void ImageButton::mouseDragged(bool /*inside*/) {}
+
+void ImageButton::setHovering(bool hovering) {
+    hovering_ = hovering;
+    update();
+}
+
+bool ImageButton::sendAction() {
+    const QPointer<ImageButton> self(this);
+    Q_EMIT clicked(false);
+    return !self.isNull();
+}
+
+/// Qt keeps the mouse from disabled widgets; these buttons have their own rules for it.
+bool ImageButton::event(QEvent* event) {
+    if (isEnabled()) {
+        return KeyButton::event(event);
+    }
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            mousePressEvent(static_cast<QMouseEvent*>(event));
+            return true;
+        case QEvent::MouseMove:
+            mouseMoveEvent(static_cast<QMouseEvent*>(event));
+            return true;
+        case QEvent::MouseButtonRelease:
+            mouseReleaseEvent(static_cast<QMouseEvent*>(event));
+            return true;
+        default:
+            return KeyButton::event(event);
+    }
+}
+
+void ImageButton::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        mouseDown();
+    }
+    event->accept();
+}
+
+void ImageButton::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() & Qt::LeftButton) {
+        mouseDragged(rect().contains(event->position().toPoint()));
+    }
+    event->accept();
+}
+
+void ImageButton::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    if (event->button() == Qt::LeftButton) {
+        mouseUp();
+    }
+}
+
+void ImageButton::enterEvent(QEnterEvent* event) {
+    KeyButton::enterEvent(event);
+    setHovering(true);
+}
+
+void ImageButton::leaveEvent(QEvent* event) {
+    KeyButton::leaveEvent(event);
+    setHovering(false);
+}
+
+void ImageButton::paintEvent(QPaintEvent* /*event*/) {
+    if (width() != 0 && !objectName().isEmpty()) {
+        QPainter painter(this);
+        drawPicture(painter, pictureName(), rect());
+    }
+}
+
+}  // namespace kzq

@@ -1,0 +1,45 @@
+#include "ui/key_button.h"
+
+#include <QKeyEvent>
+
+namespace kzq {
+
+KeyButton::KeyButton(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::TabFocus);
+    setProperty("focusRingRadius", 8);
+}
+
+void KeyButton::keyPressEvent(QKeyEvent* event) {
+    const auto key = event->key();
+    const auto enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!enter && key != Qt::Key_Space) {
+        QAbstractButton::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat()) {
+        return;
+    }
+    if (enter) {
+        Q_EMIT clicked(isChecked());
+        return;
+    }
+    setDown(true);
+}
+
+void KeyButton::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Space) {
+        QAbstractButton::keyReleaseEvent(event);
+        return;
+    }
+    if (!event->isAutoRepeat() && isDown()) {
+        setDown(false);
+        Q_EMIT clicked(isChecked());
+    }
+}
+
+void KeyButton::focusOutEvent(QFocusEvent* event) {
+    setDown(false);
+    QAbstractButton::focusOutEvent(event);
+}
+
+}  // namespace kzq

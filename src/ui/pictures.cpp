@@ -1,0 +1,88 @@
+#include "ui/pictures.h"
+
+#include <QFile>
+#include <QHash>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+#include <cmath>
+
+namespace kzq {
+
+namespace {
+
+constexpr int cacheKilobytes = 48 * 1024;  // the plate at 2x is 6 MB
+
+QString pathOf(const QString& name) {
+    return ":/pictures/" + name + ".svg";
+}
+
+/// Device pixels per logical pixel, with what the painter is scaled by.
+QSizeF scaleOf(const QPainter& painter) {
+    const auto transform = painter.deviceTransform();
+    return {std::hypot(transform.m11(), transform.m12()), std::hypot(transform.m21(), transform.m22())};
+}
+
+QPixmap rendered(const QString& name, QSize pixels) {
+    static const bool once = [] {
+        QPixmapCache::setCacheLimit(cacheKilobytes);
+        return true;
+    }();
+    static_cast<void>(once);
+    const auto key = QString("%1 %2x%3").arg(name).arg(pixels.width()).arg(pixels.height());
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap(pixels);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        QSvgRenderer(pathOf(name)).render(&painter, QRectF({0, 0}, QSizeF(pixels)));
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+}  // namespace
+
+std::optional<Picture> picture(const QString& name) {
+    static QHash<QString, QSizeF> sizes;  // empty: there is no such picture
+    auto known = sizes.constFind(name);
+    if (known == sizes.constEnd()) {
+        const auto path = pathOf(name);
+        const auto size =
+            !name.isEmpty() && QFile::exists(path) ? QSizeF(QSvgRenderer(path).defaultSize()) : QSizeF();
+        known = sizes.insert(name, size);
+    }
+    if (known->isEmpty()) {
+        return std::nullopt;
+    }
+    return Picture{name, *known};
+}
+
+bool drawPicture(QPainter& painter, const QString& name, const QRectF& target) {
+    if (target.isEmpty() || !picture(name)) {
+        return false;
+    }
+    const auto scale = scaleOf(painter);
+    const QSize pixels(static_cast<int>(std::lround(target.width() * scale.width())),
+                       static_cast<int>(std::lround(target.height() * scale.height())));
+    if (pixels.isEmpty()) {
+        return false;
+    }
+    const auto pixmap = rendered(name, pixels);
+    painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
+    return true;
+}
+
+bool drawPictureCropped(QPainter& painter, const QString& name, const QRectF& target) {
+    const auto found = picture(name);
+    if (!found || target.isEmpty()) {
+        return false;
+    }
+    painter.save();
+    painter.setClipRect(target, Qt::IntersectClip);
+    const auto drawn = drawPicture(painter, name, {target.topLeft(), found->size});
+    painter.restore();
+    return drawn;
+}
+
+}  // namespace kzq

@@ -1,0 +1,99 @@
+#include "ui/qt_dialogs.h"
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileDialog>
+#include <QPointer>
+#include <QProcess>
+#include <QUrl>
+#include <algorithm>
+#include <utility>
+
+#include "platform/log.h"
+#include "ui/alert_panel.h"
+
+namespace kzq {
+
+namespace {
+
+std::filesystem::path pathOf(const QString& name) {
+    return QFile::encodeName(name).toStdString();
+}
+
+/// In both cases, as some choosers take patterns by the letter.
+QString filterOf(const FileTypes& allowed) {
+    QStringList patterns;
+    for (const auto& type : allowed) {
+        const auto extension = QString::fromStdString(type);
+        patterns << "*." + extension << "*." + extension.toUpper();
+    }
+    return "(" + patterns.join(' ') + ")";
+}
+
+bool isAllowed(const QString& file, const FileTypes& allowed) {
+    const auto extension = QFileInfo(file).suffix().toLower().toStdString();
+    return std::find(allowed.begin(), allowed.end(), extension) != allowed.end();
+}
+
+/// Runs the chooser and deletes it, unless its parent did so in between. Empty when nothing was chosen.
+QString choose(QFileDialog* chooser) {
+    const QPointer<QFileDialog> dialog(chooser);
+    const auto accepted = dialog->exec() == QDialog::Accepted;
+    if (dialog.isNull()) {
+        return {};
+    }
+    const auto files = dialog->selectedFiles();
+    delete dialog.data();
+    return accepted && files.size() == 1 ? files.first() : QString();
+}
+
+Dialogs::Chosen chosen(const QString& name) {
+    if (name.isEmpty()) {
+        return {};
+    }
+    return {panelOk, pathOf(name)};
+}
+
+}  // namespace
+
+QtDialogs::QtDialogs(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+
+int QtDialogs::run(const Alert& alert) {
+    const QPointer<AlertPanel> panel(new AlertPanel(alert, parent_()));
+    const auto escape = panel->answer();
+    panel->exec();
+    if (panel.isNull()) {  // went with its window
+        return escape;
+    }
+    const auto answer = panel->answer();
+    delete panel.data();
+    return answer;
+}
+
+Dialogs::Chosen QtDialogs::chooseFile(const FileTypes& allowed) {
+    auto* dialog = new QFileDialog(parent_());
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(filterOf(allowed));
+    const auto file = choose(dialog);
+    return isAllowed(file, allowed) ? chosen(file) : Chosen();
+}
+
+Dialogs::Chosen QtDialogs::chooseFolder(const std::string& prompt) {
+    auto* dialog = new QFileDialog(parent_());
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(prompt));
+    return chosen(choose(dialog));
+}
+
+void QtDialogs::openAddress(const std::string& url) {
+    if (!QDesktopServices::openUrl(QUrl(QString::fromStdString(url)))) {
+        log(LogCategory::tool, "no browser opened " + url);
+    }
+}
+
+bool QtDialogs::openApplication(const std::filesystem::path& bundle) {
+    return QProcess::startDetached(QFile::decodeName(bundle.c_str()), {});
+}
+
+}  // namespace kzq

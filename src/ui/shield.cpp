@@ -1,0 +1,77 @@
+#include "ui/shield.h"
+
+#include <QDropEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/palette.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr double strongestWash = 0.4;  // the rows that turn "complete" stay readable
+
+}  // namespace
+
+Shield::Shield(QWidget* parent, double wash)
+    : QWidget(parent), before_(parent->window()->focusWidget()), wash_(std::clamp(wash, 0.0, strongestWash)) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setAcceptDrops(true);
+    setGeometry(parent->rect());
+    parent->installEventFilter(this);
+    show();
+    raise();
+    setFocus(Qt::OtherFocusReason);
+}
+
+Shield::~Shield() {
+    if (before_ != nullptr && hasFocus()) {
+        before_->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+bool Shield::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::ShortcutOverride:
+            event->accept();
+            return true;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:  // taken, so that it goes to nobody else, and nothing done with it
+            static_cast<QDropEvent*>(event)->setDropAction(Qt::IgnoreAction);
+            event->accept();
+            return true;
+        default:
+            return QWidget::event(event);
+    }
+}
+
+bool Shield::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) {
+        setGeometry(parentWidget()->rect());
+    } else if (event->type() == QEvent::ChildAdded) {
+        raise();
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void Shield::paintEvent(QPaintEvent* /*event*/) {
+    auto color = trayColor();
+    color.setAlphaF(static_cast<float>(wash_));
+    QPainter(this).fillRect(rect(), color);
+}
+
+}  // namespace kzq

@@ -1,0 +1,20 @@
+#include "ui/view_width.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kzq {
+
+double width(const QWidget& view) {
+    return view.width();
+}
+
+void setWidth(QWidget& view, double width) {
+    constexpr double widest = QWIDGETSIZE_MAX;
+    const auto whole = std::isnan(width) ? 0.0 : std::clamp(std::round(width), 0.0, widest);
+    auto frame = view.geometry();
+    frame.setWidth(static_cast<int>(whole));
+    view.setGeometry(frame);
+}
+
+}  // namespace kzq
