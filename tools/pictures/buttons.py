@@ -20,10 +20,10 @@ def flat(colour, ink, lip=None, pressed=False):
 
 
 GRAY = flat(c.DISABLED, c.DISABLED_WORD, pressed=True)
-BROWN = Face("#563532", "#472928", c.WHITE, c.SHADOW, "#6B4744")
+BROWN = Face("#523230", "#482A29", c.WHITE, c.SHADOW, "#6B4744")
 FACES = {
     "Erase": {
-        "Off": Face("#563532", "#472928", c.WHITE, c.SHADOW, "#6B4744", mark=c.RED),
+        "Off": Face("#523230", "#482A29", c.WHITE, c.SHADOW, "#6B4744", mark=c.RED),
         "hover": Face("#FF6257", "#F23A38", c.INK, "#8E1A1A", "#FF8A80"),
         "On": flat("#B82222", c.WHITE, c.SHADOW, pressed=True),
         "Gray": GRAY,
