@@ -125,8 +125,8 @@ def empty_plate():
     for x in (16, 488):
         for y in (16, 202):
             marks.screw(picture, x, y)
-    loose_plug(picture, 48, 32)
-    large_pedal(picture, 48, 32)
+    loose_plug(picture, 48, 22)
+    large_pedal(picture, 48, 22)
     return picture
 
 
