@@ -21,11 +21,11 @@
 namespace kzq {
 
 class About;
+class Absence;
 class BusyQuestion;
 class MainWindow;
 class Menu;
 class MenuClosing;
-class PedalSearch;
 class Progress;
 class SlotFieldEditor;
 class SoftwareUpdate;
@@ -210,7 +210,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     Exports selectedExportSlots_;
 
     std::unique_ptr<BusyQuestion> busyQuestion_;
-    std::unique_ptr<PedalSearch> pedalSearch_;
+    std::shared_ptr<Absence> absence_;
     std::unique_ptr<MenuClosing> menuClosing_;
     Flow flow_ = Flow::none;
     std::uint64_t runs_ = 0;                ///< operations begun so far

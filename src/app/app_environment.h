@@ -40,9 +40,9 @@ struct AppEnvironment {
     /// Converts an audio file and answers the path of the working copy, or nothing. On a background thread;
     /// several may run at once.
     std::function<std::optional<std::string>(const std::string& path)> convert;
-    /// What stands between the user and a pedal that is not there, in one line; nothing when nothing is known
-    /// to. On a background thread. May be empty.
-    std::function<std::optional<std::string>()> diagnose;
+    /// What stands between the user and a pedal that is not there, in one line, for Absence, which the
+    /// controller starts at its launch. On a background thread. May be empty.
+    std::function<std::string()> diagnose;
     /// The modifier keys held at this moment. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
     /// Puts a file into place under a name that is not taken. On a background thread.

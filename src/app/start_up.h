@@ -11,7 +11,6 @@ namespace kzq {
 struct StartUpPlaces {
     std::filesystem::path home;      ///< the user's home folder; empty for none
     std::filesystem::path program;   ///< the running program's file
-    std::filesystem::path settings;  ///< the file of the user's defaults
     /// Starts the program in a bundle and answers at once; whether it could be started.
     std::function<bool(const std::filesystem::path& bundle)> open;
 };

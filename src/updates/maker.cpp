@@ -33,23 +33,23 @@ std::string percentEncoded(std::string_view text) {
 
 }  // namespace
 
-std::string makerAddress(std::string_view path) {
-    return "https://" + std::string(build::host) + std::string(path);
+std::string makerAddress(std::string_view path, std::string_view host) {
+    return "https://" + std::string(host.empty() ? build::host : host) + std::string(path);
 }
 
-std::string websiteAddress() {
-    return makerAddress("/");
+std::string websiteAddress(std::string_view host) {
+    return makerAddress("/", host);
 }
 
-std::string firmwareManifestAddress() {
-    return makerAddress("/assets/7306/firmware/_.json");
+std::string firmwareManifestAddress(std::string_view host) {
+    return makerAddress("/assets/7306/firmware/_.json", host);
 }
 
-std::string softwareFeedAddress(const std::filesystem::path& home) {
+std::string softwareFeedAddress(const std::filesystem::path& home, std::string_view host) {
     std::error_code error;
     const bool staging =
         !home.empty() && std::filesystem::exists(home / "Desktop/com.kzq.7306.staging", error);
-    return makerAddress(staging ? stagingFeed : normalFeed);
+    return makerAddress(staging ? stagingFeed : normalFeed, host);
 }
 
 std::string addressBeside(std::string_view address, std::string_view name) {

@@ -1,0 +1,207 @@
+#include <QDesktopServices>
+#include <QIcon>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+#include "app/app_delegate.h"
+#include "app/application.h"
+#include "app/main_window.h"
+#include "app/program/options.h"
+#include "app/program/simulation_menu.h"
+#include "app/program/termination.h"
+#include "app/start_up.h"
+#include "audio/convert.h"
+#include "device/kzq7306.h"
+#include "device/libusb/diagnosis.h"
+#include "device/libusb/libusb_port.h"
+#include "device/simulator/simulation.h"
+#include "platform/process.h"
+#include "platform/qt_executor.h"
+#include "platform/run_folder.h"
+#include "ui/fonts.h"
+#include "ui/qt_dialogs.h"
+#include "updates/maker.h"
+#include "updates/qt_http_client.h"
+
+namespace {
+
+using namespace kzq;
+
+constexpr int usageStatus = 2;
+constexpr int fileStatus = 6;
+/// After that a main thread that has been asked to end is not waited for.
+constexpr auto longestEnd = std::chrono::milliseconds(1500);
+
+/// Workers may be parked in a transfer that never ends, so the process does not wait for them.
+[[noreturn]] void leave(int status) {
+    RunFolder::ofThisRun().remove();
+    std::_Exit(status);
+}
+
+int complain(int status, const std::string& sentence) {
+    std::cerr << "kzq7306: " << sentence << std::endl;
+    return status;
+}
+
+QString text(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+bool openBundle(const std::filesystem::path& bundle) {
+    return QProcess::startDetached("/usr/bin/open", {"-W", "-n", text(bundle)});
+}
+
+/// Where a package may lie until the desktop's installer has taken it.
+std::filesystem::path downloadFolder() {
+    for (const auto place : {QStandardPaths::DownloadLocation, QStandardPaths::TempLocation}) {
+        const auto folder = QStandardPaths::writableLocation(place);
+        std::error_code ignored;
+        if (!folder.isEmpty() && std::filesystem::is_directory(folder.toStdString(), ignored)) {
+            return folder.toStdString();
+        }
+    }
+    return "/var/tmp";
+}
+
+bool open(const QUrl& address) {
+    return QDesktopServices::openUrl(address);
+}
+
+UpdateDesktop desktop() {
+    return {.openPackage = [](const auto& package) { return open(QUrl::fromLocalFile(text(package))); },
+            .openWebsite = [](const auto& address) { return open(QUrl(QString::fromStdString(address))); },
+            .relaunch =
+                [](const auto& program) {
+                    const bool started = QProcess::startDetached(text(program), {});
+                    if (started) {
+                        QCoreApplication::quit();
+                    }
+                    return started;
+                }};
+}
+
+/// In a line; nothing when only the pedal is missing, which the window says anyway.
+std::string remedy() {
+    const auto trouble = firstTrouble(diagnose());
+    if (!trouble || trouble->trouble == PedalTrouble::nothingOnBus) {
+        return {};
+    }
+    return trouble->sentence + " \u2013 \"kzq7306ctl doctor\" tells how to mend it.";
+}
+
+AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
+                             HttpClient& http) {
+    auto build = UpdateBuild::ofThisProgram();
+    return {.executor = executor,
+            .dialogs = dialogs,
+            .http = http,
+            .home = homeFolder(),
+            .product = {.version = KZQ_VERSION, .website = websiteAddress(options.host)},
+            .firmwareManifest = firmwareManifestAddress(options.host),
+            .feedAddress = [host = options.host](const auto& home) { return softwareFeedAddress(home, host); },
+            .desktop = desktop(),
+            .build = std::move(build),
+            .installation = Installation::ofThisProgram(),
+            .downloads = downloadFolder(),
+            .convert = [](const std::string& path) { return Wave::convertAudioFile(path); },
+            .diagnose = options.simulate ? nullptr : remedy,
+            .modifiers = {},
+            .quit = &QCoreApplication::quit};
+}
+
+/// Nothing when the file cannot be read; empty when none was named.
+std::optional<std::string> authorities(const ProgramOptions& options) {
+    if (options.authorities.empty()) {
+        return std::string();
+    }
+    std::ifstream file(options.authorities);
+    std::string content{std::istreambuf_iterator<char>(file), {}};
+    return file && !content.empty() ? std::optional(content) : std::nullopt;
+}
+
+int runWindow(Application& application, const ProgramOptions& options, QtExecutor& executor,
+              const std::string& certificates, simulator::Simulation* simulation) {
+    std::unique_ptr<UsbPort> bus;
+    if (simulation == nullptr) {
+        bus = std::make_unique<LibusbPort>();
+    }
+    KZQ7306::load({.executor = executor,
+                   .usb = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus,
+                   .systemMinorVersion = systemMinorVersion});
+    MainWindow window;
+    QtDialogs dialogs([&window] { return &window; });
+    QtHttpClient http(certificates);
+    const auto delegate =
+        std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http), window);
+    application.setDelegate(delegate.get());
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
+        executor.background(Priority::high, [&executor] {
+            executor.sleep(longestEnd);
+            leave(EXIT_SUCCESS);
+        });
+    });
+    if (simulation != nullptr) {
+        showSimulation(window, simulation->pedal(), !options.unplugged);
+        if (!options.unplugged) {
+            simulation->pedal().plugIn();
+        }
+    }
+    delegate->applicationDidFinishLaunching();
+    const int status = Application::exec();
+    delegate->applicationWillTerminate();
+    leave(status);
+}
+
+int run(const ProgramOptions& options, int argc, char** argv) {
+    if (handOverToRenamedBundle({.home = homeFolder(),
+                                 .program = std::filesystem::read_symlink("/proc/self/exe"),
+                                 .open = openBundle})) {
+        return EXIT_SUCCESS;
+    }
+    setUserDefaults(usualSettings(homeFolder()));
+    const auto certificates = authorities(options);
+    if (!certificates) {
+        return complain(fileStatus, "cannot read " + options.authorities.string());
+    }
+    Application application(argc, argv);
+    Application::setApplicationName("kzq7306");
+    Application::setApplicationDisplayName("");  // titles stand as they are
+    Application::setDesktopFileName("kzq7306");
+    Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
+    Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
+    registerFonts();
+    quitOnSignals();
+    RunFolder::ofThisRun().sweep();
+    QtExecutor executor;
+    std::unique_ptr<simulator::Simulation> simulation;
+    if (options.simulate) {
+        std::string error;
+        bool badFault = false;
+        simulation = simulator::Simulation::make(executor, {options.simulatedFolder, options.faults}, error, &badFault);
+        if (!simulation) {
+            return complain(badFault ? usageStatus : fileStatus, error);
+        }
+    }
+    return runWindow(application, options, executor, *certificates, simulation.get());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (!occupyStandardStreams()) {
+        std::_Exit(fileStatus);
+    }
+    ignoreWriteSignals();
+    // Qt takes its own options, such as -style, out of the rest; there are none of ours among them.
+    const auto parsed = parseProgramOptions({argv + std::min(argc, 1), argv + argc});
+    if (parsed.options) {
+        return run(*parsed.options, argc, argv);
+    }
+    (parsed.status == EXIT_SUCCESS ? std::cout : std::cerr) << parsed.text << std::flush;
+    return parsed.status;
+}

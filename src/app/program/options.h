@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kzq {
+
+/// What the user asked of the window's program.
+struct ProgramOptions {
+    bool simulate = false;
+    std::filesystem::path simulatedFolder;  ///< empty: the simulated pedal's own loops
+    std::vector<std::string> faults;        ///< for the simulated pedal, as given
+    bool unplugged = false;                 ///< the simulated pedal starts off the bus
+    std::string host;                       ///< in place of the maker's; empty: the maker's
+    std::filesystem::path authorities;      ///< certificates trusted instead of the system's; empty: the system's
+};
+
+/// Either `options`, or what to print and the status to end with.
+struct ParsedProgramOptions {
+    std::optional<ProgramOptions> options;
+    int status = 0;
+    std::string text;
+};
+
+/// `arguments` without the program's name.
+ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments);
+
+}  // namespace kzq
