@@ -17,7 +17,7 @@ ExitCode FirmwareCommand::work(PedalWorker& pedal) {
         installed = printable(status->version);
     }
     Explanation problem;
-    const auto offer = askForOffer(pedal, context().environment, problem);
+    const auto offer = askForOffer(pedal, context().environment, installed, problem);
     if (pedal.ended()) {
         return stop(pedal);
     }
@@ -28,20 +28,22 @@ ExitCode FirmwareCommand::work(PedalWorker& pedal) {
 /// `installed` is empty for a pedal that has only its loader.
 void FirmwareCommand::show(const std::string& installed, const std::optional<FirmwareOffer>& offer,
                            const Explanation& problem) {
-    const bool newer = offer && (installed.empty() || FirmwareVersionFromString(installed) < offer->version);
     auto& output = context().output;
     if (options().json) {
-        nlohmann::json object{{"installed", nullptr}, {"loader", installed.empty()}, {"offered", nullptr}};
+        nlohmann::json object{
+            {"installed", nullptr}, {"loader", installed.empty()}, {"newest", nullptr}, {"offered", nullptr}};
         if (!installed.empty()) {
             object["installed"] = installed;
         }
-        if (offer) {
+        if (!offer) {
+            object["message"] = problem.sentence;
+        } else {
+            object["newest"] = offer->entry.version;
+        }
+        if (offer && offer->image) {
             object["offered"] = {{"version", offer->entry.version},
                                  {"bytes", offer->entry.size},
-                                 {"newer", newer},
                                  {"changes", offer->entry.changes}};
-        } else {
-            object["message"] = problem.sentence;
         }
         output.json(jsonText(object, true));
         return;
@@ -51,28 +53,16 @@ void FirmwareCommand::show(const std::string& installed, const std::optional<Fir
     if (!offer) {
         return;
     }
+    if (!offer->image) {
+        output.line("The maker's newest firmware is " + offer->entry.version +
+                    ", so there is nothing to install.");
+        return;
+    }
     output.line("Firmware " + offer->entry.version +
-                (newer ? " is offered. \"kzq7306ctl firmware install\" installs it."
-                       : " is offered, which is not newer."));
+                " is offered. \"kzq7306ctl firmware install\" installs it.");
     for (const auto& change : offer->entry.changes) {
         output.line("  - " + noteText(change));
     }
-}
-
-std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
-                                         Explanation& problem) {
-    struct Asked {
-        std::optional<FirmwareOffer> offer;
-        Explanation problem;
-    };
-    const auto asked = std::make_shared<Asked>();
-    const bool came =
-        pedal.attempt([asked, &environment] { asked->offer = fetchOffer(environment, asked->problem); });
-    if (!came) {
-        return std::nullopt;
-    }
-    problem = asked->problem;
-    return asked->offer;
 }
 
 }  // namespace kzq::ctl

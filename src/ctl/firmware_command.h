@@ -19,8 +19,4 @@ class FirmwareCommand : public PedalJob {
               const Explanation& problem);
 };
 
-/// What the maker's server offers. Nothing when that cannot be learnt, or when the work has ended.
-std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
-                                         Explanation& problem);
-
 }  // namespace kzq::ctl

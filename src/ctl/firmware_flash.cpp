@@ -33,12 +33,17 @@ bool FirmwareFlash::wantStop() {
 bool FirmwareFlash::begin(const std::function<bool()>& ended) {
     const std::lock_guard guard(mutex_);
     begun_ = !ended();
-    underWay_ = begun_;
     return begun_;
 }
 
-void FirmwareFlash::rest() {
-    underWay_ = false;
+bool FirmwareFlash::begun() const {
+    const std::lock_guard guard(mutex_);
+    return begun_;
+}
+
+bool FirmwareFlash::underWay() const {
+    const std::lock_guard guard(mutex_);
+    return begun_ && news_.completed != true;
 }
 
 void FirmwareFlash::send(const std::shared_ptr<KZQ7306>& looper, std::vector<std::uint8_t> image) {

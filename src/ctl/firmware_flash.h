@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -39,10 +38,8 @@ class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
 
     // --- the command's thread
 
-    /// False when `ended` says that there is no pedal to work with any more. From here on until `rest` the
-    /// program must not end.
+    /// False when `ended` says that there is no pedal to work with any more.
     bool begin(const std::function<bool()>& ended);
-    void rest();
     /// Hands the image to the link, which asks the pedal first.
     void send(const std::shared_ptr<KZQ7306>& looper, std::vector<std::uint8_t> image);
     void askVersion(const std::shared_ptr<KZQ7306>& looper);
@@ -51,15 +48,19 @@ class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
     bool await(const std::string& what, Executor::Duration limit, const Ready& ready);
     News news() const;
 
-    /// Any thread.
-    bool underWay() const { return underWay_; }
+    // --- any thread
+
+    /// From here on only the work itself ends the program, since its exit code tells what became of the
+    /// pedal.
+    bool begun() const;
+    /// Begun, and the image is not complete.
+    bool underWay() const;
 
   private:
     void complete(const KZQ7306& looper, bool flashed);
 
     Executor& executor_;
     Output& output_;
-    std::atomic<bool> underWay_ = false;
     mutable std::mutex mutex_;  ///< guards what follows
     bool begun_ = false;
     News news_;

@@ -9,7 +9,7 @@ namespace kzq::ctl {
 /// Replaces the pedal's firmware: by what the maker's server offers, verified, or by a file of the user's.
 ///
 /// Once the pedal has been asked to take it, nothing ends the program before the image is complete or has
-/// failed: whoever wants an end is told to wait.
+/// failed, and before the exit code tells which: whoever wants an end is told to wait.
 class FirmwareInstallCommand : public PedalJob {
   public:
     explicit FirmwareInstallCommand(Context context);
@@ -18,7 +18,7 @@ class FirmwareInstallCommand : public PedalJob {
     void connected(const std::shared_ptr<KZQ7306>& looper) override;
     void disconnected() override;
     void cancel() override;
-    bool mustFinish() const override { return flash_->underWay(); }
+    bool mustFinish() const override { return flash_->begun(); }
 
   protected:
     bool takesLoader() const override { return true; }
@@ -28,21 +28,12 @@ class FirmwareInstallCommand : public PedalJob {
     std::optional<ExitCode> choose(PedalWorker& pedal, const std::string& installed);
     void explain(const std::string& installed);
     ExitCode install(PedalWorker& pedal);
-    bool await(const std::string& what, Executor::Duration extra, const FirmwareFlash::Ready& ready);
-    std::optional<Explanation> flash();
-    std::optional<Explanation> enterLoader();
-    std::optional<Explanation> sendImage();
-    ExitCode awaitReturn();
-
-    void tellPhase(const char* phase, const std::string& sentence);
-    ExitCode finished(bool installed, const Explanation& end);
     std::shared_ptr<void> keepAwake(PedalWorker& pedal);
 
     const std::shared_ptr<FirmwareFlash> flash_;
     bool blank_ = false;  ///< the pedal was in its loader already
     FirmwareImage image_;
-    std::size_t bytes_ = 0;  ///< of the image
-    std::string version_;    ///< that of the image; empty for a file
+    std::string version_;  ///< that of the image; empty for a file
 };
 
 }  // namespace kzq::ctl

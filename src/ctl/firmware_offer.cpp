@@ -1,23 +1,21 @@
 #include "ctl/firmware_offer.h"
 
+#include <memory>
 #include <utility>
 
 #include "ctl/audio_file.h"
 #include "ctl/format.h"
 #include "updates/firmware_updates.h"
+#include "updates/firmware_version.h"
 
 namespace kzq::ctl {
 namespace {
 
-std::optional<FirmwareOffer> unusable(Explanation& problem) {
-    problem = {ExitCode::noDownload,
-               "The maker's server does not say what firmware it has. Try again later."};
-    return std::nullopt;
+bool isUnknown(const FirmwareVersion& version) {
+    return version.major == 0 && version.minor == 0;
 }
 
-}  // namespace
-
-std::optional<FirmwareOffer> fetchOffer(const Environment& environment, Explanation& problem) {
+std::optional<FirmwareEntry> newestEntry(const Environment& environment, Explanation& problem) {
     HttpRequest request;
     request.url = environment.manifest;
     request.limits.bytes = largestManifest;
@@ -29,16 +27,15 @@ std::optional<FirmwareOffer> fetchOffer(const Environment& environment, Explanat
         return std::nullopt;
     }
     auto entry = newestFirmwareEntry(manifest.body);
-    if (!entry || !isComplete(*entry)) {
-        return unusable(problem);
+    if (!entry || !isComplete(*entry) || isUnknown(FirmwareVersionFromString(entry->version))) {
+        problem = {ExitCode::noDownload,
+                   "The maker's server does not say what firmware it has. Try again later."};
+        return std::nullopt;
     }
-    const auto version = FirmwareVersionFromString(entry->version);
-    if (version.major == 0 && version.minor == 0) {
-        return unusable(problem);
-    }
-    return FirmwareOffer{std::move(*entry), version};
+    return entry;
 }
 
+/// The image of `entry`, verified: from the cache, or fetched and put there.
 std::optional<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry,
                                         Explanation& problem) {
     FirmwareUpdates updates({.executor = environment.executor,
@@ -63,10 +60,49 @@ std::optional<FirmwareImage> fetchImage(const Environment& environment, const Fi
     if (!image) {
         problem = {
             ExitCode::noDownload,
-            "The firmware could not be downloaded whole and verified. Try again later; --verbose tells "
+            "The firmware could not be downloaded, verified and kept. Try again later; --verbose tells "
             "more."};
     }
     return image;
+}
+
+}  // namespace
+
+std::optional<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed,
+                                        Explanation& problem) {
+    const auto present = FirmwareVersionFromString(installed);
+    if (!installed.empty() && isUnknown(present)) {
+        problem = {ExitCode::pedalRefused, "The pedal's firmware is of an unknown version (" + installed +
+                                               "), so it cannot be told whether another is newer."};
+        return std::nullopt;
+    }
+    auto entry = newestEntry(environment, problem);
+    if (!entry) {
+        return std::nullopt;
+    }
+    FirmwareOffer offer{std::move(*entry), std::nullopt};
+    if (!installed.empty() && !(present < FirmwareVersionFromString(offer.entry.version))) {
+        return offer;
+    }
+    offer.image = fetchImage(environment, offer.entry, problem);
+    return offer.image ? std::optional(std::move(offer)) : std::nullopt;
+}
+
+std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
+                                         const std::string& installed, Explanation& problem) {
+    struct Asked {
+        std::optional<FirmwareOffer> offer;
+        Explanation problem;
+    };
+    const auto asked = std::make_shared<Asked>();
+    const bool came = pedal.attempt([asked, installed, &environment] {
+        asked->offer = fetchOffer(environment, installed, asked->problem);
+    });
+    if (!came) {
+        return std::nullopt;
+    }
+    problem = asked->problem;
+    return std::move(asked->offer);
 }
 
 std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explanation& problem) {

@@ -5,24 +5,26 @@
 #include <string_view>
 
 #include "ctl/environment.h"
+#include "ctl/pedal_worker.h"
 #include "ctl/sentences.h"
 #include "updates/firmware_cache.h"
-#include "updates/firmware_version.h"
 
 namespace kzq::ctl {
 
-/// The newest firmware that the maker's server has for the pedal.
+/// The newest firmware that the maker's server has.
 struct FirmwareOffer {
-    FirmwareEntry entry;      ///< its version text is one that can be printed
-    FirmwareVersion version;  ///< never unknown
+    FirmwareEntry entry;                 ///< its version text is one that can be printed
+    std::optional<FirmwareImage> image;  ///< verified; none when the pedal already runs this or a newer one
 };
 
-// Both block for the web and are for background threads; nothing comes with `problem` set.
-
-std::optional<FirmwareOffer> fetchOffer(const Environment& environment, Explanation& problem);
-/// The image of `entry`, verified: from the cache, or fetched and put there.
-std::optional<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry,
+/// What the server has for a pedal that runs `installed` (empty: only its loader). An image is there, from
+/// the cache or fetched and put there, or there is no offer. Nothing comes with `problem` set. Blocks for the
+/// web.
+std::optional<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed,
                                         Explanation& problem);
+/// The same for a command's thread: nothing also when the work has ended.
+std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
+                                         const std::string& installed, Explanation& problem);
 
 /// The image in a file of the user's own, which nothing verifies: 1 to largestFirmware bytes.
 std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explanation& problem);

@@ -38,6 +38,16 @@ class FirmwareTest : public ToolTest {
         EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
         EXPECT_FALSE(signalsHeld);
     }
+    std::set<std::string> cached() const {
+        std::set<std::string> names;
+        for (const auto& entry :
+             std::filesystem::recursive_directory_iterator(folder.parent_path() / "Library")) {
+            if (!entry.is_directory()) {
+                names.insert(entry.path().filename());
+            }
+        }
+        return names;
+    }
     /// When the requests and images went out, in seconds.
     std::vector<double> times() const {
         std::vector<double> all;
@@ -63,7 +73,7 @@ TEST_F(FirmwareTest, showsWhatThePedalRunsAndWhatIsOffered) {
               "Firmware 1.06 is offered. \"kzq7306ctl firmware install\" installs it.\n"
               "  - Better\n  - ?[2JBest\n");
     EXPECT_EQ(run({"firmware", "--json"}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("\"newer\": true"));
+    EXPECT_THAT(out.str(), HasSubstr("\"version\": \"1.06\""));
 
     web.bodies.clear();
     EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
@@ -133,7 +143,7 @@ TEST_F(FirmwareTest, nothingUnverifiedIsInstalled) {
     };
     web.bodies["new.bin"].back() ^= 1;
     EXPECT_EQ(install(), ExitCode::noDownload);
-    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded whole and verified"));
+    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and kept"));
     web.bodies["new.bin"].pop_back();
     EXPECT_EQ(install(), ExitCode::noDownload);
     web.bodies = good;
@@ -144,6 +154,36 @@ TEST_F(FirmwareTest, nothingUnverifiedIsInstalled) {
     }
     web.bodies.clear();
     EXPECT_EQ(install(), ExitCode::noDownload);
+    expectUntouched();
+}
+
+TEST_F(FirmwareTest, nothingUnverifiedIsOffered) {
+    pedal.plugIn();
+    const auto good = web.bodies;
+    web.bodies["new.bin"].back() ^= 1;
+    EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
+    EXPECT_EQ(out.str(), "The pedal runs firmware 1.05.\n");
+    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and kept"));
+    EXPECT_EQ(run({"firmware", "--json"}), ExitCode::noDownload);
+    EXPECT_THAT(out.str(), HasSubstr("\"offered\": null"));
+    EXPECT_THAT(cached(), IsEmpty());
+
+    web.bodies = good;
+    EXPECT_EQ(run({"firmware"}), ExitCode::ok);
+    EXPECT_THAT(cached(), testing::ElementsAre("new.bin"));
+    web.bodies.erase("new.bin");
+    EXPECT_EQ(run({"firmware"}), ExitCode::ok);  // from the cache
+    offer("1.05");
+    web.bodies.erase("new.bin");
+    EXPECT_EQ(run({"firmware"}), ExitCode::ok);  // nothing that would be installed
+    EXPECT_EQ(out.str(),
+              "The pedal runs firmware 1.05.\nThe maker's newest firmware is 1.05, so there is nothing to "
+              "install.\n");
+    pedal.setVersion("x.yz");
+    for (const Strings& command : {Strings{"firmware"}, Strings{"firmware", "install", "--yes"}}) {
+        EXPECT_EQ(run(command), ExitCode::pedalRefused);
+        EXPECT_THAT(err.str(), HasSubstr("of an unknown version (x.yz)"));
+    }
     expectUntouched();
 }
 
@@ -245,6 +285,30 @@ TEST_F(FirmwareTest, signalsWaitForTheEndOfTheImage) {
     EXPECT_THAT(err.str(), HasSubstr("Waiting until the firmware is complete…"));
     EXPECT_LT(seconds(), 11);  // nobody waits for the pedal's return
     EXPECT_FALSE(signalsHeld);
+}
+
+TEST_F(FirmwareTest, onceTheImageIsCompleteEverySignalEndsTheWaitAndNoneTheTruth) {
+    blank();
+    pedal.setReturns(false);
+    start({"firmware", "install", "--yes"});
+    executor.advance(12s);
+    ASSERT_EQ(pedal.installedFirmware(), image);
+    EXPECT_TRUE(signalsHeld);
+    tool->interrupt();
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("The firmware is installed.\n"));
+    EXPECT_THAT(err.str(), IsEmpty());
+    EXPECT_LT(seconds(), 13);
+    EXPECT_FALSE(signalsHeld);
+}
+
+TEST_F(FirmwareTest, aFinishedPedalThatReturnsSilentHoldsNobodyUp) {
+    blank();
+    plan("silence@E9:2");
+    EXPECT_EQ(install({"--patience", "0"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), HasSubstr("The firmware is installed, but the pedal has not come back yet."));
+    EXPECT_NEAR(seconds(), 19, 1);
 }
 
 TEST_F(FirmwareTest, aSignalBeforeTheFlashEndsIt) {
