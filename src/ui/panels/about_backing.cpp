@@ -1,0 +1,95 @@
+#include "ui/panels/about_backing.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/panels/about.h"
+#include "ui/picture_view.h"
+#include "ui/pictures.h"
+
+namespace kzq {
+
+AboutBacking::AboutBacking(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void AboutBacking::setController(About* about) {
+    controller_ = about;
+}
+
+void AboutBacking::setImage(PictureView* image) {
+    image_ = image;
+}
+
+void AboutBacking::setVersions(std::string software, FirmwareVersion firmware) {
+    software_ = std::move(software);
+    firmware_ = std::move(firmware);
+}
+
+std::optional<std::string> AboutBacking::currentSoftware() const {
+    return software_.empty() ? std::nullopt : std::optional(software_);
+}
+
+QString AboutBacking::versionText() const {
+    const auto software = currentSoftware();
+    if (!software) {
+        return {};
+    }
+    const auto firmware = firmware_ ? firmware_() : std::nullopt;
+    const auto pedal = firmware.value_or("").empty() ? std::string() : " (" + *firmware + ")";
+    return QString::fromStdString(*software + pedal);
+}
+
+void AboutBacking::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    drawImage(painter);
+    drawVersion(painter);
+}
+
+void AboutBacking::drawImage(QPainter& painter) const {
+    if (image_) {
+        drawPicture(painter, image_->picture(), rect());
+    }
+}
+
+/// Right-aligned 15 from the right edge, the foot of the text 13 above the bottom.
+void AboutBacking::drawVersion(QPainter& painter) const {
+    const auto text = versionText();
+    const auto font = firaSans(FiraWeight::light, 13);
+    if (text.isEmpty() || !font) {
+        return;
+    }
+    const double textWidth = QFontMetricsF(*font).horizontalAdvance(text);
+    const double x = width() - textWidth - 15.0;
+    if (textWidth == 0 || x == 0) {
+        return;
+    }
+    painter.setFont(*font);
+    painter.setPen(KZQWhite());
+    painter.drawText(QPointF(x, height() - 13 - QFontMetrics(*font).descent()), text);
+}
+
+void AboutBacking::keyPressEvent(QKeyEvent* event) {
+    event->accept();
+}
+
+void AboutBacking::keyReleaseEvent(QKeyEvent* event) {
+    event->accept();
+    const int key = event->key();
+    const bool closes =
+        key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Escape;
+    if (closes && !event->isAutoRepeat() && controller_) {
+        controller_->close();
+    }
+}
+
+void AboutBacking::mousePressEvent(QMouseEvent* /*event*/) {
+    if (controller_) {
+        controller_->close();
+    }
+}
+
+}  // namespace kzq

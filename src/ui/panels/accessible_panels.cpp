@@ -1,0 +1,75 @@
+#include "ui/panels/accessible_panels.h"
+
+#include <QAccessibleWidget>
+
+#include "ui/panels/menu_item.h"
+#include "ui/panels/menu_item_view.h"
+#include "ui/panels/menu_view.h"
+#include "ui/panels/progress_views.h"
+
+namespace kzq {
+namespace {
+
+class AccessibleItem : public QAccessibleWidget {
+  public:
+    explicit AccessibleItem(MenuItemView* view) : QAccessibleWidget(view, QAccessible::MenuItem) {}
+
+    /// The label says what the name says already.
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+
+    /// The keyboard's focus is on the menu; for who listens, it is on the highlighted entry.
+    QAccessible::State state() const override {
+        auto state = QAccessibleWidget::state();
+        const auto* item = view()->controller();
+        state.focusable = true;
+        state.focused = item != nullptr && item->hovered();
+        return state;
+    }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+    void doAction(const QString& action) override {
+        if (action == pressAction()) {
+            view()->click();
+        }
+    }
+
+  private:
+    MenuItemView* view() const { return qobject_cast<MenuItemView*>(object()); }
+};
+
+class AccessibleTrack : public QAccessibleWidget, public QAccessibleValueInterface {
+  public:
+    explicit AccessibleTrack(ProgressTrack* track) : QAccessibleWidget(track, QAccessible::ProgressBar) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+    QVariant currentValue() const override { return qobject_cast<ProgressTrack*>(object())->value(); }
+    void setCurrentValue(const QVariant& /*value*/) override {}
+    QVariant minimumValue() const override { return 0; }
+    QVariant maximumValue() const override { return 100; }
+    QVariant minimumStepSize() const override { return 1; }
+};
+
+QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* object) {
+    if (auto* item = qobject_cast<MenuItemView*>(object)) {
+        return new AccessibleItem(item);
+    }
+    if (auto* track = qobject_cast<ProgressTrack*>(object)) {
+        return new AccessibleTrack(track);
+    }
+    if (auto* menu = qobject_cast<MenuView*>(object)) {
+        return new QAccessibleWidget(menu, QAccessible::PopupMenu);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void installAccessiblePanels() {
+    QAccessible::installFactory(accessibleFor);  // a factory that is there already is not added again
+}
+
+}  // namespace kzq

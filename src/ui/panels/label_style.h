@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QLabel>
+
+namespace kzq {
+
+/// Colour and font of a label, whatever the desktop's style has.
+inline void styleLabel(QLabel& label, const QColor& color, const QFont& font) {
+    auto palette = label.palette();
+    palette.setColor(QPalette::WindowText, color);
+    label.setPalette(palette);
+    label.setFont(font);
+}
+
+}  // namespace kzq

@@ -1,0 +1,70 @@
+#include "ui/panels/menu_view.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "ui/palette.h"
+#include "ui/panels/menu.h"
+#include "ui/panels/menu_item_view.h"
+#include "ui/pictures.h"
+
+namespace kzq {
+
+MenuView::MenuView(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+void MenuView::setController(Menu* menu) {
+    controller_ = menu;
+}
+
+Menu* MenuView::controller() const {
+    return controller_;
+}
+
+void MenuView::setVisible(bool visible) {
+    flagsChanged(Qt::NoModifier);
+    if (!visible) {
+        clearFocus();  // else Qt would pass the focus on as if Tab had been pressed
+    }
+    QWidget::setVisible(visible);
+    if (visible) {
+        raise();
+    }
+}
+
+void MenuView::flagsChanged(Qt::KeyboardModifiers modifiers) {
+    if (controller_) {
+        controller_->setFirmwareTitle(modifiers);
+    }
+}
+
+void MenuView::keyPressEvent(QKeyEvent* event) {
+    flagsChanged(event->modifiers());
+    QWidget::keyPressEvent(event);
+}
+
+void MenuView::keyReleaseEvent(QKeyEvent* event) {
+    flagsChanged(event->modifiers());
+    QWidget::keyReleaseEvent(event);
+}
+
+bool MenuView::focusNextPrevChild(bool /*next*/) {
+    return true;
+}
+
+void MenuView::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    drawPicture(painter, QStringLiteral("Menu_panel"), rect());
+    if (!controller_) {
+        return;
+    }
+    for (const auto* item : controller_->items()) {
+        if (item->hovered() && item->view() != nullptr) {
+            const int y = item->view()->mapTo(this, QPoint(0, 8)).y();
+            painter.fillRect(QRect(6, y, 2, 20), creamColor());
+        }
+    }
+}
+
+}  // namespace kzq

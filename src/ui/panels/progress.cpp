@@ -1,0 +1,183 @@
+#include "ui/panels/progress.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QWindow>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "ui/focus_ring.h"
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/panels/accessible_panels.h"
+#include "ui/panels/label_style.h"
+#include "ui/view_width.h"
+#include "ui_Progress.h"
+
+namespace kzq {
+namespace {
+
+constexpr std::array unitNames{"B", "KB", "MB"};
+constexpr std::array unitSizes{1.0, 1e3, 1e6};
+
+/// Rounded half away from zero; what an unsigned number cannot hold becomes the nearest that it can.
+std::uint64_t rounded(double value) {
+    constexpr double tooMuch = 18446744073709551616.0;
+    const double whole = std::round(value);
+    if (!(whole > 0)) {
+        return 0;
+    }
+    return whole < tooMuch ? static_cast<std::uint64_t>(whole) : std::numeric_limits<std::uint64_t>::max();
+}
+
+std::uint32_t unitOf(std::uint64_t bytes) {
+    return bytes > 999'999 ? 2 : bytes > 999 ? 1 : 0;
+}
+
+QString amount(std::uint64_t bytes, std::uint32_t unit) {
+    const auto figure = unit == 0 ? bytes : rounded(static_cast<double>(bytes) / unitSizes.at(unit));
+    return QString::number(figure) + QLatin1String(unitNames.at(unit));
+}
+
+}  // namespace
+
+struct Progress::Parts {
+    QPointer<QLabel> subtitleField;
+    QPointer<QLabel> footerField;
+    QPointer<ProgressTrack> total;
+    QPointer<QWidget> bar;
+};
+
+std::unique_ptr<Progress> Progress::progress(std::function<void()> cancelTransfer) {
+    installAccessiblePanels();
+    std::unique_ptr<Progress> progress(new Progress(std::move(cancelTransfer)));
+    progress->setPercent(0);
+    return progress;
+}
+
+Progress::Progress(std::function<void()> cancelTransfer)
+    : cancelTransfer_(std::move(cancelTransfer)), window_(std::make_unique<ProgressGround>()) {
+    Ui::Progress ui;
+    ui.setupUi(window_.get());
+    parts_ = std::make_unique<Parts>(Parts{ui.subtitleField, ui.footerField, ui.total, ui.bar});
+    styleLabel(*ui.subtitleField, KZQWhite(), textFont());
+    styleLabel(*ui.footerField, creamColor(), textFont());
+    ui.leftReel->setPicture(QStringLiteral("Progress_reel"));
+    ui.rightReel->setPicture(QStringLiteral("Progress_reel"));
+    connect(ui.Cancel, &LowerButton::clicked, this, &Progress::cancel);
+
+    window_->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
+    window_->setAttribute(Qt::WA_QuitOnClose, false);
+    window_->setFixedSize(window_->size());
+    window_->setFocusPolicy(Qt::ClickFocus);  // else Cancel has it at once, and a stray Space cancels
+    window_->installEventFilter(this);
+    new FocusRing(window_.get());  // owned by the page
+}
+
+Progress::~Progress() {
+    window_->removeEventFilter(this);  // a window that goes while it is open sends itself a close event
+}
+
+void Progress::setTitle(const QString& title) {
+    window_->setWindowTitle(title);
+}
+
+QString Progress::title() const {
+    return window_->windowTitle();
+}
+
+void Progress::setSubtitle(const QString& subtitle) {
+    if (parts_->subtitleField) {
+        parts_->subtitleField->setText(subtitle);
+    }
+}
+
+QString Progress::subtitle() const {
+    return parts_->subtitleField ? parts_->subtitleField->text() : QString();
+}
+
+void Progress::setFooter(const QString& footer) {
+    if (parts_->footerField) {
+        parts_->footerField->setText(footer);
+    }
+}
+
+QString Progress::footer() const {
+    return parts_->footerField ? parts_->footerField->text() : QString();
+}
+
+void Progress::setTotalBytes(std::uint64_t bytes) {
+    totalBytes_ = bytes;
+    totalUnits_ = unitOf(bytes);
+}
+
+void Progress::setPercent(double fraction) {
+    const double shown = std::isfinite(fraction) ? fraction : 0;  // 0 of 0 bytes is no number
+    percent_ = std::min(1.0, shown);
+    showFraction(shown);
+}
+
+/// Shows more than 1 as more than 1: the two figures and the bar say what was really transferred.
+void Progress::showFraction(double fraction) {
+    if (parts_->bar) {
+        setWidth(*parts_->bar, parts_->total ? width(*parts_->total) * fraction : 0);
+    }
+    const auto done = rounded(static_cast<double>(totalBytes_) * fraction);
+    const auto percent = rounded(fraction * 100);
+    if (parts_->total) {
+        parts_->total->setValue(static_cast<int>(std::min<std::uint64_t>(percent, 100)));
+    }
+    setFooter(QStringLiteral(u"%1 of %2 – %3%")
+                  .arg(amount(done, done == 0 ? totalUnits_ : unitOf(done)), amount(totalBytes_, totalUnits_),
+                       QString::number(percent)));
+}
+
+void Progress::placeOver(QWidget& mainWindow) {
+    window_->move(mainWindow.window()->pos());
+    window_->winId();  // makes the native window that can be kept above another
+    if (auto* below = mainWindow.window()->windowHandle()) {
+        window_->windowHandle()->setTransientParent(below);
+    }
+}
+
+void Progress::showWindow() {
+    window_->setFocus();
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+}
+
+bool Progress::isVisible() const {
+    return window_->isVisible();
+}
+
+void Progress::close() {
+    closing_ = true;
+    window_->close();
+    closing_ = false;
+}
+
+void Progress::cancel() {
+    cancelTransfer_();
+    close();
+}
+
+bool Progress::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != window_.get()) {
+        return QObject::eventFilter(watched, event);
+    }
+    if (event->type() == QEvent::Close && !closing_) {
+        cancelTransfer_();
+    } else if (event->type() == QEvent::KeyPress &&
+               static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {  // NOLINT(*-static-cast-downcast)
+        cancel();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace kzq
