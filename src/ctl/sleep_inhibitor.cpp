@@ -16,7 +16,8 @@ AwakeLock keepAwake() {
     auto call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
         QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"));
-    call << QStringLiteral("sleep:shutdown:idle") << QStringLiteral("7306 Loop Manager")
+    // The lid has a lock of its own: closing it sends a computer to sleep in spite of the others.
+    call << QStringLiteral("sleep:shutdown:idle:handle-lid-switch") << QStringLiteral("7306 Loop Manager")
          << QStringLiteral("The pedal's firmware is being installed") << QStringLiteral("block");
     const QDBusReply<QDBusUnixFileDescriptor> reply =
         QDBusConnection::systemBus().call(call, QDBus::Block, answerLimit);
