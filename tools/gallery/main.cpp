@@ -1,23 +1,49 @@
-// kzq7306-gallery FOLDER: contact sheets of everything the window is made of, at 1, 1.5 and 2 device pixels.
+// kzq7306-gallery FOLDER: contact sheets of everything the window is made of, at the device ratio that
+// QT_SCALE_FACTOR gives.
 
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
-#include <string>
 
-#include "picture_sheet.h"
+#include "button_shots.h"
+#include "contact_sheet.h"
+#include "picture_shots.h"
+#include "ui/palette.h"
 
 namespace {
 
-bool save(const QDir& folder, const std::vector<kzq::gallery::Sheet>& sheets, double scale) {
-    bool saved = true;
-    for (const auto& [name, image] : sheets) {
-        const auto path = folder.filePath(QString("%1@%2x.png").arg(name).arg(scale));
-        if (image.save(path)) continue;
+using namespace kzq::gallery;
+
+class Folder {
+  public:
+    Folder(const QString& path, double ratio) : folder_(path), ratio_(ratio) { good_ = folder_.mkpath("."); }
+
+    void save(const QString& name, const Shots& shots, const QColor& ground) {
+        const auto path = folder_.filePath(QString("%1@%2x.png").arg(name).arg(ratio_));
+        if (contactSheet(shots, ground).save(path)) return;
         std::fprintf(stderr, "%s could not be written\n", qPrintable(path));
-        saved = false;
+        good_ = false;
     }
-    return saved;
+
+    bool good() const { return good_; }
+
+  private:
+    QDir folder_;
+    double ratio_;
+    bool good_ = false;
+};
+
+bool drawAll(const QString& path, double ratio) {
+    const QColor darkDesktop(0x22, 0x25, 0x2A);
+    const QColor lightDesktop(0xD5, 0xD8, 0xDD);
+    Folder folder(path, ratio);
+    folder.save("pictures-in-tray", smallPictures(ratio), kzq::trayColor());
+    folder.save("pictures-on-plate", smallPictures(ratio), kzq::KZQBrown());
+    folder.save("pictures-large", largePictures(ratio), lightDesktop);
+    folder.save("icon-dark", icons(ratio), darkDesktop);
+    folder.save("icon-light", icons(ratio), lightDesktop);
+    folder.save("buttons", buttons(), kzq::KZQBrown());
+    return folder.good();
 }
 
 }  // namespace
@@ -29,10 +55,5 @@ int main(int argc, char** argv) {
         std::fputs("kzq7306-gallery FOLDER\n", stderr);
         return 2;
     }
-    const QDir folder(QString::fromLocal8Bit(argv[1]));
-    if (!folder.mkpath(".")) return 1;
-    bool saved = true;
-    for (const double scale : {1.0, 1.5, 2.0})
-        saved = save(folder, kzq::gallery::pictureSheets(scale), scale) && saved;
-    return saved ? 0 : 1;
+    return drawAll(QString::fromLocal8Bit(argv[1]), application.devicePixelRatio()) ? 0 : 1;
 }

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "contact_sheet.h"
+
+namespace kzq::gallery {
+
+/// Every button in every state.
+Shots buttons();
+
+}  // namespace kzq::gallery
