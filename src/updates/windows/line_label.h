@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QLabel>
 
+class QTextLayout;
+
 namespace kzq {
 
 /// Plain text, wrapped, on lines of a given height; from the top, white unless told otherwise. What does not

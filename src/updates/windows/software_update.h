@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 #include <memory>
 #include <string>
@@ -53,6 +54,7 @@ class SoftwareUpdate {
     bool loadWindow();
     void show(const UpdateStatus& status);
     void arrange(const SoftwareUpdateView& view);
+    void place(const SoftwareUpdateView& view);
 
     const SoftwareUpdateEnvironment environment_;
     std::unique_ptr<UpdatePanel> window_;
@@ -62,6 +64,7 @@ class SoftwareUpdate {
     LampBar* bar_ = nullptr;
     AlertButton* acceptButton_ = nullptr;
     AlertButton* cancelButton_ = nullptr;
+    QString shownNotes_;
 };
 
 }  // namespace kzq

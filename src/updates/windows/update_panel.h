@@ -39,6 +39,8 @@ class UpdatePanel : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void focusDefault();
+
     QPointer<AlertButton> defaultButton_;
     FocusRing* ring_;  // a child
 };

@@ -1,0 +1,147 @@
+#include "updates/windows/firmware_updater_progress.h"
+
+#include <QPointer>
+#include <atomic>
+
+#include "ui/palette.h"
+#include "ui_FirmwareUpdaterProgress.h"
+#include "updates/windows/lamp_bar.h"
+#include "updates/windows/update_panel.h"
+
+namespace kzq {
+namespace {
+
+using namespace std::chrono_literals;
+using Seconds = std::chrono::duration<double>;
+
+constexpr Seconds span = 13s;
+constexpr auto step = 5ms;
+constexpr auto rest = 1s;  ///< for which the full bar is shown
+
+}  // namespace
+
+/// What the loop in the background shares with the controller, and holds only weakly between two steps.
+/// `running` tells which run moves the bar, so that a run that was given up touches nothing any more.
+struct FirmwareUpdaterProgress::Animation : std::enable_shared_from_this<Animation> {
+    Animation(Executor& anExecutor, LampBar* aSlider, QWidget* aWindow)
+        : executor(anExecutor), slider(aSlider), window(aWindow) {}
+
+    void start() {
+        running = ++latest;
+        executor.background(Priority::standard, [weak = weak_from_this(), run = latest, &clock = executor] {
+            loop(weak, run, clock);
+        });
+    }
+
+    static void loop(const std::weak_ptr<Animation>& weak, unsigned run, Executor& clock) {
+        const auto begin = clock.now();
+        while (move(weak, run, clock.now() - begin)) {
+            clock.sleep(step);
+        }
+        clock.main([weak, run] {
+            if (const auto self = weak.lock()) {
+                self->fill(run);
+            }
+        });
+    }
+
+    /// Whether to go on after this step.
+    static bool move(const std::weak_ptr<Animation>& weak, unsigned run, Seconds elapsed) {
+        const auto self = weak.lock();
+        if (!self || self->running != run || elapsed >= span) {
+            return false;
+        }
+        self->post(run, elapsed / span);
+        return self->running == run;
+    }
+
+    /// At most one update is on its way: a main thread that is held up finds one with the newest value, not
+    /// hundreds.
+    void post(unsigned run, double value) {
+        newest = value;
+        if (posted.exchange(true)) {
+            return;
+        }
+        executor.main([weak = weak_from_this(), run] {
+            if (const auto self = weak.lock()) {
+                self->posted = false;
+                self->set(run, self->newest);
+            }
+        });
+    }
+
+    void set(unsigned run, double value) const {
+        if (run == latest && slider) {
+            slider->setDoubleValue(value);
+        }
+    }
+
+    void fill(unsigned run) {
+        set(run, 1);
+        executor.mainAfter(rest, [weak = weak_from_this(), run] {
+            const auto self = weak.lock();
+            if (self && run == self->latest && self->window) {
+                self->window->close();
+            }
+        });
+    }
+
+    Executor& executor;
+    std::atomic<unsigned> running = 0;  ///< 0 for none
+    std::atomic<double> newest = 0;
+    std::atomic<bool> posted = false;
+    unsigned latest = 0;             ///< main thread
+    const QPointer<LampBar> slider;  ///< followed on the main thread only, as `window`
+    const QPointer<QWidget> window;
+};
+
+std::unique_ptr<FirmwareUpdaterProgress> FirmwareUpdaterProgress::progress(Executor& executor) {
+    auto progress = std::unique_ptr<FirmwareUpdaterProgress>(new FirmwareUpdaterProgress(executor));
+    return progress->loadWindow() ? std::move(progress) : nullptr;
+}
+
+FirmwareUpdaterProgress::FirmwareUpdaterProgress(Executor& executor) : executor_(executor) {}
+
+FirmwareUpdaterProgress::~FirmwareUpdaterProgress() = default;
+
+bool FirmwareUpdaterProgress::loadWindow() {
+    auto window = std::make_unique<UpdatePanel>(UpdatePanel::CloseButton::none);
+    Ui::FirmwareUpdaterProgress description;
+    description.setupUi(window.get());
+    window->setFixedSize(window->size());
+    description.caption->setType(13, 16, KZQWhite());
+    slider_ = description.slider;
+    animation_ = std::make_shared<Animation>(executor_, slider_, window.get());
+    window_ = std::move(window);
+    return true;
+}
+
+void FirmwareUpdaterProgress::begin() {
+    slider_->setDoubleValue(0);
+    window_->centre();
+    window_->show();
+    window_->raise();
+    animation_->start();
+}
+
+void FirmwareUpdaterProgress::end() {
+    animation_->running = 0;
+}
+
+std::function<void()> FirmwareUpdaterProgress::ender() const {
+    return [weak = std::weak_ptr(animation_)] {
+        if (const auto animation = weak.lock()) {
+            animation->running = 0;
+        }
+    };
+}
+
+bool FirmwareUpdaterProgress::animate() const {
+    return animation_->running != 0;
+}
+
+QWidget& FirmwareUpdaterProgress::window() {
+    return *window_;
+}
+
+}  // namespace kzq

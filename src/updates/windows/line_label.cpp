@@ -1,0 +1,52 @@
+#include "updates/windows/line_label.h"
+
+#include <QPainter>
+#include <QTextLayout>
+
+#include "ui/fonts.h"
+
+namespace kzq {
+
+LineLabel::LineLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void LineLabel::setType(int pixels, int lineHeight, const QColor& color) {
+    setFont(textFont(pixels));
+    lineHeight_ = lineHeight;
+    color_ = color;
+    updateGeometry();
+    update();
+}
+
+/// Returns the height.
+int LineLabel::layOut(QTextLayout& layout, int width) const {
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    int height = 0;
+    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        line.setPosition(QPointF(0, height + (lineHeight_ - line.height()) / 2));
+        height += lineHeight_;
+    }
+    layout.endLayout();
+    return height;
+}
+
+int LineLabel::heightForWidth(int width) const {
+    QTextLayout layout(text(), font());
+    return text().isEmpty() ? 0 : layOut(layout, width);
+}
+
+void LineLabel::paintEvent(QPaintEvent* /*event*/) {
+    QTextLayout layout(text(), font());
+    layOut(layout, width());
+    QPainter painter(this);
+    painter.setPen(color_);
+    layout.draw(&painter, QPointF(0, 0));
+}
+
+}  // namespace kzq

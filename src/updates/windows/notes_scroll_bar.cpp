@@ -1,0 +1,85 @@
+#include "updates/windows/notes_scroll_bar.h"
+
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/palette.h"
+
+namespace kzq {
+namespace {
+
+constexpr QMargins room(4, 8, 4, 8);
+constexpr int shortestHandle = 24;
+
+}  // namespace
+
+NotesScrollBar::NotesScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
+    setCursor(Qt::ArrowCursor);
+}
+
+QRect NotesScrollBar::track() const {
+    return rect().marginsRemoved(room);
+}
+
+QRect NotesScrollBar::handle() const {
+    const int range = maximum() - minimum();
+    if (range <= 0) {
+        return {};
+    }
+    auto handle = track();
+    const int whole = handle.height();
+    const int length =
+        std::clamp(whole * pageStep() / (range + pageStep()), std::min(shortestHandle, whole), whole);
+    handle.setHeight(length);
+    handle.translate(0, (whole - length) * (value() - minimum()) / range);
+    return handle;
+}
+
+void NotesScrollBar::paintEvent(QPaintEvent* /*event*/) {
+    const auto bounds = handle();
+    if (bounds.isEmpty()) {
+        return;
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(grabbedAt_ < 0 ? outlineColor() : KZQGray());
+    painter.drawRoundedRect(bounds, bounds.width() / 2.0, bounds.width() / 2.0);
+}
+
+void NotesScrollBar::mousePressEvent(QMouseEvent* event) {
+    const auto bounds = handle();
+    const int y = event->position().toPoint().y();
+    if (event->button() != Qt::LeftButton || bounds.isEmpty()) {
+        return;
+    }
+    if (y < bounds.top()) {
+        triggerAction(SliderPageStepSub);
+    } else if (y > bounds.bottom()) {
+        triggerAction(SliderPageStepAdd);
+    } else {
+        grabbedAt_ = y - bounds.top();
+    }
+    update();
+}
+
+void NotesScrollBar::mouseMoveEvent(QMouseEvent* event) {
+    const int way = track().height() - handle().height();
+    if (grabbedAt_ >= 0 && way > 0) {
+        const int top = event->position().toPoint().y() - grabbedAt_ - track().top();
+        setValue(minimum() + top * (maximum() - minimum()) / way);
+    }
+}
+
+void NotesScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
+    grabbedAt_ = -1;
+    update();
+}
+
+void NotesScrollBar::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();  // the desktop's menu would be a stranger here
+}
+
+}  // namespace kzq

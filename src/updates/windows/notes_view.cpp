@@ -1,0 +1,122 @@
+#include "updates/windows/notes_view.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "updates/firmware_texts.h"
+#include "updates/windows/notes_scroll_bar.h"
+
+namespace kzq {
+namespace {
+
+constexpr double lineHeight = 22;
+constexpr double indent = 15;  ///< from a bullet to its text
+constexpr int radius = 6;
+constexpr int rim = 2;
+constexpr QMargins inset(17, 10, 20 - NotesScrollBar::barWidth, 10 + rim);
+
+QString withoutControls(QString text) {
+    text.removeIf([](QChar character) {
+        return character.category() == QChar::Other_Control && character != u'\n' && character != u'\t';
+    });
+    return text;
+}
+
+QTextBlockFormat formatOf(bool listed) {
+    QTextBlockFormat format;
+    format.setAlignment(Qt::AlignLeft);
+    format.setLineHeight(lineHeight, QTextBlockFormat::FixedHeight);
+    if (listed) {
+        format.setTabPositions({QTextOption::Tab(indent, QTextOption::LeftTab)});
+        format.setLeftMargin(indent);
+        format.setTextIndent(-indent);
+    }
+    return format;
+}
+
+QTextCharFormat inkOf(const QColor& color) {
+    QTextCharFormat format;
+    format.setForeground(color);
+    return format;
+}
+
+}  // namespace
+
+NotesView::NotesView(QWidget* parent) : QTextEdit(parent) {
+    setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setTabChangesFocus(true);
+    setUndoRedoEnabled(false);
+    setAcceptDrops(false);
+    setFrameShape(QFrame::NoFrame);
+    setProperty("focusRingRect", QRect());
+    setProperty("focusRingRadius", radius);
+    document()->setDocumentMargin(0);
+    setFont(textFont());
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBar(new NotesScrollBar(this));
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // it draws nothing while there is nothing to scroll
+    setViewportMargins(inset);
+    viewport()->setAutoFillBackground(false);
+    auto colours = palette();
+    colours.setColor(QPalette::Highlight, KZQTextHighlight());
+    colours.setColor(QPalette::HighlightedText, Qt::black);
+    setPalette(colours);
+}
+
+void NotesView::appendNotes(const QString& notes) {
+    const auto room = longestNotes - document()->characterCount();
+    const auto lines = withoutControls(notes.left(std::max<qsizetype>(room, 0))).split(u'\n');
+    for (const auto& line : lines) {
+        appendLine(line);
+    }
+    moveCursor(QTextCursor::Start);
+    if (toPlainText() == emptied_) {
+        document()->documentLayout()->documentSize();  // settles how far it can be scrolled
+        verticalScrollBar()->setValue(emptiedAt_);
+    }
+}
+
+void NotesView::appendLine(const QString& line) {
+    const auto bullet = QString::fromUtf8(notesBullet);
+    const bool listed = line.startsWith(bullet);
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    if (!document()->isEmpty()) {
+        cursor.insertBlock();
+    }
+    cursor.setBlockFormat(formatOf(listed));
+    if (listed) {
+        cursor.insertText(bullet, inkOf(KZQYellow()));
+    }
+    cursor.insertText(listed ? line.sliced(bullet.size()) : line, inkOf(creamColor()));
+}
+
+void NotesView::emptyNotes() {
+    emptied_ = toPlainText();
+    emptiedAt_ = verticalScrollBar()->value();
+    clear();
+}
+
+/// The groove is painted by the area itself, behind its viewport and its scroll bar.
+bool NotesView::event(QEvent* event) {
+    if (event->type() != QEvent::Paint) {
+        return QTextEdit::event(event);
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(rimColor());
+    painter.drawRoundedRect(rect(), radius, radius);
+    painter.setBrush(grooveColor());
+    painter.drawRoundedRect(rect().adjusted(0, 0, 0, -rim), radius, radius);
+    return true;
+}
+
+}  // namespace kzq

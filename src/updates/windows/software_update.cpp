@@ -1,0 +1,145 @@
+#include "updates/windows/software_update.h"
+
+#include <algorithm>
+
+#include "ui/palette.h"
+#include "ui_SoftwareUpdate.h"
+#include "updates/windows/notes_view.h"
+#include "updates/windows/software_update_view.h"
+#include "updates/windows/update_panel.h"
+
+namespace kzq {
+namespace {
+
+constexpr int windowWidth = 448;
+constexpr int edge = 24;          ///< to the right of the buttons, and to the left of everything
+constexpr int foot = 16;          ///< under the buttons
+constexpr int gap = 12;           ///< between the buttons
+constexpr int spaceAbove = 20;    ///< over the buttons
+constexpr int detailSpacing = 4;  ///< under the headline
+constexpr int contentTop = 88;    ///< of notes and bar
+
+}  // namespace
+
+std::unique_ptr<SoftwareUpdate> SoftwareUpdate::softwareUpdate(SoftwareUpdateEnvironment environment) {
+    if (!environment.updater) {
+        return nullptr;
+    }
+    auto update = std::unique_ptr<SoftwareUpdate>(new SoftwareUpdate(std::move(environment)));
+    return update->loadWindow() ? std::move(update) : nullptr;
+}
+
+SoftwareUpdate::SoftwareUpdate(SoftwareUpdateEnvironment environment)
+    : environment_(std::move(environment)) {}
+
+SoftwareUpdate::~SoftwareUpdate() {
+    environment_.updater->setObserver(nullptr);
+}
+
+bool SoftwareUpdate::loadWindow() {
+    auto window = std::make_unique<UpdatePanel>();
+    Ui::SoftwareUpdate description;
+    description.setupUi(window.get());
+    description.picture->setPicture(QStringLiteral("Update_mark"));
+    description.headline->setType(15, 20, KZQWhite());
+    description.detail->setType(13, 16, KZQGray());
+    headline_ = description.headline;
+    detail_ = description.detail;
+    notes_ = description.notes;
+    bar_ = description.bar;
+    acceptButton_ = description.acceptButton;
+    cancelButton_ = description.cancelButton;
+    QObject::connect(acceptButton_, &AlertButton::clicked, window.get(), [this] { accept(); });
+    QObject::connect(cancelButton_, &AlertButton::clicked, window.get(), [this] { cancelOperation(); });
+    QObject::connect(window.get(), &UpdatePanel::escape, window.get(), [this] { cancelOperation(); });
+    QObject::connect(window.get(), &UpdatePanel::closing, window.get(), [this] { cancelOperation(); });
+    window_ = std::move(window);
+    environment_.updater->setObserver([this](const UpdateStatus& status) { show(status); });
+    show(environment_.updater->status());
+    window_->centre();
+    return true;
+}
+
+void SoftwareUpdate::checkForUpdates() {
+    environment_.updater->checkForUpdates();
+    window_->present();
+}
+
+void SoftwareUpdate::accept() {
+    auto& updater = *environment_.updater;
+    const auto state = updater.status().state;
+    if (state == UpdateState::offered) {
+        updater.install();
+    } else if (state != UpdateState::ready) {
+        cancelOperation();
+    } else if (environment_.busy && environment_.busy()) {
+        auto view = softwareUpdateView(updater.status(), environment_.version);
+        view.detail = QStringLiteral("The pedal is at work. Try again when it is done.");
+        arrange(view);
+    } else {
+        updater.relaunch();
+    }
+}
+
+void SoftwareUpdate::cancelOperation() {
+    environment_.updater->cancel();
+    window_->hide();
+}
+
+void SoftwareUpdate::show(const UpdateStatus& status) {
+    if (status.state == UpdateState::idle) {
+        window_->hide();
+    } else {
+        arrange(softwareUpdateView(status, environment_.version));
+    }
+}
+
+void SoftwareUpdate::arrange(const SoftwareUpdateView& view) {
+    headline_->setText(view.headline);
+    detail_->setText(view.detail);
+    if (shownNotes_ != view.notes) {
+        shownNotes_ = view.notes;
+        notes_->clear();
+        notes_->appendNotes(view.notes);
+    }
+    notes_->setVisible(!view.notes.isEmpty());
+    bar_->setVisible(view.progress.has_value());
+    bar_->setDoubleValue(view.progress.value_or(0));
+    acceptButton_->setFace(view.cream ? AlertButton::Face::cream : AlertButton::Face::brown);
+    acceptButton_->setText(view.accept);
+    acceptButton_->setVisible(!view.accept.isEmpty());
+    cancelButton_->setText(view.cancel);
+    cancelButton_->setVisible(!view.cancel.isEmpty());
+    place(view);
+    window_->setDefaultButton(view.accept.isEmpty() ? nullptr : acceptButton_);
+}
+
+/// The window is as high as what it shows.
+void SoftwareUpdate::place(const SoftwareUpdateView& view) {
+    headline_->resize(headline_->width(), headline_->heightForWidth(headline_->width()));
+    detail_->resize(detail_->width(), detail_->heightForWidth(detail_->width()));
+    detail_->move(detail_->x(), headline_->geometry().bottom() + 1 + detailSpacing);
+    int bottom = std::max(contentTop, detail_->geometry().bottom() + 1 + detailSpacing);
+    if (view.progress) {
+        bar_->move(bar_->x(), bottom);
+        bottom += bar_->height();
+    } else if (!view.notes.isEmpty()) {
+        notes_->move(notes_->x(), bottom);
+        bottom += notes_->height();
+    }
+    const int top = bottom + spaceAbove;
+    int right = windowWidth - edge;
+    for (auto* const button : {acceptButton_, cancelButton_}) {
+        if (!button->text().isEmpty()) {
+            button->move(right - button->width(), top);
+            right -= button->width() + gap;
+        }
+    }
+    window_->setFixedSize(windowWidth, top + acceptButton_->height() + foot);
+}
+
+QWidget& SoftwareUpdate::window() {
+    return *window_;
+}
+
+}  // namespace kzq
