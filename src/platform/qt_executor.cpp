@@ -25,18 +25,27 @@ void QtExecutor::mainAfter(Duration delay, Task task) {
         return;
     }
     const auto due = now() + delay;
-    auto start = [this, due, task = std::move(task)]() mutable {
-        // a timer that fires early would break what the caller counts on: whole milliseconds, rounded up
-        const auto left = std::chrono::ceil<std::chrono::milliseconds>(due - now());
-        constexpr std::chrono::milliseconds longest(std::numeric_limits<int>::max());
-        QTimer::singleShot(std::clamp(left, std::chrono::milliseconds::zero(), longest), Qt::PreciseTimer,
-                           context_.get(), std::move(task));
-    };
     if (QThread::currentThread() == context_->thread()) {
-        start();
+        startTimer(due, std::move(task));
     } else {
-        main(std::move(start));
+        main([this, due, task = std::move(task)] { startTimer(due, task); });
     }
+}
+
+/// Main thread. Not QTimer::singleShot, which would keep the task after the executor is gone.
+void QtExecutor::startTimer(TimePoint due, Task task) {
+    using std::chrono::milliseconds;
+    constexpr milliseconds longest(std::numeric_limits<int>::max());
+    auto* timer = new QTimer(context_.get());
+    timer->setSingleShot(true);
+    timer->setTimerType(Qt::PreciseTimer);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, task = std::move(task)] {
+        timer->deleteLater();
+        task();
+    });
+    // rounded up, as a timer that fires early would break what callers count on
+    const auto left = std::chrono::ceil<milliseconds>(due - now());
+    timer->start(std::clamp(left, milliseconds::zero(), longest));
 }
 
 }  // namespace kzq

@@ -23,6 +23,8 @@ class QtExecutor : public ThreadedExecutor {
     void mainAfter(Duration delay, Task task) override;
 
   private:
+    void startTimer(TimePoint due, Task task);
+
     std::unique_ptr<QObject> context_;  ///< lives on the main thread; what is queued goes with it
 };
 

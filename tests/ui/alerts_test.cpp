@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+#include <functional>
+#include <memory>
+
+#include "ui/alert_button.h"
+#include "ui/alert_panel.h"
+#include "ui/focus_ring.h"
+#include "ui/qt_dialogs.h"
+
+namespace kzq {
+namespace {
+
+/// Runs the alert, and `act` on its window once that is up.
+int answerOf(const Alert& alert, const std::function<void(AlertPanel&)>& act, QWidget* parent = nullptr) {
+    QMetaObject::invokeMethod(
+        qApp, [&] { act(dynamic_cast<AlertPanel&>(*QApplication::activeModalWidget())); },
+        Qt::QueuedConnection);
+    return QtDialogs([parent] { return parent; }).run(alert);
+}
+
+std::function<void(AlertPanel&)> click(const QString& title) {
+    return [title](AlertPanel& panel) {
+        QTest::mouseClick(panel.findChild<AlertButton*>(title), Qt::LeftButton);
+    };
+}
+
+void escape(AlertPanel& panel) {
+    QTest::keyClick(&panel, Qt::Key_Escape);
+}
+
+void closeWindow(AlertPanel& panel) {
+    panel.close();
+}
+
+TEST(Alerts, AnswerByTheOrderOfTheirButtons) {
+    const auto notice = alertWithHeadline("Done");
+    EXPECT_EQ(answerOf(notice, click("OK")), 1000);
+    EXPECT_EQ(answerOf(notice, escape), 1001);
+    EXPECT_EQ(answerOf(notice, closeWindow), 1001);
+    const auto question = yesOrNoAlertWithHeadline("Erase?", "It is gone then.");
+    EXPECT_EQ(answerOf(question, click("Yes")), 1000);
+    EXPECT_EQ(answerOf(question, click("No")), 1001);
+    EXPECT_EQ(answerOf(question, escape), 1002);
+    EXPECT_EQ(answerOf(question, closeWindow), 1002);
+    EXPECT_EQ(answerOf(question,
+                       [](AlertPanel& panel) {
+                           QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
+                           QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
+                       }),
+              1001);
+}
+
+TEST(Alerts, SurviveTheEndOfTheirParent) {
+    auto parent = std::make_unique<QWidget>();
+    EXPECT_EQ(
+        answerOf(
+            yesOrNoAlertWithHeadline("Erase?"), [&](AlertPanel& /*panel*/) { parent.reset(); }, parent.get()),
+        1002);
+}
+
+TEST(AlertPanel, HidesItsLastButtonAndStartsOnTheFirst) {
+    EXPECT_EQ(alertWithHeadline("a", "b").finePrint, "b");
+    AlertPanel panel(yesOrNoAlertWithHeadline("Is 1 < 2 & 3?"));
+    panel.show();
+    auto* cancel = panel.findChild<AlertButton*>("Cancel");
+    ASSERT_NE(cancel, nullptr);
+    EXPECT_FALSE(cancel->isVisible());
+    EXPECT_EQ(cancel->focusPolicy(), Qt::NoFocus);
+    auto* yes = panel.findChild<AlertButton*>("Yes");
+    EXPECT_LT(yes->x(), panel.findChild<AlertButton*>("No")->x());
+    EXPECT_EQ(panel.focusWidget(), yes);
+    EXPECT_EQ(panel.findChild<FocusRing*>()->control(), yes);
+    const auto labels = panel.findChildren<QLabel*>();
+    ASSERT_EQ(labels.size(), 1) << "no room is kept for a fine print that is not there";
+    EXPECT_EQ(labels.first()->accessibleName(), "Is 1 < 2 & 3?");
+}
+
+TEST(AlertPanel, GrowsWithItsText) {
+    const AlertPanel brief(alertWithHeadline("You're up to date!"));
+    const AlertPanel longer(alertWithHeadline(QString("many words ").repeated(40).toStdString(), "and more"));
+    EXPECT_EQ(brief.width(), longer.width());
+    EXPECT_GE(longer.height(), brief.height() + 100);
+    const auto* print = longer.findChildren<QLabel*>().last();
+    EXPECT_GT(longer.findChild<AlertButton*>("OK")->y(), print->geometry().bottom());
+}
+
+}  // namespace
+}  // namespace kzq

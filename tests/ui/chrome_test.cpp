@@ -1,0 +1,219 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFontInfo>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTest>
+#include <QWheelEvent>
+
+#include "ui/background.h"
+#include "ui/color_view.h"
+#include "ui/focus_ring.h"
+#include "ui/fonts.h"
+#include "ui/lower_button.h"
+#include "ui/palette.h"
+#include "ui/picture_view.h"
+#include "ui/pictures.h"
+#include "ui/shield.h"
+#include "ui/window.h"
+
+namespace kzq {
+namespace {
+
+/// Counts what it is sent.
+class Witness : public QWidget {
+  public:
+    explicit Witness(QWidget* parent) : QWidget(parent) {
+        setAcceptDrops(true);
+        setFocusPolicy(Qt::StrongFocus);
+    }
+    int events = 0;
+
+  protected:
+    bool event(QEvent* event) override {
+        switch (event->type()) {
+            case QEvent::MouseButtonPress:
+            case QEvent::MouseButtonRelease:
+            case QEvent::KeyPress:
+            case QEvent::Wheel:
+            case QEvent::DragEnter:
+                ++events;
+                event->accept();
+                return true;
+            default:
+                return QWidget::event(event);
+        }
+    }
+};
+
+void sendEverything(QWidget& window, QPoint at) {
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, at);
+    QTest::keyClick(window.windowHandle(), Qt::Key_A);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    const QMimeData files;
+    auto* target = window.childAt(at);
+    QDragEnterEvent drag(target->mapFrom(&window, at), Qt::CopyAction, &files, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &drag);
+    QWheelEvent wheel(at, at, {0, 10}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(target, &wheel);
+}
+
+TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
+    Witness window(nullptr);
+    window.resize(200, 100);
+    Witness inner(&window);
+    inner.setGeometry(0, 0, 200, 100);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    inner.setFocus();
+    sendEverything(window, {50, 50});
+    EXPECT_EQ(inner.events, 6) << "the events do reach a view without the shield";
+    inner.events = 0;
+    {
+        const Shield shield(&window);
+        window.resize(300, 200);
+        inner.resize(300, 200);
+        const Witness late(&window);
+        sendEverything(window, {250, 150});
+        EXPECT_TRUE(shield.hasFocus());
+        EXPECT_EQ(inner.events + late.events + window.events, 0);
+    }
+    EXPECT_TRUE(inner.hasFocus());
+}
+
+TEST(Shield, WashesAtMostSoMuch) {
+    QWidget window;
+    window.setAutoFillBackground(true);
+    window.setPalette(QPalette(Qt::white));
+    window.resize(20, 20);
+    const auto redOf = [&](double wash) {
+        const Shield shield(&window, wash);
+        return window.grab().toImage().pixelColor(10, 10).red();
+    };
+    EXPECT_EQ(redOf(0), 255);
+    EXPECT_NEAR(redOf(0.4), 255 - 0.4 * (255 - 0x1F), 1);
+    EXPECT_EQ(redOf(1.0), redOf(0.4));
+}
+
+TEST(Background, StopsKeysAndTakesTheFocus) {
+    Witness window(nullptr);
+    Background ground(&window);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    QTest::mouseClick(&ground, Qt::LeftButton);
+    QTest::keyClick(&ground, Qt::Key_A);
+    EXPECT_EQ(window.events, 2) << "the click's two, of the key nothing";
+    EXPECT_NE(ground.focusPolicy() & Qt::ClickFocus, 0);
+}
+
+TEST(Window, ClosingQuits) {
+    Window window;
+    window.show();
+    QMetaObject::invokeMethod(&window, &QWidget::close, Qt::QueuedConnection);
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_FALSE(window.isVisible());
+}
+
+struct Page : QWidget {
+    Page() {
+        for (auto* button : {&first, &second}) {
+            button->setGeometry(button == &first ? 20 : 160, 20, 112, 40);
+        }
+        plain.setGeometry(20, 80, 60, 20);
+        resize(300, 120);
+        show();
+        QApplication::setActiveWindow(this);
+    }
+    LowerButton first = LowerButton(this);
+    LowerButton second = LowerButton(this);
+    QLineEdit plain = QLineEdit(this);
+    FocusRing ring = FocusRing(this);
+};
+
+TEST(FocusRing, ShowsOnlyForAFocusByKeyboard) {
+    Page page;
+    page.first.setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(page.ring.isVisible());
+    page.second.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(page.ring.control(), &page.second);
+    EXPECT_EQ(page.ring.geometry(), page.second.geometry().adjusted(-4, -4, 4, 4));
+    page.second.move(150, 60);
+    EXPECT_EQ(page.ring.pos(), QPoint(146, 56));
+    const auto image = page.grab().toImage();
+    EXPECT_EQ(image.pixelColor(146 + 60, 57), KZQLinkHover()) << "2 px outside, 2 px wide";
+    page.second.hide();
+    EXPECT_FALSE(page.ring.isVisible());
+    page.plain.setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(page.ring.isVisible()) << "no ring is asked for";
+}
+
+TEST(FocusRing, ComesBackWithTheWindow) {
+    Page page;
+    page.second.setFocus(Qt::BacktabFocusReason);
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    EXPECT_FALSE(page.ring.isVisible());
+    QApplication::setActiveWindow(&page);
+    EXPECT_EQ(page.ring.control(), &page.second);
+    EXPECT_TRUE(page.ring.isVisible());
+}
+
+TEST(Pictures, DrawAtTheDeviceRatioScaledOrCropped) {
+    EXPECT_FALSE(picture("No such picture"));
+    EXPECT_FALSE(picture(""));
+    EXPECT_EQ(picture("Export_X")->size, QSizeF(16, 16));
+    QImage sheet(480, 24, QImage::Format_ARGB32_Premultiplied);
+    const auto widthOf = [&](bool cropped, QRectF target) {
+        sheet.setDevicePixelRatio(2);
+        sheet.fill(Qt::transparent);
+        QPainter painter(&sheet);
+        EXPECT_TRUE(cropped ? drawPictureCropped(painter, "Meter_bar_green", target)
+                            : drawPicture(painter, "Meter_bar_green", target));
+        painter.end();
+        auto right = sheet.width() - 1;
+        while (right >= 0 && sheet.pixelColor(right, 12).alpha() == 0) {
+            --right;
+        }
+        return right + 1;
+    };
+    EXPECT_GT(widthOf(false, {0, 0, 240, 12}), 470);
+    const auto all = sheet;
+    EXPECT_EQ(widthOf(true, {0, 0, 25, 12}), 50) << "five pixels into the third lamp";
+    EXPECT_EQ(sheet.copy(0, 0, 50, 24), all.copy(0, 0, 50, 24)) << "not stretched";
+    QPainter painter(&sheet);
+    EXPECT_FALSE(drawPicture(painter, "No such picture", {0, 0, 10, 10}));
+    EXPECT_FALSE(drawPicture(painter, "Export_X", {0, 0, 0, 10}));
+}
+
+TEST(Fonts, AreReallyFiraSans) {
+    EXPECT_EQ(QFontInfo(textFont()).family(), "Fira Sans");
+    const auto light = firaSans(FiraWeight::light, 13);
+    ASSERT_TRUE(light);
+    EXPECT_EQ(QFontInfo(*light).weight(), QFont::Light);
+    EXPECT_EQ(QFontInfo(*light).pixelSize(), 13);
+}
+
+TEST(Palette, IsOpaqueAndAsGiven) {
+    const std::pair<QColor, QRgb> colors[] = {
+        {KZQBrown(), qRgb(43, 23, 23)},   {KZQGray(), qRgb(170, 162, 162)},
+        {KZQRed(), qRgb(255, 59, 59)},    {KZQYellow(), qRgb(249, 237, 101)},
+        {KZQWhite(), 0xFFFFFFFF},         {KZQLink(), qRgb(0, 179, 221)},
+        {KZQLinkHover(), 0xFFADE1FF},     {KZQTextHighlight(), qRgb(152, 215, 254)},
+        {restingTextColor(), 0x80FFFFFF},
+    };
+    for (const auto& [color, value] : colors) {
+        EXPECT_EQ(color.rgba(), value);
+    }
+    ColorView view;
+    view.resize(4, 4);
+    view.setColor(KZQRed());
+    EXPECT_EQ(view.grab().toImage().pixelColor(2, 2), KZQRed());
+    view.setColor(std::nullopt);
+    EXPECT_NE(view.grab().toImage().pixelColor(2, 2), KZQRed());
+}
+
+}  // namespace
+}  // namespace kzq
