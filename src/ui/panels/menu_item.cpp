@@ -31,6 +31,10 @@ MenuItem::~MenuItem() {
     }
 }
 
+MenuItemView* MenuItem::view() const {
+    return view_;
+}
+
 void MenuItem::setTitle(const QString& title) {
     if (!label_) {
         return;

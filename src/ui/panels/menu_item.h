@@ -25,7 +25,7 @@ class MenuItem : public QObject {
     MenuItem& operator=(MenuItem&&) = delete;
 
     /// 200 × 36; belongs to this until it is given a parent. Null once that parent is gone.
-    MenuItemView* view() const { return view_; }
+    MenuItemView* view() const;
 
     /// A null text is an empty one.
     void setTitle(const QString& title);

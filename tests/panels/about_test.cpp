@@ -1,0 +1,180 @@
+#include "ui/panels/about.h"
+
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QTest>
+#include <QWindow>
+
+#include "fakes.h"
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/panels/about_backing.h"
+#include "ui/panels/about_window.h"
+#include "virtual_executor.h"
+
+namespace kzq {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class AboutTest : public testing::Test {
+  protected:
+    AboutTest() {
+        registerFonts();
+        About::rearmSplash();
+        make("2.1.0");
+    }
+
+    void make(const char* version) {
+        about = About::about(controller, executor, dialogs, [this] { return firmware; },
+                             {version, "https://www.kzq.example/"});
+        backing = about->window().findChild<AboutBacking*>();
+        link = about->window().findChild<LinkButton*>();
+        label = about->window().findChild<QLabel*>("linkLabel");
+    }
+    void key(QEvent::Type type, int key, bool repeated = false) {
+        QKeyEvent event(type, key, Qt::NoModifier, QString(), repeated);
+        QCoreApplication::sendEvent(backing, &event);
+    }
+    QColor linkColor() { return label->palette().color(QPalette::WindowText); }
+    /// Bounds of the white text in the lower right corner.
+    QRect versionInk() {
+        const auto image = about->window().grab().toImage();
+        QRect ink;
+        for (int y = 262; y < 298; ++y) {
+            for (int x = 240; x < 478; ++x) {
+                if (image.pixelColor(x, y).lightness() > 110) {
+                    ink |= QRect(x, y, 1, 1);
+                }
+            }
+        }
+        return ink;
+    }
+
+    test::Calls calls;
+    test::FakeController controller{calls};
+    test::FakeDialogs dialogs{calls};
+    test::VirtualExecutor executor;
+    std::optional<std::string> firmware;
+    std::unique_ptr<About> about;
+    AboutBacking* backing = nullptr;
+    LinkButton* link = nullptr;
+    QLabel* label = nullptr;
+};
+
+TEST_F(AboutTest, TheFirstShowingOfAProcessClosesByItself) {
+    about->showWindow();
+    executor.advance(1499ms);
+    EXPECT_TRUE(about->isVisible());
+    executor.advance(1ms);
+    EXPECT_FALSE(about->isVisible());
+    EXPECT_THAT(calls, ElementsAre("main window"));
+
+    make("2.1.0");
+    about->showWindow();
+    executor.advance(1h);
+    EXPECT_TRUE(about->isVisible()) << "shown a second time";
+}
+
+TEST_F(AboutTest, TheSplashLeavesAPanelThatWasReopenedOrIsGone) {
+    about->showWindow();
+    about->close();
+    about->showWindow();
+    executor.advance(2s);
+    EXPECT_TRUE(about->isVisible());
+    EXPECT_THAT(calls, ElementsAre("main window"));
+
+    About::rearmSplash();
+    about->showWindow();
+    about.reset();
+    executor.advance(2s);
+    EXPECT_THAT(calls, ElementsAre("main window"));
+}
+
+TEST_F(AboutTest, EveryWayOfClosingOpensTheMainWindowOnce) {
+    QWidget other;
+    const std::function<void()> ways[] = {
+        [this] { key(QEvent::KeyRelease, Qt::Key_Return); },
+        [this] { key(QEvent::KeyRelease, Qt::Key_Enter); },
+        [this] { key(QEvent::KeyRelease, Qt::Key_Space); },
+        [this] { key(QEvent::KeyRelease, Qt::Key_Escape); },
+        [this] { QTest::keyClick(link, Qt::Key_Escape); },
+        [this] { QTest::mousePress(backing, Qt::LeftButton, {}, QPoint(100, 100)); },
+        [this] { QTest::mousePress(backing, Qt::RightButton, {}, QPoint(100, 100)); },
+        [this] { about->window().windowHandle()->close(); },
+        [&other] {
+            other.show();
+            other.activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+        },
+    };
+    for (const auto& way : ways) {
+        calls.clear();
+        about->showWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&about->window()));
+        way();
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(about->isVisible()) << &way - ways;
+        EXPECT_THAT(calls, ElementsAre("main window")) << &way - ways;
+    }
+
+    calls.clear();
+    about->showWindow();
+    for (const auto pressed : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Escape}) {
+        key(QEvent::KeyPress, pressed);
+        key(QEvent::KeyRelease, pressed, true);
+    }
+    key(QEvent::KeyRelease, Qt::Key_A);
+    EXPECT_TRUE(about->isVisible());
+    EXPECT_THAT(calls, IsEmpty());
+    about.reset();
+    EXPECT_THAT(calls, IsEmpty());
+}
+
+TEST_F(AboutTest, TheLinkShowsHoveringAndOpensTheWebsite) {
+    EXPECT_EQ(label->text(), "www.kzq.example");
+    EXPECT_EQ(link->geometry(), label->geometry());
+    about->showWindow();
+    EXPECT_EQ(linkColor(), KZQLink());
+    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+    QCoreApplication::sendEvent(link, &enter);
+    EXPECT_EQ(linkColor(), KZQLinkHover());
+    QTest::mouseClick(link, Qt::LeftButton);
+    EXPECT_FALSE(about->isVisible());
+    EXPECT_EQ(linkColor(), KZQLink());
+    EXPECT_EQ(link->cursor().shape(), Qt::ArrowCursor);
+    EXPECT_THAT(calls, ElementsAre("https://www.kzq.example/", "main window"));
+}
+
+TEST_F(AboutTest, VersionsStandInTheLowerRightCorner) {
+    EXPECT_EQ(backing->versionText(), "2.1.0");
+    firmware = "";
+    EXPECT_EQ(backing->versionText(), "2.1.0");
+    const auto alone = versionInk();
+    firmware = "1.05";
+    about->setNeedsDisplay();
+    EXPECT_EQ(backing->versionText(), "2.1.0 (1.05)");
+    EXPECT_EQ(backing->accessibleName(), "Version 2.1.0 (1.05)");
+    const auto with = versionInk();
+    EXPECT_LT(with.left(), alone.left() - 20);
+    EXPECT_NEAR(alone.right(), 464, 2);
+    EXPECT_NEAR(alone.bottom(), 283, 1);  // the figures stand on a base line at 284
+    make("");
+    EXPECT_EQ(versionInk(), QRect()) << "a pedal's version alone is not shown";
+}
+
+TEST_F(AboutTest, ThePlateIsRoundAndTheRestClear) {
+    QImage image(480, 300, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    about->window().render(&image, {}, {}, QWidget::DrawChildren);
+    for (const auto corner : {QPoint(2, 2), QPoint(477, 2), QPoint(2, 297), QPoint(477, 297)}) {
+        EXPECT_EQ(image.pixelColor(corner).alpha(), 0);
+    }
+    EXPECT_EQ(image.pixelColor(240, 30).alpha(), 255);
+}
+
+}  // namespace
+}  // namespace kzq

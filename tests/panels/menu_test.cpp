@@ -1,0 +1,192 @@
+#include "ui/panels/menu.h"
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QPushButton>
+#include <QTest>
+
+#include "fakes.h"
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/panels/menu_item_view.h"
+
+namespace kzq {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto both = Qt::ControlModifier | Qt::ShiftModifier;
+
+class MenuTest : public testing::Test {
+  protected:
+    MenuTest() {
+        registerFonts();
+        page->setGeometry(0, 0, 768, 504);
+        menu->view()->move(512, 14);
+        menu->setModifierProbe([this] { return held; });
+        page->show();
+        page->activateWindow();
+    }
+
+    void open() {
+        menu->view()->show();
+        menu->view()->setFocus();
+    }
+    void key(QEvent::Type type, Qt::Key key, Qt::KeyboardModifiers before) {
+        QKeyEvent event(type, key, before);
+        QCoreApplication::sendEvent(menu->view(), &event);
+        EXPECT_FALSE(event.isAccepted()) << key;
+    }
+    std::string firmwareTitle() { return menu->firmware().title().toStdString(); }
+    std::string hovered() {
+        std::string flags;
+        for (const auto* item : menu->items()) {
+            flags += item->hovered() ? 'x' : '-';
+        }
+        return flags;
+    }
+
+    test::Calls calls;
+    test::FakeController controller{calls};
+    test::FakeDialogs dialogs{calls};
+    Qt::KeyboardModifiers held;
+    std::unique_ptr<QWidget> page = std::make_unique<QWidget>();
+    std::unique_ptr<Menu> menu =
+        Menu::menu(controller, dialogs, page.get(), {"2.1.0", "https://www.kzq.example/"});
+};
+
+TEST_F(MenuTest, AClickCarriesOutTheEntryItBeganAndEndedOn) {
+    EXPECT_EQ(menu->website().title(), "www.kzq.example");
+    open();
+    for (auto* item : menu->items()) {
+        auto* view = item->view();
+        ASSERT_TRUE(view->isVisible());
+        QTest::mousePress(view, Qt::LeftButton);
+        QTest::mouseRelease(view, Qt::LeftButton, {}, QPoint(100, 36));
+        QTest::mouseClick(view, Qt::RightButton);
+    }
+    EXPECT_THAT(calls, IsEmpty());
+    for (auto* item : menu->items()) {
+        QTest::mouseClick(item->view(), Qt::LeftButton, {}, QPoint(199, 35));
+    }
+    EXPECT_THAT(calls, ElementsAre("about", "software", "updater", "website"));
+}
+
+TEST_F(MenuTest, FirmwareIsChosenFromDiskWhileBothKeysAreHeld) {
+    open();
+    const struct {
+        Qt::KeyboardModifiers held;
+        Dialogs::Chosen chosen;
+        test::Calls calls;
+    } rows[] = {
+        {Qt::ControlModifier, {1, "/f.bin"}, {"updater"}},
+        {Qt::ShiftModifier, {1, "/f.bin"}, {"updater"}},
+        {both | Qt::AltModifier, {1, "/f.bin"}, {"choose bin", "/f.bin"}},
+        {both, {-1002, "/f.bin"}, {"choose bin", "/f.bin"}},
+        {both, {0, "/f.bin"}, {"choose bin"}},
+        {both, {1, ""}, {"choose bin"}},
+    };
+    for (const auto& row : rows) {
+        calls.clear();
+        held = row.held;
+        dialogs.chosen = row.chosen;
+        QTest::mouseClick(menu->firmware().view(), Qt::LeftButton);
+        EXPECT_EQ(calls, row.calls);
+    }
+}
+
+TEST_F(MenuTest, TitleFollowsTheKeysUntilTheMenuIsShownOrHidden) {
+    open();
+    const std::string usual = "Firmware Update...";
+    const std::string select = "Select Firmware...";
+    // A key's event holds the state before it, as the window system reports it.
+    key(QEvent::KeyPress, Qt::Key_Shift, Qt::NoModifier);
+    EXPECT_EQ(firmwareTitle(), usual);
+    key(QEvent::KeyPress, Qt::Key_Control, Qt::ShiftModifier);
+    EXPECT_EQ(firmwareTitle(), select);
+    key(QEvent::KeyPress, Qt::Key_Down, both);
+    EXPECT_EQ(firmwareTitle(), select);
+    key(QEvent::KeyRelease, Qt::Key_Shift, both);
+    EXPECT_EQ(firmwareTitle(), usual);
+    key(QEvent::KeyPress, Qt::Key_Shift, Qt::ControlModifier);
+    EXPECT_EQ(firmwareTitle(), select);
+    menu->view()->setHidden(true);
+    EXPECT_EQ(firmwareTitle(), usual);
+    menu->setFirmwareTitle(both);
+    menu->view()->setHidden(false);
+    EXPECT_EQ(firmwareTitle(), usual);
+}
+
+TEST_F(MenuTest, OnlyTheEntryUnderThePointerIsHighlighted) {
+    open();
+    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
+    QEvent leave(QEvent::Leave);
+    menu->website().setHovered(true);  // by the keyboard
+    QCoreApplication::sendEvent(menu->about().view(), &enter);
+    EXPECT_EQ(hovered(), "x---");
+    QCoreApplication::sendEvent(menu->software().view(), &enter);
+    EXPECT_EQ(hovered(), "-x--");
+
+    // The fill is in the entry, the bar beside it.
+    const auto image = menu->view()->grab().toImage();
+    EXPECT_EQ(image.pixelColor(7, 100), creamColor());
+    EXPECT_NE(image.pixelColor(7, 64), creamColor());
+    EXPECT_GT(image.pixelColor(200, 108).lightness(), image.pixelColor(200, 72).lightness() + 20);
+
+    QCoreApplication::sendEvent(menu->software().view(), &leave);
+    EXPECT_EQ(hovered(), "----");
+}
+
+TEST_F(MenuTest, ThePointIsTestedAgainstTheBodyAlone) {
+    EXPECT_TRUE(menu->hitTest({512, 58}));
+    EXPECT_TRUE(menu->hitTest({735, 221}));
+    EXPECT_FALSE(menu->hitTest({511, 58}));
+    EXPECT_FALSE(menu->hitTest({735, 222}));
+    EXPECT_FALSE(menu->hitTest({716, 34})) << "the tab above the body";
+}
+
+TEST_F(MenuTest, TheKeyboardStaysWhileOpenAndIsLetGoWhenHidden) {
+    QPushButton other(page.get());
+    other.show();
+    open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));
+    QTest::keyClick(menu->view(), Qt::Key_Tab);
+    EXPECT_TRUE(menu->view()->hasFocus());
+    menu->view()->hide();
+    EXPECT_EQ(QApplication::focusWidget(), nullptr);
+}
+
+TEST_F(MenuTest, ForWhoListensEntriesAreMenuItemsAndTheHighlightIsTheFocus) {
+    open();
+    auto* view = menu->firmware().view();
+    auto* accessible = QAccessible::queryAccessibleInterface(view);
+    EXPECT_EQ(accessible->role(), QAccessible::MenuItem);
+    EXPECT_EQ(accessible->parent()->parent()->role(), QAccessible::PopupMenu);
+    menu->setFirmwareTitle(both);
+    EXPECT_EQ(accessible->text(QAccessible::Name), "Select Firmware...");
+
+    menu->firmware().setHovered(true);
+    EXPECT_TRUE(accessible->state().focused);
+    menu->firmware().setHovered(false);
+    EXPECT_FALSE(accessible->state().focused);
+
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_THAT(calls, ElementsAre("updater"));
+}
+
+TEST_F(MenuTest, MenuAndWindowMayGoInEitherOrder) {
+    menu.reset();
+    EXPECT_THAT(page->findChildren<MenuItemView*>(), IsEmpty());
+    menu = Menu::menu(controller, dialogs, page.get(), {});
+    page.reset();
+    menu->about().setTitle("gone");
+    menu->setFirmwareTitle(both);
+    menu->itemEntered(menu->about());
+    EXPECT_FALSE(menu->hitTest({0, 0}));
+}
+
+}  // namespace
+}  // namespace kzq

@@ -1,0 +1,114 @@
+#include "ui/panels/progress.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QTest>
+#include <QWindow>
+#include <limits>
+
+namespace kzq {
+namespace {
+
+class ProgressTest : public testing::Test {
+  protected:
+    template <class Part>
+    Part& part(const char* name) {
+        return *panel->window().findChild<Part*>(name);
+    }
+
+    int cancels = 0;
+    std::unique_ptr<Progress> panel = Progress::progress([this] { ++cancels; });
+};
+
+TEST_F(ProgressTest, FooterBarAndValueFollowTheFraction) {
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr auto most = std::numeric_limits<std::uint64_t>::max();
+    const struct {
+        std::uint64_t total;
+        double fraction;
+        const char* footer;
+        int width;
+        double percent;
+        int value;
+    } rows[] = {
+        {12'000'000, 0, "0MB of 12MB – 0%", 0, 0, 0},
+        {12'000'000, 0.25, "3MB of 12MB – 25%", 55, 0.25, 25},
+        {1'000'000, 0.99, "990KB of 1MB – 99%", 218, 0.99, 99},
+        {1'000'000, 1, "1MB of 1MB – 100%", 220, 1, 100},
+        {1'000'000, 0.9999995, "1MB of 1MB – 100%", 220, 0.9999995, 100},
+        {999'999, 1, "1000KB of 1000KB – 100%", 220, 1, 100},
+        {1500, 0.5, "750B of 2KB – 50%", 110, 0.5, 50},
+        {1000, 0.9995, "1KB of 1KB – 100%", 220, 0.9995, 100},
+        {999, 0.0005, "0B of 999B – 0%", 0, 0.0005, 0},
+        {10'000'000, 1.2, "12MB of 10MB – 120%", 264, 1, 100},
+        {0, nan, "0B of 0B – 0%", 0, 0, 0},
+        {0, infinity, "0B of 0B – 0%", 0, 0, 0},
+        {5000, -0.5, "0KB of 5KB – 0%", 0, -0.5, 0},
+        {most, 2, "18446744073710MB of 18446744073710MB – 200%", 440, 1, 100},
+        {most, 1e300, nullptr, 16777215, 1, 100},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.total << " × " << row.fraction);
+        panel->setTotalBytes(row.total);
+        panel->setPercent(row.fraction);
+        if (row.footer != nullptr) {
+            EXPECT_EQ(panel->footer().toStdString(), row.footer);
+        }
+        EXPECT_EQ(part<QWidget>("bar").geometry(), QRect(90, 68, row.width, 16));
+        EXPECT_EQ(panel->percent(), row.percent);
+        auto* accessible = QAccessible::queryAccessibleInterface(&part<QWidget>("total"));
+        ASSERT_EQ(accessible->role(), QAccessible::ProgressBar);
+        EXPECT_EQ(accessible->valueInterface()->currentValue().toInt(), row.value);
+    }
+}
+
+TEST_F(ProgressTest, EveryRoadOutButTheOwnersCancelsOnce) {
+    const std::function<void()> roads[] = {
+        [this] { QTest::keyClick(&panel->window(), Qt::Key_Escape); },
+        [this] { QTest::keyClick(&part<QWidget>("Cancel"), Qt::Key_Escape); },
+        [this] { QTest::keyClick(&part<QWidget>("Cancel"), Qt::Key_Space); },
+        [this] {
+            QTest::mouseMove(&part<QWidget>("Cancel"));
+            QTest::mouseClick(&part<QWidget>("Cancel"), Qt::LeftButton);
+        },
+        [this] { panel->window().windowHandle()->close(); },
+        [this] { panel->cancel(); },
+    };
+    for (const auto& road : roads) {
+        cancels = 0;
+        panel->showWindow();
+        QTest::keyClick(&panel->window(), Qt::Key_Space);  // Cancel has no focus of its own accord
+        ASSERT_TRUE(panel->isVisible());
+        road();
+        EXPECT_EQ(cancels, 1) << &road - roads;
+        EXPECT_FALSE(panel->isVisible()) << &road - roads;
+    }
+    cancels = 0;
+    panel->showWindow();
+    panel->close();
+    EXPECT_FALSE(panel->isVisible());
+    panel->showWindow();
+    panel.reset();
+    EXPECT_EQ(cancels, 0);
+}
+
+TEST_F(ProgressTest, FloatsAtTheCornerOfTheMainWindow) {
+    QWidget main;
+    main.setGeometry(120, 90, 768, 504);
+    main.show();
+    panel->placeOver(main);
+    panel->showWindow();
+    EXPECT_EQ(panel->window().frameGeometry().topLeft(), main.frameGeometry().topLeft());
+    EXPECT_EQ(panel->window().windowHandle()->transientParent(), main.windowHandle());
+    EXPECT_TRUE(panel->window().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+
+    // A bar that is longer than its track goes under the right reel.
+    const auto& parts = panel->window().children();
+    EXPECT_LT(parts.indexOf(&part<QWidget>("bar")), parts.indexOf(&part<QWidget>("rightReel")));
+}
+
+}  // namespace
+}  // namespace kzq
