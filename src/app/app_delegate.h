@@ -2,19 +2,23 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QUrl>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <vector>
 
 #include "app/app_environment.h"
 #include "app/application.h"
+#include "app/transfer_run.h"
 #include "device/kzq7306_delegate.h"
 #include "slots/export_info.h"
 #include "slots/slot.h"
 #include "slots/slot_delegate.h"
 #include "ui/application_controller.h"
+#include "updates/firmware_cache.h"
 #include "updates/su_updater.h"
 #include "updates/windows/firmware_updater.h"
 
@@ -23,6 +27,7 @@ namespace kzq {
 class About;
 class Absence;
 class BusyQuestion;
+class KZQ7306;
 class MainWindow;
 class Menu;
 class MenuClosing;
@@ -149,53 +154,69 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
         starting,  ///< from the press of the button to its start, with all questions in between
         running    ///< from when the shield is up until it comes down
     };
-    struct Transfer;
+    /// A file that was put on an export row.
+    struct Drop {
+        std::uint8_t slot = 0;
+        QUrl file;
+        std::uint64_t order = 0;  ///< of all drops
+    };
 
     // launch.cpp
     void makeSoftwareUpdater();
     bool makeMenu();
-    bool makePanels();
+    void makePanels();
     bool makeSlots(int tab, std::int32_t context, Slots& list);
     void connectButtons();
 
     // connection.cpp
     void loopsArrived(const Loops& loops);
-    static void show(const Loop* loop, Slot& slot);
-    void showEmptyMeter();
     void showImportState(const Loops& loops, const std::set<std::uint8_t>& selection);
     bool showExportState(const Loops& loops, const std::set<std::uint8_t>& selection);
+    void redrawAbout();
+    void emptyMeter();
     void setImportAndEraseEnabled(bool enabled);
 
-    // staging.cpp
-    void stage(Slot& slot, const QUrl& file, const std::filesystem::path& copy);
-    void releaseFocus();
+    // meter.cpp, staging.cpp
     Loops existingLoops() const;
+    void stage(const Drop& drop, const std::filesystem::path& copy);
+    void focusContent();
 
-    // start.cpp
-    bool beginStart();
-    void endStart();
+    // start.cpp: what the operations have in common
+
+    /// Asks the pedal; `next` goes on as the start of an operation, and ends with endStart or beginRun. A
+    /// busy pedal is told to the user.
     void whenIdle(std::function<void()> next);
-    void deviceIsBusy();
-    void afterPanelsClosed(void (AppDelegate::*start)());
+    void sayBusy();
+    void startSoon(std::function<void(AppDelegate&)> start);
+    void endStart();
     void beginRun();
     void endRun();
-    void onMain(std::function<void(AppDelegate&)> task);
+    /// On a background thread, since the link asks the pedal before it begins.
+    void onLink(std::function<void(KZQ7306&)> operation);
+    /// What any thread may call to have `task` done on the main thread, for as long as this lives.
+    std::function<void()> onMain(std::function<void(AppDelegate&)> task);
+    TransferRun::Listener transferListener(void (AppDelegate::*loopDone)(std::uint8_t slot),
+                                           std::function<void(AppDelegate&)> finished);
+    void setPercent(double fraction);
+    void closeProgress();
     void cancelTransfer();
-    void insistOnCancel(std::uint64_t run);
+    void insistOnCancel(Executor::Duration delay, std::uint64_t run);
 
     void startImport(const std::filesystem::path& folder);
+    void loopSaved(std::uint8_t number);
     void finishImport();
     void startExport();
     bool stillStaged(const Exports& asked) const;
+    void loopSent(std::uint8_t number);
     void finishExport(const Exports& sent);
     void startErase(const std::set<std::uint8_t>& asked);
+    void finishErase();
 
     // firmware_flow.cpp
-    using ImageSource = std::function<std::optional<std::vector<std::uint8_t>>()>;
-    void installImage(ImageSource source);
-    void flash(std::vector<std::uint8_t> image);
+    void readImage(std::function<std::optional<FirmwareImage>()> read);
+    void flash(FirmwareImage image);
 
-    AppEnvironment environment_;
+    const AppEnvironment environment_;
     MainWindow& window_;
     std::unique_ptr<SlotFieldEditor> fieldEditor_;
     std::unique_ptr<Menu> menu_;
@@ -208,6 +229,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     Slots exportSlots_;
     std::set<std::uint8_t> selectedImportSlots_;
     Exports selectedExportSlots_;
+    std::uint64_t drops_ = 0;                           ///< so far
+    std::map<std::uint8_t, std::uint64_t> lastStaged_;  ///< by slot: the order of the drop that is staged
 
     std::unique_ptr<BusyQuestion> busyQuestion_;
     std::shared_ptr<Absence> absence_;
