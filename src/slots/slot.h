@@ -123,11 +123,13 @@ class Slot : public QObject {
     Slot(std::uint8_t number, std::int32_t context, ApplicationController& application);
     bool loadLayout(QWidget* parent);
     void setUp();
+    void connectViews(Slot* controller);
     void registerForDrops(bool on);
     void resetImportField();
-    void syncImportText(const QColor& colour);
-    void showBackground(const QString& name);
-    void showX();
+    void syncExport();
+    void syncImport();
+    bool showBackground(const QString& name);
+    void placeX(bool shown);
     void describe();
     QString shownName() const { return name().value_or(QString()); }
 

@@ -38,6 +38,8 @@ class SlotButton : public SlotDropTarget<KeyButton> {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
 
   private:
     void sendAction();

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+#include <optional>
 
 #include "slots/slot_drop_target.h"
 
@@ -35,11 +37,12 @@ class SlotField : public SlotDropTarget<QWidget> {
 
     /// Shows from the next redisplay on.
     const QColor& textColour() const { return textColour_; }
-    void setTextColour(const QColor& colour);
-    /// The text in a font and the text colour, until setPlainText() puts it back into the field's own.
-    void setStyledText(const QString& text, const QFont& font);
+    void setTextColour(const QColor& colour) { textColour_ = colour; }
+    /// Gives the text a font, and the open editor that font and the text colour, until setPlainText() puts
+    /// it back into the field's own.
+    void setStyledText(const QFont& font);
     void setPlainText();
-    bool styled() const { return styled_; }
+    bool styled() const { return styledFont_.has_value(); }
 
     bool isEditable() const { return editable_; }
     /// True opens the editor with the whole text selected. False closes it and makes what was typed, without
@@ -51,6 +54,8 @@ class SlotField : public SlotDropTarget<QWidget> {
     SlotFieldEditor* currentEditor() const;
     /// Closes an open editor as if the focus had left it: the controller hears that editing ended.
     void endEditing();
+    /// Closes an open editor and forgets what was typed. Nobody is told.
+    void abortEditing();
 
     /// What a click on the name does: selects an import row that holds a loop and opens it for renaming.
     void startRenaming();
@@ -66,16 +71,16 @@ class SlotField : public SlotDropTarget<QWidget> {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void openEditor();
+    bool openEditor();
     void closeEditor();
     void commit();
 
     QString text_;
     QColor textColour_;
     QPointer<SlotFieldEditor> editor_;  // borrowed while open
+    std::optional<QFont> styledFont_;
     bool initialized_ = false;
     bool editable_ = false;
-    bool styled_ = false;
 };
 
 }  // namespace kzq

@@ -25,11 +25,13 @@ class SlotFieldEditor : public QTextEdit {
     /// Leaves the field. What was typed stays in text() until the next open().
     void close();
 
-    /// One line, whatever was put in.
-    QString text() const;
+    QString text() const { return toPlainText(); }
     void setText(const QString& text);
     void setTextStyle(const QFont& font, const QColor& colour);
     void collapseSelection();
+
+    /// Why the focus goes back to the field: by keyboard, when a key ends the editing.
+    Qt::FocusReason focusReason() const { return focusReason_; }
 
     static constexpr bool shouldDrawInsertionPoint() { return true; }
     /// The caret at `x`: 1 wide, from y 3 to 15.
@@ -41,6 +43,7 @@ class SlotFieldEditor : public QTextEdit {
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -48,6 +51,7 @@ class SlotFieldEditor : public QTextEdit {
     void awakeFromNib();
 
     QPointer<SlotField> field_;
+    Qt::FocusReason focusReason_ = Qt::OtherFocusReason;
 };
 
 }  // namespace kzq

@@ -2,6 +2,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QColor>
+#include <QPalette>
 #include <QRectF>
 
 namespace kzq {
@@ -17,6 +18,11 @@ class SlotFieldEditorLayoutManager : public QAbstractTextDocumentLayout {
 
     explicit SlotFieldEditorLayoutManager(QTextDocument* document);
 
+    /// Fills what lies behind `length` characters: in the palette's highlight and its height when `colour` is
+    /// the toolkit's own for selected text, else as given. Nothing for an empty range.
+    static void fillBackgroundRects(QPainter& painter, const QList<QRectF>& rects, int length,
+                                    const QColor& colour, const QPalette& palette);
+
     void draw(QPainter* painter, const PaintContext& context) override;
     int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
     int pageCount() const override { return 1; }
@@ -28,9 +34,6 @@ class SlotFieldEditorLayoutManager : public QAbstractTextDocumentLayout {
     void documentChanged(int from, int removed, int added) override;
 
   private:
-    void layOut();
-    void fillBackground(QPainter& painter, const QList<QRectF>& rects, const QColor& colour, bool selection);
-
     qreal width_ = 0;
 };
 

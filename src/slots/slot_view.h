@@ -29,6 +29,10 @@ class SlotView : public QWidget {
     /// from this row.
     bool performDragOperation(const QDropEvent& drop);
 
+    /// The same for the toolkit's events, of this view or another one of the row.
+    void dragOver(QDropEvent& event);
+    void drop(QDropEvent& event);
+
     /// An accepted drag hovers over the row.
     bool dropHovering() const { return dropHovering_; }
 

@@ -1,0 +1,50 @@
+#include "slots/slot_accessible.h"
+
+#include <QAccessibleWidget>
+
+#include "slots/slot.h"
+
+namespace kzq {
+
+namespace {
+
+class SlotFieldAccessible : public QAccessibleWidget {
+  public:
+    explicit SlotFieldAccessible(SlotField* field) : QAccessibleWidget(field, QAccessible::StaticText) {}
+
+    QStringList actionNames() const override {
+        auto names = QAccessibleWidget::actionNames();
+        if (canRename()) {
+            names.prepend(pressAction());
+        }
+        return names;
+    }
+
+    void doAction(const QString& name) override {
+        if (name == pressAction() && canRename()) {
+            static_cast<SlotField*>(widget())->startRenaming();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+  private:
+    bool canRename() const {
+        const auto* const field = static_cast<const SlotField*>(widget());
+        return field->isEnabled() && field->controller() != nullptr && !field->controller()->isExport();
+    }
+};
+
+QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object) {
+    auto* const field = qobject_cast<SlotField*>(object);
+    return field != nullptr ? new SlotFieldAccessible(field) : nullptr;
+}
+
+}  // namespace
+
+void installSlotAccessibility() {
+    static const bool once = (QAccessible::installFactory(interfaceOf), true);
+    static_cast<void>(once);
+}
+
+}  // namespace kzq

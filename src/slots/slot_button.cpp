@@ -1,0 +1,104 @@
+#include "slots/slot_button.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+
+#include "slots/slot.h"
+#include "ui/pictures.h"
+
+namespace kzq {
+
+namespace {
+
+QString exportPicture(bool occupied, bool staged) {
+    const auto* const state = occupied ? (staged ? "Overwrite" : "Filled") : (staged ? "On" : "Empty");
+    return QString::fromLatin1("Export_Add_") + QString::fromLatin1(state);
+}
+
+}  // namespace
+
+SlotButton::SlotButton(QWidget* parent) : SlotDropTarget(parent) {
+    connect(this, &QAbstractButton::clicked, this, &SlotButton::sendAction);
+}
+
+void SlotButton::setState(int state) {
+    setChecked(state == 1);
+    resetImage();
+}
+
+void SlotButton::setEnabled(bool enabled) {
+    KeyButton::setEnabled(enabled);
+    resetImage();
+}
+
+bool SlotButton::setImage(const QString& name) {
+    if (!picture(name)) {
+        return false;
+    }
+    image_ = name;
+    update();
+    return true;
+}
+
+QString SlotButton::imageForRow(const Slot& row) const {
+    if (row.isExport()) {
+        return exportPicture(row.occupied(), row.exporting().has_value());
+    }
+    const auto* const shown = !isEnabled() ? "gray" : state() == 1 ? "On" : "Off";
+    return QString::fromLatin1("Import_Selector_") + QString::fromLatin1(shown);
+}
+
+void SlotButton::resetImage() {
+    auto* const row = controller();
+    if (row == nullptr || !setImage(imageForRow(*row))) {
+        return;
+    }
+    if (row->isExport()) {
+        setToolTip(QString::fromLatin1(row->occupied() ? "Overwrite Loop" : "Add Loop"));
+    }
+    row->sync();
+}
+
+void SlotButton::sendAction() {
+    const QPointer<SlotButton> self(this);
+    auto* const row = controller();
+    if (row != nullptr && state() != 1) {
+        row->setCustomImportName(std::nullopt);
+        row->field()->setEditable(false);
+        row->setCustomImportName(std::nullopt);  // ending the editing has just kept what was typed
+        row->field()->setText(row->defaultName());
+    }
+    Q_EMIT action();
+    if (self != nullptr) {
+        resetImage();
+    }
+}
+
+// A key does all that a click does: it turns the checkbox, too.
+void SlotButton::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) {
+        KeyButton::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        click();
+    }
+}
+
+void SlotButton::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Space) {
+        KeyButton::keyReleaseEvent(event);
+    } else if (!event->isAutoRepeat() && isDown()) {
+        setDown(false);
+        click();
+    }
+}
+
+void SlotButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const auto* const row = controller();
+    const bool gray = !isEnabled() && (row == nullptr || !row->isExport());
+    drawPicture(painter, gray ? QString::fromLatin1("Import_Selector_gray") : image_, rect());
+}
+
+}  // namespace kzq

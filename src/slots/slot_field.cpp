@@ -1,0 +1,209 @@
+#include "slots/slot_field.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "slots/slot.h"
+#include "slots/slot_field_editor.h"
+#include "slots/slot_field_editor_layout_manager.h"
+#include "slots/slot_field_esc.h"
+#include "ui/fonts.h"
+
+namespace kzq {
+
+SlotField::SlotField(QWidget* parent) : SlotDropTarget(parent) {
+    setProperty("focusRingRadius", 4);
+}
+
+SlotField::~SlotField() {
+    abortEditing();  // the editor is another's: it must not be deleted with this widget
+}
+
+void SlotField::awakeFromNib() {
+    if (std::exchange(initialized_, true)) {
+        return;
+    }
+    connect(&SlotFieldEsc::centre(), &SlotFieldEsc::posted, this, [this] {
+        if (editable_) {
+            setEditable(false);
+        }
+    });
+}
+
+QString SlotField::text() const {
+    return editor_ != nullptr ? editor_->text() : text_;
+}
+
+void SlotField::setText(const QString& text) {
+    text_ = text;
+    if (editor_ != nullptr && editor_->text() != text) {
+        editor_->setText(text);
+    }
+    update();
+}
+
+void SlotField::setStyledText(const QFont& font) {
+    styledFont_ = font;
+    if (editor_ != nullptr) {
+        editor_->setTextStyle(font, textColour_);
+    }
+}
+
+void SlotField::setPlainText() {
+    styledFont_.reset();
+}
+
+SlotFieldEditor* SlotField::currentEditor() const {
+    return editor_;
+}
+
+void SlotField::setEditable(bool editable) {
+    if (editable && editor_ != nullptr) {
+        editor_->selectAll();
+    } else if (editable) {
+        editable_ = openEditor();
+    } else if (editable_) {
+        if (editor_ != nullptr) {
+            editor_->collapseSelection();
+        }
+        closeEditor();
+        editable_ = false;
+        commit();
+    }
+    if (auto* const row = controller(); row != nullptr) {
+        row->sync();
+    }
+}
+
+bool SlotField::openEditor() {
+    auto* const row = controller();
+    if (row == nullptr || row->delegate() == nullptr) {
+        return false;
+    }
+    auto* const editor = row->delegate()->windowWillReturnFieldEditor(window(), this);
+    if (editor == nullptr) {
+        return false;
+    }
+    if (auto* const other = editor->field(); other != nullptr) {
+        other->endEditing();
+    }
+    editable_ = true;
+    editor_ = editor;
+    editor->setTextStyle(styledFont_.value_or(textFont()), textColour_);
+    editor->open(*this, text_);
+    row->controlTextDidBeginEditing();
+    return editable_;
+}
+
+void SlotField::closeEditor() {
+    auto* const editor = editor_.data();
+    if (editor == nullptr) {
+        return;
+    }
+    text_ = editor->text();
+    editor_ = nullptr;  // from here on, losing the focus does not end the editing once more
+    if (editor->hasFocus()) {
+        setFocus(editor->focusReason());
+    }
+    editor->close();
+    update();
+}
+
+void SlotField::abortEditing() {
+    if (auto* const editor = editor_.data(); editor != nullptr) {
+        editor_ = nullptr;
+        editor->close();
+    }
+    editable_ = false;
+}
+
+void SlotField::endEditing() {
+    if (editor_ == nullptr) {
+        return;
+    }
+    closeEditor();
+    if (auto* const row = controller(); row != nullptr) {
+        row->controlTextDidEndEditing();
+    } else {
+        editable_ = false;
+    }
+}
+
+void SlotField::commit() {
+    auto* const row = controller();
+    if (row == nullptr) {
+        return;
+    }
+    const auto typed = text_.trimmed();
+    row->setCustomImportName(typed.isEmpty() ? std::nullopt : std::optional(typed));
+    if (row->isExport() || row->occupied()) {  // a loop that went away meanwhile leaves an empty row
+        setText(typed.isEmpty() ? row->defaultName() : typed);
+    }
+}
+
+void SlotField::startRenaming() {
+    auto* const row = controller();
+    if (row == nullptr || row->isExport()) {
+        return;
+    }
+    if (!isEnabled() || !row->selected()) {
+        if (!row->occupied()) {
+            return;
+        }
+        if (!row->selected()) {
+            row->button()->click();
+        }
+    }
+    setEditable(true);
+}
+
+QRect SlotField::focusRingRect() const {
+    const auto* const row = controller();
+    if (row == nullptr || row->background() == nullptr) {
+        return rect();
+    }
+    return row->background()->geometry().translated(-pos());
+}
+
+void SlotField::paintEvent(QPaintEvent* /*event*/) {
+    if (editor_ != nullptr) {
+        return;
+    }
+    QPainter painter(this);
+    const auto font = styledFont_.value_or(textFont());
+    painter.setFont(font);
+    painter.setPen(textColour_);
+    const auto shown = QFontMetricsF(font).elidedText(text_, Qt::ElideRight, width());
+    painter.drawText(QPointF(0, SlotFieldEditorLayoutManager::baseline), shown);
+}
+
+void SlotField::mousePressEvent(QMouseEvent* event) {
+    event->setAccepted(event->button() == Qt::LeftButton);
+}
+
+void SlotField::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+        startRenaming();
+    }
+}
+
+void SlotField::keyPressEvent(QKeyEvent* event) {
+    const auto key = event->key();
+    const bool starts = key == Qt::Key_F2 || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!starts) {
+        QWidget::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        startRenaming();
+    }
+}
+
+void SlotField::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (editor_ != nullptr) {
+        editor_->setGeometry(rect());
+    }
+}
+
+}  // namespace kzq

@@ -1,0 +1,111 @@
+#include "slots/slot_view.h"
+
+#include <QDragEnterEvent>
+#include <QDragLeaveEvent>
+#include <QDragMoveEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "slots/slot.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr std::array<std::string_view, 8> audioExtensions = {"wav", "aif", "aiff", "mp3",
+                                                             "m4a", "aac", "ac3",  "flac"};
+
+bool isAudioFile(const QUrl& url) {
+    const auto name = url.fileName(QUrl::FullyDecoded);
+    const auto dot = name.lastIndexOf(QLatin1Char('.'));
+    if (!url.isLocalFile() || dot <= 0) {
+        return false;
+    }
+    const auto extension = name.mid(dot + 1).toLower().toStdString();
+    return std::find(audioExtensions.begin(), audioExtensions.end(), extension) != audioExtensions.end();
+}
+
+}  // namespace
+
+SlotView::SlotView(QWidget* parent) : QWidget(parent) {}
+
+Slot* SlotView::controller() const {
+    return controller_;
+}
+
+void SlotView::setController(Slot* controller) {
+    controller_ = controller;
+}
+
+bool SlotView::prepareForDragOperation() const {
+    return controller_ != nullptr && controller_->context() == Slot::exportContext;
+}
+
+Qt::DropAction SlotView::draggingEntered(const QDropEvent& drag) {
+    const auto urls = drag.mimeData()->urls();
+    const bool taken = prepareForDragOperation() && !urls.isEmpty() && isAudioFile(urls.first()) &&
+                       drag.possibleActions().testFlag(Qt::CopyAction);
+    return taken ? Qt::CopyAction : Qt::IgnoreAction;
+}
+
+void SlotView::draggingExited() {
+    setDropHovering(false);
+}
+
+bool SlotView::performDragOperation(const QDropEvent& drop) {
+    const auto* const source = qobject_cast<QWidget*>(drop.source());
+    if (source != nullptr && (source == this || isAncestorOf(source))) {
+        return false;
+    }
+    const auto urls = drop.mimeData()->urls();
+    if (!prepareForDragOperation() || urls.isEmpty()) {
+        return false;
+    }
+    if (auto* const delegate = controller_->delegate(); delegate != nullptr) {
+        delegate->slotReceivedDroppedURLs(*controller_, urls);
+    }
+    return true;
+}
+
+void SlotView::dragOver(QDropEvent& event) {
+    const auto action = draggingEntered(event);
+    setDropHovering(action == Qt::CopyAction);
+    event.setDropAction(action);
+    event.setAccepted(action == Qt::CopyAction);
+}
+
+void SlotView::drop(QDropEvent& event) {
+    setDropHovering(false);
+    const bool taken = event.possibleActions().testFlag(Qt::CopyAction) && performDragOperation(event);
+    event.setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
+    event.setAccepted(taken);
+}
+
+void SlotView::setDropHovering(bool hovering) {
+    dropHovering_ = hovering;
+    if (controller_ != nullptr && controller_->background() != nullptr) {
+        controller_->background()->update();
+    }
+}
+
+void SlotView::dragEnterEvent(QDragEnterEvent* event) {
+    dragOver(*event);
+}
+
+void SlotView::dragMoveEvent(QDragMoveEvent* event) {
+    dragOver(*event);
+}
+
+void SlotView::dragLeaveEvent(QDragLeaveEvent* event) {
+    draggingExited();
+    event->accept();
+}
+
+void SlotView::dropEvent(QDropEvent* event) {
+    drop(*event);
+}
+
+}  // namespace kzq
