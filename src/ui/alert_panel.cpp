@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <algorithm>
+#include <vector>
 
 #include "ui/alert_button.h"
 #include "ui/background.h"
@@ -23,44 +24,45 @@ constexpr int buttonsRight = 24;
 constexpr int buttonsGap = 12;
 constexpr int foot = 20;
 
-QLabel* textLabel(const QString& text, int pixels, int line, QWidget* parent) {
+}  // namespace
+
+struct AlertPanel::TextStyle {
+    int pixels;
+    int line;
+    QColor color;
+};
+
+int AlertPanel::addText(const std::string& text, int top, const TextStyle& style) {
+    const auto plain = QString::fromStdString(text);
     // rich text, as a plain label can't be told its line height
     const auto html = QString("<div style=\"line-height:%1px\">%2</div>")
-                          .arg(line)
-                          .arg(text.toHtmlEscaped().replace('\n', "<br>"));
-    auto* label = new QLabel(html, parent);
+                          .arg(style.line)
+                          .arg(plain.toHtmlEscaped().replace('\n', "<br>"));
+    auto* label = new QLabel(html, this);
     label->setTextFormat(Qt::RichText);
-    label->setFont(textFont(pixels));
+    label->setFont(textFont(style.pixels));
     label->setWordWrap(true);
-    label->setAccessibleName(text);
+    label->setAccessibleName(plain);
     auto colors = label->palette();
-    colors.setColor(QPalette::WindowText, KZQWhite());
+    colors.setColor(QPalette::WindowText, style.color);
     label->setPalette(colors);
-    return label;
+    label->setGeometry(textLeft, top, textWidth, label->heightForWidth(textWidth));
+    return label->geometry().bottom() + 1;
 }
-
-}  // namespace
 
 AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       mark_(alert.destroys ? "Alert_question" : "Alert_notice"),
       answer_(alertFirstButton + static_cast<int>(alert.buttons.size()) - 1) {
     setWindowTitle("7306 Loop Manager");
-    auto bottom = addText(alert.headline, markFrame.top(), 15, 20);
+    auto bottom = addText(alert.headline, markFrame.top(), {15, 20, KZQWhite()});
     if (!alert.finePrint.empty()) {
-        bottom = addText(alert.finePrint, bottom, 13, 16);
+        bottom = addText(alert.finePrint, bottom, {13, 16, KZQGray()});
     }
     addButtons(alert, std::max(bottom + 24, markFrame.bottom() + 1 + 20));
 }
 
-int AlertPanel::addText(const std::string& text, int top, int pixels, int line) {
-    auto* label = textLabel(QString::fromStdString(text), pixels, line, this);
-    label->setGeometry(textLeft, top, textWidth, label->heightForWidth(textWidth));
-    return label->geometry().bottom() + 1;
-}
-
 void AlertPanel::addButtons(const Alert& alert, int top) {
-    AlertButton* first = nullptr;
     std::vector<AlertButton*> shown;
     for (auto number = alertFirstButton; const auto& [title, visible] : alert.buttons) {
         auto* button = new AlertButton(this);
@@ -79,19 +81,17 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
         }
     }
     auto right = panelWidth - buttonsRight;
-    auto height = top;
-    for (auto i = shown.size(); i-- > 0;) {
-        const auto size = shown[i]->sizeHint();
-        shown[i]->setGeometry(right - size.width(), top, size.width(), size.height());
+    for (auto button = shown.rbegin(); button != shown.rend(); ++button) {
+        const auto size = (*button)->sizeHint();
+        (*button)->setGeometry(right - size.width(), top, size.width(), size.height());
         right -= size.width() + buttonsGap;
-        height = top + size.height();
-        first = shown[i];
     }
-    setFixedSize(panelWidth, height + foot);
+    const auto height = shown.empty() ? 0 : shown.front()->height();
+    setFixedSize(panelWidth, top + height + foot);
     auto* ring = new FocusRing(this);
-    if (first != nullptr) {
-        first->setFocus();
-        ring->mark(first);
+    if (!shown.empty()) {
+        shown.front()->setFocus();
+        ring->mark(shown.front());
     }
 }
 

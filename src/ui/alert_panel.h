@@ -22,7 +22,9 @@ class AlertPanel : public QDialog {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    int addText(const std::string& text, int top, int pixels, int line);
+    struct TextStyle;
+
+    int addText(const std::string& text, int top, const TextStyle& style);
     void addButtons(const Alert& alert, int top);
 
     QString mark_;

@@ -61,8 +61,8 @@ void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& fa
     if (face.lipHeight > 0) {
         painter.setBrush(face.lip);
         painter.drawRoundedRect(bounds.adjusted(0, bounds.height() / 2, 0, 0), radius, radius);
-        upper.translate(0, fullLip - face.lipHeight);
     }
+    upper.translate(0, face.lipHeight > 0 ? fullLip - face.lipHeight : fullLip / 2);
     QLinearGradient light(upper.topLeft(), upper.bottomLeft());
     light.setColorAt(0, face.top);
     light.setColorAt(1, face.foot);

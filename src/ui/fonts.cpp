@@ -12,17 +12,23 @@ namespace kzq {
 namespace {
 
 constexpr auto folder = ":/fonts";
+constexpr auto family = "Fira Sans";
 
-QFont::Weight weightOf(FiraWeight weight) {
+struct Style {
+    QFont::Weight weight;
+    const char* name;
+};
+
+Style styleOf(FiraWeight weight) {
     switch (weight) {
         case FiraWeight::light:
-            return QFont::Light;
+            return {QFont::Light, "Light"};
         case FiraWeight::regular:
-            return QFont::Normal;
+            break;
         case FiraWeight::medium:
-            return QFont::Medium;
+            return {QFont::Medium, "Medium"};
     }
-    return QFont::Normal;
+    return {QFont::Normal, "Regular"};
 }
 
 }  // namespace
@@ -41,11 +47,13 @@ void registerFonts() {
 
 std::optional<QFont> firaSans(FiraWeight weight, int pixels) {
     registerFonts();
-    QFont font("Fira Sans");
+    const auto [value, name] = styleOf(weight);
+    QFont font(family);
     font.setPixelSize(pixels);
-    font.setWeight(weightOf(weight));
+    font.setWeight(value);
+    // the weight found is no sign, as it repeats what was asked for
     const QFontInfo found(font);
-    if (found.family() != "Fira Sans" || found.weight() != weightOf(weight)) {
+    if (found.family() != family || found.styleName() != name) {
         return std::nullopt;
     }
     return font;
