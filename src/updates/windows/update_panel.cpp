@@ -45,7 +45,8 @@ void UpdatePanel::centre() {
     const auto* under = QGuiApplication::screenAt(QCursor::pos());
     const auto* const screen = under != nullptr ? under : QGuiApplication::primaryScreen();
     if (screen != nullptr) {
-        move(screen->availableGeometry().center() - rect().center());
+        const auto size = frameGeometry().size();
+        move(screen->availableGeometry().center() - QPoint(size.width() / 2, size.height() / 2));
     }
 }
 

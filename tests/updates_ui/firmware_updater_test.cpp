@@ -1,0 +1,121 @@
+#include "updates/windows/firmware_updater.h"
+
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "controls.h"
+#include "shelf.h"
+#include "updates/digest.h"
+#include "updates/windows/notes_scroll_bar.h"
+#include "updates/windows/notes_view.h"
+
+using namespace kzq;
+using namespace kzq::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct FirmwareUpdaterTest : testing::Test, FirmwareUpdaterDelegate {
+    FirmwareUpdaterTest() {
+        shelf.resources["https://maker/image"] = image;
+        offer({"One <img src='file:///x'> & more", "Two"});
+        updater = FirmwareUpdater::updater(
+            {executor, shelf, [] { return false; }, [] { return std::optional<std::string>("1.05"); },
+             "0.1.0", home.path().toStdString(), "https://maker/_.json", nullptr, nullptr});
+        updater->setDelegate(this);
+    }
+    ~FirmwareUpdaterTest() override { executor.endJobs(); }
+
+    void installFirmware() override { ++installations; }
+    void offer(const std::vector<std::string>& changes) {
+        const auto hash = MD5String({reinterpret_cast<const std::uint8_t*>(image.data()), image.size()});
+        std::string list;
+        for (const auto& change : changes) {
+            list += (list.empty() ? "\"" : ",\"") + change + "\"";
+        }
+        shelf.resources["https://maker/_.json"] = R"([{"name":"image","hash":")" + hash.value_or("") +
+                                                  R"(","size":)" + std::to_string(image.size()) +
+                                                  R"(,"version":"1.06","changes":[)" + list + "]}]";
+    }
+
+    const std::string image = "firmware";
+    QTemporaryDir home;
+    VirtualExecutor executor;
+    Shelf shelf{executor};
+    std::unique_ptr<FirmwareUpdater> updater;
+    int installations = 0;
+};
+
+}  // namespace
+
+TEST_F(FirmwareUpdaterTest, ShowsTheOfferAsTextAndPassesTheAnswerOn) {
+    executor.advance(14s);
+    EXPECT_FALSE(updater->updates()->busy());
+    executor.advance(10s);
+    ASSERT_TRUE(updater->update());
+    EXPECT_EQ(updater->blurb().text(),
+              u"KZQ7306 1.6 is now available\u2014you have 1.5. Would you like to install it now?");
+    EXPECT_EQ(updater->notes().toPlainText(), u"\u2022\tOne <img src='file:///x'> & more\n\u2022\tTwo");
+    EXPECT_FALSE(updater->window().isVisible()) << "only the user opens it";
+
+    updater->showWindow();
+    EXPECT_TRUE(updater->window().isVisible());
+    EXPECT_TRUE(updater->window().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    expectNamedControls(updater->window());
+    for (auto* const target : {&updater->window(), static_cast<QWidget*>(&updater->notes()),
+                               updater->window().findChild<QWidget*>("button")}) {
+        QTest::keyClick(target, Qt::Key_Return);
+    }
+    QTest::mouseClick(updater->window().findChild<QWidget*>("button"), Qt::LeftButton);
+    EXPECT_EQ(installations, 4) << "wherever the focus is";
+    updater->setDelegate(nullptr);
+    updater->install();
+    EXPECT_TRUE(updater->window().isVisible()) << "who installs closes it";
+    QTest::keyClick(&updater->notes(), Qt::Key_Escape);
+    EXPECT_FALSE(updater->window().isVisible());
+    EXPECT_EQ(installations, 4);
+}
+
+TEST_F(FirmwareUpdaterTest, AFlashClearsTheOfferFromItsOwnThreadAndMayOutliveTheWindow) {
+    executor.advance(20s);
+    ASSERT_TRUE(updater->update());
+    executor.background(Priority::standard, [this, updates = updater->updates()] {
+        executor.sleep(1s);
+        updates->clearUpdate();
+        updates->check();
+        executor.sleep(5s);
+        updates->refresh();
+    });
+    executor.advance(1s);
+    EXPECT_FALSE(updater->update());
+    updater.reset();
+    executor.advance(1min);
+}
+
+TEST_F(FirmwareUpdaterTest, AHandleAppearsForLongNotesAndACheckDoesNotScrollThem) {
+    updater->showWindow();
+    auto* const bar = dynamic_cast<NotesScrollBar*>(updater->notes().verticalScrollBar());
+    ASSERT_NE(bar, nullptr);
+    executor.advance(20s);
+    EXPECT_TRUE(bar->handle().isEmpty());
+    offer(
+        std::vector<std::string>(30, "Wider than the window, so that this line is broken into two of them"));
+    executor.advance(15s);
+    EXPECT_EQ(bar->handle().width(), 6);
+
+    const auto grip = bar->handle().center();
+    QTest::mousePress(bar, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(bar, grip + QPoint(0, 30));
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, grip + QPoint(0, 30));
+    EXPECT_LE((bar->handle().center() - grip - QPoint(0, 30)).manhattanLength(), 1);
+    const int dragged = bar->value();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(7, bar->height() - 10));
+    EXPECT_EQ(bar->value(), dragged + bar->pageStep());
+
+    executor.advance(15s);
+    EXPECT_EQ(bar->value(), dragged + bar->pageStep());
+    offer({"Short"});
+    executor.advance(15s);
+    EXPECT_EQ(bar->value(), 0);
+}

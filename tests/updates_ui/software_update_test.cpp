@@ -1,0 +1,184 @@
+#include "updates/windows/software_update.h"
+
+#include <sodium.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "controls.h"
+#include "shelf.h"
+#include "updates/windows/lamp_bar.h"
+
+using namespace kzq;
+using namespace kzq::test;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct SoftwareUpdateTest : testing::Test {
+    SoftwareUpdateTest() {
+        crypto_sign_keypair(key.data(), secret.data());
+        QFile file(folder.filePath("loops.AppImage"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        shelf.resources["https://maker/new.AppImage"] = package;
+        publish("0.2");
+        start({"0.1.0", {key}, false, "https://maker/"});
+    }
+    ~SoftwareUpdateTest() override { executor.endJobs(); }
+
+    void publish(const std::string& version) {
+        UpdateSignature signature{};
+        crypto_sign_detached(signature.data(), nullptr, reinterpret_cast<const std::uint8_t*>(package.data()),
+                             package.size(), secret.data());
+        const auto text = QByteArray(reinterpret_cast<const char*>(signature.data()), 64).toBase64();
+        shelf.resources["https://maker/feed"] =
+            "<rss><channel><item><description>&lt;ul&gt;&lt;li&gt;New&lt;/ul&gt;</description><enclosure "
+            "version=\"" +
+            version + "\" url=\"https://maker/new.AppImage\" length=\"" + std::to_string(package.size()) +
+            "\" edSignature=\"" + text.toStdString() + "\"/></item></channel></rss>";
+    }
+    void start(UpdateBuild build) {
+        const UpdateDesktop desktop = {[](const std::filesystem::path&) { return true; },
+                                       [this](const std::string& url) { return note(url); },
+                                       [this](const std::filesystem::path&) { return note("relaunch"); }};
+        const std::filesystem::path home = folder.path().toStdString();
+        updater =
+            std::make_shared<SUUpdater>(UpdaterEnvironment{executor,
+                                                           shelf,
+                                                           desktop,
+                                                           std::move(build),
+                                                           {PackageKind::appImage, home / "loops.AppImage"},
+                                                           home});
+        updater->setFeedURL("https://maker/feed");
+        update = SoftwareUpdate::softwareUpdate({updater, "0.1.0", [this] { return busy; }});
+    }
+    bool note(const std::string& event) {
+        events.push_back(event);
+        return true;
+    }
+    QWidget& window() { return update->window(); }
+    QString headline() { return control<QLabel>(window(), "headline").text(); }
+    QString detail() { return control<QLabel>(window(), "detail").text(); }
+    /// The words of the buttons that are shown.
+    QStringList buttons() {
+        QStringList words;
+        for (const auto* name : {"acceptButton", "cancelButton"}) {
+            auto& button = control<QAbstractButton>(window(), name);
+            words += button.isVisibleTo(&window()) ? QStringList(button.text()) : QStringList();
+        }
+        return words;
+    }
+    void check() {
+        update->checkForUpdates();
+        executor.advance(10s);
+        expectNamedControls(window());
+    }
+
+    const std::string package = std::string(2'000'000, 'n');
+    std::array<std::uint8_t, 64> secret{};
+    UpdateKey key{};
+    QTemporaryDir folder;
+    VirtualExecutor executor;
+    Shelf shelf{executor};
+    bool busy = false;
+    std::vector<std::string> events;
+    std::shared_ptr<SUUpdater> updater;
+    std::unique_ptr<SoftwareUpdate> update;
+};
+
+}  // namespace
+
+TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
+    EXPECT_FALSE(window().isVisible());
+    update->checkForUpdates();
+    EXPECT_TRUE(window().isVisible()) << "the user sees that the question was heard";
+    EXPECT_EQ(buttons(), QStringList{"Cancel"});
+    executor.advance(10s);
+    EXPECT_EQ(
+        headline(),
+        u"7306 Loop Manager 0.2 is now available\u2014you have 0.1.0. Would you like to install it now?");
+    EXPECT_EQ(control<QTextEdit>(window(), "notes").toPlainText(), u"\u2022\tNew");
+    EXPECT_EQ(buttons(), (QStringList{"Install", "Later"}));
+    expectNamedControls(window());
+    const int offerHeight = window().height();
+
+    QTest::keyClick(&window(), Qt::Key_Return);
+    executor.advance(1s);
+    EXPECT_EQ(detail(), u"1MB of 2MB \u2013 50%");
+    EXPECT_EQ(control<LampBar>(window(), "bar").doubleValue(), 0.5);
+    EXPECT_EQ(buttons(), QStringList{"Cancel"});
+    EXPECT_LT(window().height(), offerHeight);
+    expectNamedControls(window());
+    executor.advance(10s);
+    EXPECT_EQ(buttons(), (QStringList{"Restart", "Later"})) << headline().toStdString();
+    EXPECT_TRUE(control<QWidget>(window(), "bar").isHidden());
+
+    busy = true;
+    QTest::keyClick(&window(), Qt::Key_Return);
+    EXPECT_NE(detail(), QString()) << "a pedal at work is not left alone";
+    EXPECT_TRUE(events.empty());
+    QTest::keyClick(&window(), Qt::Key_Escape);
+    EXPECT_FALSE(window().isVisible());
+    busy = false;
+    check();
+    EXPECT_EQ(buttons(), (QStringList{"Restart", "Later"})) << "what is ready stays ready";
+    update->accept();
+    EXPECT_EQ(events, std::vector<std::string>{"relaunch"});
+}
+
+TEST_F(SoftwareUpdateTest, AnswersACheckWithoutAnUpdate) {
+    publish("0.1");
+    check();
+    EXPECT_EQ(headline(), u"You're up to date!");
+    EXPECT_EQ(detail(), u"7306 Loop Manager 0.1.0 is the newest version available.");
+    EXPECT_EQ(buttons(), QStringList{"OK"});
+    QTest::keyClick(&window(), Qt::Key_Return);
+    EXPECT_FALSE(window().isVisible());
+    EXPECT_EQ(updater->status().state, UpdateState::idle);
+
+    shelf.resources.clear();
+    check();
+    EXPECT_EQ(buttons(), QStringList{"OK"});
+    EXPECT_NE(detail(), QString()) << "why not";
+    publish("0.2");
+    check();
+    EXPECT_EQ(buttons(), (QStringList{"Install", "Later"})) << "a failure is not the last word";
+}
+
+TEST_F(SoftwareUpdateTest, IsGivenUpByEveryRoadOutOfTheWindow) {
+    const std::function<void()> roads[] = {
+        [this] { QTest::keyClick(&window(), Qt::Key_Escape); },
+        [this] { QTest::mouseClick(&control<QAbstractButton>(window(), "cancelButton"), Qt::LeftButton); },
+        [this] { window().close(); }};
+    for (const auto& leave : roads) {
+        check();
+        leave();
+        EXPECT_EQ(updater->status().state, UpdateState::idle);
+        EXPECT_FALSE(window().isVisible());
+        check();
+        update->accept();
+        executor.advance(1s);
+        ASSERT_EQ(updater->status().state, UpdateState::downloading);
+        leave();
+        executor.advance(1min);
+        EXPECT_EQ(updater->status().state, UpdateState::idle);
+        EXPECT_FALSE(window().isVisible());
+    }
+    update.reset();
+    updater->checkForUpdates();
+    executor.advance(10s);
+    EXPECT_EQ(updater->status().state, UpdateState::offered) << "without its window";
+}
+
+TEST_F(SoftwareUpdateTest, ACopyThatCannotUpdateItselfOpensTheWebSite) {
+    for (const auto& build : {UpdateBuild{"0.1.0", {}, false, "https://maker/"},
+                              UpdateBuild{"0.1.0", {key}, true, "https://maker/"}}) {
+        start(build);
+        check();
+        EXPECT_EQ(buttons(), (QStringList{"Website", "Later"}));
+        update->accept();
+        EXPECT_FALSE(window().isVisible());
+    }
+    EXPECT_EQ(events, (std::vector<std::string>{"https://maker/", "https://maker/"}));
+}
