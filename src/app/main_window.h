@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "ui/shield.h"
 #include "ui/window.h"
 
 class QLabel;
@@ -21,7 +22,6 @@ class LowerButton;
 class MassSelectionButton;
 class PictureButton;
 class PictureView;
-class Shield;
 
 /// The main window as it is laid out: its views by their names, and nothing that they do. The pictures and
 /// labels that stand where no pedal is connected come and go with the meter. Main thread.
