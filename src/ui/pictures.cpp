@@ -69,7 +69,9 @@ bool drawPicture(QPainter& painter, const QString& name, const QRectF& target) {
         return false;
     }
     const auto pixmap = rendered(name, pixels);
-    painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
+    // one pixel of the pixmap to one of the device, where the target's edges fall between pixels as well
+    const QSizeF exact(pixels.width() / scale.width(), pixels.height() / scale.height());
+    painter.drawPixmap(QRectF(target.topLeft(), exact), pixmap, QRectF(pixmap.rect()));
     return true;
 }
 

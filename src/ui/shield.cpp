@@ -1,6 +1,7 @@
 #include "ui/shield.h"
 
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -11,6 +12,11 @@ namespace kzq {
 namespace {
 
 constexpr double strongestWash = 0.4;  // the rows that turn "complete" stay readable
+
+/// Quitting stays possible, as it does by closing the window.
+bool quits(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Q && event.modifiers() == Qt::ControlModifier;
+}
 
 }  // namespace
 
@@ -45,8 +51,10 @@ bool Shield::event(QEvent* event) {
         case QEvent::TouchEnd:
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
             event->accept();
+            return true;
+        case QEvent::ShortcutOverride:  // taken: the shortcut does not act
+            event->setAccepted(!quits(*static_cast<QKeyEvent*>(event)));
             return true;
         case QEvent::DragEnter:
         case QEvent::DragMove:

@@ -6,7 +6,8 @@
 namespace kzq {
 
 /// Lies over all of its parent while the pedal works: takes the focus and lets no click, key, wheel turn or
-/// drop through. Shows, raises and focuses itself when it is made, gives the focus back when it goes.
+/// drop through; of the shortcuts, only Ctrl+Q acts. Shows, raises and focuses itself when it is made, gives
+/// the focus back when it goes.
 class Shield : public QWidget {
     Q_OBJECT
 

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QRawFont>
+#include <QShortcut>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -69,6 +70,11 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
     window.show();
     QApplication::setActiveWindow(&window);
     inner.setFocus();
+    int shortcuts = 0;
+    for (const auto* keys : {"Ctrl+A", "Ctrl+Q"}) {
+        QObject::connect(new QShortcut(QKeySequence(keys), &window), &QShortcut::activated,
+                         [&] { ++shortcuts; });
+    }
     sendEverything(window, {50, 50});
     EXPECT_EQ(inner.events, 6) << "the events do reach a view without the shield";
     inner.events = 0;
@@ -79,6 +85,10 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
         const Witness late(&window);
         sendEverything(window, {250, 150});
         EXPECT_TRUE(shield.hasFocus());
+        QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(shortcuts, 0);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Q, Qt::ControlModifier);
+        EXPECT_EQ(shortcuts, 1);
         EXPECT_EQ(inner.events + late.events + window.events, 0);
     }
     EXPECT_TRUE(inner.hasFocus());
