@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QSignalBlocker>
 
 #include "slots/slot.h"
 #include "ui/pictures.h"
@@ -19,11 +20,20 @@ QString exportPicture(bool occupied, bool staged) {
 }  // namespace
 
 SlotButton::SlotButton(QWidget* parent) : SlotDropTarget(parent) {
-    connect(this, &QAbstractButton::clicked, this, &SlotButton::sendAction);
+    // A checkbox acts by turning: assistive programs turn it without a click.
+    connect(this, &QAbstractButton::toggled, this, &SlotButton::sendAction);
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        if (!isCheckable()) {
+            sendAction();
+        }
+    });
 }
 
 void SlotButton::setState(int state) {
-    setChecked(state == 1);
+    {
+        const QSignalBlocker noAction(this);
+        setChecked(state == 1);
+    }
     resetImage();
 }
 

@@ -15,6 +15,7 @@ namespace {
 
 constexpr qreal highlightTop = 2;
 constexpr qreal highlightHeight = 12;
+constexpr qreal boundless = 1e6;
 
 /// The document's only line; an invalid one before the first layout.
 QTextLine lineOf(const QTextDocument& document) {
@@ -85,10 +86,12 @@ void SlotFieldEditorLayoutManager::documentChanged(int /*from*/, int /*removed*/
     auto* const layout = document()->firstBlock().layout();
     auto option = document()->defaultTextOption();
     option.setWrapMode(QTextOption::NoWrap);
+    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);  // the line has no right end to lean on
     layout->setTextOption(option);
     layout->beginLayout();
     auto line = layout->createLine();
     if (line.isValid()) {
+        line.setLineWidth(boundless);  // measures the line, too
         line.setPosition(QPointF(0, baseline - line.ascent()));
     }
     layout->endLayout();

@@ -1,0 +1,86 @@
+#include <QMimeData>
+
+#include "row_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using testing::ElementsAre;
+
+class Drop : public RowFixture {
+  protected:
+    /// Drags over `target` and lets go when it was accepted. Returns what the source is told.
+    Qt::DropAction drag(QWidget& target, const QList<QUrl>& urls, Qt::DropActions possible,
+                        Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter({2, 2}, possible, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(&target, &enter);
+        if (!enter.isAccepted()) {
+            return Qt::IgnoreAction;
+        }
+        QDragMoveEvent move({3, 3}, possible, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(&target, &move);
+        EXPECT_TRUE(move.isAccepted());
+        EXPECT_EQ(move.dropAction(), Qt::CopyAction);
+        QDropEvent drop({3, 3}, possible, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(&target, &drop);
+        return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+    }
+
+    static constexpr auto all = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+};
+
+QUrl file(const char* path) {
+    return QUrl::fromLocalFile(path);
+}
+
+TEST_F(Drop, AnywhereOnAnExportRowIsACopyOfTheWholeList) {
+    auto& row = exportRow(2);
+    const QList<QUrl> urls = {file("/x/a.WAV"), file("/x/notes.txt")};
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{row.view(), row.field(), row.button(), row.background()}) {
+        ASSERT_TRUE(part->acceptDrops());
+        EXPECT_EQ(drag(*part, urls, all, Qt::ShiftModifier), Qt::CopyAction);  // shift asks for a move
+        EXPECT_THAT(takeCalls(), ElementsAre("dropped export 2"));
+        EXPECT_EQ(std::exchange(dropped, {}), urls);
+    }
+}
+
+TEST_F(Drop, WhatIsNotAudioToBeCopiedOntoAnExportRowIsRefused) {
+    for (const auto* const name : {"wav", "aif", "aiff", "mp3", "m4a", "aac", "ac3", "flac"}) {
+        const auto path = std::string("/x/a.") + name;
+        EXPECT_EQ(drag(*exportRow(1).view(), {file(path.c_str())}, all), Qt::CopyAction) << name;
+        EXPECT_EQ(drag(*importRow(1).view(), {file(path.c_str())}, all), Qt::IgnoreAction) << name;
+    }
+    takeCalls();
+    auto& view = *exportRow(1).view();
+    for (const auto* const path : {"/x/a.txt", "/x/wav", "/x/.wav", "/x/a.wav.bak", "/x/a.", "/b.wav/a"}) {
+        EXPECT_EQ(drag(view, {file(path)}, all), Qt::IgnoreAction) << path;
+    }
+    EXPECT_EQ(drag(view, {}, all), Qt::IgnoreAction);
+    EXPECT_EQ(drag(view, {QUrl("https://x.example/a.wav")}, all), Qt::IgnoreAction);
+    EXPECT_EQ(drag(view, {file("/x/a.txt"), file("/x/a.wav")}, all), Qt::IgnoreAction);
+    EXPECT_EQ(drag(view, {file("/x/a.wav")}, Qt::MoveAction), Qt::IgnoreAction);
+    EXPECT_THAT(takeCalls(), ElementsAre());
+    EXPECT_FALSE(importRow(1).view()->prepareForDragOperation());
+}
+
+TEST_F(Drop, TheSignIsThereWhileAnAcceptedDragHovers) {
+    auto& row = exportRow(1);
+    QMimeData data;
+    data.setUrls({file("/x/a.wav")});
+    const auto resting = row.background()->grab().toImage();
+    QDragEnterEvent enter({2, 2}, all, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(row.field(), &enter);
+    EXPECT_TRUE(row.view()->dropHovering());
+    EXPECT_NE(row.background()->grab().toImage(), resting);
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(row.field(), &leave);
+    EXPECT_EQ(row.background()->grab().toImage(), resting);
+    drag(*row.view(), data.urls(), all);
+    EXPECT_FALSE(row.view()->dropHovering());
+}
+
+}  // namespace
+}  // namespace kzq::test

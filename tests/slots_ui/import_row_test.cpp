@@ -1,0 +1,120 @@
+#include <QAccessible>
+#include <QFontDatabase>
+
+#include "row_fixture.h"
+#include "ui/fonts.h"
+#include "ui/palette.h"
+
+namespace kzq::test {
+namespace {
+
+using testing::ElementsAre;
+
+class ImportRow : public RowFixture {
+  protected:
+    static void expectLook(const Slot& row, const char* text, const char* field, const char* selector,
+                           const QColor& colour) {
+        EXPECT_EQ(fieldText(row), text);
+        EXPECT_EQ(row.background()->image(), QString("Import_field_") + field);
+        EXPECT_EQ(row.button()->image(), QString("Import_Selector_") + selector);
+        EXPECT_EQ(row.field()->textColour(), colour);
+    }
+};
+
+TEST_F(ImportRow, ShowsEmptyRecordedSelectedAndRenaming) {
+    auto& row = importRow(2);
+    expectLook(row, "", "Off", "gray", restingTextColor());
+    EXPECT_FALSE(row.button()->isEnabled() || row.field()->isEnabled());
+    recorded(2);
+    expectLook(row, "Loop 2", "Off", "Off", restingTextColor());
+    EXPECT_TRUE(row.button()->isEnabled() && row.field()->isEnabled());
+    row.setSelected(true);
+    expectLook(row, "Loop 2", "On", "On", KZQWhite());
+    row.setCustomImportName("");  // an empty name is none
+    EXPECT_EQ(row.name(), "Loop 2");
+    click(*row.field());
+    expectLook(row, "Loop 2", "rename", "On", Qt::black);
+    row.endEditing();
+    expectLook(row, "Loop 2", "On", "On", KZQWhite());
+    setOccupied(row, false);
+    expectLook(row, "", "Off", "gray", restingTextColor());
+    EXPECT_FALSE(row.selected());
+    EXPECT_FALSE(row.x()->isVisible());
+}
+
+TEST_F(ImportRow, TheCheckboxTurnsByMouseAndKeysAndTellsOnceEach) {
+    auto& row = recorded(1);
+    auto* const checkbox = row.button();
+    EXPECT_EQ(checkbox->accessibleName(), "Loop 1, select");
+    auto* const told = QAccessible::queryAccessibleInterface(checkbox);
+    EXPECT_EQ(told->role(), QAccessible::CheckBox);
+    takeCalls();
+    click(*checkbox);
+    EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "on import 1"));
+    QTest::keyClick(checkbox, Qt::Key_Space);
+    EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "off import 1"));
+    QTest::keyClick(checkbox, Qt::Key_Return);
+    EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "on import 1"));
+    told->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "off import 1"));
+    click(*importRow(2).button());
+    EXPECT_THAT(takeCalls(), ElementsAre());
+}
+
+TEST_F(ImportRow, DeselectingForgetsTheTypedName) {
+    auto& row = recorded(1);
+    row.setSelected(true);
+    row.setCustomImportName("riff");
+    EXPECT_EQ(fieldText(row), "riff");
+    row.setSelected(false);
+    EXPECT_EQ(row.customImportName(), std::nullopt);
+    EXPECT_EQ(fieldText(row), "Loop 1");
+
+    click(*row.field());  // and in the middle of typing one
+    type("half a na");
+    click(*row.button());
+    EXPECT_FALSE(row.selected() || row.field()->isEditable());
+    EXPECT_EQ(row.customImportName(), std::nullopt);
+    EXPECT_EQ(row.background()->image(), "Import_field_Off");
+    row.setSelected(true);
+    row.refresh();
+    EXPECT_EQ(fieldText(row), "Loop 1");
+}
+
+TEST_F(ImportRow, ANewStateOfThePedalLeavesTheOpenEditorAlone) {
+    auto& row = recorded(1);
+    click(*row.field());
+    type("my ri");
+    row.setSelected(true);
+    row.refresh();
+    EXPECT_EQ(fieldText(row), "my ri");
+    type("");
+    row.setSelected(true);
+    EXPECT_EQ(fieldText(row), "");
+    type("my riff");
+    setOccupied(row, false);  // erased on the pedal meanwhile
+    EXPECT_EQ(fieldText(row), "my riff");
+    QTest::keyClick(&editor, Qt::Key_Return);
+    EXPECT_EQ(fieldText(row), "");
+    EXPECT_FALSE(row.button()->isEnabled());
+}
+
+TEST_F(ImportRow, WithoutItsFontTheRowIsNotStyled) {
+    QFontDatabase::removeAllApplicationFonts();
+    if (firaSans(FiraWeight::regular, 13)) {
+        GTEST_SKIP() << "this computer has the font itself";
+    }
+    auto& row = recorded(1);
+    click(*row.field());
+    EXPECT_TRUE(row.field()->isEditable());
+    EXPECT_FALSE(row.field()->styled());
+    for (const auto* const name : {"Regular", "Light", "Medium"}) {
+        QFontDatabase::addApplicationFont(QString(":/fonts/FiraSans-%1.ttf").arg(name));
+    }
+    row.sync();
+    EXPECT_TRUE(row.field()->styled());
+    EXPECT_EQ(QFontInfo(editor.font()).family(), "Fira Sans");
+}
+
+}  // namespace
+}  // namespace kzq::test

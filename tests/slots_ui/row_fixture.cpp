@@ -1,0 +1,96 @@
+#include "row_fixture.h"
+
+namespace kzq::test {
+
+namespace {
+
+constexpr std::uint8_t rows = 3;
+constexpr int pitch = 32;
+constexpr int rowWidth = 344;
+
+}  // namespace
+
+RowFixture::RowFixture() {
+    for (std::uint8_t number = 1; number <= rows; ++number) {
+        for (const auto context : {Slot::importContext, Slot::exportContext}) {
+            auto* const place = new QWidget(&window);
+            place->setGeometry(context * rowWidth, number * pitch, rowWidth, pitch);
+            auto row = Slot::slotNumber(number, context, *this, place);
+            row->setDelegate(this);
+            (context == Slot::importContext ? importSlots : exportSlots).push_back(std::move(row));
+        }
+    }
+    window.setFocusPolicy(Qt::ClickFocus);
+    window.show();
+    window.activateWindow();
+    QApplication::setActiveWindow(&window);
+}
+
+RowFixture::~RowFixture() = default;
+
+Slot& RowFixture::recorded(std::uint8_t number) {
+    auto& row = importRow(number);
+    setOccupied(row, true);
+    return row;
+}
+
+void RowFixture::setOccupied(Slot& row, bool occupied) {
+    row.setOccupied(occupied);
+    row.refresh();
+}
+
+void RowFixture::stage(Slot& row, const char* path) {
+    row.setExporting(QUrl::fromLocalFile(QString::fromUtf8(path)));
+    row.setExported(false);
+}
+
+void RowFixture::type(const QString& text) {
+    editor.selectAll();
+    editor.insertPlainText(text);
+}
+
+void RowFixture::note(const char* call, const Slot& slot) {
+    calls.push_back(std::string(call) + (slot.isExport() ? " export " : " import ") +
+                    std::to_string(slot.number()));
+}
+
+void RowFixture::checkboxStateChangedForImportSlot(Slot& slot) {
+    note(slot.selected() ? "on" : "off", slot);
+}
+
+void RowFixture::buttonClickedForExportSlot(Slot& slot) {
+    note("add", slot);
+    if (onButton) {
+        onButton(slot);
+    }
+}
+
+void RowFixture::exportAboutToBeRemoved(Slot& slot) {
+    note(slot.exporting() ? "about to remove" : "too late", slot);
+}
+
+void RowFixture::exportRemoved(Slot& slot) {
+    note(!slot.exporting() && !slot.exported() ? "removed" : "too early", slot);
+}
+
+Slot* RowFixture::slotNumber(std::uint8_t number, std::int32_t context) {
+    if (number == 0) {
+        return nullptr;
+    }
+    return number > rows ? nullptr : context == 0 ? &importRow(number) : &exportRow(number);
+}
+
+void RowFixture::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
+    note("dropped", slot);
+    dropped = urls;
+}
+
+SlotFieldEditor* RowFixture::windowWillReturnFieldEditor(QWidget* of, QObject* object) {
+    return of == &window && qobject_cast<SlotField*>(object) != nullptr ? &editor : nullptr;
+}
+
+std::string fieldText(const Slot& row) {
+    return row.field()->text().toStdString();
+}
+
+}  // namespace kzq::test

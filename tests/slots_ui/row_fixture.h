@@ -1,0 +1,67 @@
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QTest>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "slots/slot.h"
+#include "slots/slot_field_editor.h"
+#include "ui/application_controller.h"
+
+namespace kzq::test {
+
+/// Two lists of three rows in a window, with a controller that writes down what it is told.
+class RowFixture : public testing::Test, public SlotDelegate, public ApplicationController {
+  protected:
+    RowFixture();
+    ~RowFixture() override;
+
+    Slot& importRow(std::uint8_t number) { return *importSlots[number - 1U]; }
+    Slot& exportRow(std::uint8_t number) { return *exportSlots[number - 1U]; }
+    /// An import row whose loop is on the pedal.
+    Slot& recorded(std::uint8_t number);
+    static void setOccupied(Slot& row, bool occupied);
+    static void stage(Slot& row, const char* path);
+    static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+    /// Replaces what the open editor holds.
+    void type(const QString& text);
+    std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
+
+    std::vector<std::unique_ptr<Slot>> importSlots;
+    std::vector<std::unique_ptr<Slot>> exportSlots;
+    SlotFieldEditor editor;
+    QWidget window;
+    std::vector<std::string> calls;
+    QList<QUrl> dropped;
+    std::function<void(Slot&)> onButton;
+
+  private:
+    void note(const char* call, const Slot& slot);
+
+    void checkboxStateChangedForImportSlot(Slot& slot) override;
+    void buttonClickedForExportSlot(Slot& slot) override;
+    void nameEditingBeganForSlot(Slot& slot) override { note("began", slot); }
+    void nameEditingEndedForSlot(Slot& slot) override { note("ended", slot); }
+    void exportAboutToBeRemoved(Slot& slot) override;
+    void exportRemoved(Slot& slot) override;
+    Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
+    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
+    SlotFieldEditor* windowWillReturnFieldEditor(QWidget* of, QObject* object) override;
+
+    void openMainWindow() override {}
+    void closeMenu() override { calls.emplace_back("closeMenu"); }
+    void openAbout() override {}
+    void checkForSoftwareUpdates() override {}
+    void openFirmwareUpdater() override {}
+    void installFirmware() override {}
+    void installFirmware(const std::filesystem::path& /*image*/) override {}
+    void goToWebsite() override {}
+};
+
+std::string fieldText(const Slot& row);
+
+}  // namespace kzq::test
