@@ -109,6 +109,9 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     EXPECT_EQ(control<LampBar>(window(), "bar").doubleValue(), 0.5);
     EXPECT_EQ(buttons(), QStringList{"Cancel"});
     EXPECT_LT(window().height(), offerHeight);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Return);
+    QTest::keyClick(window().focusWidget(), Qt::Key_Space);
+    EXPECT_EQ(buttons(), QStringList{"Cancel"}) << "a key too many cancels nothing";
     expectNamedControls(window());
     executor.advance(10s);
     EXPECT_EQ(buttons(), (QStringList{"Restart", "Later"})) << headline().toStdString();

@@ -15,7 +15,8 @@ namespace kzq {
 namespace {
 
 constexpr double lineHeight = 22;
-constexpr double indent = 15;  ///< from a bullet to its text
+constexpr double indent = 15;     ///< from a bullet to its text
+constexpr int bulletPixels = 15;  ///< the font's own bullet is hardly seen at 13
 constexpr int radius = 6;
 constexpr int rim = 2;
 constexpr QMargins inset(17, 10, 20 - NotesScrollBar::barWidth, 10 + rim);
@@ -39,8 +40,9 @@ QTextBlockFormat formatOf(bool listed) {
     return format;
 }
 
-QTextCharFormat inkOf(const QColor& color) {
+QTextCharFormat inkOf(const QColor& color, int pixels = 13) {
     QTextCharFormat format;
+    format.setFont(textFont(pixels));
     format.setForeground(color);
     return format;
 }
@@ -93,7 +95,7 @@ void NotesView::appendLine(const QString& line) {
     }
     cursor.setBlockFormat(formatOf(listed));
     if (listed) {
-        cursor.insertText(bullet, inkOf(KZQYellow()));
+        cursor.insertText(bullet, inkOf(KZQYellow(), bulletPixels));
     }
     cursor.insertText(listed ? line.sliced(bullet.size()) : line, inkOf(creamColor()));
 }

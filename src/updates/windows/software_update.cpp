@@ -12,9 +12,7 @@ namespace kzq {
 namespace {
 
 constexpr int windowWidth = 448;
-constexpr int edge = 24;          ///< to the right of the buttons, and to the left of everything
 constexpr int foot = 16;          ///< under the buttons
-constexpr int gap = 12;           ///< between the buttons
 constexpr int spaceAbove = 20;    ///< over the buttons
 constexpr int detailSpacing = 4;  ///< under the headline
 constexpr int contentTop = 88;    ///< of notes and bar
@@ -114,7 +112,8 @@ void SoftwareUpdate::arrange(const SoftwareUpdateView& view) {
     window_->setDefaultButton(view.accept.isEmpty() ? nullptr : acceptButton_);
 }
 
-/// The window is as high as what it shows.
+/// The window is as high as what it shows. Each button keeps its column: the second click of a double click
+/// on "Install" must not hit "Cancel", and a click on "Cancel" that comes late must not install.
 void SoftwareUpdate::place(const SoftwareUpdateView& view) {
     headline_->resize(headline_->width(), headline_->heightForWidth(headline_->width()));
     detail_->resize(detail_->width(), detail_->heightForWidth(detail_->width()));
@@ -128,13 +127,8 @@ void SoftwareUpdate::place(const SoftwareUpdateView& view) {
         bottom += notes_->height();
     }
     const int top = bottom + spaceAbove;
-    int right = windowWidth - edge;
-    for (auto* const button : {acceptButton_, cancelButton_}) {
-        if (!button->text().isEmpty()) {
-            button->move(right - button->width(), top);
-            right -= button->width() + gap;
-        }
-    }
+    acceptButton_->move(acceptButton_->x(), top);
+    cancelButton_->move(cancelButton_->x(), top);
     window_->setFixedSize(windowWidth, top + acceptButton_->height() + foot);
 }
 

@@ -60,6 +60,16 @@ SoftwareUpdateView atWork(const UpdateStatus& status) {
     return view;
 }
 
+/// The reason as a sentence.
+QString sentence(const std::string& reason) {
+    auto text = QString::fromStdString(reason).trimmed();
+    if (!text.isEmpty()) {
+        text[0] = text[0].toUpper();
+        text += u'.';
+    }
+    return text;
+}
+
 /// The states that only tell something.
 SoftwareUpdateView notice(const QString& headline, const QString& detail) {
     SoftwareUpdateView view;
@@ -72,7 +82,7 @@ SoftwareUpdateView notice(const QString& headline, const QString& detail) {
 SoftwareUpdateView ready(const UpdateStatus& status) {
     SoftwareUpdateView view;
     view.headline = nameOf(status.version) + u" is installed. Would you like to start it now?"_s;
-    view.detail = QString::fromStdString(status.reason);
+    view.detail = sentence(status.reason);
     view.accept = u"Restart"_s;
     view.cancel = u"Later"_s;
     view.cream = true;
@@ -103,7 +113,7 @@ SoftwareUpdateView softwareUpdateView(const UpdateStatus& status, const std::str
             return notice(u"The package installer has the update."_s,
                           u"Follow its questions, then quit this program and start it again."_s);
         case UpdateState::failed:
-            return notice(u"The program could not be updated."_s, QString::fromStdString(status.reason));
+            return notice(u"The program could not be updated."_s, sentence(status.reason));
         case UpdateState::idle:
             break;
     }

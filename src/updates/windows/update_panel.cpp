@@ -38,6 +38,10 @@ void UpdatePanel::focusDefault() {
     if (defaultButton_ && defaultButton_->isVisible()) {
         defaultButton_->setFocus(Qt::OtherFocusReason);
         ring_->mark(defaultButton_);
+    } else if (isVisible()) {
+        // not the next button: a key that was meant for the one before must not press it
+        setFocus(Qt::OtherFocusReason);
+        ring_->mark(nullptr);
     }
 }
 
