@@ -40,10 +40,16 @@ void nameByIdentifier(const QWidget& root) {
 MainWindow::MainWindow(QWidget* parent) : Window(parent), ui_(std::make_unique<Ui::MainWindow>()) {
     ui_->setupUi(this);
     setFixedSize(size());
+    setAutoFillBackground(true);
+    auto ground = palette();
+    ground.setColor(QPalette::Window, plateFootColor());
+    setPalette(ground);
+    ui_->menuBar->setFixedSize(ui_->menuBar->size());
     nameByIdentifier(*this);
     dressMenuBar(*ui_->menuBar);
     dress();
     dressEmptyState();
+    setRemedy({});
     showMeter(false);
     ui_->warning->hide();
     for (auto* const button : {eraseButton(), importButton(), exportButton()}) {
@@ -201,6 +207,7 @@ void MainWindow::centre() {
 
 void MainWindow::setRemedy(const QString& remedy) {
     ui_->emptyRemedy->setText(remedy);
+    ui_->emptyRemedy->setVisible(!remedy.isEmpty());
 }
 
 bool MainWindow::saysNoPedal() const {
