@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
@@ -157,7 +159,16 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
     leave(status);
 }
 
+/// Qt aborts where there is no screen; a user is told instead.
+bool hasScreen() {
+    return std::ranges::any_of(std::array{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"},
+                               [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+}
+
 int run(const ProgramOptions& options, int argc, char** argv) {
+    if (!hasScreen()) {
+        return complain(EXIT_FAILURE, "there is no screen to open a window on; kzq7306ctl works without one.");
+    }
     if (handOverToRenamedBundle({.home = homeFolder(),
                                  .program = std::filesystem::read_symlink("/proc/self/exe"),
                                  .open = openBundle})) {
