@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <algorithm>
+#include <ranges>
 #include <vector>
 
 #include "ui/alert_button.h"
@@ -81,9 +82,9 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
         }
     }
     auto right = panelWidth - buttonsRight;
-    for (auto button = shown.rbegin(); button != shown.rend(); ++button) {
-        const auto size = (*button)->sizeHint();
-        (*button)->setGeometry(right - size.width(), top, size.width(), size.height());
+    for (auto* button : std::views::reverse(shown)) {
+        const auto size = button->sizeHint();
+        button->setGeometry(right - size.width(), top, size.width(), size.height());
         right -= size.width() + buttonsGap;
     }
     const auto height = shown.empty() ? 0 : shown.front()->height();
