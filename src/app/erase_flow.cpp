@@ -1,0 +1,50 @@
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "app/app_delegate.h"
+#include "device/kzq7306.h"
+
+namespace kzq {
+
+void AppDelegate::eraseButtonClicked() {
+    if (flow_ == Flow::starting) {
+        return;
+    }
+    const auto asked = selectedImportSlots_;
+    const auto before = std::exchange(flow_, flow_ == Flow::none ? Flow::starting : flow_);
+    const auto answer = environment_.dialogs.run(
+        yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
+    if (before == Flow::none) {
+        endStart();
+    }
+    if (answer == alertFirstButton) {
+        whenIdle([this, asked] { startErase(asked); });
+    }
+}
+
+/// Only what the question was about and is still selected.
+void AppDelegate::startErase(const std::set<std::uint8_t>& asked) {
+    std::vector<std::uint8_t> numbers;
+    std::ranges::set_intersection(asked, selectedImportSlots_, std::back_inserter(numbers));
+    if (numbers.empty()) {
+        endStart();
+        return;
+    }
+    endEditing();
+    selectedImportSlots_.clear();
+    beginRun();
+    onLink([numbers, finished = onMain(&AppDelegate::finishErase)](KZQ7306& looper) {
+        // Deliberately not looked at, as in an import.
+        looper.eraseLoops(numbers, [finished](std::uint8_t /*count*/) { finished(); });
+    });
+}
+
+void AppDelegate::finishErase() {
+    if (const auto looper = KZQ7306::looper()) {
+        looper->refresh();
+    }
+    endRun();
+}
+
+}  // namespace kzq

@@ -1,0 +1,99 @@
+#include <system_error>
+#include <utility>
+
+#include "app/app_delegate.h"
+#include "app/transfer_run.h"
+#include "audio/wave.h"
+#include "device/kzq7306.h"
+
+// Files go from the computer into the pedal.
+
+namespace kzq {
+
+namespace {
+
+/// What the progress panel counts: the header is taken off a second time, so the last fraction may come out
+/// above 1.
+std::uint64_t shownTotal(const Exports& exports) {
+    std::uint64_t total = 0;
+    for (const auto& [slot, info] : exports) {
+        total += info.bytes >= waveHeaderSize ? info.bytes - waveHeaderSize : 0;
+    }
+    return total;
+}
+
+bool overwrites(const Exports& exports) {
+    return std::ranges::any_of(exports, [](const auto& entry) { return entry.second.occupied; });
+}
+
+}  // namespace
+
+void AppDelegate::exportButtonClicked() {
+    whenIdle([this] { startSoon(&AppDelegate::startExport); });
+}
+
+void AppDelegate::startExport() {
+    const auto exports = selectedExportSlots_;
+    if (exports.empty()) {
+        endStart();
+        return;
+    }
+    const auto total = shownTotal(exports);
+    if (overwrites(exports)) {
+        const auto answer = environment_.dialogs.run(yesOrNoAlertWithHeadline(
+            "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
+            "like to continue?"));
+        if (answer != alertFirstButton || !stillStaged(exports)) {
+            endStart();
+            return;
+        }
+    }
+    openProgress(total, Slot::exportContext);
+    beginRun();
+    const auto run = std::make_shared<TransferRun>(
+        environment_.executor, total, transferListener(&AppDelegate::loopSent, [exports](AppDelegate& self) {
+            self.finishExport(exports);
+        }));
+    onLink([run, exports](KZQ7306& looper) {
+        // Deliberately not looked at, as in an import.
+        looper.exportLoops(
+            exports, [run](std::uint32_t bytes, std::uint8_t /*index*/) { run->moved(bytes); },
+            [run](std::uint32_t bytes, std::uint8_t slot) {
+                run->add(bytes);
+                run->loopDone(slot);
+            },
+            [run](std::uint8_t /*count*/) { run->finished(); });
+    });
+}
+
+/// Whether the answer to a question about `asked` still holds: while the question stood, the pedal may have
+/// left, another may have come, and a loop may have been recorded where there was none.
+bool AppDelegate::stillStaged(const Exports& asked) const {
+    return std::ranges::all_of(asked, [this](const auto& entry) {
+        const auto now = selectedExportSlots_.find(entry.first);
+        return now != selectedExportSlots_.end() && now->second.source == entry.second.source &&
+               (entry.second.occupied || !now->second.occupied);
+    });
+}
+
+/// Also a loop that failed counts as done: what the pedal holds is read again at the end.
+void AppDelegate::loopSent(std::uint8_t number) {
+    if (auto* const slot = slotNumber(number, Slot::exportContext)) {
+        slot->setExported(true);
+    }
+}
+
+void AppDelegate::finishExport(const Exports& sent) {
+    closeProgress();
+    deselectAllExportSlots();
+    if (const auto looper = KZQ7306::looper()) {
+        looper->refresh();
+    }
+    endRun();
+    for (const auto& [slot, info] : sent) {
+        std::error_code ignored;
+        std::filesystem::remove(info.source, ignored);
+    }
+}
+
+}  // namespace kzq

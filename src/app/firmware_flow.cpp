@@ -1,0 +1,100 @@
+#include <system_error>
+#include <utility>
+
+#include "app/app_delegate.h"
+#include "app/main_window.h"
+#include "device/kzq7306.h"
+#include "updates/firmware_manifest.h"
+#include "updates/replace_file.h"
+
+namespace kzq {
+
+namespace {
+
+/// The whole of a file that the user chose, also through a link.
+std::optional<FirmwareImage> chosenImage(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto file = std::filesystem::canonical(path, error);
+    return error ? std::nullopt : readPlainFile(file, largestFirmware);
+}
+
+}  // namespace
+
+void AppDelegate::openFirmwareUpdater() {
+    if (!firmwareUpdater_) {
+        return;
+    }
+    const auto looper = KZQ7306::looper();
+    if (!looper || looper->disconnected()) {
+        environment_.dialogs.run(alertWithHeadline("Your 7306 device is not connected",
+                                                   "Please connect your device and try again."));
+    } else if (firmwareUpdater_->update()) {
+        firmwareUpdater_->showWindow();
+    } else {
+        environment_.dialogs.run(alertWithHeadline(
+            "You're up to date!",
+            "Version " + looper->version().value_or("") + " is the newest 7306 firmware available."));
+    }
+}
+
+void AppDelegate::installFirmware() {
+    closeMenu();
+    whenIdle([this] {
+        if (!firmwareUpdater_ || !firmwareUpdater_->update()) {
+            endStart();
+            return;
+        }
+        readImage([updates = firmwareUpdater_->updates()] { return updates->offeredImage(); });
+    });
+}
+
+void AppDelegate::installFirmware(const std::filesystem::path& image) {
+    closeMenu();
+    if (image.empty()) {
+        return;
+    }
+    whenIdle([this, image] {
+        if (!firmwareUpdater_) {
+            endStart();
+            return;
+        }
+        readImage([image] { return chosenImage(image); });
+    });
+}
+
+void AppDelegate::readImage(std::function<std::optional<FirmwareImage>()> read) {
+    environment_.executor.background(
+        Priority::high, [&executor = environment_.executor, weak = weak_from_this(), read = std::move(read)] {
+            executor.main([weak, image = read().value_or(FirmwareImage{})]() mutable {
+                const auto self = weak.lock();
+                if (self && image.empty()) {
+                    self->endStart();
+                } else if (self) {
+                    self->flash(std::move(image));
+                }
+            });
+        });
+}
+
+void AppDelegate::flash(FirmwareImage image) {
+    auto& progress = firmwareUpdater_->progress();
+    progress.begin();
+    firmwareUpdater_->close();
+    beginRun();
+    const auto completion = [updates = firmwareUpdater_->updates(), end = progress.ender(),
+                             endRun = onMain(&AppDelegate::endRun)](bool flashed) {
+        if (flashed) {
+            updates->clearUpdate();
+            end();
+        }
+        endRun();
+        updates->check();
+    };
+    onLink([image = std::move(image), completion](KZQ7306& looper) {
+        if (!looper.flashFirmware(image, completion)) {
+            completion(false);  // the pedal became busy just now
+        }
+    });
+}
+
+}  // namespace kzq

@@ -1,0 +1,105 @@
+#include <map>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "app/app_delegate.h"
+#include "app/transfer_run.h"
+#include "device/kzq7306.h"
+#include "platform/log.h"
+#include "slots/slot_field.h"
+
+// Loops go from the pedal into files.
+
+namespace kzq {
+
+namespace {
+
+/// What the callbacks of one import share. They run on the link's thread, one after the other.
+struct Import {
+    TransferRun run;
+    std::filesystem::path folder;
+    std::map<std::uint8_t, std::string> names;  ///< of the rows, as they were at the start
+    decltype(AppEnvironment::writeFile) writeFile;
+
+    void loopRead(const std::optional<std::vector<std::uint8_t>>& file, std::uint8_t slot) {
+        if (!file) {
+            return;
+        }
+        run.add(file->size());
+        const auto name = names.find(slot);
+        if (name == names.end()) {
+            return;
+        }
+        if (const auto saved = writeFile(folder, name->second, ".wav", *file); !saved) {
+            log(LogCategory::files, "loop " + std::to_string(slot) + " was not saved: " + saved.step + ": " +
+                                        std::generic_category().message(saved.error));
+        }
+        run.loopDone(slot);
+    }
+};
+
+}  // namespace
+
+void AppDelegate::importButtonClicked() {
+    whenIdle([this] {
+        endEditing();
+        const auto chosen = environment_.dialogs.chooseFolder("Save");
+        if ((chosen.answer != panelOk && chosen.answer != panelContinue) || chosen.path.empty()) {
+            endStart();
+            return;
+        }
+        startSoon([folder = chosen.path](AppDelegate& self) { self.startImport(folder); });
+    });
+}
+
+void AppDelegate::startImport(const std::filesystem::path& folder) {
+    const std::vector<std::uint8_t> numbers(selectedImportSlots_.begin(), selectedImportSlots_.end());
+    std::map<std::uint8_t, std::string> names;
+    std::uint64_t total = 0;
+    for (const auto number : numbers) {
+        const auto* const slot = slotNumber(number, Slot::importContext);
+        if (slot == nullptr) {
+            endStart();
+            return;
+        }
+        total += slot->bytes();
+        if (const auto name = slot->name()) {
+            names.emplace(number, name->toStdString());
+        }
+    }
+    if (numbers.empty()) {
+        endStart();
+        return;
+    }
+    openProgress(total, Slot::importContext);
+    beginRun();
+    const std::shared_ptr<Import> import(new Import{
+        {environment_.executor, total, transferListener(&AppDelegate::loopSaved, &AppDelegate::finishImport)},
+        folder,
+        std::move(names),
+        environment_.writeFile});
+    onLink([import, numbers](KZQ7306& looper) {
+        // Deliberately not looked at: should the pedal have become busy just now, the shield stays.
+        looper.importLoops(
+            numbers, [import](std::uint32_t bytes, std::uint8_t /*slot*/) { import->run.moved(bytes); },
+            [import](const auto& file, std::uint8_t slot) { import->loopRead(file, slot); },
+            [import](std::uint8_t /*count*/) { import->run.finished(); });
+    });
+}
+
+/// The name that was typed has been used.
+void AppDelegate::loopSaved(std::uint8_t number) {
+    if (auto* const slot = slotNumber(number, Slot::importContext)) {
+        slot->setCustomImportName(std::nullopt);
+        slot->field()->setText(slot->defaultName());
+    }
+}
+
+void AppDelegate::finishImport() {
+    closeProgress();
+    deselectAll();
+    endRun();
+}
+
+}  // namespace kzq

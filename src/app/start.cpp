@@ -1,0 +1,141 @@
+#include <utility>
+
+#include "app/app_delegate.h"
+#include "app/busy_question.h"
+#include "app/main_window.h"
+#include "device/kzq7306.h"
+#include "ui/panels/progress.h"
+
+// How operations on the pedal begin and end, whichever they are.
+
+namespace kzq {
+
+namespace {
+
+/// A healthy pedal stops before its next piece; one that has fallen silent has to be reset.
+constexpr auto firstInsistence = std::chrono::milliseconds(500);
+constexpr auto nextInsistence = std::chrono::seconds(2);
+/// A panel is given time to close before the window is covered.
+constexpr auto panelsClose = std::chrono::milliseconds(100);
+
+}  // namespace
+
+void AppDelegate::whenIdle(std::function<void()> next) {
+    if (flow_ == Flow::starting) {
+        return;
+    }
+    if (flow_ == Flow::running) {
+        sayBusy();
+        return;
+    }
+    flow_ = Flow::starting;
+    busyQuestion_->ask([weak = weak_from_this(), next = std::move(next)](bool busy) {
+        const auto self = weak.lock();
+        if (!self) {
+            return;
+        }
+        if (busy) {
+            self->sayBusy();
+            self->endStart();
+        } else {
+            next();
+        }
+    });
+}
+
+void AppDelegate::sayBusy() {
+    environment_.dialogs.run(alertWithHeadline("Device is busy. Try again later."));
+}
+
+void AppDelegate::startSoon(std::function<void(AppDelegate&)> start) {
+    environment_.executor.mainAfter(panelsClose, [weak = weak_from_this(), start = std::move(start)] {
+        if (const auto self = weak.lock()) {
+            start(*self);
+        }
+    });
+}
+
+void AppDelegate::endStart() {
+    flow_ = Flow::none;
+}
+
+void AppDelegate::beginRun() {
+    flow_ = Flow::running;
+    ++runs_;
+    window_.addShield();
+}
+
+void AppDelegate::endRun() {
+    window_.removeShield();
+    flow_ = Flow::none;
+}
+
+void AppDelegate::onLink(std::function<void(KZQ7306&)> operation) {
+    environment_.executor.background(Priority::high, [operation = std::move(operation)] {
+        if (const auto looper = KZQ7306::looper()) {
+            operation(*looper);
+        }
+    });
+}
+
+std::function<void()> AppDelegate::onMain(std::function<void(AppDelegate&)> task) {
+    return [&executor = environment_.executor, weak = weak_from_this(), task = std::move(task)] {
+        executor.main([weak, task] {
+            if (const auto self = weak.lock()) {
+                task(*self);
+            }
+        });
+    };
+}
+
+TransferRun::Listener AppDelegate::transferListener(void (AppDelegate::*loopDone)(std::uint8_t slot),
+                                                    std::function<void(AppDelegate&)> finished) {
+    const auto whileAlive = [weak = weak_from_this()](const auto& task) {
+        if (const auto self = weak.lock()) {
+            task(*self);
+        }
+    };
+    return {[whileAlive](double fraction) { whileAlive([=](auto& self) { self.setPercent(fraction); }); },
+            [whileAlive, loopDone](std::uint8_t slot) {
+                whileAlive([=](auto& self) { (self.*loopDone)(slot); });
+            },
+            [whileAlive, finished = std::move(finished)] { whileAlive(finished); }};
+}
+
+void AppDelegate::setPercent(double fraction) {
+    if (progress_) {
+        progress_->setPercent(fraction);
+    }
+}
+
+void AppDelegate::closeProgress() {
+    setPercent(1.0);
+    if (progress_) {
+        progress_->close();
+    }
+}
+
+void AppDelegate::cancelTransfer() {
+    if (const auto looper = KZQ7306::looper()) {
+        looper->cancelTransfer();
+    }
+    insistOnCancel(firstInsistence, runs_);
+}
+
+/// Until the run is over: a pedal that is silent is reset, and a cancel that came just before the link began
+/// the transfer is told again.
+void AppDelegate::insistOnCancel(Executor::Duration delay, std::uint64_t run) {
+    environment_.executor.mainAfter(delay, [weak = weak_from_this(), run] {
+        const auto self = weak.lock();
+        if (!self || self->flow_ != Flow::running || self->runs_ != run) {
+            return;
+        }
+        self->onLink([](KZQ7306& looper) {
+            looper.cancelTransfer();
+            looper.interrupt();
+        });
+        self->insistOnCancel(nextInsistence, run);
+    });
+}
+
+}  // namespace kzq
