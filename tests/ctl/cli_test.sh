@@ -92,26 +92,28 @@ expect 3 "--simulate=$pedal" export "$pedal/Loop 1.wav" --fault unplug@out:9
 expect 0 convert "$pedal/Loop 1.wav" --to "$to/-out.wav"
 cmp "$pedal/Loop 1.wav" "$to/-out.wav" || fail "convert changed what was right already"
 expect 6 convert "$pedal/Loop 2.wav" --to "$to/-out.wav"
+# answered ANSWER COMMAND...: with a "y" typed ahead; answers once it is asked
+answered() {
+    reply=$1
+    shift
+    rm -f "$work/keys" "$work/screen"
+    mkfifo "$work/keys" "$work/screen"
+    script -qec "read -r line; '$ctl' '--simulate=$pedal' $*" /dev/null \
+        <"$work/keys" >"$work/screen" &
+    pid=$!
+    exec 3>"$work/keys" 4<"$work/screen"
+    printf 'go\ny\n' >&3
+    read -r -d ']' asked <&4  # up to "[y/N]"
+    printf '%s\n' "$reply" >&3
+    cat <&4 >"$work/out"
+    wait "$pid"
+    code=$?
+    exec 3>&- 4<&-
+}
 if command -v script >/dev/null; then
-    # answered ANSWER: erases, with a "y" typed ahead, and answers once it is asked
-    answered() {
-        rm -f "$work/keys" "$work/screen"
-        mkfifo "$work/keys" "$work/screen"
-        script -qec "read -r line; '$ctl' '--simulate=$pedal' erase 20" /dev/null \
-            <"$work/keys" >"$work/screen" &
-        pid=$!
-        exec 3>"$work/keys" 4<"$work/screen"
-        printf 'go\ny\n' >&3
-        read -r -d ']' asked <&4  # up to "[y/N]"
-        printf '%s\n' "$1" >&3
-        cat <&4 >"$work/out"
-        wait "$pid"
-        code=$?
-        exec 3>&- 4<&-
-    }
-    answered n
+    answered n erase 20
     [ $code -eq 130 ] && [ -e "$pedal/Loop 20.wav" ] || fail "no is not no: $asked $(cat "$work/out")"
-    answered y
+    answered y erase 20
     [ $code -eq 0 ] && [ ! -e "$pedal/Loop 20.wav" ] || fail "yes is not yes: $asked $(cat "$work/out")"
 else
     echo "skipped: questions on a terminal"
@@ -206,5 +208,65 @@ interrupted 130 INT
 grep -q '^kzq7306ctl: Cancelled' "$work/err" || fail "Ctrl-C gave no sentence"
 interrupted 130 TERM
 interrupted 130 INT TERM
+
+# --- firmware. What takes its time, as the loader does, goes side by side.
+image=$work/new.bin
+printf 'an image of the 7306 firmware 1.06, or so' >"$image"
+# begin NAME arguments...: installs the image, in the background; sets $pid
+begin() {
+    name=$1
+    shift
+    "$ctl" --simulate "$@" firmware install "$image" --yes >"$work/$name.out" 2>"$work/$name.err" &
+    pid=$!
+}
+# ended CODE NAME PID TEXT: it ends like that, and says the text
+ended() {
+    wait "$3"
+    code=$?
+    [ "$code" -eq "$1" ] && cat "$work/$2.out" "$work/$2.err" | grep -q "$4" ||
+        fail "firmware, $2: $code $(cat "$work/$2.out" "$work/$2.err")"
+}
+begin yes
+yes=$pid
+begin away --fault unplug@E4 --patience 3
+away=$pid
+begin cut --fault unplug@out
+cut=$pid
+mkfifo "$work/signalled.out"
+begin signalled
+signalled=$pid
+exec 5<"$work/signalled.out"
+while read -r line <&5 && [[ $line != *"prepares for 8 seconds"* ]]; do :; done
+kill -s INT "$signalled"
+kill -s TERM "$signalled"
+
+expect 2 --simulate firmware install "$image" </dev/null
+grep -q 'nothing was changed' "$work/err" || fail "firmware without a terminal: $(cat "$work/err")"
+expect 5 --simulate --fault refuse@E4 firmware install "$image" --yes
+grep -q 'Nothing was changed' "$work/err" || fail "a pedal that refuses: $(cat "$work/err")"
+expect 6 --simulate firmware install "$work/missing.bin" --yes
+expect 6 --simulate firmware install "$work" --yes
+: >"$work/large.bin"
+expect 6 --simulate firmware install "$work/large.bin" --yes
+truncate -s 50000001 "$work/large.bin"
+expect 6 --simulate firmware install "$work/large.bin" --yes
+mkfifo "$work/pipe.bin"
+expect 6 --simulate firmware install "$work/pipe.bin" --yes
+if command -v script >/dev/null; then
+    answered n firmware install "$image"
+    [ $code -eq 130 ] && ! grep -q 'restarts' "$work/out" || fail "firmware, no: $code $(cat "$work/out")"
+    answered y firmware install "$image"
+    [ $code -eq 0 ] && grep -q 'The pedal runs firmware 1.06' "$work/out" ||
+        fail "firmware, yes: $code $(cat "$work/out")"
+fi
+ended 0 yes "$yes" '^The pedal runs firmware 1.06.'
+ended 3 away "$away" 'did not come back.*run the same command again'
+ended 3 cut "$cut" 'unplugged before the firmware was complete.*run the same command again'
+cat <&5 >"$work/rest"
+exec 5<&-
+rm "$work/signalled.out"
+mv "$work/rest" "$work/signalled.out"
+ended 0 signalled "$signalled" '^The firmware is installed.'
+grep -q 'Waiting until the firmware is complete' "$work/signalled.err" || fail "Ctrl-C is not answered"
 
 [ "$failures" -eq 0 ]
