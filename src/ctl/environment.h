@@ -7,12 +7,13 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ctl/converter.h"
 #include "ctl/exit_codes.h"
 #include "ctl/question.h"
-#include "device/libusb/diagnosis.h"
+#include "device/finding.h"
 #include "device/usb_port.h"
 #include "platform/executor.h"
 #include "updates/http_client.h"
@@ -33,7 +34,6 @@ struct Environment {
     std::ostream& err;
     bool terminal = false;  ///< whether `out` is one
     std::function<std::uint64_t()> systemMinorVersion;
-    std::function<bool()> ruleInstalled;                     ///< whether the system has the pedal's udev rule
     std::function<Answer(const std::string& question)> ask;  ///< blocks; any thread
     Converter convert;
     std::function<std::optional<std::filesystem::path>()> workingFolder;  ///< for working copies; any thread
@@ -49,6 +49,8 @@ struct Environment {
 
     /// What stands between the user and the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
+    /// Hears every line of the log, with its category in front; empty for nobody. Must not log. Any thread.
+    std::function<void(std::string_view line)> logged = {};
 };
 
 }  // namespace kzq::ctl

@@ -78,7 +78,7 @@ std::optional<Explanation> FirmwareInstallation::enterLoader() {
     }
     looper_->interrupt();  // it may have come back and be silent
     if (auto problem =
-            explainConnection(looper_->acquisitionFailure(), context_.environment.ruleInstalled())) {
+            explainConnection(looper_->acquisitionFailure(), context_.environment.diagnose())) {
         problem->sentence += " Then run the same command again.";
         return problem;
     }

@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <gnu/libc-version.h>
+#include <sys/utsname.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -17,8 +18,9 @@
 #include "ctl/signals.h"
 #include "ctl/sleep_inhibitor.h"
 #include "ctl/tool.h"
-#include "ctl/udev_rule.h"
+#include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
+#include "device/recorder/recording_port.h"
 #include "device/simulator/loop_folder.h"
 #include "device/simulator/simulated_port.h"
 #include "device/simulator/synthesiser.h"
@@ -110,6 +112,33 @@ std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& opt
     return simulation;
 }
 
+std::vector<Finding> simulatedFindings() {
+    return {{PedalTrouble::nothingOnBus, false, "A simulated pedal takes the place of a real one.", {}}};
+}
+
+/// Null, with a sentence in `problem`, when there can be no recording.
+std::shared_ptr<recorder::SessionRecorder> record(Executor& executor, const std::filesystem::path& path,
+                                                  std::string& problem) {
+    const auto trouble = [](const std::string& sentence) { complain({ExitCode::fileError, sentence}); };
+    auto file = recorder::RecordingFile::create(path, trouble, problem);
+    if (!file) {
+        return nullptr;
+    }
+    auto made = std::make_shared<recorder::SessionRecorder>(executor, std::move(file));
+    utsname kernel{};
+    made->note("kzq7306ctl " KZQ_VERSION +
+               (::uname(&kernel) == 0 ? std::string(", ") + kernel.sysname + " " + kernel.release : ""));
+    return made;
+}
+
+/// Puts the log into a recording.
+std::function<void(std::string_view)> noteTaker(const std::shared_ptr<recorder::SessionRecorder>& recorder) {
+    if (!recorder) {
+        return {};
+    }
+    return [recorder](std::string_view line) { recorder->note(line); };
+}
+
 std::filesystem::path homeFolder() {
     const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe): nothing here sets it
     return home != nullptr ? home : "";
@@ -142,15 +171,25 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     } else {
         bus = std::make_unique<LibusbPort>();
     }
+    std::shared_ptr<recorder::SessionRecorder> recorder;
+    std::unique_ptr<UsbPort> recording;
+    UsbPort& port = simulation ? static_cast<UsbPort&>(simulation->port) : *bus;
+    if (!options.record.empty()) {
+        ctl::Explanation problem{ExitCode::fileError, {}};
+        recorder = record(executor, options.record, problem.sentence);
+        if (!recorder) {
+            return complain(problem);
+        }
+        recording = std::make_unique<recorder::RecordingPort>(port, recorder);
+    }
     QtHttpClient http;
     const ctl::Environment environment{
         .executor = executor,
-        .usb = simulation ? static_cast<UsbPort&>(simulation->port) : *bus,
+        .usb = recording ? *recording : port,
         .out = std::cout,
         .err = std::cerr,
         .terminal = ::isatty(STDOUT_FILENO) == 1,
         .systemMinorVersion = systemMinorVersion,
-        .ruleInstalled = [] { return ctl::udevRuleInstalled(ctl::udevRuleFolders()); },
         .ask = ctl::askOnTerminal,
         .convert = convert,
         .workingFolder = [] { return RunFolder::ofThisRun().path(); },
@@ -160,7 +199,8 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .home = homeFolder(),
         .keepAwake = ctl::keepAwake,
         .holdSignals = [&signals](bool held) { signals.hold(held); },
-        .diagnose = [] { return diagnose(); }};
+        .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
+        .logged = noteTaker(recorder)};
     ctl::Tool tool(options, environment);
     signals.listen(
         executor, [&tool] { tool.interrupt(); },

@@ -37,6 +37,7 @@ struct Words {
     unsigned slot = 0;
     bool firstFree = false;
     std::string output;
+    std::optional<std::string> record;
     double wait = 0;
     std::optional<double> patience;
 };
@@ -78,6 +79,10 @@ void addGlobalOptions(CLI::App& app, Options& options, Words& words) {
                    "Give up when the pedal is silent for so long (30, firmware install 60; 0: never)")
         ->option_text("SECONDS")
         ->check(CLI::Validator(checkSeconds, ""));
+    app.add_option("--record", words.record,
+                   "Write all that goes over USB into a new file, for whoever looks into a problem. It holds "
+                   "the audio, too")
+        ->option_text("FILE");
     app.add_flag(std::string("--simulate{") + builtInLoops + "}", words.simulate,
                  "Use a simulated pedal, with the WAV files of FOLDER as its loops")
         ->option_text("[=FOLDER]");
@@ -233,6 +238,12 @@ void complete(Options& options, const Words& words, bool simulate) {
     options.simulate = simulate;
     if (simulate && words.simulate != builtInLoops) {
         options.simulatedFolder = words.simulate;
+    }
+    if (words.record) {
+        if (words.record->empty()) {
+            throw usageError("--record needs the name of a file.");
+        }
+        options.record = *words.record;
     }
     if (!simulate && !options.faults.empty()) {
         throw usageError("--fault works only with --simulate.");

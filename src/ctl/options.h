@@ -33,6 +33,7 @@ struct Options {
     bool simulate = false;
     std::filesystem::path simulatedFolder;  ///< empty: the simulated pedal's own loops
     std::vector<std::string> faults;        ///< for the simulated pedal, as given
+    std::filesystem::path record;           ///< a new file for what goes over USB; empty: none
     Executor::Duration wait{};              ///< for a pedal to arrive
     Executor::Duration patience{};          ///< with a silent pedal; 0: for ever
     bool yes = false;                       ///< questions are answered

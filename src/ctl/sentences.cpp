@@ -1,35 +1,49 @@
 #include "ctl/sentences.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace kzq::ctl {
 namespace {
 
-Explanation noPermission(bool ruleInstalled) {
-    if (ruleInstalled) {
-        return {ExitCode::noPermission,
-                "You have no permission to use the pedal. Its udev rule is installed, but not in force for "
-                "it yet: "
-                "unplug the pedal and plug it in again. If that does not help, run "
-                "\"sudo udevadm control --reload\" first, and note that the rule is for the user who is "
-                "logged in "
-                "at this computer."};
+ExitCode codeOf(PedalTrouble trouble) {
+    switch (trouble) {
+        case PedalTrouble::nothingOnBus:
+        case PedalTrouble::fileMissing:
+            return ExitCode::noPedal;
+        case PedalTrouble::ruleMissing:
+        case PedalTrouble::ruleNotInForce:
+            return ExitCode::noPermission;
+        default:
+            return ExitCode::pedalRefused;
     }
-    return {ExitCode::noPermission,
-            "You have no permission to use the pedal. Install its udev rule (70-kzq7306.rules, which comes "
-            "with this "
-            "program) in /etc/udev/rules.d, run \"sudo udevadm control --reload\", unplug the pedal and plug "
-            "it in "
-            "again."};
+}
+
+/// The first of `kinds` that was found, as an explanation with `code`; otherwise `sentence`.
+Explanation found(const std::vector<Finding>& findings, std::initializer_list<PedalTrouble> kinds,
+                  const Explanation& otherwise) {
+    const auto finding = std::ranges::find_if(findings, [&](const Finding& candidate) {
+        return candidate.present && std::ranges::find(kinds, candidate.kind) != kinds.end();
+    });
+    return finding == findings.end() ? otherwise : Explanation{otherwise.code, explain(*finding).sentence};
 }
 
 }  // namespace
 
-std::optional<Explanation> explainConnection(Failure failure, bool ruleInstalled) {
+Explanation explain(const Finding& trouble) {
+    return {codeOf(trouble.kind),
+            trouble.sentence + (trouble.remedy.empty() ? "" : " The command: " + trouble.remedy)};
+}
+
+std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings) {
     switch (failure) {
         case Failure::noPermission:
-            return noPermission(ruleInstalled);
+            return found(findings, {PedalTrouble::ruleMissing, PedalTrouble::ruleNotInForce},
+                         {ExitCode::noPermission, "You have no permission to use the pedal."});
         case Failure::heldByAnother:
-            return Explanation{ExitCode::pedalRefused,
-                               "The pedal is in use by another program. Close that program, then try again."};
+            return found(findings, {PedalTrouble::heldByAnother, PedalTrouble::heldByDriver},
+                         {ExitCode::pedalRefused,
+                          "The pedal is in use by another program. Close that program, then try again."});
         case Failure::kernelDriver:
             return Explanation{ExitCode::pedalRefused,
                                "A driver of the system held the pedal and has now let go of it. Try again."};
@@ -84,9 +98,10 @@ Explanation cancelledByUser() {
     return {ExitCode::cancelled, "Cancelled."};
 }
 
-Explanation noPedalConnected() {
-    return {ExitCode::noPedal,
-            "No pedal is connected. Plug it in and try again, or wait for it with --wait."};
+Explanation noPedalConnected(const std::vector<Finding>& findings) {
+    const Explanation plain{ExitCode::noPedal,
+                            "No pedal is connected. Plug it in and try again, or wait for it with --wait."};
+    return found(findings, {PedalTrouble::fileMissing, PedalTrouble::noUdev}, plain);
 }
 
 Explanation pedalUnplugged() {

@@ -2,9 +2,11 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ctl/exit_codes.h"
 #include "device/failure.h"
+#include "device/finding.h"
 
 namespace kzq::ctl {
 
@@ -14,9 +16,12 @@ struct Explanation {
     std::string sentence;
 };
 
-/// Why the pedal cannot be used; nothing when `failure` is not about getting hold of it. `ruleInstalled`:
-/// whether the system has the rule that gives the pedal to its user.
-std::optional<Explanation> explainConnection(Failure failure, bool ruleInstalled);
+/// What a diagnosis has found, with its remedy.
+Explanation explain(const Finding& trouble);
+
+/// Why the pedal cannot be used; nothing when `failure` is not about getting hold of it. `findings`: what the
+/// diagnosis says about this computer.
+std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings);
 /// Why one loop was not read: the part behind "Loop 4 was not saved: ".
 Explanation explainLoop(Failure failure);
 
@@ -24,7 +29,7 @@ Explanation explainLoop(Failure failure);
 Explanation explainExport(Failure failure);
 
 Explanation cancelledByUser();
-Explanation noPedalConnected();
+Explanation noPedalConnected(const std::vector<Finding>& findings);
 Explanation pedalUnplugged();
 Explanation pedalStoppedAnswering();
 Explanation pedalBusy();

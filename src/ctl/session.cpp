@@ -71,7 +71,7 @@ void Session::settle() {
         return;
     }
     if (!watching_ && context_.options.wait == Executor::Duration::zero()) {
-        context_.fail(noPedalConnected());
+        context_.fail(noPedalConnected(environment_.diagnose()));
         return;
     }
     if (watching_ && seen_ == Failure::none) {
@@ -87,7 +87,7 @@ void Session::look() {
     }
     const auto left = watching_ ? timeBetweenLooks : deadline_ - context_.executor.now();
     if (left <= Executor::Duration::zero()) {
-        context_.fail(noPedalConnected());
+        context_.fail(noPedalConnected(environment_.diagnose()));
         return;
     }
     context_.executor.mainAfter(std::min(left, timeBetweenLooks), [self = shared_from_this()] {
@@ -114,7 +114,7 @@ bool Session::explainFailure() {
     if (std::exchange(seen_, failure) == failure) {
         return false;
     }
-    const auto explanation = explainConnection(failure, environment_.ruleInstalled());
+    const auto explanation = explainConnection(failure, environment_.diagnose());
     if (!explanation) {
         return false;
     }

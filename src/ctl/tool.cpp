@@ -54,9 +54,14 @@ Tool::Tool(Options options, const Environment& environment)
       output_(std::make_shared<Output>(environment.out, environment.err, environment.terminal)),
       command_(makeCommand(context())),
       session_(std::make_shared<Session>(environment, context(), command_)) {
-    setLogSink([output = output_, verbose = options_.verbose](LogCategory category, std::string_view line) {
+    setLogSink([output = output_, verbose = options_.verbose, logged = environment.logged](
+                   LogCategory category, std::string_view line) {
+        const std::string text = std::string(logCategoryName(category)) + ": " + std::string(line);
         if (verbose) {
-            output->log(std::string(logCategoryName(category)) + ": " + std::string(line));
+            output->log(text);
+        }
+        if (logged) {
+            logged(text);
         }
     });
 }

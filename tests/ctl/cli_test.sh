@@ -131,6 +131,23 @@ for _ in 1 2 3 4 5; do
     done
 done
 
+# --- a recording: a new file, whole lines even where there is no room, and the work goes on without it
+fresh
+expect 0 --simulate --record "$to/session" import 1 --to "$to"
+cmp "$first/Loop 1.wav" "$to/Loop 1.wav" || fail "a recorded import differs"
+[ "$(head -n 1 "$to/session")" = "kzq7306-usb-recording 1" ] || fail "no recording: $(head -c 300 "$to/session")"
+grep -q ' e1 2a 0000 ' "$to/session" || fail "the recording lacks the request for the loop"
+expect 6 --simulate --record "$to/session" list
+expect 6 --simulate --record "$to/missing/session" list
+fresh
+(
+    ulimit -f 1200
+    "$ctl" --simulate --record "$to/session" import 1 --to "$to" >/dev/null 2>"$work/err"
+) || fail "a recording without room: $(cat "$work/err")"
+[ "$(grep -c 'recording ends' "$work/err")" = 1 ] && [ -z "$(tail -c 1 "$to/session" | tr -d '\n')" ] ||
+    fail "a recording without room: $(cat "$work/err")"
+cmp "$first/Loop 1.wav" "$to/Loop 1.wav" || fail "an import beside a recording without room differs"
+
 # --- exit codes
 expect 2
 expect 2 --simulate import 0 --to "$to"

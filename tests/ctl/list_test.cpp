@@ -68,20 +68,15 @@ TEST_F(ToolTest, cancelledWhileWaiting) {
 
 TEST_F(ToolTest, noPermissionTellsTheRemedy) {
     port.setOpenResult(usbAccess);
+    findings = {{PedalTrouble::roadNotInstalled, true, "Something else.", "mend it"},
+                {PedalTrouble::ruleNotInForce, false, "All is well.", {}},
+                {PedalTrouble::ruleMissing, true, "Its rule is missing.", "sudo install it"}};
     start({"list", "--wait", "60"});
     executor.advance(std::chrono::seconds(2));
     pedal.plugIn();
     EXPECT_EQ(finish(), ExitCode::noPermission);
     EXPECT_LT(seconds(), 2.5);
-    EXPECT_THAT(err.str(), HasSubstr("Install its udev rule"));
-}
-
-TEST_F(ToolTest, noPermissionInSpiteOfTheRule) {
-    pedal.plugIn();
-    port.setOpenResult(usbAccess);
-    ruleInstalled = true;
-    EXPECT_EQ(run({"list"}), ExitCode::noPermission);
-    EXPECT_THAT(err.str(), HasSubstr("unplug the pedal and plug it in again"));
+    EXPECT_EQ(err.str(), "kzq7306ctl: Its rule is missing. The command: sudo install it\n");
 }
 
 TEST_F(ToolTest, heldByAnotherProgram) {
@@ -89,6 +84,20 @@ TEST_F(ToolTest, heldByAnotherProgram) {
     port.setClaimResult(usbBusy);
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("in use by another program"));
+}
+
+TEST_F(ToolTest, theDoctorTellsAllAndEndsWithTheFirstTrouble) {
+    findings = {{PedalTrouble::nothingOnBus, false, "A pedal is there.", {}},
+                {PedalTrouble::ruleNotInForce, true, "Not yet.", "do this"},
+                {PedalTrouble::noUdev, true, "No udev.", {}}};
+    EXPECT_EQ(run({"doctor"}), ExitCode::noPermission);
+    EXPECT_EQ(out.str(), "ok  A pedal is there.\n!!  Not yet.\n      do this\n!!  No udev.\n");
+    EXPECT_EQ(run({"doctor", "--json"}), ExitCode::noPermission);
+    EXPECT_THAT(out.str(), HasSubstr(R"({"ok":false,"finding":"Not yet.","command":"do this"})"));
+    EXPECT_EQ(run({"list"}), ExitCode::noPedal);
+    EXPECT_EQ(err.str(), "kzq7306ctl: No udev.\n") << "why none was announced";
+    findings.clear();
+    EXPECT_EQ(run({"doctor"}), ExitCode::ok);
 }
 
 TEST_F(ToolTest, pedalInItsLoader) {

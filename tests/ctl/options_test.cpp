@@ -71,6 +71,7 @@ TEST(Options, badOnesAreUsageErrors) {
                                                {"list", "--wait", "nan"},
                                                {"list", "--wait", "1e99"},
                                                {"list", "--patience", "soon"},
+                                               {"list", "--record", ""},
                                                {"list", "--fault", "stall@in"},
                                                {"import", "1"},
                                                {"import", "--to", "x"},

@@ -88,7 +88,6 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     err.str({});
     environment_.emplace(
         ctl::Environment{executor, paced, out, err, terminal, [this] { return systemMinorVersion; },
-                         [this] { return ruleInstalled; },
                          [this](const std::string& question) {
                              questions.push_back(question);
                              return answer();
@@ -100,6 +99,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
                          },
                          &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
                          [this](bool held) { signalsHeld = held; }});
+    environment_->diagnose = [this] { return findings; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });
 }

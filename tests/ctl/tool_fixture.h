@@ -81,7 +81,7 @@ class ToolTest : public testing::Test {
     std::ostringstream out;
     std::ostringstream err;
     bool terminal = false;
-    bool ruleInstalled = false;
+    std::vector<Finding> findings;  ///< of the diagnosis
     std::uint64_t systemMinorVersion = 36;
     /// What is answered to questions; they are kept.
     std::function<ctl::Answer()> answer = [] { return ctl::Answer::nobody; };

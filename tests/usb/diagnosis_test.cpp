@@ -50,13 +50,13 @@ class DiagnosisTest : public testing::Test {
         fs::create_symlink("../../../drivers/" + driver, link);
     }
     /// What is told first; "" when all is well.
-    std::string told(PedalTrouble trouble) {
+    std::string told(PedalTrouble kind) {
         const auto first = firstTrouble(diagnose(places_));
         if (!first) {
             return {};
         }
-        EXPECT_EQ(first->trouble, trouble) << first->sentence;
-        return first->mend;
+        EXPECT_EQ(first->kind, kind) << first->sentence;
+        return first->remedy;
     }
 
     fs::path root_;
@@ -83,18 +83,54 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
     EXPECT_THAT(told(PedalTrouble::nothingOnBus), HasSubstr("lsusb"));
 }
 
+/// Root may do anything, so the test asks as somebody else.
+class AsUser {
+  public:
+    AsUser() {
+        if (::geteuid() == 0) {
+            EXPECT_EQ(::seteuid(65'534), 0);
+        }
+    }
+    AsUser(const AsUser&) = delete;
+    AsUser& operator=(const AsUser&) = delete;
+    AsUser(AsUser&&) = delete;
+    AsUser& operator=(AsUser&&) = delete;
+    ~AsUser() {
+        if (::getuid() == 0) {
+            EXPECT_EQ(::seteuid(0), 0);
+        }
+    }
+};
+
 TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     fs::permissions(root_, fs::perms::all);
     fs::permissions(root_ / "nodes/003/014", fs::perms::none);
-    if (::geteuid() == 0) {
-        // access() goes by the real user, and root may do anything: the node is away instead.
-        fs::remove(root_ / "nodes/003/014");
-    }
-    const std::string anew = told(PedalTrouble::ruleNotInForce);
+    fs::create_directories(root_ / "share/kzq7306");
+    fs::copy_file(KZQ_RULES, root_ / "share/kzq7306/70-kzq7306.rules");
+    write("bin/program", "");
+    places_.program = root_ / "bin/program";
+    const auto toldToUser = [this](PedalTrouble kind) {
+        const AsUser user;
+        return told(kind);
+    };
+    const std::string anew = toldToUser(PedalTrouble::ruleNotInForce);
     EXPECT_THAT(anew, HasSubstr("udevadm trigger"));
-    write("rules/70-kzq7306.rules", "# 308a 0104 usb_device, but only in a comment");
-    EXPECT_THAT(told(PedalTrouble::ruleMissing),
-                testing::AllOf(HasSubstr("70-kzq7306.rules"), HasSubstr(anew)));
+
+    const std::string rule = R"(ATTR{idVendor}=="308a", ATTR{idProduct}=="0104", )";
+    write("rules/70-kzq7306.rules", "# " + rule + "TAG+=\"uaccess\"\n" + rule + "RUN+=\"kzq7306-usbtmc\"");
+    EXPECT_THAT(toldToUser(PedalTrouble::ruleMissing),
+                testing::AllOf(HasSubstr((root_ / "share/kzq7306/70-kzq7306.rules").string()),
+                               HasSubstr(" && " + anew)));
+    write("rules/90-own.rules", "ATTR{idVendor}==\"308a\", \\\nATTR{idProduct}==\"0104\", MODE=\"0666\"");
+    toldToUser(PedalTrouble::ruleNotInForce);
+    write("none/90-own.rules", "");
+    toldToUser(PedalTrouble::ruleMissing);  // the file of the same name counts less
+
+    fs::remove(root_ / "nodes/003/014");
+    EXPECT_EQ(toldToUser(PedalTrouble::fileMissing), "");
+    EXPECT_THAT(obstacleLine(diagnose(places_)), HasSubstr("container"));
+    fs::remove_all(root_ / "devices/3-1.2");
+    EXPECT_EQ(obstacleLine(diagnose(places_)), "") << "only the pedal is missing";
 }
 
 }  // namespace

@@ -1,10 +1,15 @@
 #include "device/libusb/diagnosis.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
+#include <optional>
+#include <string>
 #include <system_error>
+
+#include "device/libusb/udev_rules.h"
 
 namespace kzq {
 
@@ -15,9 +20,9 @@ namespace fs = std::filesystem;
 constexpr auto pluggedAnew =
     "sudo udevadm control --reload && sudo udevadm trigger --action=add --subsystem-match=usb "
     "--attr-match=idVendor=308a";
-constexpr auto installed =
-    "sudo install -m 644 70-kzq7306.rules /etc/udev/rules.d/ && sudo install -m 755 kzq7306-usbtmc "
-    "/usr/lib/udev/ && ";
+std::string installedAnew(const SystemPlaces& places) {
+    return installingCommand(places.program) + " && " + pluggedAnew;
+}
 
 std::string firstWord(const fs::path& file) {
     std::ifstream stream(file);
@@ -42,23 +47,6 @@ std::optional<fs::path> findPedal(const SystemPlaces& places) {
         }
     }
     return std::nullopt;
-}
-
-/// Whether a rule for the pedal has `word` in it.
-bool hasRule(const SystemPlaces& places, const std::string& word) {
-    for (const auto& folder : places.ruleFolders) {
-        for (const auto& file : entriesOf(folder)) {
-            std::ifstream stream(file.extension() == ".rules" ? file : fs::path());
-            for (std::string line; std::getline(stream, line);) {
-                const auto contains = [&](const char* text) { return line.find(text) != std::string::npos; };
-                if (!line.starts_with('#') && contains("308a") && contains("0104") &&
-                    contains(word.c_str())) {
-                    return true;
-                }
-            }
-        }
-    }
-    return false;
 }
 
 fs::path nodeOf(const SystemPlaces& places, const fs::path& pedal) {
@@ -100,10 +88,18 @@ Finding udev(const SystemPlaces& places) {
 
 Finding permission(const SystemPlaces& places, const fs::path& pedal) {
     const auto node = nodeOf(places, pedal);
-    if (::access(node.c_str(), R_OK | W_OK) == 0) {
+    if (::faccessat(AT_FDCWD, node.c_str(), R_OK | W_OK, AT_EACCESS) == 0) {
         return {PedalTrouble::ruleMissing, false, "You may use the pedal.", {}};
     }
-    if (hasRule(places, "usb_device")) {
+    std::error_code ignored;
+    if (!fs::exists(node, ignored)) {
+        return {PedalTrouble::fileMissing,
+                true,
+                "A pedal is on the USB bus, but " + node.string() +
+                    " is not there, as in a container that has not been given /dev/bus/usb.",
+                {}};
+    }
+    if (hasAccessRule(places.ruleFolders)) {
         return {
             PedalTrouble::ruleNotInForce, true,
             "You may not use the pedal: its udev rule is installed, but was not when the pedal was plugged "
@@ -111,7 +107,7 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
             pluggedAnew};
     }
     return {PedalTrouble::ruleMissing, true, "You may not use the pedal: its udev rule is missing.",
-            std::string(installed) + pluggedAnew};
+            installedAnew(places)};
 }
 
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
@@ -120,7 +116,8 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
         return {PedalTrouble::heldByAnother, false, "Nobody else has the pedal.", {}};
     }
     if (driver == "usbfs") {
-        return {PedalTrouble::heldByAnother, true, "Another program has the pedal. The command shows which.",
+        return {PedalTrouble::heldByAnother, true,
+                "Another program has the pedal: close it. The command shows which.",
                 "sudo fuser -v " + nodeOf(places, pedal).string()};
     }
     return {PedalTrouble::heldByDriver, true, "The kernel's driver " + driver + " has the pedal.",
@@ -136,7 +133,7 @@ Finding road(const SystemPlaces& places) {
     const bool hasHelper = std::ranges::any_of(places.helperFolders, [&](const fs::path& folder) {
         return fs::exists(folder / "kzq7306-usbtmc", ignored);
     });
-    if (hasHelper && hasRule(places, "kzq7306-usbtmc")) {
+    if (hasHelper && hasHelperRule(places.ruleFolders)) {
         return {PedalTrouble::roadNotInForce, true,
                 "Loops cannot be imported: the rules for it are installed, but were not when the pedal was "
                 "plugged in, or the kernel has no driver usbtmc.",
@@ -145,7 +142,7 @@ Finding road(const SystemPlaces& places) {
     return {PedalTrouble::roadNotInstalled, true,
             "Loops cannot be imported: the kernel lets the request for them out by way of its driver usbtmc "
             "only, and the rules for that are missing.",
-            std::string(installed) + pluggedAnew};
+            installedAnew(places)};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <linux/usb/tmc.h>
 #include <sys/ioctl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
@@ -113,7 +114,12 @@ int resultOf(int error) {
 int forward(const Descriptor& node, const usbtmc_request& setup, std::span<std::uint8_t> reply) {
     usbtmc_ctrlrequest order{setup, reply.data()};
     const int came = ::ioctl(node.get(), USBTMC_IOCTL_CTRL_REQUEST, &order);
-    return came >= 0 ? came : logged("a request by way of usbtmc", resultOf(errno));
+    if (came < 0) {
+        return logged("a request by way of usbtmc", resultOf(errno));
+    }
+    // The driver copies all of its buffer, whatever stood in it behind a short reply.
+    std::ranges::fill(reply.subspan(std::min(reply.size(), static_cast<std::size_t>(came))), std::uint8_t{0});
+    return came;
 }
 
 }  // namespace

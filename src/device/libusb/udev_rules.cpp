@@ -1,0 +1,115 @@
+#include "device/libusb/udev_rules.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fstream>
+#include <functional>
+#include <set>
+#include <string_view>
+#include <system_error>
+
+namespace kzq {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr auto rulesName = "70-kzq7306.rules";
+constexpr auto helperName = "kzq7306-usbtmc";
+
+/// The rules in `file`; one may go over several lines.
+std::vector<std::string> rulesIn(const fs::path& file) {
+    std::vector<std::string> rules;
+    std::ifstream stream(file);
+    bool goesOn = false;
+    for (std::string line; std::getline(stream, line);) {
+        const bool next = line.ends_with('\\');
+        if (next) {
+            line.pop_back();
+        }
+        if (goesOn) {
+            rules.back() += line;
+        } else {
+            rules.push_back(line);
+        }
+        goesOn = next;
+    }
+    std::erase_if(rules, [](const std::string& rule) { return rule.starts_with('#'); });
+    return rules;
+}
+
+bool has(const std::string& rule, std::string_view word) {
+    return rule.find(word) != std::string::npos;
+}
+
+bool anyRule(const std::vector<fs::path>& folders, const std::function<bool(const std::string&)>& wanted) {
+    std::set<fs::path> seen;
+    for (const auto& folder : folders) {
+        std::error_code error;
+        for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+             entry.increment(error)) {
+            const auto& file = entry->path();
+            // A file stands in for those of the same name in the folders that count less.
+            if (file.extension() == ".rules" && seen.insert(file.filename()).second &&
+                std::ranges::any_of(rulesIn(file), wanted)) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+bool ofPedal(const std::string& rule) {
+    return has(rule, "308a") && has(rule, "0104");
+}
+
+/// The folder with the rules, with a slash behind it, or nothing.
+std::string shippedFolder(const fs::path& program) {
+    std::error_code error;
+    fs::path folder = fs::canonical(program, error);
+    while (!error && folder.has_relative_path()) {
+        folder = folder.parent_path();
+        for (const auto* const place : {"packaging", "share/kzq7306"}) {
+            if (fs::exists(folder / place / rulesName, error)) {
+                return (folder / place).string() + "/";
+            }
+        }
+        error.clear();
+    }
+    return {};
+}
+
+std::string quoted(const std::string& word) {
+    const bool plain = std::ranges::all_of(word, [](unsigned char c) {
+        return std::isalnum(c) != 0 ||
+               std::string_view("/._-").find(static_cast<char>(c)) != std::string::npos;
+    });
+    if (plain) {
+        return word;
+    }
+    std::string text = "'";
+    for (const char c : word) {
+        text += c == '\'' ? std::string(R"('\'')") : std::string(1, c);
+    }
+    return text + "'";
+}
+
+}  // namespace
+
+bool hasAccessRule(const std::vector<fs::path>& folders) {
+    return anyRule(folders, [](const std::string& rule) {
+        return ofPedal(rule) && !has(rule, "usbmisc") && (has(rule, "uaccess") || has(rule, "MODE"));
+    });
+}
+
+bool hasHelperRule(const std::vector<fs::path>& folders) {
+    return anyRule(folders, [](const std::string& rule) { return ofPedal(rule) && has(rule, helperName); });
+}
+
+std::string installingCommand(const fs::path& program) {
+    const std::string folder = shippedFolder(program);
+    return "sudo install -m 644 " + quoted(folder + rulesName) +
+           " /etc/udev/rules.d/ && sudo install -m 755 " + quoted(folder + helperName) + " /usr/lib/udev/";
+}
+
+}  // namespace kzq

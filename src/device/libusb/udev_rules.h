@@ -1,0 +1,18 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace kzq {
+
+/// Whether `folders`, of which an earlier one counts more, have a rule that lets users open the pedal.
+bool hasAccessRule(const std::vector<std::filesystem::path>& folders);
+/// ... one that runs the helper for the road that import takes.
+bool hasHelperRule(const std::vector<std::filesystem::path>& folders);
+
+/// The commands that install the rules and the helper that `program` came with: those in a folder
+/// "packaging" or "share/kzq7306" above it, otherwise those in the shell's folder.
+std::string installingCommand(const std::filesystem::path& program);
+
+}  // namespace kzq

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <istream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kzq::recorder {
+
+/// The first line of a recording; the number is that of the format, which doc/usb.md describes.
+inline constexpr std::string_view recordingHeader = "kzq7306-usb-recording 1";
+
+/// What happened at the port, one line of a recording.
+struct RecordedEvent {
+    enum class Kind {
+        call,
+        result,
+        there,    ///< a device was announced inside the registration
+        arrived,  ///< ... or by the thread that handles events
+        left
+    };
+
+    Kind kind = Kind::call;
+    std::size_t line = 0;  ///< in the file, from 1
+    std::chrono::microseconds time{};
+    unsigned number = 0;  ///< of the call: its own, the one that ends, or the registration that heard of it
+    std::string words = {};                ///< call: its name and arguments
+    unsigned device = 0;                   ///< there, arrived, left
+    int result = 0;                        ///< a count of bytes, or a UsbResult error
+    std::size_t transferred = 0;           ///< of a bulk transfer
+    std::vector<std::uint8_t> bytes = {};  ///< the reply to a request, all of it; the data that came in
+};
+
+struct Recording {
+    std::vector<RecordedEvent> events;
+};
+
+/// Nothing, with a sentence in `error` that tells the line, for what is no whole recording.
+std::optional<Recording> readRecording(std::istream& file, std::string& error);
+
+}  // namespace kzq::recorder

@@ -1,0 +1,55 @@
+#include "device/recorder/recording_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <span>
+#include <system_error>
+
+#include "device/recorder/recording.h"
+#include "platform/write_all.h"
+
+namespace kzq::recorder {
+
+std::shared_ptr<RecordingFile> RecordingFile::create(const std::filesystem::path& path, Trouble trouble,
+                                                     std::string& problem) {
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!file) {
+        problem =
+            errno == EEXIST
+                ? "\"" + path.string() + "\" is there already; a recording replaces no file."
+                : "\"" + path.string() + "\" cannot be made: " + std::generic_category().message(errno) + ".";
+        return nullptr;
+    }
+    auto made = std::make_shared<RecordingFile>(std::move(file), std::move(trouble));
+    made->write(recordingHeader);
+    return made;
+}
+
+void RecordingFile::write(std::string_view line) {
+    const std::string text = std::string(line) + "\n";
+    int error = 0;
+    {
+        const std::lock_guard lock(mutex_);
+        if (!file_) {
+            return;
+        }
+        error = writeAll(file_.get(), {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+        if (error == 0) {
+            length_ += static_cast<off_t>(text.size());
+            return;
+        }
+        // Whole lines can still be used; where even that fails, a reader sees the cut.
+        static_cast<void>(::ftruncate(file_.get(), length_) == 0);
+        file_.close();
+    }
+    if (trouble_) {
+        trouble_("The recording ends here, it cannot be written: " + std::generic_category().message(error) +
+                 ".");
+    }
+}
+
+}  // namespace kzq::recorder

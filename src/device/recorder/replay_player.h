@@ -1,0 +1,43 @@
+#pragma once
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "device/recorder/replay_port.h"
+
+namespace kzq::recorder {
+
+/// What a replay port and its handles share: the place in the recording.
+struct ReplayPort::Player {
+    using Lock = std::unique_lock<std::mutex>;
+
+    Player(Executor& theExecutor, Recording theRecording, Listener theListener);
+
+    /// Takes part in the recording with a call; its number, or nothing when it is not the recorded one.
+    std::optional<unsigned> begin(const std::string& words);
+    /// A call and its result; usbNoDevice where there is none.
+    RecordedEvent ask(const std::string& words);
+    /// Waits for an event that `mine` accepts to be the next, then for its time, and goes past it. Nothing
+    /// when something has differed meanwhile.
+    std::optional<RecordedEvent> take(const std::function<bool(const RecordedEvent&)>& mine);
+    /// Tells the registration of a device.
+    void deliver(const RecordedEvent& event);
+
+    const RecordedEvent* nextEvent() const;  ///< null at the end; the mutex is held
+
+    Executor& executor;
+    const Recording recording;
+    const Listener differs;
+    const Executor::TimePoint start;
+
+    mutable std::mutex mutex;
+    std::condition_variable changed;
+    std::size_t next = 0;
+    bool differed = false;
+    std::map<unsigned, HotplugCallback> registrations;  ///< by the number of their call
+};
+
+}  // namespace kzq::recorder
