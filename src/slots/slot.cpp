@@ -151,7 +151,7 @@ void Slot::setExported(bool exported) {
 
 void Slot::placeX(bool shown) {
     if (!shown && x_->hasFocus()) {
-        button_->setFocus();  // else the focus would jump to the next row
+        button_->setFocus(Qt::TabFocusReason);  // else the focus would jump to the next row
     }
     x_->setVisible(shown);
     field_->setGeometry(shown ? shiftedFieldFrame_ : originalFieldFrame_);

@@ -92,7 +92,7 @@ bool SlotField::openEditor() {
     editable_ = true;
     editor_ = editor;
     editor->setTextStyle(styledFont_.value_or(textFont()), textColour_);
-    editor->open(*this, text_);
+    editor->enter(*this, text_);
     row->controlTextDidBeginEditing();
     return editable_;
 }
@@ -107,14 +107,14 @@ void SlotField::closeEditor() {
     if (editor->hasFocus()) {
         setFocus(editor->focusReason());
     }
-    editor->close();
+    editor->leave();
     update();
 }
 
 void SlotField::abortEditing() {
     if (auto* const editor = editor_.data(); editor != nullptr) {
         editor_ = nullptr;
-        editor->close();
+        editor->leave();
     }
     editable_ = false;
 }

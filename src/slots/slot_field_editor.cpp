@@ -55,7 +55,7 @@ SlotField* SlotFieldEditor::field() const {
     return field_;
 }
 
-void SlotFieldEditor::open(SlotField& field, const QString& text) {
+void SlotFieldEditor::enter(SlotField& field, const QString& text) {
     field_ = &field;
     focusReason_ = Qt::OtherFocusReason;
     setParent(&field);
@@ -68,7 +68,7 @@ void SlotFieldEditor::open(SlotField& field, const QString& text) {
     setFocus(Qt::OtherFocusReason);
 }
 
-void SlotFieldEditor::close() {
+void SlotFieldEditor::leave() {
     field_ = nullptr;
     hide();
     setParent(nullptr);

@@ -19,11 +19,11 @@ class SlotFieldEditor : public QTextEdit {
 
     /// The field that is being edited, or null.
     SlotField* field() const;
-    /// Moves into `field` with `text`, all of it selected, and takes the focus. Editing in another field ends
-    /// first.
-    void open(SlotField& field, const QString& text);
-    /// Leaves the field. What was typed stays in text() until the next open().
-    void close();
+    /// Moves into `field` with `text`, all of it selected, and takes the focus. Editing in another
+    /// field has ended before.
+    void enter(SlotField& field, const QString& text);
+    /// Leaves the field. What was typed stays in text() until the next enter().
+    void leave();
 
     QString text() const { return toPlainText(); }
     void setText(const QString& text);

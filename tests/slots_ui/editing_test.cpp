@@ -1,3 +1,5 @@
+#include <QAccessible>
+
 #include "row_fixture.h"
 #include "slots/slot_field_esc.h"
 
@@ -132,6 +134,12 @@ TEST_F(Editing, TheKeyboardReachesTheNameAndComesBackToIt) {
         QTest::keyClick(&editor, Qt::Key_Escape);
         EXPECT_TRUE(row.field()->hasFocus());
     }
+    auto* const told = QAccessible::queryAccessibleInterface(row.field());
+    EXPECT_EQ(told->text(QAccessible::Description), "Loop 1");
+    told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(editor.hasFocus());
+    EXPECT_EQ(editor.accessibleName(), "Loop 1 name");
+    row.endEditing();
     recorded(3);
     QTest::keyClick(row.field(), Qt::Key_F2);
     QTest::keyClick(&editor, Qt::Key_Tab);
