@@ -7,8 +7,11 @@
 
 #include "button_shots.h"
 #include "contact_sheet.h"
+#include "panel_shots.h"
 #include "picture_shots.h"
+#include "rows.h"
 #include "ui/palette.h"
+#include "window_shots.h"
 
 namespace {
 
@@ -43,6 +46,11 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("icon-dark", icons(ratio), darkDesktop);
     folder.save("icon-light", icons(ratio), lightDesktop);
     folder.save("buttons", buttons(), kzq::KZQBrown());
+    folder.save("rows", rows(), kzq::trayColor());
+    folder.save("panels", panels(), darkDesktop);
+    folder.save("panels-light", panels(), lightDesktop);
+    folder.save("updates", updateWindows(), darkDesktop);
+    folder.save("window", mainWindows(), darkDesktop);
     return folder.good();
 }
 

@@ -4,7 +4,6 @@
 #include <QEnterEvent>
 #include <QMouseEvent>
 
-#include "ui/background.h"
 #include "ui/color_view.h"
 #include "ui/focus_ring.h"
 #include "ui/palette.h"
@@ -15,14 +14,16 @@ namespace {
 
 constexpr int room = 6;  // the focus ring takes 4
 
-Shot shootOn(QWidget& ground, const QString& caption, QWidget& control, Hand hand) {
+Shot shootOn(const QColor& color, const QString& caption, QWidget& control, Hand hand, QWidget* ringed) {
+    ColorView ground;
+    ground.setColor(color);
     ground.resize(control.size() + QSize(2 * room, 2 * room));
     control.setParent(&ground);
     control.move(room, room);
     control.show();
     touch(control, hand);
     FocusRing ring(&ground);
-    if (hand == Hand::keyboard) ring.mark(&control);
+    ring.mark(ringed);
     const auto shot = shoot(caption, ground);
     control.setParent(nullptr);
     return shot;
@@ -31,14 +32,11 @@ Shot shootOn(QWidget& ground, const QString& caption, QWidget& control, Hand han
 }  // namespace
 
 Shot shootOnPlate(const QString& caption, QWidget& control, Hand hand) {
-    Background plate;
-    return shootOn(plate, caption, control, hand);
+    return shootOn(KZQBrown(), caption, control, hand, hand == Hand::keyboard ? &control : nullptr);
 }
 
-Shot shootInTray(const QString& caption, QWidget& control, Hand hand) {
-    ColorView tray;
-    tray.setColor(trayColor());
-    return shootOn(tray, caption, control, hand);
+Shot shootInTray(const QString& caption, QWidget& control, QWidget* ringed) {
+    return shootOn(trayColor(), caption, control, Hand::none, ringed);
 }
 
 Shot shoot(const QString& caption, QWidget& window) {
