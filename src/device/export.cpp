@@ -1,7 +1,9 @@
 #include <algorithm>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
-#include <limits>
 #include <new>
+#include <system_error>
 #include <utility>
 
 #include "audio/wave.h"
@@ -13,17 +15,21 @@ namespace kzq {
 
 namespace {
 
-/// The whole file, or nothing when it is empty or cannot be read.
+/// All that the pedal holds, 24 minutes, with the header in front.
+constexpr std::uintmax_t largestCopy = std::uintmax_t{24} * 60 * waveSampleRate * 6 + waveHeaderSize;
+
+/// The whole file, or nothing when it is none, is empty, longer than any loop or cannot be read.
 std::optional<Bytes> contents(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
-    const std::streamoff size = file ? static_cast<std::streamoff>(file.tellg()) : 0;
-    if (size <= 0) {
+    std::error_code error;
+    const bool plain = std::filesystem::is_regular_file(path, error);
+    const auto size = plain ? std::filesystem::file_size(path, error) : 0;
+    if (error || size == 0 || size > largestCopy) {
         return std::nullopt;
     }
+    std::ifstream file(path, std::ios::binary);
     Bytes bytes(static_cast<std::size_t>(size));
-    file.seekg(0);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): iostreams read characters
-    if (!file.read(reinterpret_cast<char*>(bytes.data()), size)) {
+    if (!file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size))) {
         return std::nullopt;
     }
     return bytes;
@@ -40,7 +46,7 @@ std::uint32_t KZQ7306::exportLoop(const ExportInfo& info, const TransferProgress
     try {
         const auto file = contents(info.source);
         const auto audio = file ? lpcm(*file) : std::nullopt;
-        if (!audio || audio->empty() || audio->size() > std::numeric_limits<std::uint32_t>::max()) {
+        if (!audio || audio->empty()) {
             log(LogCategory::device, "export: no audio in the working copy");
             fail(Failure::noAudio);
             return 0;

@@ -99,6 +99,19 @@ TEST_F(Export, DataThatIsNoWaveIsSentAsItStands) {
     EXPECT_THAT(actions(), ElementsAre("E2 1 0", "E3 6 0", "out 6"));
 }
 
+TEST_F(Export, AWorkingCopyThatIsNoFileOrLongerThanAnyLoopIsNotSent) {
+    exports[2] = {folder, 2, false, 6};
+    stage(4, {1});
+    std::filesystem::resize_file(exports[4].source,
+                                 63'504'000ULL * 6 + 45);  // one byte more than a full pedal
+    exports[5] = {"/dev/zero", 5, false, 6};
+    stageFrames(6, 1);
+    exportLoops();
+    executor.settle();
+    EXPECT_EQ(results, (Pairs{{2, 0}, {4, 0}, {5, 0}, {6, 6}}));
+    EXPECT_THAT(actions(), ElementsAre("E2 5 0", "E3 6 0", "out 6"));
+}
+
 TEST_F(Export, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
     stageFrames(2, 1);
     stageFrames(3, 1000, true);
