@@ -17,8 +17,8 @@ bool WireJournal::begin(const WireEvent& event) {
         current_ = *pending;
         return false;
     }
-    current_ = forgotten_ + events_.size();
-    events_.push_back(event);
+    add(event);
+    current_ = forgotten_ + events_.size() - 1;
     // Remembers the pipe until `end` knows how it went.
     pending = current_;
     return true;
@@ -42,13 +42,13 @@ void WireJournal::note(WireEvent::Kind kind, Executor::TimePoint time) {
     WireEvent event;
     event.kind = kind;
     event.time = time;
-    events_.push_back(event);
+    add(event);
     pending_ = {};
     excused_ = false;
 }
 
 void WireJournal::violation(std::string_view sentence) {
-    if (askedAgain_) {
+    if (askedAgain_ || violations_.size() >= mostViolations) {
         return;
     }
     violations_.push_back("event " + std::to_string(current_ + 1) + ": " + std::string(sentence));
@@ -58,6 +58,15 @@ void WireJournal::outOfOrder(std::string_view sentence) {
     if (!excused_) {
         violation(sentence);
     }
+}
+
+void WireJournal::add(const WireEvent& event) {
+    if (events_.size() >= mostEvents) {
+        constexpr auto half = mostEvents / 2;
+        events_.erase(events_.begin(), events_.begin() + half);
+        forgotten_ += half;
+    }
+    events_.push_back(event);
 }
 
 void WireJournal::clear() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,9 +25,13 @@ struct WireEvent {
     Executor::TimePoint time;
 };
 
-/// What happened on the wire, in order, and what should not have. Not synchronised: its owner guards it.
+/// What happened on the wire, in order, and what should not have. Of a long run only the latest events are
+/// kept, and the first violations. Not synchronised: its owner guards it.
 class WireJournal {
   public:
+    static constexpr std::size_t mostEvents = 1 << 18;  ///< half of them are kept for certain
+    static constexpr std::size_t mostViolations = 1000;
+
     /// Opens the entry of a transfer. False when the latest transfer on that pipe still pends, for then this
     /// is the transport asking for it again: its entry stays, and nothing in it is complained of twice.
     bool begin(const WireEvent& event);
@@ -49,6 +54,8 @@ class WireJournal {
     const std::vector<std::string>& violations() const { return violations_; }
 
   private:
+    void add(const WireEvent& event);
+
     std::vector<WireEvent> events_;
     std::vector<std::string> violations_;
     std::uint64_t forgotten_ = 0;  ///< events before the first in events_
