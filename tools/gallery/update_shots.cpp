@@ -17,13 +17,14 @@ constexpr auto shortNotes =
     "\u2022\tOverdubs keep their level when the loop is shorter than a bar.\n"
     "\u2022\tTempo is kept when a loop is erased and recorded again.\n"
     "\u2022\tUSB transfers no longer pause while the pedal plays.\n"
-    "\u2022\tThe channel light shows the part that is recording.\n";
+    "\u2022\tThe channel light shows the part that is recording.";
 
-constexpr std::string_view feed =
+const std::string feed =
     R"(<rss version="2.0" xmlns:s="urn:s"><channel><item><title>3.0</title>
 <description><![CDATA[<ul><li>Loops can be renamed on the export tab.</li><li>Faster transfers.</li></ul>]]></description>
 <enclosure url="https://www.kzq.example/kzq7306.AppImage" length="40000000" s:version="3000" s:shortVersionString="3.0"
- s:edSignature="AAAA"/></item></channel></rss>)";
+ s:edSignature=")" +
+    std::string(86, 'A') + R"(=="/></item></channel></rss>)";
 
 Shot firmwareOffer(const QString& caption, int times) {
     StillExecutor executor;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/main_window.h"
+#include "app/menu_bar.h"
 #include "rows.h"
 #include "slots/capacity.h"
 #include "stage.h"
@@ -66,6 +67,7 @@ class Scene {
     Scene(const States& imports, const States& exports) {
         fill(Slot::importContext, "import slot %1", imports);
         fill(Slot::exportContext, "export slot %1", exports);
+        fillMenuBar(*window_.menuBar(), {});
         window_.settleTabOrder();
     }
 
