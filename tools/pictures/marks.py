@@ -78,8 +78,7 @@ def reel(picture, x, y, outer, hub, hub_colour):
     picture.ring(x, y, outer - 0.5, c.OXIDE_EDGE, 1)
     step = (outer - hub) / 4
     for turn in (1, 2, 3):
-        picture._add("circle", cx=x, cy=y, r=hub + turn * step, fill="none", stroke=c.SHADOW, stroke_opacity=0.45,
-                     stroke_width=max(step / 4, 0.7))
+        picture.ring(x, y, hub + turn * step, c.SHADOW, max(step / 4, 0.7), stroke_opacity=0.45)
     picture.circle(x, y, hub, hub_colour)
     holes(picture, x, y, hub * 0.58, hub * 0.17, c.INK)
     picture.circle(x, y, hub * 0.26, c.INK)

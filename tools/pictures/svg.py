@@ -93,9 +93,9 @@ class Picture:
     def circle(self, x, y, radius, fill, **more):
         self._add("circle", cx=x, cy=y, r=radius, fill=fill, **more)
 
-    def ring(self, x, y, radius, colour, width=2):
+    def ring(self, x, y, radius, colour, width=2, **more):
         """A circle's line; `radius` is that of the line's middle."""
-        self._add("circle", cx=x, cy=y, r=radius, fill="none", stroke=colour, stroke_width=width)
+        self._add("circle", cx=x, cy=y, r=radius, fill="none", stroke=colour, stroke_width=width, **more)
 
     def fill(self, data, colour, **more):
         self._add("path", d=Shape.placed(data), fill=colour, **more)
