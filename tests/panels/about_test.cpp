@@ -134,6 +134,20 @@ TEST_F(AboutTest, EveryWayOfClosingOpensTheMainWindowOnce) {
     EXPECT_THAT(calls, IsEmpty());
 }
 
+TEST_F(AboutTest, TheKeyThatOpenedItDoesNotCloseItWhenItIsLetGo) {
+    QWidget menuBar;
+    for (int time = 0; time < 2; ++time) {
+        QTest::keyPress(&menuBar, Qt::Key_Return);
+        about->showWindow();
+        key(QEvent::KeyRelease, Qt::Key_Return);
+        EXPECT_TRUE(about->isVisible());
+        key(QEvent::KeyPress, Qt::Key_Return);
+        EXPECT_TRUE(about->isVisible());
+        key(QEvent::KeyRelease, Qt::Key_Return);
+        EXPECT_FALSE(about->isVisible());
+    }
+}
+
 TEST_F(AboutTest, TheLinkShowsHoveringAndOpensTheWebsite) {
     EXPECT_EQ(label->text(), "www.kzq.example");
     EXPECT_EQ(link->geometry(), label->geometry());

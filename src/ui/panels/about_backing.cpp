@@ -1,5 +1,6 @@
 #include "ui/panels/about_backing.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
@@ -14,6 +15,7 @@ namespace kzq {
 
 AboutBacking::AboutBacking(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
 void AboutBacking::setController(About* about) {
@@ -72,16 +74,42 @@ void AboutBacking::drawVersion(QPainter& painter) const {
     painter.drawText(QPointF(x, height() - 13 - QFontMetrics(*font).descent()), text);
 }
 
+bool AboutBacking::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+        const auto& keys = static_cast<const QKeyEvent&>(*event);  // NOLINT(*-static-cast-downcast)
+        if (keys.isAutoRepeat()) {
+            return QWidget::eventFilter(watched, event);
+        }
+        if (event->type() == QEvent::KeyPress) {
+            held_.insert(keys.key());
+        } else {
+            held_.remove(keys.key());
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void AboutBacking::showEvent(QShowEvent* event) {
+    heldBefore_ = held_;
+    QWidget::showEvent(event);
+}
+
 void AboutBacking::keyPressEvent(QKeyEvent* event) {
     event->accept();
+    if (!event->isAutoRepeat()) {
+        heldBefore_.remove(event->key());
+    }
 }
 
 void AboutBacking::keyReleaseEvent(QKeyEvent* event) {
     event->accept();
     const int key = event->key();
+    if (event->isAutoRepeat() || heldBefore_.remove(key)) {
+        return;
+    }
     const bool closes =
         key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || key == Qt::Key_Escape;
-    if (closes && !event->isAutoRepeat() && controller_) {
+    if (closes && controller_) {
         controller_->close();
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QSet>
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -15,7 +16,8 @@ class About;
 class PictureView;
 
 /// The content of the About panel: the artwork, and the versions in its lower right corner. Any click and
-/// the release of Return, Space, Escape or Enter close the panel.
+/// the release of Return, Space, Escape or Enter close the panel; the release of the key that opened it
+/// does not.
 class AboutBacking : public QWidget {
     Q_OBJECT
 
@@ -34,7 +36,10 @@ class AboutBacking : public QWidget {
     /// "2.1.0 (1.05)", "2.1.0" without a pedal, empty without a version of the program.
     QString versionText() const;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   protected:
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -48,6 +53,8 @@ class AboutBacking : public QWidget {
     QPointer<PictureView> image_;
     std::string software_;
     FirmwareVersion firmware_;
+    QSet<int> held_;        ///< keys that are down, wherever they were pressed in the program
+    QSet<int> heldBefore_;  ///< those that were when the panel was shown and still are
 };
 
 }  // namespace kzq
