@@ -77,8 +77,7 @@ std::optional<Explanation> FirmwareInstallation::enterLoader() {
                            "The pedal refused to enter its loader. Nothing was changed."};
     }
     looper_->interrupt();  // it may have come back and be silent
-    if (auto problem =
-            explainConnection(looper_->acquisitionFailure(), context_.environment.diagnose())) {
+    if (auto problem = explainConnection(looper_->acquisitionFailure(), context_.environment.diagnose())) {
         problem->sentence += " Then run the same command again.";
         return problem;
     }
