@@ -3,7 +3,6 @@
 #include <QLabel>
 #include <QPainter>
 #include <algorithm>
-#include <ranges>
 #include <vector>
 
 #include "ui/alert_button.h"
@@ -81,11 +80,13 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
             button->hide();
         }
     }
-    auto right = panelWidth - buttonsRight;
-    for (auto* button : std::views::reverse(shown)) {
-        const auto size = button->sizeHint();
-        button->setGeometry(right - size.width(), top, size.width(), size.height());
-        right -= size.width() + buttonsGap;
+    auto left = panelWidth - buttonsRight + buttonsGap;
+    for (const auto* button : shown) {
+        left -= button->sizeHint().width() + buttonsGap;
+    }
+    for (auto* button : shown) {
+        button->setGeometry({{left, top}, button->sizeHint()});
+        left += button->width() + buttonsGap;
     }
     const auto height = shown.empty() ? 0 : shown.front()->height();
     setFixedSize(panelWidth, top + height + foot);

@@ -44,12 +44,12 @@ void schedule(Executor& executor, const std::shared_ptr<ScheduledTimer>& timer, 
 }  // namespace
 
 std::shared_ptr<ScheduledTimer> scheduledTimer(Executor& executor, double interval,
-                                               std::function<void()> action, bool repeats) {
+                                               const std::function<void()>& action, bool repeats) {
     constexpr double shortest = 0.0001;  // what a run loop makes of no interval at all
     if (!action) {
         return nullptr;
     }
-    const auto timer = std::make_shared<ScheduledTimer>();
+    auto timer = std::make_shared<ScheduledTimer>();
     const auto seconds = std::chrono::duration<double>(std::max(interval, shortest));
     schedule(executor, timer, std::chrono::duration_cast<Executor::Duration>(seconds), action, repeats);
     return timer;

@@ -24,13 +24,14 @@ class ScheduledTimer {
     bool isValid() const { return valid_; }
 
   private:
-    friend std::shared_ptr<ScheduledTimer> scheduledTimer(Executor&, double, std::function<void()>, bool);
+    friend std::shared_ptr<ScheduledTimer> scheduledTimer(Executor& executor, double interval,
+                                                          const std::function<void()>& action, bool repeats);
     bool valid_ = true;
 };
 
 /// Runs `action` on the main thread after `interval` seconds, again and again if `repeats`. Null when there
 /// is no action.
 std::shared_ptr<ScheduledTimer> scheduledTimer(Executor& executor, double interval,
-                                               std::function<void()> action, bool repeats = false);
+                                               const std::function<void()>& action, bool repeats = false);
 
 }  // namespace kzq

@@ -129,7 +129,7 @@ QString pictureOf(const char* identifier, const QString& state) {
     if (state.contains('d')) {
         rig.mouse.press();
     }
-    const auto name = rig.button.pictureName();
+    auto name = rig.button.pictureName();
     EXPECT_TRUE(name.isEmpty() || picture(name)) << name.toStdString();
     return name;
 }
