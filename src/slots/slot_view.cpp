@@ -44,7 +44,7 @@ bool SlotView::prepareForDragOperation() const {
     return controller_ != nullptr && controller_->context() == Slot::exportContext;
 }
 
-Qt::DropAction SlotView::draggingEntered(const QDropEvent& drag) {
+Qt::DropAction SlotView::draggingEntered(const QDropEvent& drag) const {
     const auto urls = drag.mimeData()->urls();
     const bool taken = prepareForDragOperation() && !urls.isEmpty() && isAudioFile(urls.first()) &&
                        drag.possibleActions().testFlag(Qt::CopyAction);

@@ -22,7 +22,7 @@ class SlotView : public QWidget {
 
     /// What would become of this drag here: a copy, for an export row and a first file whose extension is one
     /// of the eight kinds of audio; else Qt::IgnoreAction. Never a move: the user's file stays.
-    Qt::DropAction draggingEntered(const QDropEvent& drag);
+    Qt::DropAction draggingEntered(const QDropEvent& drag) const;
     void draggingExited();
     bool prepareForDragOperation() const;
     /// Hands the files to the row's delegate. False when the row takes none, the drag holds none, or it comes

@@ -10,8 +10,8 @@ using testing::ElementsAre;
 class Drop : public RowFixture {
   protected:
     /// Drags over `target` and lets go when it was accepted. Returns what the source is told.
-    Qt::DropAction drag(QWidget& target, const QList<QUrl>& urls, Qt::DropActions possible,
-                        Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    static Qt::DropAction drag(QWidget& target, const QList<QUrl>& urls, Qt::DropActions possible,
+                               Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QMimeData data;
         data.setUrls(urls);
         QDragEnterEvent enter({2, 2}, possible, &data, Qt::LeftButton, modifiers);
