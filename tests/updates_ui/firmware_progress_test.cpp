@@ -21,8 +21,8 @@ struct HeldUpExecutor : VirtualExecutor {
 };
 
 struct FirmwareProgressTest : testing::Test {
-    double bar() { return progress->slider().doubleValue(); }
-    bool shown() { return progress->window().isVisible(); }
+    double bar() const { return progress->slider().doubleValue(); }
+    bool shown() const { return progress->window().isVisible(); }
 
     VirtualExecutor executor;
     std::unique_ptr<FirmwareUpdaterProgress> progress = FirmwareUpdaterProgress::progress(executor);

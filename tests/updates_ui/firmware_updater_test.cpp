@@ -32,7 +32,7 @@ struct FirmwareUpdaterTest : testing::Test, FirmwareUpdaterDelegate {
         const auto hash = MD5String({reinterpret_cast<const std::uint8_t*>(image.data()), image.size()});
         std::string list;
         for (const auto& change : changes) {
-            list += (list.empty() ? "\"" : ",\"") + change + "\"";
+            list += (list.empty() ? R"(")" : R"(,")") + change + R"(")";
         }
         shelf.resources["https://maker/_.json"] = R"([{"name":"image","hash":")" + hash.value_or("") +
                                                   R"(","size":)" + std::to_string(image.size()) +

@@ -33,10 +33,10 @@ struct SoftwareUpdateTest : testing::Test {
                              package.size(), secret.data());
         const auto text = QByteArray(reinterpret_cast<const char*>(signature.data()), 64).toBase64();
         shelf.resources["https://maker/feed"] =
-            "<rss><channel><item><description>&lt;ul&gt;&lt;li&gt;New&lt;/ul&gt;</description><enclosure "
-            "version=\"" +
-            version + "\" url=\"https://maker/new.AppImage\" length=\"" + std::to_string(package.size()) +
-            "\" edSignature=\"" + text.toStdString() + "\"/></item></channel></rss>";
+            R"(<rss><channel><item><description>&lt;ul&gt;&lt;li&gt;New&lt;/ul&gt;</description>)"
+            R"(<enclosure url="https://maker/new.AppImage" version=")" +
+            version + R"(" length=")" + std::to_string(package.size()) + R"(" edSignature=")" +
+            text.toStdString() + R"("/></item></channel></rss>)";
     }
     void start(UpdateBuild build) {
         const UpdateDesktop desktop = {[](const std::filesystem::path&) { return true; },
@@ -57,11 +57,11 @@ struct SoftwareUpdateTest : testing::Test {
         events.push_back(event);
         return true;
     }
-    QWidget& window() { return update->window(); }
-    QString headline() { return control<QLabel>(window(), "headline").text(); }
-    QString detail() { return control<QLabel>(window(), "detail").text(); }
+    QWidget& window() const { return update->window(); }
+    QString headline() const { return control<QLabel>(window(), "headline").text(); }
+    QString detail() const { return control<QLabel>(window(), "detail").text(); }
     /// The words of the buttons that are shown.
-    QStringList buttons() {
+    QStringList buttons() const {
         QStringList words;
         for (const auto* name : {"acceptButton", "cancelButton"}) {
             auto& button = control<QAbstractButton>(window(), name);
