@@ -87,13 +87,8 @@ UpdateDesktop desktop() {
                 }};
 }
 
-/// In a line; nothing when only the pedal is missing, which the window says anyway.
 std::string remedy() {
-    const auto trouble = firstTrouble(diagnose());
-    if (!trouble || trouble->trouble == PedalTrouble::nothingOnBus) {
-        return {};
-    }
-    return trouble->sentence + " \u2013 \"kzq7306ctl doctor\" tells how to mend it.";
+    return obstacleLine(diagnose());
 }
 
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
