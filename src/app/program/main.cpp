@@ -142,13 +142,13 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
             leave(EXIT_SUCCESS);
         });
     });
-    if (simulation != nullptr) {
-        showSimulation(window, simulation->pedal(), !options.unplugged);
-        if (!options.unplugged) {
-            simulation->pedal().plugIn();
-        }
+    if (simulation != nullptr && !options.unplugged) {
+        simulation->pedal().plugIn();
     }
     delegate->applicationDidFinishLaunching();
+    if (simulation != nullptr) {
+        showSimulation(window, simulation->pedal(), !options.unplugged);
+    }
     const int status = Application::exec();
     delegate->applicationWillTerminate();
     leave(status);
