@@ -23,7 +23,9 @@ class Folder {
 
     void save(const QString& name, const Shots& shots, const QColor& ground) {
         const auto path = folder_.filePath(QString("%1@%2x.png").arg(name).arg(ratio_));
-        if (contactSheet(shots, ground).save(path)) return;
+        if (contactSheet(shots, ground).save(path)) {
+            return;
+        }
         std::fprintf(stderr, "%s could not be written\n", qPrintable(path));
         good_ = false;
     }
@@ -57,7 +59,9 @@ bool drawAll(const QString& path, double ratio) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     if (argc != 2) {
         std::fputs("kzq7306-gallery FOLDER\n", stderr);

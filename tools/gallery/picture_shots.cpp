@@ -26,7 +26,9 @@ Shots pictures(double ratio, const std::function<bool(const QSizeF&)>& wanted) {
     for (const auto& file : QDir(":/pictures").entryList({"*.svg"}, QDir::Files, QDir::Name)) {
         const auto name = file.chopped(4);
         const auto size = picture(name).value_or(Picture{}).size;
-        if (wanted(size)) shots.push_back({name, drawn(name, size, ratio)});
+        if (wanted(size)) {
+            shots.push_back({name, drawn(name, size, ratio)});
+        }
     }
     return shots;
 }

@@ -58,7 +58,9 @@ Shots handsOn(Rows& rows) {
                                Hand hand) {
         const auto row = rows.row(7, context, state, nullptr);
         QWidget& view = *row->view();
-        if (hand != Hand::keyboard) touch(*part(*row), hand);
+        if (hand != Hand::keyboard) {
+            touch(*part(*row), hand);
+        }
         shots.push_back(shootInTray(caption, view, hand == Hand::keyboard ? part(*row) : nullptr));
     };
     const auto button = [](const Slot& row) -> QWidget* { return row.button(); };
@@ -82,14 +84,20 @@ std::unique_ptr<Slot> Rows::row(std::uint8_t number, std::int32_t context, const
     row->setEnabled(context == Slot::exportContext || state.occupied);
     if (context == Slot::importContext) {
         row->setSelected(state.selected);
-        if (state.name != nullptr) row->setCustomImportName(QString(state.name));
+        if (state.name != nullptr) {
+            row->setCustomImportName(QString(state.name));
+        }
     } else if (state.name != nullptr) {
         row->setExporting(QUrl::fromLocalFile(QString("/tmp/%1.wav").arg(state.name)));
         row->setExported(state.written);
     }
     row->refresh();
-    if (state.renaming) row->field()->startRenaming();
-    if (state.dropping) holdFileOver(*row->view());
+    if (state.renaming) {
+        row->field()->startRenaming();
+    }
+    if (state.dropping) {
+        holdFileOver(*row->view());
+    }
     return row;
 }
 

@@ -24,7 +24,7 @@ Shot shootOn(const QColor& color, const QString& caption, QWidget& control, Hand
     touch(control, hand);
     FocusRing ring(&ground);
     ring.mark(ringed);
-    const auto shot = shoot(caption, ground);
+    auto shot = shoot(caption, ground);
     control.setParent(nullptr);
     return shot;
 }
@@ -45,12 +45,16 @@ Shot shoot(const QString& caption, QWidget& window) {
 }
 
 void touch(QWidget& control, Hand hand) {
-    if (hand != Hand::hovering && hand != Hand::pressing) return;
+    if (hand != Hand::hovering && hand != Hand::pressing) {
+        return;
+    }
     const QPointF middle(control.rect().center());
     const QPointF global(control.mapToGlobal(middle));
     QEnterEvent enter(middle, middle, global);
     QCoreApplication::sendEvent(&control, &enter);
-    if (hand != Hand::pressing) return;
+    if (hand != Hand::pressing) {
+        return;
+    }
     QMouseEvent press(QEvent::MouseButtonPress, middle, global, Qt::LeftButton, Qt::LeftButton,
                       Qt::NoModifier);
     QCoreApplication::sendEvent(&control, &press);

@@ -41,7 +41,9 @@ Shot firmwareOffer(const QString& caption, int times) {
     const auto updater = FirmwareUpdater::updater(std::move(environment));
     updater->blurb().setText(
         "KZQ7306 1.6 is now available\u2014you have 1.5. Would you like to install it now?");
-    for (int i = 0; i < times; ++i) updater->notes().appendNotes(shortNotes);
+    for (int i = 0; i < times; ++i) {
+        updater->notes().appendNotes(shortNotes);
+    }
     return shoot(caption, updater->window());
 }
 
@@ -67,7 +69,9 @@ Shot softwareUpdate(const QString& caption, const std::string& version, std::str
     updater->setFeedURL("https://www.kzq.example/feed.xml");
     const auto window = SoftwareUpdate::softwareUpdate({updater, version, {}});
     window->checkForUpdates();
-    if (answered) executor.settle();
+    if (answered) {
+        executor.settle();
+    }
     return shoot(caption, window->window());
 }
 
