@@ -32,23 +32,23 @@ Absence::Absence(Executor& executor, MainWindow& window, Diagnosis diagnosis)
     : executor_(executor), window_(window), diagnosis_(std::move(diagnosis)) {}
 
 void Absence::look(unsigned round) {
-    executor_.background(Priority::background, [&executor = executor_, weak = weak_from_this(), round,
-                                                diagnosis = diagnosis_] {
-        const auto remedy = diagnosis();
-        executor.main([weak, round, remedy, &executor] {
-            const auto self = weak.lock();
-            if (!self || round != self->round_) {
-                return;
-            }
-            self->window_.setRemedy(QString::fromStdString(remedy));
-            executor.mainAfter(betweenLooks, [weak, round] {
-                const auto later = weak.lock();
-                if (later && round == later->round_) {
-                    later->look(round);
-                }
-            });
-        });
-    });
+    executor_.background(Priority::background,
+                         [&executor = executor_, weak = weak_from_this(), round, diagnosis = diagnosis_] {
+                             const auto remedy = diagnosis();
+                             executor.main([weak, round, remedy, &executor] {
+                                 const auto self = weak.lock();
+                                 if (!self || round != self->round_) {
+                                     return;
+                                 }
+                                 self->window_.setRemedy(QString::fromStdString(remedy));
+                                 executor.mainAfter(betweenLooks, [weak, round] {
+                                     const auto later = weak.lock();
+                                     if (later && round == later->round_) {
+                                         later->look(round);
+                                     }
+                                 });
+                             });
+                         });
 }
 
 }  // namespace kzq

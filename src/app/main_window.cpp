@@ -82,8 +82,8 @@ void MainWindow::dress() {
 void MainWindow::dressEmptyState() {
     ui_->emptyPlatePicture->setPicture("Empty_plate");
     ui_->emptyNotePicture->setPicture("Empty_note");
-    dressLabel(*ui_->emptyHeadline, firaSans(FiraWeight::light, headlinePixels).value_or(textFont(headlinePixels)),
-               KZQWhite());
+    dressLabel(*ui_->emptyHeadline,
+               firaSans(FiraWeight::light, headlinePixels).value_or(textFont(headlinePixels)), KZQWhite());
     dressLabel(*ui_->emptyAdvice, textFont(), creamColor());
     dressLabel(*ui_->emptyRemedy, textFont(remedyPixels), KZQYellow());
     dressLabel(*ui_->emptyNoteHeadline, textFont(), KZQWhite());
@@ -186,7 +186,8 @@ void MainWindow::settleTabOrder() {
         last = next;
     };
     for (int tab = 0; tab < ui_->tabs->count(); ++tab) {
-        for (auto* const view : ui_->tabs->widget(tab)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        for (auto* const view :
+             ui_->tabs->widget(tab)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
             if (view->focusPolicy() != Qt::NoFocus) {
                 follow(view);
             }

@@ -13,13 +13,14 @@ void dressMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
     bar.setFont(textFont());
     bar.setStyleSheet(
-        QString("QMenuBar { background: %1; color: %2; border: none; padding: 2px 24px; }"
-                "QMenuBar::item { padding: 5px 9px; margin: 1px; border-radius: 4px; background: transparent; }"
-                "QMenuBar::item:selected { background: %3; }"
-                "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
-                "QMenu::item { padding: 6px 28px 6px 16px; border-radius: 4px; }"
-                "QMenu::item:selected { background: %3; }"
-                "QMenu::item:disabled { color: %6; }")
+        QString(
+            "QMenuBar { background: %1; color: %2; border: none; padding: 2px 24px; }"
+            "QMenuBar::item { padding: 5px 9px; margin: 1px; border-radius: 4px; background: transparent; }"
+            "QMenuBar::item:selected { background: %3; }"
+            "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
+            "QMenu::item { padding: 6px 28px 6px 16px; border-radius: 4px; }"
+            "QMenu::item:selected { background: %3; }"
+            "QMenu::item:disabled { color: %6; }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
                  panelColor().name(), outlineColor().name(), disabledWordColor().name()));
 }

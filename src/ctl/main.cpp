@@ -1,17 +1,12 @@
-#include <fcntl.h>
-#include <gnu/libc-version.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <csignal>
 #include <cstdlib>
 #include <iostream>
 #include <memory>
-#include <string_view>
 #include <utility>
 
 #include "audio/conversion.h"
@@ -21,9 +16,8 @@
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
 #include "device/recorder/recording_port.h"
-#include "device/simulator/loop_folder.h"
-#include "device/simulator/simulated_port.h"
-#include "device/simulator/synthesiser.h"
+#include "device/simulator/simulation.h"
+#include "platform/process.h"
 #include "platform/run_folder.h"
 #include "platform/standard_executor.h"
 #include "updates/maker.h"
@@ -46,17 +40,6 @@ int complain(const ctl::Explanation& problem) {
     return ended(problem.code);
 }
 
-/// The minor number of the C library: "2.36" gives 36.
-std::uint64_t systemMinorVersion() {
-    const std::string_view version = gnu_get_libc_version();
-    const auto dot = version.find('.');
-    std::uint64_t minor = 0;
-    if (dot != std::string_view::npos) {
-        std::from_chars(version.data() + dot + 1, version.data() + version.size(), minor);
-    }
-    return minor;
-}
-
 ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
     const auto result = Conversion({.output = order.output,
                                     .progress = order.progress,
@@ -66,49 +49,17 @@ ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
     return {result.path, result.frames, result ? "" : result.failure->sentence};
 }
 
-/// The simulated pedal with its port. What is written to it is kept in `folder`, if that is not empty.
-struct Simulation {
-    Simulation(Executor& executor, simulator::PedalMemory memory, simulator::LoopFolder loopFolder)
-        : folder(std::move(loopFolder)),
-          pedal(executor, {.memory = std::move(memory)}),
-          port(executor, pedal) {}
-
-    simulator::LoopFolder folder;
-    simulator::SimulatedPedal pedal;
-    simulator::SimulatedPort port;
-};
-
 /// Null, with `problem` set, when the options do not describe one.
-std::unique_ptr<Simulation> simulate(Executor& executor, const ctl::Options& options,
-                                     ctl::Explanation& problem) {
-    auto memory = simulator::demonstrationMemory();
-    simulator::LoopFolder folder(options.simulatedFolder);
-    if (!options.simulatedFolder.empty()) {
-        auto loaded = folder.load(problem.sentence);
-        if (!loaded) {
-            problem.code = ExitCode::fileError;
-            return nullptr;
-        }
-        memory = std::move(*loaded);
+std::unique_ptr<simulator::Simulation> simulate(Executor& executor, const ctl::Options& options,
+                                                ctl::Explanation& problem) {
+    bool badFault = false;
+    auto simulation = simulator::Simulation::make(executor, {options.simulatedFolder, options.faults},
+                                                  problem.sentence, &badFault);
+    if (simulation) {
+        simulation->pedal().plugIn();
+    } else {
+        problem.code = badFault ? ExitCode::usage : ExitCode::fileError;
     }
-    auto simulation = std::make_unique<Simulation>(executor, std::move(memory), std::move(folder));
-    if (!options.simulatedFolder.empty()) {
-        simulation->pedal.setMemoryListener(
-            [&kept = simulation->folder](std::uint8_t address, const simulator::StoredLoop* loop) {
-                kept.store(address, loop);
-            });
-    }
-    for (const auto& text : options.faults) {
-        const auto fault = simulator::faultFromText(text);
-        if (!fault) {
-            problem = {
-                ExitCode::usage,
-                "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100."};
-            return nullptr;
-        }
-        simulation->pedal.plan(*fault);
-    }
-    simulation->pedal.plugIn();
     return simulation;
 }
 
@@ -139,11 +90,6 @@ std::function<void(std::string_view)> noteTaker(const std::shared_ptr<recorder::
     return [recorder](std::string_view line) { recorder->note(line); };
 }
 
-std::filesystem::path homeFolder() {
-    const char* const home = std::getenv("HOME");  // NOLINT(concurrency-mt-unsafe): nothing here sets it
-    return home != nullptr ? home : "";
-}
-
 /// Workers may be parked in a transfer that never ends, so the process does not wait for them.
 [[noreturn]] void leave(ExitCode code) {
     RunFolder::ofThisRun().remove();
@@ -160,7 +106,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     const QCoreApplication application(count, arguments.data());
     StandardExecutor executor;
     RunFolder::ofThisRun().sweep();
-    std::unique_ptr<Simulation> simulation;
+    std::unique_ptr<simulator::Simulation> simulation;
     std::unique_ptr<UsbPort> bus;
     if (options.simulate) {
         ctl::Explanation problem;
@@ -173,7 +119,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     }
     std::shared_ptr<recorder::SessionRecorder> recorder;
     std::unique_ptr<UsbPort> recording;
-    UsbPort& port = simulation ? static_cast<UsbPort&>(simulation->port) : *bus;
+    UsbPort& port = simulation ? static_cast<UsbPort&>(simulation->port()) : *bus;
     if (!options.record.empty()) {
         ctl::Explanation problem{ExitCode::fileError, {}};
         recorder = record(executor, options.record, problem.sentence);
@@ -215,26 +161,14 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     return ended(ExitCode::ok);  // not reached: the tool leaves
 }
 
-/// A standard stream that is closed would give its number to the next file that is opened, and what is
-/// printed would go into a recording. Each gets a file instead that it cannot be used with.
-void occupyStandardStreams() {
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-        if (::fcntl(stream, F_GETFD) < 0 &&
-            ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) {
-            std::_Exit(ended(ExitCode::fileError));
-        }
-    }
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    occupyStandardStreams();
+    if (!occupyStandardStreams()) {
+        std::_Exit(ended(ExitCode::fileError));
+    }
     ctl::Signals signals;
-    // A reader that has gone, or a limit on the size of files, is a failed write and no reason to leave a
-    // transfer.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN);
+    ignoreWriteSignals();
     const auto parsed = ctl::parseOptions({argv + std::min(argc, 1), argv + argc});
     if (parsed.options) {
         return run(*parsed.options, signals);

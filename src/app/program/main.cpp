@@ -94,21 +94,22 @@ std::string remedy() {
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
                              HttpClient& http) {
     auto build = UpdateBuild::ofThisProgram();
-    return {.executor = executor,
-            .dialogs = dialogs,
-            .http = http,
-            .home = homeFolder(),
-            .product = {.version = KZQ_VERSION, .website = websiteAddress(options.host)},
-            .firmwareManifest = firmwareManifestAddress(options.host),
-            .feedAddress = [host = options.host](const auto& home) { return softwareFeedAddress(home, host); },
-            .desktop = desktop(),
-            .build = std::move(build),
-            .installation = Installation::ofThisProgram(),
-            .downloads = downloadFolder(),
-            .convert = [](const std::string& path) { return Wave::convertAudioFile(path); },
-            .diagnose = options.simulate ? nullptr : remedy,
-            .modifiers = {},
-            .quit = &QCoreApplication::quit};
+    return {
+        .executor = executor,
+        .dialogs = dialogs,
+        .http = http,
+        .home = homeFolder(),
+        .product = {.version = KZQ_VERSION, .website = websiteAddress(options.host)},
+        .firmwareManifest = firmwareManifestAddress(options.host),
+        .feedAddress = [host = options.host](const auto& home) { return softwareFeedAddress(home, host); },
+        .desktop = desktop(),
+        .build = std::move(build),
+        .installation = Installation::ofThisProgram(),
+        .downloads = downloadFolder(),
+        .convert = [](const std::string& path) { return Wave::convertAudioFile(path); },
+        .diagnose = options.simulate ? nullptr : remedy,
+        .modifiers = {},
+        .quit = &QCoreApplication::quit};
 }
 
 /// Nothing when the file cannot be read; empty when none was named.
@@ -162,7 +163,8 @@ bool hasScreen() {
 
 int run(const ProgramOptions& options, int argc, char** argv) {
     if (!hasScreen()) {
-        return complain(EXIT_FAILURE, "there is no screen to open a window on; kzq7306ctl works without one.");
+        return complain(EXIT_FAILURE,
+                        "there is no screen to open a window on; kzq7306ctl works without one.");
     }
     if (handOverToRenamedBundle({.home = homeFolder(),
                                  .program = std::filesystem::read_symlink("/proc/self/exe"),
@@ -188,7 +190,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (options.simulate) {
         std::string error;
         bool badFault = false;
-        simulation = simulator::Simulation::make(executor, {options.simulatedFolder, options.faults}, error, &badFault);
+        simulation = simulator::Simulation::make(executor, {options.simulatedFolder, options.faults}, error,
+                                                 &badFault);
         if (!simulation) {
             return complain(badFault ? usageStatus : fileStatus, error);
         }

@@ -35,7 +35,8 @@ ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {
     try {
         app.parse(arguments);
     } catch (const CLI::Success& asked) {  // help or version
-        return {std::nullopt, 0, asked.get_name() == "CallForVersion" ? std::string(asked.what()) + "\n" : app.help()};
+        return {std::nullopt, 0,
+                asked.get_name() == "CallForVersion" ? std::string(asked.what()) + "\n" : app.help()};
     } catch (const CLI::ParseError& problem) {
         return {std::nullopt, usageStatus, std::string("kzq7306: ") + problem.what() + "\n"};
     }

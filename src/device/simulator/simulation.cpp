@@ -9,8 +9,8 @@ namespace kzq::simulator {
 Simulation::Simulation(Executor& executor, PedalMemory memory, LoopFolder folder)
     : folder_(std::move(folder)), pedal_(executor, {.memory = std::move(memory)}), port_(executor, pedal_) {}
 
-std::unique_ptr<Simulation> Simulation::make(Executor& executor, const SimulationOrder& order, std::string& error,
-                                             bool* badFault) {
+std::unique_ptr<Simulation> Simulation::make(Executor& executor, const SimulationOrder& order,
+                                             std::string& error, bool* badFault) {
     auto memory = demonstrationMemory();
     LoopFolder folder(order.folder);
     if (!order.folder.empty()) {
@@ -22,13 +22,15 @@ std::unique_ptr<Simulation> Simulation::make(Executor& executor, const Simulatio
     }
     std::unique_ptr<Simulation> made(new Simulation(executor, std::move(memory), std::move(folder)));
     if (!order.folder.empty()) {
-        made->pedal_.setMemoryListener(
-            [&kept = made->folder_](std::uint8_t address, const StoredLoop* loop) { kept.store(address, loop); });
+        made->pedal_.setMemoryListener([&kept = made->folder_](std::uint8_t address, const StoredLoop* loop) {
+            kept.store(address, loop);
+        });
     }
     for (const auto& text : order.faults) {
         const auto fault = faultFromText(text);
         if (!fault) {
-            error = "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100.";
+            error =
+                "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100.";
             if (badFault != nullptr) {
                 *badFault = true;
             }

@@ -23,8 +23,8 @@ class Simulation {
   public:
     /// Null, with a sentence in `error`, when the order is not one: `badFault` tells then whether it is for
     /// a fault and not for the folder.
-    static std::unique_ptr<Simulation> make(Executor& executor, const SimulationOrder& order, std::string& error,
-                                            bool* badFault = nullptr);
+    static std::unique_ptr<Simulation> make(Executor& executor, const SimulationOrder& order,
+                                            std::string& error, bool* badFault = nullptr);
 
     SimulatedPedal& pedal() { return pedal_; }
     SimulatedPort& port() { return port_; }
