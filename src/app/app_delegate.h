@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QPoint>
 #include <QUrl>
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -191,7 +192,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void endStart();
     void beginRun();
     void endRun();
-    /// On a background thread, since the link asks the pedal before it begins.
+    /// After beginRun: on a background thread, since the link asks the pedal before it begins.
     void onLink(std::function<void(KZQ7306&)> operation);
     /// What any thread may call to have `task` done on the main thread, for as long as this lives.
     std::function<void()> onMain(std::function<void(AppDelegate&)> task);
@@ -236,8 +237,9 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     std::shared_ptr<Absence> absence_;
     std::unique_ptr<MenuClosing> menuClosing_;
     Flow flow_ = Flow::none;
-    std::uint64_t runs_ = 0;                ///< operations begun so far
-    std::unique_ptr<QObject> connections_;  ///< from the window's buttons; end with it
+    std::uint64_t runs_ = 0;                        ///< operations begun so far
+    std::shared_ptr<std::atomic<bool>> linkAsked_;  ///< the latest one waits for the link to take it
+    std::unique_ptr<QObject> connections_;          ///< from the window's buttons; end with it
 };
 
 }  // namespace kzq

@@ -1,5 +1,3 @@
-#include <QCoreApplication>
-#include <QMenuBar>
 #include <QStackedWidget>
 #include <utility>
 
@@ -8,6 +6,7 @@
 #include "app/busy_question.h"
 #include "app/main_watch.h"
 #include "app/main_window.h"
+#include "app/menu_bar.h"
 #include "app/menu_closing.h"
 #include "device/kzq7306.h"
 #include "slots/slot_field_editor.h"
@@ -144,13 +143,15 @@ bool AppDelegate::makeSlots(int tab, std::int32_t context, Slots& list) {
 
 void AppDelegate::connectButtons() {
     connections_ = std::make_unique<QObject>();
-    const auto connect = [this](QAbstractButton* button, void (AppDelegate::*action)()) {
-        QObject::connect(button, &QAbstractButton::clicked, connections_.get(),
-                         [weak = weak_from_this(), action] {
-                             if (const auto self = weak.lock()) {
-                                 (self.get()->*action)();
-                             }
-                         });
+    const auto act = [this](void (AppDelegate::*action)()) {
+        return [weak = weak_from_this(), action] {
+            if (const auto self = weak.lock()) {
+                (self.get()->*action)();
+            }
+        };
+    };
+    const auto connect = [&](QAbstractButton* button, void (AppDelegate::*action)()) {
+        QObject::connect(button, &QAbstractButton::clicked, connections_.get(), act(action));
     };
     connect(window_.importTabButton(), &AppDelegate::selectImportTab);
     connect(window_.exportTabButton(), &AppDelegate::selectExportTab);
@@ -160,6 +161,8 @@ void AppDelegate::connectButtons() {
     connect(window_.exportButton(), &AppDelegate::exportButtonClicked);
     connect(window_.selectAllButton(), &AppDelegate::selectAll);
     connect(window_.deselectAllButton(), &AppDelegate::deselectAll);
+    fillMenuBar(*window_.menuBar(),
+                {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox), act(&AppDelegate::quit)});
 }
 
 }  // namespace kzq

@@ -15,7 +15,6 @@ void AppDelegate::selectAll() {
     for (const auto& slot : importSlots_) {
         if (slot->occupied()) {
             slot->setSelected(true);
-            slot->sync();
             selectedImportSlots_.insert(slot->number());
         }
     }

@@ -14,7 +14,7 @@ namespace {
 
 /// A healthy pedal stops before its next piece; one that has fallen silent has to be reset.
 constexpr auto firstInsistence = std::chrono::milliseconds(500);
-constexpr auto nextInsistence = std::chrono::seconds(2);
+constexpr auto nextInsistence = std::chrono::seconds(1);
 /// A panel is given time to close before the window is covered.
 constexpr auto panelsClose = std::chrono::milliseconds(100);
 
@@ -62,6 +62,7 @@ void AppDelegate::endStart() {
 void AppDelegate::beginRun() {
     flow_ = Flow::running;
     ++runs_;
+    linkAsked_ = std::make_shared<std::atomic<bool>>(true);
     window_.addShield();
 }
 
@@ -71,10 +72,11 @@ void AppDelegate::endRun() {
 }
 
 void AppDelegate::onLink(std::function<void(KZQ7306&)> operation) {
-    environment_.executor.background(Priority::high, [operation = std::move(operation)] {
+    environment_.executor.background(Priority::high, [operation = std::move(operation), asked = linkAsked_] {
         if (const auto looper = KZQ7306::looper()) {
             operation(*looper);
         }
+        *asked = false;
     });
 }
 
@@ -130,9 +132,12 @@ void AppDelegate::insistOnCancel(Executor::Duration delay, std::uint64_t run) {
         if (!self || self->flow_ != Flow::running || self->runs_ != run) {
             return;
         }
-        self->onLink([](KZQ7306& looper) {
-            looper.cancelTransfer();
-            looper.interrupt();
+        self->environment_.executor.background(Priority::high, [asked = self->linkAsked_] {
+            const auto looper = KZQ7306::looper();
+            if (looper && (*asked || looper->operation() != KZQ7306::idle)) {
+                looper->cancelTransfer();
+                looper->interrupt();
+            }
         });
         self->insistOnCancel(nextInsistence, run);
     });

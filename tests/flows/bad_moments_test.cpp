@@ -1,0 +1,304 @@
+#include "audio/wave.h"
+#include "flow_fixture.h"
+#include "updates/windows/firmware_updater.h"
+
+namespace kzq::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto isBusy = "Device is busy. Try again later.";
+
+/// What every flow ends in, and from where it can be started again.
+class BadMoments : public FlowTest {
+  protected:
+    void expectRest() {
+        EXPECT_TRUE(becomesIdle());
+        EXPECT_TRUE(window->saysNoPedal());
+        EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+        EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
+        pedal.clearFaults();
+        pedal.setStage('p');
+        plugIn();
+        pass(6s);
+        EXPECT_TRUE(importRow(1).occupied());
+        dialogs.take();
+    }
+};
+
+TEST_F(BadMoments, UnplugAtEveryStageOfAnImport) {
+    launchConnected();
+    dialogs.answer = [] { return alertFirstButton; };
+    for (const auto* const fault :
+         {"unplug@E8", "unplug@E9", "unplug@EA", "unplug@EB", "unplug@EC", "unplug@E1", "unplug@E1:2",
+          "unplug@in", "unplug@in:6", "unplug@in:7", "unplug@in:12"}) {
+        SCOPED_TRACE(fault);
+        select({1, 3});
+        plan(fault);
+        window->importButton()->click();
+        expectRest();
+    }
+    // Either the first loop had come whole, or nothing had.
+    for (const auto& name : files()) {
+        EXPECT_TRUE(name.starts_with("Loop 1"));
+        EXPECT_EQ(contents(name), wave(loopOf(1000, 10).audio, 2).value());
+    }
+    select({1});
+    window->importButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_EQ(sent(0xEF).size(), 0U);
+}
+
+TEST_F(BadMoments, UnplugAtEveryStageOfAnExportOrAnErase) {
+    launchConnected();
+    for (const auto* const fault : {"unplug@E8", "unplug@E2", "unplug@E2:2", "unplug@E3", "unplug@out",
+                                    "unplug@out:2", "unplug@out:6"}) {
+        SCOPED_TRACE(fault);
+        stage(2, 300);
+        stage(5, 600);
+        plan(fault);
+        window->exportButton()->click();
+        expectRest();
+        pedal.setLoop(1, std::nullopt);
+        pedal.setLoop(4, std::nullopt);
+        pass(6s);
+    }
+    for (const auto* const fault : {"unplug@E8", "unplug@ED", "unplug@ED:2"}) {
+        SCOPED_TRACE(fault);
+        select({1, 20});
+        plan(fault);
+        window->eraseButton()->click();
+        expectRest();
+        pedal.setLoop(0, loopOf(1000, 10));
+        pedal.setLoop(19, loopOf(1, 30));
+        pass(6s);
+    }
+}
+
+TEST_F(BadMoments, UnplugWhileFirmwareGoesIn) {
+    launchConnected();
+    for (const auto* const fault : {"unplug@E4:2", "unplug@out", "unplug@E5", "unplug@out:2"}) {
+        SCOPED_TRACE(fault);
+        plan(fault);
+        delegate->installFirmware(audioFile("firmware.bin", 10));
+        expectRest();
+    }
+}
+
+TEST_F(BadMoments, ASecondPressStartsNothingAndLeavesNoShield) {
+    launchConnected();
+    const auto import = [this] { window->importButton()->click(); };
+    const auto twice = [&](Executor::Duration between) {
+        select({1});
+        pedal.clearJournal();
+        import();
+        pass(between);
+        import();
+        delegate->eraseButtonClicked();
+        delegate->exportButtonClicked();
+        EXPECT_TRUE(becomesIdle());
+        EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
+        EXPECT_EQ(sent(0xE1).size(), 1U);
+        EXPECT_THAT(sent(0xED), IsEmpty());
+    };
+    twice(0s);
+    twice(50ms);
+    twice(99ms);
+    // While it runs the pedal is busy, also before the link has begun.
+    select({1});
+    import();
+    pass(99ms);
+    executor.advanceUntil([this] { return shieldUp(); }, 1s);
+    delegate->exportButtonClicked();
+    EXPECT_THAT(dialogs.take(), ElementsAre("folder Save", isBusy));
+    EXPECT_TRUE(becomesIdle());
+    // From inside of a question.
+    stage(3, 10);
+    dialogs.answer = [&] {
+        delegate->exportButtonClicked();
+        delegate->eraseButtonClicked();
+        executor.advance(1s);
+        return alertFirstButton;
+    };
+    window->exportButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_EQ(dialogs.take().size(), 1U);
+}
+
+TEST_F(BadMoments, APedalThatLeavesUnderAQuestionEndsIdle) {
+    launchConnected();
+    const auto leave = [this] {
+        pedal.unplug();
+        executor.advance(1s);
+    };
+    const auto swap = [this, leave] {
+        leave();
+        pedal.plugIn();
+        executor.advance(1s);
+    };
+    for (const auto& happening : std::initializer_list<std::function<void()>>{leave, swap}) {
+        dialogs.folder = [&] { return (happening(), Dialogs::Chosen{panelOk, folder}); };
+        dialogs.answer = [&] { return (happening(), alertFirstButton); };
+        select({1});
+        window->importButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+        pedal.clearJournal();
+        stage(3, 10);
+        window->exportButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+        select({3});
+        dialogs.answer = [&, asked = false]() mutable {
+            return std::exchange(asked, true) ? alertFirstButton : (happening(), alertFirstButton);
+        };
+        window->eraseButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        EXPECT_THAT(sent(0xE2), IsEmpty());
+        EXPECT_THAT(sent(0xED), IsEmpty());
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+    }
+    EXPECT_THAT(files(), IsEmpty());
+    EXPECT_EQ(pedal.memory()[2], loopOf(2000, 20));
+}
+
+TEST_F(BadMoments, ALoopRecordedUnderTheQuestionIsNotOverwritten) {
+    launchConnected();
+    stage(3, 10);
+    stage(4, 10);
+    dialogs.answer = [this] {
+        pedal.setLoop(3, loopOf(50, 1));
+        executor.advance(6s);
+        return alertFirstButton;
+    };
+    window->exportButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xE2), IsEmpty());
+    EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
+}
+
+TEST_F(BadMoments, APedalThatDoesNotAnswerCountsAsBusyAndTheWindowLives) {
+    launchConnected();
+    select({1});
+    plan("silence@E8");
+    for (int press = 0; press < 3; ++press) {
+        window->importButton()->click();
+        pass(499ms);
+        EXPECT_THAT(dialogs.take(), IsEmpty());
+        pass(1ms);
+        EXPECT_THAT(dialogs.take(), ElementsAre(isBusy));
+    }
+    pass(1min);
+    EXPECT_EQ(sent(0xE8).size(), 1U);
+    pedal.unplug();
+    executor.settle();
+    EXPECT_TRUE(window->saysNoPedal());
+    plugIn();
+    select({1});
+    window->importButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
+}
+
+TEST_F(BadMoments, ARefusedBatchLeavesTheShieldForTheRestOfTheRun) {
+    launchConnected();
+    select({1});
+    window->importButton()->click();
+    pass(50ms);
+    pedal.setBusy(true);  // played within the 100 ms
+    pass(1h);
+    EXPECT_TRUE(shieldUp() && delegate->progress()->isVisible());
+    EXPECT_THAT(files(), IsEmpty());
+    delegate->exportButtonClicked();
+    EXPECT_THAT(dialogs.take(), ElementsAre("folder Save", isBusy));
+    delegate->progress()->cancel();
+    pass(1min);
+    for (const auto& event : pedal.journal()) {
+        EXPECT_NE(event.kind, simulator::WireEvent::Kind::reset);  // it is played, and not ours
+    }
+    delegate->applicationWillTerminate();
+}
+
+TEST_F(BadMoments, AConversionThatFinishesAfterThePedalHasLeft) {
+    launchConnected();
+    conversionTime = 10s;
+    drop(2, audioFile("late.wav", 10));
+    executor.settle();
+    pedal.unplug();
+    pass(10s);
+    EXPECT_EQ(exportRow(2).name(), "late");
+    EXPECT_EQ(delegate->selectedExportSlots().at(2).bytes, 60U);
+    EXPECT_TRUE(window->saysNoPedal());
+    window->exportButton()->click();
+    pass(1s);
+    EXPECT_THAT(dialogs.take(), ElementsAre(isBusy));
+    drop(4, audioFile("later.wav", 10));
+    executor.settle();
+    delegate->applicationWillTerminate();  // with a conversion under way
+    EXPECT_EQ(workingCopies(), 0);
+    delegate.reset();
+    pass(1min);
+}
+
+class EveryState : public FlowTest, public testing::WithParamInterface<int> {
+  protected:
+    void reach(int state) {
+        switch (state) {
+            case 1:
+                return window->importButton()->click();
+            case 2:
+                window->importButton()->click();
+                return pass(50ms);
+            case 3:
+                window->importButton()->click();
+                return pass(2s);
+            case 4:
+                plan("silence@in:2");
+                window->importButton()->click();
+                return pass(5s);
+            case 5:
+                window->exportButton()->click();
+                return pass(2s);
+            case 6:
+                window->eraseButton()->click();
+                return pass(10ms);
+            case 7:
+                delegate->installFirmware(audioFile("firmware.bin", 10));
+                return pass(4s);
+            case 8:
+                pedal.unplug();
+                return executor.settle();
+            default:
+                return;
+        }
+    }
+};
+
+TEST_P(EveryState, TheProgramCanEnd) {
+    paced.pace = paced.writePace = 1s;
+    launchConnected();
+    select({1, 3});
+    stage(2, 1000);
+    reach(GetParam());
+    window->close();
+    delegate->applicationWillTerminate();
+    EXPECT_EQ(workingCopies(), GetParam() == 8 ? 1 : 0);  // a departure has dropped what was staged
+    std::weak_ptr<AppDelegate> rest = delegate;
+    delegate.reset();
+    EXPECT_TRUE(rest.expired());
+    pass(1min);  // the workers go on without it
+}
+
+INSTANTIATE_TEST_SUITE_P(Flows, EveryState, testing::Range(0, 9));
+
+}  // namespace
+
+}  // namespace kzq::test

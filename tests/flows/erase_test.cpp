@@ -1,0 +1,70 @@
+#include "flow_fixture.h"
+#include "slots/slot_field.h"
+
+namespace kzq::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto isBusy = "Device is busy. Try again later.";
+constexpr auto erasing = "Erased loop audio cannot be restored. Would you like to continue?";
+
+TEST_F(FlowTest, EraseAsksAndThenReadsThePedalAnewBehindTheShield) {
+    launchConnected();
+    select({20, 3});
+    type(3, "typed");
+    pedal.clearJournal();
+    dialogs.answer = [this] {
+        EXPECT_THAT(sent(0xE8), IsEmpty());  // asked before the pedal
+        EXPECT_FALSE(shieldUp());
+        return alertFirstButton;
+    };
+    window->eraseButton()->click();
+    EXPECT_THAT(dialogs.take(), ElementsAre(erasing));
+    EXPECT_FALSE(shieldUp());
+    executor.settle();
+    EXPECT_TRUE(shieldUp());
+    EXPECT_FALSE(delegate->progress()->isVisible());
+    EXPECT_EQ(importRow(3).field()->currentEditor(), nullptr);
+    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+    EXPECT_TRUE(window->importButton()->isEnabled() && window->eraseButton()->isEnabled());
+    pass(49ms);  // 25 for each
+    EXPECT_TRUE(shieldUp() && importRow(3).occupied());
+    pass(1ms);
+    EXPECT_FALSE(shieldUp());
+    EXPECT_THAT(sent(0xED), ElementsAre(2, 19));
+    EXPECT_FALSE(importRow(3).occupied() || exportRow(20).occupied());
+    EXPECT_TRUE(importRow(1).occupied());
+    EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
+}
+
+TEST_F(FlowTest, EraseChangesNothingAfterANoAtABusyPedalOrWithoutASelection) {
+    launchConnected();
+    select({3});
+    pedal.clearJournal();
+    for (const auto no : {alertSecondButton, alertThirdButton}) {
+        dialogs.answer = [no] { return no; };
+        window->eraseButton()->click();
+        pass(1s);
+        EXPECT_THAT(dialogs.take(), ElementsAre(erasing));
+    }
+    EXPECT_THAT(sent(0xE8), IsEmpty());
+    dialogs.answer = [] { return alertFirstButton; };
+    pedal.setBusy(true);
+    window->eraseButton()->click();
+    pass(1s);
+    EXPECT_THAT(dialogs.take(), ElementsAre(erasing, isBusy));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3));
+    pedal.setBusy(false);
+    select({3});
+    delegate->eraseButtonClicked();
+    pass(1s);
+    EXPECT_THAT(sent(0xED), IsEmpty());
+    EXPECT_FALSE(shieldUp());
+}
+
+}  // namespace
+
+}  // namespace kzq::test

@@ -1,0 +1,203 @@
+#include "flow_fixture.h"
+
+#include <QUrl>
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "app/application.h"
+#include "audio/wave.h"
+#include "platform/log.h"
+#include "slots/slot_field.h"
+#include "slots/slot_field_editor.h"
+
+namespace kzq::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+simulator::PedalMemory threeLoops(simulator::StoredLoop (*loop)(std::uint32_t, std::uint8_t)) {
+    simulator::PedalMemory memory;
+    memory[0] = loop(1000, 10);
+    memory[2] = loop(2000, 20);
+    memory[19] = loop(1, 30);
+    return memory;
+}
+
+fs::path temporaryFolder() {
+    std::string pattern = fs::temp_directory_path() / "flow_test_XXXXXX";
+    return ::mkdtemp(pattern.data());
+}
+
+}  // namespace
+
+FlowTest::FlowTest()
+    : pedal(executor, {.memory = threeLoops(&loopOf)}),
+      port(executor, pedal),
+      paced(executor, port),
+      base(temporaryFolder()),
+      folder(base / "imports") {
+    for (const auto* const name : {"imports", "copies", "files", "home"}) {
+        fs::create_directory(base / name);
+    }
+    setLogSink([this](LogCategory /*category*/, std::string_view line) { logged.emplace_back(line); });
+    About::rearmSplash();
+    KZQ7306::load({executor, paced, [] { return 36U; }});
+    window = std::make_unique<MainWindow>();
+    dialogs.folder = [this] { return Dialogs::Chosen{panelOk, folder}; };
+}
+
+FlowTest::~FlowTest() {
+    static_cast<Application*>(qApp)->setDelegate(nullptr);
+    executor.endJobs();
+    delegate.reset();
+    window.reset();
+    KZQ7306::unload();
+    setLogSink({});
+    fs::remove_all(base);
+}
+
+void FlowTest::TearDown() {
+    EXPECT_THAT(pedal.violations(), testing::IsEmpty());
+    EXPECT_EQ(executor.mainThreadWaits() > 0, mainThreadWaits);
+}
+
+simulator::StoredLoop FlowTest::loopOf(std::uint32_t frames, std::uint8_t first) {
+    simulator::StoredLoop loop{Bytes(std::size_t{frames} * simulator::frameBytes), 100, first};
+    for (auto& byte : loop.audio) {
+        byte = first++;
+    }
+    return loop;
+}
+
+void FlowTest::launch() {
+    delegate = std::make_shared<AppDelegate>(
+        AppEnvironment{
+            .executor = executor,
+            .dialogs = dialogs,
+            .http = web,
+            .home = base / "home",
+            .product = {.version = "2.1.0", .website = "https://www.maker.example"},
+            .firmwareManifest = "https://maker.example/firmware/_.json",
+            .feedAddress = [](const auto& home) { return "https://feed/" + home.filename().string(); },
+            .desktop = {},
+            .build = {},
+            .installation = {},
+            .downloads = base,
+            .convert = [this](const std::string& path) { return convert(path); },
+            .diagnose = [] { return "a remedy"; },
+            .modifiers = [this] { return modifiers; },
+            .writeFile = writeFile,
+            .quit = [this] { quitAsked = true; }},
+        *window);
+    static_cast<Application*>(qApp)->setDelegate(delegate.get());
+    delegate->applicationDidFinishLaunching();
+    pass(2s);
+}
+
+void FlowTest::plugIn() {
+    pedal.plugIn();
+    executor.settle();
+}
+
+void FlowTest::launchConnected() {
+    pedal.plugIn();
+    launch();
+}
+
+void FlowTest::plan(const std::string& fault) {
+    pedal.plan(simulator::faultFromText(fault).value());
+}
+
+void FlowTest::pass(Executor::Duration time) {
+    executor.advance(time);
+    QCoreApplication::sendPostedEvents();
+}
+
+bool FlowTest::becomesIdle() {
+    executor.advance(200ms);
+    const bool idle = executor.advanceUntil([this] { return !shieldUp(); }, 1min);
+    executor.settle();
+    return idle && !delegate->progress()->isVisible();
+}
+
+void FlowTest::select(std::initializer_list<std::uint8_t> slots) {
+    for (const auto slot : slots) {
+        importRow(slot).button()->click();
+    }
+}
+
+void FlowTest::type(std::uint8_t slot, const QString& name) {
+    auto& field = *importRow(slot).field();
+    field.startRenaming();
+    ASSERT_NE(field.currentEditor(), nullptr);
+    field.currentEditor()->setText(name);
+}
+
+fs::path FlowTest::audioFile(const std::string& name, std::uint64_t frames) {
+    const auto path = base / "files" / name;
+    const auto header = waveHeader(static_cast<std::uint32_t>(frames * simulator::frameBytes), 2);
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(header.data()), header.size());
+    fs::resize_file(path, header.size() + frames * simulator::frameBytes);
+    return path;
+}
+
+/// Copies are not filled: a test of the capacity needs files of hundreds of megabytes.
+std::optional<std::string> FlowTest::convert(const std::string& path) {
+    executor.sleep(conversionTime);
+    if (!fs::exists(path)) {
+        return std::nullopt;
+    }
+    const auto copy = base / "copies" / (std::to_string(++copies_) + ".wav");
+    std::ifstream source(path, std::ios::binary);
+    std::string head(std::min<std::size_t>(fs::file_size(path), waveHeaderSize), '\0');
+    source.read(head.data(), static_cast<std::streamsize>(head.size()));
+    std::ofstream(copy, std::ios::binary) << head;
+    fs::resize_file(copy, fs::file_size(path));
+    return copy;
+}
+
+void FlowTest::drop(std::uint8_t slot, const fs::path& file) {
+    delegate->slotReceivedDroppedURLs(exportRow(slot), {QUrl::fromLocalFile(QString::fromStdString(file))});
+}
+
+void FlowTest::stage(std::uint8_t slot, std::uint64_t frames) {
+    drop(slot, audioFile("song " + std::to_string(slot) + ".wav", frames));
+    executor.settle();
+    ASSERT_TRUE(delegate->selectedExportSlots().contains(slot));
+}
+
+std::string FlowTest::caption() const {
+    return window->meterCaption()->text().toStdString();
+}
+
+std::set<std::string> FlowTest::files() const {
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder)) {
+        names.insert(entry.path().filename());
+    }
+    return names;
+}
+
+Bytes FlowTest::contents(const std::string& name) const {
+    std::ifstream file(folder / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+long FlowTest::workingCopies() const {
+    return std::distance(fs::directory_iterator(base / "copies"), {});
+}
+
+std::vector<int> FlowTest::sent(std::uint8_t request) const {
+    std::vector<int> values;
+    for (const auto& event : pedal.journal()) {
+        if (event.kind == simulator::WireEvent::Kind::control && event.code == request) {
+            values.push_back(event.value);
+        }
+    }
+    return values;
+}
+
+}  // namespace kzq::test

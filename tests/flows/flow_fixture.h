@@ -1,0 +1,151 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QStackedWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/app_delegate.h"
+#include "app/main_window.h"
+#include "ctl/paced_port.h"
+#include "device/kzq7306.h"
+#include "device/simulator/simulated_pedal.h"
+#include "device/simulator/simulated_port.h"
+#include "slots/slot_button.h"
+#include "ui/background.h"
+#include "ui/lower_button.h"
+#include "ui/mass_selection_button.h"
+#include "ui/panels/about.h"
+#include "ui/panels/menu.h"
+#include "ui/panels/progress.h"
+#include "ui/picture_button.h"
+#include "ui/picture_view.h"
+#include "ui/shield.h"
+#include "virtual_executor.h"
+
+namespace kzq::test {
+
+using namespace std::chrono_literals;  // NOLINT(google-global-names-in-headers): of tests
+
+/// Dialogs that a test answers. What was shown is kept in order.
+struct ScriptedDialogs : Dialogs {
+    int run(const Alert& alert) override {
+        shown.push_back(alert.finePrint.empty() ? alert.headline : alert.headline + " " + alert.finePrint);
+        return answer();
+    }
+    Chosen chooseFile(const FileTypes& allowed) override {
+        shown.push_back("file of " + std::to_string(allowed.size()) + " types");
+        return file();
+    }
+    Chosen chooseFolder(const std::string& prompt) override {
+        shown.push_back("folder " + prompt);
+        return folder();
+    }
+    void openAddress(const std::string& url) override { shown.push_back(url); }
+    bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
+
+    /// Since the last time.
+    std::vector<std::string> take() { return std::exchange(shown, {}); }
+
+    std::vector<std::string> shown;
+    std::function<int()> answer = [] { return alertFirstButton; };
+    std::function<Chosen()> file = [] { return Chosen{}; };
+    std::function<Chosen()> folder = [] { return Chosen{}; };
+};
+
+/// The maker's server: bodies by the last part of their address; all else fails.
+struct FakeWeb : HttpClient {
+    HttpResult fetch(const HttpRequest& request) override {
+        requested.push_back(request.url);
+        const auto body = bodies.find(request.url.substr(request.url.rfind('/') + 1));
+        if (body == bodies.end()) {
+            return {HttpFailure::network, "no connection", {}};
+        }
+        return {HttpFailure::none, {}, {body->second.begin(), body->second.end()}};
+    }
+    std::map<std::string, std::string> bodies;
+    std::vector<std::string> requested;
+};
+
+/// The application in this process, with a simulated pedal that has loops of 1000, 2000 and 1 frames in slots
+/// 1, 3 and 20. At the end it is checked that the main thread never waited for another, and that the pedal
+/// was never sent what it should not be.
+class FlowTest : public testing::Test {
+  public:
+    FlowTest(const FlowTest&) = delete;
+    FlowTest& operator=(const FlowTest&) = delete;
+    FlowTest(FlowTest&&) = delete;
+    FlowTest& operator=(FlowTest&&) = delete;
+
+  protected:
+    FlowTest();
+    ~FlowTest() override;
+    void TearDown() override;
+
+    static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
+
+    /// Starts the application and lets the splash go by.
+    void launch();
+    void plugIn();
+    /// launch() with the pedal in.
+    void launchConnected();
+    void plan(const std::string& fault);
+    void pass(Executor::Duration time);
+    /// Lets time pass until nothing is under way; whether it got there within a minute.
+    bool becomesIdle();
+    bool shieldUp() const { return window->shield() != nullptr; }
+
+    void select(std::initializer_list<std::uint8_t> slots);
+    Slot& importRow(std::uint8_t number) { return *delegate->slotNumber(number, Slot::importContext); }
+    Slot& exportRow(std::uint8_t number) { return *delegate->slotNumber(number, Slot::exportContext); }
+    /// Types a name and leaves the row's editor open.
+    void type(std::uint8_t slot, const QString& name);
+    /// An audio file of so many frames; sparse.
+    std::filesystem::path audioFile(const std::string& name, std::uint64_t frames);
+    /// Drops the file on the row; the conversion takes `conversionTime`.
+    void drop(std::uint8_t slot, const std::filesystem::path& file);
+    /// Drops a file of so many frames, and waits until it is staged.
+    void stage(std::uint8_t slot, std::uint64_t frames);
+    std::string caption() const;
+
+    std::set<std::string> files() const;
+    Bytes contents(const std::string& name) const;
+    long workingCopies() const;
+    /// The values of these requests, in order.
+    std::vector<int> sent(std::uint8_t request) const;
+
+    VirtualExecutor executor;
+    simulator::SimulatedPedal pedal;
+    simulator::SimulatedPort port;
+    PacedPort paced;
+    std::filesystem::path base;
+    std::filesystem::path folder;  ///< where imports go
+    ScriptedDialogs dialogs;
+    FakeWeb web;
+    Executor::Duration conversionTime{};
+    decltype(AppEnvironment::writeFile) writeFile = writeNew;
+    Qt::KeyboardModifiers modifiers;
+    bool quitAsked = false;
+    bool mainThreadWaits = false;  ///< set where a test makes it wait
+    std::vector<std::string> logged;
+    std::unique_ptr<MainWindow> window;
+    std::shared_ptr<AppDelegate> delegate;
+
+  private:
+    static NewFile writeNew(const std::filesystem::path& folder, std::string_view name,
+                            std::string_view extension, std::span<const std::uint8_t> bytes) {
+        return writeNewFile(folder, name, extension, bytes);
+    }
+    std::optional<std::string> convert(const std::string& path);
+    int copies_ = 0;
+};
+
+}  // namespace kzq::test

@@ -1,0 +1,146 @@
+#include <cerrno>
+#include <fstream>
+
+#include "audio/wave.h"
+#include "flow_fixture.h"
+#include "slots/slot_field.h"
+
+namespace kzq::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr auto isBusy = "Device is busy. Try again later.";
+
+TEST_F(FlowTest, ImportSavesTheCheckedLoopsInOrderUnderFreeNames) {
+    launchConnected();
+    select({3, 1});
+    type(3, "AC/DC");
+    for (const auto* const taken : {"Loop 1.wav", "Loop 1-2.wav"}) {
+        std::ofstream(folder / taken) << "mine";
+    }
+    pedal.clearJournal();
+    dialogs.folder = [this] {
+        EXPECT_EQ(sent(0xE8).size(), 1U);  // asked first
+        EXPECT_EQ(importRow(3).customImportName(), "AC/DC");
+        EXPECT_FALSE(shieldUp());
+        return Dialogs::Chosen{panelContinue, folder};
+    };
+    window->importButton()->click();
+    EXPECT_THAT(dialogs.shown, IsEmpty());  // the pedal has not answered yet
+    executor.settle();
+    EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
+    paced.pace = 10ms;
+    pass(99ms);
+    EXPECT_FALSE(shieldUp() || delegate->progress()->isVisible());
+    pass(1ms);
+    const auto& progress = *delegate->progress();
+    EXPECT_TRUE(shieldUp() && progress.isVisible());
+    EXPECT_EQ(progress.title(), "7306 Import");
+    EXPECT_EQ(progress.subtitle(), "Importing 2 loops from the 7306...");
+    EXPECT_EQ(progress.totalBytes(), 18'000U);
+    EXPECT_EQ(progress.percent(), 0);
+    pass(30ms);
+    EXPECT_NEAR(progress.percent(), 3 * 1024 / 18'000.0, 1e-9);
+    pass(30ms);  // the first loop, 6016 bytes, is through
+    EXPECT_NEAR(progress.percent(), 6044 / 18'000.0, 1e-9);
+    EXPECT_EQ(contents("Loop 1-3.wav"), wave(loopOf(1000, 10).audio, 2).value());
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xE1), ElementsAre(0, 2));
+    EXPECT_THAT(files(), ElementsAre("AC-DC.wav", "Loop 1-2.wav", "Loop 1-3.wav", "Loop 1.wav"));
+    EXPECT_EQ(contents("AC-DC.wav"), wave(loopOf(2000, 20).audio, 2).value());
+    EXPECT_EQ(contents("Loop 1.wav").size(), 4U);
+    EXPECT_FALSE(importRow(3).customImportName().has_value() || importRow(3).selected());
+    EXPECT_EQ(importRow(3).field()->text(), "Loop 3");
+    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+    EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
+    EXPECT_EQ(progress.percent(), 1);
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FlowTest, EqualAndImpossibleNamesBecomeFilesOfTheirOwn) {
+    launchConnected();
+    window->show();
+    select({1, 3, 20});
+    type(1, "..");
+    type(3, QString(300, 'x'));
+    importRow(3).endEditing();
+    type(20, QString(300, 'x'));
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(files(),
+                ElementsAre("-...wav", std::string(249, 'x') + "-2.wav", std::string(251, 'x') + ".wav"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(base), {}), 4);  // nothing beside the folder
+}
+
+TEST_F(FlowTest, ABusyPedalOrACancelledChooserChangesNothing) {
+    launchConnected();
+    select({1});
+    pedal.setBusy(true);
+    window->importButton()->click();
+    executor.settle();
+    EXPECT_THAT(dialogs.take(), ElementsAre(isBusy));
+    pedal.setBusy(false);
+    for (const auto& chosen : {Dialogs::Chosen{panelCancelled, folder}, Dialogs::Chosen{panelOk, {}}}) {
+        dialogs.folder = [&chosen] { return chosen; };
+        window->importButton()->click();
+        pass(1s);
+        EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
+    }
+    EXPECT_FALSE(shieldUp());
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1));
+    EXPECT_THAT(files(), IsEmpty());
+    delegate->openProgress(0, 0);
+    EXPECT_FALSE(delegate->progress()->isVisible());
+}
+
+TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
+    writeFile = [](const auto& place, auto name, auto extension, auto bytes) {
+        return name == "Loop 3" ? NewFile{{}, ENOSPC, "write"} : writeNewFile(place, name, extension, bytes);
+    };
+    launchConnected();
+    select({1, 3, 20});
+    plan("refuse@E1");
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(files(), ElementsAre("Loop 20.wav"));
+    EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
+    EXPECT_THAT(logged, testing::Contains(HasSubstr("loop 3 was not saved: write: No space left")));
+    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+}
+
+TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
+    launchConnected();
+    for (const bool silent : {false, true}) {
+        select({1, 3});
+        paced.pace = 10ms;
+        if (silent) {
+            plan("silence@in:3");
+        }
+        window->importButton()->click();
+        pass(150ms);
+        ASSERT_TRUE(shieldUp());
+        pass(silent ? 1min : 0s);  // for as long as it pleases
+        ASSERT_TRUE(shieldUp());
+        delegate->progress()->cancel();
+        EXPECT_FALSE(delegate->progress()->isVisible());
+        pass(510ms);
+        EXPECT_FALSE(shieldUp()) << silent;
+        EXPECT_THAT(files(), IsEmpty());
+        EXPECT_FALSE(window->importButton()->isEnabled());
+        pedal.clearFaults();
+        pass(6s);
+    }
+    paced.pace = 0s;
+    select({1});
+    window->importButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
+}
+
+}  // namespace
+
+}  // namespace kzq::test

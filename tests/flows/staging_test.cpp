@@ -1,0 +1,154 @@
+#include <QUrl>
+
+#include "flow_fixture.h"
+#include "slots/slot_field.h"
+#include "ui/x_button.h"
+
+namespace kzq::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+constexpr std::uint64_t capacity = 63'504'000;
+constexpr std::uint64_t onPedal = 3001;
+constexpr auto tooLarge = "This file is too large for the available space on your 7306.";
+
+TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
+    launchConnected();
+    conversionTime = 1s;
+    drop(3, audioFile("my song.v2.wav", 500));
+    pass(999ms);
+    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
+    pass(1ms);
+    const auto info = delegate->selectedExportSlots().at(3);
+    EXPECT_EQ(info.bytes, 3000U);
+    EXPECT_TRUE(info.occupied);
+    EXPECT_EQ(info.source.parent_path(), base / "copies");
+    EXPECT_EQ(exportRow(3).name(), "my song.v2");
+    EXPECT_TRUE(window->exportButton()->isEnabled());
+    EXPECT_FALSE(window->warning()->isHidden());
+    EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 500);
+    stage(3, 100);  // counts instead of the first
+    EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 100);
+    EXPECT_EQ(workingCopies(), 2);
+    stage(2, 50);
+    exportRow(3).x()->click();
+    EXPECT_EQ(workingCopies(), 2);  // the staged one is removed, the replaced one is not
+    EXPECT_FALSE(std::filesystem::exists(base / "copies" / "2.wav"));
+    EXPECT_TRUE(window->exportButton()->isEnabled());
+    EXPECT_TRUE(window->warning()->isHidden());
+    EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal + 50);
+    exportRow(2).x()->click();
+    EXPECT_FALSE(window->exportButton()->isEnabled());
+    EXPECT_FALSE(exportRow(2).exporting().has_value());
+}
+
+TEST_F(FlowTest, CapacityIsStrictAndTheMeterTellsWhatIsLeft) {
+    launchConnected();
+    const auto propose = [this](std::uint64_t frames) {
+        drop(2, audioFile("long.wav", frames));
+        executor.settle();
+        return dialogs.take();
+    };
+    EXPECT_THAT(propose(capacity - onPedal), ElementsAre(tooLarge));
+    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
+    EXPECT_FALSE(window->exportButton()->isEnabled());
+    EXPECT_EQ(caption(), "Space remaining: 23 min, 59 sec");
+    EXPECT_EQ(workingCopies(), 1);
+    EXPECT_THAT(propose(capacity - onPedal - 1), IsEmpty());
+    EXPECT_EQ(caption(), "Space remaining: 0 min, 0 sec");
+    EXPECT_EQ(window->meter()->picture(), "Meter_bar_red");
+    EXPECT_EQ(window->meter()->width(), 240);
+    EXPECT_THAT(propose(20U * 60 * 44'100 - onPedal), IsEmpty());
+    EXPECT_EQ(caption(), "Space remaining: 4 min, 0 sec");
+    EXPECT_EQ(window->meter()->picture(), "Meter_bar_orange");
+    EXPECT_THAT(propose((20U * 60 - 1) * 44'100 - onPedal), IsEmpty());
+    EXPECT_EQ(window->meter()->picture(), "Meter_bar_green");
+}
+
+TEST_F(FlowTest, WhatCannotBeStagedChangesNothing) {
+    launchConnected();
+    drop(2, base / "files" / "missing.wav");
+    drop(2, audioFile("empty.wav", 0));
+    std::filesystem::resize_file(audioFile("short.wav", 1), 43);
+    drop(2, base / "files" / "short.wav");
+    delegate->slotReceivedDroppedURLs(exportRow(2), {});
+    executor.settle();
+    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
+    EXPECT_FALSE(window->exportButton()->isEnabled() || exportRow(2).exporting().has_value());
+    EXPECT_THAT(dialogs.shown, IsEmpty());
+}
+
+TEST_F(FlowTest, AChosenFileIsStagedOnceThePanelHasClosed) {
+    launchConnected();
+    dialogs.file = [this] { return Dialogs::Chosen{panelContinue, audioFile("chosen.wav", 7)}; };
+    exportRow(2).button()->click();
+    EXPECT_THAT(dialogs.take(), ElementsAre("file of 8 types"));
+    pass(99ms);
+    EXPECT_EQ(workingCopies(), 0);
+    pass(1ms);
+    EXPECT_EQ(delegate->selectedExportSlots().at(2).bytes, 42U);
+    dialogs.file = [this] { return Dialogs::Chosen{panelCancelled, audioFile("other.wav", 7)}; };
+    exportRow(4).button()->click();
+    pass(1s);
+    EXPECT_EQ(delegate->selectedExportSlots().size(), 1U);
+}
+
+TEST_F(FlowTest, TheLastDropOnARowWinsHoweverLongItsConversionTook) {
+    launchConnected();
+    conversionTime = 10s;
+    drop(2, audioFile("slow.wav", 10));
+    executor.settle();
+    conversionTime = 1s;
+    drop(2, audioFile("quick.wav", 20));
+    pass(20s);
+    EXPECT_EQ(exportRow(2).name(), "quick");
+    EXPECT_EQ(delegate->selectedExportSlots().at(2).bytes, 120U);
+    EXPECT_EQ(workingCopies(), 1);
+}
+
+TEST_F(FlowTest, TheImportSelectionFollowsTheCheckboxes) {
+    launchConnected();
+    select({3});
+    type(3, " tape ");
+    select({20});  // ends the renaming of another row
+    EXPECT_FALSE(importRow(3).field()->isEditable());
+    EXPECT_EQ(importRow(3).customImportName(), "tape");
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3, 20));
+    EXPECT_TRUE(window->importButton()->isEnabled() && window->eraseButton()->isEnabled());
+    select({3, 20});
+    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+    EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
+    window->selectAllButton()->click();
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 3, 20));
+    EXPECT_TRUE(importRow(20).selected() && window->eraseButton()->isEnabled());
+    EXPECT_FALSE(importRow(2).selected());
+    window->deselectAllButton()->click();
+    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+    EXPECT_FALSE(importRow(20).selected() || window->eraseButton()->isEnabled());
+}
+
+TEST_F(FlowTest, OnlyTheExportTabSetsTheMeter) {
+    launchConnected();
+    delegate->setMeterValueAndCaption(capacity);
+    window->importTabButton()->click();
+    EXPECT_EQ(window->meter()->width(), 240);
+    EXPECT_EQ(window->tabs()->currentIndex(), 0);
+    window->exportTabButton()->click();
+    EXPECT_EQ(caption(), "Space remaining: 23 min, 59 sec");
+    EXPECT_EQ(window->tabs()->currentIndex(), 1);
+    EXPECT_EQ(window->importTabButton()->picture(), "Menu_Import_Off");
+    EXPECT_EQ(window->exportTabButton()->picture(), "Menu_Export_On");
+    delegate->setMeterValueAndCaption(capacity);
+    window->importTabButton()->click();
+    EXPECT_EQ(window->meter()->width(), 240);
+    EXPECT_EQ(window->importTabButton()->picture(), "Menu_Import_On");
+    EXPECT_EQ(window->exportTabButton()->picture(), "Menu_Export_Off");
+}
+
+}  // namespace
+
+}  // namespace kzq::test
