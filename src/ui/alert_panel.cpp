@@ -23,6 +23,7 @@ constexpr int textWidth = 340;
 constexpr int buttonsRight = 24;
 constexpr int buttonsGap = 12;
 constexpr int foot = 20;
+constexpr int spaceUnderHeadline = 4;
 
 }  // namespace
 
@@ -57,7 +58,7 @@ AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
     setWindowTitle("7306 Loop Manager");
     auto bottom = addText(alert.headline, markFrame.top(), {15, 20, KZQWhite()});
     if (!alert.finePrint.empty()) {
-        bottom = addText(alert.finePrint, bottom, {13, 16, KZQGray()});
+        bottom = addText(alert.finePrint, bottom + spaceUnderHeadline, {13, 16, KZQGray()});
     }
     addButtons(alert, std::max(bottom + 24, markFrame.bottom() + 1 + 20));
 }
