@@ -1,0 +1,222 @@
+"""The program from outside: what assistive programs see of it, and a person's keys and mouse."""
+
+import os
+import re
+import signal
+import subprocess
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+PROGRAM = os.environ["KZQ7306"]
+CTL = os.environ["KZQ7306CTL"]
+# Busy machines are slow; what is waited for comes long before.
+PATIENCE = 15.0
+NOWHERE = "localhost:9"  # a server that refuses at once
+
+
+class Late(AssertionError):
+    pass
+
+
+def wait(what, condition, patience=PATIENCE):
+    """The first true answer of `condition`, which is asked again and again."""
+    end = time.monotonic() + patience
+    while True:
+        while GLib.MainContext.default().iteration(False):
+            pass
+        try:
+            answer = condition()
+        except (GLib.Error, AttributeError):  # an object that has just gone, or is not there yet
+            answer = None
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise Late(f"in {patience:g} s not: {what}")
+        time.sleep(0.01)
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True).stdout
+
+
+def key(*keys):
+    xdotool("key", *keys)
+
+
+def type_text(text):
+    xdotool("type", "--delay", 5, text)
+
+
+class Ear:
+    """Keeps the names of the objects that said they show or have the focus, in order."""
+
+    def __init__(self, what):
+        self.what = what
+        self.heard = []
+        self.listener = Atspi.EventListener.new(self.hear)
+        self.listener.register("object:state-changed:" + what)
+
+    def hear(self, event):
+        if event.detail1 and event.source is not None:
+            self.heard.append(event.source.get_name())
+
+    def wait(self, name):
+        wait(f"something to be heard of {name!r}", lambda: name in self.heard)
+
+    def close(self):
+        self.listener.deregister("object:state-changed:" + self.what)
+
+
+class Item:
+    """An object of the accessibility tree."""
+
+    def __init__(self, node):
+        self.node = node
+
+    role = property(lambda self: self.node.get_role_name())
+    name = property(lambda self: self.node.get_name() or "")
+    description = property(lambda self: self.node.get_description() or "")
+
+    def has(self, state):
+        return self.node.get_state_set().contains(state)
+
+    showing = property(lambda self: self.has(Atspi.StateType.SHOWING))
+    enabled = property(lambda self: self.has(Atspi.StateType.ENABLED))
+    checked = property(lambda self: self.has(Atspi.StateType.CHECKED))
+    focused = property(lambda self: self.has(Atspi.StateType.FOCUSED))
+
+    def children(self):
+        nodes = (self.node.get_child_at_index(i) for i in range(self.node.get_child_count()))
+        return [Item(node) for node in nodes if node is not None]
+
+    def walk(self, showing=True):
+        """All below, as far as it shows."""
+        for child in self.children():
+            if not showing or child.showing:
+                yield child
+                yield from child.walk(showing)
+
+    def text(self):
+        text = self.node.get_text_iface()
+        return Atspi.Text.get_text(text, 0, Atspi.Text.get_character_count(text)) if text else ""
+
+    def value(self):
+        return Atspi.Value.get_current_value(self.node.get_value_iface())
+
+    def box(self):
+        return Atspi.Component.get_extents(self.node.get_component_iface(), Atspi.CoordType.SCREEN)
+
+    def centre(self):
+        box = self.box()
+        return box.x + box.width // 2, box.y + box.height // 2
+
+    def point(self):
+        xdotool("mousemove", "--sync", *self.centre())
+
+    def click(self, times=1):
+        xdotool("mousemove", *self.centre(), "click", "--repeat", times, "--delay", 30, 1)
+
+    def press(self):
+        """As an assistive program does it."""
+        Atspi.Action.do_action(self.node.get_action_iface(), 0)
+
+    def __str__(self):
+        return f"{self.role} {self.name!r}"
+
+
+class Program:
+    """One run of the program. Its folder is its own."""
+
+    def __init__(self, *options, simulate="--simulate", host=NOWHERE, environment=None):
+        self.folder = tempfile.mkdtemp(prefix="e2e")
+        self.log = open(os.path.join(self.folder, "log"), "w+")
+        words = [PROGRAM] + ([simulate] if simulate else []) + ["--host", host, *options]
+        self.process = subprocess.Popen(
+            words, stdout=self.log, stderr=self.log, env={**os.environ, **(environment or {})}
+        )
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, kind, error, trace):
+        if kind and self.process.poll() is None:
+            self.tell()
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+    def tell(self):
+        """What a failed test has in front of it; with PICTURES, a folder, also as a picture."""
+        for item in self.items():
+            if item.name:
+                print(item, item.description, item.text(), "" if item.enabled else "disabled")
+        self.log.seek(0)
+        print(self.log.read())
+        if folder := os.environ.get("PICTURES"):
+            subprocess.run(["import", "-window", "root", f"{folder}/{self.process.pid}.png"], check=False)
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            node = desktop.get_child_at_index(i)
+            if node is not None and node.get_process_id() == self.process.pid:
+                return Item(node)
+        return None
+
+    def windows(self):
+        application = self.application()
+        return [window for window in application.children() if window.showing] if application else []
+
+    def window(self, name):
+        """A window that shows, by the beginning of its title."""
+        return next((window for window in self.windows() if window.name.startswith(name)), None)
+
+    def items(self):
+        for window in self.windows():
+            yield window
+            yield from window.walk()
+
+    def find(self, name, role=None):
+        """What shows under this name, which is a pattern for all of it; nothing when it is not there."""
+        for item in self.items():
+            if re.fullmatch(name, item.name, re.DOTALL) and role in (None, item.role):
+                return item
+        return None
+
+    def get(self, name, role=None, patience=PATIENCE):
+        return wait(f"{role or 'something'} called {name!r}", lambda: self.find(name, role), patience)
+
+    def gone(self, name, role=None):
+        wait(f"no {name!r} any more", lambda: not self.find(name, role))
+
+    def ready(self):
+        """Past the splash, with the main window under the keyboard."""
+        title = "7306 Loop Manager"
+        wait("the main window is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))
+        return self.window(title)
+
+    def wait_end(self, patience=2.0):
+        """The status, and the seconds that it took."""
+        start = time.monotonic()
+        try:
+            status = self.process.wait(patience + 3)
+        except subprocess.TimeoutExpired:
+            raise Late(f"the program does not end in {patience + 3} s") from None
+        return status, time.monotonic() - start
+
+    def terminate(self):
+        self.process.send_signal(signal.SIGTERM)
+
+
+def start_listening():
+    """Objects are asked anew each time: what they were is of no interest."""
+    Atspi.init()
+    Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
+
+
+start_listening()
