@@ -192,6 +192,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void endStart();
     void beginRun();
     void endRun();
+    void endRefusedRun();
     /// After beginRun: on a background thread, since the link asks the pedal before it begins.
     void onLink(std::function<void(KZQ7306&)> operation);
     /// What any thread may call to have `task` done on the main thread, for as long as this lives.

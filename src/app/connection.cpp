@@ -143,6 +143,7 @@ void AppDelegate::looperHasBeenDisconnected() {
         slot->setOccupied(false);
         empty(*slot);
     }
+    endRefusedRun();
 }
 
 void AppDelegate::redrawAbout() {

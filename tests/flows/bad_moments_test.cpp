@@ -32,8 +32,8 @@ TEST_F(BadMoments, UnplugAtEveryStageOfAnImport) {
     launchConnected();
     dialogs.answer = [] { return alertFirstButton; };
     for (const auto* const fault :
-         {"unplug@E8", "unplug@E9", "unplug@EA", "unplug@EB", "unplug@EC", "unplug@E1", "unplug@E1:2",
-          "unplug@in", "unplug@in:6", "unplug@in:7", "unplug@in:12"}) {
+         {"unplug@E8", "unplug@E8:2", "unplug@E9", "unplug@EA", "unplug@EB", "unplug@EC", "unplug@E1",
+          "unplug@E1:2", "unplug@in", "unplug@in:6", "unplug@in:7", "unplug@in:12"}) {
         SCOPED_TRACE(fault);
         select({1, 3});
         plan(fault);
@@ -53,8 +53,8 @@ TEST_F(BadMoments, UnplugAtEveryStageOfAnImport) {
 
 TEST_F(BadMoments, UnplugAtEveryStageOfAnExportOrAnErase) {
     launchConnected();
-    for (const auto* const fault : {"unplug@E8", "unplug@E2", "unplug@E2:2", "unplug@E3", "unplug@out",
-                                    "unplug@out:2", "unplug@out:6"}) {
+    for (const auto* const fault : {"unplug@E8", "unplug@E8:2", "unplug@E2", "unplug@E2:2", "unplug@E3",
+                                    "unplug@out", "unplug@out:2", "unplug@out:6"}) {
         SCOPED_TRACE(fault);
         stage(2, 300);
         stage(5, 600);
@@ -65,13 +65,13 @@ TEST_F(BadMoments, UnplugAtEveryStageOfAnExportOrAnErase) {
         pedal.setLoop(4, std::nullopt);
         pass(6s);
     }
-    for (const auto* const fault : {"unplug@E8", "unplug@ED", "unplug@ED:2"}) {
+    for (const auto* const fault : {"unplug@E8", "unplug@E8:2", "unplug@ED", "unplug@ED:2"}) {
         SCOPED_TRACE(fault);
-        select({1, 20});
+        select({3, 20});
         plan(fault);
         window->eraseButton()->click();
         expectRest();
-        pedal.setLoop(0, loopOf(1000, 10));
+        pedal.setLoop(2, loopOf(2000, 20));
         pedal.setLoop(19, loopOf(1, 30));
         pass(6s);
     }
@@ -290,7 +290,7 @@ TEST_P(EveryState, TheProgramCanEnd) {
     reach(GetParam());
     window->close();
     delegate->applicationWillTerminate();
-    EXPECT_EQ(workingCopies(), GetParam() == 8 ? 1 : 0);  // a departure has dropped what was staged
+    EXPECT_EQ(workingCopies(), GetParam() >= 7 ? 1 : 0);  // a departure has dropped what was staged
     std::weak_ptr<AppDelegate> rest = delegate;
     delegate.reset();
     EXPECT_TRUE(rest.expired());

@@ -72,7 +72,7 @@ simulator::StoredLoop FlowTest::loopOf(std::uint32_t frames, std::uint8_t first)
     return loop;
 }
 
-void FlowTest::launch() {
+void FlowTest::launch(Executor::Duration wait) {
     delegate = std::make_shared<AppDelegate>(
         AppEnvironment{
             .executor = executor,
@@ -94,7 +94,7 @@ void FlowTest::launch() {
         *window);
     static_cast<Application*>(qApp)->setDelegate(delegate.get());
     delegate->applicationDidFinishLaunching();
-    pass(2s);
+    pass(wait);
 }
 
 void FlowTest::plugIn() {
@@ -113,7 +113,7 @@ void FlowTest::plan(const std::string& fault) {
 
 void FlowTest::pass(Executor::Duration time) {
     executor.advance(time);
-    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
 }
 
 bool FlowTest::becomesIdle() {

@@ -92,8 +92,8 @@ class FlowTest : public testing::Test {
 
     static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
 
-    /// Starts the application and lets the splash go by.
-    void launch();
+    /// Starts the application and, unless told otherwise, lets the splash go by.
+    void launch(Executor::Duration wait = 2s);
     void plugIn();
     /// launch() with the pedal in.
     void launchConnected();

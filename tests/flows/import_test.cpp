@@ -121,7 +121,7 @@ TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
             plan("silence@in:3");
         }
         window->importButton()->click();
-        pass(150ms);
+        pass(130ms);
         ASSERT_TRUE(shieldUp());
         pass(silent ? 1min : 0s);  // for as long as it pleases
         ASSERT_TRUE(shieldUp());

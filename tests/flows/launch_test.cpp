@@ -41,11 +41,7 @@ TEST_F(FlowTest, LaunchBuildsTheRowsAndShowsTheSplashBeforeTheWindow) {
 }
 
 TEST_F(FlowTest, TheMainWindowComesWhenTheSplashGoes) {
-    launch();
-    About::rearmSplash();
-    window->hide();
-    delegate->openAboutBox();
-    pass(1499ms);
+    launch(1499ms);
     EXPECT_TRUE(delegate->about()->isVisible());
     EXPECT_FALSE(window->isVisible());
     pass(1ms);

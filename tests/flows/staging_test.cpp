@@ -31,6 +31,7 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     EXPECT_TRUE(window->exportButton()->isEnabled());
     EXPECT_FALSE(window->warning()->isHidden());
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 500);
+    conversionTime = 0s;
     stage(3, 100);  // counts instead of the first
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 100);
     EXPECT_EQ(workingCopies(), 2);
