@@ -14,6 +14,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 PROGRAM = os.environ["KZQ7306"]
 CTL = os.environ["KZQ7306CTL"]
+DRAG_SOURCE = os.environ["DRAG_SOURCE"]
 # Busy machines are slow; what is waited for comes long before.
 PATIENCE = 15.0
 NOWHERE = "localhost:9"  # a server that refuses at once
@@ -41,7 +42,7 @@ def wait(what, condition, patience=PATIENCE):
 
 
 def xdotool(*words):
-    return subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, text=True).stdout
+    subprocess.run(["xdotool", *map(str, words)], check=True, capture_output=True, timeout=PATIENCE)
 
 
 def key(*keys):
@@ -116,7 +117,7 @@ class Item:
         return box.x + box.width // 2, box.y + box.height // 2
 
     def point(self):
-        xdotool("mousemove", "--sync", *self.centre())
+        xdotool("mousemove", *self.centre())
 
     def click(self, times=1):
         xdotool("mousemove", *self.centre(), "click", "--repeat", times, "--delay", 30, 1)
@@ -127,6 +128,34 @@ class Item:
 
     def __str__(self):
         return f"{self.role} {self.name!r}"
+
+
+def window_of(process):
+    """The middle of another program's window, once it shows."""
+    desktop = Atspi.get_desktop(0)
+    for i in range(desktop.get_child_count()):
+        node = desktop.get_child_at_index(i)
+        if node is not None and node.get_process_id() == process.pid:
+            return next((window.centre() for window in Item(node).children() if window.showing), None)
+    return None
+
+
+def drag(source, target):
+    """Between two points, in steps, as a hand does it."""
+    xdotool("mousemove", *source, "mousedown", 1)
+    for step in range(1, 11):
+        place = [round(a + (b - a) * step / 10) for a, b in zip(source, target)]
+        xdotool("mousemove", *place, "sleep", 0.02)
+    xdotool("mouseup", 1)
+
+
+def choose(program, path):
+    """Types the path into the file chooser."""
+    field = program.get("File name:|Directory:", "text")
+    wait("the keyboard is in the chooser", lambda: field.focused)
+    key("ctrl+a")
+    type_text(path)
+    key("Return")
 
 
 class Program:
@@ -194,10 +223,9 @@ class Program:
     def gone(self, name, role=None):
         wait(f"no {name!r} any more", lambda: not self.find(name, role))
 
-    def ready(self):
-        """Past the splash, with the main window under the keyboard."""
-        title = "7306 Loop Manager"
-        wait("the main window is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))
+    def ready(self, title="7306 Loop Manager"):
+        """With the window under the keyboard, the main window past the splash."""
+        wait(f"{title} is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))
         return self.window(title)
 
     def wait_end(self, patience=2.0):

@@ -1,0 +1,79 @@
+"""The firmware's way from the maker, or from a file, into the pedal; and the menu that leads there."""
+
+import os
+import tempfile
+import unittest
+
+from driver import Program, choose, key, wait, xdotool
+from maker import Maker, image
+
+OFFER = r"KZQ7306 1\.6 is now available.you have 1\.5\. Would you like to install it now\?"
+
+
+class Firmware(unittest.TestCase):
+    def test_offer_is_installed(self):
+        maker = Maker("1.06", ["Loops start sooner.", "Hum is gone."])
+        self.addCleanup(maker.close)
+        with Program("--authorities", maker.authority, host=maker.host) as program:
+            program.ready()
+            program.get("Loop 1 name")
+            self.assertEqual(self.version_shown(program), "Version 0.1.0 (1.05)")
+            wait("the offer", lambda: self.offered(program))
+            window = program.window("Firmware Update")
+            self.assertTrue(program.find(OFFER))
+            self.assertIn("Hum is gone.", program.get("Release notes").text())
+            program.get("Install the firmware", "push button").click()
+            bar = program.get("Firmware installation")
+            wait("the bar moves", lambda: bar.value() > 0)
+            wait("the pedal is away", lambda: program.find("No pedal connected"))
+            program.get("Loop 1 name", patience=30)
+            wait("the installation's window is gone", lambda: not program.window("Firmware Update"))
+            self.assertEqual(self.version_shown(program), "Version 0.1.0 (1.06)")
+
+    def offered(self, program):
+        """Opened with the mouse, as often as it takes until the offer has come from the server."""
+        program.get("Menu", "push button").click()
+        program.get("Firmware Update...", "menu item").click()
+        wait("an answer", lambda: program.find("You're up to date!") or program.window("Firmware Update"))
+        if program.window("Firmware Update"):
+            return True
+        key("Return")
+        program.gone("You're up to date!")
+        return False
+
+    def version_shown(self, program):
+        """In the panel that is opened, and closed, by keys alone."""
+        button = program.get("Menu", "push button")
+        button.node.get_component_iface().grab_focus()
+        wait("the focus", lambda: button.focused)
+        key("space")
+        program.get("About...", "menu item")
+        key("Down", "Return")
+        text = program.get("Version .*").name
+        program.ready("About")
+        key("Escape")
+        program.ready()
+        return text
+
+    def test_selected_file_is_installed(self):
+        path = os.path.join(tempfile.mkdtemp(), "other.bin")
+        with open(path, "wb") as file:
+            file.write(image("1.31"))
+        with Program() as program:
+            program.ready()
+            program.get("Loop 1 name")
+            program.get("Menu", "push button").click()
+            program.get("Firmware Update...", "menu item")
+            xdotool("keydown", "ctrl", "keydown", "shift")
+            try:
+                program.get("Select Firmware...", "menu item").click()
+            finally:
+                xdotool("keyup", "shift", "keyup", "ctrl")
+            choose(program, path)
+            program.get("Firmware installation")
+            wait("the pedal is away", lambda: program.find("No pedal connected"))
+            # the program may be ended at any moment
+            program.terminate()
+            status, seconds = program.wait_end()
+            self.assertEqual(status, 0)
+            self.assertLess(seconds, 2)
