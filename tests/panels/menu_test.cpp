@@ -107,6 +107,8 @@ TEST_F(MenuTest, TitleFollowsTheKeysUntilTheMenuIsShownOrHidden) {
     EXPECT_EQ(firmwareTitle(), usual);
     key(QEvent::KeyPress, Qt::Key_Control, Qt::ShiftModifier);
     EXPECT_EQ(firmwareTitle(), select);
+    key(QEvent::KeyPress, Qt::Key_Shift, both);  // the second one
+    EXPECT_EQ(firmwareTitle(), select);
     key(QEvent::KeyPress, Qt::Key_Down, both);
     EXPECT_EQ(firmwareTitle(), select);
     key(QEvent::KeyRelease, Qt::Key_Shift, both);

@@ -4,9 +4,12 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QDialog>
 #include <QTest>
 #include <QWindow>
 #include <limits>
+
+#include "ui/panels/front_window.h"
 
 namespace kzq {
 namespace {
@@ -81,6 +84,8 @@ TEST_F(ProgressTest, EveryRoadOutButTheOwnersCancelsOnce) {
         cancels = 0;
         panel->showWindow();
         QTest::keyClick(&panel->window(), Qt::Key_Space);  // Cancel has no focus of its own accord
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(&panel->window(), &held);  // it was pressed for something else
         ASSERT_TRUE(panel->isVisible());
         road();
         EXPECT_EQ(cancels, 1) << &road - roads;
@@ -108,6 +113,34 @@ TEST_F(ProgressTest, FloatsAtTheCornerOfTheMainWindow) {
     // A bar that is longer than its track goes under the right reel.
     const auto& parts = panel->window().children();
     EXPECT_LT(parts.indexOf(&part<QWidget>("bar")), parts.indexOf(&part<QWidget>("rightReel")));
+}
+
+TEST_F(ProgressTest, ADialogStandsOverWhatWouldCoverIt) {
+    QWidget main;
+    QWidget tip(nullptr, Qt::ToolTip | Qt::WindowStaysOnTopHint);
+    const auto other = Progress::progress([] {});
+    for (auto* const window : {&main, &tip}) {
+        window->show();
+    }
+    EXPECT_EQ(frontWindow(&main), &main);
+    panel->showWindow();
+    main.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
+    EXPECT_EQ(frontWindow(&main), &panel->window());
+    for (auto* const active : {&other->window(), &panel->window()}) {
+        active->show();
+        active->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(active));
+        EXPECT_EQ(frontWindow(&main), active);
+    }
+    QDialog asked(&main);
+    asked.setModal(true);
+    asked.show();
+    EXPECT_EQ(frontWindow(&main), &asked);
+    asked.close();
+    panel->close();
+    other->close();
+    EXPECT_EQ(frontWindow(&main), &main);
 }
 
 }  // namespace

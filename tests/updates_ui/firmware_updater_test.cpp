@@ -118,4 +118,12 @@ TEST_F(FirmwareUpdaterTest, AHandleAppearsForLongNotesAndACheckDoesNotScrollThem
     offer({"Short"});
     executor.advance(15s);
     EXPECT_EQ(bar->value(), 0);
+
+    bar->setMaximum(2'000'000);  // as thousands of lines make it
+    QTest::mousePress(bar, Qt::LeftButton, {}, bar->handle().center());
+    const QPointF farBelow(7, 5000);
+    QMouseEvent drag(QEvent::MouseMove, farBelow, bar->mapToGlobal(farBelow), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QCoreApplication::sendEvent(bar, &drag);
+    EXPECT_EQ(bar->value(), bar->maximum());
 }

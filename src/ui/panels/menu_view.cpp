@@ -9,6 +9,15 @@
 #include "ui/pictures.h"
 
 namespace kzq {
+namespace {
+
+Qt::KeyboardModifier modifierOf(int key) {
+    return key == Qt::Key_Shift     ? Qt::ShiftModifier
+           : key == Qt::Key_Control ? Qt::ControlModifier
+                                    : Qt::NoModifier;
+}
+
+}  // namespace
 
 MenuView::MenuView(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::ClickFocus);
@@ -40,7 +49,8 @@ void MenuView::flagsChanged(Qt::KeyboardModifiers modifiers) {
 }
 
 void MenuView::keyPressEvent(QKeyEvent* event) {
-    flagsChanged(event->modifiers());
+    // Qt takes a modifier that is pressed while it is held, as the other Shift is, for one that is let go.
+    flagsChanged(event->modifiers() | modifierOf(event->key()));
     QWidget::keyPressEvent(event);
 }
 

@@ -172,10 +172,14 @@ bool Progress::eventFilter(QObject* watched, QEvent* event) {
     }
     if (event->type() == QEvent::Close && !closing_) {
         cancelTransfer_();
-    } else if (event->type() == QEvent::KeyPress &&
-               static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {  // NOLINT(*-static-cast-downcast)
-        cancel();
-        return true;
+    } else if (event->type() == QEvent::KeyPress) {
+        const auto& keys = static_cast<const QKeyEvent&>(*event);  // NOLINT(*-static-cast-downcast)
+        if (keys.key() == Qt::Key_Escape) {
+            if (!keys.isAutoRepeat()) {  // held since before the panel came, it was not meant for it
+                cancel();
+            }
+            return true;
+        }
     }
     return QObject::eventFilter(watched, event);
 }

@@ -75,9 +75,13 @@ NotesView::NotesView(QWidget* parent) : QTextEdit(parent) {
 void NotesView::appendNotes(const QString& notes) {
     const auto room = longestNotes - document()->characterCount();
     const auto lines = withoutControls(notes.left(std::max<qsizetype>(room, 0))).split(u'\n');
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.beginEditBlock();  // else each line would be laid out, and thousands hold up the window
     for (const auto& line : lines) {
-        appendLine(line);
+        appendLine(cursor, line);
     }
+    cursor.endEditBlock();
     moveCursor(QTextCursor::Start);
     if (toPlainText() == emptied_) {
         document()->documentLayout()->documentSize();  // settles how far it can be scrolled
@@ -85,11 +89,9 @@ void NotesView::appendNotes(const QString& notes) {
     }
 }
 
-void NotesView::appendLine(const QString& line) {
+void NotesView::appendLine(QTextCursor& cursor, const QString& line) const {
     const auto bullet = QString::fromUtf8(notesBullet);
     const bool listed = line.startsWith(bullet);
-    QTextCursor cursor(document());
-    cursor.movePosition(QTextCursor::End);
     if (!document()->isEmpty()) {
         cursor.insertBlock();
     }

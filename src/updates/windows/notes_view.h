@@ -22,7 +22,7 @@ class NotesView : public QTextEdit {
     bool event(QEvent* event) override;
 
   private:
-    void appendLine(const QString& line);
+    void appendLine(QTextCursor& cursor, const QString& line) const;
 
     QString emptied_;
     int emptiedAt_ = 0;  ///< how far `emptied_` was scrolled
