@@ -38,6 +38,8 @@ function(kzq_widgets name)
     set_target_properties(${name} PROPERTIES
         AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources)
     target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS)
+    # what uic writes is nobody's style
+    target_include_directories(${name} SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
 endfunction()
 
 # kzq_program(NAME sources... [LINKS libraries...])

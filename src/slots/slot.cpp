@@ -109,8 +109,10 @@ void Slot::registerForDrops(bool on) {
 
 void Slot::setEnabled(bool enabled) {
     enabled_ = enabled;
-    button_->setEnabled(enabled);
-    field_->setEnabled(enabled);
+    if (view_ != nullptr) {
+        button_->setEnabled(enabled);
+        field_->setEnabled(enabled);
+    }
 }
 
 bool Slot::selected() const {
@@ -118,10 +120,12 @@ bool Slot::selected() const {
 }
 
 void Slot::setSelected(bool selected) {
-    button_->setState(selected ? 1 : 0);
+    if (button_ != nullptr) {
+        button_->setState(selected ? 1 : 0);
+    }
     if (!selected) {
         setCustomImportName(std::nullopt);
-        field_->setText(defaultName_);
+        setFieldText(defaultName_);
     }
 }
 
@@ -137,7 +141,7 @@ void Slot::setCustomImportName(const std::optional<QString>& name) {
 
 void Slot::setExporting(const std::optional<QUrl>& file) {
     exporting_ = file;
-    field_->setText(shownName());
+    setFieldText(shownName());
     resetNameField();
     placeX(exporting_.has_value());
 }
@@ -149,7 +153,16 @@ void Slot::setExported(bool exported) {
     sync();
 }
 
+void Slot::setFieldText(const QString& text) {
+    if (field_ != nullptr) {
+        field_->setText(text);
+    }
+}
+
 void Slot::placeX(bool shown) {
+    if (view_ == nullptr) {
+        return;
+    }
     if (!shown && x_->hasFocus()) {
         button_->setFocus(Qt::TabFocusReason);  // else the focus would jump to the next row
     }

@@ -47,7 +47,7 @@ class Slot : public QObject {
     static std::uint8_t currentImportSlotInEditingMode();
     static std::uint8_t currentExportSlotInEditingMode();
 
-    /// The views; null once the parent widget has deleted them.
+    /// The views; null once the parent widget has deleted them: the row keeps its state without them.
     SlotView* view() const { return view_; }
     QLabel* numberLabel() const { return numberLabel_; }
     SlotButton* button() const { return button_; }
@@ -129,6 +129,7 @@ class Slot : public QObject {
     void syncExport();
     void syncImport();
     bool showBackground(const QString& name);
+    void setFieldText(const QString& text);
     void placeX(bool shown);
     void describe();
     QString shownName() const { return name().value_or(QString()); }

@@ -72,16 +72,19 @@ void SlotButton::resetImage() {
 
 void SlotButton::sendAction() {
     const QPointer<SlotButton> self(this);
-    auto* const row = controller();
-    if (row != nullptr && state() != 1) {
+    if (auto* const row = controller(); row != nullptr && row->field() != nullptr && state() != 1) {
         row->setCustomImportName(std::nullopt);
         row->field()->setEditable(false);
         row->setCustomImportName(std::nullopt);  // ending the editing has just kept what was typed
         row->field()->setText(row->defaultName());
     }
     Q_EMIT action();
-    if (self != nullptr) {
-        resetImage();
+    if (self == nullptr) {
+        return;
+    }
+    resetImage();
+    if (auto* const row = controller(); row != nullptr && row->isExport()) {
+        row->resetNameField();  // when no file was chosen, the default name has to go again
     }
 }
 

@@ -110,6 +110,7 @@ void Slot::describe() {
     numberLabel_->setAccessibleName(words("Loop %1"));
     if (isExport()) {
         button_->setAccessibleName(words(occupied_ ? "Overwrite Loop %1" : "Add Loop %1"));
+        button_->setAccessibleDescription(field_->text());  // the name itself takes no focus
     } else {
         button_->setAccessibleName(words("Loop %1, select"));
     }

@@ -44,10 +44,19 @@ void SlotField::setText(const QString& text) {
     update();
 }
 
+void SlotField::setTextColour(const QColor& colour) {
+    textColour_ = colour;
+    styleEditor();
+}
+
 void SlotField::setStyledText(const QFont& font) {
     styledFont_ = font;
+    styleEditor();
+}
+
+void SlotField::styleEditor() {
     if (editor_ != nullptr) {
-        editor_->setTextStyle(font, textColour_);
+        editor_->setTextStyle(styledFont_.value_or(textFont()), textColour_);
     }
 }
 
@@ -91,7 +100,7 @@ bool SlotField::openEditor() {
     }
     editable_ = true;
     editor_ = editor;
-    editor->setTextStyle(styledFont_.value_or(textFont()), textColour_);
+    styleEditor();
     editor->enter(*this, text_);
     row->controlTextDidBeginEditing();
     return editable_;

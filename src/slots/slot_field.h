@@ -35,11 +35,10 @@ class SlotField : public SlotDropTarget<QWidget> {
     QString text() const;
     void setText(const QString& text);
 
-    /// Shows from the next redisplay on.
+    /// Shows from the next redisplay on, in an open editor at once.
     const QColor& textColour() const { return textColour_; }
-    void setTextColour(const QColor& colour) { textColour_ = colour; }
-    /// Gives the text a font, and the open editor that font and the text colour, until setPlainText() puts
-    /// it back into the field's own.
+    void setTextColour(const QColor& colour);
+    /// Gives the text, and the open editor, a font, until setPlainText() puts it back into the field's own.
     void setStyledText(const QFont& font);
     void setPlainText();
     bool styled() const { return styledFont_.has_value(); }
@@ -71,6 +70,7 @@ class SlotField : public SlotDropTarget<QWidget> {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    void styleEditor();
     bool openEditor();
     void closeEditor();
     void commit();

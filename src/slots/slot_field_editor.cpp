@@ -5,6 +5,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
+#include <algorithm>
 
 #include "slots/slot_field.h"
 #include "slots/slot_field_editor_layout_manager.h"
@@ -17,15 +18,20 @@ namespace {
 constexpr qreal caretTop = 3;
 constexpr qreal caretHeight = 12;
 
+constexpr char16_t beginsFrame = 0xFDD0;
+constexpr char16_t endsFrame = 0xFDD1;
+
+/// Line breaks, tabs and the like, and what the document takes for the ends of a frame.
+bool breaksLine(QChar character) {
+    const auto category = character.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph || character == beginsFrame || character == endsFrame;
+}
+
 /// A row has one line.
 QString oneLine(QString text) {
     text.replace(QString::fromLatin1("\r\n"), QString::fromLatin1(" "));
-    for (auto& character : text) {
-        if (character == QLatin1Char('\n') || character == QLatin1Char('\r') ||
-            character == QChar::LineSeparator || character == QChar::ParagraphSeparator) {
-            character = QLatin1Char(' ');
-        }
-    }
+    std::replace_if(text.begin(), text.end(), breaksLine, QLatin1Char(' '));
     return text;
 }
 

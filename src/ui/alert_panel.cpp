@@ -52,7 +52,8 @@ int AlertPanel::addText(const std::string& text, int top, const TextStyle& style
 }
 
 AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                          Qt::WindowStaysOnTopHint),
       mark_(alert.destroys ? "Alert_question" : "Alert_notice"),
       answer_(alertFirstButton + static_cast<int>(alert.buttons.size()) - 1) {
     setWindowTitle("7306 Loop Manager");

@@ -8,7 +8,8 @@
 namespace kzq {
 
 /// An alert as a window: mark, headline, fine print, and the buttons in adding order. The first visible
-/// button is the default and starts with the focus. Escape and closing the window count as the last button.
+/// button is the default and starts with the focus. It stays on top, as the floating windows do, which it
+/// must not lie under. Escape and closing the window count as the last button.
 class AlertPanel : public QDialog {
     Q_OBJECT
 

@@ -57,7 +57,12 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
 void FocusRing::focusCame(QWidget& control, Qt::FocusReason reason) {
     // a control that had the ring when its window was left gets it back with the focus
     const auto back = reason != Qt::MouseFocusReason && (&control == left_ || &control == control_);
+    // what the program itself gives the focus for a time, such as the shield, gives it back
+    const auto left = reason == Qt::OtherFocusReason ? left_ : nullptr;
     mark(byKeyboard(reason) || back ? &control : nullptr);
+    if (control_ == nullptr) {
+        left_ = left;
+    }
 }
 
 void FocusRing::follow() {

@@ -28,7 +28,7 @@ class FocusRing : public QWidget {
     void follow();
 
     QPointer<QWidget> control_;
-    QPointer<QWidget> left_;  ///< had the ring when its window was left
+    QPointer<QWidget> left_;  ///< had the ring when its window was left, or when the focus was taken
 };
 
 }  // namespace kzq

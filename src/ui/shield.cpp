@@ -23,6 +23,7 @@ bool quits(const QKeyEvent& event) {
 Shield::Shield(QWidget* parent, double wash)
     : QWidget(parent), before_(parent->window()->focusWidget()), wash_(std::clamp(wash, 0.0, strongestWash)) {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName("The 7306 is busy");  // what a screen reader stands on
     setMouseTracking(true);
     setAcceptDrops(true);
     setGeometry(parent->rect());

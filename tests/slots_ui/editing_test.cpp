@@ -152,7 +152,16 @@ TEST_F(Editing, TheEditorOutlivesTheRowAndMayBeMissing) {
     click(*recorded(1).field());
     delete importRow(1).view();
     EXPECT_EQ(editor.parent(), nullptr);
-    importRow(1).refresh();
+    for (auto* const row : {&importRow(1), &exportRow(1)}) {
+        delete row->view();
+        setOccupied(*row, true);
+        row->setEnabled(true);
+        row->setSelected(false);
+        row->setExporting(QUrl::fromLocalFile("/x/riff.wav"));
+        row->setExported(true);
+        row->endEditing();
+        EXPECT_FALSE(row->selected());
+    }
     importSlots[0].reset();
 
     auto lone = Slot::slotNumber(7, Slot::importContext, *this, &window);

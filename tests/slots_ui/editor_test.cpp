@@ -76,6 +76,11 @@ TEST_F(Editor, KeepsOneLineWhateverIsPutIn) {
     QApplication::clipboard()->setText(QString("a\r\nb\nc\u2029d"));
     QTest::keyClick(&editor, Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(editor.text(), "a b c d");
+    editor.selectAll();
+    QApplication::clipboard()->setText(QString("a\tb\vc\ufdd0d\u0085e"));
+    editor.paste();
+    EXPECT_EQ(editor.text(), "a b c d e");
+    QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
     QTest::keyClick(&editor, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(editor.text(), "Loop 1");
     QTest::keyClick(&editor, Qt::Key_A, Qt::ControlModifier);

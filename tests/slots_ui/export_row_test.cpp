@@ -78,6 +78,12 @@ TEST_F(ExportRow, TheAddButtonResetsTheFieldBeforeTheActionAndIsNeverOn) {
     click(*row.button());
     EXPECT_EQ(fieldText(row), "other");
     EXPECT_EQ(row.button()->image(), "Export_Add_On");
+    EXPECT_EQ(row.button()->accessibleDescription(), "other");
+    onButton = nullptr;  // and when no file was chosen, the row shows again what it holds
+    click(*row.button());
+    EXPECT_EQ(fieldText(row), "other");
+    click(*exportRow(1).button());
+    EXPECT_EQ(fieldText(exportRow(1)), "");
 }
 
 TEST_F(ExportRow, TheXTellsBeforeAndAfterAndHandsTheFocusToTheButton) {

@@ -66,6 +66,7 @@ TEST(AlertPanel, HidesItsLastButtonAndStartsOnTheFirst) {
     EXPECT_EQ(alertWithHeadline("a", "b").finePrint, "b");
     AlertPanel panel(yesOrNoAlertWithHeadline("Is 1 < 2 & 3?"));
     panel.show();
+    EXPECT_TRUE(panel.windowFlags() & Qt::WindowStaysOnTopHint) << "as the windows it must not lie under";
     auto* cancel = panel.findChild<AlertButton*>("Cancel");
     ASSERT_NE(cancel, nullptr);
     EXPECT_FALSE(cancel->isVisible());

@@ -85,6 +85,7 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
         const Witness late(&window);
         sendEverything(window, {250, 150});
         EXPECT_TRUE(shield.hasFocus());
+        EXPECT_FALSE(shield.accessibleName().isEmpty()) << "it is what a screen reader stands on";
         QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::ControlModifier);
         EXPECT_EQ(shortcuts, 0);
         QTest::keyClick(window.windowHandle(), Qt::Key_Q, Qt::ControlModifier);
@@ -158,6 +159,18 @@ TEST(FocusRing, ShowsOnlyForAFocusByKeyboard) {
     EXPECT_FALSE(page.ring.isVisible());
     page.plain.setFocus(Qt::TabFocusReason);
     EXPECT_FALSE(page.ring.isVisible()) << "no ring is asked for";
+}
+
+TEST(FocusRing, ComesBackWhenTheShieldGoes) {
+    Page page;
+    page.second.setFocus(Qt::TabFocusReason);
+    { const Shield shield(&page); }
+    EXPECT_EQ(page.ring.control(), &page.second);
+    page.first.setFocus(Qt::MouseFocusReason);
+    { const Shield shield(&page); }
+    EXPECT_EQ(page.ring.control(), nullptr);
+    page.second.setFocus(Qt::OtherFocusReason);
+    EXPECT_EQ(page.ring.control(), nullptr) << "that was long ago";
 }
 
 TEST(FocusRing, ComesBackWithTheWindow) {
