@@ -28,6 +28,7 @@ void dressMenuBar(QMenuBar& bar) {
 void fillMenuBar(QMenuBar& bar, MenuBarActions actions) {
     auto* const quit = bar.addMenu("&File")->addAction("&Quit", actions.quit);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
+    quit->setShortcutContext(Qt::ApplicationShortcut);  // also where the progress panel has the keyboard
     auto* const selectAll = bar.addMenu("&Edit")->addAction("Select &All", actions.selectAll);
     selectAll->setShortcut(QKeySequence::SelectAll);
     bar.addMenu("&Help")->addAction("&About 7306 Loop Manager", actions.openAboutBox);

@@ -91,6 +91,9 @@ class Item:
     checked = property(lambda self: self.has(Atspi.StateType.CHECKED))
     focused = property(lambda self: self.has(Atspi.StateType.FOCUSED))
 
+    def parent(self):
+        return Item(self.node.get_parent())
+
     def children(self):
         nodes = (self.node.get_child_at_index(i) for i in range(self.node.get_child_count()))
         return [Item(node) for node in nodes if node is not None]
@@ -164,10 +167,11 @@ class Program:
     def __init__(self, *options, simulate="--simulate", host=NOWHERE, environment=None):
         self.folder = tempfile.mkdtemp(prefix="e2e")
         self.log = open(os.path.join(self.folder, "log"), "w+")
+        self.temporary = os.path.join(self.folder, "tmp")
+        os.mkdir(self.temporary)
+        environment = {**os.environ, "TMPDIR": self.temporary, **(environment or {})}
         words = [PROGRAM] + ([simulate] if simulate else []) + ["--host", host, *options]
-        self.process = subprocess.Popen(
-            words, stdout=self.log, stderr=self.log, env={**os.environ, **(environment or {})}
-        )
+        self.process = subprocess.Popen(words, stdout=self.log, stderr=self.log, env=environment)
 
     def __enter__(self):
         return self
@@ -227,6 +231,9 @@ class Program:
         """With the window under the keyboard, the main window past the splash."""
         wait(f"{title} is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))
         return self.window(title)
+
+    def working_files(self):
+        return [os.path.join(folder, name) for folder, _, names in os.walk(self.temporary) for name in names]
 
     def wait_end(self, patience=2.0):
         """The status, and the seconds that it took."""

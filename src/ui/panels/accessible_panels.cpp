@@ -1,6 +1,7 @@
 #include "ui/panels/accessible_panels.h"
 
 #include <QAccessibleWidget>
+#include <QDialog>
 
 #include "ui/panels/menu_item.h"
 #include "ui/panels/menu_item_view.h"
@@ -53,6 +54,12 @@ class AccessibleTrack : public QAccessibleWidget, public QAccessibleValueInterfa
     QVariant minimumStepSize() const override { return 1; }
 };
 
+/// Those that Qt takes for mere parts: it knows only its own kinds of windows.
+bool isPlainWindow(const QWidget& widget) {
+    return widget.isWindow() && widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
+           qobject_cast<const QDialog*>(&widget) == nullptr;
+}
+
 QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* object) {
     if (auto* item = qobject_cast<MenuItemView*>(object)) {
         return new AccessibleItem(item);
@@ -62,6 +69,10 @@ QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* objec
     }
     if (auto* menu = qobject_cast<MenuView*>(object)) {
         return new QAccessibleWidget(menu, QAccessible::PopupMenu);
+    }
+    auto* const widget = qobject_cast<QWidget*>(object);
+    if (widget != nullptr && isPlainWindow(*widget)) {
+        return new QAccessibleWidget(widget, QAccessible::Window);
     }
     return nullptr;
 }

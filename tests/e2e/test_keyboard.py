@@ -1,0 +1,73 @@
+"""Without a mouse, and without eyes."""
+
+import os
+import tempfile
+import unittest
+
+from driver import Ear, Program, choose, key, wait
+
+FAULTLESS = {"push button", "check box", "menu item", "progress bar", "text", "popup menu", "dialog", "frame"}
+LOOPS = (1, 2, 3, 5, 8, 13)
+
+
+class Keyboard(unittest.TestCase):
+    def test_import_by_keys_alone(self):
+        folder = tempfile.mkdtemp()
+        with Program() as program:
+            program.ready()
+            program.get("Loop 13, select")
+            ear = Ear("focused")
+            self.addCleanup(ear.close)
+            key("Tab", "Tab", "Tab", "Tab")
+            ear.wait("Loop 1 name")
+            key("shift+Tab", "space")
+            box = program.get("Loop 1, select")
+            wait("the first loop is checked", lambda: box.checked)
+            loops = [part for number in LOOPS for part in (f"Loop {number}, select", f"Loop {number} name")]
+            rest = ["Select all loops", "Select no loops", "Erase", "Import"]
+            key(*["Tab"] * (len(loops) - 1 + len(rest)))
+            ear.wait("Import")
+            self.assertEqual(
+                ear.heard,
+                ["Export tab, computer to pedal", "Menu", *loops[:2], loops[0], *loops[1:], *rest],
+            )
+            key("Return")
+            choose(program, folder)
+            wait("the loop is saved", lambda: os.listdir(folder) == ["Loop 1.wav"])
+            wait("the first loop is no more checked", lambda: not box.checked)
+
+    def test_everything_has_a_name_and_a_role(self):
+        with Program("--fault", "silence@in:20") as program:
+            program.ready()
+            program.get("Loop 1, select").click()
+            erase = program.get("Erase", "push button")
+            wait("erasing is possible", lambda: erase.enabled)
+            self.inspect(program, "check box", "push button")
+            program.get("Menu", "push button").click()
+            program.get("About...")
+            self.inspect(program, "popup menu", "menu item")
+            key("Up", "Up", "Up", "Up", "Return")
+            program.ready("About")
+            self.inspect(program)
+            key("Escape")
+            program.ready()
+            erase.click()
+            program.get("Yes")
+            self.inspect(program, "dialog")
+            key("Escape")
+            program.gone("Yes")
+            program.get("Import", "push button").click()
+            choose(program, tempfile.gettempdir())
+            program.ready("7306 Import")
+            self.inspect(program, "progress bar")
+
+    def inspect(self, program, *roles):
+        """What shows now; `roles` are among it."""
+        seen = set()
+        for item in program.items():
+            if item.role in FAULTLESS:
+                self.assertNotEqual(item.name, "", f"a {item.role} of {item.parent()}")
+                seen.add(item.role)
+            elif item.parent().role == "application":
+                self.fail(f"the window {item}")
+        self.assertLessEqual(set(roles), seen)

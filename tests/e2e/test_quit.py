@@ -1,0 +1,69 @@
+"""The program ends at once, whatever it is about."""
+
+import os
+import subprocess
+import tempfile
+import unittest
+
+from driver import Program, choose, key, wait
+
+LOOP = "Loop 1, select"
+
+
+class Quit(unittest.TestCase):
+    def ends(self, program, act=None):
+        """By a signal, if by nothing else; and leaves no working files."""
+        (act or program.terminate)()
+        status, seconds = program.wait_end()
+        self.assertEqual(status, 0)
+        self.assertLess(seconds, 2)
+        self.assertEqual(program.working_files(), [])
+
+    def importing(self, program):
+        program.ready()
+        program.get(LOOP).click()
+        button = program.get("Import", "push button")
+        wait("import is possible", lambda: button.enabled)
+        button.click()
+
+    def test_splash(self):
+        with Program() as program:
+            program.ready("About")
+            self.ends(program)
+
+    def test_silent_pedal(self):
+        for act in (None, lambda: key("ctrl+q")):
+            with Program("--fault", "silence@in:20") as program:
+                self.importing(program)
+                choose(program, tempfile.mkdtemp())
+                program.ready("7306 Import")
+                self.ends(program, act)
+
+    def test_file_chooser(self):
+        with Program() as program:
+            self.importing(program)
+            program.get("Directory:", "text")
+            self.ends(program)
+
+    def test_alert(self):
+        with Program() as program:
+            program.ready()
+            program.get(LOOP).click()
+            erase = program.get("Erase", "push button")
+            wait("erasing is possible", lambda: erase.enabled)
+            erase.click()
+            program.get("Yes")
+            self.ends(program)
+
+    def test_conversion(self):
+        path = os.path.join(tempfile.mkdtemp(), "long.wav")
+        subprocess.run(
+            ["sox", "-n", "-r", "96000", "-b", "16", "-c", "2", path, "trim", "0", "1200"], check=True
+        )
+        with Program() as program:
+            program.ready()
+            program.get("Export tab.*").click()
+            program.get("Add Loop 4").click()
+            choose(program, path)
+            wait("the conversion", lambda: program.working_files())
+            self.ends(program)
