@@ -169,7 +169,7 @@ TEST_F(AboutTest, VersionsStandInTheLowerRightCorner) {
     EXPECT_EQ(backing->versionText(), "2.1.0");
     const auto alone = versionInk();
     firmware = "1.05";
-    about->setNeedsDisplay();
+    about->showWindow();
     EXPECT_EQ(backing->versionText(), "2.1.0 (1.05)");
     EXPECT_EQ(backing->accessibleName(), "Version 2.1.0 (1.05)");
     const auto with = versionInk();
@@ -188,6 +188,7 @@ TEST_F(AboutTest, ThePlateIsRoundAndTheRestClear) {
         EXPECT_EQ(image.pixelColor(corner).alpha(), 0);
     }
     EXPECT_EQ(image.pixelColor(240, 30).alpha(), 255);
+    EXPECT_TRUE(about->window().windowFlags().testFlag(Qt::FramelessWindowHint));
 }
 
 }  // namespace

@@ -22,7 +22,10 @@ class ProgressTest : public testing::Test {
     }
 
     int cancels = 0;
-    std::unique_ptr<Progress> panel = Progress::progress([this] { ++cancels; });
+    std::unique_ptr<Progress> panel = Progress::progress([this] {
+        ++cancels;
+        EXPECT_TRUE(panel->isVisible()) << "first the transfer";
+    });
 };
 
 TEST_F(ProgressTest, FooterBarAndValueFollowTheFraction) {
@@ -83,10 +86,11 @@ TEST_F(ProgressTest, EveryRoadOutButTheOwnersCancelsOnce) {
     for (const auto& road : roads) {
         cancels = 0;
         panel->showWindow();
-        QTest::keyClick(&panel->window(), Qt::Key_Space);  // Cancel has no focus of its own accord
+        QTest::keyClick(panel->window().focusWidget(), Qt::Key_Space);  // Cancel has no focus by itself
         QKeyEvent held(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QString(), true);
         QCoreApplication::sendEvent(&panel->window(), &held);  // it was pressed for something else
         ASSERT_TRUE(panel->isVisible());
+        part<QWidget>("Cancel").setFocus();
         road();
         EXPECT_EQ(cancels, 1) << &road - roads;
         EXPECT_FALSE(panel->isVisible()) << &road - roads;

@@ -2,8 +2,10 @@
 
 #include <QScreen>
 #include <QTest>
+#include <limits>
 
 #include "controls.h"
+#include "ui/palette.h"
 #include "updates/windows/firmware_updater_progress.h"
 #include "updates/windows/lamp_bar.h"
 #include "virtual_executor.h"
@@ -115,6 +117,25 @@ TEST(FirmwareProgressOnABusyMainThread, OneUpdateWaitsAndBringsTheNewestValue) {
     executor.queued.front()();
     EXPECT_NEAR(progress->slider().doubleValue(), 2.0 / 13, 0.0005);
     executor.advance(5ms);
-    EXPECT_EQ(executor.queued.size(), 2U) << "and the next one may come";
+    ASSERT_EQ(executor.queued.size(), 2U) << "and the next one may come";
+    progress->begin();
+    executor.queued.back()();
+    EXPECT_EQ(progress->slider().doubleValue(), 0) << "which is of no interest to the next flash";
     executor.endJobs();
+}
+
+TEST(LampBar, LightsWholeLampsFromTheLeft) {
+    LampBar bar;
+    bar.resize(bar.sizeHint());
+    for (const int lamps : {0, 2, 43}) {
+        bar.setDoubleValue(std::numeric_limits<double>::quiet_NaN());
+        EXPECT_EQ(bar.doubleValue(), 0);
+        bar.setDoubleValue(lamps / 43.0);
+        const auto image = bar.grab().toImage();
+        int lit = 0;
+        for (int x = 0; x < image.width(); ++x) {
+            lit += image.pixelColor(x, 12) == creamColor() ? 1 : 0;
+        }
+        EXPECT_EQ(lit, lamps * 6);
+    }
 }

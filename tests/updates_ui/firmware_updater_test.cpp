@@ -1,5 +1,6 @@
 #include "updates/windows/firmware_updater.h"
 
+#include <QScreen>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -62,6 +63,14 @@ TEST_F(FirmwareUpdaterTest, ShowsTheOfferAsTextAndPassesTheAnswerOn) {
     updater->showWindow();
     EXPECT_TRUE(updater->window().isVisible());
     EXPECT_TRUE(updater->window().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    const auto middle = updater->window().screen()->availableGeometry().center();
+    EXPECT_LE((updater->window().frameGeometry().center() - middle).manhattanLength(), 16);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(&updater->window(), &held);  // since before the window came
+    }
+    EXPECT_EQ(installations, 0);
+    ASSERT_TRUE(updater->window().isVisible());
     expectNamedControls(updater->window());
     for (auto* const target : {&updater->window(), static_cast<QWidget*>(&updater->notes()),
                                updater->window().findChild<QWidget*>("button")}) {
@@ -80,17 +89,20 @@ TEST_F(FirmwareUpdaterTest, ShowsTheOfferAsTextAndPassesTheAnswerOn) {
 TEST_F(FirmwareUpdaterTest, AFlashClearsTheOfferFromItsOwnThreadAndMayOutliveTheWindow) {
     executor.advance(20s);
     ASSERT_TRUE(updater->update());
-    executor.background(Priority::standard, [this, updates = updater->updates()] {
+    bool offeredAfterwards = true;
+    executor.background(Priority::standard, [this, &offeredAfterwards, updates = updater->updates()] {
         executor.sleep(1s);
         updates->clearUpdate();
         updates->check();
         executor.sleep(5s);
         updates->refresh();
+        offeredAfterwards = updates->update().has_value();
     });
     executor.advance(1s);
     EXPECT_FALSE(updater->update());
     updater.reset();
     executor.advance(1min);
+    EXPECT_FALSE(offeredAfterwards) << "fetches end with the window";
 }
 
 TEST_F(FirmwareUpdaterTest, AHandleAppearsForLongNotesAndACheckDoesNotScrollThem) {
@@ -112,9 +124,15 @@ TEST_F(FirmwareUpdaterTest, AHandleAppearsForLongNotesAndACheckDoesNotScrollThem
     const int dragged = bar->value();
     QTest::mouseClick(bar, Qt::LeftButton, {}, QPoint(7, bar->height() - 10));
     EXPECT_EQ(bar->value(), dragged + bar->pageStep());
+    auto marked = updater->notes().textCursor();
+    marked.setPosition(2);
+    marked.setPosition(7, QTextCursor::KeepAnchor);
+    updater->notes().setTextCursor(marked);
+    bar->setValue(dragged);
 
     executor.advance(15s);
-    EXPECT_EQ(bar->value(), dragged + bar->pageStep());
+    EXPECT_EQ(bar->value(), dragged);
+    EXPECT_EQ(updater->notes().textCursor().selectedText(), "Wider");
     offer({"Short"});
     executor.advance(15s);
     EXPECT_EQ(bar->value(), 0);

@@ -9,6 +9,7 @@
 #include "controls.h"
 #include "shelf.h"
 #include "updates/windows/lamp_bar.h"
+#include "updates/windows/software_update_view.h"
 
 using namespace kzq;
 using namespace kzq::test;
@@ -103,6 +104,7 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     expectNamedControls(window());
     const int offerHeight = window().height();
 
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     QTest::keyClick(&window(), Qt::Key_Return);
     executor.advance(1s);
     EXPECT_EQ(detail(), u"1MB of 2MB \u2013 50%");
@@ -184,4 +186,13 @@ TEST_F(SoftwareUpdateTest, ACopyThatCannotUpdateItselfOpensTheWebSite) {
         EXPECT_FALSE(window().isVisible());
     }
     EXPECT_EQ(events, (std::vector<std::string>{"https://maker/", "https://maker/"}));
+}
+
+TEST(SoftwareUpdateView, KeepsAHostileVersionInOneShortLine) {
+    UpdateStatus status;
+    status.state = UpdateState::ready;
+    status.version = "9\n\n 9" + std::string(500, '9');
+    const auto headline = softwareUpdateView(status, "0.1.0").headline;
+    EXPECT_TRUE(headline.startsWith(u"7306 Loop Manager 9 99")) << headline.toStdString();
+    EXPECT_LT(headline.size(), 120);
 }

@@ -68,8 +68,8 @@ void NotesScrollBar::mousePressEvent(QMouseEvent* event) {
 void NotesScrollBar::mouseMoveEvent(QMouseEvent* event) {
     const int way = track().height() - handle().height();
     if (grabbedAt_ >= 0 && way > 0) {
-        const qint64 top = std::clamp(event->position().toPoint().y() - grabbedAt_ - track().top(), 0, way);
-        setValue(minimum() + static_cast<int>(top * (maximum() - minimum()) / way));
+        const int top = std::clamp(event->position().toPoint().y() - grabbedAt_ - track().top(), 0, way);
+        setValue(minimum() + top * (maximum() - minimum()) / way);
     }
 }
 

@@ -84,6 +84,10 @@ void NotesView::appendNotes(const QString& notes) {
     cursor.endEditBlock();
     moveCursor(QTextCursor::Start);
     if (toPlainText() == emptied_) {
+        auto marked = textCursor();
+        marked.setPosition(emptiedAnchor_);
+        marked.setPosition(emptiedCaret_, QTextCursor::KeepAnchor);
+        setTextCursor(marked);
         document()->documentLayout()->documentSize();  // settles how far it can be scrolled
         verticalScrollBar()->setValue(emptiedAt_);
     }
@@ -104,6 +108,8 @@ void NotesView::appendLine(QTextCursor& cursor, const QString& line) const {
 
 void NotesView::emptyNotes() {
     emptied_ = toPlainText();
+    emptiedAnchor_ = textCursor().anchor();
+    emptiedCaret_ = textCursor().position();
     emptiedAt_ = verticalScrollBar()->value();
     clear();
 }

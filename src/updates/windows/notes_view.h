@@ -13,7 +13,8 @@ class NotesView : public QTextEdit {
 
     /// Adds to what is there. Control characters are left out; what is longer than `longestNotes` is cut.
     void appendNotes(const QString& notes);
-    /// Takes the notes out. When the same ones are appended next, what was in view is in view again.
+    /// Takes the notes out. When the same ones are appended next, what was in view is in view again
+    /// and what was selected is selected.
     void emptyNotes();
 
     static constexpr qsizetype longestNotes = 50'000;
@@ -25,6 +26,8 @@ class NotesView : public QTextEdit {
     void appendLine(QTextCursor& cursor, const QString& line) const;
 
     QString emptied_;
+    int emptiedAnchor_ = 0;  ///< what was selected of it, from here to the caret
+    int emptiedCaret_ = 0;
     int emptiedAt_ = 0;  ///< how far `emptied_` was scrolled
 };
 
