@@ -161,6 +161,14 @@ def choose(program, path):
     key("Return")
 
 
+def environment_of(pid):
+    try:
+        with open(f"/proc/{pid}/environ", "rb") as file:
+            return file.read().split(b"\0")
+    except OSError:
+        return []
+
+
 class Program:
     """One run of the program. Its folder is its own."""
 
@@ -234,6 +242,11 @@ class Program:
 
     def working_files(self):
         return [os.path.join(folder, name) for folder, _, names in os.walk(self.temporary) for name in names]
+
+    def helpers(self):
+        """Programs that it has started: they share its folder for temporary files."""
+        return [pid for pid in os.listdir("/proc") if pid.isdigit() and int(pid) != self.process.pid
+                and f"TMPDIR={self.temporary}".encode() in environment_of(pid)]
 
     def wait_end(self, patience=2.0):
         """The status, and the seconds that it took."""
