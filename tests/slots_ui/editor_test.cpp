@@ -55,15 +55,19 @@ TEST_F(Editor, DrawsHighlightAndCaretInTheMiddleOfTheRowOverAClearGround) {
 
 TEST_F(Editor, OnlyTheToolkitsSelectionColourIsReplaced) {
     QImage image(20, 16, QImage::Format_RGB32);
-    const QPalette palette;
+    QPalette palette;
+    palette.setColor(QPalette::Active, QPalette::Highlight, Qt::blue);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, Qt::gray);
     const auto filled = [&](const QColor& colour, int length) {
         image.fill(Qt::black);
         QPainter painter(&image);
         SlotFieldEditorLayoutManager::fillBackgroundRects(painter, {{4, 0, 6, 16}}, length, colour, palette);
     };
-    filled(palette.color(QPalette::Highlight), 3);
-    EXPECT_EQ(extent(image, 4, KZQTextHighlight()), std::pair(2, 13));
-    EXPECT_EQ(extent(image, 10, KZQTextHighlight()), std::pair(-1, -1));
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        filled(palette.color(group, QPalette::Highlight), 3);
+        EXPECT_EQ(extent(image, 4, KZQTextHighlight()), std::pair(2, 13));
+        EXPECT_EQ(extent(image, 10, KZQTextHighlight()), std::pair(-1, -1));
+    }
     filled(Qt::red, 3);
     EXPECT_EQ(extent(image, 4, Qt::red), std::pair(0, 15));
     filled(Qt::red, 0);

@@ -166,6 +166,9 @@ TEST(FocusRing, ComesBackWhenTheShieldGoes) {
     page.second.setFocus(Qt::TabFocusReason);
     { const Shield shield(&page); }
     EXPECT_EQ(page.ring.control(), &page.second);
+    page.plain.setFocus(Qt::OtherFocusReason);
+    page.second.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(page.ring.control(), nullptr) << "by the mouse it does not";
     page.first.setFocus(Qt::MouseFocusReason);
     { const Shield shield(&page); }
     EXPECT_EQ(page.ring.control(), nullptr);
