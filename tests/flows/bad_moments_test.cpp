@@ -198,6 +198,9 @@ TEST_F(BadMoments, APedalThatDoesNotAnswerCountsAsBusyAndTheWindowLives) {
     }
     pass(1min);
     EXPECT_EQ(sent(0xE8).size(), 1U);
+    KZQ7306::looper()->interrupt();
+    executor.settle();
+    EXPECT_EQ(sent(0xE8).size(), 2U);  // a poll; the later presses have left nothing behind
     pedal.unplug();
     executor.settle();
     EXPECT_TRUE(window->saysNoPedal());

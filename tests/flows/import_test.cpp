@@ -18,6 +18,7 @@ constexpr auto isBusy = "Device is busy. Try again later.";
 TEST_F(FlowTest, ImportSavesTheCheckedLoopsInOrderUnderFreeNames) {
     launchConnected();
     select({3, 1});
+    type(1, "Loop 1");
     type(3, "AC/DC");
     for (const auto* const taken : {"Loop 1.wav", "Loop 1-2.wav"}) {
         std::ofstream(folder / taken) << "mine";
@@ -47,6 +48,8 @@ TEST_F(FlowTest, ImportSavesTheCheckedLoopsInOrderUnderFreeNames) {
     EXPECT_NEAR(progress.percent(), 3 * 1024 / 18'000.0, 1e-9);
     pass(30ms);  // the first loop, 6016 bytes, is through
     EXPECT_NEAR(progress.percent(), 6044 / 18'000.0, 1e-9);
+    EXPECT_FALSE(importRow(1).customImportName().has_value());  // used, while the other still waits
+    EXPECT_EQ(importRow(3).customImportName(), "AC/DC");
     EXPECT_EQ(contents("Loop 1-3.wav"), wave(loopOf(1000, 10).audio, 2).value());
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), ElementsAre(0, 2));
