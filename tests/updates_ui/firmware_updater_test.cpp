@@ -139,7 +139,7 @@ TEST_F(FirmwareUpdaterTest, AHandleAppearsForLongNotesAndACheckDoesNotScrollThem
 
     bar->setMaximum(2'000'000);  // as thousands of lines make it
     QTest::mousePress(bar, Qt::LeftButton, {}, bar->handle().center());
-    const QPointF farBelow(7, 5000);
+    const QPointF farBelow(7, 1600);
     QMouseEvent drag(QEvent::MouseMove, farBelow, bar->mapToGlobal(farBelow), Qt::NoButton, Qt::LeftButton,
                      {});
     QCoreApplication::sendEvent(bar, &drag);

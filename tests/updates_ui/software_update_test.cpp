@@ -105,6 +105,7 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     const int offerHeight = window().height();
 
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    EXPECT_EQ(window().focusWidget(), &control<QWidget>(window(), "acceptButton"));
     QTest::keyClick(&window(), Qt::Key_Return);
     executor.advance(1s);
     EXPECT_EQ(detail(), u"1MB of 2MB \u2013 50%");
