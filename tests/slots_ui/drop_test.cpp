@@ -64,6 +64,8 @@ TEST_F(Drop, WhatIsNotAudioToBeCopiedOntoAnExportRowIsRefused) {
     EXPECT_EQ(drag(view, {file("/x/a.wav")}, Qt::MoveAction), Qt::IgnoreAction);
     QMimeData audio;
     audio.setUrls({file("/x/a.wav")});
+    QDragEnterEvent enter({2, 2}, all, &audio, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&view, &enter);
     QDropEvent toMove({3, 3}, Qt::MoveAction, &audio, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&view, &toMove);  // whatever it was while it hovered
     EXPECT_FALSE(toMove.isAccepted());
