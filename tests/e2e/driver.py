@@ -14,7 +14,8 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 PROGRAM = os.environ["KZQ7306"]
 CTL = os.environ["KZQ7306CTL"]
-DRAG_SOURCE = os.environ["DRAG_SOURCE"]
+DRAG_SOURCE = os.environ.get("DRAG_SOURCE")
+SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
 # Busy machines are slow; what is waited for comes long before.
 PATIENCE = 15.0
 NOWHERE = "localhost:9"  # a server that refuses at once
@@ -117,7 +118,7 @@ class Item:
 
     def centre(self):
         box = self.box()
-        return box.x + box.width // 2, box.y + box.height // 2
+        return (box.x + box.width // 2) * SCALE, (box.y + box.height // 2) * SCALE
 
     def point(self):
         xdotool("mousemove", *self.centre())
@@ -161,12 +162,13 @@ def choose(program, path):
     key("Return")
 
 
-def environment_of(pid):
+def parent_of(pid):
+    """Nothing when there is no such process."""
     try:
-        with open(f"/proc/{pid}/environ", "rb") as file:
-            return file.read().split(b"\0")
+        with open(f"/proc/{pid}/stat") as file:
+            return int(file.read().rpartition(")")[2].split()[1])
     except OSError:
-        return []
+        return None
 
 
 class Program:
@@ -178,7 +180,7 @@ class Program:
         self.temporary = os.path.join(self.folder, "tmp")
         os.mkdir(self.temporary)
         environment = {**os.environ, "TMPDIR": self.temporary, **(environment or {})}
-        words = [PROGRAM] + ([simulate] if simulate else []) + ["--host", host, *options]
+        words = [PROGRAM] + ([simulate] if simulate else []) + (["--host", host] if host else []) + [*options]
         self.process = subprocess.Popen(words, stdout=self.log, stderr=self.log, env=environment)
 
     def __enter__(self):
@@ -244,9 +246,8 @@ class Program:
         return [os.path.join(folder, name) for folder, _, names in os.walk(self.temporary) for name in names]
 
     def helpers(self):
-        """Programs that it has started: they share its folder for temporary files."""
-        return [pid for pid in os.listdir("/proc") if pid.isdigit() and int(pid) != self.process.pid
-                and f"TMPDIR={self.temporary}".encode() in environment_of(pid)]
+        """The programs that it runs."""
+        return [pid for pid in os.listdir("/proc") if pid.isdigit() and parent_of(pid) == self.process.pid]
 
     def wait_end(self, patience=2.0):
         """The status, and the seconds that it took."""

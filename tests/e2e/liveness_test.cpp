@@ -199,6 +199,7 @@ TEST(Liveness, TheWindowStaysAliveWhile24MinutesAreImported) {
     ASSERT_TRUE(until(
         [&] { return application.window.isVisible() && application.window.selectAllButton()->isEnabled(); },
         20s));
+    until([] { return false; }, 500ms);  // the window has been drawn
     Milliseconds machine;
     {
         BareTimer bare;
