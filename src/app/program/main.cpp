@@ -26,6 +26,7 @@
 #include "platform/qt_executor.h"
 #include "platform/run_folder.h"
 #include "ui/fonts.h"
+#include "ui/panels/front_window.h"
 #include "ui/qt_dialogs.h"
 #include "updates/maker.h"
 #include "updates/qt_http_client.h"
@@ -132,7 +133,7 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
                    .usb = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus,
                    .systemMinorVersion = systemMinorVersion});
     MainWindow window;
-    QtDialogs dialogs([&window] { return &window; });
+    QtDialogs dialogs([&window] { return frontWindow(&window); });
     QtHttpClient http(certificates);
     const auto delegate =
         std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http), window);
