@@ -155,7 +155,7 @@ def transfer():
 def no_pedal():
     with Program("--unplugged") as program:
         program.ready()
-        picture(program, "no-pedal")
+        picture(program, "empty")
         end(program)
 
 
