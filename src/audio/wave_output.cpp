@@ -11,29 +11,13 @@
 
 #include "audio/uuid.h"
 #include "audio/wave.h"
+#include "platform/write_all.h"
 
 namespace kzq {
 namespace {
 
 constexpr mode_t newFileMode = 0666;
 constexpr std::uint32_t stereo = 2;
-
-int writeAt(int file, std::span<const std::uint8_t> bytes, std::uint64_t offset) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(offset));
-        if (written < 0 && errno != EINTR) {
-            return errno;
-        }
-        if (written == 0) {
-            return EIO;
-        }
-        if (written > 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(written));
-            offset += static_cast<std::uint64_t>(written);
-        }
-    }
-    return 0;
-}
 
 /// 0, or what `result` left in errno.
 int answer(int result) {
@@ -94,7 +78,7 @@ int WaveOutput::openHidden() {
 }
 
 int WaveOutput::write(std::span<const std::uint8_t> samples) {
-    const int error = writeAt(file_.get(), samples, waveHeaderSize + sampleBytes_);
+    const int error = writeAllAt(file_.get(), samples, waveHeaderSize + sampleBytes_);
     if (error == 0) {
         sampleBytes_ += samples.size();
     }
@@ -103,7 +87,7 @@ int WaveOutput::write(std::span<const std::uint8_t> samples) {
 
 int WaveOutput::finish(bool sync) {
     const auto header = waveHeader(static_cast<std::uint32_t>(sampleBytes_), stereo);
-    if (const int error = writeAt(file_.get(), header, 0); error != 0) {
+    if (const int error = writeAllAt(file_.get(), header, 0); error != 0) {
         return error;
     }
     if (sync && ::fsync(file_.get()) != 0) {

@@ -6,9 +6,13 @@
 
 namespace kzq {
 
-int writeAll(int descriptor, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+namespace {
+
+/// `write` is told how many bytes are written already.
+template <typename Write>
+int untilAll(std::size_t size, const Write& write) {
+    for (std::size_t done = 0; done < size;) {
+        const ssize_t written = write(done);
         if (written < 0 && errno != EINTR) {
             return errno;
         }
@@ -16,10 +20,25 @@ int writeAll(int descriptor, std::span<const std::uint8_t> bytes) {
             return EIO;
         }
         if (written > 0) {
-            bytes = bytes.subspan(static_cast<std::size_t>(written));
+            done += static_cast<std::size_t>(written);
         }
     }
     return 0;
+}
+
+}  // namespace
+
+int writeAll(int descriptor, std::span<const std::uint8_t> bytes) {
+    return untilAll(bytes.size(), [=](std::size_t done) {
+        return ::write(descriptor, bytes.data() + done, bytes.size() - done);
+    });
+}
+
+int writeAllAt(int descriptor, std::span<const std::uint8_t> bytes, std::uint64_t offset) {
+    return untilAll(bytes.size(), [=](std::size_t done) {
+        return ::pwrite(descriptor, bytes.data() + done, bytes.size() - done,
+                        static_cast<off_t>(offset + done));
+    });
 }
 
 }  // namespace kzq

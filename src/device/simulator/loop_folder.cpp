@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "platform/log.h"
+#include "platform/write_all.h"
 
 namespace kzq::simulator {
 
@@ -61,20 +62,6 @@ std::optional<StoredLoop> readLoop(const fs::path& file, std::string& error) {
     return StoredLoop{std::move(*audio)};
 }
 
-bool writeAll(int descriptor, ByteView bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written <= 0) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 bool syncFolder(const fs::path& folder) {
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0) {
@@ -92,7 +79,7 @@ bool replaceFile(const fs::path& file, ByteView bytes) {
     if (descriptor < 0) {
         return false;
     }
-    bool whole = writeAll(descriptor, bytes) && ::fsync(descriptor) == 0;
+    bool whole = writeAll(descriptor, bytes) == 0 && ::fsync(descriptor) == 0;
     whole = ::close(descriptor) == 0 && whole;
     std::error_code code;
     if (whole) {
