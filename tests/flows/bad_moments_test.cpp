@@ -139,11 +139,13 @@ TEST_F(BadMoments, APedalThatLeavesUnderAQuestionEndsIdle) {
         executor.advance(1s);
     };
     for (const auto& happening : std::initializer_list<std::function<void()>>{leave, swap}) {
+        dialogs.take();
         dialogs.folder = [&] { return (happening(), Dialogs::Chosen{panelOk, folder}); };
         dialogs.answer = [&] { return (happening(), alertFirstButton); };
         select({1});
         window->importButton()->click();
         EXPECT_TRUE(becomesIdle());
+        EXPECT_EQ(dialogs.take().size(), 1U);
         pedal.unplug();
         executor.settle();
         plugIn();
@@ -151,6 +153,7 @@ TEST_F(BadMoments, APedalThatLeavesUnderAQuestionEndsIdle) {
         stage(3, 10);
         window->exportButton()->click();
         EXPECT_TRUE(becomesIdle());
+        EXPECT_EQ(dialogs.take().size(), 1U);
         pedal.unplug();
         executor.settle();
         plugIn();

@@ -118,6 +118,7 @@ void FlowTest::pass(Executor::Duration time) {
 
 bool FlowTest::becomesIdle() {
     executor.advance(200ms);
+    executor.advance(200ms);  // a question may have taken the time of the first
     const bool idle = executor.advanceUntil([this] { return !shieldUp(); }, 1min);
     executor.settle();
     return idle && !delegate->progress()->isVisible();

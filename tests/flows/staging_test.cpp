@@ -68,6 +68,8 @@ TEST_F(FlowTest, CapacityIsStrictAndTheMeterTellsWhatIsLeft) {
     EXPECT_EQ(window->meter()->picture(), "Meter_bar_orange");
     EXPECT_THAT(propose((20U * 60 - 1) * 44'100 - onPedal), IsEmpty());
     EXPECT_EQ(window->meter()->picture(), "Meter_bar_green");
+    exportRow(2).x()->click();
+    EXPECT_EQ(caption(), "Space remaining: 23 min, 59 sec");
 }
 
 TEST_F(FlowTest, WhatCannotBeStagedChangesNothing) {
