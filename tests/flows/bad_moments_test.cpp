@@ -283,7 +283,7 @@ class EveryState : public FlowTest, public testing::WithParamInterface<int> {
                 pedal.unplug();
                 return executor.settle();
             default:
-                return;
+                return type(1, "half typed");
         }
     }
 };
