@@ -200,6 +200,8 @@ class Program:
                 print(item, item.description, item.text(), "" if item.enabled else "disabled")
         self.log.seek(0)
         print(self.log.read())
+        root = ["xprop", "-root", "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST_STACKING"]
+        print(subprocess.run(root, capture_output=True, text=True, check=False).stdout)
         if folder := os.environ.get("PICTURES"):
             subprocess.run(["import", "-window", "root", f"{folder}/{self.process.pid}.png"], check=False)
 
@@ -241,6 +243,9 @@ class Program:
         """With the window under the keyboard, the main window past the splash."""
         wait(f"{title} is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))
         return self.window(title)
+
+    def connected(self):
+        self.get("Space remaining.*")
 
     def working_files(self):
         return [os.path.join(folder, name) for folder, _, names in os.walk(self.temporary) for name in names]

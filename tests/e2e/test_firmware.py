@@ -16,7 +16,7 @@ class Firmware(unittest.TestCase):
         self.addCleanup(maker.close)
         with Program("--authorities", maker.authority, host=maker.host) as program:
             program.ready()
-            program.get("Loop 1 name")
+            program.connected()
             self.assertEqual(self.version_shown(program), "Version 0.1.0 (1.05)")
             wait("the offer", lambda: self.offered(program))
             window = program.window("Firmware Update")
@@ -26,7 +26,8 @@ class Firmware(unittest.TestCase):
             bar = program.get("Firmware installation")
             wait("the bar moves", lambda: bar.value() > 0)
             wait("the pedal is away", lambda: program.find("No pedal connected"))
-            program.get("Loop 1 name", patience=30)
+            # it comes back twice, at first without loops
+            wait("the loops are back", lambda: program.get("Loop 1, select").enabled, 30)
             wait("the installation's window is gone", lambda: not program.window("Firmware Update"))
             self.assertEqual(self.version_shown(program), "Version 0.1.0 (1.06)")
 
@@ -61,7 +62,7 @@ class Firmware(unittest.TestCase):
             file.write(image("1.31"))
         with Program() as program:
             program.ready()
-            program.get("Loop 1 name")
+            program.connected()
             program.get("Menu", "push button").click()
             program.get("Firmware Update...", "menu item")
             xdotool("keydown", "ctrl", "keydown", "shift")

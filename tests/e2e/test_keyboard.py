@@ -15,6 +15,7 @@ class Keyboard(unittest.TestCase):
         folder = tempfile.mkdtemp()
         with Program() as program:
             program.ready()
+            program.connected()
             program.get("Loop 13, select")
             ear = Ear("focused")
             self.addCleanup(ear.close)
@@ -39,6 +40,7 @@ class Keyboard(unittest.TestCase):
     def test_everything_has_a_name_and_a_role(self):
         with Program("--fault", "silence@in:20") as program:
             program.ready()
+            program.connected()
             program.get("Loop 1, select").click()
             erase = program.get("Erase", "push button")
             wait("erasing is possible", lambda: erase.enabled)
@@ -51,6 +53,7 @@ class Keyboard(unittest.TestCase):
             self.inspect(program)
             key("Escape")
             program.ready()
+            program.connected()
             erase.click()
             program.get("Yes")
             self.inspect(program, "dialog")

@@ -22,6 +22,7 @@ class Quit(unittest.TestCase):
 
     def importing(self, program):
         program.ready()
+        program.connected()
         program.get(LOOP).click()
         button = program.get("Import", "push button")
         wait("import is possible", lambda: button.enabled)
@@ -49,6 +50,7 @@ class Quit(unittest.TestCase):
     def test_alert(self):
         with Program() as program:
             program.ready()
+            program.connected()
             program.get(LOOP).click()
             erase = program.get("Erase", "push button")
             wait("erasing is possible", lambda: erase.enabled)
@@ -69,6 +71,7 @@ class Quit(unittest.TestCase):
             file.write(struct.pack("<I", os.path.getsize(path) - 44))
         with Program() as program:
             program.ready()
+            program.connected()
             program.get("Export tab.*").click()
             program.get("Add Loop 4").click()
             choose(program, path)

@@ -35,7 +35,7 @@ class Start(unittest.TestCase):
     def test_pedal_is_there_before(self):
         with Program() as program:
             program.ready()
-            program.get("Loop 1 name")
+            program.connected()
             self.assertEqual(rows(program), LOOPS)
             self.assertFalse(program.get("Import", "push button").enabled)
             self.assertFalse(program.get("Erase", "push button").enabled)

@@ -38,6 +38,7 @@ class Transfers(unittest.TestCase):
         expected = contents(self.memory())
         with Program() as program:
             program.ready()
+            program.connected()
             program.get("Loop 3 name").click()
             wait("the name is being edited", lambda: program.find("Loop 3 name", "text"))
             key("ctrl+a")
@@ -90,6 +91,7 @@ class Transfers(unittest.TestCase):
         before = contents(memory)
         with Program(simulate=f"--simulate={memory}") as program:
             program.ready()
+            program.connected()
             program.get("Export tab.*").click()
             program.get("Overwrite Loop 2").click()
             choose(program, path)
@@ -108,6 +110,7 @@ class Transfers(unittest.TestCase):
         self.addCleanup(other.kill)
         with Program(simulate=f"--simulate={memory}") as program:
             program.ready()
+            program.connected()
             program.get("Export tab.*").click()
             source = wait("the other window", lambda: window_of(other))
             drag(source, program.get("Add Loop 6").centre())
@@ -120,6 +123,7 @@ class Transfers(unittest.TestCase):
         before = contents(memory)
         with Program(simulate=f"--simulate={memory}") as program:
             program.ready()
+            program.connected()
             boxes = [program.get(f"Loop {number}, select") for number in (2, 13)]
             for box in boxes:
                 box.click()
