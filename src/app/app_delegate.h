@@ -192,9 +192,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void endStart();
     void beginRun();
     void endRun();
+    /// After beginRun: on a background thread, since the link asks the pedal before it begins. `operation`
+    /// answers whether the link has taken it. One that it refuses to a pedal that has left ends the run; one
+    /// that it refuses to a busy pedal deliberately leaves shield and panel up for the rest of the program's.
+    void onLink(std::function<bool(KZQ7306&)> operation);
     void endRefusedRun();
-    /// After beginRun: on a background thread, since the link asks the pedal before it begins.
-    void onLink(std::function<void(KZQ7306&)> operation);
     /// What any thread may call to have `task` done on the main thread, for as long as this lives.
     std::function<void()> onMain(std::function<void(AppDelegate&)> task);
     TransferRun::Listener transferListener(void (AppDelegate::*loopDone)(std::uint8_t slot),

@@ -143,7 +143,6 @@ void AppDelegate::looperHasBeenDisconnected() {
         slot->setOccupied(false);
         empty(*slot);
     }
-    endRefusedRun();
 }
 
 void AppDelegate::redrawAbout() {

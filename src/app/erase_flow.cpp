@@ -35,8 +35,7 @@ void AppDelegate::startErase(const std::set<std::uint8_t>& asked) {
     selectedImportSlots_.clear();
     beginRun();
     onLink([numbers, finished = onMain(&AppDelegate::finishErase)](KZQ7306& looper) {
-        // Deliberately not looked at, as in an import.
-        looper.eraseLoops(numbers, [finished](std::uint8_t /*count*/) { finished(); });
+        return looper.eraseLoops(numbers, [finished](std::uint8_t /*count*/) { finished(); });
     });
 }
 

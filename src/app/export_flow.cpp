@@ -55,8 +55,7 @@ void AppDelegate::startExport() {
             self.finishExport(exports);
         }));
     onLink([run, exports](KZQ7306& looper) {
-        // Deliberately not looked at, as in an import.
-        looper.exportLoops(
+        return looper.exportLoops(
             exports, [run](std::uint32_t bytes, std::uint8_t /*index*/) { run->moved(bytes); },
             [run](std::uint32_t bytes, std::uint8_t slot) {
                 run->add(bytes);

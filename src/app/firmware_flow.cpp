@@ -92,8 +92,9 @@ void AppDelegate::flash(FirmwareImage image) {
     };
     onLink([image = std::move(image), completion](KZQ7306& looper) {
         if (!looper.flashFirmware(image, completion)) {
-            completion(false);  // the pedal became busy just now
+            completion(false);  // the pedal became busy just now, or left
         }
+        return true;
     });
 }
 

@@ -80,8 +80,7 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
         std::move(names),
         environment_.writeFile});
     onLink([import, numbers](KZQ7306& looper) {
-        // Deliberately not looked at: should the pedal have become busy just now, the shield stays.
-        looper.importLoops(
+        return looper.importLoops(
             numbers, [import](std::uint32_t bytes, std::uint8_t /*slot*/) { import->run.moved(bytes); },
             [import](const auto& file, std::uint8_t slot) { import->loopRead(file, slot); },
             [import](std::uint8_t /*count*/) { import->run.finished(); });

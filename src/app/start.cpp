@@ -17,8 +17,6 @@ constexpr auto firstInsistence = std::chrono::milliseconds(500);
 constexpr auto nextInsistence = std::chrono::seconds(1);
 /// A panel is given time to close before the window is covered.
 constexpr auto panelsClose = std::chrono::milliseconds(100);
-/// Longer than a transfer takes to end once its pedal has left.
-constexpr auto ownEnd = std::chrono::seconds(1);
 
 }  // namespace
 
@@ -73,27 +71,21 @@ void AppDelegate::endRun() {
     flow_ = Flow::none;
 }
 
-/// A transfer that was under way when the pedal left ends by itself. One that the link has refused does not:
-/// its shield, which otherwise stays, has nothing left to protect.
-void AppDelegate::endRefusedRun() {
-    environment_.executor.mainAfter(ownEnd, [weak = weak_from_this(), run = runs_] {
-        const auto self = weak.lock();
+void AppDelegate::onLink(std::function<bool(KZQ7306&)> operation) {
+    environment_.executor.background(Priority::high, [operation = std::move(operation), asked = linkAsked_,
+                                                      pedalHasLeft = onMain(&AppDelegate::endRefusedRun)] {
         const auto looper = KZQ7306::looper();
-        if (self && self->flow_ == Flow::running && self->runs_ == run && !*self->linkAsked_ && looper &&
-            looper->operation() == KZQ7306::idle) {
-            self->closeProgress();
-            self->endRun();
+        const bool accepted = looper && operation(*looper);
+        *asked = false;
+        if (!accepted && (!looper || looper->disconnected())) {
+            pedalHasLeft();
         }
     });
 }
 
-void AppDelegate::onLink(std::function<void(KZQ7306&)> operation) {
-    environment_.executor.background(Priority::high, [operation = std::move(operation), asked = linkAsked_] {
-        if (const auto looper = KZQ7306::looper()) {
-            operation(*looper);
-        }
-        *asked = false;
-    });
+void AppDelegate::endRefusedRun() {
+    closeProgress();
+    endRun();
 }
 
 std::function<void()> AppDelegate::onMain(std::function<void(AppDelegate&)> task) {

@@ -82,10 +82,16 @@ bool handOverToRenamedBundle(const StartUpPlaces& places) {
 fs::path usualSettings(const fs::path& home) {
     const char* const configured = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): start-up
     const fs::path folder = configured != nullptr ? configured : "";
+    if (!folder.is_absolute() && home.empty()) {
+        return {};  // not into whatever folder the program was started from
+    }
     return (folder.is_absolute() ? folder : home / ".config") / "com.kzq.7306.conf";
 }
 
 void setUserDefaults(const fs::path& settings) {
+    if (settings.empty()) {
+        return;
+    }
     QSettings defaults(QString::fromStdString(settings.string()), QSettings::IniFormat);
     defaults.setValue("NSDisabledDictationMenuItem", true);
     defaults.setValue("NSDisabledCharacterPaletteMenuItem", true);

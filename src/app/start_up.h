@@ -9,8 +9,8 @@ namespace kzq {
 
 /// Where it happens; tests have places of their own.
 struct StartUpPlaces {
-    std::filesystem::path home;      ///< the user's home folder; empty for none
-    std::filesystem::path program;   ///< the running program's file
+    std::filesystem::path home;     ///< the user's home folder; empty for none
+    std::filesystem::path program;  ///< the running program's file
     /// Starts the program in a bundle and answers at once; whether it could be started.
     std::function<bool(const std::filesystem::path& bundle)> open;
 };
@@ -29,9 +29,10 @@ std::filesystem::path bundleOf(const std::filesystem::path& program);
 /// when that was done: this process is to end. With the marker, which is used up, nothing is renamed.
 bool handOverToRenamedBundle(const StartUpPlaces& places);
 
-/// The file of the user's defaults, under $XDG_CONFIG_HOME or the home folder's ".config".
+/// The file of the user's defaults, under $XDG_CONFIG_HOME or the home folder's ".config"; empty without
+/// either.
 std::filesystem::path usualSettings(const std::filesystem::path& home);
-/// Keeps the toolkit's entries for dictation and special characters out of the Edit menu.
+/// Keeps the toolkit's entries for dictation and special characters out of the Edit menu. Errors are ignored.
 void setUserDefaults(const std::filesystem::path& settings);
 
 }  // namespace kzq
