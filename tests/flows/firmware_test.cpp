@@ -33,7 +33,7 @@ class FirmwareFlow : public FlowTest {
     bool offerShown() { return delegate->firmwareUpdater()->window().isVisible(); }
     bool flashing() { return delegate->firmwareUpdater()->progress().animate(); }
     std::filesystem::path file(const std::string& content) const {
-        const auto path = base / "files" / "chosen.bin";
+        auto path = base / "files" / "chosen.bin";
         std::ofstream(path, std::ios::binary) << content;
         return path;
     }

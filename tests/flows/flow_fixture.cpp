@@ -138,7 +138,7 @@ void FlowTest::type(std::uint8_t slot, const QString& name) {
 }
 
 fs::path FlowTest::audioFile(const std::string& name, std::uint64_t frames) {
-    const auto path = base / "files" / name;
+    auto path = base / "files" / name;
     const auto header = waveHeader(static_cast<std::uint32_t>(frames * simulator::frameBytes), 2);
     std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(header.data()), header.size());
     fs::resize_file(path, header.size() + frames * simulator::frameBytes);

@@ -11,8 +11,6 @@ namespace kzq::test {
 
 namespace {
 
-using testing::ElementsAre;
-
 TEST_F(FlowTest, LaunchBuildsTheRowsAndShowsTheSplashBeforeTheWindow) {
     pedal.plugIn();
     launch();
