@@ -10,7 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Pair;
 
 constexpr std::uint64_t capacity = 63'504'000;
 constexpr std::uint64_t onPedal = 3001;
@@ -63,10 +62,10 @@ TEST_F(FlowTest, CapacityIsStrictAndTheMeterTellsWhatIsLeft) {
     EXPECT_EQ(caption(), "Space remaining: 0 min, 0 sec");
     EXPECT_EQ(window->meter()->picture(), "Meter_bar_red");
     EXPECT_EQ(window->meter()->width(), 240);
-    EXPECT_THAT(propose(20U * 60 * 44'100 - onPedal), IsEmpty());
+    EXPECT_THAT(propose(20ULL * 60 * 44'100 - onPedal), IsEmpty());
     EXPECT_EQ(caption(), "Space remaining: 4 min, 0 sec");
     EXPECT_EQ(window->meter()->picture(), "Meter_bar_orange");
-    EXPECT_THAT(propose((20U * 60 - 1) * 44'100 - onPedal), IsEmpty());
+    EXPECT_THAT(propose((20ULL * 60 - 1) * 44'100 - onPedal), IsEmpty());
     EXPECT_EQ(window->meter()->picture(), "Meter_bar_green");
     exportRow(2).x()->click();
     EXPECT_EQ(caption(), "Space remaining: 23 min, 59 sec");
