@@ -25,7 +25,7 @@ void dressMenuBar(QMenuBar& bar) {
                  panelColor().name(), outlineColor().name(), disabledWordColor().name()));
 }
 
-void fillMenuBar(QMenuBar& bar, MenuBarActions actions) {
+void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     auto* const quit = bar.addMenu("&File")->addAction("&Quit", actions.quit);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
     quit->setShortcutContext(Qt::ApplicationShortcut);  // also where the progress panel has the keyboard

@@ -16,6 +16,6 @@ struct MenuBarActions {
 /// Paints the bar in the window's own colours, on every desktop alike.
 void dressMenuBar(QMenuBar& bar);
 /// File with Quit, Edit with Select All, Help with About. Once.
-void fillMenuBar(QMenuBar& bar, MenuBarActions actions);
+void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions);
 
 }  // namespace kzq

@@ -200,7 +200,9 @@ class Program:
                 print(item, item.description, item.text(), "" if item.enabled else "disabled")
         self.log.seek(0)
         print(self.log.read())
-        root = ["xprop", "-root", "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST_STACKING"]
+        with open(os.environ["SESSION_LOG"]) as file:
+            print(file.read())
+        root = ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK", "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST_STACKING"]
         print(subprocess.run(root, capture_output=True, text=True, check=False).stdout)
         if folder := os.environ.get("PICTURES"):
             subprocess.run(["import", "-window", "root", f"{folder}/{self.process.pid}.png"], check=False)
