@@ -37,13 +37,19 @@ using namespace kzq;
 
 constexpr int usageStatus = 2;
 constexpr int fileStatus = 6;
-/// After that a main thread that has been asked to end is not waited for.
+/// A main thread that has been asked to end is not waited for after that.
 constexpr auto longestEnd = std::chrono::milliseconds(1500);
 
 /// Workers may be parked in a transfer that never ends, so the process does not wait for them.
 [[noreturn]] void leave(int status) {
     RunFolder::ofThisRun().remove();
     std::_Exit(status);
+}
+
+/// On a thread of its own, when the program was asked to end.
+void leaveSoon(Executor& executor) {
+    executor.sleep(longestEnd);
+    leave(EXIT_SUCCESS);
 }
 
 int complain(int status, const std::string& sentence) {
@@ -139,10 +145,7 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
         std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http), window);
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
-        executor.background(Priority::high, [&executor] {
-            executor.sleep(longestEnd);
-            leave(EXIT_SUCCESS);
-        });
+        executor.background(Priority::high, [&executor] { leaveSoon(executor); });
     });
     if (simulation != nullptr && !options.unplugged) {
         simulation->pedal().plugIn();
@@ -163,16 +166,16 @@ bool hasScreen() {
 }
 
 int run(const ProgramOptions& options, int argc, char** argv) {
+    std::error_code unknown;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
+    if (handOverToRenamedBundle({.home = homeFolder(), .program = program, .open = openBundle})) {
+        return EXIT_SUCCESS;
+    }
+    setUserDefaults(usualSettings(homeFolder()));
     if (!hasScreen()) {
         return complain(EXIT_FAILURE,
                         "there is no screen to open a window on; kzq7306ctl works without one.");
     }
-    if (handOverToRenamedBundle({.home = homeFolder(),
-                                 .program = std::filesystem::read_symlink("/proc/self/exe"),
-                                 .open = openBundle})) {
-        return EXIT_SUCCESS;
-    }
-    setUserDefaults(usualSettings(homeFolder()));
     const auto certificates = authorities(options);
     if (!certificates) {
         return complain(fileStatus, "cannot read " + options.authorities.string());
@@ -184,7 +187,6 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
     registerFonts();
-    quitOnSignals();
     RunFolder::ofThisRun().sweep();
     QtExecutor executor;
     std::unique_ptr<simulator::Simulation> simulation;
@@ -197,6 +199,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
             return complain(badFault ? usageStatus : fileStatus, error);
         }
     }
+    quitOnSignals(executor, [&executor] { leaveSoon(executor); });
     return runWindow(application, options, executor, *certificates, simulation.get());
 }
 

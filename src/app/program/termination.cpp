@@ -4,10 +4,10 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QSocketNotifier>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include "platform/log.h"
 
@@ -25,20 +25,31 @@ extern "C" void wake(int /*signal*/) {
     errno = kept;
 }
 
+/// Waits for the next signal.
+bool awaken(int end) {
+    char byte = 0;
+    ssize_t got = 0;
+    do {
+        got = ::read(end, &byte, 1);
+    } while (got < 0 && errno == EINTR);
+    return got == 1;
+}
+
 }  // namespace
 
-void quitOnSignals() {
+void quitOnSignals(Executor& executor, std::function<void()> late) {
     std::array<int, 2> ends{};
-    if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
+    if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
         log(LogCategory::application, "no pipe for signals: they end the program at once");
         return;
     }
+    ::fcntl(ends[1], F_SETFL, O_NONBLOCK);
     wakeEnd = ends[1];
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the application's child
-    auto* const notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, qApp);
-    QObject::connect(notifier, &QSocketNotifier::activated, qApp, [notifier] {
-        notifier->setEnabled(false);
-        QCoreApplication::quit();
+    executor.service("com.kzq.signals", [&executor, late = std::move(late), end = ends[0]] {
+        if (awaken(end)) {
+            executor.main(&QCoreApplication::quit);
+            late();
+        }
     });
     struct sigaction action {};
     action.sa_handler = wake;

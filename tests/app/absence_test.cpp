@@ -1,0 +1,49 @@
+#include "app/absence.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+
+#include "app/main_window.h"
+#include "virtual_executor.h"
+
+namespace kzq::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+TEST(Absence, LooksAtOnceAndEveryFiveSecondsForAsLongAsNoPedalIsThere) {
+    VirtualExecutor executor;
+    MainWindow window;
+    auto& shown = *window.findChild<QLabel*>("emptyRemedy");
+    int looks = 0;
+    const auto absence = Absence::watch(executor, window, [&] {
+        EXPECT_FALSE(executor.onMainThread());
+        executor.sleep(1s);
+        return "look " + std::to_string(++looks);
+    });
+    EXPECT_TRUE(shown.isHidden());
+    executor.advance(1s);
+    EXPECT_EQ(shown.text(), "look 1");
+    EXPECT_FALSE(shown.isHidden());
+    executor.advance(4999ms + 1s);
+    EXPECT_EQ(looks, 1);
+    executor.advance(1ms);
+    EXPECT_EQ(shown.text(), "look 2");
+    // The pedal comes and goes while the next look is under way: that one counts for nothing.
+    executor.advance(5s);
+    window.showMeter(true);
+    window.showMeter(false);
+    EXPECT_EQ(shown.text(), "");  // what was in the way then has been overcome
+    executor.advance(1s);
+    EXPECT_EQ(looks, 4);
+    EXPECT_EQ(shown.text(), "look 4");
+    window.showMeter(true);
+    executor.advance(1h);
+    EXPECT_EQ(looks, 4);
+}
+
+}  // namespace
+
+}  // namespace kzq::test

@@ -1,0 +1,119 @@
+#include "app/start_up.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace kzq::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+fs::path temporaryFolder() {
+    std::string pattern = fs::temp_directory_path() / "start_up_test_XXXXXX";
+    return ::mkdtemp(pattern.data());
+}
+
+/// A home, and a program in a bundle that still has its built name.
+class StartUp : public testing::Test {
+  protected:
+    StartUp() {
+        fs::create_directories(program().parent_path());
+        fs::create_directory(home);
+        std::ofstream(program()) << "a program";
+    }
+    ~StartUp() override {
+        ::unsetenv("XDG_CONFIG_HOME");
+        fs::remove_all(base);
+    }
+    StartUp(const StartUp&) = delete;
+    StartUp& operator=(const StartUp&) = delete;
+    StartUp(StartUp&&) = delete;
+    StartUp& operator=(StartUp&&) = delete;
+
+    fs::path program() const { return built / "bin" / "kzq7306"; }
+    bool handOver(const fs::path& running, bool opens = true) {
+        return handOverToRenamedBundle({home, running, [this, opens](const fs::path& bundle) {
+                                            opened.push_back(bundle);
+                                            return opens;
+                                        }});
+    }
+    std::string defaultsAt(const fs::path& settings) const {
+        setUserDefaults(settings);
+        std::ifstream file(settings);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    const fs::path base = temporaryFolder();
+    const fs::path home = base / "home";
+    const fs::path built = base / "KZQ7306.app";
+    const fs::path known = base / "7306 Loop Manager.app";
+    std::vector<fs::path> opened;
+};
+
+TEST_F(StartUp, ABundleWithItsBuiltNameIsRenamedAndOpenedUnlessTheMarkerSaysNo) {
+    writeBundleNameMarker(home);
+    EXPECT_FALSE(handOver(program()));
+    EXPECT_FALSE(fs::exists(bundleNameMarker(home)));  // used up
+    EXPECT_TRUE(fs::exists(program()));
+    EXPECT_THAT(opened, IsEmpty());
+    EXPECT_TRUE(handOver(program()));
+    EXPECT_THAT(opened, ElementsAre(known));
+    EXPECT_TRUE(fs::exists(known / "bin" / "kzq7306"));
+    EXPECT_FALSE(fs::exists(built));
+    EXPECT_FALSE(handOver(known / "bin" / "kzq7306"));
+    EXPECT_FALSE(handOver("/usr/bin/kzq7306"));
+    EXPECT_FALSE(handOver({}));
+    EXPECT_EQ(opened.size(), 1U);
+}
+
+TEST_F(StartUp, ARenamingReplacesNothingAndAMissingOpenerDoesNotStopTheStart) {
+    fs::create_directory(known);  // also not an empty folder
+    EXPECT_FALSE(handOver(program()));
+    EXPECT_TRUE(fs::exists(program()) && fs::is_empty(known));
+    fs::remove(known);
+    fs::create_symlink("nowhere", known);
+    EXPECT_FALSE(handOver(program()));
+    EXPECT_TRUE(fs::is_symlink(known));
+    EXPECT_THAT(opened, IsEmpty());
+    fs::remove(known);
+    EXPECT_FALSE(handOver(program(), false));
+    EXPECT_EQ(opened.size(), 1U);
+}
+
+TEST_F(StartUp, TheNearestBundleCounts) {
+    EXPECT_EQ(bundleOf("/a/One.app/b/Two.app/bin/x"), "/a/One.app/b/Two.app");
+    EXPECT_EQ(bundleOf("/a/One.apps/x.app"), "");
+}
+
+TEST_F(StartUp, TheDefaultsAreExactlyTwo) {
+    ::setenv("XDG_CONFIG_HOME", (base / "config").c_str(), 1);
+    EXPECT_EQ(usualSettings(home), base / "config" / "com.kzq.7306.conf");
+    const std::string two =
+        "[General]\nNSDisabledCharacterPaletteMenuItem=true\nNSDisabledDictationMenuItem=true\n";
+    EXPECT_EQ(defaultsAt(usualSettings(home)), two);
+    EXPECT_EQ(defaultsAt(usualSettings({})), two);  // once more, and without a home
+    ::setenv("XDG_CONFIG_HOME", "relative", 1);
+    EXPECT_EQ(usualSettings(home), home / ".config" / "com.kzq.7306.conf");
+    EXPECT_EQ(usualSettings({}), "");
+}
+
+TEST_F(StartUp, PlacesThatCannotBeWrittenAreIgnored) {
+    std::ofstream(base / "file") << "no folder";
+    EXPECT_EQ(defaultsAt(base / "file" / "settings.conf"), "");
+    setUserDefaults({});
+    writeBundleNameMarker(base / "file");
+    writeBundleNameMarker({});
+    EXPECT_EQ(bundleNameMarker({}), "");
+    EXPECT_FALSE(fs::exists(".com.kzq.7306.ignore-bundle-name-change"));
+}
+
+}  // namespace
+
+}  // namespace kzq::test
