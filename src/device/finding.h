@@ -35,14 +35,19 @@ inline std::optional<Finding> firstTrouble(const std::vector<Finding>& findings)
     return found == findings.end() ? std::nullopt : std::optional(*found);
 }
 
-/// For a place that says already that no pedal is connected: what is in the way and its remedy, in a line.
-/// Empty when nothing but the pedal is missing.
+/// For a place that says already that no pedal is connected: what is in the way and its remedy, in a line. A
+/// remedy that would be too long to read there, and to type from it, is left to the doctor. Empty when
+/// nothing but the pedal is missing.
 inline std::string obstacleLine(const std::vector<Finding>& findings) {
     const auto found = std::ranges::find_if(findings, [](const Finding& finding) {
         return finding.present && finding.kind != PedalTrouble::nothingOnBus;
     });
     if (found == findings.end()) {
         return {};
+    }
+    constexpr std::size_t readable = 80;
+    if (found->remedy.size() > readable) {
+        return found->sentence + " \"kzq7306ctl doctor\" tells how to mend it.";
     }
     return found->sentence + (found->remedy.empty() ? "" : " The command: " + found->remedy);
 }

@@ -121,6 +121,12 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     EXPECT_THAT(toldToUser(PedalTrouble::ruleMissing),
                 testing::AllOf(HasSubstr((root_ / "share/kzq7306/70-kzq7306.rules").string()),
                                HasSubstr(" && " + anew)));
+    {
+        const AsUser user;
+        EXPECT_THAT(obstacleLine(diagnose(places_)),
+                    testing::EndsWith("\"kzq7306ctl doctor\" tells how to mend it."))
+            << "too long for a line";
+    }
     write("rules/90-own.rules", "ATTR{idVendor}==\"308a\", \\\nATTR{idProduct}==\"0104\", MODE=\"0666\"");
     toldToUser(PedalTrouble::ruleNotInForce);
     write("none/90-own.rules", "");
