@@ -1,6 +1,8 @@
+#include <algorithm>
 
 #include "flow_fixture.h"
 #include "slots/slot_field.h"
+#include "ui/panels/about_window.h"
 
 namespace kzq::test {
 
@@ -80,14 +82,22 @@ TEST_F(FlowTest, AChangeOnThePedalKeepsTheSelectionOfLoopsThatAreStillThere) {
 
 TEST_F(FlowTest, DepartureEmptiesEverythingButWhatATransferOwns) {
     launchConnected();
+    pass(4s);  // the first poll
     select({1, 3});
     stage(3, 10);
     exportRow(3).setExported(true);
     type(1, "half typed");
     const auto copies = workingCopies();
+    const auto versionShown = [this] {
+        const auto parts = delegate->about()->window().findChildren<QWidget*>();
+        return std::ranges::any_of(
+            parts, [](auto* part) { return part->accessibleName() == "Version 2.1.0 (1.05)"; });
+    };
+    EXPECT_TRUE(versionShown());
     window->addShield();
     pedal.unplug();
     executor.settle();
+    EXPECT_FALSE(versionShown());
     EXPECT_TRUE(window->saysNoPedal() && window->meter()->isHidden() && window->meterCaption()->isHidden());
     EXPECT_EQ(window->meter()->width(), 0);
     EXPECT_EQ(caption(), empty);

@@ -65,6 +65,13 @@ TEST_F(FirmwareFlow, TheMenusEntryTellsWhatThereIs) {
     EXPECT_EQ(dialogs.take().size(), 1U);
 }
 
+TEST_F(FirmwareFlow, ItIsLookedForAsSoonAsAPedalArrives) {
+    offer("1.06");
+    pedal.setStage('b');  // needs some at once
+    launchConnected();
+    EXPECT_TRUE(delegate->firmwareUpdater()->update());
+}
+
 TEST_F(FirmwareFlow, AnOfferIsInstalledAcrossTheRestartAndThenTakenBack) {
     launchWithOffer();
     delegate->openFirmwareUpdater();
@@ -105,7 +112,9 @@ TEST_F(FirmwareFlow, AChosenFileIsInstalledAndAnUnusableOneIsNot) {
     pedal.clearJournal();
     delegate->installFirmware();  // nothing is offered
     pass(1s);
+    delegate->openMenu();
     delegate->installFirmware(std::filesystem::path());
+    EXPECT_FALSE(delegate->menuOpen());
     delegate->installFirmware(base / "missing.bin");
     pass(1s);
     delegate->installFirmware(file(""));

@@ -109,6 +109,7 @@ TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
     plan("refuse@E1");
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(delegate->progress()->percent(), 1);
     EXPECT_THAT(files(), ElementsAre("Loop 20.wav"));
     EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
     EXPECT_THAT(logged, testing::Contains(HasSubstr("loop 3 was not saved: write: No space left")));

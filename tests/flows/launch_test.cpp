@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QMenuBar>
+#include <QScreen>
 #include <fstream>
 
 #include "flow_fixture.h"
@@ -36,6 +37,8 @@ TEST_F(FlowTest, LaunchBuildsTheRowsAndShowsTheSplashBeforeTheWindow) {
     EXPECT_NE(delegate->windowWillReturnFieldEditor(window.get(), importRow(1).field()), nullptr);
     EXPECT_TRUE(window->isVisible());
     EXPECT_FALSE(delegate->about()->isVisible());
+    const auto screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_LE((window->geometry().center() - screen.center()).manhattanLength(), 8);
 }
 
 TEST_F(FlowTest, TheMainWindowComesWhenTheSplashGoes) {
@@ -57,9 +60,11 @@ TEST_F(FlowTest, WithoutAPedalNothingCanBeSelectedAndTheRemedyIsShown) {
              window->deselectAllButton()}) {
         EXPECT_FALSE(button->isEnabled()) << button->objectName().toStdString();
     }
+    window->importButton()->setEnabled(true);
     delegate->selectAll();
     EXPECT_TRUE(delegate->selectedImportSlots().empty());
-    EXPECT_FALSE(window->importButton()->isEnabled());
+    EXPECT_TRUE(window->importButton()->isEnabled());  // the buttons are as they were
+    EXPECT_FALSE(window->eraseButton()->isEnabled());
 }
 
 TEST_F(FlowTest, QuittingRemovesTheWorkingCopiesThatAreStagedAndNothingElse) {

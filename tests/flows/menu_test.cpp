@@ -1,11 +1,13 @@
-
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcutEvent>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 
 #include "flow_fixture.h"
+#include "ui/panels/about_window.h"
 
 namespace kzq::test {
 
@@ -81,6 +83,7 @@ TEST_F(MenuFlow, KeysMoveTheHighlightWithoutWrappingAndChoose) {
     EXPECT_TRUE(delegate->menuOpen());  // choosing by key closes nothing by itself
     key(Qt::Key_Escape);
     EXPECT_FALSE(delegate->menuOpen());
+    EXPECT_EQ(window->focusWidget(), window->menuButton());  // where it came from
     delegate->menu()->about().setHovered(true);
     key(Qt::Key_Return);  // reaches the window as ever
     EXPECT_FALSE(delegate->about()->isVisible());
@@ -89,6 +92,14 @@ TEST_F(MenuFlow, KeysMoveTheHighlightWithoutWrappingAndChoose) {
     key(Qt::Key_Enter);
     EXPECT_TRUE(delegate->about()->isVisible());
     EXPECT_FALSE(delegate->menuOpen());
+    auto& panel = delegate->about()->window();
+    const auto centre = panel.pos();
+    panel.move(1, 2);
+    delegate->openAbout();  // it is left where it is
+    EXPECT_EQ(panel.pos(), QPoint(1, 2));
+    panel.hide();
+    delegate->openAbout();
+    EXPECT_EQ(panel.pos(), centre);
 }
 
 TEST_F(MenuFlow, AClickElsewhereClosesItAndStillCounts) {
@@ -127,7 +138,18 @@ TEST_F(MenuFlow, WhateverHappensToAWindowClosesIt) {
     }));
     EXPECT_TRUE(closes([this] { window->menuBar()->actions().first()->menu()->show(); }));
     window->menuBar()->actions().first()->menu()->hide();
+    EXPECT_TRUE(closes([this] {
+        QEvent keyboardGoes(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(window.get(), &keyboardGoes);
+    }));
+    EXPECT_TRUE(closes([this] {
+        const auto actions = window->menuBar()->findChildren<QAction*>();
+        const auto act = std::ranges::find(actions, QKeySequence("Ctrl+A"), &QAction::shortcut);
+        QShortcutEvent shortcut(QKeySequence("Ctrl+A"), 0);
+        QCoreApplication::sendEvent(*act, &shortcut);
+    }));
     EXPECT_TRUE(closes([this] { window->importTabButton()->click(); }));
+    EXPECT_TRUE(closes([this] { window->exportTabButton()->click(); }));
     EXPECT_TRUE(closes([this] { exportRow(2).button()->click(); }));
     EXPECT_TRUE(closes([this] { delegate->openProgress(10, 0); }));
     EXPECT_FALSE(closes([] {
@@ -141,10 +163,12 @@ TEST_F(MenuFlow, TheProgressPanelTellsTheDirectionAndTheCount) {
     select({1});
     delegate->openProgress(10, 0);
     EXPECT_EQ(delegate->progress()->subtitle(), "Importing 1 loop from the 7306...");
+    delegate->progress()->setPercent(0.5);
     stage(2, 10);
     delegate->openProgress(1'000'000, 1);
     EXPECT_EQ(delegate->progress()->subtitle(), "Exporting 1 loop to the 7306...");
     EXPECT_EQ(delegate->progress()->title(), "7306 Export");
+    EXPECT_EQ(delegate->progress()->percent(), 0);
     EXPECT_EQ(delegate->progress()->window().frameGeometry().topLeft(), window->frameGeometry().topLeft());
 }
 

@@ -31,7 +31,9 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     EXPECT_FALSE(window->warning()->isHidden());
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 500);
     conversionTime = 0s;
+    exportRow(3).setExported(true);
     stage(3, 100);  // counts instead of the first
+    EXPECT_FALSE(exportRow(3).exported());
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 100);
     EXPECT_EQ(workingCopies(), 2);
     stage(2, 50);
@@ -97,6 +99,9 @@ TEST_F(FlowTest, AChosenFileIsStagedOnceThePanelHasClosed) {
     exportRow(4).button()->click();
     pass(1s);
     EXPECT_EQ(delegate->selectedExportSlots().size(), 1U);
+    exportRow(2).button()->click();
+    EXPECT_EQ(exportRow(2).field()->text(), "chosen");  // the row shows its state again
+    EXPECT_EQ(exportRow(4).field()->text(), "");
 }
 
 TEST_F(FlowTest, TheLastDropOnARowWinsHoweverLongItsConversionTook) {
@@ -124,11 +129,15 @@ TEST_F(FlowTest, TheImportSelectionFollowsTheCheckboxes) {
     select({3, 20});
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
     EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
+    EXPECT_EQ(window->focusWidget(), window->contentView());
     window->selectAllButton()->click();
     EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 3, 20));
     EXPECT_TRUE(importRow(20).selected() && window->eraseButton()->isEnabled());
     EXPECT_FALSE(importRow(2).selected());
+    type(3, "half typed");
     window->deselectAllButton()->click();
+    EXPECT_EQ(importRow(3).field()->currentEditor(), nullptr);
+    EXPECT_EQ(importRow(3).name(), "Loop 3");
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
     EXPECT_FALSE(importRow(20).selected() || window->eraseButton()->isEnabled());
 }
