@@ -29,7 +29,7 @@ class StartUp : public testing::Test {
         std::ofstream(program()) << "a program";
     }
     ~StartUp() override {
-        ::unsetenv("XDG_CONFIG_HOME");
+        ::unsetenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): one thread
         fs::remove_all(base);
     }
     StartUp(const StartUp&) = delete;
@@ -93,13 +93,13 @@ TEST_F(StartUp, TheNearestBundleCounts) {
 }
 
 TEST_F(StartUp, TheDefaultsAreExactlyTwo) {
-    ::setenv("XDG_CONFIG_HOME", (base / "config").c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", (base / "config").c_str(), 1);  // NOLINT(concurrency-mt-unsafe): one thread
     EXPECT_EQ(usualSettings(home), base / "config" / "com.kzq.7306.conf");
     const std::string two =
         "[General]\nNSDisabledCharacterPaletteMenuItem=true\nNSDisabledDictationMenuItem=true\n";
     EXPECT_EQ(defaultsAt(usualSettings(home)), two);
     EXPECT_EQ(defaultsAt(usualSettings({})), two);  // once more, and without a home
-    ::setenv("XDG_CONFIG_HOME", "relative", 1);
+    ::setenv("XDG_CONFIG_HOME", "relative", 1);     // NOLINT(concurrency-mt-unsafe): one thread
     EXPECT_EQ(usualSettings(home), home / ".config" / "com.kzq.7306.conf");
     EXPECT_EQ(usualSettings({}), "");
 }

@@ -210,7 +210,6 @@ int main(int argc, char** argv) {
         std::_Exit(fileStatus);
     }
     ignoreWriteSignals();
-    // Qt takes its own options, such as -style, out of the rest; there are none of ours among them.
     const auto parsed = parseProgramOptions({argv + std::min(argc, 1), argv + argc});
     if (parsed.options) {
         return run(*parsed.options, argc, argv);
