@@ -230,6 +230,9 @@ TEST_F(BadMoments, ARefusedBatchLeavesTheShieldForTheRestOfTheRun) {
     for (const auto& event : pedal.journal()) {
         EXPECT_NE(event.kind, simulator::WireEvent::Kind::reset);  // it is played, and not ours
     }
+    pedal.unplug();
+    pass(1min);
+    EXPECT_TRUE(shieldUp());
     delegate->applicationWillTerminate();
 }
 
