@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "ctl/status_report.h"
+
 namespace kzq::ctl {
 
 bool DoctorCommand::withoutPedal() {
@@ -15,9 +17,8 @@ bool DoctorCommand::withoutPedal() {
 void DoctorCommand::show(const std::vector<Finding>& findings) const {
     for (const Finding& finding : findings) {
         if (context_.options.json) {
-            const nlohmann::ordered_json line{
-                {"ok", !finding.present}, {"finding", finding.sentence}, {"command", finding.remedy}};
-            context_.output.line(line.dump());
+            context_.output.json(jsonText(
+                {{"ok", !finding.present}, {"finding", finding.sentence}, {"command", finding.remedy}}));
             continue;
         }
         context_.output.line((finding.present ? "!!  " : "ok  ") + finding.sentence);

@@ -42,10 +42,12 @@ struct Environment {
     // for firmware only
 
     HttpClient* http = nullptr;
-    std::string manifest;                   ///< its https address
-    std::filesystem::path home;             ///< the user's home folder; empty for none
-    std::function<AwakeLock()> keepAwake;   ///< blocks; any thread
-    std::function<void(bool)> holdSignals;  ///< whether no signal may end the program; any thread
+    std::string manifest;                  ///< its https address
+    std::filesystem::path home;            ///< the user's home folder; empty for none
+    std::function<AwakeLock()> keepAwake;  ///< blocks; any thread
+    /// From here on no signal ends the program: each only calls `heard`, on a thread of its own. An empty one
+    /// ends that. Any thread.
+    std::function<void(std::function<void()> heard)> holdSignals;
 
     /// What stands between the user and the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };

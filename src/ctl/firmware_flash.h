@@ -33,8 +33,6 @@ class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
     /// The pedal's way to its loader and back, once the work is under way: false before.
     bool disconnected();
     bool connected(const KZQ7306& looper);
-    /// False when nothing is under way that would have to come to its end first.
-    bool wantStop();
 
     // --- the command's thread
 
@@ -50,6 +48,8 @@ class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
 
     // --- any thread
 
+    /// False when nothing is under way that would have to come to its end first.
+    bool wantStop();
     /// From here on only the work itself ends the program, since its exit code tells what became of the
     /// pedal.
     bool begun() const;

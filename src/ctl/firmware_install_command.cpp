@@ -7,6 +7,21 @@
 #include "ctl/format.h"
 
 namespace kzq::ctl {
+namespace {
+
+/// False when nothing is under way. Any thread.
+bool stopLater(FirmwareFlash& flash, Output& output) {
+    if (!flash.wantStop()) {
+        return false;
+    }
+    if (flash.underWay()) {
+        output.error("Waiting until the firmware is complete…");
+    }
+    return true;
+}
+
+}  // namespace
+
 FirmwareInstallCommand::FirmwareInstallCommand(Context context)
     : PedalJob(std::move(context)),
       flash_(std::make_shared<FirmwareFlash>(this->context().executor, this->context().output)) {}
@@ -39,10 +54,8 @@ void FirmwareInstallCommand::disconnected() {
 }
 
 void FirmwareInstallCommand::cancel() {
-    if (!flash_->wantStop()) {
+    if (!stopLater(*flash_, context().output)) {
         PedalJob::cancel();
-    } else if (flash_->underWay()) {
-        context().output.error("Waiting until the firmware is complete…");
     }
 }
 
@@ -111,14 +124,13 @@ void FirmwareInstallCommand::explain(const std::string& installed) {
 ExitCode FirmwareInstallCommand::install(PedalWorker& pedal) {
     const auto awake = keepAwake(pedal);
     const auto& hold = context().environment.holdSignals;
-    hold(true);
     if (!flash_->begin([&pedal] { return pedal.ended().has_value(); })) {
-        hold(false);
         return stop(pedal);
     }
+    hold([flash = flash_, &output = context().output] { stopLater(*flash, output); });
     const auto code =
         FirmwareInstallation(context(), report(), flash_, looper()).run(std::move(image_), blank_);
-    hold(false);
+    hold({});
     return code;
 }
 

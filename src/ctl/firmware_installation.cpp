@@ -95,10 +95,11 @@ std::optional<Explanation> FirmwareInstallation::sendImage(std::size_t bytes) {
     const auto extra = pauses + std::chrono::seconds(bytes / slowest);
     if (!await("Preparing and sending the image", extra, completed)) {
         looper_->interrupt();
-        flash_->await("Stopping", cancelGrace, completed);
-        return Explanation{
-            ExitCode::pedalRefused,
-            std::string("The pedal stopped answering, so the firmware is not complete.") + whatNext};
+        if (!flash_->await("Stopping", cancelGrace, completed) || flash_->news().completed != true) {
+            return Explanation{
+                ExitCode::pedalRefused,
+                std::string("The pedal stopped answering, so the firmware is not complete.") + whatNext};
+        }
     }
     if (flash_->news().completed == true) {
         return std::nullopt;

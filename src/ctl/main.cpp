@@ -144,7 +144,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .manifest = firmwareManifestAddress(),
         .home = homeFolder(),
         .keepAwake = ctl::keepAwake,
-        .holdSignals = [&signals](bool held) { signals.hold(held); },
+        .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
         .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
         .logged = noteTaker(recorder)};
     ctl::Tool tool(options, environment);

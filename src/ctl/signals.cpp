@@ -39,17 +39,36 @@ Signals::Signals() {
 
 void Signals::listen(Executor& executor, std::function<void()> first, std::function<void()> atOnce,
                      Executor::Duration limit) {
-    executor.service("signals", [&executor, wanted = wanted_, held = held_, first = std::move(first),
+    executor.service("signals", [&executor, wanted = wanted_, holder = holder_, first = std::move(first),
                                  atOnce = std::move(atOnce), limit] {
         waitFor(wanted);
-        executor.main(first);
-        if (!*held) {
-            waitFor(wanted, limit);
+        if (tell(*holder)) {
+            return;
         }
-        if (!*held) {
+        executor.main(first);
+        waitFor(wanted, limit);
+        if (!tell(*holder)) {
             atOnce();
         }
     });
+}
+
+void Signals::hold(std::function<void()> heard) {
+    const std::lock_guard guard(holder_->mutex);
+    holder_->heard = std::move(heard);
+}
+
+/// False when nobody holds the signals.
+bool Signals::tell(Holder& holder) {
+    std::function<void()> heard;
+    {
+        const std::lock_guard guard(holder.mutex);
+        heard = holder.heard;
+    }
+    if (heard) {
+        heard();
+    }
+    return heard != nullptr;
 }
 
 }  // namespace kzq::ctl

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <atomic>
 #include <csignal>
 #include <functional>
 #include <memory>
+#include <mutex>
 
 #include "platform/executor.h"
 
@@ -16,8 +16,9 @@ class Signals {
     /// parent had ignored (nohup) stays ignored.
     Signals();
 
-    /// While held, every signal queues `first`, and `atOnce` never runs. Any thread.
-    void hold(bool held) { *held_ = held; }
+    /// From here on a signal does nothing but call `heard`, on the signals' own thread, for the main thread
+    /// may be stuck; an empty one ends that. Any thread.
+    void hold(std::function<void()> heard);
 
     /// Queues `first` on the main thread at the first signal. `atOnce` runs on the signals' own thread, at
     /// the second one, or when the program is still there `limit` after the first: then the main thread is
@@ -26,8 +27,15 @@ class Signals {
                 Executor::Duration limit);
 
   private:
+    struct Holder {
+        std::mutex mutex;
+        std::function<void()> heard;
+    };
+
+    static bool tell(Holder& holder);
+
     sigset_t wanted_{};
-    std::shared_ptr<std::atomic<bool>> held_ = std::make_shared<std::atomic<bool>>(false);
+    std::shared_ptr<Holder> holder_ = std::make_shared<Holder>();
 };
 
 }  // namespace kzq::ctl

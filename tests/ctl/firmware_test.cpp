@@ -276,8 +276,9 @@ TEST_F(FirmwareTest, signalsWaitForTheEndOfTheImage) {
     start({"firmware", "install", "--yes", "--wait", "1", "--patience", "0"});
     for (const Executor::Duration pause : {500ms, 4000ms, 4000ms}) {  // away, and twice in the loader
         executor.advance(pause);
-        EXPECT_TRUE(signalsHeld);
-        tool->interrupt();
+        ASSERT_TRUE(signalsHeld);
+        signalsHeld();
+        tool->interrupt();  // of a signal that came before
         EXPECT_FALSE(code);
     }
     EXPECT_EQ(finish(), ExitCode::ok);
@@ -293,9 +294,9 @@ TEST_F(FirmwareTest, onceTheImageIsCompleteEverySignalEndsTheWaitAndNoneTheTruth
     start({"firmware", "install", "--yes"});
     executor.advance(12s);
     ASSERT_EQ(pedal.installedFirmware(), image);
-    EXPECT_TRUE(signalsHeld);
-    tool->interrupt();
-    tool->interrupt();
+    ASSERT_TRUE(signalsHeld);
+    signalsHeld();
+    signalsHeld();
     EXPECT_EQ(finish(), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("The firmware is installed.\n"));
     EXPECT_THAT(err.str(), IsEmpty());
@@ -309,6 +310,19 @@ TEST_F(FirmwareTest, aFinishedPedalThatReturnsSilentHoldsNobodyUp) {
     EXPECT_EQ(install({"--patience", "0"}), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("The firmware is installed, but the pedal has not come back yet."));
     EXPECT_NEAR(seconds(), 19, 1);
+}
+
+TEST_F(FirmwareTest, aSignalEndsEndlessPatienceWithASilentLoaderWhichHoldsTheMainThread) {
+    pedal.plugIn();
+    plan("silence@E9:4");
+    start({"firmware", "install", "--yes", "--patience", "0"});
+    executor.background(Priority::standard, [this] {
+        executor.sleep(5min);
+        signalsHeld();
+    });
+    EXPECT_EQ(finish(), ExitCode::noPedal);
+    EXPECT_NEAR(seconds(), 360, 5);
+    EXPECT_FALSE(signalsHeld);
 }
 
 TEST_F(FirmwareTest, aSignalBeforeTheFlashEndsIt) {

@@ -88,12 +88,12 @@ TEST_F(ToolTest, heldByAnotherProgram) {
 
 TEST_F(ToolTest, theDoctorTellsAllAndEndsWithTheFirstTrouble) {
     findings = {{PedalTrouble::nothingOnBus, false, "A pedal is there.", {}},
-                {PedalTrouble::ruleNotInForce, true, "Not yet.", "do this"},
+                {PedalTrouble::ruleNotInForce, true, "Not yet.", "cd caf\xe9"},
                 {PedalTrouble::noUdev, true, "No udev.", {}}};
     EXPECT_EQ(run({"doctor"}), ExitCode::noPermission);
-    EXPECT_EQ(out.str(), "ok  A pedal is there.\n!!  Not yet.\n      do this\n!!  No udev.\n");
+    EXPECT_EQ(out.str(), "ok  A pedal is there.\n!!  Not yet.\n      cd caf\xe9\n!!  No udev.\n");
     EXPECT_EQ(run({"doctor", "--json"}), ExitCode::noPermission);
-    EXPECT_THAT(out.str(), HasSubstr(R"({"ok":false,"finding":"Not yet.","command":"do this"})"));
+    EXPECT_THAT(out.str(), HasSubstr("\"command\":\"cd caf\uFFFD\""));
     EXPECT_EQ(run({"list"}), ExitCode::noPedal);
     EXPECT_EQ(err.str(), "kzq7306ctl: No udev.\n") << "why none was announced";
     findings.clear();

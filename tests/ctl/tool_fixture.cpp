@@ -98,7 +98,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
                              code = result;
                          },
                          &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
-                         [this](bool held) { signalsHeld = held; }});
+                         [this](auto heard) { signalsHeld = std::move(heard); }});
     environment_->diagnose = [this] { return findings; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });

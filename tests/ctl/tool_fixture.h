@@ -90,7 +90,7 @@ class ToolTest : public testing::Test {
     RunFolder working;
     FakeWeb web;
     std::function<ctl::AwakeLock()> keepAwake = [] { return ctl::AwakeLock{std::make_shared<int>(), {}}; };
-    bool signalsHeld = false;
+    std::function<void()> signalsHeld;  ///< by whom; empty: they are not
     std::optional<ExitCode> code;
     std::unique_ptr<ctl::Tool> tool;
 
