@@ -14,7 +14,7 @@ constexpr auto betweenLooks = std::chrono::seconds(5);
 }  // namespace
 
 std::shared_ptr<Absence> Absence::watch(Executor& executor, MainWindow& window, Diagnosis diagnosis) {
-    const std::shared_ptr<Absence> absence(new Absence(executor, window, std::move(diagnosis)));
+    std::shared_ptr<Absence> absence(new Absence(executor, window, std::move(diagnosis)));
     const auto changed = [weak = std::weak_ptr(absence)](bool noPedal) {
         if (const auto self = weak.lock()) {
             ++self->round_;
