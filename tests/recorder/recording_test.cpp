@@ -27,6 +27,7 @@ TEST(Recording, IsRefusedAtTheLineThatIsWrong) {
         "0 1 open 1\n"
         "5 1 = 0\n";
     const std::string call = begin + "6 2 control 1 e1 2a 0001 00ff 8\n";
+    const std::string known = begin + "6 2 register left 308a 0104 -1 0\n";
     const std::string in = begin + "6 2 in 1 81 4\n";
     for (const auto& [lines, line] :
          std::vector<std::pair<std::string, int>>{{begin + "\n", 5},
@@ -43,6 +44,9 @@ TEST(Recording, IsRefusedAtTheLineThatIsWrong) {
                                                   {begin + "6 2 = 0\n", 5},
                                                   {begin + "6 came 1 1\n", 5},
                                                   {begin + "6 left 1\n", 5},
+                                                  {begin + "6 arrived 1 1\n", 5},
+                                                  {begin + "9223372036854775807 2 reset 1\n", 5},
+                                                  {known + "7 2 = 0\n7 there 1 2\n", 7},
                                                   {begin + "6 2 reset 1", 5},
                                                   {call + "7 2 = 8\n", 6},
                                                   {call + "7 2 = 8 0011223344556677ff\n", 6},

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace kzq::recorder {
@@ -14,6 +15,8 @@ using Words = std::vector<std::string_view>;
 using Kind = RecordedEvent::Kind;
 
 constexpr int hexadecimal = 16;
+/// Far below what a clock can count.
+constexpr std::chrono::microseconds longest = std::chrono::hours(24 * 366);
 
 Words wordsOf(std::string_view line) {
     Words words;
@@ -112,6 +115,9 @@ class Reader {
         if (words.size() < 3 || !parse(words[0], time) || time < 0) {
             return "is neither an event nor a comment";
         }
+        if (time > longest.count()) {
+            return "is later than any recording lasts";
+        }
         event.time = std::chrono::microseconds(time);
         if (event.time < last_) {
             return "is older than the line before it";
@@ -139,6 +145,9 @@ class Reader {
         }
         event.words = line.substr(static_cast<std::size_t>(call.front().data() - line.data()));
         open_[event.number] = event.words;
+        if (call.front() == "register") {
+            registrations_.insert(event.number);
+        }
         return nullptr;
     }
 
@@ -181,13 +190,17 @@ class Reader {
             return "is neither an event nor a comment";
         }
         event.kind = kind->second;
-        return nullptr;
+        // Nobody would ever take one in, and a replay would wait for that.
+        const bool heard = registrations_.contains(event.number) &&
+                           (event.kind != Kind::there || open_.contains(event.number));
+        return heard ? nullptr : "is news for no registration";
     }
 
     Recording recording_;
     std::chrono::microseconds last_{};
     unsigned calls_ = 0;
     std::map<unsigned, std::string> open_;  ///< calls under way, by number
+    std::set<unsigned> registrations_;      ///< by the number of their call
 };
 
 std::optional<Recording> refuse(std::size_t line, const std::string& fault, std::string& error) {

@@ -16,8 +16,9 @@ struct ReplayPort::Player {
 
     Player(Executor& theExecutor, Recording theRecording, Listener theListener);
 
-    /// Takes part in the recording with a call; its number, or nothing when it is not the recorded one.
-    std::optional<unsigned> begin(const std::string& words);
+    /// Takes part in the recording with a call; its number, or nothing when it is not the recorded one. A
+    /// registration has its callback, which can be due before this returns.
+    std::optional<unsigned> begin(const std::string& words, HotplugCallback callback = {});
     /// A call and its result; usbNoDevice where there is none.
     RecordedEvent ask(const std::string& words);
     /// Waits for an event that `mine` accepts to be the next, then for its time, and goes past it. Nothing

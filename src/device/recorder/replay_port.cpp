@@ -41,13 +41,9 @@ UsbResult ReplayPort::initialize() {
 
 UsbResult ReplayPort::registerHotplug(HotplugEvent event, const HotplugFilter& filter,
                                       HotplugCallback callback) {
-    const auto call = player_->begin(words::registerHotplug(event, filter));
+    const auto call = player_->begin(words::registerHotplug(event, filter), std::move(callback));
     if (!call) {
         return usbNoDevice;
-    }
-    {
-        const Player::Lock lock(player_->mutex);
-        player_->registrations[*call] = std::move(callback);
     }
     while (true) {
         const auto next = player_->take([call](const RecordedEvent& candidate) {
@@ -105,7 +101,7 @@ const RecordedEvent* ReplayPort::Player::nextEvent() const {
     return next < recording.events.size() ? &recording.events[next] : nullptr;
 }
 
-std::optional<unsigned> ReplayPort::Player::begin(const std::string& words) {
+std::optional<unsigned> ReplayPort::Player::begin(const std::string& words, HotplugCallback callback) {
     Lock lock(mutex);
     executor.wait(lock, changed, [this] {
         const RecordedEvent* const event = nextEvent();
@@ -123,6 +119,9 @@ std::optional<unsigned> ReplayPort::Player::begin(const std::string& words) {
                                  : "line " + std::to_string(event->line) + ": recorded \"" + event->words +
                                        "\", asked: \"" + words + "\"");
         return std::nullopt;
+    }
+    if (callback) {
+        registrations[event->number] = std::move(callback);
     }
     ++next;
     changed.notify_all();
