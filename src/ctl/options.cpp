@@ -286,6 +286,9 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
     addFirmware(app, options, words);
     app.require_subcommand(1);
     try {
+        if (std::ranges::find(arguments, "--simulate=") != arguments.end()) {  // CLI11 takes it for the flag
+            throw usageError("--simulate= needs a folder.");
+        }
         std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
         app.parse(std::move(arguments));
         complete(options, words, app.count("--simulate") > 0);

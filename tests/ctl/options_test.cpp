@@ -73,6 +73,7 @@ TEST(Options, badOnesAreUsageErrors) {
                                                {"list", "--patience", "soon"},
                                                {"list", "--record", ""},
                                                {"list", "--fault", "stall@in"},
+                                               {"--simulate=", "list"},
                                                {"import", "1"},
                                                {"import", "--to", "x"},
                                                {"import", "--to", "", "1"},
