@@ -117,7 +117,7 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     EXPECT_THAT(anew, HasSubstr("udevadm trigger"));
 
     const std::string rule = R"(ATTR{idVendor}=="308a", ATTR{idProduct}=="0104", )";
-    write("rules/70-kzq7306.rules", "# " + rule + "TAG+=\"uaccess\"\n" + rule + "RUN+=\"kzq7306-usbtmc\"");
+    write("rules/70-kzq7306.rules", " # " + rule + "TAG+=\"uaccess\"\n" + rule + "RUN+=\"kzq7306-usbtmc\"");
     EXPECT_THAT(toldToUser(PedalTrouble::ruleMissing),
                 testing::AllOf(HasSubstr((root_ / "share/kzq7306/70-kzq7306.rules").string()),
                                HasSubstr(" && " + anew)));

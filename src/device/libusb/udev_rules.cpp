@@ -34,7 +34,10 @@ std::vector<std::string> rulesIn(const fs::path& file) {
         }
         goesOn = next;
     }
-    std::erase_if(rules, [](const std::string& rule) { return rule.starts_with('#'); });
+    std::erase_if(rules, [](const std::string& rule) {
+        const auto first = rule.find_first_not_of(" \t");
+        return first != std::string::npos && rule[first] == '#';
+    });
     return rules;
 }
 
