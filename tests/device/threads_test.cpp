@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <condition_variable>
 #include <future>
+#include <mutex>
 #include <utility>
 
 #include "device/kzq7306.h"
@@ -13,6 +15,32 @@ namespace kzq::test {
 namespace {
 
 using namespace std::chrono_literals;
+
+/// Knows when its background jobs have ended: they use the pedal.
+class CountedExecutor : public StandardExecutor {
+  public:
+    void background(Priority priority, Task task) override {
+        {
+            const std::lock_guard guard(mutex_);
+            ++jobs_;
+        }
+        StandardExecutor::background(priority, [this, task = std::move(task)]() mutable {
+            std::exchange(task, {})();  // what it holds goes before it counts as ended
+            const std::lock_guard guard(mutex_);
+            --jobs_;
+            ended_.notify_all();
+        });
+    }
+    bool jobsEnd() {
+        std::unique_lock guard(mutex_);
+        return ended_.wait_for(guard, 60s, [this] { return jobs_ == 0; });
+    }
+
+  private:
+    std::mutex mutex_;
+    std::condition_variable ended_;
+    int jobs_ = 0;
+};
 
 /// Goes through connect, import, unplug in the middle, return and import again, each step begun by what it
 /// hears.
@@ -109,7 +137,7 @@ TEST(DeviceLock, ATurnThatBringsAnotherEndsFirst) {
 
 TEST(RealThreads, ImportSurvivesACablePulledInTheMiddle) {
     const auto silent = setLogSink([](LogCategory, std::string_view) {});
-    StandardExecutor executor;
+    CountedExecutor executor;
     simulator::PedalMemory memory;
     for (auto address : {0, 1, 2}) {
         memory.at(static_cast<std::size_t>(address)) = simulator::StoredLoop{Bytes(600'000, 0x5A), 120, 1};
@@ -130,6 +158,7 @@ TEST(RealThreads, ImportSurvivesACablePulledInTheMiddle) {
     EXPECT_EQ(musician->connections, 2);
     EXPECT_EQ(musician->departures, 1);
     EXPECT_GE(musician->loops, 3);  // the second batch; of the first whatever was whole when the cable went
+    EXPECT_TRUE(executor.jobsEnd());
     KZQ7306::unload();
     setLogSink(silent);
 }
