@@ -6,6 +6,7 @@
 
 #include "ctl/slot_list.h"
 #include "device/commands.h"
+#include "device/simulator/simulate_option.h"
 
 namespace kzq::ctl {
 namespace {
@@ -24,13 +25,10 @@ constexpr const char* footer =
 
 constexpr const char* globalHint = "\"kzq7306ctl --help\" lists the options that every subcommand has.\n\n";
 
-/// Stands for "--simulate" without a folder; no path that a user would give.
-constexpr const char* builtInLoops = "//";
 constexpr double defaultPatience = 30;
 constexpr double defaultLoaderPatience = 60;
 
 struct Words {
-    std::string simulate;
     std::vector<std::string> slots;
     std::string folder;
     std::vector<std::string> files;
@@ -83,14 +81,6 @@ void addGlobalOptions(CLI::App& app, Options& options, Words& words) {
                    "Write all that goes over USB into a new file, for whoever looks into a problem. It holds "
                    "the audio, too")
         ->option_text("FILE");
-    app.add_flag(std::string("--simulate{") + builtInLoops + "}", words.simulate,
-                 "Use a simulated pedal, with the WAV files of FOLDER as its loops")
-        ->option_text("[=FOLDER]");
-    app.add_option("--fault", options.faults,
-                   "What goes wrong in the simulated pedal: KIND@WHERE[:COUNT][+], such as unplug@in:100 "
-                   "(repeatable)")
-        ->option_text("PLAN")
-        ->allow_extra_args(false);
 }
 
 CLI::App* addSubcommand(CLI::App& app, Options& options, const char* name, Subcommand subcommand,
@@ -234,18 +224,17 @@ void completePaths(Options& options, const Words& words) {
     }
 }
 
-void complete(Options& options, const Words& words, bool simulate) {
-    options.simulate = simulate;
-    if (simulate && words.simulate != builtInLoops) {
-        options.simulatedFolder = words.simulate;
-    }
+void complete(Options& options, const Words& words, const simulator::SimulateOption& simulate) {
+    options.simulate = simulate.given();
+    options.simulatedFolder = simulate.order().folder;
+    options.faults = simulate.order().faults;
     if (words.record) {
         if (words.record->empty()) {
             throw usageError("--record needs the name of a file.");
         }
         options.record = *words.record;
     }
-    if (!simulate && !options.faults.empty()) {
+    if (!options.simulate && !options.faults.empty()) {
         throw usageError("--fault works only with --simulate.");
     }
     options.wait = durationOf(words.wait);
@@ -265,13 +254,6 @@ void complete(Options& options, const Words& words, bool simulate) {
     }
 }
 
-/// The help without the marker for an option whose folder was left out.
-std::string readable(std::string help) {
-    const std::string marker = std::string("{") + builtInLoops + "} ";
-    const auto place = help.find(marker);
-    return place == std::string::npos ? help : help.erase(place, marker.size());
-}
-
 }  // namespace
 
 ParsedOptions parseOptions(std::vector<std::string> arguments) {
@@ -281,19 +263,20 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
     app.set_version_flag("--version", "kzq7306ctl " KZQ_VERSION);
     app.footer(footer);
     addGlobalOptions(app, options, words);
+    const simulator::SimulateOption simulate(app);
     addReading(app, options, words);
     addWriting(app, options, words);
     addFirmware(app, options, words);
     app.require_subcommand(1);
     try {
-        if (std::ranges::find(arguments, "--simulate=") != arguments.end()) {  // CLI11 takes it for the flag
-            throw usageError("--simulate= needs a folder.");
+        if (const auto mistake = simulator::SimulateOption::mistake(arguments); !mistake.empty()) {
+            throw usageError(mistake);
         }
         std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
         app.parse(std::move(arguments));
-        complete(options, words, app.count("--simulate") > 0);
+        complete(options, words, simulate);
     } catch (const CLI::CallForHelp&) {
-        return {{}, ExitCode::ok, readable(app.help())};
+        return {{}, ExitCode::ok, simulator::SimulateOption::readable(app.help())};
     } catch (const CLI::CallForVersion& version) {
         return {{}, ExitCode::ok, std::string(version.what()) + "\n"};
     } catch (const CLI::ParseError& error) {

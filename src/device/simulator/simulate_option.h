@@ -1,0 +1,34 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
+
+#include "device/simulator/simulation.h"
+
+namespace kzq::simulator {
+
+/// How a program's command line asks for the simulated pedal: "--simulate", "--simulate=FOLDER", and what
+/// goes wrong in it, "--fault PLAN". Lives as long as the parser.
+class SimulateOption {
+  public:
+    explicit SimulateOption(CLI::App& app);
+
+    /// A sentence about a mistake, or nothing; asked before parsing, as the parser takes "--simulate=" for
+    /// the option without a folder.
+    static std::string mistake(const std::vector<std::string>& arguments);
+    /// The parser's help without its own mark of the option.
+    static std::string readable(std::string help);
+
+    // After parsing.
+
+    bool given() const;
+    SimulationOrder order() const;
+
+  private:
+    CLI::App& app_;
+    std::string folder_;
+    std::vector<std::string> faults_;
+};
+
+}  // namespace kzq::simulator
