@@ -27,18 +27,6 @@ TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
     EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
 }
 
-TEST(UpdateRun, IsEitherStoppedOrCommitted) {
-    UpdateRun committed;
-    EXPECT_TRUE(committed.commit());
-    EXPECT_FALSE(committed.cancel());
-    EXPECT_FALSE(committed.cancelled);
-    UpdateRun stopped;
-    EXPECT_TRUE(stopped.cancel());
-    EXPECT_TRUE(stopped.cancel());
-    EXPECT_TRUE(stopped.cancelled);
-    EXPECT_FALSE(stopped.commit());
-}
-
 TEST(UpdateJob, AsksForOneShowingAtATime) {
     // Tells of its progress in a thousand steps, as a fast connection does.
     struct Steps : HttpClient {
