@@ -40,19 +40,6 @@ class AboutTest : public testing::Test {
         QCoreApplication::sendEvent(backing, &event);
     }
     QColor linkColor() { return label->palette().color(QPalette::WindowText); }
-    /// Bounds of the white text in the lower right corner.
-    QRect versionInk() {
-        const auto image = about->window().grab().toImage();
-        QRect ink;
-        for (int y = 262; y < 298; ++y) {
-            for (int x = 240; x < 478; ++x) {
-                if (image.pixelColor(x, y).lightness() > 110) {
-                    ink |= QRect(x, y, 1, 1);
-                }
-            }
-        }
-        return ink;
-    }
 
     test::Calls calls;
     test::FakeController controller{calls};
@@ -163,32 +150,16 @@ TEST_F(AboutTest, TheLinkShowsHoveringAndOpensTheWebsite) {
     EXPECT_THAT(calls, ElementsAre("https://www.kzq.example/", "main window"));
 }
 
-TEST_F(AboutTest, VersionsStandInTheLowerRightCorner) {
+TEST_F(AboutTest, TellsTheProgramsVersionAndThePedals) {
     EXPECT_EQ(backing->versionText(), "2.1.0");
     firmware = "";
     EXPECT_EQ(backing->versionText(), "2.1.0");
-    const auto alone = versionInk();
     firmware = "1.05";
     about->showWindow();
     EXPECT_EQ(backing->versionText(), "2.1.0 (1.05)");
     EXPECT_EQ(backing->accessibleName(), "Version 2.1.0 (1.05)");
-    const auto with = versionInk();
-    EXPECT_LT(with.left(), alone.left() - 20);
-    EXPECT_NEAR(alone.right(), 464, 2);
-    EXPECT_NEAR(alone.bottom(), 283, 1);  // the figures stand on a base line at 284
     make("");
-    EXPECT_EQ(versionInk(), QRect()) << "a pedal's version alone is not shown";
-}
-
-TEST_F(AboutTest, ThePlateIsRoundAndTheRestClear) {
-    QImage image(480, 300, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    about->window().render(&image, {}, {}, QWidget::DrawChildren);
-    for (const auto corner : {QPoint(2, 2), QPoint(477, 2), QPoint(2, 297), QPoint(477, 297)}) {
-        EXPECT_EQ(image.pixelColor(corner).alpha(), 0);
-    }
-    EXPECT_EQ(image.pixelColor(240, 30).alpha(), 255);
-    EXPECT_TRUE(about->window().windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(backing->versionText(), "") << "a pedal's version alone is not shown";
 }
 
 }  // namespace

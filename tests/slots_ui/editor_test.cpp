@@ -1,8 +1,6 @@
 #include <QClipboard>
-#include <QPainter>
 
 #include "row_fixture.h"
-#include "slots/slot_field_editor_layout_manager.h"
 #include "ui/palette.h"
 
 namespace kzq::test {
@@ -51,27 +49,6 @@ TEST_F(Editor, DrawsHighlightAndCaretInTheMiddleOfTheRowOverAClearGround) {
         foot = std::max(foot, extent(image, x, Qt::black).second);
     }
     EXPECT_EQ(foot, 11);  // the letters stand on the line at y 12
-}
-
-TEST_F(Editor, OnlyTheToolkitsSelectionColourIsReplaced) {
-    QImage image(20, 16, QImage::Format_RGB32);
-    QPalette palette;
-    palette.setColor(QPalette::Active, QPalette::Highlight, Qt::blue);
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, Qt::gray);
-    const auto filled = [&](const QColor& colour, int length) {
-        image.fill(Qt::black);
-        QPainter painter(&image);
-        SlotFieldEditorLayoutManager::fillBackgroundRects(painter, {{4, 0, 6, 16}}, length, colour, palette);
-    };
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        filled(palette.color(group, QPalette::Highlight), 3);
-        EXPECT_EQ(extent(image, 4, KZQTextHighlight()), std::pair(2, 13));
-        EXPECT_EQ(extent(image, 10, KZQTextHighlight()), std::pair(-1, -1));
-    }
-    filled(Qt::red, 3);
-    EXPECT_EQ(extent(image, 4, Qt::red), std::pair(0, 15));
-    filled(Qt::red, 0);
-    EXPECT_EQ(extent(image, 4, Qt::red), std::pair(-1, -1));
 }
 
 TEST_F(Editor, KeepsOneLineWhateverIsPutIn) {

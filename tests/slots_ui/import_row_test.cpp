@@ -1,8 +1,6 @@
 #include <QAccessible>
-#include <QFontDatabase>
 
 #include "row_fixture.h"
-#include "ui/fonts.h"
 #include "ui/palette.h"
 
 namespace kzq::test {
@@ -100,24 +98,6 @@ TEST_F(ImportRow, ANewStateOfThePedalLeavesTheOpenEditorAlone) {
     QTest::keyClick(&editor, Qt::Key_Return);
     EXPECT_EQ(fieldText(row), "");
     EXPECT_FALSE(row.button()->isEnabled());
-}
-
-TEST_F(ImportRow, WithoutItsFontTheRowIsNotStyled) {
-    QFontDatabase::removeAllApplicationFonts();
-    if (firaSans(FiraWeight::regular, 13)) {
-        GTEST_SKIP() << "this computer has the font itself";
-    }
-    auto& row = recorded(1);
-    click(*row.field());
-    EXPECT_TRUE(row.field()->isEditable());
-    EXPECT_FALSE(row.field()->styled());
-    EXPECT_EQ(editor.palette().color(QPalette::Text), Qt::black);  // on the cream strip all the same
-    for (const auto* const name : {"Regular", "Light", "Medium"}) {
-        QFontDatabase::addApplicationFont(QString(":/fonts/FiraSans-%1.ttf").arg(name));
-    }
-    row.sync();
-    EXPECT_TRUE(row.field()->styled());
-    EXPECT_EQ(QFontInfo(editor.font()).family(), "Fira Sans");
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include <QWheelEvent>
 
 #include "ui/background.h"
-#include "ui/color_view.h"
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/lower_button.h"
@@ -120,14 +119,6 @@ TEST(Background, StopsKeysAndTakesTheFocus) {
     EXPECT_NE(ground.focusPolicy() & Qt::ClickFocus, 0);
 }
 
-TEST(Window, ClosingQuits) {
-    Window window;
-    window.show();
-    QMetaObject::invokeMethod(&window, &QWidget::close, Qt::QueuedConnection);
-    EXPECT_EQ(QApplication::exec(), 0);
-    EXPECT_FALSE(window.isVisible());
-}
-
 struct Page : QWidget {
     Page() {
         for (auto* button : {&first, &second}) {
@@ -224,25 +215,6 @@ TEST(Fonts, AreReallyFiraSans) {
     if (const auto medium = firaSans(FiraWeight::medium, 15)) {
         EXPECT_EQ(QRawFont::fromFont(*medium).styleName(), "Medium") << "a stand-in is not it";
     }
-}
-
-TEST(Palette, IsOpaqueAndAsGiven) {
-    const std::pair<QColor, QRgb> colors[] = {
-        {KZQBrown(), qRgb(43, 23, 23)},   {KZQGray(), qRgb(170, 162, 162)},
-        {KZQRed(), qRgb(255, 59, 59)},    {KZQYellow(), qRgb(249, 237, 101)},
-        {KZQWhite(), 0xFFFFFFFF},         {KZQLink(), qRgb(0, 179, 221)},
-        {KZQLinkHover(), 0xFFADE1FF},     {KZQTextHighlight(), qRgb(152, 215, 254)},
-        {restingTextColor(), 0x80FFFFFF},
-    };
-    for (const auto& [color, value] : colors) {
-        EXPECT_EQ(color.rgba(), value);
-    }
-    ColorView view;
-    view.resize(4, 4);
-    view.setColor(KZQRed());
-    EXPECT_EQ(view.grab().toImage().pixelColor(2, 2), KZQRed());
-    view.setColor(std::nullopt);
-    EXPECT_NE(view.grab().toImage().pixelColor(2, 2), KZQRed());
 }
 
 }  // namespace

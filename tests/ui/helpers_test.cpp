@@ -13,10 +13,7 @@ using namespace std::chrono_literals;
 namespace kzq {
 namespace {
 
-TEST(SmallHelpers, PrependAndMakeFolders) {
-    EXPECT_EQ(stringByPrependingString("b", "a"), "ab");
-    EXPECT_EQ(stringByPrependingString("b", ""), "b");
-    EXPECT_EQ(stringByPrependingString("b", std::nullopt), std::nullopt);
+TEST(SmallHelpers, MakeFolders) {
     const QTemporaryDir folder;
     const auto deep = std::filesystem::path(folder.path().toStdString()) / "a" / "b";
     EXPECT_FALSE(createDirectoryAtPath(""));

@@ -4,9 +4,9 @@
 #include <sodium.h>
 #include <sys/resource.h>
 
-#include <algorithm>
 #include <csignal>
 
+#include "shelf.h"
 #include "tls_server.h"
 #include "updates/qt_http_client.h"
 #include "virtual_executor.h"
@@ -20,43 +20,6 @@ namespace {
 
 constexpr const char* feedUrl = "https://maker/feed";
 constexpr const char* packageUrl = "https://maker/new.AppImage";
-
-/// Gives out what lies on it, in pieces a second apart.
-struct Shelf : HttpClient {
-    explicit Shelf(VirtualExecutor& clock) : executor(clock) {}
-    HttpResult fetch(const HttpRequest& request) override {
-        asked.push_back(request.url);
-        const auto found = resources.find(request.url);
-        if (found == resources.end()) {
-            return {HttpFailure::refused, "status 404", {}};
-        }
-        HttpResult result;
-        const auto& whole = found->second;
-        const std::size_t step = whole.size() / 4 + 1;
-        for (std::size_t at = 0; at < whole.size(); at += step) {
-            executor.sleep(1s);
-            if (*request.cancelled) {
-                return {HttpFailure::cancelled, "cancelled", {}};
-            }
-            const std::vector<std::uint8_t> piece(
-                whole.begin() + static_cast<std::ptrdiff_t>(at),
-                whole.begin() + static_cast<std::ptrdiff_t>(std::min(at + step, whole.size())));
-            if (!request.sink) {
-                result.body.insert(result.body.end(), piece.begin(), piece.end());
-            } else if (!request.sink(piece)) {
-                return {HttpFailure::sink, "sink", {}};
-            }
-            if (request.progress) {
-                request.progress(at + piece.size(), whole.size());
-            }
-        }
-        executor.sleep(1s);
-        return result;
-    }
-    VirtualExecutor& executor;
-    std::map<std::string, std::string> resources;
-    Strings asked;
-};
 
 struct Signer {
     Signer() { crypto_sign_keypair(key.data(), secret.data()); }
@@ -147,7 +110,7 @@ struct SUUpdaterTest : testing::Test {
     TestFolder folder;
     const std::filesystem::path app = folder / "apps/loops.AppImage";
     VirtualExecutor executor;
-    Shelf shelf{executor};
+    Shelf shelf{executor, 4};
     Signer current;
     Signer next;
     UpdateBuild build{"0.1.0", {current.key, next.key}, false, "https://maker/"};
