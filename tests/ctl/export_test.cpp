@@ -1,5 +1,4 @@
 #include <fstream>
-#include <nlohmann/json.hpp>
 
 #include "audio/wave.h"
 #include "ctl/export_plan.h"
@@ -123,12 +122,11 @@ TEST_F(ExportTest, aLoopThatFailsIsNoSilentSuccess) {
     EXPECT_EQ(run({"export", a, b, "--json"}), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("Loop 1 was not written: the pedal refused to take it."));
     EXPECT_EQ(onPedal(3), loopOf(3, 50).audio);
-    std::istringstream lines(out.str());
-    std::vector<std::string> events;
-    for (std::string line; std::getline(lines, line);) {
-        events.push_back(nlohmann::json::parse(line)["event"]);
+    std::vector<std::string> told;
+    for (const auto& event : events()) {
+        told.push_back(event["event"]);
     }
-    EXPECT_THAT(events, ElementsAre("staged", "staged", "space", "failed", "written", "finished"));
+    EXPECT_THAT(told, ElementsAre("staged", "staged", "space", "failed", "written", "finished"));
     plan("stall@out:3");
     EXPECT_EQ(run({"export", a}), ExitCode::pedalRefused);
     pedal.setBusy(true);
@@ -164,7 +162,7 @@ TEST_F(ExportTest, unpluggedInTheMiddle) {
 }
 
 TEST_F(ExportTest, cancelStopsThePedalInItsOwnWay) {
-    paced.writePace = 10ms;
+    port.writePace = 10ms;
     start({"export", a});
     executor.advance(25ms);
     tool->interrupt();
@@ -177,7 +175,7 @@ TEST_F(ExportTest, cancelStopsThePedalInItsOwnWay) {
 }
 
 TEST_F(ExportTest, cancelWhileReadingBackIsNotCalledUnwritten) {
-    paced.pace = 10ms;
+    port.pace = 10ms;
     start({"export", a, "--slot", "2", "--verify", "--yes"});
     executor.advance(15ms);
     tool->interrupt();
@@ -185,15 +183,6 @@ TEST_F(ExportTest, cancelWhileReadingBackIsNotCalledUnwritten) {
     EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 2 was written, but not compared.\n");
     EXPECT_THAT(out.str(), testing::Not(HasSubstr("written")));
     EXPECT_EQ(onPedal(2), loopOf(700, 40).audio);
-}
-
-TEST_F(ExportTest, cancelOfAHungTransferResetsThePedal) {
-    plan("silence@out:2");
-    start({"export", a});
-    executor.advance(1s);
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(seconds(), 3);
 }
 
 TEST_F(ExportTest, aSilentPedalIsGivenUpEvenWhenTheResetDoesNotHelp) {
@@ -237,7 +226,7 @@ TEST_F(ExportTest, cancelDuringAConversionOrAQuestion) {
 
 TEST_F(ExportTest, progressLine) {
     terminal = true;
-    paced.writePace = 100ms;
+    port.writePace = 100ms;
     EXPECT_EQ(run({"export", a}), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("Loop 1, writing: 48 %, 10.2 kB/s, 0:01 left"));
     EXPECT_THAT(out.str(), testing::EndsWith("\r\x1b[KLoop 1: written.\n1 loop written.\n"));

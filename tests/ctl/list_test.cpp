@@ -1,5 +1,3 @@
-#include <nlohmann/json.hpp>
-
 #include "tool_fixture.h"
 
 namespace kzq::test {
@@ -37,33 +35,23 @@ TEST_F(ToolTest, listAsJson) {
                                        "seconds": 0.022675736961451247})"));
 }
 
-TEST_F(ToolTest, nothingConnected) {
+TEST_F(ToolTest, waitsForThePedalAsLongAsAsked) {
     EXPECT_EQ(run({"list"}), ExitCode::noPedal);
     EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: No pedal is connected."));
-    EXPECT_THAT(out.str(), IsEmpty());
     EXPECT_EQ(seconds(), 0);
-}
-
-TEST_F(ToolTest, waitsForThePedal) {
+    EXPECT_EQ(run({"list", "--wait", "10.25"}), ExitCode::noPedal);
+    EXPECT_THAT(out.str(), IsEmpty());
+    EXPECT_EQ(seconds(), 10.25);
+    start({"import", "--all", "--to", folder, "--wait", "100"});
+    executor.advance(std::chrono::seconds(3));
+    tool->interrupt();
+    EXPECT_EQ(finish(), ExitCode::cancelled);
     start({"list", "--wait", "10"});
     executor.advance(std::chrono::seconds(7));
     EXPECT_FALSE(code);
     pedal.plugIn();
     EXPECT_EQ(finish(), ExitCode::ok);
-    EXPECT_EQ(seconds(), 7);
-}
-
-TEST_F(ToolTest, waitsNoLongerThanAsked) {
-    EXPECT_EQ(run({"list", "--wait", "10.25"}), ExitCode::noPedal);
-    EXPECT_EQ(seconds(), 10.25);
-}
-
-TEST_F(ToolTest, cancelledWhileWaiting) {
-    start({"import", "--all", "--to", folder, "--wait", "100"});
-    executor.advance(std::chrono::seconds(3));
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(seconds(), 3);
+    EXPECT_EQ(seconds(), 10.25 + 3 + 7);
 }
 
 TEST_F(ToolTest, noPermissionTellsTheRemedy) {
@@ -77,13 +65,6 @@ TEST_F(ToolTest, noPermissionTellsTheRemedy) {
     EXPECT_EQ(finish(), ExitCode::noPermission);
     EXPECT_LT(seconds(), 2.5);
     EXPECT_EQ(err.str(), "kzq7306ctl: Its rule is missing. The command: sudo install it\n");
-}
-
-TEST_F(ToolTest, heldByAnotherProgram) {
-    pedal.plugIn();
-    port.setClaimResult(usbBusy);
-    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("in use by another program"));
 }
 
 TEST_F(ToolTest, theDoctorTellsAllAndEndsWithTheFirstTrouble) {
@@ -100,13 +81,6 @@ TEST_F(ToolTest, theDoctorTellsAllAndEndsWithTheFirstTrouble) {
     EXPECT_EQ(run({"doctor"}), ExitCode::ok);
 }
 
-TEST_F(ToolTest, pedalInItsLoader) {
-    pedal.plugIn();
-    pedal.setStage('b');
-    EXPECT_EQ(import({"--all"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("waits for firmware"));
-}
-
 TEST_F(ToolTest, systemWithoutAMinorVersion) {
     pedal.plugIn();
     systemMinorVersion = 0;
@@ -114,50 +88,46 @@ TEST_F(ToolTest, systemWithoutAMinorVersion) {
     EXPECT_THAT(err.str(), HasSubstr("reads as 0"));
 }
 
-TEST_F(ToolTest, unpluggedInTheLoopTable) {
+TEST_F(ToolTest, heldByAnotherProgram) {
     pedal.plugIn();
-    plan("unplug@EC");
-    EXPECT_EQ(run({"list"}), ExitCode::noPedal);
-    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
-    EXPECT_THAT(out.str(), IsEmpty());
+    port.setClaimResult(usbBusy);
+    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("in use by another program"));
 }
 
-TEST_F(ToolTest, halfAFailedLoopTableIsReadAgain) {
+TEST_F(ToolTest, aStatusThatFailedOnceIsReadAgain) {
     pedal.plugIn();
     plan("stall@EB");
     EXPECT_EQ(run({"list", "--json"}), ExitCode::ok);
     EXPECT_EQ(nlohmann::json::parse(out.str())["loops"].size(), 3);
-    for (const std::string fault : {"stall@EB+", "shorten@EC+"}) {
-        pedal.clearFaults();
-        plan(fault);
-        code.reset();
-        EXPECT_EQ(run({"list"}), ExitCode::pedalRefused) << fault;
-        EXPECT_THAT(err.str(), HasSubstr("does not tell what it holds"));
-    }
 }
 
-TEST_F(ToolTest, aFailedVersionIsNoStatus) {
+struct BadAnswer {
+    const char* fault;
+    ExitCode code;
+    const char* sentence;
+    double seconds;
+};
+class BadAnswers : public ToolTest, public testing::WithParamInterface<BadAnswer> {};
+
+TEST_P(BadAnswers, areToldAndNotListed) {
     pedal.plugIn();
-    plan("stall@EA+");
-    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("does not tell what it holds"));
+    plan(GetParam().fault);
+    EXPECT_EQ(run({"list", "--patience", "12"}), GetParam().code);
+    EXPECT_THAT(err.str(), StartsWith(std::string("kzq7306ctl: ") + GetParam().sentence));
+    EXPECT_THAT(out.str(), IsEmpty());
+    EXPECT_EQ(seconds(), GetParam().seconds);
 }
 
-TEST_F(ToolTest, silentPedalIsGivenUp) {
-    pedal.plugIn();
-    plan("silence@EA");
-    EXPECT_EQ(run({"list", "--patience", "12"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: The pedal stopped answering."));
-    EXPECT_EQ(seconds(), 12);
-}
-
-TEST_F(ToolTest, pedalThatIsSilentFromTheStartIsGivenUp) {
-    pedal.plugIn();
-    plan("silence@E9");
-    EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: The pedal stopped answering."));
-    EXPECT_EQ(seconds(), 30);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Faults, BadAnswers,
+    testing::Values(
+        BadAnswer{"stall@EB+", ExitCode::pedalRefused, "The pedal does not tell what it holds", 0},
+        BadAnswer{"shorten@EC+", ExitCode::pedalRefused, "The pedal does not tell what it holds", 0},
+        BadAnswer{"stall@EA+", ExitCode::pedalRefused, "The pedal does not tell what it holds", 0},
+        BadAnswer{"unplug@EC", ExitCode::noPedal, "The pedal was unplugged.\n", 0},
+        BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12},
+        BadAnswer{"silence@E9", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
 
 TEST_F(ToolTest, outputThatCannotBeWrittenIsAnError) {
     pedal.plugIn();
@@ -171,7 +141,6 @@ TEST_F(ToolTest, theLogIsShownOnlyOnDemand) {
     port.setOpenResult(usbIo);
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), testing::Not(HasSubstr("core:1")));
-    code.reset();
     KZQ7306::unload();
     EXPECT_EQ(run({"list", "--verbose"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("device: core:1"));

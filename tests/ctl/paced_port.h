@@ -3,30 +3,23 @@
 #include <memory>
 #include <utility>
 
-#include "device/usb_port.h"
-#include "platform/executor.h"
+#include "device/simulator/simulated_port.h"
 
 namespace kzq::test {
 
-/// A port whose bulk transfers take time, so that a test can do something in the middle of a loop.
-class PacedPort : public UsbPort {
+/// A simulated port whose bulk transfers take time, so that a test can do something in the middle of a loop.
+class PacedPort : public simulator::SimulatedPort {
   public:
-    PacedPort(Executor& executor, UsbPort& port) : executor_(executor), port_(port) {}
+    PacedPort(Executor& executor, simulator::SimulatedPedal& pedal)
+        : SimulatedPort(executor, pedal), executor_(executor) {}
 
     Executor::Duration pace{};       ///< of one read
     Executor::Duration writePace{};  ///< of one write
 
-    UsbResult initialize() override { return port_.initialize(); }
-    UsbResult registerHotplug(HotplugEvent event, const HotplugFilter& filter,
-                              HotplugCallback callback) override {
-        return port_.registerHotplug(event, filter, std::move(callback));
-    }
-    UsbResult handleEvents() override { return port_.handleEvents(); }
+    using SimulatedPort::open;
     std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) override {
-        return paced(port_.open(device, result));
-    }
-    std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) override {
-        return paced(port_.open(vendor, product, result));
+        auto handle = SimulatedPort::open(device, result);
+        return handle ? std::make_unique<Handle>(*this, std::move(handle)) : nullptr;
     }
 
   private:
@@ -62,12 +55,7 @@ class PacedPort : public UsbPort {
         std::unique_ptr<UsbHandle> handle_;
     };
 
-    std::unique_ptr<UsbHandle> paced(std::unique_ptr<UsbHandle> handle) {
-        return handle ? std::make_unique<Handle>(*this, std::move(handle)) : nullptr;
-    }
-
     Executor& executor_;
-    UsbPort& port_;
 };
 
 }  // namespace kzq::test

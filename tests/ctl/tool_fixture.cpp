@@ -51,7 +51,6 @@ ToolTest::ToolTest() : ToolTest(temporaryFolder()) {}
 ToolTest::ToolTest(const std::filesystem::path& base)
     : pedal(executor, {.memory = threeLoops(&loopOf)}),
       port(executor, pedal),
-      paced(executor, port),
       folder(base / "folder"),
       convert(copy),
       working(base),
@@ -87,7 +86,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     out.str({});
     err.str({});
     environment_.emplace(
-        ctl::Environment{executor, paced, out, err, terminal, [this] { return systemMinorVersion; },
+        ctl::Environment{executor, port, out, err, terminal, [this] { return systemMinorVersion; },
                          [this](const std::string& question) {
                              questions.push_back(question);
                              return answer();
@@ -132,6 +131,15 @@ std::set<std::string> ToolTest::files() const {
         names.insert(entry.path().filename());
     }
     return names;
+}
+
+std::vector<nlohmann::json> ToolTest::events() const {
+    std::istringstream lines(out.str());
+    std::vector<nlohmann::json> all;
+    for (std::string line; std::getline(lines, line);) {
+        all.push_back(nlohmann::json::parse(line));
+    }
+    return all;
 }
 
 Bytes ToolTest::contents(const std::string& name) const {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -14,7 +15,6 @@
 
 #include "ctl/tool.h"
 #include "device/simulator/simulated_pedal.h"
-#include "device/simulator/simulated_port.h"
 #include "paced_port.h"
 #include "platform/run_folder.h"
 #include "virtual_executor.h"
@@ -69,14 +69,15 @@ class ToolTest : public testing::Test {
     /// Since the start.
     double seconds() const { return std::chrono::duration<double>(executor.elapsed()).count(); }
     std::set<std::string> files() const;
+    /// What was printed with --json.
+    std::vector<nlohmann::json> events() const;
     Bytes contents(const std::string& name) const;
     /// How often the command was sent.
     long sent(std::uint8_t request) const;
 
     VirtualExecutor executor;
     simulator::SimulatedPedal pedal;
-    simulator::SimulatedPort port;
-    PacedPort paced;
+    PacedPort port;
     std::filesystem::path folder;
     std::ostringstream out;
     std::ostringstream err;

@@ -71,6 +71,10 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
          [](FakeUsb& u) { u.claimResult = usbBusy; },
          Failure::heldByAnother,
          {"open", "driver 0", "claim 0", "close"}},
+        {"core:",
+         [](FakeUsb& u) { u.throwing = true; },
+         Failure::cannotOpen,
+         {"open", "driver 0", "claim 0", "close"}},
     };
     load(usb);
     start();
@@ -78,6 +82,7 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
         usb.openResult = usbSuccess;
         usb.driverActive = 0;
         usb.claimResult = usbSuccess;
+        usb.throwing = false;
         arrange(usb);
         usb.calls.clear();
         tags.clear();
@@ -90,7 +95,10 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
     }
     usb.leave();  // also after an arrival that failed
     executor.settle();
-    EXPECT_THAT(delegate->events, ElementsAre("disconnected@0"));
+    usb.throwing = false;
+    usb.arrive();
+    executor.settle();
+    EXPECT_THAT(delegate->events, ElementsAre("disconnected@0", "connected p@0"));
 }
 
 TEST_F(Acquisition, ADriverThatCannotBeDetachedDoesNotStopIt) {
@@ -108,30 +116,6 @@ TEST_F(Acquisition, WithoutADeviceOpensTheFirstPedal) {
     EXPECT_FALSE(looper().core(nullptr));
     EXPECT_THAT(tags, ElementsAre("core:2"));
     EXPECT_EQ(looper().lastFailure(), Failure::noPedal);
-}
-
-TEST_F(Acquisition, ForgetsTheVersionWithOrWithoutAPedal) {
-    usb.replies[command::capacityAndVersion] = {0, 0, 0, 0, '1', '.', '0', '5'};
-    loadPresent();
-    ASSERT_TRUE(looper().status(false));
-    EXPECT_EQ(looper().version(), "1.05");
-    looper().decore();
-    EXPECT_EQ(looper().version(), std::nullopt);
-    looper().decore();
-    EXPECT_THAT(usb.calls, Contains("release 0").Times(1));
-}
-
-TEST_F(Acquisition, AThrowingPortIsAFailureLikeAnyOther) {
-    load(usb);
-    start();
-    usb.throwing = true;
-    usb.arrive();
-    executor.settle();
-    EXPECT_THAT(tags, ElementsAre("core:", "plugged:1"));
-    usb.throwing = false;
-    usb.arrive();
-    executor.settle();
-    EXPECT_THAT(delegate->events, ElementsAre("connected p@0"));
 }
 
 TEST_F(Acquisition, KeepsAPedalInAnUnknownStageUnannounced) {

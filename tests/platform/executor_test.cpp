@@ -2,10 +2,8 @@
 
 #include <atomic>
 #include <future>
-#include <string>
 #include <vector>
 
-#include "platform/log.h"
 #include "platform/standard_executor.h"
 #include "virtual_executor.h"
 
@@ -66,30 +64,9 @@ TEST(StandardExecutor, KeepsTasksForTheNextRunAfterStop) {
     EXPECT_EQ(ran, 1);
 }
 
-TEST(VirtualExecutor, PassesTimeExactlyAndRunsEverythingDue) {
-    test::VirtualExecutor executor;
-    std::vector<std::string> events;
-    const auto note = [&](const std::string& what) {
-        events.push_back(what + "@" + std::to_string(executor.elapsed() / 1s) + "s");
-    };
-    executor.background(Priority::high, [&] {
-        note("job");
-        executor.sleep(8s);
-        executor.main([&] { note(executor.onMainThread() ? "back on main" : "astray"); });
-    });
-    executor.mainAfter(5s, [&] { note("timer"); });
-    executor.advance(4s);
-    EXPECT_EQ(events, (std::vector<std::string>{"job@0s"}));
-    executor.advance(1h);
-    EXPECT_EQ(events, (std::vector<std::string>{"job@0s", "timer@5s", "back on main@8s"}));
-    EXPECT_EQ(executor.elapsed(), 1h + 4s);
-}
-
-TEST(VirtualExecutor, WakesWaitersAndUnwindsThoseThatNobodyWakes) {
+TEST(VirtualExecutor, UnwindsWaitersThatNobodyWakesAndCountsTheMainThreads) {
     std::mutex mutex;
     std::condition_variable changed;
-    bool open = false;
-    bool woken = false;
     bool unwound = false;
     struct Witness {
         bool& flag;
@@ -98,37 +75,18 @@ TEST(VirtualExecutor, WakesWaitersAndUnwindsThoseThatNobodyWakes) {
     {
         test::VirtualExecutor executor;
         executor.background(Priority::high, [&] {
-            std::unique_lock lock(mutex);
-            executor.wait(lock, changed, [&] { return open; });
-            woken = true;
-        });
-        executor.background(Priority::high, [&] {
             const Witness witness{unwound};
-            std::mutex own;
-            std::unique_lock lock(own);
+            std::unique_lock lock(mutex);
             executor.wait(lock, changed, [] { return false; });
         });
         executor.settle();
-        EXPECT_FALSE(woken);
-        open = true;
-        executor.settle();
-        EXPECT_TRUE(woken);
-        std::unique_lock lock(mutex);
+        std::mutex own;
+        std::unique_lock lock(own);
         EXPECT_THROW(executor.wait(lock, changed, [] { return false; }), std::logic_error);
         EXPECT_EQ(executor.mainThreadWaits(), 1U);
         EXPECT_FALSE(unwound);
     }
     EXPECT_TRUE(unwound);
-}
-
-TEST(Log, GoesToTheSinkThatIsSet) {
-    std::vector<std::string> lines;
-    const auto previous = setLogSink([&](LogCategory category, std::string_view line) {
-        lines.push_back(std::string(logCategoryName(category)) + ": " + std::string(line));
-    });
-    log(LogCategory::usb, "one");
-    setLogSink(previous);
-    EXPECT_EQ(lines, (std::vector<std::string>{"usb: one"}));
 }
 
 }  // namespace

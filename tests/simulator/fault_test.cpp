@@ -115,17 +115,5 @@ TEST_F(Faults, SilenceLastsUntilResetOrDeparture) {
     EXPECT_THAT(wire.pedal.violations(), IsEmpty());
 }
 
-TEST_F(Faults, APendingReadIsAnsweredOnceThereIsAudio) {
-    plan("stall@in:2");
-    EXPECT_EQ(wire.read(64).status, TransferStatus::pending);
-    wire.control(0xE1, 0, 1);
-    EXPECT_EQ(wire.read(64).bytes, noise(64));
-    const auto journal = wire.pedal.journal();
-    ASSERT_EQ(journal.size(), 3U);
-    EXPECT_EQ(journal[1].kind, WireEvent::Kind::bulkIn);
-    EXPECT_EQ(journal[1].transferred, 64U);
-    EXPECT_EQ(wire.read(64).status, TransferStatus::stalled) << "asking again was not a second transfer";
-}
-
 }  // namespace
 }  // namespace kzq::simulator

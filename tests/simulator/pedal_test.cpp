@@ -125,37 +125,5 @@ TEST(SimulatedPedal, DropsAnUnfinishedStream) {
     EXPECT_EQ(wire.pedal.memory()[0], (StoredLoop{noise(3000)}));
 }
 
-TEST(SimulatedPedal, ErasesOneSlot) {
-    Wire wire({.memory = {StoredLoop{noise(6)}, StoredLoop{noise(6)}}});
-    EXPECT_TRUE(wire.control(0xED, 1).accepted());
-    wire.executor.advance(25ms);
-    EXPECT_TRUE(wire.control(0xED, 2).accepted()) << "an empty slot";
-    EXPECT_TRUE(wire.pedal.memory()[0]);
-    EXPECT_FALSE(wire.pedal.memory()[1]);
-    EXPECT_THAT(wire.pedal.violations(), IsEmpty());
-}
-
-TEST(SimulatedPedal, KeepsAJournal) {
-    Wire wire;
-    wire.executor.advance(2s);
-    wire.control(0xE2, 3);
-    wire.write(noise(5));
-    wire.pedal.unplug();
-    EXPECT_EQ(wire.control(0xE9).status, TransferStatus::gone);
-    EXPECT_EQ(wire.read(64).status, TransferStatus::gone);
-    EXPECT_EQ(wire.write(noise(5)).status, TransferStatus::gone);
-
-    const auto journal = wire.pedal.journal();
-    ASSERT_EQ(journal.size(), 4U) << "what never reached the wire is not in it";
-    EXPECT_EQ(journal[0].kind, WireEvent::Kind::plugged);
-    EXPECT_EQ(journal[1].code, 0xE2);
-    EXPECT_EQ(journal[1].value, 3);
-    EXPECT_EQ(journal[1].transferred, 8U);
-    EXPECT_EQ(journal[1].time.time_since_epoch(), 2s);
-    EXPECT_EQ(journal[2].length, 5U);
-    EXPECT_EQ(journal[2].transferred, 0U);
-    EXPECT_EQ(journal[3].kind, WireEvent::Kind::unplugged);
-}
-
 }  // namespace
 }  // namespace kzq::simulator
