@@ -1,6 +1,8 @@
 # One static library per room. Every target goes through these functions, so that warnings, sanitizers and
 # the direction of links are the same everywhere.
 
+include(cmake/Precompiled.cmake)
+
 add_library(kzq_flags INTERFACE)
 target_compile_options(kzq_flags INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
@@ -9,6 +11,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
     target_compile_options(kzq_flags INTERFACE -Wno-restrict)  # false alarms on std::string in optimised builds
 endif()
 target_include_directories(kzq_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(kzq_flags INTERFACE QT_NO_KEYWORDS)  # our classes have members called slots
 if(KZQ_SANITIZE)
     target_compile_options(kzq_flags INTERFACE -fsanitize=${KZQ_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(kzq_flags INTERFACE -fsanitize=${KZQ_SANITIZE})
@@ -23,11 +26,11 @@ function(kzq_room name)
     cmake_parse_arguments(ROOM "" "" "LINKS;PRIVATE_LINKS" ${ARGN})
     add_library(${name} STATIC ${ROOM_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PUBLIC kzq_flags ${ROOM_LINKS} PRIVATE ${ROOM_PRIVATE_LINKS})
+    kzq_precompile(${name})
 endfunction()
 
 # kzq_widgets_room(NAME sources... [LINKS libraries...] [PRIVATE_LINKS libraries...])
-# A room with widgets: moc and uic run by themselves, the *.ui files live in resources/. No Qt keywords, as
-# our classes have members called slots.
+# A room with widgets: moc and uic run by themselves, the *.ui files live in resources/.
 function(kzq_widgets_room name)
     kzq_room(${name} ${ARGN})
     kzq_widgets(${name})
@@ -37,7 +40,6 @@ endfunction()
 function(kzq_widgets name)
     set_target_properties(${name} PROPERTIES
         AUTOMOC ON AUTOUIC ON AUTOUIC_SEARCH_PATHS ${PROJECT_SOURCE_DIR}/resources)
-    target_compile_definitions(${name} PRIVATE QT_NO_KEYWORDS)
     # what uic writes is nobody's style
     target_include_directories(${name} SYSTEM PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/include)
 endfunction()
@@ -47,6 +49,7 @@ function(kzq_program name)
     cmake_parse_arguments(PROGRAM "" "" "LINKS" ${ARGN})
     add_executable(${name} ${PROGRAM_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PRIVATE kzq_flags ${PROGRAM_LINKS})
+    kzq_precompile(${name})
 endfunction()
 
 # kzq_test(NAME sources... [LINKS libraries...] [WRAPPER program...] [LABELS labels...])
@@ -55,6 +58,7 @@ function(kzq_test name)
     cmake_parse_arguments(TEST "" "" "LINKS;WRAPPER;LABELS" ${ARGN})
     add_executable(${name} ${TEST_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PRIVATE kzq_flags ${TEST_LINKS} GTest::gmock_main)
+    kzq_precompile(${name})
     add_test(NAME ${name} COMMAND ${TEST_WRAPPER} $<TARGET_FILE:${name}> --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES LABELS "${TEST_LABELS}"
         ENVIRONMENT "ASAN_OPTIONS=verify_asan_link_order=0;TSAN_OPTIONS=halt_on_error=1")
