@@ -21,7 +21,7 @@ class BackupTest : public ToolTest {
     ExitCode backup() { return run({"backup", folder}); }
 };
 
-TEST_F(BackupTest, everyLoopAndAnIndex) {
+TEST_F(BackupTest, EveryLoopAndAnIndex) {
     const auto target = folder / "new";
     EXPECT_EQ(run({"backup", folder / "missing" / "new"}), ExitCode::fileError);
     EXPECT_EQ(run({"backup", target}), ExitCode::ok);
@@ -41,7 +41,7 @@ TEST_F(BackupTest, everyLoopAndAnIndex) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(BackupTest, goesOnWhereTheCableWasPulled) {
+TEST_F(BackupTest, GoesOnWhereTheCableWasPulled) {
     plan("unplug@in:9");  // loop 2 takes six reads, loop 5 one
     EXPECT_EQ(backup(), ExitCode::noPedal);
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
@@ -57,7 +57,7 @@ TEST_F(BackupTest, goesOnWhereTheCableWasPulled) {
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "Loop 20.wav", "backup.json"));
 }
 
-TEST_F(BackupTest, aRecordingOfTheSameLengthSinceTheInterruptionIsNotMissed) {
+TEST_F(BackupTest, ARecordingOfTheSameLengthSinceTheInterruptionIsNotMissed) {
     plan("unplug@in:9");
     EXPECT_EQ(backup(), ExitCode::noPedal);
     plugInAgain();
@@ -77,7 +77,7 @@ TEST_F(BackupTest, aRecordingOfTheSameLengthSinceTheInterruptionIsNotMissed) {
     EXPECT_THAT(out.str(), HasSubstr("There is nothing to change."));
 }
 
-TEST_F(BackupTest, whatChangedSinceTheInterruptionIsReadAgain) {
+TEST_F(BackupTest, WhatChangedSinceTheInterruptionIsReadAgain) {
     plan("refuse@E1:3");
     EXPECT_EQ(backup(), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: the pedal refused to send it."));
@@ -93,7 +93,7 @@ TEST_F(BackupTest, whatChangedSinceTheInterruptionIsReadAgain) {
     EXPECT_THAT(out.str(), HasSubstr("There is nothing to change."));
 }
 
-TEST_F(BackupTest, aFinishedBackupIsComparedAndNeverTouched) {
+TEST_F(BackupTest, AFinishedBackupIsComparedAndNeverTouched) {
     EXPECT_EQ(backup(), ExitCode::ok);
     const auto before = files();
     EXPECT_EQ(backup(), ExitCode::ok);
@@ -123,7 +123,7 @@ TEST_F(BackupTest, aFinishedBackupIsComparedAndNeverTouched) {
     EXPECT_EQ(files(), before);
 }
 
-TEST_F(BackupTest, indexesOfOthersAreLeftAlone) {
+TEST_F(BackupTest, IndexesOfOthersAreLeftAlone) {
     write("backup.partial.json", {'{', '}'});
     EXPECT_EQ(backup(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("backup.partial.json\" is not the index of a backup.\n"));
@@ -134,7 +134,7 @@ TEST_F(BackupTest, indexesOfOthersAreLeftAlone) {
     EXPECT_THAT(err.str(), HasSubstr("backup.json\" cannot be read.\n"));
 }
 
-TEST_F(BackupTest, loopsOfTwoMomentsAreNoBackup) {
+TEST_F(BackupTest, LoopsOfTwoMomentsAreNoBackup) {
     port.pace = 10ms;
     start({"backup", folder});
     executor.advance(75ms);  // loops 2 and 5 are saved
@@ -146,7 +146,7 @@ TEST_F(BackupTest, loopsOfTwoMomentsAreNoBackup) {
     EXPECT_EQ(contents("Loop 2-2.wav"), wave(loopOf(10, 1).audio, 2));
 }
 
-TEST_F(BackupTest, cancelKeepsWhatHasComeWhole) {
+TEST_F(BackupTest, CancelKeepsWhatHasComeWhole) {
     port.pace = 10ms;
     start({"backup", folder});
     executor.advance(65ms);  // in the only piece of loop 5
@@ -156,7 +156,7 @@ TEST_F(BackupTest, cancelKeepsWhatHasComeWhole) {
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "backup.partial.json"));
 }
 
-TEST(BackupIndex, onlyAWholeIndexIsRead) {
+TEST(BackupIndex, OnlyAWholeIndexIsRead) {
     ctl::BackupIndex index;
     index.firmware = "1.05";
     index.loops[3] = {"Loop 3.wav", 7, 90, 255, std::string(64, 'a')};

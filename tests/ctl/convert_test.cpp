@@ -9,7 +9,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-TEST_F(ToolTest, convertNeedsNoPedal) {
+TEST_F(ToolTest, ConvertNeedsNoPedal) {
     const auto source = writeWave("in.wav", loopOf(44'100, 1));
     EXPECT_EQ(run({"convert", source, "--to", folder / "out.wav"}), ExitCode::ok);
     EXPECT_EQ(contents("out.wav"), contents("in.wav"));
@@ -32,7 +32,7 @@ TEST_F(ToolTest, convertNeedsNoPedal) {
     EXPECT_THAT(pedal.journal(), IsEmpty());
 }
 
-TEST_F(ToolTest, convertKeepsNoFileThatWasCut) {
+TEST_F(ToolTest, ConvertKeepsNoFileThatWasCut) {
     std::uint64_t frames = 63'504'000;
     convert = [&](const ctl::ConversionOrder& order) {
         write("out.wav", {'x'});
@@ -47,7 +47,7 @@ TEST_F(ToolTest, convertKeepsNoFileThatWasCut) {
     EXPECT_THAT(files(), IsEmpty());
 }
 
-TEST_F(ToolTest, convertIsCancelled) {
+TEST_F(ToolTest, ConvertIsCancelled) {
     convert = [this](const ctl::ConversionOrder& order) {
         while (!*order.cancelled) {
             executor.sleep(10ms);

@@ -8,7 +8,7 @@ using ctl::Answer;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST_F(ToolTest, eraseAsksAndTellsWhatIsEmptyAlready) {
+TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     pedal.plugIn();
     EXPECT_EQ(run({"erase", "2-4"}), ExitCode::usage);
     EXPECT_EQ(sent(command::eraseLoop), 0);
@@ -27,7 +27,7 @@ TEST_F(ToolTest, eraseAsksAndTellsWhatIsEmptyAlready) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(ToolTest, whatIsNotErasedIsNotCalledErased) {
+TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     pedal.plugIn();
     plan("refuse@ED");
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::someFailed);
@@ -43,7 +43,7 @@ TEST_F(ToolTest, whatIsNotErasedIsNotCalledErased) {
     EXPECT_TRUE(pedal.memory()[1]);
 }
 
-TEST_F(ToolTest, anEndBeforeTheWorkIsToldToPrograms) {
+TEST_F(ToolTest, AnEndBeforeTheWorkIsToldToPrograms) {
     EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::noPedal);
     EXPECT_THAT(out.str(), testing::StartsWith(R"({"event":"finished","exit":3,"message":"No pedal)"));
     EXPECT_EQ(run({"list", "--json"}), ExitCode::noPedal);
@@ -53,7 +53,7 @@ TEST_F(ToolTest, anEndBeforeTheWorkIsToldToPrograms) {
     EXPECT_THAT(out.str(), HasSubstr(R"({"event":"finished","exit":2,"message":"Nobody can be asked)"));
 }
 
-TEST_F(ToolTest, cancelledEraseSendsNoReset) {
+TEST_F(ToolTest, CancelledEraseSendsNoReset) {
     pedal.plugIn();
     start({"erase", "--all", "--yes"});
     executor.advance(30ms);  // in the pause after the second loop

@@ -35,7 +35,7 @@ class ExportTest : public ToolTest {
     std::string b;
 };
 
-TEST_F(ExportTest, filesGoToTheFirstFreeSlotsInTheirOrder) {
+TEST_F(ExportTest, FilesGoToTheFirstFreeSlotsInTheirOrder) {
     EXPECT_EQ(run({"export", b, a, "--verify"}), ExitCode::ok);
     EXPECT_EQ(onPedal(1), loopOf(3, 50).audio);
     EXPECT_EQ(onPedal(3), loopOf(700, 40).audio);
@@ -49,7 +49,7 @@ TEST_F(ExportTest, filesGoToTheFirstFreeSlotsInTheirOrder) {
     EXPECT_EQ(files().size(), 2U) << "the user's own files stay";
 }
 
-TEST_F(ExportTest, overwritingNeedsAYes) {
+TEST_F(ExportTest, OverwritingNeedsAYes) {
     EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::usage);
     EXPECT_THAT(err.str(), HasSubstr("Add --yes"));
     answer = [] { return Answer::no; };
@@ -68,7 +68,7 @@ TEST_F(ExportTest, overwritingNeedsAYes) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(ExportTest, whatChangedDuringTheQuestionIsNotOverwritten) {
+TEST_F(ExportTest, WhatChangedDuringTheQuestionIsNotOverwritten) {
     answer = [this] {
         pedal.setLoop(4, loopOf(2, 1));
         return Answer::yes;
@@ -79,7 +79,7 @@ TEST_F(ExportTest, whatChangedDuringTheQuestionIsNotOverwritten) {
 }
 
 /// The pedal is exactly full when one frame more is refused; the working copies are holes in the disk.
-TEST_F(ExportTest, capacityIsAStrictLimit) {
+TEST_F(ExportTest, CapacityIsAStrictLimit) {
     std::uint64_t frames = 0;
     convert = [&frames](const ctl::ConversionOrder& order) {
         const auto path = order.output / "long.wav";
@@ -102,7 +102,7 @@ TEST_F(ExportTest, capacityIsAStrictLimit) {
     EXPECT_EQ(sent(command::exportLoop), 0);
 }
 
-TEST_F(ExportTest, nothingIsSentUnlessEverythingCanBe) {
+TEST_F(ExportTest, NothingIsSentUnlessEverythingCanBe) {
     const auto text = write("text.wav", {'t', 'e', 'x', 't'});
     EXPECT_EQ(run({"export", a, text}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr(text + "\" was not converted: This is not an audio file."));
@@ -117,7 +117,7 @@ TEST_F(ExportTest, nothingIsSentUnlessEverythingCanBe) {
     EXPECT_EQ(sent(command::exportLoop), 0);
 }
 
-TEST_F(ExportTest, aLoopThatFailsIsNoSilentSuccess) {
+TEST_F(ExportTest, ALoopThatFailsIsNoSilentSuccess) {
     plan("refuse@E2");
     EXPECT_EQ(run({"export", a, b, "--json"}), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("Loop 1 was not written: the pedal refused to take it."));
@@ -134,7 +134,7 @@ TEST_F(ExportTest, aLoopThatFailsIsNoSilentSuccess) {
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal is busy. Stop it and try again.\n");
 }
 
-TEST_F(ExportTest, aPedalThatStoresSomethingElseIsNoticed) {
+TEST_F(ExportTest, APedalThatStoresSomethingElseIsNoticed) {
     auto stored = loopOf(700, 40);
     stored.audio.back() ^= 1U;
     pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop* loop) {
@@ -151,7 +151,7 @@ TEST_F(ExportTest, aPedalThatStoresSomethingElseIsNoticed) {
     pedal.setMemoryListener({});
 }
 
-TEST_F(ExportTest, unpluggedInTheMiddle) {
+TEST_F(ExportTest, UnpluggedInTheMiddle) {
     plan("unplug@out:7");  // five pieces of the first file, then two more
     EXPECT_EQ(run({"export", a, writeWave("c.wav", loopOf(900, 1))}), ExitCode::noPedal);
     EXPECT_EQ(err.str(),
@@ -161,7 +161,7 @@ TEST_F(ExportTest, unpluggedInTheMiddle) {
     EXPECT_EQ(onPedal(1), loopOf(700, 40).audio);
 }
 
-TEST_F(ExportTest, cancelStopsThePedalInItsOwnWay) {
+TEST_F(ExportTest, CancelStopsThePedalInItsOwnWay) {
     port.writePace = 10ms;
     start({"export", a});
     executor.advance(25ms);
@@ -174,7 +174,7 @@ TEST_F(ExportTest, cancelStopsThePedalInItsOwnWay) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(ExportTest, cancelWhileReadingBackIsNotCalledUnwritten) {
+TEST_F(ExportTest, CancelWhileReadingBackIsNotCalledUnwritten) {
     port.pace = 10ms;
     start({"export", a, "--slot", "2", "--verify", "--yes"});
     executor.advance(15ms);
@@ -185,7 +185,7 @@ TEST_F(ExportTest, cancelWhileReadingBackIsNotCalledUnwritten) {
     EXPECT_EQ(onPedal(2), loopOf(700, 40).audio);
 }
 
-TEST_F(ExportTest, aSilentPedalIsGivenUpEvenWhenTheResetDoesNotHelp) {
+TEST_F(ExportTest, ASilentPedalIsGivenUpEvenWhenTheResetDoesNotHelp) {
     plan("silence@out:2");
     plan("silence@EF");
     EXPECT_EQ(run({"export", a, "--patience", "20"}), ExitCode::pedalRefused);
@@ -193,7 +193,7 @@ TEST_F(ExportTest, aSilentPedalIsGivenUpEvenWhenTheResetDoesNotHelp) {
     EXPECT_THAT(err.str(), HasSubstr("stopped answering"));
 }
 
-TEST_F(ExportTest, cancelDuringAConversionOrAQuestion) {
+TEST_F(ExportTest, CancelDuringAConversionOrAQuestion) {
     convert = [this](const ctl::ConversionOrder& order) {
         while (!*order.cancelled) {
             executor.sleep(10ms);
@@ -224,7 +224,7 @@ TEST_F(ExportTest, cancelDuringAConversionOrAQuestion) {
     EXPECT_EQ(sent(command::exportLoop), 0);
 }
 
-TEST_F(ExportTest, progressLine) {
+TEST_F(ExportTest, ProgressLine) {
     terminal = true;
     port.writePace = 100ms;
     EXPECT_EQ(run({"export", a}), ExitCode::ok);
@@ -232,7 +232,7 @@ TEST_F(ExportTest, progressLine) {
     EXPECT_THAT(out.str(), testing::EndsWith("\r\x1b[KLoop 1: written.\n1 loop written.\n"));
 }
 
-TEST(ExportPlan, whatShrinksGoesFirst) {
+TEST(ExportPlan, WhatShrinksGoesFirst) {
     const Loops loops = {{1, {.samples = 10}}, {2, {.samples = 90}}, {3, {.samples = 50}}};
     Exports exports;
     for (const auto& [slot, frames] :

@@ -65,7 +65,7 @@ class FirmwareTest : public ToolTest {
     Bytes image;
 };
 
-TEST_F(FirmwareTest, showsWhatThePedalRunsAndWhatIsOffered) {
+TEST_F(FirmwareTest, ShowsWhatThePedalRunsAndWhatIsOffered) {
     pedal.plugIn();
     EXPECT_EQ(run({"firmware"}), ExitCode::ok);
     EXPECT_EQ(out.str(),
@@ -84,7 +84,7 @@ TEST_F(FirmwareTest, showsWhatThePedalRunsAndWhatIsOffered) {
     expectUntouched();
 }
 
-TEST_F(FirmwareTest, aNormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersion) {
+TEST_F(FirmwareTest, ANormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersion) {
     pedal.plugIn();
     terminal = true;
     EXPECT_EQ(install({"--json"}), ExitCode::ok);
@@ -110,7 +110,7 @@ TEST_F(FirmwareTest, aNormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersi
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(FirmwareTest, aPedalWithNothingButItsLoaderIsRepaired) {
+TEST_F(FirmwareTest, APedalWithNothingButItsLoaderIsRepaired) {
     offer("1.04");
     blank();
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
@@ -134,7 +134,7 @@ TEST_F(FirmwareTest, aPedalWithNothingButItsLoaderIsRepaired) {
     EXPECT_EQ(sent(command::openUpdate), 1);
 }
 
-TEST_F(FirmwareTest, nothingUnverifiedIsInstalled) {
+TEST_F(FirmwareTest, NothingUnverifiedIsInstalled) {
     blank();
     const auto good = web.bodies;
     const auto replaced = [&good](const std::string& from, const std::string& to) {
@@ -157,7 +157,7 @@ TEST_F(FirmwareTest, nothingUnverifiedIsInstalled) {
     expectUntouched();
 }
 
-TEST_F(FirmwareTest, nothingUnverifiedIsOffered) {
+TEST_F(FirmwareTest, NothingUnverifiedIsOffered) {
     pedal.plugIn();
     const auto good = web.bodies;
     web.bodies["new.bin"].back() ^= 1;
@@ -187,7 +187,7 @@ TEST_F(FirmwareTest, nothingUnverifiedIsOffered) {
     expectUntouched();
 }
 
-TEST_F(FirmwareTest, aFileOfTheUsersIsInstalledWithAWarning) {
+TEST_F(FirmwareTest, AFileOfTheUsersIsInstalledWithAWarning) {
     pedal.plugIn();
     web.bodies.clear();
     EXPECT_EQ(install({folder / "missing.bin"}), ExitCode::fileError);
@@ -204,7 +204,7 @@ TEST_F(FirmwareTest, aFileOfTheUsersIsInstalledWithAWarning) {
     EXPECT_EQ(pedal.installedFirmware(), (Bytes{1, 2, 3}));
 }
 
-TEST_F(FirmwareTest, everyFailureIsToldAndCanBeRepeated) {
+TEST_F(FirmwareTest, EveryFailureIsToldAndCanBeRepeated) {
     blank();
     for (const auto* const fault : {"refuse@E7", "refuse@E4", "stall@out", "refuse@E5", "stall@out:2"}) {
         plan(fault);
@@ -226,7 +226,7 @@ TEST_F(FirmwareTest, everyFailureIsToldAndCanBeRepeated) {
     EXPECT_EQ(pedal.installedFirmware(), image);
 }
 
-TEST_F(FirmwareTest, aPedalThatRefusesItsLoaderKeepsItsFirmware) {
+TEST_F(FirmwareTest, APedalThatRefusesItsLoaderKeepsItsFirmware) {
     pedal.plugIn();
     plan("refuse@E4");
     EXPECT_EQ(install(), ExitCode::pedalRefused);
@@ -241,7 +241,7 @@ TEST_F(FirmwareTest, aPedalThatRefusesItsLoaderKeepsItsFirmware) {
     EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
 }
 
-TEST_F(FirmwareTest, aPedalThatDoesNotComeBackAsItsLoader) {
+TEST_F(FirmwareTest, APedalThatDoesNotComeBackAsItsLoader) {
     pedal.plugIn();
     pedal.setReturns(false);
     EXPECT_EQ(install(), ExitCode::noPedal);
@@ -251,7 +251,7 @@ TEST_F(FirmwareTest, aPedalThatDoesNotComeBackAsItsLoader) {
     EXPECT_FALSE(signalsHeld);
 }
 
-TEST_F(FirmwareTest, aPedalThatComesBackInItsOldFirmware) {
+TEST_F(FirmwareTest, APedalThatComesBackInItsOldFirmware) {
     pedal.plugIn();
     pedal.setReturns(false);
     start({"firmware", "install", "--yes"});
@@ -262,7 +262,7 @@ TEST_F(FirmwareTest, aPedalThatComesBackInItsOldFirmware) {
     EXPECT_THAT(err.str(), HasSubstr("came back without entering its loader"));
 }
 
-TEST_F(FirmwareTest, aFinishedPedalThatStaysAwayIsOnlyTold) {
+TEST_F(FirmwareTest, AFinishedPedalThatStaysAwayIsOnlyTold) {
     blank();
     pedal.setReturns(false);
     EXPECT_EQ(install(), ExitCode::ok);
@@ -270,7 +270,7 @@ TEST_F(FirmwareTest, aFinishedPedalThatStaysAwayIsOnlyTold) {
     EXPECT_NEAR(seconds(), 19, 1);
 }
 
-TEST_F(FirmwareTest, signalsWaitForTheEndOfTheImage) {
+TEST_F(FirmwareTest, SignalsWaitForTheEndOfTheImage) {
     pedal.plugIn();
     // With a wait, as its end must not be mistaken for a pedal that never came.
     start({"firmware", "install", "--yes", "--wait", "1", "--patience", "0"});
@@ -288,7 +288,7 @@ TEST_F(FirmwareTest, signalsWaitForTheEndOfTheImage) {
     EXPECT_FALSE(signalsHeld);
 }
 
-TEST_F(FirmwareTest, onceTheImageIsCompleteEverySignalEndsTheWaitAndNoneTheTruth) {
+TEST_F(FirmwareTest, OnceTheImageIsCompleteEverySignalEndsTheWaitAndNoneTheTruth) {
     blank();
     pedal.setReturns(false);
     start({"firmware", "install", "--yes"});
@@ -304,7 +304,7 @@ TEST_F(FirmwareTest, onceTheImageIsCompleteEverySignalEndsTheWaitAndNoneTheTruth
     EXPECT_FALSE(signalsHeld);
 }
 
-TEST_F(FirmwareTest, aFinishedPedalThatReturnsSilentHoldsNobodyUp) {
+TEST_F(FirmwareTest, AFinishedPedalThatReturnsSilentHoldsNobodyUp) {
     blank();
     plan("silence@E9:2");
     EXPECT_EQ(install({"--patience", "0"}), ExitCode::ok);
@@ -312,7 +312,7 @@ TEST_F(FirmwareTest, aFinishedPedalThatReturnsSilentHoldsNobodyUp) {
     EXPECT_NEAR(seconds(), 19, 1);
 }
 
-TEST_F(FirmwareTest, aSignalEndsEndlessPatienceWithASilentLoaderWhichHoldsTheMainThread) {
+TEST_F(FirmwareTest, ASignalEndsEndlessPatienceWithASilentLoaderWhichHoldsTheMainThread) {
     pedal.plugIn();
     plan("silence@E9:4");
     start({"firmware", "install", "--yes", "--patience", "0"});
@@ -325,7 +325,7 @@ TEST_F(FirmwareTest, aSignalEndsEndlessPatienceWithASilentLoaderWhichHoldsTheMai
     EXPECT_FALSE(signalsHeld);
 }
 
-TEST_F(FirmwareTest, aSignalBeforeTheFlashEndsIt) {
+TEST_F(FirmwareTest, ASignalBeforeTheFlashEndsIt) {
     blank();
     answer = [this] {
         executor.sleep(1h);

@@ -10,7 +10,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-TEST_F(ToolTest, importWritesEveryLoopAndNeverReplacesAFile) {
+TEST_F(ToolTest, ImportWritesEveryLoopAndNeverReplacesAFile) {
     pedal.plugIn();
     EXPECT_EQ(import({"--all"}), ExitCode::ok);
     EXPECT_EQ(contents("Loop 5.wav"), wave(loopOf(1, 20).audio, 2));
@@ -36,7 +36,7 @@ TEST_F(ToolTest, importWritesEveryLoopAndNeverReplacesAFile) {
     EXPECT_EQ(out.str(), "The pedal holds no loops.\n");
 }
 
-TEST_F(ToolTest, importAsJson) {
+TEST_F(ToolTest, ImportAsJson) {
     pedal.plugIn();
     EXPECT_EQ(import({"4", "5", "--json"}), ExitCode::someFailed);
     const auto told = events();
@@ -51,7 +51,7 @@ TEST_F(ToolTest, importAsJson) {
     EXPECT_EQ(told[2], nlohmann::json({{"event", "finished"}, {"wanted", 2}, {"done", 1}, {"exit", 7}}));
 }
 
-TEST_F(ToolTest, oneLoopFailsTheOthersAreSaved) {
+TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {
     pedal.plugIn();
     plan("refuse@E1");
     EXPECT_EQ(import({"--all"}), ExitCode::someFailed);
@@ -66,7 +66,7 @@ TEST_F(ToolTest, oneLoopFailsTheOthersAreSaved) {
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 5.wav", "Loop 20.wav", "Loop 5-2.wav"));
 }
 
-TEST_F(ToolTest, folderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopForIt) {
+TEST_F(ToolTest, FolderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopForIt) {
     pedal.plugIn();
     EXPECT_EQ(run({"import", "--all", "--to", folder / "missing" / "too"}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("does not exist"));
@@ -83,7 +83,7 @@ TEST_F(ToolTest, folderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopFo
     EXPECT_TRUE(std::filesystem::exists(folder / "new" / "Loop 2.wav"));
 }
 
-TEST_F(ToolTest, firstFileErrorEndsTheImport) {
+TEST_F(ToolTest, FirstFileErrorEndsTheImport) {
     pedal.plugIn();
     port.pace = 10ms;
     start({"import", "--all", "--to", folder});
@@ -96,7 +96,7 @@ TEST_F(ToolTest, firstFileErrorEndsTheImport) {
     EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 5 was not saved: the file could not be written"));
 }
 
-TEST_F(ToolTest, cancelKeepsWholeFilesAndStopsThePedal) {
+TEST_F(ToolTest, CancelKeepsWholeFilesAndStopsThePedal) {
     pedal.plugIn();
     port.pace = 10ms;
     start({"import", "--all", "--to", folder});
@@ -112,7 +112,7 @@ TEST_F(ToolTest, cancelKeepsWholeFilesAndStopsThePedal) {
 
 class HangingImport : public ToolTest, public testing::WithParamInterface<std::vector<std::string>> {};
 
-TEST_P(HangingImport, cancelEndsItInTimeWhetherAResetHelpsOrNot) {
+TEST_P(HangingImport, CancelEndsItInTimeWhetherAResetHelpsOrNot) {
     pedal.plugIn();
     for (const auto& fault : GetParam()) {
         plan(fault);
@@ -133,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(Faults, HangingImport,
                                          std::vector<std::string>{"silence@in:3"},
                                          std::vector<std::string>{"silence@in:3", "silence@EF"}));
 
-TEST_F(ToolTest, secondInterruptEndsAtOnce) {
+TEST_F(ToolTest, SecondInterruptEndsAtOnce) {
     pedal.plugIn();
     plan("silence@in:3");
     start({"import", "--all", "--to", folder});
@@ -144,7 +144,7 @@ TEST_F(ToolTest, secondInterruptEndsAtOnce) {
     EXPECT_EQ(code, ExitCode::cancelled);
 }
 
-TEST_F(ToolTest, silentPedalIsGivenUpAndWholeFilesAreKept) {
+TEST_F(ToolTest, SilentPedalIsGivenUpAndWholeFilesAreKept) {
     pedal.plugIn();
     port.pace = 1s;
     plan("silence@in:9");
@@ -154,7 +154,7 @@ TEST_F(ToolTest, silentPedalIsGivenUpAndWholeFilesAreKept) {
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal stopped answering. Unplug it and plug it in again.\n");
 }
 
-TEST_F(ToolTest, progressLineIsRewrittenInPlace) {
+TEST_F(ToolTest, ProgressLineIsRewrittenInPlace) {
     terminal = true;
     pedal.plugIn();
     port.pace = 100ms;

@@ -7,7 +7,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-TEST_F(ToolTest, listShowsTheLoops) {
+TEST_F(ToolTest, ListShowsTheLoops) {
     pedal.plugIn();
     pedal.setVersion("1.0\x1b");
     pedal.setLoop(19, simulator::StoredLoop{Bytes(44'100UL * 6 * 61), 90, 255});
@@ -22,7 +22,7 @@ TEST_F(ToolTest, listShowsTheLoops) {
     EXPECT_EQ(seconds(), 0);
 }
 
-TEST_F(ToolTest, listAsJson) {
+TEST_F(ToolTest, ListAsJson) {
     pedal.plugIn();
     EXPECT_EQ(run({"--json", "list"}), ExitCode::ok);
     const auto document = nlohmann::json::parse(out.str());
@@ -35,7 +35,7 @@ TEST_F(ToolTest, listAsJson) {
                                        "seconds": 0.022675736961451247})"));
 }
 
-TEST_F(ToolTest, waitsForThePedalAsLongAsAsked) {
+TEST_F(ToolTest, WaitsForThePedalAsLongAsAsked) {
     EXPECT_EQ(run({"list"}), ExitCode::noPedal);
     EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: No pedal is connected."));
     EXPECT_EQ(seconds(), 0);
@@ -54,7 +54,7 @@ TEST_F(ToolTest, waitsForThePedalAsLongAsAsked) {
     EXPECT_EQ(seconds(), 10.25 + 3 + 7);
 }
 
-TEST_F(ToolTest, noPermissionTellsTheRemedy) {
+TEST_F(ToolTest, NoPermissionTellsTheRemedy) {
     port.setOpenResult(usbAccess);
     findings = {{PedalTrouble::roadNotInstalled, true, "Something else.", "mend it"},
                 {PedalTrouble::ruleNotInForce, false, "All is well.", {}},
@@ -67,7 +67,7 @@ TEST_F(ToolTest, noPermissionTellsTheRemedy) {
     EXPECT_EQ(err.str(), "kzq7306ctl: Its rule is missing. The command: sudo install it\n");
 }
 
-TEST_F(ToolTest, theDoctorTellsAllAndEndsWithTheFirstTrouble) {
+TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
     findings = {{PedalTrouble::nothingOnBus, false, "A pedal is there.", {}},
                 {PedalTrouble::ruleNotInForce, true, "Not yet.", "cd caf\xe9"},
                 {PedalTrouble::noUdev, true, "No udev.", {}}};
@@ -81,21 +81,21 @@ TEST_F(ToolTest, theDoctorTellsAllAndEndsWithTheFirstTrouble) {
     EXPECT_EQ(run({"doctor"}), ExitCode::ok);
 }
 
-TEST_F(ToolTest, systemWithoutAMinorVersion) {
+TEST_F(ToolTest, SystemWithoutAMinorVersion) {
     pedal.plugIn();
     systemMinorVersion = 0;
     EXPECT_EQ(run({"list"}), ExitCode::noPedal);
     EXPECT_THAT(err.str(), HasSubstr("reads as 0"));
 }
 
-TEST_F(ToolTest, heldByAnotherProgram) {
+TEST_F(ToolTest, HeldByAnotherProgram) {
     pedal.plugIn();
     port.setClaimResult(usbBusy);
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("in use by another program"));
 }
 
-TEST_F(ToolTest, aStatusThatFailedOnceIsReadAgain) {
+TEST_F(ToolTest, AStatusThatFailedOnceIsReadAgain) {
     pedal.plugIn();
     plan("stall@EB");
     EXPECT_EQ(run({"list", "--json"}), ExitCode::ok);
@@ -110,7 +110,7 @@ struct BadAnswer {
 };
 class BadAnswers : public ToolTest, public testing::WithParamInterface<BadAnswer> {};
 
-TEST_P(BadAnswers, areToldAndNotListed) {
+TEST_P(BadAnswers, AreToldAndNotListed) {
     pedal.plugIn();
     plan(GetParam().fault);
     EXPECT_EQ(run({"list", "--patience", "12"}), GetParam().code);
@@ -129,14 +129,14 @@ INSTANTIATE_TEST_SUITE_P(
         BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12},
         BadAnswer{"silence@E9", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
 
-TEST_F(ToolTest, outputThatCannotBeWrittenIsAnError) {
+TEST_F(ToolTest, OutputThatCannotBeWrittenIsAnError) {
     pedal.plugIn();
     out.setstate(std::ios::badbit);
     EXPECT_EQ(run({"list"}), ExitCode::fileError);
     EXPECT_EQ(err.str(), "kzq7306ctl: Standard output could not be written.\n");
 }
 
-TEST_F(ToolTest, theLogIsShownOnlyOnDemand) {
+TEST_F(ToolTest, TheLogIsShownOnlyOnDemand) {
     pedal.plugIn();
     port.setOpenResult(usbIo);
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);

@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST(Options, globalOnesStandAnywhere) {
+TEST(Options, GlobalOnesStandAnywhere) {
     for (const auto& words : std::vector<std::vector<std::string>>{
              {"--json", "--wait", "1.5", "import", "8", "3-5", "4", "--to", "x", "--simulate"},
              {"--simulate", "import", "3-5", "8", "--to", "x", "--json", "--wait=1.5"},
@@ -36,7 +36,7 @@ TEST(Options, globalOnesStandAnywhere) {
     EXPECT_THAT(parsed.options->faults, ElementsAre("stall@in", "refuse@E1"));
 }
 
-TEST(Options, filesMayHaveAnyName) {
+TEST(Options, FilesMayHaveAnyName) {
     const auto parsed =
         parseOptions({"export", "--slot", "19", "--verify", "--yes", "--", "-x.wav", "concat:a|b"});
     ASSERT_TRUE(parsed.options) << parsed.text;
@@ -46,7 +46,7 @@ TEST(Options, filesMayHaveAnyName) {
     EXPECT_FALSE(parseOptions({"export", "a", "--first-free"}).options->slot);
 }
 
-TEST(Options, badOnesAreUsageErrors) {
+TEST(Options, BadOnesAreUsageErrors) {
     for (const auto& words :
          std::vector<std::vector<std::string>>{{},
                                                {"erase"},
@@ -97,7 +97,7 @@ TEST(Options, badOnesAreUsageErrors) {
     }
 }
 
-TEST(Options, helpTellsTheExitCodes) {
+TEST(Options, HelpTellsTheExitCodes) {
     for (const auto& words : std::vector<std::vector<std::string>>{{"--help"}, {"import", "--help"}}) {
         const auto parsed = parseOptions(words);
         EXPECT_EQ(parsed.code, ExitCode::ok);
@@ -107,7 +107,7 @@ TEST(Options, helpTellsTheExitCodes) {
                 testing::MatchesRegex("kzq7306ctl [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
-TEST(Format, lengthsAndSizes) {
+TEST(Format, LengthsAndSizes) {
     EXPECT_EQ(lengthText(0), "0:00.0");
     EXPECT_EQ(lengthText(44'099), "0:00.9");
     EXPECT_EQ(lengthText(capacityFrames), "24:00.0");
@@ -122,7 +122,7 @@ TEST(Format, lengthsAndSizes) {
     EXPECT_EQ(printable(std::string("1.\x1b\0", 4)), "1.??");
 }
 
-TEST(ProgressMeter, speedIsThatOfTheLastSeconds) {
+TEST(ProgressMeter, SpeedIsThatOfTheLastSeconds) {
     const Executor::TimePoint start;
     ProgressMeter meter(100'000'000, start);
     EXPECT_EQ(meter.text(), "0 %");

@@ -27,7 +27,7 @@ class RestoreTest : public ToolTest {
     }
 };
 
-TEST_F(RestoreTest, backupEraseAllAndRestoreGiveBackEveryBitAlsoWithTheCablePulled) {
+TEST_F(RestoreTest, BackupEraseAllAndRestoreGiveBackEveryBitAlsoWithTheCablePulled) {
     for (std::uint8_t address = 0; address < 20; ++address) {
         pedal.setLoop(address, loopOf(1U + address * 171U, static_cast<std::uint8_t>(address + 1)));
     }
@@ -52,7 +52,7 @@ TEST_F(RestoreTest, backupEraseAllAndRestoreGiveBackEveryBitAlsoWithTheCablePull
     EXPECT_EQ(backup(), ExitCode::ok) << "the audio is that of the backup";
 }
 
-TEST_F(RestoreTest, onlyWhatDiffersIsChangedAfterAQuestion) {
+TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     const auto before = audio();
     EXPECT_EQ(backup(), ExitCode::ok);
     pedal.setLoop(2, loopOf(44'100, 1));  // the backup has nothing there
@@ -83,7 +83,7 @@ TEST_F(RestoreTest, onlyWhatDiffersIsChangedAfterAQuestion) {
     EXPECT_EQ(questions.size(), 3U) << "no question where nothing changes";
 }
 
-TEST_F(RestoreTest, nothingIsTouchedUnlessTheWholeBackupIsGood) {
+TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     EXPECT_EQ(restore(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("There is no backup in"));
     EXPECT_EQ(backup(), ExitCode::ok);
@@ -113,7 +113,7 @@ TEST_F(RestoreTest, nothingIsTouchedUnlessTheWholeBackupIsGood) {
     EXPECT_EQ(sent(command::exportLoop) + sent(command::importLoop), 0);
 }
 
-TEST_F(RestoreTest, aLoopThatCannotBeComparedEndsItUnharmed) {
+TEST_F(RestoreTest, ALoopThatCannotBeComparedEndsItUnharmed) {
     EXPECT_EQ(backup(), ExitCode::ok);
     pedal.setLoop(1, std::nullopt);
     plan("refuse@E1");
@@ -122,7 +122,7 @@ TEST_F(RestoreTest, aLoopThatCannotBeComparedEndsItUnharmed) {
     EXPECT_EQ(sent(command::exportLoop), 0);
 }
 
-TEST_F(RestoreTest, aLoopThatReadsBackDifferentIsAFailure) {
+TEST_F(RestoreTest, ALoopThatReadsBackDifferentIsAFailure) {
     EXPECT_EQ(backup(), ExitCode::ok);
     pedal.setLoop(1, std::nullopt);
     pedal.setLoop(4, std::nullopt);
@@ -143,7 +143,7 @@ TEST_F(RestoreTest, aLoopThatReadsBackDifferentIsAFailure) {
     EXPECT_THAT(err.str(), HasSubstr("Loop 11 was not erased"));
 }
 
-TEST_F(RestoreTest, cancelWhileWriting) {
+TEST_F(RestoreTest, CancelWhileWriting) {
     EXPECT_EQ(backup(), ExitCode::ok);
     pedal.setLoop(1, std::nullopt);
     pedal.setLoop(19, std::nullopt);

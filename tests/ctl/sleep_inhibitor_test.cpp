@@ -93,7 +93,7 @@ AwakeLock askOnAThread() {
     return answer;
 }
 
-TEST(SleepInhibitor, holdsALockThatTheLidObeysToo) {
+TEST(SleepInhibitor, HoldsALockThatTheLidObeysToo) {
     int count = 1;
     std::string name = "test";
     std::array<char*, 2> arguments{name.data(), nullptr};

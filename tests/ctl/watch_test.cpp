@@ -6,7 +6,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 
-TEST_F(ToolTest, watchTellsWhatHappens) {
+TEST_F(ToolTest, WatchTellsWhatHappens) {
     start({"watch"});
     executor.advance(1s);
     pedal.plugIn();
@@ -34,7 +34,7 @@ TEST_F(ToolTest, watchTellsWhatHappens) {
               "The pedal is connected. It runs only its loader and waits for firmware.\n");
 }
 
-TEST_F(ToolTest, watchGoesOnAfterAnArrivalThatFailed) {
+TEST_F(ToolTest, WatchGoesOnAfterAnArrivalThatFailed) {
     port.setOpenResult(usbAccess);
     pedal.plugIn();
     start({"watch"});
@@ -49,7 +49,7 @@ TEST_F(ToolTest, watchGoesOnAfterAnArrivalThatFailed) {
     EXPECT_THAT(out.str(), HasSubstr("The pedal is connected.\nFirmware 1.05"));
 }
 
-TEST_F(ToolTest, watchAsJsonIsOneObjectALineAndEndsWhenNobodyReads) {
+TEST_F(ToolTest, WatchAsJsonIsOneObjectALineAndEndsWhenNobodyReads) {
     pedal.plugIn();
     start({"watch", "--json"});
     executor.advance(1s);

@@ -51,7 +51,7 @@ class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
     std::filesystem::path folder_;
 };
 
-TEST_P(NewFileTest, takesTheFirstFreeNameAndLeavesOthersAlone) {
+TEST_P(NewFileTest, TakesTheFirstFreeNameAndLeavesOthersAlone) {
     for (const char* text : {"one", "two", "three"}) {
         ASSERT_TRUE(writeNewFile(folder_, "Loop 4", ".wav", bytesOf(text), GetParam()));
     }
@@ -67,7 +67,7 @@ TEST_P(NewFileTest, takesTheFirstFreeNameAndLeavesOthersAlone) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / "nowhere"));
 }
 
-TEST_P(NewFileTest, manyWritersOfOneNameEachGetTheirOwnFile) {
+TEST_P(NewFileTest, ManyWritersOfOneNameEachGetTheirOwnFile) {
     constexpr unsigned writers = 4;
     constexpr unsigned each = 12;
     std::vector<std::thread> threads;
@@ -94,7 +94,7 @@ TEST_P(NewFileTest, manyWritersOfOneNameEachGetTheirOwnFile) {
     EXPECT_EQ(names().size(), writers * each);
 }
 
-TEST_P(NewFileTest, failureLeavesNothing) {
+TEST_P(NewFileTest, FailureLeavesNothing) {
     EXPECT_EQ(writeNewFile(folder_ / "missing", "a", ".wav", bytesOf("x"), GetParam()).error, ENOENT);
     std::ofstream(folder_ / "file") << "x";
     EXPECT_EQ(writeNewFile(folder_ / "file", "a", ".wav", bytesOf("x"), GetParam()).error, ENOTDIR);
@@ -118,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(everyRoad, NewFileTest,
                          ::testing::Values(NewFileRoad::unnamed, NewFileRoad::renameNoReplace,
                                            NewFileRoad::link, NewFileRoad::reserve));
 
-TEST(FileNameComponent, staysInsideTheFolderAndFits) {
+TEST(FileNameComponent, StaysInsideTheFolderAndFits) {
     EXPECT_EQ(fileNameComponent("a/b", 4), "a-b");
     EXPECT_EQ(fileNameComponent(std::string_view("a\0b", 3), 4), "a-b");
     EXPECT_EQ(fileNameComponent("..", 4), "-..");
@@ -135,7 +135,7 @@ TEST(FileNameComponent, staysInsideTheFolderAndFits) {
     EXPECT_EQ(fileNameComponent(umlauts, 4).size(), 250U);
 }
 
-TEST_F(NewFileTest, longNamesKeepTheirNumber) {
+TEST_F(NewFileTest, LongNamesKeepTheirNumber) {
     const std::string name(300, 'x');
     ASSERT_TRUE(writeNewFile(folder_, name, ".wav", bytesOf("1")));
     const NewFile second = writeNewFile(folder_, name, ".wav", bytesOf("2"));

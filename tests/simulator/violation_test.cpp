@@ -79,7 +79,7 @@ TEST(Violations, OfOrderAreExcusedAfterASwallowedCommand) {
     EXPECT_EQ(wire.pedal.violations().size(), 1U) << "but after the reset it does";
 }
 
-TEST(WireJournalTest, aLongRunIsForgottenFromItsBeginningAndCountedOn) {
+TEST(WireJournalTest, ALongRunIsForgottenFromItsBeginningAndCountedOn) {
     WireJournal journal;
     WireEvent event;
     event.kind = WireEvent::Kind::bulkIn;
