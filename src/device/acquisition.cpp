@@ -40,9 +40,8 @@ void KZQ7306::acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>
     if (!handle) {
         giveUp(device ? "core:1" : "core:2", failureOfOpening(result));
     }
-    // A successful detach (0) ends the acquisition and a failed one lets it go on: the pedal's own interface
-    // never has a driver, so a driver that lets itself be detached is not holding a pedal that is ours to
-    // take.
+    // A successful detach (0) ends the acquisition and a failed one does not: the pedal's own interface
+    // never has a driver, so if a driver could be detached, somebody else is using the pedal.
     if (handle->kernelDriverActive(pedalInterface) != 0 && !handle->detachKernelDriver(pedalInterface)) {
         giveUp("core:3", Failure::kernelDriver);
     }

@@ -4,7 +4,7 @@
 
 namespace kzq {
 
-/// Ends an acquisition from within; `KZQ7306::core` raises and catches it, nobody else sees it.
+/// Ends an acquisition from within; only `KZQ7306::core` throws and catches it.
 class KZQ730CleanUpAndExit : public std::runtime_error {
   public:
     [[noreturn]] static void raise() { throw KZQ730CleanUpAndExit(); }

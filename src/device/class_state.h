@@ -8,9 +8,9 @@
 
 namespace kzq {
 
-/// What belongs to the class rather than to its one instance. Internal to the device link.
+/// State of the class rather than of its one instance. Internal to the device link.
 struct ClassState {
-    std::mutex mutex;  ///< guards the members; held for moments only
+    std::mutex mutex;  ///< guards the members; held only briefly
     std::optional<DeviceEnvironment> environment;
     std::shared_ptr<DeviceLock> lock;
     std::shared_ptr<KZQ7306> shared;

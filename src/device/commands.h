@@ -17,19 +17,19 @@ inline constexpr unsigned loopSlots = 20;
 /// Audio moves in pieces of at most this many bytes, in both directions.
 inline constexpr std::size_t transferPiece = 1024;
 
-/// The code of a command travels in bmRequestType; bRequest is the same for all. wValue is 1 and wIndex 0
-/// where a command has no parameters.
+/// A command's code is in bmRequestType; bRequest is the same for all. wValue is 1 and wIndex 0 for a command
+/// without parameters.
 inline constexpr std::uint8_t pedalRequest = 0x2A;
 inline constexpr std::uint16_t replyLength = 8;
 inline constexpr std::uint16_t loopTableLength = 60;
 
 namespace command {
 inline constexpr std::uint8_t importLoop = 0xE1;    ///< wValue address, wIndex channel; audio follows on 0x81
-inline constexpr std::uint8_t exportLoop = 0xE2;    ///< wValue slot - 1, wIndex 1 when it holds a loop
+inline constexpr std::uint8_t exportLoop = 0xE2;    ///< wValue slot - 1, wIndex 1 if it holds a loop
 inline constexpr std::uint8_t exportLength = 0xE3;  ///< wValue low, wIndex high half of the byte count
 inline constexpr std::uint8_t enterLoader = 0xE4;   ///< into the loader; in the loader: prepare for the image
 inline constexpr std::uint8_t announceTrailer = 0xE5;  ///< after the image, before its 36-byte trailer
-inline constexpr std::uint8_t openUpdate = 0xE7;  ///< opens an update with a pedal that has only its loader
+inline constexpr std::uint8_t openUpdate = 0xE7;  ///< starts an update of a pedal that has only its loader
 inline constexpr std::uint8_t busy = 0xE8;        ///< byte 4 'N': busy; byte 6: the sequence byte
 inline constexpr std::uint8_t stage = 0xE9;       ///< byte 5: the stage character
 inline constexpr std::uint8_t capacityAndVersion = 0xEA;  ///< u32 remaining, then 4 ASCII characters

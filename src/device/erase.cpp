@@ -31,8 +31,8 @@ bool KZQ7306::eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion comple
                                     KZQ7306& self) { self.eraseBatch(slots, completion); });
 }
 
-/// Ends in one of two ways that differ on purpose: cancelled, the pedal is told (without a reset) and the
-/// link is idle before the completion; otherwise the completion runs first, and the link is idle only after
+/// Ends in one of two ways that differ on purpose. If cancelled, it sends `abandon` (without a reset) and the
+/// link is idle before the completion; otherwise the completion runs first, and the link is idle only once
 /// the lock is free.
 void KZQ7306::eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion) {
     auto lock = beginOperation(importingOrErasing);

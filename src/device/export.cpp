@@ -15,10 +15,10 @@ namespace kzq {
 
 namespace {
 
-/// All that the pedal holds, 24 minutes, with the header in front.
+/// All the pedal can hold, 24 minutes, plus the header.
 constexpr std::uintmax_t largestCopy = std::uintmax_t{24} * 60 * waveSampleRate * 6 + waveHeaderSize;
 
-/// The whole file, or nothing when it is none, is empty, longer than any loop or cannot be read.
+/// The whole file, or nothing if it is not a file, is empty, longer than any loop or unreadable.
 std::optional<Bytes> contents(const std::filesystem::path& path) {
     std::error_code error;
     const bool plain = std::filesystem::is_regular_file(path, error);

@@ -4,7 +4,7 @@
 
 namespace kzq {
 
-/// Why the device link's last operation gave nothing, NO or 0: for the log and for whoever explains it to a
+/// Why the device link's last operation returned nothing, false or 0: for the log and for messages to the
 /// user.
 enum class Failure {
     none,
@@ -13,17 +13,17 @@ enum class Failure {
     heldByAnother,   ///< another program or driver has the interface
     kernelDriver,    ///< a kernel driver was detached, which ends an acquisition
     cannotOpen,      ///< opening failed for another reason
-    noStage,         ///< opened, but it gave no answer to who it is
-    unknownStage,    ///< opened, but in neither of the stages the program knows
+    noStage,         ///< opened, but it did not answer the stage query
+    unknownStage,    ///< opened, but in a stage the program does not know
     badRequest,      ///< slot out of range or a callback missing
     emptySlot,       ///< there is no loop in that slot
     noStatus,        ///< the loop table could not be read
     refused,         ///< the pedal answered 'N'
-    transferFailed,  ///< a bulk transfer failed or came up short
+    transferFailed,  ///< a bulk transfer failed or was short
     cancelled,       ///< cancelTransfer
     tooLarge,        ///< more audio than a WAV file can hold
     noAudio,         ///< the file to export holds no audio
-    outOfMemory      ///< no room to hold the audio
+    outOfMemory      ///< not enough memory for the audio
 };
 
 /// A stable word for logs, such as "no-pedal".

@@ -16,7 +16,7 @@ constexpr auto settling = std::chrono::seconds(1);     ///< the loader stores th
 constexpr std::size_t lengthSize = 4;
 constexpr std::size_t digestSize = 32;
 
-/// What follows an image: its length and its SHA-256. Nothing when they cannot be told.
+/// What follows an image: its length and its SHA-256. Nothing if they cannot be computed.
 std::optional<std::vector<std::uint8_t>> trailerOf(const std::vector<std::uint8_t>& image) {
     const auto digest = SHA256(image);
     if (image.empty() || image.size() > std::numeric_limits<std::uint32_t>::max() || !digest ||
@@ -63,7 +63,7 @@ bool KZQ7306::beginFirmwareUpdate() {
     if (blank) {
         completeFirmwareUpdate();
     }
-    // Otherwise the pedal now restarts into its loader, and its return carries the update on.
+    // Otherwise the pedal now restarts into its loader, and the update continues when it returns.
     return true;
 }
 
@@ -77,7 +77,7 @@ bool KZQ7306::completeFirmwareUpdate() {
     return endFirmwareUpdate(flash->completion, sendFirmware(flash->firmware));
 }
 
-/// The loader's part of an update. The pauses are slept with the lock held, so that nothing else talks to the
+/// The loader's part of an update. The lock is held during the pauses, so that nothing else talks to the
 /// pedal.
 bool KZQ7306::sendFirmware(const std::vector<std::uint8_t>& image) {
     const auto trailer = trailerOf(image);

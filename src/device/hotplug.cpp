@@ -13,8 +13,8 @@ namespace {
 
 constexpr auto firstPoll = std::chrono::seconds(5);
 
-/// Queues `handler` on the main thread, where it runs under the device lock: at once, or, while a batch holds
-/// the lock, in its turn when the batch lets go.
+/// Queues `handler` on the main thread, where it runs under the device lock: at once, or, if a batch holds
+/// the lock, in its turn once the batch is done.
 int handOver(const UsbDevicePointer& device, void (*handler)(const UsbDevicePointer&)) {
     const auto environment = classState().getEnvironment();
     const auto lock = classState().getLock();

@@ -48,7 +48,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
     }
 }
 
-/// The loop's frames, after the pedal has agreed to send them; the padding it sends behind them is dropped.
+/// The loop's frames, once the pedal has agreed to send them; the padding after them is dropped.
 std::optional<std::vector<std::uint8_t>> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot,
                                                             const TransferProgress& progress) {
     std::vector<std::uint8_t> audio;

@@ -9,7 +9,7 @@
 namespace kzq {
 
 ClassState& classState() {
-    // Never destroyed: a parked thread may still ask for it while the process ends.
+    // Never destroyed: a blocked thread may still use it while the process ends.
     static auto* const state = new ClassState;
     return *state;
 }
@@ -26,7 +26,7 @@ void KZQ7306::unload() {
     auto& state = classState();
     const std::lock_guard guard(state.mutex);
     if (state.shared) {
-        state.shared->setFlash(std::nullopt);  // its completion may well hold the instance
+        state.shared->setFlash(std::nullopt);  // its completion may hold the instance
     }
     state.shared.reset();
     state.environment.reset();

@@ -33,7 +33,7 @@ struct DeviceEnvironment {
 ///
 /// Every operation that touches the pedal takes the process-wide device lock; batches run on a background
 /// thread and hold it from their first slot to their last. Operations that wait for the pedal are for
-/// background threads: the main thread calls only what is marked so.
+/// background threads: the main thread calls only what is marked as such.
 class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
   public:
     using Reply = std::vector<std::uint8_t>;
@@ -42,15 +42,15 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     // --- the class: start-up, hot-plug, polling
 
-    /// Once, before everything else: takes the environment and initialises USB.
+    /// Called once, before anything else: takes the environment and initialises USB.
     static void load(DeviceEnvironment environment);
-    /// Forgets the shared instance and the environment; for tests, when no work of the link is under way.
+    /// Forgets the shared instance and the environment; for tests, while the link does no work.
     static void unload();
 
     /// Starts the link with its delegate: hot-plug callbacks, the hot-plug thread and the first poll in 5
     /// seconds. Main thread.
     static void initialize(const std::shared_ptr<KZQ7306Delegate>& delegate);
-    /// The shared instance; null before `load`, and while the system's minor version reads 0. Any thread.
+    /// The shared instance; null before `load`, and if the system's minor version is 0. Any thread.
     static std::shared_ptr<KZQ7306> looper();
 
     /// A pedal arrived (left): acquires and announces (releases and announces) it. Main thread, device lock
@@ -70,13 +70,13 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool core(const UsbDevicePointer& device);
     /// Releases the pedal and forgets its cached version.
     void decore();
-    /// The open device; null when no pedal is acquired.
+    /// The open device; null if no pedal is acquired.
     std::shared_ptr<UsbHandle> core() const;
 
     // --- requests: nothing, or false, without a pedal
 
     /// Sends a command and returns its reply, zero-filled where the pedal sent nothing: a failed transfer
-    /// reads as a reply of zeros.
+    /// gives a reply of zeros.
     std::optional<Reply> control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
                                  std::uint16_t index, std::uint16_t length);
     std::optional<Reply> control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
@@ -95,11 +95,11 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::optional<Status> status(bool full);
     std::uint32_t remaining();
     std::optional<Loops> loops();
-    /// The same two in the background; `block` runs there, under the device lock. False when it is missing.
+    /// The same two in the background; `block` runs there, under the device lock. False if it is missing.
     bool remaining(std::function<void(std::uint32_t)> block);
     bool loops(std::function<void(std::optional<Loops>)> block);
-    /// Whether an operation runs or the pedal says that it is busy. `stale`, if given, is set when the pedal
-    /// was asked: whether its sequence byte differs from `autoincrement`.
+    /// Whether an operation runs or the pedal says that it is busy. If the pedal was asked, `stale` (if
+    /// given) is set to whether its sequence byte differs from `autoincrement`.
     bool busy(bool* stale = nullptr);
 
     // Mirrored: these never wait for a transfer. Any thread.
@@ -123,16 +123,16 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool isAtLeastCatalina() const { return macos_ > 14; }
     /// Why the latest failure happened. Inside a partial-completion callback: why that loop failed.
     Failure lastFailure() const { return lastFailure_; }
-    /// How many requests have come back short or not at all. Their replies read as zeros, which in a loop
-    /// table look like empty slots: whoever decides by what the pedal holds compares this before and after.
+    /// How many requests got a short reply or none. Missing bytes are zeros, which in a loop table look like
+    /// empty slots: before acting on what the pedal holds, compare this from before and after the reading.
     std::uint32_t shortReplies() const { return shortReplies_; }
-    /// Why the pedal that arrived last could not be used; none when it can, or has left.
+    /// Why the pedal that arrived last could not be used; none if it could, or has left.
     Failure acquisitionFailure() const { return acquisitionFailure_; }
 
     // --- transfers
 
     /// Of one loop: the bytes of the piece that has moved. Of a batch: the running total of all its loops,
-    /// modulo 2^32. An import tells the slot (1 to 20), an export the slot minus 1 (0 to 19).
+    /// modulo 2^32. Imports report the slot (1 to 20), exports the slot minus 1 (0 to 19).
     using TransferProgress = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
     /// The WAV file image of one loop, or nothing.
     using ImportPartialCompletion =
@@ -142,7 +142,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// How many loops succeeded.
     using BatchCompletion = std::function<void(std::uint8_t count)>;
 
-    // One loop: block until it is done, keep the reason of a failure in lastFailure().
+    // One loop: blocks until done, keeps the reason for a failure in lastFailure().
 
     /// A WAV file image.
     std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const TransferProgress& progress);
@@ -150,7 +150,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::uint32_t exportLoop(const ExportInfo& info, const TransferProgress& progress);
     bool eraseLoop(std::uint8_t slot);
 
-    // Batches: false when busy or when something is missing, and then no callback ever comes. Otherwise they
+    // Batches: false if busy or if something is missing, and then no callback ever comes. Otherwise they
     // go through their loops in the background, in the order of the list (exports: of the slots). Callbacks
     // run there, with the device lock held; a loop that fails does not stop the batch.
 
@@ -159,10 +159,11 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool exportLoops(Exports exports, TransferProgress progress, ExportPartialCompletion partialCompletion,
                      BatchCompletion completion);
     bool eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion);
-    /// Replaces the pedal's firmware. False when busy or when something is missing, and then `completion`
-    /// never comes. Otherwise it comes once, on a background thread under the device lock: whether the pedal
-    /// has the image and its trailer. A pedal in its normal firmware first restarts into its loader; if it
-    /// does not come back from there, the update stays pending and `operation` stays at flashing.
+    /// Replaces the pedal's firmware. False if busy or if something is missing, and then `completion` is
+    /// never called. Otherwise it is called once, on a background thread under the device lock, with whether
+    /// the pedal has the image and its trailer. A pedal in its normal firmware first restarts into its
+    /// loader; if it does not come back from there, the update stays pending and `operation` stays at
+    /// flashing.
     using FlashCompletion = std::function<void(bool flashed)>;
     bool flashFirmware(std::vector<std::uint8_t> image, FlashCompletion completion);
     /// Its two halves, before and after the restart.
@@ -172,7 +173,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     /// Asks the running batch to stop before its next piece. Any thread.
     void cancelTransfer() { cancel_ = true; }
-    /// Resets the pedal without waiting for the lock, which ends a transfer that hangs: for a pedal that has
+    /// Resets the pedal without waiting for the lock, which ends a hanging transfer: for a pedal that has
     /// stopped answering. Any thread.
     void interrupt() const;
 
@@ -188,7 +189,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     void acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle);
     [[noreturn]] void giveUp(std::string_view tag, Failure failure);
 
-    /// Keeps the reason; answers false, for `return fail(...)`.
+    /// Keeps the reason; returns false, for `return fail(...)`.
     bool fail(Failure failure);
     bool refused(const std::optional<Reply>& reply);
     bool readLoops(Loops& loops);
@@ -197,8 +198,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::uint32_t sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
                             const TransferProgress& progress);
 
-    /// Whether an operation may start. From then until it begins, no other one may: each would find the pedal
-    /// idle.
+    /// Whether an operation may start. From then until it begins, no other one may: it too would find the
+    /// pedal idle.
     bool claim(bool complete);
     bool startBatch(bool complete, std::function<void(KZQ7306&)> batch);
     std::unique_lock<DeviceLock> beginOperation(Operation operation);
@@ -206,7 +207,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
                        const std::function<bool(std::uint8_t slot)>& transfer,
                        const BatchCompletion& completion);
     void eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion);
-    /// An update that is carried across the pedal's restart into its loader.
+    /// An update that survives the pedal's restart into its loader.
     struct Flash {
         std::vector<std::uint8_t> firmware;
         FlashCompletion completion;
@@ -217,7 +218,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool sendFirmware(const std::vector<std::uint8_t>& image);
     bool endFirmwareUpdate(const FlashCompletion& completion, bool flashed);
 
-    /// Adds up what the loops of a batch report, until it is cancelled.
+    /// Sums up what the loops of a batch report, until it is cancelled.
     TransferProgress runningTotal(TransferProgress progress);
     void abandonTransfer(std::uint8_t endpoint);
 
@@ -233,7 +234,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<std::uint32_t> shortReplies_ = 0;
     std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
-    /// Guards what follows, for moments only: never held during USB traffic or a callback.
+    /// Guards the members below; held only briefly, never during USB traffic or a callback.
     mutable std::mutex mirror_;
     std::weak_ptr<KZQ7306Delegate> delegate_;
     char stage_ = 0;                      ///< 0 no pedal, 'p' normal firmware, 'b' only its loader

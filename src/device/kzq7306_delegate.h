@@ -8,7 +8,7 @@ namespace kzq {
 
 class KZQ7306;
 
-/// Hears of the pedal's coming, going and changes; always on the main thread.
+/// Is notified when the pedal arrives, leaves or changes; always on the main thread.
 class KZQ7306Delegate {
   public:
     KZQ7306Delegate() = default;
@@ -22,7 +22,7 @@ class KZQ7306Delegate {
     virtual void looperIsConnected(KZQ7306& looper) = 0;
     /// The pedal left the bus. Called with the device lock held.
     virtual void looperHasBeenDisconnected() = 0;
-    /// A poll found another status than the last one, or `refresh` was asked for.
+    /// A poll found a status that differs from the last one, or `refresh` was called.
     virtual void looperInternalStateChanged(const Status& status) = 0;
 };
 

@@ -48,7 +48,7 @@ void KZQ7306::poll(Executor& executor, Executor::TimePoint start, bool repeating
     });
 }
 
-/// The full status, kept as the one last reported; nothing when there is none, or when it is the last one and
+/// The full status, kept as the one last reported; nothing if there is none, or if it equals the last one and
 /// only changes count.
 std::optional<Status> KZQ7306::news(bool onlyChanges) {
     const std::lock_guard guard(*lock_);

@@ -12,8 +12,8 @@ namespace kzq {
 struct Loop {
     std::uint8_t address = 0;        ///< 0 to 19: the pedal's own number, the slot number minus 1
     std::uint32_t samples = 0;       ///< frames of 6 bytes
-    std::uint8_t tempo = 0;          ///< never 0; carried unchanged
-    std::uint8_t channel = 0;        ///< never 0; handed back when the loop is read
+    std::uint8_t tempo = 0;          ///< never 0; passed on unchanged
+    std::uint8_t channel = 0;        ///< never 0; sent back when the loop is read
     std::uint32_t bytes = 0;         ///< samples * 6, modulo 2^32
     std::uint32_t alignedBytes = 0;  ///< bytes rounded up to 64, modulo 2^32: what the pedal sends
 
@@ -23,11 +23,11 @@ struct Loop {
 /// Slot number, 1 to 20, to its loop; empty slots have no entry.
 using Loops = std::map<std::uint8_t, Loop>;
 
-/// What the pedal says of itself.
+/// What the pedal reports about itself.
 struct Status {
-    std::uint32_t remaining = 0;  ///< as it comes; free space is derived from the loops instead
+    std::uint32_t remaining = 0;  ///< as received; free space is derived from the loops instead
     std::string version;          ///< 4 ASCII characters
-    Loops loops;                  ///< empty when the status was asked for without loops
+    Loops loops;                  ///< empty if the status was requested without loops
 
     bool operator==(const Status&) const = default;
 };

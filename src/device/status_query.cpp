@@ -116,8 +116,7 @@ bool KZQ7306::busy(bool* stale) {
     if (factoryBlank()) {
         return false;
     }
-    // A batch that starts at this moment keeps the lock for minutes: that is an answer, not something to wait
-    // for.
+    // A batch that starts at this moment holds the lock for minutes: then the pedal is busy, without waiting.
     if (!lock_->lockUnless(running)) {
         return true;
     }

@@ -26,8 +26,8 @@ enum UsbResult : int {
     usbOther = -99
 };
 
-/// One pedal on the bus, for as long as somebody keeps it: a reference is held from the arrival on, so it may
-/// be opened (and then fails) after the pedal has left.
+/// One pedal on the bus. It holds a reference from the arrival on, so opening it after the pedal has left is
+/// safe (and fails).
 class UsbDevice {
   public:
     UsbDevice() = default;
@@ -39,8 +39,8 @@ class UsbDevice {
 };
 using UsbDevicePointer = std::shared_ptr<UsbDevice>;
 
-/// An open device; destroying it closes it. Transfers have no time limit: they end when they are done, when
-/// they fail, and at once when the device leaves the bus or is reset. `reset` may be called while another
+/// An open device; destroying it closes it. Transfers have no time limit: they end when done, when
+/// they fail, or at once when the device leaves the bus or is reset. `reset` may be called while another
 /// thread is in a transfer; all other calls come one at a time.
 class UsbHandle {
   public:
@@ -51,17 +51,17 @@ class UsbHandle {
     UsbHandle& operator=(UsbHandle&&) = delete;
     virtual ~UsbHandle() = default;
 
-    /// 1 when a kernel driver holds the interface, 0 when none does, or a UsbResult error.
+    /// 1 if a kernel driver holds the interface, 0 if none does, or a UsbResult error.
     virtual int kernelDriverActive(int interface) = 0;
     virtual UsbResult detachKernelDriver(int interface) = 0;
     virtual UsbResult claimInterface(int interface) = 0;
     virtual UsbResult releaseInterface(int interface) = 0;
 
-    /// A control request whose reply fills `reply` (its size is wLength). Returns the bytes that came, or a
-    /// UsbResult error; what came before an error stands in `reply`.
+    /// A control request whose reply fills `reply` (its size is wLength). Returns the bytes received, or a
+    /// UsbResult error; what came before an error is in `reply`.
     virtual int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                         std::uint16_t index, std::span<std::uint8_t> reply) = 0;
-    /// `transferred` is set in every case, also on failure.
+    /// `transferred` is always set, even on failure.
     virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
                              std::size_t& transferred) = 0;
     virtual UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
@@ -71,22 +71,22 @@ class UsbHandle {
 
 enum class HotplugEvent { arrived, left };
 
-/// Which devices a hot-plug callback hears of.
+/// Which devices a hot-plug callback is called for.
 struct HotplugFilter {
     static constexpr int anyClass = -1;
 
     std::uint16_t vendor = 0;
     std::uint16_t product = 0;
     int deviceClass = anyClass;
-    bool enumerate = false;  ///< announce devices that are already there, inside the registration
+    bool enumerate = false;  ///< announce devices that are already there, during the registration
 };
 
-/// Returns 0 to stay registered. Called on the thread that runs handleEvents, or, when enumerating, on the
-/// thread that registers; it must not call back into the port.
+/// Returns 0 to stay registered. Called on the thread that runs handleEvents or, when enumerating, on the
+/// registering thread; it must not call back into the port.
 using HotplugCallback = std::function<int(const UsbDevicePointer& device, HotplugEvent event)>;
 
 /// The seam between the device link and USB: the real bus (device/libusb) or the simulated pedal
-/// (device/simulator). Whatever the host system needs beyond what the pedal expects lives behind it.
+/// (device/simulator). Host-specific details live behind it.
 class UsbPort {
   public:
     UsbPort() = default;
@@ -100,10 +100,10 @@ class UsbPort {
     virtual UsbResult initialize() = 0;
     virtual UsbResult registerHotplug(HotplugEvent event, const HotplugFilter& filter,
                                       HotplugCallback callback) = 0;
-    /// Waits for events and delivers them; called over and over on a thread that does nothing else.
+    /// Waits for events and delivers them; called in a loop on a thread that does nothing else.
     virtual UsbResult handleEvents() = 0;
 
-    /// Both set `result`, and return null exactly when it is not usbSuccess.
+    /// Both set `result`, and return null exactly if it is not usbSuccess.
     virtual std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) = 0;
     virtual std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product,
                                             UsbResult& result) = 0;
