@@ -25,7 +25,7 @@ void LIBUSB_CALL finished(libusb_transfer* transfer) {
 void waitFor(libusb_transfer& transfer, int& completed) {
     while (std::atomic_ref(completed).load(std::memory_order_acquire) == 0) {
         const int result = libusb_handle_events_completed(nullptr, &completed);
-        // The buffers belong to libusb until the transfer has ended, so there is no way out before that.
+        // The buffers belong to libusb until the transfer has ended, so it cannot be left before that.
         if (result < 0 && result != LIBUSB_ERROR_INTERRUPTED) {
             libusb_cancel_transfer(&transfer);
         }
@@ -68,7 +68,7 @@ ControlOutcome controlTransfer(libusb_device_handle* handle, std::uint8_t reques
                               static_cast<std::uint16_t>(reply.size()));
     int completed = 0;
     libusb_fill_control_transfer(transfer.get(), handle, buffer.data(), finished, &completed, 0);
-    // The kernel's own refusals all come as IO, here and at once; errors of the bus come with the completion.
+    // The kernel's own refusals all show here, at once, as IO; bus errors come with the completion.
     if (const int result = libusb_submit_transfer(transfer.get()); result < 0) {
         return {.result = result, .refusedByHost = result == LIBUSB_ERROR_IO};
     }

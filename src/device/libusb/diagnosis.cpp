@@ -56,7 +56,7 @@ fs::path nodeOf(const SystemPlaces& places, const fs::path& pedal) {
     return places.nodes / threeDigits(firstWord(pedal / "busnum")) / threeDigits(firstWord(pedal / "devnum"));
 }
 
-/// The driver that has the pedal's interface; usbfs stands for a program. Empty when it is free.
+/// The driver bound to the pedal's interface; usbfs means a program. Empty if it is free.
 std::string driverOf(const fs::path& pedal) {
     std::error_code error;
     const auto interface = pedal / (pedal.filename().string() + ":1.0") / "driver";

@@ -50,9 +50,9 @@ HotplugTicket addHotplug(HotplugEvent event, const HotplugFilter& filter, Hotplu
         ticket = ++all.last;
         all.callbacks.emplace(ticket, std::move(callback));
     }
-    // A number on its way through C; nobody follows it as a pointer.
+    // A number passed through C; it is never dereferenced.
     auto* const userData = reinterpret_cast<void*>(ticket);  // NOLINT(performance-no-int-to-ptr)
-    // Without the mutex: devices that are already there are delivered before this call returns.
+    // Without the mutex: devices that are already there are announced before this call returns.
     const int registered = libusb_hotplug_register_callback(
         nullptr,
         event == HotplugEvent::arrived ? LIBUSB_HOTPLUG_EVENT_DEVICE_ARRIVED

@@ -4,15 +4,14 @@
 
 namespace kzq {
 
-/// The hot-plug callbacks that are registered with libusb. libusb may be about to make a call when its
-/// registration is withdrawn, so it is handed a number instead of an object, and the numbers outlive every
-/// thread.
+/// The hot-plug callbacks registered with libusb. libusb may be about to call one when it is deregistered, so
+/// libusb gets a number instead of an object, and the numbers outlive every thread.
 using HotplugTicket = std::uintptr_t;
 
-/// Registers with libusb; 0 when that failed, with the reason in `result`.
+/// Registers with libusb; 0 if that failed, with the reason in `result`.
 HotplugTicket addHotplug(HotplugEvent event, const HotplugFilter& filter, HotplugCallback callback,
                          UsbResult& result);
-/// Withdraws a registration; on return its callback is not running and is not called again.
+/// Deregisters; on return the callback is not running and is not called again.
 void removeHotplug(HotplugTicket ticket);
 
 }  // namespace kzq

@@ -6,7 +6,7 @@ struct libusb_device;
 
 namespace kzq {
 
-/// A reference to a device of libusb. Without it the device would be freed when it leaves the bus, and
+/// A reference to a libusb device. Without it the device would be freed when it leaves the bus, and
 /// opening it afterwards would read freed memory instead of failing.
 class LibusbDevice : public UsbDevice {
   public:

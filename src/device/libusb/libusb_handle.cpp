@@ -17,8 +17,8 @@ namespace kzq {
 
 namespace {
 
-// One large write would have to fit into the kernel's memory for USB at once (16 MiB for all programs, less
-// on some controllers). 64 KiB is a multiple of every packet size, so the bytes on the wire are the same.
+// One large write would need that much of the kernel's USB memory at once (16 MiB for all programs, less on
+// some controllers). 64 KiB is a multiple of every packet size, so the bytes on the wire are the same.
 constexpr std::size_t writePiece = 65'536;
 
 std::string hexadecimal(std::uint8_t number) {
@@ -100,7 +100,7 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
     while (transferred < from.size()) {
         const auto piece = from.subspan(transferred, std::min(writePiece, from.size() - transferred));
         std::size_t moved = 0;
-        // libusb has one call for both directions; it only reads what goes out.
+        // libusb has one call for both directions; it only reads outgoing data.
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
         auto* const data = const_cast<std::uint8_t*>(piece.data());
         const UsbResult result = bulk(handle_, endpoint, data, piece.size(), moved);

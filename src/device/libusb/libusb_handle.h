@@ -12,10 +12,10 @@ namespace kzq {
 
 class HostRefusal;
 
-/// An open device of libusb; closes it.
+/// An open libusb device; closes it.
 class LibusbHandle : public UsbHandle {
   public:
-    /// Takes `handle` over.
+    /// Takes ownership of `handle`.
     LibusbHandle(libusb_device_handle* handle, std::shared_ptr<HostRefusal> refusal);
     ~LibusbHandle() override;
 
@@ -27,8 +27,8 @@ class LibusbHandle : public UsbHandle {
                 std::span<std::uint8_t> reply) override;
     /// One transfer.
     UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t& transferred) override;
-    /// As many transfers as it takes, one after the other. One that ends early without an error ends the call
-    /// with usbSuccess, and `transferred` says how far it came.
+    /// As many transfers as needed, one after the other. If one ends early without an error, the call returns
+    /// usbSuccess, and `transferred` says how far it got.
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                       std::size_t& transferred) override;
     UsbResult reset() override;

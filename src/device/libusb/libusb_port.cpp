@@ -90,7 +90,7 @@ UsbResult LibusbPort::registerHotplug(HotplugEvent event, const HotplugFilter& f
 
 UsbResult LibusbPort::handleEvents() {
     if (started_ != usbSuccess) {
-        std::promise<void>().get_future().wait();  // for ever: without libusb there are no events
+        std::promise<void>().get_future().wait();  // forever: without libusb there are no events
     }
     return static_cast<UsbResult>(libusb_handle_events(nullptr));
 }
@@ -104,7 +104,7 @@ std::unique_ptr<UsbHandle> LibusbPort::open(const UsbDevicePointer& device, UsbR
     return openDevice(known->get(), refusal_, result);
 }
 
-// What libusb_open_device_with_vid_pid does, but with the reason when it fails.
+// Like libusb_open_device_with_vid_pid, but with the reason if it fails.
 std::unique_ptr<UsbHandle> LibusbPort::open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) {
     if (started_ != usbSuccess) {
         result = started_;

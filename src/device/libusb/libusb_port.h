@@ -8,10 +8,9 @@ namespace kzq {
 
 class HostRefusal;
 
-/// The real USB bus: libusb on its default context, which is never given back. Its devices and handles may
-/// outlive it; its callbacks do not: none is running or comes any more once its destructor has returned, so
-/// it must not be destroyed by a hot-plug callback. All members may be called from any thread; `initialize`
-/// comes first.
+/// The real USB bus: libusb on its default context, which is never freed. Its devices and handles may
+/// outlive it; its callbacks do not: none runs once the destructor has returned, so it must not be
+/// destroyed by a hot-plug callback. All members may be called from any thread, `initialize` first.
 class LibusbPort : public UsbPort {
   public:
     LibusbPort();
@@ -28,7 +27,7 @@ class LibusbPort : public UsbPort {
   private:
     struct Hotplug;
 
-    UsbResult started_ = usbOther;  ///< without libusb nothing is called but this object
+    UsbResult started_ = usbOther;  ///< if libusb did not start, it is never called
     std::unique_ptr<Hotplug> hotplug_;
     std::shared_ptr<HostRefusal> refusal_;  ///< shared with the handles
 };

@@ -6,7 +6,7 @@
 
 namespace kzq {
 
-/// `result` of libusb as a UsbResult; a failure is logged as "what: LIBUSB_ERROR_...".
+/// libusb's `result` as a UsbResult; a failure is logged as "what: LIBUSB_ERROR_...".
 UsbResult logged(std::string_view what, int result);
 
 }  // namespace kzq

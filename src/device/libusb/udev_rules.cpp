@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 constexpr auto rulesName = "70-kzq7306.rules";
 constexpr auto helperName = "kzq7306-usbtmc";
 
-/// The rules in `file`; one may go over several lines.
+/// The rules in `file`; a rule may span several lines.
 std::vector<std::string> rulesIn(const fs::path& file) {
     std::vector<std::string> rules;
     std::ifstream stream(file);
@@ -52,7 +52,7 @@ bool anyRule(const std::vector<fs::path>& folders, const std::function<bool(cons
         for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
              entry.increment(error)) {
             const auto& file = entry->path();
-            // A file stands in for those of the same name in the folders that count less.
+            // A file overrides those of the same name in folders of lower priority.
             if (file.extension() == ".rules" && seen.insert(file.filename()).second &&
                 std::ranges::any_of(rulesIn(file), wanted)) {
                 return true;
@@ -66,7 +66,7 @@ bool ofPedal(const std::string& rule) {
     return has(rule, "308a") && has(rule, "0104");
 }
 
-/// The folder with the rules, with a slash behind it, or nothing.
+/// The folder with the rules, with a trailing slash, or nothing.
 std::string shippedFolder(const fs::path& program) {
     std::error_code error;
     fs::path folder = fs::canonical(program, error);

@@ -6,9 +6,9 @@
 
 namespace kzq {
 
-/// Whether `folders`, of which an earlier one counts more, have a rule that lets users open the pedal.
+/// Whether `folders`, highest priority first, have a rule that lets users open the pedal.
 bool hasAccessRule(const std::vector<std::filesystem::path>& folders);
-/// ... one that runs the helper for the road that import takes.
+/// ... a rule that runs the helper that import needs.
 bool hasHelperRule(const std::vector<std::filesystem::path>& folders);
 
 /// The commands that install the rules and the helper that `program` came with: those in a folder

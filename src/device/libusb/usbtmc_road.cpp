@@ -27,11 +27,11 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto driverFolder = "/sys/bus/usb/drivers/usbtmc";
 constexpr auto nodesFolder = "/sys/class/usbmisc";
-/// For udev to give the node to the user.
+/// How long to wait for udev to give the node to the user.
 constexpr std::chrono::milliseconds accessPatience{500};
 constexpr std::chrono::milliseconds accessPause{2};
 
-/// The interface in the hands of its kernel driver, until the end of the scope.
+/// Leaves the interface to its kernel driver until the end of the scope.
 class Lent {
   public:
     Lent(libusb_device_handle* handle, int interface) : handle_(handle), interface_(interface) {
@@ -83,7 +83,7 @@ std::optional<fs::path> nodeOf(libusb_device* device) {
     return std::nullopt;
 }
 
-/// The file appears at once and belongs to root; udev comes round to its rules a little later.
+/// The file appears at once and belongs to root; udev applies its rules a little later.
 Descriptor openNode(const fs::path& node) {
     const auto deadline = Clock::now() + accessPatience;
     while (true) {
@@ -117,7 +117,7 @@ int forward(const Descriptor& node, const usbtmc_request& setup, std::span<std::
     if (came < 0) {
         return logged("a request by way of usbtmc", resultOf(errno));
     }
-    // The driver copies all of its buffer, whatever stood in it behind a short reply.
+    // The driver copies its whole buffer, even stale bytes after a short reply.
     std::ranges::fill(reply.subspan(std::min(reply.size(), static_cast<std::size_t>(came))), std::uint8_t{0});
     return came;
 }

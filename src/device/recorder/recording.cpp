@@ -52,8 +52,8 @@ bool parseHex(std::string_view text, std::vector<std::uint8_t>& bytes) {
     return true;
 }
 
-/// The calls that there are, with the forms of their arguments: d and i a number (i may be negative), 2 and 4
-/// that many hexadecimal digits, w "arrived" or "left", p what goes out.
+/// The existing calls, with the forms of their arguments: d and i a number (i may be negative), 2 and 4
+/// that many hexadecimal digits, w "arrived" or "left", p outgoing data.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 13> calls{{{"initialize", ""},
                                                                                {"register", "w44id"},
                                                                                {"open", "d"},
@@ -104,10 +104,10 @@ bool isCall(const Words& words) {
     return true;
 }
 
-/// Reads line after line; what one says has to go with those before it.
+/// Reads line after line; each must be consistent with those before it.
 class Reader {
   public:
-    /// Why the line is none of a recording; nullptr when it is.
+    /// Why the line is invalid; nullptr if it is valid.
     const char* take(std::size_t number, const std::string& line) {
         RecordedEvent event{.line = number};
         const Words words = wordsOf(line);
@@ -163,7 +163,7 @@ class Reader {
         return good ? nullptr : "is no result of its call";
     }
 
-    /// What stands behind the result.
+    /// What follows the result.
     static bool takeData(RecordedEvent& event, const Words& call, const Words& data) {
         const std::string_view verb = call.front();
         std::size_t asked = 0;
@@ -190,7 +190,7 @@ class Reader {
             return "is neither an event nor a comment";
         }
         event.kind = kind->second;
-        // Nobody would ever take one in, and a replay would wait for that.
+        // Nobody would ever receive it, and a replay would wait for that.
         const bool heard = registrations_.contains(event.number) &&
                            (event.kind != Kind::there || open_.contains(event.number));
         return heard ? nullptr : "is news for no registration";
@@ -199,7 +199,7 @@ class Reader {
     Recording recording_;
     std::chrono::microseconds last_{};
     unsigned calls_ = 0;
-    std::map<unsigned, std::string> open_;  ///< calls under way, by number
+    std::map<unsigned, std::string> open_;  ///< running calls, by number
     std::set<unsigned> registrations_;      ///< by the number of their call
 };
 

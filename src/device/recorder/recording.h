@@ -10,7 +10,7 @@
 
 namespace kzq::recorder {
 
-/// The first line of a recording; the number is that of the format, which doc/usb.md describes.
+/// The first line of a recording; the number is the format version. See doc/usb.md.
 inline constexpr std::string_view recordingHeader = "kzq7306-usb-recording 1";
 
 /// What happened at the port, one line of a recording.
@@ -18,19 +18,19 @@ struct RecordedEvent {
     enum class Kind {
         call,
         result,
-        there,    ///< a device was announced inside the registration
-        arrived,  ///< ... or by the thread that handles events
+        there,    ///< a device was announced during the registration
+        arrived,  ///< ... or by the event thread
         left
     };
 
     Kind kind = Kind::call;
     std::size_t line = 0;  ///< in the file, from 1
     std::chrono::microseconds time{};
-    unsigned number = 0;  ///< of the call: its own, the one that ends, or the registration that heard of it
-    std::string words = {};                ///< call: its name and arguments
-    unsigned device = 0;                   ///< there, arrived, left
-    int result = 0;                        ///< a count of bytes, or a UsbResult error
-    std::size_t transferred = 0;           ///< of a bulk transfer
+    unsigned number = 0;          ///< of the call: its own, the one that ends, or the registration notified
+    std::string words = {};       ///< call: its name and arguments
+    unsigned device = 0;          ///< there, arrived, left
+    int result = 0;               ///< a count of bytes, or a UsbResult error
+    std::size_t transferred = 0;  ///< of a bulk transfer
     std::vector<std::uint8_t> bytes = {};  ///< the reply to a request, all of it; the data that came in
 };
 
@@ -38,7 +38,7 @@ struct Recording {
     std::vector<RecordedEvent> events;
 };
 
-/// Nothing, with a sentence in `error` that tells the line, for what is no whole recording.
+/// Nothing, with a sentence in `error` that names the line, if the recording is not valid and complete.
 std::optional<Recording> readRecording(std::istream& file, std::string& error);
 
 }  // namespace kzq::recorder

@@ -42,7 +42,7 @@ void RecordingFile::write(std::string_view line) {
             length_ += static_cast<off_t>(text.size());
             return;
         }
-        // Whole lines can still be used; where even that fails, a reader sees the cut.
+        // Complete lines can still be used; if even that fails, a reader notices the cut.
         static_cast<void>(::ftruncate(file_.get(), length_) == 0);
         file_.close();
     }

@@ -13,15 +13,15 @@
 
 namespace kzq::recorder {
 
-/// The file that a recording goes into. Each line is in it when `write` returns, so that a program that ends
-/// at once has lost none; a disk that is full ends the recording and nothing else. Any thread.
+/// The file of a recording. Each line is in it when `write` returns, so none is lost if the program ends
+/// abruptly; a full disk ends the recording and nothing else. Any thread.
 class RecordingFile {
   public:
-    /// Hears, once at most, of a recording that could not go on: a sentence. Must not log.
+    /// Called at most once, with a sentence, if the recording cannot continue. Must not log.
     using Trouble = std::function<void(const std::string& sentence)>;
 
-    /// A new file that only its owner may read, for it holds audio. Null, with a sentence in `problem`, when
-    /// there is one of that name already or it cannot be made.
+    /// A new file that only its owner may read, because it holds audio. Null, with a sentence in `problem`,
+    /// if a file of that name exists or it cannot be created.
     static std::shared_ptr<RecordingFile> create(const std::filesystem::path& path, Trouble trouble,
                                                  std::string& problem);
     RecordingFile(Descriptor file, Trouble trouble) : file_(std::move(file)), trouble_(std::move(trouble)) {}
@@ -32,7 +32,7 @@ class RecordingFile {
   private:
     std::mutex mutex_;
     Descriptor file_;
-    off_t length_ = 0;  ///< of the whole lines
+    off_t length_ = 0;  ///< of the complete lines
     Trouble trouble_;
 };
 

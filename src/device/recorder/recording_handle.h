@@ -9,7 +9,7 @@
 
 namespace kzq::recorder {
 
-/// An open device whose calls are written down.
+/// An open device whose calls are recorded.
 class RecordingHandle : public UsbHandle {
   public:
     /// `number`: of the call that opened it.

@@ -7,9 +7,8 @@
 
 namespace kzq::recorder {
 
-/// A port that writes down every call of another one, with its result, and what hot-plug announces. The data
-/// that comes in is written in full. A call gets its line before it is made: one that never ends is there,
-/// too.
+/// A port that records every call to another one, with its result, and every hot-plug event. Incoming data is
+/// recorded in full. A call is written before it is made, so even one that never ends is in the recording.
 class RecordingPort : public UsbPort {
   public:
     /// `port` outlives this and its handles.

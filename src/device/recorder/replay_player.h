@@ -16,15 +16,15 @@ struct ReplayPort::Player {
 
     Player(Executor& theExecutor, Recording theRecording, Listener theListener);
 
-    /// Takes part in the recording with a call; its number, or nothing when it is not the recorded one. A
-    /// registration has its callback, which can be due before this returns.
+    /// Matches a call with the recording; its number, or nothing if it is not the recorded one. A
+    /// registration passes its callback, which can be due before this returns.
     std::optional<unsigned> begin(const std::string& words, HotplugCallback callback = {});
-    /// A call and its result; usbNoDevice where there is none.
+    /// A call and its result; usbNoDevice if there is none.
     RecordedEvent ask(const std::string& words);
     /// Waits for an event that `mine` accepts to be the next, then for its time, and goes past it. Nothing
-    /// when something has differed meanwhile.
+    /// if a difference was found meanwhile.
     std::optional<RecordedEvent> take(const std::function<bool(const RecordedEvent&)>& mine);
-    /// Tells the registration of a device.
+    /// Notifies the registration of a device.
     void deliver(const RecordedEvent& event);
 
     const RecordedEvent* nextEvent() const;  ///< null at the end; the mutex is held

@@ -18,7 +18,7 @@ struct ReplayedDevice : UsbDevice {
     unsigned number;
 };
 
-/// When the last owner lets go of a device depends on threads that nobody waits for.
+/// When the last owner releases a device depends on threads that nobody waits for.
 Recording withoutClosing(Recording recording) {
     std::set<unsigned> calls;
     std::erase_if(recording.events, [&calls](const RecordedEvent& event) {

@@ -10,16 +10,16 @@
 
 namespace kzq::recorder {
 
-/// Plays a recording back: each call gets the result that it had, and hot-plug its events, at the times that
-/// they had after the start. The calls have to be the recorded ones, in the recorded order; those that never
+/// Plays a recording back: each call gets its recorded result, and hot-plug events come, at their recorded
+/// times after the start. The calls have to be the recorded ones, in the recorded order; those that never
 /// ended do not end here. Needs a thread in `handleEvents`, as any port does.
 ///
-/// From the first call that differs on nothing is played any more: that call and all others, also those that
-/// wait, fail with usbNoDevice. Closing a device is no call here, and behind the recording's end one may
-/// still be released: a recorded program may have ended without.
+/// The first call that differs stops the replay: that call and all others, including waiting ones, fail with
+/// usbNoDevice. Closing a device does not count as a call, and a release is allowed after the recording's
+/// end: a recorded program may have ended without it.
 class ReplayPort : public UsbPort {
   public:
-    /// Hears what differs: the line of the recording, what stands there and what was asked.
+    /// Called with what differs: the line of the recording, what it says and what was asked.
     using Listener = std::function<void(const std::string& difference)>;
 
     /// `executor` outlives the port and its handles.
