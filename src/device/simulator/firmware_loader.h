@@ -12,23 +12,24 @@
 
 namespace kzq::simulator {
 
-/// The pedal's loader: takes an image and its trailer and installs what matches. Not synchronised.
+/// The pedal's loader: receives an image and its trailer, and installs the image if they match. Not
+/// synchronised.
 class FirmwareLoader {
   public:
     explicit FirmwareLoader(WireJournal& journal) : journal_(journal) {}
 
     /// From now on the bulk pipe brings an image, which may come in pieces of any size.
     void prepare(Executor::TimePoint now);
-    /// From now on it brings the trailer; false when there is no image to end.
+    /// From now on it brings the trailer; false if there is no image.
     bool announceTrailer(Executor::TimePoint now);
-    /// Complains of a trailer that is not offered in one transfer of its whole length.
+    /// Records a violation if the trailer does not come in one transfer of its whole length.
     void inspectOffer(std::size_t bytes);
-    /// Returns the bytes taken, or nothing when none were announced.
+    /// Returns the bytes taken, or nothing if none were announced.
     std::optional<std::size_t> receive(std::span<const std::uint8_t> from, Executor::TimePoint now);
-    /// Forgets what has come so far.
+    /// Forgets what was received so far.
     void drop();
 
-    /// Whether the last trailer matched its image; false while another image is on its way.
+    /// Whether the last trailer matched its image; false while another image is being received.
     bool isInstalled() const { return outcome_ == Outcome::installed; }
     bool isRejected() const { return outcome_ == Outcome::rejected; }
     /// The last image that was installed.
@@ -52,7 +53,7 @@ class FirmwareLoader {
     std::optional<Bytes> installedImage_;
 };
 
-/// The 4 characters after the text "7306 firmware " in an image; nothing when it has none.
+/// The 4 characters after the text "7306 firmware " in an image; nothing if there is none.
 std::optional<std::string> versionInImage(std::span<const std::uint8_t> image);
 
 }  // namespace kzq::simulator

@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::uintmax_t largestFile = waveHeaderSize + std::uintmax_t{capacityFrames} * frameBytes + 4096;
 
-/// The slot (1 to 20) that a file of this name keeps.
+/// The slot (1 to 20) that a file of this name belongs to.
 std::optional<unsigned> slotFromName(std::string_view name) {
     constexpr std::string_view prefix = "Loop ";
     constexpr std::string_view suffix = ".wav";
@@ -71,7 +71,7 @@ bool syncFolder(const fs::path& folder) {
     return ::close(descriptor) == 0 && synced;
 }
 
-/// Writes `bytes` beside `file` and puts them in its place.
+/// Writes `bytes` to a new file and renames it to `file`.
 bool replaceFile(const fs::path& file, ByteView bytes) {
     const fs::path temporary = file.parent_path() / ("." + file.filename().string() + ".part");
     const int descriptor =

@@ -11,7 +11,7 @@
 
 namespace kzq::simulator {
 
-/// A pedal's memory as a folder of WAV files, one a slot, named "Loop 7.wav" (also accepted: "7.wav",
+/// A pedal's memory as a folder of WAV files, one per slot, named "Loop 7.wav" (also accepted: "7.wav",
 /// "07.wav"). The files are 24-bit stereo 44,100 Hz; tempo and channel are the defaults of StoredLoop. Other
 /// files are left alone. Not synchronised.
 class LoopFolder {
@@ -21,7 +21,7 @@ class LoopFolder {
     /// Creates the folder if it is missing and reads it. Nothing on failure, with a sentence in `error`.
     std::optional<PedalMemory> load(std::string& error);
     /// Writes (or, for null, removes) the file of one slot: the one that was loaded, else "Loop N.wav". A
-    /// file gets its name only when it is whole and synced. False, and a line in the log, on failure.
+    /// file gets its name only once it is complete and synced. False, and a line in the log, on failure.
     bool store(std::uint8_t address, const StoredLoop* loop);
 
   private:

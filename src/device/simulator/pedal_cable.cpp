@@ -1,4 +1,4 @@
-// The pedal's coming and going: by the cable, and by itself when it restarts.
+// Arrival and departure of the pedal: by the cable, and by itself when it restarts.
 
 #include <chrono>
 #include <memory>

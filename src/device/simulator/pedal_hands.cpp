@@ -1,4 +1,4 @@
-// What a test or a person does to the pedal, and sees of it.
+// What a test or a person does to the pedal, and can see of it.
 
 #include <memory>
 #include <utility>

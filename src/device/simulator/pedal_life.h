@@ -6,7 +6,7 @@
 
 namespace kzq::simulator {
 
-/// Outlives the pedal, so that a task which waits on the main queue finds out that the pedal is no more.
+/// Outlives the pedal, so that a task on the main queue can see that the pedal no longer exists.
 struct SimulatedPedal::Life {
     std::mutex mutex;
     SimulatedPedal* pedal = nullptr;

@@ -27,7 +27,7 @@ struct StoredLoop {
 /// The 20 loops, by address (0 to 19).
 using PedalMemory = std::array<std::optional<StoredLoop>, loopSlots>;
 
-/// Hears of every loop that the wire changed: the address, and the new loop or null when it was erased.
+/// Called for every loop changed over the wire: the address, and the new loop or null if it was erased.
 /// Called on the thread of the transfer, which waits for it; the loop is valid during the call.
 using MemoryListener = std::function<void(std::uint8_t address, const StoredLoop* loop)>;
 

@@ -6,7 +6,7 @@ namespace kzq::simulator {
 
 namespace {
 
-/// Stands for "--simulate" without a folder; no path that a user would give.
+/// Stands for "--simulate" without a folder; not a path that a user would give.
 constexpr const char* builtInLoops = "//";
 
 }  // namespace

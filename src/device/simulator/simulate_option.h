@@ -8,16 +8,16 @@
 
 namespace kzq::simulator {
 
-/// How a program's command line asks for the simulated pedal: "--simulate", "--simulate=FOLDER", and what
-/// goes wrong in it, "--fault PLAN". Lives as long as the parser.
+/// The command-line options for the simulated pedal: "--simulate", "--simulate=FOLDER" and its faults,
+/// "--fault PLAN". Lives as long as the parser.
 class SimulateOption {
   public:
     explicit SimulateOption(CLI::App& app);
 
-    /// A sentence about a mistake, or nothing; asked before parsing, as the parser takes "--simulate=" for
-    /// the option without a folder.
+    /// A sentence about a mistake, or nothing. Call it before parsing: the parser takes "--simulate=" for the
+    /// option without a folder.
     static std::string mistake(const std::vector<std::string>& arguments);
-    /// The parser's help without its own mark of the option.
+    /// The parser's help text without its placeholder for the option's default.
     static std::string readable(std::string help);
 
     // After parsing.

@@ -20,7 +20,7 @@ SimulatedHandle::~SimulatedHandle() {
     --host_->openHandles;
 }
 
-/// Whether the interface is there to be asked; the host's mutex is held.
+/// Whether the interface can be used; the host's mutex is held.
 UsbResult SimulatedHandle::reach(int interface) const {
     if (device_->gone) {
         return usbNoDevice;
@@ -157,7 +157,7 @@ UsbResult SimulatedHandle::carryOut(const std::function<TransferResult()>& ask, 
         case TransferStatus::pending:
             break;
     }
-    // While one caller has the handle, only a reset or a departure can change what the pedal would say.
+    // While one caller has the handle, only a reset or a departure can change the pedal's answer.
     lock.lock();
     host_->executor.wait(lock, host_->changed, [&] { return host_->interruptions != before; });
     return usbNoDevice;

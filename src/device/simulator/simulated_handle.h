@@ -11,7 +11,7 @@ namespace kzq::simulator {
 /// An open simulated pedal. It must not outlive the pedal, but may outlive the port.
 class SimulatedHandle : public UsbHandle {
   public:
-    /// The host already counts it among the open ones.
+    /// The host already counts it as open.
     SimulatedHandle(std::shared_ptr<SimulatedPort::Host> host, std::shared_ptr<SimulatedDevice> device);
     SimulatedHandle(const SimulatedHandle&) = delete;
     SimulatedHandle& operator=(const SimulatedHandle&) = delete;

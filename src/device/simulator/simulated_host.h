@@ -19,7 +19,7 @@ class SimulatedDevice : public UsbDevice {
     const UsbHandle* owner = nullptr;  ///< who has claimed the interface
 };
 
-/// What the port and its handles share: the host system's view of the bus.
+/// Shared by the port and its handles: the host system's view of the bus.
 struct SimulatedPort::Host {
     using Lock = std::unique_lock<std::mutex>;
 

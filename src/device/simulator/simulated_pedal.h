@@ -28,8 +28,8 @@ struct SetupPacket {
 };
 
 /// How a transfer ended. A pending one has no answer yet: the transport asks again after every change on the
-/// bus (SimulatedPedal::Listener) and meanwhile keeps its caller waiting; after a reset or a departure it
-/// ends it.
+/// bus (SimulatedPedal::Listener) and keeps its caller waiting; after a reset or a departure it ends the
+/// transfer.
 enum class TransferStatus { done, stalled, pending, gone, overrun };
 
 struct TransferResult {
@@ -37,7 +37,7 @@ struct TransferResult {
     std::size_t transferred = 0;
 };
 
-/// What the transports hear of. Called without the pedal's own mutex, on the thread that caused it.
+/// Changes reported to the transports. Called without the pedal's own mutex, on the thread that caused it.
 enum class BusChange { arrived, left, reset };
 
 /// A model of the pedal's side of the wire: commands, loop table, audio streams, loader and re-enumeration.
@@ -47,22 +47,20 @@ enum class BusChange { arrived, left, reset };
 ///
 /// A new pedal is off the bus until `plugIn`. What it does where the wire protocol leaves it open:
 /// - An announced overwrite frees the old loop when the first byte of the new one arrives, and the new loop
-///   appears when its last byte has come: whatever breaks off in between leaves the slot empty. A loop that
-///   came over the wire has tempo 120 and channel 1; an incomplete frame at its end is dropped.
+///   appears when its last byte has arrived: an interruption in between leaves the slot empty. A loop
+///   received over the wire has tempo 120 and channel 1; an incomplete frame at its end is dropped.
 /// - A new 0xE1, 0xE2, 0xED or 0xEF drops an unfinished stream, as does a reset.
 /// - 0xE4 makes the normal firmware leave the bus 100 ms after the reply and return as the loader 1.5 s
-/// later; it stays
-///   the loader, plugged or not, until an image is installed. In the loader all slots read as empty.
-/// - Where the pedal has nothing to send, a bulk read pends; where nothing was announced, a bulk write
-/// stalls.
+///   later. It stays the loader, plugged in or not, until an image is installed. In the loader all slots are
+///   empty.
+/// - If the pedal has nothing to send, a bulk read pends; if nothing was announced, a bulk write stalls.
 ///
-/// Thread-safe: one mutex guards it all. It must outlive its transports, and may go before tasks that it has
-/// queued.
+/// Thread-safe: one mutex guards it all. It must outlive its transports, but not the tasks it has queued.
 class SimulatedPedal {
   public:
     using Listener = std::function<void(BusChange)>;
 
-    /// What the pedal is before anything happens to it.
+    /// The pedal's initial state.
     struct Start {
         PedalMemory memory;
         std::string version = "1.05";  ///< 4 ASCII characters
@@ -83,14 +81,14 @@ class SimulatedPedal {
     TransferResult control(const SetupPacket& setup, std::span<std::uint8_t> reply);
     TransferResult bulkIn(std::span<std::uint8_t> into);
     TransferResult bulkOut(std::span<const std::uint8_t> from);
-    /// Ends what runs or pends. Memory, address and being plugged stay.
+    /// Ends all running and pending transfers. Memory, address and connection stay.
     void reset();
 
     // --- the cable
 
     bool isPlugged() const;
-    /// Puts the pedal on the bus, or takes it off; nothing happens when it is already so, but that unplugging
-    /// a pedal which is away to restart keeps it from returning by itself.
+    /// Puts the pedal on the bus, or takes it off; no effect if it already is, except that unplugging a pedal
+    /// that is restarting keeps it from returning by itself.
     void plugIn();
     void unplug();
     /// One transport listens; it replaces an earlier one.
@@ -108,26 +106,26 @@ class SimulatedPedal {
     void setSequence(std::uint8_t sequence);
     void plan(const Fault& fault);
     void clearFaults();
-    /// Whether the pedal comes back after it left for its loader or after a firmware update; asked when it is
-    /// due.
+    /// Whether the pedal comes back after it left for its loader or after a firmware update; evaluated when
+    /// it would return.
     void setReturns(bool returns);
 
     // --- what happened
 
     std::vector<WireEvent> journal() const;
     void clearJournal();
-    /// A sentence for each thing that a correct program never sends.
+    /// A sentence for each thing received that a correct program never sends.
     std::vector<std::string> violations() const;
     /// The last image whose length and SHA-256 matched its trailer.
     std::optional<Bytes> installedFirmware() const;
-    /// Whether the last trailer did not match its image, which left the pedal in its loader.
+    /// Whether the last trailer did not match its image, so that the pedal stays in its loader.
     bool firmwareRejected() const;
 
   private:
     using LoopPointer = std::shared_ptr<const StoredLoop>;
     using Lock = std::unique_lock<std::mutex>;
 
-    /// What listeners hear once the mutex is free.
+    /// Reported to listeners once the mutex is free.
     struct News {
         std::optional<BusChange> bus;  ///< otherwise a loop changed:
         std::uint8_t address = 0;
@@ -137,16 +135,16 @@ class SimulatedPedal {
         std::array<std::uint8_t, loopTableLength> bytes{};
         std::size_t length = replyLength;
     };
-    /// Audio on its way to the computer.
+    /// Audio being sent to the computer.
     struct ImportStream {
         LoopPointer loop;
         std::size_t sent = 0;
         std::size_t total = 0;  ///< with the padding
     };
-    /// Audio on its way to the pedal.
+    /// Audio being received from the computer.
     struct ExportStream {
         std::uint8_t address = 0;
-        std::optional<std::size_t> total;  ///< once 0xE3 has told it
+        std::optional<std::size_t> total;  ///< once 0xE3 has announced it
         Bytes audio;
     };
     struct Life;
@@ -206,7 +204,7 @@ class SimulatedPedal {
     std::array<LoopPointer, loopSlots> loops_;  ///< by address; null: empty
     std::string version_;
     char stage_;
-    std::optional<char> nextStage_;  ///< the pedal restarts: the stage once it has left the bus
+    std::optional<char> nextStage_;  ///< while the pedal restarts: its stage after it has left the bus
     bool busy_ = false;
     std::uint8_t sequence_ = 0;
     bool returns_ = true;

@@ -7,8 +7,8 @@
 
 namespace kzq::simulator {
 
-/// The simulated pedal without a bus: a UsbPort in the same process. Transfers that wait do so through the
-/// executor, so they cost no real time under a virtual clock.
+/// The simulated pedal without a bus: a UsbPort in the same process. Transfers wait through the executor, so
+/// they take no real time under a virtual clock.
 class SimulatedPort : public UsbPort {
   public:
     /// Both outlive the port.
@@ -26,11 +26,11 @@ class SimulatedPort : public UsbPort {
     std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) override;
     std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) override;
 
-    // --- what the host system does with the pedal
+    // --- the host system's side
 
     /// The result of opening from now on, such as usbAccess.
     void setOpenResult(UsbResult result);
-    /// A kernel driver holds interface 0; detaching it answers `result`.
+    /// A kernel driver holds interface 0; detaching it returns `result`.
     void setKernelDriver(bool active, UsbResult detachResult = usbSuccess);
     void setClaimResult(UsbResult result);
     /// Handles that are open now.

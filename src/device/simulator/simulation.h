@@ -11,18 +11,18 @@
 
 namespace kzq::simulator {
 
-/// What a program's options say of the simulated pedal.
+/// What a program's options say about the simulated pedal.
 struct SimulationOrder {
-    std::filesystem::path folder;     ///< of WAV files, which are its memory; empty: loops of its own
+    std::filesystem::path folder;     ///< of WAV files, which are its memory; empty: built-in loops
     std::vector<std::string> faults;  ///< as faultFromText reads them
 };
 
-/// The simulated pedal with its port, as programs use it in place of a bus. What is written to it is kept in
-/// the folder, if there is one. The pedal is off the bus until `pedal().plugIn()`.
+/// The simulated pedal with its port, as programs use it in place of a bus. Changes are saved in the folder,
+/// if there is one. The pedal is off the bus until `pedal().plugIn()`.
 class Simulation {
   public:
-    /// Null, with a sentence in `error`, when the order is not one: `badFault` tells then whether it is for
-    /// a fault and not for the folder.
+    /// Null, with a sentence in `error`, if `order` is invalid; `badFault` then says whether a fault is wrong
+    /// rather than the folder.
     static std::unique_ptr<Simulation> make(Executor& executor, const SimulationOrder& order,
                                             std::string& error, bool* badFault = nullptr);
 

@@ -12,14 +12,14 @@ constexpr double rate = waveSampleRate;
 constexpr double fullScale = 8'388'607.0;
 constexpr std::size_t beatsOfBar = 4;
 
-/// Semitones above the key of the chords' roots, one a bar: I, VI, IV, V.
+/// The chords' roots in semitones above the key, one per bar: I, VI, IV, V.
 constexpr std::array<int, 4> progression{0, 9, 5, 7};
 
 double pitch(int semitones) {
     return 55.0 * std::exp2(semitones / 12.0);
 }
 
-/// A sine with a period of 1, bent from parabolas: cheap, and the same on every machine.
+/// A sine with a period of 1, approximated by parabolas: cheap, and the same on every machine.
 double hum(double phase) {
     const double x = 2.0 * (phase - std::floor(phase)) - 1.0;
     return 4.0 * x * (std::abs(x) - 1.0);
@@ -38,7 +38,7 @@ class Noise {
     std::uint32_t state_;
 };
 
-/// One beat of the piece: what sounds in it.
+/// One beat of the piece and its notes.
 struct Beat {
     double bass = 0;
     std::array<double, 3> chord{};

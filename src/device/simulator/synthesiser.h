@@ -8,7 +8,7 @@ namespace kzq::simulator {
 /// address and the same every time. `seconds` is rounded to whole beats.
 StoredLoop synthesiseLoop(std::uint8_t address, double seconds, std::uint8_t tempo);
 
-/// What a simulated pedal holds when nobody says otherwise: a few loops of some seconds in scattered slots.
+/// What a simulated pedal holds by default: a few loops of some seconds in scattered slots.
 PedalMemory demonstrationMemory();
 
 }  // namespace kzq::simulator

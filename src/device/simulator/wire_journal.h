@@ -20,22 +20,22 @@ struct WireEvent {
     std::uint8_t code = 0;  ///< bmRequestType of a control request
     std::uint16_t value = 0;
     std::uint16_t index = 0;
-    std::uint32_t length = 0;       ///< bytes asked for (control, bulk in) or offered (bulk out)
-    std::uint32_t transferred = 0;  ///< bytes that moved
+    std::uint32_t length = 0;       ///< bytes requested (control, bulk in) or offered (bulk out)
+    std::uint32_t transferred = 0;  ///< bytes transferred
     Executor::TimePoint time;
 };
 
-/// What happened on the wire, in order, and what should not have. Of a long run only the latest events are
-/// kept, and the first violations. Not synchronised: its owner guards it.
+/// What happened on the wire, in order, and the violations. In a long run only the latest events and the
+/// first violations are kept. Not synchronised: its owner guards it.
 class WireJournal {
   public:
     static constexpr std::size_t mostEvents = 1 << 18;  ///< half of them are kept for certain
     static constexpr std::size_t mostViolations = 1000;
 
-    /// Opens the entry of a transfer. False when the latest transfer on that pipe still pends, for then this
-    /// is the transport asking for it again: its entry stays, and nothing in it is complained of twice.
+    /// Opens the entry of a transfer. False if the latest transfer on that pipe still pends: then the
+    /// transport is retrying it, its entry stays, and no violation in it is recorded twice.
     bool begin(const WireEvent& event);
-    /// Closes the entry that was opened last; a pending one counts as unfinished until its pipe is asked
+    /// Closes the entry that was opened last; a pending one counts as unfinished until its pipe is used
     /// again.
     void end(std::size_t transferred, bool pending);
     /// A reset, an arrival or a departure. Nothing pends after it.
@@ -43,9 +43,9 @@ class WireJournal {
 
     /// Something in the open transfer that a correct program never sends.
     void violation(std::string_view sentence);
-    /// The same for a transfer that comes without the command that it belongs to. Not recorded while excused.
+    /// The same for a transfer without the command that it belongs to. Not recorded while excused.
     void outOfOrder(std::string_view sentence);
-    /// A planned fault has swallowed a command unseen by the program, so what follows may lack it.
+    /// A planned fault has swallowed a command without the program noticing, so what follows may lack it.
     void excuse(bool excused) { excused_ = excused; }
 
     void clear();

@@ -13,7 +13,7 @@ namespace {
 
 constexpr auto port = "/devices/pci0000:00/0000:00:14.0/usb1/1-1";
 
-// The device and its one configuration, in hexadecimal as umockdev wants them: a vendor-class interface with
+// The device and its one configuration, in hexadecimal as umockdev expects: a vendor-class interface with
 // bulk endpoints 0x81 and 0x02 of 512 bytes.
 constexpr auto descriptors =
     "1201000200000040"
@@ -41,7 +41,7 @@ std::string systemPath() {
 
 }  // namespace
 
-/// One for the process: libusb listens to the first one it sees.
+/// One per process: libusb listens to the first one it sees.
 struct UmockPedal::Bus {
     Bus() : testbed(umockdev_testbed_new()) {}
 
@@ -55,12 +55,12 @@ struct UmockPedal::Bus {
     std::mutex mutex;
     UMockdevTestbed* testbed;
     unsigned arrivals = 0;
-    // Handles of pedals that have left still ask.
+    // Handles of departed pedals still ask.
     std::vector<std::shared_ptr<UsbfsNode>> nodes;
 };
 
 UmockPedal::Bus& UmockPedal::bus() {
-    // Never destroyed, since libusb's threads outlive main(); its folder goes all the same.
+    // Never destroyed, since libusb's threads outlive main(); its folder is still removed.
     static auto& instance = *new Bus;  // NOLINT(cppcoreguidelines-owning-memory)
     struct Sweeper {
         ~Sweeper() { std::filesystem::remove_all(instance.root()); }
@@ -86,7 +86,7 @@ void UmockPedal::setPermitted(bool permitted) {
     using std::filesystem::perms;
     const std::lock_guard lock(mutex_);
     const auto root = bus().root();
-    // umockdev goes to its own socket before it has the file's answer.
+    // umockdev uses its own socket before it has the file's answer.
     permissions(root, perms::owner_all | perms::group_exec | perms::others_exec);
     permissions(root / "ioctl" / "dev" / name_, perms::all);
     permissions(root / "dev" / name_, permitted ? perms::all : perms::none);
@@ -125,14 +125,14 @@ void UmockPedal::change(BusChange change) {
 void UmockPedal::arrive() {
     const std::lock_guard lock(mutex_);
     const std::lock_guard busLock(bus().mutex);
-    // A bus has addresses up to 127, of which the first is its own.
+    // A bus has addresses up to 127; the first is its own.
     const unsigned busNumber = 1 + bus().arrivals / 126;
     const unsigned address = 2 + bus().arrivals++ % 126;
     std::array<char, 32> name{};
     std::snprintf(name.data(), name.size(), "bus/usb/%03u/%03u", busNumber, address);
     name_ = name.data();
     node_ = bus().nodes.emplace_back(std::make_shared<UsbfsNode>(pedal_, rules_));
-    // All of it before umockdev announces the arrival, as libusb opens the file at once.
+    // All of this before umockdev announces the arrival, because libusb opens the file at once.
     const auto file = bus().root() / "dev" / name_;
     std::filesystem::create_directories(file.parent_path());
     node_->makeFile(file);

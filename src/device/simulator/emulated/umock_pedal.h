@@ -10,12 +10,12 @@
 
 namespace kzq {
 
-/// Puts the simulated pedal on an emulated bus of this process, where the real libusb finds it: it arrives,
-/// leaves and comes back there as the model does, under a new address each time. Needs umockdev-wrapper. Make
+/// Puts the simulated pedal on an emulated bus in this process, where the real libusb finds it: it arrives,
+/// leaves and returns there as the model does, under a new address each time. Needs umockdev-wrapper. Create
 /// the first one before libusb is initialised, and only one at a time.
 class UmockPedal {
   public:
-    /// `pedal` outlives this and every handle that libusb has of it.
+    /// `pedal` outlives this and all of libusb's handles to it.
     explicit UmockPedal(simulator::SimulatedPedal& pedal);
     UmockPedal(const UmockPedal&) = delete;
     UmockPedal& operator=(const UmockPedal&) = delete;
@@ -25,7 +25,7 @@ class UmockPedal {
     ~UmockPedal();
 
     HostRules& rules() { return rules_; }
-    /// Whether anybody but root may open the pedal that is on the bus.
+    /// Whether users other than root may open the pedal on the bus.
     void setPermitted(bool permitted);
     /// Waits until a transfer waits for the pedal.
     bool waitUntilBlocked();
@@ -40,7 +40,7 @@ class UmockPedal {
     simulator::SimulatedPedal& pedal_;
     HostRules rules_;
     mutable std::mutex mutex_;
-    std::shared_ptr<UsbfsNode> node_;  ///< of the pedal that is on the bus
+    std::shared_ptr<UsbfsNode> node_;  ///< of the pedal on the bus
     std::string name_;                 ///< of its file, below /dev
 };
 

@@ -73,7 +73,7 @@ UsbfsNode::~UsbfsNode() {
     }
 }
 
-// A pipe with both ends open: while it is full it does not poll as writable.
+// A pipe with both ends open: while full, it does not poll as writable.
 void UsbfsNode::makeFile(const std::filesystem::path& path) {
     const Lock lock(mutex_);
     if (mkfifo(path.c_str(), S_IRUSR | S_IWUSR) != 0) {
@@ -201,8 +201,7 @@ int UsbfsNode::refuse(const Urb& urb) const {
     return interface && (setup.index & 0xFF) != 0 ? ENOENT : 0;
 }
 
-// Without the mutex while the pedal answers: an answer may be that it leaves, which comes back here as
-// `leave`.
+// Without the mutex while the pedal answers: it may leave instead, which calls `leave` here.
 void UsbfsNode::ask(Urbs::iterator urb) {
     const bool isControl = urb->raw().type == USBDEVFS_URB_TYPE_CONTROL;
     const int fault = isControl ? rules_.nextControlStatus.exchange(0) : 0;
@@ -236,7 +235,7 @@ int UsbfsNode::reap(UMockdevIoctlData* argument) {
     if (ended_.empty()) {
         return gone_ ? ENODEV : EAGAIN;
     }
-    // Pointing to it makes umockdev write the structure and its buffer back.
+    // Pointing to it makes umockdev write back the structure and its buffer.
     const Data pointer(umockdev_ioctl_data_resolve(argument, 0, sizeof(void*), nullptr));
     umockdev_ioctl_data_set_ptr(pointer.get(), 0, ended_.front().memory.get());
     ended_.pop_front();

@@ -17,22 +17,21 @@ struct usbdevfs_urb;
 
 namespace kzq {
 
-/// What the emulated kernel does of its own accord.
+/// What the emulated kernel does by itself.
 struct HostRules {
-    /// Refuses requests whose recipient reads "interface" unless wIndex names interface 0, the only one there
-    /// is.
+    /// Refuses requests whose recipient is "interface" unless wIndex names interface 0, the only one.
     std::atomic<bool> checksRecipient = false;
     /// How the next control request ends on the bus instead of reaching the pedal: a negative errno, 0 for
     /// none.
     std::atomic<int> nextControlStatus = 0;
 };
 
-/// How long a test waits for what must happen before it fails.
+/// How long a test waits for an expected event before it fails.
 inline constexpr auto patience = std::chrono::seconds(30);
 
 /// The file of one device in the emulated USB file system, from its arrival to its departure: takes the
-/// transfers that libusb submits, lets the pedal answer them, and hands them back. Its calls of the kernel
-/// come on umockdev's thread, one at a time; all other members may be called from any thread.
+/// transfers that libusb submits, lets the pedal answer them, and returns them. Its kernel calls come on
+/// umockdev's thread, one at a time; all other members may be called from any thread.
 class UsbfsNode {
   public:
     UsbfsNode(simulator::SimulatedPedal& pedal, HostRules& rules);
@@ -42,16 +41,16 @@ class UsbfsNode {
     UsbfsNode& operator=(UsbfsNode&&) = delete;
     ~UsbfsNode();
 
-    /// Makes the file `path`, which polls as writable exactly while a transfer can be taken back,
-    /// as the kernel's does; a regular one would always, and libusb would ask without end.
+    /// Creates the file `path`, which polls as writable exactly while a finished transfer can be reaped, as
+    /// the kernel's does; a regular file always would, and libusb would poll it endlessly.
     void makeFile(const std::filesystem::path& path);
     UMockdevIoctlBase* handler() const { return handler_; }
 
-    /// Ends what is under way, as a reset does.
+    /// Ends all running transfers, as a reset does.
     void endTransfers();
-    /// The pedal left: ends what is under way and refuses everything from now on.
+    /// The pedal left: ends all running transfers and refuses everything from now on.
     void leave();
-    /// Whether a transfer waits for the pedal's answer, which it may take some time to do.
+    /// Whether a transfer waits for the pedal's answer.
     bool waitUntilBlocked();
 
   private:

@@ -27,10 +27,10 @@ constexpr std::uint8_t controlPacket = 64;
 // clang-format off
 constexpr std::array<std::uint8_t, deviceDescriptorLength> device{
     deviceDescriptorLength, deviceType, low(usbVersion), high(usbVersion),
-    0, 0, 0,  // class, subclass, protocol: the interface tells
+    0, 0, 0,  // class, subclass, protocol: see the interface
     controlPacket, low(pedalVendor), high(pedalVendor), low(pedalProduct), high(pedalProduct),
     low(pedalRelease), high(pedalRelease),
-    0, 0, 0,  // no texts
+    0, 0, 0,  // no strings
     1};
 
 constexpr std::array<std::uint8_t, configurationDescriptorLength> configuration{

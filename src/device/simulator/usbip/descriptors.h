@@ -12,7 +12,7 @@ inline constexpr std::uint8_t vendorClass = 0xFF;
 inline constexpr std::size_t deviceDescriptorLength = 18;
 inline constexpr std::size_t configurationDescriptorLength = 32;
 
-/// The pedal as a high-speed device without texts.
+/// The pedal as a high-speed device without strings.
 const std::array<std::uint8_t, deviceDescriptorLength>& deviceDescriptor();
 /// Its one configuration: a vendor-class interface 0 with the two bulk endpoints.
 const std::array<std::uint8_t, configurationDescriptorLength>& configurationDescriptor();

@@ -12,8 +12,8 @@ namespace kzq::simulator::usbip {
 
 class Connection;
 
-/// The cable between the pedal and whichever computer has imported it: one at a time. When the pedal leaves,
-/// the computer's connection is hung up, which is how a computer learns of it. Thread-safe.
+/// The cable between the pedal and the one computer that has imported it. When the pedal leaves, the
+/// computer's connection is closed, which is how the computer notices. Thread-safe.
 class PedalBus {
   public:
     using ArrivalListener = std::function<void()>;

@@ -10,8 +10,7 @@ namespace kzq::simulator::usbip {
 
 namespace {
 
-// The request type says who is asked for what kind of thing. The pedal's command codes all read as the
-// reserved type.
+// The request type combines recipient and type. The pedal's command codes all have the reserved type.
 constexpr unsigned typeMask = 0x60;
 constexpr unsigned standardType = 0x00;
 constexpr unsigned reservedType = 0x60;

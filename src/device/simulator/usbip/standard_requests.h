@@ -8,16 +8,16 @@
 
 namespace kzq::simulator::usbip {
 
-/// What a computer asks of every USB device, apart from its work. Not synchronised.
+/// The requests that every USB device must answer. Not synchronised.
 class StandardRequests {
   public:
-    /// Whether the request is not for the pedal's own commands.
+    /// Whether the request is not one of the pedal's own commands.
     static bool concern(const SetupPacket& setup);
 
-    /// The reply, not longer than wLength; nothing for what the pedal stalls.
+    /// The reply, not longer than wLength; nothing if the pedal stalls the request.
     std::optional<Bytes> answer(const SetupPacket& setup);
-    /// Whether the request (re)starts the pedal's transfers, which is all that it learns of a port reset: the
-    /// computer's end does the reset itself and then configures the device again.
+    /// Whether the request (re)starts the pedal's transfers. That is all it notices of a port reset: the
+    /// computer's side does the reset itself and then configures the device again.
     static bool restarts(const SetupPacket& setup);
 
   private:

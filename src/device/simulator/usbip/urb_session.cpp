@@ -14,7 +14,7 @@ namespace kzq::simulator::usbip {
 
 namespace {
 
-/// No transfer of Linux is larger.
+/// Linux makes no larger transfers.
 constexpr std::uint32_t longestTransfer = 16U << 20U;
 constexpr std::size_t mostWaiting = 1024;
 
@@ -96,7 +96,7 @@ bool UrbSession::unlink(const UrbRequest& request) {
                                              .status = waited ? urbstatus::unlinked : urbstatus::ok}));
 }
 
-// A command may be what an earlier read has been waiting for, so all are asked again.
+// An earlier read may have been waiting for this command, so all are tried again.
 bool UrbSession::serveWaiting() {
     bool again = true;
     while (again) {

@@ -14,7 +14,7 @@ namespace kzq::simulator::usbip {
 class Connection;
 
 /// The transfers of a computer that has imported the pedal. Transfers on one pipe end in the order in which
-/// they were asked for; one without an answer yet waits for the pedal, or for the computer to take it back.
+/// they were submitted; one without an answer yet waits for the pedal, or for the computer to unlink it.
 class UrbSession {
   public:
     UrbSession(SimulatedPedal& pedal, Connection& connection) : pedal_(pedal), connection_(connection) {}
@@ -25,7 +25,7 @@ class UrbSession {
   private:
     struct Waiting {
         UrbRequest request;
-        Bytes data;  ///< goes out, or has room for what comes in
+        Bytes data;  ///< outgoing data, or room for incoming data
     };
     enum class Outcome { ended, waits, lost };
 

@@ -14,7 +14,7 @@ namespace kzq::simulator::usbip {
 
 class Connection;
 
-/// Offers the pedal to computers: they list what there is, and import it, over TCP. Each connection has a
+/// Offers the pedal to computers, which list and import it over TCP. Each connection has a
 /// thread of its own.
 class UsbipServer {
   public:
@@ -24,14 +24,14 @@ class UsbipServer {
     UsbipServer& operator=(const UsbipServer&) = delete;
     UsbipServer(UsbipServer&&) = delete;
     UsbipServer& operator=(UsbipServer&&) = delete;
-    /// Hangs up on everybody and waits for the threads.
+    /// Closes all connections and waits for the threads.
     ~UsbipServer();
 
     /// Listens on "ADDRESS:PORT", such as 127.0.0.1:3240 or [::1]:0 (any free port). Returns where, or
     /// nothing and a sentence in `error`. Once only.
     std::string listen(const std::string& place, std::string& error);
-    /// Carries the transfers of a computer that has imported the pedal by other means and sits at the other
-    /// end of `socket`. Anything but ok: it cannot have the pedal now.
+    /// Carries the transfers of a computer at the other end of `socket` that has imported the pedal by other
+    /// means. Anything but ok: it cannot have the pedal now.
     OperationStatus carry(Descriptor socket);
 
   private:

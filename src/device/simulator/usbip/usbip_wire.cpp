@@ -9,7 +9,7 @@ namespace kzq::simulator::usbip {
 
 namespace {
 
-// Where the fields stand. Each name is followed by its width, so that the sums show a slip.
+// Offsets of the fields. Each name is followed by its width, so that a slip shows in the sums.
 namespace operationfield {
 constexpr std::size_t version = 0;
 constexpr std::size_t code = version + 2;
@@ -28,7 +28,7 @@ constexpr std::size_t speed = device + 4;
 constexpr std::size_t vendor = speed + 4;
 constexpr std::size_t product = vendor + 2;
 constexpr std::size_t release = product + 2;
-constexpr std::size_t deviceClass = release + 2;  // class, subclass and protocol: told by the interface
+constexpr std::size_t deviceClass = release + 2;  // class, subclass and protocol: see the interface
 constexpr std::size_t configurationValue = deviceClass + 3;
 constexpr std::size_t configurations = configurationValue + 1;
 constexpr std::size_t interfaces = configurations + 1;
@@ -43,7 +43,7 @@ constexpr std::size_t device = number + 4;
 constexpr std::size_t direction = device + 4;
 constexpr std::size_t endpoint = direction + 4;
 constexpr std::size_t body = endpoint + 4;
-// a transfer that is asked for
+// a submitted transfer
 constexpr std::size_t flags = body;
 constexpr std::size_t length = flags + 4;
 constexpr std::size_t startFrame = length + 4;
@@ -51,9 +51,9 @@ constexpr std::size_t packets = startFrame + 4;
 constexpr std::size_t interval = packets + 4;
 constexpr std::size_t setup = interval + 4;
 constexpr std::size_t end = setup + 8;
-// one that is to be forgotten
+// a transfer to unlink
 constexpr std::size_t unlinked = body;
-// what became of it
+// its result
 constexpr std::size_t status = body;
 constexpr std::size_t moved = status + 4;
 }  // namespace urbfield

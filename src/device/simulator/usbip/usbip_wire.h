@@ -20,7 +20,7 @@ inline constexpr std::uint16_t listRequest = 0x8005;
 inline constexpr std::uint16_t listReply = 0x0005;
 }  // namespace operation
 
-/// How an operation went.
+/// Result of an operation.
 enum class OperationStatus : std::uint32_t { ok = 0, notAvailable = 1, busy = 2, error = 3, noDevice = 4 };
 
 inline constexpr std::size_t operationHeaderLength = 8;
@@ -35,7 +35,7 @@ struct OperationHeader {
     OperationStatus status = OperationStatus::ok;
 };
 
-/// The device as its server knows it.
+/// The device as the server lists it.
 struct DeviceRecord {
     std::string_view path;   ///< up to 255 characters
     std::string_view busId;  ///< up to 31 characters
@@ -52,7 +52,7 @@ struct DeviceRecord {
 
 enum class UrbCommand : std::uint32_t { submit = 1, unlink = 2, submitReply = 3, unlinkReply = 4 };
 
-/// What the computer asks: a transfer, or (unlink) to forget the one with the number `unlinked`.
+/// A request of the computer: a transfer, or (unlink) to cancel the one with the number `unlinked`.
 struct UrbRequest {
     UrbCommand command = UrbCommand::submit;
     std::uint32_t number = 0;
@@ -64,7 +64,7 @@ struct UrbRequest {
     std::uint32_t unlinked = 0;
 };
 
-/// Reads that come out short are errors.
+/// Short reads are errors.
 inline constexpr std::uint32_t shortIsError = 0x0001;
 
 /// Statuses are the negative error numbers of Linux.
@@ -80,7 +80,7 @@ struct UrbReply {
     UrbCommand command = UrbCommand::submitReply;
     std::uint32_t number = 0;
     std::int32_t status = urbstatus::ok;
-    std::uint32_t length = 0;  ///< bytes that moved; 0 in the reply to an unlink
+    std::uint32_t length = 0;  ///< bytes transferred; 0 in the reply to an unlink
 };
 
 OperationHeader decodeOperation(std::span<const std::uint8_t, operationHeaderLength> bytes);
