@@ -19,7 +19,7 @@ std::shared_ptr<Absence> Absence::watch(Executor& executor, MainWindow& window, 
         if (const auto self = weak.lock()) {
             ++self->round_;
             if (noPedal) {
-                self->window_.setRemedy({});  // of an earlier absence, and overcome
+                self->window_.setRemedy({});  // from an earlier absence, now over
                 self->look(self->round_);
             }
         }

@@ -10,12 +10,12 @@ namespace kzq {
 
 class MainWindow;
 
-/// Finds out why no pedal is connected for as long as the window says so: at once, and again every few
-/// seconds, since the remedy that is shown is likely to be tried.
+/// Finds out why no pedal is connected while the window says so: at once, and again every few seconds, since
+/// the user is likely to try the remedy that is shown.
 class Absence : public std::enable_shared_from_this<Absence> {
   public:
-    /// What is in the way and the command that mends it, in a line; empty when nothing but the pedal is
-    /// missing. Called in the background.
+    /// The obstacle and the command that fixes it, in one line; empty if only the pedal is missing. Called in
+    /// the background.
     using Diagnosis = std::function<std::string()>;
 
     /// Executor and window outlive it. Main thread.
@@ -28,7 +28,7 @@ class Absence : public std::enable_shared_from_this<Absence> {
     Executor& executor_;
     MainWindow& window_;
     const Diagnosis diagnosis_;
-    unsigned round_ = 0;  ///< an absence has one; what an earlier one found out is not shown
+    unsigned round_ = 0;  ///< number of the absence; results of an earlier one are not shown
 };
 
 }  // namespace kzq

@@ -36,13 +36,12 @@ class Progress;
 class SlotFieldEditor;
 class SoftwareUpdate;
 
-/// The application's controller: owns the rows, the selections and the panels, answers the pedal's coming,
-/// going and changes, and runs what the user starts. Main thread, all of it: what the link and the
-/// conversions bring on other threads moves there first and holds the controller weakly.
+/// The application's controller: owns the rows, the selections and the panels, reacts when the pedal
+/// arrives, leaves or changes, and runs the operations that the user starts. All of it on the main thread:
+/// reports from the link and the conversions on other threads are posted there and hold it weakly.
 ///
-/// The main thread never waits for the pedal. Of the operations that the user can start, one at a time is
-/// under way, from the press of its button until its end; a press while another one is being started counts
-/// for nothing.
+/// The main thread never waits for the pedal. Only one operation runs at a time, from the press of
+/// its button to its end; a press meanwhile has no effect.
 class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
                     public ApplicationDelegate,
                     public ApplicationController,
@@ -53,7 +52,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
   public:
     using Slots = std::vector<std::unique_ptr<Slot>>;
 
-    /// Make it with std::make_shared. `window` outlives it.
+    /// Create it with std::make_shared. `window` outlives it.
     AppDelegate(AppEnvironment environment, MainWindow& window);
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
@@ -63,8 +62,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     // --- start and end
 
-    /// Once: panels, rows, device link, splash. KZQ7306::load was called before. Where the menu, a panel or a
-    /// row cannot be made it stops there.
+    /// Called once: panels, rows, device link, splash. KZQ7306::load was called before. Stops if the menu, a
+    /// panel or a row cannot be created.
     void applicationDidFinishLaunching();
     /// Removes the working copies of what is still staged. Quick, in every state.
     void applicationWillTerminate();
@@ -105,7 +104,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
     /// Frames in use once everything staged is written.
     std::uint64_t existingAndTeedUpExportSamples() const;
-    /// The same with `frames` more for `slot`, instead of whatever stood there.
+    /// The same with `frames` for `slot`, in place of what is there.
     std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
                                                                    std::uint8_t slot) const;
     void setMeterValueAndCaption(std::uint64_t frames);
@@ -138,7 +137,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openAboutBox() { openAbout(); }
     void checkForSoftwareUpdates() override;
     void openFirmwareUpdater() override;
-    /// Deliberately does nothing: firmware is looked for all the time.
+    /// Deliberately does nothing: the program checks for firmware all the time.
     void checkForFirmwareUpdates() {}
     void installFirmware() override;
     void installFirmware(const std::filesystem::path& image) override;
@@ -149,11 +148,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openProgress(std::uint64_t total, std::int32_t context);
 
   private:
-    /// How far the one operation has come that the user can have under way.
+    /// The phase of the one operation that can run.
     enum class Flow {
         none,
-        starting,  ///< from the press of the button to its start, with all questions in between
-        running    ///< from when the shield is up until it comes down
+        starting,  ///< from the press of the button to its start, including all questions
+        running    ///< while the shield is up
     };
     /// A file that was put on an export row.
     struct Drop {
@@ -182,10 +181,10 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void stage(const Drop& drop, const std::filesystem::path& copy);
     void focusContent();
 
-    // start.cpp: what the operations have in common
+    // start.cpp: shared by the operations
 
-    /// Asks the pedal; `next` goes on as the start of an operation, and ends with endStart or beginRun. A
-    /// busy pedal is told to the user.
+    /// Asks the pedal whether it is busy; if so, tells the user. Otherwise `next` starts the operation and
+    /// must end with endStart or beginRun.
     void whenIdle(std::function<void()> next);
     void sayBusy();
     void startSoon(std::function<void(AppDelegate&)> start);
@@ -193,11 +192,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void beginRun();
     void endRun();
     /// After beginRun: on a background thread, since the link asks the pedal before it begins. `operation`
-    /// answers whether the link has taken it. One that it refuses to a pedal that has left ends the run; one
-    /// that it refuses to a busy pedal deliberately leaves shield and panel up for the rest of the program's.
+    /// returns whether the link has accepted it. If it refuses because the pedal has left, the run ends; if
+    /// because the pedal is busy, shield and panel deliberately stay up until the program ends.
     void onLink(std::function<bool(KZQ7306&)> operation);
     void endRefusedRun();
-    /// What any thread may call to have `task` done on the main thread, for as long as this lives.
+    /// A function that any thread may call to run `task` on the main thread while this lives.
     std::function<void()> onMain(std::function<void(AppDelegate&)> task);
     TransferRun::Listener transferListener(void (AppDelegate::*loopDone)(std::uint8_t slot),
                                            std::function<void(AppDelegate&)> finished);
@@ -240,8 +239,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     std::shared_ptr<Absence> absence_;
     std::unique_ptr<MenuClosing> menuClosing_;
     Flow flow_ = Flow::none;
-    std::uint64_t runs_ = 0;                        ///< operations begun so far
-    std::shared_ptr<std::atomic<bool>> linkAsked_;  ///< the latest one waits for the link to take it
+    std::uint64_t runs_ = 0;                        ///< operations started so far
+    std::shared_ptr<std::atomic<bool>> linkAsked_;  ///< the latest one waits for the link to accept it
     std::unique_ptr<QObject> connections_;          ///< from the window's buttons; end with it
 };
 

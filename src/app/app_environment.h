@@ -20,7 +20,7 @@
 namespace kzq {
 
 /// What the application runs on. Executor, dialogs and client outlive it; the functions are called on the
-/// main thread except where it says otherwise.
+/// main thread unless noted otherwise.
 struct AppEnvironment {
     Executor& executor;
     Dialogs& dialogs;
@@ -37,15 +37,15 @@ struct AppEnvironment {
     Installation installation;
     std::filesystem::path downloads;  ///< an existing folder that outlives the program
 
-    /// Converts an audio file and answers the path of the working copy, or nothing. On a background thread;
+    /// Converts an audio file and returns the path of the working copy, or nothing. On a background thread;
     /// several may run at once.
     std::function<std::optional<std::string>(const std::string& path)> convert;
-    /// What stands between the user and a pedal that is not there, in one line, for Absence, which the
-    /// controller starts at its launch. On a background thread. May be empty.
+    /// Why no pedal is available, in one line, for Absence, which the controller starts at launch. On a
+    /// background thread. May be empty.
     std::function<std::string()> diagnose;
-    /// The modifier keys held at this moment. Empty: the window system is asked.
+    /// The modifier keys held now. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
-    /// Puts a file into place under a name that is not taken. On a background thread.
+    /// Saves a file under a free name. On a background thread.
     std::function<NewFile(const std::filesystem::path& folder, std::string_view name,
                           std::string_view extension, std::span<const std::uint8_t> bytes)>
         writeFile = [](const auto& folder, auto name, auto extension, auto bytes) {

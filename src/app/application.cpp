@@ -28,7 +28,7 @@ bool isUserInput(const QEvent& event) {
 Application::Application(int& count, char** arguments) : QApplication(count, arguments) {}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
-    // An event reaches the window once and then goes from widget to widget: it is looked at where it arrives.
+    // An event reaches the window once and then travels from widget to widget: only its arrival counts.
     if (receiver->isWindowType() && isUserInput(*event) && filter(static_cast<QWindow&>(*receiver), *event)) {
         event->accept();
         return true;
@@ -36,7 +36,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
     return QApplication::notify(receiver, event);
 }
 
-/// Whether the event goes no further.
+/// Whether the event is consumed.
 bool Application::filter(QWindow& window, QEvent& event) {
     if (delegate_ == nullptr) {
         return true;
@@ -60,7 +60,7 @@ void Application::mouseUp(QWindow& window, const QMouseEvent& event) {
 
 bool Application::keyUp(const QKeyEvent& event) {
     const auto act = [this, &event](void (ApplicationDelegate::*action)()) {
-        if (!event.isAutoRepeat()) {  // a key that is held acts once, when it is let go
+        if (!event.isAutoRepeat()) {  // a held key acts once, on release
             (delegate_->*action)();
         }
         return true;

@@ -9,7 +9,7 @@ class QWindow;
 
 namespace kzq {
 
-/// What the application asks its delegate while the user presses keys and buttons.
+/// What the application asks its delegate about keys and mouse buttons.
 class ApplicationDelegate {
   public:
     ApplicationDelegate() = default;
@@ -29,8 +29,8 @@ class ApplicationDelegate {
     virtual void closeMenu() = 0;
 };
 
-/// Sees what the user does before the windows do, for the sake of the in-window menu. While it is open, the
-/// releases of its keys are used up here, and a mouse button let go elsewhere closes it and goes on.
+/// Sees input before the windows do, for the in-window menu. While the menu is open, releases of its keys are
+/// consumed here, and a mouse release elsewhere closes it and is passed on.
 class Application : public QApplication {
     Q_OBJECT
 

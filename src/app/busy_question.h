@@ -7,13 +7,13 @@
 
 namespace kzq {
 
-/// Asks the pedal whether it is busy without making the main thread wait. A pedal that does not answer soon
-/// counts as busy; it keeps one thread of the pool, however often it is asked meanwhile.
+/// Asks the pedal whether it is busy, without blocking the main thread. A pedal that does not answer soon
+/// counts as busy; it blocks one thread of the pool, however often it is asked meanwhile.
 class BusyQuestion {
   public:
     explicit BusyQuestion(Executor& executor) : executor_(executor) {}
 
-    /// `answer` comes once, on the main thread, at most half a second later. Main thread.
+    /// `answer` is called once, on the main thread, within half a second. Main thread.
     void ask(std::function<void(bool busy)> answer);
 
   private:

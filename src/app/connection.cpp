@@ -45,7 +45,7 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
 
 void AppDelegate::loopsArrived(const Loops& loops) {
     if (window_.saysNoPedal()) {
-        return;  // it left while the table was on its way
+        return;  // it left before the table arrived here
     }
     for (const auto* const list : {&importSlots_, &exportSlots_}) {
         for (const auto& slot : *list) {
@@ -65,7 +65,7 @@ void AppDelegate::loopsArrived(const Loops& loops) {
 void AppDelegate::looperInternalStateChanged(const Status& status) {
     redrawAbout();
     if (window_.saysNoPedal()) {
-        return;  // it left while the news was on its way
+        return;  // it left before the news arrived here
     }
     const auto previous = std::exchange(selectedImportSlots_, {});
     setImportAndEraseEnabled(false);
@@ -94,7 +94,7 @@ void AppDelegate::showImportState(const Loops& loops, const std::set<std::uint8_
 }
 
 /// Whether something staged would overwrite a loop. The rows are selected as their import rows are, and keep
-/// the padded size that they had.
+/// their padded size.
 bool AppDelegate::showExportState(const Loops& loops, const std::set<std::uint8_t>& selection) {
     bool overwrites = false;
     for (const auto& slot : exportSlots_) {

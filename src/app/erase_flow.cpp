@@ -23,7 +23,7 @@ void AppDelegate::eraseButtonClicked() {
     }
 }
 
-/// Only what the question was about and is still selected.
+/// Only slots that the question was about and that are still selected.
 void AppDelegate::startErase(const std::set<std::uint8_t>& asked) {
     std::vector<std::uint8_t> numbers;
     std::ranges::set_intersection(asked, selectedImportSlots_, std::back_inserter(numbers));

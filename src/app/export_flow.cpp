@@ -12,8 +12,7 @@ namespace kzq {
 
 namespace {
 
-/// What the progress panel counts: the header is taken off a second time, so the last fraction may come out
-/// above 1.
+/// What the progress panel counts: the header is subtracted twice, so the last fraction may exceed 1.
 std::uint64_t shownTotal(const Exports& exports) {
     std::uint64_t total = 0;
     for (const auto& [slot, info] : exports) {
@@ -65,8 +64,8 @@ void AppDelegate::startExport() {
     });
 }
 
-/// Whether the answer to a question about `asked` still holds: while the question stood, the pedal may have
-/// left, another may have come, and a loop may have been recorded where there was none.
+/// Whether the answer to a question about `asked` still holds: meanwhile the pedal may have left, another may
+/// have arrived, or a loop may have been recorded in an empty slot.
 bool AppDelegate::stillStaged(const Exports& asked) const {
     return std::ranges::all_of(asked, [this](const auto& entry) {
         const auto now = selectedExportSlots_.find(entry.first);
@@ -75,7 +74,7 @@ bool AppDelegate::stillStaged(const Exports& asked) const {
     });
 }
 
-/// Also a loop that failed counts as done: what the pedal holds is read again at the end.
+/// A failed loop also counts as done: the loop table is read again at the end.
 void AppDelegate::loopSent(std::uint8_t number) {
     if (auto* const slot = slotNumber(number, Slot::exportContext)) {
         slot->setExported(true);

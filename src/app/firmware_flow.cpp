@@ -11,7 +11,7 @@ namespace kzq {
 
 namespace {
 
-/// The whole of a file that the user chose, also through a link.
+/// The whole file that the user chose; links are followed.
 std::optional<FirmwareImage> chosenImage(const std::filesystem::path& path) {
     std::error_code error;
     const auto file = std::filesystem::canonical(path, error);

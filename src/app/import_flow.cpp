@@ -15,7 +15,7 @@ namespace kzq {
 
 namespace {
 
-/// What the callbacks of one import share. They run on the link's thread, one after the other.
+/// Shared by the callbacks of one import. They run on the link's thread, one after the other.
 struct Import {
     TransferRun run;
     std::filesystem::path folder;
@@ -87,7 +87,7 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     });
 }
 
-/// The name that was typed has been used.
+/// The typed name has been used.
 void AppDelegate::loopSaved(std::uint8_t number) {
     if (auto* const slot = slotNumber(number, Slot::importContext)) {
         slot->setCustomImportName(std::nullopt);

@@ -122,7 +122,7 @@ void AppDelegate::makePanels() {
     }
 }
 
-/// The rows of a tab, in the order of their placeholders. False when one cannot be made.
+/// The rows of a tab, in the order of their placeholders. False if one cannot be created.
 bool AppDelegate::makeSlots(int tab, std::int32_t context, Slots& list) {
     const QString prefix = context == Slot::importContext ? "import slot " : "export slot ";
     for (auto* const child : window_.tabs()->widget(tab)->children()) {

@@ -12,7 +12,7 @@ namespace kzq {
 namespace {
 
 constexpr auto nap = std::chrono::seconds(1);
-constexpr unsigned patience = 3;  // naps; counted one by one, since a stopped process may oversleep one
+constexpr unsigned patience = 3;  // naps; counted singly, because a suspended process may oversleep one
 
 struct Watch {
     std::atomic<bool> answered = true;
@@ -37,7 +37,7 @@ void watchMainThread(Executor& executor, std::function<void()> free) {
 
 void freeFromPedal() {
     const auto looper = KZQ7306::looper();
-    // While an operation runs, the pedal talks to its worker and the main thread is stuck for another reason,
+    // While an operation runs, its worker talks to the pedal and the main thread hangs for another reason,
     // except when the pedal is due back from its restart into the loader.
     if (looper && (looper->operation() == KZQ7306::idle || looper->flashPending())) {
         log(LogCategory::application, "the pedal does not answer: it is reset");

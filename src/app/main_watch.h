@@ -6,13 +6,12 @@
 
 namespace kzq {
 
-/// Frees a main thread that is stuck: a pedal that falls silent while it is asked what it is, on its arrival,
-/// would hold the window for ever. Once the main thread has not answered for three seconds of the program's
-/// own running time, `free` is called on a thread of its own, and again every three seconds for as long as it
-/// lasts.
+/// Frees a hanging main thread: a pedal that stops answering during the queries on its arrival would block
+/// the window forever. If the main thread does not respond for three seconds of the program's own running
+/// time, `free` is called on a separate thread, and again every three seconds until it responds.
 void watchMainThread(Executor& executor, std::function<void()> free);
 
-/// What frees it from the pedal: ends the transfer that hangs, unless the one under way is a worker's.
+/// Frees the main thread from the pedal: ends the hanging transfer, unless it is a worker's.
 void freeFromPedal();
 
 }  // namespace kzq

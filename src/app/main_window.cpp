@@ -26,7 +26,7 @@ void dressLabel(QLabel& label, const QFont& font, const QColor& color) {
     label.setPalette(palette);
 }
 
-/// Widgets whose name in the program is no name in C++ carry it as a property.
+/// Widgets whose identifier is not a valid C++ name have it as a property.
 void nameByIdentifier(const QWidget& root) {
     for (auto* const widget : root.findChildren<QWidget*>()) {
         if (const auto identifier = widget->property("identifier"); identifier.isValid()) {
@@ -174,7 +174,7 @@ void MainWindow::addShield() {
 }
 
 void MainWindow::removeShield() {
-    delete shield_;  // NOLINT(cppcoreguidelines-owning-memory): nothing of it is wanted any more
+    delete shield_;  // NOLINT(cppcoreguidelines-owning-memory): not needed any more
 }
 
 void MainWindow::settleTabOrder() {

@@ -23,8 +23,8 @@ class MassSelectionButton;
 class PictureButton;
 class PictureView;
 
-/// The main window as it is laid out: its views by their names, and nothing that they do. The pictures and
-/// labels that stand where no pedal is connected come and go with the meter. Main thread.
+/// The layout of the main window: its views by name, without their behaviour. The pictures and labels shown
+/// without a pedal appear and disappear opposite to the meter. Main thread.
 class MainWindow : public Window {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ class MainWindow : public Window {
     PictureButton* importTabButton() const;
     PictureButton* exportTabButton() const;
     PictureButton* menuButton() const;
-    /// Item 0 is the import tab, item 1 the export tab. In each lie, in the order of the list, the
+    /// Item 0 is the import tab, item 1 the export tab. Each has, in the order of the list, the
     /// placeholders of the rows: widgets whose objectName is "import slot N" or "export slot N".
     QStackedWidget* tabs() const;
     PictureView* meter() const;
@@ -56,23 +56,23 @@ class MainWindow : public Window {
     MassSelectionButton* deselectAllButton() const;
 
     void showMeter(bool shown);
-    /// Lays the shield over everything, menu bar included; a second one is not laid.
+    /// Covers everything with the shield, menu bar included; no effect if it is up.
     void addShield();
     void removeShield();
     Shield* shield() const { return shield_; }
 
-    /// Once the rows are in their placeholders: Tab goes as the eye does.
+    /// Sets the Tab order to the visual order. Call it once the rows are in their placeholders.
     void settleTabOrder();
-    /// In the middle of the screen that the pointer is on.
+    /// Centres the window on the screen with the pointer.
     void centre();
 
-    /// What stands between the user and the pedal, in a line, shown where no pedal is; empty for nothing.
+    /// Why no pedal is available, in one line, shown while there is none; may be empty.
     void setRemedy(const QString& remedy);
     /// Whether the window says that no pedal is connected.
     bool saysNoPedal() const;
 
   Q_SIGNALS:
-    /// The window begins (ends) to say that no pedal is connected.
+    /// The window starts (stops) saying that no pedal is connected.
     void noPedalChanged(bool shown);
 
   private:

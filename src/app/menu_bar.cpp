@@ -28,7 +28,7 @@ void dressMenuBar(QMenuBar& bar) {
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     auto* const quit = bar.addMenu("&File")->addAction("&Quit", actions.quit);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
-    quit->setShortcutContext(Qt::ApplicationShortcut);  // also where the progress panel has the keyboard
+    quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
     auto* const selectAll = bar.addMenu("&Edit")->addAction("Select &All", actions.selectAll);
     selectAll->setShortcut(QKeySequence::SelectAll);
     bar.addMenu("&Help")->addAction("&About 7306 Loop Manager", actions.openAboutBox);

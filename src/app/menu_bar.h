@@ -13,7 +13,7 @@ struct MenuBarActions {
     std::function<void()> quit;
 };
 
-/// Paints the bar in the window's own colours, on every desktop alike.
+/// Paints the bar in the window's own colours, the same on every desktop.
 void dressMenuBar(QMenuBar& bar);
 /// File with Quit, Edit with Select All, Help with About. Once.
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions);

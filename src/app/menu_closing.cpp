@@ -27,7 +27,7 @@ bool happensToWindow(QEvent::Type type) {
     }
 }
 
-/// Tool tips come and go as the pointer moves; they are no windows to the user.
+/// Tool tips appear and disappear as the pointer moves; to the user they are not windows.
 bool isWindow(const QObject& watched) {
     if (!watched.isWidgetType()) {
         return false;

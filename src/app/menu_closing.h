@@ -5,9 +5,9 @@
 
 namespace kzq {
 
-/// Tells when something happens that closes the in-window menu: any window is moved, resized, minimised or
-/// restored, closed, taken to another screen or left by the keyboard, a modal dialog comes or goes, a menu of
-/// the menu bar opens or one of its entries acts. Main thread.
+/// Reports events that close the in-window menu: a window is moved, resized, minimised, restored, closed,
+/// moved to another screen or loses the keyboard focus, a modal dialog opens or closes, a menu of the menu
+/// bar opens or one of its entries is chosen. Main thread.
 class MenuClosing : public QObject {
     Q_OBJECT
 

@@ -14,8 +14,8 @@ namespace kzq {
 
 namespace {
 
-/// Moves the highlight from the hovered item to the one that follows in `items`; without one it goes to the
-/// last of them that `wrapTo` names. It never wraps.
+/// Moves the highlight from the hovered item to the next one in `items`; without a hovered item, to the last
+/// one that `wrapTo` names. It never wraps.
 template <class Items>
 void moveHighlight(Items first, Items last, MenuItem& whenNone) {
     const auto hovered = std::find_if(first, last, [](const MenuItem* item) { return item->hovered(); });
@@ -53,7 +53,7 @@ void AppDelegate::openMenu() {
     view.raise();
     menu_->setFirmwareTitle(menu_->modifiers());
     view.setFocus();
-    window_.menuButton()->hide();  // last, so that the focus does not wander off
+    window_.menuButton()->hide();  // last, so that the focus does not move elsewhere
 }
 
 void AppDelegate::closeMenu() {
@@ -106,7 +106,7 @@ void AppDelegate::openMainWindow() {
 void AppDelegate::openAbout() {
     closeMenu();
     if (!about_) {
-        openMainWindow();  // which otherwise comes when the panel closes
+        openMainWindow();  // otherwise done when the panel closes
         return;
     }
     if (!about_->isVisible()) {

@@ -18,7 +18,7 @@ std::uint64_t AppDelegate::existingAndTeedUpExportSamplesWithProposedExport(std:
                                                                  frames, slot);
 }
 
-/// What the import rows show of the pedal's loops, as far as it counts here.
+/// The pedal's loops as the import rows show them, as far as the meter needs them.
 Loops AppDelegate::existingLoops() const {
     Loops loops;
     for (const auto& slot : importSlots_) {

@@ -37,16 +37,16 @@ using namespace kzq;
 
 constexpr int usageStatus = 2;
 constexpr int fileStatus = 6;
-/// A main thread that has been asked to end is not waited for after that.
+/// How long to wait for the main thread after it was asked to end.
 constexpr auto longestEnd = std::chrono::milliseconds(1500);
 
-/// Workers may be parked in a transfer that never ends, so the process does not wait for them.
+/// Workers may be blocked in a transfer that never ends, so the process does not wait for them.
 [[noreturn]] void leave(int status) {
     RunFolder::ofThisRun().remove();
     std::_Exit(status);
 }
 
-/// On a thread of its own, when the program was asked to end.
+/// On a thread of its own, once the program was asked to end.
 void leaveSoon(Executor& executor) {
     executor.sleep(longestEnd);
     leave(EXIT_SUCCESS);
@@ -65,7 +65,7 @@ bool openBundle(const std::filesystem::path& bundle) {
     return QProcess::startDetached("/usr/bin/open", {"-W", "-n", text(bundle)});
 }
 
-/// Where a package may lie until the desktop's installer has taken it.
+/// Where a package stays until the desktop's installer has read it.
 std::filesystem::path downloadFolder() {
     for (const auto place : {QStandardPaths::DownloadLocation, QStandardPaths::TempLocation}) {
         const auto folder = QStandardPaths::writableLocation(place);
@@ -119,7 +119,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .quit = &QCoreApplication::quit};
 }
 
-/// Nothing when the file cannot be read; empty when none was named.
+/// Nothing if the file cannot be read; empty if none was given.
 std::optional<std::string> authorities(const ProgramOptions& options) {
     if (options.authorities.empty()) {
         return std::string();
@@ -159,7 +159,7 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
     leave(status);
 }
 
-/// Qt aborts where there is no screen; a user is told instead.
+/// Qt aborts if there is no display; the user gets a message instead.
 bool hasScreen() {
     return std::ranges::any_of(std::array{"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"},
                                [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
@@ -182,7 +182,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     }
     Application application(argc, argv);
     Application::setApplicationName("kzq7306");
-    Application::setApplicationDisplayName("");  // titles stand as they are
+    Application::setApplicationDisplayName("");  // leaves window titles as they are
     Application::setDesktopFileName("kzq7306");
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens

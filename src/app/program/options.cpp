@@ -31,7 +31,7 @@ ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {
     if (const auto mistake = simulator::SimulateOption::mistake(arguments); !mistake.empty()) {
         return {std::nullopt, usageStatus, "kzq7306: " + mistake + "\n"};
     }
-    std::reverse(arguments.begin(), arguments.end());  // as CLI11 wants them
+    std::reverse(arguments.begin(), arguments.end());  // as CLI11 expects
     try {
         app.parse(arguments);
     } catch (const CLI::Success& asked) {  // help or version

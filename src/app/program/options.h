@@ -7,7 +7,7 @@
 
 namespace kzq {
 
-/// What the user asked of the window's program.
+/// The command-line options of the window's program.
 struct ProgramOptions {
     bool simulate = false;
     std::filesystem::path simulatedFolder;  ///< empty: the simulated pedal's own loops
@@ -17,14 +17,14 @@ struct ProgramOptions {
     std::filesystem::path authorities;  ///< certificates trusted instead of the system's; empty: the system's
 };
 
-/// Either `options`, or what to print and the status to end with.
+/// Either `options`, or what to print and the exit status.
 struct ParsedProgramOptions {
     std::optional<ProgramOptions> options;
     int status = 0;
     std::string text;
 };
 
-/// `arguments` without the program's name.
+/// `arguments` does not include the program's name.
 ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments);
 
 }  // namespace kzq
