@@ -15,7 +15,7 @@ namespace kzq {
 
 namespace {
 
-/// An open panel is given time to close.
+/// Time for an open panel to close.
 constexpr auto afterPanel = std::chrono::milliseconds(100);
 
 const FileTypes audioTypes{"wav", "aif", "aiff", "mp3", "m4a", "aac", "ac3", "flac"};

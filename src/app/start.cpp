@@ -6,16 +6,16 @@
 #include "device/kzq7306.h"
 #include "ui/panels/progress.h"
 
-// How operations on the pedal begin and end, whichever they are.
+// How all operations on the pedal start and end.
 
 namespace kzq {
 
 namespace {
 
-/// A healthy pedal stops before its next piece; one that has fallen silent has to be reset.
+/// A healthy pedal stops before its next piece; one that has stopped answering must be reset.
 constexpr auto firstInsistence = std::chrono::milliseconds(500);
 constexpr auto nextInsistence = std::chrono::seconds(1);
-/// A panel is given time to close before the window is covered.
+/// Time for a panel to close before the window is covered.
 constexpr auto panelsClose = std::chrono::milliseconds(100);
 
 }  // namespace
@@ -132,8 +132,8 @@ void AppDelegate::cancelTransfer() {
     insistOnCancel(firstInsistence, runs_);
 }
 
-/// Until the run is over: a pedal that is silent is reset, and a cancel that came just before the link began
-/// the transfer is told again.
+/// Repeats until the run is over: resets a pedal that does not answer, and repeats a cancel that came just
+/// before the link started the transfer.
 void AppDelegate::insistOnCancel(Executor::Duration delay, std::uint64_t run) {
     environment_.executor.mainAfter(delay, [weak = weak_from_this(), run] {
         const auto self = weak.lock();

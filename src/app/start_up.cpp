@@ -29,7 +29,7 @@ bool useUpMarker(const fs::path& home) {
     return true;
 }
 
-/// Never onto something that is there.
+/// Never onto an existing path.
 bool moveBundle(const fs::path& from, const fs::path& to) {
     std::error_code failure;
     if (fs::exists(fs::symlink_status(to, failure))) {
@@ -75,7 +75,7 @@ bool handOverToRenamedBundle(const StartUpPlaces& places) {
         return false;
     }
     const auto renamed = bundle.parent_path() / knownName;
-    // Where the opener is missing, this process goes on from where it is now.
+    // If the opener is missing, this process continues from its present place.
     return moveBundle(bundle, renamed) && places.open(renamed);
 }
 
@@ -83,7 +83,7 @@ fs::path usualSettings(const fs::path& home) {
     const char* const configured = std::getenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): start-up
     const fs::path folder = configured != nullptr ? configured : "";
     if (!folder.is_absolute() && home.empty()) {
-        return {};  // not into whatever folder the program was started from
+        return {};  // never the folder that the program was started from
     }
     return (folder.is_absolute() ? folder : home / ".config") / "com.kzq.7306.conf";
 }

@@ -5,13 +5,13 @@
 
 namespace kzq {
 
-// What happens before there is an application: the name of the bundle is settled and two defaults are set.
+// Runs before the application is created: fixes the name of the bundle and sets two defaults.
 
-/// Where it happens; tests have places of their own.
+/// The places it uses; tests supply their own.
 struct StartUpPlaces {
     std::filesystem::path home;     ///< the user's home folder; empty for none
     std::filesystem::path program;  ///< the running program's file
-    /// Starts the program in a bundle and answers at once; whether it could be started.
+    /// Starts the program in a bundle without waiting; returns whether it could be started.
     std::function<bool(const std::filesystem::path& bundle)> open;
 };
 
@@ -25,8 +25,8 @@ void writeBundleNameMarker(const std::filesystem::path& home);
 /// installed program is in no bundle and is never moved.
 std::filesystem::path bundleOf(const std::filesystem::path& program);
 
-/// Gives a bundle that still has its built name the name that people know, and starts it from there. True
-/// when that was done: this process is to end. With the marker, which is used up, nothing is renamed.
+/// Renames a bundle that still has its build name to the public one and starts it from there. True if that
+/// was done: this process must then end. If the marker exists, it is removed and nothing is renamed.
 bool handOverToRenamedBundle(const StartUpPlaces& places);
 
 /// The file of the user's defaults, under $XDG_CONFIG_HOME or the home folder's ".config"; empty without

@@ -9,28 +9,28 @@
 
 namespace kzq {
 
-/// How far one transfer has come, between the device link's thread and the window. The link holds the device
+/// Progress of one transfer, passed from the device link's thread to the window. The link holds the device
 /// lock while it reports, so nothing here waits for the main thread.
 class TransferRun {
   public:
-    /// All on the main thread, in the order of the events. Of the fractions of a running loop only the newest
-    /// is told: at most one is on its way.
+    /// All on the main thread, in the order of the events. Of the fractions of a running loop only the
+    /// newest is delivered: at most one is queued.
     struct Listener {
         std::function<void(double fraction)> percent;
         std::function<void(std::uint8_t slot)> loopDone;
         std::function<void()> finished;
     };
 
-    /// `total` may be 0: then nothing of it is a fraction of it.
+    /// `total` may be 0; then every fraction is 0 of 0, not a number.
     TransferRun(Executor& executor, std::uint64_t total, Listener listener);
 
     // The link's thread.
 
-    /// `bytes` of the whole batch have moved.
+    /// `bytes` of the whole batch have been transferred.
     void moved(std::uint64_t bytes);
     /// Counts a loop of so many bytes.
     void add(std::uint64_t bytes) { done_ += bytes; }
-    /// That loop is done: tells the fraction counted so far, then the loop.
+    /// That loop is done: reports the fraction so far, then the loop.
     void loopDone(std::uint8_t slot);
     void finished();
 

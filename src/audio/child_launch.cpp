@@ -16,7 +16,7 @@ namespace {
 
 constexpr rlim_t mostMemory = 768ULL << 20U;
 constexpr rlim_t mostProcessorSeconds = 120;
-/// Above every number that the child gives a meaning to, so that moving one there never hits another.
+/// Above every descriptor number the child uses, so that moving one there never overwrites another.
 constexpr int firstFreeNumber = 10;
 
 struct Pipe {
@@ -44,7 +44,7 @@ void limit(__rlimit_resource resource, rlim_t most) {
     ::setrlimit(resource, &limits);
 }
 
-/// What the child needs; made before the fork, because after it nothing may be allocated.
+/// What the child needs; created before the fork, because nothing may be allocated after it.
 struct Recipe {
     const char* program;
     char* const* arguments;
@@ -82,11 +82,11 @@ bool placeDescriptors(const Recipe& recipe) {
            ::close_range(childSource + 1, ~0U, CLOSE_RANGE_CLOEXEC) == 0;
 }
 
-/// The child's side of the fork: only calls that are safe beside other threads.
+/// The child's side of the fork: only calls that are safe in a multithreaded program.
 [[noreturn]] void becomeChild(const Recipe& recipe) {
     resetSignals();
     ::setsid();
-    // The signal comes when the starting thread ends; that thread waits for the child in all other cases.
+    // The signal comes if the starting thread ends; otherwise that thread waits for the child.
     ::prctl(PR_SET_PDEATHSIG, SIGKILL, 0, 0, 0);
     if (::getppid() == recipe.parent && placeDescriptors(recipe)) {
         lockDown();
@@ -97,7 +97,7 @@ bool placeDescriptors(const Recipe& recipe) {
     ::_exit(127);
 }
 
-/// 0 when the child has become its program, else the errno value that it reported.
+/// 0 if the child now runs its program, else the errno value that it reported.
 int reportedError(const Descriptor& report) {
     int error = 0;
     ssize_t got = 0;
@@ -160,7 +160,7 @@ LaunchedChild launchLockedChild(const ChildTask& task) {
     }
     ::fcntl(output.read.get(), F_SETFL, O_NONBLOCK);
     ::fcntl(complaint.read.get(), F_SETFL, O_NONBLOCK);
-    ::fcntl(output.read.get(), F_SETPIPE_SZ, 1 << 20);  // fewer turns; as it is if refused
+    ::fcntl(output.read.get(), F_SETPIPE_SZ, 1 << 20);  // fewer reads; harmless if refused
     return {pid, std::move(output.read), std::move(complaint.read), 0};
 }
 

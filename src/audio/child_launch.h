@@ -7,12 +7,12 @@
 
 namespace kzq {
 
-/// A child process that was started: ours to wait for, in a session and process group of its own.
+/// A started child process, to be reaped by us, in a session and process group of its own.
 struct LaunchedChild {
     pid_t pid = -1;
     Descriptor output;     ///< its standard output, not blocking
     Descriptor complaint;  ///< its standard error, not blocking
-    int error = 0;         ///< an errno value when it could not be started
+    int error = 0;         ///< an errno value if it could not be started
 };
 
 /// Starts `task.program` as ChildTask describes.

@@ -24,7 +24,7 @@ std::uint64_t resampled(std::uint64_t frames, std::uint64_t rate) {
     return (frames * waveSampleRate + rate / 2) / rate;
 }
 
-/// One conversion on its way; each step answers with what is wrong.
+/// One running conversion; each step returns its failure, if any.
 class Run {
   public:
     Run(const Conversion::Options& options, const std::filesystem::path& source)
@@ -133,8 +133,8 @@ class Run {
                                : childFailure(end, options_.ffmpeg, ConversionFailure::truncatedOrCorrupt);
     }
 
-    /// A decoder takes an early end of the file for the end of the sound, unless it is in the middle of
-    /// something.
+    /// A decoder takes an early end of the file for the end of the audio, unless it is in the middle of a
+    /// frame.
     Failure checkLength() {
         if (output_.sampleBytes() == 0) {
             return conversionFailure(ConversionFailure::noFrames);

@@ -11,17 +11,17 @@
 
 namespace kzq {
 
-/// What keeps a file from being converted.
+/// Why a file cannot be converted.
 enum class ConversionFailure {
     notAFile,     ///< missing, a folder, a pipe or a device
-    unreadable,   ///< no permission, or the medium fails
-    notAudio,     ///< nothing in it that is sound
-    unsupported,  ///< sound of a kind that can't be read faithfully
+    unreadable,   ///< no permission, or a read error
+    notAudio,     ///< contains no audio
+    unsupported,  ///< audio that cannot be read faithfully
     truncatedOrCorrupt,
     noFrames,
     sampleRate,  ///< outside 4,000 to 768,000 Hz
     diskFull,
-    outputRefused,  ///< the output exists already, or its folder can't be written to
+    outputRefused,  ///< the output exists already, or its folder is not writable
     cancelled,
     timeOrMemoryLimit,
     toolMissing,
@@ -30,10 +30,10 @@ enum class ConversionFailure {
 
 /// Converts audio files to the pedal's format: WAV with a header of 44 bytes, 24-bit, 44,100 Hz, stereo.
 ///
-/// What already has 44,100 Hz and 24 bits or fewer passes bit for bit; other rates come out with
-/// round(n * 44100 / rate) frames. Mono becomes two equal sides; more than two channels are mixed down. Of
-/// long sources only the first `mostFrames` frames are converted, one more than the pedal holds, so that
-/// whoever counts sees that it does not fit.
+/// 44,100 Hz with 24 bits or fewer passes bit for bit; other rates come out with round(n * 44100 / rate)
+/// frames. Mono becomes two equal sides; more than two channels are mixed down. Of long sources only the
+/// first `mostFrames` frames are converted, one more than the pedal holds, so that the count shows that it
+/// does not fit.
 ///
 /// Decoding is done by ffmpeg in a locked-down child process. Objects hold no state of a conversion: any
 /// thread, several at once.
@@ -42,11 +42,11 @@ class Conversion {
     static constexpr std::uint64_t mostFrames = 63'504'001;
 
     struct Options {
-        /// The new file; or an existing folder, for a name of our own in it. Nothing is ever replaced.
+        /// The new file; or an existing folder, in which we choose a name. Nothing is ever overwritten.
         std::filesystem::path output;
-        /// Hears how many frames are done, on the converting thread.
+        /// Called with the number of frames done, on the converting thread.
         std::function<void(std::uint64_t)> progress = nullptr;
-        /// Set by anybody to end the conversion; it ends within 50 ms.
+        /// Set it to end the conversion within 50 ms.
         const std::atomic<bool>* cancelled = nullptr;
         /// Waits until the output is on the disk.
         bool sync = false;
@@ -56,7 +56,7 @@ class Conversion {
 
     struct Failure {
         ConversionFailure reason = ConversionFailure::internal;
-        std::string sentence;  ///< for the user; whole sentences
+        std::string sentence;  ///< for the user; complete sentences
     };
 
     /// Either a failure, with nothing left behind, or a file that now belongs to the caller.

@@ -11,7 +11,7 @@
 namespace kzq {
 namespace {
 
-/// Nothing, or what is wrong with the path.
+/// Empty, or what is wrong with the path.
 std::string objectionTo(const std::string& path) {
     const std::filesystem::path place(path);
     std::error_code error;

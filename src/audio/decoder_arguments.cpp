@@ -12,7 +12,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// Codecs by the names of their formats; the decoder of MP3 alone is called otherwise.
+/// Codecs by the names of their formats; only the MP3 decoder has another name.
 constexpr std::array<std::string_view, 31> codecs{
     "pcm_u8",        "pcm_s8",       "pcm_s16le", "pcm_s16be", "pcm_s24le", "pcm_s24be", "pcm_s32le",
     "pcm_s32be",     "pcm_s64le",    "pcm_s64be", "pcm_f32le", "pcm_f32be", "pcm_f64le", "pcm_f64be",
@@ -33,8 +33,8 @@ void append(Words& words, std::initializer_list<std::string> more) {
     words.insert(words.end(), more);
 }
 
-/// Everything up to and including the source. Names inside a source lead nowhere, since only files are
-/// opened, and only formats that refer to no others.
+/// Everything up to and including the source. References inside a source are not followed: only files are
+/// opened, in formats that do not refer to other files.
 Words sourceArguments(const Words& options) {
     Words words{"-nostdin", "-hide_banner",    "-nostats", "-v", "error", "-threads",
                 "1",        "-filter_threads", "1"};
@@ -55,7 +55,7 @@ std::string valueOf(std::string_view text, std::string_view key) {
     return std::string(text.substr(begin, text.find('\n', begin) - begin));
 }
 
-/// Layouts are told by name, such as "stereo" or "5.1(side)", or as "10 channels" where there is no name.
+/// Layouts have names, such as "stereo" or "5.1(side)", or are given as "10 channels".
 void takeLayout(StreamFacts& stream, const std::string& layout) {
     unsigned count = 0;
     const auto [end, error] = std::from_chars(layout.data(), layout.data() + layout.size(), count);
@@ -70,8 +70,8 @@ void takeLayout(StreamFacts& stream, const std::string& layout) {
     }
 }
 
-/// Mono: the same on both sides, at full level. Two channels: as they are, whatever they are called. More:
-/// the usual downmix, turned down as far as needed to never clip.
+/// Mono: the same on both sides, at full level. Two channels: unchanged, whatever the layout. More: the usual
+/// downmix, scaled so that it can never clip.
 std::string channelFilter(const StreamFacts& stream) {
     if (stream.channels == 1) {
         return "channelmap=0|0:stereo";
@@ -139,7 +139,7 @@ std::vector<std::string> decodeArguments(const SourceFacts& facts, const StreamF
         options.emplace_back("-xerror");  // there, the last packet counts as corrupt
     }
     if (facts.sound) {
-        // The decoder would cut to whole packets; it shall give all, and the filter cuts.
+        // The decoder would cut at packets; instead it outputs everything, and the filter cuts.
         append(options, {"-ignore_editlist", "1", "-flags2", "+skip_manual"});
     }
     if (!facts.codec.empty()) {

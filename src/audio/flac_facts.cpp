@@ -3,7 +3,8 @@
 namespace kzq {
 
 SourceFacts factsOfFlac(const FileBytes& file, std::uint64_t start) {
-    // Behind the signature and a block head: STREAMINFO, with the count in the low 36 bits of bytes 10 to 17.
+    // After the signature and a block header: STREAMINFO, with the count in the low 36 bits of bytes 10
+    // to 17.
     constexpr std::uint64_t countMask = (1ULL << 36U) - 1;
     SourceFacts facts;
     const std::uint64_t count = file.big(start + 18, 8).value_or(0) & countMask;

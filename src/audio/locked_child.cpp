@@ -16,7 +16,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// How often a cancellation is looked for.
+/// How often cancellation is checked.
 constexpr std::chrono::milliseconds tick{20};
 constexpr std::size_t mostComplaint = 4096;
 constexpr std::size_t pieceSize = 1 << 18;
@@ -45,7 +45,7 @@ class Conversation {
         ::poll(watched.data(), watched.size(), static_cast<int>(tick.count()));
     }
 
-    /// One piece of what has come; closes the descriptor at the end of the stream.
+    /// Reads one piece; closes the descriptor at the end of the stream.
     std::span<const std::uint8_t> read(Descriptor& from) {
         if (!from) {
             return {};
@@ -74,7 +74,8 @@ class Conversation {
             return true;
         }
         const bool more = task_.output(bytes);
-        lastHeard_ = Clock::now();  // what the taker needs, such as a slow disk, is no silence of the child
+        lastHeard_ =
+            Clock::now();  // time spent by the consumer, such as on a slow disk, is not the child's silence
         return more;
     }
 
@@ -89,7 +90,7 @@ class Conversation {
         return std::nullopt;
     }
 
-    /// Kills the child with whatever it has started.
+    /// Kills the child and everything it has started.
     ChildEnd endEarly(ChildEnd::How how) const {
         ::kill(-child_.pid, SIGKILL);
         while (::waitpid(child_.pid, nullptr, 0) < 0 && errno == EINTR) {
@@ -108,7 +109,7 @@ class Conversation {
             ::poll(nullptr, 0, 1);
         }
         if (ended < 0) {
-            return {ChildEnd::How::notStarted, errno, {}};  // somebody else has reaped it: unknown is failed
+            return {ChildEnd::How::notStarted, errno, {}};  // somebody else has reaped it: counts as failed
         }
         if (WIFSIGNALED(status)) {
             return {ChildEnd::How::killed, WTERMSIG(status), {}};

@@ -16,15 +16,15 @@ struct ChildPatience {
     std::chrono::milliseconds whole = std::chrono::minutes(10);
 };
 
-/// A program that handles data nobody vouches for. It gets one open file to read, as descriptor
-/// `childSource`, and can say something on its standard output and error; its environment is clean, it has no
-/// terminal, can't write files, can't gain privileges, has limits of memory (768 MB) and processor time
-/// (120 s), and dies with the thread that runs it.
+/// A program that handles untrusted data. It can read one open file, as descriptor `childSource`, and write
+/// to its standard output and error; its environment is clean, it has no terminal, cannot write files or gain
+/// privileges, has limits of memory (768 MB) and processor time (120 s), and dies with the thread that runs
+/// it.
 struct ChildTask {
     std::string program;  ///< path of an executable file; $PATH is not searched
     std::vector<std::string> arguments;
-    int source = -1;  ///< stays open, and its offset where it is
-    /// Takes the child's standard output in pieces, on the calling thread; false stops the child.
+    int source = -1;  ///< stays open, with its offset unchanged
+    /// Receives the child's standard output in pieces, on the calling thread; return false to stop the child.
     std::function<bool(std::span<const std::uint8_t>)> output;
     const std::atomic<bool>* cancelled = nullptr;
     ChildPatience patience;

@@ -7,7 +7,7 @@ namespace {
 
 using BitRates = std::array<std::uint16_t, 15>;
 
-/// The head that stands before each frame of MPEG audio.
+/// The header of each frame of MPEG audio.
 class FrameHead {
   public:
     explicit FrameHead(std::uint64_t bits) : bits_(bits) {}
@@ -20,7 +20,7 @@ class FrameHead {
     bool isLayerThree() const { return layer() == 1; }
     bool isMono() const { return field(6, 2) == 3; }
 
-    /// In bytes, with the head; 0 where the head does not tell it (free format).
+    /// In bytes, with the header; 0 if the header does not say (free format).
     std::uint64_t frameSize() const {
         constexpr std::array<std::uint32_t, 3> rates{44'100, 48'000, 32'000};
         const unsigned lower = isVersionOne() ? 0 : version() == 2 ? 1 : 2;
@@ -59,12 +59,12 @@ class FrameHead {
     std::uint64_t bits_;
 };
 
-/// Whether an ID3v1 or APE tag begins here, the only ones that the decoder lets stand behind the last frame.
+/// Whether an ID3v1 or APE tag starts here, the only ones that the decoder allows after the last frame.
 bool isTag(const FileBytes& file, std::uint64_t offset) {
     return file.text(offset, 3) == "TAG" || file.text(offset, 8) == "APETAGEX";
 }
 
-/// Follows the frames from head to head: whether they do not come out at the file's end, nor at a tag.
+/// Follows the frames from header to header: true if they end neither at the file's end nor at a tag.
 bool breaksOff(const FileBytes& file, std::uint64_t start) {
     std::uint64_t offset = start;
     while (offset < file.size()) {
@@ -87,7 +87,7 @@ SourceFacts factsOfMp3(const FileBytes& file, std::uint64_t start) {
     SourceFacts facts;
     facts.truncated = breaksOff(file, start);
     const FrameHead head(file.big(start, 4).value_or(0));
-    // The tag stands where the first frame's samples would be, behind its side information.
+    // The tag is where the first frame's samples would be, after its side information.
     const std::uint64_t sideSize = head.isVersionOne() ? (head.isMono() ? 17 : 32) : (head.isMono() ? 9 : 17);
     const std::uint64_t tag = start + 4 + sideSize;
     const std::string name = file.text(tag, 4);

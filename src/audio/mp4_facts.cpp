@@ -18,8 +18,8 @@ struct Box {
     std::uint64_t end = 0;
 };
 
-/// Calls `visit` for each box between `from` and `to`; it answers whether to go on. False when a box runs
-/// past `to`.
+/// Calls `visit` for each box between `from` and `to`; it returns whether to continue. False if a box
+/// extends past `to`.
 bool eachBox(const FileBytes& file, std::uint64_t from, std::uint64_t to,
              const std::function<bool(const Box&)>& visit) {
     std::uint64_t offset = from;
@@ -93,7 +93,7 @@ struct Edit {
     std::uint64_t start = 0;   ///< in the track's
 };
 
-/// The only edit that plays something; nothing when there are several.
+/// The only edit that plays something; nothing if there are several.
 std::optional<Edit> onlyEdit(const FileBytes& file, const Box& list) {
     const bool wide = file.big(list.body, 1) == 1U;
     const unsigned width = wide ? 8 : 4;
@@ -114,8 +114,8 @@ std::optional<Edit> onlyEdit(const FileBytes& file, const Box& list) {
     return count <= 4 ? edit : std::nullopt;
 }
 
-/// An edit's length is told in units of the whole movie, which may be as coarse as milliseconds. The track's
-/// own duration, which has the finer units, is the better word if it agrees.
+/// An edit's length is in units of the whole movie, which may be as coarse as milliseconds. The track's own
+/// duration, in finer units, is used instead if it agrees.
 std::optional<SoundSpan> spanOfEdit(const Edit& edit, const MediaClock& movie, const MediaClock& track) {
     if (movie.timescale == 0 || edit.length > mostUnits / 1024 || edit.start > track.duration) {
         return std::nullopt;
@@ -139,7 +139,7 @@ std::optional<std::uint64_t> nextHex(std::string_view& text) {
     return value;
 }
 
-/// The tag with which music players note the true length: a zero, the priming, the padding, the length.
+/// The tag in which music players store the true length: a zero, the priming, the padding, the length.
 std::optional<SoundSpan> spanOfTag(std::string_view text, const MediaClock& track) {
     const auto zero = nextHex(text);
     const auto priming = nextHex(text);
@@ -152,7 +152,7 @@ std::optional<SoundSpan> spanOfTag(std::string_view text, const MediaClock& trac
     return SoundSpan{*priming, *length, track.timescale};
 }
 
-/// The text of a "data" box, behind its type and language.
+/// The text of a "data" box, after its type and language.
 std::string textOf(const FileBytes& file, const Box& data) {
     const std::uint64_t begin = std::min(data.body + 8, data.end);
     return file.text(begin, static_cast<unsigned>(std::min<std::uint64_t>(data.end - begin, 200)));
@@ -192,7 +192,7 @@ SourceFacts factsOfMp4(const FileBytes& file) {
         dataSeen = dataSeen || box.name == "mdat";
         return true;
     });
-    facts.truncated = !whole && !(movie && dataSeen);  // what follows both is nobody's loss
+    facts.truncated = !whole && !(movie && dataSeen);  // damage after both does not matter
     const auto sound = movie ? firstSoundTrack(file, *movie) : std::nullopt;
     if (!sound) {
         return facts;

@@ -3,7 +3,7 @@
 namespace kzq {
 namespace {
 
-/// Where the file goes on behind an ID3v2 tag, if it has one.
+/// Where the file continues after an ID3v2 tag, if it has one.
 std::uint64_t afterId3(const FileBytes& file) {
     constexpr std::uint64_t headSize = 10;
     if (file.text(0, 3) != "ID3") {

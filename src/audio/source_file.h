@@ -9,15 +9,14 @@
 
 namespace kzq {
 
-/// A source that was found to be a regular file, open for reading.
+/// A source, known to be a regular file, open for reading.
 struct SourceFile {
     Descriptor file;
     std::uint64_t size = 0;
     std::optional<Conversion::Failure> failure;
 };
 
-/// Opens `path`, through symbolic links, without ever opening a pipe or a device: that may block, or do
-/// something.
+/// Opens `path`, following symbolic links, but never a pipe or a device: that may block or have side effects.
 SourceFile openSource(const std::filesystem::path& path);
 
 }  // namespace kzq

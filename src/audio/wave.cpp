@@ -17,10 +17,10 @@ constexpr std::uint64_t preambleSize = 12;
 constexpr std::uint64_t chunkHeadSize = 8;
 constexpr std::uint32_t fmtBodySize = 16;
 constexpr std::uint16_t pcmTag = 1;
-/// What the RIFF size of a canonical file counts besides the samples.
+/// What the RIFF size of a canonical file includes besides the samples.
 constexpr std::uint32_t riffOverhead = waveHeaderSize - chunkHeadSize;
 constexpr std::uint64_t mostSampleBytes = 4'294'967'258;
-/// Room behind the samples, so that the append never moves them.
+/// Room after the samples, so that appending never moves them.
 constexpr std::size_t spareCapacity = 100;
 
 constexpr std::uint32_t byteRate(std::uint32_t channels) {
@@ -109,7 +109,7 @@ bool isPerfectWave(ByteView data, std::uint32_t channels) {
     for (auto chunk = firstSubchunk(data); chunk.length != 0; chunk = subchunkAfter(data, chunk)) {
         const std::uint32_t tag = tagOf(data, chunk);
         if (tag == dataTag) {
-            // A second body ahead of the format would leave open which of them counts.
+            // With a second body before the format, it would be unclear which one counts.
             if (dataFound) {
                 return false;
             }
@@ -162,7 +162,7 @@ std::optional<Bytes> wave(ByteView samples, std::uint32_t channels) {
 }
 
 std::optional<Bytes> lpcm(ByteView data) {
-    // Shorter than a canonical header, even a formal WAVE is passed on as it is.
+    // If shorter than a canonical header, even a valid WAVE is passed on unchanged.
     if (!isWave(data) || data.size() < waveHeaderSize) {
         return Bytes(data.begin(), data.end());
     }

@@ -11,7 +11,7 @@ namespace kzq {
 using Bytes = std::vector<std::uint8_t>;
 using ByteView = std::span<const std::uint8_t>;
 
-/// Where something stands in a buffer. A length of 0 means that it was not found.
+/// Where something is in a buffer. A length of 0 means that it was not found.
 struct ByteRange {
     static constexpr std::uint64_t notFound = 0x7FFFFFFFFFFFFFFF;
 
@@ -24,16 +24,16 @@ struct ByteRange {
 /// The one format the pedal keeps: linear PCM, signed 24-bit little-endian, 44,100 Hz.
 inline constexpr std::uint32_t waveSampleRate = 44'100;
 inline constexpr std::uint32_t waveBitsPerSample = 24;
-/// Bytes in front of the samples in every file that `wave` makes.
+/// Bytes before the samples in every file that `wave` makes.
 inline constexpr std::size_t waveHeaderSize = 44;
 
 // RIFF/WAVE on byte buffers. All functions read in place, keep nothing and may run on any thread.
 
 /// The 12-byte RIFF/WAVE preamble at the start of `data`. Strict: the RIFF size must account for every byte,
-/// so trailing bytes or a stale size make the data no WAVE at all.
+/// so data with trailing bytes or a stale size is not a WAVE.
 ByteRange rangeOfWaveChunk(ByteView data);
 
-/// The sub-chunk at `offset`, its 8-byte head included. The next one starts exactly at location + length:
+/// The sub-chunk at `offset`, including its 8-byte header. The next one starts exactly at location + length:
 /// no pad byte is skipped after an odd size.
 ByteRange rangeOfSubchunkAtOffset(ByteView data, std::uint64_t offset);
 
@@ -48,14 +48,13 @@ bool isPerfectWave(ByteView data, std::uint32_t channels);
 /// field, and the RIFF size to its 32 bits.
 std::array<std::uint8_t, waveHeaderSize> waveHeader(std::uint32_t sampleBytes, std::uint32_t channels);
 
-/// A WAV file image: the canonical 44-byte header, then `samples` unchanged. Nothing when there are more
-/// than 4,294,967,258 bytes of them, which a RIFF size cannot count, or no memory for the image. `channels`
+/// A WAV file image: the canonical 44-byte header, then `samples` unchanged. Nothing if there are more than
+/// 4,294,967,258 bytes of them, which a RIFF size cannot hold, or no memory for the image. `channels`
 /// is cut to the 16 bits of its field.
 std::optional<Bytes> wave(ByteView samples, std::uint32_t channels);
 
-/// The body of the first "data" sub-chunk. Data that is no WAVE is taken to be samples already and comes back
-/// whole, as does a WAVE of less than 44 bytes; a malformed WAVE gives nothing. Throws only for want of
-/// memory.
+/// The body of the first "data" sub-chunk. Data that is not a WAVE is taken for samples and returned whole,
+/// as is a WAVE of less than 44 bytes; a malformed WAVE gives nothing. Throws only if out of memory.
 std::optional<Bytes> lpcm(ByteView data);
 
 }  // namespace kzq

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::uint64_t extensibleTag = 0xFFFE;
 constexpr int mostChunks = 10'000;
-/// Writers that could not go back leave all ones, or a round number just under 2 GiB.
+/// Writers that could not seek back leave all ones, or a round number just under 2 GiB.
 constexpr std::uint64_t leastUnknownSize = 0x7FFF0000;
 
 struct Format {
@@ -30,7 +30,7 @@ Format formatAt(const FileBytes& file, std::uint64_t body) {
     return format;
 }
 
-/// The decoder goes by the valid bits; where a sample takes more bytes than those need, it must be told.
+/// The decoder goes by the valid bits; if a sample takes more bytes than those need, the codec must be given.
 std::string codecFor(const Format& format) {
     if (format.tag != 1 || format.channels == 0 || format.blockAlign % format.channels != 0) {
         return {};
@@ -55,7 +55,7 @@ void takeData(SourceFacts& facts, const FileBytes& file, const Format& format, s
     if (isLong) {
         size = longDataSize(file).value_or(~0ULL);  // without one, it ends too early
     }
-    // No samples, if the file's own size agrees; else a length that was never noted.
+    // No samples if the file's own size agrees; else a length that was never stored.
     const bool unknown =
         !isLong && (size >= leastUnknownSize || (size == 0 && file.little(4, 4) != file.size() - 8));
     facts.openEnded = unknown && (size == 0 || size > there);

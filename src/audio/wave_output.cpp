@@ -19,7 +19,7 @@ namespace {
 constexpr mode_t newFileMode = 0666;
 constexpr std::uint32_t stereo = 2;
 
-/// 0, or what `result` left in errno.
+/// 0, or the errno value after `result`.
 int answer(int result) {
     return result == 0 ? 0 : errno;
 }
@@ -96,7 +96,7 @@ int WaveOutput::finish(bool sync) {
     return place();
 }
 
-/// Gives the file its name, without replacing another.
+/// Gives the file its name, without overwriting another.
 int WaveOutput::place() {
     if (road_ == NewFileRoad::unnamed) {
         const std::string self = "/proc/self/fd/" + std::to_string(file_.get());

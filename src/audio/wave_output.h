@@ -9,12 +9,11 @@
 
 namespace kzq {
 
-/// A WAV file in the pedal's format, stereo, while it is written. It has its name only once it is whole; an
-/// existing file is never replaced. Without a successful `finish` nothing remains.
+/// A stereo WAV file in the pedal's format, being written. It gets its name only once it is complete; an
+/// existing file is never overwritten. Without a successful `finish` nothing remains.
 class WaveOutput {
   public:
-    /// `first` is the road to the name that is tried first; the later ones follow where the file system
-    /// lacks it.
+    /// `first` is the first way of naming that is tried; the others follow if the file system lacks it.
     explicit WaveOutput(std::filesystem::path path, NewFileRoad first = NewFileRoad::unnamed);
     WaveOutput(const WaveOutput&) = delete;
     WaveOutput& operator=(const WaveOutput&) = delete;
@@ -37,7 +36,7 @@ class WaveOutput {
 
     const std::filesystem::path path_;
     NewFileRoad road_;
-    std::filesystem::path hidden_;  ///< where it is while it is written, unless it has no name at all
+    std::filesystem::path hidden_;  ///< its path while being written, if it has a name
     Descriptor file_;
     std::uint64_t sampleBytes_ = 0;
 };

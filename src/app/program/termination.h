@@ -6,9 +6,9 @@
 
 namespace kzq {
 
-/// From now on a signal to end the program (SIGINT, SIGTERM, SIGHUP) quits it as closing the window does, and
-/// then calls `late` on a thread of its own: the main thread may be stuck. Once, on the main thread, after
-/// the application object; the executor outlives it.
+/// From now on SIGINT, SIGTERM and SIGHUP quit the program as closing the window does, and then call `late`
+/// on a thread of its own, because the main thread may hang. Called once, on the main thread, after the
+/// application object was created; the executor outlives it.
 void quitOnSignals(Executor& executor, std::function<void()> late);
 
 }  // namespace kzq
