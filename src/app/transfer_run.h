@@ -21,7 +21,7 @@ class TransferRun {
         std::function<void()> finished;
     };
 
-    /// `total` may be 0; then every fraction is 0 of 0, not a number.
+    /// `total` may be 0; then every fraction is 0.
     TransferRun(Executor& executor, std::uint64_t total, Listener listener);
 
     // The link's thread.

@@ -6,7 +6,7 @@
 
 namespace kzq {
 
-/// A file descriptor that is closed in the end; negative for none.
+/// Owns a file descriptor and closes it; negative means none.
 class Descriptor {
   public:
     Descriptor() = default;

@@ -15,7 +15,7 @@ struct Sink {
 };
 
 Sink& current() {
-    // Never destroyed: parked threads may still log while the process ends.
+    // Never destroyed: blocked threads may still log while the process ends.
     static auto* const sink = new Sink;  // NOLINT(cppcoreguidelines-owning-memory)
     return *sink;
 }

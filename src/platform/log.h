@@ -10,13 +10,13 @@ enum class LogCategory { device, usb, simulator, audio, files, tool, application
 
 std::string_view logCategoryName(LogCategory category);
 
-/// Takes one line, without a newline. Called on the thread that logs, one call at a time.
+/// Receives one line, without a newline. Called on the logging thread, one call at a time.
 using LogSink = std::function<void(LogCategory category, std::string_view line)>;
 
-/// Writes one line to the sink; to standard error, as "category: line", while none is set. Any thread.
+/// Writes one line to the sink; to standard error, as "category: line", if none is set. Any thread.
 void log(LogCategory category, std::string_view line);
 
-/// Sends the log to `sink` from now on, or to standard error again when `sink` is empty.
+/// Sends the log to `sink` from now on, or to standard error again if `sink` is empty.
 /// Returns the sink that was set before. Any thread.
 LogSink setLogSink(LogSink sink);
 

@@ -25,8 +25,8 @@ constexpr unsigned highestSuffix = 100'000;
 constexpr mode_t newFileMode = 0666;
 constexpr const char* placing = "put into place";
 
-/// The file while it is being written: without a name, or under a hidden one that goes away unless it was
-/// moved.
+/// The file while it is being written: without a name, or under a hidden one that is removed unless the file
+/// was renamed.
 struct Draft {
     explicit Draft(int folderDescriptor) : folder(folderDescriptor), file(-1) {}
     Draft(const Draft&) = delete;
@@ -82,8 +82,8 @@ int openDraft(Draft& draft, NewFileRoad& road) {
         if (draft.file) {
             return 0;
         }
-        // What a file system without such files answers is not settled, so any failure leads to the next
-        // road; a real one (no permission, no space) shows there again.
+        // File systems without such files fail in different ways, so after any failure the next way is
+        // tried; a real error (no permission, no space) shows there again.
         road = NewFileRoad::renameNoReplace;
     }
     return openNamed(draft);
@@ -139,7 +139,7 @@ int give(Draft& draft, const std::string& name, NewFileRoad road) {
     return EINVAL;
 }
 
-/// Whether the answer to one road means that the next is to be tried.
+/// Whether the result of one way means that the next should be tried.
 bool isMissing(int error) {
     constexpr std::array<int, 6> answers = {EINVAL, ENOSYS, ENOTSUP, EPERM, EMLINK, EXDEV};
     return std::find(answers.begin(), answers.end(), error) != answers.end();
@@ -164,7 +164,7 @@ int putIntoPlace(Draft& draft, std::string_view name, std::string_view extension
     return EEXIST;
 }
 
-/// The name's own durability. The file is whole and in place, so a failure is only logged.
+/// Makes the name durable. The file is complete and in place, so a failure is only logged.
 void syncFolder(int folder) {
     const Descriptor readable(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const int error = readable ? syncFile(readable.get()) : errno;

@@ -5,14 +5,13 @@
 
 namespace kzq {
 
-// What the programs settle about their process before anything else. Main thread, before any other.
+// What the programs set up in their process before anything else. Main thread, before there are others.
 
-/// A standard stream that is closed would give its number to the next file that is opened, and what is
-/// printed would go into a recording: each gets a file instead that it cannot be used with. False when that
-/// cannot be done.
+/// A closed standard stream would give its number to the next opened file, and output would go into a
+/// recording. So each closed one gets a file that fails on use. False if that cannot be done.
 bool occupyStandardStreams();
 
-/// A reader that has gone, or a limit on the size of files, is a failed write and no reason to leave a
+/// Makes a closed pipe or a file size limit a failed write rather than a signal that would kill a running
 /// transfer.
 void ignoreWriteSignals();
 

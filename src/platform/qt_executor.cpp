@@ -43,7 +43,7 @@ void QtExecutor::startTimer(TimePoint due, Task task) {
         timer->deleteLater();
         task();
     });
-    // rounded up, as a timer that fires early would break what callers count on
+    // rounded up, because callers rely on the timer not firing early
     const auto left = std::chrono::ceil<milliseconds>(due - now());
     timer->start(std::clamp(left, milliseconds::zero(), longest));
 }

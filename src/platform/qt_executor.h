@@ -9,11 +9,11 @@ class QObject;
 namespace kzq {
 
 /// Real time and real threads around Qt's event loop: the thread of the application object is the main one.
-/// Made after the application object on its thread, and destroyed before it.
+/// Created after the application object on its thread, and destroyed before it.
 ///
-/// A program that ends with std::_Exit leaves jobs behind that are parked in a transfer. The destructor, for
-/// everybody else, waits for the pool's running jobs and drops what has not started, on the main thread as
-/// well; services are told to end after their present step and are not waited for.
+/// A program that ends with std::_Exit abandons jobs that are blocked in a transfer. Otherwise the destructor
+/// waits for the pool's running jobs and drops what has not started, including main-thread tasks; services
+/// end after their current step and are not waited for.
 class QtExecutor : public ThreadedExecutor {
   public:
     QtExecutor();
@@ -25,7 +25,7 @@ class QtExecutor : public ThreadedExecutor {
   private:
     void startTimer(TimePoint due, Task task);
 
-    std::unique_ptr<QObject> context_;  ///< lives on the main thread; what is queued goes with it
+    std::unique_ptr<QObject> context_;  ///< lives on the main thread; queued tasks are dropped with it
 };
 
 }  // namespace kzq

@@ -28,7 +28,7 @@ constexpr int attempts = 100;
 std::string freshName() {
     std::array<std::uint8_t, 12> noise{};
     if (::getrandom(noise.data(), noise.size(), 0) < 0) {
-        noise.fill(0);  // the attempts then fail on an existing folder, rather than share one
+        noise.fill(0);  // then the attempts fail on an existing folder rather than share one
     }
     std::string name(namePrefix);
     for (const std::uint8_t byte : noise) {
@@ -39,8 +39,8 @@ std::string freshName() {
     return name;
 }
 
-/// Whether the name `lockName` in `folder` still stands for the open `lock`: another run may have swept the
-/// folder between its making and its locking.
+/// Whether the name `lockName` in `folder` still refers to the open `lock`: another run may have swept the
+/// folder between its creation and its locking.
 bool stillNamed(int folder, int lock) {
     struct stat named {};
     struct stat open {};
@@ -75,7 +75,7 @@ void removeAll(const std::filesystem::path& path) {
 }  // namespace
 
 RunFolder& RunFolder::ofThisRun() {
-    // Never destroyed: parked workers may still ask while the process ends.
+    // Never destroyed: blocked workers may still use it while the process ends.
     static auto* const folder = new RunFolder(usualParent());  // NOLINT(cppcoreguidelines-owning-memory)
     return *folder;
 }
@@ -100,7 +100,7 @@ std::optional<std::filesystem::path> RunFolder::path() {
     if (removed_) {
         return std::nullopt;
     }
-    // A long run's folder may be cleaned away by the system.
+    // The system may have cleaned away the folder of a long run.
     if (std::error_code error; !path_.empty() && std::filesystem::is_directory(path_, error)) {
         return path_;
     }

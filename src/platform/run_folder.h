@@ -10,15 +10,15 @@ namespace kzq {
 
 /// The folder for the temporary files of one run of the program, for this user only (mode 0700).
 ///
-/// It is made when it is first asked for and goes, with its content, at `remove`. As long as the run lives it
-/// holds a lock inside the folder, which ends with the process in whatever way that ends; this is how a later
-/// run tells a folder that was left behind from one in use. All members may be called from any thread.
+/// It is created on first use and removed, with its content, by `remove`. The run holds a lock inside the
+/// folder, which is released when the process ends, however it ends; by this a later run distinguishes a
+/// leftover folder from one in use. All members may be called from any thread.
 class RunFolder {
   public:
-    /// The one of this process, in usualParent(). It outlives everything: the program calls `remove` when it
-    /// quits.
+    /// The folder of this process, in usualParent(). It outlives everything: the program calls `remove` when
+    /// it quits.
     static RunFolder& ofThisRun();
-    /// $TMPDIR if that is an absolute path to a folder, else /var/tmp: neither must be in memory, as a
+    /// $TMPDIR if that is an absolute path to a folder, else /var/tmp. Neither should be in memory, as a
     /// working copy may have 381 MB.
     static std::filesystem::path usualParent();
 
@@ -29,8 +29,8 @@ class RunFolder {
     RunFolder& operator=(RunFolder&&) = delete;
     ~RunFolder();
 
-    /// The folder, made if it is not there yet. Nothing when it can't be made (the log says why), and for
-    /// ever after `remove`, so that a late worker does not bring the folder back.
+    /// The folder, created if it does not exist yet. Nothing if it cannot be created (the log says why), and
+    /// always after `remove`, so that a late worker does not bring the folder back.
     std::optional<std::filesystem::path> path();
 
     /// Removes the folder with everything in it.
@@ -45,7 +45,7 @@ class RunFolder {
 
     const std::filesystem::path parent_;
     std::mutex mutex_;
-    std::filesystem::path path_;  ///< empty as long as there is none
+    std::filesystem::path path_;  ///< empty until it is created
     Descriptor lock_;
     bool removed_ = false;
 };

@@ -5,8 +5,8 @@
 
 namespace kzq {
 
-/// Tasks by due time; equal times keep the order in which they were queued, as multimap inserts behind its
-/// equals.
+/// Tasks by due time; equal times keep the order in which they were queued, since a multimap inserts after
+/// equal keys.
 struct StandardExecutor::MainQueue {
     std::mutex mutex;
     std::condition_variable changed;

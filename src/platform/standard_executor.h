@@ -8,9 +8,9 @@ namespace kzq {
 
 /// Real time and real threads. The thread that calls `run` is the main thread.
 ///
-/// A program that ends with std::_Exit may leave jobs behind that are parked in a transfer. The destructor,
-/// for everybody else, waits for the pool's running jobs and drops those that have not started; services are
-/// told to end after their present step and are not waited for.
+/// A program that ends with std::_Exit may abandon jobs that are blocked in a transfer. Otherwise the
+/// destructor waits for the pool's running jobs and drops those that have not started; services end after
+/// their current step and are not waited for.
 class StandardExecutor : public ThreadedExecutor {
   public:
     StandardExecutor();

@@ -46,7 +46,7 @@ void ThreadPool::work() {
         auto task = take();
         lock.unlock();
         task();
-        task = nullptr;  // what it captured goes without the mutex held
+        task = nullptr;  // destroys what it captured without the mutex held
         lock.lock();
     }
     --threads_;

@@ -11,11 +11,11 @@
 
 namespace kzq {
 
-/// Threads made on demand: a job starts at once on an idle thread or on a new one. Any thread.
+/// Threads created on demand: a job starts at once on an idle thread or on a new one. Any thread.
 class ThreadPool : public std::enable_shared_from_this<ThreadPool> {
   public:
     void add(Priority priority, Executor::Task task);
-    /// Drops what has not started and waits for what runs. Nothing is taken any more.
+    /// Drops jobs that have not started and waits for running ones. New jobs are no longer accepted.
     void end();
     bool ended() const { return ended_; }
 

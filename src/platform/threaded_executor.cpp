@@ -22,7 +22,7 @@ void ThreadedExecutor::background(Priority priority, Task task) {
 }
 
 void ThreadedExecutor::service(std::string label, Task step) {
-    constexpr std::size_t nameLimit = 15;  // what the kernel keeps of a thread's name
+    constexpr std::size_t nameLimit = 15;  // longest name that the kernel keeps
     std::thread([pool = pool_, label = label.substr(label.size() - std::min(label.size(), nameLimit)),
                  step = std::move(step)] {
         pthread_setname_np(pthread_self(), label.c_str());

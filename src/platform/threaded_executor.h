@@ -8,7 +8,7 @@ namespace kzq {
 
 class ThreadPool;
 
-/// Real time and real threads; where the main thread's tasks run is left to the class that derives.
+/// Real time and real threads; the derived class decides where the main thread's tasks run.
 class ThreadedExecutor : public Executor {
   public:
     ThreadedExecutor();
@@ -22,8 +22,8 @@ class ThreadedExecutor : public Executor {
               const std::function<bool()>& ready) override;
 
   protected:
-    /// For the deriving destructor, as running jobs still queue tasks: waits for the pool's running jobs and
-    /// drops those that have not started. Services end after their present step and are not waited for.
+    /// For the derived destructor, since running jobs still queue tasks: waits for the pool's running jobs
+    /// and drops those that have not started. Services end after their present step and are not waited for.
     void endJobs();
 
   private:

@@ -8,7 +8,7 @@ namespace kzq {
 
 namespace {
 
-/// `write` is told how many bytes are written already.
+/// `write` gets the number of bytes already written.
 template <typename Write>
 int untilAll(std::size_t size, const Write& write) {
     for (std::size_t done = 0; done < size;) {

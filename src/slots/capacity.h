@@ -10,7 +10,7 @@
 
 namespace kzq {
 
-// What fits into the pedal. All counts are frames of 6 bytes, 44,100 to the second; divisions truncate.
+// What fits into the pedal. All counts are frames of 6 bytes, 44,100 per second; divisions truncate.
 
 inline constexpr std::uint64_t capacityFrames = 63'504'000;  ///< 24 minutes
 inline constexpr std::uint64_t framesPerSecond = 44'100;
@@ -19,15 +19,15 @@ inline constexpr std::uint64_t frameBytes = 6;
 /// Frames by slot.
 using FramesBySlot = std::map<std::uint8_t, std::uint64_t>;
 
-/// What stands in each slot once everything staged is written: a staged file counts instead of the recording
-/// that it will overwrite.
+/// The contents of each slot once everything staged is written: a staged file counts instead of the loop it
+/// will overwrite.
 FramesBySlot existingAndTeedUpFrames(const Loops& existing, const Exports& teedUp);
 std::uint64_t existingAndTeedUpExportSamples(const Loops& existing, const Exports& teedUp);
-/// The same with `frames` more for `slot`, instead of whatever stood there.
+/// The same with `frames` for `slot`, in place of what is there.
 std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& existing, const Exports& teedUp,
                                                                std::uint64_t frames, std::uint8_t slot);
 
-/// Whether so many frames may be in use. Strict: a pedal that is exactly full is refused.
+/// Whether so many frames may be in use. Strict: an exactly full pedal is refused.
 bool fitsCapacity(std::uint64_t frames);
 inline constexpr std::string_view tooLargeSentence =
     "This file is too large for the available space on your 7306.";

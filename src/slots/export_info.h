@@ -7,7 +7,7 @@
 
 namespace kzq {
 
-/// A loop that waits to go to the pedal.
+/// A loop staged for export to the pedal.
 struct ExportInfo {
     std::filesystem::path source;  ///< the converted WAV working copy, not the user's own file
     std::uint8_t destination = 0;  ///< slot, 1 to 20
@@ -20,7 +20,7 @@ struct ExportInfo {
 /// By slot.
 using Exports = std::map<std::uint8_t, ExportInfo>;
 
-/// Nothing when the slot is not 1 to 20, the source is missing or there are no bytes.
+/// Nothing if the slot is not 1 to 20, the source is missing or there are no bytes.
 std::optional<ExportInfo> exportInfoForLoop(std::uint8_t loop, bool occupied,
                                             const std::filesystem::path& source, std::uint64_t bytes);
 

@@ -23,7 +23,7 @@ class ApplicationController;
 
 /// One row of the import list (context 0: loops that go to the computer) or of the export list (context 1:
 /// files that go to the pedal). Keeps the row's state, derives its text, colour and pictures from it, and
-/// tells the delegate what the user does. Main thread.
+/// reports the user's actions to the delegate. Main thread.
 class Slot : public QObject {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ class Slot : public QObject {
     static constexpr std::int32_t importContext = 0;
     static constexpr std::int32_t exportContext = 1;
 
-    /// A row for loop `number` (1 to 20), or null when its layout cannot be made. Any context but 0 makes an
+    /// A row for loop `number` (1 to 20), or null if its layout cannot be created. Any context but 0 makes an
     /// export row. The row's view, 344 x 28, becomes a child of `parent` at (0, 0) and belongs to it; without
     /// a parent it belongs to the row. `application` outlives the row.
     static std::unique_ptr<Slot> slotNumber(std::uint8_t number, std::int32_t context,
@@ -55,7 +55,7 @@ class Slot : public QObject {
     XButton* x() const { return x_; }
     SlotField* field() const { return field_; }
 
-    /// Not owned; clear it before the delegate goes.
+    /// Not owned; clear it before the delegate is destroyed.
     SlotDelegate* delegate() const { return delegate_; }
     void setDelegate(SlotDelegate* delegate) { delegate_ = delegate; }
 
@@ -77,7 +77,7 @@ class Slot : public QObject {
     std::uint64_t alignedBytes() const { return alignedBytes_; }  ///< bytes rounded up to 64
     void setAlignedBytes(std::uint64_t alignedBytes) { alignedBytes_ = alignedBytes; }
 
-    /// Import row: the checkbox is on. Deselecting forgets the name that was typed.
+    /// Import row: the checkbox is on. Deselecting forgets the typed name.
     bool selected() const;
     void setSelected(bool selected);
 
@@ -95,7 +95,7 @@ class Slot : public QObject {
     /// Export row: the staged file has been written to the pedal.
     bool exported() const { return exported_; }
     void setExported(bool exported);
-    /// What the row shows; nothing for an export row without file and recording.
+    /// The text the row shows; nothing for an export row without a file or a loop.
     std::optional<QString> name() const;
 
     /// The name field as laid out, and while the x is shown.
@@ -108,7 +108,7 @@ class Slot : public QObject {
     void resetNameField();
     /// resetNameField(), then the whole row is painted again.
     void refresh();
-    /// Ends the editing of this row's name, if its editor is open, and keeps what was typed.
+    /// Ends the editing of this row's name, if its editor is open, and keeps the typed name.
     void endEditing();
 
     /// The actions of the button and of the x.

@@ -2,8 +2,8 @@
 
 namespace kzq {
 
-/// Tells assistive programs what a row's name field is: text, and on an import row something that can be
-/// pressed to rename. Once is enough; main thread.
+/// Exposes a row's name field to assistive technology: as text, and on an import row as something that can be
+/// pressed to rename. Calling it once is enough; main thread.
 void installSlotAccessibility();
 
 }  // namespace kzq

@@ -20,7 +20,7 @@ QString exportPicture(bool occupied, bool staged) {
 }  // namespace
 
 SlotButton::SlotButton(QWidget* parent) : SlotDropTarget(parent) {
-    // A checkbox acts by turning: assistive programs turn it without a click.
+    // A checkbox acts when toggled: assistive technology toggles it without a click.
     connect(this, &QAbstractButton::toggled, this, &SlotButton::sendAction);
     connect(this, &QAbstractButton::clicked, this, [this] {
         if (!isCheckable()) {
@@ -84,11 +84,11 @@ void SlotButton::sendAction() {
     }
     resetImage();
     if (auto* const row = controller(); row != nullptr && row->isExport()) {
-        row->resetNameField();  // when no file was chosen, the default name has to go again
+        row->resetNameField();  // if no file was chosen, the default name has to disappear again
     }
 }
 
-// A key does all that a click does: it turns the checkbox, too.
+// A key does everything a click does, including toggling the checkbox.
 void SlotButton::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter) {

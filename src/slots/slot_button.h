@@ -18,13 +18,13 @@ class SlotButton : public SlotDropTarget<KeyButton> {
     int tag() const { return tag_; }
     void setTag(int tag) { tag_ = tag; }
 
-    /// 1: a checkbox that is on; else 0. A button that is no checkbox is always 0.
+    /// 1: a checkbox that is on; else 0. A button that is not a checkbox is always 0.
     int state() const { return isChecked() ? 1 : 0; }
     void setState(int state);
-    /// As QWidget's, and the picture follows.
+    /// Like QWidget's, and updates the picture.
     void setEnabled(bool enabled);
 
-    /// The picture that is shown, by name. One that cannot be found changes nothing.
+    /// The shown picture, by name. An unknown name changes nothing.
     const QString& image() const { return image_; }
     bool setImage(const QString& name);
     /// Chooses the picture (and the tool tip of an export row) from the state of the row, then syncs the row.
@@ -33,7 +33,7 @@ class SlotButton : public SlotDropTarget<KeyButton> {
     QSize sizeHint() const override { return {24, 24}; }
 
   Q_SIGNALS:
-    /// The button was clicked, by whatever road; the row is ready for it.
+    /// The button was clicked, in whatever way; the row is ready for it.
     void action();
 
   protected:

@@ -12,7 +12,7 @@ namespace kzq {
 class Slot;
 class SlotFieldEditor;
 
-/// What the rows tell the application's controller. Main thread.
+/// What the rows report to the application's controller. Main thread.
 class SlotDelegate {
   public:
     SlotDelegate() = default;
@@ -22,15 +22,15 @@ class SlotDelegate {
     SlotDelegate& operator=(SlotDelegate&&) = delete;
     virtual ~SlotDelegate() = default;
 
-    /// The checkbox was clicked; the row shows its new state already.
+    /// The checkbox was clicked; the row already shows its new state.
     virtual void checkboxStateChangedForImportSlot(Slot& slot) = 0;
     virtual void buttonClickedForExportSlot(Slot& slot) = 0;
     virtual void nameEditingBeganForSlot(Slot& slot) = 0;
     /// Belongs to the pair; the rows do not send it.
     virtual void nameEditingEndedForSlot(Slot& slot) = 0;
-    /// A staged file is about to be taken away; `exporting` still names it.
+    /// A staged file is about to be removed; `exporting` still names it.
     virtual void exportAboutToBeRemoved(Slot& slot) = 0;
-    /// It is gone: `exporting` and `exported` are cleared.
+    /// It was removed: `exporting` and `exported` are cleared.
     virtual void exportRemoved(Slot& slot) = 0;
     /// The row of that number in the export list (context not 0) or the import list (context 0); null for
     /// number 0.
@@ -38,7 +38,7 @@ class SlotDelegate {
     /// Files were dropped on the row: at least one, in the order of the drag.
     virtual void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) = 0;
 
-    /// The one editor that all name fields of `window` share, when `object` is a SlotField; else null. The
+    /// The one editor that all name fields of `window` share, if `object` is a SlotField; else null. The
     /// controller owns it. Without an editor a row cannot be renamed.
     virtual SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) = 0;
 };

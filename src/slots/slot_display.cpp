@@ -1,4 +1,4 @@
-// What a row shows: derived from its state, here only.
+// What a row shows, derived from its state; only here.
 
 #include "slots/slot.h"
 #include "ui/fonts.h"
@@ -103,14 +103,14 @@ bool Slot::showBackground(const QString& name) {
     return true;
 }
 
-/// What assistive programs read out.
+/// What assistive technology reads out.
 void Slot::describe() {
     const auto words = [this](const char* text) { return QString::fromLatin1(text).arg(number_); };
     view_->setAccessibleName(defaultName_);
     numberLabel_->setAccessibleName(words("Loop %1"));
     if (isExport()) {
         button_->setAccessibleName(words(occupied_ ? "Overwrite Loop %1" : "Add Loop %1"));
-        button_->setAccessibleDescription(field_->text());  // the name itself takes no focus
+        button_->setAccessibleDescription(field_->text());  // the name itself cannot have the focus
     } else {
         button_->setAccessibleName(words("Loop %1, select"));
     }

@@ -11,14 +11,14 @@ namespace kzq {
 
 class Slot;
 
-/// The row's view dealing with one dragging event that came to another view of the row. Without a row the
+/// Lets the row's root view handle a drag event that arrived at another view of the row. Without a row the
 /// event is ignored.
 void forwardDragEnter(Slot* row, QDropEvent& event);
 void forwardDragLeave(Slot* row);
 void forwardDrop(Slot* row, QDropEvent& event);
 Slot* slotOf(QObject* controller);
 
-/// A view of a row: knows the row's controller, and passes its dragging on to the row's root view.
+/// A view of a row: knows the row's controller, and passes drag events on to the row's root view.
 template <class Base>
 class SlotDropTarget : public Base {
   public:

@@ -33,7 +33,7 @@ void Slot::controlTextDidBeginEditing() {
     auto& recorded = isExport() ? exportSlotInEditingMode : importSlotInEditingMode;
     if (delegate_ != nullptr) {
         auto* const previous = delegate_->slotNumber(recorded, isExport() ? exportContext : importContext);
-        // The record outlives the editing: it may name this very row.
+        // The record outlives the editing, so it may name this row.
         if (previous != nullptr && previous != this && previous->field() != nullptr) {
             previous->field()->setEditable(false);
         }

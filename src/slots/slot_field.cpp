@@ -18,7 +18,7 @@ SlotField::SlotField(QWidget* parent) : SlotDropTarget(parent) {
 }
 
 SlotField::~SlotField() {
-    abortEditing();  // the editor is another's: it must not be deleted with this widget
+    abortEditing();  // the editor has another owner and must not be deleted with this widget
 }
 
 void SlotField::awakeFromNib() {
@@ -112,7 +112,7 @@ void SlotField::closeEditor() {
         return;
     }
     text_ = editor->text();
-    editor_ = nullptr;  // from here on, losing the focus does not end the editing once more
+    editor_ = nullptr;  // from here on, losing the focus does not end the editing again
     if (editor->hasFocus()) {
         setFocus(editor->focusReason());
     }
@@ -147,7 +147,7 @@ void SlotField::commit() {
     }
     const auto typed = text_.trimmed();
     row->setCustomImportName(typed.isEmpty() ? std::nullopt : std::optional(typed));
-    if (row->isExport() || row->occupied()) {  // a loop that went away meanwhile leaves an empty row
+    if (row->isExport() || row->occupied()) {  // a loop that disappeared meanwhile leaves an empty row
         setText(typed.isEmpty() ? row->defaultName() : typed);
     }
 }

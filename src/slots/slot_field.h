@@ -13,9 +13,9 @@ namespace kzq {
 
 class SlotFieldEditor;
 
-/// The name of a row: one line of text, elided with "…", 16 px high. While it is editable it lies under the
-/// shared field editor, which it borrows from the row's delegate. Its controller is told when editing begins
-/// and ends.
+/// The name of a row: one line of text, elided with "…", 16 px high. While it is being edited it lies under
+/// the shared field editor, which it borrows from the row's delegate. Its controller is notified when editing
+/// starts and ends.
 class SlotField : public SlotDropTarget<QWidget> {
     Q_OBJECT
     Q_PROPERTY(QRect focusRingRect READ focusRingRect)
@@ -28,10 +28,10 @@ class SlotField : public SlotDropTarget<QWidget> {
     SlotField(SlotField&&) = delete;
     SlotField& operator=(SlotField&&) = delete;
 
-    /// Once, when the row is made: from now on Escape ends editing here.
+    /// Called once, when the row is created: from now on Escape ends editing here.
     void awakeFromNib();
 
-    /// What is shown, or what stands in the open editor.
+    /// The shown text, or the text in the open editor.
     QString text() const;
     void setText(const QString& text);
 
@@ -44,16 +44,15 @@ class SlotField : public SlotDropTarget<QWidget> {
     bool styled() const { return styledFont_.has_value(); }
 
     bool isEditable() const { return editable_; }
-    /// True opens the editor with the whole text selected. False closes it and makes what was typed, without
-    /// white space at its ends, the row's custom name; a field that is not being edited has nothing to
-    /// commit.
+    /// True opens the editor with the whole text selected. False closes it and makes the typed text, without
+    /// white space at its ends, the row's custom name; no effect on a field that is not being edited.
     void setEditable(bool editable);
 
-    /// The editor that is open in this field, or null.
+    /// The editor open in this field, or null.
     SlotFieldEditor* currentEditor() const;
-    /// Closes an open editor as if the focus had left it: the controller hears that editing ended.
+    /// Closes an open editor as if it had lost the focus: the controller is notified.
     void endEditing();
-    /// Closes an open editor and forgets what was typed. Nobody is told.
+    /// Closes an open editor and discards the typed text, without notification.
     void abortEditing();
 
     /// What a click on the name does: selects an import row that holds a loop and opens it for renaming.

@@ -21,7 +21,7 @@ constexpr qreal caretHeight = 12;
 constexpr char16_t beginsFrame = 0xFDD0;
 constexpr char16_t endsFrame = 0xFDD1;
 
-/// Line breaks, tabs and the like, and what the document takes for the ends of a frame.
+/// Line breaks, tabs and the like, and what the document takes for frame boundaries.
 bool breaksLine(QChar character) {
     const auto category = character.category();
     return category == QChar::Other_Control || category == QChar::Separator_Line ||
@@ -126,7 +126,7 @@ void SlotFieldEditor::keyReleaseEvent(QKeyEvent* event) {
 
 void SlotFieldEditor::focusOutEvent(QFocusEvent* event) {
     QTextEdit::focusOutEvent(event);
-    // A menu of the editor's own, or a look into another window, is no end of editing.
+    // The editor's own menu, or switching to another window, does not end editing.
     const bool comesBack =
         event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
     if (!comesBack && field_ != nullptr) {

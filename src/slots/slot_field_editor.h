@@ -14,15 +14,15 @@ class SlotFieldEditor : public QTextEdit {
     Q_OBJECT
 
   public:
-    /// Lives hidden, without a parent, between uses; whoever makes it owns it, also while a field shows it.
+    /// Hidden and without a parent between uses; its creator owns it, even while a field shows it.
     explicit SlotFieldEditor(QWidget* parent = nullptr);
 
     /// The field that is being edited, or null.
     SlotField* field() const;
     /// Moves into `field` with `text`, all of it selected, and takes the focus. Editing in another
-    /// field has ended before.
+    /// field must have ended.
     void enter(SlotField& field, const QString& text);
-    /// Leaves the field. What was typed stays in text() until the next enter().
+    /// Leaves the field. The typed text stays in text() until the next enter().
     void leave();
 
     QString text() const { return toPlainText(); }
@@ -30,7 +30,7 @@ class SlotFieldEditor : public QTextEdit {
     void setTextStyle(const QFont& font, const QColor& colour);
     void collapseSelection();
 
-    /// Why the focus goes back to the field: by keyboard, when a key ends the editing.
+    /// Why the focus returns to the field: by keyboard if a key ended the editing.
     Qt::FocusReason focusReason() const { return focusReason_; }
 
     static constexpr bool shouldDrawInsertionPoint() { return true; }

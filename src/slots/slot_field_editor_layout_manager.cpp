@@ -86,12 +86,12 @@ void SlotFieldEditorLayoutManager::documentChanged(int /*from*/, int /*removed*/
     auto* const layout = document()->firstBlock().layout();
     auto option = document()->defaultTextOption();
     option.setWrapMode(QTextOption::NoWrap);
-    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);  // the line has no right end to lean on
+    option.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);  // the line has no right end to align with
     layout->setTextOption(option);
     layout->beginLayout();
     auto line = layout->createLine();
     if (line.isValid()) {
-        line.setLineWidth(boundless);  // measures the line, too
+        line.setLineWidth(boundless);  // also measures the line
         line.setPosition(QPointF(0, baseline - line.ascent()));
     }
     layout->endLayout();

@@ -18,7 +18,7 @@ class SlotFieldEditorLayoutManager : public QAbstractTextDocumentLayout {
 
     explicit SlotFieldEditorLayoutManager(QTextDocument* document);
 
-    /// Fills what lies behind `length` characters: in the palette's highlight and its height when `colour` is
+    /// Fills the background of `length` characters: with the palette's highlight at its height if `colour` is
     /// the toolkit's own for selected text, else as given. Nothing for an empty range.
     static void fillBackgroundRects(QPainter& painter, const QList<QRectF>& rects, int length,
                                     const QColor& colour, const QPalette& palette);

@@ -9,8 +9,8 @@ namespace kzq {
 
 class Slot;
 
-/// The root of a row. Handles dragging for the whole row; the row's other views pass their dragging on to it,
-/// so that a file may be dropped anywhere on the row.
+/// The root of a row. Handles drag and drop for the whole row; the row's other views pass their drag events
+/// on to it, so that a file may be dropped anywhere on the row.
 class SlotView : public QWidget {
     Q_OBJECT
 
@@ -20,12 +20,12 @@ class SlotView : public QWidget {
     Slot* controller() const;
     void setController(Slot* controller);
 
-    /// What would become of this drag here: a copy, for an export row and a first file whose extension is one
-    /// of the eight kinds of audio; else Qt::IgnoreAction. Never a move: the user's file stays.
+    /// The action for this drag: a copy, for an export row and a first file with one of the eight audio
+    /// extensions; else Qt::IgnoreAction. Never a move: the user's file stays.
     Qt::DropAction draggingEntered(const QDropEvent& drag) const;
     void draggingExited();
     bool prepareForDragOperation() const;
-    /// Hands the files to the row's delegate. False when the row takes none, the drag holds none, or it comes
+    /// Passes the files to the row's delegate. False if the row accepts none, the drag has none, or it comes
     /// from this row.
     bool performDragOperation(const QDropEvent& drop);
 

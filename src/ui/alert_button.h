@@ -4,8 +4,8 @@
 
 namespace kzq {
 
-/// A button of our own panels whose word is live text: the brown face of alerts, 96 x 36, or the cream face
-/// of a panel's default, 112 x 36. The word is `text()`.
+/// A button of our own panels with its label as live text: the brown face of alerts, 96 x 36, or the cream
+/// face of a panel's default, 112 x 36. The label is `text()`.
 class AlertButton : public KeyButton {
     Q_OBJECT
 

@@ -35,7 +35,7 @@ struct AlertPanel::TextStyle {
 
 int AlertPanel::addText(const std::string& text, int top, const TextStyle& style) {
     const auto plain = QString::fromStdString(text);
-    // rich text, as a plain label can't be told its line height
+    // rich text, because a plain label has no line height setting
     const auto html = QString("<div style=\"line-height:%1px\">%2</div>")
                           .arg(style.line)
                           .arg(plain.toHtmlEscaped().replace('\n', "<br>"));

@@ -7,9 +7,9 @@
 
 namespace kzq {
 
-/// An alert as a window: mark, headline, fine print, and the buttons in adding order. The first visible
-/// button is the default and starts with the focus. It stays on top, as the floating windows do, which it
-/// must not lie under. Escape and closing the window count as the last button.
+/// An alert as a window: mark, headline, fine print, and the buttons in the order of adding. The first
+/// visible button is the default and starts with the focus. It stays on top, like the floating windows, which
+/// must not cover it. Escape and closing the window count as the last button.
 class AlertPanel : public QDialog {
     Q_OBJECT
 

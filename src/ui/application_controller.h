@@ -19,7 +19,7 @@ class ApplicationController {
     virtual void openAbout() = 0;
     virtual void checkForSoftwareUpdates() = 0;
     virtual void openFirmwareUpdater() = 0;
-    /// Installs the firmware that was downloaded.
+    /// Installs the downloaded firmware.
     virtual void installFirmware() = 0;
     /// Installs a firmware file from disk.
     virtual void installFirmware(const std::filesystem::path& image) = 0;

@@ -5,8 +5,8 @@
 
 namespace kzq {
 
-/// The ground of a window: takes the focus by a click, and keys that no control wanted stop here. Draws the
-/// picture given, or the plain plate.
+/// The background of a window: takes the focus on a click, and swallows keys that no control handled. Draws
+/// the picture given, or the plain plate.
 class Background : public QWidget {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 namespace kzq {
 
-/// The painted face of a button with a live word.
+/// The painted face of a button with a text label.
 struct ButtonFace {
     QColor top;
     QColor foot;

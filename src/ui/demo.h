@@ -7,7 +7,7 @@
 
 namespace kzq {
 
-/// Holds an image and draws nothing of its own.
+/// Holds an image and draws nothing itself.
 class Demo : public QWidget {
     Q_OBJECT
 

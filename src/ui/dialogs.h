@@ -11,18 +11,18 @@ namespace kzq {
 /// Extensions without the dot, in lower case.
 using FileTypes = std::vector<std::string>;
 
-/// What an open panel is answered with.
+/// The answer to an open panel.
 constexpr int panelOk = 1;
 constexpr int panelContinue = -1002;
 constexpr int panelCancelled = 0;
 
-/// Whatever is modal or leaves the program. Main thread. `run` and the choosers spin an event loop: after
-/// them, a caller uses only values taken before, as anything else may be gone.
+/// Everything that is modal or leaves the program. Main thread. `run` and the choosers run an event loop:
+/// after them, use only values taken before, as anything else may have been destroyed.
 class Dialogs {
   public:
     struct Chosen {
         int answer = panelCancelled;
-        std::filesystem::path path;  ///< empty when cancelled
+        std::filesystem::path path;  ///< empty if cancelled
     };
 
     Dialogs() = default;
@@ -40,7 +40,7 @@ class Dialogs {
     virtual Chosen chooseFolder(const std::string& prompt) = 0;
     /// Opens a web address in the user's browser.
     virtual void openAddress(const std::string& url) = 0;
-    /// Starts the program at `bundle`, detached; whether that succeeded.
+    /// Starts the program at `bundle`, detached; returns whether that succeeded.
     virtual bool openApplication(const std::filesystem::path& bundle) = 0;
 };
 

@@ -55,9 +55,9 @@ bool FocusRing::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void FocusRing::focusCame(QWidget& control, Qt::FocusReason reason) {
-    // a control that had the ring when its window was left gets it back with the focus
+    // a control that had the ring when its window lost the focus gets it back with the focus
     const auto back = reason != Qt::MouseFocusReason && (&control == left_ || &control == control_);
-    // what the program itself gives the focus for a time, such as the shield, gives it back
+    // a widget that the program focuses temporarily, such as the shield, returns the focus
     const auto left = reason == Qt::OtherFocusReason ? left_ : nullptr;
     mark(byKeyboard(reason) || back ? &control : nullptr);
     if (control_ == nullptr) {

@@ -5,8 +5,8 @@
 
 namespace kzq {
 
-/// The ring round the control that has the focus, while the focus came by keyboard. A page makes one with
-/// itself as parent. A control has a ring when it has the property "focusRingRect" (QRect in its own
+/// The ring around the focused control, if the focus came by keyboard. A page creates one with itself as
+/// parent. A control has a ring when it has the property "focusRingRect" (QRect in its own
 /// coordinates; null: its bounds), and rounds it by "focusRingRadius" (int, of the control itself; 6).
 class FocusRing : public QWidget {
     Q_OBJECT
@@ -16,7 +16,7 @@ class FocusRing : public QWidget {
 
     /// The control that has the ring, or null.
     QWidget* control() const { return control_; }
-    /// Gives the ring to `control`, which has the focus or is about to get it; null takes it off.
+    /// Gives the ring to `control`, which has the focus or is about to get it; null removes it.
     void mark(QWidget* control);
 
   protected:
@@ -28,7 +28,7 @@ class FocusRing : public QWidget {
     void follow();
 
     QPointer<QWidget> control_;
-    QPointer<QWidget> left_;  ///< had the ring when its window was left, or when the focus was taken
+    QPointer<QWidget> left_;  ///< had the ring when its window lost the focus, or when the focus was taken
 };
 
 }  // namespace kzq

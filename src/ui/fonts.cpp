@@ -51,7 +51,7 @@ std::optional<QFont> firaSans(FiraWeight weight, int pixels) {
     QFont font(family);
     font.setPixelSize(pixels);
     font.setWeight(value);
-    // the weight found is no sign, as it repeats what was asked for
+    // the weight found proves nothing, as it repeats the request
     const QFontInfo found(font);
     if (found.family() != family || found.styleName() != name) {
         return std::nullopt;

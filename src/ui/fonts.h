@@ -7,15 +7,15 @@ namespace kzq {
 
 enum class FiraWeight { light, regular, medium };
 
-/// Adds the program's fonts to the application's; once is enough. Main thread, after the application object.
+/// Adds the program's fonts to the application's; calling it once is enough. Main thread, after the
+/// application object.
 void registerFonts();
 
-/// Fira Sans, `pixels` high; nothing when the family and style are not really there, where Qt would take
-/// another font without a word.
+/// Fira Sans, `pixels` high; nothing if the family or style is missing, where Qt would silently
+/// substitute another font.
 std::optional<QFont> firaSans(FiraWeight weight, int pixels);
 
-/// The font of everything live: Fira Sans Regular, or the desktop's font at the same size where it is
-/// missing.
+/// The font of all live text: Fira Sans Regular, or the desktop's font at the same size if it is missing.
 QFont textFont(int pixels = 13);
 
 }  // namespace kzq

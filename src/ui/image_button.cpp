@@ -26,7 +26,7 @@ bool ImageButton::sendAction() {
     return !self.isNull();
 }
 
-/// Qt keeps the mouse from disabled widgets; these buttons have their own rules for it.
+/// Qt hides the mouse from disabled widgets; these buttons have their own rules for it.
 bool ImageButton::event(QEvent* event) {
     if (isEnabled()) {
         return KeyButton::event(event);

@@ -4,8 +4,8 @@
 
 namespace kzq {
 
-/// The shared base of the buttons that are pictures: `objectName` is the identifier that selects them. Mouse
-/// behaviour is each class's own table, so a disabled button sees the mouse as well; `clicked` is the
+/// The shared base of the buttons that are pictures: `objectName` is the identifier that selects them. Each
+/// class has its own table of mouse behaviour, so even a disabled button sees the mouse; `clicked` is the
 /// action. Hovering follows the pointer whether or not the window is active.
 class ImageButton : public KeyButton {
     Q_OBJECT
@@ -18,13 +18,13 @@ class ImageButton : public KeyButton {
     virtual QString pictureName() const = 0;
 
   protected:
-    /// The left button comes down, moves while it is down, comes up. `inside` is the pointer's place.
+    /// The left button is pressed, dragged, released. `inside`: whether the pointer is inside.
     virtual void mouseDown();
     virtual void mouseDragged(bool inside);
     virtual void mouseUp() = 0;
 
     void setHovering(bool hovering);
-    /// Emits `clicked`; false when the button was deleted by it.
+    /// Emits `clicked`; false if that deleted the button.
     bool sendAction();
 
     bool event(QEvent* event) override;

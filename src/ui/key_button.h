@@ -4,8 +4,8 @@
 
 namespace kzq {
 
-/// What all painted buttons share: focus by Tab only, and Space or Return as a click. Space clicks when it
-/// is let go, Return at once; held keys click once.
+/// Shared by all painted buttons: focus by Tab only, and Space or Return as a click. Space clicks on release,
+/// Return on press; held keys click once.
 class KeyButton : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(QRect focusRingRect READ focusRingRect)
@@ -13,7 +13,7 @@ class KeyButton : public QAbstractButton {
   public:
     explicit KeyButton(QWidget* parent = nullptr);
 
-    /// What the focus ring goes round, in own coordinates.
+    /// What the focus ring surrounds, in own coordinates.
     virtual QRect focusRingRect() const { return rect(); }
 
   protected:

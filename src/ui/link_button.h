@@ -18,8 +18,8 @@ class LinkButtonDelegate {
     virtual void linkButtonHoverStateChanged(LinkButton& button, bool hovered) = 0;
 };
 
-/// A clear button over the label of a link: the hand as cursor, and the delegate told of hovering so that it
-/// can recolour the label. `clicked` is the action.
+/// A transparent button over the label of a link: shows the hand cursor, and notifies the delegate of
+/// hovering so that it can recolour the label. `clicked` is the action.
 class LinkButton : public KeyButton {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ class LinkButton : public KeyButton {
     using KeyButton::KeyButton;
 
     LinkButtonDelegate* delegate() const { return delegate_; }
-    /// Not owned: the delegate owns the button, or takes itself off with null.
+    /// Not owned: the delegate owns the button, or removes itself with null.
     void setDelegate(LinkButtonDelegate* delegate) { delegate_ = delegate; }
 
   protected:

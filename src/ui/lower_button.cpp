@@ -13,7 +13,7 @@ QString LowerButton::pictureName() const {
     if (base.isEmpty()) {
         return {};
     }
-    // Cancel never greys out and stays pressed even when the pointer has left it
+    // Cancel never greys out, and stays pressed even if the pointer leaves it
     const auto* state = base == "Cancel" ? (isDown()     ? "On"
                                             : hovering() ? "hover"
                                                          : "Off")

@@ -4,8 +4,8 @@
 
 namespace kzq {
 
-/// All and None. Identifiers: "Select_All", "Deselect_All". A release acts whenever the pointer came in
-/// before, even when the button is disabled or the pointer was dragged out.
+/// All and None. Identifiers: "Select_All", "Deselect_All". A release acts if the pointer entered before,
+/// even if the button is disabled or the pointer was dragged out.
 class MassSelectionButton : public ImageButton {
     Q_OBJECT
 

@@ -44,7 +44,7 @@ QPixmap rendered(const QString& name, QSize pixels) {
 }  // namespace
 
 std::optional<Picture> picture(const QString& name) {
-    static QHash<QString, QSizeF> sizes;  // empty: there is no such picture
+    static QHash<QString, QSizeF> sizes;  // empty: no such picture
     auto known = sizes.constFind(name);
     if (known == sizes.constEnd()) {
         const auto path = pathOf(name);

@@ -16,11 +16,11 @@ struct Picture {
     bool operator==(const Picture& other) const { return name == other.name; }
 };
 
-/// The picture called `name`, such as "Export_X"; nothing when there is none. Main thread.
+/// The picture called `name`, such as "Export_X"; nothing if there is none. Main thread.
 std::optional<Picture> picture(const QString& name);
 
 /// Draws the picture scaled into `target`, sharp at the painter's device ratio. Returns false, and draws
-/// nothing, when there is no such picture or `target` is empty.
+/// nothing, if there is no such picture or `target` is empty.
 bool drawPicture(QPainter& painter, const QString& name, const QRectF& target);
 /// Draws the picture at its own size from the left end of `target`, cropped by it.
 bool drawPictureCropped(QPainter& painter, const QString& name, const QRectF& target);

@@ -20,7 +20,7 @@ std::filesystem::path pathOf(const QString& name) {
     return QFile::encodeName(name).toStdString();
 }
 
-/// In both cases, as some choosers take patterns by the letter.
+/// In lower and upper case, because some choosers take patterns literally.
 QString filterOf(const FileTypes& allowed) {
     QStringList patterns;
     for (const auto& type : allowed) {
@@ -35,7 +35,7 @@ bool isAllowed(const QString& file, const FileTypes& allowed) {
     return std::find(allowed.begin(), allowed.end(), extension) != allowed.end();
 }
 
-/// Runs the chooser and deletes it, unless its parent did so in between. Empty when nothing was chosen.
+/// Runs the chooser and deletes it, unless its parent already did. Empty if nothing was chosen.
 QString choose(QFileDialog* chooser) {
     const QPointer<QFileDialog> dialog(chooser);
     const auto accepted = dialog->exec() == QDialog::Accepted;
@@ -62,7 +62,7 @@ int QtDialogs::run(const Alert& alert) {
     const QPointer<AlertPanel> panel(new AlertPanel(alert, parent_()));
     const auto escape = panel->answer();
     panel->exec();
-    if (panel.isNull()) {  // went with its window
+    if (panel.isNull()) {  // destroyed with its window
         return escape;
     }
     const auto answer = panel->answer();

@@ -10,7 +10,7 @@ namespace kzq {
 /// The dialogs users see: our own alert panel, the desktop's choosers and its opener.
 class QtDialogs : public Dialogs {
   public:
-    /// `parent` gives the window that a dialog stands over, or null; asked anew for each dialog.
+    /// `parent` returns the window that a dialog belongs to, or null; called for each dialog.
     explicit QtDialogs(std::function<QWidget*()> parent);
 
     int run(const Alert& alert) override;

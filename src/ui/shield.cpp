@@ -13,7 +13,7 @@ namespace {
 
 constexpr double strongestWash = 0.4;  // the rows that turn "complete" stay readable
 
-/// Quitting stays possible, as it does by closing the window.
+/// Quitting stays possible, as does closing the window.
 bool quits(const QKeyEvent& event) {
     return event.key() == Qt::Key_Q && event.modifiers() == Qt::ControlModifier;
 }
@@ -23,7 +23,7 @@ bool quits(const QKeyEvent& event) {
 Shield::Shield(QWidget* parent, double wash)
     : QWidget(parent), before_(parent->window()->focusWidget()), wash_(std::clamp(wash, 0.0, strongestWash)) {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName("The 7306 is busy");  // what a screen reader stands on
+    setAccessibleName("The 7306 is busy");  // read out by a screen reader
     setMouseTracking(true);
     setAcceptDrops(true);
     setGeometry(parent->rect());
@@ -54,12 +54,12 @@ bool Shield::event(QEvent* event) {
         case QEvent::KeyRelease:
             event->accept();
             return true;
-        case QEvent::ShortcutOverride:  // taken: the shortcut does not act
+        case QEvent::ShortcutOverride:  // accepted: the shortcut does not act
             event->setAccepted(!quits(*static_cast<QKeyEvent*>(event)));
             return true;
         case QEvent::DragEnter:
         case QEvent::DragMove:
-        case QEvent::Drop:  // taken, so that it goes to nobody else, and nothing done with it
+        case QEvent::Drop:  // accepted, so that it goes to no other widget, and ignored
             static_cast<QDropEvent*>(event)->setDropAction(Qt::IgnoreAction);
             event->accept();
             return true;

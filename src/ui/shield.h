@@ -5,9 +5,9 @@
 
 namespace kzq {
 
-/// Lies over all of its parent while the pedal works: takes the focus and lets no click, key, wheel turn or
-/// drop through; of the shortcuts, only Ctrl+Q acts. Shows, raises and focuses itself when it is made, gives
-/// the focus back when it goes.
+/// Covers its whole parent while the pedal works: takes the focus and blocks clicks, keys, the wheel and
+/// drops; of the shortcuts, only Ctrl+Q works. Shows, raises and focuses itself on creation, returns the
+/// focus on destruction.
 class Shield : public QWidget {
     Q_OBJECT
 

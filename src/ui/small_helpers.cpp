@@ -10,7 +10,7 @@ std::optional<std::string> stringByPrependingString(const std::string& string,
     if (!prefix) {
         return std::nullopt;
     }
-    // nothing before the string gives the string, even when that is empty
+    // an empty prefix gives the string, even if that is empty
     return *prefix + string;
 }
 
@@ -45,7 +45,7 @@ void schedule(Executor& executor, const std::shared_ptr<ScheduledTimer>& timer, 
 
 std::shared_ptr<ScheduledTimer> scheduledTimer(Executor& executor, double interval,
                                                const std::function<void()>& action, bool repeats) {
-    constexpr double shortest = 0.0001;  // what a run loop makes of no interval at all
+    constexpr double shortest = 0.0001;  // what a run loop uses for an interval of 0
     if (!action) {
         return nullptr;
     }

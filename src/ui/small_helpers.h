@@ -10,14 +10,14 @@
 
 namespace kzq {
 
-/// `prefix` followed by `string`; nothing when there is no prefix.
+/// `prefix` followed by `string`; nothing if there is no prefix.
 std::optional<std::string> stringByPrependingString(const std::string& string,
                                                     const std::optional<std::string>& prefix);
 
-/// Makes the folder and its missing parents. True when it is there afterwards; false for an empty path.
+/// Creates the folder and its missing parents. True if it exists afterwards; false for an empty path.
 bool createDirectoryAtPath(const std::filesystem::path& path);
 
-/// A timer that goes on by itself; the handle is for ending it early. Main thread.
+/// A timer that runs by itself; the handle is for ending it early. Main thread.
 class ScheduledTimer {
   public:
     void invalidate() { valid_ = false; }
@@ -29,8 +29,8 @@ class ScheduledTimer {
     bool valid_ = true;
 };
 
-/// Runs `action` on the main thread after `interval` seconds, again and again if `repeats`. Null when there
-/// is no action.
+/// Runs `action` on the main thread after `interval` seconds, repeatedly if `repeats`. Null if there is no
+/// action.
 std::shared_ptr<ScheduledTimer> scheduledTimer(Executor& executor, double interval,
                                                const std::function<void()>& action, bool repeats = false);
 

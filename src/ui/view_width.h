@@ -6,7 +6,7 @@ namespace kzq {
 
 /// Width of the view in logical pixels.
 double width(const QWidget& view);
-/// Sets the width, rounded; place and height stay. Below 0 and not a number count as 0.
+/// Sets the width, rounded; position and height stay. Below 0 and not a number count as 0.
 void setWidth(QWidget& view, double width);
 
 }  // namespace kzq

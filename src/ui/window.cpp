@@ -7,7 +7,7 @@ namespace kzq {
 
 void Window::closeEvent(QCloseEvent* event) {
     event->accept();
-    // queued: quitting closes all windows, and this one is still at it
+    // queued: quitting closes all windows, and this one is still closing
     QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 

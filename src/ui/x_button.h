@@ -4,7 +4,7 @@
 
 namespace kzq {
 
-/// The small cross that takes a staged file off its row. Needs an identifier to be drawn, whichever.
+/// The small cross that removes a staged file from its row. Needs any identifier to be drawn.
 class XButton : public ActionButton {
     Q_OBJECT
 

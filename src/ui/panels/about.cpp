@@ -22,7 +22,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-bool splashed = false;  // NOLINT(*-avoid-non-const-global-variables): once in a process
+bool splashed = false;  // NOLINT(*-avoid-non-const-global-variables): once per process
 
 }  // namespace
 
@@ -41,7 +41,7 @@ About::About(ApplicationController& controller, Executor& executor, Dialogs& dia
       window_(std::make_unique<AboutWindow>()) {}
 
 About::~About() {
-    window_->setController(nullptr);  // a window that goes while it is open sends itself a close event
+    window_->setController(nullptr);  // a window destroyed while open sends itself a close event
 }
 
 void About::windowDidLoad(FirmwareVersion firmwareVersion) {
@@ -103,7 +103,7 @@ bool About::isVisible() const {
 
 void About::close() {
     if (closing_) {
-        return;  // the window goes out of focus because it closes
+        return;  // the window loses the focus because it closes
     }
     closing_ = true;
     window_->hide();

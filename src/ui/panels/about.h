@@ -21,13 +21,13 @@ class ApplicationController;
 class Dialogs;
 class Executor;
 
-/// The About panel, and the splash of the program: the first time that it is shown in a process, it closes
-/// by itself after 1.5 seconds. Whenever it closes, the main window is opened. Main thread.
+/// The About panel and the splash screen: when first shown in a process, it closes by itself after 1.5
+/// seconds. Whenever it closes, the main window is opened. Main thread.
 class About : public QObject, public LinkButtonDelegate {
     Q_OBJECT
 
   public:
-    /// The version of the connected pedal's firmware; nothing, or empty, without a pedal. Called on the main
+    /// The connected pedal's firmware version; nothing, or empty, without a pedal. Called on the main
     /// thread whenever the panel is drawn, so it must not wait.
     using FirmwareVersion = std::function<std::optional<std::string>()>;
 
@@ -41,9 +41,9 @@ class About : public QObject, public LinkButtonDelegate {
     About(About&&) = delete;
     About& operator=(About&&) = delete;
 
-    /// Shows the window and gives it the keyboard.
+    /// Shows the window and gives it the keyboard focus.
     void showWindow();
-    /// In the middle of the screen that the pointer is on.
+    /// Centres the window on the screen with the pointer.
     void centre();
     bool isVisible() const;
 
@@ -52,7 +52,7 @@ class About : public QObject, public LinkButtonDelegate {
     void closeIfNotPreviouslyClosed();
     bool beenClosed() const { return beenClosed_; }
 
-    /// Opens the maker's web site in the browser and closes the panel.
+    /// Opens the maker's website in the browser and closes the panel.
     void linkClicked();
     void linkButtonHoverStateChanged(LinkButton& button, bool hovered) override;
 
@@ -62,8 +62,8 @@ class About : public QObject, public LinkButtonDelegate {
     /// 480 × 300, owned by this.
     AboutWindow& window() { return *window_; }
 
-    /// The next showing counts as the first of the process again: for a process that starts the program more
-    /// than once, as tests do.
+    /// Makes the next showing count as the first of the process: for tests, which start the program more than
+    /// once in a process.
     static void rearmSplash();
 
   private:

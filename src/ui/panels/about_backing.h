@@ -27,11 +27,11 @@ class AboutBacking : public QWidget {
     explicit AboutBacking(QWidget* parent = nullptr);
 
     void setController(About* about);
-    /// `image` names the picture that is drawn; the owner hides it.
+    /// `image` names the picture to draw; the owner hides it.
     void setImage(PictureView* image);
     void setVersions(std::string software, FirmwareVersion firmware);
 
-    /// The program's version, nothing when empty.
+    /// The program's version; nothing if empty.
     std::optional<std::string> currentSoftware() const;
     /// "2.1.0 (1.05)", "2.1.0" without a pedal, empty without a version of the program.
     QString versionText() const;
@@ -53,8 +53,8 @@ class AboutBacking : public QWidget {
     QPointer<PictureView> image_;
     std::string software_;
     FirmwareVersion firmware_;
-    QSet<int> held_;        ///< keys that are down, wherever they were pressed in the program
-    QSet<int> heldBefore_;  ///< those that were when the panel was shown and still are
+    QSet<int> held_;        ///< keys that are down, wherever in the program they were pressed
+    QSet<int> heldBefore_;  ///< those that have been down since before the panel was shown
 };
 
 }  // namespace kzq

@@ -7,8 +7,8 @@ namespace kzq {
 
 class About;
 
-/// The window of the About panel: no frame, clear outside its rounded plate. It closes as soon as another
-/// window takes the keyboard.
+/// The window of the About panel: no frame, transparent outside its rounded plate. It closes as soon as
+/// another window gets the keyboard focus.
 class AboutWindow : public QWidget {
     Q_OBJECT
 

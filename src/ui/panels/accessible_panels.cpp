@@ -15,11 +15,11 @@ class AccessibleItem : public QAccessibleWidget {
   public:
     explicit AccessibleItem(MenuItemView* view) : QAccessibleWidget(view, QAccessible::MenuItem) {}
 
-    /// The label says what the name says already.
+    /// The label repeats the name.
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
 
-    /// The keyboard's focus is on the menu; for who listens, it is on the highlighted entry.
+    /// The keyboard focus is on the menu; assistive technology sees it on the highlighted entry.
     QAccessible::State state() const override {
         auto state = QAccessibleWidget::state();
         const auto* item = view()->controller();
@@ -54,7 +54,7 @@ class AccessibleTrack : public QAccessibleWidget, public QAccessibleValueInterfa
     QVariant minimumStepSize() const override { return 1; }
 };
 
-/// Those that Qt takes for mere parts: it knows only its own kinds of windows.
+/// Widgets that Qt takes for mere parts: it knows only its own kinds of windows.
 bool isPlainWindow(const QWidget& widget) {
     return widget.isWindow() && widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
            qobject_cast<const QDialog*>(&widget) == nullptr;
@@ -80,7 +80,7 @@ QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* objec
 }  // namespace
 
 void installAccessiblePanels() {
-    QAccessible::installFactory(accessibleFor);  // a factory that is there already is not added again
+    QAccessible::installFactory(accessibleFor);  // a factory already installed is not added again
 }
 
 }  // namespace kzq

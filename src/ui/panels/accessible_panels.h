@@ -2,8 +2,8 @@
 
 namespace kzq {
 
-/// Lets assistive technology see the menu, its entries and the progress track as what they are. Once is
-/// enough; main thread.
+/// Exposes the menu, its entries and the progress track to assistive technology. Calling it once is enough;
+/// main thread.
 void installAccessiblePanels();
 
 }  // namespace kzq

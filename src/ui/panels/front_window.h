@@ -4,9 +4,9 @@ class QWidget;
 
 namespace kzq {
 
-/// The window that a dialog has to stand over so that nothing of ours can cover it: the dialog that is open
-/// already, else a window that floats, the one with the keyboard first, else `usual`. A dialog with another
-/// parent can end up behind a floating window, and be waited for without being seen. Main thread.
+/// The parent for a dialog, so that none of our windows can cover it: the dialog already open, else a
+/// floating window, preferably the one with the keyboard focus, else `usual`. With another parent, a dialog
+/// can end up behind a floating window and block the program unseen. Main thread.
 QWidget* frontWindow(QWidget* usual);
 
 }  // namespace kzq

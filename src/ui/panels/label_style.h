@@ -6,7 +6,7 @@
 
 namespace kzq {
 
-/// Colour and font of a label, whatever the desktop's style has.
+/// Colour and font of a label, independent of the desktop's style.
 inline void styleLabel(QLabel& label, const QColor& color, const QFont& font) {
     auto palette = label.palette();
     palette.setColor(QPalette::WindowText, color);

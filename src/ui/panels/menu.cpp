@@ -114,7 +114,7 @@ void Menu::itemClicked(MenuItem& item) {
 }
 
 void Menu::selectFirmware() {
-    auto& controller = controller_;  // the menu may be gone once the choice is made
+    auto& controller = controller_;  // the menu may be destroyed once the choice is made
     const auto chosen = dialogs_.chooseFile({"bin"});
     if ((chosen.answer == panelOk || chosen.answer == panelContinue) && !chosen.path.empty()) {
         controller.installFirmware(chosen.path);

@@ -17,13 +17,13 @@ namespace kzq {
 class ApplicationController;
 class Dialogs;
 
-/// The menu inside the main window. It carries out what is clicked; showing, hiding and the keys are the
-/// application controller's. Main thread.
+/// The menu inside the main window. It carries out what is clicked; the application controller shows and
+/// hides it and handles the keys. Main thread.
 ///
-/// Whoever opens it: clears the highlight, shows the view, gives it the keyboard (`view().setFocus()`), sets
-/// the title from the keys that are held (`setFirmwareTitle(modifiers())`), and hides the button that opens
-/// it last, so that the focus does not wander. Whoever closes it hides the view, shows that button and gives
-/// it the focus if the view had it.
+/// To open it: clear the highlight, show the view, focus it (`view().setFocus()`), set the title from the
+/// held keys (`setFirmwareTitle(modifiers())`), and last hide the button that opens it, so that the focus
+/// does not move elsewhere. To close it: hide the view, show that button and give it the focus if the view
+/// had it.
 class Menu : public QObject, public MenuItemDelegate {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ class Menu : public QObject, public MenuItemDelegate {
     using ModifierProbe = std::function<Qt::KeyboardModifiers()>;
 
     /// The view becomes a hidden child of `parent`, the main window's content. `controller` and `dialogs`
-    /// must outlive the menu. Nothing when an entry cannot be made.
+    /// must outlive the menu. Nothing if an entry cannot be created.
     static std::unique_ptr<Menu> menu(ApplicationController& controller, Dialogs& dialogs, QWidget* parent,
                                       const Product& product);
     ~Menu() override;
@@ -40,7 +40,7 @@ class Menu : public QObject, public MenuItemDelegate {
     Menu(Menu&&) = delete;
     Menu& operator=(Menu&&) = delete;
 
-    /// Owned by its parent, or by the menu if that goes first; null once the parent is gone.
+    /// Owned by its parent, or by the menu if destroyed first; null once the parent is destroyed.
     MenuView* view() const { return view_; }
 
     MenuItem& about() { return *items_[0]; }
@@ -56,12 +56,12 @@ class Menu : public QObject, public MenuItemDelegate {
 
     /// Whether Command (Ctrl) and Shift are both among `modifiers`.
     static bool selectsFirmware(Qt::KeyboardModifiers modifiers);
-    /// "Select Firmware..." when `modifiers` hold both, else "Firmware Update...".
+    /// "Select Firmware..." if `modifiers` has both, else "Firmware Update...".
     void setFirmwareTitle(Qt::KeyboardModifiers modifiers);
 
-    /// The modifier keys held at this moment, by the probe.
+    /// The modifier keys held now, from the probe.
     Qt::KeyboardModifiers modifiers() const { return modifierProbe_(); }
-    /// In place of asking the window system.
+    /// Replaces asking the window system.
     void setModifierProbe(ModifierProbe probe) { modifierProbe_ = std::move(probe); }
 
     void itemEntered(MenuItem& item) override;

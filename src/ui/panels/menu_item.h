@@ -24,18 +24,18 @@ class MenuItem : public QObject {
     MenuItem(MenuItem&&) = delete;
     MenuItem& operator=(MenuItem&&) = delete;
 
-    /// 200 × 36; belongs to this until it is given a parent. Null once that parent is gone.
+    /// 200 × 36; owned by this until it gets a parent. Null once that parent is destroyed.
     MenuItemView* view() const;
 
-    /// A null text is an empty one.
+    /// A null text counts as empty.
     void setTitle(const QString& title);
     QString title() const;
 
-    /// Whether the entry is highlighted, by the pointer or by the keys. Assistive technology is told.
+    /// Whether the entry is highlighted, by the pointer or by the keys. Assistive technology is notified.
     void setHovered(bool hovered);
     bool hovered() const { return hovered_; }
 
-    /// Not owned: a delegate that goes first sets nullptr.
+    /// Not owned: a delegate destroyed first sets nullptr.
     void setDelegate(MenuItemDelegate* delegate) { delegate_ = delegate; }
     MenuItemDelegate* delegate() const { return delegate_; }
 

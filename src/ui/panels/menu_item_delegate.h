@@ -4,7 +4,7 @@ namespace kzq {
 
 class MenuItem;
 
-/// Told what the pointer does on an entry. Main thread.
+/// Notified of what the pointer does on an entry. Main thread.
 class MenuItemDelegate {
   public:
     MenuItemDelegate() = default;

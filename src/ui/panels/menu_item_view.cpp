@@ -20,7 +20,7 @@ MenuItem* MenuItemView::controller() const {
 
 void MenuItemView::click() {
     if (controller_ && controller_->delegate() != nullptr) {
-        controller_->delegate()->itemClicked(*controller_);  // may end the menu, and this with it
+        controller_->delegate()->itemClicked(*controller_);  // may destroy the menu, and this with it
     }
 }
 
@@ -38,7 +38,7 @@ void MenuItemView::leaveEvent(QEvent* event) {
     }
 }
 
-/// Taken, so that the release comes here as well.
+/// Accepted, so that the release also comes here.
 void MenuItemView::mousePressEvent(QMouseEvent* event) {
     event->setAccepted(event->button() == Qt::LeftButton);
 }

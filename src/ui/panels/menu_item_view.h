@@ -8,7 +8,7 @@ namespace kzq {
 
 class MenuItem;
 
-/// Draws the highlight of an entry and takes the pointer for it.
+/// Draws the highlight of an entry and handles the pointer for it.
 class MenuItemView : public ColorView {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ class MenuItemView : public ColorView {
     void setController(MenuItem* item);
     MenuItem* controller() const;
 
-    /// Tells the delegate that the entry was clicked, as a release of the mouse inside does.
+    /// Notifies the delegate that the entry was clicked, as a mouse release inside does.
     void click();
 
   protected:

@@ -49,7 +49,7 @@ void MenuView::flagsChanged(Qt::KeyboardModifiers modifiers) {
 }
 
 void MenuView::keyPressEvent(QKeyEvent* event) {
-    // Qt takes a modifier that is pressed while it is held, as the other Shift is, for one that is let go.
+    // Qt reports a modifier pressed while already held, such as the other Shift, as released.
     flagsChanged(event->modifiers() | modifierOf(event->key()));
     QWidget::keyPressEvent(event);
 }

@@ -7,8 +7,8 @@ namespace kzq {
 
 class Menu;
 
-/// The root view of the menu, 224 × 208. It takes the keyboard while the menu is open, so that it sees the
-/// modifier keys go down and up; no other key is eaten, and Tab stays in it.
+/// The root view of the menu, 224 × 208. It has the keyboard focus while the menu is open, so that it sees
+/// presses and releases of the modifier keys; it consumes no other key, and Tab stays in it.
 class MenuView : public QWidget {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ class MenuView : public QWidget {
     Menu* controller() const;
 
     /// Showing and hiding (setHidden, show, hide) both bring the firmware entry's own title back first.
-    /// A view that is hidden lets go of the keyboard.
+    /// Hiding releases the keyboard focus.
     void setVisible(bool visible) override;
 
   protected:

@@ -4,7 +4,7 @@
 
 namespace kzq {
 
-/// What the panels say of the program itself.
+/// What the panels say about the program itself.
 struct Product {
     std::string version;  ///< "CFBundleShortVersionString", such as "2.1.0"; empty if unknown
     std::string website;  ///< https address of the maker's home page

@@ -23,7 +23,7 @@ namespace {
 constexpr std::array unitNames{"B", "KB", "MB"};
 constexpr std::array unitSizes{1.0, 1e3, 1e6};
 
-/// Rounded half away from zero; what an unsigned number cannot hold becomes the nearest that it can.
+/// Rounded half away from zero, and clamped to the range of the unsigned type.
 std::uint64_t rounded(double value) {
     constexpr double tooMuch = 18446744073709551616.0;
     const double whole = std::round(value);
@@ -73,13 +73,14 @@ Progress::Progress(std::function<void()> cancelTransfer)
                             Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint);
     window_->setAttribute(Qt::WA_QuitOnClose, false);
     window_->setFixedSize(window_->size());
-    window_->setFocusPolicy(Qt::ClickFocus);  // else Cancel has it at once, and a stray Space cancels
+    window_->setFocusPolicy(
+        Qt::ClickFocus);  // else Cancel would have it at once, and a stray Space would cancel
     window_->installEventFilter(this);
     new FocusRing(window_.get());  // owned by the page
 }
 
 Progress::~Progress() {
-    window_->removeEventFilter(this);  // a window that goes while it is open sends itself a close event
+    window_->removeEventFilter(this);  // a window destroyed while open sends itself a close event
 }
 
 void Progress::setTitle(const QString& title) {
@@ -116,12 +117,12 @@ void Progress::setTotalBytes(std::uint64_t bytes) {
 }
 
 void Progress::setPercent(double fraction) {
-    const double shown = std::isfinite(fraction) ? fraction : 0;  // 0 of 0 bytes is no number
+    const double shown = std::isfinite(fraction) ? fraction : 0;  // 0 of 0 bytes is not a number
     percent_ = std::min(1.0, shown);
     showFraction(shown);
 }
 
-/// Shows more than 1 as more than 1: the two figures and the bar say what was really transferred.
+/// Shows more than 1 as such: the two figures and the bar show what was really transferred.
 void Progress::showFraction(double fraction) {
     if (parts_->bar) {
         setWidth(*parts_->bar, parts_->total ? width(*parts_->total) * fraction : 0);
@@ -175,7 +176,7 @@ bool Progress::eventFilter(QObject* watched, QEvent* event) {
     } else if (event->type() == QEvent::KeyPress) {
         const auto& keys = static_cast<const QKeyEvent&>(*event);  // NOLINT(*-static-cast-downcast)
         if (keys.key() == Qt::Key_Escape) {
-            if (!keys.isAutoRepeat()) {  // held since before the panel came, it was not meant for it
+            if (!keys.isAutoRepeat()) {  // held since before the panel opened, it was not meant for it
                 cancel();
             }
             return true;

@@ -9,11 +9,11 @@
 
 namespace kzq {
 
-/// The panel that shows how far a transfer has come. Its window floats above the others and is hidden at
+/// The panel that shows the progress of a transfer. Its window floats above the others and is hidden at
 /// first. Main thread.
 ///
 /// However the user closes it (Cancel, Escape, the title bar, the window manager), the transfer is
-/// cancelled; `close()`, which is the owner's, cancels nothing.
+/// cancelled; `close()`, for the owner, cancels nothing.
 class Progress : public QObject {
     Q_OBJECT
 
@@ -39,14 +39,14 @@ class Progress : public QObject {
     /// 0 bytes, 1 kilobytes, 2 megabytes.
     std::uint32_t totalUnits() const { return totalUnits_; }
 
-    /// Sets the bar and the footer from `fraction`, normally 0 to 1. More than 1 is shown as it is; what is
-    /// less than 0 or no number is shown as 0. Cheap: what changes is repainted by the event loop.
+    /// Sets the bar and the footer from `fraction`, normally 0 to 1. More than 1 is shown as is; less than
+    /// 0 or not a number is shown as 0. Cheap: the event loop repaints what changes.
     void setPercent(double fraction);
     /// The fraction set last, at most 1.
     double percent() const { return percent_; }
 
     /// Puts the window's frame at the top-left corner of `mainWindow`'s and keeps it above that window,
-    /// whatever the window manager makes of floating windows.
+    /// however the window manager treats floating windows.
     void placeOver(QWidget& mainWindow);
     /// Shows the window and brings it to the front.
     void showWindow();
