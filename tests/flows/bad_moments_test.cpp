@@ -292,7 +292,7 @@ class EveryState : public FlowTest, public testing::WithParamInterface<int> {
 };
 
 TEST_P(EveryState, TheProgramCanEnd) {
-    paced.pace = paced.writePace = 1s;
+    port.pace = port.writePace = 1s;
     launchConnected();
     select({1, 3});
     stage(2, 1000);

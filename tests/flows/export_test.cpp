@@ -16,7 +16,7 @@ TEST_F(FlowTest, ExportSendsWhatIsStagedAndThenReadsThePedalAnew) {
     launchConnected();
     stage(12, 1000);
     stage(2, 300);
-    paced.writePace = 10ms;
+    port.writePace = 10ms;
     pedal.clearJournal();
     window->exportButton()->click();
     pass(99ms);
@@ -76,7 +76,7 @@ TEST_F(FlowTest, ALoopThatFailsCountsAsExportedAndItsWorkingCopyGoesToo) {
     launchConnected();
     stage(2, 7);
     stage(4, 1000);
-    paced.writePace = 10ms;
+    port.writePace = 10ms;
     plan("refuse@E2");
     window->exportButton()->click();
     pass(120ms);
@@ -92,7 +92,7 @@ TEST_F(FlowTest, ALoopThatFailsCountsAsExportedAndItsWorkingCopyGoesToo) {
 TEST_F(FlowTest, ATotalOfNothingRunsWithoutThePanel) {
     launchConnected();
     stage(2, 6);  // 36 bytes, fewer than a header
-    paced.writePace = 10ms;
+    port.writePace = 10ms;
     window->exportButton()->click();
     pass(100ms);
     EXPECT_TRUE(shieldUp());

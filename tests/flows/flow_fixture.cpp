@@ -36,7 +36,6 @@ fs::path temporaryFolder() {
 FlowTest::FlowTest()
     : pedal(executor, {.memory = threeLoops(&loopOf)}),
       port(executor, pedal),
-      paced(executor, port),
       base(temporaryFolder()),
       folder(base / "imports") {
     for (const auto* const name : {"imports", "copies", "files", "home"}) {
@@ -44,7 +43,7 @@ FlowTest::FlowTest()
     }
     setLogSink([this](LogCategory /*category*/, std::string_view line) { logged.emplace_back(line); });
     About::rearmSplash();
-    KZQ7306::load({executor, paced, [] { return 36U; }});
+    KZQ7306::load({executor, port, [] { return 36U; }});
     window = std::make_unique<MainWindow>();
     dialogs.folder = [this] { return Dialogs::Chosen{panelOk, folder}; };
 }

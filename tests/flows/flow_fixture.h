@@ -18,7 +18,6 @@
 #include "ctl/paced_port.h"
 #include "device/kzq7306.h"
 #include "device/simulator/simulated_pedal.h"
-#include "device/simulator/simulated_port.h"
 #include "slots/slot_button.h"
 #include "ui/background.h"
 #include "ui/lower_button.h"
@@ -124,8 +123,7 @@ class FlowTest : public testing::Test {
 
     VirtualExecutor executor;
     simulator::SimulatedPedal pedal;
-    simulator::SimulatedPort port;
-    PacedPort paced;
+    PacedPort port;
     std::filesystem::path base;
     std::filesystem::path folder;  ///< where imports go
     ScriptedDialogs dialogs;

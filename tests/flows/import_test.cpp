@@ -34,7 +34,7 @@ TEST_F(FlowTest, ImportSavesTheCheckedLoopsInOrderUnderFreeNames) {
     EXPECT_THAT(dialogs.shown, IsEmpty());  // the pedal has not answered yet
     executor.settle();
     EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
-    paced.pace = 10ms;
+    port.pace = 10ms;
     pass(99ms);
     EXPECT_FALSE(shieldUp() || delegate->progress()->isVisible());
     pass(1ms);
@@ -120,7 +120,7 @@ TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
     launchConnected();
     for (const bool silent : {false, true}) {
         select({1, 3});
-        paced.pace = 10ms;
+        port.pace = 10ms;
         if (silent) {
             plan("silence@in:3");
         }
@@ -138,7 +138,7 @@ TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
         pedal.clearFaults();
         pass(6s);
     }
-    paced.pace = 0s;
+    port.pace = 0s;
     select({1});
     window->importButton()->click();
     EXPECT_TRUE(becomesIdle());
