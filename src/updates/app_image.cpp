@@ -11,7 +11,7 @@ namespace kzq {
 
 namespace {
 
-/// Puts `file` under a second name, or a copy of it where the file system knows no second names.
+/// Links `file` under a second name, or copies it if the file system has no hard links.
 std::error_code linkOrCopy(const std::filesystem::path& file, const std::filesystem::path& name) {
     std::error_code error;
     if (::link(file.c_str(), name.c_str()) != 0) {
@@ -34,7 +34,7 @@ bool keepPrevious(const std::filesystem::path& appImage, std::string& reason) {
     if (!error) {
         std::filesystem::rename(draft, previous, error);
     }
-    // Also after the rename: it does nothing when both are names of one file.
+    // Also after the rename, which does nothing if both are names of one file.
     ::unlink(draft.c_str());
     if (error) {
         reason = "the previous version cannot be kept: " + error.message();

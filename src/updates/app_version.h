@@ -6,8 +6,8 @@
 
 namespace kzq {
 
-/// The order of two versions of the program: whole decimal numbers separated by points, compared one by one,
-/// where missing ones count as 0. Nothing when a text is not such a version (at most 8 numbers, each below
+/// Compares two versions of the program: whole decimal numbers separated by points, compared one by one;
+/// missing ones count as 0. Nothing if a text is not such a version (at most 8 numbers, each below
 /// 2^32).
 std::optional<std::strong_ordering> compareAppVersions(std::string_view left, std::string_view right);
 

@@ -17,8 +17,7 @@ bool isImageOf(const FirmwareEntry& entry, std::span<const std::uint8_t> image);
 
 /// The folder of verified firmware images, each under its entry's name. Any thread.
 ///
-/// A folder, link or anything else but a file in an image's place is neither read through, replaced nor
-/// removed.
+/// If an image's path is a folder, a link or anything else but a file, it is not read, replaced or removed.
 class FirmwareCache {
   public:
     /// "Library/Application Support/com.kzq.7306/updates/firmware" in `home`; empty without a home.
@@ -26,19 +25,18 @@ class FirmwareCache {
 
     explicit FirmwareCache(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-    /// Makes the folder with those above it, and clears it of what runs that were killed left behind. Whether
-    /// it is there.
+    /// Creates the folder with its parents, and removes what killed runs left behind. Returns whether it
+    /// exists.
     bool prepare() const;
     const std::filesystem::path& folder() const { return folder_; }
     std::filesystem::path pathOf(const FirmwareEntry& entry) const { return folder_ / entry.name; }
 
-    /// The verified image. A file in its place that is not the entry's image is removed. Nothing when there
-    /// is none, or when the entry is not complete.
+    /// The verified image. A file in its place that is not the entry's image is removed. Nothing if there
+    /// is none, or if the entry is not complete.
     std::optional<FirmwareImage> cached(const FirmwareEntry& entry) const;
-    /// Whether `store` could put an image in place: the folder can be written and nothing is there, or a
-    /// file.
+    /// Whether `store` could save an image: the folder is writable and the path is free or a file.
     bool isPlaceFor(const FirmwareEntry& entry) const;
-    /// Puts a verified image into place, whole or not at all. Whether it is there.
+    /// Saves a verified image, completely or not at all. Returns whether it is saved.
     bool store(const FirmwareEntry& entry, std::span<const std::uint8_t> image) const;
 
   private:

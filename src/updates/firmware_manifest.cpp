@@ -18,7 +18,7 @@ bool isFileName(const std::string& name) {
            name.find('\0') == std::string::npos;
 }
 
-/// Whole numbers only, however they are written; a rounded size would be a guess.
+/// Whole numbers only, in any notation; a rounded size would be a guess.
 std::uint64_t sizeOf(const json& entry) {
     const auto found = entry.find("size");
     if (found == entry.end() || !found->is_number()) {

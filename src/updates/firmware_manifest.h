@@ -11,24 +11,24 @@ namespace kzq {
 constexpr std::uint64_t largestManifest = std::uint64_t{1} << 20U;
 constexpr std::uint64_t largestFirmware = 50'000'000;
 
-/// One firmware image as the manifest describes it. A member whose text was missing, of another type or not
+/// One firmware image as the manifest describes it. A member that was missing, of another type or not
 /// usable is empty.
 struct FirmwareEntry {
     std::string name;        ///< a plain file name: never a path, "." or ".."
     std::string hash;        ///< MD5 in hexadecimal digits, as given
-    std::uint64_t size = 0;  ///< 1 to largestFirmware; 0 stands for anything else
+    std::uint64_t size = 0;  ///< 1 to largestFirmware; 0 means anything else
     std::string version;     ///< as given
     std::vector<std::string> changes;
 
     bool operator==(const FirmwareEntry&) const = default;
 };
 
-/// Whether the entry says enough to find and to verify an image, and nothing else: its members are in the
-/// ranges that FirmwareEntry states.
+/// Whether the entry is sufficient to find and verify an image: its members are in the ranges given in
+/// FirmwareEntry.
 bool isComplete(const FirmwareEntry& entry);
 
-/// The last entry, which is the newest, of a manifest in JSON. Nothing when the document is broken, not an
-/// array, empty, or when its last element is not an object with members. Any thread.
+/// The last entry, which is the newest, of a manifest in JSON. Nothing if the document is broken, not an
+/// array, empty, or its last element is not an object with members. Any thread.
 std::optional<FirmwareEntry> newestFirmwareEntry(std::span<const std::uint8_t> manifest);
 
 }  // namespace kzq

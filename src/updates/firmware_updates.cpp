@@ -127,8 +127,8 @@ void FirmwareUpdates::refreshLocked() {
     offer(*entry, offered);
 }
 
-/// Asks the pedal again: while the image came it may have been flashed or exchanged. When it is gone, a later
-/// check knows more.
+/// Asks the pedal again: it may have been flashed or swapped during the download. If it has left, a later
+/// check takes over.
 void FirmwareUpdates::offer(const FirmwareEntry& entry, const FirmwareVersion& offered) {
     const auto device = pedal();
     if (!device.known()) {
@@ -160,7 +160,7 @@ std::optional<FirmwareImage> FirmwareUpdates::download(const FirmwareEntry& entr
         note("the manifest's last entry has no usable hash or size");
         return std::nullopt;
     }
-    // Asked first: otherwise an obstacle would cost a whole download at every check.
+    // Checked first: otherwise an obstacle would cost a whole download at every check.
     if (!cache_.prepare() || !cache_.isPlaceFor(entry)) {
         note("no place for a firmware image at " + cache_.pathOf(entry).string());
         return std::nullopt;
@@ -215,7 +215,7 @@ void FirmwareUpdates::onMain(std::function<void(const FirmwareEnvironment&)> sho
     });
 }
 
-/// Every 15 seconds the same line would bury the rest of the log.
+/// The same line every 15 seconds would bury the rest of the log.
 void FirmwareUpdates::note(const std::string& failure) {
     const std::lock_guard guard(mutex_);
     if (failure != lastFailure_ && !failure.empty()) {

@@ -17,8 +17,8 @@
 
 namespace kzq {
 
-/// What the firmware updater runs on. Executor and client outlive it; the functions may be called from any
-/// thread, the two for texts excepted.
+/// What the firmware updater runs on. Executor and client outlive it; the functions may be called on any
+/// thread, except the two for texts.
 struct FirmwareEnvironment {
     Executor& executor;
     HttpClient& http;
@@ -27,20 +27,20 @@ struct FirmwareEnvironment {
     std::string softwareVersion;                          ///< the program's own
     std::filesystem::path home;                           ///< the user's home folder; empty for none
     std::string manifest;                                 ///< https address
-    /// Main thread: shows the headline of the offer and empties the notes. May be empty.
+    /// Main thread: shows the headline of the offer and clears the notes. May be empty.
     std::function<void(const std::string& headline)> showHeadline;
     /// Main thread: appends to the notes. May be empty.
     std::function<void(const std::string& notes)> appendNotes;
     std::chrono::milliseconds fetchLimit = std::chrono::seconds(60);
 };
 
-/// Keeps the newest firmware, verified, in the cache, and offers it when the pedal runs an older one or none:
+/// Keeps the newest firmware, verified, in the cache, and offers it if the pedal runs an older one or none:
 /// the firmware updater without its window. Failures are never shown; the log gets the reason when it
 /// changes, and the next check tries again.
 ///
-/// The texts of an offer are posted to the main thread in order and never waited for. Whoever looks from the
-/// main thread sees the same as if the check had waited, but a check cannot hang on a main thread that is
-/// quitting or that itself waits for the check's lock.
+/// The texts of an offer are posted to the main thread in order and not waited for. Seen from the main
+/// thread, this is as if the check had waited, but a check cannot hang on a main thread that is quitting or
+/// that itself waits for the check's lock.
 class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
   public:
     /// A set-up updater; its first check comes 15 seconds later, then one every 15 seconds for its life. It
@@ -60,29 +60,29 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
     bool initialized() const { return initialized_; }
     bool busy() const { return busy_; }
 
-    /// The file that is offered, or nothing. It was verified when it was offered, and anybody can have
-    /// changed it since: what goes to a pedal is `offeredImage`. Any thread.
+    /// The offered file, or nothing. It was verified when offered, but may have changed since: send only
+    /// `offeredImage` to a pedal. Any thread.
     std::optional<std::filesystem::path> update() const;
-    /// The image that is offered, read and verified anew; nothing when there is no offer or the file is not
-    /// the entry's image any more. Reads up to largestFirmware bytes. Any thread.
+    /// The offered image, read and verified again; nothing if there is no offer or the file is no longer the
+    /// entry's image. Reads up to largestFirmware bytes. Any thread.
     std::optional<FirmwareImage> offeredImage() const;
-    /// Takes the offer back, after it was installed. Any thread.
+    /// Withdraws the offer, once it is installed. Any thread.
     void clearUpdate();
-    /// The program's own version, or nothing when it is empty.
+    /// The program's own version, or nothing if it is empty.
     std::optional<std::string> currentSoftware() const;
 
-    /// A refresh in the background, if set up. A second one is not queued behind one that still waits for
-    /// its turn, since that would look at nothing newer. Any thread.
+    /// A refresh in the background, if set up. Not queued if one is already waiting for its turn, since it
+    /// would find nothing newer. Any thread.
     void check();
     void timer();
-    /// The whole check. Blocks for the web and for other refreshes of the process: not for the main thread
-    /// of a window. Any thread.
+    /// The whole check. Blocks for the network and for other refreshes in the process, so do not call it on
+    /// the main thread of a window. Any thread.
     void refresh();
-    /// Makes fetches under way and later ones end at once: the program quits. Any thread.
+    /// Makes running and later fetches end at once: the program quits. Any thread.
     void stop() { stopped_ = true; }
 
     /// The image of `entry` from the cache (see FirmwareCache), or fetched, verified and put there. Any
-    /// thread; `download` blocks for the web.
+    /// thread; `download` blocks for the network.
     std::optional<FirmwareImage> cached(const FirmwareEntry& entry) const { return cache_.cached(entry); }
     std::optional<FirmwareImage> download(const FirmwareEntry& entry);
 
@@ -112,9 +112,9 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
     const std::thread::id mainThread_ = std::this_thread::get_id();
     std::atomic<bool> initialized_ = false;
     std::atomic<bool> busy_ = false;
-    std::atomic<bool> waiting_ = false;  ///< a check is queued and has not begun
+    std::atomic<bool> waiting_ = false;  ///< a check is queued and has not started
     std::atomic<bool> stopped_ = false;
-    mutable std::mutex mutex_;  ///< guards what follows
+    mutable std::mutex mutex_;  ///< guards the members below
     std::optional<FirmwareEntry> update_;
     std::string lastFailure_;
 };

@@ -14,7 +14,7 @@ constexpr bool isLowerCaseLetter(char c) {
     return c >= 'a' && c <= 'z';
 }
 
-/// The number that `digits`, all decimal, stand for; the highest there is when they stand for more.
+/// The value of `digits`, all decimal; the highest representable number if it is larger.
 std::uint64_t wholeNumber(std::string_view digits) {
     std::uint64_t number = 0;
     const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -30,7 +30,7 @@ FirmwareVersion FirmwareVersionFromString(std::string_view text) {
     }
     const std::string_view major = text.substr(0, point);
     std::string_view minor = text.substr(point + 1);
-    // The letter is read as a number, which it never is: it counts for nothing.
+    // The letter is read as a number, which it never is, so it does not count.
     if (minor.size() == 3 && isLowerCaseLetter(minor.back())) {
         minor.remove_suffix(1);
     }
@@ -44,7 +44,7 @@ FirmwareVersion FirmwareVersionFromString(std::string_view text) {
 }
 
 std::optional<double> numberWithString(std::string_view text) {
-    // from_chars would also take exponents and the words for infinity and not-a-number.
+    // from_chars would also accept exponents, infinity and not-a-number.
     const bool plain = std::ranges::all_of(text, [](char c) { return isDigit(c) || c == '.' || c == '-'; });
     if (!plain) {
         return std::nullopt;

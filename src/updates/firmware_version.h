@@ -7,7 +7,7 @@
 
 namespace kzq {
 
-/// A firmware version as it is compared and shown. (0, 0, 0) stands for "unknown".
+/// A firmware version as it is compared and shown. (0, 0, 0) means "unknown".
 struct FirmwareVersion {
     std::uint64_t major = 0;
     std::uint64_t minor = 0;
@@ -18,11 +18,11 @@ struct FirmwareVersion {
 };
 
 /// Parses digits, a point, exactly two digits and at most one lower-case letter; anything else, a trailing
-/// newline included, is unknown. A major number that 64 bits can't hold becomes the highest that they can.
+/// newline included, is unknown. A major number that does not fit into 64 bits becomes the highest that does.
 FirmwareVersion FirmwareVersionFromString(std::string_view text);
 
-/// A plain decimal number (digits, at most one point, a minus in front), or nothing when the whole text is
-/// not one. Takes no notice of the locale.
+/// A plain decimal number (digits, at most one point, a minus in front), or nothing if the whole text is
+/// not one. Independent of the locale.
 std::optional<double> numberWithString(std::string_view text);
 
 }  // namespace kzq

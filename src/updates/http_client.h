@@ -14,44 +14,44 @@ namespace kzq {
 enum class HttpFailure {
     none,
     address,    ///< not an https address
-    redirect,   ///< sent to something that is not https, or too often
-    untrusted,  ///< the server could not prove who it is
-    refused,    ///< an answer other than 200
+    redirect,   ///< redirected to an address that is not https, or too often
+    untrusted,  ///< the server could not prove its identity
+    refused,    ///< a status other than 200
     tooLong,    ///< the body is longer than allowed
     cutShort,   ///< the connection ended before the body did
     network,    ///< no connection, or it broke
     timeout,
     cancelled,
-    sink  ///< the receiver of the body could not take it
+    sink  ///< the receiver could not take the body
 };
 
 struct HttpLimits {
-    std::uint64_t bytes = 0;                  ///< the longest body that is taken
+    std::uint64_t bytes = 0;                  ///< the longest body accepted
     std::chrono::milliseconds total{60'000};  ///< from the call to the last byte
-    /// The longest pause between two arrivals; 0 for no limit of its own.
+    /// The longest pause between two pieces; 0 for no such limit.
     std::chrono::milliseconds silence{0};
 };
 
 struct HttpRequest {
     std::string url;
     HttpLimits limits;
-    /// Told after each piece: bytes so far, and the whole length or 0 when the server has not said it.
+    /// Called after each piece: bytes so far, and the whole length, or 0 if the server has not stated it.
     std::function<void(std::uint64_t received, std::uint64_t total)> progress;
     /// Ends the fetch soon after it becomes true; may be null. Outlives the call.
     const std::atomic<bool>* cancelled = nullptr;
-    /// Takes the body piece by piece instead of `HttpResult::body`; false ends the fetch.
+    /// Receives the body piece by piece in place of `HttpResult::body`; return false to end the fetch.
     std::function<bool(std::span<const std::uint8_t>)> sink;
 };
 
 struct HttpResult {
     HttpFailure failure = HttpFailure::none;
-    std::string reason;  ///< for the log and, in a pinch, for a person
+    std::string reason;  ///< for the log and, if need be, for the user
     std::vector<std::uint8_t> body;
 
     explicit operator bool() const { return failure == HttpFailure::none; }
 };
 
-/// Fetches resources over HTTPS. A success is a whole body that came with status 200 from a verified server.
+/// Fetches resources over HTTPS. Success means a complete body with status 200 from a verified server.
 class HttpClient {
   public:
     HttpClient() = default;

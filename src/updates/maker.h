@@ -6,16 +6,16 @@
 
 namespace kzq {
 
-// The maker's web server. Its host is set when the program is built (KZQ_HOST); `host`, with a port if need
-// be, stands in its place where it is not empty.
+// The maker's web server. Its host is set when the program is built (KZQ_HOST); a `host` that is not empty,
+// with a port if need be, replaces it.
 
 /// The https address of `path`, which starts with '/'.
 std::string makerAddress(std::string_view path, std::string_view host = {});
 /// The home page.
 std::string websiteAddress(std::string_view host = {});
 std::string firmwareManifestAddress(std::string_view host = {});
-/// The feed of the program itself: the staging feed when `home` holds "Desktop/com.kzq.7306.staging", a
-/// folder or a file, else the normal one, as without a home.
+/// The feed of the program itself: the staging feed if `home` has "Desktop/com.kzq.7306.staging", a
+/// folder or a file; else, or without a home, the normal one.
 std::string softwareFeedAddress(const std::filesystem::path& home, std::string_view host = {});
 
 /// `name`, percent-encoded as one path component, in place of the last path component of `address`.

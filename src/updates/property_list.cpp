@@ -7,7 +7,7 @@
 namespace kzq {
 namespace {
 
-/// The value the reader stands on: its text, or nothing when it is not a string. Moves behind it.
+/// The value at the reader's position: its text, or nothing if it is not a string. Moves past it.
 std::optional<std::string> readValue(QXmlStreamReader& xml) {
     if (xml.name() != QLatin1String("string")) {
         xml.skipCurrentElement();
@@ -58,7 +58,7 @@ std::optional<std::vector<PropertyTexts>> propertyListArray(std::span<const std:
             elements.emplace_back();
         }
     }
-    // Well-formed it is; an error comes from what is no property list.
+    // The document is well-formed; an error means that it is not a property list.
     if (xml.hasError()) {
         return std::nullopt;
     }

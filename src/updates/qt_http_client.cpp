@@ -32,11 +32,11 @@ HttpResult failed(HttpFailure failure, std::string reason) {
 
 QNetworkRequest requestFor(const QUrl& url, const std::string& authorities) {
     QNetworkRequest request(url);
-    // Qt reads a redirecting page before it follows, and cannot when the page is longer than the buffer.
+    // Qt reads a redirecting page before it follows, and cannot if the page is longer than the buffer.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    // Stated lengths and limits are about the bytes as they are stored.
+    // Stated lengths and limits count the bytes as stored.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setRawHeader("User-Agent", "7306-Loop-Manager");
     if (!authorities.empty()) {
@@ -58,14 +58,14 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
     }
 }
 
-/// One reply on its way in.
+/// One reply being received.
 class Exchange {
   public:
-    /// `left` of the fetch's time.
+    /// `left`: of the fetch's time.
     Exchange(const HttpRequest& request, QNetworkReply& reply, std::chrono::milliseconds left)
         : request_(request), reply_(reply), left_(left) {}
 
-    /// Where a result with the failure `redirect` leads.
+    /// The target of a result with the failure `redirect`.
     const QUrl& target() const { return target_; }
 
     HttpResult run() {
@@ -113,7 +113,7 @@ class Exchange {
                reply_.hasRawHeader("Location");
     }
 
-    /// Anything but the body asked for ends here, with whatever page comes with it: nobody reads that.
+    /// Anything but the requested body ends here; the page that comes with it is not read.
     void checkHead() {
         if (isRedirect()) {
             target_ =
@@ -172,7 +172,7 @@ class Exchange {
         }
     }
 
-    /// The first reason counts; what follows from it (the aborted reply's own error) does not.
+    /// The first reason counts; its consequences (such as the aborted reply's own error) do not.
     void end(HttpFailure failure, std::string reason) {
         if (std::exchange(ended_, true)) {
             return;

@@ -68,7 +68,7 @@ int replaceFile(const std::filesystem::path& folder, const std::string& name,
     }
     const auto draft = folder / draftName();
     int error = writeDraft(draft, bytes);
-    // Should a link come into the place just now, the rename replaces it and leaves alone what it leads to.
+    // If the path becomes a link just now, the rename replaces the link and leaves its target alone.
     if (error == 0 && ::rename(draft.c_str(), place.c_str()) != 0) {
         error = errno;
     }
@@ -112,7 +112,7 @@ bool isPlaceForFile(const std::filesystem::path& path) {
 
 std::optional<std::vector<std::uint8_t>> readPlainFile(const std::filesystem::path& path,
                                                        std::uint64_t limit) {
-    // Without O_NONBLOCK a pipe in the file's place would hold the caller for ever.
+    // Without O_NONBLOCK a pipe in the file's place would block the caller forever.
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     return file ? readPlainFile(file.get(), limit) : std::nullopt;
 }

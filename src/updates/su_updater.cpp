@@ -9,7 +9,7 @@
 namespace kzq {
 namespace {
 
-/// Why a package that could be installed must not be; empty when nothing speaks against it.
+/// Why a package that could be installed must not be; empty if it may.
 std::string objectionTo(const FeedItem& item) {
     if (!item.url.starts_with("https://")) {
         return "the update's address is not secure";
@@ -155,7 +155,7 @@ void SUUpdater::startInstalling() {
         });
 }
 
-/// Shows how far the background is. What it posted before it was cancelled is of no interest.
+/// Shows the progress in the background. Posts from before a cancellation are ignored.
 void SUUpdater::showRun(const std::shared_ptr<UpdateRun>& run) {
     run->shown = true;
     if (run_ != run) {
@@ -210,7 +210,7 @@ void SUUpdater::relaunch() {
         delegate->updaterWillRelaunchApplication(*this);
     }
     if (!environment_.desktop.relaunch(environment_.installation.appImage)) {
-        // It is in place all the same: to offer it again would put it into the previous one's place as well.
+        // It is in place nevertheless: offering it again would also overwrite the previous version with it.
         auto status = status_;
         status.reason = "the updated program could not be started; it starts the next time";
         logUpdates(status.reason);

@@ -44,7 +44,7 @@ struct UpdaterEnvironment {
     UpdateDesktop desktop;
     UpdateBuild build;
     Installation installation;
-    /// An existing folder that outlives the program, for packages on their way to the package installer.
+    /// An existing folder that outlives the program, for packages for the package installer.
     std::filesystem::path downloads;
 };
 
@@ -55,17 +55,17 @@ enum class UpdateState {
     offered,      ///< something newer; see `UpdateStatus::installable`
     downloading,  ///< `received` of `total` bytes
     verifying,    ///< length and signature
-    installing,   ///< being put into place
-    ready,        ///< in place; `relaunch` starts it, with a `reason` when it could not
+    installing,   ///< being moved into place
+    ready,        ///< in place; `relaunch` starts it; `reason` is set if that failed
     handedOver,   ///< the desktop's package installer has it
-    failed        ///< for `reason`; nothing was put into place
+    failed        ///< see `reason`; nothing was installed
 };
 
 struct UpdateStatus {
     UpdateState state = UpdateState::idle;
     std::string version;       ///< of the newer one, as people read it; from `offered` on
     std::string notes;         ///< as in FeedItem
-    bool installable = false;  ///< false: the user is only told, `install` opens the web site
+    bool installable = false;  ///< false: the update is only announced; `install` opens the website
     std::uint64_t received = 0;
     std::uint64_t total = 0;
     std::string reason;
@@ -73,9 +73,9 @@ struct UpdateStatus {
     bool operator==(const UpdateStatus&) const = default;
 };
 
-/// Updates the program itself, without a window of its own: a window observes `status` and calls what the
-/// user chose. Nothing is put into place that is not signed with a pinned key, of the stated length and newer
-/// than the running program. All members are for the main thread.
+/// Updates the program itself, without a window of its own: a window observes `status` and passes on the
+/// user's choices. Only what is signed with a pinned key, of the stated length and newer than the running
+/// program is installed. All members are for the main thread.
 ///
 ///     idle → checking → upToDate | offered | failed
 ///     offered → downloading → verifying → installing → ready | handedOver | failed
@@ -90,27 +90,27 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater> {
     SUUpdater& operator=(const SUUpdater&) = delete;
     SUUpdater(SUUpdater&&) = delete;
     SUUpdater& operator=(SUUpdater&&) = delete;
-    /// Ends what is under way.
+    /// Ends a running check or installation.
     ~SUUpdater();
 
     /// https address of the feed.
     void setFeedURL(std::string feed) { feed_ = std::move(feed); }
     const std::string& feedURL() const { return feed_; }
     void setDelegate(std::weak_ptr<SUUpdaterDelegate> delegate) { delegate_ = std::move(delegate); }
-    /// Told of each change of the status; progress is told at most once per turn of the main queue.
+    /// Called on each change of the status; for progress at most once per turn of the main queue.
     void setObserver(Observer observer) { observer_ = std::move(observer); }
     const UpdateStatus& status() const { return status_; }
 
     /// Reads the feed. Does nothing while an update is under way or waits for its relaunch; an offer is
     /// looked up anew.
     void checkForUpdates();
-    /// The user's yes to an offer: downloads and installs it, or opens the web site when it is not
+    /// The user accepts an offer: downloads and installs it, or opens the website if it is not
     /// installable.
     void install();
-    /// The user's no, or "understood": back to idle from every state but `ready` and those in which the
-    /// update is past stopping. Whether it is idle now.
+    /// The user declines or dismisses: back to idle from every state but `ready` and those in which the
+    /// update can no longer be stopped. Returns whether it is idle now.
     bool cancel();
-    /// From `ready`: tells the delegate and starts the updated program. It stays `ready` when that fails.
+    /// From `ready`: notifies the delegate and starts the updated program. Stays `ready` if that fails.
     void relaunch();
 
   private:
@@ -128,8 +128,8 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater> {
     std::weak_ptr<SUUpdaterDelegate> delegate_;
     Observer observer_;
     UpdateStatus status_;
-    FeedItem item_;                   ///< what is offered
-    std::shared_ptr<UpdateRun> run_;  ///< what is under way in the background; null for nothing
+    FeedItem item_;                   ///< the offered item
+    std::shared_ptr<UpdateRun> run_;  ///< running in the background; null for none
 };
 
 }  // namespace kzq

@@ -25,7 +25,7 @@ std::vector<UpdateKey> keysFrom(std::string_view list) {
     return keys;
 }
 
-/// Whether `file` is somewhere in `folder`; nothing is in the root folder or in a relative one.
+/// Whether `file` is somewhere in `folder`; false for the root folder and for relative ones.
 bool isInside(const std::filesystem::path& file, const char* folder) {
     if (folder == nullptr || *folder != '/') {
         return false;

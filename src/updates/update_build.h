@@ -9,7 +9,7 @@
 
 namespace kzq {
 
-/// What was settled about updates of the program when it was built.
+/// What the build has settled about updates of the program.
 struct UpdateBuild {
     std::string version;
     std::vector<UpdateKey> keys;  ///< whose signature is trusted
@@ -19,23 +19,22 @@ struct UpdateBuild {
     static UpdateBuild ofThisProgram();
 };
 
-/// How the running program got onto the computer.
+/// How the running program was installed.
 struct Installation {
-    /// The kind of package that can update it; `other` when it only can be told of updates.
+    /// The kind of package that can update it; `other` if updates can only be announced.
     PackageKind kind = PackageKind::other;
     std::filesystem::path appImage;  ///< for `appImage`: the file itself, not a link to it
 
     /// Of this process.
     static Installation ofThisProgram();
-    /// An AppImage's runtime sets $APPIMAGE to the file and $APPDIR to where its content is. Both are
-    /// inherited by every program started from there, so they count only when `executable` is in that
-    /// content. Otherwise what runs from a system folder came as a package if dpkg's records, the
-    /// "*.list" files in `dpkgRecords`, have it.
+    /// An AppImage's runtime sets $APPIMAGE to the file and $APPDIR to its content. Programs started from
+    /// there inherit both, so they count only if `executable` is in that content. Otherwise a program in a
+    /// system folder came as a package if dpkg's records, the "*.list" files in `dpkgRecords`, list it.
     static Installation of(const char* appImageVariable, const char* appDirVariable,
                            const std::filesystem::path& executable, const std::filesystem::path& dpkgRecords);
 };
 
-/// Whether updates can be installed at all; otherwise the user is only told.
+/// Whether updates can be installed at all; otherwise they are only announced.
 bool canInstall(const UpdateBuild& build, const Installation& installation);
 
 }  // namespace kzq

@@ -32,7 +32,7 @@ bool UpdateDownload::fail(const std::string& what, int error) {
     return false;
 }
 
-/// Whether the name still stands for the file that was opened.
+/// Whether the name still refers to the opened file.
 bool UpdateDownload::isStillOurs() const {
     struct stat named {};
     struct stat opened {};
@@ -40,7 +40,7 @@ bool UpdateDownload::isStillOurs() const {
            named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
 }
 
-/// Whether nobody else can reach what is written: a leftover may have another owner or a second name.
+/// Whether nobody else can change the file: a leftover may have another owner or a second name.
 bool UpdateDownload::isPrivate() const {
     struct stat status {};
     return ::fstat(file_.get(), &status) == 0 && status.st_uid == ::geteuid() && status.st_nlink == 1 &&
@@ -85,7 +85,7 @@ bool UpdateDownload::verify(const FeedItem& item, std::span<const UpdateKey> key
     if (!signature) {
         return fail("the update is not signed", 0);
     }
-    // What is verified is what lies on the disk, not what came over the network.
+    // Verifies what is on the disk, not what came over the network.
     const auto bytes = readPlainFile(file_.get(), item.length);
     if (!bytes || item.length == 0 || bytes->size() != item.length) {
         return fail("the update does not have the stated length", 0);

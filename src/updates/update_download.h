@@ -11,9 +11,9 @@
 
 namespace kzq {
 
-/// A package on its way in: "<final name>.part" beside its final place, until it is verified and taken over.
-/// It is removed with the object otherwise. A lock on the file keeps a second program from writing into it.
-/// One thread at a time.
+/// A package being downloaded: "<final name>.part" beside its final place, until it is verified and moved
+/// there. Otherwise it is removed with the object. A lock on the file keeps a second program from writing
+/// into it. One thread at a time.
 class UpdateDownload {
   public:
     explicit UpdateDownload(std::filesystem::path place);
@@ -23,12 +23,12 @@ class UpdateDownload {
     UpdateDownload& operator=(UpdateDownload&&) = delete;
     ~UpdateDownload();
 
-    /// Each step: whether it succeeded; `reason` tells why not.
+    /// Each step returns whether it succeeded; `reason` says why not.
     bool open();
     bool append(std::span<const std::uint8_t> bytes);
-    /// Length and signature of what lies in the file, and that it is on the disk.
+    /// Checks length and signature of the file, and syncs it to the disk.
     bool verify(const FeedItem& item, std::span<const UpdateKey> keys);
-    /// Puts a verified package into its place with these permissions, by one rename.
+    /// Moves a verified package into place with these permissions, by one rename.
     bool place(std::filesystem::perms permissions);
 
     const std::filesystem::path& part() const { return part_; }

@@ -24,7 +24,7 @@ void setOnce(std::string& member, const QStringView text) {
     }
 }
 
-/// The member that a name from the feed stands for, attribute or element; null for none.
+/// The member for a name in the feed, attribute or element; null for none.
 std::string* memberFor(FeedItem& item, QStringView name) {
     if (name == QLatin1String("version")) {
         return &item.version;

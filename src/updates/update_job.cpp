@@ -7,7 +7,7 @@ namespace kzq {
 namespace {
 
 constexpr auto feedLimit = std::chrono::seconds(60);
-// A package is large and the user sees it come: what counts is that it comes at all.
+// A package is large and the user sees its progress: it may take long, as long as data comes.
 constexpr auto packageLimit = std::chrono::hours(2);
 constexpr auto packageSilence = std::chrono::seconds(60);
 constexpr auto packagePermissions = std::filesystem::perms(0644);

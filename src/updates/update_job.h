@@ -18,14 +18,14 @@ namespace kzq {
 struct UpdateRun {
     enum class Stage { downloading, verifying, installing };
 
-    /// Stops the run, unless it has begun to put an update into place. Whether it is stopped.
+    /// Stops the run, unless it has started to install an update. Returns whether it is stopped.
     bool cancel() {
         auto expected = Fate::open;
         const bool stopped = fate.compare_exchange_strong(expected, Fate::cancelled);
         cancelled = cancelled || stopped;
         return stopped || expected == Fate::cancelled;
     }
-    /// From here on it cannot be stopped. False when it already is.
+    /// From here on it cannot be stopped. False if it already is stopped.
     bool commit() {
         auto expected = Fate::open;
         return fate.compare_exchange_strong(expected, Fate::committed);
@@ -52,7 +52,7 @@ struct UpdateJob {
     FeedItem item;
     std::vector<UpdateKey> keys;
     Installation installation;
-    std::filesystem::path place;  ///< the package's final one
+    std::filesystem::path place;  ///< the package's final path
     std::shared_ptr<UpdateRun> run;
     std::function<void()> post;  ///< asks the main thread to show the run
 };
@@ -61,7 +61,7 @@ struct UpdateJob {
 std::filesystem::path packagePlace(const Installation& installation, const std::filesystem::path& downloads,
                                    const FeedItem& item);
 
-/// Carries the job out. Returns why it failed; empty for success. Blocks; a worker thread.
+/// Does the job. Returns why it failed; empty for success. Blocks; a worker thread.
 std::string perform(const UpdateJob& job, HttpClient& http);
 
 }  // namespace kzq

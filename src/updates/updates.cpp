@@ -27,10 +27,10 @@ std::optional<std::string> unlessEmpty(std::optional<std::string> text) {
     return text && !text->empty() ? std::move(text) : std::nullopt;
 }
 
-/// The elements of the kind's cache manifest; empty when there is none that can be read.
+/// The elements of the kind's cache manifest; empty if there is none that can be read.
 std::vector<PropertyTexts> cachedVersions(const std::filesystem::path& folder) {
     std::error_code error;
-    // People may keep the manifest elsewhere and link to it.
+    // Users may keep the manifest elsewhere and link to it.
     const auto path = std::filesystem::canonical(folder / "manifest.plist", error);
     const auto document = error ? std::nullopt : readPlainFile(path, largestCacheManifest);
     return document ? propertyListArray(*document).value_or(std::vector<PropertyTexts>{})

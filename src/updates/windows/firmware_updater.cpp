@@ -16,7 +16,7 @@ std::unique_ptr<FirmwareUpdater> FirmwareUpdater::updater(FirmwareEnvironment en
     if (!updater->progress_) {
         return nullptr;
     }
-    // The checks may outlast the window for as long as another thread holds them.
+    // The checks may outlive the window while another thread holds them.
     environment.showHeadline = [blurb = QPointer(updater->blurb_),
                                 notes = QPointer(updater->notes_)](const std::string& headline) {
         if (blurb && notes) {

@@ -25,42 +25,42 @@ class FirmwareUpdaterDelegate {
     FirmwareUpdaterDelegate& operator=(FirmwareUpdaterDelegate&&) = delete;
     virtual ~FirmwareUpdaterDelegate() = default;
 
-    /// The user's yes to the offer: install `update`. Main thread.
+    /// The user accepts the offer: install `update`. Main thread.
     virtual void installFirmware() = 0;
 };
 
-/// The window that offers newer firmware, over the checks that find it. The main thread's, but for what says
-/// otherwise; other threads that may outlive it keep `updates` instead of it.
+/// The window that offers newer firmware, with the checks that find it. Main thread, unless noted otherwise;
+/// other threads that may outlive it keep `updates` instead of it.
 class FirmwareUpdater {
   public:
-    /// A set-up updater with its window loaded and not yet shown; its first check comes 15 seconds later.
-    /// Null when the window or the flashing window cannot be made. The functions that show texts in
+    /// An updater ready for use, its window loaded and not yet shown; its first check comes 15 seconds later.
+    /// Null if the window or the flashing window cannot be created. The functions that show texts in
     /// `environment` are replaced.
     static std::unique_ptr<FirmwareUpdater> updater(FirmwareEnvironment environment);
     FirmwareUpdater(const FirmwareUpdater&) = delete;
     FirmwareUpdater& operator=(const FirmwareUpdater&) = delete;
     FirmwareUpdater(FirmwareUpdater&&) = delete;
     FirmwareUpdater& operator=(FirmwareUpdater&&) = delete;
-    /// Makes fetches under way end.
+    /// Ends running fetches.
     ~FirmwareUpdater();
 
-    /// Not owned: null, or something that outlives the updater, as the owner of the updater does.
+    /// Not owned: null, or something that outlives the updater, such as its owner.
     void setDelegate(FirmwareUpdaterDelegate* delegate) { delegate_ = delegate; }
 
-    /// The checks without their window, never null; made to be shared with other threads, which may clear the
-    /// offer (`clearUpdate`) and `check` there.
+    /// The checks without their window, never null; may be shared with other threads, which may call
+    /// `clearUpdate` and `check`.
     const std::shared_ptr<FirmwareUpdates>& updates() const { return updates_; }
-    /// The verified file that is offered, or nothing.
+    /// The offered, verified file, or nothing.
     std::optional<std::filesystem::path> update() const { return updates_->update(); }
     void check() { updates_->check(); }
 
     FirmwareUpdaterProgress& progress() { return *progress_; }
 
-    /// Brings the window to the front. It is in the middle of the screen until somebody moves it.
+    /// Brings the window to the front. It is in the middle of the screen until the user moves it.
     void showWindow();
     void close();
 
-    /// The action of the button: tells the delegate.
+    /// The action of the button: notifies the delegate.
     void install();
     /// Escape: closes the window.
     void cancelOperation();
@@ -75,7 +75,7 @@ class FirmwareUpdater {
     bool loadWindow();
 
     std::unique_ptr<UpdatePanel> window_;
-    QLabel* blurb_ = nullptr;  // owned by the window, as the next two
+    QLabel* blurb_ = nullptr;  // owned by the window, like the next two
     NotesView* notes_ = nullptr;
     AlertButton* button_ = nullptr;
     std::unique_ptr<FirmwareUpdaterProgress> progress_;

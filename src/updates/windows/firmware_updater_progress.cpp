@@ -16,12 +16,12 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr Seconds span = 13s;
 constexpr auto step = 5ms;
-constexpr auto rest = 1s;  ///< for which the full bar is shown
+constexpr auto rest = 1s;  ///< how long the full bar is shown
 
 }  // namespace
 
-/// What the loop in the background shares with the controller, and holds only weakly between two steps.
-/// `running` tells which run moves the bar, so that a run that was given up touches nothing any more.
+/// Shared by the background loop and the controller; the loop holds it only weakly between two steps.
+/// `running` is the run that moves the bar, so that an abandoned run changes nothing.
 struct FirmwareUpdaterProgress::Animation : std::enable_shared_from_this<Animation> {
     Animation(Executor& anExecutor, LampBar* aSlider, QWidget* aWindow)
         : executor(anExecutor), slider(aSlider), window(aWindow) {}
@@ -45,7 +45,7 @@ struct FirmwareUpdaterProgress::Animation : std::enable_shared_from_this<Animati
         });
     }
 
-    /// Whether to go on after this step.
+    /// Whether to continue after this step.
     static bool move(const std::weak_ptr<Animation>& weak, unsigned run, Seconds elapsed) {
         const auto self = weak.lock();
         if (!self || self->running != run || elapsed >= span) {
@@ -55,8 +55,7 @@ struct FirmwareUpdaterProgress::Animation : std::enable_shared_from_this<Animati
         return self->running == run;
     }
 
-    /// At most one update is on its way: a main thread that is held up finds one with the newest value, not
-    /// hundreds.
+    /// At most one update is queued: a delayed main thread finds one with the newest value, not hundreds.
     void post(unsigned run, double value) {
         newest = value;
         if (posted.exchange(true)) {
@@ -91,7 +90,7 @@ struct FirmwareUpdaterProgress::Animation : std::enable_shared_from_this<Animati
     std::atomic<double> newest = 0;
     std::atomic<bool> posted = false;
     unsigned latest = 0;             ///< main thread
-    const QPointer<LampBar> slider;  ///< followed on the main thread only, as `window`
+    const QPointer<LampBar> slider;  ///< dereferenced on the main thread only, like `window`
     const QPointer<QWidget> window;
 };
 

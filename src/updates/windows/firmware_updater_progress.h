@@ -12,14 +12,14 @@ namespace kzq {
 class LampBar;
 class UpdatePanel;
 
-/// The window with a bar that fills while firmware goes into the pedal: 13 seconds, the usual length of a
-/// flash and deliberately not tied to the real one. An earlier `end` fills it at once; a second after it is
-/// full the window closes. A longer flash leaves nothing behind but the shield of the main window.
+/// The window with a bar that fills while firmware is installed: in 13 seconds, the usual length of a flash,
+/// deliberately not tied to the real one. An earlier `end` fills it at once; a second after it is full the
+/// window closes. During a longer flash only the shield of the main window remains.
 ///
-/// Nothing the user does ends it: a flash cannot be cancelled, so the window has no close button.
+/// The user cannot close it: a flash cannot be cancelled, so the window has no close button.
 class FirmwareUpdaterProgress {
   public:
-    /// A controller with its window loaded and not yet shown; null when that fails. The executor outlives it.
+    /// A controller with its window loaded and not yet shown; null if that fails. The executor outlives it.
     /// Main thread.
     static std::unique_ptr<FirmwareUpdaterProgress> progress(Executor& executor);
     FirmwareUpdaterProgress(const FirmwareUpdaterProgress&) = delete;
@@ -29,12 +29,11 @@ class FirmwareUpdaterProgress {
     /// Main thread.
     ~FirmwareUpdaterProgress();
 
-    /// Shows the window, centred, and starts the bar at nothing. A bar that still runs is given up. Main
-    /// thread.
+    /// Shows the window, centred, and starts the bar at 0. A bar that still runs is abandoned. Main thread.
     void begin();
     /// Any thread.
     void end();
-    /// `end` for a thread that may outlive this object: it does nothing once this is gone. Any thread.
+    /// `end` for a thread that may outlive this object: it does nothing once this is destroyed. Any thread.
     std::function<void()> ender() const;
 
     /// Whether `begin` was called and `end` was not. Any thread.

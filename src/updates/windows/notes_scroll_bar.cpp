@@ -79,7 +79,7 @@ void NotesScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
 }
 
 void NotesScrollBar::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();  // the desktop's menu would be a stranger here
+    event->accept();  // the desktop's menu would look out of place here
 }
 
 }  // namespace kzq

@@ -4,11 +4,11 @@
 
 namespace kzq {
 
-/// A handle of 6 px that is only there while there is something to scroll. It is dragged; a click beside it
-/// turns the page.
+/// A 6 px handle, present only if there is something to scroll. It can be dragged; a click beside it scrolls
+/// by a page.
 class NotesScrollBar : public QScrollBar {
   public:
-    static constexpr int barWidth = 14;  ///< with the room round the handle
+    static constexpr int barWidth = 14;  ///< including the space around the handle
 
     explicit NotesScrollBar(QWidget* parent);
 
@@ -26,7 +26,7 @@ class NotesScrollBar : public QScrollBar {
   private:
     QRect track() const;
 
-    int grabbedAt_ = -1;  ///< from the handle's top; -1 for not dragged
+    int grabbedAt_ = -1;  ///< from the handle's top; -1 if not dragged
 };
 
 }  // namespace kzq

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double lineHeight = 22;
 constexpr double indent = 15;     ///< from a bullet to its text
-constexpr int bulletPixels = 15;  ///< the font's own bullet is hardly seen at 13
+constexpr int bulletPixels = 15;  ///< the font's own bullet is barely visible at 13
 constexpr int radius = 6;
 constexpr int rim = 2;
 constexpr QMargins inset(17, 10, 20 - NotesScrollBar::barWidth, 10 + rim);
@@ -77,7 +77,8 @@ void NotesView::appendNotes(const QString& notes) {
     const auto lines = withoutControls(notes.left(std::max<qsizetype>(room, 0))).split(u'\n');
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
-    cursor.beginEditBlock();  // else each line would be laid out, and thousands hold up the window
+    cursor.beginEditBlock();  // else each line would be laid out separately, and thousands would block the
+                              // window
     for (const auto& line : lines) {
         appendLine(cursor, line);
     }
@@ -88,7 +89,7 @@ void NotesView::appendNotes(const QString& notes) {
         marked.setPosition(emptiedAnchor_);
         marked.setPosition(emptiedCaret_, QTextCursor::KeepAnchor);
         setTextCursor(marked);
-        document()->documentLayout()->documentSize();  // settles how far it can be scrolled
+        document()->documentLayout()->documentSize();  // determines the scroll range
         verticalScrollBar()->setValue(emptiedAt_);
     }
 }
@@ -114,7 +115,7 @@ void NotesView::emptyNotes() {
     clear();
 }
 
-/// The groove is painted by the area itself, behind its viewport and its scroll bar.
+/// The area itself paints the groove, behind its viewport and its scroll bar.
 bool NotesView::event(QEvent* event) {
     if (event->type() != QEvent::Paint) {
         return QTextEdit::event(event);

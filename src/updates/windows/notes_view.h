@@ -4,17 +4,15 @@
 
 namespace kzq {
 
-/// Release notes to read: plain text in a groove. A line that begins with a bullet and a tab gets
-/// a yellow bullet and is wrapped under its text. Nothing in it is a link, an image or markup, whatever the
-/// text says.
+/// Read-only release notes: plain text in a groove. A line that starts with a bullet and a tab gets a yellow
+/// bullet and is wrapped under its text. Links, images and markup in the text have no effect.
 class NotesView : public QTextEdit {
   public:
     explicit NotesView(QWidget* parent = nullptr);
 
-    /// Adds to what is there. Control characters are left out; what is longer than `longestNotes` is cut.
+    /// Appends text. Control characters are left out; the text is cut at `longestNotes`.
     void appendNotes(const QString& notes);
-    /// Takes the notes out. When the same ones are appended next, what was in view is in view again
-    /// and what was selected is selected.
+    /// Clears the notes. If the same ones are appended next, scroll position and selection are restored.
     void emptyNotes();
 
     static constexpr qsizetype longestNotes = 50'000;

@@ -39,7 +39,7 @@ QString plainLines(const QString& text) {
     return lines.join(u'\n');
 }
 
-/// What an entity without its & and ; stands for; nothing when it is none that is known.
+/// The character for an entity, given without & and ;; nothing if it is unknown.
 QString entity(QStringView name) {
     static const QHash<QString, QString> known{
         {u"amp"_s, u"&"_s},        {u"lt"_s, u"<"_s},         {u"gt"_s, u">"_s},
@@ -60,7 +60,7 @@ QString entity(QStringView name) {
     return character ? QString::fromUcs4(&point, 1) : QString();
 }
 
-/// One pass over HTML from left to right; what does not end is left out.
+/// One pass over HTML from left to right; unterminated parts are left out.
 class HtmlText {
   public:
     explicit HtmlText(QStringView html) : rest_(html) {}
@@ -85,7 +85,7 @@ class HtmlText {
         rest_ = at < 0 ? QStringView() : rest_.sliced(at + end.size());
     }
 
-    /// Past the end of the tag; a > inside a quoted attribute is none.
+    /// Past the end of the tag; a > inside a quoted attribute does not end it.
     void skipTag() {
         QChar quote;
         qsizetype at = 0;

@@ -6,8 +6,8 @@
 namespace kzq {
 
 /// Release notes from the web as plain text to show: UTF-8 in, plain or HTML. Of HTML only the words, the
-/// line breaks and the entries of lists stay; nothing in it is followed or loaded. Entries of lists, and in
-/// plain text lines that begin with "- " or "* ", begin with `notesBullet`. Any thread.
+/// line breaks and the list entries remain; nothing in it is followed or loaded. List entries, and lines of
+/// plain text that start with "- " or "* ", start with `notesBullet`. Any thread.
 QString plainNotes(const std::string& notes);
 
 }  // namespace kzq

@@ -112,8 +112,8 @@ void SoftwareUpdate::arrange(const SoftwareUpdateView& view) {
     window_->setDefaultButton(view.accept.isEmpty() ? nullptr : acceptButton_);
 }
 
-/// The window is as high as what it shows. Each button keeps its column: the second click of a double click
-/// on "Install" must not hit "Cancel", and a click on "Cancel" that comes late must not install.
+/// The window is as high as its content. Each button keeps its column: the second click of a double click on
+/// "Install" must not hit "Cancel", and a late click on "Cancel" must not install.
 void SoftwareUpdate::place(const SoftwareUpdateView& view) {
     headline_->resize(headline_->width(), headline_->heightForWidth(headline_->width()));
     detail_->resize(detail_->width(), detail_->heightForWidth(detail_->width()));

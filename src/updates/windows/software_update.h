@@ -19,17 +19,17 @@ class UpdatePanel;
 struct SoftwareUpdateView;
 
 struct SoftwareUpdateEnvironment {
-    std::shared_ptr<SUUpdater> updater;  ///< its observer is the window's from then on
-    std::string version;                 ///< the program's own, as people read it
-    /// Whether the pedal is at work, so that this program must not be ended. May be empty.
+    std::shared_ptr<SUUpdater> updater;  ///< the window becomes its observer
+    std::string version;                 ///< the program's own, for people
+    /// Whether the pedal is in use, so that this program must not be ended. May be empty.
     std::function<bool()> busy;
 };
 
-/// The window of the program's own updates: it answers a check that the user asked for, offers what is newer,
-/// and shows its download and installation. All members are for the main thread.
+/// The window for updates of the program itself: it shows the result of a check, offers a newer version, and
+/// shows its download and installation. All members are for the main thread.
 class SoftwareUpdate {
   public:
-    /// A controller with its window loaded and not yet shown; null when that fails.
+    /// A controller with its window loaded and not yet shown; null if that fails.
     static std::unique_ptr<SoftwareUpdate> softwareUpdate(SoftwareUpdateEnvironment environment);
     SoftwareUpdate(const SoftwareUpdate&) = delete;
     SoftwareUpdate& operator=(const SoftwareUpdate&) = delete;
@@ -40,10 +40,10 @@ class SoftwareUpdate {
     /// Shows the window and checks, unless an update is under way or ready: then it shows that.
     void checkForUpdates();
 
-    /// What the first button stands for at the moment: install, open the web site, start the updated program,
-    /// or close.
+    /// The current action of the first button: install, open the website, start the updated program, or
+    /// close.
     void accept();
-    /// Escape, "Later", "Cancel", the close button: gives up what can still be given up, and closes the
+    /// Escape, "Later", "Cancel", the close button: cancels what can still be cancelled, and closes the
     /// window.
     void cancelOperation();
 
@@ -58,7 +58,7 @@ class SoftwareUpdate {
 
     const SoftwareUpdateEnvironment environment_;
     std::unique_ptr<UpdatePanel> window_;
-    QLabel* headline_ = nullptr;  // owned by the window, as the rest
+    QLabel* headline_ = nullptr;  // owned by the window, like the rest
     QLabel* detail_ = nullptr;
     NotesView* notes_ = nullptr;
     LampBar* bar_ = nullptr;

@@ -70,7 +70,7 @@ QString sentence(const std::string& reason) {
     return text;
 }
 
-/// The states that only tell something.
+/// The states that only inform.
 SoftwareUpdateView notice(const QString& headline, const QString& detail) {
     SoftwareUpdateView view;
     view.headline = headline;

@@ -8,16 +8,16 @@
 
 namespace kzq {
 
-/// What the window of the program's own updates shows in a state. A button whose word is empty is not shown.
+/// What the software update window shows in a state. A button with an empty label is not shown.
 struct SoftwareUpdateView {
     QString headline;
     QString detail;  ///< under the headline; may be empty
     QString notes;   ///< plain text; empty for no notes
-    /// How far the bar is, 0 to 1; nothing for no bar.
+    /// Value of the bar, 0 to 1; nothing for no bar.
     std::optional<double> progress;
     QString accept;
     QString cancel;
-    bool cream = false;  ///< `accept` changes the program, and has the face that says so
+    bool cream = false;  ///< `accept` changes the program, and its button looks like it
 };
 
 /// The view of `status` in a program of version `current`.

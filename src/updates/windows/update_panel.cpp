@@ -39,7 +39,7 @@ void UpdatePanel::focusDefault() {
         defaultButton_->setFocus(Qt::OtherFocusReason);
         ring_->mark(defaultButton_);
     } else if (isVisible()) {
-        // not the next button: a key that was meant for the one before must not press it
+        // not the next button: a key meant for the previous one must not press it
         setFocus(Qt::OtherFocusReason);
         ring_->mark(nullptr);
     }

@@ -8,9 +8,9 @@
 
 namespace kzq {
 
-/// The ground of the update windows: a brown plate of fixed size that floats over other windows. Return
-/// presses its default button unless the control with the focus wants the key; the default has the focus and
-/// the ring when the window appears. Closing it never quits the program.
+/// The background of the update windows: a brown plate of fixed size that floats over other windows. Return
+/// presses its default button unless the focused control handles the key; the default has the focus and the
+/// ring when the window appears. Closing it never quits the program.
 class UpdatePanel : public QWidget {
     Q_OBJECT
 
@@ -22,15 +22,15 @@ class UpdatePanel : public QWidget {
     /// One of its own controls; null for none.
     void setDefaultButton(AlertButton* button);
     AlertButton* defaultButton() const { return defaultButton_; }
-    /// Puts the window into the middle of the screen that the pointer is on.
+    /// Centres the window on the screen with the pointer.
     void centre();
-    /// Shows the window in front, with the keyboard.
+    /// Shows the window in front, with the keyboard focus.
     void present();
 
   Q_SIGNALS:
     /// Escape.
     void escape();
-    /// The window is about to close; `hide` says nothing.
+    /// The window is about to close; not called for `hide`.
     void closing();
 
   protected:
