@@ -1,5 +1,5 @@
-// The WAV functions against a bare memcpy of the same bytes in the same run: both walk fresh memory once, so
-// the counter "x_memcpy" (time over memcpy's time) should stay near 1 for the functions that copy.
+// The WAV functions compared with a plain memcpy of the same bytes in the same run. Both walk fresh memory
+// once, so the counter "x_memcpy" (time divided by memcpy's) should stay near 1 for functions that copy.
 
 #include <benchmark/benchmark.h>
 
@@ -13,7 +13,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Bytes of loop: a usual phrase, and a large share of the pedal's memory.
+/// Bytes of a loop: a typical phrase, and a large share of the pedal's memory.
 constexpr std::int64_t tenSeconds = 2'646'000;
 constexpr std::int64_t tenMinutes = 60 * tenSeconds;
 
@@ -41,7 +41,7 @@ void bareCopy(kzq::ByteView bytes) {
     benchmark::ClobberMemory();
 }
 
-/// Times `work` and the bare copy of `bytes` in turn, so that both meet the same state of the machine.
+/// Times `work` and the plain copy of `bytes` in turn, so that both run under the same conditions.
 template <typename Work>
 void againstMemcpy(benchmark::State& state, kzq::ByteView bytes, const Work& work) {
     Clock::duration worked{};

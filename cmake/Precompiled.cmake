@@ -1,5 +1,5 @@
 # Precompiled headers: building is three to five times quicker with them. Each set is compiled once and used by every
-# target of its kind. They are a matter of speed only: every file includes what it uses, and CI compiles once without.
+# target of its kind. They only save time: every file includes what it uses, and CI compiles once without them.
 option(KZQ_PCH "precompiled headers; off shows a missing include" ON)
 
 set(KZQ_STD_HEADERS
@@ -24,7 +24,7 @@ function(kzq_precompiled_set set)
     target_precompile_headers(precompiled_${set} PRIVATE ${SET_HEADERS})
 endfunction()
 
-# kzq_precompile(TARGET): gives a target the set that fits what it links, once all that it links is known
+# kzq_precompile(TARGET): gives a target the set that fits what it links, once all its links are known
 function(kzq_precompile target)
     if(KZQ_PCH AND NOT KZQ_FUZZ)
         cmake_language(EVAL CODE
@@ -64,7 +64,7 @@ function(kzq_precompile_now target)
     endif()
 endfunction()
 
-# kzq_all_links(VARIABLE libraries...): these and all whose headers they bring along
+# kzq_all_links(VARIABLE libraries...): these libraries and all that they link publicly
 function(kzq_all_links variable)
     set(found "")
     set(open ${ARGN})

@@ -31,11 +31,11 @@ TEST(Absence, LooksAtOnceAndEveryFiveSecondsForAsLongAsNoPedalIsThere) {
     EXPECT_EQ(looks, 1);
     executor.advance(1ms);
     EXPECT_EQ(shown.text(), "look 2");
-    // The pedal comes and goes while the next look is under way: that one counts for nothing.
+    // The pedal arrives and leaves during the next look, which is then ignored.
     executor.advance(5s + 500ms);
     window.showMeter(true);
     window.showMeter(false);
-    EXPECT_EQ(shown.text(), "");  // what was in the way then has been overcome
+    EXPECT_EQ(shown.text(), "");  // the earlier obstacle is gone
     executor.advance(500ms);
     EXPECT_EQ(looks, 3);
     EXPECT_EQ(shown.text(), "");

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <new>
 
-// Apart from the tests, for the compiler must not see through these when it inlines a container.
+// In a separate file, because the compiler must not see these when it inlines a container.
 
 namespace {
 

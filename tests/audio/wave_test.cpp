@@ -40,7 +40,7 @@ const std::string fmt = chunk("fmt ", stereo);
 const std::string six = chunk("data", "abcdef");
 const std::string list = chunk("LIST", "odd");
 
-/// Address space that takes memory only for the pages that are written to; kept until the program ends.
+/// Address space that uses memory only for pages that are written; kept until the program ends.
 std::span<std::uint8_t> vastBuffer(std::size_t size) {
     void* const memory =
         mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
@@ -119,7 +119,7 @@ TEST(Wave, LpcmTakesTheFirstBodyAndPassesOtherDataOn) {
     EXPECT_EQ(lpcm(riff(fmt + chunk("data", ""))), Bytes{});
     EXPECT_EQ(lpcm(bytes("raw")), bytes("raw"));
     EXPECT_EQ(lpcm({}), Bytes{});
-    // Shorter than a canonical file, a WAVE in good order is passed on as well.
+    // If shorter than a canonical file, even a valid WAVE is passed on unchanged.
     for (const std::string& body : {std::string(15, 's'), std::string(16, 's')}) {
         const Bytes file = riff(chunk("fmt ", "") + chunk("data", body));
         ASSERT_TRUE(isWave(file));

@@ -7,8 +7,8 @@ namespace {
 
 class Channels : public Converting {
   protected:
-    /// What comes of a source in which each channel stands still at its own value, given in 1/1000 of full
-    /// scale: one frame of the result.
+    /// The result for a source in which each channel has a constant value, given in 1/1000 of full scale: one
+    /// frame of it.
     Samples mixed(const std::vector<double>& levels, const std::string& arguments) const {
         Samples samples;
         for (int i = 0; i < 4'000; ++i) {
@@ -58,7 +58,7 @@ TEST_F(Channels, MoreChannelsAreMixedDownAndNeverClip) {
     EXPECT_THAT(mixed({0, 0, 0, 900, 0, 0}, surround), isAbout(0, 0));
     EXPECT_THAT(mixed({0, 0, 0, 0, 900, 300}, surround), isAbout(900 * half / whole, 300 * half / whole));
     EXPECT_THAT(mixed({999, 999, 999, 0, 999, 999}, surround), isAbout(999, 999));
-    // Nobody says which is which: every other one.
+    // The layout is unknown: channels alternate between the sides.
     EXPECT_THAT(mixed({800, 400, 800, 400, 800, 400, 800, 400, 0, 0}, "-i levels.wav -c:a pcm_s24le"),
                 isAbout(800, 400));
 }

@@ -5,10 +5,10 @@
 namespace kzq {
 namespace {
 
-/// Sources that a codec has surrounded with silence of its own.
+/// Sources that a codec has padded with silence.
 class Coded : public Converting {
   protected:
-    /// A tone at both sides: one sample off would be -11 dB of difference.
+    /// A tone on both sides: a shift of one sample would be a difference of -11 dB.
     Samples master(std::size_t frames) const {
         Samples samples = sine(frames, 1999, waveSampleRate, 0.5);
         shop_.write("master.wav", wave(packed(samples), 2).value());

@@ -25,7 +25,7 @@ class Converting : public ::testing::Test {
         return Conversion(options()).convert(source);
     }
 
-    /// The samples that come of `source`; none, with a failed test, when it is refused.
+    /// The samples converted from `source`; none, with a failed test, if it is refused.
     Samples converted(const std::filesystem::path& source) const {
         const auto result = convert(source);
         if (!result) {

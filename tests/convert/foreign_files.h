@@ -4,15 +4,15 @@
 
 namespace kzq {
 
-// Files that no tool at hand writes.
+// Files that no available tool writes.
 
 /// 24 valid bits in samples of 32, as an extensible WAV: 44,100 Hz stereo.
 Bytes wave24In32(const Samples& samples);
-/// A WAV turned into its sibling for files above 4 GiB.
+/// A WAV converted to RF64, the variant for files above 4 GiB.
 Bytes rf64(Bytes wave);
-/// A plain WAV turned into its big-endian sibling.
+/// A plain WAV converted to its big-endian variant, RIFX.
 Bytes rifx(Bytes wave);
-/// An MPEG-4 file, with its movie box at the end, to which the note of the true length is added.
+/// An MPEG-4 file, with its movie box at the end, plus the tag with the true length.
 Bytes withLengthTag(Bytes mp4, std::uint32_t priming, std::uint32_t padding, std::uint64_t length);
 
 }  // namespace kzq

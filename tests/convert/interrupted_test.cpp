@@ -20,7 +20,7 @@ class Interrupted : public Converting {
   protected:
     Interrupted() : source_(shop_.write("long.wav", wave(packed(noise(2'000'000, 16)), 2).value())) {}
 
-    /// A program in the decoder's place.
+    /// A program that replaces the decoder.
     std::string fake(const std::string& script) const {
         const std::string text = "#!/bin/sh\n" + script + "\n";
         const auto path = shop_.write("fake", Bytes(text.begin(), text.end()));
@@ -65,7 +65,7 @@ TEST_F(Interrupted, ByAMissingOrUselessDecoder) {
 
 TEST_F(Interrupted, ByADecoderThatHangs) {
     using namespace std::chrono_literals;
-    // Silent; silent with both its streams closed; and one that never comes to an end.
+    // Silent; silent with both its streams closed; and one that never ends.
     for (const char* const script : {"exec sleep 1000", "exec >&- 2>&-; exec sleep 1000"}) {
         expectFailed(timeOrMemoryLimit, convertWith(fake(script), {.silence = 100ms, .whole = 1h}), source_);
     }
@@ -158,8 +158,7 @@ TEST_F(Interrupted, AHalfWrittenFileNeverHasTheName) {
 }
 
 TEST_F(Interrupted, TheDecoderIsLockedDown) {
-    // It finds the source and nothing else of ours, a clean environment, limits, and no file that it may
-    // write.
+    // It sees the source and nothing else of ours, a clean environment, limits, and no writable file.
     ::setenv("FFREPORT", "file=report.log", 1);            // NOLINT(concurrency-mt-unsafe): one thread
     const int leaky = ::open("/etc/passwd", O_RDONLY);     // NOLINT: what a careless library leaves open
     const auto usualPipe = std::signal(SIGPIPE, SIG_IGN);  // as a program with a tool's output does

@@ -49,7 +49,7 @@ TEST_F(Refused, WhatIsNoAudio) {
     expectRefused(noFrames, writeText("empty.wav", ""));
     expectRefused(noFrames, shop_.write("header.wav", wave({}, 2).value()));
     const std::string good = shop_.at("good.wav").string();
-    // Lists that lead to other files, under a harmless name.
+    // Playlists that refer to other files, under a harmless name.
     expectRefused(notAudio, writeText("list.wav",
                                       "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\nfile://" + good + "\n"));
     expectRefused(notAudio, writeText("concat.wav", "ffconcat version 1.0\nfile '" + good + "'\n"));
@@ -89,7 +89,7 @@ TEST_F(Refused, WhatIsDamagedOrIncomplete) {
     Bytes filled = readFile(shop_.at("bare.mp3"));
     std::fill(filled.begin() + static_cast<std::ptrdiff_t>(filled.size() / 2), filled.end(), std::uint8_t{0});
     expectRefused(truncatedOrCorrupt, shop_.write("filled.mp3", filled));
-    // Between two of the decoder's packets, where nothing looks torn.
+    // Between two of the decoder's packets, where the cut does not show.
     Bytes atPacket = rf64(wave(packed(noise(40'000, 16)), 2).value());
     atPacket.resize(waveHeaderSize + 36 + 8 * 4'092);
     expectRefused(truncatedOrCorrupt, shop_.write("packet.wav", atPacket));

@@ -15,7 +15,7 @@ using Samples = std::vector<std::int32_t>;
 
 inline constexpr double fullScale = 8'388'608;
 
-/// A folder in which audio files are made; it goes in the end.
+/// A temporary folder for making audio files.
 class Workshop {
   public:
     Workshop();
@@ -31,7 +31,7 @@ class Workshop {
 
     std::filesystem::path at(const std::string& name) const { return folder_ / name; }
     std::filesystem::path write(const std::string& name, std::span<const std::uint8_t> bytes) const;
-    /// Runs `command` with the shell in the folder; `name` is what it makes. Throws when it fails.
+    /// Runs `command` with the shell in the folder; `name` is the file it makes. Throws if it fails.
     std::filesystem::path make(const std::string& name, const std::string& command) const;
     /// Runs ffmpeg, which writes `name`.
     std::filesystem::path encode(const std::string& name, const std::string& arguments) const;
@@ -50,13 +50,13 @@ Samples noise(std::size_t frames, unsigned bits, unsigned channels = 2);
 Samples sine(std::size_t frames, double frequency, double rate, double amplitude, unsigned channels = 2);
 
 Bytes packed(const Samples& samples);
-/// The samples of a file in exactly the pedal's format; throws when it is anything else.
+/// The samples of a file in exactly the pedal's format; throws if it is anything else.
 Samples samplesOf(const std::filesystem::path& wave);
 
-/// 24-bit PCM at any rate, with any number of channels, behind a plain header.
+/// 24-bit PCM at any rate, with any number of channels, after a plain header.
 Bytes waveOf(const Samples& samples, std::uint32_t rate, std::uint16_t channels);
 
-/// The largest difference between two samples at the same place, as far as both go.
+/// The largest difference between two samples at the same position, over the common length.
 std::int64_t largestDifference(const Samples& one, const Samples& other);
 
 }  // namespace kzq

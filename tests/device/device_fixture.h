@@ -19,7 +19,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-/// Notes what it hears, with the second at which it heard it.
+/// Records each event with the second at which it happened.
 class RecordingDelegate : public KZQ7306Delegate {
   public:
     explicit RecordingDelegate(VirtualExecutor& executor) : executor_(executor) {}
@@ -68,7 +68,7 @@ class DeviceLinkTest : public testing::Test {
     void load(UsbPort& port, std::uint64_t systemMinorVersion = 36) {
         KZQ7306::load({executor, port, [systemMinorVersion] { return systemMinorVersion; }});
     }
-    /// Starts the link as the program does and lets everything happen that happens at once.
+    /// Starts the link as the program does and runs everything that is due at once.
     void start() {
         KZQ7306::initialize(delegate);
         executor.settle();

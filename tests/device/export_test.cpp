@@ -63,7 +63,7 @@ TEST_F(Export, SendsLoopsInAscendingOrderWithTheirOddNumbering) {
                             "E2 11 0", "E3 4466 1"));
     EXPECT_EQ(sent.size(), 9U + 69U);
     EXPECT_EQ(sent.back(), "out 370");
-    // Progress tells 0 to 19 and the batch's total, results tell 1 to 20 and the loop's own bytes.
+    // Progress reports 0 to 19 and the batch's total, results 1 to 20 and the loop's own bytes.
     EXPECT_EQ(Pairs(progress.begin(), progress.begin() + 3), (Pairs{{6, 2}, {1030, 6}, {1032, 6}}));
     EXPECT_EQ(progress.back(), (std::pair{71034U, 11U}));
     EXPECT_EQ(results, (Pairs{{3, 6}, {7, 1026}, {12, 70002}}));
@@ -99,7 +99,7 @@ TEST_F(Export, AWorkingCopyThatIsNoFileOrLongerThanAnyLoopIsNotSent) {
                                  63'504'000ULL * 6 + 45);  // one byte more than a full pedal
     exports[5] = {"/dev/zero", 5, false, 6};
     stageFrames(6, 1);
-    stage(7, Bytes{1, 2, 3, 4, 5, 6});  // no wave: is sent as it stands
+    stage(7, Bytes{1, 2, 3, 4, 5, 6});  // not a wave: is sent unchanged
     exportLoops();
     executor.settle();
     EXPECT_EQ(results, (Pairs{{2, 0}, {4, 0}, {5, 0}, {6, 6}, {7, 6}}));

@@ -13,7 +13,7 @@
 
 namespace kzq::test {
 
-/// A scripted USB port that notes every call; for what the simulated pedal would never do.
+/// A scripted USB port that records every call; for what the simulated pedal would never do.
 class FakeUsb : public UsbPort {
   public:
     struct Device : UsbDevice {};
@@ -30,9 +30,9 @@ class FakeUsb : public UsbPort {
     UsbDevicePointer device = std::make_shared<Device>();
     bool present = false;   ///< on the bus when the callbacks are registered
     bool throwing = false;  ///< claiming throws
-    /// Replies by command; what has none is answered with zeros and an error.
+    /// Replies by command; commands without one get zeros and an error.
     std::map<std::uint8_t, Reply> replies;
-    /// What a bulk transfer of `size` bytes does; moves all of it when not set.
+    /// What a bulk transfer of `size` bytes does; if not set, it transfers everything.
     std::function<UsbResult(std::size_t size, std::size_t& transferred)> bulk;
 
     void arrive() { callbacks_.at(0)(device, HotplugEvent::arrived); }

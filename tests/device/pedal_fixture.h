@@ -19,7 +19,7 @@ using simulator::StoredLoop;
 using simulator::WireEvent;
 using Where = simulator::Fault::Where;
 
-/// `frames` frames that repeat nowhere.
+/// `frames` frames without repetition.
 inline Bytes noise(std::size_t frames, std::uint32_t seed) {
     Bytes audio(frames * 6);
     std::generate(audio.begin(), audio.end(), [&seed] {
@@ -29,8 +29,8 @@ inline Bytes noise(std::size_t frames, std::uint32_t seed) {
     return audio;
 }
 
-/// The device link, connected to a simulated pedal with loops in slots 1, 3, 10, 11 and 20. Whatever happens,
-/// the program must send nothing that a correct one never sends.
+/// The device link, connected to a simulated pedal with loops in slots 1, 3, 10, 11 and 20. In every
+/// test, the program must not send anything that a correct one never sends.
 class PedalTest : public DeviceLinkTest {
   protected:
     explicit PedalTest(char stage = stageNormal) : pedal(executor, {memory(), "1.05", stage}) {

@@ -100,7 +100,7 @@ TEST_F(Polling, SkipsWhileBusyButRefreshDoesNot) {
     usb.replies[command::busy] = FakeUsb::reply('Y');
     setLoop(command::firstLoops, 5, {9, 0, 0, 0, 1, 1});
     looper().refresh();
-    executor.advance(20s);  // what a refresh has told, a poll does not tell again
+    executor.advance(20s);  // a poll does not repeat what a refresh has reported
     EXPECT_EQ(delegate->events.size(), 4U);
 }
 

@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Knows when its background jobs have ended: they use the pedal.
+/// Tracks when its background jobs have ended, since they use the pedal.
 class CountedExecutor : public StandardExecutor {
   public:
     void background(Priority priority, Task task) override {
@@ -42,8 +42,8 @@ class CountedExecutor : public StandardExecutor {
     int jobs_ = 0;
 };
 
-/// Goes through connect, import, unplug in the middle, return and import again, each step begun by what it
-/// hears.
+/// Goes through connect, import, unplug during a transfer, return and import again; each event starts the
+/// next step.
 class Musician : public KZQ7306Delegate, public std::enable_shared_from_this<Musician> {
   public:
     Musician(StandardExecutor& executor, simulator::SimulatedPedal& pedal)

@@ -1,4 +1,4 @@
-"""The program from outside: what assistive programs see of it, and a person's keys and mouse."""
+"""The program from outside: as assistive technology sees it, with keys and mouse as a person uses them."""
 
 import os
 import re
@@ -16,7 +16,7 @@ PROGRAM = os.environ["KZQ7306"]
 CTL = os.environ["KZQ7306CTL"]
 DRAG_SOURCE = os.environ.get("DRAG_SOURCE")
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
-# Busy machines are slow; what is waited for comes long before.
+# Generous for busy machines; the awaited events usually come much sooner.
 PATIENCE = 15.0
 NOWHERE = "localhost:9"  # a server that refuses at once
 
@@ -26,7 +26,7 @@ class Late(AssertionError):
 
 
 def wait(what, condition, patience=PATIENCE):
-    """The first true answer of `condition`, which is asked again and again."""
+    """The first true result of `condition`, which is called repeatedly."""
     end = time.monotonic() + patience
     while True:
         while GLib.MainContext.default().iteration(False):
@@ -163,7 +163,7 @@ def choose(program, path):
 
 
 def parent_of(pid):
-    """Nothing when there is no such process."""
+    """Nothing if there is no such process."""
     try:
         with open(f"/proc/{pid}/stat") as file:
             return int(file.read().rpartition(")")[2].split()[1])
@@ -194,7 +194,7 @@ class Program:
             self.process.wait()
 
     def tell(self):
-        """What a failed test has in front of it; with PICTURES, a folder, also as a picture."""
+        """Prints what is on the screen when a test fails; with PICTURES, a folder, also takes a picture."""
         for item in self.items():
             if item.name:
                 print(item, item.description, item.text(), "" if item.enabled else "disabled")
@@ -229,7 +229,7 @@ class Program:
             yield from window.walk()
 
     def find(self, name, role=None):
-        """What shows under this name, which is a pattern for all of it; nothing when it is not there."""
+        """The visible object with this name, a pattern for the whole name; nothing if there is none."""
         for item in self.items():
             if re.fullmatch(name, item.name, re.DOTALL) and role in (None, item.role):
                 return item
@@ -242,7 +242,7 @@ class Program:
         wait(f"no {name!r} any more", lambda: not self.find(name, role))
 
     def ready(self, title="7306 Loop Manager"):
-        """With the window under the keyboard, the main window past the splash."""
+        """Waits until the main window has replaced the splash and has the keyboard focus."""
         wait(f"{title} is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))
         return self.window(title)
 
@@ -270,7 +270,7 @@ class Program:
 
 
 def start_listening():
-    """Objects are asked anew each time: what they were is of no interest."""
+    """Objects are queried again each time, without a cache."""
     Atspi.init()
     Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 

@@ -1,4 +1,4 @@
-// The whole application on the real clock: whether the window stays alive while a full pedal is read.
+// The whole application on the real clock: whether the window stays responsive while a full pedal is read.
 
 #include <gtest/gtest.h>
 
@@ -38,8 +38,8 @@ constexpr Milliseconds longestCancel = 500ms;
 constexpr std::size_t parts = 8;  // of the pedal's memory: one long loop of four, and four loops
 constexpr auto part = simulator::capacityFrames / parts * simulator::frameBytes;
 
-/// Looks every 50 ms how late it is, on a thread of its own that does nothing else: what the computer itself
-/// adds, which may have much else to do.
+/// Measures every 50 ms, on a thread that does nothing else, how late it wakes: the delay caused by the
+/// computer itself, which may be busy.
 class BareTimer {
   public:
     BareTimer()
@@ -136,7 +136,7 @@ simulator::PedalMemory fullMemory() {
     return memory;
 }
 
-/// Is never torn down, as in the program: jobs may be parked in a transfer.
+/// Never destroyed, as in the program: jobs may be blocked in a transfer.
 struct RunningApplication {
     RunningApplication() {
         KZQ7306::load({executor, port, [] { return 36U; }});

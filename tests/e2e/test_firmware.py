@@ -1,4 +1,4 @@
-"""The firmware's way from the maker, or from a file, into the pedal; and the menu that leads there."""
+"""Firmware from the maker, or from a file, to the pedal; and the menu for it."""
 
 import os
 import tempfile

@@ -1,4 +1,4 @@
-"""The program ends at once, whatever it is about."""
+"""The program ends at once, whatever it is doing."""
 
 import os
 import struct
@@ -13,7 +13,7 @@ LOOP = "Loop 1, select"
 
 class Quit(unittest.TestCase):
     def ends(self, program, act=None):
-        """By a signal, if by nothing else; and leaves no working files."""
+        """Ends the program, by a signal if necessary; it must leave no working files."""
         (act or program.terminate)()
         status, seconds = program.wait_end()
         self.assertEqual(status, 0)

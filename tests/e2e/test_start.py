@@ -1,4 +1,4 @@
-"""Starting, the pedal's coming and going, and ending."""
+"""Starting, plugging and unplugging the pedal, and quitting."""
 
 import unittest
 

@@ -15,7 +15,7 @@ def ctl(*words):
 
 
 def contents(folder):
-    """The loops in a folder; what begins with a dot is under way."""
+    """The loops in a folder; files that start with a dot are being written."""
     found = {}
     for name in os.listdir(folder):
         if not name.startswith("."):

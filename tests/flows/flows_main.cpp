@@ -3,7 +3,7 @@
 #include "app/application.h"
 #include "ui/fonts.h"
 
-/// Of the tests of the whole application, which sees keys and mouse before its windows do.
+/// Main of the tests of the whole application, which sees keys and mouse before its windows do.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", "1");

@@ -15,7 +15,7 @@ std::span<const std::uint8_t> view(const std::string& text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
-/// Whether `mark` stands in `text` as what it is, and not inside something that may quote it.
+/// Whether `mark` occurs in `text` as markup, and not inside a quotation.
 bool declares(const std::string& text, const char* mark) {
     const bool quotes = text.find("<!--") != std::string::npos ||
                         text.find("<![CDATA[") != std::string::npos || text.find("<?") != std::string::npos;

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the fuzzer with a message when a property does not hold.
+/// Ends the fuzzer with a message if a property does not hold.
 inline void require(bool holds, const char* what) {
     if (holds) {
         return;

@@ -1,5 +1,5 @@
-// Feeds hostile manifests to the reader, as they are and as the members of a sound entry: whatever comes out
-// must be safe to use as a file name, as an address and as a size.
+// Feeds hostile manifests to the reader, raw and as the members of a valid entry: every result must be safe
+// to use as a file name, as an address and as a size.
 
 #include <cstring>
 #include <nlohmann/json.hpp>
@@ -38,7 +38,7 @@ void check(const std::optional<FirmwareEntry>& entry, std::span<const std::uint8
     require(!kzq::isImageOf(*entry, {}), "nothing is no image");
 }
 
-/// What the reader makes of `text` as name and hash, and of `number` as a size.
+/// The entry read from `text` as name and hash and `number` as size.
 void checkMembers(const std::string& text, double number) {
     if (nlohmann::json::accept(
             nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)) &&

@@ -1,4 +1,4 @@
-// Holds the readers of version texts and numbers against a pattern and the C library.
+// Compares the readers of version texts and numbers with a pattern and the C library.
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,7 +13,7 @@ namespace {
 
 using kzq::FirmwareVersion;
 
-/// strtoull gives its highest number for what is higher still, as the reader does.
+/// strtoull clamps to its highest number, as the reader does.
 FirmwareVersion readNaively(const std::string& text) {
     static const std::regex pattern("([0-9]+)\\.([0-9][0-9])[a-z]?");
     std::smatch parts;

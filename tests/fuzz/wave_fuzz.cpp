@@ -1,4 +1,4 @@
-// Feeds hostile buffers to the WAV functions and holds their answers against a second, naive reading.
+// Feeds hostile buffers to the WAV functions and compares their results with a second, naive reading.
 
 #include <algorithm>
 #include <cstdio>
@@ -22,7 +22,7 @@ void require(bool holds, const char* what) {
     std::abort();
 }
 
-/// What a WAVE says, read with nothing but text comparison and a running rest.
+/// The content of a WAVE, read with only text comparison and a running remainder.
 struct Reading {
     bool hasFormat = false;
     bool hasData = false;

@@ -8,7 +8,7 @@
 
 namespace kzq::test {
 
-/// Writes down, in one list with FakeDialogs, what the panels ask for.
+/// Records, in one list with FakeDialogs, what the panels request.
 using Calls = std::vector<std::string>;
 
 class FakeController : public ApplicationController {

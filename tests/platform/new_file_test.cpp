@@ -21,7 +21,7 @@ std::vector<std::uint8_t> bytesOf(std::string_view text) {
     return {text.begin(), text.end()};
 }
 
-/// A fresh folder that goes away with the test.
+/// A temporary folder for the test.
 class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
   public:
     NewFileTest(const NewFileTest&) = delete;
@@ -59,7 +59,7 @@ TEST_P(NewFileTest, TakesTheFirstFreeNameAndLeavesOthersAlone) {
     EXPECT_EQ(contents("Loop 4.wav"), "one");
     EXPECT_EQ(contents("Loop 4-3.wav"), "three");
 
-    // A name that is taken by something that is no file, or that leads nowhere, is taken too.
+    // A name used by something other than a file, or by a dangling link, is also taken.
     std::filesystem::create_directory(folder_ / "Loop 5.wav");
     std::filesystem::create_symlink(folder_ / "nowhere", folder_ / "Loop 5-2.wav");
     EXPECT_EQ(writeNewFile(folder_, "Loop 5", ".wav", bytesOf("x"), GetParam()).path,

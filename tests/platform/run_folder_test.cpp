@@ -27,7 +27,7 @@ class RunFolderTest : public ::testing::Test {
         parent_ = ::mkdtemp(pattern.data());
     }
 
-    /// A folder as a run leaves it that dies without quitting: with a file, and a link out of it.
+    /// A folder as a killed run leaves it: with a file, and a link to outside.
     void leaveOneBehind(const fs::path& linkTarget) const {
         const pid_t child = ::fork();
         if (child == 0) {

@@ -31,7 +31,7 @@ Bytes ramp(std::size_t frames) {
     return audio;
 }
 
-/// What came out of a session with the pedal, whichever port it went through.
+/// The result of a session with the pedal, through any port.
 struct Session {
     Strings events;
     Loops loops;
@@ -63,7 +63,7 @@ class RecorderTest : public testing::Test {
     }
     std::filesystem::path path() const { return folder_ / "session"; }
 
-    /// Lists the loops and imports `slots`; a transfer that hangs is ended after a minute.
+    /// Lists the loops and imports `slots`; a hanging transfer is ended after a minute.
     static Session session(VirtualExecutor& executor, UsbPort& port, const std::vector<std::uint8_t>& slots) {
         Session result;
         const auto delegate = std::make_shared<RecordingDelegate>(executor);
@@ -159,7 +159,7 @@ TEST_F(RecorderTest, TheFirstCallThatDiffersEndsAReplay) {
     EXPECT_THAT(differences, ElementsAre(testing::HasSubstr("asked: \"control")));
 }
 
-/// Recordings of a first version stay readable.
+/// Recordings of the first version stay readable.
 TEST_F(RecorderTest, AKeptRecordingGivesWhatItGave) {
     const Session kept = replay(std::filesystem::path(KZQ_RECORDINGS) / "import.txt", {4});
     EXPECT_THAT(differences, IsEmpty());

@@ -1,4 +1,4 @@
-// The loader, and coming and going.
+// The loader, arrival and departure.
 
 #include <memory>
 

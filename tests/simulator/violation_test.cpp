@@ -1,4 +1,4 @@
-// Everything that a correct program never sends is remembered.
+// Everything that a correct program never sends is recorded.
 
 #include "wire.h"
 

@@ -36,7 +36,7 @@ inline Bytes noise(std::size_t length, unsigned seed = 1) {
     return bytes;
 }
 
-/// A pedal on the bus, and the talk of a correct program with it.
+/// A pedal on the bus, and the requests of a correct program.
 class Wire {
   public:
     explicit Wire(SimulatedPedal::Start start = {}) : pedal(executor, std::move(start)) { pedal.plugIn(); }

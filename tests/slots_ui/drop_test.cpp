@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 class Drop : public RowFixture {
   protected:
-    /// Drags over `target` and lets go when it was accepted. Returns what the source is told.
+    /// Drags over `target` and drops if accepted. Returns the action reported to the source.
     static Qt::DropAction drag(QWidget& target, const QList<QUrl>& urls, Qt::DropActions possible,
                                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QMimeData data;

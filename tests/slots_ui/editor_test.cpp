@@ -8,7 +8,7 @@ namespace {
 
 class Editor : public RowFixture {
   protected:
-    /// The row over a ground of one colour, so that what the editor draws can be told apart.
+    /// The row over a background of one colour, so that the editor's drawing can be recognised.
     QImage shown(const QColor& ground) {
         QImage image(editor.size(), QImage::Format_RGB32);
         image.fill(ground);

@@ -14,7 +14,7 @@
 
 namespace kzq::test {
 
-/// Two lists of three rows in a window, with a controller that writes down what it is told.
+/// Two lists of three rows in a window, with a controller that records its calls.
 class RowFixture : public testing::Test, public SlotDelegate, public ApplicationController {
   protected:
     RowFixture();
@@ -27,7 +27,7 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
     static void setOccupied(Slot& row, bool occupied);
     static void stage(Slot& row, const char* path);
     static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
-    /// Replaces what the open editor holds.
+    /// Replaces the text in the open editor.
     void type(const QString& text);
     std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 

@@ -59,7 +59,7 @@ TEST(Alerts, AnswerByTheOrderOfTheirButtons) {
               1001);
 }
 
-/// Types `path` into the chooser that is about to open and takes it.
+/// Types `path` into the chooser that is about to open and accepts it.
 void choose(const std::filesystem::path& path) {
     QMetaObject::invokeMethod(
         qApp,

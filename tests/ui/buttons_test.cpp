@@ -85,7 +85,7 @@ TEST(ImageButtons, MassSelectionActsWheneverHovering) {
     EXPECT_EQ(actions, 2);
 }
 
-/// Qt keeps events from disabled widgets at several places, so this one goes the platform's whole way.
+/// Qt hides events from disabled widgets in several places, so this one takes the platform's whole path.
 TEST(ImageButtons, DisabledMassSelectionGetsTheMouseFromThePlatform) {
     Window window;
     Rig<MassSelectionButton> rig("Select_All");

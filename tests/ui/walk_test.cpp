@@ -46,8 +46,8 @@ QString pictureOf(const QWidget& widget) {
     return button != nullptr ? button->pictureName() : QString();
 }
 
-/// How many controls there are in `window`. Each has to say what it is and what it is called, and to have the
-/// picture it asks for.
+/// The number of controls in `window`. Each must have an accessible role and name, and its picture must
+/// exist.
 int walk(QWidget& window) {
     int controls = 0;
     for (auto* const widget : window.findChildren<QWidget*>()) {

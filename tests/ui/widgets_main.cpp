@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-/// The main of every test program with widgets: one application object, no screen.
+/// Main of all test programs with widgets: one application object, no display.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", "1");

@@ -54,7 +54,7 @@ struct FirmwareUpdatesTest : testing::Test {
                std::to_string(image.size()) + R"(,"version":")" + offered + R"(","changes":["One","Two"]})";
     }
     void offer(const std::string& offered) { server.set(manifestPath, {"[" + entry(offered) + "]"}); }
-    /// One check; what it asked the server for.
+    /// Runs one check; returns what it requested from the server.
     Strings check() {
         updates->check();
         executor.settle();
@@ -212,7 +212,7 @@ TEST_F(FirmwareUpdatesTest, HandsOutOnlyWhatIsStillTheOfferedImage) {
     EXPECT_EQ(updates->offeredImage(), std::nullopt);
 }
 
-/// Another thing happens while the image is on its way.
+/// Something else happens during the download of the image.
 struct Meanwhile : HttpClient {
     explicit Meanwhile(HttpClient& client) : real(client) {}
     HttpResult fetch(const HttpRequest& request) override {
@@ -379,7 +379,7 @@ TEST_F(FirmwareUpdatesTest, OnTheMainThreadTheTextsAreThereAtOnce) {
     EXPECT_EQ(headline, "") << "stopped";
 }
 
-/// Says nothing good, and tells how many ask at once.
+/// Always fails, and counts simultaneous requests.
 struct CountingClient : HttpClient {
     HttpResult fetch(const HttpRequest& request) override {
         most = std::max<int>(most, ++inside);

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QNetworkProxy>
 
-/// Qt's event loops need an application object; what the environment says of proxies is not for loopback.
+/// Qt's event loops need an application object; proxies set in the environment are not for loopback.
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QNetworkProxy::setApplicationProxy(QNetworkProxy::NoProxy);

@@ -10,7 +10,7 @@
 
 namespace kzq::test {
 
-/// A web server of fixed answers, each of which comes in so many pieces, and its end, a second apart.
+/// A web server with fixed answers, each delivered in so many pieces, and the end, a second apart.
 struct Shelf : HttpClient {
     Shelf(VirtualExecutor& clock, std::size_t number) : executor(clock), pieces(number) {}
 

@@ -128,7 +128,7 @@ class TlsServer::Thread : public QThread {
     }
 
   private:
-    /// A request has no body, and comes whole once its head ends.
+    /// A request has no body and is complete when its header ends.
     void serve(QTcpSocket& socket) {
         const QByteArray head = socket.peek(1 << 16);
         if (!head.endsWith("\r\n\r\n")) {

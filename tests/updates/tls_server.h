@@ -11,7 +11,7 @@
 
 namespace kzq::test {
 
-/// A folder that goes with its test.
+/// A temporary folder for a test.
 class TestFolder {
   public:
     TestFolder();
@@ -46,7 +46,7 @@ class TestAuthority {
     std::string key;          ///< PEM
 };
 
-/// What the server does when it is asked for a path.
+/// The server's answer to a request for a path.
 struct Answer {
     std::string body = {};
     int status = 200;
@@ -70,7 +70,7 @@ class TlsServer {
 
     std::string url(const std::string& path) const;
     void set(const std::string& path, Answer answer);
-    /// The paths asked for since the last call.
+    /// The paths requested since the last call.
     std::vector<std::string> takeRequests();
 
   private:

@@ -28,7 +28,7 @@ TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
 }
 
 TEST(UpdateJob, AsksForOneShowingAtATime) {
-    // Tells of its progress in a thousand steps, as a fast connection does.
+    // Reports progress in a thousand steps, as a fast connection does.
     struct Steps : HttpClient {
         HttpResult fetch(const HttpRequest& request) override {
             for (std::uint64_t step = 1; step <= 1000; ++step) {

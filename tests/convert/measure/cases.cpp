@@ -77,7 +77,7 @@ class CaseMaker {
         const auto bare = shop_.encode("bare.m4a", "-i master.wav -c:a aac -b:a 256k -use_editlist 0");
         add("AAC in MPEG-4, iTunSMPB",
             shop_.write("tag.m4a", withLengthTag(readFile(bare), 1024, 344, frames)), tone);
-        // These say nothing of their padding, so there is nothing to line them up by.
+        // These do not state their padding, so there is nothing to align them by.
         cases_.push_back(
             {"AAC, bare stream", shop_.encode("stream.aac", "-i master.wav -c:a aac -b:a 256k"), frames, {}});
         cases_.push_back(

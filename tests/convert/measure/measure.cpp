@@ -13,14 +13,14 @@
 namespace kzq {
 namespace {
 
-/// A sine that only moves the last of 24 bits; what is lower is at the mercy of rounding.
+/// A sine that only moves the last of 24 bits; anything lower is lost to rounding.
 constexpr double lastBit = -138;
 
 Conversion::Result convert(const Workshop& shop, const std::filesystem::path& source) {
     return Conversion({.output = shop.results()}).convert(source);
 }
 
-/// A result's samples; the file goes at once.
+/// A result's samples; the file is removed at once.
 Samples taken(const Conversion::Result& result) {
     Samples samples = samplesOf(result.path);
     std::filesystem::remove(result.path);
