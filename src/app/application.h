@@ -37,7 +37,7 @@ class Application : public QApplication {
   public:
     Application(int& count, char** arguments);
 
-    /// Not owned. As long as there is none, keys and mouse reach nobody.
+    /// Not owned. Without one, all keys and mouse events are discarded.
     void setDelegate(ApplicationDelegate* delegate) { delegate_ = delegate; }
     ApplicationDelegate* delegate() const { return delegate_; }
 

@@ -102,7 +102,7 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater> {
     const UpdateStatus& status() const { return status_; }
 
     /// Reads the feed. Does nothing while an update is under way or waits for its relaunch; an offer is
-    /// looked up anew.
+    /// checked again.
     void checkForUpdates();
     /// The user accepts an offer: downloads and installs it, or opens the website if it is not
     /// installable.

@@ -20,7 +20,7 @@ fs::path temporaryFolder() {
     return ::mkdtemp(pattern.data());
 }
 
-/// A home, and a program in a bundle that still has its built name.
+/// A home folder, and a program in a bundle that still has its build name.
 class StartUp : public testing::Test {
   protected:
     StartUp() {

@@ -25,10 +25,10 @@ using testing::HasSubstr;
 
 constexpr auto patience = std::chrono::seconds(30);
 
-/// A system bus of our own: nothing but the daemon.
+/// A system bus of our own, with only the daemon.
 class Bus {
   public:
-    /// Its address; empty where there is no daemon.
+    /// Its address; empty if there is no daemon.
     std::string start() {
         const auto settings = folder_.filePath(QStringLiteral("bus.conf"));
         std::ofstream(settings.toStdString())
@@ -53,7 +53,7 @@ class Bus {
     QProcess daemon_;
 };
 
-/// What the login manager's part is; it lives on the main thread.
+/// Plays the login manager; lives on the main thread.
 class LoginManager : public QDBusVirtualObject {
   public:
     QString introspect(const QString& /*path*/) const override { return {}; }
@@ -69,7 +69,7 @@ class LoginManager : public QDBusVirtualObject {
         ::close(ends[1]);
         return connection.send(reply);
     }
-    /// Whether the lock is given back, at once or within `limit`.
+    /// Whether the lock is released, at once or within `limit`.
     bool released(std::chrono::milliseconds limit) const {
         pollfd end{lock, POLLIN, 0};
         return ::poll(&end, 1, static_cast<int>(limit.count())) == 1;
@@ -80,7 +80,7 @@ class LoginManager : public QDBusVirtualObject {
     int lock = -1;
 };
 
-/// What `keepAwake` answers on a thread of its own, as the tool has it.
+/// The result of `keepAwake` on a separate thread, as in the tool.
 AwakeLock askOnAThread() {
     AwakeLock answer;
     QEventLoop loop;

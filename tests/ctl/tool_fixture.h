@@ -50,7 +50,7 @@ class ToolTest : public testing::Test {
     static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
 
     void plan(const std::string& fault);
-    /// Begins as `main` does; time stands still.
+    /// Starts as `main` does; time stands still.
     void start(const std::vector<std::string>& arguments);
     /// Runs to the end.
     ExitCode run(const std::vector<std::string>& arguments);
@@ -59,9 +59,9 @@ class ToolTest : public testing::Test {
     void plugInAgain();
     ExitCode import(std::vector<std::string> arguments);
 
-    /// A file in the folder; its path.
+    /// Writes a file in the folder; returns its path.
     std::string write(const std::string& name, const Bytes& bytes) const;
-    /// A file in the pedal's format already, for a converter that copies.
+    /// A file already in the pedal's format, for a converter that copies.
     std::string writeWave(const std::string& name, const simulator::StoredLoop& loop) const;
     /// How many working copies there are.
     long workingCopies() const;

@@ -60,7 +60,7 @@ class FakeUsb : public UsbPort {
         return usbSuccess;
     }
 
-    /// Hot-plug events come from `arrive` and `leave`; the thread that waits for them here waits for ever.
+    /// Hot-plug events come from `arrive` and `leave`; the thread that waits for them here waits forever.
     UsbResult handleEvents() override {
         std::unique_lock lock(never_);
         executor_.wait(lock, changed_, [] { return false; });

@@ -75,7 +75,7 @@ TEST_F(FlowTest, AChangeOnThePedalKeepsTheSelectionOfLoopsThatAreStillThere) {
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
     EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), 11U);  // 10 staged instead of the 5, and slot 20
-    delegate->looperInternalStateChanged({});                    // nothing is told of loops
+    delegate->looperInternalStateChanged({});                    // without loops
     EXPECT_FALSE(importRow(20).occupied());
     EXPECT_TRUE(window->warning()->isHidden());
 }

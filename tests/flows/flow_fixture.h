@@ -34,7 +34,7 @@ namespace kzq::test {
 
 using namespace std::chrono_literals;  // NOLINT(google-global-names-in-headers): of tests
 
-/// Dialogs that a test answers. What was shown is kept in order.
+/// Dialogs that a test answers. What was shown is recorded in order.
 struct ScriptedDialogs : Dialogs {
     int run(const Alert& alert) override {
         shown.push_back(alert.finePrint.empty() ? alert.headline : alert.headline + " " + alert.finePrint);
@@ -91,14 +91,14 @@ class FlowTest : public testing::Test {
 
     static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
 
-    /// Starts the application and, unless told otherwise, lets the splash go by.
+    /// Starts the application and, by default, waits until the splash has closed.
     void launch(Executor::Duration wait = 2s);
     void plugIn();
     /// launch() with the pedal in.
     void launchConnected();
     void plan(const std::string& fault);
     void pass(Executor::Duration time);
-    /// Lets time pass until nothing is under way; whether it got there within a minute.
+    /// Lets time pass until nothing runs; returns whether that took less than a minute.
     bool becomesIdle();
     bool shieldUp() const { return window->shield() != nullptr; }
 

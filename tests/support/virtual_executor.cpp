@@ -13,7 +13,8 @@ namespace kzq::test {
 
 namespace {
 
-/// Unwinds a job whose executor goes away. No std::exception, so that no handler mistakes it for a failure.
+/// Unwinds a job whose executor is destroyed. Not a std::exception, so that no handler takes it for a
+/// failure.
 struct Abandoned {};
 
 }  // namespace

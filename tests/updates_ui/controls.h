@@ -8,7 +8,7 @@
 
 namespace kzq::test {
 
-/// The widget of that name in `window`, which has to be there.
+/// The widget of that name in `window`, which must exist.
 template <typename Kind>
 Kind& control(QWidget& window, const char* name) {
     auto* const found = window.findChild<Kind*>(name);

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Keeps what is queued for the main thread until the test lets it through.
+/// Holds tasks for the main thread back until the test releases them.
 struct HeldUpExecutor : VirtualExecutor {
     void main(Task task) override { queued.push_back(std::move(task)); }
     std::vector<Task> queued;

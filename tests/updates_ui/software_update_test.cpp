@@ -61,7 +61,7 @@ struct SoftwareUpdateTest : testing::Test {
     QWidget& window() const { return update->window(); }
     QString headline() const { return control<QLabel>(window(), "headline").text(); }
     QString detail() const { return control<QLabel>(window(), "detail").text(); }
-    /// The words of the buttons that are shown.
+    /// The labels of the visible buttons.
     QStringList buttons() const {
         QStringList words;
         for (const auto* name : {"acceptButton", "cancelButton"}) {

@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// A system in which everything is as it should be, to take things away from.
+/// A system in order, from which tests remove things.
 class DiagnosisTest : public testing::Test {
   protected:
     DiagnosisTest() {
@@ -49,7 +49,7 @@ class DiagnosisTest : public testing::Test {
         fs::remove(link);
         fs::create_symlink("../../../drivers/" + driver, link);
     }
-    /// What is told first; "" when all is well.
+    /// The finding reported first; "" if all is well.
     std::string told(PedalTrouble kind) {
         const auto first = firstTrouble(diagnose(places_));
         if (!first) {
@@ -83,7 +83,7 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
     EXPECT_THAT(told(PedalTrouble::nothingOnBus), HasSubstr("lsusb"));
 }
 
-/// Root may do anything, so the test asks as somebody else.
+/// Root may do anything, so the test runs as another user.
 class AsUser {
   public:
     AsUser() {
@@ -130,7 +130,7 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     write("rules/90-own.rules", "ATTR{idVendor}==\"308a\", \\\nATTR{idProduct}==\"0104\", MODE=\"0666\"");
     toldToUser(PedalTrouble::ruleNotInForce);
     write("none/90-own.rules", "");
-    toldToUser(PedalTrouble::ruleMissing);  // the file of the same name counts less
+    toldToUser(PedalTrouble::ruleMissing);  // the file of the same name has lower priority
 
     fs::remove(root_ / "nodes/003/014");
     EXPECT_EQ(toldToUser(PedalTrouble::fileMissing), "");

@@ -27,7 +27,7 @@ inline void handleEventsInTheBackground() {
     static_cast<void>(started);
 }
 
-/// Remembers the events that a registration heard of.
+/// Records the events of a registration.
 class HotplugWatch {
   public:
     struct Seen {

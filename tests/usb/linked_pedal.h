@@ -17,7 +17,7 @@
 
 namespace kzq {
 
-/// Real threads and real time, but for the link's own pauses: they are written down and are over at once.
+/// Real threads and real time, except for the link's own pauses, which are recorded and end at once.
 class HastyExecutor : public StandardExecutor {
   public:
     void sleep(Duration duration) override {
@@ -25,7 +25,7 @@ class HastyExecutor : public StandardExecutor {
         pauses_.push_back(duration);
         slept_ += duration;
     }
-    /// All pauses that were asked for since the last call, in their order.
+    /// All pauses requested since the last call, in order.
     std::vector<Duration> takePauses() {
         const std::lock_guard guard(mutex_);
         return std::exchange(pauses_, {});
@@ -41,7 +41,7 @@ class HastyExecutor : public StandardExecutor {
     Duration slept_{};
 };
 
-/// The pedal's time, in which the pauses did take their time. It does later things on the main thread of the
+/// The pedal's time, in which the pauses take their full time. Delayed tasks run on the main thread of the
 /// link, which outlives it.
 class PedalClock : public StandardExecutor {
   public:
@@ -54,7 +54,7 @@ class PedalClock : public StandardExecutor {
     HastyExecutor& executor_;
 };
 
-/// Counts what the delegate hears. Main thread.
+/// Counts the calls of the delegate. Main thread.
 class Announcements : public KZQ7306Delegate {
   public:
     explicit Announcements(StandardExecutor& executor) : executor_(executor) {}
@@ -75,7 +75,7 @@ class Announcements : public KZQ7306Delegate {
 };
 
 /// The link and the real libusb, with a simulated pedal on an emulated bus. One program for each fixture,
-/// since the link never lets go of libusb again.
+/// since the link never releases libusb.
 class LinkedPedalTest : public testing::Test {
   public:
     LinkedPedalTest(const LinkedPedalTest&) = delete;
@@ -116,7 +116,7 @@ class LinkedPedalTest : public testing::Test {
     bool waitUntilHeard(std::size_t count) {
         return runUntil([&] { return delegate_.heard.size() >= count; });
     }
-    /// For what the link calls on its own threads: does it on the main thread, where it may end a wait.
+    /// For calls of the link on its own threads: runs them on the main thread, where they may end a wait.
     template <typename Task>
     void onMain(Task task) {
         executor_.main([this, task] {
@@ -127,7 +127,7 @@ class LinkedPedalTest : public testing::Test {
     static KZQ7306& looper() { return *KZQ7306::looper(); }
 
   private:
-    /// What lasts as long as the process, since the link's threads do.
+    /// What lives as long as the process, like the link's threads.
     struct World {
         HastyExecutor executor;
         LibusbPort usb;

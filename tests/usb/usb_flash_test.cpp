@@ -13,7 +13,7 @@ using simulator::WireEvent;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Longer than one transfer of the port, and no multiple of a packet.
+/// Longer than one transfer of the port, and not a multiple of a packet.
 Bytes imageOf(const std::string& version) {
     constexpr std::size_t size = 300'001;
     Bytes image(size);
@@ -39,8 +39,8 @@ class UsbFlash : public LinkedPedalTest {
     bool runToEnd() {
         return runUntil([this] { return !ends_.empty(); });
     }
-    /// What went over the wire for the update, without the questions about the pedal's state: codes of
-    /// requests, sums of bytes, coming ('+') and going ('-').
+    /// What went over the wire for the update, without the queries of the pedal's state: request codes,
+    /// byte counts, arrivals ('+') and departures ('-').
     std::vector<std::string> wire() const {
         std::vector<std::string> all;
         std::size_t bytes = 0;
@@ -83,7 +83,7 @@ class UsbFlash : public LinkedPedalTest {
     }
 
     const Bytes image_ = imageOf("1.06");
-    std::vector<bool> ends_;  ///< what the completion was told, each time it was called
+    std::vector<bool> ends_;  ///< the argument of each call of the completion
 };
 
 TEST_F(UsbFlash, ThePedalGoesToItsLoaderAndComesBackWithTheImage) {
@@ -100,7 +100,7 @@ TEST_F(UsbFlash, ThePedalGoesToItsLoaderAndComesBackWithTheImage) {
 
     EXPECT_THAT(wire(), ElementsAre("E4", "-", "+", "E4", "300001", "E5", "36", "-", "+"));
     EXPECT_THAT(executor_.takePauses(), ElementsAre(8s, 1s));
-    EXPECT_EQ(pedal_.installedFirmware(), image_);  // by length and SHA-256, as the trailer told them
+    EXPECT_EQ(pedal_.installedFirmware(), image_);  // by length and SHA-256, as in the trailer
     EXPECT_THAT(ends_, ElementsAre(true));
 }
 

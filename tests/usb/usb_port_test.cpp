@@ -144,7 +144,7 @@ TEST_F(UsbPortTest, ADepartureEndsABlockedReadAndLeavesTheReferenceSafe) {
     EXPECT_EQ(command(command::stage), usbNoDevice);
     ASSERT_TRUE(watch_.waitFor(2));
     handle_.reset();
-    watch_.forget();  // now nobody but `first` keeps the device
+    watch_.forget();  // now only `first` keeps the device
 
     EXPECT_EQ(port_.open(first, result), nullptr);
     EXPECT_EQ(result, usbNoDevice);

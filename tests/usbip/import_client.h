@@ -18,8 +18,8 @@
 
 namespace kzq::simulator::usbip {
 
-/// A computer that imports the pedal, as the kernel does it: it writes the messages byte by byte from what
-/// the protocol says, so that a slip in the server's own encoding shows.
+/// A computer that imports the pedal as the kernel does. It writes the messages byte by byte as the protocol
+/// defines them, so that a slip in the server's own encoding shows.
 class ImportClient {
   public:
     struct Answer {
@@ -56,7 +56,7 @@ class ImportClient {
     bool atEnd() { return receive(1).empty(); }
     void hangUp() { stream_->hangUp(); }
 
-    /// The status of the server's answer: 0 when the pedal is ours.
+    /// The status of the server's answer: 0 if the pedal is ours.
     int import(const std::string& busId = "1-1") {
         Bytes message{0x01, 0x11, 0x80, 0x03, 0, 0, 0, 0};
         message.insert(message.end(), busId.begin(), busId.end());
@@ -120,7 +120,7 @@ class ImportClient {
         return control(code, pedalRequest, value, index, length);
     }
 
-    Bytes record;  ///< what the server has told of the pedal
+    Bytes record;  ///< the server's description of the pedal
 
   private:
     static void put(Bytes& message, std::size_t offset, std::uint32_t value) {

@@ -14,9 +14,9 @@
 
 namespace kzq::gallery {
 
-// What the widgets need around them and what does nothing here: nobody clicks in a picture.
+// Stand-ins for what the widgets need around them; they do nothing, since nobody clicks in a picture.
 
-/// Work waits until it is asked for, and is then done here; what has a delay is never done.
+/// Work waits until requested and then runs here; delayed work never runs.
 class StillExecutor : public Executor {
   public:
     void main(Task task) override { tasks_.push_back(std::move(task)); }
@@ -61,7 +61,7 @@ class StillDialogs : public Dialogs {
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
 };
 
-/// Gives the same body for every address.
+/// Returns the same body for every address.
 class StillHttp : public HttpClient {
   public:
     explicit StillHttp(std::string_view body = {}) : body_(body.begin(), body.end()) {}

@@ -19,7 +19,7 @@ constexpr int captionHeight = 18;
 constexpr int captionPixels = 11;
 constexpr int sheetWidth = 1024;
 
-/// Even places, as in the window, so that 1.5 falls on whole device pixels.
+/// Even positions, as in the window, so that 1.5 gives whole device pixels.
 int even(double length) {
     return 2 * static_cast<int>(std::ceil(length / 2));
 }

@@ -8,7 +8,7 @@
 
 namespace kzq::gallery {
 
-/// One thing as it looks, at the device ratio that its pixmap carries.
+/// A picture of one thing, at the device ratio of its pixmap.
 struct Shot {
     QString caption;
     QPixmap pixmap;
@@ -18,7 +18,7 @@ using Shots = std::vector<Shot>;
 
 void append(Shots& shots, Shots more);
 
-/// The shots in rows on a ground of one colour, their captions beneath.
+/// The shots in rows on a background of one colour, with their captions below.
 QImage contactSheet(const Shots& shots, const QColor& ground);
 
 }  // namespace kzq::gallery

@@ -1,5 +1,5 @@
-// kzq7306-gallery FOLDER: contact sheets of everything the window is made of, at the device ratio that
-// QT_SCALE_FACTOR gives.
+// kzq7306-gallery FOLDER: contact sheets of every part of the window, at the device ratio given by
+// QT_SCALE_FACTOR.
 
 #include <QApplication>
 #include <QDir>

@@ -8,7 +8,7 @@ namespace kzq::gallery {
 /// device ratio.
 Shots smallPictures(double ratio);
 Shots largePictures(double ratio);
-/// The application's icon at the sizes desktops ask for.
+/// The application's icon at the sizes desktops use.
 Shots icons(double ratio);
 
 }  // namespace kzq::gallery

@@ -9,7 +9,7 @@
 
 namespace kzq::gallery {
 
-/// A row's state in the words of the look.
+/// A row's state, as far as it is visible.
 struct RowState {
     const char* caption;
     bool occupied = false;
