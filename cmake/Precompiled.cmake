@@ -1,4 +1,4 @@
-# Precompiled headers: building is three to five times quicker with them. Each set is compiled once and used by every
+# Precompiled headers: they make the build three to five times quicker. Each set is compiled once and used by every
 # target of its kind. They only save time: every file includes what it uses, and CI compiles once without them.
 option(KZQ_PCH "precompiled headers; off shows a missing include" ON)
 

@@ -45,7 +45,7 @@ expect 0 import --to "$to" 1-3 13 "--simulate=$first"
 for slot in 1 2 3 13; do
     cmp "$first/Loop $slot.wav" "$to/Loop $slot.wav" || fail "loop $slot differs after another round"
 done
-# says TEXT COMMAND...: what others make of our files
+# says TEXT COMMAND...: how other programs read our files
 says() {
     text=$1
     shift
@@ -61,7 +61,7 @@ expect 0 list --simulate --json
 grep -q '"firmware": "1.05"' "$work/out" || fail "list --json: $(cat "$work/out")"
 expect 0 --version
 
-# --- the road back, with a simulated pedal that keeps what is written to it
+# --- the other direction, with a simulated pedal that keeps what is written to it
 fresh
 pedal=$to
 fresh
@@ -128,7 +128,7 @@ for _ in 1 2 3 4 5; do
     done
 done
 
-# --- a recording: a new file, whole lines even where there is no room, and the work goes on without it
+# --- a recording: a new file, complete lines even on a full disk, after which the work goes on without it
 fresh
 expect 0 --simulate --record "$to/session" import 1 --to "$to"
 cmp "$first/Loop 1.wav" "$to/Loop 1.wav" || fail "a recorded import differs"
@@ -158,7 +158,7 @@ no_rubbish "a failed import"
 "$ctl" --simulate list >/dev/full 2>"$work/err"
 [ $? -eq 6 ] || fail "a full standard output is no error"
 
-# --- a folder that may not be written to, tried by somebody who is not root
+# --- a read-only folder, as a user other than root
 fresh
 chmod 555 "$to"
 if [ "$(id -u)" -ne 0 ]; then
@@ -174,7 +174,7 @@ else
     echo "skipped: read-only folder"
 fi
 
-# --- no room: a limit on file sizes, and a file system of 1.5 MB where one can be mounted
+# --- no space: a limit on file sizes, and a file system of 1.5 MB if one can be mounted
 fresh
 (
     ulimit -f 1000
@@ -220,7 +220,7 @@ grep -q '^kzq7306ctl: Cancelled' "$work/err" || fail "Ctrl-C gave no sentence"
 interrupted 130 TERM
 interrupted 130 INT TERM
 
-# --- firmware; signals in the middle of it
+# --- firmware; signals during the installation
 image=$work/new.bin
 printf 'an image of the 7306 firmware 1.06, or so' >"$image"
 mkfifo "$work/signalled" "$work/pipe.bin"
