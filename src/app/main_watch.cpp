@@ -40,7 +40,7 @@ void freeFromPedal() {
     // While an operation runs, its worker talks to the pedal and the main thread hangs for another reason,
     // except when the pedal is due back from its restart into the loader.
     if (looper && (looper->operation() == KZQ7306::idle || looper->flashPending())) {
-        log(LogCategory::application, "the pedal does not answer: it is reset");
+        log(LogCategory::application, "the pedal does not answer; resetting it");
         looper->interrupt();
     }
 }

@@ -53,7 +53,7 @@ void writeBundleNameMarker(const fs::path& home) {
     QSaveFile file(QString::fromStdString(marker.string()));
     if (!file.open(QIODevice::WriteOnly) ||
         file.write(QDateTime::currentDateTime().toString(Qt::ISODate).toUtf8()) < 0 || !file.commit()) {
-        log(LogCategory::application, "the marker of the bundle's name could not be written");
+        log(LogCategory::application, "the marker for the bundle's name could not be written");
     }
 }
 

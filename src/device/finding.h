@@ -45,7 +45,7 @@ inline std::string obstacleLine(const std::vector<Finding>& findings) {
     }
     constexpr std::size_t readable = 80;
     if (found->remedy.size() > readable) {
-        return found->sentence + " \"kzq7306ctl doctor\" tells how to mend it.";
+        return found->sentence + " Run \"kzq7306ctl doctor\" to fix it.";
     }
     return found->sentence + (found->remedy.empty() ? "" : " The command: " + found->remedy);
 }

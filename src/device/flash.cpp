@@ -57,7 +57,7 @@ bool KZQ7306::beginFirmwareUpdate() {
     }
     const bool blank = factoryBlank();
     if (refused(control(blank ? command::openUpdate : command::enterLoader))) {
-        log(LogCategory::device, "flash: the pedal refused to begin an update");
+        log(LogCategory::device, "flash: the pedal refused to start an update");
         return endFirmwareUpdate(completion, false);
     }
     if (blank) {

@@ -73,7 +73,7 @@ void KZQ7306::arrived(const UsbDevicePointer& device) {
     }
     const auto reply = control(command::stage);
     if (!reply) {
-        log(LogCategory::device, "plugged:2 no answer to the stage query");
+        log(LogCategory::device, "plugged:2 the pedal did not answer the stage query");
         acquisitionFailure_ = Failure::noStage;
         return;
     }

@@ -48,7 +48,7 @@ std::shared_ptr<KZQ7306> KZQ7306::looper() {
     if (!state.shared && state.environment) {
         const auto macos = state.environment->systemMinorVersion();
         if (macos == 0) {
-            log(LogCategory::device, "the system's minor version reads 0: the pedal will not be used");
+            log(LogCategory::device, "the system's minor version is 0; the pedal will not be used");
             return nullptr;
         }
         state.shared = std::shared_ptr<KZQ7306>(new KZQ7306(*state.environment, lock, macos));

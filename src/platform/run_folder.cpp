@@ -68,7 +68,7 @@ void removeAll(const std::filesystem::path& path) {
     std::error_code error;
     std::filesystem::remove_all(path, error);
     if (error) {
-        log(LogCategory::files, "can't remove " + path.string() + ": " + error.message());
+        log(LogCategory::files, "cannot remove " + path.string() + ": " + error.message());
     }
 }
 
@@ -122,7 +122,7 @@ std::optional<std::filesystem::path> RunFolder::make() {
         }
         ::rmdir(candidate.c_str());
     }
-    log(LogCategory::files, "can't make a folder for temporary files in " + parent_.string() + ": " +
+    log(LogCategory::files, "cannot create a folder for temporary files in " + parent_.string() + ": " +
                                 std::generic_category().message(error));
     return std::nullopt;
 }

@@ -23,7 +23,8 @@ void ThreadPool::add(Priority priority, Executor::Task task) {
         std::thread([self = shared_from_this()] { self->work(); }).detach();
         ++threads_;
     } catch (const std::system_error& error) {
-        log(LogCategory::tool, std::string("no thread for a job, which waits for another: ") + error.what());
+        log(LogCategory::tool,
+            std::string("no new thread for a job, which waits for a running one: ") + error.what());
     }
 }
 

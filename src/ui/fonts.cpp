@@ -37,7 +37,7 @@ void registerFonts() {
     static const bool once = [] {
         for (const auto& file : QDir(folder).entryInfoList({"*.ttf"}, QDir::Files)) {
             if (QFontDatabase::addApplicationFont(file.filePath()) < 0) {
-                log(LogCategory::tool, "font not taken: " + file.fileName().toStdString());
+                log(LogCategory::tool, "font not loaded: " + file.fileName().toStdString());
             }
         }
         return true;

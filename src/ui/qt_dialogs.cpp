@@ -88,7 +88,7 @@ Dialogs::Chosen QtDialogs::chooseFolder(const std::string& prompt) {
 
 void QtDialogs::openAddress(const std::string& url) {
     if (!QDesktopServices::openUrl(QUrl(QString::fromStdString(url)))) {
-        log(LogCategory::tool, "no browser opened " + url);
+        log(LogCategory::tool, "no browser could open " + url);
     }
 }
 

@@ -26,7 +26,7 @@ bool keepPrevious(const std::filesystem::path& appImage, std::string& reason) {
     const std::filesystem::path previous = appImage.string() + ".previous";
     const std::filesystem::path draft = previous.string() + ".part";
     if (!isPlainFile(appImage) || !isPlaceForFile(previous) || !isPlaceForFile(draft)) {
-        reason = "something that is not a file is in the place of the program or of its previous version";
+        reason = "the path of the program or of its previous version is not a file";
         return false;
     }
     ::unlink(draft.c_str());
@@ -46,7 +46,7 @@ bool replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& down
     std::error_code error;
     const auto permissions = std::filesystem::status(appImage, error).permissions();
     if (error) {
-        reason = "the program is not there any more: " + error.message();
+        reason = "the program no longer exists: " + error.message();
         return false;
     }
     if (!keepPrevious(appImage, reason)) {

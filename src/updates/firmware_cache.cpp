@@ -44,7 +44,7 @@ std::optional<FirmwareImage> FirmwareCache::cached(const FirmwareEntry& entry) c
     }
     auto image = readPlainFile(path, entry.size);
     if (!image || !isImageOf(entry, *image)) {
-        logUpdates("removed a firmware file that is not what the manifest says: " + path.string());
+        logUpdates("removed a firmware file that does not match the manifest: " + path.string());
         ::unlink(path.c_str());
         return std::nullopt;
     }

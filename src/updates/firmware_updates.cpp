@@ -33,7 +33,7 @@ FirmwareUpdates::FirmwareUpdates(FirmwareEnvironment environment)
 void FirmwareUpdates::setup() {
     if (!initialized_ && !environment_.manifest.empty()) {
         initialized_ = cache_.prepare();
-        note(initialized_ ? "" : "no firmware folder " + cache_.folder().string());
+        note(initialized_ ? "" : "no folder for firmware: " + cache_.folder().string());
     }
 }
 
@@ -162,7 +162,7 @@ std::optional<FirmwareImage> FirmwareUpdates::download(const FirmwareEntry& entr
     }
     // Checked first: otherwise an obstacle would cost a whole download at every check.
     if (!cache_.prepare() || !cache_.isPlaceFor(entry)) {
-        note("no place for a firmware image at " + cache_.pathOf(entry).string());
+        note("the firmware image cannot be stored at " + cache_.pathOf(entry).string());
         return std::nullopt;
     }
     auto image = fetch(addressBeside(environment_.manifest, entry.name), entry.size);
@@ -171,7 +171,7 @@ std::optional<FirmwareImage> FirmwareUpdates::download(const FirmwareEntry& entr
         return std::nullopt;
     }
     if (!isImageOf(entry, image.body)) {
-        note("the firmware image is not what the manifest says");
+        note("the firmware image does not match the manifest");
         return std::nullopt;
     }
     if (!cache_.store(entry, image.body)) {

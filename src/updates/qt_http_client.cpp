@@ -85,12 +85,12 @@ class Exchange {
   private:
     void startTimers() {
         QObject::connect(&total_, &QTimer::timeout, &loop_,
-                         [this] { end(HttpFailure::timeout, "took too long"); });
+                         [this] { end(HttpFailure::timeout, "the download took too long"); });
         total_.setSingleShot(true);
         total_.start(left_);
         if (request_.limits.silence.count() > 0) {
             QObject::connect(&silence_, &QTimer::timeout, &loop_,
-                             [this] { end(HttpFailure::timeout, "the server fell silent"); });
+                             [this] { end(HttpFailure::timeout, "the server stopped answering"); });
             silence_.start(request_.limits.silence);
         }
         if (request_.cancelled != nullptr) {
@@ -118,11 +118,11 @@ class Exchange {
         if (isRedirect()) {
             target_ =
                 reply_.url().resolved(QUrl::fromEncoded(reply_.rawHeader("Location"), QUrl::StrictMode));
-            end(HttpFailure::redirect, "sent elsewhere");
+            end(HttpFailure::redirect, "redirected");
         } else if (status() != 0 && status() != statusOk) {
-            end(HttpFailure::refused, "status " + std::to_string(status()));
+            end(HttpFailure::refused, "HTTP status " + std::to_string(status()));
         } else if (statedLength() > request_.limits.bytes) {
-            end(HttpFailure::tooLong, "says that it is too long");
+            end(HttpFailure::tooLong, "the stated length is too large");
         }
     }
 
@@ -134,7 +134,7 @@ class Exchange {
             const QByteArray piece = reply_.read(bufferSize);
             received_ += static_cast<std::uint64_t>(piece.size());
             if (received_ > request_.limits.bytes) {
-                end(HttpFailure::tooLong, "is too long");
+                end(HttpFailure::tooLong, "the file is too long");
                 return;
             }
             keep(piece);
@@ -147,7 +147,7 @@ class Exchange {
         if (!request_.sink) {
             result_.body.insert(result_.body.end(), bytes.begin(), bytes.end());
         } else if (!request_.sink(bytes)) {
-            end(HttpFailure::sink, "could not be stored");
+            end(HttpFailure::sink, "the file could not be stored");
             return;
         }
         if (request_.progress) {
@@ -165,7 +165,7 @@ class Exchange {
         if (reply_.error() != QNetworkReply::NoError) {
             end(failureOf(reply_.error()), reply_.errorString().toStdString());
         } else if (stated && received_ != statedLength()) {
-            end(HttpFailure::cutShort, "is shorter than stated");
+            end(HttpFailure::cutShort, "the file is shorter than stated");
         } else {
             ended_ = true;
             loop_.quit();
@@ -219,10 +219,10 @@ HttpResult QtHttpClient::fetch(const HttpRequest& request) {
         }
         url = exchange.target();
         if (!isAddress(url)) {
-            return failed(HttpFailure::redirect, "sent to what is not an https address");
+            return failed(HttpFailure::redirect, "redirected to an address that is not https");
         }
     }
-    return failed(HttpFailure::redirect, "sent elsewhere too often");
+    return failed(HttpFailure::redirect, "redirected too often");
 }
 
 }  // namespace kzq

@@ -120,7 +120,7 @@ void SUUpdater::install() {
     if (opened) {
         set({});
     } else {
-        fail("the web site " + environment_.build.website + " could not be opened");
+        fail("the website " + environment_.build.website + " could not be opened");
     }
 }
 
@@ -189,7 +189,7 @@ void SUUpdater::installed(const std::filesystem::path& place, const std::string&
     } else if (environment_.desktop.openPackage(place)) {
         setState(UpdateState::handedOver);
     } else {
-        fail("the package installer could not be started; the package is " + place.string());
+        fail("the package installer could not be started; install this package yourself: " + place.string());
     }
 }
 
@@ -212,7 +212,7 @@ void SUUpdater::relaunch() {
     if (!environment_.desktop.relaunch(environment_.installation.appImage)) {
         // It is in place nevertheless: offering it again would also overwrite the previous version with it.
         auto status = status_;
-        status.reason = "the updated program could not be started; it starts the next time";
+        status.reason = "the updated program could not be started; quit and start it again";
         logUpdates(status.reason);
         set(std::move(status));
     }

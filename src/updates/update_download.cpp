@@ -49,7 +49,7 @@ bool UpdateDownload::isPrivate() const {
 
 bool UpdateDownload::open() {
     if (!isPlaceForFile(place_) || !isPlaceForFile(part_)) {
-        return fail("something that is not a file is in the place of the update", 0);
+        return fail("the path for the update is not a file", 0);
     }
     Descriptor file(
         ::open(part_.c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, privateMode));
@@ -57,16 +57,16 @@ bool UpdateDownload::open() {
         return fail("the update cannot be stored", errno);
     }
     if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
-        return fail("another program is fetching the update", 0);
+        return fail("another program is downloading the update", 0);
     }
     file_ = std::move(file);
     if (!isStillOurs()) {
         file_.close();
-        return fail("another program is fetching the update", 0);
+        return fail("another program is downloading the update", 0);
     }
     if (!isPrivate()) {
         file_.close();
-        return fail("a file of somebody else is in the place of the update", 0);
+        return fail("the file at the path for the update belongs to another user", 0);
     }
     return ::ftruncate(file_.get(), 0) == 0 || fail("the update cannot be stored", errno);
 }
@@ -88,7 +88,7 @@ bool UpdateDownload::verify(const FeedItem& item, std::span<const UpdateKey> key
     // Verifies what is on the disk, not what came over the network.
     const auto bytes = readPlainFile(file_.get(), item.length);
     if (!bytes || item.length == 0 || bytes->size() != item.length) {
-        return fail("the update does not have the stated length", 0);
+        return fail("the length of the update is not the stated one", 0);
     }
     verified_ = isStillOurs() && isSignedByOne(keys, *signature, *bytes);
     return verified_ || fail("the signature of the update is wrong", 0);
@@ -100,7 +100,7 @@ bool UpdateDownload::place(std::filesystem::perms permissions) {
     }
     if (::fchmod(file_.get(), static_cast<mode_t>(permissions)) != 0 || ::fsync(file_.get()) != 0 ||
         ::rename(part_.c_str(), place_.c_str()) != 0) {
-        return fail("the update cannot be put into place", errno);
+        return fail("the update cannot be installed", errno);
     }
     file_.close();
     syncFolder(place_.parent_path());

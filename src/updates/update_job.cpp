@@ -66,7 +66,7 @@ std::string perform(const UpdateJob& job, HttpClient& http) {
     }
     if (const auto fetched = fetchInto(download, job, http); !fetched) {
         return fetched.failure == HttpFailure::sink ? download.reason()
-                                                    : "the update could not be fetched: " + fetched.reason;
+                                                    : "the update could not be downloaded: " + fetched.reason;
     }
     enter(job, UpdateRun::Stage::verifying);
     if (!download.verify(job.item, job.keys)) {

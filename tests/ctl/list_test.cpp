@@ -56,7 +56,7 @@ TEST_F(ToolTest, WaitsForThePedalAsLongAsAsked) {
 
 TEST_F(ToolTest, NoPermissionTellsTheRemedy) {
     port.setOpenResult(usbAccess);
-    findings = {{PedalTrouble::roadNotInstalled, true, "Something else.", "mend it"},
+    findings = {{PedalTrouble::roadNotInstalled, true, "Something else.", "fix it"},
                 {PedalTrouble::ruleNotInForce, false, "All is well.", {}},
                 {PedalTrouble::ruleMissing, true, "Its rule is missing.", "sudo install it"}};
     start({"list", "--wait", "60"});

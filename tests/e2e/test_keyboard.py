@@ -25,7 +25,7 @@ class Keyboard(unittest.TestCase):
             box = program.get("Loop 1, select")
             wait("the first loop is checked", lambda: box.checked)
             loops = [part for number in LOOPS for part in (f"Loop {number}, select", f"Loop {number} name")]
-            rest = ["Select all loops", "Select no loops", "Erase", "Import"]
+            rest = ["Select all loops", "Deselect all loops", "Erase", "Import"]
             key(*["Tab"] * (len(loops) - 1 + len(rest)))
             ear.wait("Import")
             self.assertEqual(

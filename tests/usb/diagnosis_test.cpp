@@ -124,7 +124,7 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     {
         const AsUser user;
         EXPECT_THAT(obstacleLine(diagnose(places_)),
-                    testing::EndsWith("\"kzq7306ctl doctor\" tells how to mend it."))
+                    testing::EndsWith("Run \"kzq7306ctl doctor\" to fix it."))
             << "too long for a line";
     }
     write("rules/90-own.rules", "ATTR{idVendor}==\"308a\", \\\nATTR{idProduct}==\"0104\", MODE=\"0666\"");

@@ -173,8 +173,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     }
     setUserDefaults(usualSettings(homeFolder()));
     if (!hasScreen()) {
-        return complain(EXIT_FAILURE,
-                        "there is no screen to open a window on; kzq7306ctl works without one.");
+        return complain(EXIT_FAILURE, "no display was found. kzq7306ctl works without one.");
     }
     const auto certificates = authorities(options);
     if (!certificates) {

@@ -13,7 +13,7 @@ constexpr int usageStatus = 2;
 
 void describe(CLI::App& app, ProgramOptions& options) {
     app.set_version_flag("--version", "kzq7306 " KZQ_VERSION);
-    app.add_flag("--unplugged", options.unplugged, "The built-in pedal starts unplugged");
+    app.add_flag("--unplugged", options.unplugged, "Start with the built-in pedal unplugged");
     app.add_option("--host", options.host, "Ask this server instead of the maker's")
         ->option_text("HOST[:PORT]");
     app.add_option("--authorities", options.authorities,
@@ -24,7 +24,7 @@ void describe(CLI::App& app, ProgramOptions& options) {
 }  // namespace
 
 ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {
-    CLI::App app("7306 Loop Manager: the loops of a 7306 looper pedal.", "kzq7306");
+    CLI::App app("7306 Loop Manager: manages the loops of a 7306 looper pedal.", "kzq7306");
     ProgramOptions options;
     const simulator::SimulateOption simulate(app);
     describe(app, options);

@@ -40,7 +40,7 @@ bool awaken(int end) {
 void quitOnSignals(Executor& executor, std::function<void()> late) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
-        log(LogCategory::application, "no pipe for signals: they end the program at once");
+        log(LogCategory::application, "no pipe for signals, which now end the program at once");
         return;
     }
     ::fcntl(ends[1], F_SETFL, O_NONBLOCK);

@@ -81,46 +81,46 @@ Finding udev(const SystemPlaces& places) {
     return {
         PedalTrouble::noUdev,
         true,
-        "No udev is running here, as in a container: a pedal that is plugged in later is not noticed. Plug "
-        "it in before the program starts, or run the program outside.",
+        "udev is not running (in a container, say), so a pedal that is plugged in later is not noticed. Plug "
+        "it in before you start the program, or run the program outside the container.",
         {}};
 }
 
 Finding permission(const SystemPlaces& places, const fs::path& pedal) {
     const auto node = nodeOf(places, pedal);
     if (::faccessat(AT_FDCWD, node.c_str(), R_OK | W_OK, AT_EACCESS) == 0) {
-        return {PedalTrouble::ruleMissing, false, "You may use the pedal.", {}};
+        return {PedalTrouble::ruleMissing, false, "You have permission to use the pedal.", {}};
     }
     std::error_code ignored;
     if (!fs::exists(node, ignored)) {
         return {PedalTrouble::fileMissing,
                 true,
-                "A pedal is on the USB bus, but " + node.string() +
-                    " is not there, as in a container that has not been given /dev/bus/usb.",
+                "A pedal is connected, but " + node.string() +
+                    " is missing. A container needs access to /dev/bus/usb.",
                 {}};
     }
     if (hasAccessRule(places.ruleFolders)) {
-        return {
-            PedalTrouble::ruleNotInForce, true,
-            "You may not use the pedal: its udev rule is installed, but was not when the pedal was plugged "
-            "in, or you are not logged in at this computer.",
-            pluggedAnew};
+        return {PedalTrouble::ruleNotInForce, true,
+                "You have no permission to use the pedal: its udev rule was installed after the pedal was "
+                "plugged "
+                "in, or you are not logged in at this computer.",
+                pluggedAnew};
     }
-    return {PedalTrouble::ruleMissing, true, "You may not use the pedal: its udev rule is missing.",
-            installedAnew(places)};
+    return {PedalTrouble::ruleMissing, true,
+            "You have no permission to use the pedal: its udev rule is missing.", installedAnew(places)};
 }
 
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     const std::string driver = driverOf(pedal);
     if (driver.empty()) {
-        return {PedalTrouble::heldByAnother, false, "Nobody else has the pedal.", {}};
+        return {PedalTrouble::heldByAnother, false, "No other program is using the pedal.", {}};
     }
     if (driver == "usbfs") {
         return {PedalTrouble::heldByAnother, true,
-                "Another program has the pedal: close it. The command shows which.",
+                "Another program is using the pedal. Close it; the command shows which one it is.",
                 "sudo fuser -v " + nodeOf(places, pedal).string()};
     }
-    return {PedalTrouble::heldByDriver, true, "The kernel's driver " + driver + " has the pedal.",
+    return {PedalTrouble::heldByDriver, true, "The kernel driver " + driver + " is using the pedal.",
             "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
                 (places.usbDrivers / driver / "unbind").string()};
 }
@@ -134,15 +134,17 @@ Finding road(const SystemPlaces& places) {
         return fs::exists(folder / "kzq7306-usbtmc", ignored);
     });
     if (hasHelper && hasHelperRule(places.ruleFolders)) {
-        return {PedalTrouble::roadNotInForce, true,
-                "Loops cannot be imported: the rules for it are installed, but were not when the pedal was "
-                "plugged in, or the kernel has no driver usbtmc.",
-                pluggedAnew};
+        return {
+            PedalTrouble::roadNotInForce, true,
+            "Loops cannot be imported: the udev rules for import were installed after the pedal was plugged "
+            "in, or the kernel has no usbtmc driver.",
+            pluggedAnew};
     }
-    return {PedalTrouble::roadNotInstalled, true,
-            "Loops cannot be imported: the kernel lets the request for them out by way of its driver usbtmc "
-            "only, and the rules for that are missing.",
-            installedAnew(places)};
+    return {
+        PedalTrouble::roadNotInstalled, true,
+        "Loops cannot be imported: the kernel passes the request for them only through its usbtmc driver, "
+        "and the udev rules for that are missing.",
+        installedAnew(places)};
 }
 
 }  // namespace
@@ -151,15 +153,15 @@ std::vector<Finding> diagnose(const SystemPlaces& places) {
     std::vector<Finding> findings;
     const auto pedal = findPedal(places);
     if (!pedal) {
-        findings.push_back(
-            {PedalTrouble::nothingOnBus, true,
-             "No pedal is on the USB bus. Look at the cable and the pedal's power; the command shows "
-             "it once it is there.",
-             "lsusb -d 308a:0104"});
+        findings.push_back({PedalTrouble::nothingOnBus, true,
+                            "No pedal is connected. Check the cable and the pedal's power; the command lists "
+                            "the pedal once it "
+                            "is connected.",
+                            "lsusb -d 308a:0104"});
         findings.push_back(udev(places));
         return findings;
     }
-    findings.push_back({PedalTrouble::nothingOnBus, false, "A pedal is on the USB bus.", {}});
+    findings.push_back({PedalTrouble::nothingOnBus, false, "A pedal is connected.", {}});
     findings.push_back(permission(places, *pedal));
     findings.push_back(holder(places, *pedal));
     findings.push_back(udev(places));

@@ -20,14 +20,13 @@ constexpr unsigned typeMask = 0x60;
 
 void logReason(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle) {
     std::array<char, 128> refused{};
-    std::snprintf(
-        refused.data(), refused.size(),
-        "the host refused request 0x%02X: it takes it for one to interface %u, which cannot be had; ",
-        static_cast<unsigned>(requestType), index & 0xFFU);
+    std::snprintf(refused.data(), refused.size(),
+                  "the host refused request 0x%02X, which it takes for a request to interface %u; ",
+                  static_cast<unsigned>(requestType), index & 0xFFU);
     log(LogCategory::usb,
-        refused.data() + std::string("and ") + std::string(obstacle) +
+        refused.data() + std::string(obstacle) +
             ". To import loops, install 70-kzq7306.rules in /etc/udev/rules.d and kzq7306-usbtmc "
-            "in /usr/lib/udev, run \"sudo udevadm control --reload\" and plug the pedal in again");
+            "in /usr/lib/udev, run \"sudo udevadm control --reload\" and reconnect the pedal");
 }
 
 }  // namespace

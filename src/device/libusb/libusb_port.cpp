@@ -24,9 +24,10 @@ namespace {
 void logWithoutEvents() {
     std::error_code ignored;
     if (libusb_has_capability(LIBUSB_CAP_HAS_HOTPLUG) == 0) {
-        log(LogCategory::usb, "this libusb has no hot-plug: pedals that come or go will not be noticed");
+        log(LogCategory::usb,
+            "this libusb has no hot-plug support: pedals plugged in or out will not be noticed");
     } else if (!std::filesystem::exists("/run/udev/control", ignored)) {
-        log(LogCategory::usb, "no udev is running: pedals that come or go later may not be noticed");
+        log(LogCategory::usb, "udev is not running: pedals plugged in or out later may not be noticed");
     }
 }
 

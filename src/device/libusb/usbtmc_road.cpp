@@ -115,7 +115,7 @@ int forward(const Descriptor& node, const usbtmc_request& setup, std::span<std::
     usbtmc_ctrlrequest order{setup, reply.data()};
     const int came = ::ioctl(node.get(), USBTMC_IOCTL_CTRL_REQUEST, &order);
     if (came < 0) {
-        return logged("a request by way of usbtmc", resultOf(errno));
+        return logged("a request through usbtmc", resultOf(errno));
     }
     // The driver copies its whole buffer, even stale bytes after a short reply.
     std::ranges::fill(reply.subspan(std::min(reply.size(), static_cast<std::size_t>(came))), std::uint8_t{0});
@@ -132,7 +132,7 @@ UsbtmcRoad::Outcome UsbtmcRoad::control(libusb_device_handle* handle, int interf
     }
     std::error_code ignored;
     if (!fs::exists(driverFolder, ignored)) {
-        return {.obstacle = "the kernel's driver usbtmc is not loaded"};
+        return {.obstacle = "the kernel's usbtmc driver is not loaded"};
     }
     const Lent lent(handle, interface);
     if (lent.result() == LIBUSB_ERROR_NO_DEVICE) {
@@ -140,7 +140,7 @@ UsbtmcRoad::Outcome UsbtmcRoad::control(libusb_device_handle* handle, int interf
     }
     const auto node = lent.result() == LIBUSB_SUCCESS ? nodeOf(libusb_get_device(handle)) : std::nullopt;
     if (!node) {
-        return {.obstacle = "the kernel's driver usbtmc does not know the pedal"};
+        return {.obstacle = "the kernel's usbtmc driver does not know the pedal"};
     }
     const Descriptor file = openNode(*node);
     if (!file) {

@@ -116,11 +116,11 @@ class Reader {
             return "is neither an event nor a comment";
         }
         if (time > longest.count()) {
-            return "is later than any recording lasts";
+            return "has an impossibly late time";
         }
         event.time = std::chrono::microseconds(time);
         if (event.time < last_) {
-            return "is older than the line before it";
+            return "is earlier than the line before it";
         }
         last_ = event.time;
         const bool ofCall = parse(words[1], event.number);
@@ -138,10 +138,10 @@ class Reader {
     const char* takeCall(RecordedEvent& event, const std::string& line, const Words& words) {
         const Words call(words.begin() + 2, words.end());
         if (!isCall(call)) {
-            return "is no call";
+            return "is not a valid call";
         }
         if (event.number != ++calls_) {
-            return "has not the next call's number";
+            return "does not have the next call number";
         }
         event.words = line.substr(static_cast<std::size_t>(call.front().data() - line.data()));
         open_[event.number] = event.words;
@@ -154,13 +154,13 @@ class Reader {
     const char* takeResult(RecordedEvent& event, const Words& words) {
         const auto call = open_.find(event.number);
         if (call == open_.end()) {
-            return "ends a call that is not under way";
+            return "ends a call that was not running";
         }
         event.kind = Kind::result;
         const bool good = words.size() > 3 && parse(words[3], event.result) &&
                           takeData(event, wordsOf(call->second), Words(words.begin() + 4, words.end()));
         open_.erase(call);
-        return good ? nullptr : "is no result of its call";
+        return good ? nullptr : "is not a valid result for its call";
     }
 
     /// What follows the result.
@@ -193,7 +193,7 @@ class Reader {
         // Nobody would ever receive it, and a replay would wait for that.
         const bool heard = registrations_.contains(event.number) &&
                            (event.kind != Kind::there || open_.contains(event.number));
-        return heard ? nullptr : "is news for no registration";
+        return heard ? nullptr : "belongs to no registration";
     }
 
     Recording recording_;

@@ -18,10 +18,10 @@ std::shared_ptr<RecordingFile> RecordingFile::create(const std::filesystem::path
                                                      std::string& problem) {
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file) {
-        problem =
-            errno == EEXIST
-                ? "\"" + path.string() + "\" is there already; a recording replaces no file."
-                : "\"" + path.string() + "\" cannot be made: " + std::generic_category().message(errno) + ".";
+        problem = errno == EEXIST
+                      ? "\"" + path.string() + "\" already exists; a recording never overwrites a file."
+                      : "\"" + path.string() +
+                            "\" cannot be created: " + std::generic_category().message(errno) + ".";
         return nullptr;
     }
     auto made = std::make_shared<RecordingFile>(std::move(file), std::move(trouble));
@@ -47,7 +47,7 @@ void RecordingFile::write(std::string_view line) {
         file_.close();
     }
     if (trouble_) {
-        trouble_("The recording ends here, it cannot be written: " + std::generic_category().message(error) +
+        trouble_("The recording cannot be written and ends here: " + std::generic_category().message(error) +
                  ".");
     }
 }

@@ -115,7 +115,7 @@ std::optional<unsigned> ReplayPort::Player::begin(const std::string& words, Hotp
         differed = true;
         changed.notify_all();
         lock.unlock();
-        differs(event == nullptr ? "the recording is at its end, asked: \"" + words + "\""
+        differs(event == nullptr ? "the recording has ended; asked: \"" + words + "\""
                                  : "line " + std::to_string(event->line) + ": recorded \"" + event->words +
                                        "\", asked: \"" + words + "\"");
         return std::nullopt;

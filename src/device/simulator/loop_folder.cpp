@@ -45,7 +45,7 @@ std::optional<StoredLoop> readLoop(const fs::path& file, std::string& error) {
     std::error_code code;
     const std::uintmax_t size = fs::is_regular_file(file, code) ? fs::file_size(file, code) : 0;
     if (code || size == 0 || size > largestFile) {
-        error = file.string() + " is not a file that a loop could be in.";
+        error = file.string() + " cannot hold a loop.";
         return std::nullopt;
     }
     std::ifstream stream(file, std::ios::binary);
@@ -122,7 +122,7 @@ bool LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std::uint64
     const auto slot = slotFromName(file.filename().string());
     if (!slot) {
         if (file.extension() == ".wav") {
-            log(LogCategory::simulator, "no slot of that name: " + file.string());
+            log(LogCategory::simulator, "no slot has that name: " + file.string());
         }
         return true;
     }

@@ -13,10 +13,10 @@ constexpr const char* builtInLoops = "//";
 
 SimulateOption::SimulateOption(CLI::App& app) : app_(app) {
     app.add_flag(std::string("--simulate{") + builtInLoops + "}", folder_,
-                 "Use the built-in pedal, with the WAV files of FOLDER as its loops")
+                 "Use the built-in pedal, with the WAV files in FOLDER as its loops")
         ->option_text("[=FOLDER]");
     app.add_option("--fault", faults_,
-                   "What goes wrong in the built-in pedal: KIND@WHERE[:COUNT][+], such as unplug@in:100 "
+                   "Simulate a fault in the built-in pedal: KIND@WHERE[:COUNT][+], such as unplug@in:100 "
                    "(repeatable)")
         ->option_text("PLAN")
         ->allow_extra_args(false);

@@ -72,7 +72,7 @@ void SoftwareUpdate::accept() {
         cancelOperation();
     } else if (environment_.busy && environment_.busy()) {
         auto view = softwareUpdateView(updater.status(), environment_.version);
-        view.detail = QStringLiteral("The pedal is at work. Try again when it is done.");
+        view.detail = QStringLiteral("The pedal is busy. Try again later.");
         arrange(view);
     } else {
         updater.relaunch();

@@ -95,7 +95,7 @@ SoftwareUpdateView softwareUpdateView(const UpdateStatus& status, const std::str
     switch (status.state) {
         case UpdateState::checking: {
             SoftwareUpdateView view;
-            view.headline = u"Looking for a newer version\u2026"_s;
+            view.headline = u"Checking for updates\u2026"_s;
             view.cancel = u"Cancel"_s;
             return view;
         }
@@ -110,8 +110,8 @@ SoftwareUpdateView softwareUpdateView(const UpdateStatus& status, const std::str
         case UpdateState::ready:
             return ready(status);
         case UpdateState::handedOver:
-            return notice(u"The package installer has the update."_s,
-                          u"Follow its questions, then quit this program and start it again."_s);
+            return notice(u"The package installer has taken over."_s,
+                          u"Follow its steps, then quit this program and start it again."_s);
         case UpdateState::failed:
             return notice(u"The program could not be updated."_s, sentence(status.reason));
         case UpdateState::idle:

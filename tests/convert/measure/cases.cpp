@@ -123,7 +123,7 @@ class CaseMaker {
         addRefused("FLAC, one bit wrong", shop_.write("bit.flac", flipped));
         addRefused("text named .wav", shop_.make("text.wav", "echo a text > text.wav"));
         addRefused(
-            "play list named .wav",
+            "playlist named .wav",
             shop_.make("list.wav", R"(printf '#EXTM3U\n#EXTINF:9,\nfile:///etc/passwd\n' > list.wav)"));
         addRefused("Opus in MPEG-4", shop_.encode("opus.mp4", "-i master.wav -ar 48000 -c:a libopus"));
         addRefused("Ogg Vorbis", shop_.encode("vorbis.ogg", "-i master.wav -c:a libvorbis"));

@@ -139,7 +139,7 @@ void UmockPedal::arrive() {
     if (!umockdev_testbed_attach_ioctl(bus().testbed, ("/dev/" + name_).c_str(), node_->handler(), nullptr) ||
         !umockdev_testbed_add_from_string(bus().testbed, description(busNumber, address, name_).c_str(),
                                           nullptr)) {
-        throw std::runtime_error("umockdev did not take the device");
+        throw std::runtime_error("umockdev did not accept the device");
     }
 }
 

@@ -82,7 +82,7 @@ void UsbfsNode::makeFile(const std::filesystem::path& path) {
     file_ = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
     if (file_ < 0 || fcntl(file_, F_SETPIPE_SZ, static_cast<int>(pipeCapacity)) != int{pipeCapacity} ||
         write(file_, filling.data(), filling.size()) != ssize_t{pipeCapacity}) {
-        throw std::runtime_error("the device file's pipe is not as it should be");
+        throw std::runtime_error("the device file's pipe is not usable");
     }
 }
 

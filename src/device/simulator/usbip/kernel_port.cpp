@@ -40,7 +40,7 @@ std::string plugIntoKernel(const std::filesystem::path& host, int socket, const 
     const std::string text{std::istreambuf_iterator<char>(status), {}};
     const auto port = freePort(text);
     if (!port) {
-        return "every port of the virtual USB host is taken.";
+        return "every port of the virtual USB host is in use.";
     }
     constexpr unsigned busShift = 16;
     std::ostringstream order;
@@ -48,7 +48,7 @@ std::string plugIntoKernel(const std::filesystem::path& host, int socket, const 
     const Descriptor file(::open((host / "attach").c_str(), O_WRONLY | O_CLOEXEC));
     const std::string words = order.str();
     if (!file || ::write(file.get(), words.data(), words.size()) != static_cast<ssize_t>(words.size())) {
-        return std::string("the virtual USB host does not take the pedal: ") +
+        return std::string("the virtual USB host rejects the pedal: ") +
                std::generic_category().message(errno) + ".";
     }
     return {};

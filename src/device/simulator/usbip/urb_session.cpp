@@ -66,14 +66,14 @@ bool UrbSession::step() {
         case UrbCommand::unlink:
             return unlink(request);
         default:
-            log(LogCategory::simulator, "USB/IP: a message that is none");
+            log(LogCategory::simulator, "USB/IP: an invalid message");
             return false;
     }
 }
 
 bool UrbSession::submit(const UrbRequest& request) {
     if (request.length > longestTransfer || waiting_.size() >= mostWaiting) {
-        log(LogCategory::simulator, "USB/IP: a transfer that is too long, or one too many");
+        log(LogCategory::simulator, "USB/IP: a transfer that is too long, or too many transfers");
         return false;
     }
     Bytes data(request.length);
