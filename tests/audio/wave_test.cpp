@@ -1,3 +1,5 @@
+#include "audio/wave.h"
+
 #include <gmock/gmock.h>
 #include <sys/mman.h>
 
@@ -7,7 +9,6 @@
 #include <numeric>
 #include <string>
 
-#include "audio/wave.h"
 #include "platform/little_endian.h"
 #include "refused_allocation.h"
 
