@@ -8,14 +8,13 @@ namespace kzq::ctl {
 
 namespace {
 
-/// The status, if every request for it was answered in full: a failed one reads as a table of empty slots.
+/// The status, if every reply to it came whole.
 std::optional<Status> wholeStatus(KZQ7306& looper) {
     constexpr int tries = 3;
     const std::lock_guard guard(looper.lock());
     for (int i = 0; i < tries; ++i) {
-        const auto before = looper.shortReplies();
         auto status = looper.status(true);
-        if (!status || looper.shortReplies() == before) {
+        if (!status || status->loops.complete) {
             return status;
         }
     }
@@ -33,8 +32,7 @@ StatusReading readStatus(KZQ7306& looper) {
     StatusReading reading;
     reading.status = wholeStatus(looper);
     reading.answers = pedalAnswers(looper);
-    const bool unread = reading.status && reading.status->version.find('\0') != std::string::npos;
-    if (!reading.answers || unread) {
+    if (!reading.answers) {
         reading.status.reset();
     }
     return reading;

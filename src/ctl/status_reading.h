@@ -12,8 +12,7 @@ struct StatusReading {
     bool answers = false;  ///< the pedal still answered at the end
 };
 
-/// Reads the full status. A reply of zeros, which is how a failed request reads, gives no status. Waits for
-/// the pedal.
+/// Reads the full status; one that does not come whole in three tries gives none. Waits for the pedal.
 StatusReading readStatus(KZQ7306& looper);
 
 /// Whether the pedal answers. A failed request reads as zeros, which no living pedal says to the stage query.

@@ -45,6 +45,24 @@ inline constexpr std::uint8_t refusal = 'N';
 inline constexpr std::size_t stageOffset = 5;
 inline constexpr std::size_t sequenceOffset = 6;
 
+/// The bytes that are used of a command's reply: one that brings fewer is not whole. Not wLength, as not
+/// every pedal need fill it.
+constexpr std::size_t neededLength(std::uint8_t code) {
+    switch (code) {
+        case command::stage:
+            return stageOffset + 1;
+        case command::busy:
+            return sequenceOffset + 1;
+        case command::capacityAndVersion:
+            return replyLength;
+        case command::firstLoops:
+        case command::lastLoops:
+            return loopTableLength;
+        default:
+            return answerOffset + 1;
+    }
+}
+
 /// Stage characters.
 inline constexpr char stageNone = 0;
 inline constexpr char stageNormal = 'p';

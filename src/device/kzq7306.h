@@ -61,7 +61,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// One poll in the background; a repeating one schedules the next. Any thread.
     static void timer();
     static void timer(bool repeating);
-    /// One poll that reports whatever it finds, changed or not. Any thread.
+    /// One poll that reports whatever it finds, changed or not, if it came whole. Any thread.
     void refresh();  // NOLINT(readability-convert-member-functions-to-static): asked of a pedal
 
     // --- acquisition
@@ -92,6 +92,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     // --- status
 
+    /// A reply that fails or comes short reads as zeros, which in a table are empty slots; `loops.complete`
+    /// then says so, and a full status makes the link forget the one that it reported last.
     std::optional<Status> status(bool full);
     std::uint32_t remaining();
     std::optional<Loops> loops();
@@ -123,9 +125,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool isAtLeastCatalina() const { return macos_ > 14; }
     /// Why the latest failure happened. Inside a partial-completion callback: why that loop failed.
     Failure lastFailure() const { return lastFailure_; }
-    /// How many requests got a short reply or none. Missing bytes are zeros, which in a loop table look like
-    /// empty slots: before acting on what the pedal holds, compare this from before and after the reading.
-    std::uint32_t shortReplies() const { return shortReplies_; }
     /// Why the pedal that arrived last could not be used; none if it could, or has left.
     Failure acquisitionFailure() const { return acquisitionFailure_; }
 
@@ -182,6 +181,15 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
   private:
     KZQ7306(DeviceEnvironment environment, std::shared_ptr<DeviceLock> lock, std::uint64_t macos);
 
+    /// What `control` answers, and whether the reply came whole.
+    struct Answer {
+        std::optional<Reply> reply;
+        bool whole = false;
+    };
+    Answer ask(std::uint8_t code, std::uint8_t request, std::uint16_t value, std::uint16_t index,
+               std::uint16_t length);
+    Answer ask(std::uint8_t code, std::uint16_t length);
+
     static void poll(Executor& executor, Executor::TimePoint start, bool repeating);
     std::optional<Status> news(bool onlyChanges);
 
@@ -192,7 +200,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// Keeps the reason; returns false, for `return fail(...)`.
     bool fail(Failure failure);
     bool refused(const std::optional<Reply>& reply);
-    bool readLoops(Loops& loops);
+    std::optional<Status> readStatus(bool full, bool& whole);
+    bool readLoops(Loops& loops, bool& whole);
     std::optional<std::vector<std::uint8_t>> readAudio(const Loop& loop, std::uint8_t slot,
                                                        const TransferProgress& progress);
     std::uint32_t sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
@@ -231,7 +240,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<std::int32_t> operation_ = idle;
     std::atomic<bool> starting_ = false;  ///< an operation was accepted and has not begun
     std::atomic<Failure> lastFailure_ = Failure::none;
-    std::atomic<std::uint32_t> shortReplies_ = 0;
     std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
     /// Guards the members below; held only briefly, never during USB traffic or a callback.
@@ -239,7 +247,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::weak_ptr<KZQ7306Delegate> delegate_;
     char stage_ = 0;                      ///< 0 no pedal, 'p' normal firmware, 'b' only its loader
     std::optional<std::string> version_;  ///< as last read
-    std::optional<Status> lastStatus_;    ///< the last full status that a poll reported
+    std::optional<Status> lastStatus_;    ///< the last that a poll reported, unless one since was not whole
     std::optional<Flash> flash_;
     std::shared_ptr<UsbHandle> core_;
 };

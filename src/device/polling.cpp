@@ -48,12 +48,12 @@ void KZQ7306::poll(Executor& executor, Executor::TimePoint start, bool repeating
     });
 }
 
-/// The full status, kept as the one last reported; nothing if there is none, or if it equals the last one and
-/// only changes count.
+/// The full status, kept as the one last reported; nothing if there is none, if it did not come whole, or if
+/// it equals the last one and only changes count.
 std::optional<Status> KZQ7306::news(bool onlyChanges) {
     const std::lock_guard guard(*lock_);
     auto now = status(true);
-    if (!now) {
+    if (!now || !now->loops.complete) {
         return std::nullopt;
     }
     const std::lock_guard mirror(mirror_);

@@ -1,23 +1,31 @@
 #include <limits>
+#include <utility>
 
 #include "device/commands.h"
 #include "device/kzq7306.h"
 
 namespace kzq {
 
-std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
-                                               std::uint16_t index, std::uint16_t length) {
+KZQ7306::Answer KZQ7306::ask(std::uint8_t code, std::uint8_t request, std::uint16_t value,
+                             std::uint16_t index, std::uint16_t length) {
     const std::lock_guard guard(*lock_);
     const auto handle = core();
     if (!handle) {
         fail(Failure::noPedal);
-        return std::nullopt;
+        return {};
     }
     Reply reply(length);
-    if (handle->control(code, request, value, index, reply) != static_cast<int>(length)) {
-        ++shortReplies_;
-    }
-    return reply;
+    const int came = handle->control(code, request, value, index, reply);
+    return {std::move(reply), came >= static_cast<int>(neededLength(code))};
+}
+
+KZQ7306::Answer KZQ7306::ask(std::uint8_t code, std::uint16_t length) {
+    return ask(code, pedalRequest, 1, 0, length);
+}
+
+std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
+                                               std::uint16_t index, std::uint16_t length) {
+    return ask(code, request, value, index, length).reply;
 }
 
 std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,

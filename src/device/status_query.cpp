@@ -24,13 +24,30 @@ std::optional<std::string> asciiText(std::span<const std::uint8_t> bytes) {
 
 std::optional<Status> KZQ7306::status(bool full) {
     const std::lock_guard guard(*lock_);
-    if (!control(command::stage)) {
+    bool whole = true;
+    auto status = readStatus(full, whole);
+    if (status) {
+        status->loops.complete = whole;
+    }
+    if (full && !whole) {
+        // Whoever read this may have shown it, or shows nothing: the next whole one is news, even the same.
+        const std::lock_guard mirror(mirror_);
+        lastStatus_.reset();
+    }
+    return status;
+}
+
+/// `whole` stays true while the replies come whole; a pedal that is not there is no reply.
+std::optional<Status> KZQ7306::readStatus(bool full, bool& whole) {
+    const auto stage = ask(command::stage, replyLength);
+    if (!stage.reply) {
         return std::nullopt;
     }
-    const auto reply = control(command::capacityAndVersion, pedalRequest, 1, 0, replyLength);
+    const auto [reply, replied] = ask(command::capacityAndVersion, replyLength);
     if (!reply) {
         return std::nullopt;
     }
+    whole = stage.whole && replied;
     const auto version = asciiText(std::span(*reply).subspan(versionOffset));
     if (!version) {
         log(LogCategory::device, "status: the pedal's version is not ASCII");
@@ -42,20 +59,21 @@ std::optional<Status> KZQ7306::status(bool full) {
         const std::lock_guard mirror(mirror_);
         version_ = version;
     }
-    if (full && !readLoops(status.loops)) {
+    if (full && !readLoops(status.loops, whole)) {
         return std::nullopt;
     }
     return status;
 }
 
-bool KZQ7306::readLoops(Loops& loops) {
+bool KZQ7306::readLoops(Loops& loops, bool& whole) {
     constexpr std::uint8_t lastLoopsAddress = 10;
     for (const auto& [code, first] :
          {std::pair{command::firstLoops, std::uint8_t{0}}, std::pair{command::lastLoops, lastLoopsAddress}}) {
-        const auto table = control(code, pedalRequest, 1, 0, loopTableLength);
+        const auto [table, replied] = ask(code, loopTableLength);
         if (!table) {
             return false;
         }
+        whole = whole && replied;
         auto address = first;
         for (std::size_t offset = 0; offset < table->size(); offset += loopRecordLength, ++address) {
             const auto record = std::span(*table).subspan(offset, loopRecordLength);

@@ -176,6 +176,41 @@ TEST_F(Polling, QueriesReadPartsOfTheStatus) {
     EXPECT_EQ(looper().loops()->size(), 1U);
 }
 
+TEST_F(Polling, AStatusIsCompleteWhenItsFourRepliesBroughtWhatIsUsedOfThem) {
+    const std::vector<std::pair<std::uint8_t, std::size_t>> needs = {{command::stage, 6},
+                                                                     {command::capacityAndVersion, 8},
+                                                                     {command::firstLoops, 60},
+                                                                     {command::lastLoops, 60}};
+    for (const auto& [code, length] : needs) {
+        const auto full = usb.replies[code];
+        usb.replies[code].resize(length);
+        EXPECT_TRUE(looper().loops()->complete);
+        usb.replies[code].resize(length - 1);
+        EXPECT_FALSE(looper().loops()->complete);
+        usb.replies[code] = full;
+    }
+}
+
+TEST_F(Polling, AnIncompleteStatusIsNoNewsAndTheNextWholeOneIs) {
+    executor.advance(5s);
+    const auto table = usb.replies[command::firstLoops];
+    usb.replies.erase(command::firstLoops);
+    executor.advance(5s);
+    looper().refresh();
+    executor.settle();
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000"));
+    usb.replies[command::firstLoops] = table;
+    executor.advance(5s);
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000"));
+
+    // The same when the table is lost to a query, as to the one at an arrival.
+    usb.replies.erase(command::firstLoops);
+    EXPECT_FALSE(looper().loops()->complete);
+    usb.replies[command::firstLoops] = table;
+    executor.advance(10s);
+    EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000", "changed 2@20000"));
+}
+
 TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
     usb.replies[command::importLoop] = FakeUsb::reply('Y');
     usb.bulk = [this](std::size_t, std::size_t&) {
