@@ -1,0 +1,56 @@
+# Everything from outside is asked for here, and all that is missing is named at once with its Debian packages.
+set(KZQ_MISSING "")
+set(KZQ_MISSING_PACKAGES "")
+
+# kzq_missing(WHAT PACKAGES): notes a library that was not found
+macro(kzq_missing what packages)
+    list(APPEND KZQ_MISSING ${what})
+    string(APPEND KZQ_MISSING_PACKAGES " ${packages}")
+endmacro()
+
+# kzq_needs(PACKAGES find_package arguments...)
+macro(kzq_needs packages name)
+    find_package(${name} QUIET ${ARGN})
+    if(NOT ${name}_FOUND)
+        kzq_missing(${name} "${packages}")
+    endif()
+endmacro()
+
+# kzq_needs_module(PACKAGES PREFIX MODULE): a library that pkg-config knows, as PkgConfig::PREFIX
+macro(kzq_needs_module packages prefix module)
+    if(PKG_CONFIG_FOUND)
+        pkg_check_modules(${prefix} QUIET IMPORTED_TARGET ${module})
+    endif()
+    if(NOT ${prefix}_FOUND)
+        kzq_missing(${module} "${packages}")
+    endif()
+endmacro()
+
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 12)
+    message(FATAL_ERROR "GCC ${CMAKE_CXX_COMPILER_VERSION} is too old. Install GCC 12 or newer and name it with "
+        "CXX=g++-12.")
+endif()
+
+kzq_needs("g++" Threads)
+kzq_needs("pkg-config" PkgConfig)
+set(KZQ_QT Core DBus Gui Network Svg Widgets)
+if(KZQ_TESTS)
+    list(APPEND KZQ_QT Test)
+endif()
+kzq_needs("qt6-base-dev qt6-svg-dev" Qt6 COMPONENTS ${KZQ_QT})
+kzq_needs("libcli11-dev" CLI11)
+kzq_needs("nlohmann-json3-dev" nlohmann_json)
+kzq_needs_module("libusb-1.0-0-dev" LIBUSB libusb-1.0)
+kzq_needs_module("libsodium-dev" SODIUM libsodium)
+if(KZQ_TESTS)
+    kzq_needs("libgtest-dev libgmock-dev" GTest)
+    kzq_needs_module("libumockdev-dev umockdev" UMOCKDEV umockdev-1.0)
+endif()
+if(KZQ_BENCH)
+    kzq_needs("libbenchmark-dev" benchmark)
+endif()
+
+if(KZQ_MISSING)
+    list(JOIN KZQ_MISSING ", " KZQ_MISSING)
+    message(FATAL_ERROR "Missing: ${KZQ_MISSING}. On Debian, install with: apt-get install${KZQ_MISSING_PACKAGES}")
+endif()
