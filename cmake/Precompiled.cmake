@@ -10,6 +10,7 @@ set(KZQ_CORE_HEADERS <QByteArray> <QCoreApplication> <QObject> <QPointer> <QStri
 set(KZQ_WIDGETS_HEADERS
     <QAbstractButton> <QAccessible> <QApplication> <QKeyEvent> <QLabel> <QMouseEvent> <QPainter> <QPixmap> <QWidget>
     <QWindow>)
+set(KZQ_JSON_HEADERS <nlohmann/json.hpp>)
 set(KZQ_TEST_HEADERS <gmock/gmock.h> <gtest/gtest.h>)
 
 # kzq_precompiled_set(SET LINKS libraries... HEADERS headers...)
@@ -41,6 +42,9 @@ function(kzq_precompile_now target)
     elseif(Qt6::Core IN_LIST links)
         set(set core)
     endif()
+    if(nlohmann_json::nlohmann_json IN_LIST links AND NOT Qt6::Core IN_LIST links)  # the tool; elsewhere hardly used
+        set(set ${set}_json)
+    endif()
     if(GTest::gmock_main IN_LIST links)
         set(set ${set}_test)
     endif()
@@ -51,6 +55,10 @@ function(kzq_precompile_now target)
         elseif(set MATCHES "^core")
             set(headers ${KZQ_CORE_HEADERS})
             set(set_links Qt6::Core)
+        endif()
+        if(set MATCHES "_json")
+            list(APPEND headers ${KZQ_JSON_HEADERS})
+            list(APPEND set_links nlohmann_json::nlohmann_json)
         endif()
         if(set MATCHES "_test$")
             list(APPEND headers ${KZQ_TEST_HEADERS})

@@ -1,4 +1,5 @@
 #include <fstream>
+#include <nlohmann/json.hpp>
 
 #include "audio/wave.h"
 #include "ctl/export_plan.h"

@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "audio/wave.h"
 #include "tool_fixture.h"
 

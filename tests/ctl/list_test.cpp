@@ -1,3 +1,5 @@
+#include <nlohmann/json.hpp>
+
 #include "tool_fixture.h"
 
 namespace kzq::test {

@@ -1,10 +1,13 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
 
 #include "device/simulator/simulation.h"
+
+namespace CLI {
+class App;
+}
 
 namespace kzq::simulator {
 
