@@ -55,7 +55,7 @@ kzq_not_installed() {
     if kzq_full "$log" /var/cache/apt /usr /tmp; then
         return
     elif grep -qE "Temporary failure|Could not (resolve|connect)|Unable to connect|Failed to fetch|unreachable" "$log"; then
-        kzq_say "Packages could not be downloaded ($(grep -m1 -oE "Temporary failure resolving '[^']*'|Could not (resolve|connect to)[^()]*|Unable to connect to [^ ]*|Failed to fetch [^ ]*" "$log"))." \
+        kzq_say "Packages could not be downloaded: there is no network, or the mirror is unreachable." \
             "Connect to the network, then start again."
     elif grep -qE "^sudo:|not in the sudoers" "$log"; then
         kzq_say "sudo was refused. As root, run this, then start again: apt-get install --no-install-recommends $*"
@@ -98,7 +98,7 @@ kzq_configure() {
     rm -f "$folder/build.ninja"
     cmake --fresh --preset "$1" >"$2" 2>&1 && return 0
     rm -f "$folder/build.ninja"
-    kzq_full "$2" . /tmp || sed -n '/^CMake Error/,$p' "$2" >&2
+    kzq_full "$2" build /tmp || sed -n '/^CMake Error/,$p' "$2" >&2
     return 1
 }
 
@@ -120,7 +120,7 @@ kzq_build() {
         rm -f "$log"
         return 0
     fi
-    kzq_full "$log" . /tmp || cat "$log" >&2
+    kzq_full "$log" build /tmp || cat "$log" >&2
     rm -f "$log"
     return 1
 }
