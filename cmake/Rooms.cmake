@@ -5,11 +5,8 @@ include(cmake/Precompiled.cmake)
 
 add_library(kzq_flags INTERFACE)
 target_compile_options(kzq_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+    -Wall -Wextra -Wpedantic $<$<BOOL:${KZQ_WERROR}>:-Werror> -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
     -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -fstack-protector-strong)
-if(KZQ_WERROR)
-    target_compile_options(kzq_flags INTERFACE -Werror)
-endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(kzq_flags INTERFACE -Wno-restrict)  # false alarms on std::string in optimised builds
 endif()
