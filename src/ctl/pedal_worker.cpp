@@ -53,7 +53,7 @@ void PedalWorker::end(const Explanation& reason) {
         end_ = reason;
         endedFlag_ = true;
     }
-    changed_.notify_all();
+    changed_.notify();
     patience_->stop();
     if (transferring()) {
         endByForce();
@@ -72,7 +72,7 @@ void PedalWorker::endByForce() {
         self->executor_.mainAfter(cancelGrace, [self] {
             const std::lock_guard guard(self->mutex_);
             self->abandoned_ = true;
-            self->changed_.notify_all();
+            self->changed_.notify();
         });
     });
 }
@@ -91,7 +91,7 @@ bool PedalWorker::perform(bool leavable, const std::function<void(Done)>& operat
     const auto done = [self = shared_from_this(), number] {
         const std::lock_guard guard(self->mutex_);
         self->finished_ = number;
-        self->changed_.notify_all();
+        self->changed_.notify();
     };
     executor_.background(Priority::high, [operation, done] { operation(done); });
     std::unique_lock lock(mutex_);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <atomic>
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -82,7 +81,7 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     std::atomic<bool> begun_ = false;
 
     mutable std::mutex mutex_;  ///< guards what follows
-    std::condition_variable changed_;
+    Condition changed_;
     std::optional<Explanation> end_;
     unsigned started_ = 0;    ///< operations
     unsigned finished_ = 0;   ///< the last operation that finished

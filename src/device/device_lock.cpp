@@ -23,7 +23,7 @@ bool DeviceLock::lockUnless(const std::function<bool()>& instead) {
 
 void DeviceLock::reconsider() {
     const std::lock_guard guard(mutex_);
-    changed_.notify_all();
+    changed_.notify();
 }
 
 void DeviceLock::unlock() {
@@ -35,7 +35,7 @@ void DeviceLock::unlock() {
         }
         owner_ = {};
         wake = std::exchange(wakeMain_, false);
-        changed_.notify_all();
+        changed_.notify();
     }
     if (wake) {
         executor_.main([this] { runTurns(); });

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -36,7 +35,7 @@ class DeviceLock {
 
     Executor& executor_;
     std::mutex mutex_;
-    std::condition_variable changed_;
+    Condition changed_;
     std::thread::id owner_;
     unsigned depth_ = 0;
     bool wakeMain_ = false;             ///< a turn waits: releasing the lock queues runTurns

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <functional>
 #include <mutex>
 #include <string>
+
+#include "platform/condition.h"
 
 namespace kzq {
 
@@ -44,7 +45,7 @@ class Executor {
     /// Blocks the calling thread until `ready()`, like std::condition_variable::wait: `lock` is held while
     /// `ready` is called and on return, and released in between. Notify `changed` after changing the
     /// answer.
-    virtual void wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+    virtual void wait(std::unique_lock<std::mutex>& lock, Condition& changed,
                       const std::function<bool()>& ready) = 0;
 };
 

@@ -40,7 +40,7 @@ void ThreadedExecutor::sleep(Duration duration) {
     std::this_thread::sleep_for(duration);
 }
 
-void ThreadedExecutor::wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+void ThreadedExecutor::wait(std::unique_lock<std::mutex>& lock, Condition& changed,
                             const std::function<bool()>& ready) {
     changed.wait(lock, ready);
 }

@@ -149,7 +149,7 @@ class FakeUsb : public UsbPort {
 
     Executor& executor_;
     std::mutex never_;
-    std::condition_variable changed_;
+    Condition changed_;
     std::vector<HotplugCallback> callbacks_;
 };
 

@@ -64,9 +64,31 @@ TEST(StandardExecutor, KeepsTasksForTheNextRunAfterStop) {
     EXPECT_EQ(ran, 1);
 }
 
+TEST(VirtualExecutor, WakesOnlyWhoIsNotified) {
+    test::VirtualExecutor executor;
+    std::mutex mutex;
+    Condition changed;
+    bool ready = false;
+    std::string events;
+    executor.background(Priority::high, [&] {
+        std::unique_lock lock(mutex);
+        executor.wait(lock, changed, [&] { return ready; });
+        events += "woken ";
+    });
+    executor.advance(1s);
+    changed.notify();  // not ready
+    executor.advance(1s);
+    ready = true;  // not notified
+    executor.advance(1s);
+    events += "notified ";
+    changed.notify();
+    executor.advance(1s);
+    EXPECT_EQ(events, "notified woken ");
+}
+
 TEST(VirtualExecutor, UnwindsWaitersThatNobodyWakesAndCountsTheMainThreads) {
     std::mutex mutex;
-    std::condition_variable changed;
+    Condition changed;
     bool unwound = false;
     struct Witness {
         bool& flag;

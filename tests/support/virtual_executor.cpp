@@ -28,7 +28,7 @@ struct VirtualExecutor::Worker {
     bool running = false;  ///< has the turn
     std::uint64_t order = 0;
     TimePoint due;                ///< sleeping until then
-    std::function<bool()> ready;  ///< waiting for this, when set
+    std::function<bool()> woken;  ///< waiting for this, when set
     std::condition_variable turn;
 };
 
@@ -99,7 +99,7 @@ bool VirtualExecutor::runTimeTo(TimePoint limit, bool withMainTasks) {
             next = state_->mainTasks.begin()->first.first;
         }
         for (const auto& worker : state_->workers) {
-            if (!worker->ended && !worker->ready) {
+            if (!worker->ended && !worker->woken) {
                 next = std::min(next, worker->due);
             }
         }
@@ -124,7 +124,7 @@ bool VirtualExecutor::runOne(bool withMainTasks) {
         }
         for (const auto& worker : state_->workers) {
             const bool runnable =
-                !worker->ended && (worker->ready ? worker->ready() : worker->due <= state_->now);
+                !worker->ended && (worker->woken ? worker->woken() : worker->due <= state_->now);
             if (runnable && worker->order < best) {
                 best = worker->order;
                 chosen = worker.get();
@@ -172,14 +172,14 @@ void VirtualExecutor::resume(Worker& worker) {
     state_->current = previous;
 }
 
-/// Called on a worker's thread, with its `due` or `ready` set: hands the turn back until it is resumed.
+/// Called on a worker's thread, with its `due` or `woken` set: hands the turn back until it is resumed.
 void VirtualExecutor::park(Worker& worker) {
     std::unique_lock lock(state_->mutex);
     worker.order = ++state_->order;
     worker.running = false;
     state_->yielded.notify_all();
     worker.turn.wait(lock, [&worker] { return worker.running; });
-    worker.ready = nullptr;
+    worker.woken = nullptr;
     if (state_->abandoned) {
         throw Abandoned{};
     }
@@ -248,27 +248,31 @@ void VirtualExecutor::sleep(Duration duration) {
     state_->now = std::max(state_->now, end);
 }
 
-void VirtualExecutor::wait(std::unique_lock<std::mutex>& lock, std::condition_variable& /*changed*/,
+void VirtualExecutor::wait(std::unique_lock<std::mutex>& lock, Condition& changed,
                            const std::function<bool()>& ready) {
-    if (ready()) {
-        return;
-    }
-    auto& mutex = *lock.mutex();
-    lock.unlock();
-    if (onMainThread()) {
+    if (!ready() && onMainThread()) {
         ++state_->mainWaits;
-        const auto readyNow = [&] { return (std::lock_guard(mutex), ready()); };
-        while (!readyNow()) {
-            if (!runTimeTo(TimePoint::max(), false)) {
-                throw std::logic_error("the main thread would wait for ever");
-            }
-        }
-    } else {
-        auto& worker = *state_->current;
-        worker.ready = [&mutex, &ready] { return (std::lock_guard(mutex), ready()); };
-        park(worker);
     }
-    lock.lock();
+    while (!ready()) {
+        const auto woken = [&changed, heard = changed.notified()] { return changed.notified() != heard; };
+        lock.unlock();
+        if (onMainThread()) {
+            runUntil(woken);
+        } else {
+            state_->current->woken = woken;
+            park(*state_->current);
+        }
+        lock.lock();
+    }
+}
+
+/// For a main thread that waits: background work goes on, main tasks do not.
+void VirtualExecutor::runUntil(const std::function<bool()>& woken) {
+    while (!woken()) {
+        if (!runTimeTo(TimePoint::max(), false)) {
+            throw std::logic_error("the main thread would wait for ever");
+        }
+    }
 }
 
 }  // namespace kzq::test

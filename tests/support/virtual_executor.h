@@ -10,8 +10,8 @@ namespace kzq::test {
 
 /// A clock that a test turns. The thread that constructs it is the main thread; every background job and
 /// service is a thread of its own, but only one of them all runs at a time, and a thread gives up its turn
-/// only where it sleeps, waits or ends. So the order of events is the same in every run, an hour passes at
-/// once, and a lock still sees who holds it.
+/// only where it sleeps, waits or ends. Who waits goes on only when notified, as with real threads. So the
+/// order of events is the same in every run, an hour passes at once, and a lock still sees who holds it.
 class VirtualExecutor : public Executor {
   public:
     VirtualExecutor();
@@ -41,7 +41,7 @@ class VirtualExecutor : public Executor {
     void service(std::string label, Task step) override;
     TimePoint now() const override;
     void sleep(Duration duration) override;
-    void wait(std::unique_lock<std::mutex>& lock, std::condition_variable& changed,
+    void wait(std::unique_lock<std::mutex>& lock, Condition& changed,
               const std::function<bool()>& ready) override;
 
   private:
@@ -50,6 +50,7 @@ class VirtualExecutor : public Executor {
 
     bool runOne(bool withMainTasks);
     bool runTimeTo(TimePoint limit, bool withMainTasks);
+    void runUntil(const std::function<bool()>& woken);
     void resume(Worker& worker);
     void park(Worker& worker);
     void start(Task task, bool forever);

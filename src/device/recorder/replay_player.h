@@ -1,6 +1,5 @@
 #pragma once
 
-#include <condition_variable>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -35,7 +34,7 @@ struct ReplayPort::Player {
     const Executor::TimePoint start;
 
     mutable std::mutex mutex;
-    std::condition_variable changed;
+    Condition changed;
     std::size_t next = 0;
     bool differed = false;
     std::map<unsigned, HotplugCallback> registrations;  ///< by the number of their call

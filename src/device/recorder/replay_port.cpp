@@ -113,7 +113,7 @@ std::optional<unsigned> ReplayPort::Player::begin(const std::string& words, Hotp
     }
     if (event == nullptr || event->words != words) {
         differed = true;
-        changed.notify_all();
+        changed.notify();
         lock.unlock();
         differs(event == nullptr ? "the recording has ended; asked: \"" + words + "\""
                                  : "line " + std::to_string(event->line) + ": recorded \"" + event->words +
@@ -124,7 +124,7 @@ std::optional<unsigned> ReplayPort::Player::begin(const std::string& words, Hotp
         registrations[event->number] = std::move(callback);
     }
     ++next;
-    changed.notify_all();
+    changed.notify();
     return event->number;
 }
 
@@ -141,7 +141,7 @@ std::optional<RecordedEvent> ReplayPort::Player::take(const std::function<bool(c
     }
     lock.lock();
     ++next;
-    changed.notify_all();
+    changed.notify();
     return event;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <condition_variable>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -42,7 +41,7 @@ struct SimulatedPort::Host {
     SimulatedPedal& pedal;
 
     std::mutex mutex;  ///< never held while the pedal is called
-    std::condition_variable changed;
+    Condition changed;
     std::shared_ptr<SimulatedDevice> device;  ///< null while the pedal is off the bus
     std::uint64_t interruptions = 0;          ///< resets and departures: each ends all waiting transfers
     std::deque<Change> changes;               ///< to be delivered by handleEvents

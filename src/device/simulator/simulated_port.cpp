@@ -32,7 +32,7 @@ void SimulatedPort::Host::hear(BusChange change) {
         device->gone = true;
         changes.push_back({std::exchange(device, nullptr), HotplugEvent::left, ++lastChange});
     }
-    changed.notify_all();
+    changed.notify();
 }
 
 SimulatedPort::SimulatedPort(Executor& executor, SimulatedPedal& pedal)
