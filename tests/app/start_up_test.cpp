@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "test_folder.h"
+
 namespace kzq::test {
 
 namespace {
@@ -14,11 +16,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-fs::path temporaryFolder() {
-    std::string pattern = fs::temp_directory_path() / "start_up_test_XXXXXX";
-    return ::mkdtemp(pattern.data());
-}
 
 /// A home folder, and a program in a bundle that still has its build name.
 class StartUp : public testing::Test {
@@ -30,7 +27,6 @@ class StartUp : public testing::Test {
     }
     ~StartUp() override {
         ::unsetenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): one thread
-        fs::remove_all(base);
     }
     StartUp(const StartUp&) = delete;
     StartUp& operator=(const StartUp&) = delete;
@@ -50,7 +46,7 @@ class StartUp : public testing::Test {
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    const fs::path base = temporaryFolder();
+    const TestFolder base;
     const fs::path home = base / "home";
     const fs::path built = base / "KZQ7306.app";
     const fs::path known = base / "7306 Loop Manager.app";

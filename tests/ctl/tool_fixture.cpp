@@ -15,17 +15,12 @@ namespace kzq::test {
 
 namespace {
 
-simulator::PedalMemory threeLoops(simulator::StoredLoop (*loop)(std::uint32_t, std::uint8_t)) {
+simulator::PedalMemory threeLoops() {
     simulator::PedalMemory memory;
-    memory[1] = loop(1000, 10);
-    memory[4] = loop(1, 20);
-    memory[19] = loop(1500, 30);
+    memory[1] = loopOf(1000, 10);
+    memory[4] = loopOf(1, 20);
+    memory[19] = loopOf(1500, 30);
     return memory;
-}
-
-std::filesystem::path temporaryFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "ctl_test_XXXXXX";
-    return ::mkdtemp(pattern.data());
 }
 
 Bytes bytesOf(const std::filesystem::path& path) {
@@ -47,15 +42,12 @@ ctl::ConvertedFile copy(const ctl::ConversionOrder& order) {
 
 }  // namespace
 
-ToolTest::ToolTest() : ToolTest(temporaryFolder()) {}
-
-ToolTest::ToolTest(const std::filesystem::path& base)
-    : pedal(executor, {.memory = threeLoops(&loopOf)}),
+ToolTest::ToolTest()
+    : pedal(executor, {.memory = threeLoops()}),
       port(executor, pedal),
-      folder(base / "folder"),
+      folder(base_ / "folder"),
       convert(copy),
-      working(base),
-      base_(base) {
+      working(base_) {
     std::filesystem::create_directory(folder);
 }
 
@@ -63,15 +55,6 @@ ToolTest::~ToolTest() {
     executor.endJobs();
     KZQ7306::unload();
     setLogSink({});
-    std::filesystem::remove_all(base_);
-}
-
-simulator::StoredLoop ToolTest::loopOf(std::uint32_t frames, std::uint8_t first) {
-    simulator::StoredLoop loop{Bytes(std::size_t{frames} * simulator::frameBytes), 100, first};
-    for (auto& byte : loop.audio) {
-        byte = first++;
-    }
-    return loop;
 }
 
 void ToolTest::plan(const std::string& fault) {
@@ -159,7 +142,7 @@ std::string ToolTest::writeWave(const std::string& name, const simulator::Stored
 
 long ToolTest::workingCopies() const {
     long count = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(base_)) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(base_.path())) {
         const bool own = entry.path().string().starts_with(folder.string());
         count += !own && entry.path().extension() == ".wav" ? 1 : 0;
     }

@@ -15,25 +15,16 @@
 
 #include "ctl/tool.h"
 #include "device/simulator/simulated_pedal.h"
+#include "fake_web.h"
+#include "loops.h"
 #include "paced_port.h"
 #include "platform/run_folder.h"
+#include "test_folder.h"
 #include "virtual_executor.h"
 
 namespace kzq::test {
 
 using ctl::ExitCode;
-
-/// The maker's server: bodies by the last part of their address; all else fails.
-struct FakeWeb : HttpClient {
-    HttpResult fetch(const HttpRequest& request) override {
-        const auto body = bodies.find(request.url.substr(request.url.rfind('/') + 1));
-        if (body == bodies.end()) {
-            return {HttpFailure::network, "no connection", {}};
-        }
-        return {HttpFailure::none, {}, {body->second.begin(), body->second.end()}};
-    }
-    std::map<std::string, std::string> bodies;
-};
 
 /// The tool in this process, with a simulated pedal, on virtual time. Slots 2, 5 and 20 hold loops.
 class ToolTest : public testing::Test {
@@ -44,10 +35,11 @@ class ToolTest : public testing::Test {
     ToolTest& operator=(ToolTest&&) = delete;
     ~ToolTest() override;
 
+  private:
+    TestFolder base_;
+
   protected:
     ToolTest();
-
-    static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
 
     void plan(const std::string& fault);
     /// Starts as `main` does; time stands still.
@@ -96,9 +88,6 @@ class ToolTest : public testing::Test {
     std::unique_ptr<ctl::Tool> tool;
 
   private:
-    explicit ToolTest(const std::filesystem::path& base);
-
-    std::filesystem::path base_;
     std::optional<ctl::Environment> environment_;
 };
 

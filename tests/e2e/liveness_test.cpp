@@ -18,6 +18,7 @@
 #include "device/simulator/simulated_pedal.h"
 #include "device/simulator/simulated_port.h"
 #include "platform/qt_executor.h"
+#include "test_folder.h"
 #include "ui/fonts.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
@@ -122,11 +123,6 @@ struct NoWeb : HttpClient {
     HttpResult fetch(const HttpRequest& /*request*/) override { return {HttpFailure::network, "none", {}}; }
 };
 
-fs::path temporaryFolder() {
-    std::string pattern = fs::temp_directory_path() / "liveness_XXXXXX";
-    return ::mkdtemp(pattern.data());
-}
-
 simulator::PedalMemory fullMemory() {
     simulator::PedalMemory memory;
     memory[0] = simulator::StoredLoop{Bytes(part * 4, 1)};
@@ -171,7 +167,7 @@ struct RunningApplication {
     }
     bool busy() const { return window.shield() != nullptr || delegate->progress()->isVisible(); }
 
-    fs::path base = temporaryFolder();
+    test::TestFolder base;
     int imports = 0;
     QtExecutor executor;
     simulator::SimulatedPedal pedal{executor, {.memory = fullMemory()}};

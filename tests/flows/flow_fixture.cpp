@@ -18,25 +18,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-simulator::PedalMemory threeLoops(simulator::StoredLoop (*loop)(std::uint32_t, std::uint8_t)) {
+simulator::PedalMemory threeLoops() {
     simulator::PedalMemory memory;
-    memory[0] = loop(1000, 10);
-    memory[2] = loop(2000, 20);
-    memory[19] = loop(1, 30);
+    memory[0] = loopOf(1000, 10);
+    memory[2] = loopOf(2000, 20);
+    memory[19] = loopOf(1, 30);
     return memory;
-}
-
-fs::path temporaryFolder() {
-    std::string pattern = fs::temp_directory_path() / "flow_test_XXXXXX";
-    return ::mkdtemp(pattern.data());
 }
 
 }  // namespace
 
 FlowTest::FlowTest()
-    : pedal(executor, {.memory = threeLoops(&loopOf)}),
+    : pedal(executor, {.memory = threeLoops()}),
       port(executor, pedal),
-      base(temporaryFolder()),
       folder(base / "imports") {
     for (const auto* const name : {"imports", "copies", "files", "home"}) {
         fs::create_directory(base / name);
@@ -55,20 +49,11 @@ FlowTest::~FlowTest() {
     window.reset();
     KZQ7306::unload();
     setLogSink({});
-    fs::remove_all(base);
 }
 
 void FlowTest::TearDown() {
     EXPECT_THAT(pedal.violations(), testing::IsEmpty());
     EXPECT_EQ(executor.mainThreadWaits() > 0, mainThreadWaits);
-}
-
-simulator::StoredLoop FlowTest::loopOf(std::uint32_t frames, std::uint8_t first) {
-    simulator::StoredLoop loop{Bytes(std::size_t{frames} * simulator::frameBytes), 100, first};
-    for (auto& byte : loop.audio) {
-        byte = first++;
-    }
-    return loop;
 }
 
 void FlowTest::launch(Executor::Duration wait) {

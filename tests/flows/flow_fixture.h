@@ -15,10 +15,13 @@
 
 #include "app/app_delegate.h"
 #include "app/main_window.h"
-#include "ctl/paced_port.h"
 #include "device/kzq7306.h"
 #include "device/simulator/simulated_pedal.h"
+#include "fake_web.h"
+#include "loops.h"
+#include "paced_port.h"
 #include "slots/slot_button.h"
+#include "test_folder.h"
 #include "ui/background.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
@@ -60,20 +63,6 @@ struct ScriptedDialogs : Dialogs {
     std::function<Chosen()> folder = [] { return Chosen{}; };
 };
 
-/// The maker's server: bodies by the last part of their address; all else fails.
-struct FakeWeb : HttpClient {
-    HttpResult fetch(const HttpRequest& request) override {
-        requested.push_back(request.url);
-        const auto body = bodies.find(request.url.substr(request.url.rfind('/') + 1));
-        if (body == bodies.end()) {
-            return {HttpFailure::network, "no connection", {}};
-        }
-        return {HttpFailure::none, {}, {body->second.begin(), body->second.end()}};
-    }
-    std::map<std::string, std::string> bodies;
-    std::vector<std::string> requested;
-};
-
 /// The application in this process, with a simulated pedal that has loops of 1000, 2000 and 1 frames in slots
 /// 1, 3 and 20. At the end it is checked that the main thread never waited for another, and that the pedal
 /// was never sent what it should not be.
@@ -88,8 +77,6 @@ class FlowTest : public testing::Test {
     FlowTest();
     ~FlowTest() override;
     void TearDown() override;
-
-    static simulator::StoredLoop loopOf(std::uint32_t frames, std::uint8_t first);
 
     /// Starts the application and, by default, waits until the splash has closed.
     void launch(Executor::Duration wait = 2s);
@@ -124,7 +111,7 @@ class FlowTest : public testing::Test {
     VirtualExecutor executor;
     simulator::SimulatedPedal pedal;
     PacedPort port;
-    std::filesystem::path base;
+    TestFolder base;
     std::filesystem::path folder;  ///< where imports go
     ScriptedDialogs dialogs;
     FakeWeb web;

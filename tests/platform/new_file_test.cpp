@@ -12,6 +12,8 @@
 #include <set>
 #include <thread>
 
+#include "test_folder.h"
+
 namespace kzq {
 namespace {
 
@@ -28,13 +30,9 @@ class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
     NewFileTest& operator=(const NewFileTest&) = delete;
     NewFileTest(NewFileTest&&) = delete;
     NewFileTest& operator=(NewFileTest&&) = delete;
-    ~NewFileTest() override { std::filesystem::remove_all(folder_); }
 
   protected:
-    NewFileTest() {
-        std::string pattern = std::filesystem::temp_directory_path() / "new_file_test_XXXXXX";
-        folder_ = ::mkdtemp(pattern.data());
-    }
+    NewFileTest() = default;
 
     std::set<std::string> names() const {
         std::set<std::string> found;
@@ -48,7 +46,7 @@ class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    std::filesystem::path folder_;
+    test::TestFolder folder_;
 };
 
 TEST_P(NewFileTest, TakesTheFirstFreeNameAndLeavesOthersAlone) {

@@ -8,6 +8,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "test_folder.h"
+
 namespace kzq {
 namespace {
 
@@ -19,13 +21,9 @@ class RunFolderTest : public ::testing::Test {
     RunFolderTest& operator=(const RunFolderTest&) = delete;
     RunFolderTest(RunFolderTest&&) = delete;
     RunFolderTest& operator=(RunFolderTest&&) = delete;
-    ~RunFolderTest() override { fs::remove_all(parent_); }
 
   protected:
-    RunFolderTest() {
-        std::string pattern = fs::temp_directory_path() / "run_folder_test_XXXXXX";
-        parent_ = ::mkdtemp(pattern.data());
-    }
+    RunFolderTest() = default;
 
     /// A folder as a killed run leaves it: with a file, and a link to outside.
     void leaveOneBehind(const fs::path& linkTarget) const {
@@ -48,7 +46,7 @@ class RunFolderTest : public ::testing::Test {
         return static_cast<std::size_t>(std::distance(fs::directory_iterator(parent_), {}));
     }
 
-    fs::path parent_;
+    test::TestFolder parent_;
 };
 
 TEST_F(RunFolderTest, IsPrivateMadeOnDemandAndGoesWithItsContent) {
@@ -57,7 +55,7 @@ TEST_F(RunFolderTest, IsPrivateMadeOnDemandAndGoesWithItsContent) {
     const auto path = folder.path();
     ASSERT_TRUE(path);
     EXPECT_EQ(path, folder.path());
-    EXPECT_EQ(parent_, path->parent_path());
+    EXPECT_EQ(parent_.path(), path->parent_path());
     EXPECT_EQ(fs::perms::owner_all, fs::status(*path).permissions());
     std::ofstream(*path / "copy.wav") << "audio";
 

@@ -7,6 +7,7 @@
 #include "device/recorder/replay_port.h"
 #include "device/simulator/simulated_port.h"
 #include "device_fixture.h"
+#include "test_folder.h"
 
 namespace kzq::test {
 namespace {
@@ -49,18 +50,11 @@ class RecorderTest : public testing::Test {
     RecorderTest& operator=(RecorderTest&&) = delete;
 
   protected:
-    RecorderTest() : folder_(newFolder()) {
+    RecorderTest() {
         setLogSink([](LogCategory, std::string_view) {});
     }
-    ~RecorderTest() override {
-        setLogSink({});
-        std::filesystem::remove_all(folder_);
-    }
+    ~RecorderTest() override { setLogSink({}); }
 
-    static std::filesystem::path newFolder() {
-        std::string name = std::filesystem::temp_directory_path() / "recorder_test_XXXXXX";
-        return ::mkdtemp(name.data());
-    }
     std::filesystem::path path() const { return folder_ / "session"; }
 
     /// Lists the loops and imports `slots`; a hanging transfer is ended after a minute.
@@ -129,7 +123,7 @@ class RecorderTest : public testing::Test {
     std::size_t left = 0;  ///< events that were not replayed
 
   private:
-    std::filesystem::path folder_;
+    TestFolder folder_;
 };
 
 TEST_F(RecorderTest, AReplayIsLikeTheSession) {

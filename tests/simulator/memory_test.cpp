@@ -9,6 +9,7 @@
 #include "device/simulator/loop_folder.h"
 #include "device/simulator/synthesiser.h"
 #include "platform/log.h"
+#include "test_folder.h"
 #include "wire.h"
 
 namespace kzq::simulator {
@@ -20,14 +21,8 @@ class Folder : public testing::Test {
   protected:
     Folder()
         : earlierSink(setLogSink([this](LogCategory, std::string_view line) { logged.emplace_back(line); })) {
-        std::string pattern = (fs::temp_directory_path() / "loop-folder-XXXXXX").string();
-        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-        path = pattern;
     }
-    ~Folder() override {
-        setLogSink(earlierSink);
-        fs::remove_all(path);
-    }
+    ~Folder() override { setLogSink(earlierSink); }
 
     void put(const std::string& name, const Bytes& bytes) const {
         std::ofstream(path / name, std::ios::binary)
@@ -46,7 +41,7 @@ class Folder : public testing::Test {
         return sentence;
     }
 
-    fs::path path;
+    test::TestFolder path;
     std::string error;
     std::vector<std::string> logged;
     LogSink earlierSink;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -9,29 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "test_folder.h"
+
 namespace kzq::test {
-
-/// A temporary folder for a test.
-class TestFolder {
-  public:
-    TestFolder();
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-    TestFolder(TestFolder&&) = delete;
-    TestFolder& operator=(TestFolder&&) = delete;
-    ~TestFolder();
-
-    const std::filesystem::path& path() const { return path_; }
-    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-
-  private:
-    std::filesystem::path path_;
-};
-
-std::string readText(const std::filesystem::path& path);
-void writeText(const std::filesystem::path& path, const std::string& text);
-/// The names in a folder, sorted.
-std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 /// A certificate authority made for this run, and a server certificate that it signed for `subject`, as in
 /// "IP:127.0.0.1".

@@ -7,7 +7,7 @@
 #include <QTest>
 
 #include "controls.h"
-#include "updates/shelf.h"
+#include "shelf.h"
 #include "updates/windows/lamp_bar.h"
 #include "updates/windows/software_update_view.h"
 

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "test_folder.h"
+
 namespace kzq {
 namespace {
 
@@ -17,8 +19,6 @@ using testing::HasSubstr;
 class DiagnosisTest : public testing::Test {
   protected:
     DiagnosisTest() {
-        std::string name = (fs::temp_directory_path() / "diagnosis-XXXXXX").string();
-        root_ = ::mkdtemp(name.data());
         places_ = {.usbDevices = root_ / "devices",
                    .usbDrivers = root_ / "drivers",
                    .nodes = root_ / "nodes",
@@ -38,7 +38,6 @@ class DiagnosisTest : public testing::Test {
         write("helpers/kzq7306-usbtmc", "");
         write("drivers/usbtmc/new_id", "1234 5678\n308a 0104\n");
     }
-    ~DiagnosisTest() override { fs::remove_all(root_); }
 
     void write(const std::string& file, const std::string& text) {
         fs::create_directories((root_ / file).parent_path());
@@ -59,7 +58,7 @@ class DiagnosisTest : public testing::Test {
         return first->remedy;
     }
 
-    fs::path root_;
+    test::TestFolder root_;
     SystemPlaces places_;
 };
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "../workshop.h"
+#include "workshop.h"
 
 namespace kzq {
 

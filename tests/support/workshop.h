@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "audio/wave.h"
+#include "test_folder.h"
 
 namespace kzq {
 
@@ -19,11 +20,6 @@ inline constexpr double fullScale = 8'388'608;
 class Workshop {
   public:
     Workshop();
-    Workshop(const Workshop&) = delete;
-    Workshop& operator=(const Workshop&) = delete;
-    Workshop(Workshop&&) = delete;
-    Workshop& operator=(Workshop&&) = delete;
-    ~Workshop();
 
     const std::filesystem::path& folder() const { return folder_; }
     /// An empty folder beside the sources, for the results.
@@ -38,8 +34,8 @@ class Workshop {
     std::size_t resultCount() const;
 
   private:
-    std::filesystem::path folder_;
-    std::filesystem::path results_;
+    test::TestFolder folder_;
+    std::filesystem::path results_ = folder_ / "results";
 };
 
 Bytes readFile(const std::filesystem::path& path);

@@ -17,14 +17,7 @@ namespace kzq {
 namespace fs = std::filesystem;
 
 Workshop::Workshop() {
-    std::string pattern = fs::temp_directory_path() / "convert_test_XXXXXX";
-    folder_ = ::mkdtemp(pattern.data());
-    results_ = folder_ / "results";
     fs::create_directory(results_);
-}
-
-Workshop::~Workshop() {
-    fs::remove_all(folder_);
 }
 
 fs::path Workshop::write(const std::string& name, std::span<const std::uint8_t> bytes) const {
@@ -34,7 +27,7 @@ fs::path Workshop::write(const std::string& name, std::span<const std::uint8_t> 
 }
 
 fs::path Workshop::make(const std::string& name, const std::string& command) const {
-    const std::string line = "cd '" + folder_.string() + "' && { " + command + "; } </dev/null";
+    const std::string line = "cd '" + folder_.path().string() + "' && { " + command + "; } </dev/null";
     // NOLINTNEXTLINE(cert-env33-c,concurrency-mt-unsafe): a test's own commands, one at a time
     if (std::system(line.c_str()) != 0 || !fs::exists(at(name))) {
         throw std::runtime_error("could not make " + name + ": " + command);

@@ -1,14 +1,14 @@
-// Measures the conversion and prints the tables of doc/conversion.md. Run by tests/convert/measure/run.
+// Measures the conversion and prints the tables of doc/conversion.md. Run by bench/conversion/run.
 
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 
-#include "../sound_analysis.h"
 #include "audio/conversion.h"
 #include "cases.h"
 #include "platform/log.h"
+#include "sound_analysis.h"
 
 namespace kzq {
 namespace {

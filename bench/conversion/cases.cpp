@@ -3,7 +3,7 @@
 #include <bit>
 #include <cmath>
 
-#include "../foreign_files.h"
+#include "foreign_files.h"
 #include "platform/little_endian.h"
 
 namespace kzq {
