@@ -44,6 +44,17 @@ TEST_F(Refused, WhatIsNoFile) {
     EXPECT_TRUE(convert(shop_.at("link.wav")));
 }
 
+/// The decoder takes a missing end for the end of the sound; the head says how many frames there were.
+TEST_F(Refused, FewerFramesThanTheHeadPromises) {
+    Bytes bytes = readFile(shop_.encode("whole.flac", "-i good.wav"));
+    constexpr std::size_t totalFrames = 22;  // the lower 32 bits, big-endian
+    constexpr unsigned missing = 499;
+    const unsigned promised = 40'000 + missing;
+    bytes[totalFrames + 2] = promised >> 8U & 0xFFU;
+    bytes[totalFrames + 3] = promised & 0xFFU;
+    expectRefused(truncatedOrCorrupt, shop_.write("missing.flac", bytes));
+}
+
 TEST_F(Refused, WhatIsNoAudio) {
     expectRefused(notAudio, writeText("text.wav", "Dear diary, no sound today.\n"));
     expectRefused(noFrames, writeText("empty.wav", ""));

@@ -6,6 +6,7 @@
 #include "audio/convert.h"
 #include "converting.h"
 #include "platform/run_folder.h"
+#include "watched_sync.h"
 
 namespace kzq {
 namespace {
@@ -65,6 +66,18 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     fs::current_path("/");
     RunFolder::ofThisRun().remove();
     EXPECT_EQ(std::nullopt, Wave::convertAudioFile(good)) << "the program is quitting";
+}
+
+TEST_F(WorkingCopy, WhatIsKeptIsOnTheDiskBeforeItHasItsName) {
+    const auto good = shop_.write("good.wav", wave(packed(noise(1'000, 24)), 2).value());
+    for (const bool sync : {false, true}) {
+        test::takeSyncs();
+        const auto result = Conversion({.output = shop_.results(), .sync = sync}).convert(good);
+        ASSERT_TRUE(result);
+        const auto synced = test::takeSyncs();
+        ASSERT_EQ(synced.size(), sync ? 1U : 0U);
+        EXPECT_TRUE(!sync || synced[0] != result.path);
+    }
 }
 
 }  // namespace

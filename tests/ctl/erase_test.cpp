@@ -27,6 +27,16 @@ TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
+TEST_F(ToolTest, ALoopRecordedUnderTheQuestionIsNotErased) {
+    pedal.plugIn();
+    answer = [this] {
+        pedal.setLoop(1, loopOf(7, 1));
+        return Answer::yes;
+    };
+    EXPECT_EQ(run({"erase", "2"}), ExitCode::pedalRefused);
+    EXPECT_EQ(sent(command::eraseLoop), 0);
+}
+
 TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     pedal.plugIn();
     plan("refuse@ED");

@@ -83,6 +83,18 @@ TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     EXPECT_EQ(questions.size(), 3U) << "no question where nothing changes";
 }
 
+TEST_F(RestoreTest, ALoopRecordedUnderTheQuestionIsNotTouched) {
+    EXPECT_EQ(backup(), ExitCode::ok);
+    pedal.setLoop(1, std::nullopt);
+    answer = [this] {
+        pedal.setLoop(1, loopOf(7, 1));
+        return Answer::yes;
+    };
+    EXPECT_EQ(run({"restore", folder}), ExitCode::pedalRefused);
+    EXPECT_EQ(audio()[1], loopOf(7, 1).audio);
+    EXPECT_EQ(sent(command::exportLoop) + sent(command::eraseLoop), 0);
+}
+
 TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     EXPECT_EQ(restore(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("There is no backup in"));

@@ -101,6 +101,19 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
     EXPECT_THAT(delegate->events, ElementsAre("disconnected@0", "connected p@0"));
 }
 
+TEST_F(Acquisition, ASuccessTakesTheReasonAway) {
+    load(usb);
+    start();
+    usb.openResult = usbAccess;
+    usb.arrive();
+    executor.settle();
+    EXPECT_EQ(looper().acquisitionFailure(), Failure::noPermission);
+    usb.openResult = usbSuccess;
+    usb.arrive();
+    executor.settle();
+    EXPECT_EQ(looper().acquisitionFailure(), Failure::none);
+}
+
 TEST_F(Acquisition, ADriverThatCannotBeDetachedDoesNotStopIt) {
     usb.driverActive = usbIo;  // anything but 0 counts as active
     usb.detachResult = usbNotSupported;

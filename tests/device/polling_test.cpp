@@ -104,6 +104,17 @@ TEST_F(Polling, SkipsWhileBusyButRefreshDoesNot) {
     EXPECT_EQ(delegate->events.size(), 4U);
 }
 
+TEST_F(Polling, ARequestWaitsForTheLock) {
+    executor.background(Priority::high, [this] {
+        const std::lock_guard guard(looper().lock());
+        executor.sleep(1s);
+        usb.note("free");
+    });
+    executor.background(Priority::high, [] { looper().control(command::busy); });
+    executor.advance(2s);
+    EXPECT_THAT(usb.calls, ElementsAre("free", "E8/2A 1 0 [8]"));
+}
+
 TEST_F(Polling, BusyFollowsOperationStageAndPedal) {
     looper().setAutoincrement(6);
     bool stale = false;

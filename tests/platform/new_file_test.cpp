@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "test_folder.h"
+#include "watched_sync.h"
 
 namespace kzq {
 namespace {
@@ -48,6 +49,16 @@ class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
 
     test::TestFolder folder_;
 };
+
+TEST_P(NewFileTest, IsOnTheDiskBeforeItHasItsName) {
+    test::takeSyncs();
+    ASSERT_TRUE(writeNewFile(folder_, "Loop 4", ".wav", bytesOf("audio"), GetParam()));
+    const auto synced = test::takeSyncs();
+    ASSERT_EQ(synced.size(), 2U);
+    EXPECT_NE(synced[0], folder_ / "Loop 4.wav");
+    EXPECT_NE(synced[0], folder_.path());
+    EXPECT_EQ(synced[1], folder_.path());
+}
 
 TEST_P(NewFileTest, TakesTheFirstFreeNameAndLeavesOthersAlone) {
     for (const char* text : {"one", "two", "three"}) {

@@ -5,6 +5,7 @@
 #include <QFontInfo>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPixmapCache>
 #include <QRawFont>
 #include <QShortcut>
 #include <QTest>
@@ -49,7 +50,8 @@ class Witness : public QWidget {
     }
 };
 
-void sendEverything(QWidget& window, QPoint at) {
+/// What the source of a drag is told about it.
+Qt::DropAction sendEverything(QWidget& window, QPoint at) {
     QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, at);
     QTest::keyClick(window.windowHandle(), Qt::Key_A);
     QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
@@ -59,6 +61,7 @@ void sendEverything(QWidget& window, QPoint at) {
     QApplication::sendEvent(target, &drag);
     QWheelEvent wheel(at, at, {0, 10}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(target, &wheel);
+    return drag.dropAction();
 }
 
 TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
@@ -82,7 +85,7 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
         window.resize(300, 200);
         inner.resize(300, 200);
         const Witness late(&window);
-        sendEverything(window, {250, 150});
+        EXPECT_EQ(sendEverything(window, {250, 150}), Qt::IgnoreAction);
         EXPECT_TRUE(shield.hasFocus());
         EXPECT_FALSE(shield.accessibleName().isEmpty()) << "it is what a screen reader stands on";
         QTest::keyClick(window.windowHandle(), Qt::Key_A, Qt::ControlModifier);
@@ -204,6 +207,22 @@ TEST(Pictures, DrawAtTheDeviceRatioScaledOrCropped) {
     QPainter painter(&sheet);
     EXPECT_FALSE(drawPicture(painter, "No such picture", {0, 0, 10, 10}));
     EXPECT_FALSE(drawPicture(painter, "Export_X", {0, 0, 0, 10}));
+}
+
+TEST(Pictures, AreDrawnForEachSize) {
+    const auto drawn = [](double size) {
+        QImage sheet(64, 64, QImage::Format_ARGB32_Premultiplied);
+        sheet.fill(Qt::transparent);
+        QPainter painter(&sheet);
+        EXPECT_TRUE(drawPicture(painter, "Export_X", {0, 0, size, size}));
+        painter.end();
+        return sheet;
+    };
+    QPixmapCache::clear();
+    const auto alone = drawn(64);
+    QPixmapCache::clear();
+    drawn(16);
+    EXPECT_EQ(drawn(64), alone) << "not a small one, stretched";
 }
 
 TEST(Fonts, AreReallyFiraSans) {

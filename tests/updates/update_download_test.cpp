@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "signer.h"
 #include "tls_server.h"
 #include "updates/update_job.h"
+#include "watched_sync.h"
 
 using namespace kzq;
 using namespace kzq::test;
@@ -25,6 +27,31 @@ TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
         EXPECT_NE(second.reason(), "");
     }
     EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
+}
+
+TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
+    const TestFolder folder;
+    const Signer signer;
+    const std::string package = "the program";
+    FeedItem item;
+    item.length = package.size();
+    item.signature = signer.sign(package);
+    const std::vector<std::uint8_t> bytes(package.begin(), package.end());
+    for (const bool exchanged : {true, false}) {
+        UpdateDownload download(folder / "package");
+        ASSERT_TRUE(download.open() && download.append(bytes));
+        takeSyncs();
+        ASSERT_TRUE(download.verify(item, std::array{signer.key})) << download.reason();
+        EXPECT_EQ(takeSyncs(), std::vector<std::string>{download.part()});
+        if (exchanged) {
+            writeText(folder / "other", "another program");
+            std::filesystem::rename(folder / "other", download.part());
+        }
+        EXPECT_EQ(download.place(std::filesystem::perms(0644)), !exchanged);
+        EXPECT_EQ(std::filesystem::exists(folder / "package"), !exchanged);
+        std::filesystem::remove(download.part());
+    }
+    EXPECT_EQ(readText(folder / "package"), package);
 }
 
 TEST(UpdateJob, AsksForOneShowingAtATime) {
