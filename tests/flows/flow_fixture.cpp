@@ -29,9 +29,7 @@ simulator::PedalMemory threeLoops() {
 }  // namespace
 
 FlowTest::FlowTest()
-    : pedal(executor, {.memory = threeLoops()}),
-      port(executor, pedal),
-      folder(base / "imports") {
+    : pedal(executor, {.memory = threeLoops()}), port(executor, pedal), folder(base / "imports") {
     for (const auto* const name : {"imports", "copies", "files", "home"}) {
         fs::create_directory(base / name);
     }
