@@ -41,7 +41,7 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
         UpdateDownload download(folder / "package");
         ASSERT_TRUE(download.open() && download.append(bytes));
         takeSyncs();
-        ASSERT_TRUE(download.verify(item, std::array{signer.key})) << download.reason();
+        ASSERT_TRUE(download.verify(item, std::vector{signer.key})) << download.reason();
         EXPECT_EQ(takeSyncs(), std::vector<std::string>{download.part()});
         if (exchanged) {
             writeText(folder / "other", "another program");
