@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QWindow>
 
+#include "ui/key_guard.h"
+
 namespace kzq {
 
 namespace {
@@ -29,11 +31,43 @@ Application::Application(int& count, char** arguments) : QApplication(count, arg
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     // An event reaches the window once and then travels from widget to widget: only its arrival counts.
-    if (receiver->isWindowType() && isUserInput(*event) && filter(static_cast<QWindow&>(*receiver), *event)) {
-        event->accept();
+    if (!receiver->isWindowType() || !isUserInput(*event)) {
+        return QApplication::notify(receiver, event);
+    }
+    auto& window = static_cast<QWindow&>(*receiver);
+    if (keys_ != nullptr) {
+        if (event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease) {
+            return notifyKey(window, static_cast<QKeyEvent&>(*event));
+        }
+        keys_->release();
+    }
+    return notifyInput(window, *event);
+}
+
+bool Application::notifyKey(QWindow& window, QKeyEvent& event) {
+    const auto verdict = keys_->judge(window, event);
+    if (verdict == KeyGuard::Verdict::nothing) {
+        event.accept();
         return true;
     }
-    return QApplication::notify(receiver, event);
+    if (verdict == KeyGuard::Verdict::act || event.isAutoRepeat()) {
+        return notifyInput(window, event);
+    }
+    QKeyEvent repeat(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
+                     event.nativeVirtualKey(), event.nativeModifiers(), event.text(), true,
+                     static_cast<quint16>(event.count()));
+    repeat.setTimestamp(event.timestamp());
+    const bool heard = notifyInput(window, repeat);
+    event.setAccepted(repeat.isAccepted());
+    return heard;
+}
+
+bool Application::notifyInput(QWindow& window, QEvent& event) {
+    if (filter(window, event)) {
+        event.accept();
+        return true;
+    }
+    return QApplication::notify(&window, &event);
 }
 
 /// Whether the event is consumed.

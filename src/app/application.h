@@ -9,6 +9,8 @@ class QWindow;
 
 namespace kzq {
 
+class KeyGuard;
+
 /// What the application asks its delegate about keys and mouse buttons.
 class ApplicationDelegate {
   public:
@@ -41,14 +43,20 @@ class Application : public QApplication {
     void setDelegate(ApplicationDelegate* delegate) { delegate_ = delegate; }
     ApplicationDelegate* delegate() const { return delegate_; }
 
+    /// Judges every key before anybody acts on it; null: keys are what the toolkit says. Not owned.
+    void setKeyGuard(KeyGuard* keys) { keys_ = keys; }
+
     bool notify(QObject* receiver, QEvent* event) override;
 
   private:
+    bool notifyKey(QWindow& window, QKeyEvent& event);
+    bool notifyInput(QWindow& window, QEvent& event);
     bool filter(QWindow& window, QEvent& event);
     void mouseUp(QWindow& window, const QMouseEvent& event);
     bool keyUp(const QKeyEvent& event);
 
     ApplicationDelegate* delegate_ = nullptr;
+    KeyGuard* keys_ = nullptr;
 };
 
 }  // namespace kzq

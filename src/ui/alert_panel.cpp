@@ -94,8 +94,9 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
     setFixedSize(panelWidth, top + height + foot);
     auto* ring = new FocusRing(this);
     if (!shown.empty()) {
-        shown.front()->setFocus();
-        ring->mark(shown.front());
+        auto* const usual = alert.destroys ? shown.back() : shown.front();
+        usual->setFocus();
+        ring->mark(usual);
     }
 }
 
@@ -103,6 +104,7 @@ void AlertPanel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawPlate(painter, rect());
     drawPicture(painter, mark_, markFrame);
+    Q_EMIT appeared();
 }
 
 }  // namespace kzq

@@ -7,9 +7,10 @@
 
 namespace kzq {
 
-/// An alert as a window: mark, headline, fine print, and the buttons in the order of adding. The first
-/// visible button is the default and starts with the focus. It stays on top, like the floating windows, which
-/// must not cover it. Escape and closing the window count as the last button.
+/// An alert as a window: mark, headline, fine print, and the buttons in the order of adding. The default,
+/// which starts with the focus, is the first visible button, and the last one where the first destroys. It
+/// stays on top, like the floating windows, which must not cover it. Escape and closing the window count as
+/// the last button.
 class AlertPanel : public QDialog {
     Q_OBJECT
 
@@ -18,6 +19,10 @@ class AlertPanel : public QDialog {
 
     /// The button that was chosen, alertFirstButton for the first; the last one until then.
     int answer() const { return answer_; }
+
+  Q_SIGNALS:
+    /// It has been painted.
+    void appeared();
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -56,11 +56,14 @@ Dialogs::Chosen chosen(const QString& name) {
 
 }  // namespace
 
-QtDialogs::QtDialogs(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+QtDialogs::QtDialogs(KeyGuard& keys, std::function<QWidget*()> parent)
+    : keys_(keys), parent_(std::move(parent)) {}
 
 int QtDialogs::run(const Alert& alert) {
     const QPointer<AlertPanel> panel(new AlertPanel(alert, parent_()));
     const auto escape = panel->answer();
+    KeyGuard::OpenAlert open(keys_);
+    QObject::connect(panel, &AlertPanel::appeared, [&open] { open.appeared(); });
     panel->exec();
     if (panel.isNull()) {  // destroyed with its window
         return escape;

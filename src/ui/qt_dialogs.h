@@ -4,14 +4,16 @@
 #include <functional>
 
 #include "ui/dialogs.h"
+#include "ui/key_guard.h"
 
 namespace kzq {
 
 /// The dialogs users see: our own alert panel, the desktop's choosers and its opener.
 class QtDialogs : public Dialogs {
   public:
-    /// `parent` returns the window that a dialog belongs to, or null; called for each dialog.
-    explicit QtDialogs(std::function<QWidget*()> parent);
+    /// `keys` outlives it. `parent` returns the window that a dialog belongs to, or null; called for each
+    /// dialog.
+    QtDialogs(KeyGuard& keys, std::function<QWidget*()> parent);
 
     int run(const Alert& alert) override;
     Chosen chooseFile(const FileTypes& allowed) override;
@@ -20,6 +22,7 @@ class QtDialogs : public Dialogs {
     bool openApplication(const std::filesystem::path& bundle) override;
 
   private:
+    KeyGuard& keys_;
     std::function<QWidget*()> parent_;
 };
 

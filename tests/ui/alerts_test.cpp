@@ -15,6 +15,7 @@
 #include "ui/alert_panel.h"
 #include "ui/focus_ring.h"
 #include "ui/qt_dialogs.h"
+#include "virtual_executor.h"
 
 namespace kzq {
 namespace {
@@ -24,7 +25,9 @@ int answerOf(const Alert& alert, const std::function<void(AlertPanel&)>& act, QW
     QMetaObject::invokeMethod(
         qApp, [&] { act(dynamic_cast<AlertPanel&>(*QApplication::activeModalWidget())); },
         Qt::QueuedConnection);
-    return QtDialogs([parent] { return parent; }).run(alert);
+    test::VirtualExecutor executor;
+    KeyGuard keys(executor);
+    return QtDialogs(keys, [parent] { return parent; }).run(alert);
 }
 
 std::function<void(AlertPanel&)> click(const QString& title) {
@@ -56,7 +59,7 @@ TEST(Alerts, AnswerByTheOrderOfTheirButtons) {
                            QTest::keyClick(panel.focusWidget(), Qt::Key_Tab);
                            QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
                        }),
-              1001);
+              1000);
 }
 
 /// Types `path` into the chooser that is about to open and accepts it.
@@ -77,7 +80,9 @@ TEST(Choosers, GiveTheAllowedFileOrTheFolderItself) {
     for (const auto* const name : {"a b.WAV", "b.txt"}) {
         std::ofstream(here / name) << 'x';
     }
-    QtDialogs dialogs([] { return nullptr; });
+    test::VirtualExecutor executor;
+    KeyGuard keys(executor);
+    QtDialogs dialogs(keys, [] { return nullptr; });
     choose(here / "a b.WAV");
     const auto file = dialogs.chooseFile({"mp3", "wav"});
     EXPECT_EQ(file.answer, panelOk);
@@ -96,7 +101,8 @@ TEST(Alerts, SurviveTheEndOfTheirParent) {
         1002);
 }
 
-TEST(AlertPanel, HidesItsLastButtonAndStartsOnTheFirst) {
+TEST(AlertPanel, HidesItsLastButtonAndStartsWhereNothingIsLost) {
+    EXPECT_EQ(AlertPanel(alertWithHeadline("a")).focusWidget()->objectName(), "OK");
     EXPECT_EQ(alertWithHeadline("a", "b").finePrint, "b");
     AlertPanel panel(yesOrNoAlertWithHeadline("Is 1 < 2 & 3?"));
     panel.show();
@@ -105,10 +111,10 @@ TEST(AlertPanel, HidesItsLastButtonAndStartsOnTheFirst) {
     ASSERT_NE(cancel, nullptr);
     EXPECT_FALSE(cancel->isVisible());
     EXPECT_EQ(cancel->focusPolicy(), Qt::NoFocus);
-    auto* yes = panel.findChild<AlertButton*>("Yes");
-    EXPECT_LT(yes->x(), panel.findChild<AlertButton*>("No")->x());
-    EXPECT_EQ(panel.focusWidget(), yes);
-    EXPECT_EQ(panel.findChild<FocusRing*>()->control(), yes);
+    auto* no = panel.findChild<AlertButton*>("No");
+    EXPECT_LT(panel.findChild<AlertButton*>("Yes")->x(), no->x());
+    EXPECT_EQ(panel.focusWidget(), no);
+    EXPECT_EQ(panel.findChild<FocusRing*>()->control(), no);
     const auto labels = panel.findChildren<QLabel*>();
     ASSERT_EQ(labels.size(), 1) << "no room is kept for a fine print that is not there";
     EXPECT_EQ(labels.first()->accessibleName(), "Is 1 < 2 & 3?");

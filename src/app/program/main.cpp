@@ -26,6 +26,7 @@
 #include "platform/qt_executor.h"
 #include "platform/run_folder.h"
 #include "ui/fonts.h"
+#include "ui/key_guard.h"
 #include "ui/panels/front_window.h"
 #include "ui/qt_dialogs.h"
 #include "updates/maker.h"
@@ -139,7 +140,9 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
                    .usb = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus,
                    .systemMinorVersion = systemMinorVersion});
     MainWindow window;
-    QtDialogs dialogs([&window] { return frontWindow(&window); });
+    KeyGuard keys(executor);
+    application.setKeyGuard(&keys);
+    QtDialogs dialogs(keys, [&window] { return frontWindow(&window); });
     QtHttpClient http(certificates);
     const auto delegate =
         std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http), window);

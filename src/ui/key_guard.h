@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QWindow>
+#include <memory>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "platform/executor.h"
+
+namespace kzq {
+
+/// What the keyboard really does, under all that acts on keys: buttons, alerts, the menu. It is shown every
+/// key event at the window that it reaches first. Main thread.
+///
+/// While a key is held, the toolkit brings releases and presses and is to say that they are repeats; on a
+/// busy machine it does not know in time. A repeat's release and press come at one moment, after the key was
+/// down for longer than a tap, and by that they are recognised here. So the release of such a key is kept
+/// back for a moment, until it is clear that no press follows.
+///
+/// An alert takes no key that was down when it opened, and none before it could be read.
+class KeyGuard {
+  public:
+    enum class Verdict {
+        act,     ///< a press or a release
+        repeat,  ///< of a key that is held, whatever the event says
+        nothing  ///< the event goes no further; a release that is kept back comes again by itself
+    };
+    /// An alert that is open, from its construction to its end. The guard outlives it.
+    class OpenAlert {
+      public:
+        explicit OpenAlert(KeyGuard& guard);
+        ~OpenAlert();
+        OpenAlert(const OpenAlert&) = delete;
+        OpenAlert& operator=(const OpenAlert&) = delete;
+        OpenAlert(OpenAlert&&) = delete;
+        OpenAlert& operator=(OpenAlert&&) = delete;
+
+        /// It can be seen from now on.
+        void appeared();
+
+      private:
+        friend KeyGuard;
+        bool takes(quint32 key, bool pressed);
+
+        KeyGuard& guard_;
+        std::optional<Executor::TimePoint> appeared_;
+        std::set<quint32> deaf_;  ///< to these keys, until they are let go
+    };
+
+    /// `executor` outlives it.
+    explicit KeyGuard(Executor& executor) : executor_(executor) {}
+
+    Verdict judge(QWindow& window, const QKeyEvent& event);
+    /// Before anything else that the user does: a release that is kept back comes first.
+    void release();
+
+  private:
+    struct Kept {
+        QPointer<QWindow> window;
+        std::unique_ptr<QKeyEvent> event;
+    };
+    /// The key that was pressed last: the only one that can repeat. Times in milliseconds, as events have
+    /// them.
+    struct Last {
+        quint32 key = 0;
+        quint64 pressed = 0;
+        std::optional<quint64> released;
+        bool repeats(quint32 key, quint64 time) const;
+    };
+
+    Verdict pressed(quint32 key, const QKeyEvent& event);
+    Verdict released(QWindow& window, quint32 key, const QKeyEvent& event);
+    Verdict letGo(quint32 key);
+    bool alertTakes(quint32 key, bool pressed) const;
+
+    Executor& executor_;
+    Last last_;
+    std::set<quint32> down_;
+    std::shared_ptr<Kept> kept_;
+    bool coming_ = false;  ///< the next event is the one that was kept back
+    std::vector<OpenAlert*> alerts_;
+};
+
+}  // namespace kzq
