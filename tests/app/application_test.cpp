@@ -6,8 +6,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "ui/alert_button.h"
 #include "ui/alert_panel.h"
-#include "ui/key_button.h"
 #include "ui/qt_dialogs.h"
 #include "virtual_executor.h"
 
@@ -156,19 +156,21 @@ TEST_F(HeldKeys, ActOnceInTheMenuWhenTheyAreLetGo) {
 TEST_F(HeldKeys, DoNotAnswerTheQuestionThatTheyRaised) {
     delegate.open = false;
     QtDialogs dialogs(keys, [] { return nullptr; });
-    KeyButton erase(&window);
+    AlertButton erase(&window);
     erase.show();
     erase.setFocus();
     std::vector<int> answers;
-    QObject::connect(&erase, &KeyButton::clicked,
+    QObject::connect(&erase, &AlertButton::clicked,
                      [&] { answers.push_back(dialogs.run(yesOrNoAlertWithHeadline("Erase?"))); });
     const auto whileAsked = [&](const std::function<void(QWindow&)>& act) {
         QMetaObject::invokeMethod(
             qApp,
             [&, act] {
                 auto& panel = dynamic_cast<AlertPanel&>(*QApplication::activeModalWidget());
+                ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel));
                 panel.repaint();
                 act(*panel.windowHandle());
+                panel.close();
             },
             Qt::QueuedConnection);
     };

@@ -241,6 +241,10 @@ class Program:
     def gone(self, name, role=None):
         wait(f"no {name!r} any more", lambda: not self.find(name, role))
 
+    def answered(self, name, answer):
+        """Answers an alert by a key, which it takes only once there was time to read it."""
+        wait(f"{name!r} is answered", lambda: self.find(name) is None or key(answer))
+
     def ready(self, title="7306 Loop Manager"):
         """Waits until the main window has replaced the splash and has the keyboard focus."""
         wait(f"{title} is active", lambda: self.window(title).has(Atspi.StateType.ACTIVE))

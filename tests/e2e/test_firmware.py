@@ -38,8 +38,7 @@ class Firmware(unittest.TestCase):
         wait("an answer", lambda: program.find("You're up to date!") or program.window("Firmware Update"))
         if program.window("Firmware Update"):
             return True
-        key("Return")
-        program.gone("You're up to date!")
+        program.answered("You're up to date!", "Return")
         return False
 
     def version_shown(self, program):
