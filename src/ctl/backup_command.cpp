@@ -70,8 +70,8 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
     return finish(pedal, status, index);
 }
 
-/// What an earlier run has saved stays in the index when its file is whole and the pedal still has such a
-/// loop. Else the file stays, as it may be the only copy, but does not belong to this backup.
+/// What an earlier run saved stays in the index if its file is intact and the pedal still has such a loop.
+/// Otherwise the file is kept, as it may be the only copy, but is not part of this backup.
 void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
     for (auto entry = index.loops.begin(); entry != index.loops.end();) {
         const auto loop = loops.find(entry->first);
@@ -83,8 +83,8 @@ void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
     }
 }
 
-/// Whether the next loop may fare better. One that is in the index already is read too: a recording over the
-/// loop may have left its length and everything else in the pedal's table as it was.
+/// False when there is no point in going on. A loop that is already in the index is read as well: a new
+/// recording may have the same length and leave the pedal's table as it was.
 bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index) {
     const auto slot = static_cast<std::uint8_t>(loop.address + 1);
     const auto image = read(pedal, slot);
@@ -103,7 +103,7 @@ bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& 
     if (kept != index.loops.end() && kept->second.sha256 == audioDigest(*image)) {
         context().output.endProgress();
         report().tell("kept", {{"slot", slot}, {"file", kept->second.file}},
-                      loopName(slot) + ": saved already.");
+                      loopName(slot) + ": already saved.");
         return true;
     }
     return storeLoop(loop, *image, index);
@@ -132,7 +132,7 @@ bool BackupCommand::storeLoop(const Loop& loop, const Bytes& image, BackupIndex&
     return true;
 }
 
-/// The index, but only of a backup that is whole and of one moment.
+/// Writes the index, but only of a complete backup whose loops were on the pedal at the same time.
 ExitCode BackupCommand::finish(PedalWorker& pedal, const Status& status, const BackupIndex& index) {
     tally_.done = index.loops.size();
     const bool whole = tally_.done == tally_.wanted;
@@ -173,7 +173,7 @@ ExitCode BackupCommand::compare(PedalWorker& pedal, const Loops& loops, const Ba
     return conclude(pedal, tally_,
                     pedal.ended() || tally_.failures.empty()
                         ? std::to_string(tally_.done) + " of " + loopsText(tally_.wanted) +
-                              " compared: the same as in the backup."
+                              " compared: same as in the backup."
                         : "The pedal and the backup in " + folder_.path().string() +
                               " differ. Nothing was written; choose another folder for a new backup.");
 }
@@ -189,7 +189,7 @@ void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loo
     } else if (!folder_.loop(*entry)) {
         differs(slot, "is damaged in the backup: " + (folder_.path() / entry->file).string() + ".");
     } else if (loop == nullptr) {
-        differs(slot, "is not on the pedal any more.");
+        differs(slot, "is no longer on the pedal.");
     } else if (entry->samples != loop->samples) {
         differs(slot, "has changed since the backup.");
     } else {
@@ -197,7 +197,7 @@ void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loo
     }
 }
 
-/// Tempo and channel are told but do not count, as no restore can bring them back.
+/// A different tempo or channel is mentioned but does not count, as no restore can bring it back.
 void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Loop& loop,
                                  const BackupEntry& entry) {
     const auto image = read(pedal, slot);
@@ -214,7 +214,7 @@ void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Lo
         report().tell("unchanged", {{"slot", slot}},
                       loopName(slot) + (entry.describes(loop) ? ": unchanged."
                                                               : ": the audio is unchanged; tempo or channel "
-                                                                "differ."));
+                                                                "differs."));
     }
 }
 

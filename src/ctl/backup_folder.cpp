@@ -85,14 +85,14 @@ std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes&
 std::optional<Explanation> BackupFolder::writePartialIndex(const BackupIndex& index) const {
     const auto draft = writeNewFile(path_, ".backup.partial", ".json", bytesOf(indexText(index)));
     if (!draft) {
-        return notWritten("The list of the loops", draft.error);
+        return notWritten("The list of loops", draft.error);
     }
     std::error_code error;
     fs::rename(draft.path, path_ / partialName, error);
     if (error) {
         std::error_code ignored;
         fs::remove(draft.path, ignored);
-        return notWritten("The list of the loops", error.value());
+        return notWritten("The list of loops", error.value());
     }
     return std::nullopt;
 }
@@ -112,8 +112,8 @@ std::optional<Explanation> BackupFolder::finish(const BackupIndex& index) const 
 }
 
 Explanation BackupFolder::notWritten(const std::string& name, int error) const {
-    return {ExitCode::fileError, name + " was not saved: the file could not be written in " + path_.string() +
-                                     ": " + fileTrouble(error)};
+    return {ExitCode::fileError,
+            name + " was not saved: could not write to " + path_.string() + ": " + fileTrouble(error)};
 }
 
 }  // namespace kzq::ctl

@@ -90,7 +90,7 @@ std::string indexText(const BackupIndex& index) {
 std::optional<BackupIndex> indexFromText(std::string_view text, std::string& problem) {
     const auto whole = Json::parse(text, nullptr, false);
     if (!whole.is_object() || textAt(whole, "format") != formatName) {
-        problem = "is not the index of a backup.";
+        problem = "is not a backup index.";
         return std::nullopt;
     }
     if (numberAt(whole, "formatVersion", formatVersion) != formatVersion) {

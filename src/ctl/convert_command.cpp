@@ -16,9 +16,9 @@ std::optional<Explanation> ConvertCommand::obstacle() {
     if (std::filesystem::symlink_status(output, error).type() == std::filesystem::file_type::not_found) {
         return std::nullopt;
     }
-    return Explanation{
-        ExitCode::fileError,
-        "\"" + output.string() + "\" exists already and is never replaced. Choose another name."};
+    return Explanation{ExitCode::fileError,
+                       "\"" + output.string() +
+                           "\" already exists. Existing files are never overwritten; choose another name."};
 }
 
 bool ConvertCommand::withoutPedal() {
@@ -55,7 +55,7 @@ void ConvertCommand::done(const ConvertedFile& file) {
     } else if (cancelled_) {
         context_.fail(cancelledByUser());
     } else {
-        context_.fail({ExitCode::fileError, name + " was not converted: " + file.problem});
+        context_.fail({ExitCode::fileError, file.problem});
     }
 }
 

@@ -4,7 +4,7 @@
 
 namespace kzq::ctl {
 
-/// Tells what stands between the user and the pedal, without opening it, and the commands that mend it.
+/// Shows what keeps the user from using the pedal, without opening it, and the commands that fix it.
 class DoctorCommand : public Command {
   public:
     explicit DoctorCommand(Context context) : context_(std::move(context)) {}

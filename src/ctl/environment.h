@@ -49,7 +49,7 @@ struct Environment {
     /// ends that. Any thread.
     std::function<void(std::function<void()> heard)> holdSignals;
 
-    /// What stands between the user and the pedal; any thread.
+    /// What keeps the user from using the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// Hears every line of the log, with its category in front; empty for nobody. Must not log. Any thread.
     std::function<void(std::string_view line)> logged = {};

@@ -62,7 +62,7 @@ std::vector<std::uint8_t> EraseCommand::occupied(const Loops& loops) {
         if (loops.contains(slot)) {
             slots.push_back(slot);
         } else {
-            report().tell("empty", {{"slot", slot}}, "Slot " + std::to_string(slot) + " is empty already.");
+            report().tell("empty", {{"slot", slot}}, "Slot " + std::to_string(slot) + " is already empty.");
         }
     }
     return slots;
@@ -82,8 +82,7 @@ std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
             ++tally.done;
             report.tell("erased", {{"slot", slot}}, name + ": erased.");
         } else {
-            tally.failures.push_back(
-                {ExitCode::pedalRefused, name + " was not erased: the pedal refused to."});
+            tally.failures.push_back({ExitCode::pedalRefused, name + " was not erased: the pedal refused."});
             report.failed(slot, failureName(Failure::refused), tally.failures.back().sentence);
         }
     }

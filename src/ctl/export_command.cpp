@@ -75,9 +75,9 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
                           ? std::nullopt
                           : exportInfoForLoop(slot, loops.contains(slot), file.path, size - waveHeaderSize);
     if (!info) {
-        const std::string why = file.problem.empty() ? "There is no sound in the file." : file.problem;
+        const std::string why = file.problem.empty() ? name + " contains no sound." : file.problem;
         const char* const next = why.ends_with('.') ? " Nothing was written." : ". Nothing was written.";
-        return Explanation{ExitCode::fileError, name + " was not converted: " + why + next};
+        return Explanation{ExitCode::fileError, why + next};
     }
     const auto frames = info->bytes / frameBytes;
     if (!fitsCapacity(existingAndTeedUpExportSamplesWithProposedExport(loops, exports_, frames, slot))) {
@@ -96,7 +96,8 @@ ConvertedFile ExportCommand::convert(PedalWorker& pedal, const std::filesystem::
     const auto& environment = context().environment;
     const auto folder = environment.workingFolder();
     if (!folder) {
-        return {{}, 0, "No folder for its working copy could be made."};
+        return {
+            {}, 0, "Could not convert \"" + source.string() + "\". There is no folder for its working copy."};
     }
     const auto progress = [this, name = source.filename().string()](std::uint64_t frames) {
         if (!options().json) {
@@ -164,8 +165,8 @@ void ExportCommand::checkLengths(PedalWorker& pedal) {
         if (loop == status->loops.end() || loop->second.samples != info.bytes / frameBytes) {
             --tally_.done;
             failed(tally_, info.destination, "differs",
-                   {ExitCode::someFailed, loopName(info.destination) +
-                                              " was sent, but the pedal does not hold it in full length."});
+                   {ExitCode::someFailed,
+                    loopName(info.destination) + " was sent, but the pedal does not hold all of it."});
         }
     }
 }

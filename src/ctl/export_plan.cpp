@@ -19,8 +19,9 @@ std::variant<std::vector<std::uint8_t>, Explanation> slotsForExport(std::size_t 
     if (slots.size() == count) {
         return slots;
     }
-    const std::string have =
-        slots.empty() ? "no free slot" : "only " + std::to_string(slots.size()) + " free";
+    const std::string have = slots.empty() ? "no free slot"
+                                           : "only " + std::to_string(slots.size()) +
+                                                 (slots.size() == 1 ? " free slot" : " free slots");
     return Explanation{ExitCode::pedalRefused,
                        "The pedal has " + have + " for " +
                            (count == 1 ? "the file" : std::to_string(count) + " files") +

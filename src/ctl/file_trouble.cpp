@@ -10,13 +10,13 @@ std::string remedy(int error) {
     switch (error) {
         case ENOSPC:
         case EDQUOT:
-            return " Make room or choose another folder.";
+            return " Free some space or choose another folder.";
         case EFBIG:
-            return " Choose a folder that takes files of this size.";
+            return " Choose a folder that allows files of this size.";
         case EROFS:
         case EACCES:
         case EPERM:
-            return " Choose a folder that you may write to.";
+            return " Choose a folder that you can write to.";
         default:
             return {};
     }

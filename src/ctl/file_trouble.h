@@ -4,8 +4,8 @@
 
 namespace kzq::ctl {
 
-/// What an errno value means for a file that was to be written, with the remedy: "No space left on device.
-/// Make room or choose another folder."
+/// Why a file could not be written, from an errno value, and what to do: "No space left on device. Free some
+/// space or choose another folder."
 std::string fileTrouble(int error);
 
 }  // namespace kzq::ctl

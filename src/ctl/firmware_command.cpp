@@ -48,18 +48,17 @@ void FirmwareCommand::show(const std::string& installed, const std::optional<Fir
         output.json(jsonText(object, true));
         return;
     }
-    output.line(installed.empty() ? "The pedal has only its loader and waits for firmware."
+    output.line(installed.empty() ? "The pedal is running only its loader and needs firmware."
                                   : "The pedal runs firmware " + installed + ".");
     if (!offer) {
         return;
     }
     if (!offer->image) {
-        output.line("The maker's newest firmware is " + offer->entry.version +
-                    ", so there is nothing to install.");
+        output.line("The newest firmware is " + offer->entry.version + ", so there is nothing to install.");
         return;
     }
     output.line("Firmware " + offer->entry.version +
-                " is offered. \"kzq7306ctl firmware install\" installs it.");
+                " is available. Run \"kzq7306ctl firmware install\" to install it.");
     for (const auto& change : offer->entry.changes) {
         output.line("  - " + noteText(change));
     }

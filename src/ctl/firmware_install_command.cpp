@@ -81,7 +81,7 @@ ExitCode FirmwareInstallCommand::work(PedalWorker& pedal) {
     return install(pedal);
 }
 
-/// Gets the image that is offered for this pedal; otherwise it has been said why there is none.
+/// Gets the image that is offered for this pedal; otherwise the user has been given the reason.
 std::optional<ExitCode> FirmwareInstallCommand::choose(PedalWorker& pedal, const std::string& installed) {
     Explanation problem;
     auto offer = askForOffer(pedal, context().environment, installed, problem);
@@ -90,8 +90,8 @@ std::optional<ExitCode> FirmwareInstallCommand::choose(PedalWorker& pedal, const
     }
     if (!offer->image) {
         report().tell("finished", {{"installed", false}, {"version", installed}, {"exit", 0}},
-                      "The pedal runs firmware " + installed + ", and the maker's newest is " +
-                          offer->entry.version + ". There is nothing to install.");
+                      "The pedal runs firmware " + installed + " and the newest is " + offer->entry.version +
+                          ". There is nothing to install.");
         return ExitCode::ok;
     }
     image_ = std::move(*offer->image);
@@ -107,20 +107,20 @@ void FirmwareInstallCommand::explain(const std::string& installed) {
     plan["present"] = blank_ ? nlohmann::json() : nlohmann::json(installed);
     report().tell("plan", std::move(plan),
                   what + " (" + sizeText(image_.size()) + ") will be installed on a pedal that " +
-                      (blank_ ? "has only its loader." : "runs firmware " + installed + "."));
+                      (blank_ ? "is running only its loader." : "runs firmware " + installed + "."));
     if (report().json()) {
         return;
     }
     auto& output = context().output;
     if (version_.empty()) {
-        output.line("Nobody can verify this file: only install what comes from the pedal's maker.");
+        output.line("This file cannot be verified. Install it only if it comes from the pedal's maker.");
     }
-    output.line("This takes about 15 seconds. Do not unplug the pedal and do not switch the computer off.");
+    output.line("This takes about 15 seconds. Do not unplug the pedal or turn off the computer.");
     output.line("If the pedal stays in its loader afterwards, run the same command again.");
-    output.line("Whether the loops are kept is not known, so it is wise to make a backup first.");
+    output.line("It is not known whether the loops survive, so make a backup first.");
 }
 
-/// Signals are held until the end, so that the exit code tells what became of the pedal.
+/// Signals are held until the end, so that the exit code says what became of the pedal.
 ExitCode FirmwareInstallCommand::install(PedalWorker& pedal) {
     const auto awake = keepAwake(pedal);
     const auto& hold = context().environment.holdSignals;
@@ -134,7 +134,7 @@ ExitCode FirmwareInstallCommand::install(PedalWorker& pedal) {
     return code;
 }
 
-/// What keeps the computer awake, as long as it lives. Without it the installation goes on all the same.
+/// Keeps the computer awake as long as it lives. The installation goes on even without it.
 std::shared_ptr<void> FirmwareInstallCommand::keepAwake(PedalWorker& pedal) {
     const auto lock = std::make_shared<AwakeLock>();
     pedal.attempt([lock, &environment = context().environment] { *lock = environment.keepAwake(); });
@@ -142,8 +142,8 @@ std::shared_ptr<void> FirmwareInstallCommand::keepAwake(PedalWorker& pedal) {
         return nullptr;
     }
     if (!lock->hold) {
-        context().output.error("The computer cannot be kept awake (" + noteText(lock->problem) +
-                               "). See to it that it does not sleep meanwhile.");
+        context().output.error("Could not keep the computer awake (" + noteText(lock->problem) +
+                               "). Make sure it does not go to sleep.");
     }
     return lock->hold;
 }

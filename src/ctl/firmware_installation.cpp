@@ -19,7 +19,7 @@ constexpr std::size_t slowest = 65'536;
 constexpr Executor::Duration stopLimit = std::chrono::seconds(60);
 
 constexpr const char* whatNext =
-    " The pedal may have stayed in its loader. Unplug it, plug it in again and run the same command again.";
+    " The pedal may still be in its loader. Unplug it, plug it in again and run the same command again.";
 
 }  // namespace
 
@@ -60,7 +60,7 @@ std::optional<Explanation> FirmwareInstallation::flash(FirmwareImage image, bool
 }
 
 std::optional<Explanation> FirmwareInstallation::enterLoader() {
-    tellPhase("restart", "The pedal restarts into its loader.");
+    tellPhase("restart", "The pedal is restarting into its loader.");
     const bool came = await("Waiting for the loader", Executor::Duration::zero(),
                             [](const auto& news) { return news.completed || news.returned; });
     const auto news = flash_->news();
@@ -81,16 +81,16 @@ std::optional<Explanation> FirmwareInstallation::enterLoader() {
         problem->sentence += " Then run the same command again.";
         return problem;
     }
-    return news.away ? Explanation{ExitCode::noPedal, std::string("The pedal did not come back from its "
-                                                                  "restart. Nothing was installed.") +
+    return news.away ? Explanation{ExitCode::noPedal, std::string("The pedal did not come back after "
+                                                                  "restarting. Nothing was installed.") +
                                                           whatNext}
                      : pedalStoppedAnswering();
 }
 
 std::optional<Explanation> FirmwareInstallation::sendImage(std::size_t bytes) {
     tellPhase("loader",
-              "The pedal is in its loader. It prepares for 8 seconds, then takes the image: do not unplug "
-              "it.");
+              "The pedal is in its loader. It prepares for 8 seconds, then receives the image. Do not "
+              "unplug it.");
     const auto completed = [](const FirmwareFlash::News& news) { return news.completed.has_value(); };
     const auto extra = pauses + std::chrono::seconds(bytes / slowest);
     if (!await("Preparing and sending the image", extra, completed)) {
@@ -115,7 +115,7 @@ std::optional<Explanation> FirmwareInstallation::sendImage(std::size_t bytes) {
     return Explanation{
         ExitCode::pedalRefused,
         (news.failure == Failure::refused ? std::string("The pedal refused the firmware.")
-                                          : std::string("The firmware could not be sent to its end.")) +
+                                          : std::string("The firmware could not be sent completely.")) +
             whatNext};
 }
 
@@ -135,18 +135,19 @@ ExitCode FirmwareInstallation::awaitReturn() {
                                                  "yet. If it does not, unplug it and plug it in again."});
     }
     if (*news.returned == stageFactoryBlank) {
-        return finished(false, {ExitCode::pedalRefused,
-                                "The pedal came back in its loader, so it did not take the firmware. Run the "
-                                "same command again."});
+        return finished(false,
+                        {ExitCode::pedalRefused,
+                         "The pedal came back in its loader, so it did not accept the firmware. Run the "
+                         "same command again."});
     }
     flash_->askVersion(looper_);
     flash_->await("Waiting for the pedal", returnLimit,
                   [&stopping](const auto& now) { return now.version || stopping(now); });
     version_ = printable(flash_->news().version.value_or(""));
-    return finished(
-        true, {ExitCode::ok, version_.empty() ? "The firmware is installed, but the pedal does not tell its "
-                                                "version. Unplug it and plug it in again."
-                                              : "The pedal runs firmware " + version_ + "."});
+    return finished(true, {ExitCode::ok, version_.empty()
+                                             ? "The firmware is installed, but the pedal does not report its "
+                                               "version. Unplug it and plug it in again."
+                                             : "The pedal runs firmware " + version_ + "."});
 }
 
 void FirmwareInstallation::tellPhase(const char* phase, const std::string& sentence) {

@@ -15,21 +15,34 @@ bool isUnknown(const FirmwareVersion& version) {
     return version.major == 0 && version.minor == 0;
 }
 
+std::string serverSentence(const HttpResult& answer) {
+    const std::string reason = " (" + printable(answer.reason) + "). ";
+    switch (answer.failure) {
+        case HttpFailure::network:
+        case HttpFailure::timeout:
+            return "The update server could not be reached" + reason +
+                   "Check the internet connection and try again.";
+        case HttpFailure::untrusted:
+            return "The update server could not prove its identity" + reason +
+                   "Check the computer's clock and its certificates.";
+        default:
+            return "The update server did not answer as expected" + reason + "Try again later.";
+    }
+}
+
 std::optional<FirmwareEntry> newestEntry(const Environment& environment, Explanation& problem) {
     HttpRequest request;
     request.url = environment.manifest;
     request.limits.bytes = largestManifest;
     const auto manifest = environment.http->fetch(request);
     if (!manifest) {
-        problem = {ExitCode::noDownload, "The maker's server does not answer as it should (" +
-                                             printable(manifest.reason) +
-                                             "). Check the connection to the internet and try again."};
+        problem = {ExitCode::noDownload, serverSentence(manifest)};
         return std::nullopt;
     }
     auto entry = newestFirmwareEntry(manifest.body);
     if (!entry || !isComplete(*entry) || isUnknown(FirmwareVersionFromString(entry->version))) {
         problem = {ExitCode::noDownload,
-                   "The maker's server does not say what firmware it has. Try again later."};
+                   "The update server did not list any usable firmware. Try again later."};
         return std::nullopt;
     }
     return entry;
@@ -50,7 +63,7 @@ std::optional<FirmwareImage> fetchImage(const Environment& environment, const Fi
     updates.setup();
     if (!updates.initialized()) {
         problem = {ExitCode::fileError,
-                   "The folder for downloaded firmware in your home folder cannot be made."};
+                   "Could not create the folder for downloaded firmware in your home folder."};
         return std::nullopt;
     }
     auto image = updates.cached(entry);
@@ -60,8 +73,8 @@ std::optional<FirmwareImage> fetchImage(const Environment& environment, const Fi
     if (!image) {
         problem = {
             ExitCode::noDownload,
-            "The firmware could not be downloaded, verified and kept. Try again later; --verbose tells "
-            "more."};
+            "The firmware could not be downloaded, verified and stored. Try again later; --verbose shows "
+            "details."};
     }
     return image;
 }
@@ -72,8 +85,8 @@ std::optional<FirmwareOffer> fetchOffer(const Environment& environment, const st
                                         Explanation& problem) {
     const auto present = FirmwareVersionFromString(installed);
     if (!installed.empty() && isUnknown(present)) {
-        problem = {ExitCode::pedalRefused, "The pedal's firmware is of an unknown version (" + installed +
-                                               "), so it cannot be told whether another is newer."};
+        problem = {ExitCode::pedalRefused, "The pedal reports an unknown firmware version (" + installed +
+                                               "), so it cannot be compared with the newest."};
         return std::nullopt;
     }
     auto entry = newestEntry(environment, problem);
@@ -115,7 +128,7 @@ std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explan
     }
     const char* const trouble = error || (!image && size <= largestFirmware) ? "cannot be read."
                                 : image                                      ? "is empty."
-                                        : "is longer than firmware can be, which is 50,000,000 bytes.";
+                                        : "is larger than firmware can be (50,000,000 bytes).";
     problem = {ExitCode::fileError, name + trouble};
     return std::nullopt;
 }

@@ -26,7 +26,7 @@ std::optional<Explanation> folderObstacle(const std::filesystem::path& folder) {
     const bool missing = type == std::filesystem::file_type::not_found;
     if (missing && !std::filesystem::is_directory(parentOf(folder), error)) {
         return Explanation{ExitCode::fileError,
-                           "The folder " + name + " does not exist, nor does the one that it would be in."};
+                           "The folder " + name + " does not exist, and neither does its parent folder."};
     }
     if (error) {
         return Explanation{ExitCode::fileError, "The folder " + name + ": " + error.message() + "."};
@@ -39,9 +39,9 @@ std::optional<Explanation> folderObstacle(const std::filesystem::path& folder) {
     if (file < 0) {
         const std::string reason = std::generic_category().message(errno);
         return Explanation{ExitCode::fileError,
-                           missing ? "The folder " + name + " cannot be made: " + reason + "."
-                                   : "No files can be made in the folder " + name + ": " + reason +
-                                         ". Choose a folder that you may write to."};
+                           missing ? "The folder " + name + " cannot be created: " + reason + "."
+                                   : "No files can be created in the folder " + name + ": " + reason +
+                                         ". Choose a folder that you can write to."};
     }
     ::close(file);
     ::unlink(probe.c_str());

@@ -65,7 +65,7 @@ void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot) {
     }
 }
 
-/// The first file that cannot be written ends the import, as the next one would not fare better.
+/// The first file that cannot be written ends the import, as the next one would fail as well.
 void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
     const auto& folder = options().folder;
     if (!std::exchange(folderMade_, true)) {  // only once: a folder that vanishes later is a lost disk
@@ -74,7 +74,7 @@ void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
     const auto file = writeNewFile(folder, loopName(slot), ".wav", image);
     if (!file) {
         failed(tally_, slot, "file",
-               {ExitCode::fileError, loopName(slot) + " was not saved: the file could not be written in " +
+               {ExitCode::fileError, loopName(slot) + " was not saved: could not write to " +
                                          folder.string() + ": " + fileTrouble(file.error)});
         tally_.stopped = true;
         return;

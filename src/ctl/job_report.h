@@ -9,7 +9,7 @@
 
 namespace kzq::ctl {
 
-/// Tells what a command does: to people in sentences, to programs as one JSON object a line, each with an
+/// Reports what a command does: to people in sentences, to programs as one JSON object per line, each with an
 /// "event". Any thread.
 class JobReport {
   public:
@@ -21,7 +21,7 @@ class JobReport {
     void tell(const char* event, nlohmann::json details, const std::string& sentence);
     /// A loop failed; both kinds of reader also find the sentence on standard error.
     void failed(unsigned slot, std::string_view reason, const std::string& sentence);
-    /// The end of a command that has nothing else to tell.
+    /// The end of a command that has nothing else to report.
     void stopped(const Explanation& explanation);
     /// The end; `summary` for people.
     void finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary);

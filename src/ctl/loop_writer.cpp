@@ -9,7 +9,7 @@ LoopWriter::Outcome LoopWriter::write(const ExportInfo& info) {
     const auto why = explainExport(pedal_.failure());
     const std::string name = "Loop " + std::to_string(info.destination);
     return {why.code, std::string(failureName(pedal_.failure())), name + " was not written: " + why.sentence,
-            pedal_.begun() ? name + " was being written; the slot may be empty now." : ""};
+            pedal_.begun() ? name + " was being written; the slot may now be empty." : ""};
 }
 
 LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
@@ -19,10 +19,10 @@ LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
         const auto why = explainLoop(pedal_.failure());
         return {why.code, std::string(failureName(pedal_.failure())),
                 name + " was written but could not be read back: " + why.sentence,
-                name + " was written, but not compared."};
+                name + " was written but not compared."};
     }
     if (!same(*image)) {
-        return {ExitCode::someFailed, "differs", name + " reads back different from what was written.", {}};
+        return {ExitCode::someFailed, "differs", name + " does not match what was written.", {}};
     }
     return {};
 }

@@ -40,13 +40,21 @@ int complain(const ctl::Explanation& problem) {
     return ended(problem.code);
 }
 
+/// The whole sentence about a file that was not converted.
+std::string sentenceFor(const std::filesystem::path& source, const Conversion::Failure& failure) {
+    const std::string name = "\"" + source.string() + "\"";
+    return failure.reason == ConversionFailure::notAudio
+               ? name + " is in a format that is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3."
+               : "Could not convert " + name + ". " + failure.sentence;
+}
+
 ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
     const auto result = Conversion({.output = order.output,
                                     .progress = order.progress,
                                     .cancelled = order.cancelled,
                                     .sync = order.sync})
                             .convert(order.source);
-    return {result.path, result.frames, result ? "" : result.failure->sentence};
+    return {result.path, result.frames, result ? "" : sentenceFor(order.source, *result.failure)};
 }
 
 /// Null, with `problem` set, when the options do not describe one.
@@ -64,7 +72,7 @@ std::unique_ptr<simulator::Simulation> simulate(Executor& executor, const ctl::O
 }
 
 std::vector<Finding> simulatedFindings() {
-    return {{PedalTrouble::nothingOnBus, false, "A simulated pedal takes the place of a real one.", {}}};
+    return {{PedalTrouble::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}}};
 }
 
 /// Null, with a sentence in `problem`, when there can be no recording.

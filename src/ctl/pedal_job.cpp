@@ -7,7 +7,8 @@ namespace {
 
 Explanation nobodyToAsk() {
     return {ExitCode::usage,
-            "Nobody can be asked here, so nothing was changed. Add --yes to go ahead without a question."};
+            "Confirmation needed, but standard input is not a terminal. Nothing was changed; use --yes to "
+            "proceed."};
 }
 
 }  // namespace
@@ -17,7 +18,7 @@ PedalJob::PedalJob(Context context)
 
 void PedalJob::connected(const std::shared_ptr<KZQ7306>& looper) {
     if (pedal_) {
-        return;  // it was unplugged and is back; the command ends all the same
+        return;  // it was unplugged and is back, but the command ends anyway
     }
     if (looper->factoryBlank() && !takesLoader()) {
         context_.fail(pedalInLoader());
@@ -92,8 +93,9 @@ std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, const Loop
     if (now->loops == loops) {
         return std::nullopt;
     }
-    return Explanation{ExitCode::pedalRefused,
-                       "The loops on the pedal have changed meanwhile, so nothing was written. Try again."};
+    return Explanation{
+        ExitCode::pedalRefused,
+        "The loops on the pedal have changed in the meantime, so nothing was written. Try again."};
 }
 
 void PedalJob::failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation) {

@@ -16,7 +16,7 @@ class ProgressLine {
     /// `total` bytes in all steps together. Both references outlive it.
     ProgressLine(Executor& executor, Output& output, bool shown, std::uint64_t total);
 
-    /// The next step; what the present one has moved counts as done.
+    /// The next step; what the current one has moved counts as done.
     void begin(const std::string& what);
     /// `bytes` of this step have moved.
     void update(std::uint64_t bytes);

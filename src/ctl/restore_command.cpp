@@ -30,10 +30,10 @@ std::optional<Explanation> RestoreCommand::obstacle() {
     const std::string name = "\"" + folder_.path().string() + "\"";
     if (!index) {
         const bool partial = folder_.partialIndex(problem).has_value();
-        return Explanation{ExitCode::fileError, partial
-                                                    ? "The backup in " + name +
-                                                          " is not complete. Finish it with \"backup\" first."
-                                                    : "There is no backup in " + name + "."};
+        return Explanation{ExitCode::fileError,
+                           partial
+                               ? "The backup in " + name + " is incomplete. Finish it with \"backup\" first."
+                               : "There is no backup in " + name + "."};
     }
     index_ = std::move(*index);
     std::uint64_t frames = 0;
@@ -77,7 +77,7 @@ std::optional<Explanation> RestoreCommand::verifyFiles(const PedalWorker& pedal)
         if (!folder_.loop(entry)) {
             return Explanation{ExitCode::fileError, "The backup is damaged: \"" +
                                                         (folder_.path() / entry.file).string() +
-                                                        "\" is missing or is not what was saved. Nothing was "
+                                                        "\" is missing or has been changed. Nothing was "
                                                         "changed."};
         }
         if (auto end = pedal.ended()) {
@@ -116,7 +116,7 @@ std::optional<Explanation> RestoreCommand::findChanges(PedalWorker& pedal, const
         }
         ++same_;
         context().output.endProgress();
-        report().tell("plan", {{"slot", slot}, {"change", "same"}}, loopName(slot) + ": the same.");
+        report().tell("plan", {{"slot", slot}, {"change", "same"}}, loopName(slot) + ": already the same.");
     }
     return std::nullopt;
 }
@@ -155,20 +155,20 @@ void RestoreCommand::planErase(std::uint8_t slot, const Loop& old) {
     erased_.push_back(slot);
     lost_.push_back(slot);
     context().output.endProgress();
-    report().tell(
-        "plan", {{"slot", slot}, {"change", "erase"}},
-        loopName(slot) + ": will be erased (" + lengthText(old.samples) + "); the backup has nothing there.");
+    report().tell("plan", {{"slot", slot}, {"change", "erase"}},
+                  loopName(slot) + ": will be erased (" + lengthText(old.samples) +
+                      "); the slot is empty in the backup.");
 }
 
 std::string RestoreCommand::question() const {
     if (lost_.empty()) {
         return loopsText(writes_.size()) + " will be written. Would you like to continue?";
     }
-    return "The present audio of " + loopNames(lost_) +
+    return "The current audio of " + loopNames(lost_) +
            " on the 7306 will be erased. Erased audio cannot be restored. Would you like to continue?";
 }
 
-/// What must go goes first, so that there is room for the rest.
+/// Erases first, so that there is room for what is written.
 void RestoreCommand::change(PedalWorker& pedal, Loops loops) {
     if (!erased_.empty()) {
         auto left = eraseAndLook(pedal, report(), erased_, tally_);
@@ -215,7 +215,7 @@ void RestoreCommand::write(PedalWorker& pedal, const Loops& loops) {
 std::string RestoreCommand::summary(const PedalWorker& pedal) const {
     if (tally_.done == tally_.wanted && !pedal.ended()) {
         return loopsText(writes_.size()) + " written, " + std::to_string(erased_.size()) + " erased, " +
-               std::to_string(same_) + " the same.";
+               std::to_string(same_) + " unchanged.";
     }
     const std::string counts =
         std::to_string(tally_.done) + " of " + std::to_string(tally_.wanted) + " changes made. ";

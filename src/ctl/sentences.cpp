@@ -32,21 +32,21 @@ Explanation found(const std::vector<Finding>& findings, std::initializer_list<Pe
 
 Explanation explain(const Finding& trouble) {
     return {codeOf(trouble.kind),
-            trouble.sentence + (trouble.remedy.empty() ? "" : " The command: " + trouble.remedy)};
+            trouble.sentence + (trouble.remedy.empty() ? "" : " Run: " + trouble.remedy)};
 }
 
 std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings) {
     switch (failure) {
         case Failure::noPermission:
             return found(findings, {PedalTrouble::ruleMissing, PedalTrouble::ruleNotInForce},
-                         {ExitCode::noPermission, "You have no permission to use the pedal."});
+                         {ExitCode::noPermission, "You do not have permission to use the pedal."});
         case Failure::heldByAnother:
             return found(findings, {PedalTrouble::heldByAnother, PedalTrouble::heldByDriver},
                          {ExitCode::pedalRefused,
                           "The pedal is in use by another program. Close that program, then try again."});
         case Failure::kernelDriver:
             return Explanation{ExitCode::pedalRefused,
-                               "A driver of the system held the pedal and has now let go of it. Try again."};
+                               "A kernel driver was holding the pedal and has now released it. Try again."};
         case Failure::cannotOpen:
             return Explanation{
                 ExitCode::pedalRefused,
@@ -55,7 +55,7 @@ std::optional<Explanation> explainConnection(Failure failure, const std::vector<
         case Failure::unknownStage:
             return Explanation{
                 ExitCode::pedalRefused,
-                "The pedal is connected but does not say what it is. Unplug it and plug it in again."};
+                "The pedal is connected but does not identify itself. Unplug it and plug it in again."};
         default:
             return std::nullopt;
     }
@@ -70,25 +70,24 @@ Explanation explainLoop(Failure failure) {
         case Failure::noPedal:
             return {ExitCode::noPedal, "the pedal was unplugged."};
         case Failure::noStatus:
-            return {ExitCode::pedalRefused, "the pedal did not tell what it holds."};
+            return {ExitCode::pedalRefused, "the pedal did not report its loops."};
         case Failure::tooLarge:
             return {ExitCode::fileError, "it is longer than a WAV file can be."};
         case Failure::outOfMemory:
             return {ExitCode::fileError, "there is not enough memory to hold it."};
         default:
-            return {ExitCode::pedalRefused, "the pedal stopped in the middle of it."};
+            return {ExitCode::pedalRefused, "the pedal stopped partway through."};
     }
 }
 
 Explanation explainExport(Failure failure) {
     switch (failure) {
         case Failure::refused:
-            return {ExitCode::pedalRefused, "the pedal refused to take it."};
+            return {ExitCode::pedalRefused, "the pedal refused it."};
         case Failure::noAudio:
             return {ExitCode::fileError, "its file could not be read."};
         case Failure::transferFailed:
-            return {ExitCode::pedalRefused,
-                    "the pedal stopped in the middle of it. The slot may be empty now."};
+            return {ExitCode::pedalRefused, "the pedal stopped partway through. The slot may now be empty."};
         default:
             return explainLoop(failure);
     }
@@ -100,7 +99,7 @@ Explanation cancelledByUser() {
 
 Explanation noPedalConnected(const std::vector<Finding>& findings) {
     const Explanation plain{ExitCode::noPedal,
-                            "No pedal is connected. Plug it in and try again, or wait for it with --wait."};
+                            "No pedal is connected. Plug it in and try again, or use --wait."};
     return found(findings, {PedalTrouble::fileMissing, PedalTrouble::noUdev}, plain);
 }
 
@@ -118,13 +117,13 @@ Explanation pedalBusy() {
 
 Explanation pedalInLoader() {
     return {ExitCode::pedalRefused,
-            "The pedal runs only its loader and waits for firmware. Run \"kzq7306ctl firmware "
+            "The pedal is running only its loader and needs firmware. Run \"kzq7306ctl firmware "
             "install\"."};
 }
 
 Explanation statusUnreadable() {
     return {ExitCode::pedalRefused,
-            "The pedal does not tell what it holds. Unplug it, plug it in again and try again."};
+            "The pedal did not report its loops. Unplug it, plug it in again and try again."};
 }
 
 Explanation systemVersionUnknown() {
@@ -133,7 +132,7 @@ Explanation systemVersionUnknown() {
 }
 
 Explanation outputLost() {
-    return {ExitCode::fileError, "Standard output could not be written."};
+    return {ExitCode::fileError, "Could not write to standard output."};
 }
 
 }  // namespace kzq::ctl

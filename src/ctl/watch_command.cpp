@@ -10,7 +10,7 @@ void WatchCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
     present_ = true;
     last_.reset();
     if (looper->factoryBlank()) {
-        say("The pedal is connected. It runs only its loader and waits for firmware.", "loader");
+        say("The pedal is connected. It is running only its loader and needs firmware.", "loader");
         return;
     }
     say("The pedal is connected.", "connected");
@@ -34,7 +34,7 @@ void WatchCommand::changed(const Status& status) {
         patience_->stop();
     }
     if (!present_) {
-        return;  // it left while the news were on their way
+        return;  // it was unplugged in the meantime
     }
     if (context_.options.json) {
         nlohmann::json object = statusJson(status);

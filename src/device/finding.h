@@ -45,9 +45,9 @@ inline std::string obstacleLine(const std::vector<Finding>& findings) {
     }
     constexpr std::size_t readable = 80;
     if (found->remedy.size() > readable) {
-        return found->sentence + " Run \"kzq7306ctl doctor\" to fix it.";
+        return found->sentence + " Run \"kzq7306ctl doctor\" to see how to fix it.";
     }
-    return found->sentence + (found->remedy.empty() ? "" : " The command: " + found->remedy);
+    return found->sentence + (found->remedy.empty() ? "" : " Run: " + found->remedy);
 }
 
 }  // namespace kzq

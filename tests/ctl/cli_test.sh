@@ -149,7 +149,7 @@ cmp "$first/Loop 1.wav" "$to/Loop 1.wav" || fail "an import beside a recording w
 expect 2
 expect 2 --simulate --fault nonsense list
 expect 2 --simulate import $'\e[2J' --to "$to"
-grep -q '"?\[2J" is neither' "$work/err" || fail "control bytes: $(cat -v "$work/err")"
+grep -q '"?\[2J" is not a slot' "$work/err" || fail "control bytes: $(cat -v "$work/err")"
 expect 3 --simulate --fault unplug@in:1200 import --all --to "$to"
 expect 5 --simulate --fault refuse@E8 import --all --to "$to"
 expect 5 --simulate --fault silence@in:5 --patience 0.2 import --all --to "$to"

@@ -16,7 +16,7 @@ TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     EXPECT_EQ(run({"erase", "2-4"}), ExitCode::ok);
     EXPECT_EQ(questions.back(), "Erased loop audio cannot be restored. Would you like to continue?");
     EXPECT_EQ(out.str(),
-              "Slot 3 is empty already.\nSlot 4 is empty already.\nLoop 2: will be erased (0:00.0).\n"
+              "Slot 3 is already empty.\nSlot 4 is already empty.\nLoop 2: will be erased (0:00.0).\n"
               "Loop 2: erased.\n1 loop erased.\n");
     EXPECT_EQ(run({"erase", "2"}), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("There is nothing to erase.\n"));
@@ -41,7 +41,7 @@ TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     pedal.plugIn();
     plan("refuse@ED");
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::someFailed);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Loop 2 was not erased: the pedal refused to.\n");
+    EXPECT_EQ(err.str(), "kzq7306ctl: Loop 2 was not erased: the pedal refused.\n");
     EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops erased.\n"));
     plan("refuse@ED");
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::pedalRefused);
@@ -60,7 +60,7 @@ TEST_F(ToolTest, AnEndBeforeTheWorkIsToldToPrograms) {
     EXPECT_THAT(out.str(), IsEmpty()) << "it speaks one object in all";
     pedal.plugIn();
     EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::usage);
-    EXPECT_THAT(out.str(), HasSubstr(R"({"event":"finished","exit":2,"message":"Nobody can be asked)"));
+    EXPECT_THAT(out.str(), HasSubstr(R"({"event":"finished","exit":2,"message":"Confirmation needed)"));
 }
 
 TEST_F(ToolTest, CancelledEraseSendsNoReset) {

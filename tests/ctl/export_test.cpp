@@ -52,7 +52,7 @@ TEST_F(ExportTest, FilesGoToTheFirstFreeSlotsInTheirOrder) {
 
 TEST_F(ExportTest, OverwritingNeedsAYes) {
     EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::usage);
-    EXPECT_THAT(err.str(), HasSubstr("Add --yes"));
+    EXPECT_THAT(err.str(), HasSubstr("use --yes"));
     answer = [] { return Answer::no; };
     EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::cancelled);
     EXPECT_THAT(questions, ElementsAre(overwriteQuestion, overwriteQuestion));
@@ -75,7 +75,7 @@ TEST_F(ExportTest, WhatChangedDuringTheQuestionIsNotOverwritten) {
         return Answer::yes;
     };
     EXPECT_EQ(run({"export", a, "--slot", "5"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("have changed meanwhile"));
+    EXPECT_THAT(err.str(), HasSubstr("have changed in the meantime"));
     EXPECT_EQ(sent(command::exportLoop), 0);
 }
 
@@ -106,7 +106,7 @@ TEST_F(ExportTest, CapacityIsAStrictLimit) {
 TEST_F(ExportTest, NothingIsSentUnlessEverythingCanBe) {
     const auto text = write("text.wav", {'t', 'e', 'x', 't'});
     EXPECT_EQ(run({"export", a, text}), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr(text + "\" was not converted: This is not an audio file."));
+    EXPECT_THAT(err.str(), HasSubstr(text + "\" is not an audio file."));
     EXPECT_EQ(run({"export", write("empty.wav", wave({}, 2).value())}), ExitCode::fileError);
 
     for (std::uint8_t address = 0; address < 19; ++address) {
@@ -114,14 +114,14 @@ TEST_F(ExportTest, NothingIsSentUnlessEverythingCanBe) {
     }
     pedal.setLoop(19, std::nullopt);
     EXPECT_EQ(run({"export", a, b}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("The pedal has only 1 free for 2 files."));
+    EXPECT_THAT(err.str(), HasSubstr("The pedal has only 1 free slot for 2 files."));
     EXPECT_EQ(sent(command::exportLoop), 0);
 }
 
 TEST_F(ExportTest, ALoopThatFailsIsNoSilentSuccess) {
     plan("refuse@E2");
     EXPECT_EQ(run({"export", a, b, "--json"}), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 1 was not written: the pedal refused to take it."));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 1 was not written: the pedal refused it."));
     EXPECT_EQ(onPedal(3), loopOf(3, 50).audio);
     std::vector<std::string> told;
     for (const auto& event : events()) {
@@ -144,11 +144,11 @@ TEST_F(ExportTest, APedalThatStoresSomethingElseIsNoticed) {
         }
     });
     EXPECT_EQ(run({"export", a, "--verify"}), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 1 reads back different from what was written."));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 1 does not match what was written."));
     EXPECT_EQ(run({"export", a}), ExitCode::ok) << "the length is right, and more was not asked for";
     stored.audio.resize(699UL * 6);
     EXPECT_EQ(run({"export", a}), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("does not hold it in full length"));
+    EXPECT_THAT(err.str(), HasSubstr("does not hold all of it"));
     pedal.setMemoryListener({});
 }
 
@@ -156,8 +156,8 @@ TEST_F(ExportTest, UnpluggedInTheMiddle) {
     plan("unplug@out:7");  // five pieces of the first file, then two more
     EXPECT_EQ(run({"export", a, writeWave("c.wav", loopOf(900, 1))}), ExitCode::noPedal);
     EXPECT_EQ(err.str(),
-              "kzq7306ctl: The pedal was unplugged. Loop 3 was being written; the slot may be "
-              "empty now.\n");
+              "kzq7306ctl: The pedal was unplugged. Loop 3 was being written; the slot may now be "
+              "empty.\n");
     EXPECT_THAT(out.str(), HasSubstr("Loop 1: written.\n1 of 2 loops written.\n"));
     EXPECT_EQ(onPedal(1), loopOf(700, 40).audio);
 }
@@ -171,7 +171,7 @@ TEST_F(ExportTest, CancelStopsThePedalInItsOwnWay) {
     EXPECT_EQ(executor.elapsed(), 30ms);
     EXPECT_EQ(sent(command::abandon), 1);
     EXPECT_THAT(onPedal(1), IsEmpty());
-    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 1 was being written; the slot may be empty now.\n");
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 1 was being written; the slot may now be empty.\n");
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
@@ -181,7 +181,7 @@ TEST_F(ExportTest, CancelWhileReadingBackIsNotCalledUnwritten) {
     executor.advance(15ms);
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 2 was written, but not compared.\n");
+    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 2 was written but not compared.\n");
     EXPECT_THAT(out.str(), testing::Not(HasSubstr("written")));
     EXPECT_EQ(onPedal(2), loopOf(700, 40).audio);
 }

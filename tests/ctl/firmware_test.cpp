@@ -70,7 +70,7 @@ TEST_F(FirmwareTest, ShowsWhatThePedalRunsAndWhatIsOffered) {
     EXPECT_EQ(run({"firmware"}), ExitCode::ok);
     EXPECT_EQ(out.str(),
               "The pedal runs firmware 1.05.\n"
-              "Firmware 1.06 is offered. \"kzq7306ctl firmware install\" installs it.\n"
+              "Firmware 1.06 is available. Run \"kzq7306ctl firmware install\" to install it.\n"
               "  - Better\n  - ?[2JBest\n");
     EXPECT_EQ(run({"firmware", "--json"}), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("\"version\": \"1.06\""));
@@ -78,7 +78,7 @@ TEST_F(FirmwareTest, ShowsWhatThePedalRunsAndWhatIsOffered) {
     web.bodies.clear();
     EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
     EXPECT_EQ(out.str(), "The pedal runs firmware 1.05.\n");
-    EXPECT_THAT(err.str(), HasSubstr("(no connection). Check the connection to the internet"));
+    EXPECT_THAT(err.str(), HasSubstr("(no connection). Check the internet connection"));
     EXPECT_EQ(run({"firmware", "--json"}), ExitCode::noDownload);
     EXPECT_THAT(out.str(), HasSubstr("\"installed\": \"1.05\""));
     expectUntouched();
@@ -116,7 +116,7 @@ TEST_F(FirmwareTest, APedalWithNothingButItsLoaderIsRepaired) {
     EXPECT_EQ(run({"list"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("Run \"kzq7306ctl firmware install\"."));
     EXPECT_EQ(run({"firmware"}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("The pedal has only its loader"));
+    EXPECT_THAT(out.str(), HasSubstr("The pedal is running only its loader"));
     EXPECT_EQ(run({"firmware", "install"}), ExitCode::usage);
     answer = [] { return Answer::no; };
     EXPECT_EQ(run({"firmware", "install"}), ExitCode::cancelled);
@@ -128,8 +128,7 @@ TEST_F(FirmwareTest, APedalWithNothingButItsLoaderIsRepaired) {
     EXPECT_THAT(out.str(), HasSubstr("make a backup first"));
     EXPECT_THAT(out.str(), HasSubstr("The pedal runs firmware 1.04.\n"));
     EXPECT_EQ(err.str(),
-              "kzq7306ctl: The computer cannot be kept awake (no bus). See to it that it does not sleep "
-              "meanwhile.\n");
+              "kzq7306ctl: Could not keep the computer awake (no bus). Make sure it does not go to sleep.\n");
     EXPECT_EQ(pedal.installedFirmware(), image);
     EXPECT_EQ(sent(command::openUpdate), 1);
 }
@@ -143,7 +142,7 @@ TEST_F(FirmwareTest, NothingUnverifiedIsInstalled) {
     };
     web.bodies["new.bin"].back() ^= 1;
     EXPECT_EQ(install(), ExitCode::noDownload);
-    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and kept"));
+    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and stored"));
     web.bodies["new.bin"].pop_back();
     EXPECT_EQ(install(), ExitCode::noDownload);
     web.bodies = good;
@@ -163,7 +162,7 @@ TEST_F(FirmwareTest, NothingUnverifiedIsOffered) {
     web.bodies["new.bin"].back() ^= 1;
     EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
     EXPECT_EQ(out.str(), "The pedal runs firmware 1.05.\n");
-    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and kept"));
+    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and stored"));
     EXPECT_EQ(run({"firmware", "--json"}), ExitCode::noDownload);
     EXPECT_THAT(out.str(), HasSubstr("\"offered\": null"));
     EXPECT_THAT(cached(), IsEmpty());
@@ -177,12 +176,12 @@ TEST_F(FirmwareTest, NothingUnverifiedIsOffered) {
     web.bodies.erase("new.bin");
     EXPECT_EQ(run({"firmware"}), ExitCode::ok);  // nothing that would be installed
     EXPECT_EQ(out.str(),
-              "The pedal runs firmware 1.05.\nThe maker's newest firmware is 1.05, so there is nothing to "
+              "The pedal runs firmware 1.05.\nThe newest firmware is 1.05, so there is nothing to "
               "install.\n");
     pedal.setVersion("x.yz");
     for (const Strings& command : {Strings{"firmware"}, Strings{"firmware", "install", "--yes"}}) {
         EXPECT_EQ(run(command), ExitCode::pedalRefused);
-        EXPECT_THAT(err.str(), HasSubstr("of an unknown version (x.yz)"));
+        EXPECT_THAT(err.str(), HasSubstr("an unknown firmware version (x.yz)"));
     }
     expectUntouched();
 }
@@ -197,10 +196,10 @@ TEST_F(FirmwareTest, AFileOfTheUsersIsInstalledWithAWarning) {
     const auto large = write("large.bin", Bytes{1});
     std::filesystem::resize_file(large, 50'000'001);
     EXPECT_EQ(install({large}), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr("is longer than firmware can be"));
+    EXPECT_THAT(err.str(), HasSubstr("is larger than firmware can be"));
     expectUntouched();
     EXPECT_EQ(install({write("own.bin", Bytes{1, 2, 3})}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("Nobody can verify this file"));
+    EXPECT_THAT(out.str(), HasSubstr("This file cannot be verified"));
     EXPECT_EQ(pedal.installedFirmware(), (Bytes{1, 2, 3}));
 }
 

@@ -62,7 +62,7 @@ TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {
 
     plan("stall@in:7");
     EXPECT_EQ(import({"5", "20"}), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: the pedal stopped in the middle of it."));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: the pedal stopped partway through."));
     plan("overrun@in");
     EXPECT_EQ(import({"2"}), ExitCode::pedalRefused);
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 5.wav", "Loop 20.wav", "Loop 5-2.wav"));
@@ -76,7 +76,7 @@ TEST_F(ToolTest, FolderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopFo
     EXPECT_EQ(run({"import", "--all", "--to", "/dev/null"}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("is not a folder"));
     EXPECT_EQ(run({"import", "--all", "--to", "/proc"}), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr("No files can be made in the folder \"/proc\""));
+    EXPECT_THAT(err.str(), HasSubstr("No files can be created in the folder \"/proc\""));
     EXPECT_THAT(sent(command::stage), 0);
 
     EXPECT_EQ(run({"import", "7", "--to", folder / "new/"}), ExitCode::pedalRefused);
@@ -95,7 +95,7 @@ TEST_F(ToolTest, FirstFileErrorEndsTheImport) {
     std::filesystem::rename(folder.string() + "-away", folder);
     EXPECT_THAT(files(), ElementsAre("Loop 2.wav"));
     EXPECT_EQ(sent(command::importLoop), 2);
-    EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 5 was not saved: the file could not be written"));
+    EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 5 was not saved: could not write"));
 }
 
 TEST_F(ToolTest, CancelKeepsWholeFilesAndStopsThePedal) {

@@ -66,7 +66,7 @@ TEST_F(ToolTest, NoPermissionTellsTheRemedy) {
     pedal.plugIn();
     EXPECT_EQ(finish(), ExitCode::noPermission);
     EXPECT_LT(seconds(), 2.5);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Its rule is missing. The command: sudo install it\n");
+    EXPECT_EQ(err.str(), "kzq7306ctl: Its rule is missing. Run: sudo install it\n");
 }
 
 TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
@@ -123,19 +123,18 @@ TEST_P(BadAnswers, AreToldAndNotListed) {
 
 INSTANTIATE_TEST_SUITE_P(
     Faults, BadAnswers,
-    testing::Values(
-        BadAnswer{"stall@EB+", ExitCode::pedalRefused, "The pedal does not tell what it holds", 0},
-        BadAnswer{"shorten@EC+", ExitCode::pedalRefused, "The pedal does not tell what it holds", 0},
-        BadAnswer{"stall@EA+", ExitCode::pedalRefused, "The pedal does not tell what it holds", 0},
-        BadAnswer{"unplug@EC", ExitCode::noPedal, "The pedal was unplugged.\n", 0},
-        BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12},
-        BadAnswer{"silence@E9", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
+    testing::Values(BadAnswer{"stall@EB+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
+                    BadAnswer{"shorten@EC+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
+                    BadAnswer{"stall@EA+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
+                    BadAnswer{"unplug@EC", ExitCode::noPedal, "The pedal was unplugged.\n", 0},
+                    BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12},
+                    BadAnswer{"silence@E9", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
 
 TEST_F(ToolTest, OutputThatCannotBeWrittenIsAnError) {
     pedal.plugIn();
     out.setstate(std::ios::badbit);
     EXPECT_EQ(run({"list"}), ExitCode::fileError);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Standard output could not be written.\n");
+    EXPECT_EQ(err.str(), "kzq7306ctl: Could not write to standard output.\n");
 }
 
 TEST_F(ToolTest, TheLogIsShownOnlyOnDemand) {

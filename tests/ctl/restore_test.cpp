@@ -55,7 +55,7 @@ TEST_F(RestoreTest, BackupEraseAllAndRestoreGiveBackEveryBitAlsoWithTheCablePull
 TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     const auto before = audio();
     EXPECT_EQ(backup(), ExitCode::ok);
-    pedal.setLoop(2, loopOf(44'100, 1));  // the backup has nothing there
+    pedal.setLoop(2, loopOf(44'100, 1));  // the slot is empty in the backup
     auto other = loopOf(1000, 10);
     other.audio.back() ^= 1U;
     pedal.setLoop(1, other);
@@ -66,18 +66,18 @@ TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     EXPECT_EQ(run({"restore", folder}), ExitCode::cancelled);
     EXPECT_EQ(out.str(),
               "Loop 2: will be overwritten (0:00.0 instead of 0:00.0).\n"
-              "Loop 3: will be erased (0:01.0); the backup has nothing there.\n"
-              "Loop 5: will be written (0:00.0).\nLoop 20: the same.\n");
+              "Loop 3: will be erased (0:01.0); the slot is empty in the backup.\n"
+              "Loop 5: will be written (0:00.0).\nLoop 20: already the same.\n");
     EXPECT_EQ(
         questions.back(),
-        "The present audio of loops 2 and 3 on the 7306 will be erased. Erased audio cannot be restored. "
+        "The current audio of loops 2 and 3 on the 7306 will be erased. Erased audio cannot be restored. "
         "Would you like to continue?");
     EXPECT_EQ(audio(), changed);
 
     answer = [] { return Answer::yes; };
     EXPECT_EQ(run({"restore", folder}), ExitCode::ok);
     EXPECT_EQ(audio(), before);
-    EXPECT_THAT(out.str(), HasSubstr("2 loops written, 1 erased, 1 the same.\n"));
+    EXPECT_THAT(out.str(), HasSubstr("2 loops written, 1 erased, 1 unchanged.\n"));
     EXPECT_EQ(sent(command::exportLoop), 2);
     EXPECT_EQ(run({"restore", folder}), ExitCode::ok);
     EXPECT_EQ(questions.size(), 3U) << "no question where nothing changes";
@@ -111,7 +111,7 @@ TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     for (const auto& image : {bad, longer, Bytes(), wave(loopOf(1499, 30).audio, 2).value()}) {
         write("Loop 20.wav", image);
         EXPECT_EQ(restore(), ExitCode::fileError);
-        EXPECT_THAT(err.str(), HasSubstr("Loop 20.wav\" is missing or is not what was saved"));
+        EXPECT_THAT(err.str(), HasSubstr("Loop 20.wav\" is missing or has been changed"));
     }
     std::filesystem::remove(folder / "Loop 20.wav");
     EXPECT_EQ(restore(), ExitCode::fileError);
@@ -120,7 +120,7 @@ TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     index.resize(index.size() / 2);
     write("backup.json", index);
     EXPECT_EQ(restore(), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr("backup.json\" is not the index of a backup."));
+    EXPECT_THAT(err.str(), HasSubstr("backup.json\" is not a backup index."));
     EXPECT_EQ(audio(), before);
     EXPECT_EQ(sent(command::exportLoop) + sent(command::importLoop), 0);
 }
@@ -146,7 +146,7 @@ TEST_F(RestoreTest, ALoopThatReadsBackDifferentIsAFailure) {
         }
     });
     EXPECT_EQ(restore(), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 2 reads back different from what was written."));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 does not match what was written."));
     EXPECT_THAT(out.str(), HasSubstr("1 of 2 changes made."));
     pedal.setMemoryListener({});
     plan("refuse@ED");
@@ -167,7 +167,7 @@ TEST_F(RestoreTest, CancelWhileWriting) {
     EXPECT_EQ(sent(command::abandon), 1);
     EXPECT_EQ(audio()[1], loopOf(1000, 10).audio);
     EXPECT_THAT(audio()[19], IsEmpty());
-    EXPECT_THAT(err.str(), HasSubstr("Cancelled. Loop 20 was being written; the slot may be empty now.\n"));
+    EXPECT_THAT(err.str(), HasSubstr("Cancelled. Loop 20 was being written; the slot may now be empty.\n"));
     pedal.setLoop(2, loopOf(1, 1));
     plan("unplug@ED");
     EXPECT_EQ(restore(), ExitCode::noPedal);

@@ -34,7 +34,7 @@ ctl::ConvertedFile copy(const ctl::ConversionOrder& order) {
         intoFolder ? order.output / ("copy of " + order.source.filename().string()) : order.output;
     const auto bytes = bytesOf(order.source);
     if (!isPerfectWave(bytes, 2)) {
-        return {{}, 0, "This is not an audio file."};
+        return {{}, 0, "\"" + order.source.string() + "\" is not an audio file."};
     }
     std::filesystem::copy_file(order.source, target);
     return {target, (bytes.size() - waveHeaderSize) / simulator::frameBytes, {}};

@@ -33,7 +33,7 @@ TEST_F(ToolTest, WatchTellsWhatHappens) {
               "Loop 20: changed, 0:00.0, tempo 100.\n"
               "Firmware 1.05, 3 loops, 23 min 58 s of 24 min free.\n"
               "The pedal was unplugged.\n"
-              "The pedal is connected. It runs only its loader and waits for firmware.\n");
+              "The pedal is connected. It is running only its loader and needs firmware.\n");
 }
 
 TEST_F(ToolTest, WatchGoesOnAfterAnArrivalThatFailed) {
@@ -41,7 +41,7 @@ TEST_F(ToolTest, WatchGoesOnAfterAnArrivalThatFailed) {
     pedal.plugIn();
     start({"watch"});
     executor.advance(1s);
-    EXPECT_THAT(err.str(), HasSubstr("You have no permission"));
+    EXPECT_THAT(err.str(), HasSubstr("You do not have permission"));
     EXPECT_FALSE(code);
     pedal.unplug();
     port.setOpenResult(usbSuccess);

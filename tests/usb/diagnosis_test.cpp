@@ -7,18 +7,18 @@
 #include <cstdlib>
 #include <fstream>
 
-#include "test_folder.h"
-
 namespace kzq {
 namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// A system in order, from which tests remove things.
+/// A system in which everything is as it should be, to take things away from.
 class DiagnosisTest : public testing::Test {
   protected:
     DiagnosisTest() {
+        std::string name = (fs::temp_directory_path() / "diagnosis-XXXXXX").string();
+        root_ = ::mkdtemp(name.data());
         places_ = {.usbDevices = root_ / "devices",
                    .usbDrivers = root_ / "drivers",
                    .nodes = root_ / "nodes",
@@ -38,6 +38,7 @@ class DiagnosisTest : public testing::Test {
         write("helpers/kzq7306-usbtmc", "");
         write("drivers/usbtmc/new_id", "1234 5678\n308a 0104\n");
     }
+    ~DiagnosisTest() override { fs::remove_all(root_); }
 
     void write(const std::string& file, const std::string& text) {
         fs::create_directories((root_ / file).parent_path());
@@ -48,7 +49,7 @@ class DiagnosisTest : public testing::Test {
         fs::remove(link);
         fs::create_symlink("../../../drivers/" + driver, link);
     }
-    /// The finding reported first; "" if all is well.
+    /// What is told first; "" when all is well.
     std::string told(PedalTrouble kind) {
         const auto first = firstTrouble(diagnose(places_));
         if (!first) {
@@ -58,7 +59,7 @@ class DiagnosisTest : public testing::Test {
         return first->remedy;
     }
 
-    test::TestFolder root_;
+    fs::path root_;
     SystemPlaces places_;
 };
 
@@ -82,7 +83,7 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
     EXPECT_THAT(told(PedalTrouble::nothingOnBus), HasSubstr("lsusb"));
 }
 
-/// Root may do anything, so the test runs as another user.
+/// Root may do anything, so the test asks as somebody else.
 class AsUser {
   public:
     AsUser() {
@@ -123,13 +124,13 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     {
         const AsUser user;
         EXPECT_THAT(obstacleLine(diagnose(places_)),
-                    testing::EndsWith("Run \"kzq7306ctl doctor\" to fix it."))
+                    testing::EndsWith("Run \"kzq7306ctl doctor\" to see how to fix it."))
             << "too long for a line";
     }
     write("rules/90-own.rules", "ATTR{idVendor}==\"308a\", \\\nATTR{idProduct}==\"0104\", MODE=\"0666\"");
     toldToUser(PedalTrouble::ruleNotInForce);
     write("none/90-own.rules", "");
-    toldToUser(PedalTrouble::ruleMissing);  // the file of the same name has lower priority
+    toldToUser(PedalTrouble::ruleMissing);  // the file of the same name counts less
 
     fs::remove(root_ / "nodes/003/014");
     EXPECT_EQ(toldToUser(PedalTrouble::fileMissing), "");

@@ -81,8 +81,8 @@ Finding udev(const SystemPlaces& places) {
     return {
         PedalTrouble::noUdev,
         true,
-        "udev is not running (in a container, say), so a pedal that is plugged in later is not noticed. Plug "
-        "it in before you start the program, or run the program outside the container.",
+        "udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it "
+        "in before starting the program, or run the program outside the container.",
         {}};
 }
 
@@ -95,19 +95,20 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
     if (!fs::exists(node, ignored)) {
         return {PedalTrouble::fileMissing,
                 true,
-                "A pedal is connected, but " + node.string() +
-                    " is missing. A container needs access to /dev/bus/usb.",
+                "A pedal is on the USB bus, but " + node.string() +
+                    " does not exist, as in a container without access to /dev/bus/usb.",
                 {}};
     }
     if (hasAccessRule(places.ruleFolders)) {
         return {PedalTrouble::ruleNotInForce, true,
-                "You have no permission to use the pedal: its udev rule was installed after the pedal was "
-                "plugged "
-                "in, or you are not logged in at this computer.",
+                "You do not have permission to use the pedal: its udev rule was not yet installed when the "
+                "pedal was "
+                "plugged in, or you are not logged in at this computer.",
                 pluggedAnew};
     }
     return {PedalTrouble::ruleMissing, true,
-            "You have no permission to use the pedal: its udev rule is missing.", installedAnew(places)};
+            "You do not have permission to use the pedal: its udev rule is not installed.",
+            installedAnew(places)};
 }
 
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
@@ -117,10 +118,10 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     }
     if (driver == "usbfs") {
         return {PedalTrouble::heldByAnother, true,
-                "Another program is using the pedal. Close it; the command shows which one it is.",
+                "Another program is using the pedal. Find out which one and close it.",
                 "sudo fuser -v " + nodeOf(places, pedal).string()};
     }
-    return {PedalTrouble::heldByDriver, true, "The kernel driver " + driver + " is using the pedal.",
+    return {PedalTrouble::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
             "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
                 (places.usbDrivers / driver / "unbind").string()};
 }
@@ -134,17 +135,16 @@ Finding road(const SystemPlaces& places) {
         return fs::exists(folder / "kzq7306-usbtmc", ignored);
     });
     if (hasHelper && hasHelperRule(places.ruleFolders)) {
-        return {
-            PedalTrouble::roadNotInForce, true,
-            "Loops cannot be imported: the udev rules for import were installed after the pedal was plugged "
-            "in, or the kernel has no usbtmc driver.",
-            pluggedAnew};
+        return {PedalTrouble::roadNotInForce, true,
+                "Loops cannot be imported: the udev rules for it were not yet installed when the pedal was "
+                "plugged "
+                "in, or the kernel has no usbtmc driver.",
+                pluggedAnew};
     }
-    return {
-        PedalTrouble::roadNotInstalled, true,
-        "Loops cannot be imported: the kernel passes the request for them only through its usbtmc driver, "
-        "and the udev rules for that are missing.",
-        installedAnew(places)};
+    return {PedalTrouble::roadNotInstalled, true,
+            "Loops cannot be imported: the kernel passes on the request for them only through its usbtmc "
+            "driver, and the udev rules for that are not installed.",
+            installedAnew(places)};
 }
 
 }  // namespace
@@ -153,15 +153,14 @@ std::vector<Finding> diagnose(const SystemPlaces& places) {
     std::vector<Finding> findings;
     const auto pedal = findPedal(places);
     if (!pedal) {
-        findings.push_back({PedalTrouble::nothingOnBus, true,
-                            "No pedal is connected. Check the cable and the pedal's power; the command lists "
-                            "the pedal once it "
-                            "is connected.",
-                            "lsusb -d 308a:0104"});
+        findings.push_back(
+            {PedalTrouble::nothingOnBus, true,
+             "No pedal is on the USB bus. Check the cable and the pedal's power, then look again.",
+             "lsusb -d 308a:0104"});
         findings.push_back(udev(places));
         return findings;
     }
-    findings.push_back({PedalTrouble::nothingOnBus, false, "A pedal is connected.", {}});
+    findings.push_back({PedalTrouble::nothingOnBus, false, "A pedal is on the USB bus.", {}});
     findings.push_back(permission(places, *pedal));
     findings.push_back(holder(places, *pedal));
     findings.push_back(udev(places));

@@ -1,6 +1,5 @@
 #include "device/simulator/simulate_option.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 
 namespace kzq::simulator {
@@ -14,18 +13,19 @@ constexpr const char* builtInLoops = "//";
 
 SimulateOption::SimulateOption(CLI::App& app) : app_(app) {
     app.add_flag(std::string("--simulate{") + builtInLoops + "}", folder_,
-                 "Use the built-in pedal, with the WAV files in FOLDER as its loops")
+                 "Use the built-in simulated pedal, with the WAV files in FOLDER as its loops")
         ->option_text("[=FOLDER]");
     app.add_option("--fault", faults_,
-                   "Simulate a fault in the built-in pedal: KIND@WHERE[:COUNT][+], such as unplug@in:100 "
+                   "Make the simulated pedal fail: KIND@WHERE[:COUNT][+], such as unplug@in:100 "
                    "(repeatable)")
         ->option_text("PLAN")
         ->allow_extra_args(false);
 }
 
 std::string SimulateOption::mistake(const std::vector<std::string>& arguments) {
-    return std::ranges::find(arguments, "--simulate=") == arguments.end() ? ""
-                                                                          : "--simulate= needs a folder.";
+    return std::ranges::find(arguments, "--simulate=") == arguments.end()
+               ? ""
+               : "--simulate= requires a folder name.";
 }
 
 std::string SimulateOption::readable(std::string help) {
