@@ -1,5 +1,6 @@
 #include "device/simulator/simulate_option.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
 
 namespace kzq::simulator {
