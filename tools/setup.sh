@@ -98,7 +98,7 @@ kzq_configure() {
     rm -f "$folder/build.ninja"
     cmake --fresh --preset "$1" >"$2" 2>&1 && return 0
     rm -f "$folder/build.ninja"
-    kzq_full "$2" build /tmp || sed -n '/^CMake Error/,$p' "$2" >&2
+    kzq_full "$2" build /tmp || sed -n '/^CMake Error/,/^Call Stack/{/^Call Stack/!p}' "$2" >&2
     return 1
 }
 
