@@ -15,7 +15,8 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 std::string refusal(const std::string& lines) {
-    std::istringstream file(std::string(recordingHeader) + "\n" + lines);
+    std::stringstream file;
+    file << recordingHeader << '\n' << lines;
     std::string error;
     EXPECT_FALSE(readRecording(file, error)) << lines;
     return error;

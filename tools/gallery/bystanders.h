@@ -25,7 +25,7 @@ class StillExecutor : public Executor {
     void service(std::string /*label*/, Task /*step*/) override {}
     TimePoint now() const override { return {}; }
     void sleep(Duration /*duration*/) override {}
-    void wait(std::unique_lock<std::mutex>& /*lock*/, std::condition_variable& /*changed*/,
+    void wait(std::unique_lock<std::mutex>& /*lock*/, Condition& /*changed*/,
               const std::function<bool()>& /*ready*/) override {}
 
     void settle() {
