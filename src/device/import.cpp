@@ -28,7 +28,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
     }
     const auto loop = table->find(slot);
     if (loop == table->end()) {
-        fail(Failure::emptySlot);
+        fail(table->complete ? Failure::emptySlot : Failure::noStatus);
         return std::nullopt;
     }
     if (refused(control(command::importLoop, loop->second.address, loop->second.channel))) {

@@ -53,6 +53,7 @@ class UsbHandle {
 
     /// 1 if a kernel driver holds the interface, 0 if none does, or a UsbResult error.
     virtual int kernelDriverActive(int interface) = 0;
+    /// As the system answers, which a caller takes as a truth value: may be more than 0.
     virtual UsbResult detachKernelDriver(int interface) = 0;
     virtual UsbResult claimInterface(int interface) = 0;
     virtual UsbResult releaseInterface(int interface) = 0;
@@ -61,7 +62,7 @@ class UsbHandle {
     /// UsbResult error; what came before an error is in `reply`.
     virtual int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                         std::uint16_t index, std::span<std::uint8_t> reply) = 0;
-    /// `transferred` is always set, even on failure.
+    /// `transferred` is always set, even on failure, and may be more than requested.
     virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
                              std::size_t& transferred) = 0;
     virtual UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,

@@ -22,6 +22,15 @@ std::string refusal(const std::string& lines) {
     return error;
 }
 
+TEST(Recording, LinesMayEndAsTheyDoElsewhere) {
+    std::istringstream file("kzq7306-usb-recording 1\r\n# a note\r\n0 1 open 1\r\n5 1 = 0\r\n");
+    std::string error;
+    const auto recording = readRecording(file, error);
+    ASSERT_TRUE(recording) << error;
+    ASSERT_EQ(recording->events.size(), 2U);
+    EXPECT_EQ(recording->events[0].words, "open 1");
+}
+
 TEST(Recording, IsRefusedAtTheLineThatIsWrong) {
     const std::string begin =
         "# a note\n"

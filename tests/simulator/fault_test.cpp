@@ -26,12 +26,11 @@ TEST(FaultPlan, ReadsFaultsFromText) {
     ASSERT_TRUE(stall);
     EXPECT_FALSE(stall->code);
     EXPECT_EQ(faultFromText("silence@out")->where, Where::bulkOut);
-    EXPECT_TRUE(faultFromText("shorten@in") && faultFromText("overrun@in:3"));
+    EXPECT_TRUE(faultFromText("shorten@in") && faultFromText("overrun@in:3") && faultFromText("overrun@out"));
 
-    for (const char* text :
-         {"", "@", "stall", "stall@", "stall@in:", "stall@in:0", "stall@in:-1", "stall@in:1x",
-          "stall@in:4294967296", "stall@E", "stall@E12", "stall@0xE1", "burn@in", "refuse@in", "overrun@out",
-          "overrun@E1", "stall@in++", " stall@in"}) {
+    for (const char* text : {"", "@", "stall", "stall@", "stall@in:", "stall@in:0", "stall@in:-1",
+                             "stall@in:1x", "stall@in:4294967296", "stall@E", "stall@E12", "stall@0xE1",
+                             "burn@in", "refuse@in", "overrun@E1", "stall@in++", " stall@in"}) {
         EXPECT_FALSE(faultFromText(text)) << text;
     }
 }

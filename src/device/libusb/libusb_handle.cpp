@@ -54,7 +54,9 @@ int LibusbHandle::kernelDriverActive(int interface) {
 }
 
 UsbResult LibusbHandle::detachKernelDriver(int interface) {
-    return logged("detaching the kernel driver", libusb_detach_kernel_driver(handle_, interface));
+    const int result = libusb_detach_kernel_driver(handle_, interface);
+    logged("detaching the kernel driver", result);
+    return static_cast<UsbResult>(result);
 }
 
 UsbResult LibusbHandle::claimInterface(int interface) {
@@ -104,11 +106,12 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
         auto* const data = const_cast<std::uint8_t*>(piece.data());
         const UsbResult result = bulk(handle_, endpoint, data, piece.size(), moved);
-        transferred += std::min(moved, piece.size());
+        // More than was asked for stays more than was asked for, whichever piece it is.
+        transferred = moved > piece.size() ? from.size() + (moved - piece.size()) : transferred + moved;
         if (result != usbSuccess) {
             return result;
         }
-        if (moved < piece.size()) {
+        if (moved != piece.size()) {
             break;
         }
     }

@@ -203,6 +203,17 @@ class Reader {
     std::set<unsigned> registrations_;      ///< by the number of their call
 };
 
+/// A recording may have been sent by mail or kept by a program that ends lines in its own way.
+bool readLine(std::istream& file, std::string& line) {
+    if (!std::getline(file, line)) {
+        return false;
+    }
+    if (line.ends_with('\r')) {
+        line.pop_back();
+    }
+    return true;
+}
+
 std::optional<Recording> refuse(std::size_t line, const std::string& fault, std::string& error) {
     error = "line " + std::to_string(line) + " " + fault + ".";
     return std::nullopt;
@@ -212,11 +223,11 @@ std::optional<Recording> refuse(std::size_t line, const std::string& fault, std:
 
 std::optional<Recording> readRecording(std::istream& file, std::string& error) {
     std::string line;
-    if (!std::getline(file, line) || line != recordingHeader) {
+    if (!readLine(file, line) || line != recordingHeader) {
         return refuse(1, "is not \"" + std::string(recordingHeader) + "\"", error);
     }
     Reader reader;
-    for (std::size_t number = 2; std::getline(file, line); ++number) {
+    for (std::size_t number = 2; readLine(file, line); ++number) {
         if (file.eof()) {
             return refuse(number, "is cut off", error);
         }

@@ -57,7 +57,7 @@ bool makesSense(const Fault& fault) {
         return fault.where == Where::control;
     }
     if (fault.kind == FaultKind::overrun) {
-        return fault.where == Where::bulkIn;
+        return fault.where != Where::control;
     }
     return true;
 }

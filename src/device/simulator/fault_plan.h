@@ -16,7 +16,7 @@ enum class FaultKind {
               ///< reply)
     silence,  ///< no answer until the pedal leaves the bus or is reset
     unplug,   ///< the pedal leaves the bus instead of answering
-    overrun   ///< bulk in only: reported as more bytes than requested
+    overrun   ///< bulk only: reported as more bytes than requested
 };
 
 /// A planned fault: it hits the `count`-th (from 1) matching transfer, counted from when it was planned.

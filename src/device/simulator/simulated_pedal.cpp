@@ -28,6 +28,14 @@ Fault::Where place(WireEvent::Kind kind) {
     }
 }
 
+/// What the host is told of a bulk transfer of `asked` bytes.
+TransferResult counted(TransferResult result, std::size_t asked, std::optional<FaultKind> fault) {
+    constexpr std::size_t beyond = 64;
+    return fault == FaultKind::overrun && result.status == TransferStatus::done
+               ? TransferResult{TransferStatus::overrun, asked + beyond}
+               : result;
+}
+
 }  // namespace
 
 SimulatedPedal::SimulatedPedal(Executor& executor, Start start)
@@ -73,11 +81,7 @@ TransferResult SimulatedPedal::bulkIn(std::span<std::uint8_t> into) {
         if (import_) {
             inspectPiece(into.size(), import_->total - import_->sent);
         }
-        const TransferResult result = sendAudio(wanted);
-        if (fault != FaultKind::overrun || result.status != TransferStatus::done) {
-            return result;
-        }
-        return TransferResult{TransferStatus::overrun, into.size() + 64};
+        return counted(sendAudio(wanted), into.size(), fault);
     });
 }
 
@@ -88,7 +92,8 @@ TransferResult SimulatedPedal::bulkOut(std::span<const std::uint8_t> from) {
     }
     const WireEvent event = bulkEvent(WireEvent::Kind::bulkOut, from.size(), executor_.now());
     const bool fresh = journal_.begin(event);
-    return carryOut(lock, event, fresh, [&](auto fault) { return receive(from, fault); });
+    return carryOut(lock, event, fresh,
+                    [&](auto fault) { return counted(receive(from, fault), from.size(), fault); });
 }
 
 void SimulatedPedal::reset() {

@@ -21,6 +21,7 @@ using simulator::TransferStatus;
 namespace {
 
 constexpr std::size_t setupLength = 8;
+constexpr unsigned inMask = 0x80;
 constexpr int largestTransfer = 16 * 1024 * 1024;
 constexpr std::size_t pipeCapacity = 4096;
 constexpr std::array<std::uint8_t, pipeCapacity> filling{};
@@ -32,14 +33,14 @@ SetupPacket setupOf(std::span<const std::uint8_t> packet) {
     return {packet[0], packet[1], u16(2), u16(4), u16(6)};
 }
 
-int statusOf(TransferStatus status) {
+int statusOf(TransferStatus status, bool out) {
     switch (status) {
         case TransferStatus::done:
             return 0;
         case TransferStatus::stalled:
             return -EPIPE;
         case TransferStatus::overrun:
-            return -EOVERFLOW;
+            return out ? 0 : -EOVERFLOW;
         case TransferStatus::pending:
         case TransferStatus::gone:
             break;
@@ -215,7 +216,8 @@ void UsbfsNode::ask(Urbs::iterator urb) {
         changed_.notify_all();
         return;
     }
-    end(urb, fault != 0 ? fault : statusOf(result.status), result.transferred);
+    const bool out = !isControl && (urb->raw().endpoint & inMask) == 0;
+    end(urb, fault != 0 ? fault : statusOf(result.status, out), result.transferred);
 }
 
 TransferResult UsbfsNode::transfer(const Urb& urb) {
@@ -223,7 +225,7 @@ TransferResult UsbfsNode::transfer(const Urb& urb) {
     if (urb.raw().type == USBDEVFS_URB_TYPE_CONTROL) {
         return control(bytes);
     }
-    return (urb.raw().endpoint & 0x80) != 0 ? pedal_.bulkIn(bytes) : pedal_.bulkOut(bytes);
+    return (urb.raw().endpoint & inMask) != 0 ? pedal_.bulkIn(bytes) : pedal_.bulkOut(bytes);
 }
 
 TransferResult UsbfsNode::control(std::span<std::uint8_t> packet) {
