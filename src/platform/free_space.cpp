@@ -1,0 +1,53 @@
+#include "platform/free_space.h"
+
+#include <sys/statvfs.h>
+
+#include <system_error>
+
+namespace kzq {
+
+namespace {
+
+std::string withTenth(std::uint64_t tenths) {
+    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+}
+
+}  // namespace
+
+std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
+    std::error_code error;
+    auto place = std::filesystem::absolute(folder, error);
+    if (!std::filesystem::exists(place, error)) {
+        place = (place.has_filename() ? place : place.parent_path()).parent_path();
+    }
+    struct statvfs facts {};
+    // Some file systems do not count: they say that they have no blocks at all.
+    if (::statvfs(place.c_str(), &facts) != 0 || facts.f_blocks == 0) {
+        return std::nullopt;
+    }
+    return std::uint64_t{facts.f_bavail} * facts.f_frsize;
+}
+
+std::optional<std::string> tooLittleSpace(const std::filesystem::path& folder, std::uint64_t bytes,
+                                          const FreeSpace& freeSpace) {
+    const auto free = freeSpace(folder);
+    if (!free || *free >= bytes) {
+        return std::nullopt;
+    }
+    return "There is too little space in \"" + folder.string() + "\": " + sizeText(bytes) +
+           " are needed and " + sizeText(*free) + " are free. Make room or choose another folder.";
+}
+
+std::string sizeText(std::uint64_t bytes) {
+    constexpr std::uint64_t kilo = 1'000;
+    constexpr std::uint64_t mega = 1'000'000;
+    if (bytes < kilo) {
+        return std::to_string(bytes) + " B";
+    }
+    if (bytes < mega) {
+        return withTenth(bytes * 10 / kilo) + " kB";
+    }
+    return withTenth(bytes * 10 / mega) + " MB";
+}
+
+}  // namespace kzq
