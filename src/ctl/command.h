@@ -18,7 +18,7 @@ struct Context {
     const Options& options;
     Executor& executor;
     Output& output;
-    /// Ends the program; only the first call counts. Main thread.
+    /// Ends the program; only the first call counts. Main thread, or any while that one hangs.
     std::function<void(ExitCode)> finish;
     const Environment& environment;
 

@@ -12,6 +12,7 @@ constexpr Executor::Duration timeBetweenLooks = std::chrono::milliseconds(50);
 bool FirmwareFlash::disconnected() {
     const std::lock_guard guard(mutex_);
     news_.away = begun_;
+    ++news_.departures;
     return begun_;
 }
 

@@ -91,7 +91,9 @@ std::optional<Explanation> FirmwareInstallation::sendImage(std::size_t bytes) {
     tellPhase("loader",
               "The pedal is in its loader. It prepares for 8 seconds, then receives the image. Do not "
               "unplug it.");
+    const auto before = flash_->news().departures;
     const auto completed = [](const FirmwareFlash::News& news) { return news.completed.has_value(); };
+    const auto left = [before](const FirmwareFlash::News& news) { return news.departures != before; };
     const auto extra = pauses + std::chrono::seconds(bytes / slowest);
     if (!await("Preparing and sending the image", extra, completed)) {
         looper_->interrupt();
@@ -105,9 +107,9 @@ std::optional<Explanation> FirmwareInstallation::sendImage(std::size_t bytes) {
         return std::nullopt;
     }
     // The news that it left may still be on their way.
-    flash_->await("Stopping", departureNotice, [](const auto& news) { return news.away; });
+    flash_->await("Stopping", departureNotice, left);
     const auto news = flash_->news();
-    if (news.away) {
+    if (left(news)) {
         return Explanation{
             ExitCode::noPedal,
             std::string("The pedal was unplugged before the firmware was complete.") + whatNext};

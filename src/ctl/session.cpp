@@ -36,6 +36,7 @@ void Session::looperIsConnected(KZQ7306& looper) {
     }
     connected_ = true;
     found_ = true;
+    gaveUp_ = false;
     command_->connected(looper.shared_from_this());
 }
 
@@ -106,11 +107,16 @@ bool Session::doubtful() {
 
 /// Says why a pedal that is there cannot be used. Whether that was the end of the program.
 bool Session::explainFailure() {
-    if (gaveUp_) {
-        context_.fail(pedalStoppedAnswering());
-        return true;
-    }
     const auto failure = KZQ7306::looper()->acquisitionFailure();
+    if (gaveUp_.exchange(false)) {
+        seen_ = failure;  // the reset's doing
+        if (!watching_) {
+            context_.fail(pedalStoppedAnswering());
+            return true;
+        }
+        context_.output.error(pedalStoppedAnswering().sentence);
+        return false;
+    }
     if (std::exchange(seen_, failure) == failure) {
         return false;
     }
@@ -126,8 +132,8 @@ bool Session::explainFailure() {
     return true;
 }
 
-/// The link asks an arriving pedal who it is on the main thread, so a silent pedal stops that one. Another
-/// thread notices that the main thread has no pulse, and resets the pedal.
+/// The link gets hold of an arriving pedal on the main thread, so a silent one stops that. Another thread
+/// notices that the main thread has no pulse.
 void Session::guardArrival() {
     const auto patience = context_.options.patience;
     if (patience == Executor::Duration::zero()) {
@@ -139,15 +145,24 @@ void Session::guardArrival() {
             const unsigned before = self->mainThreadPulse_;
             executor.main([self] { ++self->mainThreadPulse_; });
             executor.sleep(patience);
-            if (!self->waiting() || self->mainThreadPulse_ != before) {
-                continue;
-            }
-            self->gaveUp_ = true;
-            if (const auto looper = KZQ7306::looper()) {
-                looper->interrupt();
+            if (self->waiting() && self->mainThreadPulse_ == before) {
+                self->endSilence(before);
             }
         }
     });
+}
+
+/// A reset ends a request that hangs. While the pedal is opened or claimed there is nothing to reset, and
+/// only the end of the program helps.
+void Session::endSilence(unsigned pulse) {
+    gaveUp_ = true;
+    if (const auto looper = KZQ7306::looper()) {
+        looper->interrupt();
+    }
+    context_.executor.sleep(cancelGrace);
+    if (waiting() && mainThreadPulse_ == pulse) {
+        context_.fail(pedalStoppedAnswering());
+    }
 }
 
 }  // namespace kzq::ctl

@@ -31,6 +31,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     bool doubtful();
     bool explainFailure();
     void guardArrival();
+    void endSilence(unsigned pulse);
     /// A command that has found its pedal deals with departures itself.
     bool waiting() const { return !over_ && !(watching_ ? connected_ : found_); }
 

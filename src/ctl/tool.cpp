@@ -93,7 +93,7 @@ Context Tool::context() {
 }
 
 void Tool::finish(ExitCode code) {
-    if (std::exchange(finished_, true)) {
+    if (finished_.exchange(true)) {
         return;
     }
     session_->end();

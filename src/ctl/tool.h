@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 #include "ctl/command.h"
@@ -29,7 +30,7 @@ class Tool {
     std::shared_ptr<Command> command_;
     std::shared_ptr<Session> session_;
     bool interrupted_ = false;
-    bool finished_ = false;
+    std::atomic<bool> finished_ = false;
 };
 
 }  // namespace kzq::ctl

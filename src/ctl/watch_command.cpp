@@ -15,7 +15,10 @@ void WatchCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
     }
     say("The pedal is connected.", "connected");
     patience_ = std::make_shared<Patience>(context_.executor, context_.options.patience,
-                                           [context = context_] { context.fail(pedalStoppedAnswering()); });
+                                           [context = context_, looper] {
+                                               context.output.error(pedalStoppedAnswering().sentence);
+                                               looper->interrupt();  // the polls go on
+                                           });
     patience_->start();
     looper->refresh();
 }

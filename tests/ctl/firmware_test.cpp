@@ -225,6 +225,17 @@ TEST_F(FirmwareTest, EveryFailureIsToldAndCanBeRepeated) {
     EXPECT_EQ(pedal.installedFirmware(), image);
 }
 
+TEST_F(FirmwareTest, UnpluggedAndPluggedInAgainInThePauseIsUnplugged) {
+    blank();
+    start({"firmware", "install", "--yes"});
+    executor.advance(3s);
+    pedal.unplug();
+    executor.advance(1s);
+    pedal.plugIn();
+    EXPECT_EQ(finish(), ExitCode::noPedal);
+    EXPECT_THAT(err.str(), HasSubstr("was unplugged before the firmware was complete"));
+}
+
 TEST_F(FirmwareTest, APedalThatRefusesItsLoaderKeepsItsFirmware) {
     pedal.plugIn();
     plan("refuse@E4");

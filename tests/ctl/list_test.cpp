@@ -130,6 +130,14 @@ INSTANTIATE_TEST_SUITE_P(
                     BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12},
                     BadAnswer{"silence@E9", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
 
+TEST_F(ToolTest, PatienceCoversOpeningThePedal) {
+    port.openPace = std::chrono::hours(1);
+    pedal.plugIn();
+    EXPECT_EQ(run({"list", "--patience", "12"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), StartsWith("kzq7306ctl: The pedal stopped answering."));
+    EXPECT_LE(endedAt, 12 + 2);
+}
+
 TEST_F(ToolTest, OutputThatCannotBeWrittenIsAnError) {
     pedal.plugIn();
     out.setstate(std::ios::badbit);

@@ -51,6 +51,24 @@ TEST_F(ToolTest, WatchGoesOnAfterAnArrivalThatFailed) {
     EXPECT_THAT(out.str(), HasSubstr("The pedal is connected.\nFirmware 1.05"));
 }
 
+class SilentPedal : public ToolTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(SilentPedal, WatchGoesOnAfterSilence) {
+    plan(GetParam());
+    pedal.plugIn();
+    start({"watch", "--patience", "12"});
+    executor.advance(20s);
+    EXPECT_THAT(err.str(), HasSubstr("stopped answering"));
+    EXPECT_FALSE(code);
+    pedal.unplug();
+    executor.advance(1s);
+    pedal.plugIn();
+    executor.advance(1s);
+    EXPECT_THAT(out.str(), testing::ContainsRegex("The pedal is connected.\nFirmware 1.05[^\n]*\n$"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, SilentPedal, testing::Values("silence@E9", "silence@EB"));
+
 TEST_F(ToolTest, WatchAsJsonIsOneObjectALineAndEndsWhenNobodyReads) {
     pedal.plugIn();
     start({"watch", "--json"});

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "device/simulator/simulated_port.h"
@@ -15,9 +17,15 @@ class PacedPort : public simulator::SimulatedPort {
 
     Executor::Duration pace{};       ///< of one read
     Executor::Duration writePace{};  ///< of one write
+    Executor::Duration openPace{};   ///< of opening
+    /// Changes a reply on its way.
+    std::function<void(std::uint8_t code, std::span<std::uint8_t> reply)> tamper;
 
     using SimulatedPort::open;
     std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) override {
+        if (openPace > Executor::Duration::zero()) {
+            executor_.sleep(openPace);
+        }
         auto handle = SimulatedPort::open(device, result);
         return handle ? std::make_unique<Handle>(*this, std::move(handle)) : nullptr;
     }
@@ -36,7 +44,11 @@ class PacedPort : public simulator::SimulatedPort {
         UsbResult releaseInterface(int interface) override { return handle_->releaseInterface(interface); }
         int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
                     std::span<std::uint8_t> reply) override {
-            return handle_->control(requestType, request, value, index, reply);
+            const int came = handle_->control(requestType, request, value, index, reply);
+            if (port_.tamper) {
+                port_.tamper(requestType, reply);
+            }
+            return came;
         }
         UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
                          std::size_t& transferred) override {
