@@ -29,6 +29,15 @@ std::vector<const Loop*> missingFirst(const Loops& loops, const BackupIndex& ind
     return order;
 }
 
+/// What the files of the loops that the index does not have will take.
+std::uint64_t sizeToSave(const Loops& loops, const BackupIndex& index) {
+    std::uint64_t size = 0;
+    for (const auto& [slot, loop] : loops) {
+        size += index.loops.contains(slot) ? 0 : waveHeaderSize + loop.bytes;
+    }
+    return size;
+}
+
 }  // namespace
 
 BackupCommand::BackupCommand(Context context) : PedalJob(std::move(context)), folder_(options().folder) {}
@@ -52,7 +61,6 @@ ExitCode BackupCommand::work(PedalWorker& pedal) {
     if (complete) {
         return compare(pedal, status->loops, *complete);
     }
-    makeFolder(folder_.path());
     return save(pedal, *status, std::move(partial).value_or(BackupIndex{}));
 }
 
@@ -60,6 +68,11 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
     index.firmware = printable(status.version);
     tally_.wanted = status.loops.size();
     keepWhatIsThere(status.loops, index);
+    if (const auto problem = tooLittleSpace(folder_.path(), sizeToSave(status.loops, index),
+                                            context().environment.freeSpace)) {
+        return stop({ExitCode::fileError, *problem});
+    }
+    makeFolder(folder_.path());
     startProgress(status.loops);
     for (const auto* const loop : missingFirst(status.loops, index)) {
         if (!saveLoop(pedal, *loop, index)) {
@@ -87,15 +100,17 @@ void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
 /// recording may have the same length and leave the pedal's table as it was.
 bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index) {
     const auto slot = static_cast<std::uint8_t>(loop.address + 1);
-    const auto image = read(pedal, slot);
-    if (!image && pedal.ended()) {
+    const bool possible = hasPossibleLength(loop);
+    const auto image = possible ? read(pedal, slot) : std::nullopt;
+    if (possible && !image && pedal.ended()) {
         return false;
     }
     if (!image || framesOf(*image) != loop.samples) {
+        const auto failure = possible ? pedal.failure() : Failure::tooLarge;
         const auto reason = image ? Explanation{ExitCode::pedalRefused, "it changed while it was being read."}
-                                  : explainLoop(pedal.failure());
+                                  : explainLoop(failure);
         index.loops.erase(slot);
-        failed(tally_, slot, image ? "changed" : failureName(pedal.failure()),
+        failed(tally_, slot, image ? "changed" : failureName(failure),
                {reason.code, loopName(slot) + " was not saved: " + reason.sentence});
         return true;
     }
@@ -137,7 +152,8 @@ ExitCode BackupCommand::finish(PedalWorker& pedal, const Status& status, const B
     tally_.done = index.loops.size();
     const bool whole = tally_.done == tally_.wanted;
     if (whole) {
-        if (const auto problem = changedSince(pedal, status.loops); problem && !pedal.ended()) {
+        auto loops = status.loops;
+        if (const auto problem = changedSince(pedal, loops, allSlots()); problem && !pedal.ended()) {
             return stop({problem->code,
                          "The loops on the pedal changed during the backup. Run the same command again."});
         }

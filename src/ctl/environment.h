@@ -16,6 +16,7 @@
 #include "device/finding.h"
 #include "device/usb_port.h"
 #include "platform/executor.h"
+#include "platform/free_space.h"
 #include "updates/http_client.h"
 
 namespace kzq::ctl {
@@ -49,6 +50,8 @@ struct Environment {
     /// ends that. Any thread.
     std::function<void(std::function<void()> heard)> holdSignals;
 
+    /// What files may still take; any thread.
+    FreeSpace freeSpace = kzq::freeSpace;
     /// What keeps the user from using the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// Hears every line of the log, with its category in front; empty for nobody. Must not log. Any thread.

@@ -31,6 +31,9 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
     if (slots.empty()) {
         return conclude(pedal, tally, "There is nothing to erase.");
     }
+    if (const auto problem = impossibleLength(status->loops, slots)) {
+        return stop(*problem);
+    }
     for (const auto slot : slots) {
         report().tell("plan", {{"slot", slot}, {"change", "erase"}},
                       "Loop " + std::to_string(slot) + ": will be erased (" +
@@ -40,7 +43,8 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
             declined(pedal, "Erased loop audio cannot be restored. Would you like to continue?")) {
         return *code;
     }
-    if (const auto problem = changedSince(pedal, status->loops)) {
+    auto loops = status->loops;
+    if (const auto problem = changedSince(pedal, loops, slots)) {
         return stop(*problem);
     }
     eraseAndLook(pedal, report(), slots, tally);

@@ -24,6 +24,9 @@ ExitCode ExportCommand::work(PedalWorker& pedal) {
     if (!status) {
         return stop(pedal);
     }
+    if (const auto problem = impossibleLength(status->loops, allSlots())) {
+        return stop(*problem);
+    }
     const auto slots = slotsForExport(options().files.size(), options().slot, status->loops);
     if (const auto* const problem = std::get_if<Explanation>(&slots)) {
         return stop(*problem);
@@ -40,10 +43,17 @@ ExitCode ExportCommand::work(PedalWorker& pedal) {
             return *code;
         }
     }
-    if (const auto problem = changedSince(pedal, status->loops)) {
+    auto loops = status->loops;
+    if (const auto problem = changedSince(pedal, loops, std::get<0>(slots))) {
         return stop(*problem);
     }
-    send(pedal, status->loops);
+    if (!fitsCapacity(existingAndTeedUpExportSamples(loops, exports_))) {
+        return stop(
+            {ExitCode::pedalRefused,
+             "A loop was recorded on the pedal in the meantime, which leaves too little space, so nothing "
+             "was changed. Erase loops, or choose shorter files."});
+    }
+    send(pedal, loops);
     const auto all = loopsText(tally_.wanted);
     const std::string done = tally_.done == tally_.wanted ? all : std::to_string(tally_.done) + " of " + all;
     const std::string summary = done + (options().verify ? " written and compared." : " written.");
@@ -136,9 +146,12 @@ void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
     LoopWriter writer(pedal, progress);
     for (const auto& info : inOrderOfGrowth(exports_, loops)) {
         auto outcome = writer.write(info);
-        if (outcome.sentence.empty() && options().verify) {
-            outcome = writer.readBack(info.destination,
-                                      [&info](ByteView image) { return holdsSameAudio(info.source, image); });
+        if (outcome.sentence.empty()) {
+            outcome =
+                options().verify
+                    ? writer.readBack(info.destination,
+                                      [&info](ByteView image) { return holdsSameAudio(info.source, image); })
+                    : writer.confirm(info);
         }
         if (!outcome.sentence.empty() && pedal.ended()) {
             tally_.doubt = outcome.doubt;
@@ -151,28 +164,9 @@ void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
         }
     }
     progress->end();
-    checkLengths(pedal);
-}
-
-/// The pedal's own table has the last word on what it holds.
-void ExportCommand::checkLengths(PedalWorker& pedal) {
-    const auto status = pedal.status();
-    if (!status) {
-        return;
-    }
-    for (const auto& info : sent_) {
-        const auto loop = status->loops.find(info.destination);
-        if (loop == status->loops.end() || loop->second.samples != info.bytes / frameBytes) {
-            --tally_.done;
-            failed(tally_, info.destination, "differs",
-                   {ExitCode::someFailed,
-                    loopName(info.destination) + " was sent, but the pedal does not hold all of it."});
-        }
-    }
 }
 
 void ExportCommand::written(const ExportInfo& info) {
-    sent_.push_back(info);
     ++tally_.done;
     context().output.endProgress();
     report().tell("written", {{"slot", info.destination}, {"samples", info.bytes / frameBytes}},

@@ -23,12 +23,10 @@ class ExportCommand : public PedalJob {
     bool overwrites() const;
 
     void send(PedalWorker& pedal, const Loops& loops);
-    void checkLengths(PedalWorker& pedal);
     void written(const ExportInfo& info);
 
     WorkingCopies* copies_ = nullptr;  ///< of this run
     Exports exports_;
-    std::vector<ExportInfo> sent_;
     Tally tally_;
 };
 

@@ -13,10 +13,6 @@ std::string twoDigits(std::uint64_t number) {
     return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
-std::string withTenth(std::uint64_t tenths) {
-    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
-}
-
 }  // namespace
 
 std::uint64_t freeFrames(const Loops& loops) {
@@ -26,18 +22,6 @@ std::uint64_t freeFrames(const Loops& loops) {
 std::string lengthText(std::uint64_t frames) {
     const std::uint64_t tenths = frames * 10 / waveSampleRate;
     return clockText(tenths / 10) + "." + std::to_string(tenths % 10);
-}
-
-std::string sizeText(std::uint64_t bytes) {
-    constexpr std::uint64_t kilo = 1'000;
-    constexpr std::uint64_t mega = 1'000'000;
-    if (bytes < kilo) {
-        return std::to_string(bytes) + " B";
-    }
-    if (bytes < mega) {
-        return withTenth(bytes * 10 / kilo) + " kB";
-    }
-    return withTenth(bytes * 10 / mega) + " MB";
 }
 
 std::string minutesText(std::uint64_t frames) {

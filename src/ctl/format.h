@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/free_space.h"  // sizeText
 #include "slots/capacity.h"
 
 namespace kzq::ctl {
@@ -13,8 +14,6 @@ std::uint64_t freeFrames(const Loops& loops);
 
 /// "m:ss.t", rounded down.
 std::string lengthText(std::uint64_t frames);
-/// "594 B", "12.3 kB", "2.1 MB".
-std::string sizeText(std::uint64_t bytes);
 /// "22 min 58 s", rounded down.
 std::string minutesText(std::uint64_t frames);
 /// "m:ss"

@@ -29,15 +29,26 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
     const auto slots = wanted(status->loops);
     tally_.wanted = slots.size();
     std::uint64_t total = 0;
+    std::uint64_t size = 0;
     for (const auto slot : slots) {
-        const auto loop = status->loops.find(slot);
-        total += loop == status->loops.end() ? 0 : loop->second.alignedBytes;
+        if (const auto loop = status->loops.find(slot); loop != status->loops.end()) {
+            total += loop->second.alignedBytes;
+            size += waveHeaderSize + loop->second.bytes;
+        }
+    }
+    if (const auto problem = tooLittleSpace(options().folder, size, context().environment.freeSpace)) {
+        return stop({ExitCode::fileError, *problem});
     }
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     for (std::size_t i = 0; i < slots.size() && !pedal.ended() && !tally_.stopped; ++i) {
         progress_->begin(loopName(slots[i]) + " (" + std::to_string(i + 1) + " of " +
                          std::to_string(slots.size()) + ")");
-        save(pedal, slots[i]);
+        const auto loop = status->loops.find(slots[i]);
+        if (loop != status->loops.end() && !hasPossibleLength(loop->second)) {
+            notSaved(slots[i], Failure::tooLarge);
+        } else {
+            save(pedal, slots[i]);
+        }
     }
     return conclude(pedal, tally_, summary(pedal));
 }
@@ -59,10 +70,14 @@ void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot) {
     if (image) {
         write(slot, *image);
     } else if (!pedal.ended()) {
-        const auto why = explainLoop(pedal.failure());
-        failed(tally_, slot, failureName(pedal.failure()),
-               {why.code, loopName(slot) + " was not saved: " + why.sentence});
+        notSaved(slot, pedal.failure());
     }
+}
+
+void ImportCommand::notSaved(std::uint8_t slot, Failure failure) {
+    const auto why = explainLoop(failure);
+    failed(tally_, slot, failureName(failure),
+           {why.code, loopName(slot) + " was not saved: " + why.sentence});
 }
 
 /// The first file that cannot be written ends the import, as the next one would fail as well.

@@ -1,5 +1,7 @@
 #include "ctl/loop_writer.h"
 
+#include "slots/capacity.h"
+
 namespace kzq::ctl {
 
 LoopWriter::Outcome LoopWriter::write(const ExportInfo& info) {
@@ -10,6 +12,21 @@ LoopWriter::Outcome LoopWriter::write(const ExportInfo& info) {
     const std::string name = "Loop " + std::to_string(info.destination);
     return {why.code, std::string(failureName(pedal_.failure())), name + " was not written: " + why.sentence,
             pedal_.begun() ? name + " was being written; the slot may now be empty." : ""};
+}
+
+LoopWriter::Outcome LoopWriter::confirm(const ExportInfo& info) {
+    const std::string name = "Loop " + std::to_string(info.destination);
+    const auto status = pedal_.status();
+    if (!status) {
+        const auto end = pedal_.ended().value_or(statusUnreadable());
+        return {end.code, "no-status", end.sentence, name + " was sent, but not found on the pedal again."};
+    }
+    const auto loop = status->loops.find(info.destination);
+    if (loop == status->loops.end() || loop->second.samples != info.bytes / frameBytes) {
+        return {
+            ExitCode::someFailed, "differs", name + " was sent, but the pedal does not hold all of it.", {}};
+    }
+    return {};
 }
 
 LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {

@@ -27,6 +27,8 @@ class LoopWriter {
         : pedal_(pedal), progress_(std::move(progress)) {}
 
     Outcome write(const ExportInfo& info);
+    /// The pedal's own table has the last word on what it holds.
+    Outcome confirm(const ExportInfo& info);
     Outcome readBack(std::uint8_t slot, const Check& same);
 
   private:

@@ -1,6 +1,10 @@
 #include "ctl/pedal_job.h"
 
+#include <numeric>
 #include <utility>
+
+#include "device/commands.h"
+#include "slots/capacity.h"
 
 namespace kzq::ctl {
 namespace {
@@ -85,17 +89,48 @@ std::optional<ExitCode> PedalJob::declined(PedalWorker& pedal, const std::string
     return stop(nobodyToAsk());
 }
 
-std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, const Loops& loops) {
+std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, Loops& loops,
+                                                  const std::vector<std::uint8_t>& slots) {
     const auto now = pedal.status();
     if (!now) {
-        return pedal.ended();
+        auto end = pedal.ended().value_or(statusUnreadable());
+        end.sentence += " Nothing was changed.";
+        return end;
     }
-    if (now->loops == loops) {
-        return std::nullopt;
+    for (const auto slot : slots) {
+        const auto before = loops.find(slot);
+        const auto after = now->loops.find(slot);
+        const bool was = before != loops.end();
+        const bool is = after != now->loops.end();
+        if (was != is || (was && before->second != after->second)) {
+            const char* const what = !was ? " was recorded" : is ? " was changed" : " was erased";
+            return Explanation{
+                ExitCode::pedalRefused,
+                "Loop " + std::to_string(slot) + what +
+                    " on the pedal in the meantime, so nothing was changed. Run the command again."};
+        }
     }
-    return Explanation{
-        ExitCode::pedalRefused,
-        "The loops on the pedal have changed in the meantime, so nothing was written. Try again."};
+    loops = now->loops;
+    return std::nullopt;
+}
+
+std::optional<Explanation> PedalJob::impossibleLength(const Loops& loops,
+                                                      const std::vector<std::uint8_t>& slots) {
+    for (const auto slot : slots) {
+        const auto loop = loops.find(slot);
+        if (loop != loops.end() && !hasPossibleLength(loop->second)) {
+            const auto why = explainLoop(Failure::tooLarge);
+            return Explanation{
+                why.code, "Loop " + std::to_string(slot) + ": " + why.sentence + " Nothing was changed."};
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::uint8_t> PedalJob::allSlots() {
+    std::vector<std::uint8_t> slots(loopSlots);
+    std::iota(slots.begin(), slots.end(), std::uint8_t{1});
+    return slots;
 }
 
 void PedalJob::failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation) {

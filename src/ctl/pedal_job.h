@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ctl/command.h"
 #include "ctl/job_report.h"
@@ -41,8 +42,15 @@ class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
     /// Asks the user, unless that was answered beforehand. Nothing when the answer is yes; otherwise it has
     /// been said that nothing was changed.
     std::optional<ExitCode> declined(PedalWorker& pedal, const std::string& question) const;
-    /// Whether the pedal still holds what it held when the user was asked; if not, it is why not.
-    static std::optional<Explanation> changedSince(PedalWorker& pedal, const Loops& loops);
+    /// Reads the table once more, directly before something is written or erased, and hands it out in
+    /// `loops`, which was the one when the user was asked. If one of `slots` is not what it was then, or the
+    /// table cannot be read, it is why nothing is changed.
+    static std::optional<Explanation> changedSince(PedalWorker& pedal, Loops& loops,
+                                                   const std::vector<std::uint8_t>& slots);
+    /// Why nothing is changed when the table gives one of `slots` a length that cannot be.
+    static std::optional<Explanation> impossibleLength(const Loops& loops,
+                                                       const std::vector<std::uint8_t>& slots);
+    static std::vector<std::uint8_t> allSlots();
     void failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation);
 
   private:

@@ -55,6 +55,9 @@ ExitCode RestoreCommand::work(PedalWorker& pedal) {
     if (!status) {
         return stop(pedal);
     }
+    if (const auto problem = impossibleLength(status->loops, allSlots())) {
+        return stop(*problem);
+    }
     if (const auto problem = findChanges(pedal, status->loops)) {
         return stop(*problem);
     }
@@ -65,10 +68,12 @@ ExitCode RestoreCommand::work(PedalWorker& pedal) {
     if (const auto code = declined(pedal, question())) {
         return *code;
     }
-    if (const auto problem = changedSince(pedal, status->loops)) {
+    // All of them: what was compared and stays must still be what was compared.
+    auto loops = status->loops;
+    if (const auto problem = changedSince(pedal, loops, allSlots())) {
         return stop(*problem);
     }
-    change(pedal, status->loops);
+    change(pedal, std::move(loops));
     return conclude(pedal, tally_, summary(pedal));
 }
 

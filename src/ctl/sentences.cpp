@@ -72,7 +72,9 @@ Explanation explainLoop(Failure failure) {
         case Failure::noStatus:
             return {ExitCode::pedalRefused, "the pedal did not report its loops."};
         case Failure::tooLarge:
-            return {ExitCode::fileError, "it is longer than a WAV file can be."};
+            return {ExitCode::pedalRefused,
+                    "the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, "
+                    "plug it in again and try again."};
         case Failure::outOfMemory:
             return {ExitCode::fileError, "there is not enough memory to hold it."};
         default:

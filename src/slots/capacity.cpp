@@ -43,6 +43,10 @@ std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& exis
     return sum(all);
 }
 
+bool hasPossibleLength(const Loop& loop) {
+    return loop.samples <= capacityFrames;
+}
+
 bool fitsCapacity(std::uint64_t frames) {
     return frames < capacityFrames;
 }

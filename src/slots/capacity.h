@@ -27,6 +27,10 @@ std::uint64_t existingAndTeedUpExportSamples(const Loops& existing, const Export
 std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& existing, const Exports& teedUp,
                                                                std::uint64_t frames, std::uint8_t slot);
 
+/// Whether a loop can be as long as the pedal's table says. If not, it is neither read nor replaced nor
+/// erased: its size wraps, and the rest of the table is in doubt as well.
+bool hasPossibleLength(const Loop& loop);
+
 /// Whether so many frames may be in use. Strict: an exactly full pedal is refused.
 bool fitsCapacity(std::uint64_t frames);
 inline constexpr std::string_view tooLargeSentence =

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <array>
+
 #include "tool_fixture.h"
 
 namespace kzq::test {
@@ -61,6 +64,46 @@ TEST_F(ToolTest, AnEndBeforeTheWorkIsToldToPrograms) {
     pedal.plugIn();
     EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::usage);
     EXPECT_THAT(out.str(), HasSubstr(R"({"event":"finished","exit":2,"message":"Confirmation needed)"));
+}
+
+TEST_F(ToolTest, OnlyWhatTheUserWasAskedAboutIsErased) {
+    pedal.plugIn();
+    answer = [this] {
+        pedal.setLoop(1, loopOf(2, 1));
+        return Answer::yes;
+    };
+    EXPECT_EQ(run({"erase", "2", "5"}), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was changed on the pedal in the meantime"));
+    EXPECT_EQ(sent(command::eraseLoop), 0);
+    EXPECT_EQ(run({"erase", "5"}), ExitCode::ok);
+}
+
+TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
+    pedal.plugIn();
+    port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {
+        if (request == command::firstLoops) {  // loop 2: 715,827,883 frames, whose size wraps to 2 bytes
+            std::ranges::copy(std::array<std::uint8_t, 4>{0xAB, 0xAA, 0xAA, 0x2A}, reply.begin() + 6);
+        }
+    };
+    EXPECT_EQ(import({"--all"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(),
+                HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond its 24 minutes"));
+    EXPECT_EQ(run({"backup", folder / "backup"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "backup" / "backup.json"));
+    const auto file = writeWave("a.wav", loopOf(700, 40));
+    for (const auto& arguments :
+         std::vector<std::vector<std::string>>{{"erase", "2", "5", "--yes"},
+                                               {"export", file, "--yes"},
+                                               {"export", file, "--slot", "2", "--yes"}}) {
+        EXPECT_EQ(run(arguments), ExitCode::pedalRefused);
+        EXPECT_THAT(err.str(), HasSubstr("Loop 2: the pedal gives it a length beyond"));
+    }
+    EXPECT_EQ(run({"erase", "5", "--yes"}), ExitCode::ok);
+    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_TRUE(pedal.memory()[1]);
+    port.tamper = {};
+    EXPECT_EQ(run({"backup", folder / "backup"}), ExitCode::ok);
 }
 
 TEST_F(ToolTest, CancelledEraseSendsNoReset) {

@@ -69,14 +69,37 @@ TEST_F(ExportTest, OverwritingNeedsAYes) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(ExportTest, WhatChangedDuringTheQuestionIsNotOverwritten) {
+TEST_F(ExportTest, OnlyWhatTheUserWasAskedAboutIsOverwritten) {
+    const std::vector<std::string> both = {"export", a, b, "--slot", "4"};  // loop 5 is overwritten
     answer = [this] {
         pedal.setLoop(4, loopOf(2, 1));
         return Answer::yes;
     };
-    EXPECT_EQ(run({"export", a, "--slot", "5"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("have changed in the meantime"));
+    EXPECT_EQ(run(both), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(),
+                HasSubstr("Loop 5 was changed on the pedal in the meantime, so nothing was changed."));
+    answer = [this] {
+        pedal.setLoop(3, loopOf(2, 1));
+        return Answer::yes;
+    };
+    EXPECT_EQ(run(both), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 4 was recorded on the pedal in the meantime"));
+    answer = [this] {
+        plan("shorten@EB+");
+        return Answer::yes;
+    };
+    EXPECT_EQ(run(both), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("did not report its loops"));
+    EXPECT_THAT(err.str(), HasSubstr(" Nothing was changed.\n"));
     EXPECT_EQ(sent(command::exportLoop), 0);
+    pedal.clearFaults();
+    answer = [this] {
+        pedal.setLoop(7, loopOf(2, 1));  // nobody writes there
+        return Answer::yes;
+    };
+    EXPECT_EQ(run(both), ExitCode::ok);
+    EXPECT_EQ(onPedal(8), loopOf(2, 1).audio);
+    EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
 /// The pedal is exactly full when one frame more is refused; the working copies are holes in the disk.
@@ -149,6 +172,7 @@ TEST_F(ExportTest, APedalThatStoresSomethingElseIsNoticed) {
     stored.audio.resize(699UL * 6);
     EXPECT_EQ(run({"export", a}), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("does not hold all of it"));
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("Loop 1: written")));
     pedal.setMemoryListener({});
 }
 

@@ -85,6 +85,29 @@ TEST_F(ToolTest, FolderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopFo
     EXPECT_TRUE(std::filesystem::exists(folder / "new" / "Loop 2.wav"));
 }
 
+TEST_F(ToolTest, TooLittleSpaceIsSaidBeforeAnythingMoves) {
+    pedal.plugIn();
+    freeBytes = 5'000;
+    const std::string at = folder / "new";
+    EXPECT_EQ(run({"import", "2", "5", "9", "--to", at}), ExitCode::fileError);
+    EXPECT_EQ(err.str(), "kzq7306ctl: There is too little space in \"" + at +
+                             "\": 6.0 kB are needed and 5.0 kB are free. Make room or choose another "
+                             "folder.\n");
+    EXPECT_EQ(run({"backup", at}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("15.1 kB are needed and 5.0 kB are free."));
+    EXPECT_EQ(sent(command::importLoop), 0);
+    EXPECT_THAT(files(), IsEmpty());
+    freeBytes = 44 + 6000 + 44 + 6;
+    EXPECT_EQ(import({"2", "5"}), ExitCode::ok);
+
+    freeBytes.reset();
+    plan("unplug@in:8");  // in loop 20, the others are saved: only that one is still to be written
+    EXPECT_EQ(run({"backup", at}), ExitCode::noPedal);
+    plugInAgain();
+    freeBytes = 44 + 9000;
+    EXPECT_EQ(run({"backup", at}), ExitCode::ok);
+}
+
 TEST_F(ToolTest, FirstFileErrorEndsTheImport) {
     pedal.plugIn();
     port.pace = 10ms;

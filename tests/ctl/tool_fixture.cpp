@@ -79,9 +79,11 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
                          [this](ExitCode result) {
                              EXPECT_FALSE(code);
                              code = result;
+                             endedAt = seconds();
                          },
                          &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
                          [this](auto heard) { signalsHeld = std::move(heard); }});
+    environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
     environment_->diagnose = [this] { return findings; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });

@@ -79,12 +79,14 @@ class ToolTest : public testing::Test {
     /// What is answered to questions; they are kept.
     std::function<ctl::Answer()> answer = [] { return ctl::Answer::nobody; };
     std::vector<std::string> questions;
+    std::optional<std::uint64_t> freeBytes;  ///< on the disk; nobody knows
     ctl::Converter convert;  ///< unless a test has its own: copies, and refuses what is no WAV file
     RunFolder working;
     FakeWeb web;
     std::function<ctl::AwakeLock()> keepAwake = [] { return ctl::AwakeLock{std::make_shared<int>(), {}}; };
     std::function<void()> signalsHeld;  ///< by whom; empty: they are not
     std::optional<ExitCode> code;
+    double endedAt = 0;  ///< seconds since the start
     std::unique_ptr<ctl::Tool> tool;
 
   private:
