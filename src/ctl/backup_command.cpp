@@ -247,7 +247,7 @@ void BackupCommand::startProgress(const Loops& loops) {
 }
 
 std::optional<Bytes> BackupCommand::read(PedalWorker& pedal, std::uint8_t slot) {
-    progress_->begin(loopName(slot));
+    progress_->begin(slot, "read", loopName(slot));
     return pedal.importLoop(slot, [progress = progress_](std::uint64_t bytes) { progress->update(bytes); });
 }
 

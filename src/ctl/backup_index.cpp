@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "ctl/status_report.h"
+#include "ctl/json_output.h"
 #include "device/commands.h"
 
 namespace kzq::ctl {

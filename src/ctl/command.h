@@ -13,7 +13,7 @@
 
 namespace kzq::ctl {
 
-/// What a subcommand works with.
+/// What a command works with.
 struct Context {
     const Options& options;
     Executor& executor;
@@ -22,23 +22,18 @@ struct Context {
     std::function<void(ExitCode)> finish;
     const Environment& environment;
 
-    /// Whether a program listens that expects one object a line.
-    bool tellsEvents() const {
-        const auto subcommand = options.subcommand;
-        return options.json && subcommand != Subcommand::list && subcommand != Subcommand::firmware;
-    }
-    /// Says why the command ends before its work is done.
+    /// Reports why the command ends before its work is done.
     void explain(const Explanation& explanation) const {
-        JobReport(output, tellsEvents()).stopped(explanation);
+        JobReport(output, options.json).stopped(explanation);
     }
-    /// Says it and ends the program.
+    /// Reports it and ends the program.
     void fail(const Explanation& explanation) const {
         explain(explanation);
         finish(explanation.code);
     }
 };
 
-/// One subcommand. All members are called on the main thread, and none of them waits for the pedal.
+/// One command. All members are called on the main thread, and none of them waits for the pedal.
 class Command {
   public:
     Command() = default;

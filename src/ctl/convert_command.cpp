@@ -4,14 +4,22 @@
 #include <string>
 #include <system_error>
 
+#include "ctl/conversion_progress.h"
 #include "ctl/format.h"
 #include "ctl/job_report.h"
+#include "ctl/stream_conversion.h"
 #include "slots/capacity.h"
 
 namespace kzq::ctl {
 
 std::optional<Explanation> ConvertCommand::obstacle() {
     const auto& output = context_.options.output;
+    if (output == standardStream) {
+        return context_.environment.terminal
+                   ? std::optional(Explanation{
+                         ExitCode::usage, "Standard output is a terminal. Redirect it to a file or a pipe."})
+                   : std::nullopt;
+    }
     std::error_code error;
     if (std::filesystem::symlink_status(output, error).type() == std::filesystem::file_type::not_found) {
         return std::nullopt;
@@ -24,17 +32,14 @@ std::optional<Explanation> ConvertCommand::obstacle() {
 bool ConvertCommand::withoutPedal() {
     context_.executor.background(Priority::standard, [self = shared_from_this()] {
         const auto& context = self->context_;
-        const bool shown = !context.options.json;
-        const auto progress = [&context, shown](std::uint64_t frames) {
-            if (shown) {
-                context.output.progress("Converting: " + clockText(frames / framesPerSecond));
-            }
-        };
-        const auto file = context.environment.convert({.source = context.options.files.front(),
-                                                       .output = context.options.output,
-                                                       .progress = progress,
-                                                       .cancelled = &self->cancelled_,
-                                                       .sync = true});
+        const auto& source = context.options.files.front();
+        const auto file =
+            StreamConversion(context.environment, self->cancelled_)
+                .convert({.source = source,
+                          .output = context.options.output,
+                          .progress = conversionProgress(context, "Converting", source.string()),
+                          .cancelled = &self->cancelled_,
+                          .sync = true});
         context.executor.main([self, file] { self->done(file); });
     });
     return true;
@@ -42,21 +47,30 @@ bool ConvertCommand::withoutPedal() {
 
 void ConvertCommand::done(const ConvertedFile& file) {
     context_.output.endProgress();
-    const std::string name = "\"" + context_.options.files.front().string() + "\"";
+    const auto& source = context_.options.files.front();
+    const std::string name = source == standardStream ? "Standard input" : "\"" + source.string() + "\"";
     if (file.problem.empty() && file.frames > capacityFrames) {  // the rest of it was not converted
         std::error_code ignored;
         std::filesystem::remove(file.path, ignored);
         context_.fail({ExitCode::fileError, name + " is longer than the pedal's 24 minutes."});
     } else if (file.problem.empty()) {
-        JobReport(context_.output, context_.options.json)
-            .tell("converted", {{"file", file.path.string()}, {"samples", file.frames}},
-                  file.path.string() + ": " + lengthText(file.frames) + ".");
+        report(file);
         context_.finish(ExitCode::ok);
     } else if (cancelled_) {
         context_.fail(cancelledByUser());
     } else {
         context_.fail({ExitCode::fileError, file.problem});
     }
+}
+
+void ConvertCommand::report(const ConvertedFile& file) const {
+    if (file.path.empty()) {
+        return;  // standard output holds the audio and nothing else
+    }
+    JobReport report(context_.output, context_.options.json);
+    report.tell("converted", {{"file", file.path.string()}, {"samples", file.frames}},
+                file.path.string() + ": " + lengthText(file.frames) + ".");
+    report.tell("finished", {{"exit", 0}}, {});
 }
 
 }  // namespace kzq::ctl

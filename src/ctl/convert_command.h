@@ -7,7 +7,7 @@
 
 namespace kzq::ctl {
 
-/// Converts a file to the pedal's format, without a pedal.
+/// Converts a file, or standard input, to the pedal's format, without a pedal.
 class ConvertCommand : public Command, public std::enable_shared_from_this<ConvertCommand> {
   public:
     explicit ConvertCommand(Context context) : context_(std::move(context)) {}
@@ -20,6 +20,7 @@ class ConvertCommand : public Command, public std::enable_shared_from_this<Conve
 
   private:
     void done(const ConvertedFile& file);
+    void report(const ConvertedFile& file) const;
 
     Context context_;
     std::atomic<bool> cancelled_ = false;

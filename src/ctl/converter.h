@@ -11,12 +11,13 @@ namespace kzq::ctl {
 /// A file to be converted into the pedal's format.
 struct ConversionOrder {
     std::filesystem::path source;
+    std::string name = {};  ///< of the source in sentences; empty: its path in quotes
     /// The new file, which is never put in the place of another; or a folder for a file with a name of its
     /// own.
     std::filesystem::path output;
-    std::function<void(std::uint64_t frames)> progress;  ///< how much is done; on the converting thread
-    const std::atomic<bool>* cancelled = nullptr;        ///< set by anybody to end it
-    bool sync = false;                                   ///< wait until the output is on the disk
+    std::function<void(std::uint64_t frames)> progress = {};  ///< how much is done; on the converting thread
+    const std::atomic<bool>* cancelled = nullptr;             ///< set by anybody to end it
+    bool sync = false;                                        ///< wait until the output is on the disk
 };
 
 /// A WAV file with a header of 44 bytes; or, when `problem` is not empty, the sentence for the user, and

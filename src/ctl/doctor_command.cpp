@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "ctl/status_report.h"
+#include "ctl/json_output.h"
 
 namespace kzq::ctl {
 
@@ -10,15 +10,22 @@ bool DoctorCommand::withoutPedal() {
     const auto findings = context_.environment.diagnose();
     show(findings);
     const auto trouble = firstTrouble(findings);
-    context_.finish(trouble ? explain(*trouble).code : ExitCode::ok);
+    const auto end = trouble ? explain(*trouble) : Explanation{};
+    if (context_.options.json) {
+        printJson(context_.output, finishedJson(end));
+    }
+    context_.finish(end.code);
     return true;
 }
 
 void DoctorCommand::show(const std::vector<Finding>& findings) const {
     for (const Finding& finding : findings) {
         if (context_.options.json) {
-            context_.output.json(jsonText(
-                {{"ok", !finding.present}, {"finding", finding.sentence}, {"command", finding.remedy}}));
+            printJson(context_.output, {{"event", "finding"},
+                                        {"ok", !finding.present},
+                                        {"name", troubleName(finding.kind)},
+                                        {"message", finding.sentence},
+                                        {"command", finding.remedy}});
             continue;
         }
         context_.output.line((finding.present ? "!!  " : "ok  ") + finding.sentence);

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +40,8 @@ struct Environment {
     std::function<std::uint64_t()> systemMinorVersion;
     std::function<Answer(const std::string& question)> ask;  ///< blocks; any thread
     Converter convert;
+    /// Standard input, as readStandardInput reads it; any thread.
+    std::function<ssize_t(std::span<std::uint8_t>)> input;
     std::function<std::optional<std::filesystem::path>()> workingFolder;  ///< for working copies; any thread
     std::function<void(ExitCode)> finished;                               ///< called once, on the main thread
 

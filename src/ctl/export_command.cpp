@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "ctl/audio_file.h"
+#include "ctl/conversion_progress.h"
 #include "ctl/format.h"
 #include "ctl/loop_writer.h"
 
@@ -109,16 +110,12 @@ ConvertedFile ExportCommand::convert(PedalWorker& pedal, const std::filesystem::
         return {
             {}, 0, "Could not convert \"" + source.string() + "\". There is no folder for its working copy."};
     }
-    const auto progress = [this, name = source.filename().string()](std::uint64_t frames) {
-        if (!options().json) {
-            context().output.progress("Converting " + name + ": " + clockText(frames / framesPerSecond));
-        }
-    };
-    auto file = environment.convert({.source = source,
-                                     .output = *folder,
-                                     .progress = progress,
-                                     .cancelled = &pedal.endedFlag(),
-                                     .sync = false});
+    auto file = environment.convert(
+        {.source = source,
+         .output = *folder,
+         .progress = conversionProgress(context(), "Converting " + source.filename().string(), source),
+         .cancelled = &pedal.endedFlag(),
+         .sync = false});
     context().output.endProgress();
     if (file.problem.empty()) {
         copies_->add(file.path);

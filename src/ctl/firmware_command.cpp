@@ -1,9 +1,10 @@
 #include "ctl/firmware_command.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "ctl/format.h"
-#include "ctl/status_report.h"
+#include "ctl/json_output.h"
 
 namespace kzq::ctl {
 
@@ -22,7 +23,10 @@ ExitCode FirmwareCommand::work(PedalWorker& pedal) {
         return stop(pedal);
     }
     show(installed, offer, problem);
-    return offer ? ExitCode::ok : stop(problem);
+    if (offer) {
+        return ExitCode::ok;
+    }
+    return options().json ? problem.code : stop(problem);
 }
 
 /// `installed` is empty for a pedal that has only its loader.
@@ -36,16 +40,17 @@ void FirmwareCommand::show(const std::string& installed, const std::optional<Fir
             object["installed"] = installed;
         }
         if (!offer) {
-            object["message"] = problem.sentence;
+            output.error(problem.sentence);
+            object.update(finishedJson(problem));
         } else {
             object["newest"] = offer->entry.version;
         }
         if (offer && offer->image) {
             object["offered"] = {{"version", offer->entry.version},
-                                 {"bytes", offer->entry.size},
+                                 {"imageBytes", offer->entry.size},
                                  {"changes", offer->entry.changes}};
         }
-        output.json(jsonText(object, true));
+        printJson(output, std::move(object), true);
         return;
     }
     output.line(installed.empty() ? "The pedal is running only its loader and needs firmware."

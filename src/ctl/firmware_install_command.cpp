@@ -102,7 +102,7 @@ std::optional<ExitCode> FirmwareInstallCommand::choose(PedalWorker& pedal, const
 void FirmwareInstallCommand::explain(const std::string& installed) {
     const std::string what =
         version_.empty() ? "\"" + options().files.front().string() + "\"" : "Firmware " + version_;
-    nlohmann::json plan{{"bytes", image_.size()}, {"verified", !version_.empty()}, {"loader", blank_}};
+    nlohmann::json plan{{"imageBytes", image_.size()}, {"verified", !version_.empty()}, {"loader", blank_}};
     plan["version"] = version_.empty() ? nlohmann::json() : nlohmann::json(version_);
     plan["present"] = blank_ ? nlohmann::json() : nlohmann::json(installed);
     report().tell("plan", std::move(plan),

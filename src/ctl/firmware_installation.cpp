@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ctl/format.h"
+#include "ctl/json_output.h"
 #include "ctl/timing.h"
 #include "device/commands.h"
 
@@ -157,12 +158,10 @@ void FirmwareInstallation::tellPhase(const char* phase, const std::string& sente
 }
 
 ExitCode FirmwareInstallation::finished(bool installed, const Explanation& end) {
-    report_.tell("finished",
-                 {{"installed", installed},
-                  {"version", installed && !version_.empty() ? nlohmann::json(version_) : nlohmann::json()},
-                  {"message", end.sentence},
-                  {"exit", static_cast<int>(end.code)}},
-                 end.code == ExitCode::ok ? end.sentence : "");
+    auto details = finishedJson(end);
+    details["installed"] = installed;
+    details["version"] = installed && !version_.empty() ? nlohmann::json(version_) : nlohmann::json();
+    report_.tell("finished", std::move(details), end.code == ExitCode::ok ? end.sentence : "");
     if (end.code != ExitCode::ok) {
         context_.output.error(end.sentence);
     }

@@ -41,8 +41,9 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
     }
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     for (std::size_t i = 0; i < slots.size() && !pedal.ended() && !tally_.stopped; ++i) {
-        progress_->begin(loopName(slots[i]) + " (" + std::to_string(i + 1) + " of " +
-                         std::to_string(slots.size()) + ")");
+        progress_->begin(
+            slots[i], "read",
+            loopName(slots[i]) + " (" + std::to_string(i + 1) + " of " + std::to_string(slots.size()) + ")");
         const auto loop = status->loops.find(slots[i]);
         if (loop != status->loops.end() && !hasPossibleLength(loop->second)) {
             notSaved(slots[i], Failure::tooLarge);
@@ -95,7 +96,7 @@ void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
         return;
     }
     ++tally_.done;
-    report().tell("saved", {{"slot", slot}, {"file", file.path.string()}, {"bytes", image.size()}},
+    report().tell("saved", {{"slot", slot}, {"file", file.path.string()}, {"fileBytes", image.size()}},
                   loopName(slot) + ": saved as " + file.path.string() + " (" + sizeText(image.size()) + ").");
 }
 

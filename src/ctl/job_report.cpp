@@ -3,35 +3,40 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "ctl/status_report.h"
+#include "ctl/json_output.h"
 
 namespace kzq::ctl {
 
 void JobReport::tell(const char* event, nlohmann::json details, const std::string& sentence) {
     if (json_) {
         details["event"] = event;
-        output_.json(jsonText(details));
+        printJson(output_, std::move(details));
     } else if (!sentence.empty()) {
         output_.line(sentence);
     }
 }
 
 void JobReport::failed(unsigned slot, std::string_view reason, const std::string& sentence) {
-    tell("failed", {{"slot", slot}, {"reason", reason}, {"message", sentence}}, {});
+    tell("failed", {{"slot", slot}, {"trouble", reason}, {"message", sentence}}, {});
     output_.error(sentence);
 }
 
 void JobReport::stopped(const Explanation& explanation) {
     output_.endProgress();
     output_.error(explanation.sentence);
-    tell("finished", {{"exit", static_cast<int>(explanation.code)}, {"message", explanation.sentence}}, {});
+    if (json_) {
+        printJson(output_, finishedJson(explanation));
+    }
 }
 
 void JobReport::finished(const Tally& tally, const std::optional<Explanation>& end,
                          const std::string& summary) {
     output_.endProgress();
-    nlohmann::json details{
-        {"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(tally.exitCode(end))}};
+    const auto code = tally.exitCode(end);
+    nlohmann::json details{{"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(code)}};
+    if (code != ExitCode::ok) {
+        details["trouble"] = troubleName(end.value_or(Explanation{code, {}}));
+    }
     if (end) {
         const auto message = end->sentence + (tally.doubt.empty() ? "" : " " + tally.doubt);
         output_.error(message);

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "ctl/json_output.h"
 #include "ctl/status_report.h"
 
 namespace kzq::ctl {
@@ -12,7 +13,7 @@ ExitCode ListCommand::work(PedalWorker& pedal) {
         return stop(pedal);
     }
     if (options().json) {
-        context().output.json(jsonText(statusJson(*status), true));
+        printJson(context().output, statusJson(*status), true);
         return ExitCode::ok;
     }
     for (const auto& line : statusTable(*status)) {

@@ -5,7 +5,7 @@
 namespace kzq::ctl {
 
 LoopWriter::Outcome LoopWriter::write(const ExportInfo& info) {
-    if (pedal_.exportLoop(info, step(info.destination, "writing"))) {
+    if (pedal_.exportLoop(info, step(info.destination, "write", "writing"))) {
         return {};
     }
     const auto why = explainExport(pedal_.failure());
@@ -31,7 +31,7 @@ LoopWriter::Outcome LoopWriter::confirm(const ExportInfo& info) {
 
 LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
     const std::string name = "Loop " + std::to_string(slot);
-    const auto image = pedal_.importLoop(slot, step(slot, "checking"));
+    const auto image = pedal_.importLoop(slot, step(slot, "compare", "checking"));
     if (!image) {
         const auto why = explainLoop(pedal_.failure());
         return {why.code, std::string(failureName(pedal_.failure())),
@@ -44,8 +44,8 @@ LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
     return {};
 }
 
-PedalWorker::Progress LoopWriter::step(std::uint8_t slot, const char* what) {
-    progress_->begin("Loop " + std::to_string(slot) + ", " + what);
+PedalWorker::Progress LoopWriter::step(std::uint8_t slot, const char* action, const char* what) {
+    progress_->begin(slot, action, "Loop " + std::to_string(slot) + ", " + what);
     return [progress = progress_](std::uint64_t bytes) { progress->update(bytes); };
 }
 

@@ -32,7 +32,7 @@ class LoopWriter {
     Outcome readBack(std::uint8_t slot, const Check& same);
 
   private:
-    PedalWorker::Progress step(std::uint8_t slot, const char* what);
+    PedalWorker::Progress step(std::uint8_t slot, const char* action, const char* what);
 
     PedalWorker& pedal_;
     std::shared_ptr<ProgressLine> progress_;

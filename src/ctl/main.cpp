@@ -1,3 +1,4 @@
+#include <poll.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 
@@ -7,11 +8,16 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "audio/conversion.h"
+#include "audio/converted_audio.h"
+#include "ctl/job_report.h"
+#include "ctl/json_output.h"
 #include "ctl/signals.h"
 #include "ctl/sleep_inhibitor.h"
+#include "ctl/standard_input.h"
 #include "ctl/tool.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
@@ -35,16 +41,40 @@ int ended(ExitCode code) {
     return static_cast<int>(code);
 }
 
-int complain(const ctl::Explanation& problem) {
-    ctl::Output(std::cout, std::cerr, false).error(problem.sentence);
+int complain(const ctl::Explanation& problem, bool json = false) {
+    ctl::Output output(std::cout, std::cerr, false);
+    ctl::JobReport(output, json).stopped(problem);
     return ended(problem.code);
 }
 
+/// The help or the version.
+int show(const ctl::ParsedOptions& parsed) {
+    if (parsed.json) {
+        ctl::Output output(std::cout, std::cerr, false);
+        ctl::printJson(output, {{"text", parsed.text}}, true);
+    } else {
+        std::cout << parsed.text << std::flush;
+    }
+    return std::cout ? ended(ExitCode::ok) : complain(ctl::outputLost());
+}
+
+/// Without waiting for anything: the main thread may be stuck.
+void printCancelled(bool json) {
+    if (pollfd out{STDOUT_FILENO, POLLOUT, 0}; json && ::poll(&out, 1, 0) == 1) {
+        auto end = ctl::finishedJson(ctl::cancelledByUser());
+        end["schema"] = ctl::jsonSchema;
+        const auto line = ctl::jsonText(end) + "\n";
+        static_cast<void>(::write(STDOUT_FILENO, line.data(), line.size()));
+    }
+    std::cerr << "kzq7306ctl: Cancelled." << std::endl;
+}
+
 /// The whole sentence about a file that was not converted.
-std::string sentenceFor(const std::filesystem::path& source, const Conversion::Failure& failure) {
-    const std::string name = "\"" + source.string() + "\"";
+std::string sentenceFor(const ctl::ConversionOrder& order, const Conversion::Failure& failure) {
+    const std::string name = order.name.empty() ? "\"" + order.source.string() + "\"" : order.name;
     return failure.reason == ConversionFailure::notAudio
-               ? name + " is in a format that is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3."
+               ? (order.name.empty() ? name : "Standard input") +
+                     " is in a format that is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3."
                : "Could not convert " + name + ". " + failure.sentence;
 }
 
@@ -54,15 +84,15 @@ ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
                                     .cancelled = order.cancelled,
                                     .sync = order.sync})
                             .convert(order.source);
-    return {result.path, result.frames, result ? "" : sentenceFor(order.source, *result.failure)};
+    return {result.path, result.frames, result ? "" : sentenceFor(order, *result.failure)};
 }
 
 /// Null, with `problem` set, when the options do not describe one.
 std::unique_ptr<simulator::Simulation> simulate(Executor& executor, const ctl::Options& options,
                                                 ctl::Explanation& problem) {
     bool badFault = false;
-    auto simulation = simulator::Simulation::make(executor, {options.simulatedFolder, options.faults},
-                                                  problem.sentence, &badFault);
+    auto simulation = simulator::Simulation::make(
+        executor, {options.simulatedFolder, options.faults, convertedAudio}, problem.sentence, &badFault);
     if (simulation) {
         simulation->pedal().plugIn();
     } else {
@@ -120,7 +150,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         ctl::Explanation problem;
         simulation = simulate(executor, options, problem);
         if (!simulation) {
-            return complain(problem);
+            return complain(problem, options.json);
         }
     } else {
         bus = std::make_unique<LibusbPort>();
@@ -132,7 +162,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         ctl::Explanation problem{ExitCode::fileError, {}};
         recorder = record(executor, options.record, problem.sentence);
         if (!recorder) {
-            return complain(problem);
+            return complain(problem, options.json);
         }
         recording = std::make_unique<recorder::RecordingPort>(port, recorder);
     }
@@ -146,6 +176,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .systemMinorVersion = systemMinorVersion,
         .ask = ctl::askOnTerminal,
         .convert = convert,
+        .input = ctl::readStandardInput,
         .workingFolder = [] { return RunFolder::ofThisRun().path(); },
         .finished = leave,
         .http = &http,
@@ -158,9 +189,9 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     ctl::Tool tool(options, environment);
     signals.listen(
         executor, [&tool] { tool.interrupt(); },
-        [] {
+        [json = options.json] {
             RunFolder::ofThisRun().remove();
-            std::cerr << "kzq7306ctl: Cancelled." << std::endl;
+            printCancelled(json);
             std::_Exit(ended(ExitCode::cancelled));
         },
         longestEnd);
@@ -182,8 +213,7 @@ int main(int argc, char** argv) {
         return run(*parsed.options, signals);
     }
     if (parsed.code != ExitCode::ok) {
-        return complain({parsed.code, parsed.text});
+        return complain({parsed.code, parsed.text}, parsed.json);
     }
-    std::cout << parsed.text << std::flush;
-    return std::cout ? ended(ExitCode::ok) : complain(ctl::outputLost());
+    return show(parsed);
 }

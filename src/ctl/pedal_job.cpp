@@ -12,7 +12,8 @@ namespace {
 Explanation nobodyToAsk() {
     return {ExitCode::usage,
             "Confirmation needed, but standard input is not a terminal. Nothing was changed; use --yes to "
-            "proceed."};
+            "proceed.",
+            "confirmation-needed"};
 }
 
 }  // namespace

@@ -1,19 +1,26 @@
 #include "ctl/progress_line.h"
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
+
+#include "ctl/json_output.h"
 #include "ctl/timing.h"
 
 namespace kzq::ctl {
 
-ProgressLine::ProgressLine(Executor& executor, Output& output, bool shown, std::uint64_t total)
+ProgressLine::ProgressLine(Executor& executor, Output& output, bool forPeople, std::uint64_t total)
     : executor_(executor),
       output_(output),
-      shown_(shown && output.terminal()),
-      meter_(total, executor.now()) {}
+      forPeople_(forPeople),
+      meter_(total, executor.now()),
+      total_(total) {}
 
-void ProgressLine::begin(const std::string& what) {
+void ProgressLine::begin(std::uint8_t slot, const char* action, const std::string& what) {
     const std::lock_guard guard(mutex_);
     before_ += moved_;
     moved_ = 0;
+    slot_ = slot;
+    action_ = action;
     what_ = what;
     written_ = executor_.now();  // a speed needs a while to mean something
 }
@@ -21,7 +28,7 @@ void ProgressLine::begin(const std::string& what) {
 void ProgressLine::update(std::uint64_t bytes) {
     const std::lock_guard guard(mutex_);
     moved_ = bytes;
-    if (!shown_) {
+    if (forPeople_ && !output_.terminal()) {
         return;
     }
     const auto now = executor_.now();
@@ -29,6 +36,14 @@ void ProgressLine::update(std::uint64_t bytes) {
         return;
     }
     written_ = now;
+    if (!forPeople_) {
+        printJson(output_, {{"event", "progress"},
+                            {"slot", slot_},
+                            {"action", action_},
+                            {"transferredBytes", std::min(before_ + moved_, total_)},
+                            {"totalBytes", total_}});
+        return;
+    }
     meter_.update(before_ + moved_, now);
     output_.progress(what_ + ": " + meter_.text());
 }

@@ -132,7 +132,7 @@ std::optional<bool> RestoreCommand::isSame(PedalWorker& pedal, std::uint8_t slot
     if (entry.samples != loop.samples) {
         return false;
     }
-    progress_->begin(loopName(slot) + ", comparing");
+    progress_->begin(slot, "compare", loopName(slot) + ", comparing");
     const auto image =
         pedal.importLoop(slot, [progress = progress_](std::uint64_t bytes) { progress->update(bytes); });
     if (!image) {

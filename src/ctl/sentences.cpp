@@ -25,14 +25,68 @@ Explanation found(const std::vector<Finding>& findings, std::initializer_list<Pe
     const auto finding = std::ranges::find_if(findings, [&](const Finding& candidate) {
         return candidate.present && std::ranges::find(kinds, candidate.kind) != kinds.end();
     });
-    return finding == findings.end() ? otherwise : Explanation{otherwise.code, explain(*finding).sentence};
+    return finding == findings.end()
+               ? otherwise
+               : Explanation{otherwise.code, explain(*finding).sentence, troubleName(finding->kind)};
 }
 
 }  // namespace
 
+std::string_view troubleName(const Explanation& explanation) {
+    if (!explanation.trouble.empty()) {
+        return explanation.trouble;
+    }
+    switch (explanation.code) {
+        case ExitCode::ok:
+            return "none";
+        case ExitCode::usage:
+            return "usage";
+        case ExitCode::noPedal:
+            return "no-pedal";
+        case ExitCode::noPermission:
+            return "no-permission";
+        case ExitCode::pedalRefused:
+            return "pedal-refused";
+        case ExitCode::fileError:
+            return "file";
+        case ExitCode::someFailed:
+            return "some-failed";
+        case ExitCode::noDownload:
+            return "no-download";
+        case ExitCode::cancelled:
+            return "cancelled";
+    }
+    return "?";
+}
+
+std::string_view troubleName(PedalTrouble trouble) {
+    switch (trouble) {
+        case PedalTrouble::nothingOnBus:
+            return "not-on-bus";
+        case PedalTrouble::fileMissing:
+            return "no-device-file";
+        case PedalTrouble::ruleMissing:
+            return "rule-missing";
+        case PedalTrouble::ruleNotInForce:
+            return "rule-not-in-force";
+        case PedalTrouble::heldByAnother:
+            return "held-by-another";
+        case PedalTrouble::heldByDriver:
+            return "held-by-driver";
+        case PedalTrouble::noUdev:
+            return "no-udev";
+        case PedalTrouble::roadNotInstalled:
+            return "import-rules-missing";
+        case PedalTrouble::roadNotInForce:
+            return "import-rules-not-in-force";
+    }
+    return "?";
+}
+
 Explanation explain(const Finding& trouble) {
     return {codeOf(trouble.kind),
-            trouble.sentence + (trouble.remedy.empty() ? "" : " Run: " + trouble.remedy)};
+            trouble.sentence + (trouble.remedy.empty() ? "" : " Run: " + trouble.remedy),
+            troubleName(trouble.kind)};
 }
 
 std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings) {
@@ -106,35 +160,38 @@ Explanation noPedalConnected(const std::vector<Finding>& findings) {
 }
 
 Explanation pedalUnplugged() {
-    return {ExitCode::noPedal, "The pedal was unplugged."};
+    return {ExitCode::noPedal, "The pedal was unplugged.", "unplugged"};
 }
 
 Explanation pedalStoppedAnswering() {
-    return {ExitCode::pedalRefused, "The pedal stopped answering. Unplug it and plug it in again."};
+    return {ExitCode::pedalRefused, "The pedal stopped answering. Unplug it and plug it in again.",
+            "not-answering"};
 }
 
 Explanation pedalBusy() {
-    return {ExitCode::pedalRefused, "The pedal is busy. Stop it and try again."};
+    return {ExitCode::pedalRefused, "The pedal is busy. Stop it and try again.", "busy"};
 }
 
 Explanation pedalInLoader() {
     return {ExitCode::pedalRefused,
             "The pedal is running only its loader and needs firmware. Run \"kzq7306ctl firmware "
-            "install\"."};
+            "install\".",
+            "loader"};
 }
 
 Explanation statusUnreadable() {
     return {ExitCode::pedalRefused,
-            "The pedal did not report its loops. Unplug it, plug it in again and try again."};
+            "The pedal did not report its loops. Unplug it, plug it in again and try again.", "no-status"};
 }
 
 Explanation systemVersionUnknown() {
     return {ExitCode::noPedal,
-            "The version of the C library reads as 0, so the pedal cannot be used on this system."};
+            "The version of the C library reads as 0, so the pedal cannot be used on this system.",
+            "system-version"};
 }
 
 Explanation outputLost() {
-    return {ExitCode::fileError, "Could not write to standard output."};
+    return {ExitCode::fileError, "Could not write to standard output.", "output"};
 }
 
 }  // namespace kzq::ctl

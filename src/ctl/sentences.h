@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ctl/exit_codes.h"
@@ -14,9 +15,14 @@ namespace kzq::ctl {
 struct Explanation {
     ExitCode code = ExitCode::ok;
     std::string sentence;
+    std::string_view trouble = {};  ///< a name for programs, of static storage; empty: that of the code
 };
 
-/// What a diagnosis has found, with its remedy.
+/// The stable name of what went wrong, for programs; doc/json.md lists them.
+std::string_view troubleName(const Explanation& explanation);
+std::string_view troubleName(PedalTrouble trouble);
+
+/// What a diagnosis found, with its remedy.
 Explanation explain(const Finding& trouble);
 
 /// Why the pedal cannot be used; nothing when `failure` is not about getting hold of it. `findings`: what the

@@ -41,12 +41,15 @@ std::optional<std::vector<std::uint8_t>> slotsFromWords(const std::vector<std::s
     for (const auto& word : words) {
         const auto range = rangeFrom(word);
         if (!range) {
-            error = "\"" + word + "\" is neither a slot nor a range of slots such as 3-5.";
+            error = "\"" + word + "\" is not a slot or a range such as 3-5.";
             return std::nullopt;
         }
         if (range->first == 0 || range->second > loopSlots) {
-            error = "\"" + word + "\" is outside of the pedal's slots, which are 1 to " +
-                    std::to_string(loopSlots) + ".";
+            const auto dash = word.find('-');
+            const std::string wrong =
+                range->first == 0 || range->first > loopSlots ? word.substr(0, dash) : word.substr(dash + 1);
+            error =
+                "There is no slot " + wrong + "; slots are numbered 1 to " + std::to_string(loopSlots) + ".";
             return std::nullopt;
         }
         for (unsigned slot = range->first; slot <= range->second; ++slot) {

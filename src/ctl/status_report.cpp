@@ -68,7 +68,7 @@ nlohmann::json statusJson(const Status& status) {
     for (const auto& [slot, loop] : status.loops) {
         nlohmann::json entry = framesJson(loop.samples);
         entry["slot"] = slot;
-        entry["bytes"] = loop.bytes;
+        entry["audioBytes"] = loop.bytes;
         entry["tempo"] = loop.tempo;
         entry["channel"] = loop.channel;
         loops.push_back(std::move(entry));
@@ -77,10 +77,6 @@ nlohmann::json statusJson(const Status& status) {
             {"loops", std::move(loops)},
             {"free", framesJson(freeFrames(status.loops))},
             {"capacity", framesJson(capacityFrames)}};
-}
-
-std::string jsonText(const nlohmann::json& value, bool indented) {
-    return value.dump(indented ? 2 : -1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 }  // namespace kzq::ctl

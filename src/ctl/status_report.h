@@ -15,10 +15,8 @@ std::string statusSummary(const Status& status);
 /// What is different in `now`, a line for each slot.
 std::vector<std::string> statusChanges(const Loops& before, const Loops& now);
 
-/// "firmware", "loops" (slot, samples, seconds, bytes, tempo, channel), "free" and "capacity" (samples,
+/// "firmware", "loops" (slot, samples, seconds, audioBytes, tempo, channel), "free" and "capacity" (samples,
 /// seconds).
 nlohmann::json statusJson(const Status& status);
-/// One line, whatever bytes its strings have.
-std::string jsonText(const nlohmann::json& value, bool indented = false);
 
 }  // namespace kzq::ctl

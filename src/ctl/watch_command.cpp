@@ -1,7 +1,9 @@
 #include "ctl/watch_command.h"
 
 #include <nlohmann/json.hpp>
+#include <utility>
 
+#include "ctl/json_output.h"
 #include "ctl/status_report.h"
 
 namespace kzq::ctl {
@@ -42,7 +44,7 @@ void WatchCommand::changed(const Status& status) {
     if (context_.options.json) {
         nlohmann::json object = statusJson(status);
         object["event"] = "status";
-        context_.output.json(jsonText(object));
+        printJson(context_.output, std::move(object));
     } else {
         if (last_) {
             for (const auto& line : statusChanges(last_->loops, status.loops)) {
@@ -59,7 +61,7 @@ void WatchCommand::changed(const Status& status) {
 
 void WatchCommand::say(const std::string& text, const char* event) {
     if (context_.options.json) {
-        context_.output.json(jsonText({{"event", event}}));
+        printJson(context_.output, {{"event", event}});
     } else {
         context_.output.line(text);
     }

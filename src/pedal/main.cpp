@@ -5,6 +5,7 @@
 #include <iostream>
 #include <utility>
 
+#include "audio/converted_audio.h"
 #include "device/simulator/loop_folder.h"
 #include "device/simulator/synthesiser.h"
 #include "device/simulator/usbip/kernel_port.h"
@@ -65,7 +66,7 @@ std::string attach(simulator::usbip::UsbipServer& server) {
     namespace usbip = simulator::usbip;
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) {
-        return "no pair of sockets is to be had.";
+        return "Could not create a pair of sockets.";
     }
     Descriptor ours(ends[0]);
     const Descriptor kernels(ends[1]);
@@ -106,7 +107,7 @@ int finish(const SimulatedPedal& pedal) {
 
 int run(const Options& options) {
     StandardExecutor executor;
-    simulator::LoopFolder folder(options.folder);
+    simulator::LoopFolder folder(options.folder, convertedAudio);
     SimulatedPedal::Start start;
     std::string error;
     if (!fill(start, folder, options, error)) {

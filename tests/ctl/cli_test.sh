@@ -118,6 +118,46 @@ fi
 [ -z "$(ls -A "$TMPDIR")" ] || fail "left in $TMPDIR: $(ls -A "$TMPDIR")"
 unset TMPDIR
 
+# --- loops that other programs wrote, with their own kinds of header and formats
+fresh
+expect 6 "--simulate=$to/new" list
+grep -q 'There is no folder' "$work/err" && [ ! -e "$to/new" ] || fail "a missing folder: $(cat "$work/err")"
+sox "$first/Loop 1.wav" "$to/Loop 1.wav"
+ffmpeg -v error -i "$first/Loop 2.wav" -c:a pcm_s24le -metadata title=odd "$to/Loop 2.wav"
+sox "$first/Loop 3.wav" -b 16 "$to/3.wav"
+expect 0 "--simulate=$to" import --all --to "$to/read"
+cmp "$first/Loop 1.wav" "$to/read/Loop 1.wav" || fail "a loop that sox wrote is another one"
+cmp "$first/Loop 2.wav" "$to/read/Loop 2.wav" || fail "a loop that ffmpeg wrote is another one"
+[ -e "$to/read/Loop 3.wav" ] || fail "a loop of 16 bits is not read"
+echo text >"$to/5.wav"
+expect 6 "--simulate=$to" list
+
+# --- standard streams and JSON
+"$ctl" convert - --to - <"$first/Loop 1.wav" 2>"$work/err" | cmp - "$first/Loop 1.wav" ||
+    fail "convert - --to -: $(cat "$work/err")"
+"$ctl" convert "$first/Loop 1.wav" --to - >/dev/full 2>"$work/err"
+[ $? -eq 6 ] || fail "audio onto a full standard output: $(cat "$work/err")"
+expect 6 convert - --to - </dev/null
+[ ! -s "$work/out" ] || fail "an empty standard input was converted"
+# document CODE TROUBLE arguments...: fails, with a document that says so
+document() {
+    wanted=$1
+    trouble=$2
+    shift 2
+    expect "$wanted" --json "$@"
+    python3 -c 'import json, sys
+last = [json.loads(line) for line in open(sys.argv[1])][-1]
+assert (last["schema"], last["event"], last["exit"], last["trouble"]) == (1, "finished", int(sys.argv[2]), sys.argv[3])
+' "$work/out" "$wanted" "$trouble" || fail "--json $*: $(cat "$work/out")"
+}
+document 2 usage lst
+document 2 usage --simulate --fault nonsense list
+document 6 file "--simulate=$to/new" list
+document 6 file --simulate --record "$to/missing/session" list
+document 2 confirmation-needed --simulate erase 1 </dev/null
+document 3 unplugged --simulate --fault unplug@in:1200 import --all --to "$to/read"
+expect 0 --json --version
+
 # --- closed standard streams must not get a recording's number
 for _ in 1 2 3 4 5; do
     fresh

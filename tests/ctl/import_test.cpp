@@ -40,17 +40,30 @@ TEST_F(ToolTest, ImportWritesEveryLoopAndNeverReplacesAFile) {
 
 TEST_F(ToolTest, ImportAsJson) {
     pedal.plugIn();
+    port.pace = 1s;
     EXPECT_EQ(import({"4", "5", "--json"}), ExitCode::someFailed);
     const auto told = events();
-    ASSERT_EQ(told.size(), 3U);
+    ASSERT_EQ(told.size(), 4U);
     EXPECT_EQ(told[0]["event"], "failed");
     EXPECT_EQ(told[0]["slot"], 4);
-    EXPECT_EQ(told[0]["reason"], "empty-slot");
-    EXPECT_EQ(
-        told[1],
-        nlohmann::json(
-            {{"event", "saved"}, {"slot", 5}, {"file", (folder / "Loop 5.wav").string()}, {"bytes", 50}}));
-    EXPECT_EQ(told[2], nlohmann::json({{"event", "finished"}, {"wanted", 2}, {"done", 1}, {"exit", 7}}));
+    EXPECT_EQ(told[0]["trouble"], "empty-slot");
+    EXPECT_EQ(told[1], nlohmann::json({{"event", "progress"},
+                                       {"schema", 1},
+                                       {"slot", 5},
+                                       {"action", "read"},
+                                       {"transferredBytes", 64},
+                                       {"totalBytes", 64}}));
+    EXPECT_EQ(told[2], nlohmann::json({{"event", "saved"},
+                                       {"schema", 1},
+                                       {"slot", 5},
+                                       {"file", (folder / "Loop 5.wav").string()},
+                                       {"fileBytes", 50}}));
+    EXPECT_EQ(told[3], nlohmann::json({{"event", "finished"},
+                                       {"schema", 1},
+                                       {"wanted", 2},
+                                       {"done", 1},
+                                       {"exit", 7},
+                                       {"trouble", "some-failed"}}));
 }
 
 TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {

@@ -61,6 +61,7 @@ TEST(Options, BadOnesAreUsageErrors) {
                                                {"convert", "a"},
                                                {"convert", "a", "b", "--to", "c"},
                                                {"convert", "a", "--to", ""},
+                                               {"convert", "a", "--to", "-", "--json"},
                                                {"backup"},
                                                {"backup", ""},
                                                {"backup", "a", "b"},
@@ -97,7 +98,30 @@ TEST(Options, BadOnesAreUsageErrors) {
     }
 }
 
+TEST(Options, MistakesAreNamedWithWhatWasMeant) {
+    const auto sentence = [](std::vector<std::string> words) { return parseOptions(std::move(words)).text; };
+    EXPECT_THAT(sentence({"lst", "3"}), HasSubstr("There is no command \"lst\". Did you mean list?"));
+    EXPECT_THAT(sentence({"--json", "improt"}), HasSubstr("Did you mean import?"));
+    EXPECT_THAT(sentence({"help", "resto"}), HasSubstr("Did you mean restore?"));
+    EXPECT_THAT(sentence({"firmware", "instal"}), HasSubstr("Did you mean install?"));
+    EXPECT_THAT(sentence({"frobnicate"}), testing::Not(HasSubstr("mean")));
+    EXPECT_THAT(sentence({"list", "--jsn"}), HasSubstr("There is no option \"--jsn\". Did you mean --json?"));
+    EXPECT_THAT(sentence({"erase", "1", "19-21"}),
+                HasSubstr("There is no slot 21; slots are numbered 1 to 20."));
+    EXPECT_THAT(sentence({"export", "a", "--slot", "21"}),
+                HasSubstr("There is no slot 21; slots are numbered"));
+    EXPECT_THAT(sentence({"list", "--wait"}), HasSubstr("--wait requires a value."));
+    EXPECT_THAT(sentence({"convert", "a"}), HasSubstr("--to is missing."));
+    EXPECT_TRUE(parseOptions({"--json", "lst"}).json);
+    EXPECT_FALSE(parseOptions({"export", "--", "--json"}).json);
+}
+
 TEST(Options, HelpTellsTheExitCodes) {
+    EXPECT_EQ(parseOptions({"help"}).text, parseOptions({"--help"}).text);
+    EXPECT_EQ(parseOptions({"help", "firmware", "install"}).text,
+              parseOptions({"firmware", "install", "--help"}).text);
+    EXPECT_EQ(parseOptions({"-V"}).text, parseOptions({"--version"}).text);
+
     for (const auto& words : std::vector<std::vector<std::string>>{{"--help"}, {"import", "--help"}}) {
         const auto parsed = parseOptions(words);
         EXPECT_EQ(parsed.code, ExitCode::ok);

@@ -69,20 +69,26 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     code.reset();
     out.str({});
     err.str({});
-    environment_.emplace(
-        ctl::Environment{executor, port, out, err, terminal, [this] { return systemMinorVersion; },
-                         [this](const std::string& question) {
-                             questions.push_back(question);
-                             return answer();
-                         },
-                         convert, [this] { return working.path(); },
-                         [this](ExitCode result) {
-                             EXPECT_FALSE(code);
-                             code = result;
-                             endedAt = seconds();
-                         },
-                         &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
-                         [this](auto heard) { signalsHeld = std::move(heard); }});
+    environment_.emplace(ctl::Environment{
+        executor, port, out, err, terminal, [this] { return systemMinorVersion; },
+        [this](const std::string& question) {
+            questions.push_back(question);
+            return answer();
+        },
+        convert,
+        [this](std::span<std::uint8_t> into) {
+            const auto count =
+                input.read(reinterpret_cast<char*>(into.data()), static_cast<std::streamsize>(into.size()))
+                    .gcount();
+            return static_cast<ssize_t>(count);
+        },
+        [this] { return working.path(); },
+        [this](ExitCode result) {
+            EXPECT_FALSE(code);
+            code = result;
+        },
+        &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
+        [this](auto heard) { signalsHeld = std::move(heard); }});
     environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
     environment_->diagnose = [this] { return findings; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);

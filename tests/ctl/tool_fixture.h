@@ -71,6 +71,7 @@ class ToolTest : public testing::Test {
     simulator::SimulatedPedal pedal;
     PacedPort port;
     std::filesystem::path folder;
+    std::istringstream input;  ///< standard input
     std::ostringstream out;
     std::ostringstream err;
     bool terminal = false;

@@ -87,8 +87,9 @@ TEST_F(Folder, SaysWhatIsWrong) {
 
     EXPECT_FALSE(LoopFolder(path / "7.wav").load(error));
     EXPECT_THAT(error, HasSubstr("7.wav cannot be read"));
-    EXPECT_FALSE(LoopFolder(path / "new" / "folder").load(error));
-    EXPECT_TRUE(LoopFolder(path / "new").load(error));
+    EXPECT_FALSE(LoopFolder(path / "new").load(error));
+    EXPECT_THAT(error, HasSubstr("There is no folder"));
+    EXPECT_FALSE(fs::exists(path / "new"));
 }
 
 TEST_F(Folder, LeavesTheOldFileWhenItCannotWrite) {

@@ -18,6 +18,7 @@
 #include "app/program/termination.h"
 #include "app/start_up.h"
 #include "audio/convert.h"
+#include "audio/converted_audio.h"
 #include "device/kzq7306.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
@@ -195,8 +196,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (options.simulate) {
         std::string error;
         bool badFault = false;
-        simulation = simulator::Simulation::make(executor, {options.simulatedFolder, options.faults}, error,
-                                                 &badFault);
+        simulation = simulator::Simulation::make(
+            executor, {options.simulatedFolder, options.faults, convertedAudio}, error, &badFault);
         if (!simulation) {
             return complain(badFault ? usageStatus : fileStatus, error);
         }

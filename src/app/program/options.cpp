@@ -1,9 +1,8 @@
 #include "app/program/options.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 
-#include "device/simulator/simulate_option.h"
+#include "app/program/command_line.h"
 
 namespace kzq {
 
@@ -11,23 +10,23 @@ namespace {
 
 constexpr int usageStatus = 2;
 
-void describe(CLI::App& app, ProgramOptions& options) {
-    app.set_version_flag("--version", "kzq7306 " KZQ_VERSION);
-    app.add_flag("--unplugged", options.unplugged, "Start with the built-in pedal unplugged");
-    app.add_option("--host", options.host, "Ask this server instead of the maker's")
+}  // namespace
+
+ProgramCommandLine::ProgramCommandLine()
+    : app("Manages the loops of a 7306 looper pedal in a window.", "kzq7306"), simulate(app) {
+    app.set_help_flag("-h,--help", "Show this help and exit");
+    app.set_version_flag("-V,--version", "kzq7306 " KZQ_VERSION, "Show the version and exit");
+    app.add_flag("--unplugged", options.unplugged, "Start with the simulated pedal unplugged");
+    app.add_option("--host", options.host, "Ask this server for updates, not the maker's")
         ->option_text("HOST[:PORT]");
     app.add_option("--authorities", options.authorities,
                    "Trust these certificates (PEM) instead of the system's")
         ->option_text("FILE");
 }
 
-}  // namespace
-
 ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {
-    CLI::App app("7306 Loop Manager: manages the loops of a 7306 looper pedal.", "kzq7306");
-    ProgramOptions options;
-    const simulator::SimulateOption simulate(app);
-    describe(app, options);
+    ProgramCommandLine line;
+    auto& [app, simulate, options] = line;
     if (const auto mistake = simulator::SimulateOption::mistake(arguments); !mistake.empty()) {
         return {std::nullopt, usageStatus, "kzq7306: " + mistake + "\n"};
     }
@@ -45,7 +44,8 @@ ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {
     options.simulatedFolder = simulate.order().folder;
     options.faults = simulate.order().faults;
     if (!options.simulate && (options.unplugged || !options.faults.empty())) {
-        return {std::nullopt, usageStatus, "kzq7306: --unplugged and --fault work only with --simulate.\n"};
+        return {std::nullopt, usageStatus,
+                "kzq7306: --unplugged and --fault can only be used with --simulate.\n"};
     }
     return {options, 0, {}};
 }

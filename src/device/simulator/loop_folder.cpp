@@ -41,25 +41,34 @@ std::optional<unsigned> slotFromName(std::string_view name) {
     return isNumber && slot >= 1 && slot <= loopSlots ? std::optional(slot) : std::nullopt;
 }
 
-std::optional<StoredLoop> readLoop(const fs::path& file, std::string& error) {
+std::optional<StoredLoop> readLoop(const fs::path& file, const LoopReader& convert, std::string& error) {
     std::error_code code;
     const std::uintmax_t size = fs::is_regular_file(file, code) ? fs::file_size(file, code) : 0;
-    if (code || size == 0 || size > largestFile) {
-        error = file.string() + " cannot hold a loop.";
+    if (code || size == 0) {
+        error = file.string() + " is not a file with a loop in it.";
         return std::nullopt;
     }
-    std::ifstream stream(file, std::ios::binary);
-    const Bytes image{std::istreambuf_iterator<char>(stream), {}};
-    if (image.size() != size) {
-        error = file.string() + " cannot be read.";
-        return std::nullopt;
+    Bytes image;
+    if (size <= largestFile) {
+        std::ifstream stream(file, std::ios::binary);
+        image.assign(std::istreambuf_iterator<char>(stream), {});
+        if (image.size() != size) {
+            error = file.string() + " cannot be read.";
+            return std::nullopt;
+        }
     }
     auto audio = isPerfectWave(image, 2) ? lpcm(image) : std::nullopt;
-    if (!audio || audio->empty() || audio->size() % frameBytes != 0) {
-        error = file.string() + " is not a 24-bit stereo WAV file of 44,100 Hz.";
+    if (audio && !audio->empty() && audio->size() % frameBytes == 0) {
+        return StoredLoop{std::move(*audio)};
+    }
+    if (!convert) {
+        error = file.string() +
+                " is not a 24-bit stereo WAV file of 44,100 Hz with a plain header. Convert it "
+                "with \"kzq7306ctl convert\".";
         return std::nullopt;
     }
-    return StoredLoop{std::move(*audio)};
+    audio = convert(file, error);
+    return audio ? std::optional(StoredLoop{std::move(*audio)}) : std::nullopt;
 }
 
 bool syncFolder(const fs::path& folder) {
@@ -96,7 +105,10 @@ bool replaceFile(const fs::path& file, ByteView bytes) {
 
 std::optional<PedalMemory> LoopFolder::load(std::string& error) {
     std::error_code code;
-    fs::create_directory(folder_, code);  // only the last part: a mistyped path is not a new pedal
+    if (fs::status(folder_, code).type() == fs::file_type::not_found) {
+        error = "There is no folder \"" + folder_.string() + "\". Create it, or check the name.";
+        return std::nullopt;
+    }
     auto entries = fs::directory_iterator(folder_, code);
     if (code) {
         error = "The folder " + folder_.string() + " cannot be read: " + code.message() + ".";
@@ -134,7 +146,7 @@ bool LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std::uint64
     }
     known = file;
     auto& loop = memory.at(*slot - 1);
-    loop = readLoop(file, error);
+    loop = readLoop(file, convert_, error);
     if (loop) {
         frames += loop->audio.size() / frameBytes;
     }

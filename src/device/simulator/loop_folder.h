@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,14 +12,19 @@
 
 namespace kzq::simulator {
 
+/// The audio of a file that is not in the pedal's format; nothing, with a sentence in `error`, on failure.
+using LoopReader = std::function<std::optional<Bytes>(const std::filesystem::path& file, std::string& error)>;
+
 /// A pedal's memory as a folder of WAV files, one per slot, named "Loop 7.wav" (also accepted: "7.wav",
-/// "07.wav"). The files are 24-bit stereo 44,100 Hz; tempo and channel are the defaults of StoredLoop. Other
+/// "07.wav"). The files are 24-bit stereo 44,100 Hz, or anything that can be
+/// converted if there is a converter; tempo and channel are the defaults of StoredLoop. Other
 /// files are left alone. Not synchronised.
 class LoopFolder {
   public:
-    explicit LoopFolder(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    explicit LoopFolder(std::filesystem::path folder, LoopReader convert = {})
+        : folder_(std::move(folder)), convert_(std::move(convert)) {}
 
-    /// Creates the folder if it is missing and reads it. Nothing on failure, with a sentence in `error`.
+    /// Reads the folder, which must be there. Nothing on failure, with a sentence in `error`.
     std::optional<PedalMemory> load(std::string& error);
     /// Writes (or, for null, removes) the file of one slot: the one that was loaded, else "Loop N.wav". A
     /// file gets its name only once it is complete and synced. False, and a line in the log, on failure.
@@ -29,6 +35,7 @@ class LoopFolder {
                   std::string& error);
 
     std::filesystem::path folder_;
+    LoopReader convert_;
     std::array<std::filesystem::path, loopSlots> files_;  ///< by address; empty: not known yet
 };
 

@@ -12,7 +12,7 @@ Simulation::Simulation(Executor& executor, PedalMemory memory, LoopFolder folder
 std::unique_ptr<Simulation> Simulation::make(Executor& executor, const SimulationOrder& order,
                                              std::string& error, bool* badFault) {
     auto memory = demonstrationMemory();
-    LoopFolder folder(order.folder);
+    LoopFolder folder(order.folder, order.convert);
     if (!order.folder.empty()) {
         auto loaded = folder.load(error);
         if (!loaded) {

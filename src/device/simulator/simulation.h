@@ -15,6 +15,7 @@ namespace kzq::simulator {
 struct SimulationOrder {
     std::filesystem::path folder;     ///< of WAV files, which are its memory; empty: built-in loops
     std::vector<std::string> faults;  ///< as faultFromText reads them
+    LoopReader convert = {};          ///< for files in other formats; empty: they are refused
 };
 
 /// The simulated pedal with its port, as programs use it in place of a bus. Changes are saved in the folder,

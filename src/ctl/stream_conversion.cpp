@@ -1,0 +1,116 @@
+#include "ctl/stream_conversion.h"
+
+#include <fcntl.h>
+
+#include <array>
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+#include "ctl/file_trouble.h"
+#include "ctl/sentences.h"
+#include "platform/descriptor.h"
+#include "platform/write_all.h"
+#include "slots/capacity.h"
+
+namespace kzq::ctl {
+namespace {
+
+constexpr std::size_t pieceSize = 1 << 16;
+constexpr std::uint64_t longestInput = 4ULL << 30;  // 24 minutes take less in any format we read
+
+/// Goes when this goes.
+struct TemporaryFile {
+    std::filesystem::path path;
+
+    explicit TemporaryFile(std::filesystem::path name) : path(std::move(name)) {}
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    TemporaryFile(TemporaryFile&&) = delete;
+    TemporaryFile& operator=(TemporaryFile&&) = delete;
+    ~TemporaryFile() {
+        std::error_code ignored;
+        std::filesystem::remove(path, ignored);
+    }
+};
+
+std::string unreadable(const std::string& reason) {
+    return "Could not read standard input: " + reason;
+}
+
+}  // namespace
+
+ConvertedFile StreamConversion::convert(ConversionOrder order) const {
+    const bool reads = order.source == standardStream;
+    const bool prints = order.output == standardStream;
+    if (!reads && !prints) {
+        return environment_.convert(order);
+    }
+    const auto folder = environment_.workingFolder();
+    if (!folder) {
+        return {{}, 0, "There is no folder for temporary files."};
+    }
+    const TemporaryFile input(*folder / "standard-input");
+    if (reads) {
+        if (auto problem = store(input.path); !problem.empty()) {
+            return {{}, 0, std::move(problem)};
+        }
+        order.source = input.path;
+        order.name = "standard input";
+    }
+    if (prints) {
+        order.output = *folder;
+        order.sync = false;
+    }
+    auto file = environment_.convert(order);
+    if (!prints || !file.problem.empty() || file.frames > capacityFrames) {
+        return file;
+    }
+    const TemporaryFile converted(file.path);
+    return {{}, file.frames, print(file.path) ? "" : outputLost().sentence};
+}
+
+std::string StreamConversion::store(const std::filesystem::path& file) const {
+    const Descriptor stored(
+        ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!stored) {
+        return unreadable(fileTrouble(errno));
+    }
+    std::array<std::uint8_t, pieceSize> piece{};
+    std::uint64_t size = 0;
+    while (true) {
+        const auto count = environment_.input(piece);
+        if (cancelled_) {
+            return cancelledByUser().sentence;
+        }
+        if (count == -EAGAIN) {
+            continue;
+        }
+        if (count <= 0) {
+            return count == 0 ? ""
+                              : unreadable(std::generic_category().message(static_cast<int>(-count)) + ".");
+        }
+        size += static_cast<std::uint64_t>(count);
+        if (size > longestInput) {
+            return unreadable("it is longer than 4 GiB.");
+        }
+        if (const int error =
+                writeAll(stored.get(), std::span(piece).first(static_cast<std::size_t>(count)))) {
+            return unreadable(fileTrouble(error));
+        }
+    }
+}
+
+bool StreamConversion::print(const std::filesystem::path& file) const {
+    std::ifstream stream(file, std::ios::binary);
+    std::array<char, pieceSize> piece{};
+    auto& out = environment_.out;
+    while (stream && out && !cancelled_) {
+        stream.read(piece.data(), piece.size());
+        out.write(piece.data(), stream.gcount());
+    }
+    out.flush();
+    return stream.eof() && out.good();
+}
+
+}  // namespace kzq::ctl
