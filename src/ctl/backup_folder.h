@@ -10,8 +10,8 @@
 namespace kzq::ctl {
 
 /// A backup on the disk: WAV files, and an index that is there only once all of them are. Until then a second
-/// index tells what is there so far. No audio that is
-/// there is ever replaced or removed. Blocks; one thread at a time.
+/// index lists what is there so far. No audio that is there is ever replaced or removed. Blocks; one thread
+/// at a time.
 class BackupFolder {
   public:
     explicit BackupFolder(std::filesystem::path path) : path_(std::move(path)) {}
@@ -23,7 +23,7 @@ class BackupFolder {
     std::optional<BackupIndex> index(std::optional<Explanation>& problem) const;
     std::optional<BackupIndex> partialIndex(std::optional<Explanation>& problem) const;
 
-    /// The file of one loop, when it is there and whole and has the audio that the index tells of.
+    /// The file of one loop, if it is complete and has the audio that the index describes.
     std::optional<Bytes> loop(const BackupEntry& entry) const;
     /// Writes a loop's file; an equal one that is there already is taken.
     std::optional<Explanation> addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const;

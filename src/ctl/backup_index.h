@@ -19,7 +19,7 @@ struct BackupEntry {
     std::string sha256;  ///< of the audio, without the header; lower-case hexadecimal digits
 
     bool operator==(const BackupEntry&) const = default;
-    /// Whether it may be this loop of the pedal: all that the pedal's loop table tells of it is the same.
+    /// Whether this may be the pedal's loop: everything in the pedal's loop table is the same.
     bool describes(const Loop& loop) const {
         return samples == loop.samples && tempo == loop.tempo && channel == loop.channel;
     }
@@ -34,7 +34,7 @@ struct BackupIndex {
 };
 
 std::string indexText(const BackupIndex& index);
-/// Nothing when `text` is not the index of a backup in every respect; `problem` then tells what is wrong:
+/// Nothing unless `text` is a valid backup index; `problem` then says what is wrong:
 /// the part behind "backup.json ".
 std::optional<BackupIndex> indexFromText(std::string_view text, std::string& problem);
 

@@ -59,7 +59,7 @@ struct Environment {
     FreeSpace freeSpace = kzq::freeSpace;
     /// What keeps the user from using the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
-    /// Hears every line of the log, with its category in front; empty for nobody. Must not log. Any thread.
+    /// Receives every line of the log, preceded by its category; may be empty. Must not log. Any thread.
     std::function<void(std::string_view line)> logged = {};
 };
 

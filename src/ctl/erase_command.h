@@ -16,7 +16,7 @@ class EraseCommand : public PedalJob {
     std::vector<std::uint8_t> occupied(const Loops& loops);
 };
 
-/// Erases and looks afterwards which loops are gone; the others are told and counted as failures. Nothing
+/// Erases and looks afterwards which loops are gone; the others are reported and counted as failures. Nothing
 /// when the work has ended, otherwise what the pedal holds now.
 std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
                                   const std::vector<std::uint8_t>& slots, Tally& tally);

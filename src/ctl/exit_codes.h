@@ -2,14 +2,14 @@
 
 namespace kzq::ctl {
 
-/// What the program tells its caller. Published: scripts rely on these numbers.
+/// The program's exit codes. Published: scripts rely on these numbers.
 ///
 /// A command that meets more than one of them answers with what ended it before its last loop: cancelled,
 /// noPedal (unplugged), pedalRefused (stopped answering), fileError. If nothing did, but loops failed one by
 /// one, it is the first failure's own code when nothing went well and someFailed when something did.
 enum class ExitCode : int {
     ok = 0,
-    usage = 2,         ///< also: a question that nobody is there to answer
+    usage = 2,         ///< also: a question, but standard input is not a terminal
     noPedal = 3,       ///< not there, or it was unplugged
     noPermission = 4,  ///< the system does not let this user open it
     pedalRefused = 5,  ///< it refused, is busy or in other hands, has stopped answering, has no room, or the

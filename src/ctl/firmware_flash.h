@@ -11,7 +11,7 @@
 
 namespace kzq::ctl {
 
-/// One installation of firmware as far as the link tells of it: when the pedal leaves, what it returns as,
+/// One installation of firmware as the link reports it: when the pedal leaves, what it returns as,
 /// and whether the image and its trailer went out.
 class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
   public:
@@ -51,7 +51,7 @@ class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
 
     /// False when nothing is under way that would have to come to its end first.
     bool wantStop();
-    /// From here on only the work itself ends the program, since its exit code tells what became of the
+    /// From here on only the work itself ends the program, since its exit code says what became of the
     /// pedal.
     bool begun() const;
     /// Begun, and the image is not complete.

@@ -9,7 +9,7 @@ namespace kzq::ctl {
 /// Replaces the pedal's firmware: by what the maker's server offers, verified, or by a file of the user's.
 ///
 /// Once the pedal has been asked to take it, nothing ends the program before the image is complete or has
-/// failed, and before the exit code tells which: whoever wants an end is told to wait.
+/// failed, and the exit code says which. A user who presses Ctrl-C is asked to wait.
 class FirmwareInstallCommand : public PedalJob {
   public:
     explicit FirmwareInstallCommand(Context context);

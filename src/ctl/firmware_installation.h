@@ -6,7 +6,7 @@
 
 namespace kzq::ctl {
 
-/// The installation from the first request to the pedal's return: tells its phases and how it ended. The
+/// The installation from the first request to the pedal's return: reports its phases and how it ended. The
 /// command's thread.
 class FirmwareInstallation {
   public:
@@ -31,7 +31,7 @@ class FirmwareInstallation {
     JobReport& report_;
     const std::shared_ptr<FirmwareFlash> flash_;
     const std::shared_ptr<KZQ7306> looper_;
-    std::string version_;  ///< that the pedal tells when it is back
+    std::string version_;  ///< that the pedal reports when it is back
 };
 
 }  // namespace kzq::ctl

@@ -13,7 +13,7 @@ namespace kzq::ctl {
 /// Writes loops to the pedal and, when that is wanted, reads them back.
 class LoopWriter {
   public:
-    /// How one loop fared; `sentence` is empty when all is well.
+    /// The result for one loop; `sentence` is empty on success.
     struct Outcome {
         ExitCode code = ExitCode::ok;
         std::string reason;  ///< a word for programs

@@ -9,7 +9,7 @@
 
 namespace kzq::ctl {
 
-/// How the loops of a command fared.
+/// The results of a command's loops.
 struct Tally {
     std::size_t wanted = 0;
     std::size_t done = 0;
@@ -17,7 +17,7 @@ struct Tally {
     std::string doubt;                  ///< what the end may have left behind: a sentence, or nothing
     bool stopped = false;               ///< after the last failure no other loop was tried
 
-    /// Whether `done` says too little to be told.
+    /// Whether `done` is too uncertain to report.
     bool unsure() const { return done == 0 && !doubt.empty(); }
 
     /// `end`: what ended the command before its last loop, if anything did.
