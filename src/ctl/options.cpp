@@ -163,17 +163,20 @@ std::string sentenceOf(const CLI::App& app, const CLI::ParseError& error) {
     return text;
 }
 
-/// The help of the command that `help` was asked about.
-std::string helpAbout(CommandLine& line) {
-    CLI::App* app = &line.app;
+/// What to parse instead of `help`: the command it is about, with --help.
+std::vector<std::string> helpRequest(const CommandLine& line) {
+    const CLI::App* app = &line.app;
     for (const auto& word : line.words.topic) {
-        const auto next = app->get_subcommands([&word](CLI::App* each) { return each->get_name() == word; });
+        const auto next =
+            app->get_subcommands([&word](const CLI::App* each) { return each->get_name() == word; });
         if (next.empty()) {
             throw usageError(unknownCommand(*app, word));
         }
         app = next.front();
     }
-    return simulator::SimulateOption::readable(app->help());
+    auto request = line.words.topic;
+    request.emplace_back("--help");
+    return request;
 }
 
 }  // namespace
@@ -189,7 +192,9 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
         std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
         line.app.parse(std::move(arguments));
         if (line.app.got_subcommand("help")) {
-            return {{}, ExitCode::ok, helpAbout(line), json};
+            auto help = parseOptions(helpRequest(line));
+            help.json = json;
+            return help;
         }
         complete(line);
     } catch (const CLI::CallForHelp&) {
