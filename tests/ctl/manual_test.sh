@@ -46,7 +46,8 @@ for program in "$@"; do
         grep -q "^.SS $command\b" <<<"$page" || fail "$name(1) lacks $command"
         for option in $own; do
             grep -q "fB$option" <<<"$page" || fail "$name(1) lacks $option of $command"
-            grep -qE -- "-[ls] ${option##*-}( |$)" "$texts/$name.fish" || fail "fish lacks $option of $command"
+            bare=${option#-}
+            grep -qE -- "-[ls] ${bare#-}( |$)" "$texts/$name.fish" || fail "fish lacks $option of $command"
             grep -q -- "'\*$option[=[]" "$texts/_$name" || fail "zsh lacks $option of $command"
         done
     done
