@@ -139,7 +139,7 @@ std::string sentenceOf(const CLI::App& app, const CLI::ParseError& error) {
     const auto extra = app.remaining(true);
     const std::string text = error.what();
     const bool lost = &place == &app && error.get_name() != "ValidationError";
-    if (!extra.empty() && (lost || error.get_name() == "ExtrasError")) {
+    if (!extra.empty() && (lost || dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)) {
         const auto word = std::ranges::find_if(extra, [](const auto& each) { return each.starts_with('-'); });
         if (word != extra.end()) {
             return unknownOption(place, *word);
