@@ -15,15 +15,16 @@ std::string sentenceFor(ConversionFailure reason, const std::string& detail) {
         case ConversionFailure::unreadable:
             return "The file cannot be read: " + detail + ".";
         case ConversionFailure::notAudio:
-            return "The file is in a format that is not supported.";
+            return "The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, "
+                   "AAC or AC3.";
         case ConversionFailure::unsupported:
-            return "This kind of audio is not supported: " + detail + ".";
+            return "This audio format is not supported: " + detail + ".";
         case ConversionFailure::truncatedOrCorrupt:
             return "The file is damaged or incomplete.";
         case ConversionFailure::noFrames:
-            return "The file contains no sound.";
+            return "The file contains no audio.";
         case ConversionFailure::sampleRate:
-            return "The file's sample rate is " + detail + " Hz; it must be between 4,000 and 768,000 Hz.";
+            return "The file's sample rate is " + detail + " Hz; it must be from 4,000 to 768,000 Hz.";
         case ConversionFailure::diskFull:
             return "There is not enough disk space.";
         case ConversionFailure::outputRefused:
@@ -34,7 +35,7 @@ std::string sentenceFor(ConversionFailure reason, const std::string& detail) {
             return "Converting the file takes too much time or memory.";
         case ConversionFailure::toolMissing:
             return "The audio converter " + detail +
-                   " is missing. To install it, run: sudo apt install ffmpeg";
+                   " is not installed. To install it: sudo apt install ffmpeg";
         case ConversionFailure::internal:
             return "The audio converter failed: " + detail + ".";
     }
@@ -80,7 +81,7 @@ Conversion::Failure childFailure(const ChildEnd& end, const std::string& program
                        ? conversionFailure(ConversionFailure::toolMissing, program)
                        : conversionFailure(ConversionFailure::internal, message(end.value));
         case ChildEnd::How::killed:
-            // A decoder that crashes does so over a file that no sound program wrote.
+            // A decoder crashes only on a file that no sane program wrote.
             return conversionFailure(end.value == SIGXCPU || end.value == SIGKILL
                                          ? ConversionFailure::timeOrMemoryLimit
                                          : ConversionFailure::truncatedOrCorrupt);
