@@ -86,7 +86,7 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
                           ? std::nullopt
                           : exportInfoForLoop(slot, loops.contains(slot), file.path, size - waveHeaderSize);
     if (!info) {
-        const std::string why = file.problem.empty() ? name + " contains no sound." : file.problem;
+        const std::string why = file.problem.empty() ? name + " contains no audio." : file.problem;
         const char* const next = why.ends_with('.') ? " Nothing was written." : ". Nothing was written.";
         return Explanation{ExitCode::fileError, why + next};
     }
