@@ -13,6 +13,7 @@
 
 #include "app/app_environment.h"
 #include "app/application.h"
+#include "app/loop_check.h"
 #include "app/transfer_run.h"
 #include "device/kzq7306_delegate.h"
 #include "slots/export_info.h"
@@ -154,6 +155,12 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
         starting,  ///< from the press of the button to its start, including all questions
         running    ///< while the shield is up
     };
+    /// What a running operation shares with the link's threads.
+    struct LinkRun {
+        std::atomic<bool> asked = true;  ///< it waits for the link to accept it
+        std::atomic<bool> cancelled = false;
+        std::atomic<std::uint64_t> call = 0;  ///< the USB call that was out at the last look; 0 for none
+    };
     /// A file that was put on an export row.
     struct Drop {
         std::uint8_t slot = 0;
@@ -169,12 +176,15 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void connectButtons();
 
     // connection.cpp
-    void loopsArrived(const Loops& loops);
+    void loopsArrived(const std::optional<Loops>& table);
     void showImportState(const Loops& loops, const std::set<std::uint8_t>& selection);
     bool showExportState(const Loops& loops, const std::set<std::uint8_t>& selection);
     void redrawAbout();
     void emptyMeter();
     void setImportAndEraseEnabled(bool enabled);
+
+    void showNoTable();
+    std::optional<Loop> shownIn(std::uint8_t slot) const;
 
     // meter.cpp, staging.cpp
     Loops existingLoops() const;
@@ -191,10 +201,12 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void endStart();
     void beginRun();
     void endRun();
-    /// After beginRun: on a background thread, since the link asks the pedal before it begins. `operation`
-    /// returns whether the link has accepted it. If it refuses because the pedal has left, the run ends; if
-    /// because the pedal is busy, shield and panel deliberately stay up until the program ends.
-    void onLink(std::function<bool(KZQ7306&)> operation);
+    /// After beginRun: on a background thread, since the link asks the pedal before it begins. `ready`,
+    /// if given, is asked first; if false, the run ends and the rows are read again. `operation` returns
+    /// whether the link has accepted it. If it refuses because the pedal has left, the run ends; if because
+    /// the pedal is busy, shield and panel deliberately stay up until the program ends.
+    using OnLink = std::function<bool(KZQ7306&)>;
+    void onLink(OnLink ready, OnLink operation);
     void endRefusedRun();
     /// A function that any thread may call to run `task` on the main thread while this lives.
     std::function<void()> onMain(std::function<void(AppDelegate&)> task);
@@ -203,7 +215,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void setPercent(double fraction);
     void closeProgress();
     void cancelTransfer();
-    void insistOnCancel(Executor::Duration delay, std::uint64_t run);
+    void insistOnCancel(Executor::Duration delay, const std::shared_ptr<LinkRun>& run);
 
     void startImport(const std::filesystem::path& folder);
     void loopSaved(std::uint8_t number);
@@ -212,7 +224,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     bool stillStaged(const Exports& asked) const;
     void loopSent(std::uint8_t number);
     void finishExport(const Exports& sent);
-    void startErase(const std::set<std::uint8_t>& asked);
+    void startErase(AskedLoops asked);
     void finishErase();
 
     // firmware_flow.cpp
@@ -232,6 +244,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     Slots exportSlots_;
     std::set<std::uint8_t> selectedImportSlots_;
     Exports selectedExportSlots_;
+    /// The pedal's table as the rows show it; not complete while it is not known.
+    Loops shown_;
     std::uint64_t drops_ = 0;                           ///< so far
     std::map<std::uint8_t, std::uint64_t> lastStaged_;  ///< by slot: the order of the drop that is staged
 
@@ -239,9 +253,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     std::shared_ptr<Absence> absence_;
     std::unique_ptr<MenuClosing> menuClosing_;
     Flow flow_ = Flow::none;
-    std::uint64_t runs_ = 0;                        ///< operations started so far
-    std::shared_ptr<std::atomic<bool>> linkAsked_;  ///< the latest one waits for the link to accept it
-    std::unique_ptr<QObject> connections_;          ///< from the window's buttons; end with it
+    std::shared_ptr<LinkRun> run_;          ///< the operation that is running; null without one
+    std::unique_ptr<QObject> connections_;  ///< from the window's buttons; end with it
 };
 
 }  // namespace kzq

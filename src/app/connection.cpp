@@ -34,8 +34,9 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
     window_.deselectAllButton()->setEnabled(true);
     emptyMeter();
     window_.showMeter(true);
+    showNoTable();
     looper.loops([&executor = environment_.executor, weak = weak_from_this()](std::optional<Loops> loops) {
-        executor.main([weak, loops = std::move(loops).value_or(Loops{})] {
+        executor.main([weak, loops = std::move(loops)] {
             if (const auto self = weak.lock()) {
                 self->loopsArrived(loops);
             }
@@ -43,10 +44,18 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
     });
 }
 
-void AppDelegate::loopsArrived(const Loops& loops) {
+void AppDelegate::loopsArrived(const std::optional<Loops>& table) {
     if (window_.saysNoPedal()) {
         return;  // it left before the table arrived here
     }
+    if (!table || !table->complete) {
+        if (const auto looper = KZQ7306::looper()) {
+            looper->refresh();
+        }
+        return;
+    }
+    const auto& loops = *table;
+    shown_ = loops;
     for (const auto* const list : {&importSlots_, &exportSlots_}) {
         for (const auto& slot : *list) {
             const auto* const loop = loopIn(loops, *slot);
@@ -67,6 +76,10 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     if (window_.saysNoPedal()) {
         return;  // it left before the news arrived here
     }
+    if (!status.loops.complete) {
+        return;  // its gaps say nothing
+    }
+    shown_ = status.loops;
     const auto previous = std::exchange(selectedImportSlots_, {});
     setImportAndEraseEnabled(false);
     showImportState(status.loops, previous);
@@ -118,6 +131,7 @@ bool AppDelegate::showExportState(const Loops& loops, const std::set<std::uint8_
 
 void AppDelegate::looperHasBeenDisconnected() {
     redrawAbout();
+    showNoTable();
     selectedImportSlots_.clear();
     selectedExportSlots_.clear();
     setImportAndEraseEnabled(false);
@@ -143,6 +157,16 @@ void AppDelegate::looperHasBeenDisconnected() {
         slot->setOccupied(false);
         empty(*slot);
     }
+}
+
+void AppDelegate::showNoTable() {
+    shown_ = {};
+    shown_.complete = false;
+}
+
+std::optional<Loop> AppDelegate::shownIn(std::uint8_t slot) const {
+    const auto loop = shown_.find(slot);
+    return loop == shown_.end() ? std::nullopt : std::optional(loop->second);
 }
 
 void AppDelegate::redrawAbout() {

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 #include <utility>
 
 #include "app/app_delegate.h"
@@ -11,7 +12,10 @@ void AppDelegate::eraseButtonClicked() {
     if (flow_ == Flow::starting) {
         return;
     }
-    const auto asked = selectedImportSlots_;
+    AskedLoops asked;
+    for (const auto slot : selectedImportSlots_) {
+        asked.emplace(slot, shownIn(slot));
+    }
     const auto before = std::exchange(flow_, flow_ == Flow::none ? Flow::starting : flow_);
     const auto answer = environment_.dialogs.run(
         yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
@@ -24,9 +28,10 @@ void AppDelegate::eraseButtonClicked() {
 }
 
 /// Only slots that the question was about and that are still selected.
-void AppDelegate::startErase(const std::set<std::uint8_t>& asked) {
+void AppDelegate::startErase(AskedLoops asked) {
+    std::erase_if(asked, [this](const auto& entry) { return !selectedImportSlots_.contains(entry.first); });
     std::vector<std::uint8_t> numbers;
-    std::ranges::set_intersection(asked, selectedImportSlots_, std::back_inserter(numbers));
+    std::ranges::copy(std::views::keys(asked), std::back_inserter(numbers));
     if (numbers.empty()) {
         endStart();
         return;
@@ -34,7 +39,10 @@ void AppDelegate::startErase(const std::set<std::uint8_t>& asked) {
     endEditing();
     selectedImportSlots_.clear();
     beginRun();
-    onLink([numbers, finished = onMain(&AppDelegate::finishErase)](KZQ7306& looper) {
+    const auto ready = [asked = std::move(asked)](KZQ7306& looper) {
+        return unchangedTable(looper, asked, "Nothing was erased.").has_value();
+    };
+    onLink(ready, [numbers, finished = onMain(&AppDelegate::finishErase)](KZQ7306& looper) {
         return looper.eraseLoops(numbers, [finished](std::uint8_t /*count*/) { finished(); });
     });
 }

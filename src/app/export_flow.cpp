@@ -37,6 +37,10 @@ void AppDelegate::startExport() {
         endStart();
         return;
     }
+    AskedLoops asked;
+    for (const auto& [slot, info] : exports) {
+        asked.emplace(slot, info.occupied ? shownIn(slot) : std::nullopt);
+    }
     const auto total = shownTotal(exports);
     if (overwrites(exports)) {
         const auto answer = environment_.dialogs.run(yesOrNoAlertWithHeadline(
@@ -53,9 +57,17 @@ void AppDelegate::startExport() {
         environment_.executor, total, transferListener(&AppDelegate::loopSent, [exports](AppDelegate& self) {
             self.finishExport(exports);
         }));
-    onLink([run, exports](KZQ7306& looper) {
+    const auto current = std::make_shared<Exports>(exports);
+    const auto ready = [asked, current](KZQ7306& looper) {
+        const auto table = unchangedTable(looper, asked, "Nothing was written.");
+        for (auto& [slot, info] : *current) {
+            info.occupied = table && table->contains(slot);
+        }
+        return table.has_value();
+    };
+    onLink(ready, [run, current](KZQ7306& looper) {
         return looper.exportLoops(
-            exports, [run](std::uint32_t bytes, std::uint8_t /*index*/) { run->moved(bytes); },
+            *current, [run](std::uint32_t bytes, std::uint8_t /*index*/) { run->moved(bytes); },
             [run](std::uint32_t bytes, std::uint8_t slot) {
                 run->add(bytes);
                 run->loopDone(slot);

@@ -90,7 +90,7 @@ void AppDelegate::flash(FirmwareImage image) {
         endRun();
         updates->check();
     };
-    onLink([image = std::move(image), completion](KZQ7306& looper) {
+    onLink({}, [image = std::move(image), completion](KZQ7306& looper) {
         if (!looper.flashFirmware(image, completion)) {
             completion(false);  // the pedal became busy just now, or left
         }

@@ -79,7 +79,7 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
         folder,
         std::move(names),
         environment_.writeFile});
-    onLink([import, numbers](KZQ7306& looper) {
+    onLink({}, [import, numbers](KZQ7306& looper) {
         return looper.importLoops(
             numbers, [import](std::uint32_t bytes, std::uint8_t /*slot*/) { import->run.moved(bytes); },
             [import](const auto& file, std::uint8_t slot) { import->loopRead(file, slot); },

@@ -3,8 +3,8 @@
 
 #include "app/absence.h"
 #include "app/app_delegate.h"
+#include "app/arrival_watch.h"
 #include "app/busy_question.h"
-#include "app/main_watch.h"
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "app/menu_closing.h"
@@ -68,7 +68,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     connectButtons();
     window_.centre();
     KZQ7306::initialize(shared_from_this());
-    watchMainThread(environment_.executor, &freeFromPedal);
+    watchArrivals(environment_.executor);
     if (environment_.diagnose) {
         absence_ = Absence::watch(environment_.executor, window_, environment_.diagnose);
     }

@@ -61,30 +61,41 @@ void AppDelegate::endStart() {
 
 void AppDelegate::beginRun() {
     flow_ = Flow::running;
-    ++runs_;
-    linkAsked_ = std::make_shared<std::atomic<bool>>(true);
+    run_ = std::make_shared<LinkRun>();
     window_.addShield();
 }
 
 void AppDelegate::endRun() {
     window_.removeShield();
+    run_.reset();
     flow_ = Flow::none;
 }
 
-void AppDelegate::onLink(std::function<bool(KZQ7306&)> operation) {
-    environment_.executor.background(Priority::high, [operation = std::move(operation), asked = linkAsked_,
-                                                      pedalHasLeft = onMain(&AppDelegate::endRefusedRun)] {
-        const auto looper = KZQ7306::looper();
-        const bool accepted = looper && operation(*looper);
-        *asked = false;
-        if (!accepted && (!looper || looper->disconnected())) {
-            pedalHasLeft();
-        }
-    });
+void AppDelegate::onLink(OnLink ready, OnLink operation) {
+    environment_.executor.background(
+        Priority::high, [ready = std::move(ready), operation = std::move(operation), run = run_,
+                         end = onMain(&AppDelegate::endRefusedRun)] {
+            const auto looper = KZQ7306::looper();
+            const bool begins = looper && (!ready || ready(*looper)) && !run->cancelled;
+            const bool accepted = begins && operation(*looper);
+            run->asked = false;
+            if (!begins || (!accepted && looper->disconnected())) {
+                end();
+            }
+            if (looper && !begins) {
+                looper->refresh();
+            }
+        });
 }
 
+/// Nothing has been done: what is still checked is selected again.
 void AppDelegate::endRefusedRun() {
     closeProgress();
+    for (const auto& slot : importSlots_) {
+        if (slot->occupied() && slot->selected()) {
+            selectedImportSlots_.insert(slot->number());
+        }
+    }
     endRun();
 }
 
@@ -126,24 +137,32 @@ void AppDelegate::closeProgress() {
 }
 
 void AppDelegate::cancelTransfer() {
-    if (const auto looper = KZQ7306::looper()) {
+    const auto looper = KZQ7306::looper();
+    if (looper) {
         looper->cancelTransfer();
     }
-    insistOnCancel(firstInsistence, runs_);
+    if (run_ && !run_->cancelled.exchange(true)) {
+        run_->call = looper ? looper->callUnderWay() : 0;
+        insistOnCancel(firstInsistence, run_);
+    }
 }
 
-/// Repeats until the run is over: resets a pedal that does not answer, and repeats a cancel that came just
-/// before the link started the transfer.
-void AppDelegate::insistOnCancel(Executor::Duration delay, std::uint64_t run) {
+/// Repeats until the run is over: resets a pedal that leaves a transfer unanswered, and repeats a cancel that
+/// came just before the link started the operation.
+void AppDelegate::insistOnCancel(Executor::Duration delay, const std::shared_ptr<LinkRun>& run) {
     environment_.executor.mainAfter(delay, [weak = weak_from_this(), run] {
         const auto self = weak.lock();
-        if (!self || self->flow_ != Flow::running || self->runs_ != run) {
+        if (!self || self->run_ != run) {
             return;
         }
-        self->environment_.executor.background(Priority::high, [asked = self->linkAsked_] {
+        self->environment_.executor.background(Priority::high, [run] {
             const auto looper = KZQ7306::looper();
-            if (looper && (*asked || looper->operation() != KZQ7306::idle)) {
-                looper->cancelTransfer();
+            if (!looper || (!run->asked && looper->operation() == KZQ7306::idle)) {
+                return;
+            }
+            looper->cancelTransfer();
+            const auto call = looper->callUnderWay();
+            if (call != 0 && call == run->call.exchange(call)) {
                 looper->interrupt();
             }
         });

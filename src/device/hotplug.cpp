@@ -71,7 +71,9 @@ void KZQ7306::arrived(const UsbDevicePointer& device) {
         log(LogCategory::device, "plugged:1 the pedal could not be acquired");
         return;
     }
+    arriving_ = true;
     const auto reply = control(command::stage);
+    arriving_ = false;
     if (!reply) {
         log(LogCategory::device, "plugged:2 the pedal did not answer the stage query");
         acquisitionFailure_ = Failure::noStage;

@@ -172,6 +172,10 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     /// Asks the running batch to stop before its next piece. Any thread.
     void cancelTransfer() { cancel_ = true; }
+    /// The number of the USB call that has no answer yet; 0 for none. Any thread.
+    std::uint64_t callUnderWay() const { return callUnderWay_; }
+    /// Whether an arriving pedal is being asked who it is, on the main thread. Any thread.
+    bool arriving() const { return arriving_; }
     /// Resets the pedal without waiting for the lock, which ends a hanging transfer: for a pedal that has
     /// stopped answering. Any thread.
     void interrupt() const;
@@ -189,6 +193,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Answer ask(std::uint8_t code, std::uint8_t request, std::uint16_t value, std::uint16_t index,
                std::uint16_t length);
     Answer ask(std::uint8_t code, std::uint16_t length);
+    template <class Call>
+    auto counted(const Call& call);
 
     static void poll(Executor& executor, Executor::TimePoint start, bool repeating);
     std::optional<Status> news(bool onlyChanges);
@@ -240,6 +246,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<std::int32_t> operation_ = idle;
     std::atomic<bool> starting_ = false;  ///< an operation was accepted and has not begun
     std::atomic<Failure> lastFailure_ = Failure::none;
+    std::atomic<std::uint64_t> callUnderWay_ = 0;
+    std::uint64_t calls_ = 0;  ///< so far; under the lock
+    std::atomic<bool> arriving_ = false;
     std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
     /// Guards the members below; held only briefly, never during USB traffic or a callback.

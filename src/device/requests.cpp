@@ -6,6 +6,15 @@
 
 namespace kzq {
 
+/// Every call that moves data goes through here.
+template <class Call>
+auto KZQ7306::counted(const Call& call) {
+    callUnderWay_ = ++calls_;
+    const auto result = call();
+    callUnderWay_ = 0;
+    return result;
+}
+
 KZQ7306::Answer KZQ7306::ask(std::uint8_t code, std::uint8_t request, std::uint16_t value,
                              std::uint16_t index, std::uint16_t length) {
     const std::lock_guard guard(*lock_);
@@ -15,7 +24,7 @@ KZQ7306::Answer KZQ7306::ask(std::uint8_t code, std::uint8_t request, std::uint1
         return {};
     }
     Reply reply(length);
-    const int came = handle->control(code, request, value, index, reply);
+    const int came = counted([&] { return handle->control(code, request, value, index, reply); });
     return {std::move(reply), came >= static_cast<int>(neededLength(code))};
 }
 
@@ -69,7 +78,8 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
     for (std::size_t received = 0; received < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = std::span(bytes).subspan(received);
-        if (handle->bulkIn(pedalBulkIn, rest, transferred) != usbSuccess || transferred > rest.size()) {
+        const auto result = counted([&] { return handle->bulkIn(pedalBulkIn, rest, transferred); });
+        if (result != usbSuccess || transferred > rest.size()) {
             fail(Failure::transferFailed);
             return std::nullopt;
         }
@@ -90,7 +100,8 @@ bool KZQ7306::write(std::span<const std::uint8_t> bytes) {
     for (std::size_t sent = 0; sent < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = bytes.subspan(sent);
-        if (handle->bulkOut(pedalBulkOut, rest, transferred) != usbSuccess || transferred > rest.size()) {
+        const auto result = counted([&] { return handle->bulkOut(pedalBulkOut, rest, transferred); });
+        if (result != usbSuccess || transferred > rest.size()) {
             return fail(Failure::transferFailed);
         }
         sent += transferred;

@@ -6,6 +6,7 @@ namespace kzq::test {
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -14,6 +15,16 @@ constexpr auto isBusy = "Device is busy. Try again later.";
 /// What every flow ends in, and from where it can be started again.
 class BadMoments : public FlowTest {
   protected:
+    BadMoments() {
+        writeFile = [this, write = writeFile](const auto&... what) {
+            executor.sleep(slowWrite);
+            return write(what...);
+        };
+    }
+    std::ptrdiff_t resets() const {
+        return std::ranges::count(pedal.journal(), simulator::WireEvent::Kind::reset,
+                                  &simulator::WireEvent::kind);
+    }
     void expectRest() {
         EXPECT_TRUE(becomesIdle());
         EXPECT_TRUE(window->saysNoPedal());
@@ -26,6 +37,8 @@ class BadMoments : public FlowTest {
         EXPECT_TRUE(importRow(1).occupied());
         dialogs.take();
     }
+
+    Executor::Duration slowWrite{};
 };
 
 TEST_F(BadMoments, UnplugAtEveryStageOfAnImport) {
@@ -188,6 +201,100 @@ TEST_F(BadMoments, ALoopRecordedUnderTheQuestionIsNotOverwritten) {
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 
+/// Before any poll has seen it.
+TEST_F(BadMoments, NothingIsOverwrittenOrErasedThatTheUserWasNotAskedAbout) {
+    launchConnected();
+    stage(4, 10);
+    const auto recorded = loopOf(50, 1);
+    pedal.setLoop(3, recorded);
+    const auto press = [this] {
+        dialogs.take();
+        window->exportButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        return dialogs.take();
+    };
+    EXPECT_THAT(press(), IsEmpty());
+    EXPECT_THAT(logged, Contains("a loop was recorded into slot 4 meanwhile. Nothing was written."));
+    EXPECT_TRUE(exportRow(4).occupied() && !window->warning()->isHidden());
+    dialogs.answer = [&] { return (pedal.setLoop(3, loopOf(60, 1)), alertFirstButton); };
+    EXPECT_EQ(press().size(), 1U);
+    EXPECT_THAT(logged, Contains("loop 4 was recorded anew meanwhile. Nothing was written."));
+    dialogs.answer = [&] { return (pedal.setLoop(3, std::nullopt), alertFirstButton); };
+    EXPECT_EQ(press().size(), 1U);
+    EXPECT_THAT(logged, Contains("loop 4 is gone from the pedal. Nothing was written."));
+    EXPECT_THAT(sent(0xE2), IsEmpty());
+    EXPECT_EQ(workingCopies(), 1);
+    EXPECT_THAT(press(), IsEmpty());
+    EXPECT_THAT(sent(0xE2), ElementsAre(3));
+
+    select({1, 3});
+    dialogs.answer = [&] { return (pedal.setLoop(2, recorded), alertFirstButton); };
+    window->eraseButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_THAT(logged, Contains("loop 3 was recorded anew meanwhile. Nothing was erased."));
+    EXPECT_THAT(sent(0xED), IsEmpty());
+    EXPECT_EQ(importRow(3).samples(), 50U);
+    dialogs.answer = [] { return alertFirstButton; };
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 3));
+    window->eraseButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_FALSE(importRow(1).occupied() || importRow(3).occupied());
+}
+
+TEST_F(BadMoments, ATableThatDoesNotComeWholeDecidesAndShowsNothing) {
+    plan("stall@EB");
+    launchConnected();
+    EXPECT_TRUE(importRow(1).occupied());  // asked for again
+    select({3});
+    type(3, "typed");
+    delegate->endEditing();
+    stage(4, 10);
+    plan("stall@EB+");
+    const auto before = caption();
+    pedal.setLoop(3, loopOf(50, 1));
+    pass(20s);
+    EXPECT_TRUE(importRow(3).occupied());
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3));
+    EXPECT_EQ(importRow(3).name(), "typed");
+    EXPECT_EQ(caption(), before);
+    for (auto* const button : {window->exportButton(), window->eraseButton()}) {
+        button->click();
+        EXPECT_TRUE(becomesIdle());
+    }
+    EXPECT_EQ(pedal.memory()[3], loopOf(50, 1));
+    EXPECT_EQ(pedal.memory()[2], loopOf(2000, 20));
+    EXPECT_THAT(logged, Contains("the list of loops could not be read from the pedal. Nothing was written."));
+
+    pedal.unplug();
+    plugIn();
+    EXPECT_FALSE(importRow(4).occupied());  // not known yet
+    stage(4, 10);
+    pedal.clearFaults();
+    window->exportButton()->click();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_EQ(pedal.memory()[3], loopOf(50, 1));
+    EXPECT_TRUE(exportRow(4).occupied());
+}
+
+TEST_F(BadMoments, AHealthyPedalIsNotResetBecauseTheComputerIsSlow) {
+    launchConnected();
+    select({1, 3});
+    mainThreadWaits = true;
+    dialogs.folder = [this] { return (executor.sleep(20s), Dialogs::Chosen{panelOk, folder}); };
+    window->importButton()->click();
+    pass(1s);
+    EXPECT_EQ(resets(), 0);
+    EXPECT_EQ(files().size(), 2U);
+    select({1, 3});
+    slowWrite = 10s;
+    window->importButton()->click();
+    pass(21s);
+    ASSERT_TRUE(shieldUp());
+    delegate->progress()->cancel();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_EQ(resets(), 1);  // the cancel's own
+}
+
 TEST_F(BadMoments, APedalThatDoesNotAnswerCountsAsBusyAndTheWindowLives) {
     launchConnected();
     select({1});
@@ -227,9 +334,7 @@ TEST_F(BadMoments, ARefusedBatchLeavesTheShieldForTheRestOfTheRun) {
     EXPECT_THAT(dialogs.take(), ElementsAre("folder Save", isBusy));
     delegate->progress()->cancel();
     pass(1min);
-    for (const auto& event : pedal.journal()) {
-        EXPECT_NE(event.kind, simulator::WireEvent::Kind::reset);  // it is played, and not ours
-    }
+    EXPECT_EQ(resets(), 0);  // it is played, and not ours
     pedal.unplug();
     pass(1min);
     EXPECT_TRUE(shieldUp());

@@ -1,0 +1,57 @@
+#include "app/loop_check.h"
+
+#include <string>
+
+#include "device/kzq7306.h"
+#include "platform/log.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int tries = 3;
+
+std::optional<Loops> wholeTable(KZQ7306& looper) {
+    for (int i = 0; i < tries; ++i) {
+        if (auto status = looper.status(true); status && status->loops.complete) {
+            return std::move(status->loops);
+        }
+    }
+    return std::nullopt;
+}
+
+/// What has happened to a slot, if anything, and why that stops the operation.
+std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Loops& now) {
+    const auto found = now.find(slot);
+    const auto there = found == now.end() ? std::nullopt : std::optional(found->second);
+    if (there == asked) {
+        return {};
+    }
+    const auto loop = "loop " + std::to_string(slot);
+    if (!asked) {
+        return "a loop was recorded into slot " + std::to_string(slot) + " meanwhile.";
+    }
+    return loop + (there ? " was recorded anew meanwhile." : " is gone from the pedal.");
+}
+
+}  // namespace
+
+std::optional<Loops> unchangedTable(KZQ7306& looper, const AskedLoops& asked, std::string_view consequence) {
+    const auto stop = [&](const std::string& why) {
+        log(LogCategory::application, why + " " + std::string(consequence));
+    };
+    auto table = wholeTable(looper);
+    if (!table) {
+        stop("the list of loops could not be read from the pedal.");
+        return std::nullopt;
+    }
+    for (const auto& [slot, loop] : asked) {
+        if (const auto why = change(slot, loop, *table); !why.empty()) {
+            stop(why);
+            return std::nullopt;
+        }
+    }
+    return table;
+}
+
+}  // namespace kzq
