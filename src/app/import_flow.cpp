@@ -4,9 +4,12 @@
 #include <utility>
 
 #include "app/app_delegate.h"
+#include "app/loop_check.h"
 #include "app/transfer_run.h"
+#include "audio/wave.h"
 #include "device/kzq7306.h"
 #include "platform/log.h"
+#include "slots/capacity.h"
 #include "slots/slot_field.h"
 
 // Loops go from the pedal into files.
@@ -63,6 +66,11 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
             endStart();
             return;
         }
+        if (slot->samples() > capacityFrames) {
+            log(LogCategory::application, longerThanMemory(number) + " Nothing was saved.");
+            endStart();
+            return;
+        }
         total += slot->bytes();
         if (const auto name = slot->name()) {
             names.emplace(number, name->toStdString());
@@ -79,7 +87,18 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
         folder,
         std::move(names),
         environment_.writeFile});
-    onLink({}, [import, numbers](KZQ7306& looper) {
+    const auto roomFor = [folder, needed = total + numbers.size() * waveHeaderSize,
+                          freeSpace = environment_.freeSpace](KZQ7306& /*looper*/) {
+        const auto available = freeSpace(folder);
+        if (!available || *available >= needed) {
+            return true;
+        }
+        log(LogCategory::files, folder.string() + " has room for " + std::to_string(*available) +
+                                    " bytes, and " + std::to_string(needed) +
+                                    " are needed. Nothing was saved.");
+        return false;
+    };
+    onLink(roomFor, [import, numbers](KZQ7306& looper) {
         return looper.importLoops(
             numbers, [import](std::uint32_t bytes, std::uint8_t /*slot*/) { import->run.moved(bytes); },
             [import](const auto& file, std::uint8_t slot) { import->loopRead(file, slot); },

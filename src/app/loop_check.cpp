@@ -1,9 +1,8 @@
 #include "app/loop_check.h"
 
-#include <string>
-
 #include "device/kzq7306.h"
 #include "platform/log.h"
+#include "slots/capacity.h"
 
 namespace kzq {
 
@@ -24,6 +23,9 @@ std::optional<Loops> wholeTable(KZQ7306& looper) {
 std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Loops& now) {
     const auto found = now.find(slot);
     const auto there = found == now.end() ? std::nullopt : std::optional(found->second);
+    if (there && there->samples > capacityFrames) {
+        return longerThanMemory(slot);
+    }
     if (there == asked) {
         return {};
     }
@@ -35,6 +37,10 @@ std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Lo
 }
 
 }  // namespace
+
+std::string longerThanMemory(std::uint8_t slot) {
+    return "loop " + std::to_string(slot) + " is said to be longer than the pedal's memory.";
+}
 
 std::optional<Loops> unchangedTable(KZQ7306& looper, const AskedLoops& asked, std::string_view consequence) {
     const auto stop = [&](const std::string& why) {

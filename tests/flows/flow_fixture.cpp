@@ -72,6 +72,7 @@ void FlowTest::launch(Executor::Duration wait) {
             .diagnose = [] { return "a remedy"; },
             .modifiers = [this] { return modifiers; },
             .writeFile = writeFile,
+            .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },
             .quit = [this] { quitAsked = true; }},
         *window);
     static_cast<Application*>(qApp)->setDelegate(delegate.get());

@@ -74,8 +74,8 @@ TEST_F(FlowTest, EqualAndImpossibleNamesBecomeFilesOfTheirOwn) {
     type(20, QString(300, 'x'));
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
-    EXPECT_THAT(files(),
-                ElementsAre("-...wav", std::string(249, 'x') + "-2.wav", std::string(251, 'x') + ".wav"));
+    const auto cut = [](int length) { return QString(length, 'x').toStdString(); };
+    EXPECT_THAT(files(), ElementsAre("-...wav", cut(249).append("-2.wav"), cut(251).append(".wav")));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(base), {}), 4);  // nothing beside the folder
 }
 
@@ -114,6 +114,29 @@ TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
     EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
     EXPECT_THAT(logged, testing::Contains(HasSubstr("loop 3 was not saved: write: No space left")));
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
+}
+
+TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
+    launchConnected();
+    select({1, 20});
+    pedal.clearJournal();
+    freeSpace = 1001 * 6 + 2 * 44 - 1;
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xE1), IsEmpty());
+    EXPECT_THAT(logged, testing::Contains(HasSubstr("6093 bytes, and 6094 are needed. Nothing was saved.")));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 20));
+    ++freeSpace;
+    importRow(20).setSamples(63'504'001);
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xE1), IsEmpty());
+    EXPECT_THAT(logged,
+                testing::Contains(HasSubstr("loop 20 is said to be longer than the pedal's memory.")));
+    importRow(20).setSamples(1);
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(files().size(), 2U);
 }
 
 TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
