@@ -279,7 +279,6 @@ TEST_F(BadMoments, ATableThatDoesNotComeWholeDecidesAndShowsNothing) {
 TEST_F(BadMoments, AHealthyPedalIsNotResetBecauseTheComputerIsSlow) {
     launchConnected();
     select({1, 3});
-    mainThreadWaits = true;
     dialogs.folder = [this] { return (executor.sleep(20s), Dialogs::Chosen{panelOk, folder}); };
     window->importButton()->click();
     pass(1s);
