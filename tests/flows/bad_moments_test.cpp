@@ -282,8 +282,10 @@ TEST_F(BadMoments, AHealthyPedalIsNotResetBecauseTheComputerIsSlow) {
     dialogs.folder = [this] { return (executor.sleep(20s), Dialogs::Chosen{panelOk, folder}); };
     window->importButton()->click();
     pass(1s);
+    ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(resets(), 0);
     EXPECT_EQ(files().size(), 2U);
+    dialogs.folder = [this] { return Dialogs::Chosen{panelOk, folder}; };
     select({1, 3});
     slowWrite = 10s;
     window->importButton()->click();
