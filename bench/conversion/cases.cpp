@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "foreign_files.h"
+#include "loops/facts.h"
 #include "platform/little_endian.h"
 
 namespace kzq {
@@ -69,7 +70,7 @@ class CaseMaker {
     }
 
     void coded() {
-        const Samples tone = sine(frames, 1'999, waveSampleRate, 0.5);
+        const Samples tone = sine(frames, 1'999, framesPerSecond, 0.5);
         shop_.write("master.wav", wave(packed(tone), 2).value());
         add("MP3, 320 kbit/s, LAME", shop_.make("cbr.mp3", "lame --quiet -b 320 master.wav cbr.mp3"), tone);
         add("MP3, variable rate, LAME", shop_.make("vbr.mp3", "lame --quiet -V 0 master.wav vbr.mp3"), tone);

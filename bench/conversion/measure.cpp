@@ -7,6 +7,7 @@
 
 #include "audio/conversion.h"
 #include "cases.h"
+#include "loops/facts.h"
 #include "platform/log.h"
 #include "sound_analysis.h"
 
@@ -71,7 +72,7 @@ void printRates(const Workshop& shop) {
         const std::size_t frames = 4UL * rate + 7;
         const Samples low = convertedTone(shop, rate, frames, 997);
         std::printf("| %u | %zu | %zu | %zu | %.1f |", rate, frames, low.size() / 2,
-                    (frames * waveSampleRate + rate / 2) / rate, residueBelowTone(low, 997));
+                    (frames * framesPerSecond + rate / 2) / rate, residueBelowTone(low, 997));
         if (rate > 22'050) {
             std::printf(" %.1f |", residueBelowTone(convertedTone(shop, rate, frames, 10'000), 10'000));
         } else {
@@ -95,7 +96,7 @@ void printAliases(const Workshop& shop) {
             if (frequency < rate / 2.0) {
                 const double left = level(convertedTone(shop, rate, 2UL * rate, frequency));
                 std::printf("| %u | %.0f | %.0f | %s%.0f |\n", rate, frequency,
-                            std::abs(frequency - waveSampleRate), left < lastBit ? "under " : "",
+                            std::abs(frequency - framesPerSecond), left < lastBit ? "under " : "",
                             std::max(left, lastBit));
             }
         }

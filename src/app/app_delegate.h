@@ -16,7 +16,7 @@
 #include "app/loop_check.h"
 #include "app/transfer_run.h"
 #include "device/kzq7306_delegate.h"
-#include "slots/export_info.h"
+#include "loops/export_info.h"
 #include "slots/slot.h"
 #include "slots/slot_delegate.h"
 #include "ui/application_controller.h"
@@ -55,10 +55,6 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     /// Create it with std::make_shared. `window` outlives it.
     AppDelegate(AppEnvironment environment, MainWindow& window);
-    AppDelegate(const AppDelegate&) = delete;
-    AppDelegate& operator=(const AppDelegate&) = delete;
-    AppDelegate(AppDelegate&&) = delete;
-    AppDelegate& operator=(AppDelegate&&) = delete;
     ~AppDelegate() override;
 
     // --- start and end

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QPoint>
 
+#include "platform/fixed.h"
+
 class QKeyEvent;
 class QMouseEvent;
 class QWindow;
@@ -12,13 +14,8 @@ namespace kzq {
 class KeyGuard;
 
 /// What the application asks its delegate about keys and mouse buttons.
-class ApplicationDelegate {
+class ApplicationDelegate : Fixed {
   public:
-    ApplicationDelegate() = default;
-    ApplicationDelegate(const ApplicationDelegate&) = delete;
-    ApplicationDelegate& operator=(const ApplicationDelegate&) = delete;
-    ApplicationDelegate(ApplicationDelegate&&) = delete;
-    ApplicationDelegate& operator=(ApplicationDelegate&&) = delete;
     virtual ~ApplicationDelegate() = default;
 
     virtual bool menuOpen() const = 0;

@@ -4,7 +4,7 @@
 #include "app/app_delegate.h"
 #include "app/main_window.h"
 #include "device/kzq7306.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
 #include "ui/panels/about.h"

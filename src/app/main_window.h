@@ -31,10 +31,6 @@ class MainWindow : public Window {
   public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
-    MainWindow(const MainWindow&) = delete;
-    MainWindow& operator=(const MainWindow&) = delete;
-    MainWindow(MainWindow&&) = delete;
-    MainWindow& operator=(MainWindow&&) = delete;
 
     QMenuBar* menuBar() const;
     /// Everything below the menu bar.

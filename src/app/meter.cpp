@@ -2,7 +2,7 @@
 
 #include "app/app_delegate.h"
 #include "app/main_window.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 #include "ui/picture_view.h"
 #include "ui/view_width.h"
 

@@ -4,8 +4,9 @@
 #include "app/app_delegate.h"
 #include "app/main_window.h"
 #include "audio/wave.h"
+#include "loops/capacity.h"
+#include "loops/facts.h"
 #include "platform/log.h"
-#include "slots/capacity.h"
 #include "slots/slot_field.h"
 #include "slots/slot_field_editor.h"
 #include "ui/background.h"
@@ -18,7 +19,7 @@ namespace {
 /// Time for an open panel to close.
 constexpr auto afterPanel = std::chrono::milliseconds(100);
 
-const FileTypes audioTypes{"wav", "aif", "aiff", "mp3", "m4a", "aac", "ac3", "flac"};
+const FileTypes audioTypes(audioExtensions.begin(), audioExtensions.end());
 
 }  // namespace
 

@@ -5,23 +5,23 @@
 #include "audio/conversion_failures.h"
 #include "audio/decoder_arguments.h"
 #include "audio/source_file.h"
-#include "audio/uuid.h"
 #include "audio/wave.h"
 #include "audio/wave_output.h"
+#include "loops/facts.h"
 #include "platform/log.h"
+#include "platform/unique_name.h"
 
 namespace kzq {
 namespace {
 
 using Failure = std::optional<Conversion::Failure>;
 
-constexpr std::uint64_t frameSize = 6;
 constexpr std::uint64_t lowestRate = 4'000;
 constexpr std::uint64_t highestRate = 768'000;
 constexpr std::size_t mostProbeText = 1 << 16;
 
 std::uint64_t resampled(std::uint64_t frames, std::uint64_t rate) {
-    return (frames * waveSampleRate + rate / 2) / rate;
+    return (frames * framesPerSecond + rate / 2) / rate;
 }
 
 /// One running conversion; each step returns its failure, if any.
@@ -45,7 +45,7 @@ class Run {
     }
 
     const std::filesystem::path& outputPath() const { return outputPath_; }
-    std::uint64_t frames() const { return output_.sampleBytes() / frameSize; }
+    std::uint64_t frames() const { return output_.sampleBytes() / frameBytes; }
     const std::string& complaint() const { return complaint_; }
 
   private:
@@ -117,7 +117,7 @@ class Run {
         int error = 0;
         const auto arguments = decodeArguments(facts_, stream_, Conversion::mostFrames);
         const ChildEnd end = runChild(arguments, [&](std::span<const std::uint8_t> bytes) {
-            if (output_.sampleBytes() + bytes.size() > Conversion::mostFrames * frameSize) {
+            if (output_.sampleBytes() + bytes.size() > Conversion::mostFrames * frameBytes) {
                 return false;
             }
             error = output_.write(bytes);
@@ -144,7 +144,7 @@ class Run {
             due = span->end - span->start;
         }
         const std::uint64_t least = due ? std::min(resampled(*due, stream_.rate), Conversion::mostFrames) : 0;
-        if (output_.sampleBytes() % frameSize != 0 || frames() + 1 < least) {
+        if (output_.sampleBytes() % frameBytes != 0 || frames() + 1 < least) {
             return conversionFailure(ConversionFailure::truncatedOrCorrupt);
         }
         return std::nullopt;

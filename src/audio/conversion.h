@@ -8,6 +8,7 @@
 #include <string>
 
 #include "audio/locked_child.h"
+#include "loops/facts.h"
 
 namespace kzq {
 
@@ -39,7 +40,7 @@ enum class ConversionFailure {
 /// thread, several at once.
 class Conversion {
   public:
-    static constexpr std::uint64_t mostFrames = 63'504'001;
+    static constexpr std::uint64_t mostFrames = capacityFrames + 1;
 
     struct Options {
         /// The new file; or an existing folder, in which we choose a name. Nothing is ever overwritten.

@@ -4,9 +4,9 @@
 
 #include "audio/conversion.h"
 #include "audio/conversion_failures.h"
-#include "audio/uuid.h"
 #include "platform/log.h"
 #include "platform/run_folder.h"
+#include "platform/unique_name.h"
 
 namespace kzq {
 namespace {

@@ -6,6 +6,7 @@
 
 #include "audio/locked_child.h"
 #include "audio/wave.h"
+#include "loops/facts.h"
 
 namespace kzq {
 namespace {
@@ -93,7 +94,7 @@ std::string filters(const SourceFacts& facts, const StreamFacts& stream, std::ui
         chain = "atrim=start_sample=" + std::to_string(span->start) +
                 ":end_sample=" + std::to_string(span->end) + ",";
     }
-    return chain + channelFilter(stream) + ",aresample=" + std::to_string(waveSampleRate) +
+    return chain + channelFilter(stream) + ",aresample=" + std::to_string(framesPerSecond) +
            ":resampler=soxr:precision=28:cheby=1:osf=s32,atrim=end_sample=" + std::to_string(mostFrames);
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <new>
 
+#include "loops/facts.h"
 #include "platform/little_endian.h"
 
 namespace kzq {
@@ -24,7 +25,7 @@ constexpr std::uint64_t mostSampleBytes = 4'294'967'258;
 constexpr std::size_t spareCapacity = 100;
 
 constexpr std::uint32_t byteRate(std::uint32_t channels) {
-    return (channels * (waveSampleRate * waveBitsPerSample)) >> 3U;
+    return (channels * (framesPerSecond * waveBitsPerSample)) >> 3U;
 }
 
 constexpr std::uint16_t blockAlign(std::uint32_t channels) {
@@ -50,9 +51,9 @@ bool isPerfectFormat(ByteView data, const ByteRange& chunk, std::uint32_t channe
         return false;
     }
     const ByteView body = data.subspan(chunk.location + chunkHeadSize, fmtBodySize);
-    return loadU16(body, 0) == pcmTag && loadU16(body, 2) == channels && loadU32(body, 4) == waveSampleRate &&
-           loadU16(body, 14) == waveBitsPerSample && loadU32(body, 8) == byteRate(channels) &&
-           loadU16(body, 12) == blockAlign(channels);
+    return loadU16(body, 0) == pcmTag && loadU16(body, 2) == channels &&
+           loadU32(body, 4) == framesPerSecond && loadU16(body, 14) == waveBitsPerSample &&
+           loadU32(body, 8) == byteRate(channels) && loadU16(body, 12) == blockAlign(channels);
 }
 
 }  // namespace
@@ -136,7 +137,7 @@ std::array<std::uint8_t, waveHeaderSize> waveHeader(std::uint32_t sampleBytes, s
     storeU32(header, 16, fmtBodySize);
     storeU16(header, 20, pcmTag);
     storeU16(header, 22, static_cast<std::uint16_t>(channels));
-    storeU32(header, 24, waveSampleRate);
+    storeU32(header, 24, framesPerSecond);
     storeU32(header, 28, byteRate(channels));
     storeU16(header, 32, blockAlign(channels));
     storeU16(header, 34, waveBitsPerSample);

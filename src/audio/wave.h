@@ -3,13 +3,10 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <span>
-#include <vector>
+
+#include "platform/bytes.h"
 
 namespace kzq {
-
-using Bytes = std::vector<std::uint8_t>;
-using ByteView = std::span<const std::uint8_t>;
 
 /// Where something is in a buffer. A length of 0 means that it was not found.
 struct ByteRange {
@@ -22,7 +19,6 @@ struct ByteRange {
 };
 
 /// The one format the pedal keeps: linear PCM, signed 24-bit little-endian, 44,100 Hz.
-inline constexpr std::uint32_t waveSampleRate = 44'100;
 inline constexpr std::uint32_t waveBitsPerSample = 24;
 /// Bytes before the samples in every file that `wave` makes.
 inline constexpr std::size_t waveHeaderSize = 44;

@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <string>
 
-#include "audio/uuid.h"
 #include "audio/wave.h"
+#include "platform/unique_name.h"
 #include "platform/write_all.h"
 
 namespace kzq {
@@ -68,7 +68,7 @@ int WaveOutput::open() {
 }
 
 int WaveOutput::openHidden() {
-    const auto hidden = path_.parent_path() / (".kzq7306-" + freshUuid() + ".part");
+    const auto hidden = path_.parent_path() / hiddenName();
     file_ = createNew(hidden);
     if (!file_) {
         return errno;

@@ -5,20 +5,17 @@
 #include <span>
 
 #include "platform/descriptor.h"
+#include "platform/fixed.h"
 #include "platform/new_file.h"
 
 namespace kzq {
 
 /// A stereo WAV file in the pedal's format, being written. It gets its name only once it is complete; an
 /// existing file is never overwritten. Without a successful `finish` nothing remains.
-class WaveOutput {
+class WaveOutput : Fixed {
   public:
     /// `first` is the first way of naming that is tried; the others follow if the file system lacks it.
     explicit WaveOutput(std::filesystem::path path, NewFileRoad first = NewFileRoad::unnamed);
-    WaveOutput(const WaveOutput&) = delete;
-    WaveOutput& operator=(const WaveOutput&) = delete;
-    WaveOutput(WaveOutput&&) = delete;
-    WaveOutput& operator=(WaveOutput&&) = delete;
     ~WaveOutput();
 
     // Each returns 0 or an errno value.

@@ -6,9 +6,10 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "loops/capacity.h"
+#include "loops/facts.h"
 #include "platform/descriptor.h"
-#include "slots/capacity.h"
-#include "updates/digest.h"
+#include "platform/digest.h"
 
 namespace kzq::ctl {
 namespace {

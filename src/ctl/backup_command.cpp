@@ -7,14 +7,10 @@
 #include "ctl/audio_file.h"
 #include "ctl/folder_check.h"
 #include "ctl/format.h"
-#include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {
-
-std::string loopName(std::uint8_t slot) {
-    return "Loop " + std::to_string(slot);
-}
 
 /// All loops, those that the index has last.
 std::vector<const Loop*> missingFirst(const Loops& loops, const BackupIndex& index) {

@@ -5,8 +5,9 @@
 
 #include "ctl/audio_file.h"
 #include "ctl/file_trouble.h"
+#include "loops/capacity.h"
+#include "loops/facts.h"
 #include "platform/new_file.h"
-#include "slots/capacity.h"
 
 namespace kzq::ctl {
 namespace {
@@ -67,7 +68,7 @@ std::optional<Bytes> BackupFolder::loop(const BackupEntry& entry) const {
 
 std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes& image,
                                                  BackupEntry& entry) const {
-    const std::string name = "Loop " + std::to_string(slot);
+    const std::string name = loopName(slot);
     entry.sha256 = audioDigest(image);
     entry.file = name + ".wav";
     if (loop(entry)) {

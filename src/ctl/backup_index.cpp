@@ -7,6 +7,7 @@
 
 #include "ctl/json_output.h"
 #include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

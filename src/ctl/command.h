@@ -10,6 +10,7 @@
 #include "ctl/output.h"
 #include "ctl/sentences.h"
 #include "device/kzq7306.h"
+#include "platform/fixed.h"
 
 namespace kzq::ctl {
 
@@ -34,13 +35,8 @@ struct Context {
 };
 
 /// One command. All members are called on the main thread, and none of them waits for the pedal.
-class Command {
+class Command : Fixed {
   public:
-    Command() = default;
-    Command(const Command&) = delete;
-    Command& operator=(const Command&) = delete;
-    Command(Command&&) = delete;
-    Command& operator=(Command&&) = delete;
     virtual ~Command() = default;
 
     /// What stands in the way before the pedal is touched.

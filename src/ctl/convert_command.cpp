@@ -8,7 +8,8 @@
 #include "ctl/format.h"
 #include "ctl/job_report.h"
 #include "ctl/stream_conversion.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 

@@ -18,17 +18,12 @@
 #include "ctl/question.h"
 #include "device/finding.h"
 #include "device/usb_port.h"
+#include "platform/awake.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "updates/http_client.h"
 
 namespace kzq::ctl {
-
-/// Keeps the computer awake as long as `hold` lives; null, with the problem, when that does not work.
-struct AwakeLock {
-    std::shared_ptr<void> hold;
-    std::string problem;
-};
 
 /// What the tool runs on; all of it outlives the tool.
 struct Environment {

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "ctl/format.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {
@@ -35,9 +36,9 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
         return stop(*problem);
     }
     for (const auto slot : slots) {
-        report().tell("plan", {{"slot", slot}, {"change", "erase"}},
-                      "Loop " + std::to_string(slot) + ": will be erased (" +
-                          lengthText(status->loops.at(slot).samples) + ").");
+        report().tell(
+            "plan", {{"slot", slot}, {"change", "erase"}},
+            loopName(slot) + ": will be erased (" + lengthText(status->loops.at(slot).samples) + ").");
     }
     if (const auto code =
             declined(pedal, "Erased loop audio cannot be restored. Would you like to continue?")) {
@@ -81,7 +82,7 @@ std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
         return std::nullopt;
     }
     for (const auto slot : slots) {
-        const std::string name = "Loop " + std::to_string(slot);
+        const std::string name = loopName(slot);
         if (!status->loops.contains(slot)) {
             ++tally.done;
             report.tell("erased", {{"slot", slot}}, name + ": erased.");

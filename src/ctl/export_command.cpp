@@ -8,16 +8,9 @@
 #include "ctl/conversion_progress.h"
 #include "ctl/format.h"
 #include "ctl/loop_writer.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
-namespace {
-
-std::string loopName(std::uint8_t slot) {
-    return "Loop " + std::to_string(slot);
-}
-
-}  // namespace
-
 ExitCode ExportCommand::work(PedalWorker& pedal) {
     WorkingCopies copies;
     copies_ = &copies;

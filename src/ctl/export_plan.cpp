@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 

@@ -7,7 +7,8 @@
 #include <vector>
 
 #include "ctl/sentences.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
+#include "platform/fixed.h"
 
 namespace kzq::ctl {
 
@@ -21,13 +22,8 @@ std::variant<std::vector<std::uint8_t>, Explanation> slotsForExport(std::size_t 
 std::vector<ExportInfo> inOrderOfGrowth(const Exports& exports, const Loops& loops);
 
 /// Files that go when this goes.
-class WorkingCopies {
+class WorkingCopies : Fixed {
   public:
-    WorkingCopies() = default;
-    WorkingCopies(const WorkingCopies&) = delete;
-    WorkingCopies& operator=(const WorkingCopies&) = delete;
-    WorkingCopies(WorkingCopies&&) = delete;
-    WorkingCopies& operator=(WorkingCopies&&) = delete;
     ~WorkingCopies();
 
     void add(std::filesystem::path file) { files_.push_back(std::move(file)); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "audio/wave.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {
@@ -20,12 +21,12 @@ std::uint64_t freeFrames(const Loops& loops) {
 }
 
 std::string lengthText(std::uint64_t frames) {
-    const std::uint64_t tenths = frames * 10 / waveSampleRate;
+    const std::uint64_t tenths = frames * 10 / framesPerSecond;
     return clockText(tenths / 10) + "." + std::to_string(tenths % 10);
 }
 
 std::string minutesText(std::uint64_t frames) {
-    const std::uint64_t seconds = frames / waveSampleRate;
+    const std::uint64_t seconds = frames / framesPerSecond;
     return std::to_string(seconds / minute) + " min " + std::to_string(seconds % minute) + " s";
 }
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "loops/capacity.h"
 #include "platform/free_space.h"  // sizeText
-#include "slots/capacity.h"
 
 namespace kzq::ctl {
 

@@ -6,17 +6,10 @@
 #include "ctl/file_trouble.h"
 #include "ctl/folder_check.h"
 #include "ctl/format.h"
+#include "loops/facts.h"
 #include "platform/new_file.h"
 
 namespace kzq::ctl {
-namespace {
-
-std::string loopName(std::uint8_t slot) {
-    return "Loop " + std::to_string(slot);
-}
-
-}  // namespace
-
 std::optional<Explanation> ImportCommand::obstacle() {
     return folderObstacle(options().folder);
 }

@@ -16,7 +16,6 @@
 #include "ctl/job_report.h"
 #include "ctl/json_output.h"
 #include "ctl/signals.h"
-#include "ctl/sleep_inhibitor.h"
 #include "ctl/standard_input.h"
 #include "ctl/tool.h"
 #include "device/libusb/diagnosis.h"
@@ -182,7 +181,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .http = &http,
         .manifest = firmwareManifestAddress(),
         .home = homeFolder(),
-        .keepAwake = ctl::keepAwake,
+        .keepAwake = keepAwake,
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
         .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
         .logged = noteTaker(recorder)};

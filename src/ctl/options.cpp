@@ -6,6 +6,7 @@
 #include "ctl/nearest.h"
 #include "ctl/slot_list.h"
 #include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

@@ -8,17 +8,9 @@
 #include "ctl/export_plan.h"
 #include "ctl/format.h"
 #include "ctl/loop_writer.h"
-#include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
-namespace {
-
-std::string loopName(std::uint8_t slot) {
-    return "Loop " + std::to_string(slot);
-}
-
-}  // namespace
-
 RestoreCommand::RestoreCommand(Context context) : PedalJob(std::move(context)), folder_(options().folder) {}
 
 std::optional<Explanation> RestoreCommand::obstacle() {

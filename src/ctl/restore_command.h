@@ -3,7 +3,7 @@
 #include "ctl/backup_folder.h"
 #include "ctl/pedal_job.h"
 #include "ctl/progress_line.h"
-#include "slots/export_info.h"
+#include "loops/export_info.h"
 
 namespace kzq::ctl {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "audio/wave.h"
 #include "ctl/format.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {
@@ -22,7 +23,7 @@ std::string row(const std::string& slot, const std::string& length, const std::s
 }
 
 nlohmann::json framesJson(std::uint64_t frames) {
-    return {{"samples", frames}, {"seconds", static_cast<double>(frames) / waveSampleRate}};
+    return {{"samples", frames}, {"seconds", static_cast<double>(frames) / framesPerSecond}};
 }
 
 }  // namespace

@@ -11,9 +11,6 @@ inline constexpr int pedalInterface = 0;
 inline constexpr std::uint8_t pedalBulkIn = 0x81;
 inline constexpr std::uint8_t pedalBulkOut = 0x02;
 
-/// Loops are numbered 1 to 20 in the program, 0 to 19 on the wire.
-inline constexpr unsigned loopSlots = 20;
-
 /// Audio moves in pieces of at most this many bytes, in both directions.
 inline constexpr std::size_t transferPiece = 1024;
 

@@ -2,6 +2,7 @@
 
 #include "device/commands.h"
 #include "device/kzq7306.h"
+#include "loops/facts.h"
 
 namespace kzq {
 

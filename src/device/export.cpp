@@ -9,6 +9,7 @@
 #include "audio/wave.h"
 #include "device/commands.h"
 #include "device/kzq7306.h"
+#include "loops/facts.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -16,7 +17,7 @@ namespace kzq {
 namespace {
 
 /// All the pedal can hold, 24 minutes, plus the header.
-constexpr std::uintmax_t largestCopy = std::uintmax_t{24} * 60 * waveSampleRate * 6 + waveHeaderSize;
+constexpr std::uintmax_t largestCopy = waveHeaderSize + capacityFrames * frameBytes;
 
 /// The whole file, or nothing if it is not a file, is empty, longer than any loop or unreadable.
 std::optional<Bytes> contents(const std::filesystem::path& path) {

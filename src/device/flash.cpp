@@ -3,9 +3,9 @@
 
 #include "device/commands.h"
 #include "device/kzq7306.h"
+#include "platform/digest.h"
 #include "platform/little_endian.h"
 #include "platform/log.h"
-#include "updates/digest.h"
 
 namespace kzq {
 

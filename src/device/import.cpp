@@ -5,6 +5,7 @@
 #include "audio/wave.h"
 #include "device/commands.h"
 #include "device/kzq7306.h"
+#include "loops/facts.h"
 #include "platform/log.h"
 
 namespace kzq {

@@ -16,8 +16,8 @@
 #include "device/kzq7306_delegate.h"
 #include "device/status.h"
 #include "device/usb_port.h"
+#include "loops/export_info.h"
 #include "platform/executor.h"
-#include "slots/export_info.h"
 
 namespace kzq {
 

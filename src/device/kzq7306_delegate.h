@@ -3,19 +3,15 @@
 #include <memory>
 
 #include "device/status.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
 class KZQ7306;
 
 /// Is notified when the pedal arrives, leaves or changes; always on the main thread.
-class KZQ7306Delegate {
+class KZQ7306Delegate : Fixed {
   public:
-    KZQ7306Delegate() = default;
-    KZQ7306Delegate(const KZQ7306Delegate&) = delete;
-    KZQ7306Delegate& operator=(const KZQ7306Delegate&) = delete;
-    KZQ7306Delegate(KZQ7306Delegate&&) = delete;
-    KZQ7306Delegate& operator=(KZQ7306Delegate&&) = delete;
     virtual ~KZQ7306Delegate() = default;
 
     /// A pedal was acquired and runs its firmware or its loader. Called with the device lock held.

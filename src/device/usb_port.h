@@ -6,6 +6,8 @@
 #include <memory>
 #include <span>
 
+#include "platform/fixed.h"
+
 namespace kzq {
 
 /// Outcome of a USB call: 0 or a negative error, with the numbers that libusb uses.
@@ -28,13 +30,8 @@ enum UsbResult : int {
 
 /// One pedal on the bus. It holds a reference from the arrival on, so opening it after the pedal has left is
 /// safe (and fails).
-class UsbDevice {
+class UsbDevice : Fixed {
   public:
-    UsbDevice() = default;
-    UsbDevice(const UsbDevice&) = delete;
-    UsbDevice& operator=(const UsbDevice&) = delete;
-    UsbDevice(UsbDevice&&) = delete;
-    UsbDevice& operator=(UsbDevice&&) = delete;
     virtual ~UsbDevice() = default;
 };
 using UsbDevicePointer = std::shared_ptr<UsbDevice>;
@@ -42,13 +39,8 @@ using UsbDevicePointer = std::shared_ptr<UsbDevice>;
 /// An open device; destroying it closes it. Transfers have no time limit: they end when done, when
 /// they fail, or at once when the device leaves the bus or is reset. `reset` may be called while another
 /// thread is in a transfer; all other calls come one at a time.
-class UsbHandle {
+class UsbHandle : Fixed {
   public:
-    UsbHandle() = default;
-    UsbHandle(const UsbHandle&) = delete;
-    UsbHandle& operator=(const UsbHandle&) = delete;
-    UsbHandle(UsbHandle&&) = delete;
-    UsbHandle& operator=(UsbHandle&&) = delete;
     virtual ~UsbHandle() = default;
 
     /// 1 if a kernel driver holds the interface, 0 if none does, or a UsbResult error.
@@ -88,13 +80,8 @@ using HotplugCallback = std::function<int(const UsbDevicePointer& device, Hotplu
 
 /// The seam between the device link and USB: the real bus (device/libusb) or the simulated pedal
 /// (device/simulator). Host-specific details live behind it.
-class UsbPort {
+class UsbPort : Fixed {
   public:
-    UsbPort() = default;
-    UsbPort(const UsbPort&) = delete;
-    UsbPort& operator=(const UsbPort&) = delete;
-    UsbPort(UsbPort&&) = delete;
-    UsbPort& operator=(UsbPort&&) = delete;
     virtual ~UsbPort() = default;
 
     /// Called once, before anything else.

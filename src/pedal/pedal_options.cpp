@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "device/commands.h"
+#include "loops/facts.h"
 #include "pedal/command_line.h"
 
 namespace kzq::pedal {

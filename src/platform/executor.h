@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/condition.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
@@ -15,18 +16,13 @@ enum class Priority { high, standard, background };
 /// Where code runs and what time it is. Everything that sleeps, starts a thread or reads a clock does it
 /// through this interface, so that a test can run hours of the program's time instantly and to the exact
 /// instant. All members may be called from any thread.
-class Executor {
+class Executor : Fixed {
   public:
     using Task = std::function<void()>;
     using Duration = std::chrono::nanoseconds;
     /// Counted from an arbitrary start; never goes backwards.
     using TimePoint = std::chrono::time_point<std::chrono::steady_clock, Duration>;
 
-    Executor() = default;
-    Executor(const Executor&) = delete;
-    Executor& operator=(const Executor&) = delete;
-    Executor(Executor&&) = delete;
-    Executor& operator=(Executor&&) = delete;
     virtual ~Executor() = default;
 
     /// Queues `task` on the main thread; tasks run in the order in which they were queued.

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <linux/fs.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,7 +13,9 @@
 #include <utility>
 
 #include "platform/descriptor.h"
+#include "platform/fixed.h"
 #include "platform/log.h"
+#include "platform/unique_name.h"
 #include "platform/write_all.h"
 
 namespace kzq {
@@ -27,12 +28,8 @@ constexpr const char* placing = "put into place";
 
 /// The file while it is being written: without a name, or under a hidden one that is removed unless the file
 /// was renamed.
-struct Draft {
+struct Draft : Fixed {
     explicit Draft(int folderDescriptor) : folder(folderDescriptor), file(-1) {}
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
-    Draft(Draft&&) = delete;
-    Draft& operator=(Draft&&) = delete;
     ~Draft() {
         if (!name.empty()) {
             ::unlinkat(folder, name.c_str(), 0);
@@ -43,20 +40,6 @@ struct Draft {
     Descriptor file;
     std::string name;  ///< empty for a file without a name
 };
-
-std::string hiddenName() {
-    std::array<std::uint8_t, 8> noise{};
-    if (::getrandom(noise.data(), noise.size(), GRND_NONBLOCK) < 0) {
-        noise.fill(0);
-    }
-    std::string name = ".kzq7306-" + std::to_string(::getpid()) + "-";
-    for (const std::uint8_t byte : noise) {
-        constexpr std::string_view digits = "0123456789abcdef";
-        name += digits[byte >> 4U];
-        name += digits[byte & 15U];
-    }
-    return name + ".part";
-}
 
 /// 0, or an errno value.
 int openNamed(Draft& draft) {

@@ -2,11 +2,9 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstdlib>
@@ -15,6 +13,7 @@
 #include <system_error>
 
 #include "platform/log.h"
+#include "platform/unique_name.h"
 
 namespace kzq {
 namespace {
@@ -26,17 +25,7 @@ constexpr mode_t lockMode = 0600;
 constexpr int attempts = 100;
 
 std::string freshName() {
-    std::array<std::uint8_t, 12> noise{};
-    if (::getrandom(noise.data(), noise.size(), 0) < 0) {
-        noise.fill(0);  // then the attempts fail on an existing folder rather than share one
-    }
-    std::string name(namePrefix);
-    for (const std::uint8_t byte : noise) {
-        constexpr std::string_view digits = "0123456789abcdef";
-        name += digits[byte >> 4U];
-        name += digits[byte & 15U];
-    }
-    return name;
+    return std::string(namePrefix) + randomDigits(12);
 }
 
 /// Whether the name `lockName` in `folder` still refers to the open `lock`: another run may have swept the

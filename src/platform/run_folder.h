@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/descriptor.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
@@ -13,7 +14,7 @@ namespace kzq {
 /// It is created on first use and removed, with its content, by `remove`. The run holds a lock inside the
 /// folder, which is released when the process ends, however it ends; by this a later run distinguishes a
 /// leftover folder from one in use. All members may be called from any thread.
-class RunFolder {
+class RunFolder : Fixed {
   public:
     /// The folder of this process, in usualParent(). It outlives everything: the program calls `remove` when
     /// it quits.
@@ -23,10 +24,6 @@ class RunFolder {
     static std::filesystem::path usualParent();
 
     explicit RunFolder(std::filesystem::path parent);
-    RunFolder(const RunFolder&) = delete;
-    RunFolder& operator=(const RunFolder&) = delete;
-    RunFolder(RunFolder&&) = delete;
-    RunFolder& operator=(RunFolder&&) = delete;
     ~RunFolder();
 
     /// The folder, created if it does not exist yet. Nothing if it cannot be created (the log says why), and

@@ -1,5 +1,6 @@
 #include "slots/slot.h"
 
+#include "loops/facts.h"
 #include "slots/slot_accessible.h"
 #include "ui/application_controller.h"
 #include "ui/fonts.h"
@@ -82,7 +83,7 @@ void Slot::setUp() {
     originalFieldFrame_ = field_->geometry();
     shiftedFieldFrame_ = originalFieldFrame_;
     shiftedFieldFrame_.setLeft(x_->x() + x_->width() + gapAfterX);
-    setDefaultName(textOf("Loop %1").arg(number_));
+    setDefaultName(textOf(loopName(number_).c_str()));
     registerForDrops(true);
 }
 

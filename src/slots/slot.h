@@ -38,10 +38,6 @@ class Slot : public QObject {
                                             ApplicationController& application, QWidget* parent);
     /// Takes the row out of service: its view stays with the parent, but takes no drops and calls nobody.
     ~Slot() override;
-    Slot(const Slot&) = delete;
-    Slot& operator=(const Slot&) = delete;
-    Slot(Slot&&) = delete;
-    Slot& operator=(Slot&&) = delete;
 
     /// The rows being renamed (or renamed last), one for each list in the whole process; 0 is none yet.
     static std::uint8_t currentImportSlotInEditingMode();

@@ -4,6 +4,8 @@
 #include <QUrl>
 #include <cstdint>
 
+#include "platform/fixed.h"
+
 class QObject;
 class QWidget;
 
@@ -13,13 +15,8 @@ class Slot;
 class SlotFieldEditor;
 
 /// What the rows report to the application's controller. Main thread.
-class SlotDelegate {
+class SlotDelegate : Fixed {
   public:
-    SlotDelegate() = default;
-    SlotDelegate(const SlotDelegate&) = delete;
-    SlotDelegate& operator=(const SlotDelegate&) = delete;
-    SlotDelegate(SlotDelegate&&) = delete;
-    SlotDelegate& operator=(SlotDelegate&&) = delete;
     virtual ~SlotDelegate() = default;
 
     /// The checkbox was clicked; the row already shows its new state.

@@ -23,10 +23,6 @@ class SlotField : public SlotDropTarget<QWidget> {
   public:
     explicit SlotField(QWidget* parent = nullptr);
     ~SlotField() override;
-    SlotField(const SlotField&) = delete;
-    SlotField& operator=(const SlotField&) = delete;
-    SlotField(SlotField&&) = delete;
-    SlotField& operator=(SlotField&&) = delete;
 
     /// Called once, when the row is created: from now on Escape ends editing here.
     void awakeFromNib();

@@ -6,17 +6,13 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <algorithm>
-#include <array>
-#include <string_view>
 
+#include "loops/facts.h"
 #include "slots/slot.h"
 
 namespace kzq {
 
 namespace {
-
-constexpr std::array<std::string_view, 8> audioExtensions = {"wav", "aif", "aiff", "mp3",
-                                                             "m4a", "aac", "ac3",  "flac"};
 
 bool isAudioFile(const QUrl& url) {
     const auto name = url.fileName(QUrl::FullyDecoded);

@@ -2,16 +2,13 @@
 
 #include <filesystem>
 
+#include "platform/fixed.h"
+
 namespace kzq {
 
 /// What the panels and rows ask of the application. Main thread.
-class ApplicationController {
+class ApplicationController : Fixed {
   public:
-    ApplicationController() = default;
-    ApplicationController(const ApplicationController&) = delete;
-    ApplicationController& operator=(const ApplicationController&) = delete;
-    ApplicationController(ApplicationController&&) = delete;
-    ApplicationController& operator=(ApplicationController&&) = delete;
     virtual ~ApplicationController() = default;
 
     virtual void openMainWindow() = 0;

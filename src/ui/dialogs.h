@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/fixed.h"
 #include "ui/alert.h"
 
 namespace kzq {
@@ -18,18 +19,13 @@ constexpr int panelCancelled = 0;
 
 /// Everything that is modal or leaves the program. Main thread. `run` and the choosers run an event loop:
 /// after them, use only values taken before, as anything else may have been destroyed.
-class Dialogs {
+class Dialogs : Fixed {
   public:
     struct Chosen {
         int answer = panelCancelled;
         std::filesystem::path path;  ///< empty if cancelled
     };
 
-    Dialogs() = default;
-    Dialogs(const Dialogs&) = delete;
-    Dialogs& operator=(const Dialogs&) = delete;
-    Dialogs(Dialogs&&) = delete;
-    Dialogs& operator=(Dialogs&&) = delete;
     virtual ~Dialogs() = default;
 
     /// Shows `alert` until it is answered: alertFirstButton, alertSecondButton or alertThirdButton.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/executor.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
@@ -29,14 +30,10 @@ class KeyGuard {
         nothing  ///< the event goes no further; a release that is kept back comes again by itself
     };
     /// An alert that is open, from its construction to its end. The guard outlives it.
-    class OpenAlert {
+    class OpenAlert : Fixed {
       public:
         explicit OpenAlert(KeyGuard& guard);
         ~OpenAlert();
-        OpenAlert(const OpenAlert&) = delete;
-        OpenAlert& operator=(const OpenAlert&) = delete;
-        OpenAlert(OpenAlert&&) = delete;
-        OpenAlert& operator=(OpenAlert&&) = delete;
 
         /// It can be seen from now on.
         void appeared();

@@ -1,18 +1,14 @@
 #pragma once
 
+#include "platform/fixed.h"
 #include "ui/key_button.h"
 
 namespace kzq {
 
 class LinkButton;
 
-class LinkButtonDelegate {
+class LinkButtonDelegate : Fixed {
   public:
-    LinkButtonDelegate() = default;
-    LinkButtonDelegate(const LinkButtonDelegate&) = delete;
-    LinkButtonDelegate& operator=(const LinkButtonDelegate&) = delete;
-    LinkButtonDelegate(LinkButtonDelegate&&) = delete;
-    LinkButtonDelegate& operator=(LinkButtonDelegate&&) = delete;
     virtual ~LinkButtonDelegate() = default;
 
     virtual void linkButtonHoverStateChanged(LinkButton& button, bool hovered) = 0;

@@ -14,10 +14,6 @@ class Shield : public QWidget {
   public:
     /// `wash` is the strength of the tray's colour over the parent; more than 0.4 counts as 0.4.
     explicit Shield(QWidget* parent, double wash = 0.4);
-    Shield(const Shield&) = delete;
-    Shield& operator=(const Shield&) = delete;
-    Shield(Shield&&) = delete;
-    Shield& operator=(Shield&&) = delete;
     ~Shield() override;
 
   protected:

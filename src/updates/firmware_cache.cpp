@@ -4,7 +4,7 @@
 
 #include <system_error>
 
-#include "updates/digest.h"
+#include "platform/digest.h"
 #include "updates/replace_file.h"
 #include "updates/update_log.h"
 

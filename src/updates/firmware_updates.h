@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "platform/executor.h"
+#include "platform/fixed.h"
 #include "updates/firmware_cache.h"
 #include "updates/firmware_manifest.h"
 #include "updates/firmware_version.h"
@@ -41,7 +42,7 @@ struct FirmwareEnvironment {
 /// The texts of an offer are posted to the main thread in order and not waited for. Seen from the main
 /// thread, this is as if the check had waited, but a check cannot hang on a main thread that is quitting or
 /// that itself waits for the check's lock.
-class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
+class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fixed {
   public:
     /// A set-up updater; its first check comes 15 seconds later, then one every 15 seconds for its life. It
     /// lives for as long as the caller keeps it. Main thread.
@@ -49,10 +50,6 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates> {
 
     /// Main thread.
     explicit FirmwareUpdates(FirmwareEnvironment environment);
-    FirmwareUpdates(const FirmwareUpdates&) = delete;
-    FirmwareUpdates& operator=(const FirmwareUpdates&) = delete;
-    FirmwareUpdates(FirmwareUpdates&&) = delete;
-    FirmwareUpdates& operator=(FirmwareUpdates&&) = delete;
     ~FirmwareUpdates() = default;
 
     /// Makes the cache folder. Without it nothing is ever refreshed. Does nothing once it succeeded.

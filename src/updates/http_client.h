@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/fixed.h"
+
 namespace kzq {
 
 /// Why a fetch gave no body.
@@ -52,13 +54,8 @@ struct HttpResult {
 };
 
 /// Fetches resources over HTTPS. Success means a complete body with status 200 from a verified server.
-class HttpClient {
+class HttpClient : Fixed {
   public:
-    HttpClient() = default;
-    HttpClient(const HttpClient&) = delete;
-    HttpClient& operator=(const HttpClient&) = delete;
-    HttpClient(HttpClient&&) = delete;
-    HttpClient& operator=(HttpClient&&) = delete;
     virtual ~HttpClient() = default;
 
     /// Blocks the calling thread; the request's functions are called on it. Several threads may fetch at

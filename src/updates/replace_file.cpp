@@ -1,17 +1,15 @@
 #include "updates/replace_file.h"
 
 #include <fcntl.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <ctime>
-#include <string_view>
 #include <system_error>
 
 #include "platform/descriptor.h"
+#include "platform/unique_name.h"
 #include "platform/write_all.h"
 #include "updates/update_log.h"
 
@@ -19,28 +17,11 @@ namespace kzq {
 namespace {
 
 constexpr mode_t newFileMode = 0666;
-constexpr std::string_view draftStart = ".kzq7306-";
-constexpr std::string_view draftEnd = ".part";
 constexpr time_t oldAge = 24L * 60 * 60;
 
-/// A hidden name that no other run and no thread of this one uses.
-std::string draftName() {
-    std::array<std::uint8_t, 8> noise{};
-    if (::getrandom(noise.data(), noise.size(), GRND_NONBLOCK) < 0) {
-        noise.fill(0);
-    }
-    std::string name =
-        std::string(draftStart) + std::to_string(::getpid()) + "-" + std::to_string(::gettid());
-    for (const std::uint8_t byte : noise) {
-        name += "-" + std::to_string(byte);
-    }
-    return name.append(draftEnd);
-}
-
 bool isOldDraft(const std::filesystem::path& path) {
-    const auto name = path.filename().string();
     struct stat status {};
-    return name.starts_with(draftStart) && name.ends_with(draftEnd) && ::lstat(path.c_str(), &status) == 0 &&
+    return isHiddenName(path.filename().string()) && ::lstat(path.c_str(), &status) == 0 &&
            S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
            status.st_mtime < ::time(nullptr) - oldAge;
 }
@@ -66,7 +47,7 @@ int replaceFile(const std::filesystem::path& folder, const std::string& name,
     if (!isPlaceForFile(place)) {
         return EEXIST;
     }
-    const auto draft = folder / draftName();
+    const auto draft = folder / hiddenName();
     int error = writeDraft(draft, bytes);
     // If the path becomes a link just now, the rename replaces the link and leaves its target alone.
     if (error == 0 && ::rename(draft.c_str(), place.c_str()) != 0) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/executor.h"
+#include "platform/fixed.h"
 #include "updates/http_client.h"
 #include "updates/update_build.h"
 #include "updates/update_feed.h"
@@ -17,13 +18,8 @@ struct FeedReading;
 struct UpdateRun;
 class SUUpdater;
 
-class SUUpdaterDelegate {
+class SUUpdaterDelegate : Fixed {
   public:
-    SUUpdaterDelegate() = default;
-    SUUpdaterDelegate(const SUUpdaterDelegate&) = delete;
-    SUUpdaterDelegate& operator=(const SUUpdaterDelegate&) = delete;
-    SUUpdaterDelegate(SUUpdaterDelegate&&) = delete;
-    SUUpdaterDelegate& operator=(SUUpdaterDelegate&&) = delete;
     virtual ~SUUpdaterDelegate() = default;
 
     /// Just before the updated program is started in place of this one. Main thread.
@@ -81,15 +77,11 @@ struct UpdateStatus {
 ///     offered → downloading → verifying → installing → ready | handedOver | failed
 ///
 /// The signature covers the package and not the feed, so the feed is only taken over verified HTTPS.
-class SUUpdater : public std::enable_shared_from_this<SUUpdater> {
+class SUUpdater : public std::enable_shared_from_this<SUUpdater>, Fixed {
   public:
     using Observer = std::function<void(const UpdateStatus&)>;
 
     explicit SUUpdater(UpdaterEnvironment environment);
-    SUUpdater(const SUUpdater&) = delete;
-    SUUpdater& operator=(const SUUpdater&) = delete;
-    SUUpdater(SUUpdater&&) = delete;
-    SUUpdater& operator=(SUUpdater&&) = delete;
     /// Ends a running check or installation.
     ~SUUpdater();
 

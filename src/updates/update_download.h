@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/descriptor.h"
+#include "platform/fixed.h"
 #include "updates/update_feed.h"
 #include "updates/update_signature.h"
 
@@ -14,13 +15,9 @@ namespace kzq {
 /// A package being downloaded: "<final name>.part" beside its final place, until it is verified and moved
 /// there. Otherwise it is removed with the object. A lock on the file keeps a second program from writing
 /// into it. One thread at a time.
-class UpdateDownload {
+class UpdateDownload : Fixed {
   public:
     explicit UpdateDownload(std::filesystem::path place);
-    UpdateDownload(const UpdateDownload&) = delete;
-    UpdateDownload& operator=(const UpdateDownload&) = delete;
-    UpdateDownload(UpdateDownload&&) = delete;
-    UpdateDownload& operator=(UpdateDownload&&) = delete;
     ~UpdateDownload();
 
     /// Each step returns whether it succeeded; `reason` says why not.

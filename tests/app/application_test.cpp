@@ -65,10 +65,6 @@ class ApplicationTest : public testing::Test {
         application().setDelegate(&delegate);
     }
     ~ApplicationTest() override { application().setDelegate(nullptr); }
-    ApplicationTest(const ApplicationTest&) = delete;
-    ApplicationTest& operator=(const ApplicationTest&) = delete;
-    ApplicationTest(ApplicationTest&&) = delete;
-    ApplicationTest& operator=(ApplicationTest&&) = delete;
 
     static Application& application() { return *static_cast<Application*>(qApp); }
     static void click(const Receiver& on, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
@@ -104,10 +100,6 @@ class HeldKeys : public ApplicationTest {
   protected:
     HeldKeys() { application().setKeyGuard(&keys); }
     ~HeldKeys() override { application().setKeyGuard(nullptr); }
-    HeldKeys(const HeldKeys&) = delete;
-    HeldKeys& operator=(const HeldKeys&) = delete;
-    HeldKeys(HeldKeys&&) = delete;
-    HeldKeys& operator=(HeldKeys&&) = delete;
 
     void send(QWindow& to, QEvent::Type type, Qt::Key key) {
         QKeyEvent event(type, key, {});

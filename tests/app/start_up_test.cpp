@@ -28,10 +28,6 @@ class StartUp : public testing::Test {
     ~StartUp() override {
         ::unsetenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): one thread
     }
-    StartUp(const StartUp&) = delete;
-    StartUp& operator=(const StartUp&) = delete;
-    StartUp(StartUp&&) = delete;
-    StartUp& operator=(StartUp&&) = delete;
 
     fs::path program() const { return built / "bin" / "kzq7306"; }
     bool handOver(const fs::path& running, bool opens = true) {

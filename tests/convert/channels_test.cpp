@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "converting.h"
+#include "loops/facts.h"
 
 namespace kzq {
 namespace {
@@ -16,7 +17,8 @@ class Channels : public Converting {
                 samples.push_back(static_cast<std::int32_t>(std::lround(value / 1000 * fullScale)));
             }
         }
-        shop_.write("levels.wav", waveOf(samples, waveSampleRate, static_cast<std::uint16_t>(levels.size())));
+        shop_.write("levels.wav",
+                    waveOf(samples, framesPerSecond, static_cast<std::uint16_t>(levels.size())));
         const Samples result = converted(shop_.encode("source.wav", arguments));
         return result.size() == 8'000 ? Samples{result[4'000], result[4'001]} : Samples{};
     }

@@ -1,5 +1,6 @@
 #include "converting.h"
 #include "foreign_files.h"
+#include "loops/facts.h"
 #include "sound_analysis.h"
 
 namespace kzq {
@@ -10,7 +11,7 @@ class Coded : public Converting {
   protected:
     /// A tone on both sides: a shift of one sample would be a difference of -11 dB.
     Samples master(std::size_t frames) const {
-        Samples samples = sine(frames, 1999, waveSampleRate, 0.5);
+        Samples samples = sine(frames, 1999, framesPerSecond, 0.5);
         shop_.write("master.wav", wave(packed(samples), 2).value());
         return samples;
     }

@@ -11,10 +11,6 @@ namespace kzq {
 /// Tests that make files and convert them.
 class Converting : public ::testing::Test {
   public:
-    Converting(const Converting&) = delete;
-    Converting& operator=(const Converting&) = delete;
-    Converting(Converting&&) = delete;
-    Converting& operator=(Converting&&) = delete;
     ~Converting() override { setLogSink(std::move(usualLog_)); }
 
   protected:

@@ -1,5 +1,5 @@
+#include "platform/digest.h"
 #include "tool_fixture.h"
-#include "updates/digest.h"
 
 namespace kzq::test {
 namespace {

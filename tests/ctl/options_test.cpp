@@ -4,6 +4,7 @@
 
 #include "ctl/format.h"
 #include "ctl/progress_meter.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

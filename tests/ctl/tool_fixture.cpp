@@ -9,6 +9,7 @@
 
 #include "audio/wave.h"
 #include "ctl/options.h"
+#include "loops/facts.h"
 #include "platform/log.h"
 
 namespace kzq::test {
@@ -37,7 +38,7 @@ ctl::ConvertedFile copy(const ctl::ConversionOrder& order) {
         return {{}, 0, "\"" + order.source.string() + "\" is not an audio file."};
     }
     std::filesystem::copy_file(order.source, target);
-    return {target, (bytes.size() - waveHeaderSize) / simulator::frameBytes, {}};
+    return {target, (bytes.size() - waveHeaderSize) / frameBytes, {}};
 }
 
 }  // namespace

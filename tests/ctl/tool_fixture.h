@@ -29,10 +29,6 @@ using ctl::ExitCode;
 /// The tool in this process, with a simulated pedal, on virtual time. Slots 2, 5 and 20 hold loops.
 class ToolTest : public testing::Test {
   public:
-    ToolTest(const ToolTest&) = delete;
-    ToolTest& operator=(const ToolTest&) = delete;
-    ToolTest(ToolTest&&) = delete;
-    ToolTest& operator=(ToolTest&&) = delete;
     ~ToolTest() override;
 
   private:
@@ -84,7 +80,7 @@ class ToolTest : public testing::Test {
     ctl::Converter convert;  ///< unless a test has its own: copies, and refuses what is no WAV file
     RunFolder working;
     FakeWeb web;
-    std::function<ctl::AwakeLock()> keepAwake = [] { return ctl::AwakeLock{std::make_shared<int>(), {}}; };
+    std::function<AwakeLock()> keepAwake = [] { return AwakeLock{std::make_shared<int>(), {}}; };
     std::function<void()> signalsHeld;  ///< by whom; empty: they are not
     std::optional<ExitCode> code;
     double endedAt = 0;  ///< seconds since the start

@@ -1,6 +1,6 @@
 #include "pedal_fixture.h"
+#include "platform/digest.h"
 #include "platform/little_endian.h"
-#include "updates/digest.h"
 
 namespace kzq::test {
 namespace {

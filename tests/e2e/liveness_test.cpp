@@ -17,6 +17,8 @@
 #include "device/kzq7306.h"
 #include "device/simulator/simulated_pedal.h"
 #include "device/simulator/simulated_port.h"
+#include "loops/facts.h"
+#include "platform/fixed.h"
 #include "platform/qt_executor.h"
 #include "test_folder.h"
 #include "ui/fonts.h"
@@ -37,11 +39,11 @@ constexpr auto period = 50ms;
 constexpr Milliseconds longestSlip = 50ms;
 constexpr Milliseconds longestCancel = 500ms;
 constexpr std::size_t parts = 8;  // of the pedal's memory: one long loop of four, and four loops
-constexpr auto part = simulator::capacityFrames / parts * simulator::frameBytes;
+constexpr auto part = capacityFrames / parts * frameBytes;
 
 /// Measures every 50 ms, on a thread that does nothing else, how late it wakes: the delay caused by the
 /// computer itself, which may be busy.
-class BareTimer {
+class BareTimer : Fixed {
   public:
     BareTimer()
         : thread_([this] {
@@ -51,10 +53,6 @@ class BareTimer {
                   due = std::max(due, Clock::now() - period);
               }
           }) {}
-    BareTimer(const BareTimer&) = delete;
-    BareTimer& operator=(const BareTimer&) = delete;
-    BareTimer(BareTimer&&) = delete;
-    BareTimer& operator=(BareTimer&&) = delete;
     ~BareTimer() { stop(); }
 
     /// The longest delay.

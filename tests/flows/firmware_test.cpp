@@ -1,7 +1,7 @@
 #include <fstream>
 
 #include "flow_fixture.h"
-#include "updates/digest.h"
+#include "platform/digest.h"
 #include "updates/windows/firmware_updater.h"
 
 namespace kzq::test {

@@ -8,6 +8,7 @@
 
 #include "app/application.h"
 #include "audio/wave.h"
+#include "loops/facts.h"
 #include "platform/log.h"
 #include "slots/slot_field.h"
 #include "slots/slot_field_editor.h"
@@ -122,9 +123,9 @@ void FlowTest::type(std::uint8_t slot, const QString& name) {
 
 fs::path FlowTest::audioFile(const std::string& name, std::uint64_t frames) {
     auto path = base / "files" / name;
-    const auto header = waveHeader(static_cast<std::uint32_t>(frames * simulator::frameBytes), 2);
+    const auto header = waveHeader(static_cast<std::uint32_t>(frames * frameBytes), 2);
     std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(header.data()), header.size());
-    fs::resize_file(path, header.size() + frames * simulator::frameBytes);
+    fs::resize_file(path, header.size() + frames * frameBytes);
     return path;
 }
 

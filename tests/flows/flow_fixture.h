@@ -68,11 +68,6 @@ struct ScriptedDialogs : Dialogs {
 /// was never sent what it should not be.
 class FlowTest : public testing::Test {
   public:
-    FlowTest(const FlowTest&) = delete;
-    FlowTest& operator=(const FlowTest&) = delete;
-    FlowTest(FlowTest&&) = delete;
-    FlowTest& operator=(FlowTest&&) = delete;
-
   protected:
     FlowTest();
     ~FlowTest() override;

@@ -27,11 +27,6 @@ std::vector<std::uint8_t> bytesOf(std::string_view text) {
 /// A temporary folder for the test.
 class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
   public:
-    NewFileTest(const NewFileTest&) = delete;
-    NewFileTest& operator=(const NewFileTest&) = delete;
-    NewFileTest(NewFileTest&&) = delete;
-    NewFileTest& operator=(NewFileTest&&) = delete;
-
   protected:
     NewFileTest() = default;
 

@@ -17,11 +17,6 @@ namespace fs = std::filesystem;
 
 class RunFolderTest : public ::testing::Test {
   public:
-    RunFolderTest(const RunFolderTest&) = delete;
-    RunFolderTest& operator=(const RunFolderTest&) = delete;
-    RunFolderTest(RunFolderTest&&) = delete;
-    RunFolderTest& operator=(RunFolderTest&&) = delete;
-
   protected:
     RunFolderTest() = default;
 

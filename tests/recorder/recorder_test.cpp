@@ -44,11 +44,6 @@ struct Session {
 
 class RecorderTest : public testing::Test {
   public:
-    RecorderTest(const RecorderTest&) = delete;
-    RecorderTest& operator=(const RecorderTest&) = delete;
-    RecorderTest(RecorderTest&&) = delete;
-    RecorderTest& operator=(RecorderTest&&) = delete;
-
   protected:
     RecorderTest() {
         setLogSink([](LogCategory, std::string_view) {});

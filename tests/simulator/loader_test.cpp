@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "updates/digest.h"
+#include "platform/digest.h"
 #include "wire.h"
 
 namespace kzq::simulator {

@@ -8,6 +8,7 @@
 
 #include "device/simulator/loop_folder.h"
 #include "device/simulator/synthesiser.h"
+#include "loops/facts.h"
 #include "platform/log.h"
 #include "test_folder.h"
 #include "wire.h"

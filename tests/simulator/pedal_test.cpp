@@ -1,5 +1,6 @@
 // What the model answers to a correct program.
 
+#include "loops/facts.h"
 #include "wire.h"
 
 namespace kzq::simulator {

@@ -46,11 +46,6 @@ class RecordingDelegate : public KZQ7306Delegate {
 /// The device link on virtual time, over the port of the derived fixture.
 class DeviceLinkTest : public testing::Test {
   public:
-    DeviceLinkTest(const DeviceLinkTest&) = delete;
-    DeviceLinkTest& operator=(const DeviceLinkTest&) = delete;
-    DeviceLinkTest(DeviceLinkTest&&) = delete;
-    DeviceLinkTest& operator=(DeviceLinkTest&&) = delete;
-
   protected:
     DeviceLinkTest() {
         previousSink_ = setLogSink([this](LogCategory category, std::string_view line) {

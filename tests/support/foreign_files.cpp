@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "loops/facts.h"
 #include "platform/little_endian.h"
 
 namespace kzq {
@@ -44,8 +45,8 @@ Bytes wave24In32(const Samples& samples) {
     storeU32(file, 16, 40);
     storeU16(file, 20, 0xFFFE);
     storeU16(file, 22, 2);
-    storeU32(file, 24, waveSampleRate);
-    storeU32(file, 28, waveSampleRate * 8);
+    storeU32(file, 24, framesPerSecond);
+    storeU32(file, 28, framesPerSecond * 8);
     storeU16(file, 32, 8);
     storeU16(file, 34, 32);
     storeU16(file, 36, 22);

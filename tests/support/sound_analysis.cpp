@@ -5,6 +5,8 @@
 #include <cmath>
 #include <vector>
 
+#include "loops/facts.h"
+
 namespace kzq {
 namespace {
 
@@ -51,7 +53,7 @@ std::array<double, 3> solved(std::array<std::array<double, 4>, 3> rows) {
 
 double residueBelowTone(const Samples& samples, double frequency, std::size_t side) {
     auto values = middle(samples, side);
-    const double step = 2 * M_PI * frequency / waveSampleRate;
+    const double step = 2 * M_PI * frequency / framesPerSecond;
     const auto basis = [&](std::size_t i) {
         const double phase = step * static_cast<double>(i);
         return std::array<double, 3>{std::sin(phase), std::cos(phase), 1};

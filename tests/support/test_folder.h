@@ -4,16 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "platform/fixed.h"
+
 namespace kzq::test {
 
 /// A temporary folder for a test.
-class TestFolder {
+class TestFolder : Fixed {
   public:
     TestFolder();
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-    TestFolder(TestFolder&&) = delete;
-    TestFolder& operator=(TestFolder&&) = delete;
     ~TestFolder();
 
     const std::filesystem::path& path() const { return path_; }

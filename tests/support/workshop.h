@@ -17,7 +17,7 @@ using Samples = std::vector<std::int32_t>;
 inline constexpr double fullScale = 8'388'608;
 
 /// A temporary folder for making audio files.
-class Workshop {
+class Workshop : Fixed {
   public:
     Workshop();
 

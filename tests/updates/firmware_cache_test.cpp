@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/digest.h"
 #include "tls_server.h"
-#include "updates/digest.h"
 #include "watched_sync.h"
 
 using namespace kzq;

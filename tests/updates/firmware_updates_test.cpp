@@ -9,8 +9,8 @@
 #include <csignal>
 #include <thread>
 
+#include "platform/digest.h"
 #include "tls_server.h"
-#include "updates/digest.h"
 #include "updates/qt_http_client.h"
 #include "virtual_executor.h"
 

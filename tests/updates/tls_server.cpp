@@ -61,10 +61,6 @@ class TlsServer::Thread : public QThread {
         start();
         port_ = listening.get();
     }
-    Thread(const Thread&) = delete;
-    Thread& operator=(const Thread&) = delete;
-    Thread(Thread&&) = delete;
-    Thread& operator=(Thread&&) = delete;
     ~Thread() override {
         quit();
         wait();

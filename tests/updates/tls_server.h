@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/fixed.h"
 #include "test_folder.h"
 
 namespace kzq::test {
@@ -38,13 +39,9 @@ struct Answer {
 
 /// An HTTPS server on a thread of its own, on a free port of 127.0.0.1. Members may be called from any
 /// thread.
-class TlsServer {
+class TlsServer : Fixed {
   public:
     explicit TlsServer(const TestAuthority& authority = TestAuthority::usual());
-    TlsServer(const TlsServer&) = delete;
-    TlsServer& operator=(const TlsServer&) = delete;
-    TlsServer(TlsServer&&) = delete;
-    TlsServer& operator=(TlsServer&&) = delete;
     ~TlsServer();
 
     std::string url(const std::string& path) const;

@@ -27,10 +27,6 @@ struct UpdatesTest : testing::Test {
         std::filesystem::current_path(folder.path());
         Updates::load({executor, [this] { return firmware; }, "0.1.0"});
     }
-    UpdatesTest(const UpdatesTest&) = delete;
-    UpdatesTest& operator=(const UpdatesTest&) = delete;
-    UpdatesTest(UpdatesTest&&) = delete;
-    UpdatesTest& operator=(UpdatesTest&&) = delete;
     ~UpdatesTest() override {
         Updates::unload();
         std::filesystem::current_path(before);

@@ -6,8 +6,8 @@
 #include <QTest>
 
 #include "controls.h"
+#include "platform/digest.h"
 #include "shelf.h"
-#include "updates/digest.h"
 #include "updates/windows/notes_scroll_bar.h"
 #include "updates/windows/notes_view.h"
 

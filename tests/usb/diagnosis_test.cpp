@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "platform/fixed.h"
+
 namespace kzq {
 namespace {
 
@@ -84,17 +86,13 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
 }
 
 /// Root may do anything, so the test asks as somebody else.
-class AsUser {
+class AsUser : Fixed {
   public:
     AsUser() {
         if (::geteuid() == 0) {
             EXPECT_EQ(::seteuid(65'534), 0);
         }
     }
-    AsUser(const AsUser&) = delete;
-    AsUser& operator=(const AsUser&) = delete;
-    AsUser(AsUser&&) = delete;
-    AsUser& operator=(AsUser&&) = delete;
     ~AsUser() {
         if (::getuid() == 0) {
             EXPECT_EQ(::seteuid(0), 0);

@@ -78,11 +78,6 @@ class Announcements : public KZQ7306Delegate {
 /// since the link never releases libusb.
 class LinkedPedalTest : public testing::Test {
   public:
-    LinkedPedalTest(const LinkedPedalTest&) = delete;
-    LinkedPedalTest& operator=(const LinkedPedalTest&) = delete;
-    LinkedPedalTest(LinkedPedalTest&&) = delete;
-    LinkedPedalTest& operator=(LinkedPedalTest&&) = delete;
-
   protected:
     explicit LinkedPedalTest(simulator::SimulatedPedal::Start start) : pedal_(clock_, std::move(start)) {
         delegate_.heard.clear();

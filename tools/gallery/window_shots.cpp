@@ -7,8 +7,9 @@
 
 #include "app/main_window.h"
 #include "app/menu_bar.h"
+#include "loops/capacity.h"
+#include "loops/facts.h"
 #include "rows.h"
-#include "slots/capacity.h"
 #include "stage.h"
 #include "ui/background.h"
 #include "ui/lower_button.h"

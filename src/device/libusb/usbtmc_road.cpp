@@ -17,6 +17,7 @@
 #include "device/libusb/libusb_result.h"
 #include "device/usb_port.h"
 #include "platform/descriptor.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
@@ -32,7 +33,7 @@ constexpr std::chrono::milliseconds accessPatience{500};
 constexpr std::chrono::milliseconds accessPause{2};
 
 /// Leaves the interface to its kernel driver until the end of the scope.
-class Lent {
+class Lent : Fixed {
   public:
     Lent(libusb_device_handle* handle, int interface) : handle_(handle), interface_(interface) {
         result_ = libusb_release_interface(handle_, interface_);
@@ -40,10 +41,6 @@ class Lent {
             result_ = libusb_attach_kernel_driver(handle_, interface_);
         }
     }
-    Lent(const Lent&) = delete;
-    Lent& operator=(const Lent&) = delete;
-    Lent(Lent&&) = delete;
-    Lent& operator=(Lent&&) = delete;
     ~Lent() {
         if (result_ == LIBUSB_SUCCESS) {
             logged("taking the interface back from usbtmc", libusb_detach_kernel_driver(handle_, interface_));

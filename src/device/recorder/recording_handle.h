@@ -16,10 +16,6 @@ class RecordingHandle : public UsbHandle {
     RecordingHandle(std::unique_ptr<UsbHandle> handle, unsigned number,
                     std::shared_ptr<SessionRecorder> recorder)
         : handle_(std::move(handle)), number_(number), recorder_(std::move(recorder)) {}
-    RecordingHandle(const RecordingHandle&) = delete;
-    RecordingHandle& operator=(const RecordingHandle&) = delete;
-    RecordingHandle(RecordingHandle&&) = delete;
-    RecordingHandle& operator=(RecordingHandle&&) = delete;
     ~RecordingHandle() override;
 
     int kernelDriverActive(int interface) override;

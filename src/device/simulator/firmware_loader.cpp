@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/digest.h"
 #include "platform/little_endian.h"
-#include "updates/digest.h"
 
 namespace kzq::simulator {
 

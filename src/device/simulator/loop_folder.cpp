@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "loops/facts.h"
 #include "platform/log.h"
 #include "platform/write_all.h"
 
@@ -22,7 +23,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uintmax_t largestFile = waveHeaderSize + std::uintmax_t{capacityFrames} * frameBytes + 4096;
+constexpr std::uintmax_t largestFile = waveHeaderSize + capacityFrames * frameBytes + 4096;
 
 /// The slot (1 to 20) that a file of this name belongs to.
 std::optional<unsigned> slotFromName(std::string_view name) {

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "device/simulator/pedal_memory.h"
+#include "loops/facts.h"
 
 namespace kzq::simulator {
 

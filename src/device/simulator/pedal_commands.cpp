@@ -8,6 +8,7 @@
 #include "device/commands.h"
 #include "device/simulator/simulated_pedal.h"
 #include "device/status.h"
+#include "loops/facts.h"
 #include "platform/little_endian.h"
 
 namespace kzq::simulator {

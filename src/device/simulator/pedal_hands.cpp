@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "device/simulator/simulated_pedal.h"
+#include "loops/facts.h"
 
 namespace kzq::simulator {
 

@@ -6,14 +6,9 @@
 #include <optional>
 
 #include "audio/wave.h"
-#include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::simulator {
-
-/// Frames in the pedal's 24 minutes.
-inline constexpr std::uint32_t capacityFrames = 63'504'000;
-/// Bytes of a frame: two channels of 24 bits.
-inline constexpr std::size_t frameBytes = 6;
 
 /// A loop as the simulated pedal stores it: raw 24-bit stereo frames, not padded.
 struct StoredLoop {

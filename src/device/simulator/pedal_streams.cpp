@@ -5,6 +5,7 @@
 
 #include "device/commands.h"
 #include "device/simulator/simulated_pedal.h"
+#include "loops/facts.h"
 
 namespace kzq::simulator {
 

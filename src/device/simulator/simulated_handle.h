@@ -13,10 +13,6 @@ class SimulatedHandle : public UsbHandle {
   public:
     /// The host already counts it as open.
     SimulatedHandle(std::shared_ptr<SimulatedPort::Host> host, std::shared_ptr<SimulatedDevice> device);
-    SimulatedHandle(const SimulatedHandle&) = delete;
-    SimulatedHandle& operator=(const SimulatedHandle&) = delete;
-    SimulatedHandle(SimulatedHandle&&) = delete;
-    SimulatedHandle& operator=(SimulatedHandle&&) = delete;
     ~SimulatedHandle() override;
 
     int kernelDriverActive(int interface) override;

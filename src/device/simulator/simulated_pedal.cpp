@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "device/simulator/pedal_life.h"
+#include "loops/facts.h"
 
 namespace kzq::simulator {
 

@@ -10,11 +10,14 @@
 #include <string>
 #include <vector>
 
+#include "device/commands.h"
 #include "device/simulator/fault_plan.h"
 #include "device/simulator/firmware_loader.h"
 #include "device/simulator/pedal_memory.h"
 #include "device/simulator/wire_journal.h"
+#include "loops/facts.h"
 #include "platform/executor.h"
+#include "platform/fixed.h"
 
 namespace kzq::simulator {
 
@@ -56,7 +59,7 @@ enum class BusChange { arrived, left, reset };
 /// - If the pedal has nothing to send, a bulk read pends; if nothing was announced, a bulk write stalls.
 ///
 /// Thread-safe: one mutex guards it all. It must outlive its transports, but not the tasks it has queued.
-class SimulatedPedal {
+class SimulatedPedal : Fixed {
   public:
     using Listener = std::function<void(BusChange)>;
 
@@ -68,10 +71,6 @@ class SimulatedPedal {
     };
 
     SimulatedPedal(Executor& executor, Start start);
-    SimulatedPedal(const SimulatedPedal&) = delete;
-    SimulatedPedal& operator=(const SimulatedPedal&) = delete;
-    SimulatedPedal(SimulatedPedal&&) = delete;
-    SimulatedPedal& operator=(SimulatedPedal&&) = delete;
     ~SimulatedPedal();
 
     // --- the wire

@@ -13,10 +13,6 @@ class SimulatedPort : public UsbPort {
   public:
     /// Both outlive the port.
     SimulatedPort(Executor& executor, SimulatedPedal& pedal);
-    SimulatedPort(const SimulatedPort&) = delete;
-    SimulatedPort& operator=(const SimulatedPort&) = delete;
-    SimulatedPort(SimulatedPort&&) = delete;
-    SimulatedPort& operator=(SimulatedPort&&) = delete;
     ~SimulatedPort() override;
 
     UsbResult initialize() override;

@@ -4,11 +4,13 @@
 #include <array>
 #include <cmath>
 
+#include "loops/facts.h"
+
 namespace kzq::simulator {
 
 namespace {
 
-constexpr double rate = waveSampleRate;
+constexpr double rate = framesPerSecond;
 constexpr double fullScale = 8'388'607.0;
 constexpr std::size_t beatsOfBar = 4;
 

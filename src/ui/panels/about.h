@@ -36,10 +36,6 @@ class About : public QObject, public LinkButtonDelegate {
                                         Dialogs& dialogs, FirmwareVersion firmwareVersion,
                                         const Product& product);
     ~About() override;
-    About(const About&) = delete;
-    About& operator=(const About&) = delete;
-    About(About&&) = delete;
-    About& operator=(About&&) = delete;
 
     /// Shows the window and gives it the keyboard focus.
     void showWindow();

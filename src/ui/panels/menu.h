@@ -35,10 +35,6 @@ class Menu : public QObject, public MenuItemDelegate {
     static std::unique_ptr<Menu> menu(ApplicationController& controller, Dialogs& dialogs, QWidget* parent,
                                       const Product& product);
     ~Menu() override;
-    Menu(const Menu&) = delete;
-    Menu& operator=(const Menu&) = delete;
-    Menu(Menu&&) = delete;
-    Menu& operator=(Menu&&) = delete;
 
     /// Owned by its parent, or by the menu if destroyed first; null once the parent is destroyed.
     MenuView* view() const { return view_; }

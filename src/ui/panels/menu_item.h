@@ -19,10 +19,6 @@ class MenuItem : public QObject {
   public:
     static std::unique_ptr<MenuItem> item();
     ~MenuItem() override;
-    MenuItem(const MenuItem&) = delete;
-    MenuItem& operator=(const MenuItem&) = delete;
-    MenuItem(MenuItem&&) = delete;
-    MenuItem& operator=(MenuItem&&) = delete;
 
     /// 200 × 36; owned by this until it gets a parent. Null once that parent is destroyed.
     MenuItemView* view() const;

@@ -1,17 +1,14 @@
 #pragma once
 
+#include "platform/fixed.h"
+
 namespace kzq {
 
 class MenuItem;
 
 /// Notified of what the pointer does on an entry. Main thread.
-class MenuItemDelegate {
+class MenuItemDelegate : Fixed {
   public:
-    MenuItemDelegate() = default;
-    MenuItemDelegate(const MenuItemDelegate&) = delete;
-    MenuItemDelegate& operator=(const MenuItemDelegate&) = delete;
-    MenuItemDelegate(MenuItemDelegate&&) = delete;
-    MenuItemDelegate& operator=(MenuItemDelegate&&) = delete;
     virtual ~MenuItemDelegate() = default;
 
     virtual void itemEntered(MenuItem& item) = 0;

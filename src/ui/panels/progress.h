@@ -21,10 +21,6 @@ class Progress : public QObject {
     /// `cancelTransfer` is called on the main thread each time the user cancels, before the window closes.
     static std::unique_ptr<Progress> progress(std::function<void()> cancelTransfer);
     ~Progress() override;
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    Progress(Progress&&) = delete;
-    Progress& operator=(Progress&&) = delete;
 
     void setTitle(const QString& title);
     QString title() const;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 
+#include "platform/fixed.h"
 #include "updates/firmware_updates.h"
 #include "updates/windows/firmware_updater_progress.h"
 
@@ -16,13 +17,8 @@ class AlertButton;
 class NotesView;
 class UpdatePanel;
 
-class FirmwareUpdaterDelegate {
+class FirmwareUpdaterDelegate : Fixed {
   public:
-    FirmwareUpdaterDelegate() = default;
-    FirmwareUpdaterDelegate(const FirmwareUpdaterDelegate&) = delete;
-    FirmwareUpdaterDelegate& operator=(const FirmwareUpdaterDelegate&) = delete;
-    FirmwareUpdaterDelegate(FirmwareUpdaterDelegate&&) = delete;
-    FirmwareUpdaterDelegate& operator=(FirmwareUpdaterDelegate&&) = delete;
     virtual ~FirmwareUpdaterDelegate() = default;
 
     /// The user accepts the offer: install `update`. Main thread.
@@ -31,16 +27,12 @@ class FirmwareUpdaterDelegate {
 
 /// The window that offers newer firmware, with the checks that find it. Main thread, unless noted otherwise;
 /// other threads that may outlive it keep `updates` instead of it.
-class FirmwareUpdater {
+class FirmwareUpdater : Fixed {
   public:
     /// An updater ready for use, its window loaded and not yet shown; its first check comes 15 seconds later.
     /// Null if the window or the flashing window cannot be created. The functions that show texts in
     /// `environment` are replaced.
     static std::unique_ptr<FirmwareUpdater> updater(FirmwareEnvironment environment);
-    FirmwareUpdater(const FirmwareUpdater&) = delete;
-    FirmwareUpdater& operator=(const FirmwareUpdater&) = delete;
-    FirmwareUpdater(FirmwareUpdater&&) = delete;
-    FirmwareUpdater& operator=(FirmwareUpdater&&) = delete;
     /// Ends running fetches.
     ~FirmwareUpdater();
 

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/executor.h"
+#include "platform/fixed.h"
 
 class QWidget;
 
@@ -17,15 +18,11 @@ class UpdatePanel;
 /// window closes. During a longer flash only the shield of the main window remains.
 ///
 /// The user cannot close it: a flash cannot be cancelled, so the window has no close button.
-class FirmwareUpdaterProgress {
+class FirmwareUpdaterProgress : Fixed {
   public:
     /// A controller with its window loaded and not yet shown; null if that fails. The executor outlives it.
     /// Main thread.
     static std::unique_ptr<FirmwareUpdaterProgress> progress(Executor& executor);
-    FirmwareUpdaterProgress(const FirmwareUpdaterProgress&) = delete;
-    FirmwareUpdaterProgress& operator=(const FirmwareUpdaterProgress&) = delete;
-    FirmwareUpdaterProgress(FirmwareUpdaterProgress&&) = delete;
-    FirmwareUpdaterProgress& operator=(FirmwareUpdaterProgress&&) = delete;
     /// Main thread.
     ~FirmwareUpdaterProgress();
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/fixed.h"
 #include "updates/su_updater.h"
 
 class QLabel;
@@ -27,14 +28,10 @@ struct SoftwareUpdateEnvironment {
 
 /// The window for updates of the program itself: it shows the result of a check, offers a newer version, and
 /// shows its download and installation. All members are for the main thread.
-class SoftwareUpdate {
+class SoftwareUpdate : Fixed {
   public:
     /// A controller with its window loaded and not yet shown; null if that fails.
     static std::unique_ptr<SoftwareUpdate> softwareUpdate(SoftwareUpdateEnvironment environment);
-    SoftwareUpdate(const SoftwareUpdate&) = delete;
-    SoftwareUpdate& operator=(const SoftwareUpdate&) = delete;
-    SoftwareUpdate(SoftwareUpdate&&) = delete;
-    SoftwareUpdate& operator=(SoftwareUpdate&&) = delete;
     ~SoftwareUpdate();
 
     /// Shows the window and checks, unless an update is under way or ready: then it shows that.

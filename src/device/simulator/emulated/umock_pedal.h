@@ -7,20 +7,17 @@
 
 #include "device/simulator/emulated/usbfs_node.h"
 #include "device/simulator/simulated_pedal.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
 /// Puts the simulated pedal on an emulated bus in this process, where the real libusb finds it: it arrives,
 /// leaves and returns there as the model does, under a new address each time. Needs umockdev-wrapper. Create
 /// the first one before libusb is initialised, and only one at a time.
-class UmockPedal {
+class UmockPedal : Fixed {
   public:
     /// `pedal` outlives this and all of libusb's handles to it.
     explicit UmockPedal(simulator::SimulatedPedal& pedal);
-    UmockPedal(const UmockPedal&) = delete;
-    UmockPedal& operator=(const UmockPedal&) = delete;
-    UmockPedal(UmockPedal&&) = delete;
-    UmockPedal& operator=(UmockPedal&&) = delete;
     /// Takes the pedal off the bus.
     ~UmockPedal();
 

@@ -12,6 +12,7 @@
 #include <span>
 
 #include "device/simulator/simulated_pedal.h"
+#include "platform/fixed.h"
 
 struct usbdevfs_urb;
 
@@ -32,13 +33,9 @@ inline constexpr auto patience = std::chrono::seconds(30);
 /// The file of one device in the emulated USB file system, from its arrival to its departure: takes the
 /// transfers that libusb submits, lets the pedal answer them, and returns them. Its kernel calls come on
 /// umockdev's thread, one at a time; all other members may be called from any thread.
-class UsbfsNode {
+class UsbfsNode : Fixed {
   public:
     UsbfsNode(simulator::SimulatedPedal& pedal, HostRules& rules);
-    UsbfsNode(const UsbfsNode&) = delete;
-    UsbfsNode& operator=(const UsbfsNode&) = delete;
-    UsbfsNode(UsbfsNode&&) = delete;
-    UsbfsNode& operator=(UsbfsNode&&) = delete;
     ~UsbfsNode();
 
     /// Creates the file `path`, which polls as writable exactly while a finished transfer can be reaped, as

@@ -7,6 +7,7 @@
 
 #include "device/simulator/simulated_pedal.h"
 #include "device/simulator/usbip/usbip_wire.h"
+#include "platform/fixed.h"
 
 namespace kzq::simulator::usbip {
 
@@ -14,16 +15,12 @@ class Connection;
 
 /// The cable between the pedal and the one computer that has imported it. When the pedal leaves, the
 /// computer's connection is closed, which is how the computer notices. Thread-safe.
-class PedalBus {
+class PedalBus : Fixed {
   public:
     using ArrivalListener = std::function<void()>;
 
     /// `pedal` outlives this. `arrived` is called on the thread that plugged the pedal in.
     PedalBus(SimulatedPedal& pedal, ArrivalListener arrived);
-    PedalBus(const PedalBus&) = delete;
-    PedalBus& operator=(const PedalBus&) = delete;
-    PedalBus(PedalBus&&) = delete;
-    PedalBus& operator=(PedalBus&&) = delete;
     ~PedalBus();
 
     SimulatedPedal& pedal() { return pedal_; }

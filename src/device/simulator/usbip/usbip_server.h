@@ -9,6 +9,7 @@
 
 #include "device/simulator/usbip/pedal_bus.h"
 #include "platform/descriptor.h"
+#include "platform/fixed.h"
 
 namespace kzq::simulator::usbip {
 
@@ -16,14 +17,10 @@ class Connection;
 
 /// Offers the pedal to computers, which list and import it over TCP. Each connection has a
 /// thread of its own.
-class UsbipServer {
+class UsbipServer : Fixed {
   public:
     /// `bus` outlives this.
     explicit UsbipServer(PedalBus& bus) : bus_(bus) {}
-    UsbipServer(const UsbipServer&) = delete;
-    UsbipServer& operator=(const UsbipServer&) = delete;
-    UsbipServer(UsbipServer&&) = delete;
-    UsbipServer& operator=(UsbipServer&&) = delete;
     /// Closes all connections and waits for the threads.
     ~UsbipServer();
 

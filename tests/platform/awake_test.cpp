@@ -1,4 +1,4 @@
-#include "ctl/sleep_inhibitor.h"
+#include "platform/awake.h"
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
@@ -18,7 +18,7 @@
 #include <fstream>
 #include <thread>
 
-namespace kzq::ctl {
+namespace kzq {
 namespace {
 
 using testing::HasSubstr;
@@ -93,7 +93,7 @@ AwakeLock askOnAThread() {
     return answer;
 }
 
-TEST(SleepInhibitor, HoldsALockThatTheLidObeysToo) {
+TEST(Awake, HoldsALockThatTheLidObeysToo) {
     int count = 1;
     std::string name = "test";
     std::array<char*, 2> arguments{name.data(), nullptr};
@@ -135,4 +135,4 @@ TEST(SleepInhibitor, HoldsALockThatTheLidObeysToo) {
 }
 
 }  // namespace
-}  // namespace kzq::ctl
+}  // namespace kzq

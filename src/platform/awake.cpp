@@ -1,11 +1,11 @@
-#include "ctl/sleep_inhibitor.h"
+#include "platform/awake.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDBusUnixFileDescriptor>
 
-namespace kzq::ctl {
+namespace kzq {
 namespace {
 
 constexpr int answerLimit = 3000;  ///< milliseconds
@@ -28,4 +28,4 @@ AwakeLock keepAwake() {
     return {std::make_shared<QDBusUnixFileDescriptor>(reply.value()), {}};
 }
 
-}  // namespace kzq::ctl
+}  // namespace kzq

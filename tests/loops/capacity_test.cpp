@@ -1,4 +1,4 @@
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 
 #include <gtest/gtest.h>
 

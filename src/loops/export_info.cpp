@@ -1,6 +1,6 @@
-#include "slots/export_info.h"
+#include "loops/export_info.h"
 
-#include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq {
 

@@ -1,4 +1,4 @@
-#include "updates/digest.h"
+#include "platform/digest.h"
 
 #include <QByteArrayView>
 #include <QCryptographicHash>

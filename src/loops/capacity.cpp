@@ -1,7 +1,9 @@
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 
 #include <algorithm>
 #include <numeric>
+
+#include "loops/facts.h"
 
 namespace kzq {
 

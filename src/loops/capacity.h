@@ -6,15 +6,11 @@
 #include <string_view>
 
 #include "device/status.h"
-#include "slots/export_info.h"
+#include "loops/export_info.h"
 
 namespace kzq {
 
-// What fits into the pedal. All counts are frames of 6 bytes, 44,100 per second; divisions truncate.
-
-inline constexpr std::uint64_t capacityFrames = 63'504'000;  ///< 24 minutes
-inline constexpr std::uint64_t framesPerSecond = 44'100;
-inline constexpr std::uint64_t frameBytes = 6;
+// What fits into the pedal. All counts are frames; divisions truncate.
 
 /// Frames by slot.
 using FramesBySlot = std::map<std::uint8_t, std::uint64_t>;
