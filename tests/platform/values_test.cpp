@@ -1,0 +1,75 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+
+#include "platform/result.h"
+#include "platform/unique_name.h"
+
+namespace kzq {
+namespace {
+
+using Kind = Trouble::Kind;
+using testing::Each;
+using testing::MatchesRegex;
+
+Result<int> half(int number) {
+    if (number % 2 != 0) {
+        return Trouble{Kind::badRequest, "half", 0, std::to_string(number), {}};
+    }
+    return number / 2;
+}
+
+Result<void> small(int number) {
+    if (number > 9) {
+        return Trouble{Kind::tooLarge};
+    }
+    return {};
+}
+
+TEST(Result, CarriesTheFirstTroubleThroughAllThatFollows) {
+    const Result<std::unique_ptr<int>> whole =
+        half(12).and_then(half).map([](int three) { return std::make_unique<int>(three); });
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(**whole, 3);
+    const Result<void> odd = half(6).and_then(half).and_then(small);
+    ASSERT_FALSE(odd);
+    EXPECT_EQ(odd.error(), (Trouble{Kind::badRequest, "half", 0, "3", {}}));
+    const Result<void> large = half(20).and_then(small);
+    ASSERT_FALSE(large);
+    EXPECT_EQ(large.error().kind, Kind::tooLarge);
+    EXPECT_TRUE(half(18).and_then(small));
+    EXPECT_EQ(*small(1).and_then([] { return half(2); }), 1);
+}
+
+TEST(Trouble, NamesAreStableWordsAndDiffer) {
+    EXPECT_EQ(troubleName(Kind::noPedal), "no-pedal");
+    EXPECT_EQ(troubleName(Kind::heldByAnother), "held-by-another");
+    EXPECT_EQ(troubleName(Kind::emptySlot), "empty-slot");
+    EXPECT_EQ(troubleName(Kind::file), "file");
+    std::set<std::string_view> names;
+    for (auto kind = 0U; kind <= static_cast<unsigned>(Kind::nobodyToAsk); ++kind) {
+        EXPECT_TRUE(names.insert(troubleName(static_cast<Kind>(kind))).second) << kind;
+    }
+    EXPECT_THAT(names, Each(MatchesRegex("[a-z]+(-[a-z]+)*")));
+}
+
+TEST(UniqueName, AHiddenNameIsKnownAgain) {
+    const auto name = hiddenName();
+    EXPECT_NE(name, hiddenName());
+    EXPECT_TRUE(isHiddenName(name));
+    EXPECT_FALSE(isHiddenName(name.substr(1)));
+    EXPECT_FALSE(isHiddenName(name + "~"));
+}
+
+TEST(UniqueName, AUuidIsOfTheRandomKind) {
+    const auto uuid = freshUuid();
+    const std::string four = "[0-9A-F][0-9A-F][0-9A-F][0-9A-F]";
+    EXPECT_THAT(uuid, MatchesRegex(four + four + "-" + four + "-4" + four.substr(8) + "-[89AB]" +
+                                   four.substr(8) + "-" + four + four + four));
+    EXPECT_NE(uuid, freshUuid());
+}
+
+}  // namespace
+}  // namespace kzq
