@@ -5,7 +5,7 @@
 
 #include "fuzz_check.h"
 #include "updates/app_version.h"
-#include "updates/property_list.h"
+#include "dormant/property_list.h"
 #include "updates/update_feed.h"
 #include "updates/update_signature.h"
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <limits>
 
-#include "ui/small_helpers.h"
+#include "dormant/small_helpers.h"
 #include "ui/view_width.h"
 #include "virtual_executor.h"
 

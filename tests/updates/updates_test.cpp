@@ -1,10 +1,10 @@
-#include "updates/updates.h"
+#include "dormant/updates.h"
 
 #include <gtest/gtest.h>
 
 #include "tls_server.h"
 #include "updates/maker.h"
-#include "updates/property_list.h"
+#include "dormant/property_list.h"
 #include "virtual_executor.h"
 
 using namespace kzq;

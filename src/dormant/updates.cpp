@@ -1,10 +1,10 @@
-#include "updates/updates.h"
+#include "dormant/updates.h"
 
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include "updates/property_list.h"
+#include "dormant/property_list.h"
 #include "updates/replace_file.h"
 
 namespace kzq {

@@ -1,4 +1,4 @@
-#include "updates/property_list.h"
+#include "dormant/property_list.h"
 
 #include <QXmlStreamReader>
 

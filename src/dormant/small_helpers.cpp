@@ -1,4 +1,4 @@
-#include "ui/small_helpers.h"
+#include "dormant/small_helpers.h"
 
 #include <system_error>
 #include <utility>

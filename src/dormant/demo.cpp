@@ -1,0 +1,1 @@
+#include "dormant/demo.h"
