@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "device/status.h"
+#include "loops/status.h"
 
 namespace kzq::ctl {
 

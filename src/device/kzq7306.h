@@ -14,9 +14,9 @@
 #include "device/device_lock.h"
 #include "device/failure.h"
 #include "device/kzq7306_delegate.h"
-#include "device/status.h"
 #include "device/usb_port.h"
 #include "loops/export_info.h"
+#include "loops/status.h"
 #include "platform/executor.h"
 
 namespace kzq {

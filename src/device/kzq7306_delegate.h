@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "device/status.h"
+#include "loops/status.h"
 #include "platform/fixed.h"
 
 namespace kzq {

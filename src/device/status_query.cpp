@@ -3,6 +3,7 @@
 
 #include "device/commands.h"
 #include "device/kzq7306.h"
+#include "device/replies.h"
 #include "platform/little_endian.h"
 #include "platform/log.h"
 

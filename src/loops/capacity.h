@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "device/status.h"
 #include "loops/export_info.h"
+#include "loops/loops.h"
 
 namespace kzq {
 

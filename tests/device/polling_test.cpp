@@ -1,3 +1,4 @@
+#include "device/replies.h"
 #include "device_fixture.h"
 
 namespace kzq::test {

@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "device/commands.h"
+#include "device/replies.h"
 #include "device/simulator/simulated_pedal.h"
-#include "device/status.h"
 #include "loops/facts.h"
 #include "platform/little_endian.h"
 

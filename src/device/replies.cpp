@@ -1,11 +1,11 @@
-#include "device/status.h"
+#include "device/replies.h"
 
 #include "loops/facts.h"
 #include "platform/little_endian.h"
 
 namespace kzq {
 
-std::optional<Loop> loopFromRecord(std::span<const std::uint8_t> record, std::uint8_t address) {
+std::optional<Loop> loopFromRecord(ByteView record, std::uint8_t address) {
     constexpr std::uint32_t alignment = 64;
     Loop loop;
     loop.address = address;
