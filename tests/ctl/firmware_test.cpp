@@ -122,7 +122,7 @@ TEST_F(FirmwareTest, APedalWithNothingButItsLoaderIsRepaired) {
     EXPECT_EQ(run({"firmware", "install"}), ExitCode::cancelled);
     expectUntouched();
     answer = [] { return Answer::yes; };
-    keepAwake = [] { return ctl::AwakeLock{nullptr, "no bus"}; };
+    keepAwake = [] { return AwakeLock{nullptr, "no bus"}; };
     EXPECT_EQ(run({"firmware", "install"}), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("Do not unplug the pedal"));
     EXPECT_THAT(out.str(), HasSubstr("make a backup first"));

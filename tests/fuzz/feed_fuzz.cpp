@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "dormant/property_list.h"
 #include "fuzz_check.h"
 #include "updates/app_version.h"
-#include "dormant/property_list.h"
 #include "updates/update_feed.h"
 #include "updates/update_signature.h"
 

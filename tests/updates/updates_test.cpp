@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "dormant/property_list.h"
 #include "tls_server.h"
 #include "updates/maker.h"
-#include "dormant/property_list.h"
 #include "virtual_executor.h"
 
 using namespace kzq;
