@@ -111,7 +111,8 @@ TEST_F(Polling, ARequestWaitsForTheLock) {
         executor.sleep(1s);
         usb.note("free");
     });
-    executor.background(Priority::high, [] { looper().control(command::busy); });
+    executor.background(Priority::high,
+                        [] { looper().control(command::busy, pedalRequest, 1, 0, replyLength); });
     executor.advance(2s);
     EXPECT_THAT(usb.calls, ElementsAre("free", "E8/2A 1 0 [8]"));
 }
