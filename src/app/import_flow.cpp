@@ -9,7 +9,7 @@
 #include "audio/wave.h"
 #include "device/kzq7306.h"
 #include "platform/log.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 #include "slots/slot_field.h"
 
 // Loops go from the pedal into files.

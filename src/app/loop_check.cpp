@@ -2,7 +2,7 @@
 
 #include "device/kzq7306.h"
 #include "platform/log.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 
 namespace kzq {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "device/status.h"
+#include "loops/status.h"
 
 namespace kzq {
 

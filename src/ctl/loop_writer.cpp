@@ -1,6 +1,6 @@
 #include "ctl/loop_writer.h"
 
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 
 namespace kzq::ctl {
 

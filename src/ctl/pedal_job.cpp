@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "device/commands.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 
 namespace kzq::ctl {
 namespace {

@@ -11,7 +11,7 @@
 #include "ctl/sentences.h"
 #include "platform/descriptor.h"
 #include "platform/write_all.h"
-#include "slots/capacity.h"
+#include "loops/capacity.h"
 
 namespace kzq::ctl {
 namespace {
