@@ -8,8 +8,9 @@
 #include "app/transfer_run.h"
 #include "audio/wave.h"
 #include "device/kzq7306.h"
-#include "platform/log.h"
 #include "loops/capacity.h"
+#include "loops/facts.h"
+#include "platform/log.h"
 #include "slots/slot_field.h"
 
 // Loops go from the pedal into files.

@@ -1,8 +1,9 @@
 #include "app/loop_check.h"
 
 #include "device/kzq7306.h"
-#include "platform/log.h"
 #include "loops/capacity.h"
+#include "loops/facts.h"
+#include "platform/log.h"
 
 namespace kzq {
 

@@ -5,6 +5,7 @@
 
 #include "ctl/format.h"
 #include "ctl/json_output.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 

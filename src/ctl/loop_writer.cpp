@@ -1,6 +1,7 @@
 #include "ctl/loop_writer.h"
 
 #include "loops/capacity.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 

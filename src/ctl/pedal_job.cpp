@@ -5,6 +5,7 @@
 
 #include "device/commands.h"
 #include "loops/capacity.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

@@ -9,9 +9,10 @@
 
 #include "ctl/file_trouble.h"
 #include "ctl/sentences.h"
+#include "loops/capacity.h"
+#include "loops/facts.h"
 #include "platform/descriptor.h"
 #include "platform/write_all.h"
-#include "loops/capacity.h"
 
 namespace kzq::ctl {
 namespace {
