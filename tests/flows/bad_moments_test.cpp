@@ -289,7 +289,7 @@ TEST_F(BadMoments, AHealthyPedalIsNotResetBecauseTheComputerIsSlow) {
     select({1, 3});
     slowWrite = 10s;
     window->importButton()->click();
-    pass(21s);
+    pass(11s);
     ASSERT_TRUE(shieldUp());
     delegate->progress()->cancel();
     EXPECT_TRUE(becomesIdle());
