@@ -66,6 +66,7 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     fs::current_path("/");
     RunFolder::ofThisRun().remove();
     EXPECT_EQ(std::nullopt, Wave::convertAudioFile(good)) << "the program is quitting";
+    ::unsetenv("TMPDIR");  // NOLINT(concurrency-mt-unsafe): one thread still
 }
 
 TEST_F(WorkingCopy, WhatIsKeptIsOnTheDiskBeforeItHasItsName) {
