@@ -235,7 +235,7 @@ void PedalWorker::settle(const Result& result) {
 
 /// The pedal no longer answers. The news that it left may still be on their way.
 void PedalWorker::lose() {
-    executor_.sleep(departureNotice);
+    attempt([&executor = executor_] { executor.sleep(departureNotice); });
     end(pedalStoppedAnswering());
 }
 
