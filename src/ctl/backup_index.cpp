@@ -6,7 +6,6 @@
 #include <set>
 
 #include "ctl/json_output.h"
-#include "device/commands.h"
 #include "loops/facts.h"
 
 namespace kzq::ctl {

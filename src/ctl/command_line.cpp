@@ -1,6 +1,6 @@
 #include "ctl/command_line.h"
 
-#include "device/commands.h"
+#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

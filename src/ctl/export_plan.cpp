@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <system_error>
 
-#include "device/commands.h"
 #include "loops/facts.h"
 
 namespace kzq::ctl {

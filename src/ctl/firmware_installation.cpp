@@ -6,7 +6,7 @@
 #include "ctl/format.h"
 #include "ctl/json_output.h"
 #include "ctl/timing.h"
-#include "device/commands.h"
+#include "device/wire.h"
 
 namespace kzq::ctl {
 namespace {

@@ -5,7 +5,6 @@
 #include "ctl/command_line.h"
 #include "ctl/nearest.h"
 #include "ctl/slot_list.h"
-#include "device/commands.h"
 #include "loops/facts.h"
 
 namespace kzq::ctl {

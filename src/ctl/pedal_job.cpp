@@ -3,7 +3,6 @@
 #include <numeric>
 #include <utility>
 
-#include "device/commands.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
 

@@ -2,7 +2,8 @@
 
 #include <mutex>
 
-#include "device/commands.h"
+#include "device/replies.h"
+#include "device/wire.h"
 
 namespace kzq::ctl {
 
@@ -24,8 +25,8 @@ std::optional<Status> wholeStatus(KZQ7306& looper) {
 }  // namespace
 
 bool pedalAnswers(KZQ7306& looper) {
-    const auto reply = looper.control(command::stage);
-    return reply && static_cast<char>(reply->at(stageOffset)) != stageNone;
+    const auto reply = looper.control(wire::stage.code);
+    return reply && stageIn(*reply) != stageNone;
 }
 
 StatusReading readStatus(KZQ7306& looper) {

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/kzq7306.h"
 #include "platform/log.h"
 

@@ -1,7 +1,6 @@
 #include <memory>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/kzq7306.h"
 
 namespace kzq {
@@ -66,7 +65,7 @@ KZQ7306::TransferProgress KZQ7306::runningTotal(TransferProgress progress) {
 
 void KZQ7306::abandonTransfer(std::uint8_t endpoint) {
     abortBulkTransfer(endpoint, true);
-    control(command::abandon);
+    ask(wire::abandon);
     setOperation(idle);
 }
 

@@ -1,6 +1,5 @@
 #include <utility>
 
-#include "device/commands.h"
 #include "device/kzq7306.h"
 #include "loops/facts.h"
 
@@ -19,7 +18,7 @@ bool KZQ7306::eraseLoop(std::uint8_t slot) {
         return fail(Failure::badRequest);
     }
     const std::lock_guard guard(*lock_);
-    if (refused(control(command::eraseLoop, address, 0))) {
+    if (!ask(wire::eraseLoop, address).accepted) {
         return false;
     }
     environment_.executor.sleep(erasePause);
@@ -43,7 +42,7 @@ void KZQ7306::eraseBatch(const std::vector<std::uint8_t>& slots, const BatchComp
             ++count;
         }
         if (cancel()) {
-            control(command::abandon);
+            ask(wire::abandon);
             setOperation(idle);
             completion(count);
             return;

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "audio/wave.h"
-#include "device/commands.h"
 #include "device/kzq7306.h"
 #include "loops/facts.h"
 #include "platform/log.h"
@@ -65,9 +64,9 @@ std::uint32_t KZQ7306::sendAudio(const ExportInfo& info, std::span<const std::ui
     constexpr unsigned half = 16;
     const auto size = static_cast<std::uint32_t>(audio.size());
     const auto index = static_cast<std::uint8_t>(info.destination - 1);
-    if (refused(control(command::exportLoop, index, info.occupied ? 1 : 0)) ||
-        refused(control(command::exportLength, static_cast<std::uint16_t>(size),
-                        static_cast<std::uint16_t>(size >> half)))) {
+    if (!ask(wire::exportLoop, index, info.occupied ? 1 : 0).accepted ||
+        !ask(wire::exportLength, static_cast<std::uint16_t>(size), static_cast<std::uint16_t>(size >> half))
+             .accepted) {
         return 0;
     }
     for (std::uint32_t sent = 0; sent < size;) {

@@ -1,7 +1,6 @@
 #include <limits>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/kzq7306.h"
 #include "platform/digest.h"
 #include "platform/little_endian.h"
@@ -56,7 +55,7 @@ bool KZQ7306::beginFirmwareUpdate() {
         return false;
     }
     const bool blank = factoryBlank();
-    if (refused(control(blank ? command::openUpdate : command::enterLoader))) {
+    if (!ask(blank ? wire::openUpdate : wire::enterLoader).accepted) {
         log(LogCategory::device, "flash: the pedal refused to start an update");
         return endFirmwareUpdate(completion, false);
     }
@@ -88,7 +87,7 @@ bool KZQ7306::sendFirmware(const std::vector<std::uint8_t>& image) {
     if (!trailer) {
         return failed("the digest");
     }
-    if (refused(control(command::enterLoader))) {
+    if (!ask(wire::enterLoader).accepted) {
         return failed("the preparation");
     }
     environment_.executor.sleep(preparation);
@@ -96,7 +95,7 @@ bool KZQ7306::sendFirmware(const std::vector<std::uint8_t>& image) {
         return failed("the image");
     }
     environment_.executor.sleep(settling);
-    if (refused(control(command::announceTrailer))) {
+    if (!ask(wire::announceTrailer).accepted) {
         return failed("the announcement of the trailer");
     }
     return write(*trailer) || failed("the trailer");

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "device/class_state.h"
-#include "device/commands.h"
+#include "device/replies.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -72,14 +72,14 @@ void KZQ7306::arrived(const UsbDevicePointer& device) {
         return;
     }
     arriving_ = true;
-    const auto reply = control(command::stage);
+    const auto reply = ask(wire::stage).reply;
     arriving_ = false;
     if (!reply) {
         log(LogCategory::device, "plugged:2 the pedal did not answer the stage query");
         acquisitionFailure_ = Failure::noStage;
         return;
     }
-    const auto now = static_cast<char>(reply->at(stageOffset));
+    const auto now = stageIn(*reply);
     setStage(now);
     if (now != stageNormal && now != stageFactoryBlank) {
         log(LogCategory::device, "plugged:3 the pedal is in an unknown stage");

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "audio/wave.h"
-#include "device/commands.h"
 #include "device/kzq7306.h"
 #include "loops/facts.h"
 #include "platform/log.h"
@@ -32,7 +31,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
         fail(table->complete ? Failure::emptySlot : Failure::noStatus);
         return std::nullopt;
     }
-    if (refused(control(command::importLoop, loop->second.address, loop->second.channel))) {
+    if (!ask(wire::importLoop, loop->second.address, loop->second.channel).accepted) {
         return std::nullopt;
     }
     try {

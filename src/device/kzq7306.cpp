@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "device/class_state.h"
-#include "device/commands.h"
 #include "platform/log.h"
 
 namespace kzq {

@@ -15,6 +15,7 @@
 #include "device/failure.h"
 #include "device/kzq7306_delegate.h"
 #include "device/usb_port.h"
+#include "device/wire.h"
 #include "loops/export_info.h"
 #include "loops/status.h"
 #include "platform/executor.h"
@@ -185,14 +186,14 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
   private:
     KZQ7306(DeviceEnvironment environment, std::shared_ptr<DeviceLock> lock, std::uint64_t macos);
 
-    /// What `control` answers, and whether the reply came whole.
     struct Answer {
-        std::optional<Reply> reply;
-        bool whole = false;
+        std::optional<Reply> reply;  ///< nothing without a pedal
+        bool whole = false;          ///< it came, with all that is used of it
+        bool accepted = false;       ///< there is a pedal, and it did not refuse
     };
-    Answer ask(std::uint8_t code, std::uint8_t request, std::uint16_t value, std::uint16_t index,
-               std::uint16_t length);
-    Answer ask(std::uint8_t code, std::uint16_t length);
+    Answer ask(const wire::Command& command, std::uint16_t value = 1, std::uint16_t index = 0);
+    Answer exchange(const wire::Command& command, std::uint8_t request, std::uint16_t value,
+                    std::uint16_t index);
     template <class Call>
     auto counted(const Call& call);
 
@@ -205,7 +206,6 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     /// Keeps the reason; returns false, for `return fail(...)`.
     bool fail(Failure failure);
-    bool refused(const std::optional<Reply>& reply);
     std::optional<Status> readStatus(bool full, bool& whole);
     bool readLoops(Loops& loops, bool& whole);
     std::optional<std::vector<std::uint8_t>> readAudio(const Loop& loop, std::uint8_t slot,

@@ -1,8 +1,8 @@
 #include <limits>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/kzq7306.h"
+#include "device/replies.h"
 
 namespace kzq {
 
@@ -15,26 +15,33 @@ auto KZQ7306::counted(const Call& call) {
     return result;
 }
 
-KZQ7306::Answer KZQ7306::ask(std::uint8_t code, std::uint8_t request, std::uint16_t value,
-                             std::uint16_t index, std::uint16_t length) {
+KZQ7306::Answer KZQ7306::ask(const wire::Command& command, std::uint16_t value, std::uint16_t index) {
+    auto answer = exchange(command, pedalRequest, value, index);
+    answer.accepted = answer.reply && !(command.refusable && refuses(*answer.reply));
+    if (answer.reply && !answer.accepted) {
+        fail(Failure::refused);
+    }
+    return answer;
+}
+
+KZQ7306::Answer KZQ7306::exchange(const wire::Command& command, std::uint8_t request, std::uint16_t value,
+                                  std::uint16_t index) {
     const std::lock_guard guard(*lock_);
     const auto handle = core();
     if (!handle) {
         fail(Failure::noPedal);
         return {};
     }
-    Reply reply(length);
-    const int came = counted([&] { return handle->control(code, request, value, index, reply); });
-    return {std::move(reply), came >= static_cast<int>(neededLength(code))};
-}
-
-KZQ7306::Answer KZQ7306::ask(std::uint8_t code, std::uint16_t length) {
-    return ask(code, pedalRequest, 1, 0, length);
+    Answer answer{Reply(command.reply)};
+    const int came =
+        counted([&] { return handle->control(command.code, request, value, index, *answer.reply); });
+    answer.whole = came >= int{command.needs};
+    return answer;
 }
 
 std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
                                                std::uint16_t index, std::uint16_t length) {
-    return ask(code, request, value, index, length).reply;
+    return exchange({.code = code, .reply = length}, request, value, index).reply;
 }
 
 std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint8_t request, std::uint16_t value,
@@ -51,17 +58,6 @@ std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code, std::uint16_t 
 std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code) {
     const std::lock_guard guard(*lock_);
     return control(code, pedalRequest, 1, 0, replyLength);
-}
-
-bool KZQ7306::refused(const std::optional<Reply>& reply) {
-    if (!reply) {
-        return true;
-    }
-    if (reply->at(answerOffset) == refusal) {
-        fail(Failure::refused);
-        return true;
-    }
-    return false;
 }
 
 std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {

@@ -1,27 +1,10 @@
-#include <algorithm>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/kzq7306.h"
 #include "device/replies.h"
-#include "platform/little_endian.h"
 #include "platform/log.h"
 
 namespace kzq {
-
-namespace {
-
-constexpr std::size_t versionOffset = 4;
-
-std::optional<std::string> asciiText(std::span<const std::uint8_t> bytes) {
-    constexpr std::uint8_t lastAscii = 127;
-    if (std::any_of(bytes.begin(), bytes.end(), [](std::uint8_t byte) { return byte > lastAscii; })) {
-        return std::nullopt;
-    }
-    return std::string(bytes.begin(), bytes.end());
-}
-
-}  // namespace
 
 std::optional<Status> KZQ7306::status(bool full) {
     const std::lock_guard guard(*lock_);
@@ -40,25 +23,25 @@ std::optional<Status> KZQ7306::status(bool full) {
 
 /// `whole` stays true while the replies come whole; a pedal that is not there is no reply.
 std::optional<Status> KZQ7306::readStatus(bool full, bool& whole) {
-    const auto stage = ask(command::stage, replyLength);
+    const auto stage = ask(wire::stage);
     if (!stage.reply) {
         return std::nullopt;
     }
-    const auto [reply, replied] = ask(command::capacityAndVersion, replyLength);
-    if (!reply) {
+    const auto numbers = ask(wire::capacityAndVersion);
+    if (!numbers.reply) {
         return std::nullopt;
     }
-    whole = stage.whole && replied;
-    const auto version = asciiText(std::span(*reply).subspan(versionOffset));
-    if (!version) {
+    whole = stage.whole && numbers.whole;
+    const auto capacity = capacityIn(*numbers.reply);
+    if (!capacity) {
         log(LogCategory::device, "status: the pedal's version is not ASCII");
         fail(Failure::noStatus);
         return std::nullopt;
     }
-    Status status{loadU32(*reply, 0), *version, {}};
+    Status status{capacity->remaining, capacity->version, {}};
     {
         const std::lock_guard mirror(mirror_);
-        version_ = version;
+        version_ = capacity->version;
     }
     if (full && !readLoops(status.loops, whole)) {
         return std::nullopt;
@@ -67,21 +50,15 @@ std::optional<Status> KZQ7306::readStatus(bool full, bool& whole) {
 }
 
 bool KZQ7306::readLoops(Loops& loops, bool& whole) {
-    constexpr std::uint8_t lastLoopsAddress = 10;
-    for (const auto& [code, first] :
-         {std::pair{command::firstLoops, std::uint8_t{0}}, std::pair{command::lastLoops, lastLoopsAddress}}) {
-        const auto [table, replied] = ask(code, loopTableLength);
-        if (!table) {
+    std::uint8_t first = 0;
+    for (const auto* const command : {&wire::firstLoops, &wire::lastLoops}) {
+        const auto half = ask(*command);
+        if (!half.reply) {
             return false;
         }
-        whole = whole && replied;
-        auto address = first;
-        for (std::size_t offset = 0; offset < table->size(); offset += loopRecordLength, ++address) {
-            const auto record = std::span(*table).subspan(offset, loopRecordLength);
-            if (const auto loop = loopFromRecord(record, address)) {
-                loops.emplace(static_cast<std::uint8_t>(address + 1), *loop);
-            }
-        }
+        whole = whole && half.whole;
+        addLoops(loops, *half.reply, first);
+        first += recordsInReply;
     }
     return true;
 }
@@ -140,11 +117,11 @@ bool KZQ7306::busy(bool* stale) {
         return true;
     }
     const std::lock_guard guard(*lock_, std::adopt_lock);
-    const auto reply = control(command::busy);
+    const auto answer = ask(wire::busy);
     if (stale != nullptr) {
-        *stale = reply && reply->at(sequenceOffset) != autoincrement();
+        *stale = answer.reply && sequenceIn(*answer.reply) != autoincrement();
     }
-    return refused(reply);
+    return !answer.accepted;
 }
 
 }  // namespace kzq

@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "device/commands.h"
+#include "device/wire.h"
 #include "loops/facts.h"
 #include "pedal/command_line.h"
 

@@ -53,7 +53,7 @@ TEST_F(BackupTest, GoesOnWhereTheCableWasPulled) {
     pedal.clearJournal();
     EXPECT_EQ(backup(), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("Loop 2: already saved.\nLoop 5: already saved.\n3 loops backed up"));
-    EXPECT_EQ(sent(command::importLoop), 3) << "what was saved already is compared";
+    EXPECT_EQ(sent(0xE1), 3) << "what was saved already is compared";
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "Loop 20.wav", "backup.json"));
 }
 
@@ -127,7 +127,7 @@ TEST_F(BackupTest, IndexesOfOthersAreLeftAlone) {
     EXPECT_EQ(backup(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("backup.partial.json\" is not a backup index.\n"));
     EXPECT_EQ(contents("backup.partial.json"), Bytes({'{', '}'}));
-    EXPECT_EQ(sent(command::importLoop), 0);
+    EXPECT_EQ(sent(0xE1), 0);
     std::filesystem::create_directory(folder / "backup.json");
     EXPECT_EQ(backup(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("backup.json\" cannot be read.\n"));
@@ -151,7 +151,7 @@ TEST_F(BackupTest, CancelKeepsWhatHasComeWhole) {
     executor.advance(65ms);  // in the only piece of loop 5
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(sent(0xEF), 1);
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "backup.partial.json"));
 }
 

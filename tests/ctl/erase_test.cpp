@@ -14,7 +14,7 @@ using testing::IsEmpty;
 TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     pedal.plugIn();
     EXPECT_EQ(run({"erase", "2-4"}), ExitCode::usage);
-    EXPECT_EQ(sent(command::eraseLoop), 0);
+    EXPECT_EQ(sent(0xED), 0);
     answer = [] { return Answer::yes; };
     EXPECT_EQ(run({"erase", "2-4"}), ExitCode::ok);
     EXPECT_EQ(questions.back(), "Erased loop audio cannot be restored. Would you like to continue?");
@@ -26,7 +26,7 @@ TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     EXPECT_EQ(questions.size(), 2U);
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::ok);
     EXPECT_EQ(pedal.memory(), simulator::PedalMemory());
-    EXPECT_EQ(sent(command::eraseLoop), 3);
+    EXPECT_EQ(sent(0xED), 3);
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
@@ -37,7 +37,7 @@ TEST_F(ToolTest, ALoopRecordedUnderTheQuestionIsNotErased) {
         return Answer::yes;
     };
     EXPECT_EQ(run({"erase", "2"}), ExitCode::pedalRefused);
-    EXPECT_EQ(sent(command::eraseLoop), 0);
+    EXPECT_EQ(sent(0xED), 0);
 }
 
 TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
@@ -72,14 +72,14 @@ TEST_F(ToolTest, OnlyWhatTheUserWasAskedAboutIsErased) {
     };
     EXPECT_EQ(run({"erase", "2", "5"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("Loop 2 was changed on the pedal in the meantime"));
-    EXPECT_EQ(sent(command::eraseLoop), 0);
+    EXPECT_EQ(sent(0xED), 0);
     EXPECT_EQ(run({"erase", "5"}), ExitCode::ok);
 }
 
 TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
     pedal.plugIn();
     port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {
-        if (request == command::firstLoops) {  // loop 2: 715,827,883 frames, whose size wraps to 2 bytes
+        if (request == 0xEB) {  // loop 2: 715,827,883 frames, whose size wraps to 2 bytes
             std::ranges::copy(std::array<std::uint8_t, 4>{0xAB, 0xAA, 0xAA, 0x2A}, reply.begin() + 6);
         }
     };
@@ -98,7 +98,7 @@ TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
         EXPECT_THAT(err.str(), HasSubstr("Loop 2: the pedal gives it a length beyond"));
     }
     EXPECT_EQ(run({"erase", "5", "--yes"}), ExitCode::ok);
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
     EXPECT_TRUE(pedal.memory()[1]);
     port.tamper = {};
     EXPECT_EQ(run({"backup", folder / "backup"}), ExitCode::ok);
@@ -110,10 +110,10 @@ TEST_F(ToolTest, CancelledEraseSendsNoReset) {
     executor.advance(30ms);  // in the pause after the second loop
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(sent(command::eraseLoop), 2);
+    EXPECT_EQ(sent(0xED), 2);
     EXPECT_THAT(out.str(), HasSubstr("\n2 of 3 loops erased.\n"));
     EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
-    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(sent(0xEF), 1);
     const auto journal = pedal.journal();
     EXPECT_TRUE(std::none_of(journal.begin(), journal.end(), [](const simulator::WireEvent& event) {
         return event.kind == simulator::WireEvent::Kind::reset;

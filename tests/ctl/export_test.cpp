@@ -56,7 +56,7 @@ TEST_F(ExportTest, OverwritingNeedsAYes) {
     answer = [] { return Answer::no; };
     EXPECT_EQ(run({"export", a, b, "--slot", "4"}), ExitCode::cancelled);
     EXPECT_THAT(questions, ElementsAre(overwriteQuestion, overwriteQuestion));
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
     EXPECT_EQ(onPedal(5), loopOf(1, 20).audio);
 
     answer = [] { return Answer::yes; };
@@ -91,7 +91,7 @@ TEST_F(ExportTest, OnlyWhatTheUserWasAskedAboutIsOverwritten) {
     EXPECT_EQ(run(both), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("did not report its loops"));
     EXPECT_THAT(err.str(), HasSubstr(" Nothing was changed.\n"));
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
     pedal.clearFaults();
     answer = [this] {
         pedal.setLoop(7, loopOf(2, 1));  // nobody writes there
@@ -123,7 +123,7 @@ TEST_F(ExportTest, CapacityIsAStrictLimit) {
     frames = 40'000'000;  // each for itself would fit
     EXPECT_EQ(run({"export", a, b, "--yes"}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr(b + "\": This file is too large"));
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
 }
 
 TEST_F(ExportTest, NothingIsSentUnlessEverythingCanBe) {
@@ -138,7 +138,7 @@ TEST_F(ExportTest, NothingIsSentUnlessEverythingCanBe) {
     pedal.setLoop(19, std::nullopt);
     EXPECT_EQ(run({"export", a, b}), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("The pedal has only 1 free slot for 2 files."));
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
 }
 
 TEST_F(ExportTest, ALoopThatFailsIsNoSilentSuccess) {
@@ -193,7 +193,7 @@ TEST_F(ExportTest, CancelStopsThePedalInItsOwnWay) {
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
     EXPECT_EQ(executor.elapsed(), 30ms);
-    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(sent(0xEF), 1);
     EXPECT_THAT(onPedal(1), IsEmpty());
     EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 1 was being written; the slot may now be empty.\n");
     EXPECT_THAT(pedal.violations(), IsEmpty());
@@ -246,7 +246,7 @@ TEST_F(ExportTest, CancelDuringAConversionOrAQuestion) {
     pedal.unplug();
     EXPECT_EQ(finish(), ExitCode::noPedal);
     EXPECT_LT(executor.elapsed(), 201s);
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
 }
 
 TEST_F(ExportTest, ProgressLine) {

@@ -34,7 +34,7 @@ class FirmwareTest : public ToolTest {
     }
     /// Nothing has been written to the pedal.
     void expectUntouched() {
-        EXPECT_EQ(sent(command::enterLoader) + sent(command::openUpdate), 0) << out.str();
+        EXPECT_EQ(sent(0xE4) + sent(0xE7), 0) << out.str();
         EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
         EXPECT_FALSE(signalsHeld);
     }
@@ -53,8 +53,7 @@ class FirmwareTest : public ToolTest {
         std::vector<double> all;
         for (const auto& event : pedal.journal()) {
             const bool request = event.kind == simulator::WireEvent::Kind::control &&
-                                 (event.code == command::enterLoader || event.code == command::openUpdate ||
-                                  event.code == command::announceTrailer);
+                                 (event.code == 0xE4 || event.code == 0xE7 || event.code == 0xE5);
             if (request || event.kind == simulator::WireEvent::Kind::bulkOut) {
                 all.push_back(std::chrono::duration<double>(event.time.time_since_epoch()).count());
             }
@@ -130,7 +129,7 @@ TEST_F(FirmwareTest, APedalWithNothingButItsLoaderIsRepaired) {
     EXPECT_EQ(err.str(),
               "kzq7306ctl: Could not keep the computer awake (no bus). Make sure it does not go to sleep.\n");
     EXPECT_EQ(pedal.installedFirmware(), image);
-    EXPECT_EQ(sent(command::openUpdate), 1);
+    EXPECT_EQ(sent(0xE7), 1);
 }
 
 TEST_F(FirmwareTest, NothingUnverifiedIsInstalled) {

@@ -90,7 +90,7 @@ TEST_F(ToolTest, FolderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopFo
     EXPECT_THAT(err.str(), HasSubstr("is not a folder"));
     EXPECT_EQ(run({"import", "--all", "--to", "/proc"}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("No files can be created in the folder \"/proc\""));
-    EXPECT_THAT(sent(command::stage), 0);
+    EXPECT_THAT(sent(0xE9), 0);
 
     EXPECT_EQ(run({"import", "7", "--to", folder / "new/"}), ExitCode::pedalRefused);
     EXPECT_THAT(files(), IsEmpty());
@@ -108,7 +108,7 @@ TEST_F(ToolTest, TooLittleSpaceIsSaidBeforeAnythingMoves) {
                              "folder.\n");
     EXPECT_EQ(run({"backup", at}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("15.1 kB are needed and 5.0 kB are free."));
-    EXPECT_EQ(sent(command::importLoop), 0);
+    EXPECT_EQ(sent(0xE1), 0);
     EXPECT_THAT(files(), IsEmpty());
     freeBytes = 44 + 6000 + 44 + 6;
     EXPECT_EQ(import({"2", "5"}), ExitCode::ok);
@@ -130,7 +130,7 @@ TEST_F(ToolTest, FirstFileErrorEndsTheImport) {
     EXPECT_EQ(finish(), ExitCode::fileError);
     std::filesystem::rename(folder.string() + "-away", folder);
     EXPECT_THAT(files(), ElementsAre("Loop 2.wav"));
-    EXPECT_EQ(sent(command::importLoop), 2);
+    EXPECT_EQ(sent(0xE1), 2);
     EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 5 was not saved: could not write"));
 }
 
@@ -143,7 +143,7 @@ TEST_F(ToolTest, CancelKeepsWholeFilesAndStopsThePedal) {
     EXPECT_EQ(finish(), ExitCode::cancelled);
     EXPECT_EQ(executor.elapsed(), 100ms);
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
-    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(sent(0xEF), 1);
     EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
@@ -196,7 +196,7 @@ TEST_F(ToolTest, TimeInWhichTheProgramWasStoppedIsNoSilence) {
     pedal.plugIn();
     port.pace = 110s;
     start({"import", "2", "--to", folder, "--patience", "20"});
-    ASSERT_TRUE(executor.advanceUntil([this] { return sent(command::importLoop) == 1; }, 5s));
+    ASSERT_TRUE(executor.advanceUntil([this] { return sent(0xE1) == 1; }, 5s));
     port.pace = {};
     executor.main([this] { executor.sleep(100s); });
     EXPECT_EQ(finish(), ExitCode::ok) << err.str();

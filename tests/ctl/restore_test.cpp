@@ -42,11 +42,11 @@ TEST_F(RestoreTest, BackupEraseAllAndRestoreGiveBackEveryBitAlsoWithTheCablePull
     EXPECT_EQ(restore(), ExitCode::noPedal);
     EXPECT_THAT(out.str(), HasSubstr(" of 20 changes made. Run the same command again to continue.\n"));
     EXPECT_THAT(audio(), Not(before));
-    const auto written = sent(command::exportLoop);
+    const auto written = sent(0xE2);
     plugInAgain();
     EXPECT_EQ(restore(), ExitCode::ok);
     EXPECT_EQ(audio(), before);
-    EXPECT_EQ(sent(command::exportLoop), 20 + 1) << "only the loop that was cut off is sent twice";
+    EXPECT_EQ(sent(0xE2), 20 + 1) << "only the loop that was cut off is sent twice";
     EXPECT_LT(written, 20);
     EXPECT_THAT(pedal.violations(), IsEmpty());
     EXPECT_EQ(backup(), ExitCode::ok) << "the audio is that of the backup";
@@ -78,7 +78,7 @@ TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     EXPECT_EQ(run({"restore", folder}), ExitCode::ok);
     EXPECT_EQ(audio(), before);
     EXPECT_THAT(out.str(), HasSubstr("2 loops written, 1 erased, 1 unchanged.\n"));
-    EXPECT_EQ(sent(command::exportLoop), 2);
+    EXPECT_EQ(sent(0xE2), 2);
     EXPECT_EQ(run({"restore", folder}), ExitCode::ok);
     EXPECT_EQ(questions.size(), 3U) << "no question where nothing changes";
 }
@@ -92,7 +92,7 @@ TEST_F(RestoreTest, ALoopRecordedUnderTheQuestionIsNotTouched) {
     };
     EXPECT_EQ(run({"restore", folder}), ExitCode::pedalRefused);
     EXPECT_EQ(audio()[1], loopOf(7, 1).audio);
-    EXPECT_EQ(sent(command::exportLoop) + sent(command::eraseLoop), 0);
+    EXPECT_EQ(sent(0xE2) + sent(0xED), 0);
 }
 
 TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
@@ -122,7 +122,7 @@ TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     EXPECT_EQ(restore(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("backup.json\" is not a backup index."));
     EXPECT_EQ(audio(), before);
-    EXPECT_EQ(sent(command::exportLoop) + sent(command::importLoop), 0);
+    EXPECT_EQ(sent(0xE2) + sent(0xE1), 0);
 }
 
 TEST_F(RestoreTest, ALoopThatCannotBeComparedEndsItUnharmed) {
@@ -131,7 +131,7 @@ TEST_F(RestoreTest, ALoopThatCannotBeComparedEndsItUnharmed) {
     plan("refuse@E1");
     EXPECT_EQ(restore(), ExitCode::pedalRefused);
     EXPECT_THAT(err.str(), HasSubstr("Loop 5 could not be compared, so nothing was changed"));
-    EXPECT_EQ(sent(command::exportLoop), 0);
+    EXPECT_EQ(sent(0xE2), 0);
 }
 
 TEST_F(RestoreTest, ALoopThatReadsBackDifferentIsAFailure) {
@@ -164,7 +164,7 @@ TEST_F(RestoreTest, CancelWhileWriting) {
     executor.advance(75ms);  // in the second of two writes
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(sent(command::abandon), 1);
+    EXPECT_EQ(sent(0xEF), 1);
     EXPECT_EQ(audio()[1], loopOf(1000, 10).audio);
     EXPECT_THAT(audio()[19], IsEmpty());
     EXPECT_THAT(err.str(), HasSubstr("Cancelled. Loop 20 was being written; the slot may now be empty.\n"));

@@ -6,7 +6,7 @@ namespace {
 class Acquisition : public DeviceLinkTest {
   protected:
     Acquisition() {
-        usb.replies[command::stage] = FakeUsb::reply('Y', 'p');
+        usb.replies[0xE9] = FakeUsb::reply('Y', 'p');
         usb.bulk = [](std::size_t, std::size_t&) { return usbSuccess; };
     }
     void loadPresent() {
@@ -32,7 +32,7 @@ TEST_F(Acquisition, FollowsArrivalAndDeparture) {
     load(usb);
     start();
     EXPECT_TRUE(looper().disconnected());
-    usb.replies[command::stage] = FakeUsb::reply('Y', 'b');
+    usb.replies[0xE9] = FakeUsb::reply('Y', 'b');
     usb.arrive();
     EXPECT_THAT(delegate->events, IsEmpty());  // the callback itself only hands over
     executor.settle();
@@ -132,7 +132,7 @@ TEST_F(Acquisition, WithoutADeviceOpensTheFirstPedal) {
 }
 
 TEST_F(Acquisition, KeepsAPedalInAnUnknownStageUnannounced) {
-    usb.replies[command::stage] = FakeUsb::reply('Y', 'x');
+    usb.replies[0xE9] = FakeUsb::reply('Y', 'x');
     loadPresent();
     EXPECT_THAT(tags, ElementsAre("plugged:3"));
     EXPECT_EQ(looper().stage(), 'x');
@@ -190,7 +190,7 @@ TEST_F(Acquisition, ComingAndGoingKeepTheirTurnWhileAnotherThreadHasThePedal) {
 
 TEST_F(Acquisition, RequestsWithoutAPedalAnswerNothingAndTouchNothing) {
     load(usb);
-    EXPECT_EQ(looper().control(command::busy), std::nullopt);
+    EXPECT_EQ(looper().control(0xE8), std::nullopt);
     EXPECT_EQ(looper().read(8), std::nullopt);
     EXPECT_FALSE(looper().write(std::vector<std::uint8_t>(8)));
     looper().abortBulkTransfer(pedalBulkIn, true);

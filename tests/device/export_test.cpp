@@ -81,9 +81,9 @@ TEST_F(Export, ALoopThatFailsDoesNotStopTheOthers) {
     stageFrames(7, 2000);
     stageFrames(8, 10);
     stageFrames(9, 10);
-    pedal.plan({FaultKind::refuse, Where::control, command::exportLength, 1});
+    pedal.plan({FaultKind::refuse, Where::control, 0xE3, 1});
     pedal.plan({FaultKind::stall, Where::bulkOut, {}, 2});
-    pedal.plan({FaultKind::refuse, Where::control, command::exportLoop, 4});
+    pedal.plan({FaultKind::refuse, Where::control, 0xE2, 4});
     exportLoops();
     executor.settle();
     EXPECT_EQ(results, (Pairs{{2, 0}, {4, 0}, {5, 0}, {6, 0}, {7, 0}, {8, 60}, {9, 0}}));
@@ -172,7 +172,7 @@ TEST_F(Erase, EmptiesSlotsWithAPauseAfterEachAndIsIdleOnlyAfterItsCompletion) {
 }
 
 TEST_F(Erase, RefusalsOnlyLowerTheCount) {
-    pedal.plan({FaultKind::refuse, Where::control, command::eraseLoop, 1, true});
+    pedal.plan({FaultKind::refuse, Where::control, 0xED, 1, true});
     eraseLoops({1, 3, 10});
     executor.settle();
     EXPECT_THAT(counts, ElementsAre(0));

@@ -70,7 +70,7 @@ TEST_F(Import, ReadsTheLoopTableForEachLoop) {
 }
 
 TEST_F(Import, ASlotThatFailsDoesNotStopTheBatch) {
-    pedal.plan({FaultKind::refuse, Where::control, command::importLoop, 2});
+    pedal.plan({FaultKind::refuse, Where::control, 0xE1, 2});
     pedal.plan({FaultKind::stall, Where::bulkIn, {}, 3});
     importLoops({0, 1, 21, 2, 3, 3, 10, 11});
     executor.settle();

@@ -8,11 +8,11 @@ namespace {
 class Polling : public DeviceLinkTest {
   protected:
     Polling() {
-        usb.replies[command::stage] = FakeUsb::reply('Y', 'p');
-        usb.replies[command::busy] = FakeUsb::reply('Y', 0, 7);
-        usb.replies[command::capacityAndVersion] = {1, 2, 3, 4, '1', '.', '0', '5'};
-        setLoop(command::firstLoops, 0, {1, 0, 0, 0, 1, 1});
-        setLoop(command::lastLoops, 0, {0, 0, 1, 0, 120, 255});
+        usb.replies[0xE9] = FakeUsb::reply('Y', 'p');
+        usb.replies[0xE8] = FakeUsb::reply('Y', 0, 7);
+        usb.replies[0xEA] = {1, 2, 3, 4, '1', '.', '0', '5'};
+        setLoop(0xEB, 0, {1, 0, 0, 0, 1, 1});
+        setLoop(0xEC, 0, {0, 0, 1, 0, 120, 255});
         usb.present = true;
         load(usb);
         start();
@@ -43,7 +43,7 @@ TEST_F(Polling, ReadsTheWholeStatusEveryFiveSecondsAndReportsOnlyChanges) {
     EXPECT_EQ(usb.calls.size(), 15U);
     EXPECT_EQ(delegate->events.size(), 1U);
 
-    setLoop(command::firstLoops, 9, {64, 0, 0, 0, 1, 2});
+    setLoop(0xEB, 9, {64, 0, 0, 0, 1, 2});
     executor.advance(5s);
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 3@20000"));
     EXPECT_EQ(delegate->last.loops.at(10), (Loop{9, 64, 1, 2, 384, 384}));
@@ -85,7 +85,7 @@ TEST_F(Polling, GoesOnSilentlyWithoutAPedalAndForgetsNothing) {
 TEST_F(Polling, SkipsWhileBusyButRefreshDoesNot) {
     executor.advance(5s);
     usb.calls.clear();
-    usb.replies[command::busy] = FakeUsb::reply('N');
+    usb.replies[0xE8] = FakeUsb::reply('N');
     executor.advance(5s);
     EXPECT_THAT(usb.calls, ElementsAre("E8/2A 1 0 [8]"));
     usb.calls.clear();
@@ -98,8 +98,8 @@ TEST_F(Polling, SkipsWhileBusyButRefreshDoesNot) {
     EXPECT_EQ(usb.calls.size(), 8U);  // no busy query, and no further poll scheduled
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000", "changed 2@15000"));
     looper().setOperation(KZQ7306::idle);
-    usb.replies[command::busy] = FakeUsb::reply('Y');
-    setLoop(command::firstLoops, 5, {9, 0, 0, 0, 1, 1});
+    usb.replies[0xE8] = FakeUsb::reply('Y');
+    setLoop(0xEB, 5, {9, 0, 0, 0, 1, 1});
     looper().refresh();
     executor.advance(20s);  // a poll does not repeat what a refresh has reported
     EXPECT_EQ(delegate->events.size(), 4U);
@@ -111,8 +111,7 @@ TEST_F(Polling, ARequestWaitsForTheLock) {
         executor.sleep(1s);
         usb.note("free");
     });
-    executor.background(Priority::high,
-                        [] { looper().control(command::busy, pedalRequest, 1, 0, replyLength); });
+    executor.background(Priority::high, [] { looper().control(0xE8, pedalRequest, 1, 0, replyLength); });
     executor.advance(2s);
     EXPECT_THAT(usb.calls, ElementsAre("free", "E8/2A 1 0 [8]"));
 }
@@ -125,7 +124,7 @@ TEST_F(Polling, BusyFollowsOperationStageAndPedal) {
     looper().setAutoincrement(7);
     EXPECT_FALSE(looper().busy(&stale));
     EXPECT_FALSE(stale);
-    usb.replies[command::busy] = FakeUsb::reply('N', 0, 9);
+    usb.replies[0xE8] = FakeUsb::reply('N', 0, 9);
     EXPECT_TRUE(looper().busy(&stale));
     EXPECT_TRUE(stale);
 
@@ -182,18 +181,16 @@ TEST_F(Polling, QueriesReadPartsOfTheStatus) {
     ASSERT_TRUE(loops);
     EXPECT_EQ(loops->size(), 2U);
 
-    usb.replies[command::capacityAndVersion][5] = 0x80;
+    usb.replies[0xEA][5] = 0x80;
     EXPECT_EQ(looper().status(false), std::nullopt);
-    usb.replies[command::capacityAndVersion][5] = '.';
-    usb.replies.erase(command::lastLoops);  // a table that fails reads as empty slots
+    usb.replies[0xEA][5] = '.';
+    usb.replies.erase(0xEC);  // a table that fails reads as empty slots
     EXPECT_EQ(looper().loops()->size(), 1U);
 }
 
 TEST_F(Polling, AStatusIsCompleteWhenItsFourRepliesBroughtWhatIsUsedOfThem) {
-    const std::vector<std::pair<std::uint8_t, std::size_t>> needs = {{command::stage, 6},
-                                                                     {command::capacityAndVersion, 8},
-                                                                     {command::firstLoops, 60},
-                                                                     {command::lastLoops, 60}};
+    const std::vector<std::pair<std::uint8_t, std::size_t>> needs = {
+        {0xE9, 6}, {0xEA, 8}, {0xEB, 60}, {0xEC, 60}};
     for (const auto& [code, length] : needs) {
         const auto full = usb.replies[code];
         usb.replies[code].resize(length);
@@ -206,26 +203,26 @@ TEST_F(Polling, AStatusIsCompleteWhenItsFourRepliesBroughtWhatIsUsedOfThem) {
 
 TEST_F(Polling, AnIncompleteStatusIsNoNewsAndTheNextWholeOneIs) {
     executor.advance(5s);
-    const auto table = usb.replies[command::firstLoops];
-    usb.replies.erase(command::firstLoops);
+    const auto table = usb.replies[0xEB];
+    usb.replies.erase(0xEB);
     executor.advance(5s);
     looper().refresh();
     executor.settle();
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000"));
-    usb.replies[command::firstLoops] = table;
+    usb.replies[0xEB] = table;
     executor.advance(5s);
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000"));
 
     // The same when the table is lost to a query, as to the one at an arrival.
-    usb.replies.erase(command::firstLoops);
+    usb.replies.erase(0xEB);
     EXPECT_FALSE(looper().loops()->complete);
-    usb.replies[command::firstLoops] = table;
+    usb.replies[0xEB] = table;
     executor.advance(10s);
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000", "changed 2@20000"));
 }
 
 TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
-    usb.replies[command::importLoop] = FakeUsb::reply('Y');
+    usb.replies[0xE1] = FakeUsb::reply('Y');
     usb.bulk = [this](std::size_t, std::size_t&) {
         looper().cancelTransfer();
         return usbSuccess;
@@ -242,7 +239,13 @@ TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
 }
 
 TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {
-    const auto loop = [](std::vector<std::uint8_t> record) { return loopFromRecord(record, 3); };
+    const auto loop = [](std::vector<std::uint8_t> reply) -> std::optional<Loop> {
+        reply.insert(reply.begin(), 3 * 6, 0);
+        reply.resize(60);
+        Loops loops;
+        addLoops(loops, reply, 0);
+        return loops.empty() ? std::nullopt : std::optional(loops.at(4));
+    };
     EXPECT_EQ(loop({0, 0, 0, 0, 1, 1}), std::nullopt);
     EXPECT_EQ(loop({1, 0, 0, 0, 0, 1}), std::nullopt);
     EXPECT_EQ(loop({1, 0, 0, 0, 1, 0}), std::nullopt);

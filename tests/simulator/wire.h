@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "device/commands.h"
 #include "device/simulator/simulated_pedal.h"
+#include "device/wire.h"
 #include "platform/little_endian.h"
 #include "virtual_executor.h"
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "device/commands.h"
 #include "device/usb_port.h"
+#include "device/wire.h"
 #include "platform/executor.h"
 
 namespace kzq::test {

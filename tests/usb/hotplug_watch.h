@@ -5,9 +5,9 @@
 #include <thread>
 #include <vector>
 
-#include "device/commands.h"
 #include "device/libusb/libusb_port.h"
 #include "device/simulator/emulated/usbfs_node.h"
+#include "device/wire.h"
 
 namespace kzq {
 

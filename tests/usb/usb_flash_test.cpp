@@ -71,11 +71,11 @@ class UsbFlash : public LinkedPedalTest {
                 return "";
         }
         switch (event.code) {
-            case command::enterLoader:
+            case 0xE4:
                 return "E4";
-            case command::announceTrailer:
+            case 0xE5:
                 return "E5";
-            case command::openUpdate:
+            case 0xE7:
                 return "E7";
             default:
                 return "";

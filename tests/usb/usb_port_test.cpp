@@ -141,7 +141,7 @@ TEST_F(UsbPortTest, ADepartureEndsABlockedReadAndLeavesTheReferenceSafe) {
     auto read = blockedRead();
     pedal_.unplug();
     EXPECT_EQ(soon(read), usbNoDevice);
-    EXPECT_EQ(command(command::stage), usbNoDevice);
+    EXPECT_EQ(command(0xE9), usbNoDevice);
     ASSERT_TRUE(watch_.waitFor(2));
     handle_.reset();
     watch_.forget();  // now only `first` keeps the device
@@ -151,7 +151,7 @@ TEST_F(UsbPortTest, ADepartureEndsABlockedReadAndLeavesTheReferenceSafe) {
     EXPECT_THAT(log_, Contains(HasSubstr("LIBUSB_ERROR_NO_DEVICE")));
 
     acquire();
-    EXPECT_EQ(command(command::stage), int{replyLength});
+    EXPECT_EQ(command(0xE9), int{replyLength});
     EXPECT_EQ(reply_[stageOffset], 'p');
     EXPECT_EQ(port_.open(first, result), nullptr) << "the old one is not the new one";
 }
@@ -161,7 +161,7 @@ TEST_F(UsbPortTest, AResetFromAnotherThreadEndsABlockedReadAndKeepsTheHandle) {
     auto read = blockedRead();
     EXPECT_EQ(handle_->reset(), usbSuccess);
     EXPECT_EQ(soon(read), usbNoDevice);
-    EXPECT_EQ(command(command::stage), int{replyLength});
+    EXPECT_EQ(command(0xE9), int{replyLength});
     EXPECT_EQ(reply_[stageOffset], 'p');
     EXPECT_EQ(watch_.seen().size(), 1) << "a reset is no departure";
 }
@@ -188,7 +188,7 @@ TEST_F(UsbPortTest, TellsWhyAPedalCannotBeOpened) {
     bus_.setPermitted(true);
     handle_ = port_.open(pedalVendor, pedalProduct, result);
     EXPECT_EQ(result, usbSuccess);
-    EXPECT_EQ(command(command::stage), int{replyLength});
+    EXPECT_EQ(command(0xE9), int{replyLength});
 }
 
 TEST_F(UsbPortTest, SendsALargeWriteInPiecesAndCountsWhatWentOut) {
@@ -206,7 +206,7 @@ TEST_F(UsbPortTest, SendsALargeWriteInPiecesAndCountsWhatWentOut) {
     };
     const std::vector<std::uint8_t> image(200'000, 0x5A);
     std::size_t transferred = 0;
-    ASSERT_EQ(command(command::enterLoader), int{replyLength});
+    ASSERT_EQ(command(0xE4), int{replyLength});
     clock_.advance(std::chrono::seconds(8));
 
     EXPECT_EQ(handle_->bulkOut(pedalBulkOut, image, transferred), usbSuccess);
@@ -230,7 +230,7 @@ TEST_F(UsbPortTest, SendsALargeWriteInPiecesAndCountsWhatWentOut) {
 
 TEST_F(UsbPortTest, ReadsAsMuchAsComes) {
     acquire();
-    ASSERT_EQ(command(command::importLoop, 0, 1), int{replyLength});
+    ASSERT_EQ(command(0xE1, 0, 1), int{replyLength});
     std::vector<std::uint8_t> piece(transferPiece);
     std::size_t transferred = 0;
     EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbSuccess);
@@ -242,29 +242,29 @@ TEST_F(UsbPortTest, ReadsAsMuchAsComes) {
     EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbOverflow);
 
     plan(FaultKind::shorten, Fault::Where::control);
-    EXPECT_EQ(command(command::stage), replyLength / 2);
+    EXPECT_EQ(command(0xE9), replyLength / 2);
 }
 
 TEST_F(UsbPortTest, SaysNoInThePedalsPlaceOnlyWhereTheHostRefused) {
     acquire();
     bus_.rules().nextControlStatus = -EPROTO;
-    EXPECT_EQ(command(command::importLoop, 0, 1), usbIo);
+    EXPECT_EQ(command(0xE1, 0, 1), usbIo);
     EXPECT_EQ(reply_[answerOffset], 0) << "lost on the bus: nobody said no";
     plan(FaultKind::stall, Fault::Where::control);
-    EXPECT_EQ(command(command::importLoop, 0, 1), usbPipe);
+    EXPECT_EQ(command(0xE1, 0, 1), usbPipe);
     EXPECT_EQ(reply_[answerOffset], 0) << "the pedal stalled, which the host must not judge";
 
     bus_.rules().checksRecipient = true;
     pedal_.clearJournal();
     log_.clear();
-    EXPECT_EQ(command(command::importLoop, 0, 1), int{replyLength});
+    EXPECT_EQ(command(0xE1, 0, 1), int{replyLength});
     EXPECT_EQ(reply_[answerOffset], refusal);
-    EXPECT_EQ(command(command::importLoop, 0, 2), int{replyLength});
+    EXPECT_EQ(command(0xE1, 0, 2), int{replyLength});
     EXPECT_EQ(reply_[answerOffset], refusal);
     EXPECT_THAT(pedal_.journal(), IsEmpty());
     EXPECT_THAT(log_, ElementsAre(HasSubstr("the host refused request 0xE1")));
 
-    EXPECT_EQ(command(command::exportLoop, 0, 1), int{replyLength});
+    EXPECT_EQ(command(0xE2, 0, 1), int{replyLength});
     EXPECT_NE(reply_[answerOffset], refusal) << "all other commands pass";
 }
 

@@ -11,9 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "device/commands.h"
 #include "device/simulator/usbip/connection.h"
 #include "device/simulator/usbip/usbip_wire.h"
+#include "device/wire.h"
 #include "platform/little_endian.h"
 
 namespace kzq::simulator::usbip {

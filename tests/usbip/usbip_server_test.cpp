@@ -78,7 +78,7 @@ TEST_F(UsbipServerTest, BelongsToOneComputerUntilThatHangsUp) {
     ASSERT_EQ(second->import(), 0);
     EXPECT_EQ(second->record.size(), 312);
     EXPECT_EQ(ImportClient(place_).import(), busy);
-    EXPECT_EQ(second->command(command::stage).data.at(stageOffset), 'p');
+    EXPECT_EQ(second->command(0xE9).data.at(stageOffset), 'p');
 
     ImportClient wrongVersion(place_);
     wrongVersion.send({0x01, 0x06, 0x80, 0x03, 0, 0, 0, 0});
@@ -90,7 +90,7 @@ TEST_F(UsbipServerTest, BelongsToOneComputerUntilThatHangsUp) {
     while (third.import() == busy) {
         third = ImportClient(place_);
     }
-    EXPECT_EQ(third.command(command::stage).data.at(stageOffset), 'p');
+    EXPECT_EQ(third.command(0xE9).data.at(stageOffset), 'p');
 }
 
 TEST_F(UsbipServerTest, AnswersWhatEveryDeviceIsAsked) {
@@ -121,7 +121,7 @@ TEST_F(UsbipServerTest, CarriesLoopsBothWays) {
     ImportClient client(place_);
     ASSERT_EQ(client.import(), 0);
     client.control(0x00, 9, 1, 0, 0);
-    EXPECT_EQ(client.command(command::importLoop, 3, 255).data.at(answerOffset), 'Y');
+    EXPECT_EQ(client.command(0xE1, 3, 255).data.at(answerOffset), 'Y');
     client.submit(1, true, 1024);
     client.submit(1, true, 64);
     auto loop = client.answer(true).data;
@@ -131,8 +131,8 @@ TEST_F(UsbipServerTest, CarriesLoopsBothWays) {
     loop.resize(loopBytes);
     EXPECT_EQ(loop, pedal_.memory()[3]->audio);
 
-    client.command(command::exportLoop, 5, 0);
-    client.command(command::exportLength, 6 * 171, 0);
+    client.command(0xE2, 5, 0);
+    client.command(0xE3, 6 * 171, 0);
     client.submit(2, false, 1024, ImportClient::Bytes(8), {loop.begin(), loop.begin() + 1024});
     EXPECT_EQ(client.answer(false).length, 1024);
     client.submit(2, false, 2, ImportClient::Bytes(8), {loop.begin() + 1024, loop.end()});
@@ -169,7 +169,7 @@ TEST_F(UsbipServerTest, TransfersWaitInTurnAndCanBeTakenBack) {
     client.answer(true);
     client.submit(1, true, 64);  // waits: all has been sent
     client.control(0x00, 9, 1, 0, 0);
-    client.command(command::importLoop, 3, 255);
+    client.command(0xE1, 3, 255);
     EXPECT_EQ(client.answer(true).data.size(), 64) << "a reset of the port starts the stream anew";
 }
 
@@ -178,8 +178,8 @@ TEST_F(UsbipServerTest, FaultsReachTheComputerAsItsOwnErrors) {
     ASSERT_EQ(client.import(), 0);
     const auto plan = [this](const char* text) { pedal_.plan(*faultFromText(text)); };
     plan("stall@E9");
-    EXPECT_EQ(client.command(command::stage).status, stalled);
-    client.command(command::importLoop, 3, 255);
+    EXPECT_EQ(client.command(0xE9).status, stalled);
+    client.command(0xE1, 3, 255);
     plan("shorten@in");
     client.submit(1, true, 64);
     EXPECT_EQ(client.answer(true).length, 32);

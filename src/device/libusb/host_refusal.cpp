@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <string>
 
-#include "device/commands.h"
 #include "device/usb_port.h"
+#include "device/wire.h"
 #include "platform/log.h"
 
 namespace kzq {

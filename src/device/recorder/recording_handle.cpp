@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "device/recorder/call_words.h"
+#include "device/wire.h"
 
 namespace kzq::recorder {
 
@@ -36,6 +37,9 @@ UsbResult RecordingHandle::releaseInterface(int interface) {
 
 int RecordingHandle::control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                              std::uint16_t index, std::span<std::uint8_t> reply) {
+    if (const auto* const command = wire::find(requestType)) {
+        recorder_->note(command->name);
+    }
     const unsigned call =
         recorder_->begin(words::control(number_, requestType, request, value, index, reply.size()));
     const int result = handle_->control(requestType, request, value, index, reply);

@@ -5,9 +5,8 @@
 #include <chrono>
 #include <cstdio>
 
-#include "device/commands.h"
-#include "device/replies.h"
 #include "device/simulator/simulated_pedal.h"
+#include "device/wire.h"
 #include "loops/facts.h"
 #include "platform/little_endian.h"
 
@@ -15,28 +14,9 @@ namespace kzq::simulator {
 
 namespace {
 
+using wire::Word;
+
 constexpr std::chrono::milliseconds erasePause{25};
-
-struct Shape {
-    std::uint8_t code;
-    bool takesValue = false;
-    bool takesIndex = false;
-    std::uint16_t length = replyLength;
-};
-
-constexpr std::array<Shape, 13> shapes{{{command::importLoop, true, true},
-                                        {command::exportLoop, true, true},
-                                        {command::exportLength, true, true},
-                                        {command::enterLoader},
-                                        {command::announceTrailer},
-                                        {command::openUpdate},
-                                        {command::busy},
-                                        {command::stage},
-                                        {command::capacityAndVersion},
-                                        {command::firstLoops, false, false, loopTableLength},
-                                        {command::lastLoops, false, false, loopTableLength},
-                                        {command::eraseLoop, true},
-                                        {command::abandon}}};
 
 std::string commandName(std::uint8_t code) {
     std::array<char, 3> text{};
@@ -52,9 +32,8 @@ void SimulatedPedal::inspect(const SetupPacket& setup) {
         journal_.violation(name + " less than 25 ms after an erase");
     }
 
-    const auto* const shape = std::find_if(shapes.begin(), shapes.end(),
-                                           [&](const Shape& s) { return s.code == setup.requestType; });
-    if (shape == shapes.end()) {
+    const auto* const command = wire::find(setup.requestType);
+    if (command == nullptr) {
         journal_.violation("the pedal has no command " + name);
         return;
     }
@@ -62,42 +41,36 @@ void SimulatedPedal::inspect(const SetupPacket& setup) {
     if (setup.request != pedalRequest) {
         complain("bRequest");
     }
-    if (setup.length != shape->length) {
+    if (setup.length != command->reply) {
         complain("wLength");
     }
-    if (!shape->takesValue && setup.value != 1) {
+    if (command->value == Word::one && setup.value != 1) {
         complain("wValue");
     }
-    if (!shape->takesIndex && setup.index != 0) {
+    if (command->index == Word::zero && setup.index != 0) {
         complain("wIndex");
     }
-    inspectParameters(setup);
+    inspectParameters(setup, *command);
 }
 
-void SimulatedPedal::inspectParameters(const SetupPacket& setup) {
-    const std::uint8_t code = setup.requestType;
-    const std::string name = commandName(code);
-    if (code == command::exportLength) {
-        if (setup.value == 0 && setup.index == 0) {
-            journal_.violation("E3 announces no audio");
-        }
-        return;
+void SimulatedPedal::inspectParameters(const SetupPacket& setup, const wire::Command& command) {
+    const std::string name = commandName(command.code);
+    if (command.value == Word::lowLength && setup.value == 0 && setup.index == 0) {
+        journal_.violation(name + " announces no audio");
     }
-    const bool hasAddress =
-        code == command::importLoop || code == command::exportLoop || code == command::eraseLoop;
-    if (!hasAddress) {
+    if (command.value != Word::address) {
         return;
     }
     if (setup.value >= loopSlots) {
         journal_.violation(name + " with the address " + std::to_string(setup.value));
         return;
     }
-    if (code == command::importLoop && (setup.index == 0 || setup.index > 255)) {
-        journal_.violation("E1 with the channel " + std::to_string(setup.index));
+    if (command.index == Word::channel && (setup.index == 0 || setup.index > 255)) {
+        journal_.violation(name + " with the channel " + std::to_string(setup.index));
     }
     const unsigned occupied = loops_.at(setup.value) ? 1 : 0;
-    if (code == command::exportLoop && setup.index != occupied) {
-        journal_.violation("E2 with the flag " + std::to_string(setup.index) + " for a slot that " +
+    if (command.index == Word::occupied && setup.index != occupied) {
+        journal_.violation(name + " with the flag " + std::to_string(setup.index) + " for a slot that " +
                            (occupied ? "holds a loop" : "is empty"));
     }
 }
@@ -118,34 +91,34 @@ TransferResult SimulatedPedal::command(const SetupPacket& setup, std::span<std::
 
 std::optional<SimulatedPedal::ReplyBody> SimulatedPedal::execute(const SetupPacket& setup) {
     switch (setup.requestType) {
-        case command::importLoop:
+        case wire::importLoop.code:
             return answer(startImport(setup.value, setup.index));
-        case command::exportLoop:
+        case wire::exportLoop.code:
             return answer(announceExport(setup.value));
-        case command::exportLength:
+        case wire::exportLength.code:
             return answer(announceLength(setup.value | static_cast<std::size_t>(setup.index) << 16));
-        case command::enterLoader:
+        case wire::enterLoader.code:
             return answer(enterLoader());
-        case command::announceTrailer:
+        case wire::announceTrailer.code:
             return answer(loader_.announceTrailer(executor_.now()));
-        case command::openUpdate:
+        case wire::openUpdate.code:
             if (!inLoader()) {
                 journal_.violation("E7 to a pedal that runs its firmware");
             }
             return answer(inLoader());
-        case command::busy:
+        case wire::busy.code:
             return stateReply(!busy_);
-        case command::stage:
+        case wire::stage.code:
             return stateReply(true);
-        case command::capacityAndVersion:
+        case wire::capacityAndVersion.code:
             return capacityReply();
-        case command::firstLoops:
+        case wire::firstLoops.code:
             return loopTable(0);
-        case command::lastLoops:
-            return loopTable(loopSlots / 2);
-        case command::eraseLoop:
+        case wire::lastLoops.code:
+            return loopTable(recordsInReply);
+        case wire::eraseLoop.code:
             return answer(eraseLoop(setup.value));
-        case command::abandon:
+        case wire::abandon.code:
             dropStreams();
             return answer(true);
         default:
@@ -178,11 +151,11 @@ SimulatedPedal::ReplyBody SimulatedPedal::capacityReply() const {
 
 SimulatedPedal::ReplyBody SimulatedPedal::loopTable(std::size_t first) const {
     ReplyBody body;
-    body.length = loopTableLength;
+    body.length = wire::tableLength;
     if (inLoader()) {
         return body;
     }
-    for (std::size_t i = 0; i < loopSlots / 2; ++i) {
+    for (std::size_t i = 0; i < recordsInReply; ++i) {
         const LoopPointer& loop = loops_.at(first + i);
         if (!loop) {
             continue;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/simulator/simulated_pedal.h"
+#include "device/wire.h"
 #include "loops/facts.h"
 
 namespace kzq::simulator {

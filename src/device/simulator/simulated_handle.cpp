@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "device/commands.h"
+#include "device/wire.h"
 
 namespace kzq::simulator {
 

@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-#include "device/commands.h"
 #include "device/simulator/fault_plan.h"
 #include "device/simulator/firmware_loader.h"
 #include "device/simulator/pedal_memory.h"
 #include "device/simulator/wire_journal.h"
+#include "device/wire.h"
 #include "loops/facts.h"
 #include "platform/executor.h"
 #include "platform/fixed.h"
@@ -131,7 +131,7 @@ class SimulatedPedal : Fixed {
         LoopPointer loop;
     };
     struct ReplyBody {
-        std::array<std::uint8_t, loopTableLength> bytes{};
+        std::array<std::uint8_t, wire::tableLength> bytes{};
         std::size_t length = replyLength;
     };
     /// Audio being sent to the computer.
@@ -156,7 +156,7 @@ class SimulatedPedal : Fixed {
     void announceNews(Lock& lock);
 
     void inspect(const SetupPacket& setup);
-    void inspectParameters(const SetupPacket& setup);
+    void inspectParameters(const SetupPacket& setup, const wire::Command& command);
     TransferResult command(const SetupPacket& setup, std::span<std::uint8_t> reply,
                            std::optional<FaultKind> fault);
     std::optional<ReplyBody> execute(const SetupPacket& setup);

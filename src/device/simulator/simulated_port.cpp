@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/simulator/simulated_handle.h"
 #include "device/simulator/simulated_host.h"
+#include "device/wire.h"
 
 namespace kzq::simulator {
 

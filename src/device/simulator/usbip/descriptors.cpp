@@ -1,6 +1,6 @@
 #include "device/simulator/usbip/descriptors.h"
 
-#include "device/commands.h"
+#include "device/wire.h"
 
 namespace kzq::simulator::usbip {
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "device/commands.h"
 #include "device/simulator/usbip/connection.h"
 #include "device/simulator/usbip/descriptors.h"
+#include "device/wire.h"
 
 namespace kzq::simulator::usbip {
 

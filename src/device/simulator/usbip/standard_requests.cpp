@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "device/commands.h"
 #include "device/simulator/usbip/descriptors.h"
+#include "device/wire.h"
 
 namespace kzq::simulator::usbip {
 

@@ -5,8 +5,8 @@
 #include <set>
 #include <utility>
 
-#include "device/commands.h"
 #include "device/simulator/usbip/connection.h"
+#include "device/wire.h"
 #include "platform/little_endian.h"
 #include "platform/log.h"
 
