@@ -3,7 +3,6 @@
 
 #include "app/absence.h"
 #include "app/app_delegate.h"
-#include "app/arrival_watch.h"
 #include "app/busy_question.h"
 #include "app/main_window.h"
 #include "app/menu_bar.h"
@@ -68,7 +67,6 @@ void AppDelegate::applicationDidFinishLaunching() {
     connectButtons();
     window_.centre();
     KZQ7306::initialize(shared_from_this());
-    watchArrivals(environment_.executor);
     if (environment_.diagnose) {
         absence_ = Absence::watch(environment_.executor, window_, environment_.diagnose);
     }

@@ -21,17 +21,15 @@ PedalWorker::PedalWorker(Executor& executor, std::shared_ptr<KZQ7306> looper, Ex
     : executor_(executor), looper_(std::move(looper)), limit_(patience) {}
 
 void PedalWorker::start() {
-    patience_ = std::make_shared<Patience>(executor_, limit_, [weak = weak_from_this()] {
+    watch_.emplace(executor_, looper_, limit_, [weak = weak_from_this()] {
         if (const auto self = weak.lock()) {
             self->end(pedalStoppedAnswering());
         }
     });
-    patience_->start();
-    patience_->suspend();
 }
 
 void PedalWorker::rest() {
-    patience_->stop();
+    watch_.reset();
 }
 
 std::optional<Explanation> PedalWorker::ended() const {
@@ -54,7 +52,6 @@ void PedalWorker::end(const Explanation& reason) {
         endedFlag_ = true;
     }
     changed_.notify();
-    patience_->stop();
     if (transferring()) {
         endByForce();
     }
@@ -110,12 +107,10 @@ bool PedalWorker::attempt(std::function<void()> task) {
 
 std::optional<Status> PedalWorker::status() {
     const auto reading = std::make_shared<StatusReading>();
-    patience_->touch();
     const bool came = perform(true, [looper = looper_, reading](const Done& done) {
         *reading = readStatus(*looper);
         done();
     });
-    patience_->suspend();
     if (!came || ended()) {
         return std::nullopt;
     }
@@ -132,11 +127,7 @@ std::optional<std::vector<std::uint8_t>> PedalWorker::importLoop(std::uint8_t sl
         transfer([this, slot, progress = std::move(progress)](const auto& shared, const Done& done) {
             const auto self = shared_from_this();
             return looper_->importLoops(
-                {slot},
-                [self, progress](std::uint32_t bytes, std::uint8_t) {
-                    self->patience_->touch();
-                    progress(bytes);
-                },
+                {slot}, [self, progress](std::uint32_t bytes, std::uint8_t) { progress(bytes); },
                 [self, shared](auto file, std::uint8_t) {
                     shared->file = std::move(file);
                     if (!shared->file) {
@@ -154,10 +145,7 @@ bool PedalWorker::exportLoop(const ExportInfo& info, Progress progress) {
             const auto self = shared_from_this();
             return looper_->exportLoops(
                 {{info.destination, info}},
-                [self, progress](std::uint32_t bytes, std::uint8_t) {
-                    self->patience_->touch();
-                    progress(bytes);
-                },
+                [self, progress](std::uint32_t bytes, std::uint8_t) { progress(bytes); },
                 [self, shared](std::uint32_t sent, std::uint8_t) {
                     shared->sent = sent;
                     if (sent == 0) {
@@ -181,9 +169,7 @@ std::optional<std::uint8_t> PedalWorker::eraseLoops(const std::vector<std::uint8
         });
     });
     // The link is idle only after its completion; until then it would refuse the next operation.
-    while (!ended() && looper_->operation() != KZQ7306::idle) {
-        executor_.sleep(std::chrono::milliseconds(1));
-    }
+    attempt([looper = looper_] { looper->waitUntilIdle(); });
     return result ? std::optional(result->erased) : std::nullopt;
 }
 
@@ -191,11 +177,9 @@ std::optional<std::uint8_t> PedalWorker::eraseLoops(const std::vector<std::uint8
 std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
     auto result = std::make_shared<Result>();
     begun_ = false;
-    patience_->touch();
     const bool came = perform(false, [self = shared_from_this(), result, batch](const Done& done) {
         self->begin(result, batch, done);
     });
-    patience_->suspend();
     if (!came) {
         return nullptr;
     }

@@ -8,9 +8,9 @@
 #include <optional>
 #include <vector>
 
-#include "ctl/patience.h"
 #include "ctl/sentences.h"
 #include "device/kzq7306.h"
+#include "device/silence.h"
 
 namespace kzq::ctl {
 
@@ -75,7 +75,7 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     Executor& executor_;
     const std::shared_ptr<KZQ7306> looper_;
     const Executor::Duration limit_;
-    std::shared_ptr<Patience> patience_;  ///< since the start
+    std::optional<SilenceWatch> watch_;  ///< since the start
     std::atomic<Failure> failure_ = Failure::none;
     std::atomic<bool> endedFlag_ = false;
     std::atomic<bool> begun_ = false;

@@ -105,6 +105,8 @@ std::optional<Explanation> explainConnection(Failure failure, const std::vector<
             return Explanation{
                 ExitCode::pedalRefused,
                 "The pedal is connected but cannot be opened. Unplug it and plug it in again."};
+        case Failure::silent:
+            return pedalStoppedAnswering();
         case Failure::noStage:
         case Failure::unknownStage:
             return Explanation{

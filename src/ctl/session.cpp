@@ -25,7 +25,7 @@ void Session::start() {
         context_.fail(systemVersionUnknown());
         return;
     }
-    guardArrival();
+    watchArrival();
     // A pedal that is already there has its turn in the main queue by now, so this task comes behind it.
     context_.executor.main([self = shared_from_this()] { self->settle(); });
 }
@@ -36,7 +36,6 @@ void Session::looperIsConnected(KZQ7306& looper) {
     }
     connected_ = true;
     found_ = true;
-    gaveUp_ = false;
     command_->connected(looper.shared_from_this());
 }
 
@@ -49,7 +48,6 @@ void Session::looperHasBeenDisconnected() {
         command_->disconnected();
     }
     if (was && watching_) {
-        guardArrival();
         look();
     }
 }
@@ -101,22 +99,13 @@ void Session::look() {
 /// A pedal that does not say what it is may just be leaving: once, its departure gets time to be told.
 bool Session::doubtful() {
     const auto failure = KZQ7306::looper()->acquisitionFailure();
-    return !gaveUp_ && (failure == Failure::noStage || failure == Failure::unknownStage) &&
+    return (failure == Failure::noStage || failure == Failure::unknownStage) &&
            !std::exchange(gaveTime_, true);
 }
 
 /// Says why a pedal that is there cannot be used. Whether that was the end of the program.
 bool Session::explainFailure() {
     const auto failure = KZQ7306::looper()->acquisitionFailure();
-    if (gaveUp_.exchange(false)) {
-        seen_ = failure;  // the reset's doing
-        if (!watching_) {
-            context_.fail(pedalStoppedAnswering());
-            return true;
-        }
-        context_.output.error(pedalStoppedAnswering().sentence);
-        return false;
-    }
     if (std::exchange(seen_, failure) == failure) {
         return false;
     }
@@ -132,36 +121,18 @@ bool Session::explainFailure() {
     return true;
 }
 
-/// The link gets hold of an arriving pedal on the main thread, so a silent one stops that. Another thread
-/// notices that the main thread has no pulse.
-void Session::guardArrival() {
+/// The link resets a pedal that arrives and is silent. If that does not help, or while the pedal is opened
+/// and claimed, where there is nothing to reset, only the end of the program does: the main thread waits.
+void Session::watchArrival() {
     const auto patience = context_.options.patience;
-    if (patience == Executor::Duration::zero()) {
-        return;
-    }
-    context_.executor.background(Priority::standard, [self = shared_from_this(), patience] {
-        auto& executor = self->context_.executor;
-        while (self->waiting()) {
-            const unsigned before = self->mainThreadPulse_;
-            executor.main([self] { ++self->mainThreadPulse_; });
-            executor.sleep(patience);
-            if (self->waiting() && self->mainThreadPulse_ == before) {
-                self->endSilence(before);
-            }
-        }
-    });
-}
-
-/// A reset ends a request that hangs. While the pedal is opened or claimed there is nothing to reset, and
-/// only the end of the program helps.
-void Session::endSilence(unsigned pulse) {
-    gaveUp_ = true;
-    if (const auto looper = KZQ7306::looper()) {
-        looper->interrupt();
-    }
-    context_.executor.sleep(cancelGrace);
-    if (waiting() && mainThreadPulse_ == pulse) {
-        context_.fail(pedalStoppedAnswering());
+    if (patience > Executor::Duration::zero()) {
+        watch_.emplace(context_.executor, KZQ7306::looper(), patience + cancelGrace,
+                       [weak = weak_from_this()] {
+                           const auto self = weak.lock();
+                           if (self && self->waiting()) {
+                               self->context_.fail(pedalStoppedAnswering());
+                           }
+                       });
     }
 }
 

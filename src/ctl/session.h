@@ -2,10 +2,12 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 #include "ctl/command.h"
 #include "ctl/environment.h"
 #include "device/kzq7306_delegate.h"
+#include "device/silence.h"
 
 namespace kzq::ctl {
 
@@ -30,8 +32,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     void look();
     bool doubtful();
     bool explainFailure();
-    void guardArrival();
-    void endSilence(unsigned pulse);
+    void watchArrival();
     /// A command that has found its pedal deals with departures itself.
     bool waiting() const { return !over_ && !(watching_ ? connected_ : found_); }
 
@@ -45,8 +46,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     std::atomic<bool> connected_ = false;
     std::atomic<bool> found_ = false;  ///< it was connected once
     std::atomic<bool> over_ = false;
-    std::atomic<bool> gaveUp_ = false;  ///< the pedal did not answer while it was acquired
-    std::atomic<unsigned> mainThreadPulse_ = 0;
+    std::optional<SilenceWatch> watch_;
 };
 
 }  // namespace kzq::ctl

@@ -74,7 +74,8 @@ void Tool::start() {
     if (command_->withoutPedal()) {
         return;
     }
-    KZQ7306::load({environment_.executor, environment_.usb, environment_.systemMinorVersion});
+    KZQ7306::load(
+        {environment_.executor, environment_.usb, environment_.systemMinorVersion, options_.patience});
     session_->start();
 }
 

@@ -16,28 +16,25 @@ void WatchCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
         return;
     }
     say("The pedal is connected.", "connected");
-    patience_ = std::make_shared<Patience>(context_.executor, context_.options.patience,
-                                           [context = context_, looper] {
-                                               context.output.error(pedalStoppedAnswering().sentence);
-                                               looper->interrupt();  // the polls go on
-                                           });
-    patience_->start();
+    watch_.emplace(
+        context_.executor, looper, context_.options.patience,
+        [context = context_, weak = std::weak_ptr(looper)] {
+            if (const auto silent = weak.lock()) {
+                context.executor.main([context] { context.output.error(pedalStoppedAnswering().sentence); });
+                silent->interrupt();  // the polls go on
+            }
+        });
     looper->refresh();
 }
 
 void WatchCommand::disconnected() {
-    if (patience_) {
-        patience_->stop();
-    }
+    watch_.reset();
     say(present_ ? "The pedal was unplugged." : "No pedal is connected; waiting for one.",
         present_ ? "disconnected" : "waiting");
     present_ = false;
 }
 
 void WatchCommand::changed(const Status& status) {
-    if (patience_) {
-        patience_->stop();
-    }
     if (!present_) {
         return;  // it was unplugged in the meantime
     }

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "ctl/command.h"
-#include "ctl/patience.h"
+#include "device/silence.h"
 
 namespace kzq::ctl {
 
@@ -22,8 +22,8 @@ class WatchCommand : public Command, public std::enable_shared_from_this<WatchCo
     void say(const std::string& text, const char* event);
 
     Context context_;
-    std::shared_ptr<Patience> patience_;  ///< for the first status after an arrival
-    std::optional<Status> last_;          ///< since the arrival
+    std::optional<SilenceWatch> watch_;  ///< while the pedal is there
+    std::optional<Status> last_;         ///< since the arrival
     bool present_ = false;
 };
 

@@ -34,8 +34,10 @@ void KZQ7306::giveUp(std::string_view tag, Failure failure) {
 
 void KZQ7306::acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle) {
     auto result = usbSuccess;
-    handle = device ? environment_.usb.open(device, result)
-                    : environment_.usb.open(pedalVendor, pedalProduct, result);
+    handle = counted(0, [&] {
+        return device ? environment_.usb.open(device, result)
+                      : environment_.usb.open(pedalVendor, pedalProduct, result);
+    });
     if (!handle) {
         giveUp(device ? "core:1" : "core:2", failureOfOpening(result));
     }
@@ -44,8 +46,9 @@ void KZQ7306::acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>
     if (handle->kernelDriverActive(pedalInterface) != 0 && !handle->detachKernelDriver(pedalInterface)) {
         giveUp("core:3", Failure::kernelDriver);
     }
-    if (const auto claimed = handle->claimInterface(pedalInterface); claimed != usbSuccess) {
-        giveUp("core:4", claimed == usbBusy ? Failure::heldByAnother : failureOfOpening(claimed));
+    const auto claimed = counted(0, [&] { return handle->claimInterface(pedalInterface); });
+    if (claimed != usbSuccess) {
+        giveUp("core:4", failureOfOpening(claimed));
     }
 }
 

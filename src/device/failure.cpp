@@ -18,6 +18,8 @@ std::string_view failureName(Failure failure) {
             return "cannot-open";
         case Failure::noStage:
             return "no-stage";
+        case Failure::silent:
+            return "silent";
         case Failure::unknownStage:
             return "unknown-stage";
         case Failure::badRequest:

@@ -14,6 +14,7 @@ enum class Failure {
     kernelDriver,    ///< a kernel driver was detached, which ends an acquisition
     cannotOpen,      ///< opening failed for another reason
     noStage,         ///< opened, but it did not answer the stage query
+    silent,          ///< opened, but reset because it left that query unanswered
     unknownStage,    ///< opened, but in a stage the program does not know
     badRequest,      ///< slot out of range or a callback missing
     emptySlot,       ///< there is no loop in that slot

@@ -5,6 +5,7 @@
 
 #include "device/class_state.h"
 #include "device/replies.h"
+#include "device/silence.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -71,22 +72,11 @@ void KZQ7306::arrived(const UsbDevicePointer& device) {
         log(LogCategory::device, "plugged:1 the pedal could not be acquired");
         return;
     }
-    arriving_ = true;
-    const auto reply = ask(wire::stage).reply;
-    arriving_ = false;
-    if (!reply) {
-        log(LogCategory::device, "plugged:2 the pedal did not answer the stage query");
-        acquisitionFailure_ = Failure::noStage;
+    const auto now = askStage();
+    if (!now) {
         return;
     }
-    const auto now = stageIn(*reply);
-    setStage(now);
-    if (now != stageNormal && now != stageFactoryBlank) {
-        log(LogCategory::device, "plugged:3 the pedal is in an unknown stage");
-        acquisitionFailure_ = Failure::unknownStage;
-        return;
-    }
-    if (now == stageFactoryBlank) {
+    if (*now == stageFactoryBlank) {
         environment_.executor.background(Priority::high, [self = shared_from_this()] {
             if (self->flashPending()) {
                 self->completeFirmwareUpdate();
@@ -96,6 +86,34 @@ void KZQ7306::arrived(const UsbDevicePointer& device) {
     if (const auto listener = delegate()) {
         listener->looperIsConnected(*this);
     }
+}
+
+/// The stage, if it is one that the program knows. Nobody else can end this question: the main thread waits
+/// for it.
+std::optional<char> KZQ7306::askStage() {
+    const auto silent = std::make_shared<std::atomic<bool>>(false);
+    const SilenceWatch watch(environment_.executor, shared_from_this(), environment_.arrivalPatience,
+                             [weak = weak_from_this(), silent] {
+                                 if (const auto self = weak.lock()) {
+                                     log(LogCategory::device, "the pedal does not answer: it is reset");
+                                     *silent = true;
+                                     self->interrupt();
+                                 }
+                             });
+    const auto reply = ask(wire::stage).reply;
+    if (!reply) {
+        log(LogCategory::device, "plugged:2 the pedal did not answer the stage query");
+        acquisitionFailure_ = Failure::noStage;
+        return std::nullopt;
+    }
+    const auto now = stageIn(*reply);
+    setStage(now);
+    if (now != stageNormal && now != stageFactoryBlank) {
+        log(LogCategory::device, "plugged:3 the pedal is in an unknown stage");
+        acquisitionFailure_ = *silent ? Failure::silent : Failure::unknownStage;
+        return std::nullopt;
+    }
+    return now;
 }
 
 void KZQ7306::unplugged(const UsbDevicePointer& /*device*/) {

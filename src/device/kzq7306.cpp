@@ -92,8 +92,17 @@ bool KZQ7306::disconnected() const {
 }
 
 void KZQ7306::setOperation(std::int32_t operation) {
-    operation_ = operation;
+    {
+        const std::lock_guard guard(mirror_);
+        operation_ = operation;
+    }
+    operationChanged_.notify();
     lock_->reconsider();
+}
+
+void KZQ7306::waitUntilIdle() {
+    std::unique_lock guard(mirror_);
+    environment_.executor.wait(guard, operationChanged_, [this] { return operation_ == idle; });
 }
 
 bool KZQ7306::fail(Failure failure) {

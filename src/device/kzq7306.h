@@ -19,6 +19,7 @@
 #include "loops/export_info.h"
 #include "loops/status.h"
 #include "platform/executor.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
@@ -28,6 +29,9 @@ struct DeviceEnvironment {
     UsbPort& usb;
     /// The minor component of the system's version; 0 switches the link off.
     std::function<std::uint64_t()> systemMinorVersion;
+    /// How long an arriving pedal may leave the question who it is unanswered before it is reset, since the
+    /// main thread waits for the answer; 0: for ever.
+    Executor::Duration arrivalPatience{};
 };
 
 /// The program's only link to the pedal. There is one shared instance, `looper()`, created on first use.
@@ -173,10 +177,15 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     /// Asks the running batch to stop before its next piece. Any thread.
     void cancelTransfer() { cancel_ = true; }
-    /// The number of the USB call that has no answer yet; 0 for none. Any thread.
+    /// Waits until no operation is under way. Not on the main thread.
+    void waitUntilIdle();
+
+    // For a SilenceWatch. Any thread.
+
+    /// The number of the USB call that has no answer yet, which counts opening and claiming; 0 for none.
     std::uint64_t callUnderWay() const { return callUnderWay_; }
-    /// Whether an arriving pedal is being asked who it is, on the main thread. Any thread.
-    bool arriving() const { return arriving_; }
+    /// What its bytes may take: an image is one call.
+    Executor::Duration callAllowance() const { return callAllowance_; }
     /// Resets the pedal without waiting for the lock, which ends a hanging transfer: for a pedal that has
     /// stopped answering. Any thread.
     void interrupt() const;
@@ -194,13 +203,26 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Answer ask(const wire::Command& command, std::uint16_t value = 1, std::uint16_t index = 0);
     Answer exchange(const wire::Command& command, std::uint8_t request, std::uint16_t value,
                     std::uint16_t index);
+    /// While it lives, a call is under way that moves so many bytes.
+    class CallOut : Fixed {
+      public:
+        CallOut(KZQ7306& link, std::size_t bytes);
+        ~CallOut() { link_.callUnderWay_ = 0; }
+
+      private:
+        KZQ7306& link_;
+    };
     template <class Call>
-    auto counted(const Call& call);
+    auto counted(std::size_t bytes, const Call& call) {
+        const CallOut out(*this, bytes);
+        return call();
+    }
 
     static void poll(Executor& executor, Executor::TimePoint start, bool repeating);
     std::optional<Status> news(bool onlyChanges);
 
     void arrived(const UsbDevicePointer& device);
+    std::optional<char> askStage();
     void acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle);
     [[noreturn]] void giveUp(std::string_view tag, Failure failure);
 
@@ -248,11 +270,12 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<Failure> lastFailure_ = Failure::none;
     std::atomic<std::uint64_t> callUnderWay_ = 0;
     std::uint64_t calls_ = 0;  ///< so far; under the lock
-    std::atomic<bool> arriving_ = false;
+    std::atomic<Executor::Duration> callAllowance_{};
     std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
     /// Guards the members below; held only briefly, never during USB traffic or a callback.
     mutable std::mutex mirror_;
+    Condition operationChanged_;
     std::weak_ptr<KZQ7306Delegate> delegate_;
     char stage_ = 0;                      ///< 0 no pedal, 'p' normal firmware, 'b' only its loader
     std::optional<std::string> version_;  ///< as last read

@@ -6,13 +6,10 @@
 
 namespace kzq {
 
-/// Every call that moves data goes through here.
-template <class Call>
-auto KZQ7306::counted(const Call& call) {
-    callUnderWay_ = ++calls_;
-    const auto result = call();
-    callUnderWay_ = 0;
-    return result;
+KZQ7306::CallOut::CallOut(KZQ7306& link, std::size_t bytes) : link_(link) {
+    constexpr std::size_t slowest = 65'536;  // no pedal is slower, in bytes a second
+    link_.callAllowance_ = std::chrono::seconds(bytes / slowest);
+    link_.callUnderWay_ = ++link_.calls_;
 }
 
 KZQ7306::Answer KZQ7306::ask(const wire::Command& command, std::uint16_t value, std::uint16_t index) {
@@ -33,8 +30,8 @@ KZQ7306::Answer KZQ7306::exchange(const wire::Command& command, std::uint8_t req
         return {};
     }
     Answer answer{Reply(command.reply)};
-    const int came =
-        counted([&] { return handle->control(command.code, request, value, index, *answer.reply); });
+    const int came = counted(
+        command.reply, [&] { return handle->control(command.code, request, value, index, *answer.reply); });
     answer.whole = came >= int{command.needs};
     return answer;
 }
@@ -74,7 +71,8 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
     for (std::size_t received = 0; received < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = std::span(bytes).subspan(received);
-        const auto result = counted([&] { return handle->bulkIn(pedalBulkIn, rest, transferred); });
+        const auto result =
+            counted(rest.size(), [&] { return handle->bulkIn(pedalBulkIn, rest, transferred); });
         if (result != usbSuccess || transferred > rest.size()) {
             fail(Failure::transferFailed);
             return std::nullopt;
@@ -96,7 +94,8 @@ bool KZQ7306::write(std::span<const std::uint8_t> bytes) {
     for (std::size_t sent = 0; sent < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = bytes.subspan(sent);
-        const auto result = counted([&] { return handle->bulkOut(pedalBulkOut, rest, transferred); });
+        const auto result =
+            counted(rest.size(), [&] { return handle->bulkOut(pedalBulkOut, rest, transferred); });
         if (result != usbSuccess || transferred > rest.size()) {
             return fail(Failure::transferFailed);
         }

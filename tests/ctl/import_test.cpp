@@ -192,17 +192,6 @@ TEST_F(ToolTest, SilentPedalIsGivenUpAndWholeFilesAreKept) {
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal stopped answering. Unplug it and plug it in again.\n");
 }
 
-TEST_F(ToolTest, TimeInWhichTheProgramWasStoppedIsNoSilence) {
-    pedal.plugIn();
-    port.pace = 110s;
-    start({"import", "2", "--to", folder, "--patience", "20"});
-    ASSERT_TRUE(executor.advanceUntil([this] { return sent(0xE1) == 1; }, 5s));
-    port.pace = {};
-    executor.main([this] { executor.sleep(100s); });
-    EXPECT_EQ(finish(), ExitCode::ok) << err.str();
-    EXPECT_GE(seconds(), 110);
-}
-
 TEST_F(ToolTest, ProgressLineIsRewrittenInPlace) {
     terminal = true;
     pedal.plugIn();

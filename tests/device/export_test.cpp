@@ -161,9 +161,16 @@ class Erase : public PedalTest {
 
 TEST_F(Erase, EmptiesSlotsWithAPauseAfterEachAndIsIdleOnlyAfterItsCompletion) {
     ASSERT_TRUE(eraseLoops({11, 0, 1, 21, 3}));
+    bool idle = false;
+    executor.background(Priority::high, [&idle] {
+        looper().waitUntilIdle();
+        idle = true;
+    });
     executor.advance(74ms);
     EXPECT_THAT(counts, IsEmpty());
+    EXPECT_FALSE(idle);
     executor.advance(1ms);
+    EXPECT_TRUE(idle);
     EXPECT_THAT(counts, ElementsAre(3));
     EXPECT_THAT(operations, ElementsAre(KZQ7306::importingOrErasing));
     EXPECT_EQ(looper().operation(), KZQ7306::idle);

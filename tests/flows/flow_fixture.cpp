@@ -36,7 +36,7 @@ FlowTest::FlowTest()
     }
     setLogSink([this](LogCategory /*category*/, std::string_view line) { logged.emplace_back(line); });
     About::rearmSplash();
-    KZQ7306::load({executor, port, [] { return 36U; }});
+    KZQ7306::load({executor, port, [] { return 36U; }, 3s});
     window = std::make_unique<MainWindow>();
     dialogs.folder = [this] { return Dialogs::Chosen{panelOk, folder}; };
 }

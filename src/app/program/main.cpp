@@ -139,7 +139,8 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
     }
     KZQ7306::load({.executor = executor,
                    .usb = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus,
-                   .systemMinorVersion = systemMinorVersion});
+                   .systemMinorVersion = systemMinorVersion,
+                   .arrivalPatience = std::chrono::seconds(3)});
     MainWindow window;
     KeyGuard keys(executor);
     application.setKeyGuard(&keys);
