@@ -150,7 +150,7 @@ def drag(source, target):
     for step in range(1, 11):
         place = [round(a + (b - a) * step / 10) for a, b in zip(source, target)]
         xdotool("mousemove", *place, "sleep", 0.02)
-    xdotool("mouseup", 1)
+    xdotool("sleep", 0.5, "mouseup", 1)  # the target has to take it first, which a busy machine delays
 
 
 def choose(program, path):
