@@ -27,7 +27,13 @@ bool isUserInput(const QEvent& event) {
 
 }  // namespace
 
-Application::Application(int& count, char** arguments) : QApplication(count, arguments) {}
+Application::Application(int& count, char** arguments) : QApplication(count, arguments) {
+    connect(this, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (keys_ != nullptr && state != Qt::ApplicationActive) {
+            keys_->leave();
+        }
+    });
+}
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     // An event reaches the window once and then travels from widget to widget: only its arrival counts.

@@ -47,8 +47,8 @@ KeyGuard::Verdict KeyGuard::pressed(quint32 key, const QKeyEvent& event) {
     } else {
         release();
         last_ = {key, event.timestamp(), std::nullopt};
-        down_.insert(key);
     }
+    down_.insert(key);
     if (!alertTakes(key, true)) {
         return Verdict::nothing;
     }
@@ -57,6 +57,9 @@ KeyGuard::Verdict KeyGuard::pressed(quint32 key, const QKeyEvent& event) {
 
 KeyGuard::Verdict KeyGuard::released(QWindow& window, quint32 key, const QKeyEvent& event) {
     if (event.isAutoRepeat()) {
+        if (key == last_.key) {
+            last_.released = event.timestamp();
+        }
         return alertTakes(key, true) ? Verdict::repeat : Verdict::nothing;
     }
     release();

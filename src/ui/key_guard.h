@@ -53,6 +53,8 @@ class KeyGuard {
     Verdict judge(QWindow& window, const QKeyEvent& event);
     /// Before anything else that the user does: a release that is kept back comes first.
     void release();
+    /// Keys go to another program now, which may see the releases of those that are down.
+    void leave() { down_.clear(); }
 
   private:
     struct Kept {
