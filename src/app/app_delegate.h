@@ -155,7 +155,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     struct LinkRun {
         std::atomic<bool> asked = true;  ///< it waits for the link to accept it
         std::atomic<bool> cancelled = false;
+        std::atomic<bool> pedalLeft = false;  ///< another may be there by now
+        std::atomic<bool> over = false;
         std::atomic<std::uint64_t> call = 0;  ///< the USB call that was out at the last look; 0 for none
+        /// The slots that were deselected for it, with the names typed; for its refusal. Main thread.
+        std::map<std::uint8_t, std::optional<QString>> deselected;
     };
     /// A file that was put on an export row.
     struct Drop {
@@ -198,9 +202,9 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void beginRun();
     void endRun();
     /// After beginRun: on a background thread, since the link asks the pedal before it begins. `ready`,
-    /// if given, is asked first; if false, the run ends and the rows are read again. `operation` returns
-    /// whether the link has accepted it. If it refuses because the pedal has left, the run ends; if because
-    /// the pedal is busy, shield and panel deliberately stay up until the program ends.
+    /// if given, is asked first; if false, or if the pedal has left until then, the run ends. `operation`
+    /// returns whether the link has accepted it. If it refuses because the pedal has left, the run ends; if
+    /// because the pedal is busy, shield and panel deliberately stay up until the program ends.
     using OnLink = std::function<bool(KZQ7306&)>;
     void onLink(OnLink ready, OnLink operation);
     void endRefusedRun();

@@ -130,6 +130,9 @@ bool AppDelegate::showExportState(const Loops& loops, const std::set<std::uint8_
 }
 
 void AppDelegate::looperHasBeenDisconnected() {
+    if (run_) {
+        run_->pedalLeft = true;
+    }
     redrawAbout();
     showNoTable();
     selectedImportSlots_.clear();

@@ -39,6 +39,9 @@ void AppDelegate::startErase(AskedLoops asked) {
     endEditing();
     selectedImportSlots_.clear();
     beginRun();
+    for (const auto number : numbers) {
+        run_->deselected[number] = slotNumber(number, Slot::importContext)->customImportName();
+    }
     const auto ready = [asked = std::move(asked)](KZQ7306& looper) {
         return unchangedTable(looper, asked, "Nothing was erased.").has_value();
     };

@@ -1,16 +1,21 @@
+#include <fstream>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "app/app_delegate.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
 #include "device/kzq7306.h"
+#include "platform/log.h"
 
 // Files go from the computer into the pedal.
 
 namespace kzq {
 
 namespace {
+
+constexpr std::string_view nothingWritten = "Nothing was written.";
 
 /// What the progress panel counts: the header is subtracted twice, so the last fraction may exceed 1.
 std::uint64_t shownTotal(const Exports& exports) {
@@ -23,6 +28,21 @@ std::uint64_t shownTotal(const Exports& exports) {
 
 bool overwrites(const Exports& exports) {
     return std::ranges::any_of(exports, [](const auto& entry) { return entry.second.occupied; });
+}
+
+/// Brings the working copies into memory, so that no disk is waited for between the reading of the pedal's
+/// table and the first byte that overwrites a loop.
+void readAhead(const Exports& exports) {
+    constexpr std::size_t piece = 1U << 20U;
+    std::vector<char> bytes(piece);
+    for (const auto& [slot, info] : exports) {
+        std::error_code ignored;
+        if (std::filesystem::is_regular_file(info.source, ignored)) {
+            std::ifstream file(info.source, std::ios::binary);
+            while (file.read(bytes.data(), piece)) {
+            }
+        }
+    }
 }
 
 }  // namespace
@@ -46,7 +66,13 @@ void AppDelegate::startExport() {
         const auto answer = environment_.dialogs.run(yesOrNoAlertWithHeadline(
             "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
             "like to continue?"));
-        if (answer != alertFirstButton || !stillStaged(exports)) {
+        if (answer != alertFirstButton) {
+            endStart();
+            return;
+        }
+        if (!stillStaged(exports)) {
+            log(LogCategory::application,
+                "what is staged has changed meanwhile. " + std::string(nothingWritten));
             endStart();
             return;
         }
@@ -59,11 +85,15 @@ void AppDelegate::startExport() {
         }));
     const auto current = std::make_shared<Exports>(exports);
     const auto ready = [asked, current](KZQ7306& looper) {
-        const auto table = unchangedTable(looper, asked, "Nothing was written.");
-        for (auto& [slot, info] : *current) {
-            info.occupied = table && table->contains(slot);
+        readAhead(*current);
+        const auto table = unchangedTable(looper, asked, nothingWritten);
+        if (!table || !possibleTable(looper, *table, nothingWritten)) {
+            return false;
         }
-        return table.has_value();
+        for (auto& [slot, info] : *current) {
+            info.occupied = table->contains(slot);
+        }
+        return true;
     };
     onLink(ready, [run, current](KZQ7306& looper) {
         return looper.exportLoops(
@@ -76,13 +106,12 @@ void AppDelegate::startExport() {
     });
 }
 
-/// Whether the answer to a question about `asked` still holds: meanwhile the pedal may have left, another may
-/// have arrived, or a loop may have been recorded in an empty slot.
+/// Whether the question was about what is staged now: meanwhile the pedal may have left, and another may have
+/// arrived.
 bool AppDelegate::stillStaged(const Exports& asked) const {
     return std::ranges::all_of(asked, [this](const auto& entry) {
         const auto now = selectedExportSlots_.find(entry.first);
-        return now != selectedExportSlots_.end() && now->second.source == entry.second.source &&
-               (entry.second.occupied || !now->second.occupied);
+        return now != selectedExportSlots_.end() && now->second.source == entry.second.source;
     });
 }
 

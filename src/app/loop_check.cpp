@@ -2,7 +2,6 @@
 
 #include "device/kzq7306.h"
 #include "loops/capacity.h"
-#include "loops/facts.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -24,7 +23,7 @@ std::optional<Loops> wholeTable(KZQ7306& looper) {
 std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Loops& now) {
     const auto found = now.find(slot);
     const auto there = found == now.end() ? std::nullopt : std::optional(found->second);
-    if (there && there->samples > capacityFrames) {
+    if (there && !hasPossibleLength(*there)) {
         return longerThanMemory(slot);
     }
     if (there == asked) {
@@ -37,6 +36,11 @@ std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Lo
     return loop + (there ? " was recorded anew meanwhile." : " is gone from the pedal.");
 }
 
+void stop(KZQ7306& looper, const std::string& why, std::string_view consequence) {
+    log(LogCategory::application, why + " " + std::string(consequence));
+    looper.refresh();
+}
+
 }  // namespace
 
 std::string longerThanMemory(std::uint8_t slot) {
@@ -44,21 +48,28 @@ std::string longerThanMemory(std::uint8_t slot) {
 }
 
 std::optional<Loops> unchangedTable(KZQ7306& looper, const AskedLoops& asked, std::string_view consequence) {
-    const auto stop = [&](const std::string& why) {
-        log(LogCategory::application, why + " " + std::string(consequence));
-    };
     auto table = wholeTable(looper);
     if (!table) {
-        stop("the list of loops could not be read from the pedal.");
+        stop(looper, "the list of loops could not be read from the pedal.", consequence);
         return std::nullopt;
     }
     for (const auto& [slot, loop] : asked) {
         if (const auto why = change(slot, loop, *table); !why.empty()) {
-            stop(why);
+            stop(looper, why, consequence);
             return std::nullopt;
         }
     }
     return table;
+}
+
+bool possibleTable(KZQ7306& looper, const Loops& table, std::string_view consequence) {
+    for (const auto& [slot, loop] : table) {
+        if (!hasPossibleLength(loop)) {
+            stop(looper, longerThanMemory(slot), consequence);
+            return false;
+        }
+    }
+    return true;
 }
 
 }  // namespace kzq

@@ -21,7 +21,11 @@ std::string longerThanMemory(std::uint8_t slot);
 
 /// The pedal's table, read for an operation that is about to begin. Nothing when it does not come whole, or
 /// when a slot does not hold what the user was asked about, or what no pedal can; the log then says why, with
-/// `consequence` as its last sentence. Waits for the pedal.
+/// `consequence` as its last sentence, and the rows are read again. Waits for the pedal.
 std::optional<Loops> unchangedTable(KZQ7306& looper, const AskedLoops& asked, std::string_view consequence);
+
+/// Whether all loops of that table can be as long as it says, also those that are not asked about; if not,
+/// the same is done. To be asked before something is written.
+bool possibleTable(KZQ7306& looper, const Loops& table, std::string_view consequence);
 
 }  // namespace kzq

@@ -67,6 +67,7 @@ void AppDelegate::beginRun() {
 
 void AppDelegate::endRun() {
     window_.removeShield();
+    run_->over = true;
     run_.reset();
     flow_ = Flow::none;
 }
@@ -76,24 +77,29 @@ void AppDelegate::onLink(OnLink ready, OnLink operation) {
         Priority::high, [ready = std::move(ready), operation = std::move(operation), run = run_,
                          end = onMain(&AppDelegate::endRefusedRun)] {
             const auto looper = KZQ7306::looper();
-            const bool begins = looper && (!ready || ready(*looper)) && !run->cancelled;
+            const bool holds = looper && (!ready || (ready(*looper) && !run->pedalLeft));
+            const bool begins = holds && !run->cancelled;
             const bool accepted = begins && operation(*looper);
+            if (accepted && run->cancelled) {
+                looper->cancelTransfer();  // one from before the acceptance is forgotten by the link
+            }
             run->asked = false;
             if (!begins || (!accepted && looper->disconnected())) {
                 end();
             }
-            if (looper && !begins) {
-                looper->refresh();
-            }
         });
 }
 
-/// Nothing has been done: what is still checked is selected again.
+/// Nothing has been done: loops that are still there are selected again and keep their names.
 void AppDelegate::endRefusedRun() {
     closeProgress();
-    for (const auto& slot : importSlots_) {
-        if (slot->occupied() && slot->selected()) {
-            selectedImportSlots_.insert(slot->number());
+    for (const auto& [number, name] : run_->deselected) {
+        auto& slot = *slotNumber(number, Slot::importContext);
+        if (slot.occupied() && !run_->pedalLeft) {
+            slot.setSelected(true);
+            slot.setCustomImportName(name);
+            selectedImportSlots_.insert(number);
+            setImportAndEraseEnabled(true);
         }
     }
     endRun();
@@ -137,11 +143,12 @@ void AppDelegate::closeProgress() {
 }
 
 void AppDelegate::cancelTransfer() {
+    const bool first = run_ && !run_->cancelled.exchange(true);  // seen by onLink once the link has accepted
     const auto looper = KZQ7306::looper();
     if (looper) {
         looper->cancelTransfer();
     }
-    if (run_ && !run_->cancelled.exchange(true)) {
+    if (first) {
         run_->call = looper ? looper->callUnderWay() : 0;
         insistOnCancel(firstInsistence, run_);
     }
@@ -152,12 +159,12 @@ void AppDelegate::cancelTransfer() {
 void AppDelegate::insistOnCancel(Executor::Duration delay, const std::shared_ptr<LinkRun>& run) {
     environment_.executor.mainAfter(delay, [weak = weak_from_this(), run] {
         const auto self = weak.lock();
-        if (!self || self->run_ != run) {
+        if (!self || run->over) {
             return;
         }
         self->environment_.executor.background(Priority::high, [run] {
             const auto looper = KZQ7306::looper();
-            if (!looper || (!run->asked && looper->operation() == KZQ7306::idle)) {
+            if (run->over || !looper || (!run->asked && looper->operation() == KZQ7306::idle)) {
                 return;
             }
             looper->cancelTransfer();

@@ -198,6 +198,7 @@ TEST_F(BadMoments, ALoopRecordedUnderTheQuestionIsNotOverwritten) {
     window->exportButton()->click();
     EXPECT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE2), IsEmpty());
+    EXPECT_THAT(logged, Contains("a loop was recorded into slot 4 meanwhile. Nothing was written."));
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 
@@ -228,9 +229,19 @@ TEST_F(BadMoments, NothingIsOverwrittenOrErasedThatTheUserWasNotAskedAbout) {
     EXPECT_THAT(sent(0xE2), ElementsAre(3));
 
     select({1, 3});
+    type(3, "typed");
     dialogs.answer = [&] { return (pedal.setLoop(2, recorded), alertFirstButton); };
+    port.tamper = [this](std::uint8_t request, auto /*reply*/) {
+        if (request == 0xE8) {
+            KZQ7306::looper()->refresh();  // its news come while nothing is selected
+        }
+        executor.sleep(request == 0xEB ? 10ms : 0ms);
+    };
     window->eraseButton()->click();
     EXPECT_TRUE(becomesIdle());
+    port.tamper = {};
+    EXPECT_EQ(importRow(3).name(), "typed");
+    EXPECT_TRUE(importRow(1).selected() && window->eraseButton()->isEnabled());
     EXPECT_THAT(logged, Contains("loop 3 was recorded anew meanwhile. Nothing was erased."));
     EXPECT_THAT(sent(0xED), IsEmpty());
     EXPECT_EQ(importRow(3).samples(), 50U);

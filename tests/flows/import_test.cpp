@@ -183,6 +183,17 @@ TEST_F(FlowTest, ACancelEndsItsOwnRunOnly) {
     window->importButton()->click();
     EXPECT_TRUE(becomesIdle());
     EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
+    // While the link asks whether the pedal is busy.
+    stage(3, 10);
+    port.tamper = [this](std::uint8_t request, auto /*reply*/) {
+        executor.sleep(request == 0xE8 ? 50ms : 0ms);
+    };
+    window->exportButton()->click();
+    pass(170ms);
+    ASSERT_TRUE(shieldUp());
+    delegate->progress()->cancel();
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_EQ(pedal.memory()[2], loopOf(2000, 20));
 }
 
 }  // namespace
