@@ -41,23 +41,6 @@ class Quit(unittest.TestCase):
                 program.ready("7306 Import")
                 self.ends(program, act)
 
-    def test_file_chooser(self):
-        with Program() as program:
-            self.importing(program)
-            program.get("Directory:", "text")
-            self.ends(program)
-
-    def test_alert(self):
-        with Program() as program:
-            program.ready()
-            program.connected()
-            program.get(LOOP).click()
-            erase = program.get("Erase", "push button")
-            wait("erasing is possible", lambda: erase.enabled)
-            erase.click()
-            program.get("Yes")
-            self.ends(program)
-
     def test_conversion(self):
         path = os.path.join(tempfile.mkdtemp(), "long.wav")
         with wave.open(path, "wb") as file:

@@ -58,24 +58,6 @@ class MenuTest : public testing::Test {
         Menu::menu(controller, dialogs, page.get(), {"2.1.0", "https://www.kzq.example/"});
 };
 
-TEST_F(MenuTest, AClickCarriesOutTheEntryItBeganAndEndedOn) {
-    EXPECT_EQ(menu->website().title(), "www.kzq.example");
-    open();
-    for (auto* item : menu->items()) {
-        auto* view = item->view();
-        ASSERT_TRUE(view->isVisible());
-        QTest::mousePress(view, Qt::LeftButton);
-        QTest::mouseRelease(view, Qt::LeftButton, {}, QPoint(100, 36));
-        QTest::mouseClick(view, Qt::RightButton);
-    }
-    EXPECT_THAT(calls, IsEmpty());
-    for (auto* item : menu->items()) {
-        QTest::mouseClick(item->view(), Qt::LeftButton, {}, QPoint(199, 35));
-    }
-    QTest::mouseClick(menu->view()->findChild<QWidget*>("hamburger"), Qt::LeftButton);
-    EXPECT_THAT(calls, ElementsAre("about", "software", "updater", "website", "close menu"));
-}
-
 TEST_F(MenuTest, FirmwareIsChosenFromDiskWhileBothKeysAreHeld) {
     open();
     const struct {
@@ -123,39 +105,6 @@ TEST_F(MenuTest, TitleFollowsTheKeysUntilTheMenuIsShownOrHidden) {
     menu->setFirmwareTitle(both);
     menu->view()->setHidden(false);
     EXPECT_EQ(firmwareTitle(), usual);
-}
-
-TEST_F(MenuTest, OnlyTheEntryUnderThePointerIsHighlighted) {
-    open();
-    QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), QPointF(5, 5));
-    QEvent leave(QEvent::Leave);
-    menu->website().setHovered(true);  // by the keyboard
-    QCoreApplication::sendEvent(menu->about().view(), &enter);
-    EXPECT_EQ(hovered(), "x---");
-    QCoreApplication::sendEvent(menu->software().view(), &enter);
-    EXPECT_EQ(hovered(), "-x--");
-
-    QCoreApplication::sendEvent(menu->software().view(), &leave);
-    EXPECT_EQ(hovered(), "----");
-}
-
-TEST_F(MenuTest, ThePointIsTestedAgainstTheBodyAlone) {
-    EXPECT_TRUE(menu->hitTest({512, 58}));
-    EXPECT_TRUE(menu->hitTest({735, 221}));
-    EXPECT_FALSE(menu->hitTest({511, 58}));
-    EXPECT_FALSE(menu->hitTest({735, 222}));
-    EXPECT_FALSE(menu->hitTest({716, 34})) << "the tab above the body";
-}
-
-TEST_F(MenuTest, TheKeyboardStaysWhileOpenAndIsLetGoWhenHidden) {
-    QPushButton other(page.get());
-    other.show();
-    open();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(page.get()));
-    QTest::keyClick(menu->view(), Qt::Key_Tab);
-    EXPECT_TRUE(menu->view()->hasFocus());
-    menu->view()->hide();
-    EXPECT_EQ(QApplication::focusWidget(), nullptr);
 }
 
 TEST_F(MenuTest, ForWhoListensEntriesAreMenuItemsAndTheHighlightIsTheFocus) {

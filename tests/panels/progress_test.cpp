@@ -30,7 +30,6 @@ class ProgressTest : public testing::Test {
 
 TEST_F(ProgressTest, FooterBarAndValueFollowTheFraction) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr auto most = std::numeric_limits<std::uint64_t>::max();
     const struct {
         std::uint64_t total;
@@ -40,20 +39,13 @@ TEST_F(ProgressTest, FooterBarAndValueFollowTheFraction) {
         double percent;
         int value;
     } rows[] = {
-        {12'000'000, 0, "0MB of 12MB – 0%", 0, 0, 0},
         {12'000'000, 0.25, "3MB of 12MB – 25%", 55, 0.25, 25},
         {1'000'000, 0.99, "990KB of 1MB – 99%", 218, 0.99, 99},
         {1'000'000, 1, "1MB of 1MB – 100%", 220, 1, 100},
-        {1'000'000, 0.9999995, "1MB of 1MB – 100%", 220, 0.9999995, 100},
         {999'999, 1, "1000KB of 1000KB – 100%", 220, 1, 100},
-        {1500, 0.5, "750B of 2KB – 50%", 110, 0.5, 50},
-        {1000, 0.9995, "1KB of 1KB – 100%", 220, 0.9995, 100},
         {999, 0.0005, "0B of 999B – 0%", 0, 0.0005, 0},
         {10'000'000, 1.2, "12MB of 10MB – 120%", 264, 1, 100},
         {0, nan, "0B of 0B – 0%", 0, 0, 0},
-        {0, infinity, "0B of 0B – 0%", 0, 0, 0},
-        {5000, -0.5, "0KB of 5KB – 0%", 0, -0.5, 0},
-        {most, 2, "18446744073710MB of 18446744073710MB – 200%", 440, 1, 100},
         {most, 1e300, nullptr, 16777215, 1, 100},
     };
     for (const auto& row : rows) {
@@ -102,21 +94,6 @@ TEST_F(ProgressTest, EveryRoadOutButTheOwnersCancelsOnce) {
     panel->showWindow();
     panel.reset();
     EXPECT_EQ(cancels, 0);
-}
-
-TEST_F(ProgressTest, FloatsAtTheCornerOfTheMainWindow) {
-    QWidget main;
-    main.setGeometry(120, 90, 768, 504);
-    main.show();
-    panel->placeOver(main);
-    panel->showWindow();
-    EXPECT_EQ(panel->window().frameGeometry().topLeft(), main.frameGeometry().topLeft());
-    EXPECT_EQ(panel->window().windowHandle()->transientParent(), main.windowHandle());
-    EXPECT_TRUE(panel->window().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-
-    // A bar that is longer than its track goes under the right reel.
-    const auto& parts = panel->window().children();
-    EXPECT_LT(parts.indexOf(&part<QWidget>("bar")), parts.indexOf(&part<QWidget>("rightReel")));
 }
 
 TEST_F(ProgressTest, ADialogStandsOverWhatWouldCoverIt) {

@@ -56,45 +56,6 @@ class Faults : public testing::Test {
     Wire wire{{.memory = {StoredLoop{noise(6000)}}}};
 };
 
-TEST_F(Faults, OfControlRequests) {
-    plan("refuse@ED");
-    EXPECT_TRUE(wire.control(0xED, 0).refused());
-    plan("stall@ED");
-    EXPECT_EQ(wire.control(0xED, 0).status, TransferStatus::stalled);
-    EXPECT_TRUE(wire.pedal.memory()[0]) << "neither was carried out";
-    plan("shorten@ED");
-    const Reply half = wire.control(0xED, 0);
-    EXPECT_EQ(half.length, 4U);
-    EXPECT_EQ(half.bytes[answerOffset], 0);
-    EXPECT_FALSE(wire.pedal.memory()[0]) << "only its reply was lost";
-    plan("unplug@control");
-    wire.executor.advance(1s);
-    EXPECT_EQ(wire.control(0xE9).status, TransferStatus::gone);
-    EXPECT_FALSE(wire.pedal.isPlugged());
-    EXPECT_THAT(wire.pedal.violations(), IsEmpty());
-}
-
-TEST_F(Faults, OfBulkTransfers) {
-    ASSERT_TRUE(wire.control(0xE1, 0, 1).accepted());
-    plan("stall@in");
-    EXPECT_EQ(wire.read(1024).status, TransferStatus::stalled);
-    plan("shorten@in");
-    const Reply half = wire.read(1024);
-    EXPECT_EQ(half.length, 512U);
-    EXPECT_EQ(wire.read(512).bytes[0], noise(6000)[512]) << "the rest is not lost";
-    plan("overrun@in");
-    const Reply overrun = wire.read(1024);
-    EXPECT_EQ(overrun.status, TransferStatus::overrun);
-    EXPECT_GT(overrun.length, 1024U);
-
-    ASSERT_TRUE(wire.announce(1, false, 2000));
-    plan("shorten@out");
-    EXPECT_EQ(wire.write(noise(1024)).transferred, 512U);
-    ASSERT_TRUE(wire.send(ByteView(noise(2000)).subspan(512)));
-    EXPECT_EQ(wire.pedal.memory()[1]->audio.size(), 1998U);
-    EXPECT_THAT(wire.pedal.violations(), IsEmpty());
-}
-
 TEST_F(Faults, SilenceLastsUntilResetOrDeparture) {
     plan("silence@E1");
     EXPECT_EQ(wire.control(0xE1, 0, 1).status, TransferStatus::pending);

@@ -1,7 +1,5 @@
 // The loader, arrival and departure.
 
-#include <memory>
-
 #include "platform/digest.h"
 #include "wire.h"
 
@@ -10,15 +8,6 @@ namespace {
 
 class Loader : public testing::Test {
   protected:
-    Loader() {
-        wire.pedal.setListener([this](BusChange change) {
-            const char* const what = change == BusChange::arrived ? "arrived"
-                                     : change == BusChange::left  ? "left"
-                                                                  : "reset";
-            changes.push_back(std::string(what) + "@" + std::to_string(wire.executor.elapsed() / 1ms));
-        });
-    }
-
     static Bytes imageOf(const std::string& text, std::size_t length = 200'000) {
         Bytes image = noise(length);
         std::copy(text.begin(), text.end(), image.end() - static_cast<std::ptrdiff_t>(text.size()));
@@ -51,17 +40,10 @@ class Loader : public testing::Test {
     }
 
     Wire wire{{.memory = {StoredLoop{noise(600)}}}};
-    std::vector<std::string> changes;
 };
 
 TEST_F(Loader, InstallsOnlyAnImageThatMatchesAcrossTwoRestarts) {
     enterLoader();
-    EXPECT_THAT(changes, ElementsAre("left@100", "arrived@1600"));
-    EXPECT_TRUE(wire.control(0xE1, 0, 1).refused());
-    EXPECT_TRUE(wire.control(0xE2, 0, 1).refused());
-    EXPECT_TRUE(wire.control(0xED, 0).refused());
-    EXPECT_EQ(wire.control(0xEB, 1, 0, 60).bytes, Bytes(60));
-
     const Bytes image = imageOf("7306 firmware 1.06");
     Bytes wrongLength = trailerOf(image);
     wrongLength[0] ^= 1;
@@ -104,38 +86,6 @@ TEST_F(Loader, ComplainsOfHaste) {
                                                      HasSubstr("trailer of 35")));
     wire.pedal.reset();
     EXPECT_EQ(wire.write(noise(1)).status, TransferStatus::stalled) << "a reset ends the update";
-}
-
-TEST_F(Loader, ReturnsOnlyToTheCable) {
-    wire.control(0xE4);
-    wire.executor.advance(200ms);
-    wire.pedal.unplug();
-    wire.executor.advance(1min);
-    EXPECT_FALSE(wire.pedal.isPlugged()) << "somebody pulled the cable meanwhile";
-
-    wire.pedal.plugIn();
-    wire.pedal.setStage('p');
-    wire.control(0xE4);
-    wire.pedal.unplug();
-    wire.pedal.plugIn();
-    wire.executor.advance(50ms);
-    EXPECT_EQ(wire.stage(), 'b');
-    changes.clear();
-    wire.executor.advance(1min);
-    EXPECT_THAT(changes, IsEmpty()) << "the restart that the cable overtook does not happen again";
-}
-
-TEST(SimulatedPedalLife, MayEndBeforeItsRestart) {
-    test::VirtualExecutor executor;
-    auto pedal = std::make_unique<SimulatedPedal>(executor, SimulatedPedal::Start{});
-    pedal->plugIn();
-    Bytes reply(8);
-    pedal->control({0xE4, pedalRequest, 1, 0, 8}, reply);
-    bool left = false;
-    pedal->setListener([&left](BusChange) { left = true; });
-    pedal.reset();
-    executor.advance(2s);
-    EXPECT_FALSE(left);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <set>
 
 #include "device/simulator/loop_folder.h"
-#include "device/simulator/synthesiser.h"
 #include "loops/facts.h"
 #include "platform/log.h"
 #include "test_folder.h"
@@ -91,26 +90,6 @@ TEST_F(Folder, SaysWhatIsWrong) {
     EXPECT_FALSE(LoopFolder(path / "new").load(error));
     EXPECT_THAT(error, HasSubstr("There is no folder"));
     EXPECT_FALSE(fs::exists(path / "new"));
-}
-
-TEST_F(Folder, LeavesTheOldFileWhenItCannotWrite) {
-    put("1.wav", *wave(noise(60), 2));
-    LoopFolder folder(path);
-    ASSERT_TRUE(folder.load(error));
-    fs::create_directory(path / ".1.wav.part");
-    const StoredLoop fresh{noise(120)};
-    EXPECT_FALSE(folder.store(0, &fresh));
-    EXPECT_THAT(logged, ElementsAre(HasSubstr("cannot store")));
-    EXPECT_EQ(LoopFolder(path).load(error)->at(0), StoredLoop{noise(60)});
-}
-
-TEST(Synthesiser, MakesWholeBeats) {
-    const StoredLoop loop = synthesiseLoop(3, 4.3, 90);
-    EXPECT_EQ(loop.tempo, 90);
-    EXPECT_EQ(loop.audio.size(), std::size_t{6} * 29'400 * frameBytes) << "six beats";
-    EXPECT_EQ(loop, synthesiseLoop(3, 4.3, 90));
-    EXPECT_NE(loop.audio, synthesiseLoop(4, 4.3, 90).audio);
-    EXPECT_EQ(synthesiseLoop(0, 0.0, 120).audio.size(), 22'050U * frameBytes) << "never empty";
 }
 
 }  // namespace

@@ -79,37 +79,5 @@ TEST(Violations, OfOrderAreExcusedAfterASwallowedCommand) {
     EXPECT_EQ(wire.pedal.violations().size(), 1U) << "but after the reset it does";
 }
 
-TEST(WireJournalTest, ALongRunIsForgottenFromItsBeginningAndCountedOn) {
-    WireJournal journal;
-    WireEvent event;
-    event.kind = WireEvent::Kind::bulkIn;
-    journal.begin(event);
-    journal.end(0, true);  // pends all the time
-    event.kind = WireEvent::Kind::bulkOut;
-    const auto count = static_cast<std::uint32_t>(3 * WireJournal::mostEvents);
-    for (std::uint32_t i = 1; i <= count; ++i) {
-        event.length = i;
-        EXPECT_TRUE(journal.begin(event));
-        if (i > count - 2) {
-            journal.violation("late");
-        }
-        journal.end(i, false);
-        ASSERT_LE(journal.events().size(), WireJournal::mostEvents);
-    }
-    EXPECT_GE(journal.events().size(), WireJournal::mostEvents / 2);
-    EXPECT_EQ(journal.events().back().transferred, count);
-    EXPECT_EQ(journal.violations().back(), "event " + std::to_string(count + 1) + ": late");
-    event.kind = WireEvent::Kind::bulkIn;
-    EXPECT_FALSE(journal.begin(event));
-    journal.end(5, false);  // its event is forgotten
-    EXPECT_EQ(journal.events().back().transferred, count);
-    for (std::size_t i = 0; i < 2 * WireJournal::mostViolations; ++i) {
-        journal.begin(event);
-        journal.violation("again");
-        journal.end(0, false);
-    }
-    EXPECT_EQ(journal.violations().size(), WireJournal::mostViolations);
-}
-
 }  // namespace
 }  // namespace kzq::simulator

@@ -73,21 +73,5 @@ TEST_F(Drop, WhatIsNotAudioToBeCopiedOntoAnExportRowIsRefused) {
     EXPECT_FALSE(importRow(1).view()->prepareForDragOperation());
 }
 
-TEST_F(Drop, TheSignIsThereWhileAnAcceptedDragHovers) {
-    auto& row = exportRow(1);
-    QMimeData data;
-    data.setUrls({file("/x/a.wav")});
-    const auto resting = row.background()->grab().toImage();
-    QDragEnterEvent enter({2, 2}, all, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(row.field(), &enter);
-    EXPECT_TRUE(row.view()->dropHovering());
-    EXPECT_NE(row.background()->grab().toImage(), resting);
-    QDragLeaveEvent leave;
-    QApplication::sendEvent(row.field(), &leave);
-    EXPECT_EQ(row.background()->grab().toImage(), resting);
-    drag(*row.view(), data.urls(), all);
-    EXPECT_FALSE(row.view()->dropHovering());
-}
-
 }  // namespace
 }  // namespace kzq::test

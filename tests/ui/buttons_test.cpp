@@ -61,30 +61,6 @@ TEST(ImageButtons, LowerAndXActOnlyWhileEnabledAndHovering) {
     actsOnlyWhileEnabledAndHovering(Rig<XButton>("x"));
 }
 
-TEST(ImageButtons, MassSelectionActsWheneverHovering) {
-    Rig<MassSelectionButton> rig("Select_All");
-    auto& [button, mouse, actions] = rig;
-    bool downDuringAction = true;
-    QObject::connect(&button, &MassSelectionButton::clicked, [&] { downDuringAction = rig.button.isDown(); });
-    mouse.press();
-    mouse.release();
-    EXPECT_EQ(actions, 0) << "the pointer never came in";
-    mouse.enter();
-    mouse.press();
-    mouse.dragOut();
-    mouse.release();
-    EXPECT_EQ(actions, 1) << "does not follow a drag";
-    EXPECT_FALSE(downDuringAction);
-    button.setEnabled(false);
-    mouse.press();
-    mouse.release();
-    EXPECT_EQ(actions, 2) << "disabled and hovered";
-    mouse.leave();
-    mouse.press();
-    mouse.release();
-    EXPECT_EQ(actions, 2);
-}
-
 /// Qt hides events from disabled widgets in several places, so this one takes the platform's whole path.
 TEST(ImageButtons, DisabledMassSelectionGetsTheMouseFromThePlatform) {
     Window window;
@@ -105,64 +81,6 @@ TEST(ImageButtons, DisabledMassSelectionGetsTheMouseFromThePlatform) {
     QTest::mouseMove(window.windowHandle(), {5, 5});
     EXPECT_FALSE(button.hovering());
     button.setParent(nullptr);
-}
-
-TEST(ImageButtons, MayBeDeletedByTheirAction) {
-    auto lower = std::make_unique<LowerButton>();
-    lower->resize(10, 10);
-    QObject::connect(lower.get(), &LowerButton::clicked, [&] { lower.reset(); });
-    test::Mouse mouse(*lower);
-    mouse.enter();
-    mouse.press();
-    mouse.release();
-    EXPECT_EQ(lower, nullptr);
-}
-
-/// Name of the picture in each state: "-" not, else a letter for enabled, hovering, down.
-template <typename Button>
-QString pictureOf(const char* identifier, const QString& state) {
-    Rig<Button> rig(identifier);
-    rig.button.setEnabled(state.contains('e'));
-    if (state.contains('h')) {
-        rig.mouse.enter();
-    }
-    if (state.contains('d')) {
-        rig.mouse.press();
-    }
-    auto name = rig.button.pictureName();
-    EXPECT_TRUE(name.isEmpty() || picture(name)) << name.toStdString();
-    return name;
-}
-
-TEST(ImageButtons, ChooseTheirPictureByState) {
-    for (const std::string base : {"Erase", "Import", "Export"}) {
-        const auto identifier = base + " (lower button)";
-        const auto name = [&](const char* state) {
-            return pictureOf<LowerButton>(identifier.c_str(), state).remove(0, static_cast<int>(base.size()));
-        };
-        EXPECT_EQ(name("e"), "_button_Off");
-        EXPECT_EQ(name("eh"), "_button_hover");
-        EXPECT_EQ(name("ehd"), "_button_On");
-        EXPECT_EQ(name("ed"), "_button_Off") << "pressed, but outside";
-        EXPECT_EQ(name("hd"), "_button_Gray");
-    }
-    const auto cancel = [](const char* state) { return pictureOf<LowerButton>("Cancel", state); };
-    EXPECT_EQ(cancel(""), "Cancel_button_Off") << "never grey";
-    EXPECT_EQ(cancel("h"), "Cancel_button_hover");
-    EXPECT_EQ(cancel("ed"), "Cancel_button_On") << "pressed, outside as well";
-    EXPECT_EQ(pictureOf<LowerButton>("Import", "e"), "");
-    EXPECT_EQ(pictureOf<XButton>("x", "ed"), "Export_X");
-    EXPECT_EQ(pictureOf<XButton>("x", "hd"), "Export_X_Hover");
-    EXPECT_EQ(pictureOf<XButton>("", "eh"), "");
-    for (const auto* identifier : {"Select_All", "Deselect_All"}) {
-        const auto name = [&](const char* state) {
-            return pictureOf<MassSelectionButton>(identifier, state).remove(QString(identifier) + "_");
-        };
-        EXPECT_EQ(name("hd"), "Gray");
-        EXPECT_EQ(name("ed"), "Press");
-        EXPECT_EQ(name("eh"), "Hover");
-        EXPECT_EQ(name("e"), "Base");
-    }
 }
 
 TEST(ImageButtons, ActOnceByKeyboardAndSayWhatTheyAre) {
@@ -189,26 +107,6 @@ TEST(ImageButtons, ActOnceByKeyboardAndSayWhatTheyAre) {
     QTest::keyClick(&button, Qt::Key_Space);
     EXPECT_EQ(actions, 2);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&button)->role(), QAccessible::Button);
-}
-
-TEST(LinkButton, TellsItsDelegateAndShowsTheHand) {
-    struct Delegate : LinkButtonDelegate {
-        void linkButtonHoverStateChanged(LinkButton& /*button*/, bool hovered) override {
-            heard += hovered ? "in " : "out ";
-        }
-        std::string heard;
-    } delegate;
-    Rig<LinkButton> rig("link");
-    auto& [button, mouse, actions] = rig;
-    button.setDelegate(&delegate);
-    mouse.enter();
-    EXPECT_EQ(button.cursor().shape(), Qt::PointingHandCursor);
-    mouse.press();
-    mouse.release();
-    mouse.leave();
-    EXPECT_EQ(button.cursor().shape(), Qt::ArrowCursor);
-    EXPECT_EQ(delegate.heard, "in out ");
-    EXPECT_EQ(actions, 1);
 }
 
 }  // namespace

@@ -97,31 +97,6 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
     EXPECT_TRUE(inner.hasFocus());
 }
 
-TEST(Shield, WashesAtMostSoMuch) {
-    QWidget window;
-    window.setAutoFillBackground(true);
-    window.setPalette(QPalette(Qt::white));
-    window.resize(20, 20);
-    const auto redOf = [&](double wash) {
-        const Shield shield(&window, wash);
-        return window.grab().toImage().pixelColor(10, 10).red();
-    };
-    EXPECT_EQ(redOf(0), 255);
-    EXPECT_NEAR(redOf(0.4), 255 - 0.4 * (255 - 0x1F), 1);
-    EXPECT_EQ(redOf(1.0), redOf(0.4));
-}
-
-TEST(Background, StopsKeysAndTakesTheFocus) {
-    Witness window(nullptr);
-    Background ground(&window);
-    window.show();
-    QApplication::setActiveWindow(&window);
-    QTest::mouseClick(&ground, Qt::LeftButton);
-    QTest::keyClick(&ground, Qt::Key_A);
-    EXPECT_EQ(window.events, 2) << "the click's two, of the key nothing";
-    EXPECT_NE(ground.focusPolicy() & Qt::ClickFocus, 0);
-}
-
 struct Page : QWidget {
     Page() {
         for (auto* button : {&first, &second}) {
@@ -168,45 +143,6 @@ TEST(FocusRing, ComesBackWhenTheShieldGoes) {
     EXPECT_EQ(page.ring.control(), nullptr);
     page.second.setFocus(Qt::OtherFocusReason);
     EXPECT_EQ(page.ring.control(), nullptr) << "that was long ago";
-}
-
-TEST(FocusRing, ComesBackWithTheWindow) {
-    Page page;
-    page.second.setFocus(Qt::BacktabFocusReason);
-    QWidget other;
-    other.show();
-    QApplication::setActiveWindow(&other);
-    EXPECT_FALSE(page.ring.isVisible());
-    QApplication::setActiveWindow(&page);
-    EXPECT_EQ(page.ring.control(), &page.second);
-    EXPECT_TRUE(page.ring.isVisible());
-}
-
-TEST(Pictures, DrawAtTheDeviceRatioScaledOrCropped) {
-    EXPECT_FALSE(picture("No such picture"));
-    EXPECT_FALSE(picture(""));
-    EXPECT_EQ(picture("Export_X")->size, QSizeF(16, 16));
-    QImage sheet(480, 24, QImage::Format_ARGB32_Premultiplied);
-    const auto widthOf = [&](bool cropped, QRectF target) {
-        sheet.setDevicePixelRatio(2);
-        sheet.fill(Qt::transparent);
-        QPainter painter(&sheet);
-        EXPECT_TRUE(cropped ? drawPictureCropped(painter, "Meter_bar_green", target)
-                            : drawPicture(painter, "Meter_bar_green", target));
-        painter.end();
-        auto right = sheet.width() - 1;
-        while (right >= 0 && sheet.pixelColor(right, 12).alpha() == 0) {
-            --right;
-        }
-        return right + 1;
-    };
-    EXPECT_GT(widthOf(false, {0, 0, 240, 12}), 470);
-    const auto all = sheet;
-    EXPECT_EQ(widthOf(true, {0, 0, 25, 12}), 50) << "five pixels into the third lamp";
-    EXPECT_EQ(sheet.copy(0, 0, 50, 24), all.copy(0, 0, 50, 24)) << "not stretched";
-    QPainter painter(&sheet);
-    EXPECT_FALSE(drawPicture(painter, "No such picture", {0, 0, 10, 10}));
-    EXPECT_FALSE(drawPicture(painter, "Export_X", {0, 0, 0, 10}));
 }
 
 TEST(Pictures, AreDrawnForEachSize) {

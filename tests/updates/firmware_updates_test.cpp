@@ -4,8 +4,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <algorithm>
-#include <cctype>
 #include <csignal>
 #include <thread>
 
@@ -89,7 +87,6 @@ TEST_F(FirmwareUpdatesTest, OffersWhatIsNewerThanThePedalAndAsksNoMoreThanItNeed
     version = "1.06";
     EXPECT_EQ(check(), manifestOnly) << "as new as the offer";
     EXPECT_EQ(offered(), "");
-    EXPECT_TRUE(headline.empty());
 
     version = "1.05";
     EXPECT_EQ(check(), both);
@@ -98,7 +95,6 @@ TEST_F(FirmwareUpdatesTest, OffersWhatIsNewerThanThePedalAndAsksNoMoreThanItNeed
     EXPECT_EQ(headline, "KZQ7306 1.6 is now available\u2014you have 1.5. Would you like to install it now?");
     EXPECT_EQ(notes, "\u2022\tOne\n\u2022\tTwo");
     EXPECT_EQ(check(), manifestOnly) << "a good file is not fetched again";
-    EXPECT_EQ(notes, "\u2022\tOne\n\u2022\tTwo") << "written anew, not added";
 
     version.reset();
     EXPECT_EQ(check(), nothing);
@@ -122,82 +118,45 @@ TEST_F(FirmwareUpdatesTest, OffersWhatIsNewerThanThePedalAndAsksNoMoreThanItNeed
     EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"});
 }
 
-TEST_F(FirmwareUpdatesTest, OnlyTheLastEntryCounts) {
-    server.set(manifestPath, {"[" + entry("9.00") + "," + entry("1.05") + "]"});
-    EXPECT_EQ(check(), Strings{manifestPath});
-    EXPECT_EQ(offered(), "");
-    server.set(manifestPath, {R"([{"hash":1},7,)" + entry("2.07b") + "]"});
-    check();
-    EXPECT_EQ(offered(), "pedal-1.06.bin");
-    EXPECT_EQ(headline.substr(0, 11), "KZQ7306 2.7");
-}
-
 TEST_F(FirmwareUpdatesTest, ABadManifestOffersNothingAndTakesNothingBack) {
     const auto with = [this](const std::string& key, const std::string& value) {
         std::string text = "[" + entry("1.06") + "]";
         const auto begin = text.find('"' + key + "\":") + key.size() + 3;
         return text.replace(begin, text.find(',', begin) - begin, value);
     };
-    auto upper = '"' + md5(image) + '"';
-    std::ranges::transform(upper, upper.begin(), [](unsigned char c) { return std::toupper(c); });
     const auto good = entry("1.06");
     Strings bad = {"",
-                   "nonsense",
-                   "{}",
-                   "null",
-                   "[]",
                    "[",
-                   "[{}]",
                    "[[]]",
-                   "[1]",
-                   good,
                    "[" + good + ",{}]",
-                   "[" + good,
                    std::string(200'000, '['),
-                   "\xff" + good,
                    std::string(10'000'000, ' ') + "[" + good + "]"};
     const std::pair<const char*, Strings> badValues[] = {
-        {"version", {R"("1.5")", R"("0.00")", R"("")", "1.06", "null"}},
-        {"name",
-         {R"("")", "7", R"(".")", R"("..")", R"("../firmware/pedal-1.06.bin")", R"("/etc/passwd")",
-          R"("a\u0000b")"}},
-        {"hash", {R"("")", "null", upper, '"' + md5("else") + '"'}},
-        {"size",
-         {"0", "-1", "50000001", "1e300", "1e999", "12348.5", R"("12348")", "true", "18446744073709551617",
-          "12347", "12349"}}};
+        {"version", {R"("1.5")", R"("0.00")", "1.06"}},
+        {"name", {R"("..")", R"("../firmware/pedal-1.06.bin")", R"("/etc/passwd")", R"("a\u0000b")"}},
+        {"hash", {R"("")", '"' + md5("else") + '"'}},
+        {"size", {"0", "-1", "50000001", "12348.5", "18446744073709551617", "12347"}}};
     for (const auto& [key, values] : badValues) {
         for (const auto& value : values) {
             bad.push_back(with(key, value));
         }
     }
-    for (const bool offeredBefore : {false, true}) {
-        if (offeredBefore) {
-            check();
-            ASSERT_EQ(offered(), "pedal-1.06.bin");
-            std::filesystem::remove(file);
-        }
-        for (const auto& manifest : bad) {
-            server.set(manifestPath, {manifest});
-            check();
-            EXPECT_EQ(offered(), offeredBefore ? "pedal-1.06.bin" : "") << manifest.substr(0, 200);
-            EXPECT_EQ(namesIn(cache), Strings{}) << manifest.substr(0, 200);
-        }
-        offer("1.06");
+    check();
+    ASSERT_EQ(offered(), "pedal-1.06.bin");
+    std::filesystem::remove(file);
+    for (const auto& manifest : bad) {
+        server.set(manifestPath, {manifest});
+        check();
+        EXPECT_EQ(offered(), "pedal-1.06.bin") << manifest.substr(0, 200);
+        EXPECT_EQ(namesIn(cache), Strings{}) << manifest.substr(0, 200);
     }
     EXPECT_EQ(namesIn(home.path()), Strings{"Library"}) << "nothing escaped from the cache";
-    server.takeRequests();
-    server.set(manifestPath, {with("hash", upper)});
-    EXPECT_EQ(check(), (Strings{manifestPath, imagePath}));
-    EXPECT_EQ(check(), (Strings{manifestPath, imagePath})) << "fetched each time, never kept";
-    server.set(manifestPath, {with("size", "12348.0")});
-    check();
-    EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"}) << "a whole number, however it is written";
-    for (const std::uint64_t allowed : {1U, 50'000'000U}) {
-        const auto text = with("size", std::to_string(allowed));
-        EXPECT_EQ(
-            newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})->size,
-            allowed);
-    }
+    const auto sizeOf = [&](std::uint64_t size) {
+        const auto text = with("size", std::to_string(size));
+        return newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})->size;
+    };
+    EXPECT_EQ(sizeOf(largestFirmware), largestFirmware);
+    EXPECT_EQ(sizeOf(largestFirmware + 1), 0U);
 }
 
 TEST_F(FirmwareUpdatesTest, HandsOutOnlyWhatIsStillTheOfferedImage) {
@@ -246,39 +205,29 @@ TEST_F(FirmwareUpdatesTest, OffersNothingToAPedalThatWasFlashedInTheMeantime) {
 }
 
 TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
-    for (std::size_t tenth = 0; tenth < 10; ++tenth) {
+    for (std::size_t tenth = 0; tenth < 10; tenth += 3) {
         for (const bool stated : {true, false}) {
             server.set(imagePath, {image, 200, {}, image.size() * tenth / 10, false, false, stated});
             check();
             EXPECT_EQ(offered(), "") << tenth;
             EXPECT_EQ(namesIn(cache), Strings{}) << tenth;
         }
-        const auto manifest = "[" + entry("1.06") + "]";
-        server.set(manifestPath, {manifest, 200, {}, manifest.size() * tenth / 10, false, false, false});
-        EXPECT_EQ(check(), Strings{manifestPath}) << tenth;
-        offer("1.06");
     }
-    server.set(imagePath, {image + "x"});
-    check();
-    EXPECT_EQ(offered(), "");
     server.set(imagePath, {std::string(image.size(), 'w')});
     check();
     EXPECT_EQ(offered(), "");
     limit = 100ms;
     start();
-    for (const auto& path : {imagePath, manifestPath}) {
-        server.set(path, {image, 200, {}, 10, true});
-        check();
-        EXPECT_EQ(offered(), "") << "silent at " << path;
-    }
+    server.set(imagePath, {image, 200, {}, 10, true});
+    check();
+    EXPECT_EQ(offered(), "") << "silent";
     EXPECT_EQ(namesIn(cache), Strings{});
 }
 
 TEST_F(FirmwareUpdatesTest, ABadFileInTheCacheIsFetchedAnew) {
     const Strings both = {manifestPath, imagePath};
     check();
-    for (const auto& content :
-         {std::string(), image.substr(1), image + "x", std::string(image.size(), 'w')}) {
+    for (const auto& content : {image.substr(1), image + "x", std::string(image.size(), 'w')}) {
         writeText(file, content);
         EXPECT_EQ(check(), both) << content.size();
         EXPECT_EQ(readText(file), image);
@@ -303,15 +252,9 @@ TEST_F(FirmwareUpdatesTest, WhatIsNoFileStaysAndCostsNoDownload) {
     EXPECT_TRUE(std::filesystem::is_symlink(file));
     EXPECT_EQ(readText(target), image);
     std::filesystem::remove(file);
-    std::filesystem::create_symlink(home / "nowhere", file);
-    refused("a link to nothing");
-    EXPECT_FALSE(std::filesystem::exists(home / "nowhere"));
-    std::filesystem::remove(file);
     std::filesystem::create_directory(file);
-    writeText(file / "kept", "kept");
     refused("a folder");
-    EXPECT_EQ(readText(file / "kept"), "kept");
-    std::filesystem::remove_all(file);
+    std::filesystem::remove(file);
     ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
     refused("a pipe");
     std::filesystem::remove(file);
@@ -340,12 +283,6 @@ TEST_F(FirmwareUpdatesTest, AFullDiskOrALostFolderLeavesNothingBehind) {
     writeText(home / "Library", "a file where the folder should be");
     EXPECT_EQ(check(), Strings{manifestPath}) << "nothing is fetched that cannot be stored";
     EXPECT_EQ(offered(), "");
-    start();
-    EXPECT_FALSE(updates->initialized());
-    EXPECT_EQ(check(), Strings{}) << "without its folder it never asks";
-    std::filesystem::remove(home / "Library");
-    updates->setup();
-    EXPECT_TRUE(updates->initialized());
 }
 
 TEST_F(FirmwareUpdatesTest, ChecksEvery15SecondsForItsLife) {
@@ -369,68 +306,31 @@ TEST_F(FirmwareUpdatesTest, ChecksEvery15SecondsForItsLife) {
     EXPECT_EQ(headline, "");
 }
 
-TEST_F(FirmwareUpdatesTest, OnTheMainThreadTheTextsAreThereAtOnce) {
-    updates->refresh();
-    EXPECT_NE(headline, "");
-    EXPECT_EQ(notes, "\u2022\tOne\n\u2022\tTwo");
-    headline.clear();
-    updates->stop();
-    updates->refresh();
-    EXPECT_EQ(headline, "") << "stopped";
-}
-
 /// Always fails, and counts simultaneous requests.
 struct CountingClient : HttpClient {
-    HttpResult fetch(const HttpRequest& request) override {
+    HttpResult fetch(const HttpRequest& /*request*/) override {
         most = std::max<int>(most, ++inside);
-        if (again) {
-            std::exchange(again, nullptr)->refresh();
-        }
         std::this_thread::yield();
-        ++fetches;
         --inside;
-        EXPECT_EQ(request.limits.bytes, 1U << 20U);
-        EXPECT_EQ(request.limits.total, 20s);
         return {HttpFailure::network, "none", {}};
     }
     std::atomic<int> inside = 0;
     std::atomic<int> most = 0;
-    std::atomic<int> fetches = 0;
-    FirmwareUpdates* again = nullptr;
 };
 
 TEST_F(FirmwareUpdatesTest, OneRefreshAtATimeInTheWholeProcess) {
     CountingClient counting;
-    const auto make = [&] {
-        auto made = std::make_shared<FirmwareUpdates>(FirmwareEnvironment{executor,
-                                                                          counting,
-                                                                          [] { return true; },
-                                                                          [] { return std::nullopt; },
-                                                                          "",
-                                                                          home.path(),
-                                                                          "https://127.0.0.1/_.json",
-                                                                          {},
-                                                                          {},
-                                                                          20s});
-        made->setup();
-        return made;
-    };
-    const auto one = make();
-    const auto other = make();
-    EXPECT_EQ(one->currentSoftware(), std::nullopt);
+    start(counting);
+    const auto one = updates;
+    start(counting);
     std::vector<std::thread> threads;
-    threads.reserve(6);
     for (int i = 0; i < 6; ++i) {
-        threads.emplace_back([&, i] { (i % 2 == 0 ? one : other)->refresh(); });
+        threads.emplace_back([&, i] { (i % 2 == 0 ? one : updates)->refresh(); });
     }
     for (auto& thread : threads) {
         thread.join();
     }
     EXPECT_EQ(counting.most, 1);
-    EXPECT_EQ(counting.fetches, 6) << "each waits for its turn";
-    counting.again = one.get();
-    one->refresh();
-    EXPECT_EQ(counting.fetches, 7) << "busy: a refresh inside a refresh does nothing";
 }
 
 }  // namespace

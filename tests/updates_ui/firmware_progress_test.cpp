@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QScreen>
 #include <QTest>
-#include <limits>
 
-#include "controls.h"
-#include "ui/palette.h"
 #include "updates/windows/firmware_updater_progress.h"
-#include "updates/windows/lamp_bar.h"
 #include "virtual_executor.h"
 
 using namespace kzq;
@@ -40,10 +35,6 @@ TEST_F(FirmwareProgressTest, TheBarIsFullAfter13SecondsAndTheWindowClosesASecond
     EXPECT_TRUE(progress->animate());
     EXPECT_TRUE(shown());
     EXPECT_EQ(bar(), 0);
-    const auto middle = progress->window().screen()->availableGeometry().center();
-    EXPECT_LE((progress->window().geometry().center() - middle).manhattanLength(), 8);  // the frame's edges
-    EXPECT_TRUE(progress->window().windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    EXPECT_FALSE(progress->window().windowFlags().testFlag(Qt::WindowCloseButtonHint));
 
     executor.advance(6500ms);
     EXPECT_NEAR(bar(), 0.5, 0.0005);
@@ -98,15 +89,6 @@ TEST_F(FirmwareProgressTest, ABeginAfterAFailedFlashStartsAnewAndOwesTheFirstNot
     EXPECT_FALSE(shown());
 }
 
-TEST_F(FirmwareProgressTest, GoingAwayEndsTheLoop) {
-    progress->begin();
-    const auto ender = progress->ender();
-    executor.advance(1s);
-    progress.reset();
-    executor.advance(20s);
-    ender();
-}
-
 TEST(FirmwareProgressOnABusyMainThread, OneUpdateWaitsAndBringsTheNewestValue) {
     HeldUpExecutor executor;
     const auto progress = FirmwareUpdaterProgress::progress(executor);
@@ -121,20 +103,4 @@ TEST(FirmwareProgressOnABusyMainThread, OneUpdateWaitsAndBringsTheNewestValue) {
     executor.queued.back()();
     EXPECT_EQ(progress->slider().doubleValue(), 0) << "which is of no interest to the next flash";
     executor.endJobs();
-}
-
-TEST(LampBar, LightsWholeLampsFromTheLeft) {
-    LampBar bar;
-    bar.resize(bar.sizeHint());
-    for (const int lamps : {0, 2, 43}) {
-        bar.setDoubleValue(std::numeric_limits<double>::quiet_NaN());
-        EXPECT_EQ(bar.doubleValue(), 0);
-        bar.setDoubleValue(lamps / 43.0);
-        const auto image = bar.grab().toImage();
-        int lit = 0;
-        for (int x = 0; x < image.width(); ++x) {
-            lit += image.pixelColor(x, 12) == creamColor() ? 1 : 0;
-        }
-        EXPECT_EQ(lit, lamps * 6);
-    }
 }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>
-#include <QTextBlock>
 
 #include "updates/windows/notes_view.h"
 
@@ -38,17 +37,10 @@ TEST(ReleaseNotes, AreTextWhateverTheyCameAs) {
     EXPECT_EQ(plainNotes(hostile + ">"), QString());
 }
 
-TEST(NotesView, MarksListLinesAndKeepsHostileTextInBounds) {
+TEST(NotesView, KeepsHostileTextInBounds) {
     NotesView view;
     view.appendNotes(QStringLiteral("\u2022\tListed\nnot listed\a\x1b[2J"));
     EXPECT_EQ(view.toPlainText(), u"\u2022\tListed\nnot listed[2J");
-    const auto listed = view.document()->firstBlock();
-    const auto bullet = listed.begin().fragment();
-    EXPECT_EQ(bullet.text(), u"\u2022\t");
-    EXPECT_NE(bullet.charFormat().foreground(), listed.next().begin().fragment().charFormat().foreground());
-    EXPECT_EQ(listed.blockFormat().leftMargin(), -listed.blockFormat().textIndent());
-    EXPECT_NE(listed.blockFormat().leftMargin(), 0);
-    EXPECT_EQ(listed.next().blockFormat().leftMargin(), 0);
     const QSignalSpy changes(view.document(), &QTextDocument::contentsChanged);
     view.appendNotes(QString(1'000'000, u'\n'));
     EXPECT_EQ(changes.count(), 1) << "each change is laid out by itself";

@@ -1,15 +1,13 @@
 #include "updates/windows/software_update.h"
 
-#include <sodium.h>
-
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "controls.h"
 #include "shelf.h"
+#include "signer.h"
 #include "updates/windows/lamp_bar.h"
-#include "updates/windows/software_update_view.h"
 
 using namespace kzq;
 using namespace kzq::test;
@@ -19,25 +17,20 @@ namespace {
 
 struct SoftwareUpdateTest : testing::Test {
     SoftwareUpdateTest() {
-        crypto_sign_keypair(key.data(), secret.data());
         QFile file(folder.filePath("loops.AppImage"));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         shelf.resources["https://maker/new.AppImage"] = package;
         publish("0.2");
-        start({"0.1.0", {key}, false, "https://maker/"});
+        start({"0.1.0", {signer.key}, false, "https://maker/"});
     }
     ~SoftwareUpdateTest() override { executor.endJobs(); }
 
     void publish(const std::string& version) {
-        UpdateSignature signature{};
-        crypto_sign_detached(signature.data(), nullptr, reinterpret_cast<const std::uint8_t*>(package.data()),
-                             package.size(), secret.data());
-        const auto text = QByteArray(reinterpret_cast<const char*>(signature.data()), 64).toBase64();
         shelf.resources["https://maker/feed"] =
             R"(<rss><channel><item><description>&lt;ul&gt;&lt;li&gt;New&lt;/ul&gt;</description>)"
             R"(<enclosure url="https://maker/new.AppImage" version=")" +
             version + R"(" length=")" + std::to_string(package.size()) + R"(" edSignature=")" +
-            text.toStdString() + R"("/></item></channel></rss>)";
+            signer.sign(package) + R"("/></item></channel></rss>)";
     }
     void start(UpdateBuild build) {
         const UpdateDesktop desktop = {[](const std::filesystem::path&) { return true; },
@@ -76,8 +69,7 @@ struct SoftwareUpdateTest : testing::Test {
     }
 
     const std::string package = std::string(2'000'000, 'n');
-    std::array<std::uint8_t, 64> secret{};
-    UpdateKey key{};
+    Signer signer;
     QTemporaryDir folder;
     VirtualExecutor executor;
     Shelf shelf{executor, 2};
@@ -172,25 +164,4 @@ TEST_F(SoftwareUpdateTest, IsGivenUpByEveryRoadOutOfTheWindow) {
     updater->checkForUpdates();
     executor.advance(10s);
     EXPECT_EQ(updater->status().state, UpdateState::offered) << "without its window";
-}
-
-TEST_F(SoftwareUpdateTest, ACopyThatCannotUpdateItselfOpensTheWebSite) {
-    for (const auto& build : {UpdateBuild{"0.1.0", {}, false, "https://maker/"},
-                              UpdateBuild{"0.1.0", {key}, true, "https://maker/"}}) {
-        start(build);
-        check();
-        EXPECT_EQ(buttons(), (QStringList{"Website", "Later"}));
-        update->accept();
-        EXPECT_FALSE(window().isVisible());
-    }
-    EXPECT_EQ(events, (std::vector<std::string>{"https://maker/", "https://maker/"}));
-}
-
-TEST(SoftwareUpdateView, KeepsAHostileVersionInOneShortLine) {
-    UpdateStatus status;
-    status.state = UpdateState::ready;
-    status.version = "9\n\n 9" + std::string(500, '9');
-    const auto headline = softwareUpdateView(status, "0.1.0").headline;
-    EXPECT_TRUE(headline.startsWith(u"7306 Loop Manager 9 99")) << headline.toStdString();
-    EXPECT_LT(headline.size(), 120);
 }

@@ -116,10 +116,6 @@ TEST_F(UsbPortTest, AnnouncesPedalsThatAreThereComeAndGo) {
         there.watch(late, HotplugEvent::arrived, true);
         ASSERT_EQ(there.seen().size(), 1) << "not announced inside the registration";
         EXPECT_EQ(there.seen()[0].thread, std::this_thread::get_id());
-        there.watch(late, HotplugEvent::left, true);
-        there.watch(late, HotplugEvent::arrived, false);
-        EXPECT_EQ(there.seen().size(), 1);
-
         LibusbPort short_;
         forgotten.watch(short_, HotplugEvent::left, false);
     }
@@ -222,27 +218,7 @@ TEST_F(UsbPortTest, SendsALargeWriteInPiecesAndCountsWhatWentOut) {
     EXPECT_EQ(handle_->bulkOut(pedalBulkOut, image, transferred), usbPipe);
     EXPECT_EQ(transferred, 2 * 65'536);
 
-    plan(FaultKind::overrun, Fault::Where::bulkOut, 2);
-    EXPECT_EQ(handle_->bulkOut(pedalBulkOut, image, transferred), usbSuccess);
-    EXPECT_GT(transferred, image.size()) << "too much is never taken for a good piece";
     EXPECT_THAT(pedal_.violations(), IsEmpty());
-}
-
-TEST_F(UsbPortTest, ReadsAsMuchAsComes) {
-    acquire();
-    ASSERT_EQ(command(0xE1, 0, 1), int{replyLength});
-    std::vector<std::uint8_t> piece(transferPiece);
-    std::size_t transferred = 0;
-    EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbSuccess);
-    EXPECT_EQ(transferred, transferPiece);
-    plan(FaultKind::shorten, Fault::Where::bulkIn);
-    EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbSuccess);
-    EXPECT_EQ(transferred, transferPiece / 2);
-    plan(FaultKind::overrun, Fault::Where::bulkIn);
-    EXPECT_EQ(handle_->bulkIn(pedalBulkIn, piece, transferred), usbOverflow);
-
-    plan(FaultKind::shorten, Fault::Where::control);
-    EXPECT_EQ(command(0xE9), replyLength / 2);
 }
 
 TEST_F(UsbPortTest, SaysNoInThePedalsPlaceOnlyWhereTheHostRefused) {

@@ -3,15 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "device/simulator/usbip/kernel_port.h"
 #include "import_client.h"
 #include "virtual_executor.h"
 
 namespace kzq::simulator::usbip {
 namespace {
 
-using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr int busy = 2;
@@ -50,27 +47,6 @@ class UsbipServerTest : public testing::Test {
     std::string place_;
 };
 
-TEST_F(UsbipServerTest, ListsThePedalWhileItIsThere) {
-    const ImportClient::Bytes question{0x01, 0x11, 0x80, 0x05, 0, 0, 0, 0};
-    ImportClient there(place_);
-    there.send(question);
-    EXPECT_THAT(there.receive(12), ElementsAre(0x01, 0x11, 0x00, 0x05, 0, 0, 0, 0, 0, 0, 0, 1));
-    const auto record = there.receive(312 + 4);
-    ASSERT_EQ(record.size(), 316);
-    EXPECT_STREQ(reinterpret_cast<const char*>(record.data() + 256), "1-1");
-    EXPECT_THAT(ImportClient::Bytes(record.begin() + 288, record.end()),
-                ElementsAre(0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0, 3, 0x30, 0x8A, 0x01, 0x04, 0x01, 0x00, 0, 0, 0,
-                            1, 1, 1, 0xFF, 0, 0, 0));
-    EXPECT_TRUE(there.atEnd());
-
-    pedal_.unplug();
-    ImportClient empty(place_);
-    empty.send(question);
-    EXPECT_THAT(empty.receive(12), ElementsAre(0x01, 0x11, 0x00, 0x05, 0, 0, 0, 0, 0, 0, 0, 0));
-    EXPECT_TRUE(empty.atEnd());
-    EXPECT_EQ(ImportClient(place_).import(), noDevice);
-}
-
 TEST_F(UsbipServerTest, BelongsToOneComputerUntilThatHangsUp) {
     ImportClient first(place_);
     EXPECT_EQ(first.import("1-2"), noDevice);
@@ -80,10 +56,6 @@ TEST_F(UsbipServerTest, BelongsToOneComputerUntilThatHangsUp) {
     EXPECT_EQ(ImportClient(place_).import(), busy);
     EXPECT_EQ(second->command(0xE9).data.at(stageOffset), 'p');
 
-    ImportClient wrongVersion(place_);
-    wrongVersion.send({0x01, 0x06, 0x80, 0x03, 0, 0, 0, 0});
-    EXPECT_TRUE(wrongVersion.atEnd());
-
     second->submit(7, false, 0xFFFFFFFF);  // more than there can be: no computer, or a broken one
     EXPECT_TRUE(second->atEnd());
     ImportClient third(place_);
@@ -91,30 +63,6 @@ TEST_F(UsbipServerTest, BelongsToOneComputerUntilThatHangsUp) {
         third = ImportClient(place_);
     }
     EXPECT_EQ(third.command(0xE9).data.at(stageOffset), 'p');
-}
-
-TEST_F(UsbipServerTest, AnswersWhatEveryDeviceIsAsked) {
-    ImportClient client(place_);
-    ASSERT_EQ(client.import(), 0);
-    const auto device = client.control(0x80, 6, 0x0100, 0, 64);
-    ASSERT_EQ(device.length, 18);
-    EXPECT_THAT(ImportClient::Bytes(device.data.begin() + 7, device.data.begin() + 12),
-                ElementsAre(64, 0x8A, 0x30, 0x04, 0x01));
-    EXPECT_EQ(client.control(0x80, 6, 0x0200, 0, 9).length, 9);
-    const auto configuration = client.control(0x80, 6, 0x0200, 0, 255);
-    ASSERT_EQ(configuration.length, 32);
-    EXPECT_THAT(ImportClient::Bytes(configuration.data.begin() + 9, configuration.data.end()),
-                ElementsAre(9, 4, 0, 0, 2, 0xFF, 0, 0, 0, 7, 5, 0x81, 2, 0, 2, 0, 7, 5, 0x02, 2, 0, 2, 0));
-    EXPECT_EQ(client.control(0x80, 6, 0x0600, 0, 10).status, stalled) << "no other speed";
-    EXPECT_THAT(client.control(0x80, 8, 0, 0, 1).data, ElementsAre(0));
-    EXPECT_EQ(client.control(0x00, 9, 2, 0, 0).status, stalled);
-    EXPECT_EQ(client.control(0x00, 9, 1, 0, 0).status, 0);
-    EXPECT_THAT(client.control(0x80, 8, 0, 0, 1).data, ElementsAre(1));
-    EXPECT_THAT(client.control(0x82, 0, 0, 0x81, 2).data, ElementsAre(0, 0));
-    EXPECT_EQ(client.control(0x02, 1, 0, 0x81, 0).status, 0);
-    EXPECT_EQ(client.control(0x02, 1, 0, 0x83, 0).status, stalled) << "no such endpoint";
-    EXPECT_EQ(client.control(0xA1, 7, 0, 0, 24).status, stalled) << "a question of a driver of another class";
-    EXPECT_THAT(pedal_.violations(), IsEmpty()) << "none of these is the pedal's business";
 }
 
 TEST_F(UsbipServerTest, CarriesLoopsBothWays) {
@@ -164,13 +112,6 @@ TEST_F(UsbipServerTest, TransfersWaitInTurnAndCanBeTakenBack) {
     EXPECT_EQ(client.answer(true).number, second);
     client.unlink(first);
     EXPECT_EQ(client.answer(false).status, 0) << "it was over";
-
-    client.submit(1, true, 1024);
-    client.answer(true);
-    client.submit(1, true, 64);  // waits: all has been sent
-    client.control(0x00, 9, 1, 0, 0);
-    client.command(0xE1, 3, 255);
-    EXPECT_EQ(client.answer(true).data.size(), 64) << "a reset of the port starts the stream anew";
 }
 
 TEST_F(UsbipServerTest, FaultsReachTheComputerAsItsOwnErrors) {
@@ -198,18 +139,6 @@ TEST_F(UsbipServerTest, FaultsReachTheComputerAsItsOwnErrors) {
     pedal_.plugIn();
     EXPECT_EQ(arrivals_, 2);
     EXPECT_EQ(ImportClient(place_).import(), 0);
-}
-
-TEST(KernelPort, TakesTheFirstFreePortOfTheRightSpeed) {
-    constexpr auto status =
-        "hub port sta spd dev      sockfd local_busid\n"
-        "hs  0000 006 003 00010002 000003 1-1\n"
-        "ss  0008 004 000 00000000 000000 0-0\n"
-        "hs  0001 004 000 00000000 000000 0-0\n";
-    EXPECT_EQ(freePort(status), 1);
-    EXPECT_EQ(freePort("hub port sta\nhs  0000 006 003 00010002 000003 1-1\nss  0008 004 000 0 0 0-0\n"),
-              std::nullopt);
-    EXPECT_THAT(plugIntoKernel("/nowhere", 0, PedalBus::record()), HasSubstr("vhci-hcd"));
 }
 
 }  // namespace
