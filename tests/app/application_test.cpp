@@ -67,9 +67,6 @@ class ApplicationTest : public testing::Test {
     ~ApplicationTest() override { application().setDelegate(nullptr); }
 
     static Application& application() { return *static_cast<Application*>(qApp); }
-    static void click(const Receiver& on, QPoint at, Qt::MouseButton button = Qt::LeftButton) {
-        QTest::mouseClick(on.windowHandle(), button, {}, at);
-    }
     void key(Qt::Key key) const {
         QTest::keyPress(window.windowHandle(), key);
         QTest::keyRelease(window.windowHandle(), key);
@@ -80,20 +77,6 @@ class ApplicationTest : public testing::Test {
     Receiver window;
     FakeDelegate delegate;
 };
-
-TEST_F(ApplicationTest, OnlyReleasesOfItsOwnKeysAreUsedUpByAnOpenMenu) {
-    for (const auto used : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return,
-                            Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape}) {
-        key(used);
-        EXPECT_THAT(seen(), ElementsAre("press")) << used;
-    }
-    EXPECT_THAT(done(), ElementsAre("up", "up", "down", "down", "go", "go", "go", "close"));
-    key(Qt::Key_A);
-    delegate.open = false;
-    key(Qt::Key_Escape);
-    EXPECT_THAT(seen(), ElementsAre("press", "release", "press", "release"));
-    EXPECT_THAT(done(), IsEmpty());
-}
 
 /// Keys that are held on a machine too busy for the toolkit to see that they repeat.
 class HeldKeys : public ApplicationTest {
@@ -198,30 +181,6 @@ TEST_F(HeldKeys, DoNotAnswerTheQuestionThatTheyRaised) {
     });
     erase.click();
     EXPECT_THAT(answers, ElementsAre(alertSecondButton, alertSecondButton, alertThirdButton));
-}
-
-TEST_F(ApplicationTest, AClickClosesTheMenuUnlessItIsInItAndAlwaysCounts) {
-    click(window, {10, 10});
-    EXPECT_THAT(done(), IsEmpty());
-    click(window, {90, 10});
-    EXPECT_THAT(done(), ElementsAre("close"));
-    click(window, {90, 10}, Qt::RightButton);
-    EXPECT_THAT(done(), IsEmpty());
-    EXPECT_EQ(seen().size(), 3U);
-    const Receiver other;  // the same place in another window
-    click(other, {10, 10});
-    EXPECT_THAT(done(), ElementsAre("close"));
-    EXPECT_EQ(other.seen.size(), 1U);
-    delegate.open = false;
-    click(window, {90, 10});
-    EXPECT_THAT(done(), IsEmpty());
-}
-
-TEST_F(ApplicationTest, WithoutADelegateNothingThatTheUserDoesArrives) {
-    application().setDelegate(nullptr);
-    key(Qt::Key_A);
-    click(window, {10, 10});
-    EXPECT_THAT(seen(), IsEmpty());
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -25,9 +24,6 @@ class StartUp : public testing::Test {
         fs::create_directory(home);
         std::ofstream(program()) << "a program";
     }
-    ~StartUp() override {
-        ::unsetenv("XDG_CONFIG_HOME");  // NOLINT(concurrency-mt-unsafe): one thread
-    }
 
     fs::path program() const { return built / "bin" / "kzq7306"; }
     bool handOver(const fs::path& running, bool opens = true) {
@@ -35,11 +31,6 @@ class StartUp : public testing::Test {
                                             opened.push_back(bundle);
                                             return opens;
                                         }});
-    }
-    std::string defaultsAt(const fs::path& settings) const {
-        setUserDefaults(settings);
-        std::ifstream file(settings);
-        return {std::istreambuf_iterator<char>(file), {}};
     }
 
     const TestFolder base;
@@ -77,33 +68,6 @@ TEST_F(StartUp, ARenamingReplacesNothingAndAMissingOpenerDoesNotStopTheStart) {
     fs::remove(known);
     EXPECT_FALSE(handOver(program(), false));
     EXPECT_EQ(opened.size(), 1U);
-}
-
-TEST_F(StartUp, TheNearestBundleCounts) {
-    EXPECT_EQ(bundleOf("/a/One.app/b/Two.app/bin/x"), "/a/One.app/b/Two.app");
-    EXPECT_EQ(bundleOf("/a/One.apps/x.app"), "");
-}
-
-TEST_F(StartUp, TheDefaultsAreExactlyTwo) {
-    ::setenv("XDG_CONFIG_HOME", (base / "config").c_str(), 1);  // NOLINT(concurrency-mt-unsafe): one thread
-    EXPECT_EQ(usualSettings(home), base / "config" / "com.kzq.7306.conf");
-    const std::string two =
-        "[General]\nNSDisabledCharacterPaletteMenuItem=true\nNSDisabledDictationMenuItem=true\n";
-    EXPECT_EQ(defaultsAt(usualSettings(home)), two);
-    EXPECT_EQ(defaultsAt(usualSettings({})), two);  // once more, and without a home
-    ::setenv("XDG_CONFIG_HOME", "relative", 1);     // NOLINT(concurrency-mt-unsafe): one thread
-    EXPECT_EQ(usualSettings(home), home / ".config" / "com.kzq.7306.conf");
-    EXPECT_EQ(usualSettings({}), "");
-}
-
-TEST_F(StartUp, PlacesThatCannotBeWrittenAreIgnored) {
-    std::ofstream(base / "file") << "no folder";
-    EXPECT_EQ(defaultsAt(base / "file" / "settings.conf"), "");
-    setUserDefaults({});
-    writeBundleNameMarker(base / "file");
-    writeBundleNameMarker({});
-    EXPECT_EQ(bundleNameMarker({}), "");
-    EXPECT_FALSE(fs::exists(".com.kzq.7306.ignore-bundle-name-change"));
 }
 
 }  // namespace

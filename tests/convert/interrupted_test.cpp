@@ -123,14 +123,6 @@ TEST_F(Interrupted, ByAFullDisk) {
     expectFailed(diskFull, result, source_);
 }
 
-TEST_F(Interrupted, ByAnOutputThatMustNotBeTouched) {
-    const auto taken = shop_.write("taken.wav", Bytes{1, 2, 3});
-    expectFailed(outputRefused, Conversion({.output = taken}).convert(source_), source_);
-    EXPECT_EQ((Bytes{1, 2, 3}), readFile(taken));
-    expectFailed(outputRefused, Conversion({.output = shop_.at("nowhere") / "a.wav"}).convert(source_),
-                 source_);
-}
-
 TEST_F(Interrupted, AHalfWrittenFileNeverHasTheName) {
     const auto path = shop_.results() / "out.wav";
     const Bytes samples(60, 7);

@@ -1,6 +1,5 @@
 #include <cstdlib>
 #include <future>
-#include <iterator>
 #include <set>
 
 #include "audio/convert.h"
@@ -13,12 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class WorkingCopy : public Converting {
-  protected:
-    static std::size_t filesIn(const fs::path& folder) {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), {}));
-    }
-};
+class WorkingCopy : public Converting {};
 
 TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     // The folder of this run goes where the test can see it.
@@ -59,10 +53,6 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
         EXPECT_THAT(output, shape);
         EXPECT_EQ(readFile(good), readFile(output));
     }
-    const auto broken = shop_.write("broken.wav", Bytes(100));
-    const std::size_t before = filesIn(folder);
-    EXPECT_EQ(std::nullopt, Wave::convertAudioFile(broken));
-    EXPECT_EQ(before, filesIn(folder));
     fs::current_path("/");
     RunFolder::ofThisRun().remove();
     EXPECT_EQ(std::nullopt, Wave::convertAudioFile(good)) << "the program is quitting";

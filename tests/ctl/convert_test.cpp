@@ -47,42 +47,5 @@ TEST_F(ToolTest, ConvertKeepsNoFileThatWasCut) {
     EXPECT_THAT(files(), IsEmpty());
 }
 
-TEST_F(ToolTest, ConvertReadsAndWritesStandardStreams) {
-    const auto source = contents(std::filesystem::path(writeWave("in.wav", loopOf(100'000, 1))).filename());
-    const std::string text(source.begin(), source.end());
-    const auto from = [this](const std::string& stream, const std::string& to) {
-        input.clear();
-        input.str(stream);
-        return run({"convert", "-", "--to", to});
-    };
-    EXPECT_EQ(from(text, "-"), ExitCode::ok);
-    EXPECT_TRUE(out.str() == text) << "nothing else is printed";
-    EXPECT_EQ(from(text, folder / "out.wav"), ExitCode::ok);
-    EXPECT_EQ(contents("out.wav"), source);
-    EXPECT_EQ(from("noise", "-"), ExitCode::fileError);
-    EXPECT_THAT(out.str(), IsEmpty());
-    out.setstate(std::ios::badbit);
-    EXPECT_EQ(from(text, "-"), ExitCode::fileError);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Could not write to standard output.\n");
-    out.clear();
-    terminal = true;
-    EXPECT_EQ(from(text, "-"), ExitCode::usage);
-    EXPECT_EQ(workingCopies(), 0);
-}
-
-TEST_F(ToolTest, ConvertIsCancelled) {
-    convert = [this](const ctl::ConversionOrder& order) {
-        while (!*order.cancelled) {
-            executor.sleep(10ms);
-        }
-        return ctl::ConvertedFile{{}, 0, "The conversion was cancelled."};
-    };
-    start({"convert", "a.mp3", "--to", folder / "out.wav"});
-    executor.advance(1s);
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
-}
-
 }  // namespace
 }  // namespace kzq::test

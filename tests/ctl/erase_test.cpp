@@ -30,16 +30,6 @@ TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(ToolTest, ALoopRecordedUnderTheQuestionIsNotErased) {
-    pedal.plugIn();
-    answer = [this] {
-        pedal.setLoop(1, loopOf(7, 1));
-        return Answer::yes;
-    };
-    EXPECT_EQ(run({"erase", "2"}), ExitCode::pedalRefused);
-    EXPECT_EQ(sent(0xED), 0);
-}
-
 TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     pedal.plugIn();
     plan("refuse@ED");
@@ -54,14 +44,6 @@ TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     EXPECT_THAT(out.str(), testing::Not(HasSubstr("erased.")));
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged. Some of the loops may have been erased.\n");
     EXPECT_TRUE(pedal.memory()[1]);
-}
-
-TEST_F(ToolTest, AnEndBeforeTheWorkIsToldToPrograms) {
-    EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::noPedal);
-    EXPECT_THAT(out.str(), testing::StartsWith(R"({"event":"finished","exit":3,"message":"No pedal)"));
-    pedal.plugIn();
-    EXPECT_EQ(run({"erase", "--all", "--json"}), ExitCode::usage);
-    EXPECT_THAT(out.str(), HasSubstr(R"({"event":"finished","exit":2,"message":"Confirmation needed)"));
 }
 
 TEST_F(ToolTest, OnlyWhatTheUserWasAskedAboutIsErased) {
@@ -102,22 +84,6 @@ TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
     EXPECT_TRUE(pedal.memory()[1]);
     port.tamper = {};
     EXPECT_EQ(run({"backup", folder / "backup"}), ExitCode::ok);
-}
-
-TEST_F(ToolTest, CancelledEraseSendsNoReset) {
-    pedal.plugIn();
-    start({"erase", "--all", "--yes"});
-    executor.advance(30ms);  // in the pause after the second loop
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(sent(0xED), 2);
-    EXPECT_THAT(out.str(), HasSubstr("\n2 of 3 loops erased.\n"));
-    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
-    EXPECT_EQ(sent(0xEF), 1);
-    const auto journal = pedal.journal();
-    EXPECT_TRUE(std::none_of(journal.begin(), journal.end(), [](const simulator::WireEvent& event) {
-        return event.kind == simulator::WireEvent::Kind::reset;
-    }));
 }
 
 }  // namespace

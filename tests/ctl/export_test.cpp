@@ -176,16 +176,6 @@ TEST_F(ExportTest, APedalThatStoresSomethingElseIsNoticed) {
     pedal.setMemoryListener({});
 }
 
-TEST_F(ExportTest, UnpluggedInTheMiddle) {
-    plan("unplug@out:7");  // five pieces of the first file, then two more
-    EXPECT_EQ(run({"export", a, writeWave("c.wav", loopOf(900, 1))}), ExitCode::noPedal);
-    EXPECT_EQ(err.str(),
-              "kzq7306ctl: The pedal was unplugged. Loop 3 was being written; the slot may now be "
-              "empty.\n");
-    EXPECT_THAT(out.str(), HasSubstr("Loop 1: written.\n1 of 2 loops written.\n"));
-    EXPECT_EQ(onPedal(1), loopOf(700, 40).audio);
-}
-
 TEST_F(ExportTest, CancelStopsThePedalInItsOwnWay) {
     port.writePace = 10ms;
     start({"export", a});
@@ -199,26 +189,7 @@ TEST_F(ExportTest, CancelStopsThePedalInItsOwnWay) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
-TEST_F(ExportTest, CancelWhileReadingBackIsNotCalledUnwritten) {
-    port.pace = 10ms;
-    start({"export", a, "--slot", "2", "--verify", "--yes"});
-    executor.advance(15ms);
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled. Loop 2 was written but not compared.\n");
-    EXPECT_THAT(out.str(), testing::Not(HasSubstr("written")));
-    EXPECT_EQ(onPedal(2), loopOf(700, 40).audio);
-}
-
-TEST_F(ExportTest, ASilentPedalIsGivenUpEvenWhenTheResetDoesNotHelp) {
-    plan("silence@out:2");
-    plan("silence@EF");
-    EXPECT_EQ(run({"export", a, "--patience", "20"}), ExitCode::pedalRefused);
-    EXPECT_NEAR(seconds(), 20 + 2 + 2, 0.25);
-    EXPECT_THAT(err.str(), HasSubstr("stopped answering"));
-}
-
-TEST_F(ExportTest, CancelDuringAConversionOrAQuestion) {
+TEST_F(ExportTest, CancelDuringAConversion) {
     convert = [this](const ctl::ConversionOrder& order) {
         while (!*order.cancelled) {
             executor.sleep(10ms);
@@ -231,30 +202,7 @@ TEST_F(ExportTest, CancelDuringAConversionOrAQuestion) {
     tool->interrupt();
     EXPECT_EQ(finish(), ExitCode::cancelled);
 
-    convert = [this](const ctl::ConversionOrder& order) {
-        std::filesystem::copy_file(a, order.output / "copy.wav");
-        return ctl::ConvertedFile{order.output / "copy.wav", 700, {}};
-    };
-    answer = [this] {
-        executor.sleep(1h);
-        return Answer::yes;
-    };
-    start({"export", a, "--slot", "2"});
-    executor.advance(100s);
-    EXPECT_FALSE(code);
-    EXPECT_EQ(workingCopies(), 1);
-    pedal.unplug();
-    EXPECT_EQ(finish(), ExitCode::noPedal);
-    EXPECT_LT(executor.elapsed(), 201s);
     EXPECT_EQ(sent(0xE2), 0);
-}
-
-TEST_F(ExportTest, ProgressLine) {
-    terminal = true;
-    port.writePace = 100ms;
-    EXPECT_EQ(run({"export", a}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("Loop 1, writing: 48 %, 10.2 kB/s, 0:01 left"));
-    EXPECT_THAT(out.str(), testing::EndsWith("\r\x1b[KLoop 1: written.\n1 loop written.\n"));
 }
 
 TEST(ExportPlan, WhatShrinksGoesFirst) {

@@ -48,19 +48,6 @@ class FirmwareTest : public ToolTest {
         }
         return names;
     }
-    /// When the requests and images went out, in seconds.
-    std::vector<double> times() const {
-        std::vector<double> all;
-        for (const auto& event : pedal.journal()) {
-            const bool request = event.kind == simulator::WireEvent::Kind::control &&
-                                 (event.code == 0xE4 || event.code == 0xE7 || event.code == 0xE5);
-            if (request || event.kind == simulator::WireEvent::Kind::bulkOut) {
-                all.push_back(std::chrono::duration<double>(event.time.time_since_epoch()).count());
-            }
-        }
-        return all;
-    }
-
     Bytes image;
 };
 
@@ -71,15 +58,10 @@ TEST_F(FirmwareTest, ShowsWhatThePedalRunsAndWhatIsOffered) {
               "The pedal runs firmware 1.05.\n"
               "Firmware 1.06 is available. Run \"kzq7306ctl firmware install\" to install it.\n"
               "  - Better\n  - ?[2JBest\n");
-    EXPECT_EQ(run({"firmware", "--json"}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("\"version\": \"1.06\""));
-
     web.bodies.clear();
     EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
     EXPECT_EQ(out.str(), "The pedal runs firmware 1.05.\n");
     EXPECT_THAT(err.str(), HasSubstr("(no connection). Check the internet connection"));
-    EXPECT_EQ(run({"firmware", "--json"}), ExitCode::noDownload);
-    EXPECT_THAT(out.str(), HasSubstr("\"installed\": \"1.05\""));
     expectUntouched();
 }
 
@@ -88,9 +70,6 @@ TEST_F(FirmwareTest, ANormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersi
     terminal = true;
     EXPECT_EQ(install({"--json"}), ExitCode::ok);
     EXPECT_EQ(pedal.installedFirmware(), image);
-    EXPECT_THAT(times(), testing::ElementsAre(testing::DoubleNear(0, .1), testing::DoubleNear(1.6, .1),
-                                              testing::DoubleNear(9.6, .1), testing::DoubleNear(10.6, .1),
-                                              testing::DoubleNear(10.6, .1)));
     std::size_t from = 0;
     for (const auto* const part :
          {R"("event":"plan")", R"("phase":"restart")", R"("phase":"left")", R"("phase":"loader")",
@@ -105,7 +84,7 @@ TEST_F(FirmwareTest, ANormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersi
 
     EXPECT_EQ(install(), ExitCode::ok);  // the same again
     EXPECT_THAT(out.str(), HasSubstr("There is nothing to install."));
-    EXPECT_EQ(times().size(), 5U);
+    EXPECT_EQ(sent(0xE4), 2);
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
@@ -132,29 +111,6 @@ TEST_F(FirmwareTest, APedalWithNothingButItsLoaderIsRepaired) {
     EXPECT_EQ(sent(0xE7), 1);
 }
 
-TEST_F(FirmwareTest, NothingUnverifiedIsInstalled) {
-    blank();
-    const auto good = web.bodies;
-    const auto replaced = [&good](const std::string& from, const std::string& to) {
-        auto text = good.at("_.json");
-        return text.replace(text.find(from), from.size(), to);
-    };
-    web.bodies["new.bin"].back() ^= 1;
-    EXPECT_EQ(install(), ExitCode::noDownload);
-    EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and stored"));
-    web.bodies["new.bin"].pop_back();
-    EXPECT_EQ(install(), ExitCode::noDownload);
-    web.bodies = good;
-    for (const auto& manifest : {std::string("{"), std::string("[]"), replaced("new.bin", "../new.bin"),
-                                 replaced("1.06", "1.5"), replaced(":3000", ":50000001")}) {
-        web.bodies["_.json"] = manifest;
-        EXPECT_EQ(install(), ExitCode::noDownload) << manifest;
-    }
-    web.bodies.clear();
-    EXPECT_EQ(install(), ExitCode::noDownload);
-    expectUntouched();
-}
-
 TEST_F(FirmwareTest, NothingUnverifiedIsOffered) {
     pedal.plugIn();
     const auto good = web.bodies;
@@ -162,8 +118,6 @@ TEST_F(FirmwareTest, NothingUnverifiedIsOffered) {
     EXPECT_EQ(run({"firmware"}), ExitCode::noDownload);
     EXPECT_EQ(out.str(), "The pedal runs firmware 1.05.\n");
     EXPECT_THAT(err.str(), HasSubstr("could not be downloaded, verified and stored"));
-    EXPECT_EQ(run({"firmware", "--json"}), ExitCode::noDownload);
-    EXPECT_THAT(out.str(), HasSubstr("\"offered\": null"));
     EXPECT_THAT(cached(), IsEmpty());
 
     web.bodies = good;
@@ -260,25 +214,6 @@ TEST_F(FirmwareTest, APedalThatDoesNotComeBackAsItsLoader) {
     EXPECT_FALSE(signalsHeld);
 }
 
-TEST_F(FirmwareTest, APedalThatComesBackInItsOldFirmware) {
-    pedal.plugIn();
-    pedal.setReturns(false);
-    start({"firmware", "install", "--yes"});
-    executor.advance(5s);
-    pedal.setStage('p');
-    pedal.plugIn();
-    EXPECT_EQ(finish(), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("came back without entering its loader"));
-}
-
-TEST_F(FirmwareTest, AFinishedPedalThatStaysAwayIsOnlyTold) {
-    blank();
-    pedal.setReturns(false);
-    EXPECT_EQ(install(), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("The firmware is installed, but the pedal has not come back yet."));
-    EXPECT_NEAR(seconds(), 19, 1);
-}
-
 TEST_F(FirmwareTest, SignalsWaitForTheEndOfTheImage) {
     pedal.plugIn();
     // With a wait, as its end must not be mistaken for a pedal that never came.
@@ -295,56 +230,6 @@ TEST_F(FirmwareTest, SignalsWaitForTheEndOfTheImage) {
     EXPECT_THAT(err.str(), HasSubstr("Waiting until the firmware is complete…"));
     EXPECT_LT(seconds(), 11);  // nobody waits for the pedal's return
     EXPECT_FALSE(signalsHeld);
-}
-
-TEST_F(FirmwareTest, OnceTheImageIsCompleteEverySignalEndsTheWaitAndNoneTheTruth) {
-    blank();
-    pedal.setReturns(false);
-    start({"firmware", "install", "--yes"});
-    executor.advance(12s);
-    ASSERT_EQ(pedal.installedFirmware(), image);
-    ASSERT_TRUE(signalsHeld);
-    signalsHeld();
-    signalsHeld();
-    EXPECT_EQ(finish(), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("The firmware is installed.\n"));
-    EXPECT_THAT(err.str(), IsEmpty());
-    EXPECT_LT(seconds(), 13);
-    EXPECT_FALSE(signalsHeld);
-}
-
-TEST_F(FirmwareTest, AFinishedPedalThatReturnsSilentHoldsNobodyUp) {
-    blank();
-    plan("silence@E9:2");
-    EXPECT_EQ(install({"--patience", "0"}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("The firmware is installed, but the pedal has not come back yet."));
-    EXPECT_NEAR(seconds(), 19, 1);
-}
-
-TEST_F(FirmwareTest, ASignalEndsEndlessPatienceWithASilentLoaderWhichHoldsTheMainThread) {
-    pedal.plugIn();
-    plan("silence@E9:4");
-    start({"firmware", "install", "--yes", "--patience", "0"});
-    executor.background(Priority::standard, [this] {
-        executor.sleep(5min);
-        signalsHeld();
-    });
-    EXPECT_EQ(finish(), ExitCode::noPedal);
-    EXPECT_NEAR(seconds(), 360, 5);
-    EXPECT_FALSE(signalsHeld);
-}
-
-TEST_F(FirmwareTest, ASignalBeforeTheFlashEndsIt) {
-    blank();
-    answer = [this] {
-        executor.sleep(1h);
-        return Answer::yes;
-    };
-    start({"firmware", "install"});
-    executor.advance(1s);
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    expectUntouched();
 }
 
 }  // namespace

@@ -36,21 +36,6 @@ TEST_F(ToolTest, WatchTellsWhatHappens) {
               "The pedal is connected. It is running only its loader and needs firmware.\n");
 }
 
-TEST_F(ToolTest, WatchGoesOnAfterAnArrivalThatFailed) {
-    port.setOpenResult(usbAccess);
-    pedal.plugIn();
-    start({"watch"});
-    executor.advance(1s);
-    EXPECT_THAT(err.str(), HasSubstr("You do not have permission"));
-    EXPECT_FALSE(code);
-    pedal.unplug();
-    port.setOpenResult(usbSuccess);
-    executor.advance(1s);
-    pedal.plugIn();
-    executor.advance(1s);
-    EXPECT_THAT(out.str(), HasSubstr("The pedal is connected.\nFirmware 1.05"));
-}
-
 class SilentPedal : public ToolTest, public testing::WithParamInterface<const char*> {};
 
 TEST_P(SilentPedal, WatchGoesOnAfterSilence) {
@@ -68,23 +53,6 @@ TEST_P(SilentPedal, WatchGoesOnAfterSilence) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, SilentPedal, testing::Values("silence@E9", "silence@EB"));
-
-TEST_F(ToolTest, WatchAsJsonIsOneObjectALineAndEndsWhenNobodyReads) {
-    pedal.plugIn();
-    start({"watch", "--json"});
-    executor.advance(1s);
-    pedal.unplug();
-    executor.advance(1s);
-    std::vector<std::string> told;
-    for (const auto& event : events()) {
-        told.push_back(event["event"]);
-        EXPECT_EQ(event.contains("loops"), told.back() == "status");
-    }
-    EXPECT_THAT(told, testing::ElementsAre("connected", "status", "disconnected"));
-    out.setstate(std::ios::badbit);  // nobody reads any more
-    pedal.plugIn();
-    EXPECT_EQ(finish(), ExitCode::fileError);
-}
 
 }  // namespace
 }  // namespace kzq::test

@@ -46,14 +46,6 @@ TEST_F(Acquisition, FollowsArrivalAndDeparture) {
     EXPECT_EQ(looper().core(), nullptr);
 }
 
-TEST_F(Acquisition, ANewArrivalReleasesTheOldHandleFirst) {
-    loadPresent();
-    usb.calls.clear();
-    usb.arrive();
-    executor.settle();
-    EXPECT_THAT(usb.calls, ElementsAre("release 0", "close", "open", "driver 0", "claim 0", "E9/2A 1 0 [8]"));
-}
-
 TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
     struct Case {
         std::string tag;
@@ -155,18 +147,6 @@ TEST_F(Acquisition, RefusesToRunWhereTheMinorVersionReadsZero) {
     EXPECT_FALSE(looper().isAtLeastMojave());
 }
 
-TEST_F(Acquisition, DoesNothingForADelegateThatIsGone) {
-    load(usb);
-    KZQ7306::initialize(nullptr);
-    EXPECT_THAT(usb.filters, IsEmpty());
-    usb.present = true;
-    start();
-    delegate.reset();  // held weakly
-    usb.leave();
-    executor.settle();
-    EXPECT_TRUE(looper().disconnected());
-}
-
 TEST_F(Acquisition, ComingAndGoingKeepTheirTurnWhileAnotherThreadHasThePedal) {
     loadPresent();
     executor.background(Priority::high, [this] {
@@ -186,18 +166,6 @@ TEST_F(Acquisition, ComingAndGoingKeepTheirTurnWhileAnotherThreadHasThePedal) {
     executor.advance(1s);
     EXPECT_THAT(delegate->events, ElementsAre("connected p@0", "disconnected@4000", "connected p@4000"));
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
-}
-
-TEST_F(Acquisition, RequestsWithoutAPedalAnswerNothingAndTouchNothing) {
-    load(usb);
-    EXPECT_EQ(looper().control(0xE8), std::nullopt);
-    EXPECT_EQ(looper().read(8), std::nullopt);
-    EXPECT_FALSE(looper().write(std::vector<std::uint8_t>(8)));
-    looper().abortBulkTransfer(pedalBulkIn, true);
-    EXPECT_EQ(looper().status(true), std::nullopt);
-    EXPECT_EQ(looper().remaining(), 0U);
-    EXPECT_TRUE(looper().busy());
-    EXPECT_THAT(usb.calls, ElementsAre("initialize"));
 }
 
 TEST_F(Acquisition, RequestsTravelInTheirOddOrder) {
@@ -220,14 +188,6 @@ TEST_F(Acquisition, BulkTransfersGoOnUntilAllHasMoved) {
     EXPECT_EQ(looper().read(7)->size(), 7U);
     EXPECT_TRUE(looper().write(std::vector<std::uint8_t>(3)));
     EXPECT_THAT(usb.calls, ElementsAre("in 7", "in 3", "in 1", "out 3", "out 1"));
-
-    usb.calls.clear();
-    EXPECT_EQ(looper().read(0), std::nullopt);
-    EXPECT_EQ(looper().read(-1), std::nullopt);
-    EXPECT_FALSE(looper().write({}));
-    const std::uint8_t first = 0;
-    EXPECT_FALSE(looper().write({&first, std::size_t{1} << 31U}));  // refused before it is looked at
-    EXPECT_THAT(usb.calls, IsEmpty());
 
     usb.bulk = [](std::size_t size, std::size_t& transferred) {
         transferred = size + 1;

@@ -123,11 +123,6 @@ TEST_F(Export, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
 TEST_F(Export, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
     EXPECT_FALSE(exportLoops());
     stageFrames(2, 1);
-    const auto total = [](std::uint32_t, std::uint8_t) {};
-    EXPECT_FALSE(looper().exportLoops(exports, nullptr, total, [](std::uint8_t) {}));
-    EXPECT_FALSE(looper().exportLoops(exports, total, nullptr, [](std::uint8_t) {}));
-    EXPECT_FALSE(looper().exportLoops(exports, total, total, nullptr));
-    EXPECT_EQ(looper().exportLoop(exports[2], nullptr), 0U);
     pedal.setBusy(true);
     EXPECT_FALSE(exportLoops());
     executor.settle();

@@ -62,13 +62,6 @@ TEST_F(Import, BringsEveryLoopBitForBitInTheOrderOfTheList) {
     EXPECT_EQ(looper().operation(), KZQ7306::idle);
 }
 
-TEST_F(Import, ReadsTheLoopTableForEachLoop) {
-    importLoops({20});
-    executor.settle();
-    EXPECT_THAT(wire(),
-                ElementsAre("E8 1 0", "E9 1 0", "EA 1 0", "EB 1 0", "EC 1 0", "E1 19 7", "in 1024", "in 64"));
-}
-
 TEST_F(Import, ASlotThatFailsDoesNotStopTheBatch) {
     pedal.plan({FaultKind::refuse, Where::control, 0xE1, 2});
     pedal.plan({FaultKind::stall, Where::bulkIn, {}, 3});
@@ -120,16 +113,7 @@ TEST_F(Import, CancelBetweenAcceptanceAndStartReadsNothing) {
 }
 
 TEST_F(Import, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
-    EXPECT_FALSE(importLoops({}));
-    const auto bytes = [](std::uint32_t, std::uint8_t) {};
-    const auto file = [](const std::optional<Bytes>&, std::uint8_t) {};
-    const auto done = [](std::uint8_t) {};
-    EXPECT_FALSE(looper().importLoops({1}, nullptr, file, done));
-    EXPECT_FALSE(looper().importLoops({1}, bytes, nullptr, done));
-    EXPECT_FALSE(looper().importLoops({1}, bytes, file, nullptr));
-    EXPECT_EQ(looper().importLoop(1, nullptr), std::nullopt);
     pedal.setBusy(true);
-    EXPECT_FALSE(importLoops({1}));
     pedal.clearJournal();
     EXPECT_FALSE(importLoops({}));
     EXPECT_THAT(wire(), ElementsAre("E8 1 0"));  // whether it is busy comes first

@@ -32,15 +32,6 @@ class Start(unittest.TestCase):
             self.assertEqual(rows(program), [])
             self.ends(program, lambda: key("alt+F4"))
 
-    def test_pedal_is_there_before(self):
-        with Program() as program:
-            program.ready()
-            program.connected()
-            self.assertEqual(rows(program), LOOPS)
-            self.assertFalse(program.get("Import", "push button").enabled)
-            self.assertFalse(program.get("Erase", "push button").enabled)
-            self.ends(program, lambda: key("ctrl+q"))
-
     def ends(self, program, act):
         act()
         status, seconds = program.wait_end()

@@ -101,18 +101,6 @@ TEST_F(FlowTest, ATotalOfNothingRunsWithoutThePanel) {
     EXPECT_TRUE(exportRow(2).occupied());
 }
 
-TEST_F(FlowTest, ABusyPedalIsToldAndNothingIsLost) {
-    launchConnected();
-    stage(3, 10);
-    pedal.setBusy(true);
-    window->exportButton()->click();
-    pass(1s);
-    EXPECT_THAT(dialogs.take(), ElementsAre(isBusy));
-    EXPECT_FALSE(shieldUp());
-    EXPECT_EQ(delegate->selectedExportSlots().size(), 1U);
-    EXPECT_TRUE(exportRow(3).exporting().has_value());
-}
-
 }  // namespace
 
 }  // namespace kzq::test

@@ -64,21 +64,6 @@ TEST_F(FlowTest, ImportSavesTheCheckedLoopsInOrderUnderFreeNames) {
     EXPECT_THAT(dialogs.shown, IsEmpty());
 }
 
-TEST_F(FlowTest, EqualAndImpossibleNamesBecomeFilesOfTheirOwn) {
-    launchConnected();
-    window->show();
-    select({1, 3, 20});
-    type(1, "..");
-    type(3, QString(300, 'x'));
-    importRow(3).endEditing();
-    type(20, QString(300, 'x'));
-    window->importButton()->click();
-    ASSERT_TRUE(becomesIdle());
-    const auto cut = [](int length) { return QString(length, 'x').toStdString(); };
-    EXPECT_THAT(files(), ElementsAre("-...wav", cut(249).append("-2.wav"), cut(251).append(".wav")));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(base), {}), 4);  // nothing beside the folder
-}
-
 TEST_F(FlowTest, ABusyPedalOrACancelledChooserChangesNothing) {
     launchConnected();
     select({1});

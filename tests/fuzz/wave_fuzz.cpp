@@ -1,11 +1,10 @@
 // Feeds hostile buffers to the WAV functions and compares their results with a second, naive reading.
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <string_view>
 
 #include "audio/wave.h"
+#include "fuzz_check.h"
 #include "platform/little_endian.h"
 
 namespace {
@@ -13,14 +12,6 @@ namespace {
 using kzq::ByteRange;
 using kzq::Bytes;
 using kzq::ByteView;
-
-void require(bool holds, const char* what) {
-    if (holds) {
-        return;
-    }
-    std::fprintf(stderr, "broken: %s\n", what);
-    std::abort();
-}
 
 /// The content of a WAVE, read with only text comparison and a running remainder.
 struct Reading {

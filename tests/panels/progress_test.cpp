@@ -4,12 +4,9 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
-#include <QDialog>
 #include <QTest>
 #include <QWindow>
 #include <limits>
-
-#include "ui/panels/front_window.h"
 
 namespace kzq {
 namespace {
@@ -94,34 +91,6 @@ TEST_F(ProgressTest, EveryRoadOutButTheOwnersCancelsOnce) {
     panel->showWindow();
     panel.reset();
     EXPECT_EQ(cancels, 0);
-}
-
-TEST_F(ProgressTest, ADialogStandsOverWhatWouldCoverIt) {
-    QWidget main;
-    QWidget tip(nullptr, Qt::ToolTip | Qt::WindowStaysOnTopHint);
-    const auto other = Progress::progress([] {});
-    for (auto* const window : {&main, &tip}) {
-        window->show();
-    }
-    EXPECT_EQ(frontWindow(&main), &main);
-    panel->showWindow();
-    main.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&main));
-    EXPECT_EQ(frontWindow(&main), &panel->window());
-    for (auto* const active : {&other->window(), &panel->window()}) {
-        active->show();
-        active->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(active));
-        EXPECT_EQ(frontWindow(&main), active);
-    }
-    QDialog asked(&main);
-    asked.setModal(true);
-    asked.show();
-    EXPECT_EQ(frontWindow(&main), &asked);
-    asked.close();
-    panel->close();
-    other->close();
-    EXPECT_EQ(frontWindow(&main), &main);
 }
 
 }  // namespace

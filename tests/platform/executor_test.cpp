@@ -50,20 +50,6 @@ TEST(StandardExecutor, HasRoomForEveryJobThatBlocks) {
     gate.set_value();
 }
 
-TEST(StandardExecutor, KeepsTasksForTheNextRunAfterStop) {
-    StandardExecutor executor;
-    int ran = 0;
-    executor.main([&] { executor.stop(); });
-    executor.main([&] {
-        ++ran;
-        executor.stop();
-    });
-    executor.run();
-    EXPECT_EQ(ran, 0);
-    executor.run();
-    EXPECT_EQ(ran, 1);
-}
-
 TEST(VirtualExecutor, WakesOnlyWhoIsNotified) {
     test::VirtualExecutor executor;
     std::mutex mutex;

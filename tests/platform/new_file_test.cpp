@@ -139,13 +139,5 @@ TEST(FileNameComponent, StaysInsideTheFolderAndFits) {
     EXPECT_EQ(fileNameComponent(umlauts, 4).size(), 250U);
 }
 
-TEST_F(NewFileTest, LongNamesKeepTheirNumber) {
-    const std::string name(300, 'x');
-    ASSERT_TRUE(writeNewFile(folder_, name, ".wav", bytesOf("1")));
-    const NewFile second = writeNewFile(folder_, name, ".wav", bytesOf("2"));
-    EXPECT_EQ(second.path.filename().string(), std::string(249, 'x') + "-2.wav");
-    EXPECT_EQ(contents(second.path.filename()), "2");
-}
-
 }  // namespace
 }  // namespace kzq

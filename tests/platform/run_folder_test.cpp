@@ -93,18 +93,6 @@ TEST_F(RunFolderTest, SweepsWhatDeadRunsLeftAndNothingElse) {
     RunFolder(parent_ / "missing").sweep();
 }
 
-// NOLINTBEGIN(concurrency-mt-unsafe): one thread
-TEST(RunFolderParent, FollowsTheEnvironmentUnlessItMakesNoSense) {
-    const char* const before = std::getenv("TMPDIR");
-    const std::string saved = before == nullptr ? "" : before;
-    ::setenv("TMPDIR", "/proc", 1);
-    EXPECT_EQ("/proc", RunFolder::usualParent());
-    for (const char* const nonsense : {"", "relative", "/no/such/folder"}) {
-        ::setenv("TMPDIR", nonsense, 1);
-        EXPECT_EQ("/var/tmp", RunFolder::usualParent());
-    }
-    before == nullptr ? ::unsetenv("TMPDIR") : ::setenv("TMPDIR", saved.c_str(), 1);
-}
 // NOLINTEND(concurrency-mt-unsafe)
 
 }  // namespace

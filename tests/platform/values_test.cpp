@@ -14,35 +14,6 @@ using Kind = Trouble::Kind;
 using testing::Each;
 using testing::MatchesRegex;
 
-Result<int> half(int number) {
-    if (number % 2 != 0) {
-        return Trouble{Kind::badRequest, "half", 0, std::to_string(number), {}};
-    }
-    return number / 2;
-}
-
-Result<void> small(int number) {
-    if (number > 9) {
-        return Trouble{Kind::tooLarge};
-    }
-    return {};
-}
-
-TEST(Result, CarriesTheFirstTroubleThroughAllThatFollows) {
-    const Result<std::unique_ptr<int>> whole =
-        half(12).and_then(half).map([](int three) { return std::make_unique<int>(three); });
-    ASSERT_TRUE(whole);
-    EXPECT_EQ(**whole, 3);
-    const Result<void> odd = half(6).and_then(half).and_then(small);
-    ASSERT_FALSE(odd);
-    EXPECT_EQ(odd.error(), (Trouble{Kind::badRequest, "half", 0, "3", {}}));
-    const Result<void> large = half(20).and_then(small);
-    ASSERT_FALSE(large);
-    EXPECT_EQ(large.error().kind, Kind::tooLarge);
-    EXPECT_TRUE(half(18).and_then(small));
-    EXPECT_EQ(*small(1).and_then([] { return half(2); }), 1);
-}
-
 TEST(Trouble, NamesAreStableWordsAndDiffer) {
     EXPECT_EQ(troubleName(Kind::noPedal), "no-pedal");
     EXPECT_EQ(troubleName(Kind::heldByAnother), "held-by-another");

@@ -70,25 +70,4 @@ TEST(Pictures, QtUnderstandsAllOfEachAndStatesDiffer) {
     qInstallMessageHandler(before);
 }
 
-/// Half-covered pixels show as a grey fringe: none on upright and level edges, at one and a half pixels
-/// either.
-TEST(Pictures, LampsAndGroovesEndOnPixels) {
-    for (const double scale : {1.0, 1.5, 2.0}) {
-        const auto lamps = drawn("Meter_bar_green", scale);
-        for (int x = 0; x < lamps.width(); ++x) {
-            const bool lit = std::fmod(x / scale, 10) < 8;
-            ASSERT_EQ(lamps.pixelColor(x, lamps.height() / 2).alpha(), lit ? 255 : 0) << scale << " at " << x;
-        }
-        for (const auto* const name :
-             {"Import_field_Off", "Import_field_On", "Export_field_drop", "Menu_button"}) {
-            const auto image = drawn(name, scale);
-            for (const auto edge :
-                 {QPoint(0, image.height() / 2), QPoint(image.width() - 1, image.height() / 2),
-                  QPoint(image.width() / 2, 0), QPoint(image.width() / 2, image.height() - 1)}) {
-                EXPECT_EQ(image.pixelColor(edge).alpha(), 255) << name << " " << scale;
-            }
-        }
-    }
-}
-
 }  // namespace

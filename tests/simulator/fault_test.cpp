@@ -7,34 +7,6 @@ namespace {
 
 using Where = Fault::Where;
 
-TEST(FaultPlan, ReadsFaultsFromText) {
-    const auto unplug = faultFromText("unplug@in:100");
-    ASSERT_TRUE(unplug);
-    EXPECT_EQ(unplug->kind, FaultKind::unplug);
-    EXPECT_EQ(unplug->where, Where::bulkIn);
-    EXPECT_EQ(unplug->count, 100U);
-    EXPECT_FALSE(unplug->repeated);
-
-    const auto refuse = faultFromText("refuse@e1+");
-    ASSERT_TRUE(refuse);
-    EXPECT_EQ(refuse->where, Where::control);
-    EXPECT_EQ(refuse->code, 0xE1);
-    EXPECT_EQ(refuse->count, 1U);
-    EXPECT_TRUE(refuse->repeated);
-
-    const auto stall = faultFromText("stall@control:2+");
-    ASSERT_TRUE(stall);
-    EXPECT_FALSE(stall->code);
-    EXPECT_EQ(faultFromText("silence@out")->where, Where::bulkOut);
-    EXPECT_TRUE(faultFromText("shorten@in") && faultFromText("overrun@in:3") && faultFromText("overrun@out"));
-
-    for (const char* text : {"", "@", "stall", "stall@", "stall@in:", "stall@in:0", "stall@in:-1",
-                             "stall@in:1x", "stall@in:4294967296", "stall@E", "stall@E12", "stall@0xE1",
-                             "burn@in", "refuse@in", "overrun@E1", "stall@in++", " stall@in"}) {
-        EXPECT_FALSE(faultFromText(text)) << text;
-    }
-}
-
 TEST(FaultPlan, CountsWhatMatches) {
     FaultPlan plan;
     plan.add(*faultFromText("stall@E1:2"));

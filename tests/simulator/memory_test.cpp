@@ -35,11 +35,6 @@ class Folder : public testing::Test {
         }
         return found;
     }
-    std::string errorOf() const {
-        std::string sentence;
-        EXPECT_FALSE(LoopFolder(path).load(sentence));
-        return sentence;
-    }
 
     test::TestFolder path;
     std::string error;
@@ -74,22 +69,6 @@ TEST_F(Folder, KeepsLoopsFromRunToRun) {
     EXPECT_EQ(memory->at(0), fresh);
     EXPECT_EQ(memory->at(6), fresh);
     EXPECT_EQ(std::count(memory->begin(), memory->end(), std::nullopt), 18);
-}
-
-TEST_F(Folder, SaysWhatIsWrong) {
-    for (const Bytes& wrong : {*wave(noise(60), 1), *wave(noise(61), 2), *wave({}, 2), noise(100), Bytes{}}) {
-        put("Loop 7.wav", wrong);
-        EXPECT_THAT(errorOf(), HasSubstr("Loop 7.wav is not a"));
-    }
-    put("Loop 7.wav", *wave(noise(60), 2));
-    put("7.wav", *wave(noise(60), 2));
-    EXPECT_THAT(errorOf(), HasSubstr("Two files for slot 7: "));
-
-    EXPECT_FALSE(LoopFolder(path / "7.wav").load(error));
-    EXPECT_THAT(error, HasSubstr("7.wav cannot be read"));
-    EXPECT_FALSE(LoopFolder(path / "new").load(error));
-    EXPECT_THAT(error, HasSubstr("There is no folder"));
-    EXPECT_FALSE(fs::exists(path / "new"));
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <QAccessible>
 
 #include "row_fixture.h"
-#include "slots/slot_field_esc.h"
 
 namespace kzq::test {
 namespace {
@@ -63,68 +62,6 @@ TEST_F(Editing, EndsAndKeepsTheTrimmedNameByEveryRoad) {
     EXPECT_EQ(row.customImportName(), std::nullopt);
     EXPECT_EQ(fieldText(row), "Loop 1");
     EXPECT_THAT(calls, Not(Contains("ended import 1")));
-}
-
-TEST_F(Editing, EscapeLeavesRowsAloneThatAreNotEdited) {
-    recorded(2);
-    recorded(3).setCustomImportName("kept");
-    click(*importRow(2).field());
-    type("new");
-    SlotFieldEsc::centre().post();
-    EXPECT_EQ(fieldText(importRow(1)), "");
-    EXPECT_EQ(importRow(1).customImportName(), std::nullopt);
-    EXPECT_EQ(fieldText(exportRow(1)), "");
-    EXPECT_EQ(importRow(2).customImportName(), "new");
-    EXPECT_EQ(importRow(3).customImportName(), "kept");
-
-    click(*importRow(3).field());
-    QTest::keyPress(&editor, Qt::Key_Escape);
-    EXPECT_TRUE(importRow(3).field()->isEditable());
-    QTest::keyRelease(&editor, Qt::Key_Escape);
-    EXPECT_FALSE(importRow(3).field()->isEditable());
-}
-
-TEST_F(Editing, OneRowOfAListIsEditedAtATime) {
-    auto& first = recorded(1);
-    auto& second = recorded(2);
-    click(*first.field());
-    type("one");
-    click(*second.field());
-    EXPECT_EQ(first.customImportName(), "one");
-    EXPECT_FALSE(first.field()->isEditable());
-    EXPECT_EQ(editor.field(), second.field());
-    EXPECT_EQ(fieldText(second), "Loop 2");
-    second.endEditing();
-    setOccupied(second, false);
-    click(*first.field());  // the row recorded last is empty by now, and stays so
-    EXPECT_EQ(fieldText(second), "");
-
-    const auto before = Slot::currentImportSlotInEditingMode();
-    stage(exportRow(3), "/x/riff.wav");
-    takeCalls();
-    exportRow(3).field()->setEditable(true);
-    EXPECT_THAT(takeCalls(), ElementsAre("began export 3"));
-    EXPECT_EQ(Slot::currentExportSlotInEditingMode(), 3);
-    EXPECT_EQ(Slot::currentImportSlotInEditingMode(), before);
-}
-
-TEST_F(Editing, TheKeyboardReachesTheNameAndComesBackToIt) {
-    auto& row = recorded(1);
-    row.button()->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(row.button(), Qt::Key_Tab);
-    ASSERT_TRUE(row.field()->hasFocus());
-    QTest::keyClick(row.field(), Qt::Key_F2);
-    ASSERT_TRUE(editor.hasFocus());
-    QTest::keyClick(&editor, Qt::Key_Escape);
-    EXPECT_TRUE(row.field()->hasFocus());
-    auto* const told = QAccessible::queryAccessibleInterface(row.field());
-    told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_TRUE(editor.hasFocus());
-    row.endEditing();
-    recorded(3);
-    QTest::keyClick(row.field(), Qt::Key_F2);
-    QTest::keyClick(&editor, Qt::Key_Tab);
-    EXPECT_TRUE(exportRow(1).button()->hasFocus());  // the next control in the window, not the first
 }
 
 TEST_F(Editing, TheEditorOutlivesTheRow) {

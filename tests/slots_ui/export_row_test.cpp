@@ -68,24 +68,5 @@ TEST_F(ExportRow, TheXTellsBeforeAndAfterAndHandsTheFocusToTheButton) {
     EXPECT_TRUE(row.button()->hasFocus());
 }
 
-TEST_F(ExportRow, AReleasedRowLeavesAViewThatCallsNobody) {
-    auto& row = exportRow(1);
-    stage(row, "/x/riff.wav");
-    auto* const view = row.view();
-    auto* const button = row.button();
-    auto* const x = row.x();
-    row.field()->setEditable(true);
-    ASSERT_NE(row.field()->currentEditor(), nullptr);
-    takeCalls();
-    exportSlots[0].reset();
-    EXPECT_EQ(editor.field(), nullptr);
-    EXPECT_EQ(editor.parent(), nullptr);
-    EXPECT_FALSE(view->acceptDrops() || button->acceptDrops());
-    click(*button);
-    click(*x);
-    view->grab();
-    EXPECT_THAT(takeCalls(), ElementsAre());
-}
-
 }  // namespace
 }  // namespace kzq::test

@@ -69,23 +69,5 @@ TEST_F(ImportRow, DeselectingForgetsTheTypedName) {
     EXPECT_EQ(fieldText(row), "Loop 1");
 }
 
-TEST_F(ImportRow, ANewStateOfThePedalLeavesTheOpenEditorAlone) {
-    auto& row = recorded(1);
-    click(*row.field());
-    type("my ri");
-    row.setSelected(true);
-    row.refresh();
-    EXPECT_EQ(fieldText(row), "my ri");
-    type("");
-    row.setSelected(true);
-    EXPECT_EQ(fieldText(row), "");
-    type("my riff");
-    setOccupied(row, false);  // erased on the pedal meanwhile
-    EXPECT_EQ(fieldText(row), "my riff");
-    QTest::keyClick(&editor, Qt::Key_Return);
-    EXPECT_EQ(fieldText(row), "");
-    EXPECT_FALSE(row.button()->isEnabled());
-}
-
 }  // namespace
 }  // namespace kzq::test

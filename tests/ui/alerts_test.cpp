@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDialog>
 #include <QLabel>
-#include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTest>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <memory>
 
@@ -60,37 +55,6 @@ TEST(Alerts, AnswerByTheOrderOfTheirButtons) {
                            QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
                        }),
               1000);
-}
-
-/// Types `path` into the chooser that is about to open and accepts it.
-void choose(const std::filesystem::path& path) {
-    QMetaObject::invokeMethod(
-        qApp,
-        [name = QString::fromStdString(path.string())] {
-            auto& chooser = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
-            chooser.findChild<QLineEdit*>("fileNameEdit")->setText(name);
-            chooser.accept();
-        },
-        Qt::QueuedConnection);
-}
-
-TEST(Choosers, GiveTheAllowedFileOrTheFolderItself) {
-    const QTemporaryDir folder;
-    const std::filesystem::path here = folder.path().toStdString();
-    for (const auto* const name : {"a b.WAV", "b.txt"}) {
-        std::ofstream(here / name) << 'x';
-    }
-    test::VirtualExecutor executor;
-    KeyGuard keys(executor);
-    QtDialogs dialogs(keys, [] { return nullptr; });
-    choose(here / "a b.WAV");
-    const auto file = dialogs.chooseFile({"mp3", "wav"});
-    EXPECT_EQ(file.answer, panelOk);
-    EXPECT_EQ(file.path, here / "a b.WAV");
-    choose(here / "b.txt");
-    EXPECT_EQ(dialogs.chooseFile({"mp3", "wav"}).answer, panelCancelled);
-    choose(here);
-    EXPECT_EQ(dialogs.chooseFolder("Import").path, here);
 }
 
 TEST(Alerts, SurviveTheEndOfTheirParent) {

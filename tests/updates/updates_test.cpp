@@ -9,17 +9,8 @@
 
 using namespace kzq;
 using namespace kzq::test;
-using namespace std::chrono_literals;
 
 namespace {
-
-struct CountingExecutor : VirtualExecutor {
-    void background(Priority priority, Task task) override {
-        ++jobs;
-        VirtualExecutor::background(priority, std::move(task));
-    }
-    int jobs = 0;
-};
 
 /// The tests run in a folder of their own, since the cache folders belong to the current one.
 struct UpdatesTest : testing::Test {
@@ -40,7 +31,7 @@ struct UpdatesTest : testing::Test {
 
     const std::filesystem::path before = std::filesystem::current_path();
     TestFolder folder;
-    CountingExecutor executor;
+    VirtualExecutor executor;
     std::optional<std::string> firmware = "1.05";
 };
 
@@ -72,28 +63,6 @@ TEST_F(UpdatesTest, TellsTheLastCompleteElement) {
         hold(UpdateKind::firmware, broken);
         EXPECT_EQ(updates->latestCachedFirmware(), "1.05") << broken.substr(0, 100);
     }
-}
-
-TEST_F(UpdatesTest, RefreshesAtOnceAndEvery15Minutes) {
-    auto updates = Updates::updates();
-    EXPECT_EQ(executor.jobs, 1);
-    executor.advance(15min - 1ns);
-    EXPECT_EQ(executor.jobs, 1);
-    executor.advance(1ns);
-    EXPECT_EQ(executor.jobs, 2);
-    executor.advance(45min);
-    EXPECT_EQ(executor.jobs, 5);
-
-    std::optional<bool> complete;
-    updates->refresh([&](bool all) { complete = all; });
-    EXPECT_EQ(complete, std::nullopt) << "in the background";
-    executor.settle();
-    EXPECT_EQ(complete, true);
-    Updates::unload();
-    EXPECT_EQ(Updates::updates(), nullptr);
-    updates.reset();
-    executor.advance(1h);
-    EXPECT_EQ(executor.jobs, 6) << "gone";
 }
 
 TEST_F(UpdatesTest, KnowsTheMakersAddresses) {

@@ -53,39 +53,11 @@ TEST_F(FirmwareProgressTest, TheBarIsFullAfter13SecondsAndTheWindowClosesASecond
 
 TEST_F(FirmwareProgressTest, AnEarlierEndFillsTheBar) {
     progress->begin();
-    progress->end();
-    EXPECT_FALSE(progress->animate());
-    executor.settle();
-    EXPECT_EQ(bar(), 1) << "ended before the loop began";
-    executor.advance(999ms);
-    EXPECT_TRUE(shown());
-    executor.advance(1ms);
-    EXPECT_FALSE(shown());
-
-    progress->begin();
     executor.advance(3s);
     executor.background(Priority::standard, progress->ender());
     executor.advance(5ms);
     EXPECT_EQ(bar(), 1);
     executor.advance(1s);
-    EXPECT_FALSE(shown());
-}
-
-TEST_F(FirmwareProgressTest, ABeginAfterAFailedFlashStartsAnewAndOwesTheFirstNothing) {
-    progress->begin();
-    executor.advance(10s);
-    progress->begin();
-    EXPECT_EQ(bar(), 0);
-    executor.advance(5s);
-    EXPECT_TRUE(shown());
-    EXPECT_NEAR(bar(), 5.0 / 13, 0.0005);
-    progress->end();
-    executor.advance(500ms);
-    progress->begin();
-    executor.advance(600ms);
-    EXPECT_TRUE(shown()) << "the close of the one before is void";
-    EXPECT_NEAR(bar(), 0.6 / 13, 0.0005);
-    executor.advance(14s);
     EXPECT_FALSE(shown());
 }
 

@@ -74,22 +74,3 @@ TEST_F(FirmwareUpdaterTest, ShowsTheOfferAsTextAndPassesTheAnswerOn) {
     EXPECT_FALSE(updater->window().isVisible());
     EXPECT_EQ(installations, 4);
 }
-
-TEST_F(FirmwareUpdaterTest, AFlashClearsTheOfferFromItsOwnThreadAndMayOutliveTheWindow) {
-    executor.advance(22s);
-    ASSERT_TRUE(updater->update());
-    bool offeredAfterwards = true;
-    executor.background(Priority::standard, [this, &offeredAfterwards, updates = updater->updates()] {
-        executor.sleep(1s);
-        updates->clearUpdate();
-        updates->check();
-        executor.sleep(5s);
-        updates->refresh();
-        offeredAfterwards = updates->update().has_value();
-    });
-    executor.advance(1s);
-    EXPECT_FALSE(updater->update());
-    updater.reset();
-    executor.advance(1min);
-    EXPECT_FALSE(offeredAfterwards) << "fetches end with the window";
-}

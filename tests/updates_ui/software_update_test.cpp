@@ -122,25 +122,6 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     EXPECT_EQ(events, std::vector<std::string>{"relaunch"});
 }
 
-TEST_F(SoftwareUpdateTest, AnswersACheckWithoutAnUpdate) {
-    publish("0.1");
-    check();
-    EXPECT_EQ(headline(), u"You're up to date!");
-    EXPECT_EQ(detail(), u"7306 Loop Manager 0.1.0 is the newest version available.");
-    EXPECT_EQ(buttons(), QStringList{"OK"});
-    QTest::keyClick(&window(), Qt::Key_Return);
-    EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(updater->status().state, UpdateState::idle);
-
-    shelf.resources.clear();
-    check();
-    EXPECT_EQ(buttons(), QStringList{"OK"});
-    EXPECT_NE(detail(), QString()) << "why not";
-    publish("0.2");
-    check();
-    EXPECT_EQ(buttons(), (QStringList{"Install", "Later"})) << "a failure is not the last word";
-}
-
 TEST_F(SoftwareUpdateTest, IsGivenUpByEveryRoadOutOfTheWindow) {
     const std::function<void()> roads[] = {
         [this] { QTest::keyClick(&window(), Qt::Key_Escape); },

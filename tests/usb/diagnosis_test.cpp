@@ -119,17 +119,6 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     EXPECT_THAT(toldToUser(PedalTrouble::ruleMissing),
                 testing::AllOf(HasSubstr((root_ / "share/kzq7306/70-kzq7306.rules").string()),
                                HasSubstr(" && " + anew)));
-    {
-        const AsUser user;
-        EXPECT_THAT(obstacleLine(diagnose(places_)),
-                    testing::EndsWith("Run \"kzq7306ctl doctor\" to see how to fix it."))
-            << "too long for a line";
-    }
-    write("rules/90-own.rules", "ATTR{idVendor}==\"308a\", \\\nATTR{idProduct}==\"0104\", MODE=\"0666\"");
-    toldToUser(PedalTrouble::ruleNotInForce);
-    write("none/90-own.rules", "");
-    toldToUser(PedalTrouble::ruleMissing);  // the file of the same name counts less
-
     fs::remove(root_ / "nodes/003/014");
     EXPECT_EQ(toldToUser(PedalTrouble::fileMissing), "");
     EXPECT_THAT(obstacleLine(diagnose(places_)), HasSubstr("container"));

@@ -17,43 +17,6 @@
 
 namespace kzq {
 
-/// Real threads and real time, except for the link's own pauses, which are recorded and end at once.
-class HastyExecutor : public StandardExecutor {
-  public:
-    void sleep(Duration duration) override {
-        const std::lock_guard guard(mutex_);
-        pauses_.push_back(duration);
-        slept_ += duration;
-    }
-    /// All pauses requested since the last call, in order.
-    std::vector<Duration> takePauses() {
-        const std::lock_guard guard(mutex_);
-        return std::exchange(pauses_, {});
-    }
-    Duration slept() const {
-        const std::lock_guard guard(mutex_);
-        return slept_;
-    }
-
-  private:
-    mutable std::mutex mutex_;
-    std::vector<Duration> pauses_;
-    Duration slept_{};
-};
-
-/// The pedal's time, in which the pauses take their full time. Delayed tasks run on the main thread of the
-/// link, which outlives it.
-class PedalClock : public StandardExecutor {
-  public:
-    explicit PedalClock(HastyExecutor& executor) : executor_(executor) {}
-
-    TimePoint now() const override { return executor_.now() + executor_.slept(); }
-    void mainAfter(Duration delay, Task task) override { executor_.mainAfter(delay, std::move(task)); }
-
-  private:
-    HastyExecutor& executor_;
-};
-
 /// Counts the calls of the delegate. Main thread.
 class Announcements : public KZQ7306Delegate {
   public:
@@ -79,9 +42,8 @@ class Announcements : public KZQ7306Delegate {
 class LinkedPedalTest : public testing::Test {
   public:
   protected:
-    explicit LinkedPedalTest(simulator::SimulatedPedal::Start start) : pedal_(clock_, std::move(start)) {
+    explicit LinkedPedalTest(simulator::SimulatedPedal::Start start) : pedal_(executor_, std::move(start)) {
         delegate_.heard.clear();
-        executor_.takePauses();
         pedal_.plugIn();
         EXPECT_TRUE(waitUntilHeard(1));
     }
@@ -124,7 +86,7 @@ class LinkedPedalTest : public testing::Test {
   private:
     /// What lives as long as the process, like the link's threads.
     struct World {
-        HastyExecutor executor;
+        StandardExecutor executor;
         LibusbPort usb;
         std::shared_ptr<Announcements> delegate = std::make_shared<Announcements>(executor);
     };
@@ -145,8 +107,7 @@ class LinkedPedalTest : public testing::Test {
     }
 
   protected:
-    HastyExecutor& executor_ = world().executor;
-    PedalClock clock_{executor_};
+    StandardExecutor& executor_ = world().executor;
     simulator::SimulatedPedal pedal_;
     UmockPedal bus_{pedal_};
     Announcements& delegate_ = *linked().delegate;
