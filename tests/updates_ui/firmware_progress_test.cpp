@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "updates/windows/firmware_updater_progress.h"
+#include "updates/windows/lamp_bar.h"
 #include "virtual_executor.h"
 
 using namespace kzq;
