@@ -1,23 +1,13 @@
 #include "app/loop_check.h"
 
 #include "device/kzq7306.h"
+#include "device/whole_status.h"
 #include "loops/capacity.h"
 #include "platform/log.h"
 
 namespace kzq {
 
 namespace {
-
-constexpr int tries = 3;
-
-std::optional<Loops> wholeTable(KZQ7306& looper) {
-    for (int i = 0; i < tries; ++i) {
-        if (auto status = looper.status(true); status && status->loops.complete) {
-            return std::move(status->loops);
-        }
-    }
-    return std::nullopt;
-}
 
 /// What has happened to a slot, if anything, and why that stops the operation.
 std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Loops& now) {
@@ -48,18 +38,18 @@ std::string longerThanMemory(std::uint8_t slot) {
 }
 
 std::optional<Loops> unchangedTable(KZQ7306& looper, const AskedLoops& asked, std::string_view consequence) {
-    auto table = wholeTable(looper);
-    if (!table) {
+    auto status = wholeStatus(looper);
+    if (!status) {
         stop(looper, "the list of loops could not be read from the pedal.", consequence);
         return std::nullopt;
     }
     for (const auto& [slot, loop] : asked) {
-        if (const auto why = change(slot, loop, *table); !why.empty()) {
+        if (const auto why = change(slot, loop, status->loops); !why.empty()) {
             stop(looper, why, consequence);
             return std::nullopt;
         }
     }
-    return table;
+    return std::move(status->loops);
 }
 
 bool possibleTable(KZQ7306& looper, const Loops& table, std::string_view consequence) {

@@ -1,28 +1,10 @@
 #include "ctl/status_reading.h"
 
-#include <mutex>
-
 #include "device/replies.h"
+#include "device/whole_status.h"
 #include "device/wire.h"
 
 namespace kzq::ctl {
-
-namespace {
-
-/// The status, if every reply to it came whole.
-std::optional<Status> wholeStatus(KZQ7306& looper) {
-    constexpr int tries = 3;
-    const std::lock_guard guard(looper.lock());
-    for (int i = 0; i < tries; ++i) {
-        auto status = looper.status(true);
-        if (!status || status->loops.complete) {
-            return status;
-        }
-    }
-    return std::nullopt;
-}
-
-}  // namespace
 
 bool pedalAnswers(KZQ7306& looper) {
     const auto reply = looper.control(wire::stage.code);

@@ -2,6 +2,7 @@
 
 #include "device/class_state.h"
 #include "device/kzq7306.h"
+#include "platform/log.h"
 
 namespace kzq {
 
@@ -53,7 +54,12 @@ void KZQ7306::poll(Executor& executor, Executor::TimePoint start, bool repeating
 std::optional<Status> KZQ7306::news(bool onlyChanges) {
     const std::lock_guard guard(*lock_);
     auto now = status(true);
-    if (!now || !now->loops.complete) {
+    if (!now) {
+        return std::nullopt;
+    }
+    if (!now->loops.complete) {
+        log(LogCategory::device,
+            "poll: a reply did not come whole; the pedal is asked again at the next one");
         return std::nullopt;
     }
     const std::lock_guard mirror(mirror_);

@@ -35,6 +35,7 @@ std::optional<Status> KZQ7306::readStatus(bool full, bool& whole) {
     const auto capacity = capacityIn(*numbers.reply);
     if (!capacity) {
         log(LogCategory::device, "status: the pedal's version is not ASCII");
+        whole = false;
         fail(Failure::noStatus);
         return std::nullopt;
     }

@@ -188,6 +188,13 @@ TEST_F(Polling, AnIncompleteStatusIsNoNewsAndTheNextWholeOneIs) {
     usb.replies[0xEB] = table;
     executor.advance(10s);
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 2@15000", "changed 2@20000"));
+
+    // And when everything comes, but the version is none.
+    usb.replies[0xEA][5] = 0x80;
+    EXPECT_EQ(looper().loops(), std::nullopt);
+    usb.replies[0xEA][5] = '.';
+    executor.advance(5s);
+    EXPECT_EQ(delegate->events.back(), "changed 2@30000");
 }
 
 TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
