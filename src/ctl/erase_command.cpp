@@ -87,7 +87,8 @@ std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
             ++tally.done;
             report.tell("erased", {{"slot", slot}}, name + ": erased.");
         } else {
-            tally.failures.push_back({ExitCode::pedalRefused, name + " was not erased: the pedal refused."});
+            tally.failures.push_back(
+                {ExitCode::pedalRefused, name + " was not erased: it is still on the pedal."});
             report.failed(slot, failureName(Failure::refused), tally.failures.back().sentence);
         }
     }

@@ -1,6 +1,7 @@
 #include "ctl/export_command.h"
 
 #include <algorithm>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <system_error>
 
@@ -38,16 +39,10 @@ ExitCode ExportCommand::work(PedalWorker& pedal) {
         }
     }
     auto loops = status->loops;
-    if (const auto problem = changedSince(pedal, loops, std::get<0>(slots))) {
+    if (const auto problem = obstacleNow(pedal, loops, std::get<0>(slots), nothingDone)) {
         return stop(*problem);
     }
-    if (!fitsCapacity(existingAndTeedUpExportSamples(loops, exports_))) {
-        return stop(
-            {ExitCode::pedalRefused,
-             "A loop was recorded on the pedal in the meantime, which leaves too little space, so nothing "
-             "was changed. Erase loops, or choose shorter files."});
-    }
-    send(pedal, loops);
+    send(pedal, std::move(loops));
     const auto all = loopsText(tally_.wanted);
     const std::string done = tally_.done == tally_.wanted ? all : std::to_string(tally_.done) + " of " + all;
     const std::string summary = done + (options().verify ? " written and compared." : " written.");
@@ -126,7 +121,24 @@ bool ExportCommand::overwrites() const {
                        [](const auto& entry) { return entry.second.occupied; });
 }
 
-void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
+/// What has come up on the pedal since the user was asked: asked directly before a loop is written.
+std::optional<Explanation> ExportCommand::obstacleNow(PedalWorker& pedal, Loops& loops,
+                                                      const std::vector<std::uint8_t>& slots,
+                                                      const char* consequence) {
+    if (auto problem = changedSince(pedal, loops, slots, consequence)) {
+        return problem;
+    }
+    if (fitsCapacity(existingAndTeedUpExportSamples(loops, exports_))) {
+        return std::nullopt;
+    }
+    return Explanation{
+        ExitCode::pedalRefused,
+        std::string("A loop was recorded on the pedal in the meantime, which leaves too little "
+                    "space, so ") +
+            consequence + ". Erase loops, or choose shorter files."};
+}
+
+void ExportCommand::send(PedalWorker& pedal, Loops loops) {
     std::uint64_t total = 0;
     for (const auto& [slot, info] : exports_) {
         total += info.bytes * (options().verify ? 2 : 1);
@@ -134,7 +146,18 @@ void ExportCommand::send(PedalWorker& pedal, const Loops& loops) {
     const auto progress =
         std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     LoopWriter writer(pedal, progress);
-    for (const auto& info : inOrderOfGrowth(exports_, loops)) {
+    const auto order = inOrderOfGrowth(exports_, loops);
+    std::vector<std::uint8_t> waiting;
+    std::ranges::transform(order, std::back_inserter(waiting), &ExportInfo::destination);
+    for (const auto& info : order) {
+        // Between two loops minutes may pass in which the pedal is free.
+        if (waiting.size() < order.size()) {
+            if (const auto problem = obstacleNow(pedal, loops, waiting, nothingMore)) {
+                pedal.end(*problem);
+                return;
+            }
+        }
+        std::erase(waiting, info.destination);
         auto outcome = writer.write(info);
         if (outcome.sentence.empty()) {
             outcome =

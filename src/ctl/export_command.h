@@ -22,7 +22,9 @@ class ExportCommand : public PedalJob {
     void showSpace(const Loops& loops);
     bool overwrites() const;
 
-    void send(PedalWorker& pedal, const Loops& loops);
+    std::optional<Explanation> obstacleNow(PedalWorker& pedal, Loops& loops,
+                                           const std::vector<std::uint8_t>& slots, const char* consequence);
+    void send(PedalWorker& pedal, Loops loops);
     void written(const ExportInfo& info);
 
     WorkingCopies* copies_ = nullptr;  ///< of this run

@@ -20,7 +20,8 @@ LoopWriter::Outcome LoopWriter::confirm(const ExportInfo& info) {
     const auto status = pedal_.status();
     if (!status) {
         const auto end = pedal_.ended().value_or(statusUnreadable());
-        return {end.code, "no-status", end.sentence, name + " was sent, but not found on the pedal again."};
+        return {end.code, "no-status", end.sentence,
+                name + " was sent; what the pedal holds of it was not checked."};
     }
     const auto loop = status->loops.find(info.destination);
     if (loop == status->loops.end() || loop->second.samples != info.bytes / frameBytes) {
@@ -36,8 +37,8 @@ LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
     if (!image) {
         const auto why = explainLoop(pedal_.failure());
         return {why.code, std::string(failureName(pedal_.failure())),
-                name + " was written but could not be read back: " + why.sentence,
-                name + " was written but not compared."};
+                name + " was sent but could not be read back: " + why.sentence,
+                name + " was sent but not compared."};
     }
     if (!same(*image)) {
         return {ExitCode::someFailed, "differs", name + " does not match what was written.", {}};

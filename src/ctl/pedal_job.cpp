@@ -91,27 +91,36 @@ std::optional<ExitCode> PedalJob::declined(PedalWorker& pedal, const std::string
 }
 
 std::optional<Explanation> PedalJob::changedSince(PedalWorker& pedal, Loops& loops,
-                                                  const std::vector<std::uint8_t>& slots) {
+                                                  const std::vector<std::uint8_t>& slots,
+                                                  const char* consequence) {
     const auto now = pedal.status();
     if (!now) {
         auto end = pedal.ended().value_or(statusUnreadable());
         end.sentence += " Nothing was changed.";
         return end;
     }
-    for (const auto slot : slots) {
-        const auto before = loops.find(slot);
-        const auto after = now->loops.find(slot);
-        const bool was = before != loops.end();
-        const bool is = after != now->loops.end();
-        if (was != is || (was && before->second != after->second)) {
-            const char* const what = !was ? " was recorded" : is ? " was changed" : " was erased";
-            return Explanation{
-                ExitCode::pedalRefused,
-                "Loop " + std::to_string(slot) + what +
-                    " on the pedal in the meantime, so nothing was changed. Run the command again."};
-        }
+    if (auto change = changedBetween(loops, now->loops, slots, consequence)) {
+        return change;
     }
     loops = now->loops;
+    return std::nullopt;
+}
+
+std::optional<Explanation> PedalJob::changedBetween(const Loops& before, const Loops& now,
+                                                    const std::vector<std::uint8_t>& slots,
+                                                    const char* consequence) {
+    for (const auto slot : slots) {
+        const auto old = before.find(slot);
+        const auto found = now.find(slot);
+        const bool was = old != before.end();
+        const bool is = found != now.end();
+        if (was != is || (was && old->second != found->second)) {
+            const char* const what = !was ? " was recorded" : is ? " was changed" : " was erased";
+            return Explanation{ExitCode::pedalRefused, loopName(slot) + what +
+                                                           " on the pedal in the meantime, so " +
+                                                           consequence + ". Run the command again."};
+        }
+    }
     return std::nullopt;
 }
 

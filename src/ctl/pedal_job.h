@@ -42,11 +42,19 @@ class PedalJob : public Command, public std::enable_shared_from_this<PedalJob> {
     /// Asks the user, unless that was answered beforehand. Nothing when the answer is yes; otherwise it has
     /// been said that nothing was changed.
     std::optional<ExitCode> declined(PedalWorker& pedal, const std::string& question) const;
+    /// What ends a command whose loops are no longer those that the user was asked about.
+    static constexpr const char* nothingDone = "nothing was written or erased";
+    static constexpr const char* nothingMore = "nothing more was written or erased";
     /// Reads the table once more, directly before something is written or erased, and hands it out in
     /// `loops`, which was the one when the user was asked. If one of `slots` is not what it was then, or the
-    /// table cannot be read, it is why nothing is changed.
+    /// table cannot be read, it is why the command ends, with this `consequence`.
     static std::optional<Explanation> changedSince(PedalWorker& pedal, Loops& loops,
-                                                   const std::vector<std::uint8_t>& slots);
+                                                   const std::vector<std::uint8_t>& slots,
+                                                   const char* consequence = nothingDone);
+    /// The same, of a table that has been read.
+    static std::optional<Explanation> changedBetween(const Loops& before, const Loops& now,
+                                                     const std::vector<std::uint8_t>& slots,
+                                                     const char* consequence);
     /// Why nothing is changed when the table gives one of `slots` a length that cannot be.
     static std::optional<Explanation> impossibleLength(const Loops& loops,
                                                        const std::vector<std::uint8_t>& slots);

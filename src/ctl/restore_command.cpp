@@ -1,5 +1,6 @@
 #include "ctl/restore_command.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -167,27 +168,45 @@ std::string RestoreCommand::question() const {
 
 /// Erases first, so that there is room for what is written.
 void RestoreCommand::change(PedalWorker& pedal, Loops loops) {
+    auto untouched = allSlots();
     if (!erased_.empty()) {
         auto left = eraseAndLook(pedal, report(), erased_, tally_);
         if (!left) {
             return;
         }
+        std::erase_if(untouched, [this](std::uint8_t slot) {
+            return std::ranges::find(erased_, slot) != erased_.end();
+        });
+        if (const auto problem = changedBetween(loops, *left, untouched, nothingMore)) {
+            pedal.end(*problem);
+            return;
+        }
         loops = std::move(*left);
     }
     if (!writes_.empty()) {
-        write(pedal, loops);
+        write(pedal, std::move(loops), std::move(untouched));
     }
 }
 
-void RestoreCommand::write(PedalWorker& pedal, const Loops& loops) {
+/// `untouched`: the slots that are still as they were when the user was asked.
+void RestoreCommand::write(PedalWorker& pedal, Loops loops, std::vector<std::uint8_t> untouched) {
     std::uint64_t total = 0;
     for (const auto& [slot, info] : writes_) {
         total += 2 * info.bytes;
     }
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     LoopWriter writer(pedal, progress_);
-    for (const auto& info : inOrderOfGrowth(writes_, loops)) {
+    const auto order = inOrderOfGrowth(writes_, loops);
+    for (const auto& info : order) {
         const auto slot = info.destination;
+        // Between two loops minutes pass in which the pedal is free.
+        if (&info != &order.front()) {
+            if (const auto problem = changedSince(pedal, loops, untouched, nothingMore)) {
+                pedal.end(*problem);
+                return;
+            }
+        }
+        std::erase(untouched, slot);
         auto outcome = writer.write(info);
         if (outcome.sentence.empty()) {
             outcome = writer.readBack(slot, [&digest = index_.loops.at(slot).sha256](ByteView image) {

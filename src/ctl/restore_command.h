@@ -27,7 +27,7 @@ class RestoreCommand : public PedalJob {
     std::string question() const;
 
     void change(PedalWorker& pedal, Loops loops);
-    void write(PedalWorker& pedal, const Loops& loops);
+    void write(PedalWorker& pedal, Loops loops, std::vector<std::uint8_t> untouched);
     std::string summary(const PedalWorker& pedal) const;
 
     BackupFolder folder_;

@@ -76,8 +76,9 @@ TEST_F(ExportTest, OnlyWhatTheUserWasAskedAboutIsOverwritten) {
         return Answer::yes;
     };
     EXPECT_EQ(run(both), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(),
-                HasSubstr("Loop 5 was changed on the pedal in the meantime, so nothing was changed."));
+    EXPECT_THAT(
+        err.str(),
+        HasSubstr("Loop 5 was changed on the pedal in the meantime, so nothing was written or erased."));
     answer = [this] {
         pedal.setLoop(3, loopOf(2, 1));
         return Answer::yes;
@@ -99,6 +100,19 @@ TEST_F(ExportTest, OnlyWhatTheUserWasAskedAboutIsOverwritten) {
     };
     EXPECT_EQ(run(both), ExitCode::ok);
     EXPECT_EQ(onPedal(8), loopOf(2, 1).audio);
+
+    pedal.setMemoryListener([this](std::uint8_t address, const simulator::StoredLoop*) {
+        if (address == 0) {
+            pedal.setLoop(2, loopOf(9, 1));
+        }
+    });
+    EXPECT_EQ(run({"export", a, b, "--verify"}), ExitCode::pedalRefused);
+    EXPECT_EQ(err.str(),
+              "kzq7306ctl: Loop 3 was recorded on the pedal in the meantime, so nothing more was written or "
+              "erased. Run the command again.\n");
+    EXPECT_THAT(out.str(), HasSubstr("1 of 2 loops written and compared.\n"));
+    EXPECT_EQ(onPedal(3), loopOf(9, 1).audio);
+    pedal.setMemoryListener({});
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 

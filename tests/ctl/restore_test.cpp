@@ -93,6 +93,25 @@ TEST_F(RestoreTest, ALoopRecordedUnderTheQuestionIsNotTouched) {
     EXPECT_EQ(run({"restore", folder}), ExitCode::pedalRefused);
     EXPECT_EQ(audio()[1], loopOf(7, 1).audio);
     EXPECT_EQ(sent(0xE2) + sent(0xED), 0);
+
+    pedal.setLoop(2, loopOf(5, 1));  // is erased; meanwhile loop 5 is recorded anew
+    pedal.setMemoryListener([this](std::uint8_t address, const simulator::StoredLoop*) {
+        if (address == 2) {
+            pedal.setLoop(4, loopOf(8, 1));
+        }
+    });
+    EXPECT_EQ(restore(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 5 was changed on the pedal in the meantime, so nothing more was"));
+    EXPECT_EQ(sent(0xE2), 0);
+    pedal.setMemoryListener([this](std::uint8_t address, const simulator::StoredLoop* loop) {
+        if (address == 4 && loop != nullptr) {  // gets shorter, so it is written before loop 2
+            pedal.setLoop(19, loopOf(6, 1));
+        }
+    });
+    EXPECT_EQ(restore(), ExitCode::pedalRefused);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 was changed on the pedal in the meantime"));
+    EXPECT_EQ(sent(0xE2), 1);
+    pedal.setMemoryListener({});
 }
 
 TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
