@@ -29,7 +29,7 @@ std::vector<const Loop*> missingFirst(const Loops& loops, const BackupIndex& ind
 std::uint64_t sizeToSave(const Loops& loops, const BackupIndex& index) {
     std::uint64_t size = 0;
     for (const auto& [slot, loop] : loops) {
-        size += index.loops.contains(slot) ? 0 : waveHeaderSize + loop.bytes;
+        size += index.loops.contains(slot) || !hasPossibleLength(loop) ? 0 : waveHeaderSize + loop.bytes;
     }
     return size;
 }
@@ -103,8 +103,7 @@ bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& 
     }
     if (!image || framesOf(*image) != loop.samples) {
         const auto failure = possible ? pedal.failure() : Failure::tooLarge;
-        const auto reason = image ? Explanation{ExitCode::pedalRefused, "it changed while it was being read."}
-                                  : explainLoop(failure);
+        const auto reason = image ? changedWhileRead() : explainLoop(failure);
         index.loops.erase(slot);
         failed(tally_, slot, image ? "changed" : failureName(failure),
                {reason.code, loopName(slot) + " was not saved: " + reason.sentence});

@@ -38,7 +38,8 @@ struct Environment {
     /// Standard input, as readStandardInput reads it; any thread.
     std::function<ssize_t(std::span<std::uint8_t>)> input;
     std::function<std::optional<std::filesystem::path>()> workingFolder;  ///< for working copies; any thread
-    std::function<void(ExitCode)> finished;                               ///< called once, on the main thread
+    /// Called once: on the main thread, or on any while that one hangs.
+    std::function<void(ExitCode)> finished;
 
     // for firmware only
 

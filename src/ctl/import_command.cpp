@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "ctl/audio_file.h"
 #include "ctl/file_trouble.h"
 #include "ctl/folder_check.h"
 #include "ctl/format.h"
@@ -24,7 +25,8 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
     std::uint64_t total = 0;
     std::uint64_t size = 0;
     for (const auto slot : slots) {
-        if (const auto loop = status->loops.find(slot); loop != status->loops.end()) {
+        const auto loop = status->loops.find(slot);
+        if (loop != status->loops.end() && hasPossibleLength(loop->second)) {
             total += loop->second.alignedBytes;
             size += waveHeaderSize + loop->second.bytes;
         }
@@ -38,11 +40,7 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
             slots[i], "read",
             loopName(slots[i]) + " (" + std::to_string(i + 1) + " of " + std::to_string(slots.size()) + ")");
         const auto loop = status->loops.find(slots[i]);
-        if (loop != status->loops.end() && !hasPossibleLength(loop->second)) {
-            notSaved(slots[i], Failure::tooLarge);
-        } else {
-            save(pedal, slots[i]);
-        }
+        save(pedal, slots[i], loop == status->loops.end() ? nullptr : &loop->second);
     }
     return conclude(pedal, tally_, summary(pedal));
 }
@@ -57,21 +55,26 @@ std::vector<std::uint8_t> ImportCommand::wanted(const Loops& loops) const {
     return slots;
 }
 
-void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot) {
+/// `loop`: as the table had it at the start. The link reads a table of its own, whose length may be another.
+void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop) {
+    if (loop != nullptr && !hasPossibleLength(*loop)) {
+        notSaved(slot, failureName(Failure::tooLarge), explainLoop(Failure::tooLarge));
+        return;
+    }
     const auto image =
         pedal.importLoop(slot, [progress = progress_](std::uint64_t bytes) { progress->update(bytes); });
     context().output.endProgress();  // it is about this loop; the next one brings its own
-    if (image) {
+    if (image && loop != nullptr && framesOf(*image) == loop->samples) {
         write(slot, *image);
+    } else if (image) {
+        notSaved(slot, "changed", changedWhileRead());
     } else if (!pedal.ended()) {
-        notSaved(slot, pedal.failure());
+        notSaved(slot, failureName(pedal.failure()), explainLoop(pedal.failure()));
     }
 }
 
-void ImportCommand::notSaved(std::uint8_t slot, Failure failure) {
-    const auto why = explainLoop(failure);
-    failed(tally_, slot, failureName(failure),
-           {why.code, loopName(slot) + " was not saved: " + why.sentence});
+void ImportCommand::notSaved(std::uint8_t slot, std::string_view reason, const Explanation& why) {
+    failed(tally_, slot, reason, {why.code, loopName(slot) + " was not saved: " + why.sentence});
 }
 
 /// The first file that cannot be written ends the import, as the next one would fail as well.

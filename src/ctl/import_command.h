@@ -18,8 +18,8 @@ class ImportCommand : public PedalJob {
 
   private:
     std::vector<std::uint8_t> wanted(const Loops& loops) const;
-    void save(PedalWorker& pedal, std::uint8_t slot);
-    void notSaved(std::uint8_t slot, Failure failure);
+    void save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop);
+    void notSaved(std::uint8_t slot, std::string_view reason, const Explanation& why);
     void write(std::uint8_t slot, const Bytes& image);
     std::string summary(const PedalWorker& pedal) const;
 

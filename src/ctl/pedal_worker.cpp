@@ -191,6 +191,10 @@ std::shared_ptr<PedalWorker::Result> PedalWorker::transfer(const Batch& batch) {
 
 /// The link asks the pedal whether it is busy before it answers.
 void PedalWorker::begin(const std::shared_ptr<Result>& result, const Batch& batch, const Done& done) {
+    if (endedFlag_) {
+        done();
+        return;
+    }
     begun_ = true;  // before the batch can report
     if (!batch(result, done)) {
         begun_ = false;

@@ -138,6 +138,10 @@ Explanation explainLoop(Failure failure) {
     }
 }
 
+Explanation changedWhileRead() {
+    return {ExitCode::pedalRefused, "it changed while it was being read."};
+}
+
 Explanation explainExport(Failure failure) {
     switch (failure) {
         case Failure::refused:

@@ -30,7 +30,8 @@ Explanation explain(const Finding& trouble);
 std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings);
 /// Why one loop was not read: the part behind "Loop 4 was not saved: ".
 Explanation explainLoop(Failure failure);
-
+/// The same of a loop that came with another length than the pedal's table had given it.
+Explanation changedWhileRead();
 /// Why one loop was not written: the part behind "Loop 4 was not written: ".
 Explanation explainExport(Failure failure);
 

@@ -22,6 +22,11 @@ std::string row(const std::string& slot, const std::string& length, const std::s
            right(tempo, numberWidth) + right(channel, numberWidth);
 }
 
+/// Not modulo 2^32: a length that cannot be is not made to look like one that can.
+std::uint64_t bytesOf(const Loop& loop) {
+    return loop.samples * frameBytes;
+}
+
 nlohmann::json framesJson(std::uint64_t frames) {
     return {{"samples", frames}, {"seconds", static_cast<double>(frames) / framesPerSecond}};
 }
@@ -34,7 +39,7 @@ std::vector<std::string> statusTable(const Status& status) {
         lines.push_back(row("Slot", "Length", "Size", "Tempo", "Channel"));
     }
     for (const auto& [slot, loop] : status.loops) {
-        lines.push_back(row(std::to_string(slot), lengthText(loop.samples), sizeText(loop.bytes),
+        lines.push_back(row(std::to_string(slot), lengthText(loop.samples), sizeText(bytesOf(loop)),
                             std::to_string(loop.tempo), std::to_string(loop.channel)));
     }
     lines.push_back(statusSummary(status));
@@ -69,7 +74,7 @@ nlohmann::json statusJson(const Status& status) {
     for (const auto& [slot, loop] : status.loops) {
         nlohmann::json entry = framesJson(loop.samples);
         entry["slot"] = slot;
-        entry["audioBytes"] = loop.bytes;
+        entry["audioBytes"] = bytesOf(loop);
         entry["tempo"] = loop.tempo;
         entry["channel"] = loop.channel;
         loops.push_back(std::move(entry));

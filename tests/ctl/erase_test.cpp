@@ -34,7 +34,7 @@ TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     pedal.plugIn();
     plan("refuse@ED");
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::someFailed);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Loop 2 was not erased: the pedal refused.\n");
+    EXPECT_EQ(err.str(), "kzq7306ctl: Loop 2 was not erased: it is still on the pedal.\n");
     EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops erased.\n"));
     plan("refuse@ED");
     EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::pedalRefused);
@@ -61,10 +61,11 @@ TEST_F(ToolTest, OnlyWhatTheUserWasAskedAboutIsErased) {
 TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
     pedal.plugIn();
     port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {
-        if (request == 0xEB) {  // loop 2: 715,827,883 frames, whose size wraps to 2 bytes
-            std::ranges::copy(std::array<std::uint8_t, 4>{0xAB, 0xAA, 0xAA, 0x2A}, reply.begin() + 6);
+        if (request == 0xEB) {  // loop 2: 715,827,882 frames, whose 4.3 GB are rounded up to 0 bytes
+            std::ranges::copy(std::array<std::uint8_t, 4>{0xAA, 0xAA, 0xAA, 0x2A}, reply.begin() + 6);
         }
     };
+    freeBytes = 100'000;
     EXPECT_EQ(import({"--all"}), ExitCode::someFailed);
     EXPECT_THAT(err.str(),
                 HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond its 24 minutes"));

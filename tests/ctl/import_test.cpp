@@ -66,6 +66,14 @@ TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {
     plan("overrun@in");
     EXPECT_EQ(import({"2"}), ExitCode::pedalRefused);
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 5.wav", "Loop 20.wav", "Loop 5-2.wav"));
+    port.tamper = [this](std::uint8_t request, std::span<std::uint8_t>) {
+        if (request == 0xE1) {
+            pedal.setLoop(19, loopOf(1499, 30));
+        }
+    };
+    EXPECT_EQ(import({"2", "20"}), ExitCode::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: it changed while it was being read."));
+    EXPECT_EQ(files().size(), 4U);
 }
 
 TEST_F(ToolTest, FolderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopForIt) {
@@ -130,6 +138,15 @@ TEST_F(ToolTest, CancelKeepsWholeFilesAndStopsThePedal) {
     EXPECT_EQ(sent(0xEF), 1);
     EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
     EXPECT_THAT(pedal.violations(), IsEmpty());
+
+    pedal.clearJournal();
+    port.tamper = [this](std::uint8_t request, std::span<std::uint8_t>) {
+        if (request == 0xEC) {  // the table is there, and the first loop comes next
+            executor.main([this] { tool->interrupt(); });
+        }
+    };
+    EXPECT_EQ(import({"5"}), ExitCode::cancelled);
+    EXPECT_EQ(sent(0xE8) + sent(0xEF), 0);
 }
 
 class HangingImport : public ToolTest, public testing::WithParamInterface<std::vector<std::string>> {};

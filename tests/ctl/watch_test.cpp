@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "tool_fixture.h"
@@ -53,6 +54,21 @@ TEST_P(SilentPedal, WatchGoesOnAfterSilence) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, SilentPedal, testing::Values("silence@E9", "silence@EB"));
+
+TEST_F(ToolTest, WatchDoesNotTakeALostTableForSilence) {
+    pedal.plugIn();
+    pedal.setBusy(true);  // it plays: no poll asks for the table again
+    plan("shorten@EB");
+    start({"watch", "--patience", "12"});
+    executor.advance(1min);
+    EXPECT_EQ(err.str(), "");
+    EXPECT_TRUE(std::ranges::none_of(pedal.journal(), [](const simulator::WireEvent& event) {
+        return event.kind == simulator::WireEvent::Kind::reset;
+    }));
+    pedal.setBusy(false);
+    executor.advance(5s);
+    EXPECT_THAT(out.str(), HasSubstr("The pedal is connected.\nFirmware 1.05"));
+}
 
 }  // namespace
 }  // namespace kzq::test
