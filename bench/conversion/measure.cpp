@@ -8,6 +8,7 @@
 #include "audio/conversion.h"
 #include "cases.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 #include "platform/log.h"
 #include "sound_analysis.h"
 
@@ -17,12 +18,12 @@ namespace {
 /// A sine that only moves the last of 24 bits; anything lower is lost to rounding.
 constexpr double lastBit = -138;
 
-Conversion::Result convert(const Workshop& shop, const std::filesystem::path& source) {
+Result<Conversion::File> convert(const Workshop& shop, const std::filesystem::path& source) {
     return Conversion({.output = shop.results()}).convert(source);
 }
 
 /// A result's samples; the file is removed at once.
-Samples taken(const Conversion::Result& result) {
+Samples taken(const Conversion::File& result) {
     Samples samples = samplesOf(result.path);
     std::filesystem::remove(result.path);
     return samples;
@@ -31,10 +32,10 @@ Samples taken(const Conversion::Result& result) {
 Samples convertedTone(const Workshop& shop, std::uint32_t rate, std::size_t frames, double frequency) {
     const auto result = convert(shop, shop.write("tone.wav", fineTone(frames, frequency, rate, 0.9)));
     if (!result) {
-        std::fprintf(stderr, "%u Hz: %s\n", rate, result.failure->sentence.c_str());
+        std::fprintf(stderr, "%u Hz: %s\n", rate, audioSentence(result.error()).c_str());
         return {};
     }
-    return taken(result);
+    return taken(*result);
 }
 
 void printKinds(const Workshop& shop) {
@@ -43,10 +44,11 @@ void printKinds(const Workshop& shop) {
     for (const auto& one : measuredCases(shop)) {
         const auto result = convert(shop, one.source);
         if (!result) {
-            std::printf("| %s | refused: %s | | | | |\n", one.kind.c_str(), result.failure->sentence.c_str());
+            std::printf("| %s | refused: %s | | | | |\n", one.kind.c_str(),
+                        audioSentence(result.error()).c_str());
             continue;
         }
-        const Samples samples = taken(result);
+        const Samples samples = taken(*result);
         std::printf("| %s | accepted | %zu | %zu |", one.kind.c_str(), one.frames, samples.size() / 2);
         if (one.expected.empty()) {
             std::puts(" | |");
@@ -119,10 +121,12 @@ void printSpeed(const Workshop& shop) {
         const auto before = std::chrono::steady_clock::now();
         const auto result = convert(shop, source);
         const std::chrono::duration<double> took = std::chrono::steady_clock::now() - before;
-        std::printf("| %s | %zu | %.1f |\n", kind.c_str(), static_cast<std::size_t>(result.frames),
-                    took.count());
+        std::printf("| %s | %zu | %.1f |\n", kind.c_str(),
+                    static_cast<std::size_t>(result ? result->frames : 0), took.count());
         std::filesystem::remove(source);
-        std::filesystem::remove(result.path);
+        if (result) {
+            std::filesystem::remove(result->path);
+        }
     }
 }
 

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -47,8 +46,8 @@ struct AppEnvironment {
     /// The modifier keys held now. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
     /// Saves a file under a free name. On a background thread.
-    std::function<NewFile(const std::filesystem::path& folder, std::string_view name,
-                          std::string_view extension, std::span<const std::uint8_t> bytes)>
+    std::function<Result<std::filesystem::path>(const std::filesystem::path& folder, std::string_view name,
+                                                std::string_view extension, ByteView bytes)>
         writeFile = [](const auto& folder, auto name, auto extension, auto bytes) {
             return writeNewFile(folder, name, extension, bytes);
         };

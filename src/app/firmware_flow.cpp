@@ -4,8 +4,8 @@
 #include "app/app_delegate.h"
 #include "app/main_window.h"
 #include "device/kzq7306.h"
+#include "platform/plain_file.h"
 #include "updates/firmware_manifest.h"
-#include "updates/replace_file.h"
 
 namespace kzq {
 
@@ -13,9 +13,8 @@ namespace {
 
 /// The whole file that the user chose; links are followed.
 std::optional<FirmwareImage> chosenImage(const std::filesystem::path& path) {
-    std::error_code error;
-    const auto file = std::filesystem::canonical(path, error);
-    return error ? std::nullopt : readPlainFile(file, largestFirmware);
+    auto image = readPlainFile(path, largestFirmware, Links::followed);
+    return image ? std::optional(std::move(*image)) : std::nullopt;
 }
 
 }  // namespace

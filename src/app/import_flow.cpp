@@ -36,8 +36,9 @@ struct Import {
             return;
         }
         if (const auto saved = writeFile(folder, name->second, ".wav", *file); !saved) {
-            log(LogCategory::files, "loop " + std::to_string(slot) + " was not saved: " + saved.step + ": " +
-                                        std::generic_category().message(saved.error));
+            log(LogCategory::files, "loop " + std::to_string(slot) +
+                                        " was not saved: " + saved.error().where + ": " +
+                                        std::generic_category().message(saved.error().error));
         }
         run.loopDone(slot);
     }

@@ -4,30 +4,13 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "audio/locked_child.h"
 #include "loops/facts.h"
+#include "platform/result.h"
 
 namespace kzq {
-
-/// Why a file cannot be converted.
-enum class ConversionFailure {
-    notAFile,     ///< missing, a folder, a pipe or a device
-    unreadable,   ///< no permission, or a read error
-    notAudio,     ///< contains no audio
-    unsupported,  ///< audio that cannot be read faithfully
-    truncatedOrCorrupt,
-    noFrames,
-    sampleRate,  ///< outside 4,000 to 768,000 Hz
-    diskFull,
-    outputRefused,  ///< the output exists already, or its folder is not writable
-    cancelled,
-    timeOrMemoryLimit,
-    toolMissing,
-    internal
-};
 
 /// Converts audio files to the pedal's format: WAV with a header of 44 bytes, 24-bit, 44,100 Hz, stereo.
 ///
@@ -55,24 +38,17 @@ class Conversion {
         ChildPatience patience = {};
     };
 
-    struct Failure {
-        ConversionFailure reason = ConversionFailure::internal;
-        std::string sentence;  ///< for the user; complete sentences
-    };
-
-    /// Either a failure, with nothing left behind, or a file that now belongs to the caller.
-    struct Result {
-        std::optional<Failure> failure;
+    /// Belongs to the caller.
+    struct File {
         std::filesystem::path path;
         std::uint64_t frames = 0;
-
-        explicit operator bool() const { return !failure; }
     };
 
     explicit Conversion(Options options) : options_(std::move(options)) {}
 
-    /// Blocks. A failure is also logged, with what the decoder said.
-    Result convert(const std::filesystem::path& source) const;
+    /// Blocks. On failure nothing is left behind. `where` is then the source; it is also logged, with what
+    /// the decoder said.
+    Result<File> convert(const std::filesystem::path& source) const;
 
   private:
     Options options_;

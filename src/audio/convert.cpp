@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "audio/conversion.h"
-#include "audio/conversion_failures.h"
+#include "audio/conversion_troubles.h"
 #include "platform/log.h"
 #include "platform/run_folder.h"
 #include "platform/unique_name.h"

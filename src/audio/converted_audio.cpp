@@ -1,33 +1,31 @@
 #include "audio/converted_audio.h"
 
-#include <fstream>
-#include <iterator>
 #include <system_error>
 
 #include "audio/conversion.h"
+#include "platform/plain_file.h"
 #include "platform/run_folder.h"
 
 namespace kzq {
 
-std::optional<Bytes> convertedAudio(const std::filesystem::path& source, std::string& error) {
-    const auto failed = [&](const std::string& why) {
-        error = "Could not convert \"" + source.string() + "\". " + why;
-        return std::nullopt;
-    };
+Result<Bytes> convertedAudio(const std::filesystem::path& source) {
     const auto folder = RunFolder::ofThisRun().path();
     if (!folder) {
-        return failed("There is no folder for temporary files.");
+        return Trouble{Trouble::Kind::noTemporaryFolder, source.string()};
     }
-    const auto result = Conversion({.output = *folder}).convert(source);
-    if (!result) {
-        return failed(result.failure->sentence);
+    const auto converted = Conversion({.output = *folder}).convert(source);
+    if (!converted) {
+        return converted.error();
     }
-    std::ifstream stream(result.path, std::ios::binary);
-    const Bytes image{std::istreambuf_iterator<char>(stream), {}};
+    constexpr std::uint64_t longest = waveHeaderSize + Conversion::mostFrames * frameBytes;
+    const auto image = readPlainFile(converted->path, longest, Links::refused);
     std::error_code ignored;
-    std::filesystem::remove(result.path, ignored);
-    auto audio = isPerfectWave(image, 2) ? lpcm(image) : std::nullopt;
-    return audio ? audio : failed("The converted file cannot be read.");
+    std::filesystem::remove(converted->path, ignored);
+    auto audio = image && isPerfectWave(*image, 2) ? lpcm(*image) : std::nullopt;
+    if (!audio) {
+        return Trouble{Trouble::Kind::decoder, source.string(), 0, "the converted file cannot be read"};
+    }
+    return std::move(*audio);
 }
 
 }  // namespace kzq

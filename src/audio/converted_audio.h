@@ -1,15 +1,14 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
-#include <string>
 
 #include "audio/wave.h"
+#include "platform/result.h"
 
 namespace kzq {
 
 /// The samples of an audio file in the pedal's format, converted if need be by way of this run's temporary
-/// folder. Nothing on failure, with a sentence in `error`. Blocks; any thread.
-std::optional<Bytes> convertedAudio(const std::filesystem::path& source, std::string& error);
+/// folder. Failures are a Conversion's, or noTemporaryFolder. Blocks; any thread.
+Result<Bytes> convertedAudio(const std::filesystem::path& source);
 
 }  // namespace kzq

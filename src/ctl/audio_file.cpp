@@ -1,64 +1,18 @@
 #include "ctl/audio_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cerrno>
 
 #include "loops/capacity.h"
 #include "loops/facts.h"
-#include "platform/descriptor.h"
 #include "platform/digest.h"
+#include "platform/plain_file.h"
 
 namespace kzq::ctl {
 namespace {
 
 constexpr std::uint32_t stereo = 2;
 
-/// Fills `into`; short only at the end of the file.
-std::optional<std::size_t> readInto(int file, std::span<std::uint8_t> into) {
-    std::size_t count = 0;
-    while (count < into.size()) {
-        const ssize_t got = ::read(file, into.data() + count, into.size() - count);
-        if (got < 0 && errno != EINTR) {
-            return std::nullopt;
-        }
-        if (got == 0) {
-            break;
-        }
-        count += got > 0 ? static_cast<std::size_t>(got) : 0;
-    }
-    return count;
-}
-
-/// Opened without waiting, which a pipe of that name would make it do; none when it is no plain file.
-Descriptor openPlainFile(const std::filesystem::path& path, std::uint64_t& size) {
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    struct stat facts {};
-    if (!file || ::fstat(file.get(), &facts) != 0 || !S_ISREG(facts.st_mode)) {
-        return {};
-    }
-    size = static_cast<std::uint64_t>(facts.st_size);
-    return file;
-}
-
 }  // namespace
-
-std::optional<Bytes> readPlainFile(const std::filesystem::path& path, std::uint64_t limit) {
-    std::uint64_t size = 0;
-    const auto file = openPlainFile(path, size);
-    if (!file || size > limit) {
-        return std::nullopt;
-    }
-    Bytes bytes(static_cast<std::size_t>(size));
-    const auto count = readInto(file.get(), bytes);
-    if (!count) {
-        return std::nullopt;
-    }
-    bytes.resize(*count);
-    return bytes;
-}
 
 bool isLoopFile(ByteView image) {
     if (image.size() <= waveHeaderSize || !isPerfectWave(image, stereo)) {
@@ -89,15 +43,14 @@ std::string audioDigest(ByteView image) {
 
 bool holdsSameAudio(const std::filesystem::path& path, ByteView image) {
     constexpr std::size_t pieceSize = 1 << 20;
-    std::uint64_t size = 0;
-    const auto file = openPlainFile(path, size);
-    if (!file || size != image.size() || ::lseek(file.get(), waveHeaderSize, SEEK_SET) < 0) {
+    const auto opened = openPlainFile(path, Links::followed);
+    if (!opened || opened->size != image.size()) {
         return false;
     }
     Bytes piece(pieceSize);
     for (auto rest = audioOf(image); !rest.empty();) {
         const auto part = std::span(piece).first(std::min(piece.size(), rest.size()));
-        const auto count = readInto(file.get(), part);
+        const auto count = readAt(opened->file.get(), part, image.size() - rest.size());
         if (!count || *count != part.size() || !std::equal(part.begin(), part.end(), rest.begin())) {
             return false;
         }

@@ -2,16 +2,11 @@
 
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "audio/wave.h"
 
 namespace kzq::ctl {
-
-/// What the plain file at `path` holds, links followed. Nothing when it is no plain file, cannot be read, or
-/// is longer than `limit` bytes.
-std::optional<Bytes> readPlainFile(const std::filesystem::path& path, std::uint64_t limit);
 
 /// Whether `image` is exactly what `wave` makes of stereo audio: a header of 44 bytes, then whole frames, at
 /// least one.

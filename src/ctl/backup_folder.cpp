@@ -8,6 +8,8 @@
 #include "loops/capacity.h"
 #include "loops/facts.h"
 #include "platform/new_file.h"
+#include "platform/plain_file.h"
+#include "platform/replace_file.h"
 
 namespace kzq::ctl {
 namespace {
@@ -48,7 +50,7 @@ std::optional<BackupIndex> BackupFolder::read(const char* name, std::optional<Ex
         return std::nullopt;
     }
     std::string reason = "cannot be read.";
-    const auto bytes = readPlainFile(path_ / name, longestIndex);
+    const auto bytes = readPlainFile(path_ / name, longestIndex, Links::followed);
     auto index = bytes ? indexFromText(std::string(bytes->begin(), bytes->end()), reason)
                        : std::optional<BackupIndex>();
     if (!index) {
@@ -58,12 +60,12 @@ std::optional<BackupIndex> BackupFolder::read(const char* name, std::optional<Ex
 }
 
 std::optional<Bytes> BackupFolder::loop(const BackupEntry& entry) const {
-    auto image = readPlainFile(path_ / entry.file, longestLoopFile);
+    auto image = readPlainFile(path_ / entry.file, longestLoopFile, Links::followed);
     if (!image || !isLoopFile(*image) || framesOf(*image) != entry.samples ||
         audioDigest(*image) != entry.sha256) {
         return std::nullopt;
     }
-    return image;
+    return std::move(*image);
 }
 
 std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes& image,
@@ -76,36 +78,25 @@ std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes&
     }
     const auto file = writeNewFile(path_, name, ".wav", image);
     if (!file) {
-        return notWritten(name, file.error);
+        return notWritten(name, file.error().error);
     }
-    entry.file = file.path.filename().string();
+    entry.file = file->filename().string();
     return std::nullopt;
 }
 
-/// The new one is whole and synced before it takes the place of the old one.
 std::optional<Explanation> BackupFolder::writePartialIndex(const BackupIndex& index) const {
-    const auto draft = writeNewFile(path_, ".backup.partial", ".json", bytesOf(indexText(index)));
-    if (!draft) {
-        return notWritten("The list of loops", draft.error);
-    }
-    std::error_code error;
-    fs::rename(draft.path, path_ / partialName, error);
-    if (error) {
-        std::error_code ignored;
-        fs::remove(draft.path, ignored);
-        return notWritten("The list of loops", error.value());
-    }
-    return std::nullopt;
+    const auto written = replaceFile(path_, partialName, bytesOf(indexText(index)));
+    return written ? std::nullopt : std::optional(notWritten("The list of loops", written.error().error));
 }
 
 std::optional<Explanation> BackupFolder::finish(const BackupIndex& index) const {
     const auto file = writeNewFile(path_, "backup", ".json", bytesOf(indexText(index)));
     if (!file) {
-        return notWritten("The index", file.error);
+        return notWritten("The index", file.error().error);
     }
     std::error_code error;
-    if (file.path.filename() != indexName) {
-        fs::remove(file.path, error);
+    if (file->filename() != indexName) {
+        fs::remove(*file, error);
         return notWritten("The index", EEXIST);
     }
     fs::remove(path_ / partialName, error);

@@ -3,8 +3,8 @@
 #include <memory>
 #include <utility>
 
-#include "ctl/audio_file.h"
 #include "ctl/format.h"
+#include "platform/plain_file.h"
 #include "updates/firmware_updates.h"
 #include "updates/firmware_version.h"
 
@@ -120,15 +120,14 @@ std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& 
 
 std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explanation& problem) {
     const std::string name = "\"" + path.string() + "\" ";
-    std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
-    auto image = error ? std::nullopt : readPlainFile(path, largestFirmware);
+    auto image = readPlainFile(path, largestFirmware, Links::followed);
     if (image && !image->empty()) {
-        return image;
+        return std::move(*image);
     }
-    const char* const trouble = error || (!image && size <= largestFirmware) ? "cannot be read."
-                                : image                                      ? "is empty."
-                                        : "is larger than firmware can be (50,000,000 bytes).";
+    const char* const trouble = image ? "is empty."
+                                : image.error().kind == Trouble::Kind::tooLarge
+                                    ? "is larger than firmware can be (50,000,000 bytes)."
+                                    : "cannot be read.";
     problem = {ExitCode::fileError, name + trouble};
     return std::nullopt;
 }

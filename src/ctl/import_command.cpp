@@ -87,13 +87,13 @@ void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
     if (!file) {
         failed(tally_, slot, "file",
                {ExitCode::fileError, loopName(slot) + " was not saved: could not write to " +
-                                         folder.string() + ": " + fileTrouble(file.error)});
+                                         folder.string() + ": " + fileTrouble(file.error().error)});
         tally_.stopped = true;
         return;
     }
     ++tally_.done;
-    report().tell("saved", {{"slot", slot}, {"file", file.path.string()}, {"fileBytes", image.size()}},
-                  loopName(slot) + ": saved as " + file.path.string() + " (" + sizeText(image.size()) + ").");
+    report().tell("saved", {{"slot", slot}, {"file", file->string()}, {"fileBytes", image.size()}},
+                  loopName(slot) + ": saved as " + file->string() + " (" + sizeText(image.size()) + ").");
 }
 
 std::string ImportCommand::summary(const PedalWorker& pedal) const {

@@ -22,6 +22,7 @@
 #include "device/libusb/libusb_port.h"
 #include "device/recorder/recording_port.h"
 #include "device/simulator/simulation.h"
+#include "operations/sentences.h"
 #include "platform/process.h"
 #include "platform/run_folder.h"
 #include "platform/standard_executor.h"
@@ -68,55 +69,46 @@ void printCancelled(bool json) {
     std::cerr << "kzq7306ctl: Cancelled." << std::endl;
 }
 
-/// The whole sentence about a file that was not converted.
-std::string sentenceFor(const ctl::ConversionOrder& order, const Conversion::Failure& failure) {
-    const std::string name = order.name.empty() ? "\"" + order.source.string() + "\"" : order.name;
-    return failure.reason == ConversionFailure::notAudio
-               ? (order.name.empty() ? name : "Standard input") +
-                     " is in a format that is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3."
-               : "Could not convert " + name + ". " + failure.sentence;
-}
-
 ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
     const auto result = Conversion({.output = order.output,
                                     .progress = order.progress,
                                     .cancelled = order.cancelled,
                                     .sync = order.sync})
                             .convert(order.source);
-    return {result.path, result.frames, result ? "" : sentenceFor(order, *result.failure)};
+    return result ? ctl::ConvertedFile{result->path, result->frames, {}}
+                  : ctl::ConvertedFile{{}, 0, conversionSentence(result.error(), order.name)};
 }
 
-/// Null, with `problem` set, when the options do not describe one.
-std::unique_ptr<simulator::Simulation> simulate(Executor& executor, const ctl::Options& options,
-                                                ctl::Explanation& problem) {
-    bool badFault = false;
-    auto simulation = simulator::Simulation::make(
-        executor, {options.simulatedFolder, options.faults, convertedAudio}, problem.sentence, &badFault);
-    if (simulation) {
-        simulation->pedal().plugIn();
-    } else {
-        problem.code = badFault ? ExitCode::usage : ExitCode::fileError;
+Result<std::unique_ptr<simulator::Simulation>> simulate(Executor& executor, const ctl::Options& options) {
+    auto made =
+        simulator::Simulation::make(executor, {options.simulatedFolder, options.faults, convertedAudio});
+    if (made) {
+        (*made)->pedal().plugIn();
     }
-    return simulation;
+    return made;
+}
+
+ctl::Explanation explainSimulation(const Trouble& trouble) {
+    return {trouble.kind == Trouble::Kind::badFault ? ExitCode::usage : ExitCode::fileError,
+            simulationSentence(trouble)};
 }
 
 std::vector<Finding> simulatedFindings() {
     return {{PedalTrouble::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}}};
 }
 
-/// Null, with a sentence in `problem`, when there can be no recording.
-std::shared_ptr<recorder::SessionRecorder> record(Executor& executor, const std::filesystem::path& path,
-                                                  std::string& problem) {
-    const auto trouble = [](const std::string& sentence) { complain({ExitCode::fileError, sentence}); };
-    auto file = recorder::RecordingFile::create(path, trouble, problem);
-    if (!file) {
-        return nullptr;
-    }
-    auto made = std::make_shared<recorder::SessionRecorder>(executor, std::move(file));
-    utsname kernel{};
-    made->note("kzq7306ctl " KZQ_VERSION +
-               (::uname(&kernel) == 0 ? std::string(", ") + kernel.sysname + " " + kernel.release : ""));
-    return made;
+Result<std::shared_ptr<recorder::SessionRecorder>> record(Executor& executor,
+                                                          const std::filesystem::path& path) {
+    const auto ended = [](const Trouble& trouble) {
+        complain({ExitCode::fileError, recordingEndSentence(trouble)});
+    };
+    return recorder::RecordingFile::create(path, ended).map([&](auto file) {
+        auto made = std::make_shared<recorder::SessionRecorder>(executor, std::move(file));
+        utsname kernel{};
+        made->note("kzq7306ctl " KZQ_VERSION +
+                   (::uname(&kernel) == 0 ? std::string(", ") + kernel.sysname + " " + kernel.release : ""));
+        return made;
+    });
 }
 
 /// Puts the log into a recording.
@@ -146,11 +138,11 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     std::unique_ptr<simulator::Simulation> simulation;
     std::unique_ptr<UsbPort> bus;
     if (options.simulate) {
-        ctl::Explanation problem;
-        simulation = simulate(executor, options, problem);
-        if (!simulation) {
-            return complain(problem, options.json);
+        auto made = simulate(executor, options);
+        if (!made) {
+            return complain(explainSimulation(made.error()), options.json);
         }
+        simulation = std::move(*made);
     } else {
         bus = std::make_unique<LibusbPort>();
     }
@@ -158,11 +150,11 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     std::unique_ptr<UsbPort> recording;
     UsbPort& port = simulation ? static_cast<UsbPort&>(simulation->port()) : *bus;
     if (!options.record.empty()) {
-        ctl::Explanation problem{ExitCode::fileError, {}};
-        recorder = record(executor, options.record, problem.sentence);
-        if (!recorder) {
-            return complain(problem, options.json);
+        auto made = record(executor, options.record);
+        if (!made) {
+            return complain({ExitCode::fileError, recordingSentence(made.error())}, options.json);
         }
+        recorder = std::move(*made);
         recording = std::make_unique<recorder::RecordingPort>(port, recorder);
     }
     QtHttpClient http;

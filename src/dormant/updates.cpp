@@ -1,11 +1,10 @@
 #include "dormant/updates.h"
 
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "dormant/property_list.h"
-#include "updates/replace_file.h"
+#include "platform/plain_file.h"
 
 namespace kzq {
 namespace {
@@ -29,10 +28,8 @@ std::optional<std::string> unlessEmpty(std::optional<std::string> text) {
 
 /// The elements of the kind's cache manifest; empty if there is none that can be read.
 std::vector<PropertyTexts> cachedVersions(const std::filesystem::path& folder) {
-    std::error_code error;
     // Users may keep the manifest elsewhere and link to it.
-    const auto path = std::filesystem::canonical(folder / "manifest.plist", error);
-    const auto document = error ? std::nullopt : readPlainFile(path, largestCacheManifest);
+    const auto document = readPlainFile(folder / "manifest.plist", largestCacheManifest, Links::followed);
     return document ? propertyListArray(*document).value_or(std::vector<PropertyTexts>{})
                     : std::vector<PropertyTexts>{};
 }

@@ -10,6 +10,7 @@
 #include "device/simulator/synthesiser.h"
 #include "device/simulator/usbip/kernel_port.h"
 #include "device/simulator/usbip/usbip_server.h"
+#include "operations/sentences.h"
 #include "pedal/pedal_options.h"
 #include "platform/standard_executor.h"
 
@@ -76,16 +77,15 @@ std::string attach(simulator::usbip::UsbipServer& server) {
     return usbip::plugIntoKernel(usbip::kernelHost(), kernels.get(), usbip::PedalBus::record());
 }
 
-bool fill(SimulatedPedal::Start& start, simulator::LoopFolder& folder, const Options& options,
-          std::string& error) {
+Result<void> fill(SimulatedPedal::Start& start, simulator::LoopFolder& folder, const Options& options) {
     start.version = options.firmware;
     start.stage = options.stage;
     if (options.folder.empty()) {
         start.memory = simulator::demonstrationMemory();
     } else {
-        auto memory = folder.load(error);
+        auto memory = folder.load();
         if (!memory) {
-            return false;
+            return std::move(memory.error());
         }
         start.memory = std::move(*memory);
     }
@@ -94,7 +94,7 @@ bool fill(SimulatedPedal::Start& start, simulator::LoopFolder& folder, const Opt
             loop->channel = channel;
         }
     }
-    return true;
+    return {};
 }
 
 int finish(const SimulatedPedal& pedal) {
@@ -109,9 +109,8 @@ int run(const Options& options) {
     StandardExecutor executor;
     simulator::LoopFolder folder(options.folder, convertedAudio);
     SimulatedPedal::Start start;
-    std::string error;
-    if (!fill(start, folder, options, error)) {
-        return complain(error);
+    if (const auto filled = fill(start, folder, options); !filled) {
+        return complain(simulationSentence(filled.error()));
     }
     SimulatedPedal pedal(executor, std::move(start));
     if (!options.folder.empty()) {
@@ -123,13 +122,14 @@ int run(const Options& options) {
         pedal.plan(fault);
     }
 
+    bool attached = true;
     simulator::usbip::UsbipServer* attaching = nullptr;
     simulator::usbip::PedalBus bus(pedal, [&] {
         executor.main([&] {
             say("the pedal is on the bus");
             if (const auto problem = options.attach ? attach(*attaching) : ""; !problem.empty()) {
                 complain(problem);
-                error = problem;
+                attached = false;
                 executor.stop();
             }
         });
@@ -137,17 +137,17 @@ int run(const Options& options) {
     simulator::usbip::UsbipServer server(bus);
     attaching = &server;
     if (!options.place.empty()) {
-        const std::string place = server.listen(options.place, error);
-        if (place.empty()) {
-            return complain(error);
+        const auto place = server.listen(options.place);
+        if (!place) {
+            return complain(simulationSentence(place.error()));
         }
-        say("listening on " + place);
+        say("listening on " + *place);
     }
     obeySignals(executor, pedal);
     pedal.plugIn();
     executor.run();
     pedal.unplug();
-    return error.empty() ? finish(pedal) : cannotOfferStatus;
+    return attached ? finish(pedal) : cannotOfferStatus;
 }
 
 }  // namespace

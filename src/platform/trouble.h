@@ -55,6 +55,7 @@ struct Trouble {
         // files and folders; `error` is an errno value
         file,
         folder,
+        noTemporaryFolder,  ///< there is no place for this run's working copies
         noBackup,
         backupIncomplete,
         backupForeign,
@@ -65,14 +66,14 @@ struct Trouble {
         notAFile,     ///< missing, a folder, a pipe or a device
         unreadable,   ///< no permission, or the medium fails
         notAudio,     ///< nothing in it that is sound
-        unsupported,  ///< sound of a kind that cannot be read faithfully
+        unsupported,  ///< sound of a kind that cannot be read faithfully; `words` names it
         damaged,
         noSound,
-        sampleRate,     ///< outside 4,000 to 768,000 Hz
+        sampleRate,     ///< outside 4,000 to 768,000 Hz; `words` is the number
         diskFull,       ///< for the converted file
         outputRefused,  ///< the converted file exists already, or its folder cannot be written to
         limits,         ///< it takes too much time or memory
-        toolMissing,    ///< the decoder is not installed
+        toolMissing,    ///< the decoder is not installed; `words` is its path
         decoder,        ///< it failed for a reason of its own
         // the maker's server
         noServer,
@@ -90,6 +91,13 @@ struct Trouble {
         notSent,
         unconfirmed,
         stillInLoader,
+        // simulated pedals, and recordings of sessions
+        noLoop,       ///< a file with a loop's name holds none
+        otherFormat,  ///< it is not in the pedal's format, and there is no converter
+        twoFiles,     ///< for one slot; `words` names them
+        badFault,     ///< a fault that is not one
+        badAddress,   ///< nobody can listen there; `error` is 0 if it is no address
+        badRecording,
         // asking the user
         declined,
         nobodyToAsk

@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "updates/replace_file.h"
+#include "platform/plain_file.h"
 
 namespace kzq {
 
@@ -22,12 +22,12 @@ std::error_code linkOrCopy(const std::filesystem::path& file, const std::filesys
 
 }  // namespace
 
-bool keepPrevious(const std::filesystem::path& appImage, std::string& reason) {
+Result<void> keepPrevious(const std::filesystem::path& appImage) {
     const std::filesystem::path previous = appImage.string() + ".previous";
     const std::filesystem::path draft = previous.string() + ".part";
     if (!isPlainFile(appImage) || !isPlaceForFile(previous) || !isPlaceForFile(draft)) {
-        reason = "the path of the program or of its previous version is not a file";
-        return false;
+        return Trouble{Trouble::Kind::file,
+                       "the path of the program or of its previous version is not a file"};
     }
     ::unlink(draft.c_str());
     auto error = linkOrCopy(appImage, draft);
@@ -37,27 +37,19 @@ bool keepPrevious(const std::filesystem::path& appImage, std::string& reason) {
     // Also after the rename, which does nothing if both are names of one file.
     ::unlink(draft.c_str());
     if (error) {
-        reason = "the previous version cannot be kept: " + error.message();
+        return Trouble{Trouble::Kind::file, "the previous version cannot be kept", error.value()};
     }
-    return !error;
+    return {};
 }
 
-bool replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download, std::string& reason) {
+Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download) {
     std::error_code error;
     const auto permissions = std::filesystem::status(appImage, error).permissions();
     if (error) {
-        reason = "the program no longer exists: " + error.message();
-        return false;
-    }
-    if (!keepPrevious(appImage, reason)) {
-        return false;
+        return Trouble{Trouble::Kind::file, "the program no longer exists", error.value()};
     }
     const auto usable = (permissions | std::filesystem::perms::owner_exec) & std::filesystem::perms::mask;
-    if (!download.place(usable)) {
-        reason = download.reason();
-        return false;
-    }
-    return true;
+    return keepPrevious(appImage).and_then([&] { return download.place(usable); });
 }
 
 }  // namespace kzq

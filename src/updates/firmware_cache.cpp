@@ -5,7 +5,8 @@
 #include <system_error>
 
 #include "platform/digest.h"
-#include "updates/replace_file.h"
+#include "platform/plain_file.h"
+#include "platform/replace_file.h"
 #include "updates/update_log.h"
 
 namespace kzq {
@@ -42,13 +43,13 @@ std::optional<FirmwareImage> FirmwareCache::cached(const FirmwareEntry& entry) c
     if (!isPlainFile(path)) {
         return std::nullopt;
     }
-    auto image = readPlainFile(path, entry.size);
+    auto image = readPlainFile(path, entry.size, Links::refused);
     if (!image || !isImageOf(entry, *image)) {
         logUpdates("removed a firmware file that does not match the manifest: " + path.string());
         ::unlink(path.c_str());
         return std::nullopt;
     }
-    return image;
+    return std::move(*image);
 }
 
 bool FirmwareCache::isPlaceFor(const FirmwareEntry& entry) const {
@@ -60,11 +61,11 @@ bool FirmwareCache::store(const FirmwareEntry& entry, std::span<const std::uint8
     if (folder_.empty() || !isImageOf(entry, image)) {
         return false;
     }
-    const int error = replaceFile(folder_, entry.name, image);
-    if (error != 0) {
-        logUpdates("firmware not stored: " + std::generic_category().message(error));
+    const auto stored = replaceFile(folder_, entry.name, image);
+    if (!stored) {
+        logUpdates("firmware not stored: " + std::generic_category().message(stored.error().error));
     }
-    return error == 0;
+    return stored.has_value();
 }
 
 }  // namespace kzq

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/plain_file.h"
 #include "updates/build_settings.h"
 #include "updates/maker.h"
-#include "updates/replace_file.h"
 
 namespace kzq {
 namespace {

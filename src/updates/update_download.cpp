@@ -8,13 +8,26 @@
 #include <cerrno>
 #include <system_error>
 
+#include "platform/draft.h"
+#include "platform/plain_file.h"
 #include "platform/write_all.h"
-#include "updates/replace_file.h"
 
 namespace kzq {
 namespace {
 
 constexpr mode_t privateMode = 0600;
+
+Trouble trouble(const char* what, int error = 0) {
+    return {Trouble::Kind::file, what, error};
+}
+
+Trouble notStored(int error) {
+    return trouble("the update cannot be stored", error);
+}
+
+Trouble unverified(const char* what) {
+    return {Trouble::Kind::unverified, what};
+}
 
 }  // namespace
 
@@ -25,11 +38,6 @@ UpdateDownload::~UpdateDownload() {
     if (file_ && isStillOurs()) {
         ::unlink(part_.c_str());
     }
-}
-
-bool UpdateDownload::fail(const std::string& what, int error) {
-    reason_ = error == 0 ? what : what + ": " + std::generic_category().message(error);
-    return false;
 }
 
 /// Whether the name still refers to the opened file.
@@ -47,64 +55,72 @@ bool UpdateDownload::isPrivate() const {
            ::fchmod(file_.get(), privateMode) == 0;
 }
 
-bool UpdateDownload::open() {
+Result<void> UpdateDownload::open() {
     if (!isPlaceForFile(place_) || !isPlaceForFile(part_)) {
-        return fail("the path for the update is not a file", 0);
+        return trouble("the path for the update is not a file");
     }
     Descriptor file(
         ::open(part_.c_str(), O_CREAT | O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, privateMode));
     if (!file) {
-        return fail("the update cannot be stored", errno);
+        return notStored(errno);
     }
     if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
-        return fail("another program is downloading the update", 0);
+        return trouble("another program is downloading the update");
     }
     file_ = std::move(file);
     if (!isStillOurs()) {
         file_.close();
-        return fail("another program is downloading the update", 0);
+        return trouble("another program is downloading the update");
     }
     if (!isPrivate()) {
         file_.close();
-        return fail("the file at the path for the update belongs to another user", 0);
+        return trouble("the file at the path for the update belongs to another user");
     }
-    return ::ftruncate(file_.get(), 0) == 0 || fail("the update cannot be stored", errno);
+    if (::ftruncate(file_.get(), 0) != 0) {
+        return notStored(errno);
+    }
+    return {};
 }
 
-bool UpdateDownload::append(std::span<const std::uint8_t> bytes) {
-    const int error = writeAll(file_.get(), bytes);
-    return error == 0 || fail("the update cannot be stored", error);
+Result<void> UpdateDownload::append(std::span<const std::uint8_t> bytes) {
+    if (const int error = writeAll(file_.get(), bytes)) {
+        return notStored(error);
+    }
+    return {};
 }
 
-bool UpdateDownload::verify(const FeedItem& item, std::span<const UpdateKey> keys) {
+Result<void> UpdateDownload::verify(const FeedItem& item, std::span<const UpdateKey> keys) {
     verified_ = false;
     if (::fsync(file_.get()) != 0) {
-        return fail("the update cannot be stored", errno);
+        return notStored(errno);
     }
     const auto signature = updateSignatureFrom(item.signature);
     if (!signature) {
-        return fail("the update is not signed", 0);
+        return unverified("the update is not signed");
     }
     // Verifies what is on the disk, not what came over the network.
     const auto bytes = readPlainFile(file_.get(), item.length);
     if (!bytes || item.length == 0 || bytes->size() != item.length) {
-        return fail("the length of the update is not the stated one", 0);
+        return unverified("the length of the update is not the stated one");
     }
     verified_ = isStillOurs() && isSignedByOne(keys, *signature, *bytes);
-    return verified_ || fail("the signature of the update is wrong", 0);
+    if (!verified_) {
+        return unverified("the signature of the update is wrong");
+    }
+    return {};
 }
 
-bool UpdateDownload::place(std::filesystem::perms permissions) {
+Result<void> UpdateDownload::place(std::filesystem::perms permissions) {
     if (!verified_ || !isStillOurs() || !isPlaceForFile(place_)) {
-        return fail("the update is not verified", 0);
+        return unverified("the update is not verified");
     }
     if (::fchmod(file_.get(), static_cast<mode_t>(permissions)) != 0 || ::fsync(file_.get()) != 0 ||
         ::rename(part_.c_str(), place_.c_str()) != 0) {
-        return fail("the update cannot be installed", errno);
+        return trouble("the update cannot be installed", errno);
     }
     file_.close();
     syncFolder(place_.parent_path());
-    return true;
+    return {};
 }
 
 }  // namespace kzq

@@ -7,6 +7,7 @@
 
 #include "platform/descriptor.h"
 #include "platform/fixed.h"
+#include "platform/result.h"
 #include "updates/update_feed.h"
 #include "updates/update_signature.h"
 
@@ -20,19 +21,18 @@ class UpdateDownload : Fixed {
     explicit UpdateDownload(std::filesystem::path place);
     ~UpdateDownload();
 
-    /// Each step returns whether it succeeded; `reason` says why not.
-    bool open();
-    bool append(std::span<const std::uint8_t> bytes);
+    // Of a failure, `where` says which step it was, in words for the user; `error` may be an errno value.
+
+    Result<void> open();
+    Result<void> append(std::span<const std::uint8_t> bytes);
     /// Checks length and signature of the file, and syncs it to the disk.
-    bool verify(const FeedItem& item, std::span<const UpdateKey> keys);
+    Result<void> verify(const FeedItem& item, std::span<const UpdateKey> keys);
     /// Moves a verified package into place with these permissions, by one rename.
-    bool place(std::filesystem::perms permissions);
+    Result<void> place(std::filesystem::perms permissions);
 
     const std::filesystem::path& part() const { return part_; }
-    const std::string& reason() const { return reason_; }
 
   private:
-    bool fail(const std::string& what, int error);
     bool isStillOurs() const;
     bool isPrivate() const;
 
@@ -40,7 +40,6 @@ class UpdateDownload : Fixed {
     const std::filesystem::path part_;
     Descriptor file_;
     bool verified_ = false;
-    std::string reason_;
 };
 
 }  // namespace kzq

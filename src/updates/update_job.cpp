@@ -1,5 +1,7 @@
 #include "updates/update_job.h"
 
+#include <system_error>
+
 #include "updates/app_image.h"
 #include "updates/update_download.h"
 
@@ -18,19 +20,33 @@ void enter(const UpdateJob& job, UpdateRun::Stage stage) {
     job.post();
 }
 
-HttpResult fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient& http) {
+std::string reasonOf(const Trouble& trouble) {
+    return trouble.error == 0 ? trouble.where
+                              : trouble.where + ": " + std::generic_category().message(trouble.error);
+}
+
+/// Empty, or why not.
+std::string fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient& http) {
+    Result<void> stored;
     HttpRequest request;
     request.url = job.item.url;
     request.limits = {job.item.length, packageLimit, packageSilence};
     request.cancelled = &job.run->cancelled;
-    request.sink = [&download](std::span<const std::uint8_t> bytes) { return download.append(bytes); };
+    request.sink = [&](std::span<const std::uint8_t> bytes) {
+        stored = download.append(bytes);
+        return stored.has_value();
+    };
     request.progress = [&job](std::uint64_t received, std::uint64_t /*total*/) {
         job.run->received = received;
         if (job.run->shown.exchange(false)) {
             job.post();
         }
     };
-    return http.fetch(request);
+    const auto fetched = http.fetch(request);
+    if (!stored) {
+        return reasonOf(stored.error());
+    }
+    return fetched ? "" : "the update could not be downloaded: " + fetched.reason;
 }
 
 }  // namespace
@@ -61,28 +77,23 @@ std::filesystem::path packagePlace(const Installation& installation, const std::
 
 std::string perform(const UpdateJob& job, HttpClient& http) {
     UpdateDownload download(job.place);
-    if (!download.open()) {
-        return download.reason();
+    if (const auto opened = download.open(); !opened) {
+        return reasonOf(opened.error());
     }
-    if (const auto fetched = fetchInto(download, job, http); !fetched) {
-        return fetched.failure == HttpFailure::sink ? download.reason()
-                                                    : "the update could not be downloaded: " + fetched.reason;
+    if (auto failure = fetchInto(download, job, http); !failure.empty()) {
+        return failure;
     }
     enter(job, UpdateRun::Stage::verifying);
-    if (!download.verify(job.item, job.keys)) {
-        return download.reason();
+    if (const auto verified = download.verify(job.item, job.keys); !verified) {
+        return reasonOf(verified.error());
     }
     if (!job.run->commit()) {
         return cancelledText;
     }
     enter(job, UpdateRun::Stage::installing);
-    std::string reason;
-    if (job.installation.kind == PackageKind::appImage) {
-        replaceAppImage(job.place, download, reason);
-    } else if (!download.place(packagePermissions)) {
-        reason = download.reason();
-    }
-    return reason;
+    const auto placed = job.installation.kind == PackageKind::appImage ? replaceAppImage(job.place, download)
+                                                                       : download.place(packagePermissions);
+    return placed ? "" : reasonOf(placed.error());
 }
 
 }  // namespace kzq

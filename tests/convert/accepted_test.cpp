@@ -69,10 +69,10 @@ TEST_F(Accepted, StopsOneFrameBehindWhatThePedalHolds) {
     auto listening = options();
     listening.progress = [&](std::uint64_t frames) { heard = frames; };
     const auto result = Conversion(listening).convert(source);
-    ASSERT_TRUE(result) << result.failure->sentence;
-    EXPECT_EQ(63'504'001U, result.frames);
+    ASSERT_TRUE(result) << troubleName(result.error().kind);
+    EXPECT_EQ(63'504'001U, result->frames);
     EXPECT_EQ(63'504'001U, heard);
-    EXPECT_EQ(44 + 63'504'001ULL * 6, std::filesystem::file_size(result.path));
+    EXPECT_EQ(44 + 63'504'001ULL * 6, std::filesystem::file_size(result->path));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class Converting : public ::testing::Test {
     Converting() : usualLog_(setLogSink([this](LogCategory, std::string_view line) { logged_ = line; })) {}
 
     Conversion::Options options() const { return {.output = shop_.results()}; }
-    Conversion::Result convert(const std::filesystem::path& source) const {
+    Result<Conversion::File> convert(const std::filesystem::path& source) const {
         return Conversion(options()).convert(source);
     }
 
@@ -25,25 +25,25 @@ class Converting : public ::testing::Test {
     Samples converted(const std::filesystem::path& source) const {
         const auto result = convert(source);
         if (!result) {
-            ADD_FAILURE() << source << ": " << result.failure->sentence;
+            ADD_FAILURE() << source << ": " << troubleName(result.error().kind);
             return {};
         }
-        Samples samples = samplesOf(result.path);
-        EXPECT_EQ(result.frames, samples.size() / 2);
+        Samples samples = samplesOf(result->path);
+        EXPECT_EQ(result->frames, samples.size() / 2);
         return samples;
     }
 
     /// Expects that `source` is refused for `reason` and nothing is left behind.
-    void expectRefused(ConversionFailure reason, const std::filesystem::path& source) const {
+    void expectRefused(Trouble::Kind reason, const std::filesystem::path& source) const {
         expectFailed(reason, convert(source), source);
     }
 
-    void expectFailed(ConversionFailure reason, const Conversion::Result& result,
+    void expectFailed(Trouble::Kind reason, const Result<Conversion::File>& result,
                       const std::filesystem::path& source) const {
         SCOPED_TRACE(source);
         ASSERT_FALSE(result);
-        EXPECT_EQ(reason, result.failure->reason) << result.failure->sentence;
-        EXPECT_FALSE(result.failure->sentence.empty());
+        EXPECT_EQ(troubleName(reason), troubleName(result.error().kind));
+        EXPECT_EQ(source, result.error().where);
         EXPECT_EQ(0U, shop_.resultCount());
     }
 

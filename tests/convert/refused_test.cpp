@@ -12,7 +12,7 @@ namespace kzq {
 namespace {
 
 namespace fs = std::filesystem;
-using enum ConversionFailure;
+using enum Trouble::Kind;
 
 class Refused : public Converting {
   protected:
@@ -52,13 +52,13 @@ TEST_F(Refused, FewerFramesThanTheHeadPromises) {
     const unsigned promised = 40'000 + missing;
     bytes[totalFrames + 2] = promised >> 8U & 0xFFU;
     bytes[totalFrames + 3] = promised & 0xFFU;
-    expectRefused(truncatedOrCorrupt, shop_.write("missing.flac", bytes));
+    expectRefused(damaged, shop_.write("missing.flac", bytes));
 }
 
 TEST_F(Refused, WhatIsNoAudio) {
     expectRefused(notAudio, writeText("text.wav", "Dear diary, no sound today.\n"));
-    expectRefused(noFrames, writeText("empty.wav", ""));
-    expectRefused(noFrames, shop_.write("header.wav", wave({}, 2).value()));
+    expectRefused(noSound, writeText("empty.wav", ""));
+    expectRefused(noSound, shop_.write("header.wav", wave({}, 2).value()));
     const std::string good = shop_.at("good.wav").string();
     // Playlists that refer to other files, under a harmless name.
     expectRefused(notAudio, writeText("list.wav",
@@ -82,19 +82,19 @@ TEST_F(Refused, WhatIsDamagedOrIncomplete) {
         {"s.wav", ""}, {"s.aiff", ""}, {"s.flac", ""}, {"s.m4a", "-c:a aac"}, {"bare.mp3", "-write_xing 0"}};
     for (const auto& [name, arguments] : kinds) {
         const auto whole = shop_.encode(name, "-i good.wav " + arguments);
-        expectRefused(truncatedOrCorrupt, cut(whole, 0.5));
-        expectRefused(truncatedOrCorrupt, cut(whole, 0.9));
+        expectRefused(damaged, cut(whole, 0.5));
+        expectRefused(damaged, cut(whole, 0.9));
     }
     Bytes filled = readFile(shop_.at("bare.mp3"));
     std::fill(filled.begin() + static_cast<std::ptrdiff_t>(filled.size() / 2), filled.end(), std::uint8_t{0});
-    expectRefused(truncatedOrCorrupt, shop_.write("filled.mp3", filled));
+    expectRefused(damaged, shop_.write("filled.mp3", filled));
     // Between two of the decoder's packets, where the cut does not show.
     Bytes atPacket = rf64(wave(packed(noise(40'000, 16)), 2).value());
     atPacket.resize(waveHeaderSize + 36 + 8 * 4'092);
-    expectRefused(truncatedOrCorrupt, shop_.write("packet.wav", atPacket));
+    expectRefused(damaged, shop_.write("packet.wav", atPacket));
     Bytes flac = readFile(shop_.at("s.flac"));
     flac[flac.size() / 2] ^= 0x10U;
-    expectRefused(truncatedOrCorrupt, shop_.write("flipped.flac", flac));
+    expectRefused(damaged, shop_.write("flipped.flac", flac));
 }
 
 TEST_F(Refused, CoverPicturesCostNothing) {

@@ -67,7 +67,7 @@ TEST_F(WorkingCopy, WhatIsKeptIsOnTheDiskBeforeItHasItsName) {
         ASSERT_TRUE(result);
         const auto synced = test::takeSyncs();
         ASSERT_EQ(synced.size(), sync ? 1U : 0U);
-        EXPECT_TRUE(!sync || synced[0] != result.path);
+        EXPECT_TRUE(!sync || synced[0] != result->path);
     }
 }
 

@@ -121,8 +121,9 @@ class FlowTest : public testing::Test {
     std::shared_ptr<AppDelegate> delegate;
 
   private:
-    static NewFile writeNew(const std::filesystem::path& folder, std::string_view name,
-                            std::string_view extension, std::span<const std::uint8_t> bytes) {
+    static Result<std::filesystem::path> writeNew(const std::filesystem::path& folder, std::string_view name,
+                                                  std::string_view extension,
+                                                  std::span<const std::uint8_t> bytes) {
         return writeNewFile(folder, name, extension, bytes);
     }
     std::optional<std::string> convert(const std::string& path);

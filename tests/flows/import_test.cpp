@@ -87,7 +87,8 @@ TEST_F(FlowTest, ABusyPedalOrACancelledChooserChangesNothing) {
 
 TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
     writeFile = [](const auto& place, auto name, auto extension, auto bytes) {
-        return name == "Loop 3" ? NewFile{{}, ENOSPC, "write"} : writeNewFile(place, name, extension, bytes);
+        return name == "Loop 3" ? Result<std::filesystem::path>(Trouble{Trouble::Kind::file, "write", ENOSPC})
+                                : writeNewFile(place, name, extension, bytes);
     };
     launchConnected();
     select({1, 3, 20});

@@ -25,7 +25,7 @@ std::vector<std::uint8_t> bytesOf(std::string_view text) {
 }
 
 /// A temporary folder for the test.
-class NewFileTest : public ::testing::TestWithParam<NewFileRoad> {
+class NewFileTest : public ::testing::TestWithParam<Draft::Road> {
   public:
   protected:
     NewFileTest() = default;
@@ -66,8 +66,7 @@ TEST_P(NewFileTest, TakesTheFirstFreeNameAndLeavesOthersAlone) {
     // A name used by something other than a file, or by a dangling link, is also taken.
     std::filesystem::create_directory(folder_ / "Loop 5.wav");
     std::filesystem::create_symlink(folder_ / "nowhere", folder_ / "Loop 5-2.wav");
-    EXPECT_EQ(writeNewFile(folder_, "Loop 5", ".wav", bytesOf("x"), GetParam()).path,
-              folder_ / "Loop 5-3.wav");
+    EXPECT_EQ(writeNewFile(folder_, "Loop 5", ".wav", bytesOf("x"), GetParam()), folder_ / "Loop 5-3.wav");
     EXPECT_FALSE(std::filesystem::exists(folder_ / "nowhere"));
 }
 
@@ -80,9 +79,9 @@ TEST_P(NewFileTest, ManyWritersOfOneNameEachGetTheirOwnFile) {
         threads.emplace_back([&, writer] {
             for (unsigned i = 0; i < each; ++i) {
                 const auto text = std::to_string(writer) + ":" + std::to_string(i);
-                const NewFile file = writeNewFile(folder_, "Loop 1", ".wav", bytesOf(text), GetParam());
-                if (file && contents(file.path.filename()) == text) {
-                    paths.at(writer).insert(file.path);
+                const auto file = writeNewFile(folder_, "Loop 1", ".wav", bytesOf(text), GetParam());
+                if (file && contents(file->filename()) == text) {
+                    paths.at(writer).insert(*file);
                 }
             }
         });
@@ -99,9 +98,11 @@ TEST_P(NewFileTest, ManyWritersOfOneNameEachGetTheirOwnFile) {
 }
 
 TEST_P(NewFileTest, FailureLeavesNothing) {
-    EXPECT_EQ(writeNewFile(folder_ / "missing", "a", ".wav", bytesOf("x"), GetParam()).error, ENOENT);
+    const auto missing = writeNewFile(folder_ / "missing", "a", ".wav", bytesOf("x"), GetParam());
+    EXPECT_EQ(missing.error(), (Trouble{Trouble::Kind::file, "create", ENOENT}));
     std::ofstream(folder_ / "file") << "x";
-    EXPECT_EQ(writeNewFile(folder_ / "file", "a", ".wav", bytesOf("x"), GetParam()).error, ENOTDIR);
+    const auto below = writeNewFile(folder_ / "file", "a", ".wav", bytesOf("x"), GetParam());
+    EXPECT_EQ(below.error(), (Trouble{Trouble::Kind::file, "create", ENOTDIR}));
     std::filesystem::remove(folder_ / "file");
 
     // A limit on the size of files cuts the write short as a full disk does.
@@ -110,17 +111,16 @@ TEST_P(NewFileTest, FailureLeavesNothing) {
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     const rlimit small{1000, before.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const NewFile file = writeNewFile(folder_, "Loop 1", ".wav", std::vector<std::uint8_t>(5000), GetParam());
+    const auto file = writeNewFile(folder_, "Loop 1", ".wav", std::vector<std::uint8_t>(5000), GetParam());
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(file.error, EFBIG);
-    EXPECT_EQ(file.step, "write");
+    EXPECT_EQ(file.error(), (Trouble{Trouble::Kind::file, "write", EFBIG}));
     EXPECT_THAT(names(), ::testing::IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(everyRoad, NewFileTest,
-                         ::testing::Values(NewFileRoad::unnamed, NewFileRoad::renameNoReplace,
-                                           NewFileRoad::link, NewFileRoad::reserve));
+                         ::testing::Values(Draft::Road::unnamed, Draft::Road::renameNoReplace,
+                                           Draft::Road::link, Draft::Road::reserve));
 
 TEST(FileNameComponent, StaysInsideTheFolderAndFits) {
     EXPECT_EQ(fileNameComponent("a/b", 4), "a-b");

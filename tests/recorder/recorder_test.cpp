@@ -92,19 +92,17 @@ class RecorderTest : public testing::Test {
             pedal.plan(simulator::faultFromText(fault).value());
         }
         SimulatedPort real(executor, pedal);
-        std::string problem;
-        const auto file = RecordingFile::create(path(), {}, problem);
-        EXPECT_THAT(problem, IsEmpty());
-        RecordingPort port(real, std::make_shared<SessionRecorder>(executor, file));
+        const auto file = RecordingFile::create(path(), {});
+        EXPECT_TRUE(file);
+        RecordingPort port(real, std::make_shared<SessionRecorder>(executor, file.value()));
         pedal.plugIn();
         return session(executor, port, slots);
     }
 
     Session replay(const std::filesystem::path& recording, const std::vector<std::uint8_t>& slots) {
         std::ifstream file(recording);
-        std::string error;
-        auto read = readRecording(file, error);
-        EXPECT_TRUE(read) << error;
+        auto read = readRecording(file);
+        EXPECT_TRUE(read);
         VirtualExecutor executor;
         ReplayPort port(executor, read.value_or(recorder::Recording()),
                         [this](const std::string& difference) { differences.push_back(difference); });

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <sstream>
 
 #include "device/recorder/recording_file.h"
@@ -12,21 +13,19 @@ namespace kzq::recorder {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 
-std::string refusal(const std::string& lines) {
-    std::stringstream file;
-    file << recordingHeader << '\n' << lines;
-    std::string error;
-    EXPECT_FALSE(readRecording(file, error)) << lines;
-    return error;
+/// The line that is wrong.
+std::string refusal(const std::string& recording) {
+    std::stringstream file(recording);
+    const auto read = readRecording(file);
+    EXPECT_FALSE(read) << recording;
+    return read ? "" : read.error().where;
 }
 
 TEST(Recording, LinesMayEndAsTheyDoElsewhere) {
     std::istringstream file("kzq7306-usb-recording 1\r\n# a note\r\n0 1 open 1\r\n5 1 = 0\r\n");
-    std::string error;
-    const auto recording = readRecording(file, error);
-    ASSERT_TRUE(recording) << error;
+    const auto recording = readRecording(file);
+    ASSERT_TRUE(recording) << recording.error().words;
     ASSERT_EQ(recording->events.size(), 2U);
     EXPECT_EQ(recording->events[0].words, "open 1");
 }
@@ -55,21 +54,19 @@ TEST(Recording, IsRefusedAtTheLineThatIsWrong) {
                                                   {call + "7 2 = 8 001122334455667g\n", 6},
                                                   {call + "7 2 = eight 0011223344556677\n", 6},
                                                   {in + "7 2 = 0 99999999999999999999 00112233\n", 6}}) {
-        EXPECT_THAT(refusal(lines), HasSubstr("line " + std::to_string(line) + " ")) << lines;
+        EXPECT_EQ(refusal(std::string(recordingHeader) + "\n" + lines), "line " + std::to_string(line))
+            << lines;
     }
-    std::istringstream later("kzq7306-usb-recording 2\n");
-    std::string error;
-    EXPECT_FALSE(readRecording(later, error));
-    EXPECT_THAT(error, HasSubstr("line 1 "));
+    EXPECT_EQ(refusal("kzq7306-usb-recording 2\n"), "line 1");
 }
 
 TEST(Recording, AFullDiskIsToldOnceAndHurtsNobody) {
-    std::vector<std::string> told;
+    std::vector<int> told;
     RecordingFile file(Descriptor(::open("/dev/full", O_WRONLY | O_CLOEXEC)),
-                       [&told](const std::string& sentence) { told.push_back(sentence); });
+                       [&told](const Trouble& trouble) { told.push_back(trouble.error); });
     file.write("one");
     file.write("two");
-    EXPECT_THAT(told, ElementsAre(HasSubstr("No space left")));
+    EXPECT_THAT(told, ElementsAre(ENOSPC));
 }
 
 }  // namespace

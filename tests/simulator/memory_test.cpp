@@ -37,7 +37,6 @@ class Folder : public testing::Test {
     }
 
     test::TestFolder path;
-    std::string error;
     std::vector<std::string> logged;
     LogSink earlierSink;
 };
@@ -50,8 +49,8 @@ TEST_F(Folder, KeepsLoopsFromRunToRun) {
     }
     put(".Loop 3.wav.part", noise(10));
     LoopFolder folder(path);
-    auto memory = folder.load(error);
-    ASSERT_TRUE(memory) << error;
+    auto memory = folder.load();
+    ASSERT_TRUE(memory);
     EXPECT_EQ(std::count(memory->begin(), memory->end(), std::nullopt), 18);
     EXPECT_EQ(memory->at(6), StoredLoop{noise(60)});
     EXPECT_EQ(logged.size(), 6U) << "one line for each name that is no slot's";
@@ -64,8 +63,8 @@ TEST_F(Folder, KeepsLoopsFromRunToRun) {
     EXPECT_THAT(names(), testing::IsSupersetOf({".Loop 3.wav.part", "07.wav", "Loop 1.wav", "Loop 21.wav"}));
     EXPECT_THAT(names(), testing::Not(testing::Contains(testing::AnyOf("20.wav", "7.wav", "Loop 7.wav"))));
 
-    memory = LoopFolder(path).load(error);
-    ASSERT_TRUE(memory) << error;
+    memory = LoopFolder(path).load();
+    ASSERT_TRUE(memory);
     EXPECT_EQ(memory->at(0), fresh);
     EXPECT_EQ(memory->at(6), fresh);
     EXPECT_EQ(std::count(memory->begin(), memory->end(), std::nullopt), 18);

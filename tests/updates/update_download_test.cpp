@@ -17,14 +17,15 @@ TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
     writeText(folder / "package.part", "left over");
     std::filesystem::permissions(folder / "package.part", std::filesystem::perms(0666));
     UpdateDownload first(folder / "package");
-    ASSERT_TRUE(first.open()) << first.reason();
+    ASSERT_TRUE(first.open());
     EXPECT_EQ(std::filesystem::status(first.part()).permissions(), std::filesystem::perms(0600));
     const std::vector<std::uint8_t> bytes(10, 'x');
     EXPECT_TRUE(first.append(bytes));
     {
         UpdateDownload second(folder / "package");
-        EXPECT_FALSE(second.open());
-        EXPECT_NE(second.reason(), "");
+        const auto opened = second.open();
+        ASSERT_FALSE(opened);
+        EXPECT_EQ(opened.error().where, "another program is downloading the update");
     }
     EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
 }
@@ -41,13 +42,13 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
         UpdateDownload download(folder / "package");
         ASSERT_TRUE(download.open() && download.append(bytes));
         takeSyncs();
-        ASSERT_TRUE(download.verify(item, std::vector{signer.key})) << download.reason();
+        ASSERT_TRUE(download.verify(item, std::vector{signer.key}));
         EXPECT_EQ(takeSyncs(), std::vector<std::string>{download.part()});
         if (exchanged) {
             writeText(folder / "other", "another program");
             std::filesystem::rename(folder / "other", download.part());
         }
-        EXPECT_EQ(download.place(std::filesystem::perms(0644)), !exchanged);
+        EXPECT_EQ(download.place(std::filesystem::perms(0644)).has_value(), !exchanged);
         EXPECT_EQ(std::filesystem::exists(folder / "package"), !exchanged);
         std::filesystem::remove(download.part());
     }

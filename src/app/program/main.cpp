@@ -23,6 +23,7 @@
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
 #include "device/simulator/simulation.h"
+#include "operations/sentences.h"
 #include "platform/process.h"
 #include "platform/qt_executor.h"
 #include "platform/run_folder.h"
@@ -195,13 +196,13 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     QtExecutor executor;
     std::unique_ptr<simulator::Simulation> simulation;
     if (options.simulate) {
-        std::string error;
-        bool badFault = false;
-        simulation = simulator::Simulation::make(
-            executor, {options.simulatedFolder, options.faults, convertedAudio}, error, &badFault);
-        if (!simulation) {
-            return complain(badFault ? usageStatus : fileStatus, error);
+        auto made =
+            simulator::Simulation::make(executor, {options.simulatedFolder, options.faults, convertedAudio});
+        if (!made) {
+            const bool badFault = made.error().kind == Trouble::Kind::badFault;
+            return complain(badFault ? usageStatus : fileStatus, simulationSentence(made.error()));
         }
+        simulation = std::move(*made);
     }
     quitOnSignals(executor, [&executor] { leaveSoon(executor); });
     return runWindow(application, options, executor, *certificates, simulation.get());

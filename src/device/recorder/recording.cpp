@@ -214,26 +214,25 @@ bool readLine(std::istream& file, std::string& line) {
     return true;
 }
 
-std::optional<Recording> refuse(std::size_t line, const std::string& fault, std::string& error) {
-    error = "line " + std::to_string(line) + " " + fault + ".";
-    return std::nullopt;
+Trouble refusal(std::size_t line, const std::string& fault) {
+    return {Trouble::Kind::badRecording, "line " + std::to_string(line), 0, fault};
 }
 
 }  // namespace
 
-std::optional<Recording> readRecording(std::istream& file, std::string& error) {
+Result<Recording> readRecording(std::istream& file) {
     std::string line;
     if (!readLine(file, line) || line != recordingHeader) {
-        return refuse(1, "is not \"" + std::string(recordingHeader) + "\"", error);
+        return refusal(1, "is not \"" + std::string(recordingHeader) + "\"");
     }
     Reader reader;
     for (std::size_t number = 2; readLine(file, line); ++number) {
         if (file.eof()) {
-            return refuse(number, "is cut off", error);
+            return refusal(number, "is cut off");
         }
         const char* const fault = line.starts_with('#') ? nullptr : reader.take(number, line);
         if (fault != nullptr) {
-            return refuse(number, fault, error);
+            return refusal(number, fault);
         }
     }
     return reader.recording();

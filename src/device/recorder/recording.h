@@ -3,10 +3,11 @@
 #include <chrono>
 #include <cstdint>
 #include <istream>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/result.h"
 
 namespace kzq::recorder {
 
@@ -38,7 +39,8 @@ struct Recording {
     std::vector<RecordedEvent> events;
 };
 
-/// Nothing, with a sentence in `error` that names the line, if the recording is not valid and complete.
-std::optional<Recording> readRecording(std::istream& file, std::string& error);
+/// badRecording, if it is not valid and complete: `where` is the line, such as "line 3", and `words` says
+/// what is wrong with it.
+Result<Recording> readRecording(std::istream& file);
 
 }  // namespace kzq::recorder

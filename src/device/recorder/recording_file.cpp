@@ -7,24 +7,18 @@
 #include <cerrno>
 #include <cstdint>
 #include <span>
-#include <system_error>
 
 #include "device/recorder/recording.h"
 #include "platform/write_all.h"
 
 namespace kzq::recorder {
 
-std::shared_ptr<RecordingFile> RecordingFile::create(const std::filesystem::path& path, Trouble trouble,
-                                                     std::string& problem) {
+Result<std::shared_ptr<RecordingFile>> RecordingFile::create(const std::filesystem::path& path, Ended ended) {
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!file) {
-        problem = errno == EEXIST
-                      ? "\"" + path.string() + "\" already exists; a recording never overwrites a file."
-                      : "\"" + path.string() +
-                            "\" cannot be created: " + std::generic_category().message(errno) + ".";
-        return nullptr;
+        return Trouble{Trouble::Kind::file, path.string(), errno};
     }
-    auto made = std::make_shared<RecordingFile>(std::move(file), std::move(trouble));
+    auto made = std::make_shared<RecordingFile>(std::move(file), std::move(ended));
     made->write(recordingHeader);
     return made;
 }
@@ -46,9 +40,8 @@ void RecordingFile::write(std::string_view line) {
         static_cast<void>(::ftruncate(file_.get(), length_) == 0);
         file_.close();
     }
-    if (trouble_) {
-        trouble_("The recording cannot be written and ends here: " + std::generic_category().message(error) +
-                 ".");
+    if (ended_) {
+        ended_({Trouble::Kind::file, "write", error});
     }
 }
 

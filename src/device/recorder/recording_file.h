@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "platform/descriptor.h"
+#include "platform/result.h"
 
 namespace kzq::recorder {
 
@@ -17,14 +18,12 @@ namespace kzq::recorder {
 /// abruptly; a full disk ends the recording and nothing else. Any thread.
 class RecordingFile {
   public:
-    /// Called at most once, with a sentence, if the recording cannot continue. Must not log.
-    using Trouble = std::function<void(const std::string& sentence)>;
+    /// Called at most once, if the recording cannot continue. Must not log.
+    using Ended = std::function<void(const Trouble& trouble)>;
 
-    /// A new file that only its owner may read, because it holds audio. Null, with a sentence in `problem`,
-    /// if a file of that name exists or it cannot be created.
-    static std::shared_ptr<RecordingFile> create(const std::filesystem::path& path, Trouble trouble,
-                                                 std::string& problem);
-    RecordingFile(Descriptor file, Trouble trouble) : file_(std::move(file)), trouble_(std::move(trouble)) {}
+    /// A new file that only its owner may read, because it holds audio.
+    static Result<std::shared_ptr<RecordingFile>> create(const std::filesystem::path& path, Ended ended);
+    RecordingFile(Descriptor file, Ended ended) : file_(std::move(file)), ended_(std::move(ended)) {}
 
     /// Writes `line` and a newline.
     void write(std::string_view line);
@@ -33,7 +32,7 @@ class RecordingFile {
     std::mutex mutex_;
     Descriptor file_;
     off_t length_ = 0;  ///< of the complete lines
-    Trouble trouble_;
+    Ended ended_;
 };
 
 }  // namespace kzq::recorder

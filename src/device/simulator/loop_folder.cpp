@@ -1,21 +1,17 @@
 #include "device/simulator/loop_folder.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
 #include <charconv>
-#include <fstream>
-#include <iterator>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
-#include <vector>
 
+#include "audio/wave.h"
 #include "loops/facts.h"
+#include "platform/draft.h"
 #include "platform/log.h"
-#include "platform/write_all.h"
+#include "platform/plain_file.h"
 
 namespace kzq::simulator {
 
@@ -23,7 +19,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::uintmax_t largestFile = waveHeaderSize + capacityFrames * frameBytes + 4096;
+using Kind = Trouble::Kind;
+
+constexpr std::uint64_t largestFile = waveHeaderSize + capacityFrames * frameBytes + 4096;
 
 /// The slot (1 to 20) that a file of this name belongs to.
 std::optional<unsigned> slotFromName(std::string_view name) {
@@ -42,116 +40,95 @@ std::optional<unsigned> slotFromName(std::string_view name) {
     return isNumber && slot >= 1 && slot <= loopSlots ? std::optional(slot) : std::nullopt;
 }
 
-std::optional<StoredLoop> readLoop(const fs::path& file, const LoopReader& convert, std::string& error) {
-    std::error_code code;
-    const std::uintmax_t size = fs::is_regular_file(file, code) ? fs::file_size(file, code) : 0;
-    if (code || size == 0) {
-        error = file.string() + " is not a file with a loop in it.";
-        return std::nullopt;
+Result<StoredLoop> readLoop(const fs::path& file, const LoopReader& convert) {
+    const auto image = readPlainFile(file, largestFile, Links::followed);
+    if (!image && image.error().kind == Kind::unreadable) {
+        return Trouble{Kind::file, file.string(), image.error().error};
     }
-    Bytes image;
-    if (size <= largestFile) {
-        std::ifstream stream(file, std::ios::binary);
-        image.assign(std::istreambuf_iterator<char>(stream), {});
-        if (image.size() != size) {
-            error = file.string() + " cannot be read.";
-            return std::nullopt;
-        }
+    if (image ? image->empty() : image.error().kind == Kind::notAFile) {
+        return Trouble{Kind::noLoop, file.string()};
     }
-    auto audio = isPerfectWave(image, 2) ? lpcm(image) : std::nullopt;
+    auto audio = image && isPerfectWave(*image, 2) ? lpcm(*image) : std::nullopt;
     if (audio && !audio->empty() && audio->size() % frameBytes == 0) {
         return StoredLoop{std::move(*audio)};
     }
     if (!convert) {
-        error = file.string() +
-                " is not a 24-bit stereo WAV file of 44,100 Hz with a plain header. Convert it "
-                "with \"kzq7306ctl convert\".";
-        return std::nullopt;
+        return Trouble{Kind::otherFormat, file.string()};
     }
-    audio = convert(file, error);
-    return audio ? std::optional(StoredLoop{std::move(*audio)}) : std::nullopt;
-}
-
-bool syncFolder(const fs::path& folder) {
-    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0) {
-        return false;
-    }
-    const bool synced = ::fsync(descriptor) == 0;
-    return ::close(descriptor) == 0 && synced;
+    return convert(file).map([](Bytes converted) { return StoredLoop{std::move(converted)}; });
 }
 
 /// Writes `bytes` to a new file and renames it to `file`.
-bool replaceFile(const fs::path& file, ByteView bytes) {
-    const fs::path temporary = file.parent_path() / ("." + file.filename().string() + ".part");
-    const int descriptor =
-        ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666);
-    if (descriptor < 0) {
-        return false;
+Result<void> replaceFile(const fs::path& file, ByteView bytes) {
+    Draft draft(file.parent_path(), Draft::Road::renameNoReplace);
+    auto replaced = draft.open()
+                        .and_then([&] { return draft.write(bytes); })
+                        .and_then([&] { return draft.sync(); })
+                        .and_then([&] { return draft.replace(file.filename()); });
+    if (replaced) {
+        draft.syncFolder();
     }
-    bool whole = writeAll(descriptor, bytes) == 0 && ::fsync(descriptor) == 0;
-    whole = ::close(descriptor) == 0 && whole;
+    return replaced;
+}
+
+Result<void> removeFile(const fs::path& file) {
     std::error_code code;
-    if (whole) {
-        fs::rename(temporary, file, code);
+    fs::remove(file, code);
+    if (code) {
+        return Trouble{Kind::file, "remove", code.value()};
     }
-    if (whole && !code) {
-        return syncFolder(file.parent_path());
+    syncFolder(file.parent_path());
+    return {};
+}
+
+Result<void> put(const fs::path& file, const StoredLoop& loop) {
+    const auto image = wave(loop.audio, 2);
+    if (!image) {
+        return Trouble{Kind::outOfMemory};
     }
-    fs::remove(temporary, code);
-    return false;
+    return replaceFile(file, *image);
 }
 
 }  // namespace
 
-std::optional<PedalMemory> LoopFolder::load(std::string& error) {
+Result<PedalMemory> LoopFolder::load() {
     std::error_code code;
-    if (fs::status(folder_, code).type() == fs::file_type::not_found) {
-        error = "There is no folder \"" + folder_.string() + "\". Create it, or check the name.";
-        return std::nullopt;
-    }
     auto entries = fs::directory_iterator(folder_, code);
     if (code) {
-        error = "The folder " + folder_.string() + " cannot be read: " + code.message() + ".";
-        return std::nullopt;
+        return Trouble{Kind::folder, folder_.string(), code.value()};
     }
     PedalMemory memory;
     files_ = {};
     std::uint64_t frames = 0;
     for (const fs::directory_entry& entry : entries) {
-        if (!loadFile(entry.path(), memory, frames, error)) {
-            return std::nullopt;
+        if (const auto loaded = loadFile(entry.path(), memory, frames); !loaded) {
+            return loaded.error();
         }
     }
     if (frames > capacityFrames) {
-        error = "The loops in " + folder_.string() + " are longer than the pedal's 24 minutes.";
-        return std::nullopt;
+        return Trouble{Kind::noRoom, folder_.string()};
     }
     return memory;
 }
 
-bool LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std::uint64_t& frames,
-                          std::string& error) {
+Result<void> LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std::uint64_t& frames) {
     const auto slot = slotFromName(file.filename().string());
     if (!slot) {
         if (file.extension() == ".wav") {
             log(LogCategory::simulator, "no slot has that name: " + file.string());
         }
-        return true;
+        return {};
     }
     fs::path& known = files_.at(*slot - 1);
     if (!known.empty()) {
-        error = "Two files for slot " + std::to_string(*slot) + ": " + known.string() + " and " +
-                file.string() + ".";
-        return false;
+        return Trouble{Kind::twoFiles, folder_.string(), 0,
+                       std::to_string(*slot) + ": " + known.string() + " and " + file.string()};
     }
     known = file;
-    auto& loop = memory.at(*slot - 1);
-    loop = readLoop(file, convert_, error);
-    if (loop) {
-        frames += loop->audio.size() / frameBytes;
-    }
-    return loop.has_value();
+    return readLoop(file, convert_).map([&](StoredLoop loop) {
+        frames += loop.audio.size() / frameBytes;
+        memory.at(*slot - 1) = std::move(loop);
+    });
 }
 
 bool LoopFolder::store(std::uint8_t address, const StoredLoop* loop) {
@@ -159,19 +136,12 @@ bool LoopFolder::store(std::uint8_t address, const StoredLoop* loop) {
     if (file.empty()) {
         file = folder_ / ("Loop " + std::to_string(address + 1) + ".wav");
     }
-    bool stored = false;
-    if (loop != nullptr) {
-        const auto image = wave(loop->audio, 2);
-        stored = image && replaceFile(file, *image);
-    } else {
-        std::error_code code;
-        fs::remove(file, code);
-        stored = !code && syncFolder(folder_);
-    }
+    const auto stored = loop != nullptr ? put(file, *loop) : removeFile(file);
     if (!stored) {
-        log(LogCategory::simulator, "cannot store " + file.string());
+        log(LogCategory::simulator,
+            "cannot store " + file.string() + ": " + std::generic_category().message(stored.error().error));
     }
-    return stored;
+    return stored.has_value();
 }
 
 }  // namespace kzq::simulator

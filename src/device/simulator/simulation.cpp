@@ -9,14 +9,13 @@ namespace kzq::simulator {
 Simulation::Simulation(Executor& executor, PedalMemory memory, LoopFolder folder)
     : folder_(std::move(folder)), pedal_(executor, {.memory = std::move(memory)}), port_(executor, pedal_) {}
 
-std::unique_ptr<Simulation> Simulation::make(Executor& executor, const SimulationOrder& order,
-                                             std::string& error, bool* badFault) {
+Result<std::unique_ptr<Simulation>> Simulation::make(Executor& executor, const SimulationOrder& order) {
     auto memory = demonstrationMemory();
     LoopFolder folder(order.folder, order.convert);
     if (!order.folder.empty()) {
-        auto loaded = folder.load(error);
+        auto loaded = folder.load();
         if (!loaded) {
-            return nullptr;
+            return std::move(loaded.error());
         }
         memory = std::move(*loaded);
     }
@@ -29,12 +28,7 @@ std::unique_ptr<Simulation> Simulation::make(Executor& executor, const Simulatio
     for (const auto& text : order.faults) {
         const auto fault = faultFromText(text);
         if (!fault) {
-            error =
-                "--fault \"" + text + "\" is not of the form KIND@WHERE[:COUNT][+], such as unplug@in:100.";
-            if (badFault != nullptr) {
-                *badFault = true;
-            }
-            return nullptr;
+            return Trouble{Trouble::Kind::badFault, text};
         }
         made->pedal_.plan(*fault);
     }

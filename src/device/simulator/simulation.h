@@ -22,10 +22,8 @@ struct SimulationOrder {
 /// if there is one. The pedal is off the bus until `pedal().plugIn()`.
 class Simulation {
   public:
-    /// Null, with a sentence in `error`, if `order` is invalid; `badFault` then says whether a fault is wrong
-    /// rather than the folder.
-    static std::unique_ptr<Simulation> make(Executor& executor, const SimulationOrder& order,
-                                            std::string& error, bool* badFault = nullptr);
+    /// Failures: badFault, and those of the folder.
+    static Result<std::unique_ptr<Simulation>> make(Executor& executor, const SimulationOrder& order);
 
     SimulatedPedal& pedal() { return pedal_; }
     SimulatedPort& port() { return port_; }

@@ -85,16 +85,14 @@ UsbipServer::~UsbipServer() {
     }
 }
 
-std::string UsbipServer::listen(const std::string& place, std::string& error) {
+Result<std::string> UsbipServer::listen(const std::string& place) {
     const Addresses addresses = addressesOf(place);
     if (!addresses) {
-        error = "\"" + place + "\" is not of the form ADDRESS:PORT, such as 127.0.0.1:3240.";
-        return {};
+        return Trouble{Trouble::Kind::badAddress, place};
     }
     listening_ = Descriptor(::socket(addresses->ai_family, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (!listening_ || !startListening(listening_.get(), *addresses)) {
-        error = "cannot listen on " + place + ": " + std::generic_category().message(errno) + ".";
-        return {};
+        return Trouble{Trouble::Kind::badAddress, place, errno};
     }
     accepting_ = std::thread([this] { accept(); });
     return placeOf(listening_.get());

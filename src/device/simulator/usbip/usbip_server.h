@@ -10,6 +10,7 @@
 #include "device/simulator/usbip/pedal_bus.h"
 #include "platform/descriptor.h"
 #include "platform/fixed.h"
+#include "platform/result.h"
 
 namespace kzq::simulator::usbip {
 
@@ -24,9 +25,9 @@ class UsbipServer : Fixed {
     /// Closes all connections and waits for the threads.
     ~UsbipServer();
 
-    /// Listens on "ADDRESS:PORT", such as 127.0.0.1:3240 or [::1]:0 (any free port). Returns where, or
-    /// nothing and a sentence in `error`. Once only.
-    std::string listen(const std::string& place, std::string& error);
+    /// Listens on "ADDRESS:PORT", such as 127.0.0.1:3240 or [::1]:0 (any free port). Returns where; or
+    /// badAddress. Once only.
+    Result<std::string> listen(const std::string& place);
     /// Carries the transfers of a computer at the other end of `socket` that has imported the pedal by other
     /// means. Anything but ok: it cannot have the pedal now.
     OperationStatus carry(Descriptor socket);

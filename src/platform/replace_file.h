@@ -1,0 +1,20 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/bytes.h"
+#include "platform/result.h"
+
+namespace kzq {
+
+/// Replaces the content of the file `name` in `folder` with `bytes`. A reader, even after a power loss, sees
+/// the old file or the complete new one. Only a plain file is replaced: a link or a folder of that name stays
+/// unchanged. On failure, which is a Draft's, nothing is left behind. Any thread.
+Result<void> replaceFile(const std::filesystem::path& folder, const std::string& name, ByteView bytes);
+
+/// Removes what killed runs of `replaceFile` left in `folder`: unfinished files not touched for a day. Any
+/// thread.
+void removeOldDrafts(const std::filesystem::path& folder);
+
+}  // namespace kzq
