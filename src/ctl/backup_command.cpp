@@ -8,6 +8,7 @@
 #include "ctl/folder_check.h"
 #include "ctl/format.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 
 namespace kzq::ctl {
 namespace {
@@ -44,20 +45,19 @@ std::optional<Explanation> BackupCommand::obstacle() {
 }
 
 ExitCode BackupCommand::work(PedalWorker& pedal) {
-    std::optional<Explanation> problem;
-    const auto complete = folder_.index(problem);
-    auto partial = folder_.isComplete() ? std::nullopt : folder_.partialIndex(problem);
-    if (problem) {
-        return stop(*problem);
+    const bool finished = folder_.isComplete();
+    auto index = finished ? folder_.index() : folder_.partialIndex();
+    if (!index && index.error().kind != Trouble::Kind::noBackup) {
+        return stop({ExitCode::fileError, backupSentence(index.error())});
     }
     const auto status = pedal.status();
     if (!status) {
         return stop(pedal);
     }
-    if (complete) {
-        return compare(pedal, status->loops, *complete);
+    if (finished && index) {
+        return compare(pedal, status->loops, *index);
     }
-    return save(pedal, *status, std::move(partial).value_or(BackupIndex{}));
+    return save(pedal, *status, std::move(index).value_or(BackupIndex{}));
 }
 
 ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupIndex index) {
@@ -124,14 +124,16 @@ bool BackupCommand::storeLoop(const Loop& loop, const Bytes& image, BackupIndex&
     BackupEntry entry{
         .file = {}, .samples = loop.samples, .tempo = loop.tempo, .channel = loop.channel, .sha256 = {}};
     index.loops.erase(slot);
-    auto problem = folder_.addLoop(slot, image, entry);
-    if (!problem) {
+    std::string what = loopName(slot);
+    const auto stored = folder_.addLoop(slot, image, entry).and_then([&] {
         index.loops[slot] = entry;
-        problem = folder_.writePartialIndex(index);
-    }
-    if (problem) {
+        what = "The list of loops";
+        return folder_.writePartialIndex(index);
+    });
+    if (!stored) {
         index.loops.erase(slot);
-        failed(tally_, slot, "file", *problem);
+        failed(tally_, slot, "file",
+               {ExitCode::fileError, notSavedSentence(what, folder_.path(), stored.error())});
         tally_.stopped = true;
         return false;
     }
@@ -154,8 +156,9 @@ ExitCode BackupCommand::finish(PedalWorker& pedal, const Status& status, const B
         }
     }
     if (whole && !pedal.ended()) {
-        if (const auto problem = folder_.finish(index)) {
-            return stop(*problem);
+        if (const auto written = folder_.finish(index); !written) {
+            return stop(
+                {ExitCode::fileError, notSavedSentence("The index", folder_.path(), written.error())});
         }
         return conclude(pedal, tally_,
                         loopsText(tally_.wanted) + " backed up in " + folder_.path().string() + ".");

@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "ctl/audio_file.h"
-#include "ctl/file_trouble.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
 #include "platform/new_file.h"
@@ -37,24 +36,23 @@ bool BackupFolder::isComplete() const {
     return isThere(path_ / indexName);
 }
 
-std::optional<BackupIndex> BackupFolder::index(std::optional<Explanation>& problem) const {
-    return read(indexName, problem);
+Result<BackupIndex> BackupFolder::index() const {
+    return read(indexName);
 }
 
-std::optional<BackupIndex> BackupFolder::partialIndex(std::optional<Explanation>& problem) const {
-    return read(partialName, problem);
+Result<BackupIndex> BackupFolder::partialIndex() const {
+    return read(partialName);
 }
 
-std::optional<BackupIndex> BackupFolder::read(const char* name, std::optional<Explanation>& problem) const {
+Result<BackupIndex> BackupFolder::read(const char* name) const {
     if (!isThere(path_ / name)) {
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noBackup, path_.string()};
     }
-    std::string reason = "cannot be read.";
     const auto bytes = readPlainFile(path_ / name, longestIndex, Links::followed);
-    auto index = bytes ? indexFromText(std::string(bytes->begin(), bytes->end()), reason)
-                       : std::optional<BackupIndex>();
+    auto index =
+        bytes ? indexFromText(std::string(bytes->begin(), bytes->end())) : Trouble{Trouble::Kind::unreadable};
     if (!index) {
-        problem = {ExitCode::fileError, "\"" + (path_ / name).string() + "\" " + reason};
+        index.error().where = (path_ / name).string();
     }
     return index;
 }
@@ -68,44 +66,34 @@ std::optional<Bytes> BackupFolder::loop(const BackupEntry& entry) const {
     return std::move(*image);
 }
 
-std::optional<Explanation> BackupFolder::addLoop(std::uint8_t slot, const Bytes& image,
-                                                 BackupEntry& entry) const {
+Result<void> BackupFolder::addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const {
     const std::string name = loopName(slot);
     entry.sha256 = audioDigest(image);
     entry.file = name + ".wav";
     if (loop(entry)) {
-        return std::nullopt;
+        return {};
     }
-    const auto file = writeNewFile(path_, name, ".wav", image);
-    if (!file) {
-        return notWritten(name, file.error().error);
-    }
-    entry.file = file->filename().string();
-    return std::nullopt;
+    return writeNewFile(path_, name, ".wav", image).map([&](const fs::path& file) {
+        entry.file = file.filename().string();
+    });
 }
 
-std::optional<Explanation> BackupFolder::writePartialIndex(const BackupIndex& index) const {
-    const auto written = replaceFile(path_, partialName, bytesOf(indexText(index)));
-    return written ? std::nullopt : std::optional(notWritten("The list of loops", written.error().error));
+Result<void> BackupFolder::writePartialIndex(const BackupIndex& index) const {
+    return replaceFile(path_, partialName, bytesOf(indexText(index)));
 }
 
-std::optional<Explanation> BackupFolder::finish(const BackupIndex& index) const {
+Result<void> BackupFolder::finish(const BackupIndex& index) const {
     const auto file = writeNewFile(path_, "backup", ".json", bytesOf(indexText(index)));
     if (!file) {
-        return notWritten("The index", file.error().error);
+        return file.error();
     }
     std::error_code error;
     if (file->filename() != indexName) {
         fs::remove(*file, error);
-        return notWritten("The index", EEXIST);
+        return Trouble{Trouble::Kind::file, Draft::placing, EEXIST};
     }
     fs::remove(path_ / partialName, error);
-    return std::nullopt;
-}
-
-Explanation BackupFolder::notWritten(const std::string& name, int error) const {
-    return {ExitCode::fileError,
-            name + " was not saved: could not write to " + path_.string() + ": " + fileTrouble(error)};
+    return {};
 }
 
 }  // namespace kzq::ctl

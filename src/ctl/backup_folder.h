@@ -5,7 +5,7 @@
 
 #include "audio/wave.h"
 #include "ctl/backup_index.h"
-#include "ctl/sentences.h"
+#include "platform/result.h"
 
 namespace kzq::ctl {
 
@@ -19,22 +19,22 @@ class BackupFolder {
     const std::filesystem::path& path() const { return path_; }
 
     bool isComplete() const;
-    /// Nothing when there is none; `problem` is set when there is one that cannot be used.
-    std::optional<BackupIndex> index(std::optional<Explanation>& problem) const;
-    std::optional<BackupIndex> partialIndex(std::optional<Explanation>& problem) const;
+    /// noBackup when there is none; of one that cannot be used: unreadable, backupForeign, backupNewer,
+    /// backupDamaged.
+    Result<BackupIndex> index() const;
+    Result<BackupIndex> partialIndex() const;
 
     /// The file of one loop, if it is complete and has the audio that the index describes.
     std::optional<Bytes> loop(const BackupEntry& entry) const;
     /// Writes a loop's file; an equal one that is there already is taken.
-    std::optional<Explanation> addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const;
+    Result<void> addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const;
 
-    std::optional<Explanation> writePartialIndex(const BackupIndex& index) const;
+    Result<void> writePartialIndex(const BackupIndex& index) const;
     /// Writes the index; the partial one goes.
-    std::optional<Explanation> finish(const BackupIndex& index) const;
+    Result<void> finish(const BackupIndex& index) const;
 
   private:
-    std::optional<BackupIndex> read(const char* name, std::optional<Explanation>& problem) const;
-    Explanation notWritten(const std::string& name, int error) const;
+    Result<BackupIndex> read(const char* name) const;
 
     std::filesystem::path path_;
 };

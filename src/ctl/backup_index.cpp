@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <set>
 
 #include "ctl/json_output.h"
@@ -87,22 +88,19 @@ std::string indexText(const BackupIndex& index) {
     return jsonText(whole, true) + "\n";
 }
 
-std::optional<BackupIndex> indexFromText(std::string_view text, std::string& problem) {
+Result<BackupIndex> indexFromText(std::string_view text) {
     const auto whole = Json::parse(text, nullptr, false);
     if (!whole.is_object() || textAt(whole, "format") != formatName) {
-        problem = "is not a backup index.";
-        return std::nullopt;
+        return Trouble{Trouble::Kind::backupForeign};
     }
     if (numberAt(whole, "formatVersion", formatVersion) != formatVersion) {
-        problem = "was written by a newer version of this program.";
-        return std::nullopt;
+        return Trouble{Trouble::Kind::backupNewer};
     }
     BackupIndex index;
     index.firmware = textAt(whole, "firmware");
     const auto list = whole.find("loops");
     if (list == whole.end() || !list->is_array() || !readLoops(*list, index)) {
-        problem = "is damaged.";
-        return std::nullopt;
+        return Trouble{Trouble::Kind::backupDamaged};
     }
     return index;
 }

@@ -2,11 +2,11 @@
 
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "loops/status.h"
+#include "platform/result.h"
 
 namespace kzq::ctl {
 
@@ -34,8 +34,7 @@ struct BackupIndex {
 };
 
 std::string indexText(const BackupIndex& index);
-/// Nothing unless `text` is a valid backup index; `problem` then says what is wrong:
-/// the part behind "backup.json ".
-std::optional<BackupIndex> indexFromText(std::string_view text, std::string& problem);
+/// backupForeign, backupNewer or backupDamaged, unless `text` is a valid backup index.
+Result<BackupIndex> indexFromText(std::string_view text);
 
 }  // namespace kzq::ctl

@@ -10,6 +10,7 @@
 #include "ctl/stream_conversion.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 
 namespace kzq::ctl {
 
@@ -46,21 +47,23 @@ bool ConvertCommand::withoutPedal() {
     return true;
 }
 
-void ConvertCommand::done(const ConvertedFile& file) {
+void ConvertCommand::done(const Result<ConvertedFile>& file) {
     context_.output.endProgress();
     const auto& source = context_.options.files.front();
-    const std::string name = source == standardStream ? "Standard input" : "\"" + source.string() + "\"";
-    if (file.problem.empty() && file.frames > capacityFrames) {  // the rest of it was not converted
+    const bool reads = source == standardStream;
+    if (!file) {
+        context_.fail(cancelled_
+                          ? cancelledByUser()
+                          : Explanation{ExitCode::fileError,
+                                        conversionSentence(file.error(), reads ? "standard input" : "")});
+    } else if (file->frames > capacityFrames) {  // the rest of it was not converted
         std::error_code ignored;
-        std::filesystem::remove(file.path, ignored);
-        context_.fail({ExitCode::fileError, name + " is longer than the pedal's 24 minutes."});
-    } else if (file.problem.empty()) {
-        report(file);
-        context_.finish(ExitCode::ok);
-    } else if (cancelled_) {
-        context_.fail(cancelledByUser());
+        std::filesystem::remove(file->path, ignored);
+        context_.fail({ExitCode::fileError, (reads ? "Standard input" : "\"" + source.string() + "\"") +
+                                                " is longer than the pedal's 24 minutes."});
     } else {
-        context_.fail({ExitCode::fileError, file.problem});
+        report(*file);
+        context_.finish(ExitCode::ok);
     }
 }
 

@@ -19,7 +19,7 @@ class ConvertCommand : public Command, public std::enable_shared_from_this<Conve
     void cancel() override { cancelled_ = true; }
 
   private:
-    void done(const ConvertedFile& file);
+    void done(const Result<ConvertedFile>& file);
     void report(const ConvertedFile& file) const;
 
     Context context_;

@@ -4,14 +4,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <string>
+
+#include "platform/result.h"
 
 namespace kzq::ctl {
 
 /// A file to be converted into the pedal's format.
 struct ConversionOrder {
     std::filesystem::path source;
-    std::string name = {};  ///< of the source in sentences; empty: its path in quotes
     /// The new file, which is never put in the place of another; or a folder for a file with a name of its
     /// own.
     std::filesystem::path output;
@@ -20,15 +20,13 @@ struct ConversionOrder {
     bool sync = false;                                        ///< wait until the output is on the disk
 };
 
-/// A WAV file with a header of 44 bytes; or, when `problem` is not empty, the sentence for the user, and
-/// nothing is left behind.
+/// A WAV file with a header of 44 bytes.
 struct ConvertedFile {
     std::filesystem::path path;
     std::uint64_t frames = 0;
-    std::string problem;
 };
 
-/// Blocks; any thread.
-using Converter = std::function<ConvertedFile(const ConversionOrder&)>;
+/// On failure nothing is left behind. Blocks; any thread.
+using Converter = std::function<Result<ConvertedFile>(const ConversionOrder&)>;
 
 }  // namespace kzq::ctl

@@ -10,6 +10,7 @@
 #include "ctl/format.h"
 #include "ctl/loop_writer.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 
 namespace kzq::ctl {
 ExitCode ExportCommand::work(PedalWorker& pedal) {
@@ -69,12 +70,12 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
         return end;
     }
     std::error_code error;
-    const auto size = file.problem.empty() ? std::filesystem::file_size(file.path, error) : 0;
+    const auto size = file ? std::filesystem::file_size(file->path, error) : 0;
     const auto info = error || size < waveHeaderSize
                           ? std::nullopt
-                          : exportInfoForLoop(slot, loops.contains(slot), file.path, size - waveHeaderSize);
+                          : exportInfoForLoop(slot, loops.contains(slot), file->path, size - waveHeaderSize);
     if (!info) {
-        const std::string why = file.problem.empty() ? name + " contains no audio." : file.problem;
+        const std::string why = file ? name + " contains no audio." : conversionSentence(file.error());
         const char* const next = why.ends_with('.') ? " Nothing was written." : ". Nothing was written.";
         return Explanation{ExitCode::fileError, why + next};
     }
@@ -91,12 +92,11 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
     return std::nullopt;
 }
 
-ConvertedFile ExportCommand::convert(PedalWorker& pedal, const std::filesystem::path& source) {
+Result<ConvertedFile> ExportCommand::convert(PedalWorker& pedal, const std::filesystem::path& source) {
     const auto& environment = context().environment;
     const auto folder = environment.workingFolder();
     if (!folder) {
-        return {
-            {}, 0, "Could not convert \"" + source.string() + "\". There is no folder for its working copy."};
+        return Trouble{Trouble::Kind::noTemporaryFolder, source.string(), 0, "its working copy"};
     }
     auto file = environment.convert(
         {.source = source,
@@ -105,8 +105,8 @@ ConvertedFile ExportCommand::convert(PedalWorker& pedal, const std::filesystem::
          .cancelled = &pedal.endedFlag(),
          .sync = false});
     context().output.endProgress();
-    if (file.problem.empty()) {
-        copies_->add(file.path);
+    if (file) {
+        copies_->add(file->path);
     }
     return file;
 }

@@ -18,7 +18,7 @@ class ExportCommand : public PedalJob {
                                      const std::vector<std::uint8_t>& slots);
     std::optional<Explanation> stageFile(PedalWorker& pedal, const std::filesystem::path& source,
                                          std::uint8_t slot, const Loops& loops);
-    ConvertedFile convert(PedalWorker& pedal, const std::filesystem::path& source);
+    Result<ConvertedFile> convert(PedalWorker& pedal, const std::filesystem::path& source);
     void showSpace(const Loops& loops);
     bool overwrites() const;
 

@@ -17,21 +17,20 @@ ExitCode FirmwareCommand::work(PedalWorker& pedal) {
         }
         installed = printable(status->version);
     }
-    Explanation problem;
-    const auto offer = askForOffer(pedal, context().environment, installed, problem);
+    const auto offer = askForOffer(pedal, context().environment, installed);
     if (pedal.ended()) {
         return stop(pedal);
     }
-    show(installed, offer, problem);
+    show(installed, offer);
     if (offer) {
         return ExitCode::ok;
     }
+    const auto problem = explainFirmware(offer.error());
     return options().json ? problem.code : stop(problem);
 }
 
 /// `installed` is empty for a pedal that has only its loader.
-void FirmwareCommand::show(const std::string& installed, const std::optional<FirmwareOffer>& offer,
-                           const Explanation& problem) {
+void FirmwareCommand::show(const std::string& installed, const Result<FirmwareOffer>& offer) {
     auto& output = context().output;
     if (options().json) {
         nlohmann::json object{
@@ -40,6 +39,7 @@ void FirmwareCommand::show(const std::string& installed, const std::optional<Fir
             object["installed"] = installed;
         }
         if (!offer) {
+            const auto problem = explainFirmware(offer.error());
             output.error(problem.sentence);
             object.update(finishedJson(problem));
         } else {

@@ -15,8 +15,7 @@ class FirmwareCommand : public PedalJob {
     ExitCode work(PedalWorker& pedal) override;
 
   private:
-    void show(const std::string& installed, const std::optional<FirmwareOffer>& offer,
-              const Explanation& problem);
+    void show(const std::string& installed, const Result<FirmwareOffer>& offer);
 };
 
 }  // namespace kzq::ctl

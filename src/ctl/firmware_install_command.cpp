@@ -30,10 +30,9 @@ std::optional<Explanation> FirmwareInstallCommand::obstacle() {
     if (options().files.empty()) {
         return std::nullopt;
     }
-    Explanation problem;
-    auto image = readImage(options().files.front(), problem);
+    auto image = readImage(options().files.front());
     if (!image) {
-        return problem;
+        return explainFirmware(image.error());
     }
     image_ = std::move(*image);
     return std::nullopt;
@@ -83,10 +82,9 @@ ExitCode FirmwareInstallCommand::work(PedalWorker& pedal) {
 
 /// Gets the image that is offered for this pedal; otherwise the user has been given the reason.
 std::optional<ExitCode> FirmwareInstallCommand::choose(PedalWorker& pedal, const std::string& installed) {
-    Explanation problem;
-    auto offer = askForOffer(pedal, context().environment, installed, problem);
+    auto offer = askForOffer(pedal, context().environment, installed);
     if (!offer) {
-        return pedal.ended() ? stop(pedal) : stop(problem);
+        return pedal.ended() ? stop(pedal) : stop(explainFirmware(offer.error()));
     }
     if (!offer->image) {
         report().tell("finished", {{"installed", false}, {"version", installed}, {"exit", 0}},

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ctl/format.h"
+#include "operations/sentences.h"
 #include "platform/plain_file.h"
 #include "updates/firmware_updates.h"
 #include "updates/firmware_version.h"
@@ -11,46 +12,39 @@
 namespace kzq::ctl {
 namespace {
 
+using Kind = Trouble::Kind;
+
 bool isUnknown(const FirmwareVersion& version) {
     return version.major == 0 && version.minor == 0;
 }
 
-std::string serverSentence(const HttpResult& answer) {
-    const std::string reason = " (" + printable(answer.reason) + "). ";
-    switch (answer.failure) {
-        case HttpFailure::network:
-        case HttpFailure::timeout:
-            return "The update server could not be reached" + reason +
-                   "Check the internet connection and try again.";
-        case HttpFailure::untrusted:
-            return "The update server could not prove its identity" + reason +
-                   "Check the computer's clock and its certificates.";
-        default:
-            return "The update server did not answer as expected" + reason + "Try again later.";
+Trouble serverTrouble(const HttpResult& answer) {
+    Trouble trouble{Kind::oddAnswer, {}, 0, printable(answer.reason)};
+    if (answer.failure == HttpFailure::network || answer.failure == HttpFailure::timeout) {
+        trouble.kind = Kind::noServer;
+    } else if (answer.failure == HttpFailure::untrusted) {
+        trouble.kind = Kind::untrustedServer;
     }
+    return trouble;
 }
 
-std::optional<FirmwareEntry> newestEntry(const Environment& environment, Explanation& problem) {
+Result<FirmwareEntry> newestEntry(const Environment& environment) {
     HttpRequest request;
     request.url = environment.manifest;
     request.limits.bytes = largestManifest;
     const auto manifest = environment.http->fetch(request);
     if (!manifest) {
-        problem = {ExitCode::noDownload, serverSentence(manifest)};
-        return std::nullopt;
+        return serverTrouble(manifest);
     }
     auto entry = newestFirmwareEntry(manifest.body);
     if (!entry || !isComplete(*entry) || isUnknown(FirmwareVersionFromString(entry->version))) {
-        problem = {ExitCode::noDownload,
-                   "The update server did not list any usable firmware. Try again later."};
-        return std::nullopt;
+        return Trouble{Kind::badManifest};
     }
-    return entry;
+    return std::move(*entry);
 }
 
 /// The image of `entry`, verified: from the cache, or fetched and put there.
-std::optional<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry,
-                                        Explanation& problem) {
+Result<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry) {
     FirmwareUpdates updates({.executor = environment.executor,
                              .http = *environment.http,
                              .factoryBlank = {},
@@ -62,74 +56,72 @@ std::optional<FirmwareImage> fetchImage(const Environment& environment, const Fi
                              .appendNotes = {}});
     updates.setup();
     if (!updates.initialized()) {
-        problem = {ExitCode::fileError,
-                   "Could not create the folder for downloaded firmware in your home folder."};
-        return std::nullopt;
+        return Trouble{Kind::noCache};
     }
     auto image = updates.cached(entry);
     if (!image) {
         image = updates.download(entry);
     }
     if (!image) {
-        problem = {
-            ExitCode::noDownload,
-            "The firmware could not be downloaded, verified and stored. Try again later; --verbose shows "
-            "details."};
+        return Trouble{Kind::unverified};
     }
-    return image;
+    return std::move(*image);
 }
 
 }  // namespace
 
-std::optional<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed,
-                                        Explanation& problem) {
+Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed) {
     const auto present = FirmwareVersionFromString(installed);
     if (!installed.empty() && isUnknown(present)) {
-        problem = {ExitCode::pedalRefused, "The pedal reports an unknown firmware version (" + installed +
-                                               "), so it cannot be compared with the newest."};
-        return std::nullopt;
+        return Trouble{Kind::unknownVersion, {}, 0, installed};
     }
-    auto entry = newestEntry(environment, problem);
+    auto entry = newestEntry(environment);
     if (!entry) {
-        return std::nullopt;
+        return std::move(entry.error());
     }
     FirmwareOffer offer{std::move(*entry), std::nullopt};
     if (!installed.empty() && !(present < FirmwareVersionFromString(offer.entry.version))) {
         return offer;
     }
-    offer.image = fetchImage(environment, offer.entry, problem);
-    return offer.image ? std::optional(std::move(offer)) : std::nullopt;
-}
-
-std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
-                                         const std::string& installed, Explanation& problem) {
-    struct Asked {
-        std::optional<FirmwareOffer> offer;
-        Explanation problem;
-    };
-    const auto asked = std::make_shared<Asked>();
-    const bool came = pedal.attempt([asked, installed, &environment] {
-        asked->offer = fetchOffer(environment, installed, asked->problem);
+    return fetchImage(environment, offer.entry).map([&](FirmwareImage image) {
+        offer.image = std::move(image);
+        return std::move(offer);
     });
-    if (!came) {
-        return std::nullopt;
-    }
-    problem = asked->problem;
-    return std::move(asked->offer);
 }
 
-std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explanation& problem) {
-    const std::string name = "\"" + path.string() + "\" ";
+Result<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
+                                  const std::string& installed) {
+    const auto asked = std::make_shared<Result<FirmwareOffer>>(Trouble{Kind::cancelled});
+    const bool came =
+        pedal.attempt([asked, installed, &environment] { *asked = fetchOffer(environment, installed); });
+    return came ? std::move(*asked) : Trouble{Kind::cancelled};
+}
+
+Result<FirmwareImage> readImage(const std::filesystem::path& path) {
     auto image = readPlainFile(path, largestFirmware, Links::followed);
-    if (image && !image->empty()) {
-        return std::move(*image);
+    if (!image) {
+        const bool tooLong = image.error().kind == Kind::tooLarge;
+        return Trouble{tooLong ? Kind::imageTooLong : Kind::imageUnreadable, path.string()};
     }
-    const char* const trouble = image ? "is empty."
-                                : image.error().kind == Trouble::Kind::tooLarge
-                                    ? "is larger than firmware can be (50,000,000 bytes)."
-                                    : "cannot be read.";
-    problem = {ExitCode::fileError, name + trouble};
-    return std::nullopt;
+    if (image->empty()) {
+        return Trouble{Kind::imageEmpty, path.string()};
+    }
+    return image;
+}
+
+Explanation explainFirmware(const Trouble& trouble) {
+    switch (trouble.kind) {
+        case Kind::unknownVersion:
+            return {ExitCode::pedalRefused, firmwareSentence(trouble)};
+        case Kind::noServer:
+        case Kind::untrustedServer:
+        case Kind::oddAnswer:
+        case Kind::badManifest:
+        case Kind::unverified:
+            return {ExitCode::noDownload, firmwareSentence(trouble)};
+        default:
+            return {ExitCode::fileError, firmwareSentence(trouble)};
+    }
 }
 
 std::string noteText(std::string_view line) {

@@ -18,16 +18,17 @@ struct FirmwareOffer {
 };
 
 /// What the server has for a pedal that runs `installed` (empty: only its loader). An image is there, from
-/// the cache or fetched and put there, or there is no offer. Nothing comes with `problem` set. Blocks for the
-/// web.
-std::optional<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed,
-                                        Explanation& problem);
-/// The same for a command's thread: nothing also when the work has ended.
-std::optional<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
-                                         const std::string& installed, Explanation& problem);
+/// the cache or fetched and put there, or there is no offer. Blocks for the web.
+Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed);
+/// The same for a command's thread: `cancelled` when the work has ended.
+Result<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
+                                  const std::string& installed);
 
 /// The image in a file of the user's own, which nothing verifies: 1 to largestFirmware bytes.
-std::optional<FirmwareImage> readImage(const std::filesystem::path& path, Explanation& problem);
+Result<FirmwareImage> readImage(const std::filesystem::path& path);
+
+/// What the user gets to read when there is no offer or no image.
+Explanation explainFirmware(const Trouble& trouble);
 
 /// A line of the release notes without what would move a terminal's cursor.
 std::string noteText(std::string_view line);

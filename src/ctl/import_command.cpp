@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "ctl/audio_file.h"
-#include "ctl/file_trouble.h"
 #include "ctl/folder_check.h"
 #include "ctl/format.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 #include "platform/new_file.h"
 
 namespace kzq::ctl {
@@ -86,8 +86,7 @@ void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
     const auto file = writeNewFile(folder, loopName(slot), ".wav", image);
     if (!file) {
         failed(tally_, slot, "file",
-               {ExitCode::fileError, loopName(slot) + " was not saved: could not write to " +
-                                         folder.string() + ": " + fileTrouble(file.error().error)});
+               {ExitCode::fileError, notSavedSentence(loopName(slot), folder, file.error())});
         tally_.stopped = true;
         return;
     }

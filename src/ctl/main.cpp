@@ -69,14 +69,15 @@ void printCancelled(bool json) {
     std::cerr << "kzq7306ctl: Cancelled." << std::endl;
 }
 
-ctl::ConvertedFile convert(const ctl::ConversionOrder& order) {
-    const auto result = Conversion({.output = order.output,
-                                    .progress = order.progress,
-                                    .cancelled = order.cancelled,
-                                    .sync = order.sync})
-                            .convert(order.source);
-    return result ? ctl::ConvertedFile{result->path, result->frames, {}}
-                  : ctl::ConvertedFile{{}, 0, conversionSentence(result.error(), order.name)};
+Result<ctl::ConvertedFile> convert(const ctl::ConversionOrder& order) {
+    return Conversion({.output = order.output,
+                       .progress = order.progress,
+                       .cancelled = order.cancelled,
+                       .sync = order.sync})
+        .convert(order.source)
+        .map([](const Conversion::File& file) {
+            return ctl::ConvertedFile{file.path, file.frames};
+        });
 }
 
 Result<std::unique_ptr<simulator::Simulation>> simulate(Executor& executor, const ctl::Options& options) {

@@ -6,6 +6,7 @@
 #include "ctl/nearest.h"
 #include "ctl/slot_list.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 
 namespace kzq::ctl {
 namespace {
@@ -28,10 +29,9 @@ void completeSlots(Options& options, const Words& words) {
         throw usageError(std::string("Specify the loops to ") + (erase ? "erase" : "import") +
                          ": either slots such as 1 3-5 8, or --all.");
     }
-    std::string error;
-    const auto slots = slotsFromWords(words.slots, error);
+    const auto slots = slotsFromWords(words.slots);
     if (!slots) {
-        throw usageError(error);
+        throw usageError(slotsSentence(slots.error()));
     }
     options.slots = *slots;
 }

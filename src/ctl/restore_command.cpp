@@ -10,23 +10,19 @@
 #include "ctl/format.h"
 #include "ctl/loop_writer.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 
 namespace kzq::ctl {
 RestoreCommand::RestoreCommand(Context context) : PedalJob(std::move(context)), folder_(options().folder) {}
 
 std::optional<Explanation> RestoreCommand::obstacle() {
-    std::optional<Explanation> problem;
-    auto index = folder_.index(problem);
-    if (problem) {
-        return problem;
-    }
-    const std::string name = "\"" + folder_.path().string() + "\"";
+    auto index = folder_.index();
     if (!index) {
-        const bool partial = folder_.partialIndex(problem).has_value();
-        return Explanation{ExitCode::fileError,
-                           partial
-                               ? "The backup in " + name + " is incomplete. Finish it with \"backup\" first."
-                               : "There is no backup in " + name + "."};
+        auto trouble = index.error();
+        if (trouble.kind == Trouble::Kind::noBackup && folder_.partialIndex()) {
+            trouble.kind = Trouble::Kind::backupIncomplete;
+        }
+        return Explanation{ExitCode::fileError, backupSentence(trouble)};
     }
     index_ = std::move(*index);
     std::uint64_t frames = 0;
@@ -35,7 +31,7 @@ std::optional<Explanation> RestoreCommand::obstacle() {
     }
     if (frames > capacityFrames) {
         return Explanation{ExitCode::fileError,
-                           "The backup in " + name + " is longer than the pedal's 24 minutes."};
+                           backupSentence({Trouble::Kind::backupTooLong, folder_.path().string()})};
     }
     return std::nullopt;
 }

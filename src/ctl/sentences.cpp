@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "operations/sentences.h"
+
 namespace kzq::ctl {
 namespace {
 
@@ -197,7 +199,7 @@ Explanation systemVersionUnknown() {
 }
 
 Explanation outputLost() {
-    return {ExitCode::fileError, "Could not write to standard output.", "output"};
+    return {ExitCode::fileError, conversionSentence({Trouble::Kind::outputLost}), "output"};
 }
 
 }  // namespace kzq::ctl

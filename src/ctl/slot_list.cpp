@@ -35,22 +35,18 @@ std::optional<std::pair<unsigned, unsigned>> rangeFrom(std::string_view word) {
 
 }  // namespace
 
-std::optional<std::vector<std::uint8_t>> slotsFromWords(const std::vector<std::string>& words,
-                                                        std::string& error) {
+Result<std::vector<std::uint8_t>> slotsFromWords(const std::vector<std::string>& words) {
     std::set<std::uint8_t> slots;
     for (const auto& word : words) {
         const auto range = rangeFrom(word);
         if (!range) {
-            error = "\"" + word + "\" is not a slot or a range such as 3-5.";
-            return std::nullopt;
+            return Trouble{Trouble::Kind::notASlot, word};
         }
         if (range->first == 0 || range->second > loopSlots) {
             const auto dash = word.find('-');
             const std::string wrong =
                 range->first == 0 || range->first > loopSlots ? word.substr(0, dash) : word.substr(dash + 1);
-            error =
-                "There is no slot " + wrong + "; slots are numbered 1 to " + std::to_string(loopSlots) + ".";
-            return std::nullopt;
+            return Trouble{Trouble::Kind::noSuchSlot, wrong};
         }
         for (unsigned slot = range->first; slot <= range->second; ++slot) {
             slots.insert(static_cast<std::uint8_t>(slot));

@@ -7,8 +7,6 @@
 #include <fstream>
 #include <system_error>
 
-#include "ctl/file_trouble.h"
-#include "ctl/sentences.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
 #include "platform/descriptor.h"
@@ -35,13 +33,13 @@ struct TemporaryFile {
     }
 };
 
-std::string unreadable(const std::string& reason) {
-    return "Could not read standard input: " + reason;
+Trouble inputLost(int error) {
+    return {Trouble::Kind::inputLost, {}, error};
 }
 
 }  // namespace
 
-ConvertedFile StreamConversion::convert(ConversionOrder order) const {
+Result<ConvertedFile> StreamConversion::convert(ConversionOrder order) const {
     const bool reads = order.source == standardStream;
     const bool prints = order.output == standardStream;
     if (!reads && !prints) {
@@ -49,60 +47,61 @@ ConvertedFile StreamConversion::convert(ConversionOrder order) const {
     }
     const auto folder = environment_.workingFolder();
     if (!folder) {
-        return {{}, 0, "There is no folder for temporary files."};
+        return Trouble{Trouble::Kind::noTemporaryFolder};
     }
     const TemporaryFile input(*folder / "standard-input");
     if (reads) {
-        if (auto problem = store(input.path); !problem.empty()) {
-            return {{}, 0, std::move(problem)};
+        if (const auto stored = store(input.path); !stored) {
+            return stored.error();
         }
         order.source = input.path;
-        order.name = "standard input";
     }
     if (prints) {
         order.output = *folder;
         order.sync = false;
     }
     auto file = environment_.convert(order);
-    if (!prints || !file.problem.empty() || file.frames > capacityFrames) {
+    if (!prints || !file || file->frames > capacityFrames) {
         return file;
     }
-    const TemporaryFile converted(file.path);
-    return {{}, file.frames, print(file.path) ? "" : outputLost().sentence};
+    const TemporaryFile converted(file->path);
+    return print(file->path).map([&] { return ConvertedFile{{}, file->frames}; });
 }
 
-std::string StreamConversion::store(const std::filesystem::path& file) const {
+Result<void> StreamConversion::store(const std::filesystem::path& file) const {
     const Descriptor stored(
         ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!stored) {
-        return unreadable(fileTrouble(errno));
+        return inputLost(errno);
     }
     std::array<std::uint8_t, pieceSize> piece{};
     std::uint64_t size = 0;
     while (true) {
         const auto count = environment_.input(piece);
         if (cancelled_) {
-            return cancelledByUser().sentence;
+            return Trouble{Trouble::Kind::cancelled};
         }
         if (count == -EAGAIN) {
             continue;
         }
-        if (count <= 0) {
-            return count == 0 ? ""
-                              : unreadable(std::generic_category().message(static_cast<int>(-count)) + ".");
+        if (count == 0) {
+            return {};
+        }
+        if (count < 0) {
+            return inputLost(static_cast<int>(-count));
         }
         size += static_cast<std::uint64_t>(count);
         if (size > longestInput) {
-            return unreadable("it is longer than 4 GiB.");
+            return inputLost(0);
         }
         if (const int error =
                 writeAll(stored.get(), std::span(piece).first(static_cast<std::size_t>(count)))) {
-            return unreadable(fileTrouble(error));
+            return inputLost(error);
         }
     }
 }
 
-bool StreamConversion::print(const std::filesystem::path& file) const {
+Result<void> StreamConversion::print(const std::filesystem::path& file) const {
     std::ifstream stream(file, std::ios::binary);
     std::array<char, pieceSize> piece{};
     auto& out = environment_.out;
@@ -111,7 +110,10 @@ bool StreamConversion::print(const std::filesystem::path& file) const {
         out.write(piece.data(), stream.gcount());
     }
     out.flush();
-    return stream.eof() && out.good();
+    if (!stream.eof() || !out.good()) {
+        return Trouble{Trouble::Kind::outputLost};
+    }
+    return {};
 }
 
 }  // namespace kzq::ctl

@@ -8,20 +8,21 @@ namespace kzq::ctl {
 inline constexpr const char* standardStream = "-";
 
 /// Converts like the environment's converter, but from standard input and to standard output where the order
-/// says "-". Both go through a file in the working folder, so that memory stays small and nothing is printed
-/// unless the whole conversion has succeeded. What was printed has no path. Blocks.
+/// says "-"; inputLost, outputLost and noTemporaryFolder are then failures, too. Both go through a file in
+/// the working folder, so that memory stays small and nothing is printed unless the whole conversion has
+/// succeeded. What was printed has no path. Blocks.
 class StreamConversion {
   public:
     /// Both outlive it.
     StreamConversion(const Environment& environment, const std::atomic<bool>& cancelled)
         : environment_(environment), cancelled_(cancelled) {}
 
-    ConvertedFile convert(ConversionOrder order) const;
+    Result<ConvertedFile> convert(ConversionOrder order) const;
 
   private:
-    /// Why standard input could not be stored in `file`; empty if it was.
-    std::string store(const std::filesystem::path& file) const;
-    bool print(const std::filesystem::path& file) const;
+    /// Standard input goes into `file`.
+    Result<void> store(const std::filesystem::path& file) const;
+    Result<void> print(const std::filesystem::path& file) const;
 
     const Environment& environment_;
     const std::atomic<bool>& cancelled_;

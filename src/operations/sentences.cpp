@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <system_error>
 
+#include "loops/facts.h"
+
 namespace kzq {
 namespace {
 
@@ -18,7 +20,33 @@ std::string quoted(const Trouble& trouble) {
     return "\"" + trouble.where + "\"";
 }
 
+/// What a hand can do about a file that cannot be written.
+const char* remedyFor(int error) {
+    switch (error) {
+        case ENOSPC:
+        case EDQUOT:
+            return " Free some space or choose another folder.";
+        case EFBIG:
+            return " Choose a folder that allows files of this size.";
+        case EROFS:
+        case EACCES:
+        case EPERM:
+            return " Choose a folder that you can write to.";
+        default:
+            return "";
+    }
+}
+
 }  // namespace
+
+std::string fileSentence(const Trouble& trouble) {
+    return reasonOf(trouble) + remedyFor(trouble.error);
+}
+
+std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,
+                             const Trouble& trouble) {
+    return what + " was not saved: could not write to " + folder.string() + ": " + fileSentence(trouble);
+}
 
 std::string audioSentence(const Trouble& trouble) {
     switch (trouble.kind) {
@@ -50,19 +78,85 @@ std::string audioSentence(const Trouble& trouble) {
             return "The audio converter " + trouble.words +
                    " is not installed. To install it: sudo apt install ffmpeg";
         case Kind::noTemporaryFolder:
-            return "There is no folder for temporary files.";
+            return "There is no folder for " + (trouble.words.empty() ? "temporary files" : trouble.words) +
+                   ".";
         default:
             return "The audio converter failed: " + reasonOf(trouble);
     }
 }
 
 std::string conversionSentence(const Trouble& trouble, const std::string& name) {
+    if (trouble.kind == Kind::inputLost) {
+        return "Could not read standard input: " +
+               (trouble.error == 0 ? "it is longer than 4 GiB." : fileSentence(trouble));
+    }
+    if (trouble.kind == Kind::outputLost) {
+        return "Could not write to standard output.";
+    }
+    if (trouble.where.empty()) {
+        return audioSentence(trouble);
+    }
     std::string file = name.empty() ? quoted(trouble) : name;
     if (trouble.kind != Kind::notAudio) {
         return "Could not convert " + file + ". " + audioSentence(trouble);
     }
     file.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(file.front())));
     return file + " is in a format that is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.";
+}
+
+std::string backupSentence(const Trouble& trouble) {
+    switch (trouble.kind) {
+        case Kind::noBackup:
+            return "There is no backup in " + quoted(trouble) + ".";
+        case Kind::backupIncomplete:
+            return "The backup in " + quoted(trouble) + " is incomplete. Finish it with \"backup\" first.";
+        case Kind::backupTooLong:
+            return "The backup in " + quoted(trouble) + " is longer than the pedal's 24 minutes.";
+        case Kind::backupForeign:
+            return quoted(trouble) + " is not a backup index.";
+        case Kind::backupNewer:
+            return quoted(trouble) + " was written by a newer version of this program.";
+        case Kind::backupDamaged:
+            return quoted(trouble) + " is damaged.";
+        default:
+            return quoted(trouble) + " cannot be read.";
+    }
+}
+
+std::string slotsSentence(const Trouble& trouble) {
+    return trouble.kind == Kind::noSuchSlot
+               ? "There is no slot " + trouble.where + "; slots are numbered 1 to " +
+                     std::to_string(loopSlots) + "."
+               : quoted(trouble) + " is not a slot or a range such as 3-5.";
+}
+
+std::string firmwareSentence(const Trouble& trouble) {
+    switch (trouble.kind) {
+        case Kind::noServer:
+            return "The update server could not be reached (" + trouble.words +
+                   "). Check the internet connection and try again.";
+        case Kind::untrustedServer:
+            return "The update server could not prove its identity (" + trouble.words +
+                   "). Check the computer's clock and its certificates.";
+        case Kind::oddAnswer:
+            return "The update server did not answer as expected (" + trouble.words + "). Try again later.";
+        case Kind::badManifest:
+            return "The update server did not list any usable firmware. Try again later.";
+        case Kind::noCache:
+            return "Could not create the folder for downloaded firmware in your home folder.";
+        case Kind::unverified:
+            return "The firmware could not be downloaded, verified and stored. Try again later; --verbose "
+                   "shows details.";
+        case Kind::unknownVersion:
+            return "The pedal reports an unknown firmware version (" + trouble.words +
+                   "), so it cannot be compared with the newest.";
+        case Kind::imageEmpty:
+            return quoted(trouble) + " is empty.";
+        case Kind::imageTooLong:
+            return quoted(trouble) + " is larger than firmware can be (50,000,000 bytes).";
+        default:
+            return quoted(trouble) + " cannot be read.";
+    }
 }
 
 std::string simulationSentence(const Trouble& trouble) {

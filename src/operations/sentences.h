@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "platform/trouble.h"
@@ -9,10 +10,23 @@ namespace kzq {
 // The only place that puts troubles into words for a user: what is, why, and what to do. Complete sentences.
 // Any thread.
 
+/// Of a file that was not written: "No space left on device. Free some space or choose another folder."
+std::string fileSentence(const Trouble& trouble);
+/// The same about something that was to be saved in `folder`.
+std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,
+                             const Trouble& trouble);
+
 /// Of an audio file or its conversion.
 std::string audioSentence(const Trouble& trouble);
-/// The same, with the file's name: `name`, such as "standard input", or the quoted `where`.
+/// The same, with the file's name: `name`, such as "standard input", or the quoted `where`. Also of the
+/// standard streams.
 std::string conversionSentence(const Trouble& trouble, const std::string& name = {});
+
+/// Of a backup, and of slots on a command line.
+std::string backupSentence(const Trouble& trouble);
+std::string slotsSentence(const Trouble& trouble);
+/// Of firmware: its file, or the maker's server.
+std::string firmwareSentence(const Trouble& trouble);
 
 /// Of a simulated pedal: its folder, its faults, its address.
 std::string simulationSentence(const Trouble& trouble);

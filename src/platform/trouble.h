@@ -60,7 +60,9 @@ struct Trouble {
         backupIncomplete,
         backupForeign,
         backupDamaged,
+        backupNewer,  ///< written by a newer version of this program
         backupTooLong,
+        inputLost,   ///< standard input; `error` is 0 if it is too long
         outputLost,  ///< standard output
         // audio files
         notAFile,     ///< missing, a folder, a pipe or a device
@@ -76,11 +78,13 @@ struct Trouble {
         toolMissing,    ///< the decoder is not installed; `words` is its path
         decoder,        ///< it failed for a reason of its own
         // the maker's server
-        noServer,
+        noServer,         ///< it cannot be reached; `words` is the reason, here and below
+        untrustedServer,  ///< it could not prove its identity
+        oddAnswer,        ///< it answered, but not as it should
         badManifest,
         unverified,  ///< what came is not what the manifest describes
         noCache,
-        unknownVersion,
+        unknownVersion,  ///< the pedal's; `words` is what it reports
         // firmware
         imageUnreadable,
         imageEmpty,
@@ -98,6 +102,9 @@ struct Trouble {
         badFault,     ///< a fault that is not one
         badAddress,   ///< nobody can listen there; `error` is 0 if it is no address
         badRecording,
+        // a command line
+        notASlot,    ///< neither a number nor a range
+        noSuchSlot,  ///< beyond the last
         // asking the user
         declined,
         nobodyToAsk

@@ -25,18 +25,18 @@ TEST_F(ToolTest, ConvertNeedsNoPedal) {
     EXPECT_EQ(contents("out.wav"), before);
 
     EXPECT_EQ(run({"convert", write("text", {'x'}), "--to", folder / "new.wav"}), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr("text\" is not an audio file."));
+    EXPECT_THAT(err.str(), HasSubstr("text\" is in a format that is not supported."));
     EXPECT_EQ(run({"convert", "\x1b[2J\n\x7f\u00e9", "--to", folder / "new.wav"}), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr("\"?[2J??\u00e9\" is not an audio file"));
+    EXPECT_THAT(err.str(), HasSubstr("\"?[2J??\u00e9\" is in a format that is not supported"));
     EXPECT_THAT(files(), UnorderedElementsAre("in.wav", "out.wav", "other.wav", "link.wav", "text"));
     EXPECT_THAT(pedal.journal(), IsEmpty());
 }
 
 TEST_F(ToolTest, ConvertKeepsNoFileThatWasCut) {
     std::uint64_t frames = 63'504'000;
-    convert = [&](const ctl::ConversionOrder& order) {
+    convert = [&](const ctl::ConversionOrder& order) -> Result<ctl::ConvertedFile> {
         write("out.wav", {'x'});
-        return ctl::ConvertedFile{order.output, frames, {}};
+        return ctl::ConvertedFile{order.output, frames};
     };
     const std::vector<std::string> arguments{"convert", "long.mp3", "--to", folder / "out.wav"};
     EXPECT_EQ(run(arguments), ExitCode::ok) << "24 minutes to the frame";

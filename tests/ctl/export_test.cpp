@@ -119,11 +119,11 @@ TEST_F(ExportTest, OnlyWhatTheUserWasAskedAboutIsOverwritten) {
 /// The pedal is exactly full when one frame more is refused; the working copies are holes in the disk.
 TEST_F(ExportTest, CapacityIsAStrictLimit) {
     std::uint64_t frames = 0;
-    convert = [&frames](const ctl::ConversionOrder& order) {
+    convert = [&frames](const ctl::ConversionOrder& order) -> Result<ctl::ConvertedFile> {
         const auto path = order.output / "long.wav";
         std::ofstream(path).close();
         std::filesystem::resize_file(path, waveHeaderSize + frames * 6);
-        return ctl::ConvertedFile{path, frames, {}};
+        return ctl::ConvertedFile{path, frames};
     };
     answer = [] { return Answer::no; };
     const std::uint64_t others = 1 + 1500;  // slot 2 is overwritten
@@ -143,7 +143,7 @@ TEST_F(ExportTest, CapacityIsAStrictLimit) {
 TEST_F(ExportTest, NothingIsSentUnlessEverythingCanBe) {
     const auto text = write("text.wav", {'t', 'e', 'x', 't'});
     EXPECT_EQ(run({"export", a, text}), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr(text + "\" is not an audio file."));
+    EXPECT_THAT(err.str(), HasSubstr(text + "\" is in a format that is not supported."));
     EXPECT_EQ(run({"export", write("empty.wav", wave({}, 2).value())}), ExitCode::fileError);
 
     for (std::uint8_t address = 0; address < 19; ++address) {
@@ -204,11 +204,11 @@ TEST_F(ExportTest, CancelStopsThePedalInItsOwnWay) {
 }
 
 TEST_F(ExportTest, CancelDuringAConversion) {
-    convert = [this](const ctl::ConversionOrder& order) {
+    convert = [this](const ctl::ConversionOrder& order) -> Result<ctl::ConvertedFile> {
         while (!*order.cancelled) {
             executor.sleep(10ms);
         }
-        return ctl::ConvertedFile{{}, 0, "The conversion was cancelled."};
+        return Trouble{Trouble::Kind::cancelled};
     };
     start({"export", a});
     executor.advance(100s);  // longer than the patience with the pedal

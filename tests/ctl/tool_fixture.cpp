@@ -29,16 +29,16 @@ Bytes bytesOf(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-ctl::ConvertedFile copy(const ctl::ConversionOrder& order) {
+Result<ctl::ConvertedFile> copy(const ctl::ConversionOrder& order) {
     const bool intoFolder = std::filesystem::is_directory(order.output);
     const auto target =
         intoFolder ? order.output / ("copy of " + order.source.filename().string()) : order.output;
     const auto bytes = bytesOf(order.source);
     if (!isPerfectWave(bytes, 2)) {
-        return {{}, 0, "\"" + order.source.string() + "\" is not an audio file."};
+        return Trouble{Trouble::Kind::notAudio, order.source.string()};
     }
     std::filesystem::copy_file(order.source, target);
-    return {target, (bytes.size() - waveHeaderSize) / frameBytes, {}};
+    return ctl::ConvertedFile{target, (bytes.size() - waveHeaderSize) / frameBytes};
 }
 
 }  // namespace
