@@ -8,9 +8,9 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 
 #include "platform/executor.h"
+#include "platform/free_space.h"
 #include "platform/new_file.h"
 #include "ui/dialogs.h"
 #include "ui/panels/product.h"
@@ -51,13 +51,8 @@ struct AppEnvironment {
         writeFile = [](const auto& folder, auto name, auto extension, auto bytes) {
             return writeNewFile(folder, name, extension, bytes);
         };
-    /// The bytes that a folder has room for; nothing if that is not known. On a background thread.
-    std::function<std::optional<std::uintmax_t>(const std::filesystem::path& folder)> freeSpace =
-        [](const auto& folder) -> std::optional<std::uintmax_t> {
-        std::error_code error;
-        const auto space = std::filesystem::space(folder, error);
-        return error ? std::nullopt : std::optional(space.available);
-    };
+    /// On a background thread.
+    FreeSpace freeSpace = kzq::freeSpace;
     /// Asks the main loop to end; applicationWillTerminate follows from there.
     std::function<void()> quit;
 };

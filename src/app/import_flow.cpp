@@ -9,7 +9,7 @@
 #include "audio/wave.h"
 #include "device/kzq7306.h"
 #include "loops/capacity.h"
-#include "loops/facts.h"
+#include "platform/free_space.h"
 #include "platform/log.h"
 #include "slots/slot_field.h"
 
@@ -23,7 +23,11 @@ namespace {
 struct Import {
     TransferRun run;
     std::filesystem::path folder;
-    std::map<std::uint8_t, std::string> names;  ///< of the rows, as they were at the start
+    struct Row {
+        std::string name;
+        std::uint64_t fileSize;
+    };
+    std::map<std::uint8_t, Row> rows;  ///< as they were at the start
     decltype(AppEnvironment::writeFile) writeFile;
 
     void loopRead(const std::optional<std::vector<std::uint8_t>>& file, std::uint8_t slot) {
@@ -31,14 +35,18 @@ struct Import {
             return;
         }
         run.add(file->size());
-        const auto name = names.find(slot);
-        if (name == names.end()) {
+        const auto row = rows.find(slot);
+        if (row == rows.end()) {
             return;
         }
-        if (const auto saved = writeFile(folder, name->second, ".wav", *file); !saved) {
-            log(LogCategory::files, "loop " + std::to_string(slot) +
-                                        " was not saved: " + saved.error().where + ": " +
-                                        std::generic_category().message(saved.error().error));
+        const auto notSaved = "loop " + std::to_string(slot) + " was not saved: ";
+        if (file->size() != row->second.fileSize) {  // perhaps one that no pedal can hold, and so cut off
+            log(LogCategory::files, notSaved + "it changed while it was being read.");
+            return;
+        }
+        if (const auto saved = writeFile(folder, row->second.name, ".wav", *file); !saved) {
+            log(LogCategory::files,
+                notSaved + saved.error().where + ": " + std::generic_category().message(saved.error().error));
         }
         run.loopDone(slot);
     }
@@ -60,22 +68,23 @@ void AppDelegate::importButtonClicked() {
 
 void AppDelegate::startImport(const std::filesystem::path& folder) {
     const std::vector<std::uint8_t> numbers(selectedImportSlots_.begin(), selectedImportSlots_.end());
-    std::map<std::uint8_t, std::string> names;
+    std::map<std::uint8_t, Import::Row> rows;
     std::uint64_t total = 0;
     for (const auto number : numbers) {
         const auto* const slot = slotNumber(number, Slot::importContext);
-        if (slot == nullptr) {
+        const auto loop = shownIn(number);
+        if (slot == nullptr || !loop) {
             endStart();
             return;
         }
-        if (slot->samples() > capacityFrames) {
+        if (!hasPossibleLength(*loop)) {
             log(LogCategory::application, longerThanMemory(number) + " Nothing was saved.");
             endStart();
             return;
         }
         total += slot->bytes();
         if (const auto name = slot->name()) {
-            names.emplace(number, name->toStdString());
+            rows.emplace(number, Import::Row{name->toStdString(), waveHeaderSize + loop->bytes});
         }
     }
     if (numbers.empty()) {
@@ -87,18 +96,15 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     const std::shared_ptr<Import> import(new Import{
         {environment_.executor, total, transferListener(&AppDelegate::loopSaved, &AppDelegate::finishImport)},
         folder,
-        std::move(names),
+        std::move(rows),
         environment_.writeFile});
     const auto roomFor = [folder, needed = total + numbers.size() * waveHeaderSize,
                           freeSpace = environment_.freeSpace](KZQ7306& /*looper*/) {
-        const auto available = freeSpace(folder);
-        if (!available || *available >= needed) {
-            return true;
+        const auto problem = tooLittleSpace(folder, needed, freeSpace);
+        if (problem) {
+            log(LogCategory::files, "Nothing was saved. " + *problem);
         }
-        log(LogCategory::files, folder.string() + " has room for " + std::to_string(*available) +
-                                    " bytes, and " + std::to_string(needed) +
-                                    " are needed. Nothing was saved.");
-        return false;
+        return !problem;
     };
     onLink(roomFor, [import, numbers](KZQ7306& looper) {
         return looper.importLoops(

@@ -112,7 +112,7 @@ class FlowTest : public testing::Test {
     FakeWeb web;
     Executor::Duration conversionTime{};
     decltype(AppEnvironment::writeFile) writeFile = writeNew;
-    std::uintmax_t freeSpace = 1'000'000;
+    std::uint64_t freeSpace = 1'000'000;
     Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;
     bool mainThreadWaits = false;  ///< set where a test makes it wait
