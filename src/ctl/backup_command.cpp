@@ -102,10 +102,10 @@ bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& 
         return false;
     }
     if (!image || framesOf(*image) != loop.samples) {
-        const auto failure = possible ? pedal.failure() : Failure::tooLarge;
-        const auto reason = image ? changedWhileRead() : explainLoop(failure);
+        const auto trouble = possible ? pedal.trouble().kind : Trouble::Kind::tooLarge;
+        const auto reason = image ? changedWhileRead() : explainLoop(trouble);
         index.loops.erase(slot);
-        failed(tally_, slot, image ? "changed" : failureName(failure),
+        failed(tally_, slot, image ? "changed" : troubleName(trouble),
                {reason.code, loopName(slot) + " was not saved: " + reason.sentence});
         return true;
     }
@@ -219,7 +219,7 @@ void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Lo
         return;
     }
     if (!image) {
-        differs(slot, "could not be read: " + explainLoop(pedal.failure()).sentence);
+        differs(slot, "could not be read: " + explainLoop(pedal.trouble().kind).sentence);
     } else if (audioDigest(*image) != entry.sha256) {
         differs(slot, "has changed since the backup.");
     } else {

@@ -89,7 +89,7 @@ std::optional<Loops> eraseAndLook(PedalWorker& pedal, JobReport& report,
         } else {
             tally.failures.push_back(
                 {ExitCode::pedalRefused, name + " was not erased: it is still on the pedal."});
-            report.failed(slot, failureName(Failure::refused), tally.failures.back().sentence);
+            report.failed(slot, troubleName(Trouble::Kind::refused), tally.failures.back().sentence);
         }
     }
     return status->loops;

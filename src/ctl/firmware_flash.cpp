@@ -59,7 +59,7 @@ void FirmwareFlash::send(const std::shared_ptr<KZQ7306>& looper, std::vector<std
 
 void FirmwareFlash::complete(const KZQ7306& looper, bool flashed) {
     const std::lock_guard guard(mutex_);
-    news_.failure = flashed ? Failure::none : looper.lastFailure();
+    news_.trouble = flashed ? std::nullopt : looper.lastTrouble();
     news_.completed = flashed;
     if (flashed) {
         news_.returned.reset();

@@ -16,12 +16,12 @@ namespace kzq::ctl {
 class FirmwareFlash : public std::enable_shared_from_this<FirmwareFlash> {
   public:
     struct News {
-        std::optional<bool> accepted;     ///< whether the link takes the image at all
-        bool away = false;                ///< the pedal has left the bus and is not back
-        unsigned departures = 0;          ///< how often it has left the bus
-        std::optional<char> returned;     ///< stage at its last return; forgotten at completion
-        std::optional<bool> completed;    ///< whether image and trailer went out
-        Failure failure = Failure::none;  ///< why not
+        std::optional<bool> accepted;    ///< whether the link takes the image at all
+        bool away = false;               ///< the pedal has left the bus and is not back
+        unsigned departures = 0;         ///< how often it has left the bus
+        std::optional<char> returned;    ///< stage at its last return; forgotten at completion
+        std::optional<bool> completed;   ///< whether image and trailer went out
+        std::optional<Trouble> trouble;  ///< why not
         std::optional<std::string> version;
         bool stopWanted = false;  ///< the user wants an end as soon as there can be one
     };

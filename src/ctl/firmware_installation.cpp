@@ -78,7 +78,7 @@ std::optional<Explanation> FirmwareInstallation::enterLoader() {
                            "The pedal refused to enter its loader. Nothing was changed."};
     }
     looper_->interrupt();  // it may have come back and be silent
-    if (auto problem = explainConnection(looper_->acquisitionFailure(), context_.environment.diagnose())) {
+    if (auto problem = explainConnection(looper_->acquisitionTrouble(), context_.environment.diagnose())) {
         problem->sentence += " Then run the same command again.";
         return problem;
     }
@@ -115,11 +115,11 @@ std::optional<Explanation> FirmwareInstallation::sendImage(std::size_t bytes) {
             ExitCode::noPedal,
             std::string("The pedal was unplugged before the firmware was complete.") + whatNext};
     }
-    return Explanation{
-        ExitCode::pedalRefused,
-        (news.failure == Failure::refused ? std::string("The pedal refused the firmware.")
-                                          : std::string("The firmware could not be sent completely.")) +
-            whatNext};
+    return Explanation{ExitCode::pedalRefused,
+                       (news.trouble && news.trouble->kind == Trouble::Kind::refused
+                            ? std::string("The pedal refused the firmware.")
+                            : std::string("The firmware could not be sent completely.")) +
+                           whatNext};
 }
 
 ExitCode FirmwareInstallation::awaitReturn() {

@@ -58,7 +58,7 @@ std::vector<std::uint8_t> ImportCommand::wanted(const Loops& loops) const {
 /// `loop`: as the table had it at the start. The link reads a table of its own, whose length may be another.
 void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop) {
     if (loop != nullptr && !hasPossibleLength(*loop)) {
-        notSaved(slot, failureName(Failure::tooLarge), explainLoop(Failure::tooLarge));
+        notSaved(slot, troubleName(Trouble::Kind::tooLarge), explainLoop(Trouble::Kind::tooLarge));
         return;
     }
     const auto image =
@@ -69,7 +69,7 @@ void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop
     } else if (image) {
         notSaved(slot, "changed", changedWhileRead());
     } else if (!pedal.ended()) {
-        notSaved(slot, failureName(pedal.failure()), explainLoop(pedal.failure()));
+        notSaved(slot, troubleName(pedal.trouble().kind), explainLoop(pedal.trouble().kind));
     }
 }
 

@@ -9,9 +9,10 @@ LoopWriter::Outcome LoopWriter::write(const ExportInfo& info) {
     if (pedal_.exportLoop(info, step(info.destination, "write", "writing"))) {
         return {};
     }
-    const auto why = explainExport(pedal_.failure());
+    const auto why = explainExport(pedal_.trouble().kind);
     const std::string name = "Loop " + std::to_string(info.destination);
-    return {why.code, std::string(failureName(pedal_.failure())), name + " was not written: " + why.sentence,
+    return {why.code, std::string(troubleName(pedal_.trouble().kind)),
+            name + " was not written: " + why.sentence,
             pedal_.begun() ? name + " was being written; the slot may now be empty." : ""};
 }
 
@@ -35,8 +36,8 @@ LoopWriter::Outcome LoopWriter::readBack(std::uint8_t slot, const Check& same) {
     const std::string name = "Loop " + std::to_string(slot);
     const auto image = pedal_.importLoop(slot, step(slot, "compare", "checking"));
     if (!image) {
-        const auto why = explainLoop(pedal_.failure());
-        return {why.code, std::string(failureName(pedal_.failure())),
+        const auto why = explainLoop(pedal_.trouble().kind);
+        return {why.code, std::string(troubleName(pedal_.trouble().kind)),
                 name + " was sent but could not be read back: " + why.sentence,
                 name + " was sent but not compared."};
     }

@@ -129,7 +129,7 @@ std::optional<Explanation> PedalJob::impossibleLength(const Loops& loops,
     for (const auto slot : slots) {
         const auto loop = loops.find(slot);
         if (loop != loops.end() && !hasPossibleLength(loop->second)) {
-            const auto why = explainLoop(Failure::tooLarge);
+            const auto why = explainLoop(Trouble::Kind::tooLarge);
             return Explanation{
                 why.code, "Loop " + std::to_string(slot) + ": " + why.sentence + " Nothing was changed."};
         }

@@ -11,7 +11,7 @@ namespace kzq::ctl {
 struct PedalWorker::Result {
     bool accepted = true;  ///< by the link
     bool lost = false;     ///< the pedal has stopped answering altogether
-    Failure failure = Failure::none;
+    std::optional<Trouble> trouble;
     std::optional<std::vector<std::uint8_t>> file;
     std::uint32_t sent = 0;
     std::uint8_t erased = 0;
@@ -35,6 +35,11 @@ void PedalWorker::rest() {
 std::optional<Explanation> PedalWorker::ended() const {
     const std::lock_guard guard(mutex_);
     return end_;
+}
+
+Trouble PedalWorker::trouble() const {
+    const std::lock_guard guard(mutex_);
+    return trouble_.value_or(Trouble{Trouble::Kind::noAnswer});
 }
 
 bool PedalWorker::transferring() const {
@@ -199,7 +204,7 @@ void PedalWorker::begin(const std::shared_ptr<Result>& result, const Batch& batc
     if (!batch(result, done)) {
         begun_ = false;
         result->accepted = false;
-        result->failure = looper_->lastFailure();
+        result->trouble = looper_->lastTrouble();
         done();
     } else if (endedFlag_) {
         looper_->cancelTransfer();  // accepting a batch forgot it
@@ -208,13 +213,17 @@ void PedalWorker::begin(const std::shared_ptr<Result>& result, const Batch& batc
 
 /// Why a loop failed; called before the link goes on.
 void PedalWorker::inspect(Result& result) {
-    result.failure = looper_->lastFailure();
+    result.trouble = looper_->lastTrouble();
     result.lost = !looper_->cancel() && !pedalAnswers(*looper_);
 }
 
 void PedalWorker::settle(const Result& result) {
-    failure_ = result.failure;
-    if (result.lost || (!result.accepted && result.failure == Failure::noPedal)) {
+    {
+        const std::lock_guard guard(mutex_);
+        trouble_ = result.trouble;
+    }
+    const bool gone = result.trouble && result.trouble->kind == Trouble::Kind::noPedal;
+    if (result.lost || (!result.accepted && gone)) {
         lose();
     } else if (!result.accepted) {
         end(pedalBusy());

@@ -32,9 +32,9 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
 
     /// What the pedal holds. Without it the work has ended.
     std::optional<Status> status();
-    /// The WAV image of one loop; otherwise the work has ended, or failure() tells why.
+    /// The WAV image of one loop; otherwise the work has ended, or trouble() tells why.
     std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, Progress progress);
-    /// The working copy must stay where it is. False: the work has ended, or failure() tells why.
+    /// The working copy must stay where it is. False: the work has ended, or trouble() tells why.
     bool exportLoop(const ExportInfo& info, Progress progress);
     /// How many the pedal agreed to erase; what became of them is only told by the next status. Nothing: it
     /// was not told, and the work has ended.
@@ -50,7 +50,8 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     /// Ends the work for this reason; only the first one counts. The main thread brings the news of the user
     /// and of the cable, the command's thread those of a pedal that does not answer.
     void end(const Explanation& reason);
-    Failure failure() const { return failure_; }
+    /// Why the last loop failed.
+    Trouble trouble() const;
     /// Why the work has to end, if it has to.
     std::optional<Explanation> ended() const;
     /// Set when the work has to end.
@@ -76,17 +77,17 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     const std::shared_ptr<KZQ7306> looper_;
     const Executor::Duration limit_;
     std::optional<SilenceWatch> watch_;  ///< since the start
-    std::atomic<Failure> failure_ = Failure::none;
     std::atomic<bool> endedFlag_ = false;
     std::atomic<bool> begun_ = false;
 
     mutable std::mutex mutex_;  ///< guards what follows
     Condition changed_;
     std::optional<Explanation> end_;
-    unsigned started_ = 0;    ///< operations
-    unsigned finished_ = 0;   ///< the last operation that finished
-    bool leavable_ = false;   ///< nobody waits for the last operation once the work has ended
-    bool abandoned_ = false;  ///< the operation hangs for ever
+    std::optional<Trouble> trouble_;  ///< of the last loop
+    unsigned started_ = 0;            ///< operations
+    unsigned finished_ = 0;           ///< the last operation that finished
+    bool leavable_ = false;           ///< nobody waits for the last operation once the work has ended
+    bool abandoned_ = false;          ///< the operation hangs for ever
 };
 
 }  // namespace kzq::ctl

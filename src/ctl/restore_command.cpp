@@ -99,10 +99,10 @@ std::optional<Explanation> RestoreCommand::findChanges(PedalWorker& pedal, const
         }
         const auto same = filled ? isSame(pedal, slot, loop->second) : std::optional(false);
         if (!same) {
-            return pedal.ended().value_or(Explanation{explainLoop(pedal.failure()).code,
+            return pedal.ended().value_or(Explanation{explainLoop(pedal.trouble().kind).code,
                                                       loopName(slot) +
                                                           " could not be compared, so nothing was changed: " +
-                                                          explainLoop(pedal.failure()).sentence});
+                                                          explainLoop(pedal.trouble().kind).sentence});
         }
         if (!*same) {
             planWrite(slot, filled ? &loop->second : nullptr);

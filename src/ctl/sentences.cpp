@@ -91,26 +91,30 @@ Explanation explain(const Finding& trouble) {
             troubleName(trouble.kind)};
 }
 
-std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings) {
-    switch (failure) {
-        case Failure::noPermission:
+std::optional<Explanation> explainConnection(const std::optional<Trouble>& trouble,
+                                             const std::vector<Finding>& findings) {
+    if (!trouble) {
+        return std::nullopt;
+    }
+    switch (trouble->kind) {
+        case Trouble::Kind::noPermission:
             return found(findings, {PedalTrouble::ruleMissing, PedalTrouble::ruleNotInForce},
                          {ExitCode::noPermission, "You do not have permission to use the pedal."});
-        case Failure::heldByAnother:
+        case Trouble::Kind::heldByAnother:
             return found(findings, {PedalTrouble::heldByAnother, PedalTrouble::heldByDriver},
                          {ExitCode::pedalRefused,
                           "The pedal is in use by another program. Close that program, then try again."});
-        case Failure::kernelDriver:
+        case Trouble::Kind::kernelDriver:
             return Explanation{ExitCode::pedalRefused,
                                "A kernel driver was holding the pedal and has now released it. Try again."};
-        case Failure::cannotOpen:
+        case Trouble::Kind::cannotOpen:
             return Explanation{
                 ExitCode::pedalRefused,
                 "The pedal is connected but cannot be opened. Unplug it and plug it in again."};
-        case Failure::silent:
+        case Trouble::Kind::silent:
             return pedalStoppedAnswering();
-        case Failure::noStage:
-        case Failure::unknownStage:
+        case Trouble::Kind::noStage:
+        case Trouble::Kind::unknownStage:
             return Explanation{
                 ExitCode::pedalRefused,
                 "The pedal is connected but does not identify itself. Unplug it and plug it in again."};
@@ -119,21 +123,21 @@ std::optional<Explanation> explainConnection(Failure failure, const std::vector<
     }
 }
 
-Explanation explainLoop(Failure failure) {
-    switch (failure) {
-        case Failure::emptySlot:
+Explanation explainLoop(Trouble::Kind why) {
+    switch (why) {
+        case Trouble::Kind::emptySlot:
             return {ExitCode::pedalRefused, "the slot is empty."};
-        case Failure::refused:
+        case Trouble::Kind::refused:
             return {ExitCode::pedalRefused, "the pedal refused to send it."};
-        case Failure::noPedal:
+        case Trouble::Kind::noPedal:
             return {ExitCode::noPedal, "the pedal was unplugged."};
-        case Failure::noStatus:
+        case Trouble::Kind::noStatus:
             return {ExitCode::pedalRefused, "the pedal did not report its loops."};
-        case Failure::tooLarge:
+        case Trouble::Kind::tooLarge:
             return {ExitCode::pedalRefused,
                     "the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, "
                     "plug it in again and try again."};
-        case Failure::outOfMemory:
+        case Trouble::Kind::outOfMemory:
             return {ExitCode::fileError, "there is not enough memory to hold it."};
         default:
             return {ExitCode::pedalRefused, "the pedal stopped partway through."};
@@ -144,16 +148,16 @@ Explanation changedWhileRead() {
     return {ExitCode::pedalRefused, "it changed while it was being read."};
 }
 
-Explanation explainExport(Failure failure) {
-    switch (failure) {
-        case Failure::refused:
+Explanation explainExport(Trouble::Kind why) {
+    switch (why) {
+        case Trouble::Kind::refused:
             return {ExitCode::pedalRefused, "the pedal refused it."};
-        case Failure::noAudio:
+        case Trouble::Kind::noAudio:
             return {ExitCode::fileError, "its file could not be read."};
-        case Failure::transferFailed:
+        case Trouble::Kind::transferFailed:
             return {ExitCode::pedalRefused, "the pedal stopped partway through. The slot may now be empty."};
         default:
-            return explainLoop(failure);
+            return explainLoop(why);
     }
 }
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "ctl/exit_codes.h"
-#include "device/failure.h"
 #include "device/finding.h"
+#include "platform/trouble.h"
 
 namespace kzq::ctl {
 
@@ -25,15 +25,16 @@ std::string_view troubleName(PedalTrouble trouble);
 /// What a diagnosis found, with its remedy.
 Explanation explain(const Finding& trouble);
 
-/// Why the pedal cannot be used; nothing when `failure` is not about getting hold of it. `findings`: what the
+/// Why the pedal cannot be used; nothing when `trouble` is not about getting hold of it. `findings`: what the
 /// diagnosis says about this computer.
-std::optional<Explanation> explainConnection(Failure failure, const std::vector<Finding>& findings);
+std::optional<Explanation> explainConnection(const std::optional<Trouble>& trouble,
+                                             const std::vector<Finding>& findings);
 /// Why one loop was not read: the part behind "Loop 4 was not saved: ".
-Explanation explainLoop(Failure failure);
+Explanation explainLoop(Trouble::Kind why);
 /// The same of a loop that came with another length than the pedal's table had given it.
 Explanation changedWhileRead();
 /// Why one loop was not written: the part behind "Loop 4 was not written: ".
-Explanation explainExport(Failure failure);
+Explanation explainExport(Trouble::Kind why);
 
 Explanation cancelledByUser();
 Explanation noPedalConnected(const std::vector<Finding>& findings);

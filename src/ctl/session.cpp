@@ -73,7 +73,7 @@ void Session::settle() {
         context_.fail(noPedalConnected(environment_.diagnose()));
         return;
     }
-    if (watching_ && seen_ == Failure::none) {
+    if (watching_ && !seen_) {
         command_->disconnected();
     }
     look();
@@ -98,18 +98,19 @@ void Session::look() {
 
 /// A pedal that does not say what it is may just be leaving: once, its departure gets time to be told.
 bool Session::doubtful() {
-    const auto failure = KZQ7306::looper()->acquisitionFailure();
-    return (failure == Failure::noStage || failure == Failure::unknownStage) &&
+    const auto trouble = KZQ7306::looper()->acquisitionTrouble();
+    return trouble &&
+           (trouble->kind == Trouble::Kind::noStage || trouble->kind == Trouble::Kind::unknownStage) &&
            !std::exchange(gaveTime_, true);
 }
 
 /// Says why a pedal that is there cannot be used. Whether that was the end of the program.
 bool Session::explainFailure() {
-    const auto failure = KZQ7306::looper()->acquisitionFailure();
-    if (std::exchange(seen_, failure) == failure) {
+    const auto trouble = KZQ7306::looper()->acquisitionTrouble();
+    if (std::exchange(seen_, trouble) == trouble) {
         return false;
     }
-    const auto explanation = explainConnection(failure, environment_.diagnose());
+    const auto explanation = explainConnection(trouble, environment_.diagnose());
     if (!explanation) {
         return false;
     }

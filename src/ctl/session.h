@@ -41,7 +41,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     std::shared_ptr<Command> command_;
     bool watching_;
     Executor::TimePoint deadline_;
-    Failure seen_ = Failure::none;  ///< the failure that was there at the last look
+    std::optional<Trouble> seen_;  ///< the trouble that was there at the last look
     bool gaveTime_ = false;
     std::atomic<bool> connected_ = false;
     std::atomic<bool> found_ = false;  ///< it was connected once

@@ -10,25 +10,25 @@ namespace kzq {
 
 namespace {
 
-Failure failureOfOpening(UsbResult result) {
+Trouble::Kind troubleOfOpening(UsbResult result) {
     switch (result) {
         case usbAccess:
-            return Failure::noPermission;
+            return Trouble::Kind::noPermission;
         case usbBusy:
-            return Failure::heldByAnother;
+            return Trouble::Kind::heldByAnother;
         case usbNoDevice:
         case usbNotFound:
-            return Failure::noPedal;
+            return Trouble::Kind::noPedal;
         default:
-            return Failure::cannotOpen;
+            return Trouble::Kind::cannotOpen;
     }
 }
 
 }  // namespace
 
-void KZQ7306::giveUp(std::string_view tag, Failure failure) {
-    fail(failure);
-    log(LogCategory::device, std::string(tag) + " " + std::string(failureName(failure)));
+void KZQ7306::giveUp(std::string_view tag, Trouble::Kind why) {
+    fail(why);
+    log(LogCategory::device, std::string(tag) + " " + std::string(troubleName(why)));
     KZQ730CleanUpAndExit::raise();
 }
 
@@ -39,16 +39,16 @@ void KZQ7306::acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>
                       : environment_.usb.open(pedalVendor, pedalProduct, result);
     });
     if (!handle) {
-        giveUp(device ? "core:1" : "core:2", failureOfOpening(result));
+        giveUp(device ? "core:1" : "core:2", troubleOfOpening(result));
     }
     // A successful detach (0) ends the acquisition and a failed one does not: the pedal's own interface
     // never has a driver, so if a driver could be detached, somebody else is using the pedal.
     if (handle->kernelDriverActive(pedalInterface) != 0 && !handle->detachKernelDriver(pedalInterface)) {
-        giveUp("core:3", Failure::kernelDriver);
+        giveUp("core:3", Trouble::Kind::kernelDriver);
     }
     const auto claimed = counted(0, [&] { return handle->claimInterface(pedalInterface); });
     if (claimed != usbSuccess) {
-        giveUp("core:4", failureOfOpening(claimed));
+        giveUp("core:4", troubleOfOpening(claimed));
     }
 }
 
@@ -64,16 +64,16 @@ bool KZQ7306::core(const UsbDevicePointer& device) {
         acquired = false;  // the reason is logged where it was raised
     } catch (const std::exception& error) {
         log(LogCategory::device, std::string("core: ") + error.what());
-        fail(Failure::cannotOpen);
+        fail(Trouble::Kind::cannotOpen);
         acquired = false;
     }
     if (!acquired) {
-        acquisitionFailure_ = lastFailure();
+        setAcquisitionTrouble(lastTrouble());
         handle.reset();
         decore();
         return false;
     }
-    acquisitionFailure_ = Failure::none;
+    setAcquisitionTrouble(std::nullopt);
     const std::lock_guard mirror(mirror_);
     core_ = std::move(handle);
     return true;

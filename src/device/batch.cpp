@@ -20,10 +20,13 @@ bool KZQ7306::startBatch(bool complete, std::function<void(KZQ7306&)> batch) {
 
 bool KZQ7306::claim(bool complete) {
     if (busy()) {
+        if (operation() == idle) {  // otherwise the trouble is that of the operation under way
+            fail(core() ? Trouble::Kind::busy : Trouble::Kind::noPedal);
+        }
         return false;
     }
     if (!complete) {
-        return fail(Failure::badRequest);
+        return fail(Trouble::Kind::badRequest);
     }
     return !starting_.exchange(true);
 }

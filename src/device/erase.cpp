@@ -15,9 +15,10 @@ constexpr auto erasePause = std::chrono::milliseconds(25);
 bool KZQ7306::eraseLoop(std::uint8_t slot) {
     const auto address = static_cast<std::uint8_t>(slot - 1);
     if (address >= loopSlots) {
-        return fail(Failure::badRequest);
+        return fail(Trouble::Kind::badRequest);
     }
     const std::lock_guard guard(*lock_);
+    setTrouble(std::nullopt);
     if (!ask(wire::eraseLoop, address).accepted) {
         return false;
     }

@@ -39,44 +39,51 @@ std::optional<Bytes> contents(const std::filesystem::path& path) {
 
 std::uint32_t KZQ7306::exportLoop(const ExportInfo& info, const TransferProgress& progress) {
     if (!progress) {
-        fail(Failure::badRequest);
+        fail(Trouble::Kind::badRequest);
         return 0;
     }
     const std::lock_guard guard(*lock_);
+    setTrouble(std::nullopt);
     try {
-        const auto file = contents(info.source);
-        const auto audio = file ? lpcm(*file) : std::nullopt;
-        if (!audio || audio->empty()) {
-            log(LogCategory::device, "export: no audio in the working copy");
-            fail(Failure::noAudio);
-            return 0;
-        }
-        return sendAudio(info, *audio, progress);
+        return kept(sendLoop(info, progress)).value_or(0);
     } catch (const std::bad_alloc&) {
         log(LogCategory::device, "export: not enough memory for the loop");
-        fail(Failure::outOfMemory);
+        fail(Trouble::Kind::outOfMemory);
         return 0;
     }
 }
 
-std::uint32_t KZQ7306::sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
-                                 const TransferProgress& progress) {
+Result<std::uint32_t> KZQ7306::sendLoop(const ExportInfo& info, const TransferProgress& progress) {
+    const auto file = contents(info.source);
+    const auto audio = file ? lpcm(*file) : std::nullopt;
+    if (!audio || audio->empty()) {
+        log(LogCategory::device, "export: no audio in the working copy");
+        return Trouble{Trouble::Kind::noAudio};
+    }
+    return sendAudio(info, *audio, progress);
+}
+
+Result<std::uint32_t> KZQ7306::sendAudio(const ExportInfo& info, ByteView audio,
+                                         const TransferProgress& progress) {
     constexpr unsigned half = 16;
     const auto size = static_cast<std::uint32_t>(audio.size());
     const auto index = static_cast<std::uint8_t>(info.destination - 1);
-    if (!ask(wire::exportLoop, index, info.occupied ? 1 : 0).accepted ||
-        !ask(wire::exportLength, static_cast<std::uint16_t>(size), static_cast<std::uint16_t>(size >> half))
-             .accepted) {
-        return 0;
+    const auto announced = ask(wire::exportLoop, index, info.occupied ? 1 : 0);
+    if (!announced.accepted) {
+        return announced.trouble();
+    }
+    const auto measured =
+        ask(wire::exportLength, static_cast<std::uint16_t>(size), static_cast<std::uint16_t>(size >> half));
+    if (!measured.accepted) {
+        return measured.trouble();
     }
     for (std::uint32_t sent = 0; sent < size;) {
         if (cancel()) {
-            fail(Failure::cancelled);
-            return 0;
+            return Trouble{Trouble::Kind::cancelled};
         }
         const auto piece = audio.subspan(sent, std::min<std::size_t>(size - sent, transferPiece));
-        if (!write(piece)) {
-            return 0;
+        if (auto moved = send(piece); !moved) {
+            return std::move(moved.error());
         }
         sent += static_cast<std::uint32_t>(piece.size());
         progress(static_cast<std::uint32_t>(piece.size()), index);

@@ -48,6 +48,7 @@ bool KZQ7306::flashFirmware(std::vector<std::uint8_t> image, FlashCompletion com
 
 bool KZQ7306::beginFirmwareUpdate() {
     const std::lock_guard guard(*lock_);
+    setTrouble(std::nullopt);
     const auto completion = flashCompletion();
     if (!completion) {
         setFlash(std::nullopt);
@@ -68,6 +69,7 @@ bool KZQ7306::beginFirmwareUpdate() {
 
 bool KZQ7306::completeFirmwareUpdate() {
     const std::lock_guard guard(*lock_);
+    setTrouble(std::nullopt);
     const auto flash = takeFlash();
     if (!flash || !flash->completion) {
         setOperation(idle);

@@ -103,14 +103,14 @@ std::optional<char> KZQ7306::askStage() {
     const auto reply = ask(wire::stage).reply;
     if (!reply) {
         log(LogCategory::device, "plugged:2 the pedal did not answer the stage query");
-        acquisitionFailure_ = Failure::noStage;
+        setAcquisitionTrouble(Trouble{Trouble::Kind::noStage});
         return std::nullopt;
     }
     const auto now = stageIn(*reply);
     setStage(now);
     if (now != stageNormal && now != stageFactoryBlank) {
         log(LogCategory::device, "plugged:3 the pedal is in an unknown stage");
-        acquisitionFailure_ = *silent ? Failure::silent : Failure::unknownStage;
+        setAcquisitionTrouble(Trouble{*silent ? Trouble::Kind::silent : Trouble::Kind::unknownStage});
         return std::nullopt;
     }
     return now;
@@ -124,7 +124,7 @@ void KZQ7306::unplugged(const UsbDevicePointer& /*device*/) {
     const std::lock_guard guard(*instance->lock_);
     instance->decore();
     instance->setStage(stageNone);
-    instance->acquisitionFailure_ = Failure::none;
+    instance->setAcquisitionTrouble(std::nullopt);
     if (const auto delegate = instance->delegate()) {
         delegate->looperHasBeenDisconnected();
     }

@@ -18,58 +18,63 @@ constexpr std::uint32_t pedalChannels = 2;
 std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
                                                              const TransferProgress& progress) {
     if (slot == 0 || slot > loopSlots || !progress) {
-        fail(Failure::badRequest);
+        fail(Trouble::Kind::badRequest);
         return std::nullopt;
     }
     const std::lock_guard guard(*lock_);
-    const auto table = loops();
-    if (!table) {
-        return std::nullopt;
-    }
-    const auto loop = table->find(slot);
-    if (loop == table->end()) {
-        fail(table->complete ? Failure::emptySlot : Failure::noStatus);
-        return std::nullopt;
-    }
-    if (!ask(wire::importLoop, loop->second.address, loop->second.channel).accepted) {
-        return std::nullopt;
-    }
+    setTrouble(std::nullopt);
     try {
-        const auto audio = readAudio(loop->second, slot, progress);
-        auto file = audio ? wave(*audio, pedalChannels) : std::nullopt;
-        if (audio && !file) {
-            fail(Failure::outOfMemory);
-        }
-        return file;
+        return kept(readLoop(slot, progress));
     } catch (const std::bad_alloc&) {
         log(LogCategory::device, "import: not enough memory for the loop");
-        fail(Failure::outOfMemory);
+        fail(Trouble::Kind::outOfMemory);
         return std::nullopt;
     }
 }
 
+Result<Bytes> KZQ7306::readLoop(std::uint8_t slot, const TransferProgress& progress) {
+    const auto now = query(true);
+    if (!now) {
+        return now.error();
+    }
+    const auto loop = now->loops.find(slot);
+    if (loop == now->loops.end()) {
+        return Trouble{now->loops.complete ? Trouble::Kind::emptySlot : Trouble::Kind::noStatus};
+    }
+    const auto answer = ask(wire::importLoop, loop->second.address, loop->second.channel);
+    if (!answer.accepted) {
+        return answer.trouble();
+    }
+    const auto audio = readAudio(loop->second, slot, progress);
+    if (!audio) {
+        return audio.error();
+    }
+    auto file = wave(*audio, pedalChannels);
+    if (!file) {
+        return Trouble{Trouble::Kind::outOfMemory};
+    }
+    return std::move(*file);
+}
+
 /// The loop's frames, once the pedal has agreed to send them; the padding after them is dropped.
-std::optional<std::vector<std::uint8_t>> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot,
-                                                            const TransferProgress& progress) {
-    std::vector<std::uint8_t> audio;
+Result<Bytes> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot, const TransferProgress& progress) {
+    Bytes audio;
     audio.reserve(std::size_t{loop.alignedBytes} + transferPiece);
     while (audio.size() < loop.alignedBytes) {
         if (cancel()) {
-            fail(Failure::cancelled);
-            return std::nullopt;
+            return Trouble{Trouble::Kind::cancelled};
         }
         const auto due = loop.alignedBytes - audio.size();
-        const auto piece = read(static_cast<std::int32_t>(std::min(due, transferPiece)));
+        auto piece = receive(static_cast<std::int32_t>(std::min(due, transferPiece)));
         if (!piece) {
-            return std::nullopt;
+            return std::move(piece.error());
         }
         audio.insert(audio.end(), piece->begin(), piece->end());
         progress(static_cast<std::uint32_t>(piece->size()), slot);
     }
     if (audio.size() <
         loop.bytes) {  // a table entry so large that its padded size wraps: no WAV could hold it
-        fail(Failure::tooLarge);
-        return std::nullopt;
+        return Trouble{Trouble::Kind::tooLarge};
     }
     audio.resize(loop.bytes);
     return audio;

@@ -105,9 +105,29 @@ void KZQ7306::waitUntilIdle() {
     environment_.executor.wait(guard, operationChanged_, [this] { return operation_ == idle; });
 }
 
-bool KZQ7306::fail(Failure failure) {
-    lastFailure_ = failure;
+std::optional<Trouble> KZQ7306::lastTrouble() const {
+    const std::lock_guard guard(mirror_);
+    return trouble_;
+}
+
+std::optional<Trouble> KZQ7306::acquisitionTrouble() const {
+    const std::lock_guard guard(mirror_);
+    return acquisitionTrouble_;
+}
+
+bool KZQ7306::fail(Trouble::Kind why) {
+    setTrouble(Trouble{why});
     return false;
+}
+
+void KZQ7306::setTrouble(std::optional<Trouble> trouble) {
+    const std::lock_guard guard(mirror_);
+    trouble_ = std::move(trouble);
+}
+
+void KZQ7306::setAcquisitionTrouble(std::optional<Trouble> trouble) {
+    const std::lock_guard guard(mirror_);
+    acquisitionTrouble_ = std::move(trouble);
 }
 
 }  // namespace kzq

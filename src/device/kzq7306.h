@@ -12,14 +12,15 @@
 #include <vector>
 
 #include "device/device_lock.h"
-#include "device/failure.h"
 #include "device/kzq7306_delegate.h"
 #include "device/usb_port.h"
 #include "device/wire.h"
 #include "loops/export_info.h"
 #include "loops/status.h"
+#include "platform/bytes.h"
 #include "platform/executor.h"
 #include "platform/fixed.h"
+#include "platform/result.h"
 
 namespace kzq {
 
@@ -128,10 +129,12 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool isAtLeastHighSierra() const { return macos_ > 12; }
     bool isAtLeastMojave() const { return macos_ > 13; }
     bool isAtLeastCatalina() const { return macos_ > 14; }
-    /// Why the latest failure happened. Inside a partial-completion callback: why that loop failed.
-    Failure lastFailure() const { return lastFailure_; }
-    /// Why the pedal that arrived last could not be used; none if it could, or has left.
-    Failure acquisitionFailure() const { return acquisitionFailure_; }
+    /// What has gone wrong in the loop or the step of an update that is under way, so it is read inside its
+    /// callback; or why an operation was not accepted. A request that brought no answer is kept here although
+    /// the operation goes on.
+    std::optional<Trouble> lastTrouble() const;
+    /// Why the pedal that arrived last cannot be used; nothing if it can, or has left.
+    std::optional<Trouble> acquisitionTrouble() const;
 
     // --- transfers
 
@@ -146,7 +149,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// How many loops succeeded.
     using BatchCompletion = std::function<void(std::uint8_t count)>;
 
-    // One loop: blocks until done, keeps the reason for a failure in lastFailure().
+    // One loop: blocks until done, keeps the reason for a failure in lastTrouble().
 
     /// A WAV file image.
     std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const TransferProgress& progress);
@@ -196,6 +199,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     KZQ7306(DeviceEnvironment environment, std::shared_ptr<DeviceLock> lock, std::uint64_t macos);
 
     struct Answer {
+        Trouble trouble() const { return {reply ? Trouble::Kind::refused : Trouble::Kind::noPedal}; }
+
         std::optional<Reply> reply;  ///< nothing without a pedal
         bool whole = false;          ///< it came, with all that is used of it
         bool accepted = false;       ///< there is a pedal, and it did not refuse
@@ -224,16 +229,31 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     void arrived(const UsbDevicePointer& device);
     std::optional<char> askStage();
     void acquire(const UsbDevicePointer& device, std::shared_ptr<UsbHandle>& handle);
-    [[noreturn]] void giveUp(std::string_view tag, Failure failure);
+    [[noreturn]] void giveUp(std::string_view tag, Trouble::Kind why);
 
     /// Keeps the reason; returns false, for `return fail(...)`.
-    bool fail(Failure failure);
-    std::optional<Status> readStatus(bool full, bool& whole);
+    bool fail(Trouble::Kind why);
+    void setTrouble(std::optional<Trouble> trouble);
+    void setAcquisitionTrouble(std::optional<Trouble> trouble);
+    /// For the methods that answer nothing, false or 0: the value, or the trouble kept.
+    template <class T>
+    std::optional<T> kept(Result<T> result) {
+        if (!result) {
+            setTrouble(std::move(result.error()));
+            return std::nullopt;
+        }
+        return std::move(*result);
+    }
+
+    Result<Status> query(bool full);
+    Result<Status> readStatus(bool full, bool& whole);
     bool readLoops(Loops& loops, bool& whole);
-    std::optional<std::vector<std::uint8_t>> readAudio(const Loop& loop, std::uint8_t slot,
-                                                       const TransferProgress& progress);
-    std::uint32_t sendAudio(const ExportInfo& info, std::span<const std::uint8_t> audio,
-                            const TransferProgress& progress);
+    Result<Bytes> receive(std::int32_t length);
+    Result<std::size_t> send(ByteView bytes);
+    Result<Bytes> readLoop(std::uint8_t slot, const TransferProgress& progress);
+    Result<Bytes> readAudio(const Loop& loop, std::uint8_t slot, const TransferProgress& progress);
+    Result<std::uint32_t> sendLoop(const ExportInfo& info, const TransferProgress& progress);
+    Result<std::uint32_t> sendAudio(const ExportInfo& info, ByteView audio, const TransferProgress& progress);
 
     /// Whether an operation may start. From then until it begins, no other one may: it too would find the
     /// pedal idle.
@@ -267,11 +287,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<bool> cancel_ = false;
     std::atomic<std::int32_t> operation_ = idle;
     std::atomic<bool> starting_ = false;  ///< an operation was accepted and has not begun
-    std::atomic<Failure> lastFailure_ = Failure::none;
     std::atomic<std::uint64_t> callUnderWay_ = 0;
     std::uint64_t calls_ = 0;  ///< so far; under the lock
     std::atomic<Executor::Duration> callAllowance_{};
-    std::atomic<Failure> acquisitionFailure_ = Failure::none;
 
     /// Guards the members below; held only briefly, never during USB traffic or a callback.
     mutable std::mutex mirror_;
@@ -281,6 +299,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::optional<std::string> version_;  ///< as last read
     std::optional<Status> lastStatus_;    ///< the last that a poll reported, unless one since was not whole
     std::optional<Flash> flash_;
+    std::optional<Trouble> trouble_;
+    std::optional<Trouble> acquisitionTrouble_;
     std::shared_ptr<UsbHandle> core_;
 };
 

@@ -14,9 +14,14 @@ KZQ7306::CallOut::CallOut(KZQ7306& link, std::size_t bytes) : link_(link) {
 
 KZQ7306::Answer KZQ7306::ask(const wire::Command& command, std::uint16_t value, std::uint16_t index) {
     auto answer = exchange(command, pedalRequest, value, index);
-    answer.accepted = answer.reply && !(command.refusable && refuses(*answer.reply));
-    if (answer.reply && !answer.accepted) {
-        fail(Failure::refused);
+    if (!answer.reply) {
+        return answer;
+    }
+    answer.accepted = !(command.refusable && refuses(*answer.reply));
+    if (!answer.accepted) {
+        fail(Trouble::Kind::refused);
+    } else if (command.refusable && !answer.whole) {
+        fail(Trouble::Kind::noAnswer);
     }
     return answer;
 }
@@ -26,7 +31,7 @@ KZQ7306::Answer KZQ7306::exchange(const wire::Command& command, std::uint8_t req
     const std::lock_guard guard(*lock_);
     const auto handle = core();
     if (!handle) {
-        fail(Failure::noPedal);
+        fail(Trouble::Kind::noPedal);
         return {};
     }
     Answer answer{Reply(command.reply)};
@@ -59,23 +64,22 @@ std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code) {
 
 std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
     const std::lock_guard guard(*lock_);
-    if (length < 1) {
-        return std::nullopt;
-    }
+    return length < 1 ? std::nullopt : kept(receive(length));
+}
+
+Result<Bytes> KZQ7306::receive(std::int32_t length) {
     const auto handle = core();
     if (!handle) {
-        fail(Failure::noPedal);
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noPedal};
     }
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(length));
+    Bytes bytes(static_cast<std::size_t>(length));
     for (std::size_t received = 0; received < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = std::span(bytes).subspan(received);
         const auto result =
             counted(rest.size(), [&] { return handle->bulkIn(pedalBulkIn, rest, transferred); });
         if (result != usbSuccess || transferred > rest.size()) {
-            fail(Failure::transferFailed);
-            return std::nullopt;
+            return Trouble{Trouble::Kind::transferFailed};
         }
         received += transferred;
     }
@@ -84,12 +88,16 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
 
 bool KZQ7306::write(std::span<const std::uint8_t> bytes) {
     const std::lock_guard guard(*lock_);
+    return kept(send(bytes)).has_value();
+}
+
+Result<std::size_t> KZQ7306::send(ByteView bytes) {
     if (bytes.empty() || bytes.size() > std::numeric_limits<std::int32_t>::max()) {
-        return fail(Failure::badRequest);
+        return Trouble{Trouble::Kind::badRequest};
     }
     const auto handle = core();
     if (!handle) {
-        return fail(Failure::noPedal);
+        return Trouble{Trouble::Kind::noPedal};
     }
     for (std::size_t sent = 0; sent < bytes.size();) {
         std::size_t transferred = 0;
@@ -97,11 +105,11 @@ bool KZQ7306::write(std::span<const std::uint8_t> bytes) {
         const auto result =
             counted(rest.size(), [&] { return handle->bulkOut(pedalBulkOut, rest, transferred); });
         if (result != usbSuccess || transferred > rest.size()) {
-            return fail(Failure::transferFailed);
+            return Trouble{Trouble::Kind::transferFailed};
         }
         sent += transferred;
     }
-    return true;
+    return bytes.size();
 }
 
 void KZQ7306::abortBulkTransfer(std::uint8_t /*endpoint*/, bool /*clearPipeStall*/) {

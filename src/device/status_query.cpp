@@ -8,6 +8,10 @@ namespace kzq {
 
 std::optional<Status> KZQ7306::status(bool full) {
     const std::lock_guard guard(*lock_);
+    return kept(query(full));
+}
+
+Result<Status> KZQ7306::query(bool full) {
     bool whole = true;
     auto status = readStatus(full, whole);
     if (status) {
@@ -22,22 +26,21 @@ std::optional<Status> KZQ7306::status(bool full) {
 }
 
 /// `whole` stays true while the replies come whole; a pedal that is not there is no reply.
-std::optional<Status> KZQ7306::readStatus(bool full, bool& whole) {
+Result<Status> KZQ7306::readStatus(bool full, bool& whole) {
     const auto stage = ask(wire::stage);
     if (!stage.reply) {
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noPedal};
     }
     const auto numbers = ask(wire::capacityAndVersion);
     if (!numbers.reply) {
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noPedal};
     }
     whole = stage.whole && numbers.whole;
     const auto capacity = capacityIn(*numbers.reply);
     if (!capacity) {
         log(LogCategory::device, "status: the pedal's version is not ASCII");
         whole = false;
-        fail(Failure::noStatus);
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noStatus};
     }
     Status status{capacity->remaining, capacity->version, {}};
     {
@@ -45,7 +48,7 @@ std::optional<Status> KZQ7306::readStatus(bool full, bool& whole) {
         version_ = capacity->version;
     }
     if (full && !readLoops(status.loops, whole)) {
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noPedal};
     }
     return status;
 }

@@ -50,22 +50,22 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
     struct Case {
         std::string tag;
         std::function<void(FakeUsb&)> arrange;
-        Failure reason;
+        Trouble::Kind reason;
         std::vector<std::string> calls;
     };
     const std::vector<Case> cases = {
-        {"core:1", [](FakeUsb& u) { u.openResult = usbAccess; }, Failure::noPermission, {"open"}},
+        {"core:1", [](FakeUsb& u) { u.openResult = usbAccess; }, Trouble::Kind::noPermission, {"open"}},
         {"core:3",
          [](FakeUsb& u) { u.driverActive = 1; },
-         Failure::kernelDriver,
+         Trouble::Kind::kernelDriver,
          {"open", "driver 0", "detach 0", "close"}},
         {"core:4",
          [](FakeUsb& u) { u.claimResult = usbBusy; },
-         Failure::heldByAnother,
+         Trouble::Kind::heldByAnother,
          {"open", "driver 0", "claim 0", "close"}},
         {"core:",
          [](FakeUsb& u) { u.throwing = true; },
-         Failure::cannotOpen,
+         Trouble::Kind::cannotOpen,
          {"open", "driver 0", "claim 0", "close"}},
     };
     load(usb);
@@ -82,7 +82,7 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
         executor.settle();
         EXPECT_THAT(tags, ElementsAre(tag, "plugged:1"));
         EXPECT_EQ(usb.calls, calls) << tag;
-        EXPECT_EQ(looper().lastFailure(), reason) << tag;
+        EXPECT_EQ(looper().lastTrouble(), Trouble{reason}) << tag;
         EXPECT_EQ(looper().core(), nullptr) << tag;
     }
     usb.leave();  // also after an arrival that failed
@@ -99,11 +99,11 @@ TEST_F(Acquisition, ASuccessTakesTheReasonAway) {
     usb.openResult = usbAccess;
     usb.arrive();
     executor.settle();
-    EXPECT_EQ(looper().acquisitionFailure(), Failure::noPermission);
+    EXPECT_EQ(looper().acquisitionTrouble(), Trouble{Trouble::Kind::noPermission});
     usb.openResult = usbSuccess;
     usb.arrive();
     executor.settle();
-    EXPECT_EQ(looper().acquisitionFailure(), Failure::none);
+    EXPECT_EQ(looper().acquisitionTrouble(), std::nullopt);
 }
 
 TEST_F(Acquisition, ADriverThatCannotBeDetachedDoesNotStopIt) {
@@ -120,7 +120,7 @@ TEST_F(Acquisition, WithoutADeviceOpensTheFirstPedal) {
     usb.openResult = usbNoDevice;
     EXPECT_FALSE(looper().core(nullptr));
     EXPECT_THAT(tags, ElementsAre("core:2"));
-    EXPECT_EQ(looper().lastFailure(), Failure::noPedal);
+    EXPECT_EQ(looper().lastTrouble(), Trouble{Trouble::Kind::noPedal});
 }
 
 TEST_F(Acquisition, KeepsAPedalInAnUnknownStageUnannounced) {
@@ -201,7 +201,7 @@ TEST_F(Acquisition, BulkTransfersGoOnUntilAllHasMoved) {
     };
     EXPECT_EQ(looper().read(8), std::nullopt);
     EXPECT_FALSE(looper().write(std::vector<std::uint8_t>(8)));
-    EXPECT_EQ(looper().lastFailure(), Failure::transferFailed);
+    EXPECT_EQ(looper().lastTrouble(), Trouble{Trouble::Kind::transferFailed});
 }
 
 }  // namespace

@@ -113,8 +113,14 @@ TEST_F(Polling, BusyFollowsOperationStageAndPedal) {
     looper().setAutoincrement(7);
     EXPECT_FALSE(looper().busy(&stale));
     EXPECT_FALSE(stale);
+    EXPECT_EQ(looper().lastTrouble(), std::nullopt);
+    const auto reply = std::exchange(usb.replies, {});
+    EXPECT_FALSE(looper().busy());
+    EXPECT_EQ(looper().lastTrouble(), Trouble{Trouble::Kind::noAnswer});
+    usb.replies = reply;
     usb.replies[0xE8] = FakeUsb::reply('N', 0, 9);
     EXPECT_TRUE(looper().busy(&stale));
+    EXPECT_EQ(looper().lastTrouble(), Trouble{Trouble::Kind::refused});
     EXPECT_TRUE(stale);
 
     looper().setStage('b');

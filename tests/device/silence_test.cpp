@@ -89,13 +89,13 @@ TEST_F(SilentPedal, IsResetWhenItArrivesAndThenComesAsEver) {
     pedal.plan({FaultKind::silence, Where::control, 0xE9, 1});
     start();
     EXPECT_EQ(executor.elapsed(), 3s);
-    EXPECT_EQ(looper().acquisitionFailure(), Failure::silent);
+    EXPECT_EQ(looper().acquisitionTrouble(), Trouble{Trouble::Kind::silent});
     EXPECT_EQ(wire().back(), "reset");
     pedal.unplug();
     pedal.plugIn();
     executor.settle();
     EXPECT_EQ(delegate->events.back(), "connected p@3000");
-    EXPECT_EQ(looper().acquisitionFailure(), Failure::none);
+    EXPECT_EQ(looper().acquisitionTrouble(), std::nullopt);
 }
 
 }  // namespace

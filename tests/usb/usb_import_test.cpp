@@ -97,7 +97,7 @@ TEST_F(UsbImport, AHostThatRefusesTheRequestShowsAsARefusal) {
     startImport({1, 11});
     ASSERT_TRUE(runImport());
     EXPECT_EQ(count_, 0);
-    EXPECT_EQ(looper().lastFailure(), Failure::refused);
+    EXPECT_EQ(looper().lastTrouble(), Trouble{Trouble::Kind::refused});
 }
 
 }  // namespace
