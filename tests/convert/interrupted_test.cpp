@@ -57,7 +57,6 @@ TEST_F(Interrupted, ByAMissingOrUselessDecoder) {
     expectFailed(toolMissing, missing, source_);
     expectFailed(decoder, convertWith(fake("echo 'error while loading shared libraries' >&2; exit 127")),
                  source_);
-    expectFailed(damaged, convertWith(fake("kill -SEGV $$")), source_);
     expectFailed(limits, convertWith(fake("kill -XCPU $$")), source_);
     expectFailed(damaged, convertWith(fake("yes")), source_);
 }

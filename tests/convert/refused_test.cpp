@@ -31,15 +31,12 @@ class Refused : public Converting {
 
 TEST_F(Refused, WhatIsNoFile) {
     expectRefused(notAFile, shop_.at("missing.wav"));
-    expectRefused(notAFile, shop_.at("good.wav") / "below.wav");
     fs::create_directory(shop_.at("folder.wav"));
     expectRefused(notAFile, shop_.at("folder.wav"));
     ASSERT_EQ(0, ::mkfifo(shop_.at("pipe.wav").c_str(), 0600));
     expectRefused(notAFile, shop_.at("pipe.wav"));
     fs::create_symlink("/dev/zero", shop_.at("zero.wav"));
     expectRefused(notAFile, shop_.at("zero.wav"));
-    fs::create_symlink("loop.wav", shop_.at("loop.wav"));
-    expectRefused(unreadable, shop_.at("loop.wav"));
     fs::create_symlink("good.wav", shop_.at("link.wav"));
     EXPECT_TRUE(convert(shop_.at("link.wav")));
 }

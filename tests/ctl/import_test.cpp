@@ -38,21 +38,6 @@ TEST_F(ToolTest, ImportWritesEveryLoopAndNeverReplacesAFile) {
     EXPECT_EQ(out.str(), "The pedal holds no loops.\n");
 }
 
-TEST_F(ToolTest, ImportAsJson) {
-    pedal.plugIn();
-    port.pace = 1s;
-    EXPECT_EQ(import({"4", "5", "--json"}), ExitCode::someFailed);
-    const auto told = events();
-    ASSERT_EQ(told.size(), 4U);
-    EXPECT_EQ(told[0]["event"], "failed");
-    EXPECT_EQ(told[0]["slot"], 4);
-    EXPECT_EQ(told[0]["trouble"], "empty-slot");
-    EXPECT_EQ(told[1]["event"], "progress");
-    EXPECT_EQ(told[2]["file"], (folder / "Loop 5.wav").string());
-    EXPECT_EQ(told[3], nlohmann::json::parse(R"({"event": "finished", "schema": 1, "wanted": 2, "done": 1,
-                                                 "exit": 7, "trouble": "some-failed"})"));
-}
-
 TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {
     pedal.plugIn();
     plan("refuse@E1");
@@ -149,28 +134,18 @@ TEST_F(ToolTest, CancelKeepsWholeFilesAndStopsThePedal) {
     EXPECT_EQ(sent(0xE8) + sent(0xEF), 0);
 }
 
-class HangingImport : public ToolTest, public testing::WithParamInterface<std::vector<std::string>> {};
-
-TEST_P(HangingImport, CancelEndsItInTimeWhetherAResetHelpsOrNot) {
+TEST_F(ToolTest, CancelEndsAnImportThatHangsEvenWhenTheResetDoesNotHelp) {
     pedal.plugIn();
-    for (const auto& fault : GetParam()) {
-        plan(fault);
-    }
+    plan("silence@in:3");
+    plan("silence@EF");
     start({"import", "--all", "--to", folder, "--patience", "0"});
     executor.advance(1h);
     EXPECT_FALSE(code);
     tool->interrupt();
-    executor.advance(500ms);
-    EXPECT_FALSE(code);
     EXPECT_EQ(finish(), ExitCode::cancelled);
     EXPECT_LE(seconds(), 3600 + 4);
     EXPECT_THAT(files(), IsEmpty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Faults, HangingImport,
-                         testing::Values(std::vector<std::string>{"silence@E8"},
-                                         std::vector<std::string>{"silence@in:3"},
-                                         std::vector<std::string>{"silence@in:3", "silence@EF"}));
 
 TEST_F(ToolTest, SilentPedalIsGivenUpAndWholeFilesAreKept) {
     pedal.plugIn();
@@ -180,16 +155,6 @@ TEST_F(ToolTest, SilentPedalIsGivenUpAndWholeFilesAreKept) {
     EXPECT_EQ(seconds(), 8 + 20 + 2);  // eight reads, the patience, the grace
     EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal stopped answering. Unplug it and plug it in again.\n");
-}
-
-TEST_F(ToolTest, ProgressLineIsRewrittenInPlace) {
-    terminal = true;
-    pedal.plugIn();
-    port.pace = 100ms;
-    EXPECT_EQ(import({"2", "20"}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("\r\x1b[KLoop 2 (1 of 2): 27 %, 10.2 kB/s, 0:02 left"));
-    EXPECT_THAT(out.str(), HasSubstr("(6.0 kB).\nLoop 20 (2 of 2): "));
-    EXPECT_THAT(out.str(), testing::EndsWith("(9.0 kB).\n2 loops saved.\n"));
 }
 
 }  // namespace

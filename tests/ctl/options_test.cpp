@@ -41,22 +41,18 @@ TEST(Options, BadOnesAreUsageErrors) {
     for (const auto& words :
          std::vector<std::vector<std::string>>{{},
                                                {"erase"},
-                                               {"erase", "1", "--all"},
                                                {"export", "a", "--slot", "0"},
                                                {"export", "a", "--slot", "1", "--first-free"},
                                                {"export", "a", "b", "--slot", "20"},
                                                {"convert", "a", "--to", "-", "--json"},
                                                {"backup", ""},
-                                               {"backup", "a", "b"},
                                                {"list", "--wait", "nan"},
-                                               {"list", "--wait", "1e99"},
                                                {"list", "--fault", "stall@in"},
                                                {"import", "1"},
                                                {"import", "--to", "x"},
                                                {"import", "--to", "x", "19-21"},
                                                {"import", "--to", "x", "0-3"},
                                                {"import", "--to", "x", "5-3"},
-                                               {"import", "--to", "x", "3-"},
                                                {"import", "--to", "x", "1,2"},
                                                {"import", "--to", "x", "4294967297"}}) {
         const auto parsed = parseOptions(words);

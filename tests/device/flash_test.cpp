@@ -48,6 +48,7 @@ TEST_F(BlankFlashing, SendsTheWholeUpdateInOneGo) {
     executor.advance(8999ms);
     EXPECT_THAT(results, IsEmpty());
     EXPECT_TRUE(looper().busy());
+    EXPECT_FALSE(looper().flashPending());
     executor.advance(1ms);
     EXPECT_THAT(results, ElementsAre(true));
     EXPECT_THAT(timed(), ElementsAre("0.000 E7 1 0", "0.000 E4 1 0", "8.000 out 30000", "9.000 E5 1 0",

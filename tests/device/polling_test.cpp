@@ -220,6 +220,13 @@ TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
     EXPECT_THAT(totals, IsEmpty());
 }
 
+TEST_F(Polling, ALoopWhosePaddedSizeWrapsIsTooLarge) {
+    setLoop(0xEB, 0, {0xAA, 0xAA, 0xAA, 0x2A, 1, 1});
+    usb.replies[0xE1] = FakeUsb::reply('Y');
+    EXPECT_EQ(looper().importLoop(1, [](std::uint32_t, std::uint8_t) {}), std::nullopt);
+    EXPECT_EQ(looper().lastFailure(), Failure::tooLarge);
+}
+
 TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {
     const auto loop = [](std::vector<std::uint8_t> reply) -> std::optional<Loop> {
         reply.insert(reply.begin(), 3 * 6, 0);

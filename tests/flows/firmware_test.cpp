@@ -41,24 +41,6 @@ class FirmwareFlow : public FlowTest {
     std::string image;
 };
 
-TEST_F(FirmwareFlow, TheMenusEntryTellsWhatThereIs) {
-    offer("1.05");
-    launch();
-    delegate->openFirmwareUpdater();
-    EXPECT_THAT(dialogs.take(),
-                ElementsAre("Your 7306 device is not connected Please connect your device and try again."));
-    pedal.plugIn();
-    pass(15s);
-    delegate->openFirmwareUpdater();
-    EXPECT_THAT(dialogs.take(),
-                ElementsAre("You're up to date! Version 1.05 is the newest 7306 firmware available."));
-    offer("1.06");
-    pass(15s);
-    delegate->openFirmwareUpdater();
-    EXPECT_TRUE(offerShown());
-    EXPECT_THAT(dialogs.shown, IsEmpty());
-}
-
 TEST_F(FirmwareFlow, ItIsLookedForAsSoonAsAPedalArrives) {
     offer("1.06");
     pedal.setStage('b');  // needs some at once
@@ -106,16 +88,12 @@ TEST_F(FirmwareFlow, AChosenFileIsInstalledAndAnUnusableOneIsNot) {
     pedal.clearJournal();
     delegate->installFirmware();  // nothing is offered
     pass(1s);
-    delegate->openMenu();
-    delegate->installFirmware(std::filesystem::path());
-    EXPECT_FALSE(delegate->menuOpen());
     delegate->installFirmware(base / "missing.bin");
     pass(1s);
     delegate->installFirmware(file(""));
     pass(1s);
     EXPECT_FALSE(shieldUp() || flashing());
     EXPECT_THAT(sent(0xE4), IsEmpty());
-    EXPECT_THAT(dialogs.shown, IsEmpty());
     pedal.setBusy(true);
     delegate->installFirmware(base / "missing.bin");  // the pedal comes before the file
     pass(1s);

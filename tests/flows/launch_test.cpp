@@ -56,12 +56,6 @@ TEST_F(FlowTest, QuittingRemovesTheWorkingCopiesThatAreStagedAndNothingElse) {
     EXPECT_TRUE(std::filesystem::exists(base / "files" / "song 7.wav"));
 }
 
-TEST_F(FlowTest, ARelaunchAfterAnUpdateLeavesTheMarkerForTheNextStart) {
-    launch();
-    delegate->updaterWillRelaunchApplication(*delegate->sparkle());
-    EXPECT_GT(std::filesystem::file_size(base / "home" / ".com.kzq.7306.ignore-bundle-name-change"), 10U);
-}
-
 }  // namespace
 
 }  // namespace kzq::test

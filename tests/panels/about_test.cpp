@@ -66,21 +66,6 @@ TEST_F(AboutTest, TheFirstShowingOfAProcessClosesByItself) {
     EXPECT_TRUE(about->isVisible()) << "shown a second time";
 }
 
-TEST_F(AboutTest, TheSplashLeavesAPanelThatWasReopenedOrIsGone) {
-    about->showWindow();
-    about->close();
-    about->showWindow();
-    executor.advance(2s);
-    EXPECT_TRUE(about->isVisible());
-    EXPECT_THAT(calls, ElementsAre("main window"));
-
-    About::rearmSplash();
-    about->showWindow();
-    about.reset();
-    executor.advance(2s);
-    EXPECT_THAT(calls, ElementsAre("main window"));
-}
-
 TEST_F(AboutTest, EveryWayOfClosingOpensTheMainWindowOnce) {
     QWidget other;
     const std::function<void()> ways[] = {
@@ -116,18 +101,6 @@ TEST_F(AboutTest, TheKeyThatOpenedItDoesNotCloseItWhenItIsLetGo) {
     EXPECT_TRUE(about->isVisible());
     key(QEvent::KeyRelease, Qt::Key_Return);
     EXPECT_FALSE(about->isVisible());
-}
-
-TEST_F(AboutTest, TellsTheProgramsVersionAndThePedals) {
-    EXPECT_EQ(backing->versionText(), "2.1.0");
-    firmware = "";
-    EXPECT_EQ(backing->versionText(), "2.1.0");
-    firmware = "1.05";
-    about->showWindow();
-    EXPECT_EQ(backing->versionText(), "2.1.0 (1.05)");
-    EXPECT_EQ(backing->accessibleName(), "Version 2.1.0 (1.05)");
-    make("");
-    EXPECT_EQ(backing->versionText(), "") << "a pedal's version alone is not shown";
 }
 
 }  // namespace

@@ -65,11 +65,9 @@ TEST_F(MenuTest, FirmwareIsChosenFromDiskWhileBothKeysAreHeld) {
         Dialogs::Chosen chosen;
         test::Calls calls;
     } rows[] = {
-        {Qt::ControlModifier, {1, "/f.bin"}, {"updater"}},
         {Qt::ShiftModifier, {1, "/f.bin"}, {"updater"}},
         {both | Qt::AltModifier, {1, "/f.bin"}, {"choose bin", "/f.bin"}},
         {both, {-1002, "/f.bin"}, {"choose bin", "/f.bin"}},
-        {both, {0, "/f.bin"}, {"choose bin"}},
         {both, {1, ""}, {"choose bin"}},
     };
     for (const auto& row : rows) {

@@ -50,6 +50,20 @@ TEST(StandardExecutor, HasRoomForEveryJobThatBlocks) {
     gate.set_value();
 }
 
+/// Often enough that the threads are also found waiting.
+TEST(StandardExecutor, WakesWhoWaitsForAJobAndWhoWaitsForTheEnd) {
+    StandardExecutor executor;
+    for (int time = 0; time < 300; ++time) {
+        executor.background(Priority::standard, [&] {
+            std::promise<void> running;
+            executor.main([&] { running.set_value(); });
+            running.get_future().wait();
+            executor.stop();
+        });
+        executor.run();
+    }
+}
+
 TEST(VirtualExecutor, WakesOnlyWhoIsNotified) {
     test::VirtualExecutor executor;
     std::mutex mutex;

@@ -54,19 +54,5 @@ TEST_F(ExportRow, TheAddButtonResetsTheFieldBeforeTheActionAndIsNeverOn) {
     EXPECT_EQ(fieldText(row), "other");
 }
 
-TEST_F(ExportRow, TheXTellsBeforeAndAfterAndHandsTheFocusToTheButton) {
-    auto& row = exportRow(2);
-    setOccupied(row, true);
-    stage(row, "/x/riff.wav");
-    row.x()->setFocus(Qt::TabFocusReason);
-    ASSERT_TRUE(row.x()->hasFocus());
-    EXPECT_EQ(row.x()->accessibleName(), "Remove file from loop 2");
-    takeCalls();
-    QTest::keyClick(row.x(), Qt::Key_Space);
-    EXPECT_THAT(takeCalls(), ElementsAre("about to remove export 2", "removed export 2"));
-    EXPECT_EQ(fieldText(row), "Loop 2");
-    EXPECT_TRUE(row.button()->hasFocus());
-}
-
 }  // namespace
 }  // namespace kzq::test

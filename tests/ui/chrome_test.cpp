@@ -2,23 +2,14 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QFontInfo>
-#include <QLineEdit>
 #include <QMimeData>
 #include <QPixmapCache>
-#include <QRawFont>
 #include <QShortcut>
 #include <QTest>
 #include <QWheelEvent>
 
-#include "ui/background.h"
-#include "ui/focus_ring.h"
-#include "ui/fonts.h"
-#include "ui/lower_button.h"
-#include "ui/picture_view.h"
 #include "ui/pictures.h"
 #include "ui/shield.h"
-#include "ui/window.h"
 
 namespace kzq {
 namespace {
@@ -96,35 +87,6 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
     EXPECT_TRUE(inner.hasFocus());
 }
 
-struct Page : QWidget {
-    Page() {
-        for (auto* button : {&first, &second}) {
-            button->setGeometry(button == &first ? 20 : 160, 20, 112, 40);
-        }
-        plain.setGeometry(20, 80, 60, 20);
-        resize(300, 120);
-        show();
-        QApplication::setActiveWindow(this);
-    }
-    LowerButton first = LowerButton(this);
-    LowerButton second = LowerButton(this);
-    QLineEdit plain = QLineEdit(this);
-    FocusRing ring = FocusRing(this);
-};
-
-TEST(FocusRing, ShowsOnlyForAFocusByKeyboard) {
-    Page page;
-    page.first.setFocus(Qt::MouseFocusReason);
-    EXPECT_FALSE(page.ring.isVisible());
-    page.second.setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(page.ring.control(), &page.second);
-    EXPECT_EQ(page.ring.geometry(), page.second.geometry().adjusted(-4, -4, 4, 4));
-    page.second.hide();
-    EXPECT_FALSE(page.ring.isVisible());
-    page.plain.setFocus(Qt::TabFocusReason);
-    EXPECT_FALSE(page.ring.isVisible()) << "no ring is asked for";
-}
-
 TEST(Pictures, AreDrawnForEachSize) {
     const auto drawn = [](double size) {
         QImage sheet(64, 64, QImage::Format_ARGB32_Premultiplied);
@@ -139,17 +101,6 @@ TEST(Pictures, AreDrawnForEachSize) {
     QPixmapCache::clear();
     drawn(16);
     EXPECT_EQ(drawn(64), alone) << "not a small one, stretched";
-}
-
-TEST(Fonts, AreReallyFiraSans) {
-    EXPECT_EQ(QRawFont::fromFont(textFont()).familyName(), "Fira Sans");
-    const auto light = firaSans(FiraWeight::light, 13);
-    ASSERT_TRUE(light);
-    EXPECT_EQ(QRawFont::fromFont(*light).styleName(), "Light");
-    EXPECT_EQ(QFontInfo(*light).pixelSize(), 13);
-    if (const auto medium = firaSans(FiraWeight::medium, 15)) {
-        EXPECT_EQ(QRawFont::fromFont(*medium).styleName(), "Medium") << "a stand-in is not it";
-    }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "platform/digest.h"
+#include "platform/log.h"
 #include "tls_server.h"
 #include "updates/qt_http_client.h"
 #include "virtual_executor.h"
@@ -197,6 +198,13 @@ TEST_F(FirmwareUpdatesTest, OffersNothingToAPedalThatWasFlashedInTheMeantime) {
 }
 
 TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
+    int told = 0;
+    const auto sink = setLogSink([&](LogCategory, std::string_view) { ++told; });
+    server.set(imagePath, {"", 404});
+    check();
+    check();
+    setLogSink(sink);
+    EXPECT_EQ(told, 1) << "not every 15 seconds";
     for (std::size_t tenth = 0; tenth < 10; tenth += 3) {
         for (const bool stated : {true, false}) {
             server.set(imagePath, {image, 200, {}, image.size() * tenth / 10, false, false, stated});

@@ -222,21 +222,6 @@ TEST_F(SUUpdaterTest, OnlyTellsWhereItMayNotInstall) {
         << "without settings a build has no key";
 }
 
-TEST_F(SUUpdaterTest, HandsAPackageToTheDesktop) {
-    installation = {PackageKind::debian, {}};
-    const std::string url = "https://maker/new.deb";
-    shelf.resources[url] = package;
-    publish("0.2", url, package.size(), current.sign(package));
-    start();
-    EXPECT_EQ(checkAndInstall(), UpdateState::handedOver);
-    EXPECT_EQ(events, Strings{"package 7306-loop-manager-0.2.deb"});
-    EXPECT_EQ(readText(folder / "apps/7306-loop-manager-0.2.deb"), package);
-    EXPECT_TRUE(updater->cancel());
-    desktopWorks = false;
-    EXPECT_EQ(checkAndInstall(), UpdateState::failed);
-    EXPECT_NE(updater->status().reason.find("7306-loop-manager-0.2.deb"), std::string::npos);
-}
-
 TEST_F(SUUpdaterTest, StopsWhereTheUserSaysSo) {
     updater->checkForUpdates();
     executor.advance(500ms);

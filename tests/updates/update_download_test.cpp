@@ -39,7 +39,8 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
     item.signature = signer.sign(package);
     const std::vector<std::uint8_t> bytes(package.begin(), package.end());
     for (const bool exchanged : {true, false}) {
-        UpdateDownload download(folder / "package");
+        std::optional<UpdateDownload> made(folder / "package");
+        auto& download = *made;
         ASSERT_TRUE(download.open() && download.append(bytes));
         takeSyncs();
         ASSERT_TRUE(download.verify(item, std::vector{signer.key}));
@@ -50,7 +51,9 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
         }
         EXPECT_EQ(download.place(std::filesystem::perms(0644)).has_value(), !exchanged);
         EXPECT_EQ(std::filesystem::exists(folder / "package"), !exchanged);
-        std::filesystem::remove(download.part());
+        const auto part = download.part();
+        made.reset();
+        EXPECT_EQ(std::filesystem::remove(part), exchanged) << "what is not ours is not removed";
     }
     EXPECT_EQ(readText(folder / "package"), package);
 }

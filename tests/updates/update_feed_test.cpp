@@ -48,20 +48,4 @@ TEST(UpdateFeed, RefusesWhatIsNoFeed) {
     }
 }
 
-TEST(UpdateFeed, TheNewestIsTheHighestVersionOfTheWantedKind) {
-    const auto item = [](const char* version, const char* url) {
-        return FeedItem{version, "", url, 1, "", ""};
-    };
-    const std::vector<FeedItem> items = {item("1.9", "a.AppImage"), item("1.10", "b.deb"),
-                                         item("1.2", "c.deb"), item("1.10.0", "d.AppImage"),
-                                         item("1.10", "e.deb")};
-    EXPECT_EQ(newestItem(items, PackageKind::appImage), &items[3]);
-    EXPECT_EQ(newestItem(items, PackageKind::debian), &items[1]);
-    EXPECT_EQ(newestItem(items, PackageKind::other), &items[1]);
-    EXPECT_EQ(newestItem({}, PackageKind::other), nullptr);
-    EXPECT_EQ(compareAppVersions("2", "2.0.0"), std::strong_ordering::equal);
-    EXPECT_EQ(compareAppVersions("0.10", "0.9.9"), std::strong_ordering::greater);
-    EXPECT_EQ(compareAppVersions("1", "x"), std::nullopt);
-}
-
 }  // namespace

@@ -12,12 +12,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Holds tasks for the main thread back until the test releases them.
-struct HeldUpExecutor : VirtualExecutor {
-    void main(Task task) override { queued.push_back(std::move(task)); }
-    std::vector<Task> queued;
-};
-
 struct FirmwareProgressTest : testing::Test {
     double bar() const { return progress->slider().doubleValue(); }
     bool shown() const { return progress->window().isVisible(); }
@@ -60,20 +54,4 @@ TEST_F(FirmwareProgressTest, AnEarlierEndFillsTheBar) {
     EXPECT_EQ(bar(), 1);
     executor.advance(1s);
     EXPECT_FALSE(shown());
-}
-
-TEST(FirmwareProgressOnABusyMainThread, OneUpdateWaitsAndBringsTheNewestValue) {
-    HeldUpExecutor executor;
-    const auto progress = FirmwareUpdaterProgress::progress(executor);
-    progress->begin();
-    executor.advance(2s);
-    ASSERT_EQ(executor.queued.size(), 1U);
-    executor.queued.front()();
-    EXPECT_NEAR(progress->slider().doubleValue(), 2.0 / 13, 0.0005);
-    executor.advance(5ms);
-    ASSERT_EQ(executor.queued.size(), 2U) << "and the next one may come";
-    progress->begin();
-    executor.queued.back()();
-    EXPECT_EQ(progress->slider().doubleValue(), 0) << "which is of no interest to the next flash";
-    executor.endJobs();
 }

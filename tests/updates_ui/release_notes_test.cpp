@@ -21,10 +21,8 @@ TEST(ReleaseNotes, AreTextWhateverTheyCameAs) {
         {"<style>p{}</style><SCRIPT>if (a<b) x()</script >Hi<!-- <p>no</p> -->"
          "<a href='https://x/\">'>there</a><img src=\"file:///dev/zero\" alt='>'>",
          u"Hithere"},
-        {"text<script>never closed", u"text"},
         {"text<b never closed", u"text<b never closed"},
         {"<p>text<b title='never closed</p>", u"text"},
-        {"", u""},
     };
     for (const auto& [given, shown] : notes) {
         EXPECT_EQ(plainNotes(given).toStdString(), QString::fromUtf16(shown).toStdString()) << given;

