@@ -31,11 +31,6 @@ TEST_F(ToolTest, ImportWritesEveryLoopAndNeverReplacesAFile) {
     EXPECT_THAT(pedal.violations(), IsEmpty());
 
     EXPECT_EQ(import({"3"}), ExitCode::pedalRefused);
-    pedal.setLoop(1, std::nullopt);
-    pedal.setLoop(4, std::nullopt);
-    pedal.setLoop(19, std::nullopt);
-    EXPECT_EQ(import({"--all"}), ExitCode::ok);
-    EXPECT_EQ(out.str(), "The pedal holds no loops.\n");
 }
 
 TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {

@@ -10,7 +10,6 @@ from driver import Program, choose, key, parent_of, wait
 
 LOOP = "Loop 1, select"
 
-
 class Quit(unittest.TestCase):
     def ends(self, program, act=None):
         """Ends the program, by a signal if necessary; it must leave no working files."""
@@ -27,11 +26,6 @@ class Quit(unittest.TestCase):
         button = program.get("Import", "push button")
         wait("import is possible", lambda: button.enabled)
         button.click()
-
-    def test_splash(self):
-        with Program() as program:
-            program.ready("About")
-            self.ends(program)
 
     def test_silent_pedal(self):
         for act in (None, lambda: key("ctrl+q")):
