@@ -224,7 +224,7 @@ TEST_F(Polling, ALoopWhosePaddedSizeWrapsIsTooLarge) {
     setLoop(0xEB, 0, {0xAA, 0xAA, 0xAA, 0x2A, 1, 1});
     usb.replies[0xE1] = FakeUsb::reply('Y');
     EXPECT_EQ(looper().importLoop(1, [](std::uint32_t, std::uint8_t) {}), std::nullopt);
-    EXPECT_EQ(looper().lastFailure(), Failure::tooLarge);
+    EXPECT_EQ(looper().lastTrouble().value().kind, Trouble::Kind::tooLarge);
 }
 
 TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {

@@ -10,6 +10,7 @@ from driver import Program, choose, key, parent_of, wait
 
 LOOP = "Loop 1, select"
 
+
 class Quit(unittest.TestCase):
     def ends(self, program, act=None):
         """Ends the program, by a signal if necessary; it must leave no working files."""
