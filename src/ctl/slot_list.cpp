@@ -1,6 +1,7 @@
 #include "ctl/slot_list.h"
 
 #include <charconv>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <utility>
