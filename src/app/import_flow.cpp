@@ -23,28 +23,21 @@ namespace {
 struct Import {
     TransferRun run;
     std::filesystem::path folder;
-    struct Row {
-        std::string name;
-        std::uint64_t fileSize;
-    };
-    std::map<std::uint8_t, Row> rows;  ///< as they were at the start
+    std::map<std::uint8_t, std::string> names;  ///< of the rows, as they were at the start
     decltype(AppEnvironment::writeFile) writeFile;
 
     void loopRead(const std::optional<std::vector<std::uint8_t>>& file, std::uint8_t slot) {
+        const auto notSaved = "loop " + std::to_string(slot) + " was not saved: ";
         if (!file) {
+            log(LogCategory::files, notSaved + "it could not be read from the pedal.");
             return;
         }
         run.add(file->size());
-        const auto row = rows.find(slot);
-        if (row == rows.end()) {
+        const auto name = names.find(slot);
+        if (name == names.end()) {
             return;
         }
-        const auto notSaved = "loop " + std::to_string(slot) + " was not saved: ";
-        if (file->size() != row->second.fileSize) {  // perhaps one that no pedal can hold, and so cut off
-            log(LogCategory::files, notSaved + "it changed while it was being read.");
-            return;
-        }
-        if (const auto saved = writeFile(folder, row->second.name, ".wav", *file); !saved) {
+        if (const auto saved = writeFile(folder, name->second, ".wav", *file); !saved) {
             log(LogCategory::files,
                 notSaved + saved.error().where + ": " + std::generic_category().message(saved.error().error));
         }
@@ -68,7 +61,7 @@ void AppDelegate::importButtonClicked() {
 
 void AppDelegate::startImport(const std::filesystem::path& folder) {
     const std::vector<std::uint8_t> numbers(selectedImportSlots_.begin(), selectedImportSlots_.end());
-    std::map<std::uint8_t, Import::Row> rows;
+    std::map<std::uint8_t, std::string> names;
     std::uint64_t total = 0;
     for (const auto number : numbers) {
         const auto* const slot = slotNumber(number, Slot::importContext);
@@ -84,7 +77,7 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
         }
         total += slot->bytes();
         if (const auto name = slot->name()) {
-            rows.emplace(number, Import::Row{name->toStdString(), waveHeaderSize + loop->bytes});
+            names.emplace(number, name->toStdString());
         }
     }
     if (numbers.empty()) {
@@ -96,7 +89,7 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     const std::shared_ptr<Import> import(new Import{
         {environment_.executor, total, transferListener(&AppDelegate::loopSaved, &AppDelegate::finishImport)},
         folder,
-        std::move(rows),
+        std::move(names),
         environment_.writeFile});
     const auto roomFor = [folder, needed = total + numbers.size() * waveHeaderSize,
                           freeSpace = environment_.freeSpace](KZQ7306& /*looper*/) {

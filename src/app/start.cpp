@@ -80,7 +80,7 @@ void AppDelegate::onLink(OnLink ready, OnLink operation) {
             const bool holds = looper && (!ready || (ready(*looper) && !run->pedalLeft));
             const bool begins = holds && !run->cancelled;
             const bool accepted = begins && operation(*looper);
-            if (accepted && run->cancelled) {
+            if (accepted && run->cancelled && !run->over) {
                 looper->cancelTransfer();  // one from before the acceptance is forgotten by the link
             }
             run->asked = false;

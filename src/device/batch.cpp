@@ -28,7 +28,7 @@ bool KZQ7306::claim(bool complete) {
     if (!complete) {
         return fail(Trouble::Kind::badRequest);
     }
-    return !starting_.exchange(true);
+    return !starting_.exchange(true) || fail(Trouble::Kind::busy);
 }
 
 std::unique_lock<DeviceLock> KZQ7306::beginOperation(Operation operation) {

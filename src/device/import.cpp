@@ -72,8 +72,9 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot, const Tran
         audio.insert(audio.end(), piece->begin(), piece->end());
         progress(static_cast<std::uint32_t>(piece->size()), slot);
     }
-    if (audio.size() <
-        loop.bytes) {  // a table entry so large that its padded size wraps: no WAV could hold it
+    // A table entry so large that its size wraps, padded or not: no WAV could hold it, and what came is not
+    // it.
+    if (audio.size() < loop.bytes || std::uint64_t{loop.samples} * frameBytes != loop.bytes) {
         return Trouble{Trouble::Kind::tooLarge};
     }
     audio.resize(loop.bytes);

@@ -73,11 +73,11 @@ Result<Bytes> KZQ7306::receive(std::int32_t length) {
         return Trouble{Trouble::Kind::noPedal};
     }
     Bytes bytes(static_cast<std::size_t>(length));
+    const CallOut out(*this, bytes.size());  // one call, however often it brings nothing
     for (std::size_t received = 0; received < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = std::span(bytes).subspan(received);
-        const auto result =
-            counted(rest.size(), [&] { return handle->bulkIn(pedalBulkIn, rest, transferred); });
+        const auto result = handle->bulkIn(pedalBulkIn, rest, transferred);
         if (result != usbSuccess || transferred > rest.size()) {
             return Trouble{Trouble::Kind::transferFailed};
         }
@@ -99,11 +99,11 @@ Result<std::size_t> KZQ7306::send(ByteView bytes) {
     if (!handle) {
         return Trouble{Trouble::Kind::noPedal};
     }
+    const CallOut out(*this, bytes.size());
     for (std::size_t sent = 0; sent < bytes.size();) {
         std::size_t transferred = 0;
         const auto rest = bytes.subspan(sent);
-        const auto result =
-            counted(rest.size(), [&] { return handle->bulkOut(pedalBulkOut, rest, transferred); });
+        const auto result = handle->bulkOut(pedalBulkOut, rest, transferred);
         if (result != usbSuccess || transferred > rest.size()) {
             return Trouble{Trouble::Kind::transferFailed};
         }

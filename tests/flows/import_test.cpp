@@ -117,7 +117,7 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
-    EXPECT_THAT(logged, testing::Contains("loop 20 was not saved: it changed while it was being read."));
+    EXPECT_THAT(logged, testing::Contains("loop 20 was not saved: it could not be read from the pedal."));
     select({1, 20});
     pass(6s);  // now its row shows it
     pedal.clearJournal();
