@@ -5,7 +5,7 @@
 
 #include "app/program/command_line.h"
 #include "completions.h"
-#include "ctl/command_line.h"
+#include "ctl/speech/command_line.h"
 #include "page.h"
 #include "pedal/command_line.h"
 

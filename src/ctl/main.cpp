@@ -13,10 +13,10 @@
 
 #include "audio/conversion.h"
 #include "audio/converted_audio.h"
-#include "ctl/job_report.h"
-#include "ctl/json_output.h"
-#include "ctl/signals.h"
-#include "ctl/standard_input.h"
+#include "ctl/pedal/signals.h"
+#include "ctl/pedal/standard_input.h"
+#include "ctl/speech/json_output.h"
+#include "ctl/speech/report.h"
 #include "ctl/tool.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
@@ -43,7 +43,7 @@ int ended(ExitCode code) {
 
 int complain(const ctl::Explanation& problem, bool json = false) {
     ctl::Output output(std::cout, std::cerr, false);
-    ctl::JobReport(output, json).stopped(problem);
+    ctl::Report(output, json).stopped(problem);
     return ended(problem.code);
 }
 

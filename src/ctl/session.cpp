@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "ctl/timing.h"
+#include "ctl/speech/timing.h"
 
 namespace kzq::ctl {
 namespace {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <optional>
 
-#include "ctl/command.h"
-#include "ctl/environment.h"
+#include "ctl/commands/command.h"
+#include "ctl/pedal/environment.h"
 #include "device/kzq7306_delegate.h"
 #include "device/silence.h"
 

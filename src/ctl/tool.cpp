@@ -2,17 +2,17 @@
 
 #include <utility>
 
-#include "ctl/backup_command.h"
-#include "ctl/convert_command.h"
-#include "ctl/doctor_command.h"
-#include "ctl/erase_command.h"
-#include "ctl/export_command.h"
-#include "ctl/firmware_command.h"
-#include "ctl/firmware_install_command.h"
-#include "ctl/import_command.h"
-#include "ctl/list_command.h"
-#include "ctl/restore_command.h"
-#include "ctl/watch_command.h"
+#include "ctl/commands/backup_command.h"
+#include "ctl/commands/convert_command.h"
+#include "ctl/commands/doctor_command.h"
+#include "ctl/commands/erase_command.h"
+#include "ctl/commands/export_command.h"
+#include "ctl/commands/firmware_command.h"
+#include "ctl/commands/firmware_install_command.h"
+#include "ctl/commands/import_command.h"
+#include "ctl/commands/list_command.h"
+#include "ctl/commands/restore_command.h"
+#include "ctl/commands/watch_command.h"
 #include "platform/log.h"
 
 namespace kzq::ctl {

@@ -3,8 +3,8 @@
 #include <atomic>
 #include <memory>
 
-#include "ctl/command.h"
-#include "ctl/environment.h"
+#include "ctl/commands/command.h"
+#include "ctl/pedal/environment.h"
 #include "ctl/session.h"
 
 namespace kzq::ctl {

@@ -2,7 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "audio/wave.h"
-#include "ctl/backup_index.h"
+#include "ctl/commands/backup_index.h"
 #include "tool_fixture.h"
 
 namespace kzq::test {

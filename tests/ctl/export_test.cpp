@@ -2,7 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "audio/wave.h"
-#include "ctl/export_plan.h"
+#include "ctl/commands/export_plan.h"
 #include "tool_fixture.h"
 
 namespace kzq::test {

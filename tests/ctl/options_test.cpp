@@ -1,9 +1,9 @@
-#include "ctl/options.h"
+#include "ctl/speech/options.h"
 
 #include <gmock/gmock.h>
 
-#include "ctl/format.h"
-#include "ctl/progress_meter.h"
+#include "ctl/speech/format.h"
+#include "ctl/speech/progress_meter.h"
 #include "loops/facts.h"
 
 namespace kzq::ctl {

@@ -8,7 +8,7 @@
 #include <stdexcept>
 
 #include "audio/wave.h"
-#include "ctl/options.h"
+#include "ctl/speech/options.h"
 #include "loops/facts.h"
 #include "platform/log.h"
 

@@ -1,0 +1,80 @@
+#include "ctl/commands/convert_command.h"
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <system_error>
+
+#include "ctl/commands/conversion_progress.h"
+#include "ctl/commands/stream_conversion.h"
+#include "ctl/speech/format.h"
+#include "ctl/speech/report.h"
+#include "loops/capacity.h"
+#include "loops/facts.h"
+#include "operations/sentences.h"
+
+namespace kzq::ctl {
+
+std::optional<Explanation> ConvertCommand::obstacle() {
+    const auto& output = context_.options.output;
+    if (output == standardStream) {
+        return context_.environment.terminal
+                   ? std::optional(Explanation{
+                         ExitCode::usage, "Standard output is a terminal. Redirect it to a file or a pipe."})
+                   : std::nullopt;
+    }
+    std::error_code error;
+    if (std::filesystem::symlink_status(output, error).type() == std::filesystem::file_type::not_found) {
+        return std::nullopt;
+    }
+    return Explanation{ExitCode::fileError,
+                       "\"" + output.string() +
+                           "\" already exists. Existing files are never overwritten; choose another name."};
+}
+
+bool ConvertCommand::withoutPedal() {
+    context_.executor.background(Priority::standard, [self = shared_from_this()] {
+        const auto& context = self->context_;
+        const auto& source = context.options.files.front();
+        const auto file =
+            StreamConversion(context.environment, self->cancelled_)
+                .convert({.source = source,
+                          .output = context.options.output,
+                          .progress = conversionProgress(context, "Converting", source.string()),
+                          .cancelled = &self->cancelled_,
+                          .sync = true});
+        context.executor.main([self, file] { self->done(file); });
+    });
+    return true;
+}
+
+void ConvertCommand::done(const Result<ConvertedFile>& file) {
+    context_.output.endProgress();
+    const auto& source = context_.options.files.front();
+    const bool reads = source == standardStream;
+    if (!file) {
+        context_.fail(cancelled_
+                          ? cancelledByUser()
+                          : Explanation{ExitCode::fileError,
+                                        conversionSentence(file.error(), reads ? "standard input" : "")});
+    } else if (file->frames > capacityFrames) {  // the rest of it was not converted
+        std::error_code ignored;
+        std::filesystem::remove(file->path, ignored);
+        context_.fail({ExitCode::fileError, (reads ? "Standard input" : "\"" + source.string() + "\"") +
+                                                " is longer than the pedal's 24 minutes."});
+    } else {
+        report(*file);
+        context_.finish(ExitCode::ok);
+    }
+}
+
+void ConvertCommand::report(const ConvertedFile& file) const {
+    if (file.path.empty()) {
+        return;  // standard output holds the audio and nothing else
+    }
+    Report report(context_.output, context_.options.json);
+    report.tell("converted", {{"file", file.path.string()}, {"samples", file.frames}},
+                file.path.string() + ": " + lengthText(file.frames) + ".");
+    report.tell("finished", {{"exit", 0}}, {});
+}
+
+}  // namespace kzq::ctl

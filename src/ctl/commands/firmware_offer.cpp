@@ -1,0 +1,143 @@
+#include "ctl/commands/firmware_offer.h"
+
+#include <memory>
+#include <utility>
+
+#include "ctl/speech/format.h"
+#include "operations/sentences.h"
+#include "platform/plain_file.h"
+#include "updates/firmware_updates.h"
+#include "updates/firmware_version.h"
+
+namespace kzq::ctl {
+namespace {
+
+using Kind = Trouble::Kind;
+
+bool isUnknown(const FirmwareVersion& version) {
+    return version.major == 0 && version.minor == 0;
+}
+
+Trouble serverTrouble(const HttpResult& answer) {
+    Trouble trouble{Kind::oddAnswer, {}, 0, printable(answer.reason)};
+    if (answer.failure == HttpFailure::network || answer.failure == HttpFailure::timeout) {
+        trouble.kind = Kind::noServer;
+    } else if (answer.failure == HttpFailure::untrusted) {
+        trouble.kind = Kind::untrustedServer;
+    }
+    return trouble;
+}
+
+Result<FirmwareEntry> newestEntry(const Environment& environment) {
+    HttpRequest request;
+    request.url = environment.manifest;
+    request.limits.bytes = largestManifest;
+    const auto manifest = environment.http->fetch(request);
+    if (!manifest) {
+        return serverTrouble(manifest);
+    }
+    auto entry = newestFirmwareEntry(manifest.body);
+    if (!entry || !isComplete(*entry) || isUnknown(FirmwareVersionFromString(entry->version))) {
+        return Trouble{Kind::badManifest};
+    }
+    return std::move(*entry);
+}
+
+/// The image of `entry`, verified: from the cache, or fetched and put there.
+Result<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry) {
+    FirmwareUpdates updates({.executor = environment.executor,
+                             .http = *environment.http,
+                             .factoryBlank = {},
+                             .version = {},
+                             .softwareVersion = {},
+                             .home = environment.home,
+                             .manifest = environment.manifest,
+                             .showHeadline = {},
+                             .appendNotes = {}});
+    updates.setup();
+    if (!updates.initialized()) {
+        return Trouble{Kind::noCache};
+    }
+    auto image = updates.cached(entry);
+    if (!image) {
+        image = updates.download(entry);
+    }
+    if (!image) {
+        return Trouble{Kind::unverified};
+    }
+    return std::move(*image);
+}
+
+}  // namespace
+
+Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed) {
+    const auto present = FirmwareVersionFromString(installed);
+    if (!installed.empty() && isUnknown(present)) {
+        return Trouble{Kind::unknownVersion, {}, 0, installed};
+    }
+    auto entry = newestEntry(environment);
+    if (!entry) {
+        return std::move(entry.error());
+    }
+    FirmwareOffer offer{std::move(*entry), std::nullopt};
+    if (!installed.empty() && !(present < FirmwareVersionFromString(offer.entry.version))) {
+        return offer;
+    }
+    return fetchImage(environment, offer.entry).map([&](FirmwareImage image) {
+        offer.image = std::move(image);
+        return std::move(offer);
+    });
+}
+
+Result<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
+                                  const std::string& installed) {
+    const auto asked = std::make_shared<Result<FirmwareOffer>>(Trouble{Kind::cancelled});
+    const bool came =
+        pedal.attempt([asked, installed, &environment] { *asked = fetchOffer(environment, installed); });
+    return came ? std::move(*asked) : Trouble{Kind::cancelled};
+}
+
+Result<FirmwareImage> readImage(const std::filesystem::path& path) {
+    auto image = readPlainFile(path, largestFirmware, Links::followed);
+    if (!image) {
+        const bool tooLong = image.error().kind == Kind::tooLarge;
+        return Trouble{tooLong ? Kind::imageTooLong : Kind::imageUnreadable, path.string()};
+    }
+    if (image->empty()) {
+        return Trouble{Kind::imageEmpty, path.string()};
+    }
+    return image;
+}
+
+Explanation explainFirmware(const Trouble& trouble) {
+    switch (trouble.kind) {
+        case Kind::unknownVersion:
+            return {ExitCode::pedalRefused, firmwareSentence(trouble)};
+        case Kind::noServer:
+        case Kind::untrustedServer:
+        case Kind::oddAnswer:
+        case Kind::badManifest:
+        case Kind::unverified:
+            return {ExitCode::noDownload, firmwareSentence(trouble)};
+        default:
+            return {ExitCode::fileError, firmwareSentence(trouble)};
+    }
+}
+
+std::string noteText(std::string_view line) {
+    constexpr char escape = '\x7f';
+    constexpr char twoBytes = '\xc2';  // followed by 80 to 9f: control characters beyond ASCII
+    constexpr char lastControl = '\x9f';
+    std::string text;
+    for (const char c : line) {
+        const bool beyond = !text.empty() && text.back() == twoBytes && c <= lastControl;
+        const bool control = (c >= 0 && c < ' ') || c == escape;
+        if (beyond) {
+            text.pop_back();
+        }
+        text += beyond || control ? '?' : c;
+    }
+    return text;
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ctl/commands/pedal_command.h"
+
+namespace kzq::ctl {
+
+/// Shows what the pedal holds.
+class ListCommand : public PedalCommand {
+  public:
+    using PedalCommand::PedalCommand;
+
+  protected:
+    ExitCode work(PedalWorker& pedal) override;
+};
+
+}  // namespace kzq::ctl

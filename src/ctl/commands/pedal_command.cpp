@@ -1,0 +1,153 @@
+#include "ctl/commands/pedal_command.h"
+
+#include <numeric>
+#include <utility>
+
+#include "loops/capacity.h"
+#include "loops/facts.h"
+
+namespace kzq::ctl {
+namespace {
+
+Explanation nobodyToAsk() {
+    return {ExitCode::usage,
+            "Confirmation needed, but standard input is not a terminal. Nothing was changed; use --yes to "
+            "proceed.",
+            "confirmation-needed"};
+}
+
+}  // namespace
+
+PedalCommand::PedalCommand(Context context)
+    : context_(std::move(context)), report_(context_.output, context_.options.json) {}
+
+void PedalCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
+    if (pedal_) {
+        return;  // it was unplugged and is back, but the command ends anyway
+    }
+    if (looper->factoryBlank() && !takesLoader()) {
+        context_.fail(pedalInLoader());
+        return;
+    }
+    looper_ = looper;
+    pedal_ = std::make_shared<PedalWorker>(context_.executor, looper, context_.options.patience);
+    pedal_->start();
+    context_.executor.background(Priority::standard, [self = shared_from_this()] {
+        const ExitCode code = self->work(*self->pedal_);
+        self->pedal_->rest();
+        self->context_.executor.main([self, code] { self->context_.finish(code); });
+    });
+}
+
+void PedalCommand::disconnected() {
+    if (pedal_) {
+        pedal_->end(pedalUnplugged());
+    }
+}
+
+void PedalCommand::cancel() {
+    if (pedal_) {
+        pedal_->end(cancelledByUser());
+    } else {
+        context_.fail(cancelledByUser());
+    }
+}
+
+ExitCode PedalCommand::stop(const Explanation& explanation) const {
+    context_.explain(explanation);
+    return explanation.code;
+}
+
+ExitCode PedalCommand::stop(const PedalWorker& pedal) const {
+    return stop(pedal.ended().value_or(statusUnreadable()));
+}
+
+ExitCode PedalCommand::conclude(const PedalWorker& pedal, const Tally& tally, const std::string& summary) {
+    const auto end = pedal.ended();
+    report_.finished(tally, end, summary);
+    return tally.exitCode(end);
+}
+
+std::optional<ExitCode> PedalCommand::declined(PedalWorker& pedal, const std::string& question) const {
+    if (context_.options.yes) {
+        return std::nullopt;
+    }
+    context_.output.endProgress();
+    const auto answer = std::make_shared<Answer>(Answer::nobody);
+    const bool answered =
+        pedal.attempt([answer, question, ask = context_.environment.ask] { *answer = ask(question); });
+    if (!answered) {
+        return stop(pedal);
+    }
+    switch (*answer) {
+        case Answer::yes:
+            return std::nullopt;
+        case Answer::no:
+            return stop({ExitCode::cancelled, "Cancelled. Nothing was changed."});
+        case Answer::nobody:
+            break;
+    }
+    return stop(nobodyToAsk());
+}
+
+std::optional<Explanation> PedalCommand::changedSince(PedalWorker& pedal, Loops& loops,
+                                                      const std::vector<std::uint8_t>& slots,
+                                                      const char* consequence) {
+    const auto now = pedal.status();
+    if (!now) {
+        auto end = pedal.ended().value_or(statusUnreadable());
+        end.sentence += " Nothing was changed.";
+        return end;
+    }
+    if (auto change = changedBetween(loops, now->loops, slots, consequence)) {
+        return change;
+    }
+    loops = now->loops;
+    return std::nullopt;
+}
+
+std::optional<Explanation> PedalCommand::changedBetween(const Loops& before, const Loops& now,
+                                                        const std::vector<std::uint8_t>& slots,
+                                                        const char* consequence) {
+    for (const auto slot : slots) {
+        const auto old = before.find(slot);
+        const auto found = now.find(slot);
+        const bool was = old != before.end();
+        const bool is = found != now.end();
+        if (was != is || (was && old->second != found->second)) {
+            const char* const what = !was ? " was recorded" : is ? " was changed" : " was erased";
+            return Explanation{ExitCode::pedalRefused, loopName(slot) + what +
+                                                           " on the pedal in the meantime, so " +
+                                                           consequence + ". Run the command again."};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Explanation> PedalCommand::impossibleLength(const Loops& loops,
+                                                          const std::vector<std::uint8_t>& slots) {
+    for (const auto slot : slots) {
+        const auto loop = loops.find(slot);
+        if (loop != loops.end() && !hasPossibleLength(loop->second)) {
+            const auto why = explainLoop(Trouble::Kind::tooLarge);
+            return Explanation{
+                why.code, "Loop " + std::to_string(slot) + ": " + why.sentence + " Nothing was changed."};
+        }
+    }
+    return std::nullopt;
+}
+
+std::vector<std::uint8_t> PedalCommand::allSlots() {
+    std::vector<std::uint8_t> slots(loopSlots);
+    std::iota(slots.begin(), slots.end(), std::uint8_t{1});
+    return slots;
+}
+
+void PedalCommand::failed(Tally& tally, unsigned slot, std::string_view reason,
+                          const Explanation& explanation) {
+    tally.failures.push_back(explanation);
+    context_.output.endProgress();
+    report_.failed(slot, reason, explanation.sentence);
+}
+
+}  // namespace kzq::ctl

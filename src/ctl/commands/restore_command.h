@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ctl/commands/backup_folder.h"
+#include "ctl/commands/pedal_command.h"
+#include "ctl/speech/progress_line.h"
+#include "loops/export_info.h"
+
+namespace kzq::ctl {
+
+/// Makes the audio of the pedal's loops that of a backup.
+class RestoreCommand : public PedalCommand {
+  public:
+    explicit RestoreCommand(Context context);
+
+    std::optional<Explanation> obstacle() override;
+
+  protected:
+    ExitCode work(PedalWorker& pedal) override;
+
+  private:
+    std::optional<Explanation> verifyFiles(const PedalWorker& pedal) const;
+
+    std::optional<Explanation> findChanges(PedalWorker& pedal, const Loops& loops);
+    std::optional<bool> isSame(PedalWorker& pedal, std::uint8_t slot, const Loop& loop);
+    void planWrite(std::uint8_t slot, const Loop* old);
+    void planErase(std::uint8_t slot, const Loop& old);
+    std::string question() const;
+
+    void change(PedalWorker& pedal, Loops loops);
+    void write(PedalWorker& pedal, Loops loops, std::vector<std::uint8_t> untouched);
+    std::string summary(const PedalWorker& pedal) const;
+
+    BackupFolder folder_;
+    BackupIndex index_;
+    std::shared_ptr<ProgressLine> progress_;
+    std::size_t same_ = 0;
+    std::vector<std::uint8_t> erased_;  ///< slots that the backup has empty
+    std::vector<std::uint8_t> lost_;    ///< all slots whose audio goes
+    Exports writes_;
+    Tally tally_;
+};
+
+}  // namespace kzq::ctl

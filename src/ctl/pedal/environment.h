@@ -1,0 +1,62 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ctl/pedal/converter.h"
+#include "ctl/speech/exit_codes.h"
+#include "ctl/speech/question.h"
+#include "device/finding.h"
+#include "device/usb_port.h"
+#include "platform/awake.h"
+#include "platform/executor.h"
+#include "platform/free_space.h"
+#include "updates/http_client.h"
+
+namespace kzq::ctl {
+
+/// What the tool runs on; all of it outlives the tool.
+struct Environment {
+    Executor& executor;
+    UsbPort& usb;
+    std::ostream& out;
+    std::ostream& err;
+    bool terminal = false;  ///< whether `out` is one
+    std::function<std::uint64_t()> systemMinorVersion;
+    std::function<Answer(const std::string& question)> ask;  ///< blocks; any thread
+    Converter convert;
+    /// Standard input, as readStandardInput reads it; any thread.
+    std::function<ssize_t(std::span<std::uint8_t>)> input;
+    std::function<std::optional<std::filesystem::path>()> workingFolder;  ///< for working copies; any thread
+    /// Called once: on the main thread, or on any while that one hangs.
+    std::function<void(ExitCode)> finished;
+
+    // for firmware only
+
+    HttpClient* http = nullptr;
+    std::string manifest;                  ///< its https address
+    std::filesystem::path home;            ///< the user's home folder; empty for none
+    std::function<AwakeLock()> keepAwake;  ///< blocks; any thread
+    /// From here on no signal ends the program: each only calls `heard`, on a thread of its own. An empty one
+    /// ends that. Any thread.
+    std::function<void(std::function<void()> heard)> holdSignals;
+
+    /// What files may still take; any thread.
+    FreeSpace freeSpace = kzq::freeSpace;
+    /// What keeps the user from using the pedal; any thread.
+    std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
+    /// Receives every line of the log, preceded by its category; may be empty. Must not log. Any thread.
+    std::function<void(std::string_view line)> logged = {};
+};
+
+}  // namespace kzq::ctl

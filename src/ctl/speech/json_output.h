@@ -1,0 +1,24 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+
+#include "ctl/speech/output.h"
+#include "ctl/speech/sentences.h"
+
+namespace kzq::ctl {
+
+/// Of everything that --json prints; doc/json.md describes it. It grows when a reader of the old form could
+/// no longer understand the new one.
+inline constexpr int jsonSchema = 1;
+
+/// One line, or indented; bytes that are not UTF-8 are replaced.
+std::string jsonText(const nlohmann::json& value, bool indented = false);
+
+/// Prints `object` with its "schema".
+void printJson(Output& output, nlohmann::json object, bool indented = false);
+
+/// The "finished" event of a command that ends with `explanation`.
+nlohmann::json finishedJson(const Explanation& explanation);
+
+}  // namespace kzq::ctl

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ctl/speech/exit_codes.h"
+#include "platform/executor.h"
+
+namespace kzq::ctl {
+
+enum class Subcommand {
+    list,
+    import,
+    exportFiles,
+    erase,
+    convert,
+    backup,
+    restore,
+    watch,
+    firmware,
+    firmwareInstall,
+    doctor
+};
+
+/// What the user asked for.
+struct Options {
+    Subcommand subcommand = Subcommand::list;
+    bool json = false;
+    bool verbose = false;
+    bool simulate = false;
+    std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
+    std::vector<std::string> faults;           ///< for the simulated pedal, as given
+    std::filesystem::path record;              ///< a new file for what goes over USB; empty: none
+    Executor::Duration wait{};                 ///< for a pedal to be connected and free
+    Executor::Duration patience{};             ///< with a silent pedal; 0: no limit
+    bool yes = false;                          ///< every question is answered with yes
+    bool all = false;                          ///< import, erase: every loop
+    std::vector<std::uint8_t> slots;           ///< import, erase: ascending
+    std::filesystem::path folder;              ///< import, backup, restore
+    std::vector<std::filesystem::path> files;  ///< export, convert: to be converted, "-" is convert's
+                                               ///< standard input; firmwareInstall: at most one
+    std::optional<std::uint8_t> slot;          ///< export: of the first file; else the free slots are taken
+    bool verify = false;                       ///< export: read back and compare
+    std::filesystem::path output;              ///< convert: the new file; "-": standard output
+};
+
+/// Either `options`, or what to print and the code to end with: `text` is the help or the version when `code`
+/// is ok, otherwise a sentence for standard error.
+struct ParsedOptions {
+    std::optional<Options> options;
+    ExitCode code = ExitCode::ok;
+    std::string text;
+    bool json = false;  ///< whether to print it as JSON
+};
+
+/// `arguments` without the program's name.
+ParsedOptions parseOptions(std::vector<std::string> arguments);
+
+}  // namespace kzq::ctl

@@ -1,0 +1,56 @@
+#include "ctl/speech/report.h"
+
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "ctl/speech/json_output.h"
+
+namespace kzq::ctl {
+
+void Report::tell(const char* event, nlohmann::json details, const std::string& sentence) {
+    if (json_) {
+        details["event"] = event;
+        printJson(output_, std::move(details));
+    } else if (!sentence.empty()) {
+        output_.line(sentence);
+    }
+}
+
+void Report::failed(unsigned slot, std::string_view reason, const std::string& sentence) {
+    tell("failed", {{"slot", slot}, {"trouble", reason}, {"message", sentence}}, {});
+    output_.error(sentence);
+}
+
+void Report::stopped(const Explanation& explanation) {
+    output_.endProgress();
+    output_.error(explanation.sentence);
+    if (json_) {
+        printJson(output_, finishedJson(explanation));
+    }
+}
+
+void Report::finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary) {
+    output_.endProgress();
+    const auto code = tally.exitCode(end);
+    nlohmann::json details{{"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(code)}};
+    if (code != ExitCode::ok) {
+        details["trouble"] = troubleName(end.value_or(Explanation{code, {}}));
+    }
+    if (end) {
+        const auto message = end->sentence + (tally.doubt.empty() ? "" : " " + tally.doubt);
+        output_.error(message);
+        details["message"] = message;
+    }
+    tell("finished", std::move(details), summary);
+}
+
+std::string loopNames(const std::vector<std::uint8_t>& slots) {
+    std::string text = slots.size() == 1 ? "loop " : "loops ";
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const char* const between = i == 0 ? "" : i + 1 == slots.size() ? " and " : ", ";
+        text += between + std::to_string(slots[i]);
+    }
+    return text;
+}
+
+}  // namespace kzq::ctl

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+#include "ctl/speech/output.h"
+#include "ctl/speech/tally.h"
+
+namespace kzq::ctl {
+
+/// Reports what a command does: to people in sentences, to programs as one JSON object per line, each with an
+/// "event". Any thread.
+class Report {
+  public:
+    /// `output` outlives it.
+    Report(Output& output, bool json) : output_(output), json_(json) {}
+
+    bool json() const { return json_; }
+    /// One thing in both forms; an empty sentence is for programs only.
+    void tell(const char* event, nlohmann::json details, const std::string& sentence);
+    /// A loop failed; both kinds of reader also find the sentence on standard error.
+    void failed(unsigned slot, std::string_view reason, const std::string& sentence);
+    /// The end of a command that has nothing else to report.
+    void stopped(const Explanation& explanation);
+    /// The end; `summary` for people.
+    void finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary);
+
+  private:
+    Output& output_;
+    bool json_;
+};
+
+/// "loop 3", "loops 3 and 7", "loops 3, 7 and 9".
+std::string loopNames(const std::vector<std::uint8_t>& slots);
+
+}  // namespace kzq::ctl
