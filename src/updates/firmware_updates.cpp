@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "updates/firmware_texts.h"
-#include "updates/maker.h"
 #include "updates/update_log.h"
 
 namespace kzq {
@@ -28,12 +27,14 @@ std::shared_ptr<FirmwareUpdates> FirmwareUpdates::updater(FirmwareEnvironment en
 }
 
 FirmwareUpdates::FirmwareUpdates(FirmwareEnvironment environment)
-    : environment_(std::move(environment)), cache_(FirmwareCache::folderIn(environment_.home)) {}
+    : environment_(std::move(environment)),
+      source_(environment_.http, environment_.manifest, environment_.home, environment_.fetchLimit,
+              &stopped_) {}
 
 void FirmwareUpdates::setup() {
     if (!initialized_ && !environment_.manifest.empty()) {
-        initialized_ = cache_.prepare();
-        note(initialized_ ? "" : "no folder for firmware: " + cache_.folder().string());
+        initialized_ = source_.cache().prepare();
+        note(initialized_ ? "" : "no folder for firmware: " + source_.cache().folder().string());
     }
 }
 
@@ -53,7 +54,7 @@ std::optional<std::string> FirmwareUpdates::currentSoftware() const {
 
 std::optional<std::filesystem::path> FirmwareUpdates::update() const {
     const std::lock_guard guard(mutex_);
-    return update_ ? std::optional(cache_.pathOf(*update_)) : std::nullopt;
+    return update_ ? std::optional(source_.cache().pathOf(*update_)) : std::nullopt;
 }
 
 std::optional<FirmwareImage> FirmwareUpdates::offeredImage() const {
@@ -106,21 +107,17 @@ void FirmwareUpdates::refreshLocked() {
     if (!device.known()) {
         return;
     }
-    const auto entry = newestEntry();
+    const auto entry = noted(source_.newest());
     if (!entry) {
         return;
     }
     const auto offered = FirmwareVersionFromString(entry->version);
-    if (entry->name.empty() || offered == FirmwareVersion{}) {
-        note("the manifest's last entry has no usable name or version");
-        return;
-    }
     if (!device.takes(offered)) {
         setUpdate(std::nullopt);
         note("");
         return;
     }
-    if (!cached(*entry) && !download(*entry)) {
+    if (!noted(source_.image(*entry))) {
         return;
     }
     note("");
@@ -140,53 +137,6 @@ void FirmwareUpdates::offer(const FirmwareEntry& entry, const FirmwareVersion& o
     }
     setUpdate(entry);
     announce(offered, device.version, entry.changes);
-}
-
-std::optional<FirmwareEntry> FirmwareUpdates::newestEntry() {
-    const auto manifest = fetch(environment_.manifest, largestManifest);
-    if (!manifest) {
-        note("no manifest: " + manifest.reason);
-        return std::nullopt;
-    }
-    auto entry = newestFirmwareEntry(manifest.body);
-    if (!entry) {
-        note("the manifest is not a list that ends with an entry");
-    }
-    return entry;
-}
-
-std::optional<FirmwareImage> FirmwareUpdates::download(const FirmwareEntry& entry) {
-    if (!isComplete(entry)) {
-        note("the manifest's last entry has no usable hash or size");
-        return std::nullopt;
-    }
-    // Checked first: otherwise an obstacle would cost a whole download at every check.
-    if (!cache_.prepare() || !cache_.isPlaceFor(entry)) {
-        note("the firmware image cannot be stored at " + cache_.pathOf(entry).string());
-        return std::nullopt;
-    }
-    auto image = fetch(addressBeside(environment_.manifest, entry.name), entry.size);
-    if (!image) {
-        note("no firmware image: " + image.reason);
-        return std::nullopt;
-    }
-    if (!isImageOf(entry, image.body)) {
-        note("the firmware image does not match the manifest");
-        return std::nullopt;
-    }
-    if (!cache_.store(entry, image.body)) {
-        note("the firmware image could not be stored");
-        return std::nullopt;
-    }
-    return std::move(image.body);
-}
-
-HttpResult FirmwareUpdates::fetch(const std::string& url, std::uint64_t limit) {
-    HttpRequest request;
-    request.url = url;
-    request.limits = {limit, environment_.fetchLimit};
-    request.cancelled = &stopped_;
-    return environment_.http.fetch(request);
 }
 
 void FirmwareUpdates::announce(const FirmwareVersion& offered, const FirmwareVersion& device,

@@ -11,10 +11,8 @@
 
 #include "platform/executor.h"
 #include "platform/fixed.h"
-#include "updates/firmware_cache.h"
-#include "updates/firmware_manifest.h"
+#include "updates/firmware_source.h"
 #include "updates/firmware_version.h"
-#include "updates/http_client.h"
 
 namespace kzq {
 
@@ -32,7 +30,7 @@ struct FirmwareEnvironment {
     std::function<void(const std::string& headline)> showHeadline;
     /// Main thread: appends to the notes. May be empty.
     std::function<void(const std::string& notes)> appendNotes;
-    std::chrono::milliseconds fetchLimit = std::chrono::seconds(60);
+    std::chrono::milliseconds fetchLimit = HttpLimits().total;
 };
 
 /// Keeps the newest firmware, verified, in the cache, and offers it if the pedal runs an older one or none:
@@ -80,8 +78,12 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
 
     /// The image of `entry` from the cache (see FirmwareCache), or fetched, verified and put there. Any
     /// thread; `download` blocks for the network.
-    std::optional<FirmwareImage> cached(const FirmwareEntry& entry) const { return cache_.cached(entry); }
-    std::optional<FirmwareImage> download(const FirmwareEntry& entry);
+    std::optional<FirmwareImage> cached(const FirmwareEntry& entry) const {
+        return source_.cache().cached(entry);
+    }
+    std::optional<FirmwareImage> download(const FirmwareEntry& entry) {
+        return noted(source_.download(entry));
+    }
 
   private:
     struct Pedal {
@@ -96,22 +98,30 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
     Pedal pedal() const;
     void refreshLocked();
     void offer(const FirmwareEntry& entry, const FirmwareVersion& offered);
-    std::optional<FirmwareEntry> newestEntry();
-    HttpResult fetch(const std::string& url, std::uint64_t limit);
     void setUpdate(std::optional<FirmwareEntry> update);
     void announce(const FirmwareVersion& offered, const FirmwareVersion& device,
                   const std::vector<std::string>& changes);
     void onMain(std::function<void(const FirmwareEnvironment&)> show);
     void note(const std::string& failure);
+    /// What came; or nothing, with a note why.
+    template <class T>
+    std::optional<T> noted(Result<T> result) {
+        if (!result) {
+            const auto& trouble = result.error();
+            note((trouble.where.empty() ? "" : trouble.where + ": ") + trouble.words);
+            return std::nullopt;
+        }
+        return std::move(*result);
+    }
 
     const FirmwareEnvironment environment_;
-    const FirmwareCache cache_;
+    std::atomic<bool> stopped_ = false;
+    const FirmwareSource source_;
     const std::thread::id mainThread_ = std::this_thread::get_id();
     std::atomic<bool> initialized_ = false;
     std::atomic<bool> busy_ = false;
     std::atomic<bool> waiting_ = false;  ///< a check is queued and has not started
-    std::atomic<bool> stopped_ = false;
-    mutable std::mutex mutex_;  ///< guards the members below
+    mutable std::mutex mutex_;           ///< guards the members below
     std::optional<FirmwareEntry> update_;
     std::string lastFailure_;
 };

@@ -6,8 +6,9 @@
 #include "ctl/speech/format.h"
 #include "operations/sentences.h"
 #include "platform/plain_file.h"
-#include "updates/firmware_updates.h"
+#include "updates/firmware_source.h"
 #include "updates/firmware_version.h"
+#include "updates/update_log.h"
 
 namespace kzq::ctl {
 namespace {
@@ -18,54 +19,10 @@ bool isUnknown(const FirmwareVersion& version) {
     return version.major == 0 && version.minor == 0;
 }
 
-Trouble serverTrouble(const HttpResult& answer) {
-    Trouble trouble{Kind::oddAnswer, {}, 0, printable(answer.reason)};
-    if (answer.failure == HttpFailure::network || answer.failure == HttpFailure::timeout) {
-        trouble.kind = Kind::noServer;
-    } else if (answer.failure == HttpFailure::untrusted) {
-        trouble.kind = Kind::untrustedServer;
-    }
+Trouble noted(Trouble trouble) {
+    logUpdates(trouble.words);
+    trouble.words = printable(trouble.words);
     return trouble;
-}
-
-Result<FirmwareEntry> newestEntry(const Environment& environment) {
-    HttpRequest request;
-    request.url = environment.manifest;
-    request.limits.bytes = largestManifest;
-    const auto manifest = environment.http->fetch(request);
-    if (!manifest) {
-        return serverTrouble(manifest);
-    }
-    auto entry = newestFirmwareEntry(manifest.body);
-    if (!entry || !isComplete(*entry) || isUnknown(FirmwareVersionFromString(entry->version))) {
-        return Trouble{Kind::badManifest};
-    }
-    return std::move(*entry);
-}
-
-/// The image of `entry`, verified: from the cache, or fetched and put there.
-Result<FirmwareImage> fetchImage(const Environment& environment, const FirmwareEntry& entry) {
-    FirmwareUpdates updates({.executor = environment.executor,
-                             .http = *environment.http,
-                             .factoryBlank = {},
-                             .version = {},
-                             .softwareVersion = {},
-                             .home = environment.home,
-                             .manifest = environment.manifest,
-                             .showHeadline = {},
-                             .appendNotes = {}});
-    updates.setup();
-    if (!updates.initialized()) {
-        return Trouble{Kind::noCache};
-    }
-    auto image = updates.cached(entry);
-    if (!image) {
-        image = updates.download(entry);
-    }
-    if (!image) {
-        return Trouble{Kind::unverified};
-    }
-    return std::move(*image);
 }
 
 }  // namespace
@@ -75,18 +32,21 @@ Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::stri
     if (!installed.empty() && isUnknown(present)) {
         return Trouble{Kind::unknownVersion, {}, 0, installed};
     }
-    auto entry = newestEntry(environment);
+    const FirmwareSource source(*environment.http, environment.manifest, environment.home);
+    auto entry = source.newest();
     if (!entry) {
-        return std::move(entry.error());
+        return noted(std::move(entry.error()));
     }
     FirmwareOffer offer{std::move(*entry), std::nullopt};
     if (!installed.empty() && !(present < FirmwareVersionFromString(offer.entry.version))) {
         return offer;
     }
-    return fetchImage(environment, offer.entry).map([&](FirmwareImage image) {
-        offer.image = std::move(image);
-        return std::move(offer);
-    });
+    auto image = source.image(offer.entry);
+    if (!image) {
+        return noted(std::move(image.error()));
+    }
+    offer.image = std::move(*image);
+    return offer;
 }
 
 Result<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
