@@ -79,7 +79,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     /// Entry i is loop i + 1.
     const Slots& importSlots() const { return importSlots_; }
     const Slots& exportSlots() const { return exportSlots_; }
-    const std::set<std::uint8_t>& selectedImportSlots() const { return selectedImportSlots_; }
+    const std::set<SlotNumber>& selectedImportSlots() const { return selectedImportSlots_; }
     const Exports& selectedExportSlots() const { return selectedExportSlots_; }
 
     // --- the pedal
@@ -97,6 +97,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void exportAboutToBeRemoved(Slot& slot) override;
     void exportRemoved(Slot& slot) override;
     Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
+    Slot* row(SlotNumber slot, std::int32_t context) { return slotNumber(slot.number(), context); }
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
     /// Frames in use once everything staged is written.
@@ -159,11 +160,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
         std::atomic<bool> over = false;
         std::atomic<std::uint64_t> call = 0;  ///< the USB call that was out at the last look; 0 for none
         /// The slots that were deselected for it, with the names typed; for its refusal. Main thread.
-        std::map<std::uint8_t, std::optional<QString>> deselected;
+        std::map<SlotNumber, std::optional<QString>> deselected;
     };
     /// A file that was put on an export row.
     struct Drop {
-        std::uint8_t slot = 0;
+        SlotNumber slot;
         QUrl file;
         std::uint64_t order = 0;  ///< of all drops
     };
@@ -177,14 +178,14 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     // connection.cpp
     void loopsArrived(const std::optional<Loops>& table);
-    void showImportState(const Loops& loops, const std::set<std::uint8_t>& selection);
-    bool showExportState(const Loops& loops, const std::set<std::uint8_t>& selection);
+    void showImportState(const Loops& loops, const std::set<SlotNumber>& selection);
+    bool showExportState(const Loops& loops, const std::set<SlotNumber>& selection);
     void redrawAbout();
     void emptyMeter();
     void setImportAndEraseEnabled(bool enabled);
 
     void showNoTable();
-    std::optional<Loop> shownIn(std::uint8_t slot) const;
+    std::optional<Loop> shownIn(SlotNumber slot) const;
 
     // meter.cpp, staging.cpp
     Loops existingLoops() const;
@@ -242,12 +243,12 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     std::unique_ptr<SoftwareUpdate> softwareUpdate_;
     Slots importSlots_;
     Slots exportSlots_;
-    std::set<std::uint8_t> selectedImportSlots_;
+    std::set<SlotNumber> selectedImportSlots_;
     Exports selectedExportSlots_;
     /// The pedal's table as the rows show it; not complete while it is not known.
     Loops shown_;
-    std::uint64_t drops_ = 0;                           ///< so far
-    std::map<std::uint8_t, std::uint64_t> lastStaged_;  ///< by slot: the order of the drop that is staged
+    std::uint64_t drops_ = 0;                         ///< so far
+    std::map<SlotNumber, std::uint64_t> lastStaged_;  ///< by slot: the order of the drop that is staged
 
     std::unique_ptr<BusyQuestion> busyQuestion_;
     std::shared_ptr<Absence> absence_;

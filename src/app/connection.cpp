@@ -16,8 +16,7 @@ namespace kzq {
 namespace {
 
 const Loop* loopIn(const Loops& loops, const Slot& slot) {
-    const auto loop = loops.find(slot.number());
-    return loop == loops.end() ? nullptr : &loop->second;
+    return loops.find(slot.slot());
 }
 
 }  // namespace
@@ -88,19 +87,19 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
 }
 
 /// A selection survives for slots that still hold a loop.
-void AppDelegate::showImportState(const Loops& loops, const std::set<std::uint8_t>& selection) {
+void AppDelegate::showImportState(const Loops& loops, const std::set<SlotNumber>& selection) {
     for (const auto& slot : importSlots_) {
         const auto* const loop = loopIn(loops, *slot);
         slot->setOccupied(loop != nullptr);
         if (loop != nullptr) {
-            slot->setSelected(selection.contains(slot->number()));
+            slot->setSelected(selection.contains(slot->slot()));
             slot->setSamples(loop->samples);
             slot->setBytes(loop->bytes);
             slot->setAlignedBytes(loop->alignedBytes);
         }
         slot->refresh();
-        if (loop != nullptr && selection.contains(slot->number())) {
-            selectedImportSlots_.insert(slot->number());
+        if (loop != nullptr && selection.contains(slot->slot())) {
+            selectedImportSlots_.insert(slot->slot());
             setImportAndEraseEnabled(true);
         }
     }
@@ -108,15 +107,15 @@ void AppDelegate::showImportState(const Loops& loops, const std::set<std::uint8_
 
 /// Whether something staged would overwrite a loop. The rows are selected as their import rows are, and keep
 /// their padded size.
-bool AppDelegate::showExportState(const Loops& loops, const std::set<std::uint8_t>& selection) {
+bool AppDelegate::showExportState(const Loops& loops, const std::set<SlotNumber>& selection) {
     bool overwrites = false;
     for (const auto& slot : exportSlots_) {
         const auto* const loop = loopIn(loops, *slot);
-        const auto staged = selectedExportSlots_.find(slot->number());
+        const auto staged = selectedExportSlots_.find(slot->slot());
         const bool isStaged = staged != selectedExportSlots_.end();
         slot->setOccupied(loop != nullptr);
         if (loop != nullptr) {
-            slot->setSelected(selection.contains(slot->number()));
+            slot->setSelected(selection.contains(slot->slot()));
             slot->setSamples(loop->samples);
             slot->setBytes(loop->bytes);
         }
@@ -167,9 +166,9 @@ void AppDelegate::showNoTable() {
     shown_.complete = false;
 }
 
-std::optional<Loop> AppDelegate::shownIn(std::uint8_t slot) const {
-    const auto loop = shown_.find(slot);
-    return loop == shown_.end() ? std::nullopt : std::optional(loop->second);
+std::optional<Loop> AppDelegate::shownIn(SlotNumber slot) const {
+    const auto* const loop = shown_.find(slot);
+    return loop == nullptr ? std::nullopt : std::optional(*loop);
 }
 
 void AppDelegate::redrawAbout() {

@@ -31,7 +31,7 @@ void AppDelegate::eraseButtonClicked() {
 void AppDelegate::startErase(AskedLoops asked) {
     std::erase_if(asked, [this](const auto& entry) { return !selectedImportSlots_.contains(entry.first); });
     std::vector<std::uint8_t> numbers;
-    std::ranges::copy(std::views::keys(asked), std::back_inserter(numbers));
+    std::ranges::transform(std::views::keys(asked), std::back_inserter(numbers), &SlotNumber::number);
     if (numbers.empty()) {
         endStart();
         return;
@@ -39,8 +39,8 @@ void AppDelegate::startErase(AskedLoops asked) {
     endEditing();
     selectedImportSlots_.clear();
     beginRun();
-    for (const auto number : numbers) {
-        run_->deselected[number] = slotNumber(number, Slot::importContext)->customImportName();
+    for (const auto& [slot, loop] : asked) {
+        run_->deselected[slot] = row(slot, Slot::importContext)->customImportName();
     }
     const auto ready = [asked = std::move(asked)](KZQ7306& looper) {
         return unchangedTable(looper, asked, "Nothing was erased.").has_value();

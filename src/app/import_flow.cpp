@@ -60,18 +60,20 @@ void AppDelegate::importButtonClicked() {
 }
 
 void AppDelegate::startImport(const std::filesystem::path& folder) {
-    const std::vector<std::uint8_t> numbers(selectedImportSlots_.begin(), selectedImportSlots_.end());
+    std::vector<std::uint8_t> numbers;
     std::map<std::uint8_t, std::string> names;
     std::uint64_t total = 0;
-    for (const auto number : numbers) {
-        const auto* const slot = slotNumber(number, Slot::importContext);
-        const auto loop = shownIn(number);
+    for (const auto selected : selectedImportSlots_) {
+        const auto number = selected.number();
+        numbers.push_back(number);
+        const auto* const slot = row(selected, Slot::importContext);
+        const auto loop = shownIn(selected);
         if (slot == nullptr || !loop) {
             endStart();
             return;
         }
         if (!hasPossibleLength(*loop)) {
-            log(LogCategory::application, longerThanMemory(number) + " Nothing was saved.");
+            log(LogCategory::application, longerThanMemory(selected) + " Nothing was saved.");
             endStart();
             return;
         }

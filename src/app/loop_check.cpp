@@ -10,18 +10,18 @@ namespace kzq {
 namespace {
 
 /// What has happened to a slot, if anything, and why that stops the operation.
-std::string change(std::uint8_t slot, const std::optional<Loop>& asked, const Loops& now) {
-    const auto found = now.find(slot);
-    const auto there = found == now.end() ? std::nullopt : std::optional(found->second);
+std::string change(SlotNumber slot, const std::optional<Loop>& asked, const Loops& now) {
+    const auto* const found = now.find(slot);
+    const auto there = found == nullptr ? std::nullopt : std::optional(*found);
     if (there && !hasPossibleLength(*there)) {
         return longerThanMemory(slot);
     }
     if (there == asked) {
         return {};
     }
-    const auto loop = "loop " + std::to_string(slot);
+    const auto loop = "loop " + std::to_string(slot.number());
     if (!asked) {
-        return "a loop was recorded into slot " + std::to_string(slot) + " meanwhile.";
+        return "a loop was recorded into slot " + std::to_string(slot.number()) + " meanwhile.";
     }
     return loop + (there ? " was recorded anew meanwhile." : " is gone from the pedal.");
 }
@@ -33,8 +33,8 @@ void stop(KZQ7306& looper, const std::string& why, std::string_view consequence)
 
 }  // namespace
 
-std::string longerThanMemory(std::uint8_t slot) {
-    return "loop " + std::to_string(slot) + " is said to be longer than the pedal's memory.";
+std::string longerThanMemory(SlotNumber slot) {
+    return "loop " + std::to_string(slot.number()) + " is said to be longer than the pedal's memory.";
 }
 
 std::optional<Loops> unchangedTable(KZQ7306& looper, const AskedLoops& asked, std::string_view consequence) {

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "loops/slot_number.h"
 #include "loops/status.h"
 
 namespace kzq {
@@ -14,10 +15,10 @@ class KZQ7306;
 
 /// The slots that an operation is about to write or erase, each with the loop that the user was asked about;
 /// nothing where the user saw an empty row.
-using AskedLoops = std::map<std::uint8_t, std::optional<Loop>>;
+using AskedLoops = std::map<SlotNumber, std::optional<Loop>>;
 
 /// Of a loop that no pedal can hold: its size in the table is wrong, and nothing is done with it.
-std::string longerThanMemory(std::uint8_t slot);
+std::string longerThanMemory(SlotNumber slot);
 
 /// The pedal's table, read for an operation that is about to begin. Nothing when it does not come whole, or
 /// when a slot does not hold what the user was asked about, or what no pedal can; the log then says why, with

@@ -15,7 +15,7 @@ std::uint64_t AppDelegate::existingAndTeedUpExportSamples() const {
 std::uint64_t AppDelegate::existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
                                                                             std::uint8_t slot) const {
     return kzq::existingAndTeedUpExportSamplesWithProposedExport(existingLoops(), selectedExportSlots_,
-                                                                 frames, slot);
+                                                                 frames, *SlotNumber::of(slot));
 }
 
 /// The pedal's loops as the import rows show them, as far as the meter needs them.
@@ -23,7 +23,7 @@ Loops AppDelegate::existingLoops() const {
     Loops loops;
     for (const auto& slot : importSlots_) {
         if (slot->occupied()) {
-            loops[slot->number()].samples = static_cast<std::uint32_t>(slot->samples());
+            loops.put(slot->slot(), {.samples = static_cast<std::uint32_t>(slot->samples())});
         }
     }
     return loops;

@@ -15,7 +15,7 @@ void AppDelegate::selectAll() {
     for (const auto& slot : importSlots_) {
         if (slot->occupied()) {
             slot->setSelected(true);
-            selectedImportSlots_.insert(slot->number());
+            selectedImportSlots_.insert(slot->slot());
         }
     }
     if (!selectedImportSlots_.empty()) {

@@ -35,9 +35,9 @@ void AppDelegate::checkboxStateChangedForImportSlot(Slot& slot) {
         }
     }
     if (slot.selected()) {
-        selectedImportSlots_.insert(slot.number());
+        selectedImportSlots_.insert(slot.slot());
     } else {
-        selectedImportSlots_.erase(slot.number());
+        selectedImportSlots_.erase(slot.slot());
         focusContent();
     }
     setImportAndEraseEnabled(!selectedImportSlots_.empty());
@@ -62,7 +62,7 @@ void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
     if (urls.isEmpty()) {
         return;
     }
-    const Drop drop{slot.number(), urls.first(), ++drops_};
+    const Drop drop{slot.slot(), urls.first(), ++drops_};
     environment_.executor.background(
         Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop,
                          convert = environment_.convert, path = drop.file.toLocalFile().toStdString()] {
@@ -81,7 +81,7 @@ void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
 void AppDelegate::stage(const Drop& drop, const std::filesystem::path& copy) {
     std::error_code error;
     const auto size = std::filesystem::file_size(copy, error);
-    auto* const slot = slotNumber(drop.slot, Slot::exportContext);
+    auto* const slot = row(drop.slot, Slot::exportContext);
     if (error || size < waveHeaderSize || slot == nullptr) {
         return;
     }
@@ -89,7 +89,7 @@ void AppDelegate::stage(const Drop& drop, const std::filesystem::path& copy) {
         std::filesystem::remove(copy, error);  // a later drop on this row was converted sooner
         return;
     }
-    const auto info = exportInfoForLoop(drop.slot, slot->occupied(), copy, size - waveHeaderSize);
+    const auto info = exportInfoForLoop(drop.slot.number(), slot->occupied(), copy, size - waveHeaderSize);
     if (!info) {
         return;
     }
@@ -111,7 +111,7 @@ void AppDelegate::stage(const Drop& drop, const std::filesystem::path& copy) {
 }
 
 void AppDelegate::exportAboutToBeRemoved(Slot& slot) {
-    if (const auto staged = selectedExportSlots_.find(slot.number()); staged != selectedExportSlots_.end()) {
+    if (const auto staged = selectedExportSlots_.find(slot.slot()); staged != selectedExportSlots_.end()) {
         std::error_code ignored;
         std::filesystem::remove(staged->second.source, ignored);
     }
@@ -119,7 +119,7 @@ void AppDelegate::exportAboutToBeRemoved(Slot& slot) {
 
 void AppDelegate::exportRemoved(Slot& slot) {
     slot.setExported(false);
-    selectedExportSlots_.erase(slot.number());
+    selectedExportSlots_.erase(slot.slot());
     window_.exportButton()->setEnabled(!selectedExportSlots_.empty());
     const bool overwrites = std::ranges::any_of(
         exportSlots_, [](const auto& row) { return row->occupied() && row->exporting().has_value(); });

@@ -94,7 +94,7 @@ void AppDelegate::onLink(OnLink ready, OnLink operation) {
 void AppDelegate::endRefusedRun() {
     closeProgress();
     for (const auto& [number, name] : run_->deselected) {
-        auto& slot = *slotNumber(number, Slot::importContext);
+        auto& slot = *row(number, Slot::importContext);
         if (slot.occupied() && !run_->pedalLeft) {
             slot.setSelected(true);
             slot.setCustomImportName(name);

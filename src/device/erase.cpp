@@ -13,13 +13,13 @@ constexpr auto erasePause = std::chrono::milliseconds(25);
 }  // namespace
 
 bool KZQ7306::eraseLoop(std::uint8_t slot) {
-    const auto address = static_cast<std::uint8_t>(slot - 1);
-    if (address >= loopSlots) {
+    const auto known = SlotNumber::of(slot);
+    if (!known) {
         return fail(Trouble::Kind::badRequest);
     }
     const std::lock_guard guard(*lock_);
     setTrouble(std::nullopt);
-    if (!ask(wire::eraseLoop, address).accepted) {
+    if (!ask(wire::eraseLoop, known->address().wire()).accepted) {
         return false;
     }
     environment_.executor.sleep(erasePause);

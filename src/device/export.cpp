@@ -99,11 +99,11 @@ bool KZQ7306::exportLoops(Exports exports, TransferProgress progress,
                                  completion = std::move(completion)](KZQ7306& self) {
         std::vector<std::uint8_t> slots;  // ascending, as the map is
         for (const auto& entry : exports) {
-            slots.push_back(entry.first);
+            slots.push_back(entry.first.number());
         }
         const auto total = self.runningTotal(progress);
         const auto transfer = [&](std::uint8_t slot) {
-            const auto sent = self.exportLoop(exports.at(slot), total);
+            const auto sent = self.exportLoop(exports.at(*SlotNumber::of(slot)), total);
             partialCompletion(sent, slot);
             return sent != 0;
         };

@@ -17,14 +17,15 @@ constexpr std::uint32_t pedalChannels = 2;
 
 std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
                                                              const TransferProgress& progress) {
-    if (slot == 0 || slot > loopSlots || !progress) {
+    const auto known = SlotNumber::of(slot);
+    if (!known || !progress) {
         fail(Trouble::Kind::badRequest);
         return std::nullopt;
     }
     const std::lock_guard guard(*lock_);
     setTrouble(std::nullopt);
     try {
-        return kept(readLoop(slot, progress));
+        return kept(readLoop(*known, progress));
     } catch (const std::bad_alloc&) {
         log(LogCategory::device, "import: not enough memory for the loop");
         fail(Trouble::Kind::outOfMemory);
@@ -32,20 +33,20 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
     }
 }
 
-Result<Bytes> KZQ7306::readLoop(std::uint8_t slot, const TransferProgress& progress) {
+Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progress) {
     const auto now = query(true);
     if (!now) {
         return now.error();
     }
-    const auto loop = now->loops.find(slot);
-    if (loop == now->loops.end()) {
+    const auto* const loop = now->loops.find(slot);
+    if (loop == nullptr) {
         return Trouble{now->loops.complete ? Trouble::Kind::emptySlot : Trouble::Kind::noStatus};
     }
-    const auto answer = ask(wire::importLoop, loop->second.address, loop->second.channel);
+    const auto answer = ask(wire::importLoop, loop->address, loop->channel);
     if (!answer.accepted) {
         return answer.trouble();
     }
-    const auto audio = readAudio(loop->second, slot, progress);
+    const auto audio = readAudio(*loop, slot, progress);
     if (!audio) {
         return audio.error();
     }
@@ -57,7 +58,7 @@ Result<Bytes> KZQ7306::readLoop(std::uint8_t slot, const TransferProgress& progr
 }
 
 /// The loop's frames, once the pedal has agreed to send them; the padding after them is dropped.
-Result<Bytes> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot, const TransferProgress& progress) {
+Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress) {
     Bytes audio;
     audio.reserve(std::size_t{loop.alignedBytes} + transferPiece);
     while (audio.size() < loop.alignedBytes) {
@@ -70,7 +71,7 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, std::uint8_t slot, const Tran
             return std::move(piece.error());
         }
         audio.insert(audio.end(), piece->begin(), piece->end());
-        progress(static_cast<std::uint32_t>(piece->size()), slot);
+        progress(static_cast<std::uint32_t>(piece->size()), slot.number());
     }
     // A table entry so large that its size wraps, padded or not: no WAV could hold it, and what came is not
     // it.

@@ -250,8 +250,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool readLoops(Loops& loops, bool& whole);
     Result<Bytes> receive(std::int32_t length);
     Result<std::size_t> send(ByteView bytes);
-    Result<Bytes> readLoop(std::uint8_t slot, const TransferProgress& progress);
-    Result<Bytes> readAudio(const Loop& loop, std::uint8_t slot, const TransferProgress& progress);
+    Result<Bytes> readLoop(SlotNumber slot, const TransferProgress& progress);
+    Result<Bytes> readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress);
     Result<std::uint32_t> sendLoop(const ExportInfo& info, const TransferProgress& progress);
     Result<std::uint32_t> sendAudio(const ExportInfo& info, ByteView audio, const TransferProgress& progress);
 

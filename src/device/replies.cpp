@@ -54,7 +54,7 @@ void addLoops(Loops& loops, ByteView reply, std::uint8_t first) {
     for (std::size_t i = 0; i < recordsInReply; ++i) {
         const auto address = static_cast<std::uint8_t>(first + i);
         if (const auto loop = loopIn(reply.subspan(i * loopRecordLength, loopRecordLength), address)) {
-            loops.emplace(static_cast<std::uint8_t>(address + 1), *loop);
+            loops.put(*SlotNumber::of(address + 1U), *loop);
         }
     }
 }

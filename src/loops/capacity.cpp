@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "loops/facts.h"
+#include "loops/frames.h"
 
 namespace kzq {
 
@@ -26,9 +27,9 @@ FramesBySlot existingAndTeedUpFrames(const Loops& existing, const Exports& teedU
     for (const auto& [slot, loop] : existing) {
         frames[slot] = loop.samples;
     }
-    for (const auto& [slot, info] : teedUp) {
-        if (info.destination != 0) {
-            frames[info.destination] = info.bytes / frameBytes;
+    for (const auto& [key, info] : teedUp) {
+        if (const auto destination = SlotNumber::of(info.destination)) {
+            frames[*destination] = Frames::ofBytes(info.bytes).count;
         }
     }
     return frames;
@@ -39,7 +40,7 @@ std::uint64_t existingAndTeedUpExportSamples(const Loops& existing, const Export
 }
 
 std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& existing, const Exports& teedUp,
-                                                               std::uint64_t frames, std::uint8_t slot) {
+                                                               std::uint64_t frames, SlotNumber slot) {
     auto all = existingAndTeedUpFrames(existing, teedUp);
     all[slot] = frames;
     return sum(all);

@@ -7,13 +7,14 @@
 
 #include "loops/export_info.h"
 #include "loops/loops.h"
+#include "loops/slot_number.h"
 
 namespace kzq {
 
 // What fits into the pedal. All counts are frames; divisions truncate.
 
 /// Frames by slot.
-using FramesBySlot = std::map<std::uint8_t, std::uint64_t>;
+using FramesBySlot = std::map<SlotNumber, std::uint64_t>;
 
 /// The contents of each slot once everything staged is written: a staged file counts instead of the loop it
 /// will overwrite.
@@ -21,7 +22,7 @@ FramesBySlot existingAndTeedUpFrames(const Loops& existing, const Exports& teedU
 std::uint64_t existingAndTeedUpExportSamples(const Loops& existing, const Exports& teedUp);
 /// The same with `frames` for `slot`, in place of what is there.
 std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(const Loops& existing, const Exports& teedUp,
-                                                               std::uint64_t frames, std::uint8_t slot);
+                                                               std::uint64_t frames, SlotNumber slot);
 
 /// Whether a loop can be as long as the pedal's table says. If not, it is neither read nor replaced nor
 /// erased: its size wraps, and the rest of the table is in doubt as well.

@@ -5,6 +5,8 @@
 #include <map>
 #include <optional>
 
+#include "loops/slot_number.h"
+
 namespace kzq {
 
 /// A loop staged for export to the pedal.
@@ -18,7 +20,7 @@ struct ExportInfo {
 };
 
 /// By slot.
-using Exports = std::map<std::uint8_t, ExportInfo>;
+using Exports = std::map<SlotNumber, ExportInfo>;
 
 /// Nothing if the slot is not 1 to 20, the source is missing or there are no bytes.
 std::optional<ExportInfo> exportInfoForLoop(std::uint8_t loop, bool occupied,

@@ -3,6 +3,8 @@
 #include <compare>
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "loops/facts.h"
 
@@ -40,6 +42,20 @@ class SlotNumber {
 
     std::uint8_t number_;
 };
+
+/// "Loop 7"
+inline std::string loopName(SlotNumber slot) {
+    return loopName(slot.number());
+}
+
+/// 1 to 20.
+inline std::vector<SlotNumber> allSlots() {
+    std::vector<SlotNumber> slots;
+    for (unsigned number = 1; number <= loopSlots; ++number) {
+        slots.push_back(*SlotNumber::of(number));
+    }
+    return slots;
+}
 
 /// 7_slot; a slot that is not there does not compile.
 consteval SlotNumber operator""_slot(unsigned long long number) {

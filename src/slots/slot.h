@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+#include "loops/slot_number.h"
 #include "slots/slot_button.h"
 #include "slots/slot_delegate.h"
 #include "slots/slot_field.h"
@@ -58,6 +59,7 @@ class Slot : public QObject {
     std::int32_t context() const { return context_; }
     bool isExport() const { return context_ != importContext; }
     std::uint8_t number() const { return number_; }
+    SlotNumber slot() const { return *SlotNumber::of(number_); }
 
     /// Whether the row can be used; its button and field follow.
     bool enabled() const { return enabled_; }

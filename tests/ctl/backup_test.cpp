@@ -121,8 +121,8 @@ TEST_F(BackupTest, LoopsOfTwoMomentsAreNoBackup) {
 TEST(BackupIndex, OnlyAWholeIndexIsRead) {
     ctl::BackupIndex index;
     index.firmware = "1.05";
-    index.loops[3] = {"Loop 3.wav", 7, 90, 255, std::string(64, 'a')};
-    index.loops[20] = {"20.wav", 0xFFFFFFFF, 1, 1, std::string(64, '0')};
+    index.loops.emplace(3_slot, ctl::BackupEntry{"Loop 3.wav", 7, 90, 255, std::string(64, 'a')});
+    index.loops.emplace(20_slot, ctl::BackupEntry{"20.wav", 0xFFFFFFFF, 1, 1, std::string(64, '0')});
     const auto text = ctl::indexText(index);
     EXPECT_EQ(ctl::indexFromText(text), index);
 

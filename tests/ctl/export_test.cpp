@@ -217,17 +217,14 @@ TEST_F(ExportTest, CancelDuringAConversion) {
 }
 
 TEST(ExportPlan, WhatShrinksGoesFirst) {
-    const Loops loops = {{1, {.samples = 10}}, {2, {.samples = 90}}, {3, {.samples = 50}}};
+    const Loops loops = {{1_slot, {.samples = 10}}, {2_slot, {.samples = 90}}, {3_slot, {.samples = 50}}};
     Exports exports;
     for (const auto& [slot, frames] :
-         std::map<std::uint8_t, std::uint64_t>{{1, 90}, {2, 10}, {3, 45}, {4, 5}}) {
-        exports[slot] = exportInfoForLoop(slot, loops.contains(slot), "x", frames * 6).value();
+         std::map<SlotNumber, std::uint64_t>{{1_slot, 90}, {2_slot, 10}, {3_slot, 45}, {4_slot, 5}}) {
+        exports.emplace(slot,
+                        exportInfoForLoop(slot.number(), loops.contains(slot), "x", frames * 6).value());
     }
-    std::vector<int> order;
-    for (const auto& info : ctl::inOrderOfGrowth(exports, loops)) {
-        order.push_back(info.destination);
-    }
-    EXPECT_THAT(order, ElementsAre(2, 3, 1, 4));
+    EXPECT_THAT(ctl::inOrderOfGrowth(exports, loops), ElementsAre(2_slot, 3_slot, 1_slot, 4_slot));
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ TEST(Options, GlobalOnesStandAnywhere) {
         const auto parsed = parseOptions(words);
         ASSERT_TRUE(parsed.options) << parsed.text;
         EXPECT_EQ(parsed.options->subcommand, Subcommand::import);
-        EXPECT_THAT(parsed.options->slots, ElementsAre(3, 4, 5, 8));
+        EXPECT_THAT(parsed.options->slots, ElementsAre(3_slot, 4_slot, 5_slot, 8_slot));
         EXPECT_TRUE(parsed.options->json && parsed.options->simulate);
         EXPECT_THAT(parsed.options->simulatedFolder.string(), IsEmpty());
         EXPECT_EQ(parsed.options->wait, 1500ms);

@@ -17,7 +17,8 @@ class Export : public PedalTest {
         std::ofstream(path, std::ios::binary)
             .write(reinterpret_cast<const char*>(content.data()),
                    static_cast<std::streamsize>(content.size()));
-        exports[slot] = {path, slot, occupied, content.size() - 44};
+        exports.insert_or_assign(*SlotNumber::of(slot),
+                                 ExportInfo{path, slot, occupied, content.size() - 44});
     }
     void stageFrames(std::uint8_t slot, std::size_t frames, bool occupied = false) {
         stage(slot, *wave(noise(frames, slot), 2), occupied);
@@ -76,7 +77,7 @@ TEST_F(Export, SendsLoopsInAscendingOrderWithTheirOddNumbering) {
 TEST_F(Export, ALoopThatFailsDoesNotStopTheOthers) {
     stage(2, {});
     stage(4, *wave(Bytes{}, 2));
-    exports[5] = {folder / "missing.wav", 5, false, 6};
+    exports.emplace(5_slot, ExportInfo{folder / "missing.wav", 5, false, 6});
     stageFrames(6, 10);
     stageFrames(7, 2000);
     stageFrames(8, 10);
@@ -93,11 +94,11 @@ TEST_F(Export, ALoopThatFailsDoesNotStopTheOthers) {
 }
 
 TEST_F(Export, AWorkingCopyThatIsNoFileOrLongerThanAnyLoopIsNotSent) {
-    exports[2] = {folder, 2, false, 6};
+    exports.emplace(2_slot, ExportInfo{folder, 2, false, 6});
     stage(4, {1});
-    std::filesystem::resize_file(exports[4].source,
+    std::filesystem::resize_file(exports.at(4_slot).source,
                                  63'504'000ULL * 6 + 45);  // one byte more than a full pedal
-    exports[5] = {"/dev/zero", 5, false, 6};
+    exports.emplace(5_slot, ExportInfo{"/dev/zero", 5, false, 6});
     stageFrames(6, 1);
     stage(7, Bytes{1, 2, 3, 4, 5, 6});  // not a wave: is sent unchanged
     exportLoops();

@@ -35,8 +35,9 @@ TEST_F(Polling, ReadsTheWholeStatusEveryFiveSecondsAndReportsOnlyChanges) {
     EXPECT_THAT(usb.calls, ElementsAre("E8/2A 1 0 [8]", "E9/2A 1 0 [8]", "EA/2A 1 0 [8]", "EB/2A 1 0 [60]",
                                        "EC/2A 1 0 [60]"));
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000"));
-    const Status expected{
-        0x04030201, "1.05", {{1, {0, 1, 1, 1, 6, 64}}, {11, {10, 65536, 120, 255, 393216, 393216}}}};
+    const Status expected{0x04030201,
+                          "1.05",
+                          {{1_slot, {0, 1, 1, 1, 6, 64}}, {11_slot, {10, 65536, 120, 255, 393216, 393216}}}};
     EXPECT_EQ(delegate->last, expected);
 
     executor.advance(10s);
@@ -46,7 +47,7 @@ TEST_F(Polling, ReadsTheWholeStatusEveryFiveSecondsAndReportsOnlyChanges) {
     setLoop(0xEB, 9, {64, 0, 0, 0, 1, 2});
     executor.advance(5s);
     EXPECT_THAT(delegate->events, ElementsAre("changed 2@5000", "changed 3@20000"));
-    EXPECT_EQ(delegate->last.loops.at(10), (Loop{9, 64, 1, 2, 384, 384}));
+    EXPECT_EQ(*delegate->last.loops.find(10_slot), (Loop{9, 64, 1, 2, 384, 384}));
 }
 
 TEST_F(Polling, StartsFiveSecondsAfterTheLastStartButOneAfterItsEnd) {
@@ -233,7 +234,7 @@ TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {
         reply.resize(60);
         Loops loops;
         addLoops(loops, reply, 0);
-        return loops.empty() ? std::nullopt : std::optional(loops.at(4));
+        return loops.empty() ? std::nullopt : std::optional(*loops.find(4_slot));
     };
     EXPECT_EQ(loop({0, 0, 0, 0, 1, 1}), std::nullopt);
     EXPECT_EQ(loop({1, 0, 0, 0, 0, 1}), std::nullopt);

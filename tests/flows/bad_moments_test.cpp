@@ -246,7 +246,7 @@ TEST_F(BadMoments, NothingIsOverwrittenOrErasedThatTheUserWasNotAskedAbout) {
     EXPECT_THAT(sent(0xED), IsEmpty());
     EXPECT_EQ(importRow(3).samples(), 50U);
     dialogs.answer = [] { return alertFirstButton; };
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 3));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 3_slot));
     window->eraseButton()->click();
     EXPECT_TRUE(becomesIdle());
     EXPECT_FALSE(importRow(1).occupied() || importRow(3).occupied());
@@ -265,7 +265,7 @@ TEST_F(BadMoments, ATableThatDoesNotComeWholeDecidesAndShowsNothing) {
     pedal.setLoop(3, loopOf(50, 1));
     pass(20s);
     EXPECT_TRUE(importRow(3).occupied());
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot));
     EXPECT_EQ(importRow(3).name(), "typed");
     EXPECT_EQ(caption(), before);
     for (auto* const button : {window->exportButton(), window->eraseButton()}) {
@@ -361,7 +361,7 @@ TEST_F(BadMoments, AConversionThatFinishesAfterThePedalHasLeft) {
     pedal.unplug();
     pass(10s);
     EXPECT_EQ(exportRow(2).name(), "late");
-    EXPECT_EQ(delegate->selectedExportSlots().at(2).bytes, 60U);
+    EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 60U);
     EXPECT_TRUE(window->saysNoPedal());
     window->exportButton()->click();
     pass(1s);

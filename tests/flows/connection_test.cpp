@@ -45,18 +45,18 @@ TEST_F(FlowTest, AChangeOnThePedalKeepsTheSelectionOfLoopsThatAreStillThere) {
     pedal.setLoop(0, loopOf(4000, 1));
     pedal.setLoop(2, std::nullopt);
     pass(6s);  // the next poll
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot));
     EXPECT_TRUE(importRow(1).selected());
     EXPECT_FALSE(importRow(3).occupied() || importRow(3).selected() || exportRow(3).occupied());
     EXPECT_TRUE(window->importButton()->isEnabled() && window->eraseButton()->isEnabled());
     EXPECT_TRUE(window->warning()->isHidden());
-    EXPECT_FALSE(delegate->selectedExportSlots().at(3).occupied);
+    EXPECT_FALSE(delegate->selectedExportSlots().at(3_slot).occupied);
     EXPECT_EQ(importRow(1).alignedBytes(), 24'000U);
     EXPECT_EQ(exportRow(1).alignedBytes(), padded);  // only a connection brings it
     pedal.setLoop(2, loopOf(5, 1));
     pedal.setLoop(0, std::nullopt);
     pass(6s);
-    EXPECT_TRUE(delegate->selectedExportSlots().at(3).occupied);
+    EXPECT_TRUE(delegate->selectedExportSlots().at(3_slot).occupied);
     EXPECT_FALSE(window->warning()->isHidden());
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
     EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());

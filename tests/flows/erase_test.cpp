@@ -56,7 +56,7 @@ TEST_F(FlowTest, EraseChangesNothingAfterANoAtABusyPedalOrWithoutASelection) {
     window->eraseButton()->click();
     pass(1s);
     EXPECT_THAT(dialogs.take(), ElementsAre(erasing, isBusy));
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot));
     pedal.setBusy(false);
     select({3});
     delegate->eraseButtonClicked();

@@ -151,7 +151,7 @@ void FlowTest::drop(std::uint8_t slot, const fs::path& file) {
 void FlowTest::stage(std::uint8_t slot, std::uint64_t frames) {
     drop(slot, audioFile("song " + std::to_string(slot) + ".wav", frames));
     executor.settle();
-    ASSERT_TRUE(delegate->selectedExportSlots().contains(slot));
+    ASSERT_TRUE(delegate->selectedExportSlots().contains(*SlotNumber::of(slot)));
 }
 
 std::string FlowTest::caption() const {

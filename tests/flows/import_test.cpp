@@ -77,7 +77,7 @@ TEST_F(FlowTest, ABusyPedalOrACancelledChooserChangesNothing) {
         EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
     }
     EXPECT_FALSE(shieldUp());
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot));
     EXPECT_THAT(files(), IsEmpty());
 }
 
@@ -107,7 +107,7 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), IsEmpty());
     EXPECT_THAT(logged, testing::Contains(HasSubstr("Nothing was saved. There is too little space in")));
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 20));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 20_slot));
     ++freeSpace;
     port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {
         if (request == 0xEC) {  // loop 20: 715,827,883 frames, whose size wraps to 2 bytes

@@ -22,7 +22,7 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     pass(999ms);
     EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
     pass(1ms);
-    const auto info = delegate->selectedExportSlots().at(3);
+    const auto info = delegate->selectedExportSlots().at(3_slot);
     EXPECT_EQ(info.bytes, 3000U);
     EXPECT_TRUE(info.occupied);
     EXPECT_EQ(info.source.parent_path(), base / "copies");
@@ -85,7 +85,7 @@ TEST_F(FlowTest, AChosenFileIsStagedOnceThePanelHasClosed) {
     pass(99ms);
     EXPECT_EQ(workingCopies(), 0);
     pass(1ms);
-    EXPECT_EQ(delegate->selectedExportSlots().at(2).bytes, 42U);
+    EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 42U);
 }
 
 TEST_F(FlowTest, TheLastDropOnARowWinsHoweverLongItsConversionTook) {
@@ -97,7 +97,7 @@ TEST_F(FlowTest, TheLastDropOnARowWinsHoweverLongItsConversionTook) {
     drop(2, audioFile("quick.wav", 20));
     pass(20s);
     EXPECT_EQ(exportRow(2).name(), "quick");
-    EXPECT_EQ(delegate->selectedExportSlots().at(2).bytes, 120U);
+    EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 120U);
     EXPECT_EQ(workingCopies(), 1);
 }
 
@@ -108,13 +108,13 @@ TEST_F(FlowTest, TheImportSelectionFollowsTheCheckboxes) {
     select({20});  // ends the renaming of another row
     EXPECT_FALSE(importRow(3).field()->isEditable());
     EXPECT_EQ(importRow(3).customImportName(), "tape");
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3, 20));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot, 20_slot));
     EXPECT_TRUE(window->importButton()->isEnabled() && window->eraseButton()->isEnabled());
     select({3, 20});
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
     EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
     window->selectAllButton()->click();
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1, 3, 20));
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 3_slot, 20_slot));
     type(3, "half typed");
     window->deselectAllButton()->click();
     EXPECT_EQ(importRow(3).field()->currentEditor(), nullptr);

@@ -15,14 +15,15 @@ Loop recorded(std::uint32_t samples) {
 }
 
 TEST(Capacity, AStagedFileCountsInsteadOfWhatItWillOverwrite) {
-    const Loops existing{{1, recorded(100)}, {20, recorded(7)}};
-    Exports teedUp{{1, {"a.wav", 1, true, 61}}, {5, {"b.wav", 5, false, 600}}};
+    const Loops existing{{1_slot, recorded(100)}, {20_slot, recorded(7)}};
+    Exports teedUp{{1_slot, {"a.wav", 1, true, 61}}, {5_slot, {"b.wav", 5, false, 600}}};
     EXPECT_EQ(existingAndTeedUpExportSamples(existing, {}), 107U);
     EXPECT_EQ(existingAndTeedUpExportSamples(existing, teedUp), 10U + 100U + 7U);
-    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 5), 10U + 3U + 7U);
-    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 20), 10U + 100U + 3U);
-    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 9), 117U + 3U);
-    teedUp[5].destination = 0;  // bound for nowhere
+    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 5_slot), 10U + 3U + 7U);
+    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 20_slot),
+              10U + 100U + 3U);
+    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 9_slot), 117U + 3U);
+    teedUp.at(5_slot).destination = 0;  // bound for nowhere
     EXPECT_EQ(existingAndTeedUpExportSamples(existing, teedUp), 17U);
 }
 

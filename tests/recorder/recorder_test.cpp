@@ -138,8 +138,8 @@ TEST_F(RecorderTest, AKeptRecordingGivesWhatItGave) {
     EXPECT_THAT(differences, IsEmpty());
     EXPECT_EQ(kept.imported, 1);
     ASSERT_EQ(kept.loops.size(), 1);
-    EXPECT_EQ(kept.loops.at(4).samples, 100);
-    EXPECT_EQ(kept.loops.at(4).channel, 255);
+    EXPECT_EQ(kept.loops.find(4_slot)->samples, 100);
+    EXPECT_EQ(kept.loops.find(4_slot)->channel, 255);
     EXPECT_EQ(kept.files.at(4), wave(ramp(100), 2));
 }
 

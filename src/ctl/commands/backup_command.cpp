@@ -83,8 +83,8 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
 /// Otherwise the file is kept, as it may be the only copy, but is not part of this backup.
 void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
     for (auto entry = index.loops.begin(); entry != index.loops.end();) {
-        const auto loop = loops.find(entry->first);
-        if (loop != loops.end() && entry->second.describes(loop->second) && folder_.loop(entry->second)) {
+        const auto* const loop = loops.find(entry->first);
+        if (loop != nullptr && entry->second.describes(*loop) && folder_.loop(entry->second)) {
             ++entry;
         } else {
             entry = index.loops.erase(entry);
@@ -95,7 +95,7 @@ void BackupCommand::keepWhatIsThere(const Loops& loops, BackupIndex& index) {
 /// False when there is no point in going on. A loop that is already in the index is read as well: a new
 /// recording may have the same length and leave the pedal's table as it was.
 bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& index) {
-    const auto slot = static_cast<std::uint8_t>(loop.address + 1);
+    const auto slot = *SlotNumber::of(loop.address + 1U);
     const bool possible = hasPossibleLength(loop);
     const auto image = possible ? read(pedal, slot) : std::nullopt;
     if (possible && !image && pedal.ended()) {
@@ -112,7 +112,7 @@ bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& 
     const auto kept = index.loops.find(slot);
     if (kept != index.loops.end() && kept->second.sha256 == audioDigest(*image)) {
         context().output.endProgress();
-        report().tell("kept", {{"slot", slot}, {"file", kept->second.file}},
+        report().tell("kept", {{"slot", slot.number()}, {"file", kept->second.file}},
                       loopName(slot) + ": already saved.");
         return true;
     }
@@ -120,13 +120,13 @@ bool BackupCommand::saveLoop(PedalWorker& pedal, const Loop& loop, BackupIndex& 
 }
 
 bool BackupCommand::storeLoop(const Loop& loop, const Bytes& image, BackupIndex& index) {
-    const auto slot = static_cast<std::uint8_t>(loop.address + 1);
+    const auto slot = *SlotNumber::of(loop.address + 1U);
     BackupEntry entry{
         .file = {}, .samples = loop.samples, .tempo = loop.tempo, .channel = loop.channel, .sha256 = {}};
     index.loops.erase(slot);
     std::string what = loopName(slot);
     const auto stored = folder_.addLoop(slot, image, entry).and_then([&] {
-        index.loops[slot] = entry;
+        index.loops.insert_or_assign(slot, entry);
         what = "The list of loops";
         return folder_.writePartialIndex(index);
     });
@@ -138,7 +138,7 @@ bool BackupCommand::storeLoop(const Loop& loop, const Bytes& image, BackupIndex&
         return false;
     }
     context().output.endProgress();
-    report().tell("saved", {{"slot", slot}, {"file", entry.file}, {"samples", entry.samples}},
+    report().tell("saved", {{"slot", slot.number()}, {"file", entry.file}, {"samples", entry.samples}},
                   loopName(slot) + ": saved as " + (folder_.path() / entry.file).string() + " (" +
                       sizeText(image.size()) + ").");
     return true;
@@ -173,15 +173,16 @@ ExitCode BackupCommand::compare(PedalWorker& pedal, const Loops& loops, const Ba
     for (const auto& [slot, loop] : loops) {
         const auto entry = index.loops.find(slot);
         if (entry != index.loops.end() && entry->second.samples == loop.samples) {
-            alike.emplace(slot, loop);
+            alike.put(slot, loop);
         }
     }
     startProgress(alike);
-    for (std::uint8_t slot = 1; slot <= loopSlots && !pedal.ended(); ++slot) {
-        const auto loop = loops.find(slot);
+    for (const auto slot : allSlots()) {
+        if (pedal.ended()) {
+            break;
+        }
         const auto entry = index.loops.find(slot);
-        compareLoop(pedal, slot, loop == loops.end() ? nullptr : &loop->second,
-                    entry == index.loops.end() ? nullptr : &entry->second);
+        compareLoop(pedal, slot, loops.find(slot), entry == index.loops.end() ? nullptr : &entry->second);
     }
     progress_->end();
     return conclude(pedal, tally_,
@@ -192,7 +193,7 @@ ExitCode BackupCommand::compare(PedalWorker& pedal, const Loops& loops, const Ba
                               " differ. Nothing was written; choose another folder for a new backup.");
 }
 
-void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loop* loop,
+void BackupCommand::compareLoop(PedalWorker& pedal, SlotNumber slot, const Loop* loop,
                                 const BackupEntry* entry) {
     if (loop == nullptr && entry == nullptr) {
         return;
@@ -212,7 +213,7 @@ void BackupCommand::compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loo
 }
 
 /// A different tempo or channel is mentioned but does not count, as no restore can bring it back.
-void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Loop& loop,
+void BackupCommand::compareAudio(PedalWorker& pedal, SlotNumber slot, const Loop& loop,
                                  const BackupEntry& entry) {
     const auto image = read(pedal, slot);
     if (!image && pedal.ended()) {
@@ -225,14 +226,14 @@ void BackupCommand::compareAudio(PedalWorker& pedal, std::uint8_t slot, const Lo
     } else {
         ++tally_.done;
         context().output.endProgress();
-        report().tell("unchanged", {{"slot", slot}},
+        report().tell("unchanged", {{"slot", slot.number()}},
                       loopName(slot) + (entry.describes(loop) ? ": unchanged."
                                                               : ": the audio is unchanged; tempo or channel "
                                                                 "differs."));
     }
 }
 
-void BackupCommand::differs(std::uint8_t slot, const std::string& how) {
+void BackupCommand::differs(SlotNumber slot, const std::string& how) {
     failed(tally_, slot, "changed", {ExitCode::someFailed, loopName(slot) + " " + how});
 }
 
@@ -244,7 +245,7 @@ void BackupCommand::startProgress(const Loops& loops) {
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
 }
 
-std::optional<Bytes> BackupCommand::read(PedalWorker& pedal, std::uint8_t slot) {
+std::optional<Bytes> BackupCommand::read(PedalWorker& pedal, SlotNumber slot) {
     progress_->begin(slot, "read", loopName(slot));
     return pedal.importLoop(slot, [progress = progress_](std::uint64_t bytes) { progress->update(bytes); });
 }

@@ -24,12 +24,12 @@ class BackupCommand : public PedalCommand {
     void keepWhatIsThere(const Loops& loops, BackupIndex& index);
 
     ExitCode compare(PedalWorker& pedal, const Loops& loops, const BackupIndex& index);
-    void compareLoop(PedalWorker& pedal, std::uint8_t slot, const Loop* loop, const BackupEntry* entry);
-    void compareAudio(PedalWorker& pedal, std::uint8_t slot, const Loop& loop, const BackupEntry& entry);
-    void differs(std::uint8_t slot, const std::string& how);
+    void compareLoop(PedalWorker& pedal, SlotNumber slot, const Loop* loop, const BackupEntry* entry);
+    void compareAudio(PedalWorker& pedal, SlotNumber slot, const Loop& loop, const BackupEntry& entry);
+    void differs(SlotNumber slot, const std::string& how);
 
     void startProgress(const Loops& loops);
-    std::optional<Bytes> read(PedalWorker& pedal, std::uint8_t slot);
+    std::optional<Bytes> read(PedalWorker& pedal, SlotNumber slot);
 
     BackupFolder folder_;
     std::shared_ptr<ProgressLine> progress_;

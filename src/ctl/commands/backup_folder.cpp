@@ -66,7 +66,7 @@ std::optional<Bytes> BackupFolder::loop(const BackupEntry& entry) const {
     return std::move(*image);
 }
 
-Result<void> BackupFolder::addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const {
+Result<void> BackupFolder::addLoop(SlotNumber slot, const Bytes& image, BackupEntry& entry) const {
     const std::string name = loopName(slot);
     entry.sha256 = audioDigest(image);
     entry.file = name + ".wav";

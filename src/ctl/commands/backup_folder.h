@@ -5,6 +5,7 @@
 
 #include "audio/wave.h"
 #include "ctl/commands/backup_index.h"
+#include "loops/slot_number.h"
 #include "platform/result.h"
 
 namespace kzq::ctl {
@@ -27,7 +28,7 @@ class BackupFolder {
     /// The file of one loop, if it is complete and has the audio that the index describes.
     std::optional<Bytes> loop(const BackupEntry& entry) const;
     /// Writes a loop's file; an equal one that is there already is taken.
-    Result<void> addLoop(std::uint8_t slot, const Bytes& image, BackupEntry& entry) const;
+    Result<void> addLoop(SlotNumber slot, const Bytes& image, BackupEntry& entry) const;
 
     Result<void> writePartialIndex(const BackupIndex& index) const;
     /// Writes the index; the partial one goes.

@@ -61,8 +61,8 @@ bool readLoops(const Json& list, BackupIndex& index) {
     std::set<std::string> files;
     for (const auto& object : list) {
         const auto entry = object.is_object() ? entryFrom(object) : std::nullopt;
-        const auto slot = entry ? static_cast<std::uint8_t>(numberAt(object, "slot", loopSlots)) : 0;
-        if (slot == 0 || !files.insert(entry->file).second || !index.loops.emplace(slot, *entry).second) {
+        const auto slot = entry ? SlotNumber::of(numberAt(object, "slot", loopSlots)) : std::nullopt;
+        if (!slot || !files.insert(entry->file).second || !index.loops.emplace(*slot, *entry).second) {
             return false;
         }
     }
@@ -74,7 +74,7 @@ bool readLoops(const Json& list, BackupIndex& index) {
 std::string indexText(const BackupIndex& index) {
     Json loops = Json::array();
     for (const auto& [slot, entry] : index.loops) {
-        loops.push_back({{"slot", slot},
+        loops.push_back({{"slot", slot.number()},
                          {"file", entry.file},
                          {"samples", entry.samples},
                          {"tempo", entry.tempo},

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "loops/slot_number.h"
 #include "loops/status.h"
 #include "platform/result.h"
 
@@ -28,7 +29,7 @@ struct BackupEntry {
 /// What a backup holds, by slot.
 struct BackupIndex {
     std::string firmware;
-    std::map<std::uint8_t, BackupEntry> loops;
+    std::map<SlotNumber, BackupEntry> loops;
 
     bool operator==(const BackupIndex&) const = default;
 };

@@ -37,8 +37,8 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
     }
     for (const auto slot : slots) {
         report().tell(
-            "plan", {{"slot", slot}, {"change", "erase"}},
-            loopName(slot) + ": will be erased (" + lengthText(status->loops.at(slot).samples) + ").");
+            "plan", {{"slot", slot.number()}, {"change", "erase"}},
+            loopName(slot) + ": will be erased (" + lengthText(status->loops.find(slot)->samples) + ").");
     }
     if (const auto code =
             declined(pedal, "Erased loop audio cannot be restored. Would you like to continue?")) {
@@ -55,8 +55,8 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
 }
 
 /// Those of the wanted slots that hold a loop.
-std::vector<std::uint8_t> EraseCommand::occupied(const Loops& loops) {
-    std::vector<std::uint8_t> slots;
+std::vector<SlotNumber> EraseCommand::occupied(const Loops& loops) {
+    std::vector<SlotNumber> slots;
     if (options().all) {
         for (const auto& [slot, loop] : loops) {
             slots.push_back(slot);
@@ -67,13 +67,14 @@ std::vector<std::uint8_t> EraseCommand::occupied(const Loops& loops) {
         if (loops.contains(slot)) {
             slots.push_back(slot);
         } else {
-            report().tell("empty", {{"slot", slot}}, "Slot " + std::to_string(slot) + " is already empty.");
+            report().tell("empty", {{"slot", slot.number()}},
+                          "Slot " + std::to_string(slot.number()) + " is already empty.");
         }
     }
     return slots;
 }
 
-std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std::vector<std::uint8_t>& slots,
+std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std::vector<SlotNumber>& slots,
                                   Tally& tally) {
     const auto count = pedal.eraseLoops(slots);
     const auto status = pedal.status();
@@ -85,7 +86,7 @@ std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std:
         const std::string name = loopName(slot);
         if (!status->loops.contains(slot)) {
             ++tally.done;
-            report.tell("erased", {{"slot", slot}}, name + ": erased.");
+            report.tell("erased", {{"slot", slot.number()}}, name + ": erased.");
         } else {
             tally.failures.push_back(
                 {ExitCode::pedalRefused, name + " was not erased: it is still on the pedal."});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ctl/commands/pedal_command.h"
+#include "loops/slot_number.h"
 
 namespace kzq::ctl {
 
@@ -13,12 +14,12 @@ class EraseCommand : public PedalCommand {
     ExitCode work(PedalWorker& pedal) override;
 
   private:
-    std::vector<std::uint8_t> occupied(const Loops& loops);
+    std::vector<SlotNumber> occupied(const Loops& loops);
 };
 
 /// Erases and looks afterwards which loops are gone; the others are reported and counted as failures. Nothing
 /// when the work has ended, otherwise what the pedal holds now.
-std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std::vector<std::uint8_t>& slots,
+std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std::vector<SlotNumber>& slots,
                                   Tally& tally);
 
 }  // namespace kzq::ctl

@@ -52,7 +52,7 @@ ExitCode ExportCommand::work(PedalWorker& pedal) {
 
 /// Nothing is sent unless all of the files can be.
 std::optional<Explanation> ExportCommand::stage(PedalWorker& pedal, const Loops& loops,
-                                                const std::vector<std::uint8_t>& slots) {
+                                                const std::vector<SlotNumber>& slots) {
     for (std::size_t i = 0; i < slots.size(); ++i) {
         if (auto problem = stageFile(pedal, options().files.at(i), slots[i], loops)) {
             return problem;
@@ -63,7 +63,7 @@ std::optional<Explanation> ExportCommand::stage(PedalWorker& pedal, const Loops&
 }
 
 std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const std::filesystem::path& source,
-                                                    std::uint8_t slot, const Loops& loops) {
+                                                    SlotNumber slot, const Loops& loops) {
     const std::string name = "\"" + source.string() + "\"";
     const auto file = convert(pedal, source);
     if (auto end = pedal.ended()) {
@@ -71,9 +71,9 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
     }
     std::error_code error;
     const auto size = file ? std::filesystem::file_size(file->path, error) : 0;
-    const auto info = error || size < waveHeaderSize
-                          ? std::nullopt
-                          : exportInfoForLoop(slot, loops.contains(slot), file->path, size - waveHeaderSize);
+    const auto info = error || size < waveHeaderSize ? std::nullopt
+                                                     : exportInfoForLoop(slot.number(), loops.contains(slot),
+                                                                         file->path, size - waveHeaderSize);
     if (!info) {
         const std::string why = file ? name + " contains no audio." : conversionSentence(file.error());
         const char* const next = why.ends_with('.') ? " Nothing was written." : ". Nothing was written.";
@@ -83,12 +83,15 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
     if (!fitsCapacity(existingAndTeedUpExportSamplesWithProposedExport(loops, exports_, frames, slot))) {
         return Explanation{ExitCode::pedalRefused, name + ": " + std::string(tooLargeSentence)};
     }
-    exports_[slot] = *info;
+    exports_.insert_or_assign(slot, *info);
     report().tell(
         "staged",
-        {{"slot", slot}, {"source", source.string()}, {"samples", frames}, {"occupied", info->occupied}},
+        {{"slot", slot.number()},
+         {"source", source.string()},
+         {"samples", frames},
+         {"occupied", info->occupied}},
         loopName(slot) + ": " + source.string() + ", " + lengthText(frames) +
-            (info->occupied ? ", overwrites a loop of " + lengthText(loops.at(slot).samples) + "." : "."));
+            (info->occupied ? ", overwrites a loop of " + lengthText(loops.find(slot)->samples) + "." : "."));
     return std::nullopt;
 }
 
@@ -123,7 +126,7 @@ bool ExportCommand::overwrites() const {
 
 /// What has come up on the pedal since the user was asked: asked directly before a loop is written.
 std::optional<Explanation> ExportCommand::obstacleNow(PedalWorker& pedal, Loops& loops,
-                                                      const std::vector<std::uint8_t>& slots,
+                                                      const std::vector<SlotNumber>& slots,
                                                       const char* consequence) {
     if (auto problem = changedSince(pedal, loops, slots, consequence)) {
         return problem;
@@ -147,9 +150,9 @@ void ExportCommand::send(PedalWorker& pedal, Loops loops) {
         std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     LoopWriter writer(pedal, progress);
     const auto order = inOrderOfGrowth(exports_, loops);
-    std::vector<std::uint8_t> waiting;
-    std::ranges::transform(order, std::back_inserter(waiting), &ExportInfo::destination);
-    for (const auto& info : order) {
+    auto waiting = order;
+    for (const auto slot : order) {
+        const auto& info = exports_.at(slot);
         // Between two loops minutes may pass in which the pedal is free.
         if (waiting.size() < order.size()) {
             if (const auto problem = obstacleNow(pedal, loops, waiting, nothingMore)) {
@@ -157,34 +160,33 @@ void ExportCommand::send(PedalWorker& pedal, Loops loops) {
                 return;
             }
         }
-        std::erase(waiting, info.destination);
-        auto outcome = writer.write(info);
+        std::erase(waiting, slot);
+        auto outcome = writer.write(slot, info);
         if (outcome.sentence.empty()) {
-            outcome =
-                options().verify
-                    ? writer.readBack(info.destination,
-                                      [&info](ByteView image) { return holdsSameAudio(info.source, image); })
-                    : writer.confirm(info);
+            outcome = options().verify
+                          ? writer.readBack(
+                                slot, [&info](ByteView image) { return holdsSameAudio(info.source, image); })
+                          : writer.confirm(slot, info);
         }
         if (!outcome.sentence.empty() && pedal.ended()) {
             tally_.doubt = outcome.doubt;
             return;
         }
         if (outcome.sentence.empty()) {
-            written(info);
+            written(slot, info);
         } else {
-            failed(tally_, info.destination, outcome.reason, {outcome.code, outcome.sentence});
+            failed(tally_, slot, outcome.reason, {outcome.code, outcome.sentence});
         }
     }
     progress->end();
 }
 
-void ExportCommand::written(const ExportInfo& info) {
+void ExportCommand::written(SlotNumber slot, const ExportInfo& info) {
     ++tally_.done;
     context().output.endProgress();
-    report().tell("written", {{"slot", info.destination}, {"samples", info.bytes / frameBytes}},
-                  loopName(info.destination) + ": written" +
-                      (options().verify ? " and compared, sample for sample." : "."));
+    report().tell(
+        "written", {{"slot", slot.number()}, {"samples", info.bytes / frameBytes}},
+        loopName(slot) + ": written" + (options().verify ? " and compared, sample for sample." : "."));
 }
 
 }  // namespace kzq::ctl

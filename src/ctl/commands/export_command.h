@@ -15,17 +15,17 @@ class ExportCommand : public PedalCommand {
 
   private:
     std::optional<Explanation> stage(PedalWorker& pedal, const Loops& loops,
-                                     const std::vector<std::uint8_t>& slots);
+                                     const std::vector<SlotNumber>& slots);
     std::optional<Explanation> stageFile(PedalWorker& pedal, const std::filesystem::path& source,
-                                         std::uint8_t slot, const Loops& loops);
+                                         SlotNumber slot, const Loops& loops);
     Result<ConvertedFile> convert(PedalWorker& pedal, const std::filesystem::path& source);
     void showSpace(const Loops& loops);
     bool overwrites() const;
 
     std::optional<Explanation> obstacleNow(PedalWorker& pedal, Loops& loops,
-                                           const std::vector<std::uint8_t>& slots, const char* consequence);
+                                           const std::vector<SlotNumber>& slots, const char* consequence);
     void send(PedalWorker& pedal, Loops loops);
-    void written(const ExportInfo& info);
+    void written(SlotNumber slot, const ExportInfo& info);
 
     WorkingCopies* copies_ = nullptr;  ///< of this run
     Exports exports_;

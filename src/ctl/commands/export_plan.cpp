@@ -1,18 +1,20 @@
 #include "ctl/commands/export_plan.h"
 
 #include <algorithm>
+#include <iterator>
+#include <ranges>
 #include <system_error>
 
-#include "loops/facts.h"
+#include "loops/frames.h"
 
 namespace kzq::ctl {
 
-std::variant<std::vector<std::uint8_t>, Explanation> slotsForExport(std::size_t count,
-                                                                    std::optional<std::uint8_t> first,
-                                                                    const Loops& loops) {
-    std::vector<std::uint8_t> slots;
-    for (std::uint8_t slot = first.value_or(1); slot <= loopSlots && slots.size() < count; ++slot) {
-        if (first || !loops.contains(slot)) {
+std::variant<std::vector<SlotNumber>, Explanation> slotsForExport(std::size_t count,
+                                                                  std::optional<SlotNumber> first,
+                                                                  const Loops& loops) {
+    std::vector<SlotNumber> slots;
+    for (const auto slot : allSlots()) {
+        if (slots.size() < count && (first ? slot >= *first : !loops.contains(slot))) {
             slots.push_back(slot);
         }
     }
@@ -28,19 +30,16 @@ std::variant<std::vector<std::uint8_t>, Explanation> slotsForExport(std::size_t 
                            ". Erase loops, or choose slots to overwrite with --slot."};
 }
 
-std::vector<ExportInfo> inOrderOfGrowth(const Exports& exports, const Loops& loops) {
-    const auto growth = [&loops](const ExportInfo& info) {
-        const auto old = loops.find(info.destination);
-        const auto frames = static_cast<std::int64_t>(info.bytes / frameBytes);
-        return frames - (old == loops.end() ? 0 : std::int64_t{old->second.samples});
+std::vector<SlotNumber> inOrderOfGrowth(const Exports& exports, const Loops& loops) {
+    const auto growth = [&](SlotNumber slot) {
+        const auto* const old = loops.find(slot);
+        const auto frames = static_cast<std::int64_t>(Frames::ofBytes(exports.at(slot).bytes).count);
+        return frames - (old == nullptr ? 0 : std::int64_t{old->samples});
     };
-    std::vector<ExportInfo> order;
-    for (const auto& [slot, info] : exports) {
-        order.push_back(info);
-    }
-    std::stable_sort(order.begin(), order.end(), [&growth](const ExportInfo& a, const ExportInfo& b) {
-        return std::min<std::int64_t>(growth(a), 0) < std::min<std::int64_t>(growth(b), 0);
-    });
+    std::vector<SlotNumber> order;
+    std::ranges::copy(std::views::keys(exports), std::back_inserter(order));
+    std::ranges::stable_sort(order, {},
+                             [&growth](SlotNumber slot) { return std::min<std::int64_t>(growth(slot), 0); });
     return order;
 }
 

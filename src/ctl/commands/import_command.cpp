@@ -25,10 +25,10 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
     std::uint64_t total = 0;
     std::uint64_t size = 0;
     for (const auto slot : slots) {
-        const auto loop = status->loops.find(slot);
-        if (loop != status->loops.end() && hasPossibleLength(loop->second)) {
-            total += loop->second.alignedBytes;
-            size += waveHeaderSize + loop->second.bytes;
+        const auto* const loop = status->loops.find(slot);
+        if (loop != nullptr && hasPossibleLength(*loop)) {
+            total += loop->alignedBytes;
+            size += waveHeaderSize + loop->bytes;
         }
     }
     if (const auto problem = tooLittleSpace(options().folder, size, context().environment.freeSpace)) {
@@ -39,13 +39,12 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
         progress_->begin(
             slots[i], "read",
             loopName(slots[i]) + " (" + std::to_string(i + 1) + " of " + std::to_string(slots.size()) + ")");
-        const auto loop = status->loops.find(slots[i]);
-        save(pedal, slots[i], loop == status->loops.end() ? nullptr : &loop->second);
+        save(pedal, slots[i], status->loops.find(slots[i]));
     }
     return conclude(pedal, tally_, summary(pedal));
 }
 
-std::vector<std::uint8_t> ImportCommand::wanted(const Loops& loops) const {
+std::vector<SlotNumber> ImportCommand::wanted(const Loops& loops) const {
     auto slots = options().slots;
     if (options().all) {
         for (const auto& [slot, loop] : loops) {
@@ -56,7 +55,7 @@ std::vector<std::uint8_t> ImportCommand::wanted(const Loops& loops) const {
 }
 
 /// `loop`: as the table had it at the start. The link reads a table of its own, whose length may be another.
-void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop) {
+void ImportCommand::save(PedalWorker& pedal, SlotNumber slot, const Loop* loop) {
     if (loop != nullptr && !hasPossibleLength(*loop)) {
         notSaved(slot, troubleName(Trouble::Kind::tooLarge), explainLoop(Trouble::Kind::tooLarge));
         return;
@@ -73,12 +72,12 @@ void ImportCommand::save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop
     }
 }
 
-void ImportCommand::notSaved(std::uint8_t slot, std::string_view reason, const Explanation& why) {
+void ImportCommand::notSaved(SlotNumber slot, std::string_view reason, const Explanation& why) {
     failed(tally_, slot, reason, {why.code, loopName(slot) + " was not saved: " + why.sentence});
 }
 
 /// The first file that cannot be written ends the import, as the next one would fail as well.
-void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
+void ImportCommand::write(SlotNumber slot, const Bytes& image) {
     const auto& folder = options().folder;
     if (!std::exchange(folderMade_, true)) {  // only once: a folder that vanishes later is a lost disk
         makeFolder(folder);
@@ -91,7 +90,7 @@ void ImportCommand::write(std::uint8_t slot, const Bytes& image) {
         return;
     }
     ++tally_.done;
-    report().tell("saved", {{"slot", slot}, {"file", file->string()}, {"fileBytes", image.size()}},
+    report().tell("saved", {{"slot", slot.number()}, {"file", file->string()}, {"fileBytes", image.size()}},
                   loopName(slot) + ": saved as " + file->string() + " (" + sizeText(image.size()) + ").");
 }
 

@@ -17,10 +17,10 @@ class ImportCommand : public PedalCommand {
     ExitCode work(PedalWorker& pedal) override;
 
   private:
-    std::vector<std::uint8_t> wanted(const Loops& loops) const;
-    void save(PedalWorker& pedal, std::uint8_t slot, const Loop* loop);
-    void notSaved(std::uint8_t slot, std::string_view reason, const Explanation& why);
-    void write(std::uint8_t slot, const Bytes& image);
+    std::vector<SlotNumber> wanted(const Loops& loops) const;
+    void save(PedalWorker& pedal, SlotNumber slot, const Loop* loop);
+    void notSaved(SlotNumber slot, std::string_view reason, const Explanation& why);
+    void write(SlotNumber slot, const Bytes& image);
     std::string summary(const PedalWorker& pedal) const;
 
     std::shared_ptr<ProgressLine> progress_;

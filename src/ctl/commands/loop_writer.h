@@ -7,6 +7,7 @@
 #include "ctl/pedal/pedal_worker.h"
 #include "ctl/speech/progress_line.h"
 #include "ctl/speech/tally.h"
+#include "loops/slot_number.h"
 
 namespace kzq::ctl {
 
@@ -26,13 +27,13 @@ class LoopWriter {
     LoopWriter(PedalWorker& pedal, std::shared_ptr<ProgressLine> progress)
         : pedal_(pedal), progress_(std::move(progress)) {}
 
-    Outcome write(const ExportInfo& info);
+    Outcome write(SlotNumber slot, const ExportInfo& info);
     /// The pedal's own table has the last word on what it holds.
-    Outcome confirm(const ExportInfo& info);
-    Outcome readBack(std::uint8_t slot, const Check& same);
+    Outcome confirm(SlotNumber slot, const ExportInfo& info);
+    Outcome readBack(SlotNumber slot, const Check& same);
 
   private:
-    PedalWorker::Progress step(std::uint8_t slot, const char* action, const char* what);
+    PedalWorker::Progress step(SlotNumber slot, const char* action, const char* what);
 
     PedalWorker& pedal_;
     std::shared_ptr<ProgressLine> progress_;

@@ -1,6 +1,5 @@
 #include "ctl/commands/pedal_command.h"
 
-#include <numeric>
 #include <utility>
 
 #include "loops/capacity.h"
@@ -91,7 +90,7 @@ std::optional<ExitCode> PedalCommand::declined(PedalWorker& pedal, const std::st
 }
 
 std::optional<Explanation> PedalCommand::changedSince(PedalWorker& pedal, Loops& loops,
-                                                      const std::vector<std::uint8_t>& slots,
+                                                      const std::vector<SlotNumber>& slots,
                                                       const char* consequence) {
     const auto now = pedal.status();
     if (!now) {
@@ -107,15 +106,15 @@ std::optional<Explanation> PedalCommand::changedSince(PedalWorker& pedal, Loops&
 }
 
 std::optional<Explanation> PedalCommand::changedBetween(const Loops& before, const Loops& now,
-                                                        const std::vector<std::uint8_t>& slots,
+                                                        const std::vector<SlotNumber>& slots,
                                                         const char* consequence) {
     for (const auto slot : slots) {
-        const auto old = before.find(slot);
-        const auto found = now.find(slot);
-        const bool was = old != before.end();
-        const bool is = found != now.end();
-        if (was != is || (was && old->second != found->second)) {
-            const char* const what = !was ? " was recorded" : is ? " was changed" : " was erased";
+        const auto* const was = before.find(slot);
+        const auto* const is = now.find(slot);
+        if ((was == nullptr) != (is == nullptr) || (was != nullptr && *was != *is)) {
+            const char* const what = was == nullptr  ? " was recorded"
+                                     : is != nullptr ? " was changed"
+                                                     : " was erased";
             return Explanation{ExitCode::pedalRefused, loopName(slot) + what +
                                                            " on the pedal in the meantime, so " +
                                                            consequence + ". Run the command again."};
@@ -125,25 +124,18 @@ std::optional<Explanation> PedalCommand::changedBetween(const Loops& before, con
 }
 
 std::optional<Explanation> PedalCommand::impossibleLength(const Loops& loops,
-                                                          const std::vector<std::uint8_t>& slots) {
+                                                          const std::vector<SlotNumber>& slots) {
     for (const auto slot : slots) {
-        const auto loop = loops.find(slot);
-        if (loop != loops.end() && !hasPossibleLength(loop->second)) {
+        const auto* const loop = loops.find(slot);
+        if (loop != nullptr && !hasPossibleLength(*loop)) {
             const auto why = explainLoop(Trouble::Kind::tooLarge);
-            return Explanation{
-                why.code, "Loop " + std::to_string(slot) + ": " + why.sentence + " Nothing was changed."};
+            return Explanation{why.code, loopName(slot) + ": " + why.sentence + " Nothing was changed."};
         }
     }
     return std::nullopt;
 }
 
-std::vector<std::uint8_t> PedalCommand::allSlots() {
-    std::vector<std::uint8_t> slots(loopSlots);
-    std::iota(slots.begin(), slots.end(), std::uint8_t{1});
-    return slots;
-}
-
-void PedalCommand::failed(Tally& tally, unsigned slot, std::string_view reason,
+void PedalCommand::failed(Tally& tally, SlotNumber slot, std::string_view reason,
                           const Explanation& explanation) {
     tally.failures.push_back(explanation);
     context_.output.endProgress();

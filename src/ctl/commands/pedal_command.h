@@ -49,17 +49,16 @@ class PedalCommand : public Command, public std::enable_shared_from_this<PedalCo
     /// `loops`, which was the one when the user was asked. If one of `slots` is not what it was then, or the
     /// table cannot be read, it is why the command ends, with this `consequence`.
     static std::optional<Explanation> changedSince(PedalWorker& pedal, Loops& loops,
-                                                   const std::vector<std::uint8_t>& slots,
+                                                   const std::vector<SlotNumber>& slots,
                                                    const char* consequence = nothingDone);
     /// The same, of a table that has been read.
     static std::optional<Explanation> changedBetween(const Loops& before, const Loops& now,
-                                                     const std::vector<std::uint8_t>& slots,
+                                                     const std::vector<SlotNumber>& slots,
                                                      const char* consequence);
     /// Why nothing is changed when the table gives one of `slots` a length that cannot be.
     static std::optional<Explanation> impossibleLength(const Loops& loops,
-                                                       const std::vector<std::uint8_t>& slots);
-    static std::vector<std::uint8_t> allSlots();
-    void failed(Tally& tally, unsigned slot, std::string_view reason, const Explanation& explanation);
+                                                       const std::vector<SlotNumber>& slots);
+    void failed(Tally& tally, SlotNumber slot, std::string_view reason, const Explanation& explanation);
 
   private:
     Context context_;

@@ -89,16 +89,15 @@ std::optional<Explanation> RestoreCommand::findChanges(PedalWorker& pedal, const
         total += entry != index_.loops.end() && entry->second.samples == loop.samples ? loop.alignedBytes : 0;
     }
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
-    for (std::uint8_t slot = 1; slot <= loopSlots; ++slot) {
-        const auto loop = loops.find(slot);
-        const bool filled = loop != loops.end();
+    for (const auto slot : allSlots()) {
+        const auto* const loop = loops.find(slot);
         if (!index_.loops.contains(slot)) {
-            if (filled) {
-                planErase(slot, loop->second);
+            if (loop != nullptr) {
+                planErase(slot, *loop);
             }
             continue;
         }
-        const auto same = filled ? isSame(pedal, slot, loop->second) : std::optional(false);
+        const auto same = loop != nullptr ? isSame(pedal, slot, *loop) : std::optional(false);
         if (!same) {
             return pedal.ended().value_or(Explanation{explainLoop(pedal.trouble().kind).code,
                                                       loopName(slot) +
@@ -106,18 +105,19 @@ std::optional<Explanation> RestoreCommand::findChanges(PedalWorker& pedal, const
                                                           explainLoop(pedal.trouble().kind).sentence});
         }
         if (!*same) {
-            planWrite(slot, filled ? &loop->second : nullptr);
+            planWrite(slot, loop);
             continue;
         }
         ++same_;
         context().output.endProgress();
-        report().tell("plan", {{"slot", slot}, {"change", "same"}}, loopName(slot) + ": already the same.");
+        report().tell("plan", {{"slot", slot.number()}, {"change", "same"}},
+                      loopName(slot) + ": already the same.");
     }
     return std::nullopt;
 }
 
 /// Whether the pedal's loop has the audio of the backup; nothing when it cannot be read.
-std::optional<bool> RestoreCommand::isSame(PedalWorker& pedal, std::uint8_t slot, const Loop& loop) {
+std::optional<bool> RestoreCommand::isSame(PedalWorker& pedal, SlotNumber slot, const Loop& loop) {
     const auto& entry = index_.loops.at(slot);
     if (entry.samples != loop.samples) {
         return false;
@@ -131,26 +131,27 @@ std::optional<bool> RestoreCommand::isSame(PedalWorker& pedal, std::uint8_t slot
     return audioDigest(*image) == entry.sha256;
 }
 
-void RestoreCommand::planWrite(std::uint8_t slot, const Loop* old) {
+void RestoreCommand::planWrite(SlotNumber slot, const Loop* old) {
     const auto& entry = index_.loops.at(slot);
-    writes_[slot] = {folder_.path() / entry.file, slot, old != nullptr, entry.samples * frameBytes};
+    writes_.insert_or_assign(slot, ExportInfo{folder_.path() / entry.file, slot.number(), old != nullptr,
+                                              entry.samples * frameBytes});
     context().output.endProgress();
     if (old == nullptr) {
-        report().tell("plan", {{"slot", slot}, {"change", "write"}},
+        report().tell("plan", {{"slot", slot.number()}, {"change", "write"}},
                       loopName(slot) + ": will be written (" + lengthText(entry.samples) + ").");
         return;
     }
     lost_.push_back(slot);
-    report().tell("plan", {{"slot", slot}, {"change", "overwrite"}},
+    report().tell("plan", {{"slot", slot.number()}, {"change", "overwrite"}},
                   loopName(slot) + ": will be overwritten (" + lengthText(entry.samples) + " instead of " +
                       lengthText(old->samples) + ").");
 }
 
-void RestoreCommand::planErase(std::uint8_t slot, const Loop& old) {
+void RestoreCommand::planErase(SlotNumber slot, const Loop& old) {
     erased_.push_back(slot);
     lost_.push_back(slot);
     context().output.endProgress();
-    report().tell("plan", {{"slot", slot}, {"change", "erase"}},
+    report().tell("plan", {{"slot", slot.number()}, {"change", "erase"}},
                   loopName(slot) + ": will be erased (" + lengthText(old.samples) +
                       "); the slot is empty in the backup.");
 }
@@ -171,9 +172,8 @@ void RestoreCommand::change(PedalWorker& pedal, Loops loops) {
         if (!left) {
             return;
         }
-        std::erase_if(untouched, [this](std::uint8_t slot) {
-            return std::ranges::find(erased_, slot) != erased_.end();
-        });
+        std::erase_if(untouched,
+                      [this](SlotNumber slot) { return std::ranges::find(erased_, slot) != erased_.end(); });
         if (const auto problem = changedBetween(loops, *left, untouched, nothingMore)) {
             pedal.end(*problem);
             return;
@@ -186,7 +186,7 @@ void RestoreCommand::change(PedalWorker& pedal, Loops loops) {
 }
 
 /// `untouched`: the slots that are still as they were when the user was asked.
-void RestoreCommand::write(PedalWorker& pedal, Loops loops, std::vector<std::uint8_t> untouched) {
+void RestoreCommand::write(PedalWorker& pedal, Loops loops, std::vector<SlotNumber> untouched) {
     std::uint64_t total = 0;
     for (const auto& [slot, info] : writes_) {
         total += 2 * info.bytes;
@@ -194,17 +194,17 @@ void RestoreCommand::write(PedalWorker& pedal, Loops loops, std::vector<std::uin
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     LoopWriter writer(pedal, progress_);
     const auto order = inOrderOfGrowth(writes_, loops);
-    for (const auto& info : order) {
-        const auto slot = info.destination;
+    for (const auto slot : order) {
+        const auto& info = writes_.at(slot);
         // Between two loops minutes pass in which the pedal is free.
-        if (&info != &order.front()) {
+        if (slot != order.front()) {
             if (const auto problem = changedSince(pedal, loops, untouched, nothingMore)) {
                 pedal.end(*problem);
                 return;
             }
         }
         std::erase(untouched, slot);
-        auto outcome = writer.write(info);
+        auto outcome = writer.write(slot, info);
         if (outcome.sentence.empty()) {
             outcome = writer.readBack(slot, [&digest = index_.loops.at(slot).sha256](ByteView image) {
                 return audioDigest(image) == digest;
@@ -217,7 +217,7 @@ void RestoreCommand::write(PedalWorker& pedal, Loops loops, std::vector<std::uin
         context().output.endProgress();
         if (outcome.sentence.empty()) {
             ++tally_.done;
-            report().tell("written", {{"slot", slot}, {"samples", info.bytes / frameBytes}},
+            report().tell("written", {{"slot", slot.number()}, {"samples", info.bytes / frameBytes}},
                           loopName(slot) + ": written and compared.");
         } else {
             failed(tally_, slot, outcome.reason, {outcome.code, outcome.sentence});

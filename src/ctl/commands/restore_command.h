@@ -21,21 +21,21 @@ class RestoreCommand : public PedalCommand {
     std::optional<Explanation> verifyFiles(const PedalWorker& pedal) const;
 
     std::optional<Explanation> findChanges(PedalWorker& pedal, const Loops& loops);
-    std::optional<bool> isSame(PedalWorker& pedal, std::uint8_t slot, const Loop& loop);
-    void planWrite(std::uint8_t slot, const Loop* old);
-    void planErase(std::uint8_t slot, const Loop& old);
+    std::optional<bool> isSame(PedalWorker& pedal, SlotNumber slot, const Loop& loop);
+    void planWrite(SlotNumber slot, const Loop* old);
+    void planErase(SlotNumber slot, const Loop& old);
     std::string question() const;
 
     void change(PedalWorker& pedal, Loops loops);
-    void write(PedalWorker& pedal, Loops loops, std::vector<std::uint8_t> untouched);
+    void write(PedalWorker& pedal, Loops loops, std::vector<SlotNumber> untouched);
     std::string summary(const PedalWorker& pedal) const;
 
     BackupFolder folder_;
     BackupIndex index_;
     std::shared_ptr<ProgressLine> progress_;
     std::size_t same_ = 0;
-    std::vector<std::uint8_t> erased_;  ///< slots that the backup has empty
-    std::vector<std::uint8_t> lost_;    ///< all slots whose audio goes
+    std::vector<SlotNumber> erased_;  ///< slots that the backup has empty
+    std::vector<SlotNumber> lost_;    ///< all slots whose audio goes
     Exports writes_;
     Tally tally_;
 };

@@ -127,12 +127,12 @@ std::optional<Status> PedalWorker::status() {
     return reading->status;
 }
 
-std::optional<std::vector<std::uint8_t>> PedalWorker::importLoop(std::uint8_t slot, Progress progress) {
+std::optional<std::vector<std::uint8_t>> PedalWorker::importLoop(SlotNumber slot, Progress progress) {
     const auto result =
         transfer([this, slot, progress = std::move(progress)](const auto& shared, const Done& done) {
             const auto self = shared_from_this();
             return looper_->importLoops(
-                {slot}, [self, progress](std::uint32_t bytes, std::uint8_t) { progress(bytes); },
+                {slot.number()}, [self, progress](std::uint32_t bytes, std::uint8_t) { progress(bytes); },
                 [self, shared](auto file, std::uint8_t) {
                     shared->file = std::move(file);
                     if (!shared->file) {
@@ -149,7 +149,7 @@ bool PedalWorker::exportLoop(const ExportInfo& info, Progress progress) {
         transfer([this, info, progress = std::move(progress)](const auto& shared, const Done& done) {
             const auto self = shared_from_this();
             return looper_->exportLoops(
-                {{info.destination, info}},
+                {{*SlotNumber::of(info.destination), info}},
                 [self, progress](std::uint32_t bytes, std::uint8_t) { progress(bytes); },
                 [self, shared](std::uint32_t sent, std::uint8_t) {
                     shared->sent = sent;
@@ -162,16 +162,19 @@ bool PedalWorker::exportLoop(const ExportInfo& info, Progress progress) {
     return result && result->sent != 0;
 }
 
-std::optional<std::uint8_t> PedalWorker::eraseLoops(const std::vector<std::uint8_t>& slots) {
-    const auto result = transfer([this, slots](const auto& shared, const Done& done) {
+std::optional<std::uint8_t> PedalWorker::eraseLoops(const std::vector<SlotNumber>& slots) {
+    std::vector<std::uint8_t> numbers;
+    std::ranges::transform(slots, std::back_inserter(numbers), &SlotNumber::number);
+    const auto result = transfer([this, numbers](const auto& shared, const Done& done) {
         const auto self = shared_from_this();
-        return looper_->eraseLoops(slots, [self, shared, done, count = slots.size()](std::uint8_t erased) {
-            shared->erased = erased;
-            if (erased != count) {
-                self->inspect(*shared);
-            }
-            done();
-        });
+        return looper_->eraseLoops(numbers,
+                                   [self, shared, done, count = numbers.size()](std::uint8_t erased) {
+                                       shared->erased = erased;
+                                       if (erased != count) {
+                                           self->inspect(*shared);
+                                       }
+                                       done();
+                                   });
     });
     // The link is idle only after its completion; until then it would refuse the next operation.
     attempt([looper = looper_] { looper->waitUntilIdle(); });

@@ -11,6 +11,7 @@
 #include "ctl/speech/sentences.h"
 #include "device/kzq7306.h"
 #include "device/silence.h"
+#include "loops/slot_number.h"
 
 namespace kzq::ctl {
 
@@ -33,12 +34,12 @@ class PedalWorker : public std::enable_shared_from_this<PedalWorker> {
     /// What the pedal holds. Without it the work has ended.
     std::optional<Status> status();
     /// The WAV image of one loop; otherwise the work has ended, or trouble() tells why.
-    std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, Progress progress);
+    std::optional<std::vector<std::uint8_t>> importLoop(SlotNumber slot, Progress progress);
     /// The working copy must stay where it is. False: the work has ended, or trouble() tells why.
     bool exportLoop(const ExportInfo& info, Progress progress);
     /// How many the pedal agreed to erase; what became of them is only told by the next status. Nothing: it
     /// was not told, and the work has ended.
-    std::optional<std::uint8_t> eraseLoops(const std::vector<std::uint8_t>& slots);
+    std::optional<std::uint8_t> eraseLoops(const std::vector<SlotNumber>& slots);
     /// Whether the last transfer was begun, so that the pedal may have done some of it.
     bool begun() const { return begun_; }
     /// Does something that may take for ever and can be left behind: `task` runs on a thread of its own and

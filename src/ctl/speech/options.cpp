@@ -89,11 +89,11 @@ void complete(CommandLine& line) {
     }
     completePaths(options, words);
     if (words.slot != 0) {
-        options.slot = static_cast<std::uint8_t>(words.slot);
+        options.slot = SlotNumber::of(words.slot);
     }
-    if (options.slot && *options.slot + options.files.size() > loopSlots + 1) {
+    if (options.slot && options.slot->number() + options.files.size() > loopSlots + 1) {
         throw usageError(std::to_string(options.files.size()) + " files do not fit into slots " +
-                         std::to_string(*options.slot) + " to " + std::to_string(loopSlots) + ".");
+                         std::to_string(options.slot->number()) + " to " + std::to_string(loopSlots) + ".");
     }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "ctl/speech/exit_codes.h"
+#include "loops/slot_number.h"
 #include "platform/executor.h"
 
 namespace kzq::ctl {
@@ -38,11 +39,11 @@ struct Options {
     Executor::Duration patience{};             ///< with a silent pedal; 0: no limit
     bool yes = false;                          ///< every question is answered with yes
     bool all = false;                          ///< import, erase: every loop
-    std::vector<std::uint8_t> slots;           ///< import, erase: ascending
+    std::vector<SlotNumber> slots;             ///< import, erase: ascending
     std::filesystem::path folder;              ///< import, backup, restore
     std::vector<std::filesystem::path> files;  ///< export, convert: to be converted, "-" is convert's
                                                ///< standard input; firmwareInstall: at most one
-    std::optional<std::uint8_t> slot;          ///< export: of the first file; else the free slots are taken
+    std::optional<SlotNumber> slot;            ///< export: of the first file; else the free slots are taken
     bool verify = false;                       ///< export: read back and compare
     std::filesystem::path output;              ///< convert: the new file; "-": standard output
 };

@@ -15,11 +15,11 @@ ProgressLine::ProgressLine(Executor& executor, Output& output, bool forPeople, s
       meter_(total, executor.now()),
       total_(total) {}
 
-void ProgressLine::begin(std::uint8_t slot, const char* action, const std::string& what) {
+void ProgressLine::begin(SlotNumber slot, const char* action, const std::string& what) {
     const std::lock_guard guard(mutex_);
     before_ += moved_;
     moved_ = 0;
-    slot_ = slot;
+    slot_ = slot.number();
     action_ = action;
     what_ = what;
     written_ = executor_.now();  // a speed needs a while to mean something

@@ -7,6 +7,7 @@
 
 #include "ctl/speech/output.h"
 #include "ctl/speech/progress_meter.h"
+#include "loops/slot_number.h"
 
 namespace kzq::ctl {
 
@@ -20,7 +21,7 @@ class ProgressLine {
 
     /// The next step; what the current one has moved counts as done.
     /// `action` ("read", "write", "compare") is for programs and outlives this; `what` is for people.
-    void begin(std::uint8_t slot, const char* action, const std::string& what);
+    void begin(SlotNumber slot, const char* action, const std::string& what);
     /// `bytes` of this step have moved.
     void update(std::uint64_t bytes);
     void end();
@@ -33,7 +34,7 @@ class ProgressLine {
     ProgressMeter meter_;
     std::string what_;
     const char* action_ = "";
-    std::uint8_t slot_ = 0;
+    unsigned slot_ = 0;
     const std::uint64_t total_;
     std::uint64_t before_ = 0;  ///< moved in earlier steps
     std::uint64_t moved_ = 0;   ///< in this step

@@ -16,8 +16,8 @@ void Report::tell(const char* event, nlohmann::json details, const std::string& 
     }
 }
 
-void Report::failed(unsigned slot, std::string_view reason, const std::string& sentence) {
-    tell("failed", {{"slot", slot}, {"trouble", reason}, {"message", sentence}}, {});
+void Report::failed(SlotNumber slot, std::string_view reason, const std::string& sentence) {
+    tell("failed", {{"slot", slot.number()}, {"trouble", reason}, {"message", sentence}}, {});
     output_.error(sentence);
 }
 
@@ -44,11 +44,11 @@ void Report::finished(const Tally& tally, const std::optional<Explanation>& end,
     tell("finished", std::move(details), summary);
 }
 
-std::string loopNames(const std::vector<std::uint8_t>& slots) {
+std::string loopNames(const std::vector<SlotNumber>& slots) {
     std::string text = slots.size() == 1 ? "loop " : "loops ";
     for (std::size_t i = 0; i < slots.size(); ++i) {
         const char* const between = i == 0 ? "" : i + 1 == slots.size() ? " and " : ", ";
-        text += between + std::to_string(slots[i]);
+        text += between + std::to_string(slots[i].number());
     }
     return text;
 }

@@ -6,6 +6,7 @@
 
 #include "ctl/speech/output.h"
 #include "ctl/speech/tally.h"
+#include "loops/slot_number.h"
 
 namespace kzq::ctl {
 
@@ -20,7 +21,7 @@ class Report {
     /// One thing in both forms; an empty sentence is for programs only.
     void tell(const char* event, nlohmann::json details, const std::string& sentence);
     /// A loop failed; both kinds of reader also find the sentence on standard error.
-    void failed(unsigned slot, std::string_view reason, const std::string& sentence);
+    void failed(SlotNumber slot, std::string_view reason, const std::string& sentence);
     /// The end of a command that has nothing else to report.
     void stopped(const Explanation& explanation);
     /// The end; `summary` for people.
@@ -32,6 +33,6 @@ class Report {
 };
 
 /// "loop 3", "loops 3 and 7", "loops 3, 7 and 9".
-std::string loopNames(const std::vector<std::uint8_t>& slots);
+std::string loopNames(const std::vector<SlotNumber>& slots);
 
 }  // namespace kzq::ctl

@@ -36,8 +36,8 @@ std::optional<std::pair<unsigned, unsigned>> rangeFrom(std::string_view word) {
 
 }  // namespace
 
-Result<std::vector<std::uint8_t>> slotsFromWords(const std::vector<std::string>& words) {
-    std::set<std::uint8_t> slots;
+Result<std::vector<SlotNumber>> slotsFromWords(const std::vector<std::string>& words) {
+    std::set<SlotNumber> slots;
     for (const auto& word : words) {
         const auto range = rangeFrom(word);
         if (!range) {
@@ -50,10 +50,10 @@ Result<std::vector<std::uint8_t>> slotsFromWords(const std::vector<std::string>&
             return Trouble{Trouble::Kind::noSuchSlot, wrong};
         }
         for (unsigned slot = range->first; slot <= range->second; ++slot) {
-            slots.insert(static_cast<std::uint8_t>(slot));
+            slots.insert(*SlotNumber::of(slot));
         }
     }
-    return std::vector<std::uint8_t>(slots.begin(), slots.end());
+    return std::vector<SlotNumber>(slots.begin(), slots.end());
 }
 
 }  // namespace kzq::ctl

@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "loops/slot_number.h"
 #include "platform/result.h"
 
 namespace kzq::ctl {
 
 /// The slots that `words` name, each a number or a range such as "3-5": ascending, each once. Otherwise
 /// notASlot or noSuchSlot; `where` is the word or the number.
-Result<std::vector<std::uint8_t>> slotsFromWords(const std::vector<std::string>& words);
+Result<std::vector<SlotNumber>> slotsFromWords(const std::vector<std::string>& words);
 
 }  // namespace kzq::ctl

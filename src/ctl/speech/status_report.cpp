@@ -39,7 +39,7 @@ std::vector<std::string> statusTable(const Status& status) {
         lines.push_back(row("Slot", "Length", "Size", "Tempo", "Channel"));
     }
     for (const auto& [slot, loop] : status.loops) {
-        lines.push_back(row(std::to_string(slot), lengthText(loop.samples), sizeText(bytesOf(loop)),
+        lines.push_back(row(std::to_string(slot.number()), lengthText(loop.samples), sizeText(bytesOf(loop)),
                             std::to_string(loop.tempo), std::to_string(loop.channel)));
     }
     lines.push_back(statusSummary(status));
@@ -55,15 +55,15 @@ std::vector<std::string> statusChanges(const Loops& before, const Loops& now) {
     std::vector<std::string> lines;
     for (const auto& [slot, loop] : before) {
         if (!now.contains(slot)) {
-            lines.push_back("Loop " + std::to_string(slot) + ": erased.");
+            lines.push_back(loopName(slot) + ": erased.");
         }
     }
     for (const auto& [slot, loop] : now) {
-        const auto old = before.find(slot);
-        if (old != before.end() && old->second == loop) {
+        const auto* const old = before.find(slot);
+        if (old != nullptr && *old == loop) {
             continue;
         }
-        lines.push_back("Loop " + std::to_string(slot) + (old == before.end() ? ": new, " : ": changed, ") +
+        lines.push_back(loopName(slot) + (old == nullptr ? ": new, " : ": changed, ") +
                         lengthText(loop.samples) + ", tempo " + std::to_string(loop.tempo) + ".");
     }
     return lines;
@@ -73,7 +73,7 @@ nlohmann::json statusJson(const Status& status) {
     nlohmann::json loops = nlohmann::json::array();
     for (const auto& [slot, loop] : status.loops) {
         nlohmann::json entry = framesJson(loop.samples);
-        entry["slot"] = slot;
+        entry["slot"] = slot.number();
         entry["audioBytes"] = bytesOf(loop);
         entry["tempo"] = loop.tempo;
         entry["channel"] = loop.channel;
