@@ -29,8 +29,10 @@ void ThreadPool::add(Priority priority, Executor::Task task) {
 }
 
 void ThreadPool::end() {
+    decltype(jobs_) dropped;  // what they hold is let go of without the mutex, and before this returns
     std::unique_lock lock(mutex_);
     ended_ = true;
+    dropped.swap(jobs_);
     changed_.notify_all();
     done_.wait(lock, [this] { return threads_ == 0; });
 }
