@@ -1,0 +1,68 @@
+#include "app/flow/run.h"
+
+#include <utility>
+
+#include "device/kzq7306.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr auto patience = std::chrono::milliseconds(500);
+
+}  // namespace
+
+bool Run::done(Executor::Task task) {
+    struct Question {
+        Executor::Task task;
+        bool begun = false;
+        bool answered = false;
+    };
+    const auto question = std::make_shared<Question>(std::move(task));
+    place_->executor.main([place = place_, question] {
+        const auto window = place->window.lock();  // a task may run an event loop in which it is let go
+        std::unique_lock lock(place->mutex);
+        if (!window) {
+            return;
+        }
+        question->begun = true;
+        lock.unlock();
+        question->task();
+        lock.lock();
+        question->answered = true;
+        place->changed.notify();
+    });
+    std::unique_lock lock(place_->mutex);
+    place_->executor.wait(lock, place_->changed, [&place = *place_, question] {
+        return question->answered || (!question->begun && place.window.expired());
+    });
+    return question->answered;
+}
+
+bool Run::idle() {
+    const auto answer = std::make_shared<std::optional<bool>>();
+    const auto tell = [place = place_, answer](bool idle) {
+        const std::lock_guard guard(place->mutex);
+        *answer = answer->value_or(idle);
+        place->changed.notify();
+    };
+    std::unique_lock lock(place_->mutex);
+    if (!std::exchange(place_->idleAsked, true)) {
+        place_->executor.background(Priority::high, [place = place_, tell] {
+            const auto looper = place->link();
+            const bool idle = looper && !looper->busy();
+            {
+                const std::lock_guard guard(place->mutex);
+                place->idleAsked = false;
+            }
+            tell(idle);
+        });
+    }
+    place_->executor.mainAfter(patience, [tell] { tell(false); });
+    place_->executor.wait(lock, place_->changed, [&place = *place_, answer] {
+        return answer->has_value() || place.window.expired();
+    });
+    return answer->value_or(false);
+}
+
+}  // namespace kzq
