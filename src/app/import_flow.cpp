@@ -9,6 +9,7 @@
 #include "audio/wave.h"
 #include "device/kzq7306.h"
 #include "loops/capacity.h"
+#include "operations/sentences.h"
 #include "platform/free_space.h"
 #include "platform/log.h"
 #include "slots/slot_field.h"
@@ -97,7 +98,7 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
                           freeSpace = environment_.freeSpace](KZQ7306& /*looper*/) {
         const auto problem = tooLittleSpace(folder, needed, freeSpace);
         if (problem) {
-            log(LogCategory::files, "Nothing was saved. " + *problem);
+            log(LogCategory::files, "Nothing was saved. " + spaceSentence(*problem));
         }
         return !problem;
     };

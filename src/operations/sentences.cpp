@@ -48,6 +48,11 @@ std::string notSavedSentence(const std::string& what, const std::filesystem::pat
     return what + " was not saved: could not write to " + folder.string() + ": " + fileSentence(trouble);
 }
 
+std::string spaceSentence(const Trouble& trouble) {
+    return "There is too little space in " + quoted(trouble) + ": " + trouble.words +
+           ". Make room or choose another folder.";
+}
+
 std::string audioSentence(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::notAFile:

@@ -15,6 +15,8 @@ std::string fileSentence(const Trouble& trouble);
 /// The same about something that was to be saved in `folder`.
 std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,
                              const Trouble& trouble);
+/// Of a folder without room for the loops.
+std::string spaceSentence(const Trouble& trouble);
 
 /// Of an audio file or its conversion.
 std::string audioSentence(const Trouble& trouble);

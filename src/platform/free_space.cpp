@@ -28,14 +28,14 @@ std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder) {
     return std::uint64_t{facts.f_bavail} * facts.f_frsize;
 }
 
-std::optional<std::string> tooLittleSpace(const std::filesystem::path& folder, std::uint64_t bytes,
-                                          const FreeSpace& freeSpace) {
+std::optional<Trouble> tooLittleSpace(const std::filesystem::path& folder, std::uint64_t bytes,
+                                      const FreeSpace& freeSpace) {
     const auto free = freeSpace(folder);
     if (!free || *free >= bytes) {
         return std::nullopt;
     }
-    return "There is too little space in \"" + folder.string() + "\": " + sizeText(bytes) +
-           " are needed and " + sizeText(*free) + " are free. Make room or choose another folder.";
+    return Trouble{Trouble::Kind::diskFull, folder.string(), 0,
+                   sizeText(bytes) + " are needed and " + sizeText(*free) + " are free"};
 }
 
 std::string sizeText(std::uint64_t bytes) {

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/trouble.h"
+
 namespace kzq {
 
 /// Bytes that this user may still write in the file system of a folder; nothing when that is not known.
@@ -15,9 +17,9 @@ using FreeSpace = std::function<std::optional<std::uint64_t>(const std::filesyst
 /// thread.
 std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
 
-/// Why files of `bytes` bytes in all do not fit into `folder`, with the numbers and what to do; nothing when
+/// diskFull: files of `bytes` bytes in all do not fit into `folder`; `words` has the numbers. Nothing when
 /// they do, or when nobody knows. What another program writes meanwhile is not foreseen. Blocks; any thread.
-std::optional<std::string> tooLittleSpace(const std::filesystem::path& folder, std::uint64_t bytes,
+std::optional<Trouble> tooLittleSpace(const std::filesystem::path& folder, std::uint64_t bytes,
                                           const FreeSpace& freeSpace = kzq::freeSpace);
 
 /// "594 B", "12.3 kB", "2.1 MB", rounded down.

@@ -72,7 +72,7 @@ struct Trouble {
         damaged,
         noSound,
         sampleRate,     ///< outside 4,000 to 768,000 Hz; `words` is the number
-        diskFull,       ///< for the converted file
+        diskFull,       ///< for the converted file; or for loops, with the numbers in `words`
         outputRefused,  ///< the converted file exists already, or its folder cannot be written to
         limits,         ///< it takes too much time or memory
         toolMissing,    ///< the decoder is not installed; `words` is its path

@@ -19,8 +19,7 @@ TEST(FreeSpaceOf, TooLittleIsSaidWithTheNumbers) {
     const FreeSpace thousand = [](const std::filesystem::path&) { return 1000; };
     EXPECT_EQ(tooLittleSpace("/a", 1000, thousand), std::nullopt);
     EXPECT_EQ(tooLittleSpace("/a", 381'024'044, thousand),
-              "There is too little space in \"/a\": 381.0 MB are needed and 1.0 kB are free. Make room or "
-              "choose another folder.");
+              (Trouble{Trouble::Kind::diskFull, "/a", 0, "381.0 MB are needed and 1.0 kB are free"}));
 }
 
 }  // namespace

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "audio/wave.h"
-#include "device/simulator/simulated_port.h"
 #include "device_fixture.h"
+#include "paced_port.h"
 
 namespace kzq::test {
 
@@ -96,7 +96,7 @@ class PedalTest : public DeviceLinkTest {
     }
 
     SimulatedPedal pedal;
-    SimulatedPort port{executor, pedal};
+    PacedPort port{executor, pedal};
     std::uint32_t cancelAt = ~0U;  ///< a batch's total at which its progress callback cancels it
 };
 

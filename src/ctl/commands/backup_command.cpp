@@ -4,10 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "ctl/commands/audio_file.h"
 #include "ctl/commands/folder_check.h"
 #include "ctl/speech/format.h"
 #include "loops/facts.h"
+#include "operations/loop_file.h"
 #include "operations/sentences.h"
 
 namespace kzq::ctl {
@@ -66,7 +66,7 @@ ExitCode BackupCommand::save(PedalWorker& pedal, const Status& status, BackupInd
     keepWhatIsThere(status.loops, index);
     if (const auto problem = tooLittleSpace(folder_.path(), sizeToSave(status.loops, index),
                                             context().environment.freeSpace)) {
-        return stop({ExitCode::fileError, *problem});
+        return stop({ExitCode::fileError, spaceSentence(*problem)});
     }
     makeFolder(folder_.path());
     startProgress(status.loops);

@@ -3,9 +3,9 @@
 #include <cerrno>
 #include <system_error>
 
-#include "ctl/commands/audio_file.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
+#include "operations/loop_file.h"
 #include "platform/new_file.h"
 #include "platform/plain_file.h"
 #include "platform/replace_file.h"

@@ -5,11 +5,11 @@
 #include <nlohmann/json.hpp>
 #include <system_error>
 
-#include "ctl/commands/audio_file.h"
 #include "ctl/commands/conversion_progress.h"
 #include "ctl/commands/loop_writer.h"
 #include "ctl/speech/format.h"
 #include "loops/facts.h"
+#include "operations/loop_file.h"
 #include "operations/sentences.h"
 
 namespace kzq::ctl {

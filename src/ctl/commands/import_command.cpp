@@ -3,10 +3,10 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "ctl/commands/audio_file.h"
 #include "ctl/commands/folder_check.h"
 #include "ctl/speech/format.h"
 #include "loops/facts.h"
+#include "operations/loop_file.h"
 #include "operations/sentences.h"
 #include "platform/new_file.h"
 
@@ -32,7 +32,7 @@ ExitCode ImportCommand::work(PedalWorker& pedal) {
         }
     }
     if (const auto problem = tooLittleSpace(options().folder, size, context().environment.freeSpace)) {
-        return stop({ExitCode::fileError, *problem});
+        return stop({ExitCode::fileError, spaceSentence(*problem)});
     }
     progress_ = std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
     for (std::size_t i = 0; i < slots.size() && !pedal.ended() && !tally_.stopped; ++i) {

@@ -4,12 +4,12 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "ctl/commands/audio_file.h"
 #include "ctl/commands/erase_command.h"
 #include "ctl/commands/export_plan.h"
 #include "ctl/commands/loop_writer.h"
 #include "ctl/speech/format.h"
 #include "loops/facts.h"
+#include "operations/loop_file.h"
 #include "operations/sentences.h"
 
 namespace kzq::ctl {

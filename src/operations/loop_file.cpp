@@ -1,4 +1,4 @@
-#include "ctl/commands/audio_file.h"
+#include "operations/loop_file.h"
 
 #include <algorithm>
 
@@ -7,7 +7,7 @@
 #include "platform/digest.h"
 #include "platform/plain_file.h"
 
-namespace kzq::ctl {
+namespace kzq {
 namespace {
 
 constexpr std::uint32_t stereo = 2;
@@ -59,4 +59,4 @@ bool holdsSameAudio(const std::filesystem::path& path, ByteView image) {
     return true;
 }
 
-}  // namespace kzq::ctl
+}  // namespace kzq

@@ -6,7 +6,7 @@
 
 #include "audio/wave.h"
 
-namespace kzq::ctl {
+namespace kzq {
 
 /// Whether `image` is exactly what `wave` makes of stereo audio: a header of 44 bytes, then whole frames, at
 /// least one.
@@ -21,4 +21,4 @@ std::string audioDigest(ByteView image);
 /// piece.
 bool holdsSameAudio(const std::filesystem::path& path, ByteView image);
 
-}  // namespace kzq::ctl
+}  // namespace kzq

@@ -1,0 +1,167 @@
+#include "operations/export.h"
+
+#include "operation_fixture.h"
+#include "platform/little_endian.h"
+
+namespace kzq::test {
+namespace {
+
+class ExportTest : public OperationTest {
+  protected:
+    /// Of 2 and 4, which are empty, and 3, which the user has seen.
+    ExportOrder order(Batches batches = Batches::one) {
+        return {.exports = {{2_slot, copy(2_slot, 200)},
+                            {3_slot, copy(3_slot, 300)},
+                            {4_slot, copy(4_slot, 400)}},
+                .seen = {{3_slot, *table().find(3_slot)}},
+                .batches = batches};
+    }
+    Outcome write(const ExportOrder& order) {
+        pedal.clearJournal();
+        said.clear();
+        return run([&] { return runExport(*work, order, events()); });
+    }
+    bool untouched() const { return count("E2 1 0") + count("E2 2 1") + count("E2 3 0") == 0; }
+    simulator::StoredLoop recorded(std::uint32_t frames) const { return {noise(frames, 9), 100, 1}; }
+};
+
+TEST_F(ExportTest, OneBatchIsAscendingAndTellsThePedalWhatItsOwnTableSays) {
+    auto all = order();
+    all.exports.at(2_slot).occupied = true;  // as a row had it
+    EXPECT_TRUE(write(all).whole());
+    EXPECT_THAT(actions(),
+                ElementsAre("E2 1 0", "E3 1200 0", "out 1024", "out 176", "E2 2 1", "E3 1800 0", "out 1024",
+                            "out 776", "E2 3 0", "E3 2400 0", "out 1024", "out 1024", "out 352"));
+    EXPECT_THAT(said, ElementsAre("2 written", "3 written", "4 written"));
+}
+
+TEST_F(ExportTest, NothingIsWrittenWhereTheUserWasNotAsked) {
+    const auto all = order();
+    const auto memory = pedal.memory();
+    const auto ends = [&](const std::string& why, const std::string& words) {
+        const auto outcome = write(all);
+        EXPECT_EQ(end(outcome), why);
+        EXPECT_EQ(outcome.end->where + outcome.end->words, words);
+        EXPECT_TRUE(untouched() && !outcome.begun && said.empty());
+        for (std::uint8_t address = 0; address < loopSlots; ++address) {
+            pedal.setLoop(address, memory.at(address));
+        }
+    };
+    pedal.setLoop(3, recorded(50));
+    ends("changed", "Loop 4recorded");
+    pedal.setLoop(2, recorded(999));
+    ends("changed", "Loop 3changed");
+    pedal.setLoop(2, std::nullopt);
+    ends("changed", "Loop 3erased");
+    plan("shorten@EB+");
+    ends("table-incomplete", "");
+    pedal.clearFaults();
+    std::uint32_t frames = 0;  // of loop 1
+    port.tamper = [&frames](std::uint8_t request, std::span<std::uint8_t> reply) {
+        if (request == wire::firstLoops.code) {
+            storeU32(reply, 0, frames);
+        }
+    };
+    frames = capacityFrames + 1;
+    ends("too-large", "Loop 1");
+    frames = std::uint32_t{capacityFrames} - 512 - 44100 - 171 - 900;  // exactly full in the end
+    ends("no-room", "");
+    port.tamper = {};
+    pedal.setBusy(true);
+    ends("busy", "");
+    pedal.setBusy(false);
+    cancel();
+    ends("cancelled", "");
+}
+
+TEST_F(ExportTest, BeforeEachLoopTheTableIsReadAgain) {
+    auto all = order(Batches::each);
+    pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop*) {
+        if (address == 1) {
+            pedal.setLoop(3, recorded(9));
+        }
+    });
+    auto outcome = write(all);
+    EXPECT_EQ(end(outcome), "changed");
+    EXPECT_TRUE(outcome.begun);
+    EXPECT_THAT(said, ElementsAre("3 written", "2 written")) << "what makes room goes first";
+    pedal.setMemoryListener({});
+
+    all = {.exports = {{4_slot, copy(4_slot, 5)}},
+           .seen = table(),
+           .untouched = {1_slot, 2_slot},
+           .batches = Batches::each};
+    pedal.setLoop(0, std::nullopt);
+    EXPECT_EQ(write(all).end->where, "Loop 1");
+    EXPECT_EQ(count("E2 3 1"), 0);
+}
+
+TEST_F(ExportTest, ThePedalHasTheLastWordOnWhatItHolds) {
+    auto one = order(Batches::each);
+    one.exports = {{2_slot, copy(2_slot, 200)}};
+    auto stored = recorded(200);
+    pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop* loop) {
+        if (loop != nullptr) {
+            pedal.setLoop(address, stored);
+        }
+    });
+    const auto result = [&] {
+        pedal.setLoop(1, std::nullopt);
+        const auto outcome = write(one);
+        EXPECT_EQ(end(outcome), "");
+        return said.at(0);
+    };
+    EXPECT_EQ(result(), "2 written");
+    one.same = [](const ExportInfo&, ByteView image) { return image.back() == 0; };
+    EXPECT_EQ(result(), "2 written differs");
+    stored.audio.back() = 0;
+    EXPECT_EQ(result(), "2 compared");
+    plan("refuse@E1");
+    EXPECT_EQ(result(), "2 written refused");
+    stored = recorded(199);
+    one.same = {};
+    EXPECT_EQ(result(), "2 written short-loop");
+    plan("refuse@E3");
+    EXPECT_EQ(result(), "2 failed refused");
+    pedal.setMemoryListener({});
+}
+
+TEST_F(ExportTest, WhatWasUnderWayAtTheEndIsInDoubt) {
+    for (const auto batches : {Batches::one, Batches::each}) {
+        hold({});
+        onMove = [this](SlotNumber slot, auto) {
+            if (slot == 4_slot) {
+                cancel();
+            }
+        };
+        auto all = order(batches);
+        all.seen = table();
+        const auto outcome = write(all);
+        EXPECT_EQ(end(outcome), "cancelled");
+        EXPECT_EQ(text(*outcome.doubt), batches == Batches::one ? "4 failed cancelled" : "4 failed");
+        EXPECT_EQ(outcome.done(), 2U);
+        EXPECT_EQ(count("reset"), 1);
+    }
+    hold({});
+    auto one = order(Batches::each);
+    one.exports = {{5_slot, copy(5_slot, 200)}};
+    plan("unplug@EC:2");  // when it is asked what it holds
+    EXPECT_EQ(text(*write(one).doubt), "5 written");
+}
+
+TEST(ExportOrder, WhatShrinksGoesFirst) {
+    const Loops loops = {{1_slot, {.samples = 10}}, {2_slot, {.samples = 90}}, {3_slot, {.samples = 50}}};
+    Exports exports;
+    for (const auto& [slot, frames] :
+         std::map<SlotNumber, std::uint64_t>{{1_slot, 90}, {2_slot, 10}, {3_slot, 45}, {4_slot, 5}}) {
+        exports[slot] = {"x", slot.number(), loops.contains(slot), frames * 6};
+    }
+    std::vector<int> order;
+    for (const auto& info : inOrderOfGrowth(exports, loops)) {
+        order.push_back(info.destination);
+    }
+    EXPECT_THAT(order, ElementsAre(2, 3, 1, 4));
+}
+
+}  // namespace
+}  // namespace kzq::test
