@@ -9,7 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "device/link.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "platform/new_file.h"
@@ -26,7 +25,6 @@ struct AppEnvironment {
     Executor& executor;
     Dialogs& dialogs;
     HttpClient& http;
-    Link link;  ///< KZQ7306::load was called before
 
     std::filesystem::path home;  ///< the user's home folder; empty for none
     Product product;

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "app/app_delegate.h"
-#include "app/app_parts.h"
 #include "device/kzq7306.h"
 
 namespace kzq {
@@ -14,11 +13,11 @@ void AppDelegate::eraseButtonClicked() {
         return;
     }
     AskedLoops asked;
-    for (const auto slot : parts_->model.selection()) {
+    for (const auto slot : selectedImportSlots_) {
         asked.emplace(slot, shownIn(slot));
     }
     const auto before = std::exchange(flow_, flow_ == Flow::none ? Flow::starting : flow_);
-    const auto answer = parts_->environment.dialogs.run(
+    const auto answer = environment_.dialogs.run(
         yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
     if (before == Flow::none) {
         endStart();
@@ -30,8 +29,7 @@ void AppDelegate::eraseButtonClicked() {
 
 /// Only slots that the question was about and that are still selected.
 void AppDelegate::startErase(AskedLoops asked) {
-    std::erase_if(asked,
-                  [this](const auto& entry) { return !parts_->model.selection().contains(entry.first); });
+    std::erase_if(asked, [this](const auto& entry) { return !selectedImportSlots_.contains(entry.first); });
     std::vector<std::uint8_t> numbers;
     std::ranges::transform(std::views::keys(asked), std::back_inserter(numbers), &SlotNumber::number);
     if (numbers.empty()) {
@@ -39,10 +37,10 @@ void AppDelegate::startErase(AskedLoops asked) {
         return;
     }
     endEditing();
-    parts_->model.deselectAll();
+    selectedImportSlots_.clear();
     beginRun();
     for (const auto& [slot, loop] : asked) {
-        run_->deselected[slot] = parts_->rows.importRow(slot)->customImportName();
+        run_->deselected[slot] = row(slot, Slot::importContext)->customImportName();
     }
     const auto ready = [asked = std::move(asked)](KZQ7306& looper) {
         return unchangedTable(looper, asked, "Nothing was erased.").has_value();
@@ -53,7 +51,7 @@ void AppDelegate::startErase(AskedLoops asked) {
 }
 
 void AppDelegate::finishErase() {
-    if (const auto looper = parts_->environment.link()) {
+    if (const auto looper = KZQ7306::looper()) {
         looper->refresh();
     }
     endRun();

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "app/app_delegate.h"
-#include "app/app_parts.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
 #include "device/kzq7306.h"
@@ -53,7 +52,7 @@ void AppDelegate::exportButtonClicked() {
 }
 
 void AppDelegate::startExport() {
-    const auto exports = parts_->model.staging();
+    const auto exports = selectedExportSlots_;
     if (exports.empty()) {
         endStart();
         return;
@@ -64,7 +63,7 @@ void AppDelegate::startExport() {
     }
     const auto total = shownTotal(exports);
     if (overwrites(exports)) {
-        const auto answer = parts_->environment.dialogs.run(yesOrNoAlertWithHeadline(
+        const auto answer = environment_.dialogs.run(yesOrNoAlertWithHeadline(
             "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
             "like to continue?"));
         if (answer != alertFirstButton) {
@@ -81,9 +80,9 @@ void AppDelegate::startExport() {
     openProgress(total, Slot::exportContext);
     beginRun();
     const auto run = std::make_shared<TransferRun>(
-        parts_->environment.executor, total,
-        transferListener(&AppDelegate::loopSent,
-                         [exports](AppDelegate& self) { self.finishExport(exports); }));
+        environment_.executor, total, transferListener(&AppDelegate::loopSent, [exports](AppDelegate& self) {
+            self.finishExport(exports);
+        }));
     const auto current = std::make_shared<Exports>(exports);
     const auto ready = [asked, current](KZQ7306& looper) {
         readAhead(*current);
@@ -111,19 +110,22 @@ void AppDelegate::startExport() {
 /// arrived.
 bool AppDelegate::stillStaged(const Exports& asked) const {
     return std::ranges::all_of(asked, [this](const auto& entry) {
-        const auto now = parts_->model.staging().find(entry.first);
-        return now != parts_->model.staging().end() && now->second.source == entry.second.source;
+        const auto now = selectedExportSlots_.find(entry.first);
+        return now != selectedExportSlots_.end() && now->second.source == entry.second.source;
     });
 }
 
+/// A failed loop also counts as done: the loop table is read again at the end.
 void AppDelegate::loopSent(std::uint8_t number) {
-    parts_->presenter.sent(SlotNumber::of(number).value());
+    if (auto* const slot = slotNumber(number, Slot::exportContext)) {
+        slot->setExported(true);
+    }
 }
 
 void AppDelegate::finishExport(const Exports& sent) {
-    parts_->transferPanel.close();
+    closeProgress();
     deselectAllExportSlots();
-    if (const auto looper = parts_->environment.link()) {
+    if (const auto looper = KZQ7306::looper()) {
         looper->refresh();
     }
     endRun();

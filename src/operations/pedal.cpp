@@ -12,8 +12,6 @@ namespace kzq {
 
 namespace {
 
-/// How long the news that a pedal has left may be behind the failure of its last transfer.
-constexpr Executor::Duration departureNotice = std::chrono::milliseconds(500);
 /// A healthy pedal stops before its next piece; one that has stopped answering is reset.
 constexpr Executor::Duration firstInsistence = std::chrono::milliseconds(500);
 constexpr Executor::Duration nextInsistence = std::chrono::seconds(1);
@@ -62,11 +60,8 @@ class Pedal::Batch {
 std::shared_ptr<Pedal> Pedal::create(Executor& executor, std::shared_ptr<KZQ7306> link, Limits limits) {
     std::shared_ptr<Pedal> pedal(new Pedal(executor, std::move(link), std::move(limits)));
     pedal->watch_.emplace(executor, pedal->link_, pedal->limits_.silence, [weak = std::weak_ptr(pedal)] {
-        const auto self = weak.lock();
-        if (self && self->limits_.silent) {
-            self->limits_.silent();
-        } else if (self) {
-            self->stop(Trouble{Trouble::Kind::silent});
+        if (const auto self = weak.lock()) {
+            self->fellSilent();
         }
     });
     return pedal;
@@ -74,6 +69,59 @@ std::shared_ptr<Pedal> Pedal::create(Executor& executor, std::shared_ptr<KZQ7306
 
 Pedal::Pedal(Executor& executor, std::shared_ptr<KZQ7306> link, Limits limits)
     : executor_(executor), link_(std::move(link)), limits_(std::move(limits)) {}
+
+void Pedal::fellSilent() {
+    Executor::Task inUpdate;
+    {
+        const std::lock_guard guard(mutex_);
+        inUpdate = silentInUpdate_;
+    }
+    if (inUpdate) {
+        inUpdate();
+    } else if (limits_.silent) {
+        limits_.silent();
+    } else {
+        stop(Trouble{Trouble::Kind::silent});
+    }
+}
+
+bool Pedal::expectRestart(Executor::Task silent) {
+    const std::lock_guard guard(mutex_);
+    if (!stopped_) {
+        cable_ = {};
+        silentInUpdate_ = std::move(silent);
+    }
+    return !stopped_;
+}
+
+bool Pedal::restartExpected() const {
+    const std::lock_guard guard(mutex_);
+    return silentInUpdate_ != nullptr;
+}
+
+Pedal::Cable Pedal::cable() const {
+    const std::lock_guard guard(mutex_);
+    return cable_;
+}
+
+void Pedal::left() {
+    {
+        const std::lock_guard guard(mutex_);
+        cable_ = {cable_.departures + 1, stageNone};
+    }
+    if (!restartExpected()) {
+        stop(Trouble{Trouble::Kind::unplugged});
+    }
+}
+
+void Pedal::returned(char stage) {
+    const std::lock_guard guard(mutex_);
+    cable_.stage = stage;
+}
+
+void Pedal::forgetReturn() {
+    returned(stageNone);
+}
 
 std::optional<Trouble> Pedal::stopped() const {
     const std::lock_guard guard(mutex_);

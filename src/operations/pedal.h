@@ -70,12 +70,32 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
 
     /// Only the first reason counts.
     void stop(const Trouble& why);
-    /// The pedal has left.
-    void left() { stop(Trouble{Trouble::Kind::unplugged}); }
+    /// The pedal has left, or is back in this stage.
+    void left();
+    void returned(char stage);
     /// Why the work is stopped, if it is.
     std::optional<Trouble> stopped() const;
     /// Set when it is.
     const std::atomic<bool>& stoppedFlag() const { return stoppedFlag_; }
+
+    // --- For an update of the firmware, during which the pedal leaves and comes back.
+
+    /// How long the news that a pedal has left may be behind the failure of its last transfer.
+    static constexpr Executor::Duration departureNotice = std::chrono::milliseconds(500);
+    struct Cable {
+        unsigned departures = 0;  ///< since expectRestart
+        char stage = stageNone;   ///< at the last return since then; none after a departure
+    };
+    /// False if the work is stopped already. Otherwise, from here on, neither a departure ends it nor a call
+    /// that stays silent, for which `silent` is called, and `stop` only keeps its reason.
+    bool expectRestart(Executor::Task silent);
+    bool restartExpected() const;
+    Cable cable() const;
+    void forgetReturn();
+
+    Executor& executor() const { return executor_; }
+    const std::shared_ptr<KZQ7306>& link() const { return link_; }
+    const Limits& limits() const { return limits_; }
 
   private:
     class Batch;
@@ -93,6 +113,7 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
     void insist(std::uint64_t call);
     bool underWay() const;
     void leave();
+    void fellSilent();
 
     Executor& executor_;
     const std::shared_ptr<KZQ7306> link_;
@@ -104,6 +125,8 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
     mutable std::mutex mutex_;  ///< guards what follows
     Condition changed_;
     std::optional<Trouble> stopped_;
+    Cable cable_;
+    Executor::Task silentInUpdate_;
     unsigned started_ = 0;     ///< tasks
     unsigned finished_ = 0;    ///< the last task that finished
     bool leavable_ = false;    ///< nobody waits for the last task once the work is stopped

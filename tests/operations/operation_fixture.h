@@ -71,7 +71,7 @@ class OperationTest : public PedalTest {
 
   private:
     struct Cable : KZQ7306Delegate {
-        void looperIsConnected(KZQ7306& /*looper*/) override {}
+        void looperIsConnected(KZQ7306& looper) override { work->returned(looper.stage()); }
         void looperHasBeenDisconnected() override { work->left(); }
         void looperInternalStateChanged(const Status& /*status*/) override {}
 

@@ -1,0 +1,188 @@
+#include "operations/flash.h"
+
+#include "operation_fixture.h"
+
+namespace kzq::test {
+namespace {
+
+using How = FlashEnd::How;
+using Phase = FlashPhase;
+
+class FlashWork : public OperationTest {
+  protected:
+    FlashWork() {
+        const std::string mark = "7306 firmware 1.06";
+        std::ranges::copy(mark, image.begin());
+        limits(60s);
+    }
+
+    /// Those of the tool; or of the window, which waits.
+    void limits(Executor::Duration silence, bool leaveBehind = true) {
+        hold({.silence = silence, .leaveBehind = leaveBehind});
+    }
+    void blank() {
+        pedal.unplug();
+        pedal.setStage('b');
+        pedal.plugIn();
+        executor.settle();
+        limits(work->limits().silence, work->limits().leaveBehind);
+    }
+    FlashEnd flash() {
+        phases.clear();
+        return run(
+            [this] { return runFlash(*work, image, {.phase = [this](Phase phase) { enter(phase); }}); });
+    }
+    FlashEnd confirm(const FlashEnd& sent) {
+        return run([&] { return confirmFlash(*work, sent, {}); });
+    }
+    /// Where and why nothing was sent to its end.
+    std::string failure(const FlashEnd& end) const {
+        EXPECT_EQ(end.how, How::notSent);
+        EXPECT_EQ(pedal.installedFirmware(), std::nullopt);
+        return end.why ? std::string(troubleName(end.why->kind)) : "";
+    }
+    std::string failure() { return failure(flash()); }
+    void enter(Phase phase) {
+        phases.push_back(phase);
+        onPhase(phase);
+    }
+
+    Bytes image = Bytes(3000, 7);
+    std::vector<Phase> phases;
+    std::function<void(Phase)> onPhase = [](auto) {};
+};
+
+TEST_F(FlashWork, IsConfirmedOnceThePedalHasReportedItsVersion) {
+    const auto sent = flash();
+    EXPECT_EQ(sent.how, How::sent);
+    EXPECT_EQ(sent.why, std::nullopt);
+    EXPECT_EQ(pedal.installedFirmware(), image);
+    EXPECT_THAT(phases,
+                ElementsAre(Phase::asking, Phase::restarting, Phase::left, Phase::sending, Phase::sent));
+    const auto end = confirm(sent);
+    EXPECT_EQ(end.how, How::confirmed);
+    EXPECT_EQ(end.version, "1.06");
+    EXPECT_LT(executor.elapsed(), 14s);
+}
+
+TEST_F(FlashWork, AFailureInTheLoaderIsToldAndCanBeRepeated) {
+    const std::vector<std::pair<std::string, std::string>> faults = {
+        {"refuse@E7", "refused"},   {"refuse@E4", "refused"},    {"stall@out", "not-sent"},
+        {"refuse@E5", "refused"},   {"stall@out:2", "not-sent"}, {"silence@out", "silent"},
+        {"unplug@out", "unplugged"}};
+    blank();
+    for (const auto& [fault, why] : faults) {
+        limits(60s);
+        plan(fault);
+        const auto begun = executor.elapsed();
+        const auto end = flash();
+        EXPECT_EQ(failure(end), why) << fault;
+        EXPECT_EQ(end.phase, Phase::sending) << fault;
+        EXPECT_LT(executor.elapsed() - begun, 70s) << fault;
+    }
+    pedal.plugIn();
+    executor.settle();
+    limits(60s);
+    EXPECT_EQ(confirm(flash()).how, How::confirmed);
+}
+
+TEST_F(FlashWork, ATrailerThatIsNeverAnsweredInstallsNothing) {
+    blank();
+    plan("stall@E5");
+    const auto sent = flash();
+    EXPECT_EQ(sent.how, How::sent);
+    EXPECT_EQ(sent.why.value().kind, Trouble::Kind::noAnswer);
+    EXPECT_EQ(confirm(sent).how, How::inLoader);
+}
+
+TEST_F(FlashWork, APedalThatIsNotSeenAgainIsNotConfirmed) {
+    const auto after = [this](const std::function<void()>& what) {
+        blank();
+        onPhase = [what](Phase phase) {
+            if (phase == Phase::sent) {
+                what();
+            }
+        };
+        const auto end = confirm(flash());
+        EXPECT_EQ(end.how, How::unconfirmed);
+        return std::string(troubleName(end.why.value().kind));
+    };
+    EXPECT_EQ(after([this] { pedal.setReturns(false); }), "no-return");
+    EXPECT_EQ(after([this] {
+                  plan("stall@EA:1+");
+                  pedal.setReturns(true);
+              }),
+              "unknown-version");
+    pedal.clearFaults();
+    EXPECT_EQ(after([this] { cancel(); }), "cancelled");
+}
+
+TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
+    plan("refuse@E4");
+    EXPECT_EQ(failure(), "loader-refused");
+    pedal.setBusy(true);
+    EXPECT_EQ(failure(), "busy");
+    pedal.setBusy(false);
+    limits(5s);
+    plan("silence@E8");
+    EXPECT_EQ(failure(), "silent");
+    executor.advance(5s);
+    EXPECT_THAT(wire(), Not(Contains("reset"))) << "it would be sent into its loader";
+    cancel();
+    EXPECT_EQ(failure(), "cancelled");
+    EXPECT_THAT(phases, IsEmpty());
+}
+
+TEST_F(FlashWork, APedalThatDoesNotComeBackAsItsLoader) {
+    pedal.setReturns(false);
+    EXPECT_EQ(failure(), "no-return");
+    EXPECT_EQ(executor.elapsed() / 1s, 60);
+}
+
+TEST_F(FlashWork, TheUpdateStaysPendingForWhoWaits) {
+    limits(60s, false);
+    pedal.setReturns(false);
+    executor.mainAfter(10min, [this] {
+        pedal.setStage('p');
+        pedal.plugIn();
+    });
+    executor.mainAfter(20min, [this] {
+        pedal.unplug();
+        pedal.setStage('b');
+        pedal.setReturns(true);
+        pedal.plugIn();
+    });
+    EXPECT_EQ(flash().how, How::sent);
+    EXPECT_THAT(phases, ElementsAre(Phase::asking, Phase::restarting, Phase::left, Phase::cameBack,
+                                    Phase::sending, Phase::sent));
+    EXPECT_EQ(pedal.installedFirmware(), image);
+}
+
+TEST_F(FlashWork, NothingButItsOwnEndEndsTheImage) {
+    limits({});  // for ever
+    onPhase = [this](Phase phase) {
+        if (phase == Phase::left || phase == Phase::sending) {
+            cancel();
+        }
+    };
+    EXPECT_EQ(flash().how, How::sent);
+    EXPECT_EQ(pedal.installedFirmware(), image);
+}
+
+TEST_F(FlashWork, WithoutALimitAStopStillComesToAnEnd) {
+    limits({});
+    pedal.setReturns(false);
+    executor.mainAfter(30min, [this] { cancel(); });
+    EXPECT_EQ(failure(), "no-return");
+    EXPECT_EQ(executor.elapsed() / 1min, 31);
+}
+
+TEST_F(FlashWork, UnpluggedAndPluggedInAgainInThePauseIsUnplugged) {
+    blank();
+    executor.mainAfter(3s, [this] { pedal.unplug(); });
+    executor.mainAfter(4s, [this] { pedal.plugIn(); });
+    EXPECT_EQ(failure(), "unplugged");
+}
+
+}  // namespace
+}  // namespace kzq::test
