@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QObject>
 #include <QPoint>
 #include <QUrl>
 #include <atomic>
@@ -8,16 +7,15 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
-#include <vector>
 
-#include "app/app_environment.h"
 #include "app/application.h"
 #include "app/loop_check.h"
+#include "app/rows.h"
 #include "app/transfer_run.h"
 #include "device/kzq7306_delegate.h"
 #include "loops/export_info.h"
-#include "slots/slot.h"
 #include "slots/slot_delegate.h"
 #include "ui/application_controller.h"
 #include "updates/firmware_cache.h"
@@ -27,22 +25,18 @@
 namespace kzq {
 
 class About;
-class Absence;
 class BusyQuestion;
 class KZQ7306;
 class MainWindow;
 class Menu;
-class MenuClosing;
 class Progress;
 class SlotFieldEditor;
 class SoftwareUpdate;
+struct AppEnvironment;
+struct AppParts;
 
-/// The application's controller: owns the rows, the selections and the panels, reacts when the pedal
-/// arrives, leaves or changes, and runs the operations that the user starts. All of it on the main thread:
-/// reports from the link and the conversions on other threads are posted there and hold it weakly.
-///
-/// The main thread never waits for the pedal. Only one operation runs at a time, from the press of
-/// its button to its end; a press meanwhile has no effect.
+/// The application's controller: what window, rows, panels, link and updaters call. What it does stands in
+/// AppParts, and how it begins in `launch`. On the main thread, which never waits for the pedal.
 class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
                     public ApplicationDelegate,
                     public ApplicationController,
@@ -51,7 +45,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
                     public FirmwareUpdaterDelegate,
                     public SUUpdaterDelegate {
   public:
-    using Slots = std::vector<std::unique_ptr<Slot>>;
+    using Slots = Rows::List;
 
     /// Create it with std::make_shared. `window` outlives it.
     AppDelegate(AppEnvironment environment, MainWindow& window);
@@ -70,17 +64,17 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     // --- what it owns; null, or empty, before the launch
 
-    Menu* menu() const { return menu_.get(); }
-    About* about() const { return about_.get(); }
-    Progress* progress() const { return progress_.get(); }
-    FirmwareUpdater* firmwareUpdater() const { return firmwareUpdater_.get(); }
-    SUUpdater* sparkle() const { return sparkle_.get(); }
-    SoftwareUpdate* softwareUpdate() const { return softwareUpdate_.get(); }
+    Menu* menu() const;
+    About* about() const;
+    Progress* progress() const;
+    FirmwareUpdater* firmwareUpdater() const;
+    SUUpdater* sparkle() const;
+    SoftwareUpdate* softwareUpdate() const;
     /// Entry i is loop i + 1.
-    const Slots& importSlots() const { return importSlots_; }
-    const Slots& exportSlots() const { return exportSlots_; }
-    const std::set<SlotNumber>& selectedImportSlots() const { return selectedImportSlots_; }
-    const Exports& selectedExportSlots() const { return selectedExportSlots_; }
+    const Slots& importSlots() const;
+    const Slots& exportSlots() const;
+    const std::set<SlotNumber>& selectedImportSlots() const;
+    const Exports& selectedExportSlots() const;
 
     // --- the pedal
 
@@ -97,14 +91,13 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void exportAboutToBeRemoved(Slot& slot) override;
     void exportRemoved(Slot& slot) override;
     Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
-    Slot* row(SlotNumber slot, std::int32_t context) { return slotNumber(slot.number(), context); }
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
     /// Frames in use once everything staged is written.
     std::uint64_t existingAndTeedUpExportSamples() const;
     /// The same with `frames` for `slot`, in place of what is there.
     std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
-                                                                   std::uint8_t slot) const;
+                                                                   SlotNumber slot) const;
     void setMeterValueAndCaption(std::uint64_t frames);
 
     // --- buttons and tabs
@@ -118,6 +111,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void endEditing();
     void selectImportTab();
     void selectExportTab();
+    /// The progress panel was closed by the user.
+    void cancelTransfer();
 
     // --- the menu
 
@@ -162,35 +157,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
         /// The slots that were deselected for it, with the names typed; for its refusal. Main thread.
         std::map<SlotNumber, std::optional<QString>> deselected;
     };
-    /// A file that was put on an export row.
-    struct Drop {
-        SlotNumber slot;
-        QUrl file;
-        std::uint64_t order = 0;  ///< of all drops
-    };
 
-    // launch.cpp
-    void makeSoftwareUpdater();
-    bool makeMenu();
-    void makePanels();
-    bool makeSlots(int tab, std::int32_t context, Slots& list);
-    void connectButtons();
-
-    // connection.cpp
-    void loopsArrived(const std::optional<Loops>& table);
-    void showImportState(const Loops& loops, const std::set<SlotNumber>& selection);
-    bool showExportState(const Loops& loops, const std::set<SlotNumber>& selection);
-    void redrawAbout();
-    void emptyMeter();
-    void setImportAndEraseEnabled(bool enabled);
-
-    void showNoTable();
     std::optional<Loop> shownIn(SlotNumber slot) const;
-
-    // meter.cpp, staging.cpp
-    Loops existingLoops() const;
-    void stage(const Drop& drop, const std::filesystem::path& copy);
-    void focusContent();
 
     // start.cpp: shared by the operations
 
@@ -213,9 +181,6 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     std::function<void()> onMain(std::function<void(AppDelegate&)> task);
     TransferRun::Listener transferListener(void (AppDelegate::*loopDone)(std::uint8_t slot),
                                            std::function<void(AppDelegate&)> finished);
-    void setPercent(double fraction);
-    void closeProgress();
-    void cancelTransfer();
     void insistOnCancel(Executor::Duration delay, const std::shared_ptr<LinkRun>& run);
 
     void startImport(const std::filesystem::path& folder);
@@ -232,30 +197,10 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void readImage(std::function<std::optional<FirmwareImage>()> read);
     void flash(FirmwareImage image);
 
-    const AppEnvironment environment_;
-    MainWindow& window_;
-    std::unique_ptr<SlotFieldEditor> fieldEditor_;
-    std::unique_ptr<Menu> menu_;
-    std::unique_ptr<About> about_;
-    std::unique_ptr<Progress> progress_;
-    std::unique_ptr<FirmwareUpdater> firmwareUpdater_;
-    std::shared_ptr<SUUpdater> sparkle_;
-    std::unique_ptr<SoftwareUpdate> softwareUpdate_;
-    Slots importSlots_;
-    Slots exportSlots_;
-    std::set<SlotNumber> selectedImportSlots_;
-    Exports selectedExportSlots_;
-    /// The pedal's table as the rows show it; not complete while it is not known.
-    Loops shown_;
-    std::uint64_t drops_ = 0;                         ///< so far
-    std::map<SlotNumber, std::uint64_t> lastStaged_;  ///< by slot: the order of the drop that is staged
-
+    const std::unique_ptr<AppParts> parts_;
     std::unique_ptr<BusyQuestion> busyQuestion_;
-    std::shared_ptr<Absence> absence_;
-    std::unique_ptr<MenuClosing> menuClosing_;
     Flow flow_ = Flow::none;
-    std::shared_ptr<LinkRun> run_;          ///< the operation that is running; null without one
-    std::unique_ptr<QObject> connections_;  ///< from the window's buttons; end with it
+    std::shared_ptr<LinkRun> run_;  ///< the operation that is running; null without one
 };
 
 }  // namespace kzq

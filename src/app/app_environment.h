@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "device/link.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "platform/new_file.h"
@@ -25,6 +26,7 @@ struct AppEnvironment {
     Executor& executor;
     Dialogs& dialogs;
     HttpClient& http;
+    Link link;  ///< KZQ7306::load was called before
 
     std::filesystem::path home;  ///< the user's home folder; empty for none
     Product product;

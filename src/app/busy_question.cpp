@@ -10,8 +10,8 @@ namespace {
 
 constexpr auto patience = std::chrono::milliseconds(500);
 
-bool pedalIsBusy() {
-    const auto looper = KZQ7306::looper();
+bool pedalIsBusy(const Link& link) {
+    const auto looper = link();
     return !looper || looper->busy();
 }
 
@@ -25,13 +25,14 @@ void BusyQuestion::ask(std::function<void(bool busy)> answer) {
     };
     executor_.mainAfter(patience, [tell] { tell(true); });
     if (!std::exchange(*unanswered_, true)) {
-        executor_.background(Priority::high, [&executor = executor_, unanswered = unanswered_, tell] {
-            const bool busy = pedalIsBusy();
-            executor.main([unanswered, tell, busy] {
-                *unanswered = false;
-                tell(busy);
-            });
-        });
+        executor_.background(Priority::high,
+                             [&executor = executor_, link = link_, unanswered = unanswered_, tell] {
+                                 const bool busy = pedalIsBusy(link);
+                                 executor.main([unanswered, tell, busy] {
+                                     *unanswered = false;
+                                     tell(busy);
+                                 });
+                             });
     }
 }
 

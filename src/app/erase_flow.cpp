@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/app_delegate.h"
+#include "app/app_parts.h"
 #include "device/kzq7306.h"
 
 namespace kzq {
@@ -13,11 +14,11 @@ void AppDelegate::eraseButtonClicked() {
         return;
     }
     AskedLoops asked;
-    for (const auto slot : selectedImportSlots_) {
+    for (const auto slot : parts_->model.selection()) {
         asked.emplace(slot, shownIn(slot));
     }
     const auto before = std::exchange(flow_, flow_ == Flow::none ? Flow::starting : flow_);
-    const auto answer = environment_.dialogs.run(
+    const auto answer = parts_->environment.dialogs.run(
         yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
     if (before == Flow::none) {
         endStart();
@@ -29,7 +30,8 @@ void AppDelegate::eraseButtonClicked() {
 
 /// Only slots that the question was about and that are still selected.
 void AppDelegate::startErase(AskedLoops asked) {
-    std::erase_if(asked, [this](const auto& entry) { return !selectedImportSlots_.contains(entry.first); });
+    std::erase_if(asked,
+                  [this](const auto& entry) { return !parts_->model.selection().contains(entry.first); });
     std::vector<std::uint8_t> numbers;
     std::ranges::transform(std::views::keys(asked), std::back_inserter(numbers), &SlotNumber::number);
     if (numbers.empty()) {
@@ -37,10 +39,10 @@ void AppDelegate::startErase(AskedLoops asked) {
         return;
     }
     endEditing();
-    selectedImportSlots_.clear();
+    parts_->model.deselectAll();
     beginRun();
     for (const auto& [slot, loop] : asked) {
-        run_->deselected[slot] = row(slot, Slot::importContext)->customImportName();
+        run_->deselected[slot] = parts_->rows.importRow(slot)->customImportName();
     }
     const auto ready = [asked = std::move(asked)](KZQ7306& looper) {
         return unchangedTable(looper, asked, "Nothing was erased.").has_value();
@@ -51,7 +53,7 @@ void AppDelegate::startErase(AskedLoops asked) {
 }
 
 void AppDelegate::finishErase() {
-    if (const auto looper = KZQ7306::looper()) {
+    if (const auto looper = parts_->environment.link()) {
         looper->refresh();
     }
     endRun();

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/app_delegate.h"
+#include "app/app_parts.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
 #include "device/kzq7306.h"
@@ -52,7 +53,7 @@ void AppDelegate::exportButtonClicked() {
 }
 
 void AppDelegate::startExport() {
-    const auto exports = selectedExportSlots_;
+    const auto exports = parts_->model.staging();
     if (exports.empty()) {
         endStart();
         return;
@@ -63,7 +64,7 @@ void AppDelegate::startExport() {
     }
     const auto total = shownTotal(exports);
     if (overwrites(exports)) {
-        const auto answer = environment_.dialogs.run(yesOrNoAlertWithHeadline(
+        const auto answer = parts_->environment.dialogs.run(yesOrNoAlertWithHeadline(
             "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
             "like to continue?"));
         if (answer != alertFirstButton) {
@@ -80,9 +81,9 @@ void AppDelegate::startExport() {
     openProgress(total, Slot::exportContext);
     beginRun();
     const auto run = std::make_shared<TransferRun>(
-        environment_.executor, total, transferListener(&AppDelegate::loopSent, [exports](AppDelegate& self) {
-            self.finishExport(exports);
-        }));
+        parts_->environment.executor, total,
+        transferListener(&AppDelegate::loopSent,
+                         [exports](AppDelegate& self) { self.finishExport(exports); }));
     const auto current = std::make_shared<Exports>(exports);
     const auto ready = [asked, current](KZQ7306& looper) {
         readAhead(*current);
@@ -110,22 +111,19 @@ void AppDelegate::startExport() {
 /// arrived.
 bool AppDelegate::stillStaged(const Exports& asked) const {
     return std::ranges::all_of(asked, [this](const auto& entry) {
-        const auto now = selectedExportSlots_.find(entry.first);
-        return now != selectedExportSlots_.end() && now->second.source == entry.second.source;
+        const auto now = parts_->model.staging().find(entry.first);
+        return now != parts_->model.staging().end() && now->second.source == entry.second.source;
     });
 }
 
-/// A failed loop also counts as done: the loop table is read again at the end.
 void AppDelegate::loopSent(std::uint8_t number) {
-    if (auto* const slot = slotNumber(number, Slot::exportContext)) {
-        slot->setExported(true);
-    }
+    parts_->presenter.sent(SlotNumber::of(number).value());
 }
 
 void AppDelegate::finishExport(const Exports& sent) {
-    closeProgress();
+    parts_->transferPanel.close();
     deselectAllExportSlots();
-    if (const auto looper = KZQ7306::looper()) {
+    if (const auto looper = parts_->environment.link()) {
         looper->refresh();
     }
     endRun();

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "app/app_delegate.h"
+#include "app/app_parts.h"
 #include "app/main_window.h"
 #include "device/kzq7306.h"
 #include "platform/plain_file.h"
@@ -19,31 +20,14 @@ std::optional<FirmwareImage> chosenImage(const std::filesystem::path& path) {
 
 }  // namespace
 
-void AppDelegate::openFirmwareUpdater() {
-    if (!firmwareUpdater_) {
-        return;
-    }
-    const auto looper = KZQ7306::looper();
-    if (!looper || looper->disconnected()) {
-        environment_.dialogs.run(alertWithHeadline("Your 7306 device is not connected",
-                                                   "Please connect your device and try again."));
-    } else if (firmwareUpdater_->update()) {
-        firmwareUpdater_->showWindow();
-    } else {
-        environment_.dialogs.run(alertWithHeadline(
-            "You're up to date!",
-            "Version " + looper->version().value_or("") + " is the newest 7306 firmware available."));
-    }
-}
-
 void AppDelegate::installFirmware() {
     closeMenu();
     whenIdle([this] {
-        if (!firmwareUpdater_ || !firmwareUpdater_->update()) {
+        if (!parts_->panels.firmwareUpdater || !parts_->panels.firmwareUpdater->update()) {
             endStart();
             return;
         }
-        readImage([updates = firmwareUpdater_->updates()] { return updates->offeredImage(); });
+        readImage([updates = parts_->panels.firmwareUpdater->updates()] { return updates->offeredImage(); });
     });
 }
 
@@ -53,7 +37,7 @@ void AppDelegate::installFirmware(const std::filesystem::path& image) {
         return;
     }
     whenIdle([this, image] {
-        if (!firmwareUpdater_) {
+        if (!parts_->panels.firmwareUpdater) {
             endStart();
             return;
         }
@@ -62,8 +46,9 @@ void AppDelegate::installFirmware(const std::filesystem::path& image) {
 }
 
 void AppDelegate::readImage(std::function<std::optional<FirmwareImage>()> read) {
-    environment_.executor.background(
-        Priority::high, [&executor = environment_.executor, weak = weak_from_this(), read = std::move(read)] {
+    parts_->environment.executor.background(
+        Priority::high,
+        [&executor = parts_->environment.executor, weak = weak_from_this(), read = std::move(read)] {
             executor.main([weak, image = read().value_or(FirmwareImage{})]() mutable {
                 const auto self = weak.lock();
                 if (self && image.empty()) {
@@ -76,11 +61,11 @@ void AppDelegate::readImage(std::function<std::optional<FirmwareImage>()> read) 
 }
 
 void AppDelegate::flash(FirmwareImage image) {
-    auto& progress = firmwareUpdater_->progress();
+    auto& progress = parts_->panels.firmwareUpdater->progress();
     progress.begin();
-    firmwareUpdater_->close();
+    parts_->panels.firmwareUpdater->close();
     beginRun();
-    const auto completion = [updates = firmwareUpdater_->updates(), end = progress.ender(),
+    const auto completion = [updates = parts_->panels.firmwareUpdater->updates(), end = progress.ender(),
                              endRun = onMain(&AppDelegate::endRun)](bool flashed) {
         if (flashed) {
             updates->clearUpdate();

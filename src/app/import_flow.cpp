@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/app_delegate.h"
+#include "app/app_parts.h"
 #include "app/loop_check.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
@@ -12,7 +13,6 @@
 #include "operations/sentences.h"
 #include "platform/free_space.h"
 #include "platform/log.h"
-#include "slots/slot_field.h"
 
 // Loops go from the pedal into files.
 
@@ -51,7 +51,7 @@ struct Import {
 void AppDelegate::importButtonClicked() {
     whenIdle([this] {
         endEditing();
-        const auto chosen = environment_.dialogs.chooseFolder("Save");
+        const auto chosen = parts_->environment.dialogs.chooseFolder("Save");
         if ((chosen.answer != panelOk && chosen.answer != panelContinue) || chosen.path.empty()) {
             endStart();
             return;
@@ -64,10 +64,10 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     std::vector<std::uint8_t> numbers;
     std::map<std::uint8_t, std::string> names;
     std::uint64_t total = 0;
-    for (const auto selected : selectedImportSlots_) {
+    for (const auto selected : parts_->model.selection()) {
         const auto number = selected.number();
         numbers.push_back(number);
-        const auto* const slot = row(selected, Slot::importContext);
+        const auto* const slot = parts_->rows.importRow(selected);
         const auto loop = shownIn(selected);
         if (slot == nullptr || !loop) {
             endStart();
@@ -89,13 +89,14 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     }
     openProgress(total, Slot::importContext);
     beginRun();
-    const std::shared_ptr<Import> import(new Import{
-        {environment_.executor, total, transferListener(&AppDelegate::loopSaved, &AppDelegate::finishImport)},
-        folder,
-        std::move(names),
-        environment_.writeFile});
+    const std::shared_ptr<Import> import(
+        new Import{{parts_->environment.executor, total,
+                    transferListener(&AppDelegate::loopSaved, &AppDelegate::finishImport)},
+                   folder,
+                   std::move(names),
+                   parts_->environment.writeFile});
     const auto roomFor = [folder, needed = total + numbers.size() * waveHeaderSize,
-                          freeSpace = environment_.freeSpace](KZQ7306& /*looper*/) {
+                          freeSpace = parts_->environment.freeSpace](KZQ7306& /*looper*/) {
         const auto problem = tooLittleSpace(folder, needed, freeSpace);
         if (problem) {
             log(LogCategory::files, "Nothing was saved. " + spaceSentence(*problem));
@@ -110,16 +111,12 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     });
 }
 
-/// The typed name has been used.
 void AppDelegate::loopSaved(std::uint8_t number) {
-    if (auto* const slot = slotNumber(number, Slot::importContext)) {
-        slot->setCustomImportName(std::nullopt);
-        slot->field()->setText(slot->defaultName());
-    }
+    parts_->presenter.saved(SlotNumber::of(number).value());
 }
 
 void AppDelegate::finishImport() {
-    closeProgress();
+    parts_->transferPanel.close();
     deselectAll();
     endRun();
 }

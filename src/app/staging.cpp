@@ -1,16 +1,13 @@
-#include <QUrl>
-#include <system_error>
+#include "app/staging.h"
 
-#include "app/app_delegate.h"
-#include "app/main_window.h"
+#include <system_error>
+#include <utility>
+
+#include "app/presenter.h"
+#include "app/rows.h"
 #include "audio/wave.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
-#include "platform/log.h"
-#include "slots/slot_field.h"
-#include "slots/slot_field_editor.h"
-#include "ui/background.h"
-#include "ui/lower_button.h"
 
 namespace kzq {
 
@@ -21,51 +18,40 @@ constexpr auto afterPanel = std::chrono::milliseconds(100);
 
 const FileTypes audioTypes(audioExtensions.begin(), audioExtensions.end());
 
+void removeFile(const std::filesystem::path& file) {
+    std::error_code ignored;
+    std::filesystem::remove(file, ignored);
+}
+
 }  // namespace
 
-Slot* AppDelegate::slotNumber(std::uint8_t number, std::int32_t context) {
-    const auto& list = context == Slot::importContext ? importSlots_ : exportSlots_;
-    return number == 0 || number > list.size() ? nullptr : list[number - 1U].get();
-}
-
-void AppDelegate::checkboxStateChangedForImportSlot(Slot& slot) {
-    for (const auto& other : importSlots_) {
-        if (other.get() != &slot && other->field()->isEditable()) {
-            other->field()->setEditable(false);
-        }
-    }
-    if (slot.selected()) {
-        selectedImportSlots_.insert(slot.slot());
-    } else {
-        selectedImportSlots_.erase(slot.slot());
-        focusContent();
-    }
-    setImportAndEraseEnabled(!selectedImportSlots_.empty());
-}
-
-void AppDelegate::buttonClickedForExportSlot(Slot& slot) {
-    const auto number = slot.number();
+void Staging::choose(const Slot& row) {
+    const auto slot = slotOf(row);
+    auto& executor = environment_.executor;
+    const auto weak = weak_from_this();
     const auto chosen = environment_.dialogs.chooseFile(audioTypes);
     if ((chosen.answer != panelOk && chosen.answer != panelContinue) || chosen.path.empty()) {
         return;
     }
     const auto file = QUrl::fromLocalFile(QString::fromStdString(chosen.path.string()));
-    environment_.executor.mainAfter(afterPanel, [weak = weak_from_this(), number, file] {
-        const auto self = weak.lock();
-        if (auto* const row = self ? self->slotNumber(number, Slot::exportContext) : nullptr) {
-            self->slotReceivedDroppedURLs(*row, {file});
+    executor.mainAfter(afterPanel, [weak, slot, file] {
+        if (const auto self = weak.lock()) {
+            self->convert(slot, file);
         }
     });
 }
 
-void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
-    if (urls.isEmpty()) {
-        return;
+void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
+    if (!files.isEmpty()) {
+        convert(slotOf(row), files.first());
     }
-    const Drop drop{slot.slot(), urls.first(), ++drops_};
+}
+
+void Staging::convert(SlotNumber slot, const QUrl& file) {
+    const Drop drop{slot, file, model_.nextDrop()};
     environment_.executor.background(
         Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop,
-                         convert = environment_.convert, path = drop.file.toLocalFile().toStdString()] {
+                         convert = environment_.convert, path = file.toLocalFile().toStdString()] {
             const auto copy = convert(path);
             if (!copy) {
                 return;
@@ -78,70 +64,45 @@ void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
         });
 }
 
-void AppDelegate::stage(const Drop& drop, const std::filesystem::path& copy) {
+void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
     std::error_code error;
     const auto size = std::filesystem::file_size(copy, error);
-    auto* const slot = row(drop.slot, Slot::exportContext);
-    if (error || size < waveHeaderSize || slot == nullptr) {
+    if (error || size < waveHeaderSize) {
         return;
     }
-    if (drop.order < lastStaged_[drop.slot]) {
-        std::filesystem::remove(copy, error);  // a later drop on this row was converted sooner
-        return;
-    }
-    const auto info = exportInfoForLoop(drop.slot.number(), slot->occupied(), copy, size - waveHeaderSize);
+    const auto info = exportInfoForLoop(drop.slot.number(), model_.table().contains(drop.slot), copy,
+                                        size - waveHeaderSize);
     if (!info) {
         return;
     }
-    const auto total =
-        existingAndTeedUpExportSamplesWithProposedExport(info->bytes / frameBytes, slot->number());
-    if (!fitsCapacity(total)) {
-        environment_.dialogs.run(alertWithHeadline(std::string(tooLargeSentence)));
-        return;
-    }
-    lastStaged_[drop.slot] = drop.order;
-    setMeterValueAndCaption(total);
-    slot->setExporting(drop.file);
-    slot->setExported(false);
-    selectedExportSlots_.insert_or_assign(drop.slot, *info);
-    window_.exportButton()->setEnabled(!selectedExportSlots_.empty());
-    if (slot->occupied()) {
-        window_.warning()->show();
+    switch (model_.stage(*info, drop.order)) {
+        case LoopModel::Staged::yes:
+            presenter_.staged(drop.slot, drop.file);
+            break;
+        case LoopModel::Staged::overtaken:
+            removeFile(copy);  // a later drop on this row was converted sooner
+            break;
+        case LoopModel::Staged::tooLarge:
+            environment_.dialogs.run(alertWithHeadline(std::string(tooLargeSentence)));
+            break;
     }
 }
 
-void AppDelegate::exportAboutToBeRemoved(Slot& slot) {
-    if (const auto staged = selectedExportSlots_.find(slot.slot()); staged != selectedExportSlots_.end()) {
-        std::error_code ignored;
-        std::filesystem::remove(staged->second.source, ignored);
+void Staging::aboutToBeRemoved(const Slot& row) const {
+    if (const auto staged = model_.staging().find(slotOf(row)); staged != model_.staging().end()) {
+        removeFile(staged->second.source);
     }
 }
 
-void AppDelegate::exportRemoved(Slot& slot) {
-    slot.setExported(false);
-    selectedExportSlots_.erase(slot.slot());
-    window_.exportButton()->setEnabled(!selectedExportSlots_.empty());
-    const bool overwrites = std::ranges::any_of(
-        exportSlots_, [](const auto& row) { return row->occupied() && row->exporting().has_value(); });
-    if (!overwrites) {
-        window_.warning()->hide();
+void Staging::removed(Slot& row) {
+    model_.unstage(slotOf(row));
+    presenter_.unstaged(row);
+}
+
+void Staging::removeWorkingCopies() const {
+    for (const auto& [slot, info] : model_.staging()) {
+        removeFile(info.source);
     }
-    setMeterValueAndCaption(existingAndTeedUpExportSamples());
-}
-
-void AppDelegate::nameEditingBeganForSlot(Slot& /*slot*/) {}
-
-void AppDelegate::nameEditingEndedForSlot(Slot& /*slot*/) {
-    focusContent();
-}
-
-SlotFieldEditor* AppDelegate::windowWillReturnFieldEditor(QWidget* /*window*/, QObject* object) {
-    return qobject_cast<SlotField*>(object) != nullptr ? fieldEditor_.get() : nullptr;
-}
-
-/// Ends any editing.
-void AppDelegate::focusContent() {
-    window_.contentView()->setFocus();
 }
 
 }  // namespace kzq

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "app/app_delegate.h"
+#include "app/app_parts.h"
 #include "app/busy_question.h"
 #include "app/main_window.h"
 #include "device/kzq7306.h"
@@ -44,11 +45,11 @@ void AppDelegate::whenIdle(std::function<void()> next) {
 }
 
 void AppDelegate::sayBusy() {
-    environment_.dialogs.run(alertWithHeadline("Device is busy. Try again later."));
+    parts_->environment.dialogs.run(alertWithHeadline("Device is busy. Try again later."));
 }
 
 void AppDelegate::startSoon(std::function<void(AppDelegate&)> start) {
-    environment_.executor.mainAfter(panelsClose, [weak = weak_from_this(), start = std::move(start)] {
+    parts_->environment.executor.mainAfter(panelsClose, [weak = weak_from_this(), start = std::move(start)] {
         if (const auto self = weak.lock()) {
             start(*self);
         }
@@ -62,21 +63,22 @@ void AppDelegate::endStart() {
 void AppDelegate::beginRun() {
     flow_ = Flow::running;
     run_ = std::make_shared<LinkRun>();
-    window_.addShield();
+    parts_->window.addShield();
 }
 
 void AppDelegate::endRun() {
-    window_.removeShield();
+    parts_->window.removeShield();
     run_->over = true;
     run_.reset();
     flow_ = Flow::none;
 }
 
 void AppDelegate::onLink(OnLink ready, OnLink operation) {
-    environment_.executor.background(
-        Priority::high, [ready = std::move(ready), operation = std::move(operation), run = run_,
-                         end = onMain(&AppDelegate::endRefusedRun)] {
-            const auto looper = KZQ7306::looper();
+    parts_->environment.executor.background(
+        Priority::high,
+        [link = parts_->environment.link, ready = std::move(ready), operation = std::move(operation),
+         run = run_, end = onMain(&AppDelegate::endRefusedRun)] {
+            const auto looper = link();
             const bool holds = looper && (!ready || (ready(*looper) && !run->pedalLeft));
             const bool begins = holds && !run->cancelled;
             const bool accepted = begins && operation(*looper);
@@ -92,21 +94,21 @@ void AppDelegate::onLink(OnLink ready, OnLink operation) {
 
 /// Nothing has been done: loops that are still there are selected again and keep their names.
 void AppDelegate::endRefusedRun() {
-    closeProgress();
+    parts_->transferPanel.close();
     for (const auto& [number, name] : run_->deselected) {
-        auto& slot = *row(number, Slot::importContext);
+        auto& slot = *parts_->rows.importRow(number);
         if (slot.occupied() && !run_->pedalLeft) {
             slot.setSelected(true);
             slot.setCustomImportName(name);
-            selectedImportSlots_.insert(number);
-            setImportAndEraseEnabled(true);
+            parts_->model.select(number, true);
+            parts_->presenter.selection();
         }
     }
     endRun();
 }
 
 std::function<void()> AppDelegate::onMain(std::function<void(AppDelegate&)> task) {
-    return [&executor = environment_.executor, weak = weak_from_this(), task = std::move(task)] {
+    return [&executor = parts_->environment.executor, weak = weak_from_this(), task = std::move(task)] {
         executor.main([weak, task] {
             if (const auto self = weak.lock()) {
                 task(*self);
@@ -122,29 +124,23 @@ TransferRun::Listener AppDelegate::transferListener(void (AppDelegate::*loopDone
             task(*self);
         }
     };
-    return {[whileAlive](double fraction) { whileAlive([=](auto& self) { self.setPercent(fraction); }); },
+    return {[whileAlive](double fraction) {
+                whileAlive([=](auto& self) { self.parts_->transferPanel.setPercent(fraction); });
+            },
             [whileAlive, loopDone](std::uint8_t slot) {
                 whileAlive([=](auto& self) { (self.*loopDone)(slot); });
             },
             [whileAlive, finished = std::move(finished)] { whileAlive(finished); }};
 }
 
-void AppDelegate::setPercent(double fraction) {
-    if (progress_) {
-        progress_->setPercent(fraction);
-    }
-}
-
-void AppDelegate::closeProgress() {
-    setPercent(1.0);
-    if (progress_) {
-        progress_->close();
-    }
+std::optional<Loop> AppDelegate::shownIn(SlotNumber slot) const {
+    const auto* const loop = parts_->model.table().find(slot);
+    return loop == nullptr ? std::nullopt : std::optional(*loop);
 }
 
 void AppDelegate::cancelTransfer() {
     const bool first = run_ && !run_->cancelled.exchange(true);  // seen by onLink once the link has accepted
-    const auto looper = KZQ7306::looper();
+    const auto looper = parts_->environment.link();
     if (looper) {
         looper->cancelTransfer();
     }
@@ -157,22 +153,23 @@ void AppDelegate::cancelTransfer() {
 /// Repeats until the run is over: resets a pedal that leaves a transfer unanswered, and repeats a cancel that
 /// came just before the link started the operation.
 void AppDelegate::insistOnCancel(Executor::Duration delay, const std::shared_ptr<LinkRun>& run) {
-    environment_.executor.mainAfter(delay, [weak = weak_from_this(), run] {
+    parts_->environment.executor.mainAfter(delay, [weak = weak_from_this(), run] {
         const auto self = weak.lock();
         if (!self || run->over) {
             return;
         }
-        self->environment_.executor.background(Priority::high, [run] {
-            const auto looper = KZQ7306::looper();
-            if (run->over || !looper || (!run->asked && looper->operation() == KZQ7306::idle)) {
-                return;
-            }
-            looper->cancelTransfer();
-            const auto call = looper->callUnderWay();
-            if (call != 0 && call == run->call.exchange(call)) {
-                looper->interrupt();
-            }
-        });
+        self->parts_->environment.executor.background(
+            Priority::high, [link = self->parts_->environment.link, run] {
+                const auto looper = link();
+                if (run->over || !looper || (!run->asked && looper->operation() == KZQ7306::idle)) {
+                    return;
+                }
+                looper->cancelTransfer();
+                const auto call = looper->callUnderWay();
+                if (call != 0 && call == run->call.exchange(call)) {
+                    looper->interrupt();
+                }
+            });
         self->insistOnCancel(nextInsistence, run);
     });
 }

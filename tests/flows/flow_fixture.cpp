@@ -61,6 +61,7 @@ void FlowTest::launch(Executor::Duration wait) {
             .executor = executor,
             .dialogs = dialogs,
             .http = web,
+            .link = &KZQ7306::looper,
             .home = base / "home",
             .product = {.version = "2.1.0", .website = "https://www.maker.example"},
             .firmwareManifest = "https://maker.example/firmware/_.json",

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/app_delegate.h"
+#include "app/app_environment.h"
 #include "app/main_window.h"
 #include "device/kzq7306.h"
 #include "device/simulator/simulated_pedal.h"

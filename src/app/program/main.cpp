@@ -11,6 +11,7 @@
 #include <iterator>
 
 #include "app/app_delegate.h"
+#include "app/app_environment.h"
 #include "app/application.h"
 #include "app/main_window.h"
 #include "app/program/options.h"
@@ -108,6 +109,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .executor = executor,
         .dialogs = dialogs,
         .http = http,
+        .link = &KZQ7306::looper,
         .home = homeFolder(),
         .product = {.version = KZQ_VERSION, .website = websiteAddress(options.host)},
         .firmwareManifest = firmwareManifestAddress(options.host),

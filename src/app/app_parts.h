@@ -1,0 +1,44 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "app/absence.h"
+#include "app/app_environment.h"
+#include "app/menu_closing.h"
+#include "app/menu_control.h"
+#include "app/model/loop_model.h"
+#include "app/panels.h"
+#include "app/presenter.h"
+#include "app/rows.h"
+#include "app/staging.h"
+#include "app/transfer_panel.h"
+#include "platform/fixed.h"
+#include "slots/slot_field_editor.h"
+
+namespace kzq {
+
+class MainWindow;
+
+/// All that the controller owns. What a new panel or flow adds to the window is added here, and made in
+/// launch.cpp. Main thread.
+struct AppParts : Fixed {
+    AppParts(AppEnvironment given, MainWindow& mainWindow)
+        : environment(std::move(given)), window(mainWindow) {}
+
+    const AppEnvironment environment;
+    MainWindow& window;
+    LoopModel model;
+    std::unique_ptr<SlotFieldEditor> fieldEditor;
+    Panels panels;
+    Rows rows;
+    Presenter presenter{window, rows, model, panels.about};
+    const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter);
+    MenuControl menu{environment, window, panels};
+    TransferPanel transferPanel{window, panels};
+    std::shared_ptr<Absence> absence;
+    std::unique_ptr<MenuClosing> menuClosing;
+    std::unique_ptr<QObject> connections;  ///< from the window's buttons; end with it
+};
+
+}  // namespace kzq

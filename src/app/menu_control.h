@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QPoint>
+
+#include "platform/fixed.h"
+
+namespace kzq {
+
+class MainWindow;
+struct AppEnvironment;
+struct Panels;
+
+/// The menu inside the main window: opens and closes it, moves its highlight with the keys, and does what its
+/// items say. Without a menu nothing happens. Main thread.
+class MenuControl : Fixed {
+  public:
+    /// All outlive it.
+    MenuControl(const AppEnvironment& environment, MainWindow& window, Panels& panels)
+        : environment_(environment), window_(window), panels_(panels) {}
+
+    bool isOpen() const;
+    /// `point` in coordinates of the main window.
+    bool contains(QPoint point) const;
+    void open();
+    void close();
+    void up();
+    void down();
+    /// Does what the highlighted item says; leaves the menu open.
+    void go();
+
+    void openMainWindow();
+    void openAbout();
+    void checkForSoftwareUpdates();
+    void openFirmwareUpdater();
+    void goToWebsite();
+
+  private:
+    const AppEnvironment& environment_;
+    MainWindow& window_;
+    Panels& panels_;
+};
+
+}  // namespace kzq

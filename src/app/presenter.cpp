@@ -1,0 +1,228 @@
+#include "app/presenter.h"
+
+#include <QLabel>
+#include <QStackedWidget>
+#include <algorithm>
+
+#include "app/main_window.h"
+#include "loops/capacity.h"
+#include "ui/background.h"
+#include "ui/lower_button.h"
+#include "ui/mass_selection_button.h"
+#include "ui/panels/about.h"
+#include "ui/picture_button.h"
+#include "ui/picture_view.h"
+#include "ui/view_width.h"
+
+namespace kzq {
+
+void Presenter::redrawAbout() {
+    if (about_) {
+        about_->setNeedsDisplay();
+    }
+}
+
+void Presenter::connected() {
+    enableImportAndErase(false);
+    enableSelectButtons(true);
+    emptyMeter();
+    window_.showMeter(true);
+}
+
+/// All but the padded size, which only some transitions bring.
+void Presenter::hold(Slot& row, const Loop* loop) {
+    row.setOccupied(loop != nullptr);
+    if (loop != nullptr) {
+        row.setSamples(loop->samples);
+        row.setBytes(loop->bytes);
+    }
+}
+
+void Presenter::table() {
+    for (const auto* const list : {&rows_.imports, &rows_.exports}) {
+        for (const auto& row : *list) {
+            const auto* const loop = model_.table().find(slotOf(*row));
+            hold(*row, loop);
+            if (loop != nullptr) {
+                row->setAlignedBytes(loop->alignedBytes);
+            }
+            row->refresh();
+        }
+    }
+    meter(model_.inUse());
+}
+
+void Presenter::change(const LoopModel::Change& change) {
+    enableImportAndErase(false);
+    for (const auto* const list : {&rows_.imports, &rows_.exports}) {
+        for (const auto& row : *list) {
+            const auto* const loop = model_.table().find(slotOf(*row));
+            hold(*row, loop);
+            if (loop != nullptr) {
+                row->setSelected(change.selected.contains(slotOf(*row)));
+            }
+            if (loop != nullptr && !row->isExport()) {
+                row->setAlignedBytes(loop->alignedBytes);
+            }
+            row->refresh();
+        }
+    }
+    selection();
+    window_.warning()->setVisible(change.overwrites);
+    meter(model_.inUse());
+}
+
+void Presenter::left() {
+    enableImportAndErase(false);
+    enableSelectButtons(false);
+    window_.showMeter(false);
+    emptyMeter();
+    const auto empty = [](Slot& row) {
+        row.setBytes(0);
+        row.setSamples(0);
+        row.setAlignedBytes(0);
+        row.refresh();
+    };
+    for (const auto& row : rows_.imports) {
+        row->setOccupied(false);
+        row->endEditing();
+        row->setCustomImportName(std::nullopt);
+        empty(*row);
+    }
+    for (const auto& row : rows_.exports) {
+        row->setExporting(std::nullopt);
+        row->setExported(false);
+        row->setOccupied(false);
+        empty(*row);
+    }
+}
+
+void Presenter::meter(Frames used) {
+    const auto picture = meterPicture(used.count);
+    window_.meter()->setPicture(QString::fromUtf8(picture.data(), static_cast<qsizetype>(picture.size())));
+    setWidth(*window_.meter(), meterWidth(used.count));
+    window_.meterCaption()->setText(QString::fromStdString(meterCaption(used.count)));
+}
+
+/// Its picture stays.
+void Presenter::emptyMeter() {
+    setWidth(*window_.meter(), 0);
+    window_.meterCaption()->setText(QString::fromStdString(meterCaption(0)));
+}
+
+void Presenter::enableImportAndErase(bool enabled) {
+    window_.importButton()->setEnabled(enabled);
+    window_.eraseButton()->setEnabled(enabled);
+}
+
+void Presenter::enableSelectButtons(bool enabled) {
+    window_.selectAllButton()->setEnabled(enabled);
+    window_.deselectAllButton()->setEnabled(enabled);
+}
+
+void Presenter::checked(const Slot& row) {
+    for (const auto& other : rows_.imports) {
+        if (other.get() != &row && other->field()->isEditable()) {
+            other->field()->setEditable(false);
+        }
+    }
+    if (!row.selected()) {
+        focusContent();
+    }
+    selection();
+}
+
+void Presenter::selection() {
+    enableImportAndErase(!model_.selection().empty());
+}
+
+void Presenter::allSelected() {
+    for (const auto slot : model_.selection()) {
+        rows_.importRow(slot)->setSelected(true);
+    }
+    if (!model_.selection().empty()) {
+        enableImportAndErase(true);
+    }
+}
+
+void Presenter::noneSelected() {
+    for (const auto& row : rows_.imports) {
+        if (row->occupied()) {
+            row->endEditing();
+            row->setSelected(false);
+        }
+    }
+    enableImportAndErase(false);
+}
+
+void Presenter::endEditing() {
+    for (const auto& row : rows_.imports) {
+        row->endEditing();
+    }
+}
+
+void Presenter::saved(SlotNumber slot) {
+    if (auto* const row = rows_.importRow(slot)) {
+        row->setCustomImportName(std::nullopt);
+        row->field()->setText(row->defaultName());
+    }
+}
+
+void Presenter::staged(SlotNumber slot, const QUrl& file) {
+    meter(model_.inUse());
+    auto& row = *rows_.exportRow(slot);
+    row.setExporting(file);
+    row.setExported(false);
+    window_.exportButton()->setEnabled(!model_.staging().empty());
+    if (row.occupied()) {
+        window_.warning()->show();
+    }
+}
+
+void Presenter::unstaged(Slot& row) {
+    row.setExported(false);
+    window_.exportButton()->setEnabled(!model_.staging().empty());
+    const bool overwrites = std::ranges::any_of(
+        rows_.exports, [](const auto& other) { return other->occupied() && other->exporting().has_value(); });
+    if (!overwrites) {
+        window_.warning()->hide();
+    }
+    meter(model_.inUse());
+}
+
+/// A loop that failed is marked as well: the table is read again at the end.
+void Presenter::sent(SlotNumber slot) {
+    if (auto* const row = rows_.exportRow(slot)) {
+        row->setExported(true);
+    }
+}
+
+void Presenter::exportsCleared() {
+    window_.exportButton()->setEnabled(false);
+    for (const auto& row : rows_.exports) {
+        row->setExporting(std::nullopt);
+        row->setExported(false);
+    }
+    window_.warning()->hide();
+}
+
+void Presenter::importTab() {
+    showTab(false);
+}
+
+void Presenter::exportTab() {
+    meter(model_.inUse());
+    showTab(true);
+}
+
+void Presenter::showTab(bool exports) {
+    window_.importTabButton()->setPicture(exports ? "Menu_Import_Off" : "Menu_Import_On");
+    window_.exportTabButton()->setPicture(exports ? "Menu_Export_On" : "Menu_Export_Off");
+    window_.tabs()->setCurrentIndex(exports ? 1 : 0);
+}
+
+void Presenter::focusContent() {
+    window_.contentView()->setFocus();
+}
+
+}  // namespace kzq

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+
+#include "app/model/loop_model.h"
+#include "app/rows.h"
+#include "platform/fixed.h"
+
+namespace kzq {
+
+class About;
+class MainWindow;
+
+/// Carries out in the window what LoopModel has decided, one transition at a time: in the rows, the meter,
+/// the buttons, the warning and the About panel. All of them keep their state, and a transition leaves alone
+/// what it does not name. Main thread.
+class Presenter : Fixed {
+  public:
+    /// All outlive it; `about` is filled at launch.
+    Presenter(MainWindow& window, const Rows& rows, const LoopModel& model,
+              const std::unique_ptr<About>& about)
+        : window_(window), rows_(rows), model_(model), about_(about) {}
+
+    // --- the pedal
+
+    /// The controls; the rows wait for the table. "Export", the warning and what the export rows show of
+    /// their files stay.
+    void connected();
+    /// The first table, in both lists.
+    void table();
+    /// A later one. Export rows are selected as their import rows are, and keep their padded size.
+    void change(const LoopModel::Change& change);
+    /// "Export" and the warning stay, and so do shield and progress panel, which belong to the operation.
+    void left();
+    /// The panel shows the version of the pedal.
+    void redrawAbout();
+    void meter(Frames used);
+
+    // --- the import rows
+
+    /// A checkbox was clicked: ends the renaming of the other rows.
+    void checked(const Slot& row);
+    /// Without a loop that is selected, the buttons stay as they are.
+    void allSelected();
+    void noneSelected();
+    void endEditing();
+    /// "Import" and "Erase" follow the selection.
+    void selection();
+    /// The file has been written: the typed name is used up.
+    void saved(SlotNumber slot);
+
+    // --- the export rows
+
+    /// `file` is the user's own.
+    void staged(SlotNumber slot, const QUrl& file);
+    void unstaged(Slot& row);
+    void sent(SlotNumber slot);
+    void exportsCleared();
+
+    // --- the tabs
+
+    /// The meter stays as it is.
+    void importTab();
+    void exportTab();
+
+    /// Ends any editing.
+    void focusContent();
+
+  private:
+    void showTab(bool exports);
+    void enableImportAndErase(bool enabled);
+    void enableSelectButtons(bool enabled);
+    void emptyMeter();
+    static void hold(Slot& row, const Loop* loop);
+
+    MainWindow& window_;
+    const Rows& rows_;
+    const LoopModel& model_;
+    const std::unique_ptr<About>& about_;
+};
+
+}  // namespace kzq
