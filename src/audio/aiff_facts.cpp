@@ -28,16 +28,23 @@ void takeCommon(SourceFacts& facts, const FileBytes& file, std::uint64_t body) {
 SourceFacts factsOfAiff(const FileBytes& file) {
     SourceFacts facts;
     std::uint64_t offset = 12;
+    std::uint64_t size = 0;
+    std::uint64_t there = 0;
     for (int count = 0; count < mostChunks && file.after(offset) >= 8; ++count) {
         const std::string name = file.text(offset, 4);
-        const std::uint64_t size = file.big(offset + 4, 4).value_or(0);
+        const std::uint64_t length = file.big(offset + 4, 4).value_or(0);
         const std::uint64_t body = offset + 8;
         if (name == "COMM") {
             takeCommon(facts, file, body);
         } else if (name == "SSND") {
-            facts.truncated = file.after(body) < size;
+            size = length;
+            there = file.after(body);
         }
-        offset = body + size + size % 2;
+        offset = body + length + length % 2;
+    }
+    facts.truncated = there < size;
+    if (facts.truncated && facts.frames) {
+        facts.present = *facts.frames * there / size;
     }
     return facts;
 }

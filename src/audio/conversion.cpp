@@ -7,7 +7,9 @@
 
 #include "audio/conversion_troubles.h"
 #include "audio/decoder_arguments.h"
+#include "audio/level.h"
 #include "audio/source_facts.h"
+#include "audio/true_peak.h"
 #include "audio/wave.h"
 #include "audio/wave_output.h"
 #include "loops/facts.h"
@@ -24,10 +26,6 @@ constexpr std::uint64_t lowestRate = 4'000;
 constexpr std::uint64_t highestRate = 768'000;
 constexpr std::size_t mostProbeText = 1 << 16;
 
-std::uint64_t resampled(std::uint64_t frames, std::uint64_t rate) {
-    return (frames * framesPerSecond + rate / 2) / rate;
-}
-
 std::string logWords(const Trouble& trouble) {
     return std::string(troubleName(trouble.kind)) + (trouble.words.empty() ? "" : ", " + trouble.words) +
            (trouble.error == 0 ? "" : ", " + std::generic_category().message(trouble.error));
@@ -41,8 +39,8 @@ class Run {
 
     Result<void> all() {
         using Step = Result<void> (Run::*)();
-        for (const Step step : {&Run::open, &Run::readHeaders, &Run::probe, &Run::openOutput, &Run::decode,
-                                &Run::checkLength, &Run::finish}) {
+        for (const Step step : {&Run::open, &Run::readHeaders, &Run::probe, &Run::checkHeaders, &Run::decode,
+                                &Run::checkLength, &Run::level, &Run::finish}) {
             if (cancelled()) {
                 return Trouble{Kind::cancelled};
             }
@@ -53,8 +51,9 @@ class Run {
         return {};
     }
 
-    const std::filesystem::path& outputPath() const { return outputPath_; }
-    std::uint64_t frames() const { return output_.sampleBytes() / frameBytes; }
+    Conversion::File file() const {
+        return {outputPath_, frames(), judgement_.verdict, judgement_.flaw, gain_, silenced_};
+    }
     const std::string& complaint() const { return complaint_; }
 
   private:
@@ -68,6 +67,7 @@ class Run {
         return outputPath_;
     }
 
+    std::uint64_t frames() const { return output_.sampleBytes() / frameBytes; }
     bool cancelled() const { return options_.cancelled != nullptr && *options_.cancelled; }
 
     Result<void> open() {
@@ -81,12 +81,16 @@ class Run {
         if (source_.size == 0) {
             return Trouble{Kind::noSound};
         }
-        facts_ = factsOf(FileBytes(source_.file.get(), source_.size));
+        const FileBytes bytes(source_.file.get(), source_.size, options_.cancelled);
+        facts_ = factsOf(bytes);
+        if (bytes.exhausted()) {
+            return Trouble{Kind::limits};
+        }
+        if (!options_.everyKind && !facts_.kind.empty()) {
+            facts_.unsupported = facts_.kind;
+        }
         if (!facts_.unsupported.empty()) {
             return Trouble{Kind::unsupported, {}, 0, facts_.unsupported};
-        }
-        if (facts_.truncated) {
-            return Trouble{Kind::damaged};
         }
         if (facts_.frames == 0U || (facts_.sound && facts_.sound->length == 0)) {
             return Trouble{Kind::noSound};
@@ -96,7 +100,7 @@ class Run {
 
     Result<void> probe() {
         std::string text;
-        const ChildEnd end = runChild(probeArguments(), [&](std::span<const std::uint8_t> bytes) {
+        const ChildEnd end = runChild(probeArguments(facts_), [&](std::span<const std::uint8_t> bytes) {
             text.append(bytes.begin(), bytes.end());
             return text.size() <= mostProbeText;
         });
@@ -109,7 +113,7 @@ class Run {
         if (!facts_.codec.empty()) {
             stream_.codec = facts_.codec;
         }
-        if (!isAcceptedCodec(stream_.codec)) {
+        if (!isAcceptedCodec(facts_, stream_.codec)) {
             return Trouble{Kind::unsupported, {}, 0, stream_.codec};
         }
         if (stream_.rate < lowestRate || stream_.rate > highestRate) {
@@ -118,47 +122,110 @@ class Run {
         return {};
     }
 
-    Result<void> openOutput() { return written(output_.open()); }
-
-    Result<void> decode() {
-        Result<void> done;
-        const auto arguments = decodeArguments(facts_, stream_, Conversion::mostFrames);
-        const ChildEnd end = runChild(arguments, [&](std::span<const std::uint8_t> bytes) {
-            if (output_.sampleBytes() + bytes.size() > Conversion::mostFrames * frameBytes) {
-                return false;
-            }
-            done = output_.write(bytes);
-            if (done && options_.progress) {
-                options_.progress(frames());
-            }
-            return done.has_value();
-        });
-        if (done && !end.succeeded()) {
-            return childTrouble(end, options_.ffmpeg, Kind::damaged);
+    /// What is bound to be shortened need not be decoded to be refused.
+    Result<void> checkHeaders() {
+        auto flaw = flawIn(facts_, stream_.rate);
+        if (flaw && !options_.salvage) {
+            return std::move(*flaw);
         }
-        return written(std::move(done));
+        order_.samples = options_.normalize ? SampleKind::f64 : samplesFor(stream_);
+        // What is open-ended may end in a packet that counts as corrupt.
+        order_.strict = !facts_.openEnded && !facts_.countDecides && !facts_.truncated;
+        order_.digest = facts_.digest && resampled(*facts_.frames, stream_.rate) <= Conversion::mostFrames;
+        return {};
     }
 
-    /// A decoder takes an early end of the file for the end of the audio, unless it is in the middle of a
-    /// frame.
+    Result<void> decode() {
+        auto done = pass();
+        const bool gaveUp =
+            !done && (done.error().kind == Kind::broken || done.error().kind == Kind::damaged);
+        if (gaveUp && options_.salvage) {
+            decoded_.stumbled = true;
+            order_.strict = false;
+            done = pass();
+        }
+        if (done && silenced_ && stream_.rate != framesPerSecond) {
+            order_.clean = true;
+            done = pass();
+        }
+        return done;
+    }
+
     Result<void> checkLength() {
-        if (output_.sampleBytes() == 0) {
+        if (frames() == 0) {
             return Trouble{Kind::noSound};
         }
-        std::optional<std::uint64_t> due = facts_.frames;
-        if (const auto span = framesOfSound(facts_, stream_.rate)) {
-            due = span->end - span->start;
-        }
-        const std::uint64_t least = due ? std::min(resampled(*due, stream_.rate), Conversion::mostFrames) : 0;
-        if (output_.sampleBytes() % frameBytes != 0 || frames() + 1 < least) {
-            return Trouble{Kind::damaged};
+        decoded_.frames = frames();
+        judgement_ = judge(facts_, stream_.rate, decoded_);
+        if (judgement_.flaw && !options_.salvage) {
+            return *judgement_.flaw;
         }
         return {};
     }
 
+    /// Decodes once more if the level must change: it is known only at the end. What will not fit the pedal
+    /// does not need it.
+    Result<void> level() {
+        constexpr double highestTruePeak = 0.891250938;  // -1 dB
+        if (frames() == Conversion::mostFrames) {
+            return {};
+        }
+        if (options_.normalize && truePeak_ > 0) {
+            gain_ = highestTruePeak / truePeak_;
+        } else if (saferGain_) {
+            gain_ = *saferGain_;
+        }
+        return gain_ == 1 ? Result<void>() : pass();
+    }
+
+    /// Decodes the source from its start into a new output. Of kind `broken` if the decoder gave up in the
+    /// middle.
+    Result<void> pass() {
+        if (auto opened = written(output_.open()); !opened) {
+            return opened;
+        }
+        Level level(order_.samples, gain_);
+        std::optional<TruePeak> truePeak;
+        if (options_.normalize && gain_ == 1) {
+            truePeak.emplace();
+        }
+        Result<void> done;
+        const ChildEnd end = runChild(decodeArguments(facts_, stream_, order_), [&](ByteView bytes) {
+            done = take(level.take(bytes));
+            if (truePeak) {
+                truePeak->add(level.samples());
+            }
+            return done.has_value();
+        });
+        silenced_ = silenced_ || level.silenced();
+        saferGain_ = level.isTooLoud() ? std::optional(level.saferGain()) : std::nullopt;
+        truePeak_ = truePeak ? truePeak->peak() : truePeak_;
+        decoded_.md5 = parseDigest(end.complaint);
+        decoded_.complained = end.complaint.find("rror") != std::string::npos;
+        const bool wentOn = !order_.strict && end.how == ChildEnd::How::exited && frames() > 0;
+        if (done && !end.succeeded() && !wentOn) {
+            return childTrouble(end, options_.ffmpeg, frames() > 0 ? Kind::broken : Kind::damaged);
+        }
+        return written(std::move(done));
+    }
+
+    Result<void> take(ByteView samples) {
+        if (output_.sampleBytes() + samples.size() > Conversion::mostFrames * frameBytes) {
+            return Trouble{Kind::damaged};  // the decoder does not do what it was asked for
+        }
+        auto done = output_.write(samples);
+        if (done && options_.progress && frames() > reported_) {
+            reported_ = frames();
+            options_.progress(reported_);
+        }
+        return done;
+    }
+
     Result<void> finish() { return written(output_.finish(options_.sync)); }
 
-    static Result<void> written(Result<void> done) { return done.map_error(outputTrouble); }
+    static Result<void> written(Result<void> done) {
+        return done || done.error().kind != Kind::file ? std::move(done) : done.map_error(outputTrouble);
+    }
 
     ChildEnd runChild(std::vector<std::string> arguments,
                       std::function<bool(std::span<const std::uint8_t>)> output) {
@@ -179,7 +246,15 @@ class Run {
     PlainFile source_;
     SourceFacts facts_;
     StreamFacts stream_;
+    DecodeOrder order_;
+    Decoded decoded_;
+    Judgement judgement_;
     std::string complaint_;
+    std::uint64_t reported_ = 0;
+    std::optional<double> saferGain_;
+    double truePeak_ = 0;
+    double gain_ = 1;
+    bool silenced_ = false;
 };
 
 }  // namespace
@@ -193,7 +268,7 @@ Result<Conversion::File> Conversion::convert(const std::filesystem::path& source
                                           run.complaint() + "]"));
         return std::move(trouble);
     }
-    return File{run.outputPath(), run.frames()};
+    return run.file();
 }
 
 }  // namespace kzq

@@ -13,20 +13,36 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-/// Codecs by the names of their formats; only the MP3 decoder has another name.
-constexpr std::array<std::string_view, 31> codecs{
-    "pcm_u8",        "pcm_s8",       "pcm_s16le", "pcm_s16be", "pcm_s24le", "pcm_s24be", "pcm_s32le",
-    "pcm_s32be",     "pcm_s64le",    "pcm_s64be", "pcm_f32le", "pcm_f32be", "pcm_f64le", "pcm_f64be",
-    "pcm_alaw",      "pcm_mulaw",    "pcm_u16le", "pcm_u16be", "pcm_u24le", "pcm_u24be", "adpcm_ms",
-    "adpcm_ima_wav", "adpcm_ima_qt", "mp3",       "mp2",       "aac",       "ac3",       "eac3",
-    "flac",          "alac",         "pcm_u32le"};
+// Codecs by the names of their formats; only the MP3 decoder has another name.
+/// Whole numbers of 24 bits at most.
+constexpr std::array<std::string_view, 16> exactCodecs{
+    "pcm_u8",    "pcm_s8",        "pcm_s16le", "pcm_s16be",   "pcm_s24le", "pcm_s24be",
+    "pcm_u16le", "pcm_u16be",     "pcm_u24le", "pcm_u24be",   "pcm_alaw",  "pcm_mulaw",
+    "adpcm_ms",  "adpcm_ima_wav", "flac",      "adpcm_ima_qt"};
+/// More bits, which 32-bit floating point does not hold.
+constexpr std::array<std::string_view, 9> wideCodecs{"pcm_s32le", "pcm_s32be", "pcm_s64le",
+                                                     "pcm_s64be", "pcm_u32le", "pcm_f64le",
+                                                     "pcm_f64be", "alac",      "wavpack"};
+constexpr std::array<std::string_view, 9> floatCodecs{"pcm_f32le", "pcm_f32be", "mp3",    "mp2", "aac",
+                                                      "ac3",       "eac3",      "vorbis", "opus"};
+/// Accepted only in formats of which only the tool takes files.
+constexpr std::array<std::string_view, 3> toolCodecs{"vorbis", "opus", "wavpack"};
+
+template <std::size_t count>
+bool isAmong(const std::array<std::string_view, count>& codecs, std::string_view codec) {
+    return std::ranges::find(codecs, codec) != codecs.end();
+}
 
 std::string decoderList() {
     std::string list = "mp3float";
-    for (const auto codec : codecs) {
-        list += ",";
-        list += codec;
-    }
+    const auto add = [&list](const auto& codecs) {
+        for (const auto codec : codecs) {
+            list += "," + std::string(codec);
+        }
+    };
+    add(exactCodecs);
+    add(wideCodecs);
+    add(floatCodecs);
     return list;
 }
 
@@ -34,16 +50,24 @@ void append(Words& words, std::initializer_list<std::string> more) {
     words.insert(words.end(), more);
 }
 
+/// The source's address: a descriptor, or part of the file behind it.
+std::string addressOf(const SourceFacts& facts) {
+    const std::string file = "file:/proc/self/fd/" + std::to_string(childSource);
+    return facts.audio ? "subfile,,start," + std::to_string(facts.audio->start) + ",end," +
+                             std::to_string(facts.audio->end) + ",,:" + file
+                       : file;
+}
+
 /// Everything up to and including the source. References inside a source are not followed: only files are
 /// opened, in formats that do not refer to other files.
-Words sourceArguments(const Words& options) {
+Words sourceArguments(const SourceFacts& facts, const Words& options) {
     Words words{"-nostdin", "-hide_banner",    "-nostats", "-v", "error", "-threads",
                 "1",        "-filter_threads", "1"};
     words.insert(words.end(), options.begin(), options.end());
-    append(words,
-           {"-protocol_whitelist", "file", "-format_whitelist", "wav,aiff,mp3,mov,aac,ac3,eac3,flac",
-            "-codec_whitelist", decoderList(), "-i", "file:/proc/self/fd/" + std::to_string(childSource),
-            "-map", "0:a:0", "-map_metadata", "-1"});
+    const std::string more = facts.kind.empty() ? "" : ",ogg,wv,w64,caf";
+    append(words, {"-protocol_whitelist", "file,subfile", "-format_whitelist",
+                   "wav,aiff,mp3,mov,aac,ac3,eac3,flac" + more, "-codec_whitelist", decoderList(), "-i",
+                   addressOf(facts), "-map", "0:a:0", "-map_metadata", "-1"});
     return words;
 }
 
@@ -88,26 +112,65 @@ std::string channelFilter(const StreamFacts& stream) {
            "|FR<FR+0.707107FC+0.707107BR+0.707107SR+0.707107FRC+0.5BC";
 }
 
-std::string filters(const SourceFacts& facts, const StreamFacts& stream, std::uint64_t mostFrames) {
+struct SampleWords {
+    const char* filter;
+    const char* codec;
+    const char* format;
+};
+
+SampleWords wordsFor(SampleKind samples) {
+    switch (samples) {
+        case SampleKind::s24:
+            return {"s32", "pcm_s24le", "s24le"};
+        case SampleKind::f32:
+            return {"flt", "pcm_f32le", "f32le"};
+        case SampleKind::f64:
+            break;
+    }
+    return {"dbl", "pcm_f64le", "f64le"};
+}
+
+std::string filters(const SourceFacts& facts, const StreamFacts& stream, const DecodeOrder& order) {
     std::string chain;
     if (const auto span = framesOfSound(facts, stream.rate)) {
         chain = "atrim=start_sample=" + std::to_string(span->start) +
                 ":end_sample=" + std::to_string(span->end) + ",";
     }
+    if (order.clean) {
+        chain += "aeval=exprs=if(isnan(val(ch))+isinf(val(ch))\\,0\\,val(ch)):c=same,";
+    }
     return chain + channelFilter(stream) + ",aresample=" + std::to_string(framesPerSecond) +
-           ":resampler=soxr:precision=28:cheby=1:osf=s32,atrim=end_sample=" + std::to_string(mostFrames);
+           ":resampler=soxr:precision=28:cheby=1:osf=" + wordsFor(order.samples).filter +
+           ",atrim=end_sample=" + std::to_string(mostConvertedFrames);
 }
 
 }  // namespace
 
-bool isAcceptedCodec(std::string_view codec) {
-    return std::ranges::find(codecs, codec) != codecs.end();
+bool isAcceptedCodec(const SourceFacts& facts, std::string_view codec) {
+    if (isAmong(toolCodecs, codec)) {
+        return !facts.kind.empty();
+    }
+    return isAmong(exactCodecs, codec) || isAmong(wideCodecs, codec) || isAmong(floatCodecs, codec);
 }
 
-std::vector<std::string> probeArguments() {
-    Words words = sourceArguments({});
+SampleKind samplesFor(const StreamFacts& stream) {
+    if (stream.rate != framesPerSecond || stream.channels > 2 || isAmong(wideCodecs, stream.codec)) {
+        return SampleKind::f64;
+    }
+    return isAmong(exactCodecs, stream.codec) ? SampleKind::s24 : SampleKind::f32;
+}
+
+std::vector<std::string> probeArguments(const SourceFacts& facts) {
+    Words words = sourceArguments(facts, {});
     append(words, {"-c", "copy", "-frames:a", "1", "-f", "framecrc", "pipe:1"});
     return words;
+}
+
+std::string parseDigest(const std::string& complaint) {
+    constexpr std::string_view key = "MD5=";
+    constexpr std::size_t length = 32;
+    const auto at = complaint.rfind(key);
+    return at == std::string::npos ? std::string() : complaint.substr(at + key.size(), length);
 }
 
 std::optional<StreamFacts> parseProbe(std::string_view text) {
@@ -134,20 +197,30 @@ std::optional<FrameSpan> framesOfSound(const SourceFacts& facts, std::uint64_t r
 }
 
 std::vector<std::string> decodeArguments(const SourceFacts& facts, const StreamFacts& stream,
-                                         std::uint64_t mostFrames) {
+                                         const DecodeOrder& order) {
     Words options{"-err_detect", "crccheck+explode"};
-    if (!facts.openEnded) {
-        options.emplace_back("-xerror");  // there, the last packet counts as corrupt
+    if (order.strict) {
+        options.emplace_back("-xerror");
     }
     if (facts.sound) {
         // The decoder would cut at packets; instead it outputs everything, and the filter cuts.
-        append(options, {"-ignore_editlist", "1", "-flags2", "+skip_manual"});
+        append(options, {"-flags2", "+skip_manual"});
+        if (facts.kind.empty()) {
+            append(options, {"-ignore_editlist", "1"});
+        }
     }
     if (!facts.codec.empty()) {
         append(options, {"-c:a", facts.codec});
     }
-    Words words = sourceArguments(options);
-    append(words, {"-af", filters(facts, stream, mostFrames), "-c:a", "pcm_s24le", "-f", "s24le", "pipe:1"});
+    Words words = sourceArguments(facts, options);
+    const SampleWords samples = wordsFor(order.samples);
+    append(words,
+           {"-af", filters(facts, stream, order), "-c:a", samples.codec, "-f", samples.format, "pipe:1"});
+    if (order.digest) {
+        const std::string bits = std::to_string(facts.digest->bits);
+        append(words,
+               {"-map", "0:a:0", "-c:a", "pcm_s" + bits + (bits == "8" ? "" : "le"), "-f", "md5", "pipe:2"});
+    }
     return words;
 }
 

@@ -1,107 +1,158 @@
-#include <array>
+#include <algorithm>
+#include <optional>
 
+#include "audio/mpeg_frame.h"
 #include "audio/source_facts.h"
+#include "audio/tags.h"
+#include "loops/facts.h"
 
 namespace kzq {
 namespace {
 
-using BitRates = std::array<std::uint16_t, 15>;
+/// How far the next frame is looked for behind a break.
+constexpr std::uint64_t farthest = 1 << 16;
+/// Zeros that a writer or a disk may leave in a file; more stand where something else was.
+constexpr std::uint64_t mostPadding = 4096;
 
-/// The header of each frame of MPEG audio.
-class FrameHead {
-  public:
-    explicit FrameHead(std::uint64_t bits) : bits_(bits) {}
-
-    bool isValid() const {
-        return field(21, 11) == 0x7FF && version() != 1 && layer() != 0 && field(12, 4) != 15 &&
-               field(10, 2) != 3;
-    }
-    bool isVersionOne() const { return version() == 3; }
-    bool isLayerThree() const { return layer() == 1; }
-    bool isMono() const { return field(6, 2) == 3; }
-
-    /// In bytes, with the header; 0 if the header does not say (free format).
-    std::uint64_t frameSize() const {
-        constexpr std::array<std::uint32_t, 3> rates{44'100, 48'000, 32'000};
-        const unsigned lower = isVersionOne() ? 0 : version() == 2 ? 1 : 2;
-        const std::uint64_t rate = rates.at(field(10, 2)) >> lower;
-        const std::uint64_t bitRate = bitRates().at(field(12, 4)) * std::uint64_t{1000};
-        const std::uint64_t padding = field(9, 1);
-        if (bitRate == 0) {
-            return 0;
-        }
-        if (layer() == 3) {
-            return (12 * bitRate / rate + padding) * 4;
-        }
-        return (isLayerThree() && !isVersionOne() ? 72 : 144) * bitRate / rate + padding;
-    }
-
-  private:
-    unsigned field(unsigned lowest, unsigned width) const {
-        return static_cast<unsigned>(bits_ >> lowest) & ((1U << width) - 1);
-    }
-    unsigned version() const { return field(19, 2); }
-    unsigned layer() const { return field(17, 2); }  ///< 3 is layer I, 1 is layer III
-
-    /// In kbit/s.
-    const BitRates& bitRates() const {
-        static constexpr BitRates one1{0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448};
-        static constexpr BitRates one2{0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384};
-        static constexpr BitRates one3{0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320};
-        static constexpr BitRates two1{0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256};
-        static constexpr BitRates two23{0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160};
-        if (!isVersionOne()) {
-            return layer() == 3 ? two1 : two23;
-        }
-        return layer() == 3 ? one1 : isLayerThree() ? one3 : one2;
-    }
-
-    std::uint64_t bits_;
-};
-
-/// Whether an ID3v1 or APE tag starts here, the only ones that the decoder allows after the last frame.
-bool isTag(const FileBytes& file, std::uint64_t offset) {
-    return file.text(offset, 3) == "TAG" || file.text(offset, 8) == "APETAGEX";
+FrameHead headAt(const FileBytes& file, std::uint64_t offset) {
+    return FrameHead(file.big(offset, 4).value_or(0));
 }
 
-/// Follows the frames from header to header: true if they end neither at the file's end nor at a tag.
-bool breaksOff(const FileBytes& file, std::uint64_t start) {
-    std::uint64_t offset = start;
-    while (offset < file.size()) {
-        const FrameHead head(file.big(offset, 4).value_or(0));
-        if (!head.isValid()) {
-            return offset != start && !isTag(file, offset);
+/// The frames of a stream, followed from header to header over tags, zeros and breaks.
+class FrameWalk {
+  public:
+    FrameWalk(const FileBytes& file, std::uint64_t start)
+        : file_(file), first_(headAt(file, start)), offset_(start), end_(start) {
+        const std::uint64_t most =
+            (capacityFrames + 1) * first_.rate() / framesPerSecond / first_.samples() + 2;
+        while (offset_ < file.size() && frames_ < most && step()) {
         }
-        const std::uint64_t size = head.frameSize();
-        if (size == 0) {
-            return false;
-        }
-        offset += size;
+        end_ = frames_ < most ? std::min(end_, file.size()) : file.size();
     }
-    return offset > file.size();
+
+    std::uint64_t frames() const { return frames_; }
+    /// Behind the last frame.
+    std::uint64_t end() const { return end_; }
+    bool endsInFrame() const { return offset_ > file_.size(); }
+    /// Frames that would have stood in the bytes that are none.
+    std::uint64_t lost() const { return frames_ == 0 ? 0 : (lostBytes_ * frames_ + bytes_ - 1) / bytes_; }
+
+  private:
+    bool step() {
+        const FrameHead head = headAt(file_, offset_);
+        if (isFrame(head)) {
+            take(head.frameSize());
+            return true;
+        }
+        const std::uint64_t nonzero = file_.afterZeros(offset_, file_.size());
+        if (nonzero - offset_ > mostPadding) {
+            lostBytes_ += nonzero - offset_;
+        }
+        if (const std::uint64_t next = afterTag(file_, nonzero); next != offset_) {
+            offset_ = next;
+            return true;
+        }
+        const auto next = nextFrame();
+        lostBytes_ += next.value_or(file_.size()) - offset_;
+        offset_ = next.value_or(offset_);
+        return next.has_value();
+    }
+
+    bool isFrame(const FrameHead& head) const { return head.isLike(first_) && head.frameSize() != 0; }
+
+    void take(std::uint64_t size) {
+        ++frames_;
+        bytes_ += size;
+        offset_ += size;
+        end_ = offset_;
+    }
+
+    /// Two headers in a row: one alone is likely to be chance.
+    std::optional<std::uint64_t> nextFrame() const {
+        const std::uint64_t limit = std::min(offset_ + farthest, file_.size());
+        for (std::uint64_t at = offset_ + 1; at < limit; ++at) {
+            const FrameHead head = headAt(file_, at);
+            if (isFrame(head) && isFrame(headAt(file_, at + head.frameSize()))) {
+                return at;
+            }
+        }
+        return std::nullopt;
+    }
+
+    const FileBytes& file_;
+    const FrameHead first_;
+    std::uint64_t offset_;
+    std::uint64_t end_;
+    std::uint64_t frames_ = 0;
+    std::uint64_t bytes_ = 0;
+    std::uint64_t lostBytes_ = 0;
+};
+
+/// What encoders note in the first frame, where its samples would be, behind its side information.
+struct Note {
+    bool isThere = false;
+    std::optional<std::uint64_t> frames;
+    bool padded = false;  ///< by encoders whose note of the padding the decoder goes by
+    std::uint64_t delay = 0;
+    std::uint64_t padding = 0;
+};
+
+Note noteIn(const FileBytes& file, std::uint64_t start, const FrameHead& head) {
+    const std::uint64_t sideSize = head.isVersionOne() ? (head.isMono() ? 17 : 32) : (head.isMono() ? 9 : 17);
+    const std::uint64_t tag = start + 4 + sideSize;
+    const std::string name = file.text(tag, 4);
+    Note note;
+    note.isThere = head.isLayerThree() && (name == "Xing" || name == "Info");
+    if (!note.isThere) {
+        return note;
+    }
+    const std::uint64_t flags = file.big(tag + 4, 4).value_or(0);
+    std::uint64_t at = tag + 8;
+    if ((flags & 1U) != 0) {
+        note.frames = file.big(at, 4);
+        at += 4;
+    }
+    at += ((flags & 2U) != 0 ? 4U : 0U) + ((flags & 4U) != 0 ? 100U : 0U) + ((flags & 8U) != 0 ? 4U : 0U);
+    const std::string encoder = file.text(at, 4);
+    note.padded = encoder == "LAME" || encoder == "Lavf" || encoder == "Lavc";
+    const std::uint64_t padding = note.padded ? file.big(at + 21, 3).value_or(0) : 0;
+    note.delay = padding >> 12U;
+    note.padding = padding & 0xFFFU;
+    return note;
+}
+
+/// What the decoder makes of `count` frames: it leaves out its own delay, too.
+std::uint64_t withoutPadding(const Note& note, std::uint64_t count) {
+    constexpr std::uint64_t decoderDelay = 529;
+    if (!note.padded) {
+        return count;
+    }
+    const std::uint64_t start = note.delay + decoderDelay;
+    const std::uint64_t end = count - std::min(count, note.padding - std::min(note.padding, decoderDelay));
+    return end - std::min(end, start);
 }
 
 }  // namespace
 
 SourceFacts factsOfMp3(const FileBytes& file, std::uint64_t start) {
     SourceFacts facts;
-    facts.truncated = breaksOff(file, start);
-    const FrameHead head(file.big(start, 4).value_or(0));
-    // The tag is where the first frame's samples would be, after its side information.
-    const std::uint64_t sideSize = head.isVersionOne() ? (head.isMono() ? 17 : 32) : (head.isMono() ? 9 : 17);
-    const std::uint64_t tag = start + 4 + sideSize;
-    const std::string name = file.text(tag, 4);
-    if (!head.isLayerThree() || (name != "Xing" && name != "Info") ||
-        (file.big(tag + 4, 4).value_or(0) & 1U) == 0) {
-        return facts;
+    facts.audio = ByteSpan{start, file.size()};
+    const FrameHead head = headAt(file, start);
+    if (!head.isValid() || head.frameSize() == 0) {
+        return facts;  // of free bit rate: the headers do not say where the next one is
     }
-    const std::uint64_t frameSize = head.isVersionOne() ? 1152 : 576;
-    const std::uint64_t padding = file.big(tag + 141, 3).value_or(0);
-    // Encoders count their own frames a little differently.
-    const std::uint64_t unsure = (padding >> 12U) + (padding & 0xFFFU) + 2 * frameSize;
-    const std::uint64_t count = file.big(tag + 8, 4).value_or(0) * frameSize;
-    if (count > unsure) {
-        facts.frames = count - unsure;
+    const FrameWalk walk(file, start);
+    const Note note = noteIn(file, start, head);
+    facts.audio->end = walk.end();
+    facts.countDecides = true;
+    facts.countStored = note.frames.has_value();
+    if (facts.countStored) {
+        facts.frames = withoutPadding(note, *note.frames * head.samples());
+        facts.slack = note.padded ? 0 : head.samples();
+    } else {
+        facts.frames = withoutPadding(note, (walk.frames() - (note.isThere ? 1 : 0)) * head.samples());
+        facts.truncated = walk.endsInFrame();
+        facts.unreadable = walk.lost() * head.samples();
     }
     return facts;
 }

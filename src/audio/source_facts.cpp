@@ -1,34 +1,66 @@
 #include "audio/source_facts.h"
 
+#include <algorithm>
+#include <array>
+
+#include "audio/tags.h"
+
 namespace kzq {
 namespace {
 
-/// Where the file continues after an ID3v2 tag, if it has one.
-std::uint64_t afterId3(const FileBytes& file) {
-    constexpr std::uint64_t headSize = 10;
-    if (file.text(0, 3) != "ID3") {
-        return 0;
+/// What is known by its first bytes alone.
+struct Signature {
+    std::string_view bytes;
+    std::string_view name;
+};
+
+constexpr std::array<Signature, 19> unsupportedKinds{{{"RIFX", "big-endian WAV (RIFX)"},
+                                                      {"\x30\x26\xB2\x75", "Windows Media"},
+                                                      {"\x1A\x45\xDF\xA3", "Matroska"},
+                                                      {"DSD ", "DSD"},
+                                                      {"FRM8", "DSD"},
+                                                      {"MAC ", "Monkey's Audio"},
+                                                      {"MThd", "MIDI"},
+                                                      {"MPCK", "Musepack"},
+                                                      {"MP+", "Musepack"},
+                                                      {"TTA1", "True Audio"},
+                                                      {"tBaK", "TAK"},
+                                                      {"OFR ", "OptimFROG"},
+                                                      {"ajkg", "Shorten"},
+                                                      {".snd", "AU"},
+                                                      {"#!AMR", "AMR"},
+                                                      {".RMF", "RealAudio"},
+                                                      {".ra\xFD", "RealAudio"},
+                                                      {"Creative Voice File", "Creative Voice"},
+                                                      {"FLV", "Flash video"}}};
+
+SourceFacts factsOfOthers(const FileBytes& file) {
+    SourceFacts facts;
+    const std::string start = file.text(0, static_cast<unsigned>(std::min<std::uint64_t>(file.size(), 32)));
+    const auto found = std::ranges::find_if(
+        unsupportedKinds, [&](const Signature& signature) { return start.starts_with(signature.bytes); });
+    if (found != unsupportedKinds.end()) {
+        facts.unsupported = found->name;
+        return facts;
     }
-    std::uint64_t size = 0;
-    for (unsigned i = 6; i < headSize; ++i) {
-        size = size << 7U | (file.big(i, 1).value_or(0) & 0x7FU);
+    const std::uint64_t begin = afterTags(file, 0);
+    if (file.text(begin, 4) == "fLaC") {
+        return factsOfFlac(file, begin);
     }
-    return headSize + size;
+    if (file.big(begin, 2).value_or(0) >= 0xFFE0) {
+        return factsOfMp3(file, begin);
+    }
+    facts.audio = ByteSpan{begin, file.size()};
+    facts.recognised = afterTag(file, 0) != 0;
+    return facts;
 }
 
-}  // namespace
-
-SourceFacts factsOf(const FileBytes& file) {
+SourceFacts factsByKind(const FileBytes& file) {
     const std::string signature = file.text(0, 4);
     const std::string form = file.text(8, 4);
     const bool isLong = signature == "RF64" || signature == "BW64";
     if ((signature == "RIFF" || isLong) && form == "WAVE") {
         return factsOfWave(file);
-    }
-    if (signature == "RIFX") {
-        SourceFacts facts;
-        facts.unsupported = "big-endian WAV (RIFX)";
-        return facts;
     }
     if (signature == "FORM" && (form == "AIFF" || form == "AIFC")) {
         return factsOfAiff(file);
@@ -36,15 +68,25 @@ SourceFacts factsOf(const FileBytes& file) {
     if (file.text(4, 4) == "ftyp") {
         return factsOfMp4(file);
     }
-    const std::uint64_t start = afterId3(file);
-    if (file.text(start, 4) == "fLaC") {
-        return factsOfFlac(file, start);
+    if (signature == "OggS") {
+        return factsOfOgg(file);
     }
-    if (file.big(start, 2).value_or(0) >= 0xFFE0) {
-        return factsOfMp3(file, start);
+    if (signature == "wvpk") {
+        return factsOfWavPack(file);
     }
-    SourceFacts facts;
-    facts.recognised = start != 0;
+    if (file.text(0, 8) == "riff\x2E\x91\xCF\x11") {
+        return factsOfWave64(file);
+    }
+    return signature == "caff" ? factsOfCaf(file) : factsOfOthers(file);
+}
+
+}  // namespace
+
+SourceFacts factsOf(const FileBytes& file) {
+    SourceFacts facts = factsByKind(file);
+    if (facts.audio && facts.audio->start == 0 && facts.audio->end == file.size()) {
+        facts.audio.reset();
+    }
     return facts;
 }
 

@@ -18,16 +18,45 @@ struct SoundSpan {
     bool operator==(const SoundSpan&) const = default;
 };
 
-/// What the headers of a file say that the decoder does not report, or gets wrong.
+/// The bytes from `start` up to `end`.
+struct ByteSpan {
+    std::uint64_t start = 0;
+    std::uint64_t end = 0;
+};
+
+/// The MD5 of a source's samples, as its header has it.
+struct SampleDigest {
+    std::string md5;    ///< in lower-case hexadecimal digits
+    unsigned bits = 0;  ///< a sample's size, 8, 16 or 24
+};
+
+/// What the headers of a file say that the decoder does not report, or gets wrong. Frames are at the source's
+/// own rate.
 struct SourceFacts {
-    bool recognised = true;   ///< it starts like an audio file
-    bool truncated = false;   ///< it ends before its headers say
-    bool openEnded = false;   ///< a WAV whose writer could not seek back to store the length
-    std::string unsupported;  ///< the kind of audio, if the decoder would turn it into noise
-    std::string codec;        ///< the decoder to use instead of the default one
-    /// How many frames must come out at the source's own rate, at least; exact but for MP3.
+    bool recognised = true;  ///< it starts like an audio file
+    /// It ends before its headers say: then `present` is how many frames there are, if that shows.
+    bool truncated = false;
+    bool openEnded = false;  ///< a WAV whose writer could not seek back to store the length
+    std::string kind;        ///< its name, if only the tool takes it
+    std::string
+        unsupported;    ///< the kind of audio, if the decoder cannot read it or would turn it into noise
+    std::string codec;  ///< the decoder to use instead of the default one
+    /// How many frames must come out.
     std::optional<std::uint64_t> frames;
+    /// So many fewer are no sign of damage; some encoders count a frame that is not audio.
+    std::uint64_t slack = 0;
+    std::optional<std::uint64_t> present;
     std::optional<SoundSpan> sound;
+    /// The count of frames shows any loss, so the decoder may stumble over what is no audio.
+    bool countDecides = false;
+    /// `frames` was stored by the encoder, and not counted by us.
+    bool countStored = true;
+    /// Frames in parts of the stream that cannot be read; only if there is no count to show it.
+    std::uint64_t unreadable = 0;
+    std::optional<SampleDigest> digest;
+    /// What the decoder is shown of the file: no tags and zeros before and behind the audio. Nothing: all of
+    /// it.
+    std::optional<ByteSpan> audio;
 };
 
 SourceFacts factsOf(const FileBytes& file);
@@ -37,7 +66,11 @@ SourceFacts factsOf(const FileBytes& file);
 SourceFacts factsOfWave(const FileBytes& file);
 SourceFacts factsOfAiff(const FileBytes& file);
 SourceFacts factsOfMp4(const FileBytes& file);
-/// FLAC and MP3; `start` is where the audio starts, after an ID3 tag.
+SourceFacts factsOfOgg(const FileBytes& file);
+SourceFacts factsOfWavPack(const FileBytes& file);
+SourceFacts factsOfWave64(const FileBytes& file);
+SourceFacts factsOfCaf(const FileBytes& file);
+/// FLAC and MP3; `start` is where the audio starts, behind tags.
 SourceFacts factsOfFlac(const FileBytes& file, std::uint64_t start);
 SourceFacts factsOfMp3(const FileBytes& file, std::uint64_t start);
 

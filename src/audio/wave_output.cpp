@@ -14,18 +14,20 @@ constexpr std::uint32_t stereo = 2;
 }  // namespace
 
 WaveOutput::WaveOutput(std::filesystem::path path, Draft::Road first)
-    : path_(std::move(path)), draft_(path_.parent_path(), first) {}
+    : path_(std::move(path)), first_(first) {}
 
 Result<void> WaveOutput::open() {
     std::error_code error;
     if (std::filesystem::exists(std::filesystem::symlink_status(path_, error))) {
         return Trouble{Trouble::Kind::file, "create", EEXIST};
     }
-    return draft_.open();
+    sampleBytes_ = 0;
+    draft_.emplace(path_.parent_path(), first_);
+    return draft_->open();
 }
 
 Result<void> WaveOutput::write(ByteView samples) {
-    auto written = draft_.writeAt(samples, waveHeaderSize + sampleBytes_);
+    auto written = draft_->writeAt(samples, waveHeaderSize + sampleBytes_);
     if (written) {
         sampleBytes_ += samples.size();
     }
@@ -33,9 +35,9 @@ Result<void> WaveOutput::write(ByteView samples) {
 }
 
 Result<void> WaveOutput::finish(bool sync) {
-    return draft_.writeAt(waveHeader(static_cast<std::uint32_t>(sampleBytes_), stereo), 0)
-        .and_then([&] { return sync ? draft_.sync() : Result<void>(); })
-        .and_then([&] { return draft_.place(path_.filename()); });
+    return draft_->writeAt(waveHeader(static_cast<std::uint32_t>(sampleBytes_), stereo), 0)
+        .and_then([&] { return sync ? draft_->sync() : Result<void>(); })
+        .and_then([&] { return draft_->place(path_.filename()); });
 }
 
 }  // namespace kzq

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 
 #include "platform/draft.h"
 
@@ -14,6 +15,7 @@ class WaveOutput {
     /// `first` is the road to the name that is tried first.
     explicit WaveOutput(std::filesystem::path path, Draft::Road first = Draft::Road::unnamed);
 
+    /// Starts the file, or starts it once more.
     Result<void> open();
     Result<void> write(ByteView samples);
     /// Writes the header and gives the file its name. `sync` waits until it is on the disk.
@@ -23,7 +25,8 @@ class WaveOutput {
 
   private:
     const std::filesystem::path path_;
-    Draft draft_;
+    const Draft::Road first_;
+    std::optional<Draft> draft_;
     std::uint64_t sampleBytes_ = 0;
 };
 

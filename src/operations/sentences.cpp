@@ -11,6 +11,8 @@ namespace {
 
 using Kind = Trouble::Kind;
 
+constexpr const char* takenKinds = "Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.";
+
 /// "No space left on device.", or what the other side said.
 std::string reasonOf(const Trouble& trouble) {
     return (trouble.error == 0 ? trouble.words : std::generic_category().message(trouble.error)) + ".";
@@ -18,6 +20,15 @@ std::string reasonOf(const Trouble& trouble) {
 
 std::string quoted(const Trouble& trouble) {
     return "\"" + trouble.where + "\"";
+}
+
+/// "1,234 ms".
+std::string milliseconds(const Trouble& trouble) {
+    std::string text = trouble.words;
+    for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > 0; at -= 3) {
+        text.insert(static_cast<std::size_t>(at), ",");
+    }
+    return text + " ms";
 }
 
 /// What a hand can do about a file that cannot be written.
@@ -61,12 +72,18 @@ std::string audioSentence(const Trouble& trouble) {
         case Kind::unreadable:
             return "The file cannot be read: " + reasonOf(trouble);
         case Kind::notAudio:
-            return "The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, "
-                   "AAC or AC3.";
+            return std::string("The file is not audio, or its format is not supported. ") + takenKinds;
         case Kind::unsupported:
-            return "This audio format is not supported: " + trouble.words + ".";
+            return "This audio format is not supported: " + trouble.words + ". " + takenKinds;
         case Kind::damaged:
             return "The file is damaged or incomplete.";
+        case Kind::endsEarly:
+            return "The file is damaged or incomplete: " +
+                   (trouble.words.empty() ? "its end is missing."
+                                          : "its last " + milliseconds(trouble) + " are missing.");
+        case Kind::broken:
+            return "The file is damaged or incomplete: part of it cannot be read" +
+                   (trouble.words.empty() ? "." : "; " + milliseconds(trouble) + " are missing.");
         case Kind::noSound:
             return "The file contains no audio.";
         case Kind::sampleRate:
@@ -106,7 +123,7 @@ std::string conversionSentence(const Trouble& trouble, const std::string& name) 
         return "Could not convert " + file + ". " + audioSentence(trouble);
     }
     file.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(file.front())));
-    return file + " is in a format that is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.";
+    return file + " is in a format that is not supported. " + takenKinds;
 }
 
 std::string backupSentence(const Trouble& trouble) {

@@ -63,6 +63,8 @@ constexpr auto names = std::to_array<std::pair<Kind, std::string_view>>({
     {Kind::notAudio, "not-audio"},
     {Kind::unsupported, "unsupported"},
     {Kind::damaged, "damaged"},
+    {Kind::endsEarly, "ends-early"},
+    {Kind::broken, "broken"},
     {Kind::noSound, "no-sound"},
     {Kind::sampleRate, "sample-rate"},
     {Kind::diskFull, "disk-full"},

@@ -70,6 +70,8 @@ struct Trouble {
         notAudio,     ///< nothing in it that is sound
         unsupported,  ///< sound of a kind that cannot be read faithfully; `words` names it
         damaged,
+        endsEarly,  ///< part of the sound is there; `words`: the milliseconds that are missing, if known
+        broken,     ///< the same, of a fault inside it
         noSound,
         sampleRate,     ///< outside 4,000 to 768,000 Hz; `words` is the number
         diskFull,       ///< for the converted file; or for loops, with the numbers in `words`

@@ -93,7 +93,7 @@ TEST_F(Interrupted, ByTheDeathOfTheProgram) {
     auto dying = options();
     dying.ffmpeg = fake(
         "case \"$*\" in *framecrc*) printf '#codec_id 0: pcm_s16le\\n#sample_rate 0: 44100\\n';;\n"
-        "*) printf 'frames'; exec sleep 20;; esac");
+        "*) printf 'sixteen letters.'; exec sleep 20;; esac");
     dying.progress = [](std::uint64_t) { std::raise(SIGKILL); };
     ::prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the decoder becomes ours when its parent has gone
     if (::fork() == 0) {
