@@ -10,33 +10,25 @@
 #include <optional>
 #include <set>
 
+#include "app/app_parts.h"
 #include "app/application.h"
+#include "app/launch.h"
 #include "app/loop_check.h"
-#include "app/rows.h"
+#include "app/main_window.h"
+#include "app/start_up.h"
 #include "app/transfer_run.h"
 #include "device/kzq7306_delegate.h"
-#include "loops/export_info.h"
 #include "slots/slot_delegate.h"
+#include "slots/slot_field.h"
 #include "ui/application_controller.h"
 #include "updates/firmware_cache.h"
-#include "updates/su_updater.h"
-#include "updates/windows/firmware_updater.h"
 
 namespace kzq {
 
-class About;
 class BusyQuestion;
-class KZQ7306;
-class MainWindow;
-class Menu;
-class Progress;
-class SlotFieldEditor;
-class SoftwareUpdate;
-struct AppEnvironment;
-struct AppParts;
 
-/// The application's controller: what window, rows, panels, link and updaters call. What it does stands in
-/// AppParts, and how it begins in `launch`. On the main thread, which never waits for the pedal.
+/// The application's controller: what window, rows, panels, link and updaters call, and to which of its parts
+/// it is handed on. On the main thread, which never waits for the pedal.
 class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
                     public ApplicationDelegate,
                     public ApplicationController,
@@ -55,26 +47,28 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     /// Called once: panels, rows, device link, splash. KZQ7306::load was called before. Stops if the menu, a
     /// panel or a row cannot be created.
-    void applicationDidFinishLaunching();
+    void applicationDidFinishLaunching() { launch(shared_from_this(), *parts_); }
     /// Removes the working copies of what is still staged. Quick, in every state.
-    void applicationWillTerminate();
-    void updaterWillRelaunchApplication(SUUpdater& updater) override;
+    void applicationWillTerminate() { parts_->staging->removeWorkingCopies(); }
+    void updaterWillRelaunchApplication(SUUpdater& /*updater*/) override {
+        writeBundleNameMarker(parts_->environment.home);
+    }
     /// Asks the main loop to end.
-    void quit();
+    void quit() { parts_->environment.quit(); }
 
     // --- what it owns; null, or empty, before the launch
 
-    Menu* menu() const;
-    About* about() const;
-    Progress* progress() const;
-    FirmwareUpdater* firmwareUpdater() const;
-    SUUpdater* sparkle() const;
-    SoftwareUpdate* softwareUpdate() const;
+    Menu* menu() const { return parts_->panels.menu.get(); }
+    About* about() const { return parts_->panels.about.get(); }
+    Progress* progress() const { return parts_->panels.progress.get(); }
+    FirmwareUpdater* firmwareUpdater() const { return parts_->panels.firmwareUpdater.get(); }
+    SUUpdater* sparkle() const { return parts_->panels.sparkle.get(); }
+    SoftwareUpdate* softwareUpdate() const { return parts_->panels.softwareUpdate.get(); }
     /// Entry i is loop i + 1.
-    const Slots& importSlots() const;
-    const Slots& exportSlots() const;
-    const std::set<SlotNumber>& selectedImportSlots() const;
-    const Exports& selectedExportSlots() const;
+    const Slots& importSlots() const { return parts_->rows.imports; }
+    const Slots& exportSlots() const { return parts_->rows.exports; }
+    const std::set<SlotNumber>& selectedImportSlots() const { return parts_->model.selection(); }
+    const Exports& selectedExportSlots() const { return parts_->model.staging(); }
 
     // --- the pedal
 
@@ -82,23 +76,31 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void looperHasBeenDisconnected() override;
     void looperInternalStateChanged(const Status& status) override;
 
-    // --- rows, staging, meter
+    // --- rows, staging, the meter
 
     void checkboxStateChangedForImportSlot(Slot& slot) override;
-    void buttonClickedForExportSlot(Slot& slot) override;
-    void nameEditingBeganForSlot(Slot& slot) override;
-    void nameEditingEndedForSlot(Slot& slot) override;
-    void exportAboutToBeRemoved(Slot& slot) override;
-    void exportRemoved(Slot& slot) override;
-    Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
-    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
-    SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
+    void buttonClickedForExportSlot(Slot& slot) override { parts_->staging->choose(slot); }
+    void nameEditingBeganForSlot(Slot& /*slot*/) override {}
+    void nameEditingEndedForSlot(Slot& /*slot*/) override { parts_->presenter.focusContent(); }
+    void exportAboutToBeRemoved(Slot& slot) override { parts_->staging->aboutToBeRemoved(slot); }
+    void exportRemoved(Slot& slot) override { parts_->staging->removed(slot); }
+    Slot* slotNumber(std::uint8_t number, std::int32_t context) override {
+        return parts_->rows.find(number, context);
+    }
+    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override {
+        parts_->staging->dropped(slot, urls);
+    }
+    SlotFieldEditor* windowWillReturnFieldEditor(QWidget* /*window*/, QObject* object) override {
+        return qobject_cast<SlotField*>(object) != nullptr ? parts_->fieldEditor.get() : nullptr;
+    }
     /// Frames in use once everything staged is written.
-    std::uint64_t existingAndTeedUpExportSamples() const;
+    std::uint64_t existingAndTeedUpExportSamples() const { return parts_->model.inUse().count; }
     /// The same with `frames` for `slot`, in place of what is there.
     std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
-                                                                   SlotNumber slot) const;
-    void setMeterValueAndCaption(std::uint64_t frames);
+                                                                   SlotNumber slot) const {
+        return parts_->model.inUseWith(slot, {frames}).count;
+    }
+    void setMeterValueAndCaption(std::uint64_t frames) { parts_->presenter.meter({frames}); }
 
     // --- buttons and tabs
 
@@ -108,7 +110,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void selectAll();
     void deselectAll();
     void deselectAllExportSlots();
-    void endEditing();
+    void endEditing() { parts_->presenter.endEditing(); }
     void selectImportTab();
     void selectExportTab();
     /// The progress panel was closed by the user.
@@ -116,25 +118,27 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     // --- the menu
 
-    bool menuOpen() const override;
-    bool pointInMenuBounds(QPoint point) const override;
-    bool isMainWindow(const QWindow& window) const override;
-    void openMenu();
-    void closeMenu() override;
-    void menuUp() override;
-    void menuDown() override;
-    void menuGo() override;
+    bool menuOpen() const override { return parts_->menu.isOpen(); }
+    bool pointInMenuBounds(QPoint point) const override { return parts_->menu.contains(point); }
+    bool isMainWindow(const QWindow& window) const override {
+        return parts_->window.windowHandle() == &window;
+    }
+    void openMenu() { parts_->menu.open(); }
+    void closeMenu() override { parts_->menu.close(); }
+    void menuUp() override { parts_->menu.up(); }
+    void menuDown() override { parts_->menu.down(); }
+    void menuGo() override { parts_->menu.go(); }
 
-    void openMainWindow() override;
-    void openAbout() override;
+    void openMainWindow() override { parts_->menu.openMainWindow(); }
+    void openAbout() override { parts_->menu.openAbout(); }
     void openAboutBox() { openAbout(); }
-    void checkForSoftwareUpdates() override;
-    void openFirmwareUpdater() override;
+    void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
+    void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }
     /// Deliberately does nothing: the program checks for firmware all the time.
     void checkForFirmwareUpdates() {}
     void installFirmware() override;
     void installFirmware(const std::filesystem::path& image) override;
-    void goToWebsite() override;
+    void goToWebsite() override { parts_->menu.goToWebsite(); }
 
     /// Shows the progress panel of a transfer of `total` bytes; not for 0. Context 0 is an import, 1 an
     /// export.

@@ -42,7 +42,7 @@ void AppDelegate::startErase(AskedLoops asked) {
     parts_->model.deselectAll();
     beginRun();
     for (const auto& [slot, loop] : asked) {
-        run_->deselected[slot] = parts_->rows.importRow(slot)->customImportName();
+        run_->deselected[slot] = parts_->rows.importRow(slot).customImportName();
     }
     const auto ready = [asked = std::move(asked)](KZQ7306& looper) {
         return unchangedTable(looper, asked, "Nothing was erased.").has_value();

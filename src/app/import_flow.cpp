@@ -67,9 +67,9 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
     for (const auto selected : parts_->model.selection()) {
         const auto number = selected.number();
         numbers.push_back(number);
-        const auto* const slot = parts_->rows.importRow(selected);
+        const auto& slot = parts_->rows.importRow(selected);
         const auto loop = shownIn(selected);
-        if (slot == nullptr || !loop) {
+        if (!loop) {
             endStart();
             return;
         }
@@ -78,8 +78,8 @@ void AppDelegate::startImport(const std::filesystem::path& folder) {
             endStart();
             return;
         }
-        total += slot->bytes();
-        if (const auto name = slot->name()) {
+        total += slot.bytes();
+        if (const auto name = slot.name()) {
             names.emplace(number, name->toStdString());
         }
     }

@@ -138,7 +138,7 @@ void Presenter::selection() {
 
 void Presenter::allSelected() {
     for (const auto slot : model_.selection()) {
-        rows_.importRow(slot)->setSelected(true);
+        rows_.importRow(slot).setSelected(true);
     }
     if (!model_.selection().empty()) {
         enableImportAndErase(true);
@@ -162,15 +162,14 @@ void Presenter::endEditing() {
 }
 
 void Presenter::saved(SlotNumber slot) {
-    if (auto* const row = rows_.importRow(slot)) {
-        row->setCustomImportName(std::nullopt);
-        row->field()->setText(row->defaultName());
-    }
+    auto& row = rows_.importRow(slot);
+    row.setCustomImportName(std::nullopt);
+    row.field()->setText(row.defaultName());
 }
 
 void Presenter::staged(SlotNumber slot, const QUrl& file) {
     meter(model_.inUse());
-    auto& row = *rows_.exportRow(slot);
+    auto& row = rows_.exportRow(slot);
     row.setExporting(file);
     row.setExported(false);
     window_.exportButton()->setEnabled(!model_.staging().empty());
@@ -192,9 +191,7 @@ void Presenter::unstaged(Slot& row) {
 
 /// A loop that failed is marked as well: the table is read again at the end.
 void Presenter::sent(SlotNumber slot) {
-    if (auto* const row = rows_.exportRow(slot)) {
-        row->setExported(true);
-    }
+    rows_.exportRow(slot).setExported(true);
 }
 
 void Presenter::exportsCleared() {

@@ -96,7 +96,7 @@ void AppDelegate::onLink(OnLink ready, OnLink operation) {
 void AppDelegate::endRefusedRun() {
     parts_->transferPanel.close();
     for (const auto& [number, name] : run_->deselected) {
-        auto& slot = *parts_->rows.importRow(number);
+        auto& slot = parts_->rows.importRow(number);
         if (slot.occupied() && !run_->pedalLeft) {
             slot.setSelected(true);
             slot.setCustomImportName(name);
