@@ -151,12 +151,12 @@ TEST_F(RecorderTest, APedalThatComesLaterIsNoneThatWasThere) {
     auto file = RecordingFile::create(path(), {});
     ASSERT_TRUE(file);
     RecordingPort port(real, std::make_shared<SessionRecorder>(executor, file.value()));
-    port.registerHotplug(HotplugEvent::arrived, {}, [](const auto&, auto) { return 0; });
+    port.registerHotplug(HotplugEvent::arrived, {pedalVendor, pedalProduct}, [](const auto&, auto) { return 0; });
     pedal.plugIn();
     port.handleEvents();
     std::ifstream recording(path());
     const std::string text(std::istreambuf_iterator<char>(recording), {});
-    EXPECT_THAT(text, testing::AllOf(testing::HasSubstr("arrived"), Not(testing::HasSubstr("there"))));
+    EXPECT_THAT(text, testing::AllOf(testing::HasSubstr(" arrived 1"), Not(testing::HasSubstr("there"))));
 }
 
 }  // namespace
