@@ -151,7 +151,8 @@ TEST_F(RecorderTest, APedalThatComesLaterIsNoneThatWasThere) {
     auto file = RecordingFile::create(path(), {});
     ASSERT_TRUE(file);
     RecordingPort port(real, std::make_shared<SessionRecorder>(executor, file.value()));
-    port.registerHotplug(HotplugEvent::arrived, {pedalVendor, pedalProduct}, [](const auto&, auto) { return 0; });
+    port.registerHotplug(HotplugEvent::arrived, {pedalVendor, pedalProduct},
+                         [](const auto&, auto) { return 0; });
     pedal.plugIn();
     port.handleEvents();
     std::ifstream recording(path());
