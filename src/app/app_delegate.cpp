@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "app/busy_question.h"
 #include "device/kzq7306.h"
 
 namespace kzq {
@@ -25,14 +24,14 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
 }  // namespace
 
 AppDelegate::AppDelegate(AppEnvironment environment, MainWindow& window)
-    : parts_(std::make_unique<AppParts>(std::move(environment), window)),
-      busyQuestion_(std::make_unique<BusyQuestion>(parts_->environment.executor, parts_->environment.link)) {}
+    : parts_(std::make_unique<AppParts>(std::move(environment), window)) {}
 
 AppDelegate::~AppDelegate() = default;
 
 // --- the pedal
 
 void AppDelegate::looperIsConnected(KZQ7306& looper) {
+    parts_->flows->pedalReturned(looper.stage());
     if (firmwareUpdater() != nullptr) {
         firmwareUpdater()->check();
     }
@@ -59,9 +58,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
 }
 
 void AppDelegate::looperHasBeenDisconnected() {
-    if (run_) {
-        run_->pedalLeft = true;
-    }
+    parts_->flows->pedalLeft();
     parts_->presenter.redrawAbout();
     parts_->model.reset();
     parts_->presenter.left();
@@ -91,6 +88,13 @@ void AppDelegate::deselectAllExportSlots() {
     parts_->presenter.exportsCleared();
 }
 
+void AppDelegate::cancelTransfer() {
+    if (const auto looper = parts_->environment.link()) {
+        looper->cancelTransfer();
+    }
+    parts_->flows->cancel();
+}
+
 void AppDelegate::selectImportTab() {
     closeMenu();
     parts_->presenter.importTab();
@@ -104,10 +108,6 @@ void AppDelegate::selectExportTab() {
 // --- the menu
 
 void AppDelegate::openProgress(std::uint64_t total, std::int32_t context) {
-    if (total == 0) {
-        return;
-    }
-    closeMenu();
     const auto& model = parts_->model;
     const bool exports = context != Slot::importContext;
     parts_->transferPanel.open(total, exports ? model.staging().size() : model.selection().size(), context);

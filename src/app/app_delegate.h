@@ -1,22 +1,20 @@
 #pragma once
 
 #include <QPoint>
-#include <QUrl>
-#include <atomic>
 #include <cstdint>
-#include <functional>
-#include <map>
+#include <filesystem>
 #include <memory>
-#include <optional>
 #include <set>
 
 #include "app/app_parts.h"
 #include "app/application.h"
+#include "app/erase_flow.h"
+#include "app/export_flow.h"
+#include "app/firmware_flow.h"
+#include "app/import_flow.h"
 #include "app/launch.h"
-#include "app/loop_check.h"
 #include "app/main_window.h"
 #include "app/start_up.h"
-#include "app/transfer_run.h"
 #include "device/kzq7306_delegate.h"
 #include "slots/slot_delegate.h"
 #include "slots/slot_field.h"
@@ -24,8 +22,6 @@
 #include "updates/firmware_cache.h"
 
 namespace kzq {
-
-class BusyQuestion;
 
 /// The application's controller: what window, rows, panels, link and updaters call, and to which of its parts
 /// it is handed on. On the main thread, which never waits for the pedal.
@@ -104,9 +100,9 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     // --- buttons and tabs
 
-    void importButtonClicked();
-    void exportButtonClicked();
-    void eraseButtonClicked();
+    void importButtonClicked() { beginImport(*parts_); }
+    void exportButtonClicked() { beginExport(*parts_); }
+    void eraseButtonClicked() { beginErase(*parts_); }
     void selectAll();
     void deselectAll();
     void deselectAllExportSlots();
@@ -136,8 +132,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }
     /// Deliberately does nothing: the program checks for firmware all the time.
     void checkForFirmwareUpdates() {}
-    void installFirmware() override;
-    void installFirmware(const std::filesystem::path& image) override;
+    void installFirmware() override { beginOfferedFirmware(*parts_); }
+    void installFirmware(const std::filesystem::path& image) override { beginFirmware(*parts_, image); }
     void goToWebsite() override { parts_->menu.goToWebsite(); }
 
     /// Shows the progress panel of a transfer of `total` bytes; not for 0. Context 0 is an import, 1 an
@@ -145,66 +141,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openProgress(std::uint64_t total, std::int32_t context);
 
   private:
-    /// The phase of the one operation that can run.
-    enum class Flow {
-        none,
-        starting,  ///< from the press of the button to its start, including all questions
-        running    ///< while the shield is up
-    };
-    /// What a running operation shares with the link's threads.
-    struct LinkRun {
-        std::atomic<bool> asked = true;  ///< it waits for the link to accept it
-        std::atomic<bool> cancelled = false;
-        std::atomic<bool> pedalLeft = false;  ///< another may be there by now
-        std::atomic<bool> over = false;
-        std::atomic<std::uint64_t> call = 0;  ///< the USB call that was out at the last look; 0 for none
-        /// The slots that were deselected for it, with the names typed; for its refusal. Main thread.
-        std::map<SlotNumber, std::optional<QString>> deselected;
-    };
-
-    std::optional<Loop> shownIn(SlotNumber slot) const;
-
-    // start.cpp: shared by the operations
-
-    /// Asks the pedal whether it is busy; if so, tells the user. Otherwise `next` starts the operation and
-    /// must end with endStart or beginRun.
-    void whenIdle(std::function<void()> next);
-    void sayBusy();
-    void startSoon(std::function<void(AppDelegate&)> start);
-    void endStart();
-    void beginRun();
-    void endRun();
-    /// After beginRun: on a background thread, since the link asks the pedal before it begins. `ready`,
-    /// if given, is asked first; if false, or if the pedal has left until then, the run ends. `operation`
-    /// returns whether the link has accepted it. If it refuses because the pedal has left, the run ends; if
-    /// because the pedal is busy, shield and panel deliberately stay up until the program ends.
-    using OnLink = std::function<bool(KZQ7306&)>;
-    void onLink(OnLink ready, OnLink operation);
-    void endRefusedRun();
-    /// A function that any thread may call to run `task` on the main thread while this lives.
-    std::function<void()> onMain(std::function<void(AppDelegate&)> task);
-    TransferRun::Listener transferListener(void (AppDelegate::*loopDone)(std::uint8_t slot),
-                                           std::function<void(AppDelegate&)> finished);
-    void insistOnCancel(Executor::Duration delay, const std::shared_ptr<LinkRun>& run);
-
-    void startImport(const std::filesystem::path& folder);
-    void loopSaved(std::uint8_t number);
-    void finishImport();
-    void startExport();
-    bool stillStaged(const Exports& asked) const;
-    void loopSent(std::uint8_t number);
-    void finishExport(const Exports& sent);
-    void startErase(AskedLoops asked);
-    void finishErase();
-
-    // firmware_flow.cpp
-    void readImage(std::function<std::optional<FirmwareImage>()> read);
-    void flash(FirmwareImage image);
-
     const std::unique_ptr<AppParts> parts_;
-    std::unique_ptr<BusyQuestion> busyQuestion_;
-    Flow flow_ = Flow::none;
-    std::shared_ptr<LinkRun> run_;  ///< the operation that is running; null without one
 };
 
 }  // namespace kzq

@@ -115,6 +115,22 @@ bool makeRows(AppDelegate& controller, AppParts& parts) {
     return true;
 }
 
+void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
+    const auto& environment = parts.environment;
+    FlowWindow window{.life = controller,
+                      .shield = [&shielded = parts.window](
+                                    bool up) { up ? shielded.addShield() : shielded.removeShield(); },
+                      .sayBusy =
+                          [&dialogs = environment.dialogs] {
+                              dialogs.run(alertWithHeadline("Device is busy. Try again later."));
+                          },
+                      .saySilent =
+                          [&presenter = parts.presenter] {
+                              presenter.tell("The pedal has stopped answering. Cancel, or unplug it.");
+                          }};
+    parts.flows = std::make_unique<Flows>(environment.executor, std::move(window), environment.link);
+}
+
 void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     const auto& window = parts.window;
     parts.connections = std::make_unique<QObject>();
@@ -143,6 +159,7 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
 }  // namespace
 
 void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
+    makeFlows(controller, parts);
     makeSoftwareUpdater(controller, parts);
     parts.fieldEditor = std::make_unique<SlotFieldEditor>();
     parts.model.reset();

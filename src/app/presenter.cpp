@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "app/main_window.h"
+#include "app/outcome_line.h"
 #include "loops/capacity.h"
+#include "platform/log.h"
 #include "ui/background.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
@@ -220,6 +222,16 @@ void Presenter::showTab(bool exports) {
 
 void Presenter::focusContent() {
     window_.contentView()->setFocus();
+}
+
+void Presenter::tell(const std::string& line) {
+    log(LogCategory::application, line);
+}
+
+void Presenter::tell(std::string_view done, const Outcome& outcome) {
+    if (!outcome.whole()) {
+        tell(outcomeLine(done, outcome));
+    }
 }
 
 }  // namespace kzq
