@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "app/app_parts.h"
-#include "device/kzq7306.h"
+#include "operations/flash.h"
 #include "platform/plain_file.h"
 #include "updates/firmware_manifest.h"
 
@@ -20,7 +20,7 @@ class Installation {
   public:
     /// Without a file, of what is offered.
     Installation(AppParts& parts, std::optional<std::filesystem::path> file)
-        : parts_(parts), executor_(parts.environment.executor), file_(std::move(file)) {}
+        : parts_(parts), file_(std::move(file)) {}
 
     void work(Run& run) {
         if (!run.idle() || !run.ask([this] { return isThere(); }).value_or(false)) {
@@ -55,38 +55,33 @@ class Installation {
 
     /// After a failure the bar and the offer stay.
     void install(Run& run, const FirmwareImage& image) {
-        const bool sent = flash(image, executor_);
+        const auto waits = [&](FlashPhase phase) {
+            if (phase == FlashPhase::cameBack) {
+                run.ask([&] {
+                    parts_.presenter.tell(
+                        "The pedal came back without entering its loader. The firmware is sent once it "
+                        "does.");
+                });
+            }
+        };
+        const auto end = runFlash(*run.pedal, image, {.phase = waits});
+        const bool sent = end.how == FlashEnd::How::sent;
         if (sent) {
             updates_->clearUpdate();
             endBar_();
         }
-        run.ask([&] { run.turn.end(); });
+        run.ask([&] {
+            run.turn.end();
+            parts_.presenter.tell(end);
+        });
         updates_->check();
-    }
-
-    static bool flash(const FirmwareImage& image, Executor& executor) {
-        struct Wait {
-            std::mutex mutex;
-            Condition changed;
-            std::optional<bool> flashed;
-        };
-        const auto looper = KZQ7306::looper();
-        const auto wait = std::make_shared<Wait>();
-        const auto completion = [wait](bool flashed) {
-            const std::lock_guard guard(wait->mutex);
-            wait->flashed = flashed;
-            wait->changed.notify();
-        };
-        if (!looper || !looper->flashFirmware(image, completion)) {
-            return false;  // the pedal became busy just now, or left
+        if (sent) {
+            const auto confirmed = confirmFlash(*run.pedal, end, {});
+            run.ask([&] { parts_.presenter.tell(confirmed); });
         }
-        std::unique_lock lock(wait->mutex);
-        executor.wait(lock, wait->changed, [&] { return wait->flashed.has_value(); });
-        return *wait->flashed;
     }
 
     AppParts& parts_;
-    Executor& executor_;
     const std::optional<std::filesystem::path> file_;
     std::shared_ptr<FirmwareUpdates> updates_;
     std::function<void()> endBar_;

@@ -1,5 +1,6 @@
 #include "app/outcome_line.h"
 
+#include <array>
 #include <system_error>
 
 #include "loops/facts.h"
@@ -19,6 +20,12 @@ std::string reason(const Trouble& trouble) {
 }
 
 }  // namespace
+
+std::string flashLine(const FlashEnd& end) {
+    constexpr std::array ends{"not sent", "sent", "confirmed", "in its loader", "unconfirmed"};
+    return "firmware " + std::string(ends.at(static_cast<std::size_t>(end.how))) +
+           (end.version.empty() ? "" : ", version " + end.version) + (end.why ? ": " + reason(*end.why) : "");
+}
 
 std::string outcomeLine(std::string_view done, const Outcome& outcome) {
     const std::string verb(done);

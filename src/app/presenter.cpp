@@ -234,4 +234,8 @@ void Presenter::tell(std::string_view done, const Outcome& outcome) {
     }
 }
 
+void Presenter::tell(const FlashEnd& end) {
+    tell(flashLine(end));
+}
+
 }  // namespace kzq

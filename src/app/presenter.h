@@ -12,6 +12,7 @@ namespace kzq {
 
 class About;
 class MainWindow;
+struct FlashEnd;
 struct Outcome;
 
 /// Carries out in the window what LoopModel has decided, one transition at a time: in the rows, the meter,
@@ -75,6 +76,7 @@ class Presenter : Fixed {
         const std::string& line);  // NOLINT(readability-convert-member-functions-to-static): of a window
     /// `done` is what it does to loops: "saved", "written", "erased".
     void tell(std::string_view done, const Outcome& outcome);
+    void tell(const FlashEnd& end);
 
   private:
     void showTab(bool exports);

@@ -36,7 +36,11 @@ void Flows::start(Turn turn, Patience patience, Flow flow) {
 }
 
 void Flows::cancel() {
-    forEach([](Pedal& pedal) { pedal.stop(Trouble{Trouble::Kind::cancelled}); });
+    forEach([](Pedal& pedal) {
+        if (!pedal.restartExpected()) {
+            pedal.stop(Trouble{Trouble::Kind::cancelled});
+        }
+    });
 }
 
 void Flows::pedalLeft() {

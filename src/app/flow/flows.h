@@ -35,6 +35,7 @@ class Flows : Fixed {
 
     // What happens meanwhile, for all runs.
 
+    /// An update of the firmware goes on.
     void cancel();
     void pedalLeft();
     void pedalReturned(char stage);
