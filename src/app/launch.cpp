@@ -12,6 +12,7 @@
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
 #include "ui/picture_button.h"
+#include "ui/status/status_line.h"
 
 namespace kzq {
 
@@ -153,7 +154,9 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.selectAllButton(), &AppDelegate::selectAll);
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
     fillMenuBar(*window.menuBar(),
-                {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox), act(&AppDelegate::quit)});
+                {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox),
+                 [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
+                 act(&AppDelegate::quit)});
 }
 
 }  // namespace
