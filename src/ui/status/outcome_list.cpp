@@ -175,7 +175,7 @@ void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
     rows_.clear();
     auto* const page = new QWidget;
     const bool scrolls = outcomes.size() > rowsShown;
-    const int width = listWidth - 2 * side - (scrolls ? HandleScrollBar::barWidth - side : 0);
+    const int width = listWidth - side - (scrolls ? HandleScrollBar::barWidth + line : side);
     int y = 0;
     int visibleHeight = 0;
     for (const auto& outcome : outcomes) {

@@ -34,7 +34,7 @@ class OutcomeRow : public QWidget {
 
   private:
     void setLit(bool lit);
-    int layOutLinks();
+    int layOutLinks(int end);
     int lastOfSentence() const;  ///< its baseline
 
     std::uint64_t number_;

@@ -26,6 +26,7 @@ StatusLine::StatusLine(QMenuBar* bar)
       list_(new OutcomeList(bar->parentWidget())) {
     installAccessibleStatus();
     new FocusRing(this);
+    link_->setWord("Show");
     link_->hide();
     bar->installEventFilter(this);
     for (auto* const part : {static_cast<QWidget*>(sentence_), static_cast<QWidget*>(link_)}) {
@@ -110,7 +111,9 @@ void StatusLine::showLine() {
     const auto line = announcements_ ? announcements_->line() : Announcements::Line();
     const bool linked = !line.actionLabel.empty();
     const bool hadFocus = link_->hasFocus();
-    link_->setWord(QString::fromStdString(line.actionLabel));
+    if (linked) {
+        link_->setWord(QString::fromStdString(line.actionLabel));
+    }
     const int right = width() - afterPlate;
     sentence_->show(line, beforeMark - 8, right, linked ? link_->width() : 0);
     link_->move(right - chevronRoom - link_->width(), sentence_->y());

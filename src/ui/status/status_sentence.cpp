@@ -27,7 +27,7 @@ const QColor plate(0x4C, 0x2E, 0x2E);
 StatusSentence::StatusSentence(QWidget* parent) : KeyButton(parent) {
     setProperty("focusRingRadius", 4);
     setFont(textFont(status::words));
-    setAccessibleDescription("Recent results");
+    setAccessibleDescription("Shows the recent results");
 }
 
 void StatusSentence::show(const Announcements::Line& line, int left, int right, int linkWidth) {
@@ -43,7 +43,9 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     setGeometry(right - besides - words, (parentWidget()->height() - status::height) / 2, besides + words,
                 status::height);
     setToolTip(shown_ == sentence_ ? QString() : sentence_);
-    setAccessibleName((kind_ == Announcements::Kind::failure ? "Failed: " : "") + sentence_);
+    setAccessibleName(sentence_.isEmpty()
+                          ? QString("Recent results")
+                          : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + sentence_);
     update();
 }
 
