@@ -177,6 +177,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .keepAwake = keepAwake,
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
         .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
+        .examine = [real = !options.simulate] { return real ? diagnoseByTrying() : simulatedFindings(); },
         .logged = noteTaker(recorder)};
     ctl::Tool tool(options, environment);
     signals.listen(

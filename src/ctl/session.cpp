@@ -86,7 +86,7 @@ void Session::look() {
     }
     const auto left = watching_ ? timeBetweenLooks : deadline_ - context_.executor.now();
     if (left <= Executor::Duration::zero()) {
-        context_.fail(noPedalConnected(environment_.diagnose()));
+        context_.fail(inUse_ ? *inUse_ : noPedalConnected(environment_.diagnose()));
         return;
     }
     context_.executor.mainAfter(std::min(left, timeBetweenLooks), [self = shared_from_this()] {
@@ -110,11 +110,15 @@ bool Session::explainFailure() {
     if (std::exchange(seen_, trouble) == trouble) {
         return false;
     }
+    inUse_.reset();
     const auto explanation = explainConnection(trouble, environment_.diagnose());
     if (!explanation) {
         return false;
     }
-    if (watching_) {
+    if (trouble->kind == Trouble::Kind::heldByAnother && context_.options.wait > Executor::Duration::zero()) {
+        inUse_ = explanation;
+    }
+    if (watching_ || inUse_) {
         context_.output.error(explanation->sentence);
         return false;
     }

@@ -199,11 +199,14 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     KZQ7306(DeviceEnvironment environment, std::shared_ptr<DeviceLock> lock, std::uint64_t macos);
 
     struct Answer {
-        Trouble trouble() const { return {reply ? Trouble::Kind::refused : Trouble::Kind::noPedal}; }
+        Trouble trouble() const {
+            return hostRefusal.value_or(Trouble{reply ? Trouble::Kind::refused : Trouble::Kind::noPedal});
+        }
 
-        std::optional<Reply> reply;  ///< nothing without a pedal
-        bool whole = false;          ///< it came, with all that is used of it
-        bool accepted = false;       ///< there is a pedal, and it did not refuse
+        std::optional<Reply> reply;               ///< nothing without a pedal
+        std::optional<Trouble> hostRefusal = {};  ///< if it was not the pedal that refused
+        bool whole = false;                       ///< it came, with all that is used of it
+        bool accepted = false;                    ///< there is a pedal, and it did not refuse
     };
     Answer ask(const wire::Command& command, std::uint16_t value = 1, std::uint16_t index = 0);
     Answer exchange(const wire::Command& command, std::uint8_t request, std::uint16_t value,

@@ -19,7 +19,7 @@ KZQ7306::Answer KZQ7306::ask(const wire::Command& command, std::uint16_t value, 
     }
     answer.accepted = !(command.refusable && refuses(*answer.reply));
     if (!answer.accepted) {
-        fail(Trouble::Kind::refused);
+        setTrouble(answer.trouble());
     } else if (command.refusable && !answer.whole) {
         fail(Trouble::Kind::noAnswer);
     }
@@ -38,6 +38,7 @@ KZQ7306::Answer KZQ7306::exchange(const wire::Command& command, std::uint8_t req
     const int came = counted(
         command.reply, [&] { return handle->control(command.code, request, value, index, *answer.reply); });
     answer.whole = came >= int{command.needs};
+    answer.hostRefusal = handle->obstacle();
     return answer;
 }
 

@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "platform/fixed.h"
+#include "platform/trouble.h"
 
 namespace kzq {
 
@@ -60,6 +62,9 @@ class UsbHandle : Fixed {
     virtual UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                               std::size_t& transferred) = 0;
     virtual UsbResult reset() = 0;
+    /// Why the last `control` did not reach the pedal and its reply is a refusal that the host gave in the
+    /// pedal's place; nothing if the reply is the pedal's own.
+    virtual std::optional<Trouble> obstacle() const { return std::nullopt; }
 };
 
 enum class HotplugEvent { arrived, left };
@@ -74,8 +79,9 @@ struct HotplugFilter {
     bool enumerate = false;  ///< announce devices that are already there, during the registration
 };
 
-/// Returns 0 to stay registered. Called on the thread that runs handleEvents or, when enumerating, on the
-/// registering thread; it must not call back into the port.
+/// Returns 0 to stay registered. Called on the thread that runs handleEvents, when enumerating on the
+/// registering thread, and for a pedal that is given up on the thread of the transfer; it must not call back
+/// into the port.
 using HotplugCallback = std::function<int(const UsbDevicePointer& device, HotplugEvent event)>;
 
 /// The seam between the device link and USB: the real bus (device/libusb) or the simulated pedal

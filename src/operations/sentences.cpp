@@ -181,6 +181,17 @@ std::string firmwareSentence(const Trouble& trouble) {
     }
 }
 
+std::string roadSentence(const Trouble& trouble) {
+    const auto* const why = trouble.kind == Kind::roadNotInstalled
+                                ? "the udev rules for it are not installed."
+                            : trouble.kind == Kind::roadNotInForce
+                                ? "the kernel's usbtmc driver, which it needs, does not know the pedal."
+                                : "the file of the kernel's usbtmc driver could not be opened in time.";
+    return "this computer did not pass the request on to the pedal: " + std::string(why) +
+           (trouble.remedy.empty() ? " Run \"kzq7306ctl doctor\" to see how to fix it."
+                                   : " Run: " + trouble.remedy);
+}
+
 std::string simulationSentence(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::folder:

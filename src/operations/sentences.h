@@ -30,6 +30,10 @@ std::string slotsSentence(const Trouble& trouble);
 /// Of firmware: its file, or the maker's server.
 std::string firmwareSentence(const Trouble& trouble);
 
+/// Of a request that the computer did not pass on to the pedal, so that a loop was not read: the part behind
+/// "Loop 4 was not saved: ".
+std::string roadSentence(const Trouble& trouble);
+
 /// Of a simulated pedal: its folder, its faults, its address.
 std::string simulationSentence(const Trouble& trouble);
 

@@ -27,6 +27,7 @@ constexpr auto names = std::to_array<std::pair<Kind, std::string_view>>({
     {Kind::noUdev, "no-udev"},
     {Kind::roadNotInstalled, "road-not-installed"},
     {Kind::roadNotInForce, "road-not-in-force"},
+    {Kind::roadBlocked, "road-blocked"},
     {Kind::busy, "busy"},
     {Kind::refused, "refused"},
     {Kind::noAnswer, "no-answer"},

@@ -30,6 +30,7 @@ struct Trouble {
         noUdev,            ///< as in a container: pedals that come later are not noticed
         roadNotInstalled,  ///< import is refused: the usbtmc rules or their helper are missing
         roadNotInForce,    ///< import is refused: they are there, but the pedal was there before them
+        roadBlocked,       ///< import is refused: `where`, the driver's file, could not be opened in time
         // talking to it
         busy,             ///< it is playing or recording, or an operation is under way
         refused,          ///< it answered 'N'

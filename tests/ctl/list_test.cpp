@@ -63,6 +63,24 @@ TEST_F(ToolTest, NoPermissionTellsTheRemedy) {
     EXPECT_EQ(err.str(), "kzq7306ctl: Its rule is missing. Run: sudo install it\n");
 }
 
+TEST_F(ToolTest, WaitsForAPedalThatAnotherProgramHas) {
+    port.setClaimResult(usbBusy);
+    pedal.plugIn();
+    findings = {{PedalTrouble::heldByAnother, true, "The pedal is in use by a (process 5).", {}}};
+    EXPECT_EQ(run({"list", "--wait", "9"}), ExitCode::pedalRefused);
+    EXPECT_EQ(seconds(), 9);
+    EXPECT_EQ(err.str(),
+              "kzq7306ctl: The pedal is in use by a (process 5).\n"
+              "kzq7306ctl: The pedal is in use by a (process 5).\n");
+    start({"list", "--wait", "9"});
+    executor.advance(std::chrono::seconds(5));
+    EXPECT_FALSE(code);
+    port.setClaimResult(usbSuccess);
+    pedal.unplug();
+    pedal.plugIn();
+    EXPECT_EQ(finish(), ExitCode::ok);
+}
+
 TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
     findings = {{PedalTrouble::nothingOnBus, false, "A pedal is there.", {}},
                 {PedalTrouble::ruleNotInForce, true, "Not yet.", "cd caf\xe9"},

@@ -91,7 +91,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
         &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
         [this](auto heard) { signalsHeld = std::move(heard); }});
     environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
-    environment_->diagnose = [this] { return findings; };
+    environment_->diagnose = environment_->examine = [this] { return findings; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });
 }

@@ -1,12 +1,16 @@
 #include "device/libusb/diagnosis.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
 
+#include "device/libusb/road_patience.h"
+#include "platform/descriptor.h"
 #include "platform/fixed.h"
 
 namespace kzq {
@@ -77,12 +81,52 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
     fs::remove(root_ / "control");
     EXPECT_EQ(told(PedalTrouble::noUdev), "");
     bind("usbtmc");
+    EXPECT_EQ(told(PedalTrouble::noUdev), "") << "the programs take the pedal back from it";
+    bind("cdc_acm");
     EXPECT_THAT(told(PedalTrouble::heldByDriver), HasSubstr("echo 3-1.2:1.0"));
     bind("usbfs");
     EXPECT_THAT(told(PedalTrouble::heldByAnother), HasSubstr("nodes/003/014"));
 
     fs::remove_all(root_ / "devices/3-1.2");
     EXPECT_THAT(told(PedalTrouble::nothingOnBus), HasSubstr("lsusb"));
+}
+
+TEST_F(DiagnosisTest, NamesTheProgramThatHasThePedal) {
+    const Descriptor node(::open((root_ / "nodes/003/014").c_str(), O_RDWR | O_CLOEXEC));
+    ASSERT_EQ(::flock(node.get(), LOCK_EX), 0);
+    const auto first = firstTrouble(diagnoseByTrying(places_));
+    ASSERT_TRUE(first);
+    EXPECT_EQ(first->kind, PedalTrouble::heldByAnother);
+    EXPECT_THAT(first->sentence, HasSubstr("(process " + std::to_string(::getpid()) + ")"));
+}
+
+TEST_F(DiagnosisTest, AFileThatCannotBeOpenedHasARemedyOfItsOwn) {
+    const Trouble blocked{.kind = Trouble::Kind::roadBlocked, .where = "/dev/usbtmc0", .error = EACCES};
+    places_.remote = false;
+    EXPECT_THAT(withRemedy(blocked, places_).remedy, testing::StartsWith("sudo udevadm control"));
+    places_.remote = true;
+    EXPECT_THAT(withRemedy(blocked, places_).remedy, HasSubstr("plugdev"));
+    write("rules/70-kzq7306.rules", "");
+    EXPECT_THAT(withRemedy(blocked, places_).remedy, HasSubstr("install"));
+}
+
+TEST(RoadPatience, IsSharedByTheRequestsOfAnOperation) {
+    using std::chrono::seconds;
+    RoadPatience patience;
+    RoadPatience::Clock::time_point now{};
+    const auto waits = [&] { return patience.lasts(now); };
+    patience.begin(now);
+    EXPECT_TRUE(waits());
+    now += RoadPatience::limit;
+    EXPECT_FALSE(waits());
+    patience.begin(now += seconds(1));
+    EXPECT_FALSE(waits()) << "the next loop waits again";
+    patience.passed();
+    EXPECT_TRUE(waits()) << "access came, so it may come again";
+    now += RoadPatience::limit;
+    EXPECT_FALSE(waits());
+    patience.begin(now += RoadPatience::rest + seconds(1));
+    EXPECT_TRUE(waits()) << "a new operation does not wait";
 }
 
 /// Root may do anything, so the test asks as somebody else.

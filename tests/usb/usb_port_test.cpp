@@ -162,6 +162,50 @@ TEST_F(UsbPortTest, AResetFromAnotherThreadEndsABlockedReadAndKeepsTheHandle) {
     EXPECT_EQ(watch_.seen().size(), 1) << "a reset is no departure";
 }
 
+TEST_F(UsbPortTest, AnInterfaceThatTheSystemTakesAwayIsADepartureAndAnArrival) {
+    acquire();
+    watch_.forget();
+    pedal_.clearJournal();
+    bus_.bind("usbtmc");  // as when the computer wakes up
+    EXPECT_EQ(command(0xE2, 3, 1), usbNoDevice);
+    EXPECT_EQ(command(0xE3, 3, 0), usbNoDevice);
+    std::size_t transferred = 1;
+    EXPECT_EQ(handle_->bulkOut(pedalBulkOut, Bytes(64), transferred), usbNoDevice);
+    EXPECT_EQ(transferred, 0);
+    EXPECT_THAT(pedal_.journal(), IsEmpty());
+    ASSERT_EQ(watch_.seen().size(), 2) << "once, however often it is asked";
+    EXPECT_EQ(watch_.seen()[0].event, HotplugEvent::left);
+    EXPECT_EQ(watch_.seen()[1].event, HotplugEvent::arrived);
+
+    handle_.reset();
+    UsbResult result = usbOther;
+    handle_ = port_.open(watch_.seen()[1].device, result);
+    ASSERT_EQ(result, usbSuccess);
+    EXPECT_EQ(handle_->kernelDriverActive(pedalInterface), 0) << "that driver is the port's own business";
+    EXPECT_EQ(handle_->claimInterface(pedalInterface), usbSuccess);
+    EXPECT_EQ(command(0xE9), int{replyLength});
+}
+
+TEST_F(UsbPortTest, ASecondProgramIsKeptOutAndHasItsTurn) {
+    acquire();
+    const auto device = watch_.seen().at(0).device;
+    watch_.forget();
+    LibusbPort second;
+    ASSERT_EQ(second.initialize(), usbSuccess);
+    UsbResult result = usbOther;
+    EXPECT_EQ(second.open(device, result), nullptr);
+    EXPECT_EQ(result, usbBusy);
+    EXPECT_EQ(command(0xE9), int{replyLength});
+    EXPECT_THAT(watch_.seen(), IsEmpty());
+
+    handle_->releaseInterface(pedalInterface);
+    handle_.reset();
+    ASSERT_TRUE(watch_.waitFor(1)) << "nobody says that it is free";
+    EXPECT_EQ(watch_.seen()[0].event, HotplugEvent::arrived);
+    handle_ = second.open(watch_.seen()[0].device, result);
+    EXPECT_EQ(result, usbSuccess);
+}
+
 TEST_F(UsbPortTest, TellsWhyAPedalCannotBeOpened) {
     UsbResult result = usbOther;
     EXPECT_EQ(port_.open(pedalVendor, pedalProduct, result), nullptr);
@@ -182,6 +226,7 @@ TEST_F(UsbPortTest, TellsWhyAPedalCannotBeOpened) {
     setfsuid(geteuid());
 
     bus_.setPermitted(true);
+    ASSERT_TRUE(watch_.waitFor(2)) << "rules that come later are not noticed";
     handle_ = port_.open(pedalVendor, pedalProduct, result);
     EXPECT_EQ(result, usbSuccess);
     EXPECT_EQ(command(0xE9), int{replyLength});
@@ -238,9 +283,11 @@ TEST_F(UsbPortTest, SaysNoInThePedalsPlaceOnlyWhereTheHostRefused) {
     EXPECT_EQ(command(0xE1, 0, 2), int{replyLength});
     EXPECT_EQ(reply_[answerOffset], refusal);
     EXPECT_THAT(pedal_.journal(), IsEmpty());
-    EXPECT_THAT(log_, ElementsAre(HasSubstr("the host refused request 0xE1")));
+    EXPECT_THAT(log_, Contains(HasSubstr("the host refused request 0xE1")));
+    EXPECT_TRUE(handle_->obstacle());
 
     EXPECT_EQ(command(0xE2, 0, 1), int{replyLength});
+    EXPECT_FALSE(handle_->obstacle());
     EXPECT_NE(reply_[answerOffset], refusal) << "all other commands pass";
 }
 

@@ -7,7 +7,7 @@
 namespace kzq::ctl {
 
 bool DoctorCommand::withoutPedal() {
-    const auto findings = context_.environment.diagnose();
+    const auto findings = context_.environment.examine();
     show(findings);
     const auto trouble = firstTrouble(findings);
     const auto end = trouble ? explain(*trouble) : Explanation{};

@@ -55,6 +55,8 @@ struct Environment {
     FreeSpace freeSpace = kzq::freeSpace;
     /// What keeps the user from using the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
+    /// The same more thoroughly: may take seconds, and use the pedal.
+    std::function<std::vector<Finding>()> examine = [] { return std::vector<Finding>(); };
     /// Receives every line of the log, preceded by its category; may be empty. Must not log. Any thread.
     std::function<void(std::string_view line)> logged = {};
 };

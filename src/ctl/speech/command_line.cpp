@@ -10,7 +10,7 @@ constexpr const char* footer =
     "  0    success\n"
     "  2    wrong usage, or confirmation was needed and standard input is not a terminal\n"
     "  3    no pedal is connected, or it was unplugged\n"
-    "  4    no permission to use the pedal\n"
+    "  4    no permission to use the pedal, or the computer does not pass on what import needs\n"
     "  5    the pedal refused, is busy or in use, stopped answering or has no room, or the slot is empty\n"
     "  6    a file or folder could not be read, converted or written\n"
     "  7    some loops failed or are not as expected; the others succeeded\n"

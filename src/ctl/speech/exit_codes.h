@@ -11,7 +11,7 @@ enum class ExitCode : int {
     ok = 0,
     usage = 2,         ///< also: a question, but standard input is not a terminal
     noPedal = 3,       ///< not there, or it was unplugged
-    noPermission = 4,  ///< the system does not let this user open it
+    noPermission = 4,  ///< the system does not let this user open it, or does not pass on what import needs
     pedalRefused = 5,  ///< it refused, is busy or in other hands, has stopped answering, has no room, or the
                        ///< slot is empty
     fileError = 6,     ///< one that could not be read, converted or written

@@ -15,6 +15,8 @@ ExitCode codeOf(PedalTrouble trouble) {
             return ExitCode::noPedal;
         case PedalTrouble::ruleMissing:
         case PedalTrouble::ruleNotInForce:
+        case PedalTrouble::roadNotInstalled:
+        case PedalTrouble::roadNotInForce:
             return ExitCode::noPermission;
         default:
             return ExitCode::pedalRefused;
@@ -129,6 +131,10 @@ Explanation explainLoop(Trouble::Kind why) {
             return {ExitCode::pedalRefused, "the slot is empty."};
         case Trouble::Kind::refused:
             return {ExitCode::pedalRefused, "the pedal refused to send it."};
+        case Trouble::Kind::roadNotInstalled:
+        case Trouble::Kind::roadNotInForce:
+        case Trouble::Kind::roadBlocked:
+            return {ExitCode::noPermission, roadSentence({why})};
         case Trouble::Kind::noPedal:
             return {ExitCode::noPedal, "the pedal was unplugged."};
         case Trouble::Kind::noStatus:

@@ -9,7 +9,10 @@
 #include <string>
 #include <system_error>
 
+#include "device/libusb/device_node.h"
 #include "device/libusb/udev_rules.h"
+#include "device/libusb/usbtmc_road.h"
+#include "device/wire.h"
 
 namespace kzq {
 
@@ -49,13 +52,6 @@ std::optional<fs::path> findPedal(const SystemPlaces& places) {
     return std::nullopt;
 }
 
-fs::path nodeOf(const SystemPlaces& places, const fs::path& pedal) {
-    const auto threeDigits = [](const std::string& word) {
-        return std::string(word.size() < 3 ? 3 - word.size() : 0, '0') + word;
-    };
-    return places.nodes / threeDigits(firstWord(pedal / "busnum")) / threeDigits(firstWord(pedal / "devnum"));
-}
-
 /// The driver bound to the pedal's interface; usbfs means a program. Empty if it is free.
 std::string driverOf(const fs::path& pedal) {
     std::error_code error;
@@ -86,8 +82,13 @@ Finding udev(const SystemPlaces& places) {
         {}};
 }
 
+/// For those who are not at the computer: the group to which Debian gives such devices.
+constexpr auto remoteRule =
+    R"(echo 'ACTION!="remove", SUBSYSTEM=="usb|usbmisc", ATTRS{idVendor}=="308a", ATTRS{idProduct}=="0104", )"
+    R"(GROUP="plugdev", MODE="0660"' | sudo tee /etc/udev/rules.d/71-kzq7306-remote.rules && )";
+
 Finding permission(const SystemPlaces& places, const fs::path& pedal) {
-    const auto node = nodeOf(places, pedal);
+    const auto node = deviceFile(pedal, places.nodes);
     if (::faccessat(AT_FDCWD, node.c_str(), R_OK | W_OK, AT_EACCESS) == 0) {
         return {PedalTrouble::ruleMissing, false, "You have permission to use the pedal.", {}};
     }
@@ -98,6 +99,13 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
                 "A pedal is on the USB bus, but " + node.string() +
                     " does not exist, as in a container without access to /dev/bus/usb.",
                 {}};
+    }
+    if (hasAccessRule(places.ruleFolders) && places.remote) {
+        return {
+            PedalTrouble::ruleNotInForce, true,
+            "You do not have permission to use the pedal: you are logged in over the network, and its udev "
+            "rule is for the user at the computer. The group plugdev can be allowed to use it.",
+            remoteRule + std::string(pluggedAnew)};
     }
     if (hasAccessRule(places.ruleFolders)) {
         return {PedalTrouble::ruleNotInForce, true,
@@ -113,59 +121,130 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
 
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     const std::string driver = driverOf(pedal);
-    if (driver.empty()) {
+    const auto node = deviceFile(pedal, places.nodes);
+    if (const auto program = lockHolder(node, places.processes)) {
+        return {PedalTrouble::heldByAnother,
+                true,
+                "The pedal is in use by " + *program + ". Close that program, or wait until it has finished.",
+                {}};
+    }
+    if (driver.empty() || driver == roadDriver) {  // from which our programs take it back
         return {PedalTrouble::heldByAnother, false, "No other program is using the pedal.", {}};
     }
-    if (driver == "usbfs") {
+    if (driver == programDriver) {
         return {PedalTrouble::heldByAnother, true,
                 "Another program is using the pedal. Find out which one and close it.",
-                "sudo fuser -v " + nodeOf(places, pedal).string()};
+                "sudo fuser -v " + node.string()};
     }
     return {PedalTrouble::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
             "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
                 (places.usbDrivers / driver / "unbind").string()};
 }
 
+bool isThere(const fs::path& file) {
+    std::error_code ignored;
+    return fs::exists(file, ignored);
+}
+
+/// What the driver has been told, and by which rules.
 Finding road(const SystemPlaces& places) {
     if (driverKnowsPedal(places)) {
         return {PedalTrouble::roadNotInstalled, false, "Loops can be imported.", {}};
     }
-    std::error_code ignored;
-    const bool hasHelper = std::ranges::any_of(places.helperFolders, [&](const fs::path& folder) {
-        return fs::exists(folder / "kzq7306-usbtmc", ignored);
-    });
-    if (hasHelper && hasHelperRule(places.ruleFolders)) {
-        return {PedalTrouble::roadNotInForce, true,
-                "Loops cannot be imported: the udev rules for it were not yet installed when the pedal was "
-                "plugged "
-                "in, or the kernel has no usbtmc driver.",
-                pluggedAnew};
+    const bool hasHelper = std::ranges::any_of(
+        places.helperFolders, [](const fs::path& folder) { return isThere(folder / "kzq7306-usbtmc"); });
+    if (!hasHelper || !hasHelperRule(places.ruleFolders)) {
+        return {PedalTrouble::roadNotInstalled, true,
+                "Loops cannot be imported: the kernel passes on the request for them only through its usbtmc "
+                "driver, and the udev rules for that are not installed.",
+                installedAnew(places)};
     }
-    return {PedalTrouble::roadNotInstalled, true,
-            "Loops cannot be imported: the kernel passes on the request for them only through its usbtmc "
-            "driver, and the udev rules for that are not installed.",
-            installedAnew(places)};
+    if (!isThere(places.usbDrivers / roadDriver)) {
+        return {
+            PedalTrouble::roadNotInForce, true,
+            "Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were "
+            "not yet installed when the pedal was plugged in, or this kernel comes without the driver, as "
+            "those made for virtual machines do.",
+            "sudo modprobe usbtmc && " + std::string(pluggedAnew)};
+    }
+    return {
+        PedalTrouble::roadNotInForce, true,
+        "Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged "
+        "in.",
+        pluggedAnew};
+}
+
+/// What the road turned out to be when it was taken.
+Finding blockedRoad(const SystemPlaces& places, const Trouble& obstacle) {
+    const std::string start =
+        "Loops cannot be imported: " +
+        (obstacle.where.empty() ? "the file of the kernel's usbtmc driver" : obstacle.where) +
+        " could not be opened in time (" + std::generic_category().message(obstacle.error) + ")";
+    if (!hasRoadRule(places.ruleFolders)) {
+        return {PedalTrouble::roadNotInstalled, true, start + ", as the udev rule for it is not installed.",
+                installedAnew(places)};
+    }
+    if (places.remote) {
+        return {
+            PedalTrouble::roadNotInForce, true,
+            start +
+                ", as you are logged in over the network and its udev rule is for the user at the computer.",
+            remoteRule + std::string(pluggedAnew)};
+    }
+    return {
+        PedalTrouble::roadNotInForce, true,
+        start + ". The computer may have been too busy: try again. If it stays so, apply the rules again.",
+        pluggedAnew};
+}
+
+/// As `road`, but by taking it; as far as it can be taken without disturbing anybody.
+Finding triedRoad(const SystemPlaces& places, const fs::path& pedal) {
+    auto told = road(places);
+    DeviceNode node(deviceFile(pedal, places.nodes));
+    if (told.present || !node || !node.lock() ||
+        node.driver(pedalInterface).value_or(programDriver) == programDriver) {
+        return told;
+    }
+    const auto obstacle = tryRoad(node, pedalInterface);
+    return obstacle && obstacle->kind == Trouble::Kind::roadBlocked ? blockedRoad(places, *obstacle) : told;
+}
+
+std::vector<Finding> findings(const SystemPlaces& places, bool trying) {
+    std::vector<Finding> all;
+    const auto pedal = findPedal(places);
+    if (!pedal) {
+        all.push_back({PedalTrouble::nothingOnBus, true,
+                       "No pedal is on the USB bus. Check the cable and the pedal's power, then look again.",
+                       "lsusb -d 308a:0104"});
+        all.push_back(udev(places));
+        return all;
+    }
+    all.push_back({PedalTrouble::nothingOnBus, false, "A pedal is on the USB bus.", {}});
+    all.push_back(permission(places, *pedal));
+    all.push_back(holder(places, *pedal));
+    all.push_back(udev(places));
+    all.push_back(trying ? triedRoad(places, *pedal) : road(places));
+    return all;
 }
 
 }  // namespace
 
 std::vector<Finding> diagnose(const SystemPlaces& places) {
-    std::vector<Finding> findings;
-    const auto pedal = findPedal(places);
-    if (!pedal) {
-        findings.push_back(
-            {PedalTrouble::nothingOnBus, true,
-             "No pedal is on the USB bus. Check the cable and the pedal's power, then look again.",
-             "lsusb -d 308a:0104"});
-        findings.push_back(udev(places));
-        return findings;
+    return findings(places, false);
+}
+
+std::vector<Finding> diagnoseByTrying(const SystemPlaces& places) {
+    return findings(places, true);
+}
+
+Trouble withRemedy(Trouble obstacle, const SystemPlaces& places) {
+    const auto finding =
+        obstacle.kind == Trouble::Kind::roadBlocked ? blockedRoad(places, obstacle) : road(places);
+    if (obstacle.kind != Trouble::Kind::roadBlocked && finding.kind == PedalTrouble::roadNotInstalled) {
+        obstacle.kind = Trouble::Kind::roadNotInstalled;
     }
-    findings.push_back({PedalTrouble::nothingOnBus, false, "A pedal is on the USB bus.", {}});
-    findings.push_back(permission(places, *pedal));
-    findings.push_back(holder(places, *pedal));
-    findings.push_back(udev(places));
-    findings.push_back(road(places));
-    return findings;
+    obstacle.remedy = finding.present ? finding.remedy : pluggedAnew;
+    return obstacle;
 }
 
 }  // namespace kzq

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdio>
 #include <string>
+#include <system_error>
 
 #include "device/usb_port.h"
 #include "device/wire.h"
@@ -18,15 +19,15 @@ namespace {
 constexpr unsigned recipientMask = 0x1F;
 constexpr unsigned typeMask = 0x60;
 
-void logReason(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle) {
+void logReason(std::uint8_t requestType, std::uint16_t index, const Trouble& obstacle) {
     std::array<char, 128> refused{};
     std::snprintf(refused.data(), refused.size(),
                   "the host refused request 0x%02X, which it takes for a request to interface %u; ",
                   static_cast<unsigned>(requestType), index & 0xFFU);
     log(LogCategory::usb,
-        refused.data() + std::string(obstacle) +
-            ". To import loops, install 70-kzq7306.rules in /etc/udev/rules.d and kzq7306-usbtmc "
-            "in /usr/lib/udev, run \"sudo udevadm control --reload\" and reconnect the pedal");
+        refused.data() + std::string("the way around is closed: ") + std::string(troubleName(obstacle.kind)) +
+            (obstacle.where.empty() ? "" : ", " + obstacle.where) +
+            (obstacle.error == 0 ? "" : ", " + std::generic_category().message(obstacle.error)));
 }
 
 }  // namespace
@@ -36,9 +37,9 @@ bool HostRefusal::concerns(std::uint8_t requestType) {
            (requestType & typeMask) != LIBUSB_REQUEST_TYPE_VENDOR;
 }
 
-int HostRefusal::answer(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle,
+int HostRefusal::answer(std::uint8_t requestType, std::uint16_t index, const Trouble& obstacle,
                         std::span<std::uint8_t> reply) {
-    std::call_once(logged_, logReason, requestType, index, obstacle);
+    logReason(requestType, index, obstacle);
     if (reply.size() <= answerOffset) {
         return usbIo;
     }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <mutex>
 #include <span>
-#include <string_view>
+
+#include "platform/trouble.h"
 
 namespace kzq {
 
@@ -18,13 +18,9 @@ class HostRefusal {
     static bool concerns(std::uint8_t requestType);
 
     /// Fills in a refusal in the pedal's place, so that nobody waits for the audio of a request that was
-    /// never sent, and logs why, once, with what to install. `obstacle` is why the way around failed. Returns
-    /// the length of `reply`.
-    int answer(std::uint8_t requestType, std::uint16_t index, std::string_view obstacle,
-               std::span<std::uint8_t> reply);
-
-  private:
-    std::once_flag logged_;
+    /// never sent, and logs it. `obstacle` is why the way around failed. Returns the length of `reply`.
+    static int answer(std::uint8_t requestType, std::uint16_t index, const Trouble& obstacle,
+                      std::span<std::uint8_t> reply);
 };
 
 }  // namespace kzq

@@ -13,10 +13,16 @@ namespace kzq {
 
 namespace {
 
+struct Registration {
+    HotplugEvent event;
+    HotplugFilter filter;
+    HotplugCallback callback;
+};
+
 struct Registry {
     std::mutex mutex;  ///< held while a callback runs
     HotplugTicket last = 0;
-    std::map<HotplugTicket, HotplugCallback> callbacks;
+    std::map<HotplugTicket, Registration> all;
 };
 
 // Never destroyed: the thread that handles events outlives main().
@@ -28,15 +34,21 @@ Registry& registry() {
 int LIBUSB_CALL deliver(libusb_context* /*context*/, libusb_device* device, libusb_hotplug_event event,
                         void* ticket) {
     constexpr int unregister = 1;
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    const auto found = all.callbacks.find(reinterpret_cast<HotplugTicket>(ticket));
-    if (found == all.callbacks.end()) {
+    Registry& known = registry();
+    const std::lock_guard lock(known.mutex);
+    const auto found = known.all.find(reinterpret_cast<HotplugTicket>(ticket));
+    if (found == known.all.end()) {
         return unregister;
     }
-    return found->second(std::make_shared<LibusbDevice>(device), event == LIBUSB_HOTPLUG_EVENT_DEVICE_ARRIVED
-                                                                     ? HotplugEvent::arrived
-                                                                     : HotplugEvent::left);
+    return found->second.callback(
+        std::make_shared<LibusbDevice>(device),
+        event == LIBUSB_HOTPLUG_EVENT_DEVICE_ARRIVED ? HotplugEvent::arrived : HotplugEvent::left);
+}
+
+bool concerns(const HotplugFilter& filter, libusb_device* device) {
+    libusb_device_descriptor descriptor{};
+    return libusb_get_device_descriptor(device, &descriptor) == LIBUSB_SUCCESS &&
+           descriptor.idVendor == filter.vendor && descriptor.idProduct == filter.product;
 }
 
 }  // namespace
@@ -45,10 +57,10 @@ HotplugTicket addHotplug(HotplugEvent event, const HotplugFilter& filter, Hotplu
                          UsbResult& result) {
     HotplugTicket ticket = 0;
     {
-        Registry& all = registry();
-        const std::lock_guard lock(all.mutex);
-        ticket = ++all.last;
-        all.callbacks.emplace(ticket, std::move(callback));
+        Registry& known = registry();
+        const std::lock_guard lock(known.mutex);
+        ticket = ++known.last;
+        known.all.emplace(ticket, Registration{event, filter, std::move(callback)});
     }
     // A number passed through C; it is never dereferenced.
     auto* const userData = reinterpret_cast<void*>(ticket);  // NOLINT(performance-no-int-to-ptr)
@@ -69,9 +81,19 @@ HotplugTicket addHotplug(HotplugEvent event, const HotplugFilter& filter, Hotplu
 }
 
 void removeHotplug(HotplugTicket ticket) {
-    Registry& all = registry();
-    const std::lock_guard lock(all.mutex);
-    all.callbacks.erase(ticket);
+    Registry& known = registry();
+    const std::lock_guard lock(known.mutex);
+    known.all.erase(ticket);
+}
+
+void announce(const std::shared_ptr<LibusbDevice>& device, HotplugEvent event) {
+    Registry& known = registry();
+    const std::lock_guard lock(known.mutex);
+    std::erase_if(known.all, [&](const auto& entry) {
+        const auto& [ticket, registration] = entry;
+        return registration.event == event && concerns(registration.filter, device->get()) &&
+               registration.callback(device, event) != 0;
+    });
 }
 
 }  // namespace kzq

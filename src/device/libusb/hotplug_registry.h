@@ -1,8 +1,12 @@
 #pragma once
 
+#include <memory>
+
 #include "device/usb_port.h"
 
 namespace kzq {
+
+class LibusbDevice;
 
 /// The hot-plug callbacks registered with libusb. libusb may be about to call one when it is deregistered, so
 /// libusb gets a number instead of an object, and the numbers outlive every thread.
@@ -13,5 +17,7 @@ HotplugTicket addHotplug(HotplugEvent event, const HotplugFilter& filter, Hotplu
                          UsbResult& result);
 /// Deregisters; on return the callback is not running and is not called again.
 void removeHotplug(HotplugTicket ticket);
+/// Calls the callbacks for an event of which libusb does not know. Any thread, but not inside a callback.
+void announce(const std::shared_ptr<LibusbDevice>& device, HotplugEvent event);
 
 }  // namespace kzq

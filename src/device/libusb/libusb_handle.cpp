@@ -4,14 +4,21 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <limits>
+#include <memory>
 #include <string>
 #include <utility>
 
+#include "device/libusb/awaited_pedals.h"
 #include "device/libusb/control_transfer.h"
+#include "device/libusb/diagnosis.h"
 #include "device/libusb/host_refusal.h"
+#include "device/libusb/hotplug_registry.h"
+#include "device/libusb/libusb_device.h"
 #include "device/libusb/libusb_result.h"
+#include "platform/log.h"
 
 namespace kzq {
 
@@ -27,23 +34,10 @@ std::string hexadecimal(std::uint8_t number) {
     return text.data();
 }
 
-UsbResult bulk(libusb_device_handle* handle, std::uint8_t endpoint, std::uint8_t* data, std::size_t length,
-               std::size_t& transferred) {
-    int moved = 0;
-    const int result = libusb_bulk_transfer(handle, endpoint, data, static_cast<int>(length), &moved, 0);
-    transferred = static_cast<std::size_t>(std::max(moved, 0));
-    if (result == LIBUSB_SUCCESS) {
-        return usbSuccess;
-    }
-    return logged("bulk " + hexadecimal(endpoint) + " after " + std::to_string(transferred) + " of " +
-                      std::to_string(length) + " bytes",
-                  result);
-}
-
 }  // namespace
 
-LibusbHandle::LibusbHandle(libusb_device_handle* handle, std::shared_ptr<HostRefusal> refusal)
-    : handle_(handle), refusal_(std::move(refusal)) {}
+LibusbHandle::LibusbHandle(libusb_device_handle* handle, DeviceNode node)
+    : handle_(handle), node_(std::move(node)) {}
 
 LibusbHandle::~LibusbHandle() {
     libusb_close(handle_);
@@ -63,6 +57,8 @@ UsbResult LibusbHandle::claimInterface(int interface) {
     const UsbResult result = logged("claiming the interface", libusb_claim_interface(handle_, interface));
     if (result == usbSuccess) {
         claimed_ = interface;
+    } else if (result == usbBusy) {
+        await(std::make_shared<LibusbDevice>(libusb_get_device(handle_)));
     }
     return result;
 }
@@ -72,19 +68,78 @@ UsbResult LibusbHandle::releaseInterface(int interface) {
     return static_cast<UsbResult>(libusb_release_interface(handle_, interface));
 }
 
+/// Whether the system has taken the interface away since it was claimed.
+bool LibusbHandle::lost() {
+    if (!claimed_) {
+        return false;
+    }
+    const std::lock_guard guard(resetting_);
+    // Without an answer the device is gone, which libusb announces.
+    if (const auto driver = lost_ ? std::nullopt : node_.driver(*claimed_);
+        driver && *driver != programDriver) {
+        giveUp("the system took the interface away" + (driver->empty() ? "" : " for the driver " + *driver));
+    }
+    return lost_;
+}
+
+void LibusbHandle::giveUp(std::string_view why) {
+    if (std::exchange(lost_, true)) {
+        return;
+    }
+    log(LogCategory::usb, "the pedal is given up and acquired again: " + std::string(why));
+    const auto device = std::make_shared<LibusbDevice>(libusb_get_device(handle_));
+    announce(device, HotplugEvent::left);
+    announce(device, HotplugEvent::arrived);
+}
+
 int LibusbHandle::control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                           std::uint16_t index, std::span<std::uint8_t> reply) {
+    obstacle_.reset();
+    if (lost()) {
+        return usbNoDevice;
+    }
     const ControlOutcome plain = controlTransfer(handle_, requestType, request, value, index, reply);
     if (plain.refusedByHost && HostRefusal::concerns(requestType)) {
-        const auto outcome =
-            claimed_ ? road_.control(handle_, *claimed_, requestType, request, value, index, reply)
-                     : UsbtmcRoad::Outcome{.obstacle = "the interface is not claimed"};
-        return outcome.taken ? outcome.result : refusal_->answer(requestType, index, outcome.obstacle, reply);
+        return goAround(requestType, request, value, index, reply);
     }
     if (plain.result < 0) {
         logged("request " + hexadecimal(requestType), plain.result);
     }
     return plain.result;
+}
+
+int LibusbHandle::goAround(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
+                           std::uint16_t index, std::span<std::uint8_t> reply) {
+    const usbtmc_request setup{requestType, request, value, index, static_cast<std::uint16_t>(reply.size())};
+    const auto outcome =
+        claimed_
+            ? road_.control(handle_, node_, *claimed_, setup, reply)
+            : UsbtmcRoad::Outcome{.obstacle = Trouble{.kind = Trouble::Kind::roadBlocked, .error = EBUSY}};
+    if (!outcome.obstacle) {
+        return outcome.result;
+    }
+    obstacle_ = withRemedy(*outcome.obstacle);
+    return HostRefusal::answer(requestType, index, *obstacle_, reply);
+}
+
+UsbResult LibusbHandle::bulk(std::uint8_t endpoint, std::uint8_t* data, std::size_t length,
+                             std::size_t& transferred) {
+    if (lost()) {
+        return usbNoDevice;
+    }
+    int moved = 0;
+    const int result = libusb_bulk_transfer(handle_, endpoint, data, static_cast<int>(length), &moved, 0);
+    transferred = static_cast<std::size_t>(std::max(moved, 0));
+    if (result == LIBUSB_SUCCESS) {
+        return usbSuccess;
+    }
+    if (result == LIBUSB_ERROR_BUSY && claimed_) {
+        const std::lock_guard guard(resetting_);
+        giveUp("another program took the interface");
+    }
+    return logged("bulk " + hexadecimal(endpoint) + " after " + std::to_string(transferred) + " of " +
+                      std::to_string(length) + " bytes",
+                  result);
 }
 
 UsbResult LibusbHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
@@ -93,7 +148,7 @@ UsbResult LibusbHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> in
     if (into.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
         return usbInvalid;
     }
-    return bulk(handle_, endpoint, into.data(), into.size(), transferred);
+    return bulk(endpoint, into.data(), into.size(), transferred);
 }
 
 UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
@@ -105,7 +160,7 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
         // libusb has one call for both directions; it only reads outgoing data.
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
         auto* const data = const_cast<std::uint8_t*>(piece.data());
-        const UsbResult result = bulk(handle_, endpoint, data, piece.size(), moved);
+        const UsbResult result = bulk(endpoint, data, piece.size(), moved);
         // More than was asked for stays more than was asked for, whichever piece it is.
         transferred = moved > piece.size() ? from.size() + (moved - piece.size()) : transferred + moved;
         if (result != usbSuccess) {
@@ -119,7 +174,8 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
 }
 
 UsbResult LibusbHandle::reset() {
-    return logged("resetting the device", libusb_reset_device(handle_));
+    const std::lock_guard guard(resetting_);
+    return lost_ ? usbNoDevice : logged("resetting the device", libusb_reset_device(handle_));
 }
 
 }  // namespace kzq

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <mutex>
 #include <optional>
+#include <string_view>
 
+#include "device/libusb/device_node.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/usb_port.h"
 
@@ -10,13 +12,15 @@ struct libusb_device_handle;
 
 namespace kzq {
 
-class HostRefusal;
-
 /// An open libusb device; closes it.
+///
+/// The system may take a claimed interface away, as a computer does that wakes up and resets the pedal. That
+/// is a departure: no transfer goes on, and the pedal is announced as gone and, at once, as arrived. So no
+/// command ever reaches a pedal that has forgotten the one before it.
 class LibusbHandle : public UsbHandle {
   public:
-    /// Takes ownership of `handle`.
-    LibusbHandle(libusb_device_handle* handle, std::shared_ptr<HostRefusal> refusal);
+    /// Takes ownership of `handle`, whose device `node` has locked.
+    LibusbHandle(libusb_device_handle* handle, DeviceNode node);
     ~LibusbHandle() override;
 
     int kernelDriverActive(int interface) override;
@@ -32,12 +36,22 @@ class LibusbHandle : public UsbHandle {
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                       std::size_t& transferred) override;
     UsbResult reset() override;
+    std::optional<Trouble> obstacle() const override { return obstacle_; }
 
   private:
+    bool lost();
+    void giveUp(std::string_view why);
+    UsbResult bulk(std::uint8_t endpoint, std::uint8_t* data, std::size_t length, std::size_t& transferred);
+    int goAround(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
+                 std::span<std::uint8_t> reply);
+
     libusb_device_handle* handle_;
+    DeviceNode node_;
     std::optional<int> claimed_;
+    std::mutex resetting_;  ///< held during a reset, in which libusb gives the interface back for a moment
+    bool lost_ = false;     ///< under the mutex
     UsbtmcRoad road_;
-    std::shared_ptr<HostRefusal> refusal_;
+    std::optional<Trouble> obstacle_;
 };
 
 }  // namespace kzq

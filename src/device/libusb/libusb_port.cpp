@@ -10,11 +10,13 @@
 #include <utility>
 #include <vector>
 
-#include "device/libusb/host_refusal.h"
+#include "device/libusb/awaited_pedals.h"
+#include "device/libusb/device_node.h"
 #include "device/libusb/hotplug_registry.h"
 #include "device/libusb/libusb_device.h"
 #include "device/libusb/libusb_handle.h"
 #include "device/libusb/libusb_result.h"
+#include "device/wire.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -36,14 +38,33 @@ std::string nameOf(libusb_device* device) {
            std::to_string(libusb_get_device_address(device));
 }
 
-std::unique_ptr<UsbHandle> openDevice(libusb_device* device, const std::shared_ptr<HostRefusal>& refusal,
-                                      UsbResult& result) {
+/// A program that was killed in the middle of a request on the way around leaves its driver there.
+void takeBackFromRoad(const DeviceNode& node) {
+    if (node.driver(pedalInterface) == roadDriver) {
+        log(LogCategory::usb, "the interface is taken back from usbtmc");
+        node.unbindDriver(pedalInterface);
+    }
+}
+
+std::unique_ptr<UsbHandle> openDevice(libusb_device* device, UsbResult& result) {
+    DeviceNode node(device);  // without it, libusb says why
+    if (node && !node.lock()) {
+        log(LogCategory::usb, nameOf(device) + ": another of our programs has it");
+        result = usbBusy;
+        return nullptr;
+    }
     libusb_device_handle* handle = nullptr;
     result = logged(nameOf(device), libusb_open(device, &handle));
     if (result != usbSuccess) {
         return nullptr;
     }
-    return std::make_unique<LibusbHandle>(handle, refusal);
+    if (!node) {  // access came between the two
+        libusb_close(handle);
+        result = usbAccess;
+        return nullptr;
+    }
+    takeBackFromRoad(node);
+    return std::make_unique<LibusbHandle>(handle, std::move(node));
 }
 
 bool isMatching(libusb_device* device, std::uint16_t vendor, std::uint16_t product) {
@@ -60,7 +81,7 @@ struct LibusbPort::Hotplug {
     std::once_flag checked;
 };
 
-LibusbPort::LibusbPort() : hotplug_(std::make_unique<Hotplug>()), refusal_(std::make_shared<HostRefusal>()) {}
+LibusbPort::LibusbPort() : hotplug_(std::make_unique<Hotplug>()) {}
 
 LibusbPort::~LibusbPort() {
     for (const HotplugTicket ticket : hotplug_->tickets) {
@@ -93,16 +114,27 @@ UsbResult LibusbPort::handleEvents() {
     if (started_ != usbSuccess) {
         std::promise<void>().get_future().wait();  // forever: without libusb there are no events
     }
-    return static_cast<UsbResult>(libusb_handle_events(nullptr));
+    constexpr timeval untilLook{0, 250'000};
+    constexpr timeval untilNext{60, 0};
+    auto longest = isAnyAwaited() ? untilLook : untilNext;
+    const auto result = static_cast<UsbResult>(libusb_handle_events_timeout(nullptr, &longest));
+    announceFreed();
+    return result;
 }
 
 std::unique_ptr<UsbHandle> LibusbPort::open(const UsbDevicePointer& device, UsbResult& result) {
-    const auto* const known = dynamic_cast<const LibusbDevice*>(device.get());
+    const auto known = std::dynamic_pointer_cast<LibusbDevice>(device);
     if (known == nullptr) {
         result = usbInvalid;
         return nullptr;
     }
-    return openDevice(known->get(), refusal_, result);
+    auto handle = openDevice(known->get(), result);
+    if (handle) {
+        stopAwaiting(*known);
+    } else if (result == usbAccess || result == usbBusy) {
+        await(known);
+    }
+    return handle;
 }
 
 // Like libusb_open_device_with_vid_pid, but with the reason if it fails.
@@ -122,7 +154,7 @@ std::unique_ptr<UsbHandle> LibusbPort::open(std::uint16_t vendor, std::uint16_t 
         if (!isMatching(device, vendor, product)) {
             continue;
         }
-        handle = openDevice(device, refusal_, result);
+        handle = openDevice(device, result);
         break;
     }
     libusb_free_device_list(list, 1);

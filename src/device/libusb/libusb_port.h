@@ -6,8 +6,6 @@
 
 namespace kzq {
 
-class HostRefusal;
-
 /// The real USB bus: libusb on its default context, which is never freed. Its devices and handles may
 /// outlive it; its callbacks do not: none runs once the destructor has returned, so it must not be
 /// destroyed by a hot-plug callback. All members may be called from any thread, `initialize` first.
@@ -20,7 +18,8 @@ class LibusbPort : public UsbPort {
     UsbResult registerHotplug(HotplugEvent event, const HotplugFilter& filter,
                               HotplugCallback callback) override;
     UsbResult handleEvents() override;
-    /// usbAccess: the user may not open it. usbNoDevice: it left, or (by numbers) there is none.
+    /// usbAccess: the user may not open it. usbBusy: one of our programs has it. In both cases a device that
+    /// was given is announced again when that is over. usbNoDevice: it left, or (by numbers) there is none.
     std::unique_ptr<UsbHandle> open(const UsbDevicePointer& device, UsbResult& result) override;
     std::unique_ptr<UsbHandle> open(std::uint16_t vendor, std::uint16_t product, UsbResult& result) override;
 
@@ -29,7 +28,6 @@ class LibusbPort : public UsbPort {
 
     UsbResult started_ = usbOther;  ///< if libusb did not start, it is never called
     std::unique_ptr<Hotplug> hotplug_;
-    std::shared_ptr<HostRefusal> refusal_;  ///< shared with the handles
 };
 
 }  // namespace kzq

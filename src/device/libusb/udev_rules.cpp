@@ -109,6 +109,10 @@ bool hasHelperRule(const std::vector<fs::path>& folders) {
     return anyRule(folders, [](const std::string& rule) { return ofPedal(rule) && has(rule, helperName); });
 }
 
+bool hasRoadRule(const std::vector<fs::path>& folders) {
+    return anyRule(folders, [](const std::string& rule) { return ofPedal(rule) && has(rule, "usbmisc"); });
+}
+
 std::string installingCommand(const fs::path& program) {
     const std::string folder = shippedFolder(program);
     return "sudo install -m 644 " + quoted(folder + rulesName) +

@@ -8,8 +8,9 @@ namespace kzq {
 
 /// Whether `folders`, highest priority first, have a rule that lets users open the pedal.
 bool hasAccessRule(const std::vector<std::filesystem::path>& folders);
-/// ... a rule that runs the helper that import needs.
+/// ... a rule that runs the helper that import needs, and one that lets users open the file it needs.
 bool hasHelperRule(const std::vector<std::filesystem::path>& folders);
+bool hasRoadRule(const std::vector<std::filesystem::path>& folders);
 
 /// The commands that install the rules and the helper that `program` came with: those in a folder
 /// "packaging" or "share/kzq7306" above it, otherwise those in the shell's folder.

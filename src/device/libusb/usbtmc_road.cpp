@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
+#include <functional>
 #include <optional>
 #include <system_error>
 #include <thread>
@@ -18,78 +18,55 @@
 #include "device/usb_port.h"
 #include "platform/descriptor.h"
 #include "platform/fixed.h"
+#include "platform/result.h"
 
 namespace kzq {
 
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
+using Clock = RoadPatience::Clock;
 
-constexpr auto driverFolder = "/sys/bus/usb/drivers/usbtmc";
 constexpr auto nodesFolder = "/sys/class/usbmisc";
-/// How long to wait for udev to give the node to the user.
-constexpr std::chrono::milliseconds accessPatience{500};
-constexpr std::chrono::milliseconds accessPause{2};
+constexpr std::chrono::milliseconds pause{2};
 
-/// Leaves the interface to its kernel driver until the end of the scope.
+/// Takes the driver off the interface at the end of the scope.
+class Bound : Fixed {
+  public:
+    Bound(const DeviceNode& node, int interface) : node_(node), interface_(interface) {}
+    ~Bound() { node_.unbindDriver(interface_); }
+
+  private:
+    const DeviceNode& node_;
+    int interface_;
+};
+
+/// Leaves the interface to others until the end of the scope.
 class Lent : Fixed {
   public:
     Lent(libusb_device_handle* handle, int interface) : handle_(handle), interface_(interface) {
-        result_ = libusb_release_interface(handle_, interface_);
-        if (result_ == LIBUSB_SUCCESS) {
-            result_ = libusb_attach_kernel_driver(handle_, interface_);
-        }
+        libusb_release_interface(handle_, interface_);
     }
-    ~Lent() {
-        if (result_ == LIBUSB_SUCCESS) {
-            logged("taking the interface back from usbtmc", libusb_detach_kernel_driver(handle_, interface_));
-        }
-        logged("claiming the interface again", libusb_claim_interface(handle_, interface_));
-    }
-
-    int result() const { return result_; }
+    ~Lent() { logged("claiming the interface again", libusb_claim_interface(handle_, interface_)); }
 
   private:
     libusb_device_handle* handle_;
     int interface_;
-    int result_;
 };
 
-int numberIn(const fs::path& file) {
-    std::ifstream stream(file);
-    int number = -1;
-    stream >> number;
-    return number;
-}
-
-/// The file in /dev through which the driver reaches this device.
-std::optional<fs::path> nodeOf(libusb_device* device) {
+/// The file in /dev through which the driver reaches the device whose own file is `device`.
+std::optional<fs::path> nodeOf(const fs::path& device) {
     std::error_code error;
     for (fs::directory_iterator entry(nodesFolder, error), end; !error && entry != end;
          entry.increment(error)) {
         const auto name = entry->path().filename();
         std::error_code lost;
         const auto parent = fs::canonical(entry->path() / "device", lost).parent_path();
-        if (!lost && name.string().starts_with("usbtmc") &&
-            numberIn(parent / "busnum") == libusb_get_bus_number(device) &&
-            numberIn(parent / "devnum") == libusb_get_device_address(device)) {
+        if (!lost && name.string().starts_with(roadDriver) && deviceFile(parent) == device) {
             return fs::path("/dev") / name;
         }
     }
     return std::nullopt;
-}
-
-/// The file appears at once and belongs to root; udev applies its rules a little later.
-Descriptor openNode(const fs::path& node) {
-    const auto deadline = Clock::now() + accessPatience;
-    while (true) {
-        Descriptor file(::open(node.c_str(), O_RDWR | O_CLOEXEC));
-        if (file || errno != EACCES || Clock::now() >= deadline) {
-            return file;
-        }
-        std::this_thread::sleep_for(accessPause);
-    }
 }
 
 int resultOf(int error) {
@@ -98,7 +75,6 @@ int resultOf(int error) {
             return usbPipe;
         case ETIMEDOUT:
             return usbTimeout;
-        case ENODEV:
         case ESHUTDOWN:
             return usbNoDevice;
         case EOVERFLOW:
@@ -108,9 +84,14 @@ int resultOf(int error) {
     }
 }
 
-int forward(const Descriptor& node, const usbtmc_request& setup, std::span<std::uint8_t> reply) {
+/// Nothing if the driver was taken away before it could send the request.
+std::optional<int> forward(const Descriptor& node, const usbtmc_request& setup,
+                           std::span<std::uint8_t> reply) {
     usbtmc_ctrlrequest order{setup, reply.data()};
     const int came = ::ioctl(node.get(), USBTMC_IOCTL_CTRL_REQUEST, &order);
+    if (came < 0 && errno == ENODEV) {
+        return std::nullopt;
+    }
     if (came < 0) {
         return logged("a request through usbtmc", resultOf(errno));
     }
@@ -119,33 +100,64 @@ int forward(const Descriptor& node, const usbtmc_request& setup, std::span<std::
     return came;
 }
 
+/// One look: binds the driver, if need be, and opens its file.
+Result<Descriptor> look(const DeviceNode& device, int interface) {
+    using Kind = Trouble::Kind;
+    const int bound = device.bindDriver(interface);
+    if (bound == ENODEV) {
+        return Trouble{Kind::unplugged};
+    }
+    if (bound != 0 && bound != EBUSY) {
+        return Trouble{Kind::roadNotInForce};
+    }
+    const auto node = nodeOf(device.path());
+    Descriptor file(node ? ::open(node->c_str(), O_RDWR | O_CLOEXEC) : -1);
+    if (!file) {
+        return Trouble{
+            .kind = Kind::roadBlocked, .where = node ? node->string() : "", .error = node ? errno : ENOENT};
+    }
+    return file;
+}
+
+/// Looks until `use` has used the file, which it does not if the driver was taken away, or until it is
+/// hopeless.
+std::optional<Trouble> onceOpen(const DeviceNode& device, int interface, RoadPatience& patience,
+                                const std::function<bool(const Descriptor&)>& use) {
+    patience.begin(Clock::now());
+    const Bound bound(device, interface);
+    while (true) {
+        const auto file = look(device, interface);
+        if (file && use(*file)) {
+            patience.passed();
+            return std::nullopt;
+        }
+        if (!file && (file.error().kind != Trouble::Kind::roadBlocked || !patience.lasts(Clock::now()))) {
+            return file.error();
+        }
+        std::this_thread::sleep_for(pause);
+    }
+}
+
 }  // namespace
 
-UsbtmcRoad::Outcome UsbtmcRoad::control(libusb_device_handle* handle, int interface, std::uint8_t requestType,
-                                        std::uint8_t request, std::uint16_t value, std::uint16_t index,
-                                        std::span<std::uint8_t> reply) {
-    if (!closed_.empty()) {
-        return {.obstacle = closed_};
-    }
-    std::error_code ignored;
-    if (!fs::exists(driverFolder, ignored)) {
-        return {.obstacle = "the kernel's usbtmc driver is not loaded"};
-    }
+UsbtmcRoad::Outcome UsbtmcRoad::control(libusb_device_handle* handle, const DeviceNode& node, int interface,
+                                        const usbtmc_request& setup, std::span<std::uint8_t> reply) {
     const Lent lent(handle, interface);
-    if (lent.result() == LIBUSB_ERROR_NO_DEVICE) {
-        return {.taken = true, .result = usbNoDevice, .obstacle = {}};
+    Outcome outcome;
+    outcome.obstacle = onceOpen(node, interface, patience_, [&](const Descriptor& file) {
+        const auto came = forward(file, setup, reply);
+        outcome.result = came.value_or(0);
+        return came.has_value();
+    });
+    if (outcome.obstacle && outcome.obstacle->kind == Trouble::Kind::unplugged) {
+        return {.result = usbNoDevice};
     }
-    const auto node = lent.result() == LIBUSB_SUCCESS ? nodeOf(libusb_get_device(handle)) : std::nullopt;
-    if (!node) {
-        return {.obstacle = "the kernel's usbtmc driver does not know the pedal"};
-    }
-    const Descriptor file = openNode(*node);
-    if (!file) {
-        closed_ = node->string() + " cannot be opened: " + std::generic_category().message(errno);
-        return {.obstacle = closed_};
-    }
-    const usbtmc_request setup{requestType, request, value, index, static_cast<std::uint16_t>(reply.size())};
-    return {.taken = true, .result = forward(file, setup, reply), .obstacle = {}};
+    return outcome;
+}
+
+std::optional<Trouble> tryRoad(const DeviceNode& node, int interface) {
+    RoadPatience patience;
+    return onceOpen(node, interface, patience, [](const Descriptor&) { return true; });
 }
 
 }  // namespace kzq

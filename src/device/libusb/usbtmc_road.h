@@ -1,8 +1,14 @@
 #pragma once
 
+#include <linux/usb/tmc.h>
+
 #include <cstdint>
+#include <optional>
 #include <span>
-#include <string>
+
+#include "device/libusb/device_node.h"
+#include "device/libusb/road_patience.h"
+#include "platform/trouble.h"
 
 struct libusb_device_handle;
 
@@ -15,19 +21,21 @@ namespace kzq {
 class UsbtmcRoad {
   public:
     struct Outcome {
-        bool taken = false;    ///< otherwise the request was not sent
-        int result = 0;        ///< if taken: bytes received, or a UsbResult error
-        std::string obstacle;  ///< if not taken: why, as the end of a sentence
+        int result = 0;                        ///< bytes received, or a UsbResult error
+        std::optional<Trouble> obstacle = {};  ///< why the request was not sent; then there is no result
     };
 
     /// `handle` has claimed `interface`, and has it again afterwards. The kernel gives the pedal 5 s to
-    /// answer. Takes about 20 ms; if the access rule is missing, longer once, but less than a second.
-    Outcome control(libusb_device_handle* handle, int interface, std::uint8_t requestType,
-                    std::uint8_t request, std::uint16_t value, std::uint16_t index,
-                    std::span<std::uint8_t> reply);
+    /// answer. Takes about 20 ms, or as long as udev takes to give access, within RoadPatience.
+    Outcome control(libusb_device_handle* handle, const DeviceNode& node, int interface,
+                    const usbtmc_request& setup, std::span<std::uint8_t> reply);
 
   private:
-    std::string closed_;  ///< an obstacle that takes time to detect, and stays until the pedal is reconnected
+    RoadPatience patience_;
 };
+
+/// Whether the way is open to a pedal that no program has: tries all of it but the request. What is in the
+/// way, if anything. Takes as long.
+std::optional<Trouble> tryRoad(const DeviceNode& node, int interface);
 
 }  // namespace kzq

@@ -28,6 +28,7 @@ class RecordingHandle : public UsbHandle {
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                       std::size_t& transferred) override;
     UsbResult reset() override;
+    std::optional<Trouble> obstacle() const override { return handle_->obstacle(); }
 
   private:
     UsbResult recorded(const std::string& words, const std::function<UsbResult()>& call);

@@ -92,6 +92,11 @@ void UmockPedal::setPermitted(bool permitted) {
     permissions(root / "dev" / name_, permitted ? perms::all : perms::none);
 }
 
+void UmockPedal::bind(const std::string& driver) {
+    const std::lock_guard lock(mutex_);
+    node_->bind(driver);
+}
+
 bool UmockPedal::waitUntilBlocked() {
     std::shared_ptr<UsbfsNode> node;
     {

@@ -24,6 +24,8 @@ class UmockPedal : Fixed {
     HostRules& rules() { return rules_; }
     /// Whether users other than root may open the pedal on the bus.
     void setPermitted(bool permitted);
+    /// The system gives the interface to a driver, whoever has claimed it.
+    void bind(const std::string& driver);
     /// Waits until a transfer waits for the pedal.
     bool waitUntilBlocked();
 

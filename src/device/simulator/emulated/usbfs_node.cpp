@@ -104,6 +104,13 @@ void UsbfsNode::endTransfers() {
     endAll(-ESHUTDOWN);
 }
 
+void UsbfsNode::bind(const std::string& driver) {
+    const Lock lock(mutex_);
+    if (std::exchange(driver_, driver) == "usbfs") {
+        endAll(-ESHUTDOWN);
+    }
+}
+
 void UsbfsNode::leave() {
     const Lock lock(mutex_);
     gone_ = true;
@@ -123,9 +130,13 @@ gboolean UsbfsNode::handle(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* cli
     return TRUE;
 }
 
-void UsbfsNode::vanish(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* /*client*/, gpointer self) {
+void UsbfsNode::vanish(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* client, gpointer self) {
     auto& node = *static_cast<UsbfsNode*>(self);
     const Lock lock(node.mutex_);
+    if (client != node.transfers_) {
+        return;
+    }
+    node.driver_.clear();
     node.submitted_.clear();
     node.ended_.clear();
     node.setReadable(false);
@@ -143,17 +154,23 @@ int UsbfsNode::answer(UMockdevIoctlClient* client) {
             return 0;
         }
         case USBDEVFS_GETDRIVER:
-            return ENODATA;
+            return tellDriver(argument);
+        case USBDEVFS_IOCTL:
+            return obey(argument);
         case USBDEVFS_CLAIMINTERFACE:
         case USBDEVFS_DISCONNECT_CLAIM:  // how libusb claims again after a reset
+            bind("usbfs");
             return 0;
         case USBDEVFS_RELEASEINTERFACE:
-            endTransfers();
+            bind("");
             return 0;
         case USBDEVFS_RESET:
             pedal_.reset();
             return 0;
-        case USBDEVFS_SUBMITURB:
+        case USBDEVFS_SUBMITURB: {
+            const Lock lock(mutex_);
+            transfers_ = client;
+        }
             return submit(argument);
         case USBDEVFS_REAPURB:
         case USBDEVFS_REAPURBNDELAY:
@@ -163,6 +180,29 @@ int UsbfsNode::answer(UMockdevIoctlClient* client) {
         default:
             return ENOTTY;
     }
+}
+
+int UsbfsNode::tellDriver(UMockdevIoctlData* argument) {
+    const Lock lock(mutex_);
+    if (gone_ || driver_.empty()) {
+        return gone_ ? ENODEV : ENODATA;
+    }
+    const Data memory(umockdev_ioctl_data_resolve(argument, 0, sizeof(usbdevfs_getdriver), nullptr));
+    usbdevfs_getdriver answer{};
+    driver_.copy(static_cast<char*>(answer.driver), sizeof(answer.driver) - 1);
+    umockdev_ioctl_data_update(memory.get(), 0, reinterpret_cast<guint8*>(&answer), sizeof(answer));
+    return 0;
+}
+
+/// To take the driver off the interface; others are not obeyed.
+int UsbfsNode::obey(UMockdevIoctlData* argument) {
+    const Data memory(umockdev_ioctl_data_resolve(argument, 0, sizeof(usbdevfs_ioctl), nullptr));
+    if (static_cast<unsigned>(reinterpret_cast<const usbdevfs_ioctl*>(memory->data)->ioctl_code) !=
+        USBDEVFS_DISCONNECT) {
+        return ENOTTY;
+    }
+    const Lock lock(mutex_);
+    return std::exchange(driver_, "").empty() ? ENODATA : 0;
 }
 
 int UsbfsNode::submit(UMockdevIoctlData* argument) {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <mutex>
 #include <span>
+#include <string>
 
 #include "device/simulator/simulated_pedal.h"
 #include "platform/fixed.h"
@@ -45,6 +46,8 @@ class UsbfsNode : Fixed {
 
     /// Ends all running transfers, as a reset does.
     void endTransfers();
+    /// The system gives the interface to a driver (empty: to none), whoever has claimed it.
+    void bind(const std::string& driver);
     /// The pedal left: ends all running transfers and refuses everything from now on.
     void leave();
     /// Whether a transfer waits for the pedal's answer.
@@ -75,6 +78,8 @@ class UsbfsNode : Fixed {
     int reap(UMockdevIoctlData* argument);
     int discard(UMockdevIoctlData* argument);
     int refuse(const Urb& urb) const;
+    int tellDriver(UMockdevIoctlData* argument);
+    int obey(UMockdevIoctlData* argument);
     void ask(Urbs::iterator urb);
     simulator::TransferResult transfer(const Urb& urb);
     simulator::TransferResult control(std::span<std::uint8_t> packet);
@@ -90,6 +95,8 @@ class UsbfsNode : Fixed {
     std::mutex mutex_;
     std::condition_variable changed_;
     bool gone_ = false;
+    std::string driver_;                        ///< that has the interface; "usbfs" for a program
+    UMockdevIoctlClient* transfers_ = nullptr;  ///< the descriptor with the transfers
     Urbs submitted_;
     Urbs ended_;
     int file_ = -1;

@@ -1,4 +1,4 @@
-#include "operations/backup_index.h"
+#include "ctl/commands/backup_index.h"
 
 #include <algorithm>
 #include <limits>
@@ -6,9 +6,10 @@
 #include <optional>
 #include <set>
 
+#include "ctl/speech/json_output.h"
 #include "loops/facts.h"
 
-namespace kzq {
+namespace kzq::ctl {
 namespace {
 
 using Json = nlohmann::json;
@@ -70,19 +71,6 @@ bool readLoops(const Json& list, BackupIndex& index) {
 
 }  // namespace
 
-bool BackupIndex::hasLengthOf(SlotNumber slot, const Loop& loop) const {
-    const auto entry = loops.find(slot);
-    return entry != loops.end() && entry->second.samples == loop.samples;
-}
-
-std::uint64_t bytesToCompare(const BackupIndex& index, const Loops& loops) {
-    std::uint64_t bytes = 0;
-    for (const auto& [slot, loop] : loops) {
-        bytes += index.hasLengthOf(slot, loop) ? loop.alignedBytes : 0;
-    }
-    return bytes;
-}
-
 std::string indexText(const BackupIndex& index) {
     Json loops = Json::array();
     for (const auto& [slot, entry] : index.loops) {
@@ -97,7 +85,7 @@ std::string indexText(const BackupIndex& index) {
                         {"formatVersion", formatVersion},
                         {"firmware", index.firmware},
                         {"loops", std::move(loops)}};
-    return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+    return jsonText(whole, true) + "\n";
 }
 
 Result<BackupIndex> indexFromText(std::string_view text) {
@@ -117,4 +105,4 @@ Result<BackupIndex> indexFromText(std::string_view text) {
     return index;
 }
 
-}  // namespace kzq
+}  // namespace kzq::ctl
