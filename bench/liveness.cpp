@@ -143,7 +143,6 @@ struct RunningApplication {
         return {.executor = executor,
                 .dialogs = dialogs,
                 .http = web,
-                .link = &KZQ7306::looper,
                 .home = base,
                 .product = {.version = "1", .website = "https://localhost"},
                 .firmwareManifest = "https://localhost/_.json",

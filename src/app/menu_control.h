@@ -7,7 +7,6 @@
 namespace kzq {
 
 class MainWindow;
-class MenuView;
 struct AppEnvironment;
 struct Panels;
 
@@ -36,8 +35,6 @@ class MenuControl : Fixed {
     void goToWebsite();
 
   private:
-    MenuView* view() const;
-
     const AppEnvironment& environment_;
     MainWindow& window_;
     Panels& panels_;

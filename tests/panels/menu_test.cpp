@@ -1,7 +1,11 @@
 #include "ui/panels/menu.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <QAccessible>
+#include <QAccessibleActionInterface>
+#include <QLabel>
+#include <QPushButton>
 #include <QTest>
 
 #include "fakes.h"
@@ -10,6 +14,9 @@
 
 namespace kzq {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 constexpr auto both = Qt::ControlModifier | Qt::ShiftModifier;
 
@@ -34,6 +41,14 @@ class MenuTest : public testing::Test {
         EXPECT_FALSE(event.isAccepted()) << key;
     }
     std::string firmwareTitle() { return menu->firmware().title().toStdString(); }
+    std::string hovered() {
+        std::string flags;
+        for (const auto* item : menu->items()) {
+            flags += item->hovered() ? 'x' : '-';
+        }
+        return flags;
+    }
+
     test::Calls calls;
     test::FakeController controller{calls};
     test::FakeDialogs dialogs{calls};

@@ -1,3 +1,5 @@
+#include <QAccessible>
+
 #include "row_fixture.h"
 
 namespace kzq::test {

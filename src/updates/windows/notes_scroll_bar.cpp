@@ -1,4 +1,4 @@
-#include "ui/handle_scroll_bar.h"
+#include "updates/windows/notes_scroll_bar.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -15,15 +15,15 @@ constexpr int shortestHandle = 24;
 
 }  // namespace
 
-HandleScrollBar::HandleScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
+NotesScrollBar::NotesScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
     setCursor(Qt::ArrowCursor);
 }
 
-QRect HandleScrollBar::track() const {
+QRect NotesScrollBar::track() const {
     return rect().marginsRemoved(room);
 }
 
-QRect HandleScrollBar::handle() const {
+QRect NotesScrollBar::handle() const {
     const int range = maximum() - minimum();
     if (range <= 0) {
         return {};
@@ -37,7 +37,7 @@ QRect HandleScrollBar::handle() const {
     return handle;
 }
 
-void HandleScrollBar::paintEvent(QPaintEvent* /*event*/) {
+void NotesScrollBar::paintEvent(QPaintEvent* /*event*/) {
     const auto bounds = handle();
     if (bounds.isEmpty()) {
         return;
@@ -49,7 +49,7 @@ void HandleScrollBar::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(bounds, bounds.width() / 2.0, bounds.width() / 2.0);
 }
 
-void HandleScrollBar::mousePressEvent(QMouseEvent* event) {
+void NotesScrollBar::mousePressEvent(QMouseEvent* event) {
     const auto bounds = handle();
     const int y = event->position().toPoint().y();
     if (event->button() != Qt::LeftButton || bounds.isEmpty()) {
@@ -65,7 +65,7 @@ void HandleScrollBar::mousePressEvent(QMouseEvent* event) {
     update();
 }
 
-void HandleScrollBar::mouseMoveEvent(QMouseEvent* event) {
+void NotesScrollBar::mouseMoveEvent(QMouseEvent* event) {
     const int way = track().height() - handle().height();
     if (grabbedAt_ >= 0 && way > 0) {
         const int top = std::clamp(event->position().toPoint().y() - grabbedAt_ - track().top(), 0, way);
@@ -73,12 +73,12 @@ void HandleScrollBar::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
-void HandleScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
+void NotesScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
     grabbedAt_ = -1;
     update();
 }
 
-void HandleScrollBar::contextMenuEvent(QContextMenuEvent* event) {
+void NotesScrollBar::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();  // the desktop's menu would look out of place here
 }
 
