@@ -143,6 +143,7 @@ struct RunningApplication {
         return {.executor = executor,
                 .dialogs = dialogs,
                 .http = web,
+                .link = &KZQ7306::looper,
                 .home = base,
                 .product = {.version = "1", .website = "https://localhost"},
                 .firmwareManifest = "https://localhost/_.json",

@@ -5,6 +5,7 @@
 
 #include "app/absence.h"
 #include "app/app_environment.h"
+#include "app/flow/flows.h"
 #include "app/menu_closing.h"
 #include "app/menu_control.h"
 #include "app/model/loop_model.h"
@@ -35,7 +36,8 @@ struct AppParts : Fixed {
     Presenter presenter{window, rows, model, panels.about};
     const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter);
     MenuControl menu{environment, window, panels};
-    TransferPanel transferPanel{window, panels};
+    TransferPanel transferPanel{window, menu, panels};
+    std::unique_ptr<Flows> flows;  ///< since the launch
     std::shared_ptr<Absence> absence;
     std::unique_ptr<MenuClosing> menuClosing;
     std::unique_ptr<QObject> connections;  ///< from the window's buttons; end with it

@@ -1,124 +1,105 @@
-#include <map>
-#include <string>
-#include <system_error>
+#include "app/import_flow.h"
+
+#include <optional>
 #include <utility>
 
-#include "app/app_delegate.h"
 #include "app/app_parts.h"
-#include "app/loop_check.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
-#include "device/kzq7306.h"
-#include "loops/capacity.h"
-#include "operations/sentences.h"
-#include "platform/free_space.h"
-#include "platform/log.h"
-
-// Loops go from the pedal into files.
+#include "operations/import.h"
+#include "operations/table.h"
 
 namespace kzq {
 
 namespace {
 
-/// Shared by the callbacks of one import. They run on the link's thread, one after the other.
-struct Import {
-    TransferRun run;
-    std::filesystem::path folder;
-    std::map<std::uint8_t, std::string> names;  ///< of the rows, as they were at the start
-    decltype(AppEnvironment::writeFile) writeFile;
+/// One import, from the press of the button on. Its parts are used on the main thread only.
+class Import {
+  public:
+    explicit Import(AppParts& parts) : parts_(parts) {}
 
-    void loopRead(const std::optional<std::vector<std::uint8_t>>& file, std::uint8_t slot) {
-        const auto notSaved = "loop " + std::to_string(slot) + " was not saved: ";
-        if (!file) {
-            log(LogCategory::files, notSaved + "it could not be read from the pedal.");
+    void work(Run& run) {
+        if (!run.idle()) {
             return;
         }
-        run.add(file->size());
-        const auto name = names.find(slot);
-        if (name == names.end()) {
+        const auto folder = run.ask([this] { return chosenFolder(); });
+        if (!folder || folder->empty()) {
             return;
         }
-        if (const auto saved = writeFile(folder, name->second, ".wav", *file); !saved) {
-            log(LogCategory::files,
-                notSaved + saved.error().where + ": " + std::generic_category().message(saved.error().error));
+        run.letPanelsClose();
+        if (run.ask([&] { return start(run, *folder); }).value_or(false)) {
+            const auto outcome = runImport(*run.pedal, order_, events_);
+            run.ask([&] { finish(run, outcome); });
         }
-        run.loopDone(slot);
     }
+
+  private:
+    std::filesystem::path chosenFolder() {
+        parts_.presenter.endEditing();
+        const auto chosen = parts_.environment.dialogs.chooseFolder("Save");
+        return chosen.answer == panelOk || chosen.answer == panelContinue ? chosen.path
+                                                                          : std::filesystem::path();
+    }
+
+    bool start(Run& run, const std::filesystem::path& folder) {
+        const auto& selection = parts_.model.selection();
+        std::uint64_t total = 0;
+        for (const auto slot : selection) {
+            const auto& row = parts_.rows.importRow(slot);
+            const auto* const loop = parts_.model.table().find(slot);
+            if (loop == nullptr) {
+                return false;
+            }
+            total += row.bytes();
+            order_.loops.push_back({slot, row.name().value_or(QString()).toStdString(), {loop->samples}});
+        }
+        if (auto trouble = impossibleLength(parts_.model.table(), {selection.begin(), selection.end()})) {
+            parts_.presenter.tell("saved", {.wanted = selection.size(), .end = std::move(trouble)});
+            return false;
+        }
+        if (selection.empty()) {
+            return false;
+        }
+        order_.folder = folder;
+        order_.write = parts_.environment.writeFile;
+        order_.freeSpace = parts_.environment.freeSpace;
+        parts_.transferPanel.open(total, selection.size(), Slot::importContext);
+        run.turn.cover();
+        watch(std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
+        return true;
+    }
+
+    void watch(const std::shared_ptr<TransferRun>& progress) {
+        events_.moved = [progress](SlotNumber /*slot*/, std::uint64_t bytes) { progress->moved(bytes); };
+        events_.slot = [progress, &presenter = parts_.presenter](const SlotOutcome& loop) {
+            if (loop.did == SlotOutcome::Did::saved || loop.frames.count != 0) {  // it came
+                progress->loopDone(waveHeaderSize + loop.frames.bytes(),
+                                   [&presenter, slot = loop.slot] { presenter.saved(slot); });
+            }
+        };
+    }
+
+    void finish(Run& run, const Outcome& outcome) {
+        run.end(outcome, [&] {
+            parts_.transferPanel.close();
+            if (outcome.begun) {
+                parts_.presenter.noneSelected();
+                parts_.model.deselectAll();
+            }
+        });
+        parts_.presenter.tell("saved", outcome);
+    }
+
+    AppParts& parts_;
+    ImportOrder order_;
+    Events events_;
 };
 
 }  // namespace
 
-void AppDelegate::importButtonClicked() {
-    whenIdle([this] {
-        endEditing();
-        const auto chosen = parts_->environment.dialogs.chooseFolder("Save");
-        if ((chosen.answer != panelOk && chosen.answer != panelContinue) || chosen.path.empty()) {
-            endStart();
-            return;
-        }
-        startSoon([folder = chosen.path](AppDelegate& self) { self.startImport(folder); });
-    });
-}
-
-void AppDelegate::startImport(const std::filesystem::path& folder) {
-    std::vector<std::uint8_t> numbers;
-    std::map<std::uint8_t, std::string> names;
-    std::uint64_t total = 0;
-    for (const auto selected : parts_->model.selection()) {
-        const auto number = selected.number();
-        numbers.push_back(number);
-        const auto* const slot = parts_->rows.importRow(selected);
-        const auto loop = shownIn(selected);
-        if (slot == nullptr || !loop) {
-            endStart();
-            return;
-        }
-        if (!hasPossibleLength(*loop)) {
-            log(LogCategory::application, longerThanMemory(selected) + " Nothing was saved.");
-            endStart();
-            return;
-        }
-        total += slot->bytes();
-        if (const auto name = slot->name()) {
-            names.emplace(number, name->toStdString());
-        }
-    }
-    if (numbers.empty()) {
-        endStart();
-        return;
-    }
-    openProgress(total, Slot::importContext);
-    beginRun();
-    const std::shared_ptr<Import> import(
-        new Import{{parts_->environment.executor, total,
-                    transferListener(&AppDelegate::loopSaved, &AppDelegate::finishImport)},
-                   folder,
-                   std::move(names),
-                   parts_->environment.writeFile});
-    const auto roomFor = [folder, needed = total + numbers.size() * waveHeaderSize,
-                          freeSpace = parts_->environment.freeSpace](KZQ7306& /*looper*/) {
-        const auto problem = tooLittleSpace(folder, needed, freeSpace);
-        if (problem) {
-            log(LogCategory::files, "Nothing was saved. " + spaceSentence(*problem));
-        }
-        return !problem;
-    };
-    onLink(roomFor, [import, numbers](KZQ7306& looper) {
-        return looper.importLoops(
-            numbers, [import](std::uint32_t bytes, std::uint8_t /*slot*/) { import->run.moved(bytes); },
-            [import](const auto& file, std::uint8_t slot) { import->loopRead(file, slot); },
-            [import](std::uint8_t /*count*/) { import->run.finished(); });
-    });
-}
-
-void AppDelegate::loopSaved(std::uint8_t number) {
-    parts_->presenter.saved(SlotNumber::of(number).value());
-}
-
-void AppDelegate::finishImport() {
-    parts_->transferPanel.close();
-    deselectAll();
-    endRun();
+void beginImport(AppParts& parts) {
+    parts.flows->start(transferPatience,
+                       [flow = std::make_shared<Import>(parts)](Run& run) { flow->work(run); });
 }
 
 }  // namespace kzq

@@ -12,6 +12,7 @@
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
 #include "ui/picture_button.h"
+#include "ui/status/status_line.h"
 
 namespace kzq {
 
@@ -115,6 +116,22 @@ bool makeRows(AppDelegate& controller, AppParts& parts) {
     return true;
 }
 
+void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
+    const auto& environment = parts.environment;
+    FlowWindow window{.life = controller,
+                      .shield = [&shielded = parts.window](
+                                    bool up) { up ? shielded.addShield() : shielded.removeShield(); },
+                      .sayBusy =
+                          [&dialogs = environment.dialogs] {
+                              dialogs.run(alertWithHeadline("Device is busy. Try again later."));
+                          },
+                      .saySilent =
+                          [&presenter = parts.presenter] {
+                              presenter.tell("The pedal has stopped answering. Cancel, or unplug it.");
+                          }};
+    parts.flows = std::make_unique<Flows>(environment.executor, std::move(window), environment.link);
+}
+
 void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     const auto& window = parts.window;
     parts.connections = std::make_unique<QObject>();
@@ -137,12 +154,15 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.selectAllButton(), &AppDelegate::selectAll);
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
     fillMenuBar(*window.menuBar(),
-                {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox), act(&AppDelegate::quit)});
+                {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox),
+                 [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
+                 act(&AppDelegate::quit)});
 }
 
 }  // namespace
 
 void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
+    makeFlows(controller, parts);
     makeSoftwareUpdater(controller, parts);
     parts.fieldEditor = std::make_unique<SlotFieldEditor>();
     parts.model.reset();

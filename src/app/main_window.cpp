@@ -10,6 +10,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/shield.h"
+#include "ui/status/status_line.h"
 #include "ui_MainWindow.h"
 
 namespace kzq {
@@ -47,6 +48,7 @@ MainWindow::MainWindow(QWidget* parent) : Window(parent), ui_(std::make_unique<U
     ui_->menuBar->setFixedSize(ui_->menuBar->size());
     nameByIdentifier(*this);
     dressMenuBar(*ui_->menuBar);
+    status_ = new StatusLine(ui_->menuBar);
     dress();
     dressEmptyState();
     setRemedy({});
@@ -198,6 +200,8 @@ void MainWindow::settleTabOrder() {
             }
         }
     }
+    follow(&status_->sentence());
+    follow(&status_->link());
 }
 
 void MainWindow::centre() {

@@ -22,6 +22,7 @@ class LowerButton;
 class MassSelectionButton;
 class PictureButton;
 class PictureView;
+class StatusLine;
 
 /// The layout of the main window: its views by name, without their behaviour. The pictures and labels shown
 /// without a pedal appear and disappear opposite to the meter. Main thread.
@@ -33,6 +34,8 @@ class MainWindow : public Window {
     ~MainWindow() override;
 
     QMenuBar* menuBar() const;
+    /// At the right end of the menu bar.
+    StatusLine& statusLine() const { return *status_; }
     /// Everything below the menu bar.
     Background* contentView() const;
     PictureButton* importTabButton() const;
@@ -76,6 +79,7 @@ class MainWindow : public Window {
     void dressEmptyState();
 
     std::unique_ptr<Ui::MainWindow> ui_;
+    StatusLine* status_;
     QPointer<Shield> shield_;
 };
 

@@ -13,14 +13,14 @@ void dressMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
     bar.setFont(textFont());
     bar.setStyleSheet(
-        QString(
-            "QMenuBar { background: %1; color: %2; border: none; padding: 2px 24px; }"
-            "QMenuBar::item { padding: 5px 9px; margin: 1px; border-radius: 4px; background: transparent; }"
-            "QMenuBar::item:selected { background: %3; }"
-            "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
-            "QMenu::item { padding: 6px 28px 6px 16px; border-radius: 4px; }"
-            "QMenu::item:selected { background: %3; }"
-            "QMenu::item:disabled { color: %6; }")
+        QString("QMenuBar { background: %1; color: %2; border: none; spacing: 4px; padding: 0px 22px; }"
+                "QMenuBar::item { padding: 4px 10px; margin: 4px 0px; border-radius: 4px; background: "
+                "transparent; }"
+                "QMenuBar::item:selected { background: %3; }"
+                "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
+                "QMenu::item { padding: 6px 28px 6px 16px; border-radius: 4px; }"
+                "QMenu::item:selected { background: %3; }"
+                "QMenu::item:disabled { color: %6; }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
                  panelColor().name(), outlineColor().name(), disabledWordColor().name()));
 }
@@ -31,6 +31,8 @@ void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
     auto* const selectAll = bar.addMenu("&Edit")->addAction("Select &All", actions.selectAll);
     selectAll->setShortcut(QKeySequence::SelectAll);
+    auto* const results = bar.addMenu("&View")->addAction("&Recent Results", actions.openResults);
+    results->setShortcut(QKeySequence("Ctrl+R"));
     bar.addMenu("&Help")->addAction("&About 7306 Loop Manager", actions.openAboutBox);
 }
 

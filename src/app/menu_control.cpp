@@ -29,8 +29,12 @@ void moveHighlight(Items first, Items last, MenuItem& whenNone) {
 
 }  // namespace
 
+MenuView* MenuControl::view() const {
+    return panels_.menu ? panels_.menu->view() : nullptr;
+}
+
 bool MenuControl::isOpen() const {
-    return panels_.menu && panels_.menu->view() != nullptr && !panels_.menu->view()->isHidden();
+    return view() != nullptr && !view()->isHidden();
 }
 
 bool MenuControl::contains(QPoint point) const {
@@ -38,26 +42,25 @@ bool MenuControl::contains(QPoint point) const {
 }
 
 void MenuControl::open() {
-    if (!panels_.menu || panels_.menu->view() == nullptr) {
+    if (view() == nullptr) {
         return;
     }
     for (auto* const item : panels_.menu->items()) {
         item->setHovered(false);
     }
-    auto& view = *panels_.menu->view();
-    view.show();
-    view.raise();
+    view()->show();
+    view()->raise();
     panels_.menu->setFirmwareTitle(panels_.menu->modifiers());
-    view.setFocus();
+    view()->setFocus();
     window_.menuButton()->hide();  // last, so that the focus does not move elsewhere
 }
 
 void MenuControl::close() {
-    if (!panels_.menu || panels_.menu->view() == nullptr) {
+    if (view() == nullptr) {
         return;
     }
-    const bool hadFocus = panels_.menu->view()->hasFocus();
-    panels_.menu->view()->hide();
+    const bool hadFocus = view()->hasFocus();
+    view()->hide();
     window_.menuButton()->show();
     if (hadFocus) {
         window_.menuButton()->setFocus();

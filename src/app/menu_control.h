@@ -7,6 +7,7 @@
 namespace kzq {
 
 class MainWindow;
+class MenuView;
 struct AppEnvironment;
 struct Panels;
 
@@ -35,6 +36,8 @@ class MenuControl : Fixed {
     void goToWebsite();
 
   private:
+    MenuView* view() const;
+
     const AppEnvironment& environment_;
     MainWindow& window_;
     Panels& panels_;

@@ -5,7 +5,9 @@
 #include <algorithm>
 
 #include "app/main_window.h"
+#include "app/outcome_line.h"
 #include "loops/capacity.h"
+#include "platform/log.h"
 #include "ui/background.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
@@ -138,7 +140,7 @@ void Presenter::selection() {
 
 void Presenter::allSelected() {
     for (const auto slot : model_.selection()) {
-        rows_.importRow(slot)->setSelected(true);
+        rows_.importRow(slot).setSelected(true);
     }
     if (!model_.selection().empty()) {
         enableImportAndErase(true);
@@ -162,15 +164,14 @@ void Presenter::endEditing() {
 }
 
 void Presenter::saved(SlotNumber slot) {
-    if (auto* const row = rows_.importRow(slot)) {
-        row->setCustomImportName(std::nullopt);
-        row->field()->setText(row->defaultName());
-    }
+    auto& row = rows_.importRow(slot);
+    row.setCustomImportName(std::nullopt);
+    row.field()->setText(row.defaultName());
 }
 
 void Presenter::staged(SlotNumber slot, const QUrl& file) {
     meter(model_.inUse());
-    auto& row = *rows_.exportRow(slot);
+    auto& row = rows_.exportRow(slot);
     row.setExporting(file);
     row.setExported(false);
     window_.exportButton()->setEnabled(!model_.staging().empty());
@@ -192,9 +193,7 @@ void Presenter::unstaged(Slot& row) {
 
 /// A loop that failed is marked as well: the table is read again at the end.
 void Presenter::sent(SlotNumber slot) {
-    if (auto* const row = rows_.exportRow(slot)) {
-        row->setExported(true);
-    }
+    rows_.exportRow(slot).setExported(true);
 }
 
 void Presenter::exportsCleared() {
@@ -223,6 +222,20 @@ void Presenter::showTab(bool exports) {
 
 void Presenter::focusContent() {
     window_.contentView()->setFocus();
+}
+
+void Presenter::tell(const std::string& line) {
+    log(LogCategory::application, line);
+}
+
+void Presenter::tell(std::string_view done, const Outcome& outcome) {
+    if (!outcome.whole()) {
+        tell(outcomeLine(done, outcome));
+    }
+}
+
+void Presenter::tell(const FlashEnd& end) {
+    tell(flashLine(end));
 }
 
 }  // namespace kzq

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <string_view>
 
 #include "app/model/loop_model.h"
 #include "app/rows.h"
@@ -10,6 +12,8 @@ namespace kzq {
 
 class About;
 class MainWindow;
+struct FlashEnd;
+struct Outcome;
 
 /// Carries out in the window what LoopModel has decided, one transition at a time: in the rows, the meter,
 /// the buttons, the warning and the About panel. All of them keep their state, and a transition leaves alone
@@ -65,6 +69,14 @@ class Presenter : Fixed {
 
     /// Ends any editing.
     void focusContent();
+
+    // --- what became of an operation: the one place that hears of everything that failed
+
+    void tell(
+        const std::string& line);  // NOLINT(readability-convert-member-functions-to-static): of a window
+    /// `done` is what it does to loops: "saved", "written", "erased".
+    void tell(std::string_view done, const Outcome& outcome);
+    void tell(const FlashEnd& end);
 
   private:
     void showTab(bool exports);

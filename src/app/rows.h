@@ -21,8 +21,9 @@ struct Rows {
         const auto& list = context == Slot::importContext ? imports : exports;
         return number == 0 || number > list.size() ? nullptr : list[number - 1U].get();
     }
-    Slot* importRow(SlotNumber slot) const { return find(slot.number(), Slot::importContext); }
-    Slot* exportRow(SlotNumber slot) const { return find(slot.number(), Slot::exportContext); }
+    // After the launch there is a row for each slot.
+    Slot& importRow(SlotNumber slot) const { return *imports.at(slot.number() - 1U); }
+    Slot& exportRow(SlotNumber slot) const { return *exports.at(slot.number() - 1U); }
 };
 
 /// The slot of a row: a row is never made for another number.

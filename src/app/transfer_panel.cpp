@@ -3,6 +3,7 @@
 #include <QString>
 
 #include "app/main_window.h"
+#include "app/menu_control.h"
 #include "app/panels.h"
 #include "slots/slot.h"
 
@@ -10,9 +11,10 @@ namespace kzq {
 
 void TransferPanel::open(std::uint64_t total, std::size_t loops, std::int32_t context) {
     const auto& progress = panels_.progress;
-    if (!progress) {
+    if (total == 0 || !progress) {
         return;
     }
+    menu_.close();
     const bool exports = context != Slot::importContext;
     progress->placeOver(window_);
     progress->setTitle(exports ? "7306 Export" : "7306 Import");

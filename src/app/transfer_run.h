@@ -13,38 +13,31 @@ namespace kzq {
 /// lock while it reports, so nothing here waits for the main thread.
 class TransferRun {
   public:
-    /// All on the main thread, in the order of the events. Of the fractions of a running loop only the
-    /// newest is delivered: at most one is queued.
-    struct Listener {
-        std::function<void(double fraction)> percent;
-        std::function<void(std::uint8_t slot)> loopDone;
-        std::function<void()> finished;
-    };
-
-    /// `total` may be 0; then every fraction is 0.
-    TransferRun(Executor& executor, std::uint64_t total, Listener listener);
+    /// `post` has a task done on the main thread, in order; `percent` is called there. `total` may be 0; then
+    /// every fraction is 0.
+    TransferRun(std::function<void(Executor::Task)> post, std::uint64_t total,
+                std::function<void(double fraction)> percent)
+        : post_(std::move(post)), total_(total), bar_(new Bar{std::move(percent)}) {}
 
     // The link's thread.
 
-    /// `bytes` of the whole batch have been transferred.
+    /// `bytes` of the whole batch have been transferred. Of the fractions of a running loop only the newest
+    /// is delivered: at most one is queued.
     void moved(std::uint64_t bytes);
-    /// Counts a loop of so many bytes.
-    void add(std::uint64_t bytes) { done_ += bytes; }
-    /// That loop is done: reports the fraction so far, then the loop.
-    void loopDone(std::uint8_t slot);
-    void finished();
+    /// A loop of so many bytes is done: the fraction so far is shown, and then `task` done.
+    void loopDone(std::uint64_t bytes, Executor::Task task);
 
   private:
     double fractionOf(std::uint64_t bytes) const;
 
-    struct Window {
-        Listener listener;
+    struct Bar {
+        std::function<void(double)> percent;
         std::atomic<double> newest = 0;
         std::atomic<bool> posted = false;
     };
-    Executor& executor_;
+    const std::function<void(Executor::Task)> post_;
     const std::uint64_t total_;
-    const std::shared_ptr<Window> window_;
+    const std::shared_ptr<Bar> bar_;
     std::uint64_t done_ = 0;
 };
 

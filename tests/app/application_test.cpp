@@ -34,47 +34,19 @@ struct FakeDelegate : ApplicationDelegate {
     std::vector<std::string> done;
 };
 
-/// Counts what reaches it.
-struct Receiver : QWidget {
-    Receiver() {
-        resize(100, 100);
-        show();
-    }
-    bool event(QEvent* event) override {
-        switch (event->type()) {
-            case QEvent::KeyPress:
-                seen.emplace_back("press");
-                return true;
-            case QEvent::KeyRelease:
-                seen.emplace_back("release");
-                return true;
-            case QEvent::MouseButtonRelease:
-                seen.emplace_back("mouse");
-                return true;
-            default:
-                return QWidget::event(event);
-        }
-    }
-    std::vector<std::string> seen;
-};
-
 class ApplicationTest : public testing::Test {
   protected:
     ApplicationTest() {
+        window.show();
         delegate.mainWindow = window.windowHandle();
         application().setDelegate(&delegate);
     }
     ~ApplicationTest() override { application().setDelegate(nullptr); }
 
     static Application& application() { return *static_cast<Application*>(qApp); }
-    void key(Qt::Key key) const {
-        QTest::keyPress(window.windowHandle(), key);
-        QTest::keyRelease(window.windowHandle(), key);
-    }
-    std::vector<std::string> seen() { return std::exchange(window.seen, {}); }
     std::vector<std::string> done() { return std::exchange(delegate.done, {}); }
 
-    Receiver window;
+    QWidget window;
     FakeDelegate delegate;
 };
 

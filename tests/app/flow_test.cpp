@@ -18,10 +18,11 @@ struct FlowsTest : testing::Test {
     bool shield = false;
     int busy = 0;
     std::shared_ptr<int> window = std::make_shared<int>();
-    std::optional<Flows> flows{std::in_place, executor,
-                               Flows::Window{[this](bool up) { EXPECT_NE(std::exchange(shield, up), up); },
-                                             [this] { ++busy; }, window},
-                               [] { return nullptr; }};
+    std::optional<Flows> flows{
+        std::in_place, executor,
+        FlowWindow{window, [this](bool up) { EXPECT_NE(std::exchange(shield, up), up); }, [this] { ++busy; },
+                   [] {}},
+        [] { return nullptr; }};
 };
 
 TEST_F(FlowsTest, EveryWayOutOfAFlowGivesItsTurnBack) {
@@ -29,7 +30,7 @@ TEST_F(FlowsTest, EveryWayOutOfAFlowGivesItsTurnBack) {
     for (int round = 0; round < 200; ++round) {
         const auto steps = random();
         bool ran = false;
-        flows->start([&](auto& run) {
+        flows->start({}, [&](auto& run) {
             ran = true;
             executor.sleep(1ms);
             EXPECT_EQ(run.ask([&] { return executor.onMainThread(); }), true);
@@ -44,17 +45,17 @@ TEST_F(FlowsTest, EveryWayOutOfAFlowGivesItsTurnBack) {
             }
         });
         EXPECT_TRUE(flows->starting());
-        flows->start([](auto&) { FAIL() << "two at a time"; });
+        flows->start({}, [](auto&) { FAIL() << "two at a time"; });
         EXPECT_EQ(busy, 0);
         executor.advance(1ms);
         EXPECT_TRUE(ran);
         EXPECT_EQ(shield, (steps & 1U) == 0);
-        flows->start([](auto&) {});
+        flows->start({}, [](auto&) {});
         EXPECT_EQ(std::exchange(busy, 0), shield ? 1 : 0);
         executor.advance(1ms);
         EXPECT_FALSE(shield || flows->starting());
     }
-    flows->start([](auto& run) { run.ask([&] { (run.turn.cover(), run.turn.leaveCovered()); }); });
+    flows->start({}, [](auto& run) { run.ask([&] { (run.turn.cover(), run.turn.leaveCovered()); }); });
     executor.settle();
     EXPECT_TRUE(shield);
     EXPECT_FALSE(flows->take() || flows->starting());
@@ -64,7 +65,7 @@ TEST_F(FlowsTest, AWindowThatGoesEndsWhatWaitsForIt) {
     // The one whose question stands still has it answered; nobody else gets in any more.
     bool answered = false;
     std::optional<bool> later;
-    flows->start([&](auto& run) {
+    flows->start({}, [&](auto& run) {
         EXPECT_EQ(run.ask([&] {
             run.turn.cover();
             window.reset();

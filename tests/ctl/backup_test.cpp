@@ -2,7 +2,6 @@
 #include <nlohmann/json.hpp>
 
 #include "audio/wave.h"
-#include "ctl/commands/backup_index.h"
 #include "tool_fixture.h"
 
 namespace kzq::test {
@@ -116,30 +115,6 @@ TEST_F(BackupTest, LoopsOfTwoMomentsAreNoBackup) {
     EXPECT_FALSE(files().contains("backup.json"));
     EXPECT_EQ(backup(), ExitCode::ok);
     EXPECT_EQ(contents("Loop 2-2.wav"), wave(loopOf(10, 1).audio, 2));
-}
-
-TEST(BackupIndex, OnlyAWholeIndexIsRead) {
-    ctl::BackupIndex index;
-    index.firmware = "1.05";
-    index.loops.emplace(3_slot, ctl::BackupEntry{"Loop 3.wav", 7, 90, 255, std::string(64, 'a')});
-    index.loops.emplace(20_slot, ctl::BackupEntry{"20.wav", 0xFFFFFFFF, 1, 1, std::string(64, '0')});
-    const auto text = ctl::indexText(index);
-    EXPECT_EQ(ctl::indexFromText(text), index);
-
-    const auto reject = [&](const std::string& from, const std::string& to) {
-        auto changed = text;
-        const auto place = changed.find(from);
-        ASSERT_NE(place, std::string::npos) << from;
-        changed.replace(place, from.size(), to);
-        EXPECT_FALSE(ctl::indexFromText(changed)) << changed;
-    };
-    reject("kzq7306-backup", "other");
-    reject("Loop 3.wav", "../Loop 3.wav");
-    reject("Loop 3.wav", "20.wav");
-    reject(R"("slot": 3)", R"("slot": 20)");
-    reject(R"("samples": 7)", R"("samples": 4294967296)");
-    reject("aaaa", "aaa");
-    reject("}", "");
 }
 
 }  // namespace

@@ -198,7 +198,7 @@ TEST_F(BadMoments, ALoopRecordedUnderTheQuestionIsNotOverwritten) {
     window->exportButton()->click();
     EXPECT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE2), IsEmpty());
-    EXPECT_THAT(logged, Contains("a loop was recorded into slot 4 meanwhile. Nothing was written."));
+    EXPECT_THAT(logged, Contains("0 of 2 loops written; ended: changed, what is staged"));
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 
@@ -215,14 +215,14 @@ TEST_F(BadMoments, NothingIsOverwrittenOrErasedThatTheUserWasNotAskedAbout) {
         return dialogs.take();
     };
     EXPECT_THAT(press(), IsEmpty());
-    EXPECT_THAT(logged, Contains("a loop was recorded into slot 4 meanwhile. Nothing was written."));
+    EXPECT_THAT(logged, Contains("0 of 1 loops written; ended: changed, Loop 4, recorded"));
     EXPECT_TRUE(exportRow(4).occupied() && !window->warning()->isHidden());
     dialogs.answer = [&] { return (pedal.setLoop(3, loopOf(60, 1)), alertFirstButton); };
     EXPECT_EQ(press().size(), 1U);
-    EXPECT_THAT(logged, Contains("loop 4 was recorded anew meanwhile. Nothing was written."));
+    EXPECT_THAT(logged, Contains("0 of 1 loops written; ended: changed, Loop 4, changed"));
     dialogs.answer = [&] { return (pedal.setLoop(3, std::nullopt), alertFirstButton); };
     EXPECT_EQ(press().size(), 1U);
-    EXPECT_THAT(logged, Contains("loop 4 is gone from the pedal. Nothing was written."));
+    EXPECT_THAT(logged, Contains("0 of 1 loops written; ended: changed, Loop 4, erased"));
     EXPECT_THAT(sent(0xE2), IsEmpty());
     EXPECT_EQ(workingCopies(), 1);
     EXPECT_THAT(press(), IsEmpty());
@@ -242,7 +242,7 @@ TEST_F(BadMoments, NothingIsOverwrittenOrErasedThatTheUserWasNotAskedAbout) {
     port.tamper = {};
     EXPECT_EQ(importRow(3).name(), "typed");
     EXPECT_TRUE(importRow(1).selected() && window->eraseButton()->isEnabled());
-    EXPECT_THAT(logged, Contains("loop 3 was recorded anew meanwhile. Nothing was erased."));
+    EXPECT_THAT(logged, Contains("0 of 2 loops erased; ended: changed, Loop 3, changed"));
     EXPECT_THAT(sent(0xED), IsEmpty());
     EXPECT_EQ(importRow(3).samples(), 50U);
     dialogs.answer = [] { return alertFirstButton; };
@@ -274,7 +274,7 @@ TEST_F(BadMoments, ATableThatDoesNotComeWholeDecidesAndShowsNothing) {
     }
     EXPECT_EQ(pedal.memory()[3], loopOf(50, 1));
     EXPECT_EQ(pedal.memory()[2], loopOf(2000, 20));
-    EXPECT_THAT(logged, Contains("the list of loops could not be read from the pedal. Nothing was written."));
+    EXPECT_THAT(logged, Contains("0 of 1 loops written; ended: table-incomplete"));
 
     pedal.unplug();
     plugIn();

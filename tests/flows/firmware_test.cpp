@@ -8,7 +8,9 @@ namespace kzq::test {
 
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr auto isBusy = "Device is busy. Try again later.";
@@ -68,19 +70,40 @@ TEST_F(FirmwareFlow, AnOfferIsInstalledAcrossTheRestartAndThenTakenBack) {
     EXPECT_EQ(pedal.installedFirmware(), Bytes(image.begin(), image.end()));
     executor.settle();
     EXPECT_GT(web.requested.size(), asked);  // looked for again
+    pass(20s);
+    EXPECT_THAT(logged, Contains(HasSubstr("firmware confirmed, version ")));
 }
 
 TEST_F(FirmwareFlow, AFailureKeepsTheOfferAndTheBar) {
     launchWithOffer();
     plan("refuse@E4");
     delegate->installFirmware();
-    executor.settle();
+    pass(1s);
     EXPECT_FALSE(shieldUp());
+    EXPECT_THAT(logged, Contains("firmware not sent: loader-refused"));
     EXPECT_TRUE(flashing());
     EXPECT_TRUE(delegate->firmwareUpdater()->update());
     delegate->installFirmware();
     pass(20s);
     EXPECT_TRUE(pedal.installedFirmware());
+}
+
+TEST_F(FirmwareFlow, APedalThatComesBackWithoutItsLoaderIsWaitedFor) {
+    launchConnected();
+    delegate->installFirmware(file("mine"));
+    pass(1s);
+    pedal.unplug();
+    pedal.setStage('p');
+    pedal.plugIn();
+    pass(2min);
+    EXPECT_TRUE(shieldUp());
+    EXPECT_THAT(logged, Contains(HasSubstr("came back without entering its loader")));
+    pedal.unplug();
+    pedal.setStage('b');
+    plugIn();
+    pass(20s);
+    EXPECT_FALSE(shieldUp());
+    EXPECT_EQ(pedal.installedFirmware().value().size(), 4U);
 }
 
 TEST_F(FirmwareFlow, AChosenFileIsInstalledAndAnUnusableOneIsNot) {

@@ -94,7 +94,7 @@ TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
     EXPECT_EQ(delegate->progress()->percent(), 1);
     EXPECT_THAT(files(), ElementsAre("Loop 20.wav"));
     EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
-    EXPECT_THAT(logged, testing::Contains(HasSubstr("loop 3 was not saved: write: No space left")));
+    EXPECT_THAT(logged, testing::Contains(HasSubstr("Loop 3 not saved: file, write, No space left")));
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
 }
 
@@ -106,7 +106,7 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), IsEmpty());
-    EXPECT_THAT(logged, testing::Contains(HasSubstr("Nothing was saved. There is too little space in")));
+    EXPECT_THAT(logged, testing::Contains(HasSubstr("0 of 2 loops saved; ended: disk-full, ")));
     EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 20_slot));
     ++freeSpace;
     port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {
@@ -117,15 +117,14 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
-    EXPECT_THAT(logged, testing::Contains("loop 20 was not saved: it could not be read from the pedal."));
+    EXPECT_THAT(logged, testing::Contains("1 of 2 loops saved; Loop 20 not saved: too-large"));
     select({1, 20});
     pass(6s);  // now its row shows it
     pedal.clearJournal();
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), IsEmpty());
-    EXPECT_THAT(logged,
-                testing::Contains(HasSubstr("loop 20 is said to be longer than the pedal's memory.")));
+    EXPECT_THAT(logged, testing::Contains("0 of 2 loops saved; ended: too-large, Loop 20"));
     port.tamper = {};
     pass(6s);
     window->importButton()->click();

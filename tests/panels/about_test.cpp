@@ -2,13 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include <QLabel>
 #include <QTest>
 #include <QWindow>
 
 #include "fakes.h"
 #include "ui/fonts.h"
-#include "ui/palette.h"
 #include "ui/panels/about_backing.h"
 #include "ui/panels/about_window.h"
 #include "virtual_executor.h"
@@ -18,7 +16,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class AboutTest : public testing::Test {
   protected:
@@ -33,13 +30,11 @@ class AboutTest : public testing::Test {
                              {version, "https://www.kzq.example/"});
         backing = about->window().findChild<AboutBacking*>();
         link = about->window().findChild<LinkButton*>();
-        label = about->window().findChild<QLabel*>("linkLabel");
     }
     void key(QEvent::Type type, int key, bool repeated = false) {
         QKeyEvent event(type, key, Qt::NoModifier, QString(), repeated);
         QCoreApplication::sendEvent(backing, &event);
     }
-    QColor linkColor() { return label->palette().color(QPalette::WindowText); }
 
     test::Calls calls;
     test::FakeController controller{calls};
@@ -49,7 +44,6 @@ class AboutTest : public testing::Test {
     std::unique_ptr<About> about;
     AboutBacking* backing = nullptr;
     LinkButton* link = nullptr;
-    QLabel* label = nullptr;
 };
 
 TEST_F(AboutTest, TheFirstShowingOfAProcessClosesByItself) {

@@ -1,11 +1,7 @@
 #include "ui/panels/menu.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include <QAccessible>
-#include <QAccessibleActionInterface>
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
 
 #include "fakes.h"
@@ -14,9 +10,6 @@
 
 namespace kzq {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr auto both = Qt::ControlModifier | Qt::ShiftModifier;
 
@@ -41,14 +34,6 @@ class MenuTest : public testing::Test {
         EXPECT_FALSE(event.isAccepted()) << key;
     }
     std::string firmwareTitle() { return menu->firmware().title().toStdString(); }
-    std::string hovered() {
-        std::string flags;
-        for (const auto* item : menu->items()) {
-            flags += item->hovered() ? 'x' : '-';
-        }
-        return flags;
-    }
-
     test::Calls calls;
     test::FakeController controller{calls};
     test::FakeDialogs dialogs{calls};

@@ -143,5 +143,22 @@ TEST_F(RecorderTest, AKeptRecordingGivesWhatItGave) {
     EXPECT_EQ(kept.files.at(4), wave(ramp(100), 2));
 }
 
+/// Even where the events come on the thread that registered for them.
+TEST_F(RecorderTest, APedalThatComesLaterIsNoneThatWasThere) {
+    VirtualExecutor executor;
+    SimulatedPedal pedal(executor, {});
+    SimulatedPort real(executor, pedal);
+    auto file = RecordingFile::create(path(), {});
+    ASSERT_TRUE(file);
+    RecordingPort port(real, std::make_shared<SessionRecorder>(executor, file.value()));
+    port.registerHotplug(HotplugEvent::arrived, {pedalVendor, pedalProduct},
+                         [](const auto&, auto) { return 0; });
+    pedal.plugIn();
+    port.handleEvents();
+    std::ifstream recording(path());
+    const std::string text(std::istreambuf_iterator<char>(recording), {});
+    EXPECT_THAT(text, testing::AllOf(testing::HasSubstr(" arrived 1"), Not(testing::HasSubstr("there"))));
+}
+
 }  // namespace
 }  // namespace kzq::test

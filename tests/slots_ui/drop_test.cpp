@@ -64,6 +64,11 @@ TEST_F(Drop, WhatIsNotAudioToBeCopiedOntoAnExportRowIsRefused) {
     EXPECT_EQ(drag(view, {file("/x/a.wav")}, Qt::MoveAction), Qt::IgnoreAction);
     EXPECT_THAT(takeCalls(), ElementsAre());
     EXPECT_FALSE(importRow(1).view()->prepareForDragOperation());
+    QMimeData data;
+    data.setUrls({file("/x/a.wav")});
+    QDropEvent drop({3, 3}, all, &data, Qt::LeftButton, Qt::NoModifier);
+    importRow(1).view()->drop(drop);
+    EXPECT_EQ(drop.dropAction(), Qt::IgnoreAction);  // otherwise the source believes that it was taken
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <QAccessible>
-
 #include "row_fixture.h"
 
 namespace kzq::test {

@@ -26,8 +26,6 @@ RowFixture::RowFixture() {
     QApplication::setActiveWindow(&window);
 }
 
-RowFixture::~RowFixture() = default;
-
 Slot& RowFixture::recorded(std::uint8_t number) {
     auto& row = importRow(number);
     setOccupied(row, true);
@@ -54,35 +52,9 @@ void RowFixture::note(const char* call, const Slot& slot) {
                     std::to_string(slot.number()));
 }
 
-void RowFixture::checkboxStateChangedForImportSlot(Slot& slot) {
-    note(slot.selected() ? "on" : "off", slot);
-}
-
-void RowFixture::buttonClickedForExportSlot(Slot& slot) {
-    note("add", slot);
-    if (onButton) {
-        onButton(slot);
-    }
-}
-
-void RowFixture::exportAboutToBeRemoved(Slot& slot) {
-    note(slot.exporting() ? "about to remove" : "too late", slot);
-}
-
-void RowFixture::exportRemoved(Slot& slot) {
-    note(!slot.exporting() && !slot.exported() ? "removed" : "too early", slot);
-}
-
 Slot* RowFixture::slotNumber(std::uint8_t number, std::int32_t context) {
-    if (number == 0) {
-        return nullptr;
-    }
-    return number > rows ? nullptr : context == 0 ? &importRow(number) : &exportRow(number);
-}
-
-void RowFixture::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
-    note("dropped", slot);
-    dropped = urls;
+    const auto& list = context == Slot::importContext ? importSlots : exportSlots;
+    return number == 0 || number > list.size() ? nullptr : list[number - 1U].get();
 }
 
 SlotFieldEditor* RowFixture::windowWillReturnFieldEditor(QWidget* of, QObject* object) {

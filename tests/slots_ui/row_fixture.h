@@ -18,7 +18,6 @@ namespace kzq::test {
 class RowFixture : public testing::Test, public SlotDelegate, public ApplicationController {
   protected:
     RowFixture();
-    ~RowFixture() override;
 
     Slot& importRow(std::uint8_t number) { return *importSlots[number - 1U]; }
     Slot& exportRow(std::uint8_t number) { return *exportSlots[number - 1U]; }
@@ -37,19 +36,24 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
     QWidget window;
     std::vector<std::string> calls;
     QList<QUrl> dropped;
-    std::function<void(Slot&)> onButton;
+    std::function<void(Slot&)> onButton = [](Slot&) {};
 
   private:
     void note(const char* call, const Slot& slot);
 
-    void checkboxStateChangedForImportSlot(Slot& slot) override;
-    void buttonClickedForExportSlot(Slot& slot) override;
+    void checkboxStateChangedForImportSlot(Slot& slot) override {
+        note(slot.selected() ? "on" : "off", slot);
+    }
+    void buttonClickedForExportSlot(Slot& slot) override { (note("add", slot), onButton(slot)); }
     void nameEditingBeganForSlot(Slot& slot) override { note("began", slot); }
     void nameEditingEndedForSlot(Slot& slot) override { note("ended", slot); }
-    void exportAboutToBeRemoved(Slot& slot) override;
-    void exportRemoved(Slot& slot) override;
+    void exportAboutToBeRemoved(Slot& slot) override { note(slot.exporting() ? "remove" : "too late", slot); }
+    void exportRemoved(Slot& slot) override { note(slot.exporting() ? "too early" : "removed", slot); }
     Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
-    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
+    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override {
+        note("dropped", slot);
+        dropped = urls;
+    }
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* of, QObject* object) override;
 
     void openMainWindow() override {}

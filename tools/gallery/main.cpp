@@ -10,6 +10,7 @@
 #include "panel_shots.h"
 #include "picture_shots.h"
 #include "rows.h"
+#include "status_shots.h"
 #include "ui/palette.h"
 #include "window_shots.h"
 
@@ -52,6 +53,7 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("panels", panels(), darkDesktop);
     folder.save("panels-light", panels(), lightDesktop);
     folder.save("updates", updateWindows(), darkDesktop);
+    folder.save("status", statusLines(), darkDesktop);
     folder.save("window", mainWindows(), darkDesktop);
     return folder.good();
 }

@@ -73,6 +73,15 @@ def warning_mark():
     return picture
 
 
+def status_mark():
+    """Something failed, and nothing was replaced: no slash."""
+    picture = Picture(16, 16)
+    picture.ring(8, 8, 7, c.YELLOW)
+    picture.rect(7, 4, 2, 5, c.YELLOW)
+    picture.rect(7, 10, 2, 2, c.YELLOW)
+    return picture
+
+
 def empty_note():
     picture = Picture(28, 36)
     picture.frame(2, 0, 24, 36, 6, c.GRAY, c.GROOVE)
@@ -132,6 +141,7 @@ def empty_plate():
 
 def pictures():
     result = {"Window_plate": window_plate(), "Meter_track": meter_track(), "Warning_mark": warning_mark(),
+              "Status_mark": status_mark(),
               "Empty_plate": empty_plate(), "Empty_note": empty_note()}
     for name, colour in (("green", c.GREEN), ("orange", c.ORANGE), ("red", c.RED)):
         result[f"Meter_bar_{name}"] = meter_bar(colour)

@@ -4,27 +4,59 @@
 
 namespace kzq {
 
-Flows::Flows(Executor& executor, Window window, std::function<std::shared_ptr<KZQ7306>()> link)
-    : place_(new FlowPlace{executor, std::move(window.life), std::move(link)}),
-      sayBusy_(std::move(window.sayBusy)),
-      turns_(executor, std::move(window.shield)) {}
+Flows::Flows(Executor& executor, FlowWindow window, Link link)
+    : place_(new FlowPlace{executor, std::move(window), std::move(link)}),
+      turns_(executor, place_->window.shield) {}
 
 Flows::~Flows() {
     const std::lock_guard guard(place_->mutex);  // a flow that is about to wait has looked under it
     place_->changed.notify();
 }
 
-void Flows::start(Flow flow) {
+void Flows::start(Patience patience, Flow flow) {
     if (auto turn = take()) {
-        start(std::move(*turn), std::move(flow));
+        start(std::move(*turn), patience, std::move(flow));
     } else if (!starting()) {
-        sayBusy_();
+        place_->window.sayBusy();
     }
 }
 
-void Flows::start(Turn turn, Flow flow) {
-    place_->executor.background(Priority::high, [run = std::make_shared<Run>(place_, std::move(turn)),
-                                                 flow = std::move(flow)] { flow(*run); });
+void Flows::start(Turn turn, Patience patience, Flow flow) {
+    Pedal::Limits limits{patience.limit};
+    if (!patience.stops) {
+        limits.silent = [place = place_] { place->post(place->window.saySilent); };
+    }
+    const auto link = place_->link();
+    auto pedal = link ? Pedal::create(place_->executor, link, limits) : nullptr;
+    std::erase_if(pedals_, [](const auto& other) { return other.expired(); });
+    pedals_.push_back(pedal);
+    place_->executor.background(Priority::high,
+                                [run = std::make_shared<Run>(place_, std::move(turn), std::move(pedal)),
+                                 flow = std::move(flow)] { flow(*run); });
+}
+
+void Flows::cancel() {
+    forEach([](Pedal& pedal) {
+        if (!pedal.restartExpected()) {
+            pedal.stop(Trouble{Trouble::Kind::cancelled});
+        }
+    });
+}
+
+void Flows::pedalLeft() {
+    forEach([](Pedal& pedal) { pedal.left(); });
+}
+
+void Flows::pedalReturned(char stage) {
+    forEach([stage](Pedal& pedal) { pedal.returned(stage); });
+}
+
+void Flows::forEach(const std::function<void(Pedal&)>& task) {
+    for (const auto& weak : pedals_) {
+        if (const auto pedal = weak.lock()) {
+            task(*pedal);
+        }
+    }
 }
 
 }  // namespace kzq

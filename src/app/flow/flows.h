@@ -3,38 +3,49 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "app/flow/run.h"
 #include "app/flow/turn.h"
 
 namespace kzq {
 
+/// What is done about a USB call that stays unanswered for so long.
+struct Patience {
+    Executor::Duration limit{};
+    bool stops = false;  ///< the operation, if it cannot be cancelled; otherwise the user is told
+};
+inline constexpr Patience transferPatience{.limit = std::chrono::seconds(10)};
+
 /// Starts the flows of a window, one at a time. Main thread.
 class Flows : Fixed {
   public:
     using Flow = std::function<void(Run&)>;
-    struct Window {
-        std::function<void(bool up)> shield;
-        std::function<void()> sayBusy;   ///< may run an event loop
-        std::weak_ptr<const void> life;  ///< of all that the flows' tasks use
-    };
-
-    Flows(Executor& executor, Window window, std::function<std::shared_ptr<KZQ7306>()> link);
+    Flows(Executor& executor, FlowWindow window, Link link);
     /// Flows that are left return at their next question.
     ~Flows();
 
     /// Runs `flow` on a thread of the pool. While another one starts, nothing happens; while one is running,
     /// the user is told that the pedal is busy.
-    void start(Flow flow);
+    void start(Patience patience, Flow flow);
     /// For a flow that begins with a question in the press itself.
-    void start(Turn turn, Flow flow);
+    void start(Turn turn, Patience patience, Flow flow);
     std::optional<Turn> take() { return turns_.take(); }
     bool starting() const { return turns_.starting(); }
 
+    // What happens meanwhile, for all runs.
+
+    /// An update of the firmware goes on.
+    void cancel();
+    void pedalLeft();
+    void pedalReturned(char stage);
+
   private:
+    void forEach(const std::function<void(Pedal&)>& task);
+
     const std::shared_ptr<FlowPlace> place_;
-    const std::function<void()> sayBusy_;
     Turns turns_;
+    std::vector<std::weak_ptr<Pedal>> pedals_;  ///< of runs, some of which are over
 };
 
 }  // namespace kzq

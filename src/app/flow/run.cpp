@@ -20,7 +20,7 @@ bool Run::done(Executor::Task task) {
     };
     const auto question = std::make_shared<Question>(std::move(task));
     place_->executor.main([place = place_, question] {
-        const auto window = place->window.lock();  // a task may run an event loop in which it is let go
+        const auto window = place->window.life.lock();  // a task may run an event loop in which it is let go
         std::unique_lock lock(place->mutex);
         if (!window) {
             return;
@@ -34,12 +34,51 @@ bool Run::done(Executor::Task task) {
     });
     std::unique_lock lock(place_->mutex);
     place_->executor.wait(lock, place_->changed, [&place = *place_, question] {
-        return question->answered || (!question->begun && place.window.expired());
+        return question->answered || (!question->begun && place.window.life.expired());
     });
     return question->answered;
 }
 
+void FlowPlace::post(Executor::Task task) const {
+    executor.main([life = window.life, task = std::move(task)] {
+        if (const auto alive = life.lock()) {
+            task();
+        }
+    });
+}
+
+std::function<void(Executor::Task)> Run::poster() const {
+    return [place = place_](Executor::Task task) { place->post(std::move(task)); };
+}
+
+void Run::letPanelsClose() {
+    place_->executor.sleep(std::chrono::milliseconds(100));
+}
+
+void Run::end(const Outcome& outcome, const Executor::Task& before) {
+    if (!outcome.begun && outcome.end && outcome.end->kind == Trouble::Kind::busy) {
+        turn.leaveCovered();
+    } else {
+        before();
+        turn.end();
+    }
+}
+
+void Run::refresh() const {
+    if (const auto looper = place_->link()) {
+        looper->refresh();
+    }
+}
+
 bool Run::idle() {
+    const bool idle = saysIdle();
+    if (!idle) {
+        ask([this] { place_->window.sayBusy(); });
+    }
+    return idle;
+}
+
+bool Run::saysIdle() {
     const auto answer = std::make_shared<std::optional<bool>>();
     const auto tell = [place = place_, answer](bool idle) {
         const std::lock_guard guard(place->mutex);
@@ -60,7 +99,7 @@ bool Run::idle() {
     }
     place_->executor.mainAfter(patience, [tell] { tell(false); });
     place_->executor.wait(lock, place_->changed, [&place = *place_, answer] {
-        return answer->has_value() || place.window.expired();
+        return answer->has_value() || place.window.life.expired();
     });
     return answer->value_or(false);
 }

@@ -9,7 +9,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "updates/firmware_texts.h"
-#include "updates/windows/notes_scroll_bar.h"
+#include "ui/handle_scroll_bar.h"
 
 namespace kzq {
 namespace {
@@ -19,7 +19,7 @@ constexpr double indent = 15;     ///< from a bullet to its text
 constexpr int bulletPixels = 15;  ///< the font's own bullet is barely visible at 13
 constexpr int radius = 6;
 constexpr int rim = 2;
-constexpr QMargins inset(17, 10, 20 - NotesScrollBar::barWidth, 10 + rim);
+constexpr QMargins inset(17, 10, 20 - HandleScrollBar::barWidth, 10 + rim);
 
 QString withoutControls(QString text) {
     text.removeIf([](QChar character) {
@@ -62,7 +62,7 @@ NotesView::NotesView(QWidget* parent) : QTextEdit(parent) {
     document()->setDocumentMargin(0);
     setFont(textFont());
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setVerticalScrollBar(new NotesScrollBar(this));
+    setVerticalScrollBar(new HandleScrollBar(this));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // it draws nothing while there is nothing to scroll
     setViewportMargins(inset);
     viewport()->setAutoFillBackground(false);

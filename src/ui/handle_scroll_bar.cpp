@@ -1,4 +1,4 @@
-#include "updates/windows/notes_scroll_bar.h"
+#include "ui/handle_scroll_bar.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -15,15 +15,15 @@ constexpr int shortestHandle = 24;
 
 }  // namespace
 
-NotesScrollBar::NotesScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
+HandleScrollBar::HandleScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
     setCursor(Qt::ArrowCursor);
 }
 
-QRect NotesScrollBar::track() const {
+QRect HandleScrollBar::track() const {
     return rect().marginsRemoved(room);
 }
 
-QRect NotesScrollBar::handle() const {
+QRect HandleScrollBar::handle() const {
     const int range = maximum() - minimum();
     if (range <= 0) {
         return {};
@@ -37,7 +37,7 @@ QRect NotesScrollBar::handle() const {
     return handle;
 }
 
-void NotesScrollBar::paintEvent(QPaintEvent* /*event*/) {
+void HandleScrollBar::paintEvent(QPaintEvent* /*event*/) {
     const auto bounds = handle();
     if (bounds.isEmpty()) {
         return;
@@ -49,7 +49,7 @@ void NotesScrollBar::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(bounds, bounds.width() / 2.0, bounds.width() / 2.0);
 }
 
-void NotesScrollBar::mousePressEvent(QMouseEvent* event) {
+void HandleScrollBar::mousePressEvent(QMouseEvent* event) {
     const auto bounds = handle();
     const int y = event->position().toPoint().y();
     if (event->button() != Qt::LeftButton || bounds.isEmpty()) {
@@ -65,7 +65,7 @@ void NotesScrollBar::mousePressEvent(QMouseEvent* event) {
     update();
 }
 
-void NotesScrollBar::mouseMoveEvent(QMouseEvent* event) {
+void HandleScrollBar::mouseMoveEvent(QMouseEvent* event) {
     const int way = track().height() - handle().height();
     if (grabbedAt_ >= 0 && way > 0) {
         const int top = std::clamp(event->position().toPoint().y() - grabbedAt_ - track().top(), 0, way);
@@ -73,12 +73,12 @@ void NotesScrollBar::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
-void NotesScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
+void HandleScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
     grabbedAt_ = -1;
     update();
 }
 
-void NotesScrollBar::contextMenuEvent(QContextMenuEvent* event) {
+void HandleScrollBar::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();  // the desktop's menu would look out of place here
 }
 

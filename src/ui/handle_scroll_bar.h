@@ -6,11 +6,11 @@ namespace kzq {
 
 /// A 6 px handle, present only if there is something to scroll. It can be dragged; a click beside it scrolls
 /// by a page.
-class NotesScrollBar : public QScrollBar {
+class HandleScrollBar : public QScrollBar {
   public:
     static constexpr int barWidth = 14;  ///< including the space around the handle
 
-    explicit NotesScrollBar(QWidget* parent);
+    explicit HandleScrollBar(QWidget* parent);
 
     QSize sizeHint() const override { return {barWidth, barWidth}; }
     /// Empty while there is nothing to scroll.

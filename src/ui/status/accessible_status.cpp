@@ -1,0 +1,31 @@
+#include "ui/status/accessible_status.h"
+
+#include <QAccessibleWidget>
+
+#include "ui/status/outcome_list.h"
+#include "ui/status/outcome_row.h"
+#include "ui/status/status_line.h"
+
+namespace kzq {
+namespace {
+
+QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object) {
+    if (auto* const line = qobject_cast<StatusLine*>(object)) {
+        return new QAccessibleWidget(line, QAccessible::Notification);
+    }
+    if (auto* const list = qobject_cast<OutcomeList*>(object)) {
+        return new QAccessibleWidget(list, QAccessible::List);
+    }
+    if (auto* const row = qobject_cast<OutcomeRow*>(object)) {
+        return new QAccessibleWidget(row, QAccessible::ListItem);
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+void installAccessibleStatus() {
+    QAccessible::installFactory(interfaceOf);  // a factory already installed is not added again
+}
+
+}  // namespace kzq

@@ -1,0 +1,159 @@
+#include "ui/status/announcements.h"
+
+#include <algorithm>
+#include <cctype>
+#include <utility>
+
+#include "platform/log.h"
+
+namespace kzq {
+
+std::string Announcement::sentence() const {
+    return why.empty() ? what : what + ": " + why;
+}
+
+std::string Announcement::rest() const {
+    if (why.empty()) {
+        return detail;
+    }
+    auto reason = why + ".";
+    reason.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(reason.front())));
+    return detail.empty() ? reason : reason + " " + detail;
+}
+
+Announcements::Announcements(Executor& executor, WallClock clock)
+    : executor_(executor), clock_(std::move(clock)) {}
+
+void Announcements::setListeners(std::function<void()> changed,
+                                 std::function<void(const Announcement&)> spoken) {
+    changed_ = std::move(changed);
+    spoken_ = std::move(spoken);
+}
+
+void Announcements::tell(Announcement announcement) {
+    announcement.number = ++last_;
+    announcement.time = clock_();
+    log(LogCategory::application,
+        announcement.sentence() + "." + (announcement.detail.empty() ? "" : " " + announcement.detail));
+    if (!announcement.job.empty()) {
+        std::erase_if(open_, [&](std::uint64_t number) {
+            const auto told = std::ranges::find(list_, number, &Announcement::number);
+            return told != list_.end() && told->job == announcement.job;
+        });
+    }
+    if (announcement.failure && !listOpen_) {
+        open_.push_back(announcement.number);
+    }
+    list_.push_front(std::move(announcement));
+    if (list_.size() > kept) {
+        std::erase(open_, list_.back().number);
+        list_.pop_back();
+    }
+    update();
+    if (changed_) {
+        changed_();
+    }
+    if (spoken_) {
+        spoken_(Announcement(list_.front()));
+    }
+}
+
+void Announcements::setRest(std::string sentence) {
+    rest_ = std::move(sentence);
+    update();
+}
+
+void Announcements::setWork(std::string sentence) {
+    work_ = std::move(sentence);
+    update();
+}
+
+void Announcements::setHeld(bool held) {
+    held_ = held;
+    update();
+}
+
+void Announcements::setListOpen(bool open) {
+    listOpen_ = open;
+    if (open) {
+        open_.clear();
+    }
+    update();
+}
+
+void Announcements::use(std::uint64_t number) {
+    const auto told = std::ranges::find(list_, number, &Announcement::number);
+    if (told == list_.end() || !told->action) {
+        return;
+    }
+    const auto action = told->action;  // it may tell something, which moves the list
+    if (action()) {
+        std::erase(open_, number);
+        update(true);
+    }
+}
+
+bool Announcements::isOpen(const Announcement& announcement) const {
+    return std::ranges::find(open_, announcement.number) != open_.end();
+}
+
+Announcements::Line Announcements::wanted() const {
+    if (!work_.empty()) {
+        return {Kind::work, work_};
+    }
+    const auto lineOf = [](const Announcement& announcement) {
+        return Line{announcement.failure ? Kind::failure : Kind::success, announcement.sentence(),
+                    announcement.actionLabel, announcement.number};
+    };
+    const auto failure =
+        std::ranges::find_if(list_, [this](const Announcement& told) { return isOpen(told); });
+    if (failure != list_.end()) {
+        return lineOf(*failure);
+    }
+    if (!list_.empty() && !list_.front().failure) {
+        return lineOf(list_.front());
+    }
+    return {Kind::rest, rest_};
+}
+
+/// Whether the outcome shown goes on being shown.
+bool Announcements::staysFor(const Line& next) const {
+    if (line_.kind != Kind::success && line_.kind != Kind::failure) {
+        return false;
+    }
+    if (held_ || listOpen_) {
+        return true;
+    }
+    return line_.kind == Kind::success && next.kind == Kind::success &&
+           executor_.now() - shownSince_ < shortest;
+}
+
+void Announcements::update(bool atOnce) {
+    auto next = wanted();
+    if (next == line_) {
+        return;
+    }
+    if (!atOnce && staysFor(next)) {
+        lookAgain();
+        return;
+    }
+    line_ = std::move(next);
+    shownSince_ = executor_.now();
+    if (changed_) {
+        changed_();
+    }
+}
+
+void Announcements::lookAgain() {
+    const auto left = shownSince_ + shortest - executor_.now();
+    if (left <= Executor::Duration::zero()) {
+        return;  // it is held, and the end of that leads here
+    }
+    executor_.mainAfter(left, [this, life = std::weak_ptr(life_)] {
+        if (!life.expired()) {
+            update();
+        }
+    });
+}
+
+}  // namespace kzq

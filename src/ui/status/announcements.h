@@ -1,0 +1,105 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/executor.h"
+
+namespace kzq {
+
+/// What came of something, for the status line and the list behind it.
+struct Announcement {
+    std::string what;         ///< "2 of 10 loops saved"
+    std::string why = {};     ///< "no space left on the disk"; may be empty
+    std::string detail = {};  ///< further complete sentences; may be empty
+    bool failure = false;
+    /// What was attempted, such as "import": its success settles its failures. Empty: nothing settles it.
+    std::string job = {};
+    std::string actionLabel = {};  ///< "Try again"; empty: there is none
+    /// Returns false if it could not be done now.
+    std::function<bool()> action = {};
+
+    std::uint64_t number = 0;                      ///< given by Announcements
+    std::chrono::system_clock::time_point time{};  ///< given by Announcements
+
+    /// "2 of 10 loops saved: no space left on the disk"
+    std::string sentence() const;
+    /// The rest, where `what` stands alone: "No space left on the disk. " and the detail.
+    std::string rest() const;
+};
+
+/// What the status line says, and the last outcomes. The rules:
+///
+/// - What is under way comes before everything.
+/// - A failure stays until its action was used, its job succeeded or the list was opened; of several, the
+///   newest is shown.
+/// - A success stays until the next outcome. One that follows within 10 s waits for that time.
+/// - An outcome does not change while held, which is while pointer or focus is on it, or the list is open.
+///
+/// All that is told is logged, and spoken once. Main thread.
+class Announcements {
+  public:
+    using WallClock = std::function<std::chrono::system_clock::time_point()>;
+    enum class Kind : std::uint8_t { rest, work, success, failure };
+    struct Line {
+        Kind kind = Kind::rest;
+        std::string sentence = {};
+        std::string actionLabel = {};
+        std::uint64_t number = 0;  ///< of the outcome; 0 for none
+
+        bool operator==(const Line&) const = default;
+    };
+
+    static constexpr std::size_t kept = 20;
+    static constexpr std::chrono::seconds shortest{10};
+
+    /// `executor` outlives it.
+    Announcements(Executor& executor, WallClock clock);
+
+    /// `changed`: the line or the list; `spoken`: for a screen reader.
+    void setListeners(std::function<void()> changed, std::function<void(const Announcement&)> spoken);
+
+    void tell(Announcement announcement);
+    /// What is said while nothing happens.
+    void setRest(std::string sentence);
+    /// What is under way; empty for nothing.
+    void setWork(std::string sentence);
+
+    /// Whether pointer or focus is on the line.
+    void setHeld(bool held);
+    void setListOpen(bool open);
+    /// Does what the outcome offers.
+    void use(std::uint64_t number);
+
+    const Line& line() const { return line_; }
+    /// Newest first.
+    const std::deque<Announcement>& list() const { return list_; }
+
+  private:
+    bool isOpen(const Announcement& announcement) const;
+    Line wanted() const;
+    bool staysFor(const Line& next) const;
+    void update(bool atOnce = false);
+    void lookAgain();
+
+    Executor& executor_;
+    WallClock clock_;
+    std::function<void()> changed_;
+    std::function<void(const Announcement&)> spoken_;
+    std::deque<Announcement> list_;
+    std::deque<std::uint64_t> open_;  ///< failures that nothing has settled
+    std::uint64_t last_ = 0;
+    std::string rest_;
+    std::string work_;
+    Line line_;
+    Executor::TimePoint shownSince_{};
+    bool held_ = false;
+    bool listOpen_ = false;
+    std::shared_ptr<int> life_ = std::make_shared<int>();
+};
+
+}  // namespace kzq

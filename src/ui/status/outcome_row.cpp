@@ -1,0 +1,173 @@
+#include "ui/status/outcome_row.h"
+
+#include <QClipboard>
+#include <QDateTime>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QTextLayout>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/pictures.h"
+#include "ui/status/status_look.h"
+
+namespace kzq {
+namespace {
+
+// in the row, which begins 8 right of the list's edge
+constexpr int timeEnd = 42;
+constexpr int markX = 50;
+constexpr int wordsX = 74;
+constexpr int side = 8;  // right of the words, and at both ends of the line below
+constexpr int linkGap = 16;
+constexpr int firstBaseline = 22;
+constexpr int sentencePitch = 18;
+constexpr int detailPitch = 16;
+constexpr int sentencePixels = 13;
+constexpr int footOfSentence = 18;  // below the last baseline
+constexpr int footOfDetail = 16;
+constexpr double figure = 7;
+constexpr double colon = 3;
+
+QStringList wrapped(const QString& text, const QFont& font, double width) {
+    QStringList lines;
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        lines << text.mid(line.textStart(), line.textLength()).trimmed();
+    }
+    layout.endLayout();
+    return lines;
+}
+
+/// In cells of one width, since the font's own figures differ in theirs.
+void drawTime(QPainter& painter, const QString& time) {
+    double x = timeEnd;
+    for (auto at = time.size() - 1; at >= 0; --at) {
+        const QString sign = time.mid(at, 1);
+        const double cell = sign == ":" ? colon : figure;
+        const auto advance = QFontMetricsF(painter.font()).horizontalAdvance(sign);
+        painter.drawText(QPointF(x - (cell + advance) / 2, firstBaseline), sign);
+        x -= cell;
+    }
+}
+
+}  // namespace
+
+OutcomeRow::OutcomeRow(const Announcement& announcement, bool last, int width, QWidget* parent)
+    : QWidget(parent),
+      number_(announcement.number),
+      time_(QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(announcement.time))
+                .toString("HH:mm")),
+      sentence_(QString::fromStdString(announcement.what)),
+      detail_(QString::fromStdString(announcement.rest())),
+      failure_(announcement.failure),
+      last_(last),
+      copy_(new StatusLink(this)) {
+    setFocusPolicy(Qt::TabFocus);
+    setAccessibleName(spoken());
+    copy_->setWord("Copy");
+    connect(copy_, &StatusLink::clicked, this, [this] { QGuiApplication::clipboard()->setText(text()); });
+    if (!announcement.actionLabel.empty()) {
+        remedy_ = new StatusLink(this);
+        remedy_->setWord(QString::fromStdString(announcement.actionLabel));
+        setTabOrder(remedy_, copy_);
+    }
+    const int wordsEnd = width - side;
+    const int end = layOutLinks(wordsEnd);
+    sentenceLines_ = wrapped(sentence_, textFont(sentencePixels), end - wordsX);
+    if (!detail_.isEmpty()) {
+        detailLines_ = wrapped(detail_, textFont(status::words), wordsEnd - wordsX);
+    }
+    const int below =
+        detailLines_.isEmpty()
+            ? footOfSentence
+            : sentencePitch + (static_cast<int>(detailLines_.size()) - 1) * detailPitch + footOfDetail;
+    resize(width, lastOfSentence() + below);
+    setLit(false);
+}
+
+QString OutcomeRow::spoken() const {
+    const QString rest = detail_.isEmpty() ? QString() : " " + detail_;
+    return time_ + (failure_ ? ", failed, " : ", ") + sentence_ + "." + rest;
+}
+
+QString OutcomeRow::text() const {
+    return time_ + " " + sentence_ + "." + (detail_.isEmpty() ? QString() : " " + detail_);
+}
+
+int OutcomeRow::lastOfSentence() const {
+    return firstBaseline + (static_cast<int>(sentenceLines_.size()) - 1) * sentencePitch;
+}
+
+/// Returns where the sentence must end.
+int OutcomeRow::layOutLinks(int end) {
+    for (auto* const link : {copy_, remedy_}) {
+        if (link != nullptr) {
+            link->move(end - link->width(), firstBaseline - status::baseline);
+            end -= link->width() + linkGap;
+        }
+    }
+    return end;
+}
+
+void OutcomeRow::setLit(bool lit) {
+    lit_ = lit;
+    copy_->setFaint(!lit);
+    update();
+}
+
+void OutcomeRow::enterEvent(QEnterEvent* event) {
+    QWidget::enterEvent(event);
+    setLit(true);
+}
+
+void OutcomeRow::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    setLit(hasFocus());
+}
+
+void OutcomeRow::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    setLit(true);
+}
+
+void OutcomeRow::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    setLit(underMouse());
+}
+
+void OutcomeRow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (lit_) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(255, 255, 255, 20));
+        painter.drawRoundedRect(rect().adjusted(0, 0, 0, -2), 4, 4);
+    }
+    if (!last_) {
+        painter.fillRect(QRect(side, height() - 2, width() - 2 * side, 2), QColor(0x33, 0x20, 0x1F));
+    }
+    painter.setFont(textFont(status::words));
+    painter.setPen(KZQGray());
+    drawTime(painter, time_);
+    if (failure_) {
+        drawPicture(painter, "Status_mark", QRectF(markX, firstBaseline - 12, status::mark, status::mark));
+    }
+    int y = lastOfSentence() + sentencePitch;
+    for (const auto& line : detailLines_) {
+        painter.drawText(QPointF(wordsX, y), line);
+        y += detailPitch;
+    }
+    painter.setFont(textFont(sentencePixels));
+    painter.setPen(KZQWhite());
+    y = firstBaseline;
+    for (const auto& line : sentenceLines_) {
+        painter.drawText(QPointF(wordsX, y), line);
+        y += sentencePitch;
+    }
+}
+
+}  // namespace kzq

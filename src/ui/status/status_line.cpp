@@ -1,0 +1,154 @@
+#include "ui/status/status_line.h"
+
+#include <QAccessible>
+#include <QEvent>
+#include <QMenuBar>
+
+#include "ui/focus_ring.h"
+#include "ui/status/accessible_status.h"
+
+namespace kzq {
+namespace {
+
+constexpr int gap = 24;          // after the last word of the menus
+constexpr int menuPadding = 10;  // right of that word
+constexpr int beforeMark = 12;   // the plate and its focus ring
+constexpr int afterPlate = 20;   // to the right edge of the bar
+constexpr int chevronRoom = 40;  // from the words' end to the plate's
+
+}  // namespace
+
+StatusLine::StatusLine(QMenuBar* bar)
+    : QWidget(bar->parentWidget()),
+      bar_(bar),
+      sentence_(new StatusSentence(this)),
+      link_(new StatusLink(this)),
+      list_(new OutcomeList(bar->parentWidget())) {
+    installAccessibleStatus();
+    new FocusRing(this);
+    link_->setWord("Show");
+    link_->hide();
+    bar->installEventFilter(this);
+    for (auto* const part : {static_cast<QWidget*>(sentence_), static_cast<QWidget*>(link_)}) {
+        part->installEventFilter(this);
+    }
+    connect(sentence_, &StatusSentence::clicked, this,
+            [this] { openList(sentence_->hasFocus() ? Qt::TabFocusReason : Qt::MouseFocusReason); });
+    connect(link_, &StatusLink::clicked, this, [this] {
+        if (announcements_) {
+            announcements_->use(announcements_->line().number);
+        }
+    });
+    list_->setOpener(sentence_);
+    connect(list_, &OutcomeList::used, this, [this](std::uint64_t number) {
+        if (announcements_) {
+            announcements_->use(number);
+        }
+    });
+    connect(list_, &OutcomeList::closed, this, [this] {
+        if (announcements_) {
+            announcements_->setListOpen(false);
+        }
+    });
+    place();
+}
+
+void StatusLine::setAnnouncements(std::shared_ptr<Announcements> announcements) {
+    announcements_ = std::move(announcements);
+    const QPointer<StatusLine> self(this);
+    announcements_->setListeners(
+        [self] {
+            if (self) {
+                self->showLine();
+            }
+        },
+        [self](const Announcement& announcement) {
+            if (self) {
+                self->speak(announcement);
+            }
+        });
+    showLine();
+}
+
+void StatusLine::openList(Qt::FocusReason reason) {
+    if (!announcements_) {
+        return;
+    }
+    if (list_->isVisible()) {
+        list_->close();
+        return;
+    }
+    announcements_->setListOpen(true);
+    list_->show(announcements_->list(), reason);
+}
+
+bool StatusLine::eventFilter(QObject* watched, QEvent* event) {
+    const auto type = event->type();
+    if (watched == bar_) {
+        if (type == QEvent::ActionAdded || type == QEvent::Resize || type == QEvent::Polish) {
+            place();
+        }
+    } else if (type == QEvent::Enter || type == QEvent::Leave || type == QEvent::FocusIn ||
+               type == QEvent::FocusOut || type == QEvent::Hide) {
+        QMetaObject::invokeMethod(this, &StatusLine::hold, Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// Beside the menus, which stay free for the pointer.
+void StatusLine::place() {
+    int left = 0;
+    for (const auto* const action : bar_->actions()) {
+        left = std::max(left, bar_->actionGeometry(const_cast<QAction*>(action)).right() + 1 - menuPadding);
+    }
+    const int x = left + gap - beforeMark;
+    setGeometry(bar_->x() + x, bar_->y(), bar_->width() - x, bar_->height());
+    list_->placeUnder(*bar_);
+    showLine();
+}
+
+void StatusLine::showLine() {
+    const auto line = announcements_ ? announcements_->line() : Announcements::Line();
+    const bool linked = !line.actionLabel.empty();
+    const bool hadFocus = link_->hasFocus();
+    if (linked) {
+        link_->setWord(QString::fromStdString(line.actionLabel));
+    }
+    const int right = width() - afterPlate;
+    sentence_->show(line, beforeMark - 8, right, linked ? link_->width() : 0);
+    link_->move(right - chevronRoom - link_->width(), sentence_->y());
+    if (!linked && hadFocus) {
+        sentence_->setFocus(Qt::TabFocusReason);
+    }
+    link_->setVisible(linked);
+    link_->raise();
+    if (announcements_ && list_->isVisible()) {
+        list_->refresh(announcements_->list());
+    }
+}
+
+void StatusLine::speak(const Announcement& announcement) {
+    auto words = QString::fromStdString(announcement.sentence());
+    if (announcement.failure) {
+        words.prepend("Failed: ");
+    }
+    words += ".";
+    if (!announcement.actionLabel.empty()) {
+        words += " " + QString::fromStdString(announcement.actionLabel) + ", button.";
+    }
+    setAccessibleName(words);
+    // Qt 6.4 passes no alerts on to AT-SPI; a notification that appears is what Orca reads out
+    QAccessibleEvent appeared(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&appeared);
+}
+
+void StatusLine::hold() {
+    if (announcements_) {
+        const auto on = [](const QWidget& part) {
+            return part.isVisible() && (part.underMouse() || part.hasFocus());
+        };
+        announcements_->setHeld(on(*sentence_) || on(*link_));
+    }
+}
+
+}  // namespace kzq

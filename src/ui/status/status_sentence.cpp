@@ -1,0 +1,90 @@
+#include "ui/status/status_sentence.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/pictures.h"
+#include "ui/status/chevron.h"
+#include "ui/status/status_look.h"
+
+namespace kzq {
+namespace {
+
+constexpr int edge = 8;          // of the plate, left of what is drawn
+constexpr int markGap = 6;       // between mark and sentence
+constexpr int linkGap = 20;      // between sentence and link, with a point in its middle
+constexpr int chevronRoom = 40;  // from the end of the words to the right edge of the plate
+constexpr int chevronMiddle = 16;
+
+const QColor plate(0x4C, 0x2E, 0x2E);
+
+}  // namespace
+
+StatusSentence::StatusSentence(QWidget* parent) : KeyButton(parent) {
+    setProperty("focusRingRadius", 4);
+    setFont(textFont(status::words));
+    setAccessibleDescription("Shows the recent results");
+}
+
+void StatusSentence::show(const Announcements::Line& line, int left, int right, int linkWidth) {
+    kind_ = line.kind;
+    sentence_ = QString::fromStdString(line.sentence);
+    linkWidth_ = linkWidth;
+    const QFontMetricsF metrics(font());
+    const int marked = kind_ == Announcements::Kind::failure ? status::mark + markGap : 0;
+    const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + chevronRoom;
+    const int room = right - left - besides;
+    shown_ = metrics.elidedText(sentence_, Qt::ElideRight, room);
+    const int words = std::min(room, static_cast<int>(std::ceil(metrics.horizontalAdvance(shown_))));
+    setGeometry(right - besides - words, (parentWidget()->height() - status::height) / 2, besides + words,
+                status::height);
+    setToolTip(shown_ == sentence_ ? QString() : sentence_);
+    setAccessibleName(sentence_.isEmpty()
+                          ? QString("Recent results")
+                          : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + sentence_);
+    update();
+}
+
+void StatusSentence::enterEvent(QEnterEvent* event) {
+    KeyButton::enterEvent(event);
+    hovered_ = true;
+    update();
+}
+
+void StatusSentence::leaveEvent(QEvent* event) {
+    KeyButton::leaveEvent(event);
+    hovered_ = false;
+    update();
+}
+
+void StatusSentence::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    if (hovered_ || isDown()) {
+        painter.setBrush(plate);
+        painter.drawRoundedRect(rect(), 4, 4);
+    }
+    const auto lit = hovered_ || isDown() ? creamColor() : status::faintCream();
+    drawChevron(painter, QPointF(width() - chevronMiddle, status::height / 2.0), Chevron::down, lit);
+    double end = width() - chevronRoom;
+    if (linkWidth_ > 0) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(status::faintCream());
+        painter.drawEllipse(QPointF(end - linkWidth_ - linkGap / 2.0, status::height / 2.0), 1, 1);
+        end -= linkWidth_ + linkGap;
+    }
+    if (kind_ == Announcements::Kind::failure) {
+        drawPicture(painter, "Status_mark", QRectF(edge, 4, status::mark, status::mark));
+    }
+    painter.setFont(font());
+    painter.setPen(kind_ == Announcements::Kind::rest ? status::faintCream() : creamColor());
+    const auto advance = QFontMetricsF(font()).horizontalAdvance(shown_);
+    painter.drawText(QPointF(end - advance, status::baseline), shown_);
+}
+
+}  // namespace kzq

@@ -1,0 +1,105 @@
+#include "ui/status/announcements.h"
+
+#include <gtest/gtest.h>
+
+#include "virtual_executor.h"
+
+namespace kzq {
+namespace {
+
+using namespace std::chrono_literals;
+
+class AnnouncementsTest : public testing::Test {
+  protected:
+    AnnouncementsTest() {
+        announcements.setRest("at rest");
+        announcements.setListeners({}, [this](const Announcement& told) { spoken.push_back(told.what); });
+    }
+
+    std::string line() const { return announcements.line().sentence; }
+    void fails(const std::string& what, const std::string& job = {}) {
+        announcements.tell(
+            {.what = what, .failure = true, .job = job, .actionLabel = "Again", .action = [this] {
+                 ++tries;
+                 return possible;
+             }});
+    }
+    void succeeds(const std::string& what, const std::string& job = {}) {
+        announcements.tell({.what = what, .job = job});
+    }
+    void useLine() { announcements.use(announcements.line().number); }
+
+    test::VirtualExecutor executor;
+    Announcements announcements{executor, [] { return std::chrono::system_clock::time_point(); }};
+    std::vector<std::string> spoken;
+    int tries = 0;
+    bool possible = true;
+};
+
+TEST_F(AnnouncementsTest, AFailureStaysUntilItIsSettled) {
+    fails("no import", "import");
+    succeeds("exported", "export");
+    executor.advance(1h);
+    EXPECT_EQ(line(), "no import") << "another job settles nothing";
+    announcements.setWork("importing");
+    EXPECT_EQ(line(), "importing");
+    announcements.setWork({});
+    EXPECT_EQ(line(), "no import");
+    succeeds("imported", "import");
+    EXPECT_EQ(line(), "imported");
+
+    fails("no erase");
+    possible = false;
+    useLine();
+    EXPECT_EQ(line(), "no erase") << "nothing was done";
+    possible = true;
+    useLine();
+    EXPECT_EQ(tries, 2);
+    EXPECT_EQ(line(), "at rest");
+
+    fails("seen");
+    announcements.setListOpen(true);
+    EXPECT_EQ(line(), "seen") << "the line keeps still under the list";
+    announcements.setListOpen(false);
+    EXPECT_EQ(line(), "at rest");
+}
+
+TEST_F(AnnouncementsTest, OfManyFailuresTheNewestIsShownAndTheOthersAreNotLost) {
+    for (int i = 1; i <= 25; ++i) {
+        fails("failure " + std::to_string(i));
+    }
+    EXPECT_EQ(announcements.list().size(), Announcements::kept);
+    EXPECT_EQ(spoken.size(), 25U);
+    EXPECT_EQ(line(), "failure 25");
+    useLine();
+    EXPECT_EQ(line(), "failure 24");
+    fails("once more", "x");
+    fails("and again", "x");
+    useLine();
+    EXPECT_EQ(line(), "failure 24") << "a second attempt takes the place of the first";
+    while (announcements.line().number != 0) {
+        useLine();
+    }
+    EXPECT_EQ(line(), "at rest");
+}
+
+TEST_F(AnnouncementsTest, ASuccessStaysTenSecondsAndAsLongAsItIsHeld) {
+    succeeds("first");
+    executor.advance(4s);
+    succeeds("second");
+    EXPECT_EQ(line(), "first");
+    executor.advance(6s);
+    EXPECT_EQ(line(), "second");
+    announcements.setHeld(true);
+    fails("failed");
+    announcements.setWork("working");
+    EXPECT_EQ(line(), "second") << "it is being read, or about to be pressed";
+    executor.advance(1h);
+    EXPECT_EQ(line(), "second");
+    announcements.setWork({});
+    announcements.setHeld(false);
+    EXPECT_EQ(line(), "failed");
+}
+
+}  // namespace
+}  // namespace kzq

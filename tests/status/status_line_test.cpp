@@ -1,0 +1,118 @@
+#include "ui/status/status_line.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenuBar>
+#include <QTest>
+
+#include "ui/status/outcome_row.h"
+#include "virtual_executor.h"
+
+namespace kzq {
+namespace {
+
+class StatusLineTest : public testing::Test {
+  protected:
+    StatusLineTest() {
+        window.resize(768, 536);
+        bar.setNativeMenuBar(false);
+        bar.setFixedSize(768, 32);
+        bar.addMenu("File");
+        line.setAnnouncements(announcements);
+        window.show();
+        QApplication::setActiveWindow(&window);
+    }
+
+    void tell(const std::string& what, const std::string& why = {}) {
+        announcements->tell({.what = what,
+                             .why = why,
+                             .detail = "Loop 3 is still on the pedal.",
+                             .failure = true,
+                             .actionLabel = "Try again",
+                             .action = [this] {
+                                 ++tries;
+                                 return true;
+                             }});
+    }
+    static void press(QWidget& widget, QPoint at = {4, 4}) {
+        QTest::mouseClick(&widget, Qt::LeftButton, {}, at);
+        QCoreApplication::processEvents();
+    }
+
+    test::VirtualExecutor executor;
+    std::shared_ptr<Announcements> announcements = std::make_shared<Announcements>(
+        executor, [] { return std::chrono::system_clock::time_point(std::chrono::hours(12)); });
+    QWidget window;
+    QMenuBar bar{&window};
+    StatusLine line{&bar};
+    int tries = 0;
+};
+
+TEST_F(StatusLineTest, CutsOnlyTheSentence) {
+    tell("2 of 10 loops saved", "no space left on the disk");
+    const int right = line.link().geometry().right();
+    EXPECT_EQ(line.mapTo(&window, QPoint(right + 1, 0)).x(), 708);
+    EXPECT_EQ(line.sentence().toolTip(), QString());
+    const std::string endless(200, 'm');
+    tell(endless);
+    EXPECT_TRUE(line.sentence().shown().endsWith(u'\u2026'));
+    EXPECT_EQ(line.sentence().toolTip(), QString::fromStdString(endless));
+    EXPECT_EQ(line.link().geometry().right(), right);
+    const auto* const file = bar.actions().front();
+    const int menus = bar.actionGeometry(const_cast<QAction*>(file)).right();
+    EXPECT_GT(line.sentence().mapTo(&window, QPoint()).x(), menus) << "nothing lies on the menus";
+}
+
+TEST_F(StatusLineTest, TheListOpensAndClosesLikeAMenu) {
+    tell("2 of 10 loops saved", "no space left on the disk");
+    auto& list = line.list();
+    press(line.sentence());
+    ASSERT_TRUE(list.isVisible());
+    press(line.sentence());
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_EQ(line.sentence().sentence(), QString()) << "the failure has been seen";
+
+    line.sentence().setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&line.sentence(), Qt::Key_Return);
+    ASSERT_TRUE(list.rows().front()->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().section(' ', 1),
+              "2 of 10 loops saved. No space left on the disk. Loop 3 is still on the pedal.");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(list.isVisible());
+    EXPECT_TRUE(line.sentence().hasFocus());
+
+    line.openList(Qt::ShortcutFocusReason);
+    press(window, {20, 400});
+    EXPECT_FALSE(list.isVisible());
+}
+
+TEST_F(StatusLineTest, AnOutcomeThatComesWhileTheListIsOpenIsInItAndItsActionWorksThere) {
+    line.openList(Qt::ShortcutFocusReason);
+    tell("first");
+    tell("second");
+    ASSERT_EQ(line.list().rows().size(), 2U);
+    press(*line.list().rows().back()->remedy());
+    EXPECT_EQ(tries, 1);
+}
+
+TEST_F(StatusLineTest, AScreenReaderSeesANotificationWithWordsForTheMark) {
+    tell("2 of 10 loops saved", "no space left on the disk");
+    auto* const told = QAccessible::queryAccessibleInterface(&line);
+    EXPECT_EQ(told->role(), QAccessible::Notification);
+    EXPECT_EQ(told->text(QAccessible::Name),
+              "Failed: 2 of 10 loops saved: no space left on the disk. Try again, button.");
+    press(line.link());
+    EXPECT_EQ(tries, 1);
+    line.openList(Qt::ShortcutFocusReason);
+    EXPECT_TRUE(line.list().rows().front()->spoken().endsWith(
+        ", failed, 2 of 10 loops saved. No space left on the disk. Loop 3 is still on the pedal."));
+}
+
+}  // namespace
+}  // namespace kzq
