@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <csignal>
 
+#include "audio/cage.h"
+
 namespace kzq {
 namespace {
 
@@ -55,6 +57,7 @@ struct Recipe {
     int source;
     int errorReport;
     pid_t parent;
+    const Cage& cage;
 };
 
 void resetSignals() {
@@ -69,7 +72,6 @@ void resetSignals() {
 }
 
 void lockDown() {
-    ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
     limit(RLIMIT_AS, mostMemory);
     limit(RLIMIT_CPU, mostProcessorSeconds);
     limit(RLIMIT_FSIZE, 0);
@@ -90,7 +92,9 @@ bool placeDescriptors(const Recipe& recipe) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL, 0, 0, 0);
     if (::getppid() == recipe.parent && placeDescriptors(recipe)) {
         lockDown();
-        ::execve(recipe.program, recipe.arguments, recipe.environment);
+        if (recipe.cage.enter()) {
+            ::execve(recipe.program, recipe.arguments, recipe.environment);
+        }
     }
     const int error = errno;
     [[maybe_unused]] const auto written = ::write(recipe.errorReport, &error, sizeof error);
@@ -137,15 +141,16 @@ LaunchedChild launchLockedChild(const ChildTask& task) {
     Pipe output = makePipe();
     Pipe complaint = makePipe();
     Pipe report = makePipe();
-    const Descriptor nothing(::open("/dev/null", O_RDWR | O_CLOEXEC));
+    const Descriptor nothing(::open("/dev/null", O_RDONLY | O_CLOEXEC));
     const Descriptor nothingRaised = raised(nothing.get());
     const Descriptor source = raised(task.source);
     if (!output.write || !complaint.write || !report.write || !nothingRaised || !source) {
         return failed(errno);
     }
-    const Recipe recipe{task.program.c_str(), arguments.data(),   environment.data(),
-                        nothingRaised.get(),  output.write.get(), complaint.write.get(),
-                        source.get(),         report.write.get(), ::getpid()};
+    const Cage cage(task.program, task.source);
+    const Recipe recipe{
+        task.program.c_str(),  arguments.data(), environment.data(), nothingRaised.get(), output.write.get(),
+        complaint.write.get(), source.get(),     report.write.get(), ::getpid(),          cage};
     const pid_t pid = ::fork();
     if (pid == 0) {
         becomeChild(recipe);

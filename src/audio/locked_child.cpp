@@ -90,9 +90,8 @@ class Conversation {
         return std::nullopt;
     }
 
-    /// Kills the child and everything it has started.
     ChildEnd endEarly(ChildEnd::How how) const {
-        ::kill(-child_.pid, SIGKILL);
+        ::kill(child_.pid, SIGKILL);
         while (::waitpid(child_.pid, nullptr, 0) < 0 && errno == EINTR) {
         }
         return {how, 0, {}};

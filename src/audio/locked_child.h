@@ -16,8 +16,8 @@ struct ChildPatience {
     std::chrono::milliseconds whole = std::chrono::minutes(10);
 };
 
-/// A program that handles untrusted data. It can read one open file, as descriptor `childSource`, and write
-/// to its standard output and error; its environment is clean, it has no terminal, cannot write files or gain
+/// A program that handles untrusted data, in a Cage. It can read one open file, as descriptor `childSource`,
+/// and write to its standard output and error; its environment is clean, it has no terminal, cannot gain
 /// privileges, has limits of memory (768 MB) and processor time (120 s), and dies with the thread that runs
 /// it.
 struct ChildTask {

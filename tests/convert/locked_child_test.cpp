@@ -1,0 +1,136 @@
+#include "audio/locked_child.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <linux/landlock.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <thread>
+
+#include "audio/conversion.h"
+#include "audio/conversion_troubles.h"
+#include "platform/descriptor.h"
+#include "platform/log.h"
+#include "test_folder.h"
+
+namespace kzq {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using enum Trouble::Kind;
+
+/// A conversion whose decoder is not ffmpeg but a program that does not do what it should.
+class LockedChild : public ::testing::Test {
+  protected:
+    LockedChild() : usualLog_(setLogSink([](LogCategory, std::string_view) {})) {
+        std::ofstream(source_) << "sound";
+        fs::create_directory(results_);
+    }
+    ~LockedChild() override { setLogSink(std::move(usualLog_)); }
+
+    /// The stand-in, which is beside this program, under the name of what it does.
+    std::string decoder(const std::string& work) const {
+        fs::create_symlink(fs::read_symlink("/proc/self/exe").parent_path() / "stand_in_decoder",
+                           folder_.path() / work);
+        return folder_.path() / work;
+    }
+
+    /// Why nothing is converted.
+    Trouble::Kind trouble(const std::string& program, ChildPatience patience = {}) const {
+        const auto result =
+            Conversion({.output = results_, .ffmpeg = program, .patience = patience}).convert(source_);
+        EXPECT_TRUE(fs::is_empty(results_));
+        return result ? Trouble::Kind{} : result.error().kind;
+    }
+
+    /// What the stand-in wrote.
+    std::string said(const std::string& work, const std::vector<std::string>& arguments = {},
+                     std::chrono::milliseconds disk = 0ms) const {
+        const Descriptor source(::open(source_.c_str(), O_RDONLY | O_CLOEXEC));
+        std::string heard;
+        const auto end = runLockedChild({.program = decoder(work),
+                                         .arguments = arguments,
+                                         .source = source.get(),
+                                         .output =
+                                             [&](std::span<const std::uint8_t> bytes) {
+                                                 heard.append(bytes.begin(), bytes.end());
+                                                 std::this_thread::sleep_for(disk);
+                                                 return true;
+                                             },
+                                         .patience = {.silence = 300ms, .whole = 1h}});
+        EXPECT_TRUE(end.succeeded()) << end.value << end.complaint;
+        return heard;
+    }
+
+    const test::TestFolder folder_;
+    const fs::path source_ = folder_.path() / "source.wav";
+    const fs::path results_ = folder_.path() / "results";
+
+  private:
+    LogSink usualLog_;
+};
+
+TEST_F(LockedChild, IsMissingOrUselessOrHangs) {
+    EXPECT_EQ(toolMissing, trouble(folder_.path() / "nowhere"));
+    EXPECT_EQ(Trouble::Kind::decoder, trouble(decoder("useless")));
+    // Silent; silent with both its streams closed; and one that never ends.
+    for (const char* const work : {"silent", "closed"}) {
+        EXPECT_EQ(limits, trouble(decoder(work), {.silence = 100ms, .whole = 1h})) << work;
+    }
+    EXPECT_EQ(limits, trouble(decoder("complaining"), {.silence = 1h, .whole = 100ms}));
+    EXPECT_EQ(damaged, trouble(decoder("endless"), {.silence = 1h, .whole = 15s}))
+        << "it stops behind what the pedal holds";
+    for (const auto& [signal, kind] : {std::pair(SIGXCPU, limits), {SIGSEGV, damaged}}) {
+        EXPECT_EQ(kind, childTrouble({ChildEnd::How::killed, signal, {}}, "", notAudio).kind);
+    }
+}
+
+TEST_F(LockedChild, IsNotSilentWhileTheDiskIsSlow) {
+    EXPECT_EQ("LC_ALL=C\n", said("show", {}, 400ms).substr(0, 9));
+}
+
+TEST_F(LockedChild, DiesWithTheProgram) {
+    Conversion::Options dying{.output = results_, .ffmpeg = decoder("slow")};
+    dying.progress = [](std::uint64_t) { std::raise(SIGKILL); };
+    ::prctl(PR_SET_CHILD_SUBREAPER, 1, 0, 0, 0);  // the decoder becomes ours when its parent has gone
+    if (::fork() == 0) {
+        ::_exit(Conversion(dying).convert(source_) ? 1 : 0);
+    }
+    for (const char* const who : {"program", "decoder"}) {
+        int status = 0;
+        ASSERT_GT(::waitpid(-1, &status, 0), 0) << who;
+        EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << who;
+    }
+    ::prctl(PR_SET_CHILD_SUBREAPER, 0, 0, 0, 0);
+    EXPECT_TRUE(fs::is_empty(results_));
+}
+
+TEST_F(LockedChild, HasNothingOfOurs) {
+    ::setenv("FFREPORT", "file=report.log", 1);            // NOLINT(concurrency-mt-unsafe): one thread
+    const int leaky = ::open("/etc/passwd", O_RDONLY);     // NOLINT: what a careless library leaves open
+    const auto usualPipe = std::signal(SIGPIPE, SIG_IGN);  // as a program with a tool's output does
+    EXPECT_EQ("LC_ALL=C\nOMP_NUM_THREADS=1\n0 1 2 3 805306368 120 0 0 dies of a closed pipe\n", said("show"));
+    std::signal(SIGPIPE, usualPipe);
+    ::close(leaky);
+    ::unsetenv("FFREPORT");  // NOLINT(concurrency-mt-unsafe): one thread
+}
+
+TEST_F(LockedChild, ReachesNothingButItsSource) {
+    const auto secret = folder_.path() / "secret";
+    std::ofstream(secret) << "secret";
+    std::string expected = "its source\n";
+    if (::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION) < 1) {
+        expected += "read a file\nread /etc/passwd\nlist a folder\n";
+    }
+    EXPECT_EQ(expected, said("try", {secret}));
+    EXPECT_TRUE(fs::exists(secret));
+}
+
+}  // namespace
+}  // namespace kzq
