@@ -121,13 +121,13 @@ struct SampleWords {
 SampleWords wordsFor(SampleKind samples) {
     switch (samples) {
         case SampleKind::s24:
-            return {"s32", "pcm_s24le", "s24le"};
+            return {"osf=s32", "pcm_s24le", "s24le"};
         case SampleKind::f32:
-            return {"flt", "pcm_f32le", "f32le"};
+            return {"osf=flt", "pcm_f32le", "f32le"};
         case SampleKind::f64:
             break;
     }
-    return {"dbl", "pcm_f64le", "f64le"};
+    return {"internal_sample_fmt=dblp:osf=dbl", "pcm_f64le", "f64le"};
 }
 
 std::string filters(const SourceFacts& facts, const StreamFacts& stream, const DecodeOrder& order) {
@@ -140,7 +140,7 @@ std::string filters(const SourceFacts& facts, const StreamFacts& stream, const D
         chain += "aeval=exprs=if(isnan(val(ch))+isinf(val(ch))\\,0\\,val(ch)):c=same,";
     }
     return chain + channelFilter(stream) + ",aresample=" + std::to_string(framesPerSecond) +
-           ":resampler=soxr:precision=28:cheby=1:osf=" + wordsFor(order.samples).filter +
+           ":resampler=soxr:precision=28:cheby=1:" + wordsFor(order.samples).filter +
            ",atrim=end_sample=" + std::to_string(mostConvertedFrames);
 }
 

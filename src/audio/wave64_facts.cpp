@@ -27,6 +27,8 @@ SourceFacts factsOfWave64(const FileBytes& file) {
             facts.openEnded = (size <= headSize && there > 0) || size >= leastUnknownSize;
             facts.countStored = !facts.openEnded;
             facts.truncated = size > file.after(offset) && !facts.openEnded;
+            facts.countDecides =
+                !facts.truncated;  // the decoder stumbles over the padding behind the samples
             facts.audio = ByteSpan{
                 0, offset + (facts.openEnded ? file.after(offset) : std::min(size, file.after(offset)))};
             takeCounts(facts, format, facts.openEnded ? there : size - headSize, there);

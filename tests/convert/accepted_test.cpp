@@ -1,9 +1,12 @@
 #include "converting.h"
 #include "foreign_files.h"
+#include "platform/little_endian.h"
 #include "sound_analysis.h"
 
 namespace kzq {
 namespace {
+
+namespace fs = std::filesystem;
 
 using Accepted = Converting;
 
@@ -26,15 +29,41 @@ TEST_F(Accepted, LosslessKindsPassBitForBit) {
                                           {"s24.flac", 24, "-c:a flac -sample_fmt s32"},
                                           {"alac.m4a", 24, "-c:a alac -sample_fmt s32p"},
                                           {"misnamed.mp3", 16, "-c:a pcm_s16le -f wav"}};
+    const Samples master = noise(frames, 24);
     for (const auto& kind : kinds) {
         SCOPED_TRACE(kind.name);
-        const Samples master = noise(frames, kind.bits);
-        shop_.write("master.wav", wave(packed(master), 2).value());
-        EXPECT_EQ(master, converted(shop_.encode(kind.name, "-i master.wav " + kind.arguments)));
+        const Samples expected = kind.bits == 24 ? master : noise(frames, kind.bits);
+        shop_.write("master.wav", wave(packed(expected), 2).value());
+        EXPECT_EQ(expected, converted(shop_.encode(kind.name, "-i master.wav " + kind.arguments)));
     }
-    const Samples master = noise(frames, 24);
     EXPECT_EQ(master, converted(shop_.write("24in32.wav", wave24In32(master))));
     EXPECT_EQ(master, converted(shop_.write("24in32rf64.wav", rf64(wave24In32(master)))));
+    Bytes withNote = wave(packed(master), 2).value();
+    const std::string note("note\3\0\0\0odd\0", 12);  // of odd length, with its pad byte
+    withNote.insert(withNote.begin() + 36, note.begin(), note.end());
+    storeU32(withNote, 4, static_cast<std::uint32_t>(withNote.size() - 8));
+    EXPECT_EQ(master, converted(shop_.write("note.wav", withNote)));
+}
+
+TEST_F(Accepted, KindsForTheToolHaveTheirLength) {
+    shop_.write("master.wav", wave(packed(noise(54'321, 24)), 2).value());
+    auto every = options();
+    every.everyKind = true;
+    for (const auto& [name, arguments] :
+         std::vector<std::pair<std::string, std::string>>{{"s24.w64", "-c:a pcm_s24le"},
+                                                          {"s24.caf", "-c:a pcm_s24be"},
+                                                          {"s32.wv", "-c:a wavpack -sample_fmt s32p"},
+                                                          {"vorbis.ogg", "-c:a libvorbis"},
+                                                          {"opus.ogg", "-ar 48000 -c:a libopus"}}) {
+        const auto source = shop_.encode(name, "-i master.wav " + arguments);
+        const auto whole = Conversion(every).convert(source);
+        ASSERT_TRUE(whole) << name;
+        EXPECT_EQ(54'321U, whole->frames) << name;
+        EXPECT_EQ(Verdict::exact, whole->verdict) << name;
+        EXPECT_TRUE(name[0] != 's' || readFile(shop_.at("master.wav")) == readFile(whole->path)) << name;
+        fs::resize_file(source, fs::file_size(source) / 2);
+        EXPECT_FALSE(Conversion(every).convert(source)) << name;
+    }
 }
 
 TEST_F(Accepted, WaveFilesWhoseWriterCouldNotNoteTheLength) {

@@ -1,7 +1,9 @@
+#include <fcntl.h>
 #include <sys/resource.h>
 
 #include <csignal>
 
+#include "audio/file_bytes.h"
 #include "audio/wave_output.h"
 #include "converting.h"
 
@@ -30,6 +32,20 @@ TEST_F(Interrupted, ByTheUser) {
     expectFailed(Trouble::Kind::cancelled, Conversion(cancelling).convert(source_), source_);
     EXPECT_GT(last, 0U);
     EXPECT_LT(last, 2'000'000U) << "it ended in the middle";
+    expectFailed(Trouble::Kind::cancelled, Conversion(cancelling).convert("/none.wav"), "/none.wav");
+}
+
+TEST_F(Interrupted, ByAFileThatHasTooMuchToRead) {
+    // One frame of MP3, and nothing behind it for a gigabyte.
+    const auto path = shop_.write("vast.mp3", Bytes{0xFF, 0xFB, 0x90, 0});
+    fs::resize_file(path, 1ULL << 30U);
+    expectRefused(limits, path);
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::atomic<bool> cancelled = false;
+    const FileBytes bytes(file.get(), 1ULL << 30U, &cancelled);
+    EXPECT_EQ(0xFFFBU, bytes.big(0, 2));
+    cancelled = true;
+    EXPECT_EQ(std::nullopt, bytes.big(1 << 20, 2));
 }
 
 TEST_F(Interrupted, ByAFullDisk) {
