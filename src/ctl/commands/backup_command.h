@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ctl/commands/backup_folder.h"
 #include "ctl/commands/pedal_command.h"
 #include "ctl/speech/progress_line.h"
+#include "operations/backup_folder.h"
 
 namespace kzq::ctl {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ctl/commands/backup_folder.h"
 #include "ctl/commands/pedal_command.h"
 #include "ctl/speech/progress_line.h"
 #include "loops/export_info.h"
+#include "operations/backup_folder.h"
 
 namespace kzq::ctl {
 

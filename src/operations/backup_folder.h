@@ -4,11 +4,11 @@
 #include <optional>
 
 #include "audio/wave.h"
-#include "ctl/commands/backup_index.h"
 #include "loops/slot_number.h"
+#include "operations/backup_index.h"
 #include "platform/result.h"
 
-namespace kzq::ctl {
+namespace kzq {
 
 /// A backup on the disk: WAV files, and an index that is there only once all of them are. Until then a second
 /// index lists what is there so far. No audio that is there is ever replaced or removed. Blocks; one thread
@@ -18,6 +18,9 @@ class BackupFolder {
     explicit BackupFolder(std::filesystem::path path) : path_(std::move(path)) {}
 
     const std::filesystem::path& path() const { return path_; }
+
+    /// Makes it if it is missing. A failure shows, with its reason, when a file is written.
+    void make() const;
 
     bool isComplete() const;
     /// noBackup when there is none; of one that cannot be used: unreadable, backupForeign, backupNewer,
@@ -40,4 +43,4 @@ class BackupFolder {
     std::filesystem::path path_;
 };
 
-}  // namespace kzq::ctl
+}  // namespace kzq

@@ -1,4 +1,4 @@
-#include "ctl/commands/backup_folder.h"
+#include "operations/backup_folder.h"
 
 #include <cerrno>
 #include <system_error>
@@ -10,7 +10,7 @@
 #include "platform/plain_file.h"
 #include "platform/replace_file.h"
 
-namespace kzq::ctl {
+namespace kzq {
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,6 +31,11 @@ ByteView bytesOf(const std::string& text) {
 }
 
 }  // namespace
+
+void BackupFolder::make() const {
+    std::error_code error;
+    fs::create_directory(path_, error);
+}
 
 bool BackupFolder::isComplete() const {
     return isThere(path_ / indexName);
@@ -96,4 +101,4 @@ Result<void> BackupFolder::finish(const BackupIndex& index) const {
     return {};
 }
 
-}  // namespace kzq::ctl
+}  // namespace kzq

@@ -1,4 +1,4 @@
-#include "ctl/commands/backup_index.h"
+#include "operations/backup_index.h"
 
 #include <algorithm>
 #include <limits>
@@ -6,10 +6,9 @@
 #include <optional>
 #include <set>
 
-#include "ctl/speech/json_output.h"
 #include "loops/facts.h"
 
-namespace kzq::ctl {
+namespace kzq {
 namespace {
 
 using Json = nlohmann::json;
@@ -71,6 +70,19 @@ bool readLoops(const Json& list, BackupIndex& index) {
 
 }  // namespace
 
+bool BackupIndex::hasLengthOf(SlotNumber slot, const Loop& loop) const {
+    const auto entry = loops.find(slot);
+    return entry != loops.end() && entry->second.samples == loop.samples;
+}
+
+std::uint64_t bytesToCompare(const BackupIndex& index, const Loops& loops) {
+    std::uint64_t bytes = 0;
+    for (const auto& [slot, loop] : loops) {
+        bytes += index.hasLengthOf(slot, loop) ? loop.alignedBytes : 0;
+    }
+    return bytes;
+}
+
 std::string indexText(const BackupIndex& index) {
     Json loops = Json::array();
     for (const auto& [slot, entry] : index.loops) {
@@ -85,7 +97,7 @@ std::string indexText(const BackupIndex& index) {
                         {"formatVersion", formatVersion},
                         {"firmware", index.firmware},
                         {"loops", std::move(loops)}};
-    return jsonText(whole, true) + "\n";
+    return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 Result<BackupIndex> indexFromText(std::string_view text) {
@@ -105,4 +117,4 @@ Result<BackupIndex> indexFromText(std::string_view text) {
     return index;
 }
 
-}  // namespace kzq::ctl
+}  // namespace kzq

@@ -1,0 +1,170 @@
+#include "operations/restore.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "loops/capacity.h"
+#include "operations/erase.h"
+#include "operations/export.h"
+#include "operations/loop_file.h"
+#include "operations/read_loop.h"
+#include "operations/table.h"
+
+namespace kzq {
+
+namespace {
+
+using Kind = Trouble::Kind;
+
+class Planning {
+  public:
+    Planning(Pedal& pedal, RestorePlan plan, const Events& events)
+        : pedal_(pedal), plan_(std::move(plan)), events_(events) {}
+
+    Result<RestorePlan> compare();
+
+  private:
+    Result<bool> isSame(SlotNumber slot);
+    void planWrite(SlotNumber slot);
+
+    Pedal& pedal_;
+    RestorePlan plan_;
+    const Events& events_;
+};
+
+Result<RestorePlan> Planning::compare() {
+    for (const auto slot : allSlots()) {
+        if (!plan_.index.loops.contains(slot)) {
+            if (plan_.seen.contains(slot)) {
+                plan_.erases.push_back(slot);
+            }
+            continue;
+        }
+        const auto same = isSame(slot);
+        if (!same) {
+            return same.error();
+        }
+        if (*same) {
+            plan_.same.push_back(slot);
+        } else {
+            planWrite(slot);
+        }
+    }
+    return std::move(plan_);
+}
+
+/// Whether the pedal's loop has the audio of the backup.
+Result<bool> Planning::isSame(SlotNumber slot) {
+    const auto* const loop = plan_.seen.find(slot);
+    if (loop == nullptr || !plan_.index.hasLengthOf(slot, *loop)) {
+        return false;
+    }
+    std::optional<Trouble> end;
+    auto image = readLoop(pedal_, slot, Step::compare, events_, end);
+    if (end) {
+        return std::move(*end);
+    }
+    if (!*image) {
+        image->error().where = loopName(slot);
+    }
+    return image->map(
+        [&](const Bytes& bytes) { return audioDigest(bytes) == plan_.index.loops.at(slot).sha256; });
+}
+
+void Planning::planWrite(SlotNumber slot) {
+    const auto& entry = plan_.index.loops.at(slot);
+    plan_.writes[slot] = {plan_.folder.path() / entry.file, slot.number(), plan_.seen.contains(slot),
+                          Frames{entry.samples}.bytes()};
+}
+
+/// One outcome of two runs, one behind the other.
+void append(Outcome& outcome, Outcome next) {
+    std::ranges::move(next.slots, std::back_inserter(outcome.slots));
+    outcome.end = std::move(next.end);
+    outcome.doubt = std::move(next.doubt);
+    outcome.unseen += next.unseen;
+    outcome.begun = outcome.begun || next.begun;
+}
+
+}  // namespace
+
+Result<BackupIndex> indexToRestore(const BackupFolder& folder) {
+    auto index = folder.index();
+    if (!index) {
+        if (index.error().kind == Kind::noBackup && folder.partialIndex()) {
+            index.error().kind = Kind::backupIncomplete;
+        }
+        return index;
+    }
+    std::uint64_t frames = 0;
+    for (const auto& [slot, entry] : index->loops) {
+        frames += entry.samples;
+    }
+    if (frames > capacityFrames) {
+        return Trouble{Kind::backupTooLong, folder.path()};
+    }
+    return index;
+}
+
+Result<RestorePlan> planRestore(Pedal& pedal, const BackupFolder& folder,
+                                const std::function<void(std::uint64_t bytes)>& total, const Events& events) {
+    auto index = indexToRestore(folder);
+    if (!index) {
+        return std::move(index.error());
+    }
+    for (const auto& [slot, entry] : index->loops) {
+        if (!folder.loop(entry)) {
+            return Trouble{Kind::backupDamaged, folder.path() / entry.file};
+        }
+        if (auto end = pedal.stopped()) {
+            return std::move(*end);
+        }
+    }
+    auto status = pedal.status();
+    if (!status) {
+        return std::move(status.error());
+    }
+    if (auto impossible = impossibleLength(status->loops, allSlots())) {
+        return std::move(*impossible);
+    }
+    total(bytesToCompare(*index, status->loops));
+    return Planning(pedal, {folder, std::move(*index), std::move(status->loops)}, events).compare();
+}
+
+std::uint64_t bytesToMove(const RestorePlan& plan) {
+    std::uint64_t bytes = 0;
+    for (const auto& [slot, info] : plan.writes) {
+        bytes += 2 * info.bytes;
+    }
+    return bytes;
+}
+
+Outcome runRestore(Pedal& pedal, const RestorePlan& plan, const Events& events) {
+    Outcome outcome{.wanted = plan.erases.size() + plan.writes.size()};
+    auto seen = plan.seen;
+    auto untouched = allSlots();
+    if (!plan.erases.empty()) {
+        append(outcome, runErase(pedal, {plan.erases, seen, untouched}, events));
+        for (const auto slot : plan.erases) {
+            seen.remove(slot);
+            std::erase(untouched, slot);
+        }
+    }
+    if (!outcome.end && !plan.writes.empty()) {
+        std::erase_if(untouched, [&plan](auto slot) { return plan.writes.contains(slot); });
+        const auto same = [&plan](const ExportInfo& info, ByteView image) {
+            return audioDigest(image) == plan.index.loops.at(*SlotNumber::of(info.destination)).sha256;
+        };
+        append(outcome, runExport(pedal,
+                                  {.exports = plan.writes,
+                                   .seen = std::move(seen),
+                                   .untouched = std::move(untouched),
+                                   .batches = Batches::each,
+                                   .same = same},
+                                  events));
+    }
+    return outcome;
+}
+
+}  // namespace kzq
