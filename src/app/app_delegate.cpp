@@ -8,6 +8,13 @@ namespace kzq {
 
 namespace {
 
+/// The pedal's version is known now.
+void pedalRead(AppParts& parts) {
+    if (parts.panels.firmwareUpdater) {
+        parts.panels.firmwareUpdater->updates()->pedalRead();
+    }
+}
+
 /// The table of a pedal that has arrived.
 void showTable(AppParts& parts, const std::optional<Loops>& loops) {
     const auto looper = parts.environment.link();
@@ -15,6 +22,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
         return;  // it left before the table arrived here
     }
     if (loops && parts.model.arrived(*loops)) {
+        pedalRead(parts);
         parts.presenter.table();
     } else {
         looper->refresh();
@@ -34,6 +42,7 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
     parts_->flows->pedalReturned(looper.stage());
     if (firmwareUpdater() != nullptr) {
         firmwareUpdater()->check();
+        firmwareUpdater()->updates()->pedalRead();
     }
     parts_->presenter.redrawAbout();
     parts_->model.reset();
@@ -49,6 +58,7 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
 
 void AppDelegate::looperInternalStateChanged(const Status& status) {
     parts_->presenter.redrawAbout();
+    pedalRead(*parts_);
     if (const auto looper = parts_->environment.link(); !looper || looper->disconnected()) {
         return;  // it left before the news arrived here
     }

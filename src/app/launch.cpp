@@ -30,7 +30,7 @@ void makeSoftwareUpdater(const std::shared_ptr<AppDelegate>& controller, AppPart
     auto& updater = parts.panels.sparkle;
     updater = std::make_shared<SUUpdater>(
         UpdaterEnvironment{environment.executor, environment.http, environment.desktop, environment.build,
-                           environment.installation, environment.downloads});
+                           environment.installation, environment.downloads, environment.home});
     updater->setFeedURL(environment.feedAddress(environment.home));
     updater->setDelegate(controller);
     const auto pedalIsAtWork = [link = environment.link] {
@@ -78,7 +78,7 @@ void makePanels(const std::shared_ptr<AppDelegate>& controller, AppParts& parts)
                                                        versionFrom(environment.link),
                                                        environment.product.version,
                                                        environment.home,
-                                                       environment.firmwareManifest,
+                                                       {environment.firmwareManifest, environment.build.keys},
                                                        {},
                                                        {}});
     if (panels.firmwareUpdater) {

@@ -27,8 +27,9 @@ std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> by
     return hash(bytes, 1);
 }
 
-std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes) {
-    const auto digest = MD5(bytes);
+namespace {
+
+std::optional<std::string> hexadecimal(const std::optional<std::vector<std::uint8_t>>& digest) {
     if (!digest) {
         return std::nullopt;
     }
@@ -39,6 +40,16 @@ std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes) {
         text += digits[byte & 0xFU];
     }
     return text;
+}
+
+}  // namespace
+
+std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes) {
+    return hexadecimal(MD5(bytes));
+}
+
+std::optional<std::string> SHA256String(std::span<const std::uint8_t> bytes) {
+    return hexadecimal(SHA256(bytes));
 }
 
 }  // namespace kzq

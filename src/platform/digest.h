@@ -15,7 +15,8 @@ namespace kzq {
 std::optional<std::vector<std::uint8_t>> hash(std::span<const std::uint8_t> bytes, int algorithm);
 std::optional<std::vector<std::uint8_t>> MD5(std::span<const std::uint8_t> bytes);
 std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> bytes);
-/// The MD5 as 32 lower-case hexadecimal digits.
+/// The same in lower-case hexadecimal digits.
 std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes);
+std::optional<std::string> SHA256String(std::span<const std::uint8_t> bytes);
 
 }  // namespace kzq

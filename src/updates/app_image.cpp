@@ -2,9 +2,12 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <system_error>
 
+#include "platform/draft.h"
 #include "platform/plain_file.h"
 
 namespace kzq {
@@ -20,10 +23,22 @@ std::error_code linkOrCopy(const std::filesystem::path& file, const std::filesys
     return error;
 }
 
+std::filesystem::path previousOf(const std::filesystem::path& appImage) {
+    return appImage.string() + ".previous";
+}
+
 }  // namespace
 
+bool isAppImage(ByteView file) {
+    constexpr std::array<std::uint8_t, 4> program{0x7F, 'E', 'L', 'F'};
+    constexpr std::array<std::uint8_t, 3> mark{'A', 'I', 2};
+    constexpr std::size_t markAt = 8;
+    return file.size() > markAt + mark.size() && std::ranges::equal(file.first(program.size()), program) &&
+           std::ranges::equal(file.subspan(markAt, mark.size()), mark);
+}
+
 Result<void> keepPrevious(const std::filesystem::path& appImage) {
-    const std::filesystem::path previous = appImage.string() + ".previous";
+    const std::filesystem::path previous = previousOf(appImage);
     const std::filesystem::path draft = previous.string() + ".part";
     if (!isPlainFile(appImage) || !isPlaceForFile(previous) || !isPlaceForFile(draft)) {
         return Trouble{Trouble::Kind::file,
@@ -50,6 +65,16 @@ Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownlo
     }
     const auto usable = (permissions | std::filesystem::perms::owner_exec) & std::filesystem::perms::mask;
     return keepPrevious(appImage).and_then([&] { return download.place(usable); });
+}
+
+Result<void> takeBackAppImage(const std::filesystem::path& appImage) {
+    std::error_code error;
+    std::filesystem::rename(previousOf(appImage), appImage, error);
+    if (error) {
+        return Trouble{Trouble::Kind::file, "the previous version cannot be put back", error.value()};
+    }
+    syncFolder(appImage.parent_path());
+    return {};
 }
 
 }  // namespace kzq

@@ -2,9 +2,13 @@
 
 #include <filesystem>
 
+#include "platform/bytes.h"
 #include "updates/update_download.h"
 
 namespace kzq {
+
+/// Whether `file` begins as an AppImage does: a program for Linux with the mark of type 2.
+bool isAppImage(ByteView file);
 
 /// Keeps the file `appImage` also as "<name>.previous", replacing an earlier one in one step. Any thread.
 Result<void> keepPrevious(const std::filesystem::path& appImage);
@@ -12,5 +16,8 @@ Result<void> keepPrevious(const std::filesystem::path& appImage);
 /// Replaces the AppImage with a verified download: at every moment its name refers to a complete file, the
 /// old or the new. If it fails, nothing has changed, except that ".previous" may exist. Any thread.
 Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download);
+
+/// Puts ".previous" back in the AppImage's place. Any thread.
+Result<void> takeBackAppImage(const std::filesystem::path& appImage);
 
 }  // namespace kzq

@@ -11,15 +11,17 @@
 
 namespace kzq {
 
+std::filesystem::path updatesFolderIn(const std::filesystem::path& home) {
+    return home.empty() ? home : home / "Library/Application Support/com.kzq.7306/updates";
+}
+
 bool isImageOf(const FirmwareEntry& entry, std::span<const std::uint8_t> image) {
-    return isComplete(entry) && image.size() == entry.size && MD5String(image) == entry.hash;
+    return isComplete(entry) && image.size() == entry.size && MD5String(image) == entry.hash &&
+           (entry.sha256.empty() || SHA256String(image) == entry.sha256);
 }
 
 std::filesystem::path FirmwareCache::folderIn(const std::filesystem::path& home) {
-    if (home.empty()) {
-        return {};
-    }
-    return home / "Library/Application Support/com.kzq.7306/updates/firmware";
+    return home.empty() ? home : updatesFolderIn(home) / "firmware";
 }
 
 bool FirmwareCache::prepare() const {

@@ -12,7 +12,12 @@ namespace kzq {
 
 using FirmwareImage = std::vector<std::uint8_t>;
 
-/// Whether `image` is what the entry describes: its length, and its MD5 as exact text.
+/// "Library/Application Support/com.kzq.7306/updates" in `home`, where all that concerns updates is kept;
+/// empty without a home.
+std::filesystem::path updatesFolderIn(const std::filesystem::path& home);
+
+/// Whether `image` is what the entry describes: its length, its MD5 as exact text, and its SHA-256 if the
+/// entry has one.
 bool isImageOf(const FirmwareEntry& entry, std::span<const std::uint8_t> image);
 
 /// The folder of verified firmware images, each under its entry's name. Any thread.
@@ -20,7 +25,7 @@ bool isImageOf(const FirmwareEntry& entry, std::span<const std::uint8_t> image);
 /// If an image's path is a folder, a link or anything else but a file, it is not read, replaced or removed.
 class FirmwareCache {
   public:
-    /// "Library/Application Support/com.kzq.7306/updates/firmware" in `home`; empty without a home.
+    /// "firmware" in the folder for updates; empty without a home.
     static std::filesystem::path folderIn(const std::filesystem::path& home);
 
     explicit FirmwareCache(std::filesystem::path folder) : folder_(std::move(folder)) {}

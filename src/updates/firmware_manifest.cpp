@@ -7,6 +7,9 @@ namespace {
 
 using nlohmann::json;
 
+/// All whole numbers up to this one are the same in JSON's floating point.
+constexpr std::uint64_t largestSerial = std::uint64_t{1} << 53U;
+
 std::string textOf(const json& entry, const char* key) {
     const auto found = entry.find(key);
     return found != entry.end() && found->is_string() ? found->get<std::string>() : std::string{};
@@ -18,18 +21,18 @@ bool isFileName(const std::string& name) {
            name.find('\0') == std::string::npos;
 }
 
-/// Whole numbers only, in any notation; a rounded size would be a guess.
-std::uint64_t sizeOf(const json& entry) {
-    const auto found = entry.find("size");
+/// 1 to `largest`, else 0. Whole numbers only, in any notation; a rounded one would be a guess.
+std::uint64_t numberOf(const json& entry, const char* key, std::uint64_t largest) {
+    const auto found = entry.find(key);
     if (found == entry.end() || !found->is_number()) {
         return 0;
     }
     const auto number = found->get<double>();
-    if (!(number >= 1 && number <= static_cast<double>(largestFirmware))) {
+    if (!(number >= 1 && number <= static_cast<double>(largest))) {
         return 0;
     }
-    const auto size = static_cast<std::uint64_t>(number);
-    return static_cast<double>(size) == number ? size : 0;
+    const auto whole = static_cast<std::uint64_t>(number);
+    return static_cast<double>(whole) == number ? whole : 0;
 }
 
 std::vector<std::string> changesOf(const json& entry) {
@@ -61,8 +64,14 @@ std::optional<FirmwareEntry> newestFirmwareEntry(std::span<const std::uint8_t> m
     if (!last.is_object() || last.empty()) {
         return std::nullopt;
     }
-    FirmwareEntry entry{textOf(last, "name"), textOf(last, "hash"), sizeOf(last), textOf(last, "version"),
-                        changesOf(last)};
+    FirmwareEntry entry{textOf(last, "name"),
+                        textOf(last, "hash"),
+                        numberOf(last, "size", largestFirmware),
+                        textOf(last, "version"),
+                        changesOf(last),
+                        textOf(last, "sha256"),
+                        numberOf(last, "serial", largestSerial),
+                        textOf(last, "signature")};
     if (!isFileName(entry.name)) {
         entry.name.clear();
     }

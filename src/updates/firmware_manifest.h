@@ -19,6 +19,10 @@ struct FirmwareEntry {
     std::uint64_t size = 0;  ///< 1 to largestFirmware; 0 means anything else
     std::string version;     ///< as given
     std::vector<std::string> changes;
+    // Of a signed entry; see signedText.
+    std::string sha256 = {};     ///< in hexadecimal digits
+    std::uint64_t serial = 0;    ///< grows with every list that the maker publishes
+    std::string signature = {};  ///< Ed25519, base64
 
     bool operator==(const FirmwareEntry&) const = default;
 };

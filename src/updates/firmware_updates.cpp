@@ -28,11 +28,10 @@ std::shared_ptr<FirmwareUpdates> FirmwareUpdates::updater(FirmwareEnvironment en
 
 FirmwareUpdates::FirmwareUpdates(FirmwareEnvironment environment)
     : environment_(std::move(environment)),
-      source_(environment_.http, environment_.manifest, environment_.home, environment_.fetchLimit,
-              &stopped_) {}
+      source_(environment_.http, environment_.server, environment_.home, &stopped_) {}
 
 void FirmwareUpdates::setup() {
-    if (!initialized_ && !environment_.manifest.empty()) {
+    if (!initialized_ && !environment_.server.manifest.empty()) {
         initialized_ = source_.cache().prepare();
         note(initialized_ ? "" : "no folder for firmware: " + source_.cache().folder().string());
     }
@@ -65,7 +64,33 @@ std::optional<FirmwareImage> FirmwareUpdates::offeredImage() const {
 }
 
 void FirmwareUpdates::clearUpdate() {
-    setUpdate(std::nullopt);
+    const std::lock_guard guard(mutex_);
+    update_.reset();
+    installed_ = true;
+}
+
+void FirmwareUpdates::pedalRead() {
+    const auto device = pedal();
+    {
+        const std::lock_guard guard(mutex_);
+        if (device == read_ && !installed_) {
+            return;
+        }
+        read_ = device;
+        if (!device.known()) {
+            return;
+        }
+        installed_ = false;
+        if (update_ && !device.takes(FirmwareVersionFromString(update_->version))) {
+            update_.reset();
+        }
+    }
+    check();
+}
+
+FirmwareNews FirmwareUpdates::news() const {
+    const std::lock_guard guard(mutex_);
+    return news_;
 }
 
 FirmwareUpdates::Pedal FirmwareUpdates::pedal() const {
@@ -111,13 +136,17 @@ void FirmwareUpdates::refreshLocked() {
     if (!entry) {
         return;
     }
+    setNews([now = environment_.time()](FirmwareNews& news) { news.read = now; });
     const auto offered = FirmwareVersionFromString(entry->version);
     if (!device.takes(offered)) {
         setUpdate(std::nullopt);
         note("");
         return;
     }
-    if (!noted(source_.image(*entry))) {
+    const auto image = source_.image(*entry, progress());
+    setNews([](FirmwareNews& news) { news.received = news.total = 0; });
+    if (!image) {
+        note(image.error());
         return;
     }
     note("");
@@ -135,7 +164,13 @@ void FirmwareUpdates::offer(const FirmwareEntry& entry, const FirmwareVersion& o
         setUpdate(std::nullopt);
         return;
     }
-    setUpdate(entry);
+    {
+        const std::lock_guard guard(mutex_);
+        if (installed_) {
+            return;
+        }
+        update_ = entry;
+    }
     announce(offered, device.version, entry.changes);
 }
 
@@ -165,8 +200,45 @@ void FirmwareUpdates::onMain(std::function<void(const FirmwareEnvironment&)> sho
     });
 }
 
+void FirmwareUpdates::setNews(const std::function<void(FirmwareNews&)>& change) {
+    {
+        const std::lock_guard guard(mutex_);
+        const auto before = news_;
+        change(news_);
+        if (news_ == before || !environment_.newsChanged || std::exchange(newsPosted_, true)) {
+            return;
+        }
+    }
+    environment_.executor.main([weak = weak_from_this()] {
+        if (const auto self = weak.lock()) {
+            {
+                const std::lock_guard guard(self->mutex_);
+                self->newsPosted_ = false;
+            }
+            self->environment_.newsChanged();
+        }
+    });
+}
+
+FirmwareSource::Progress FirmwareUpdates::progress() {
+    return [this](std::uint64_t received, std::uint64_t total) {
+        setNews([&](FirmwareNews& news) {
+            news.received = received;
+            news.total = total;
+        });
+    };
+}
+
+void FirmwareUpdates::note(const Trouble& trouble) {
+    setNews([&trouble](FirmwareNews& news) { news.trouble = trouble; });
+    note((trouble.where.empty() ? "" : trouble.where + ": ") + trouble.words);
+}
+
 /// The same line every 15 seconds would bury the rest of the log.
 void FirmwareUpdates::note(const std::string& failure) {
+    if (failure.empty()) {
+        setNews([](FirmwareNews& news) { news.trouble.reset(); });
+    }
     const std::lock_guard guard(mutex_);
     if (failure != lastFailure_ && !failure.empty()) {
         logUpdates(failure);

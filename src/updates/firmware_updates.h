@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -25,12 +26,24 @@ struct FirmwareEnvironment {
     std::function<std::optional<std::string>()> version;  ///< that of the pedal's firmware
     std::string softwareVersion;                          ///< the program's own
     std::filesystem::path home;                           ///< the user's home folder; empty for none
-    std::string manifest;                                 ///< https address
+    FirmwareServer server;
     /// Main thread: shows the headline of the offer and clears the notes. May be empty.
     std::function<void(const std::string& headline)> showHeadline;
     /// Main thread: appends to the notes. May be empty.
     std::function<void(const std::string& notes)> appendNotes;
-    std::chrono::milliseconds fetchLimit = HttpLimits().total;
+    /// Main thread: `news` has changed; while an image comes, at most once per turn. May be empty.
+    std::function<void()> newsChanged = {};
+    std::function<std::chrono::system_clock::time_point()> time = std::chrono::system_clock::now;
+};
+
+/// What is known about the maker's list, beyond the offer.
+struct FirmwareNews {
+    std::optional<std::chrono::system_clock::time_point> read;  ///< when the list last came
+    std::optional<Trouble> trouble;                             ///< why the last check got no further
+    std::uint64_t received = 0;                                 ///< of an image that is coming
+    std::uint64_t total = 0;                                    ///< its length; 0: none is coming
+
+    bool operator==(const FirmwareNews&) const = default;
 };
 
 /// Keeps the newest firmware, verified, in the cache, and offers it if the pedal runs an older one or none:
@@ -61,8 +74,12 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
     /// The offered image, read and verified again; nothing if there is no offer or the file is no longer the
     /// entry's image. Reads up to largestFirmware bytes. Any thread.
     std::optional<FirmwareImage> offeredImage() const;
-    /// Withdraws the offer, once it is installed. Any thread.
+    /// Withdraws the offer, once it is installed. The next comes after `pedalRead`. Any thread.
     void clearUpdate();
+    /// The pedal has come, or its version has been read. An offer that it has no use for is taken back at
+    /// once; a check follows if the pedal is another, or another version, than at the last call. Any thread.
+    void pedalRead();
+    FirmwareNews news() const;
     /// The program's own version, or nothing if it is empty.
     std::optional<std::string> currentSoftware() const;
 
@@ -90,6 +107,8 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
         bool blank = false;
         FirmwareVersion version;
 
+        bool operator==(const Pedal&) const = default;
+
         bool known() const { return blank || version != FirmwareVersion{}; }
         bool takes(const FirmwareVersion& offered) const { return blank || version < offered; }
     };
@@ -103,12 +122,14 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
                   const std::vector<std::string>& changes);
     void onMain(std::function<void(const FirmwareEnvironment&)> show);
     void note(const std::string& failure);
+    void note(const Trouble& trouble);
+    void setNews(const std::function<void(FirmwareNews&)>& change);
+    FirmwareSource::Progress progress();
     /// What came; or nothing, with a note why.
     template <class T>
     std::optional<T> noted(Result<T> result) {
         if (!result) {
-            const auto& trouble = result.error();
-            note((trouble.where.empty() ? "" : trouble.where + ": ") + trouble.words);
+            note(result.error());
             return std::nullopt;
         }
         return std::move(*result);
@@ -123,6 +144,10 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
     std::atomic<bool> waiting_ = false;  ///< a check is queued and has not started
     mutable std::mutex mutex_;           ///< guards the members below
     std::optional<FirmwareEntry> update_;
+    Pedal read_;              ///< at the last `pedalRead`
+    bool installed_ = false;  ///< what the pedal runs now has not been read
+    FirmwareNews news_;
+    bool newsPosted_ = false;  ///< and not yet handled
     std::string lastFailure_;
 };
 

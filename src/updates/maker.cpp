@@ -45,11 +45,15 @@ std::string firmwareManifestAddress(std::string_view host) {
     return makerAddress("/assets/7306/firmware/_.json", host);
 }
 
+std::string softwareFeedAddress(Feed feed, std::string_view host) {
+    return makerAddress(feed == Feed::staging ? stagingFeed : normalFeed, host);
+}
+
 std::string softwareFeedAddress(const std::filesystem::path& home, std::string_view host) {
     std::error_code error;
     const bool staging =
         !home.empty() && std::filesystem::exists(home / "Desktop/com.kzq.7306.staging", error);
-    return makerAddress(staging ? stagingFeed : normalFeed, host);
+    return softwareFeedAddress(staging ? Feed::staging : Feed::normal, host);
 }
 
 std::string addressBeside(std::string_view address, std::string_view name) {

@@ -14,7 +14,10 @@ std::string makerAddress(std::string_view path, std::string_view host = {});
 /// The home page.
 std::string websiteAddress(std::string_view host = {});
 std::string firmwareManifestAddress(std::string_view host = {});
-/// The feed of the program itself: the staging feed if `home` has "Desktop/com.kzq.7306.staging", a
+/// The feed of the program itself.
+enum class Feed { normal, staging };
+std::string softwareFeedAddress(Feed feed, std::string_view host = {});
+/// The staging feed if `home` has "Desktop/com.kzq.7306.staging", a
 /// folder or a file; else, or without a home, the normal one.
 std::string softwareFeedAddress(const std::filesystem::path& home, std::string_view host = {});
 

@@ -18,6 +18,7 @@ namespace {
 constexpr int redirectLimit = 5;
 constexpr qint64 bufferSize = 1 << 18;
 constexpr int statusOk = 200;
+constexpr int statusPartial = 206;
 constexpr std::array redirectStatuses = {301, 302, 303, 305, 307, 308};
 constexpr auto cancelPeriod = std::chrono::milliseconds(50);
 
@@ -30,7 +31,7 @@ HttpResult failed(HttpFailure failure, std::string reason) {
     return {failure, std::move(reason), {}};
 }
 
-QNetworkRequest requestFor(const QUrl& url, const std::string& authorities) {
+QNetworkRequest requestFor(const QUrl& url, const std::string& authorities, std::uint64_t offset) {
     QNetworkRequest request(url);
     // Qt reads a redirecting page before it follows, and cannot if the page is longer than the buffer.
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
@@ -39,6 +40,9 @@ QNetworkRequest requestFor(const QUrl& url, const std::string& authorities) {
     // Stated lengths and limits count the bytes as stored.
     request.setRawHeader("Accept-Encoding", "identity");
     request.setRawHeader("User-Agent", "7306-Loop-Manager");
+    if (offset > 0) {
+        request.setRawHeader("Range", "bytes=" + QByteArray::number(static_cast<qulonglong>(offset)) + "-");
+    }
     if (!authorities.empty()) {
         auto tls = QSslConfiguration::defaultConfiguration();
         tls.setCaCertificates(QSslCertificate::fromData(QByteArray::fromStdString(authorities)));
@@ -61,7 +65,7 @@ HttpFailure failureOf(QNetworkReply::NetworkError error) {
 /// One reply being received.
 class Exchange {
   public:
-    /// `left`: of the fetch's time.
+    /// `left`: of the fetch's time; negative for no limit.
     Exchange(const HttpRequest& request, QNetworkReply& reply, std::chrono::milliseconds left)
         : request_(request), reply_(reply), left_(left) {}
 
@@ -87,7 +91,9 @@ class Exchange {
         QObject::connect(&total_, &QTimer::timeout, &loop_,
                          [this] { end(HttpFailure::timeout, "the download took too long"); });
         total_.setSingleShot(true);
-        total_.start(left_);
+        if (left_.count() >= 0) {
+            total_.start(left_);
+        }
         if (request_.limits.silence.count() > 0) {
             QObject::connect(&silence_, &QTimer::timeout, &loop_,
                              [this] { end(HttpFailure::timeout, "the server stopped answering"); });
@@ -104,9 +110,20 @@ class Exchange {
     }
 
     int status() const { return reply_.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(); }
+    /// Of the whole body; 0 if the server has not stated it.
     std::uint64_t statedLength() const {
-        return reply_.header(QNetworkRequest::ContentLengthHeader).toULongLong();
+        const auto stated = reply_.header(QNetworkRequest::ContentLengthHeader);
+        return stated.isValid() ? stated.toULongLong() + first() : 0;
     }
+    /// Whether the answer is the rest that was asked for.
+    bool isRest() const {
+        const auto start = "bytes " + QByteArray::number(static_cast<qulonglong>(request_.offset)) + "-";
+        return request_.offset > 0 && status() == statusPartial &&
+               reply_.rawHeader("Content-Range").startsWith(start);
+    }
+    bool isBody() const { return status() == statusOk || isRest(); }
+    /// Of the body that is coming.
+    std::uint64_t first() const { return isRest() ? request_.offset : 0; }
 
     bool isRedirect() const {
         return std::ranges::find(redirectStatuses, status()) != redirectStatuses.end() &&
@@ -119,7 +136,7 @@ class Exchange {
             target_ =
                 reply_.url().resolved(QUrl::fromEncoded(reply_.rawHeader("Location"), QUrl::StrictMode));
             end(HttpFailure::redirect, "redirected");
-        } else if (status() != 0 && status() != statusOk) {
+        } else if (status() != 0 && !isBody()) {
             end(HttpFailure::refused, "HTTP status " + std::to_string(status()));
         } else if (statedLength() > request_.limits.bytes) {
             end(HttpFailure::tooLong, "the stated length is too large");
@@ -130,7 +147,10 @@ class Exchange {
         if (silence_.isActive()) {
             silence_.start();
         }
-        while (!ended_ && status() == statusOk && reply_.bytesAvailable() > 0) {
+        if (!ended_ && isBody()) {
+            begin();
+        }
+        while (!ended_ && isBody() && reply_.bytesAvailable() > 0) {
             const QByteArray piece = reply_.read(bufferSize);
             received_ += static_cast<std::uint64_t>(piece.size());
             if (received_ > request_.limits.bytes) {
@@ -138,6 +158,16 @@ class Exchange {
                 return;
             }
             keep(piece);
+        }
+    }
+
+    void begin() {
+        if (std::exchange(begun_, true)) {
+            return;
+        }
+        received_ = first();
+        if (request_.offset > 0 && received_ == 0 && request_.restart) {
+            request_.restart();
         }
     }
 
@@ -191,6 +221,7 @@ class Exchange {
     QTimer cancel_;
     HttpResult result_;
     std::uint64_t received_ = 0;
+    bool begun_ = false;
     bool ended_ = false;
 };
 
@@ -203,13 +234,16 @@ HttpResult QtHttpClient::fetch(const HttpRequest& request) {
     if (!isAddress(url)) {
         return failed(HttpFailure::address, "not an https address");
     }
-    const QDeadlineTimer deadline(request.limits.total);
+    const bool limited = request.limits.total.count() > 0;
+    const QDeadlineTimer deadline =
+        limited ? QDeadlineTimer(request.limits.total) : QDeadlineTimer(QDeadlineTimer::Forever);
     QNetworkAccessManager manager;
     for (int redirects = 0; redirects <= redirectLimit; ++redirects) {
         if (request.cancelled != nullptr && *request.cancelled) {
             return failed(HttpFailure::cancelled, "cancelled");
         }
-        const std::unique_ptr<QNetworkReply> reply(manager.get(requestFor(url, authorities_)));
+        const std::unique_ptr<QNetworkReply> reply(
+            manager.get(requestFor(url, authorities_, request.offset)));
         Exchange exchange(request, *reply, std::chrono::milliseconds(deadline.remainingTime()));
         auto result = exchange.run();
         reply->disconnect();

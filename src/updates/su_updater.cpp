@@ -2,27 +2,30 @@
 
 #include <utility>
 
-#include "updates/app_version.h"
-#include "updates/update_job.h"
+#include "updates/signed_text.h"
 #include "updates/update_log.h"
 
 namespace kzq {
 namespace {
 
 /// Why a package that could be installed must not be; empty if it may.
-std::string objectionTo(const FeedItem& item) {
+std::string objectionTo(const FeedItem& item, std::span<const UpdateKey> keys) {
     if (!item.url.starts_with("https://")) {
         return "the update's address is not secure";
     }
     if (item.length == 0) {
         return "the update's length is missing or out of range";
     }
-    return updateSignatureFrom(item.signature) ? "" : "the update is not signed";
+    if (item.signature.empty()) {
+        return "the update is not signed";
+    }
+    return isSignedByOne(keys, item) ? "" : "the signature of the update is wrong";
 }
 
 }  // namespace
 
-SUUpdater::SUUpdater(UpdaterEnvironment environment) : environment_(std::move(environment)) {}
+SUUpdater::SUUpdater(UpdaterEnvironment environment)
+    : environment_(std::move(environment)), floor_(environment_.home) {}
 
 SUUpdater::~SUUpdater() {
     if (run_) {
@@ -77,11 +80,12 @@ void SUUpdater::checked(const FeedReading& reading) {
         fail(reading.failure);
         return;
     }
-    const auto* const newest = newestItem(reading.items, environment_.installation.kind);
-    const auto order = newest == nullptr ? std::strong_ordering::less
-                                         : compareAppVersions(newest->version, environment_.build.version)
-                                               .value_or(std::strong_ordering::less);
-    if (std::is_gt(order)) {
+    auto target = targetOf(environment_.build, environment_.installation);
+    if (canInstall(environment_.build, environment_.installation)) {
+        floor_.raiseSoftwareVersion(environment_.build.version);
+        target.lowest = floor_.softwareVersion();
+    }
+    if (const auto* const newest = newestItem(reading.items, target)) {
         offer(*newest);
         return;
     }
@@ -94,7 +98,7 @@ void SUUpdater::offer(const FeedItem& item) {
     const bool installable = canInstall(environment_.build, environment_.installation) &&
                              packageKindOf(item) == environment_.installation.kind;
     if (installable) {
-        if (const auto objection = objectionTo(item); !objection.empty()) {
+        if (const auto objection = objectionTo(item, environment_.build.keys); !objection.empty()) {
             fail(objection);
             return;
         }
@@ -137,7 +141,8 @@ void SUUpdater::startInstalling() {
                                     self->showRun(run);
                                 }
                             });
-                        }};
+                        },
+                        environment_.selfCheck};
     auto status = status_;
     status.state = UpdateState::downloading;
     status.total = item_.length;
@@ -185,6 +190,7 @@ void SUUpdater::installed(const std::filesystem::path& place, const std::string&
         return;
     }
     if (environment_.installation.kind == PackageKind::appImage) {
+        floor_.raiseSoftwareVersion(item_.version);
         setState(UpdateState::ready);
     } else if (environment_.desktop.openPackage(place)) {
         setState(UpdateState::handedOver);

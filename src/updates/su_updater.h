@@ -9,13 +9,14 @@
 #include "platform/executor.h"
 #include "platform/fixed.h"
 #include "updates/http_client.h"
+#include "updates/self_check.h"
 #include "updates/update_build.h"
 #include "updates/update_feed.h"
+#include "updates/update_floor.h"
+#include "updates/update_job.h"
 
 namespace kzq {
 
-struct FeedReading;
-struct UpdateRun;
 class SUUpdater;
 
 class SUUpdaterDelegate : Fixed {
@@ -42,6 +43,8 @@ struct UpdaterEnvironment {
     Installation installation;
     /// An existing folder that outlives the program, for packages for the package installer.
     std::filesystem::path downloads;
+    std::filesystem::path home = {};  ///< the user's home folder; empty for none: see UpdateFloor
+    SelfCheck selfCheck = [](const auto& program) { return kzq::selfCheck(program); };
 };
 
 enum class UpdateState {
@@ -70,13 +73,13 @@ struct UpdateStatus {
 };
 
 /// Updates the program itself, without a window of its own: a window observes `status` and passes on the
-/// user's choices. Only what is signed with a pinned key, of the stated length and newer than the running
-/// program is installed. All members are for the main thread.
+/// user's choices. Only what is signed with a pinned key, for this system, newer than the running program and
+/// not older than any that was installed is installed. All members are for the main thread.
 ///
 ///     idle → checking → upToDate | offered | failed
 ///     offered → downloading → verifying → installing → ready | handedOver | failed
 ///
-/// The signature covers the package and not the feed, so the feed is only taken over verified HTTPS.
+/// The signature covers what decides, but not the notes, so the feed is only taken over verified HTTPS.
 class SUUpdater : public std::enable_shared_from_this<SUUpdater>, Fixed {
   public:
     using Observer = std::function<void(const UpdateStatus&)>;
@@ -116,6 +119,7 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater>, Fixed {
     void installed(const std::filesystem::path& place, const std::string& failure);
 
     const UpdaterEnvironment environment_;
+    const UpdateFloor floor_;
     std::string feed_;
     std::weak_ptr<SUUpdaterDelegate> delegate_;
     Observer observer_;

@@ -1,5 +1,7 @@
 #include "updates/update_build.h"
 
+#include <gnu/libc-version.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
@@ -67,7 +69,8 @@ bool isFromPackage(const std::filesystem::path& executable, const std::filesyste
 }  // namespace
 
 UpdateBuild UpdateBuild::ofThisProgram() {
-    return {std::string(build::version), keysFrom(build::updateKeys), build::distribution, websiteAddress()};
+    return {std::string(build::version), keysFrom(build::updateKeys), build::distribution, websiteAddress(),
+            std::string(build::channel)};
 }
 
 Installation Installation::of(const char* appImageVariable, const char* appDirVariable,
@@ -86,6 +89,11 @@ Installation Installation::ofThisProgram() {
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing sets them
     return of(std::getenv("APPIMAGE"), std::getenv("APPDIR"), executable, "/var/lib/dpkg/info");
+}
+
+UpdateTarget targetOf(const UpdateBuild& build, const Installation& installation) {
+    return {build.version,    std::string(build::machine), build.channel, gnu_get_libc_version(), {},
+            installation.kind};
 }
 
 bool canInstall(const UpdateBuild& build, const Installation& installation) {

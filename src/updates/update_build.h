@@ -15,6 +15,7 @@ struct UpdateBuild {
     std::vector<UpdateKey> keys;  ///< whose signature is trusted
     bool distribution = false;    ///< a distribution updates the program
     std::string website;          ///< https address of the home page
+    std::string channel = {};     ///< followed besides the one without a name
 
     static UpdateBuild ofThisProgram();
 };
@@ -33,6 +34,9 @@ struct Installation {
     static Installation of(const char* appImageVariable, const char* appDirVariable,
                            const std::filesystem::path& executable, const std::filesystem::path& dpkgRecords);
 };
+
+/// What a feed's items are compared with.
+UpdateTarget targetOf(const UpdateBuild& build, const Installation& installation);
 
 /// Whether updates can be installed at all; otherwise they are only announced.
 bool canInstall(const UpdateBuild& build, const Installation& installation);

@@ -2,6 +2,7 @@
 
 #include <QXmlStreamReader>
 #include <charconv>
+#include <utility>
 
 #include "updates/app_version.h"
 #include "updates/xml_document.h"
@@ -26,14 +27,18 @@ void setOnce(std::string& member, const QStringView text) {
 
 /// The member for a name in the feed, attribute or element; null for none.
 std::string* memberFor(FeedItem& item, QStringView name) {
-    if (name == QLatin1String("version")) {
-        return &item.version;
-    }
-    if (name == QLatin1String("shortVersionString")) {
-        return &item.shortVersion;
-    }
-    if (name == QLatin1String("edSignature")) {
-        return &item.signature;
+    static constexpr std::pair<const char*, std::string FeedItem::*> members[] = {
+        {"version", &FeedItem::version},
+        {"shortVersionString", &FeedItem::shortVersion},
+        {"edSignature", &FeedItem::signature},
+        {"sha256", &FeedItem::sha256},
+        {"os", &FeedItem::os},
+        {"channel", &FeedItem::channel},
+        {"minimumSystemVersion", &FeedItem::minimumSystem}};
+    for (const auto& [known, member] : members) {
+        if (name == QLatin1String(known)) {
+            return &(item.*member);
+        }
     }
     return nullptr;
 }
@@ -88,6 +93,11 @@ std::vector<FeedItem> readChannels(QXmlStreamReader& xml) {
     return items;
 }
 
+bool isAtLeast(const std::string& version, const std::string& least) {
+    const auto order = compareAppVersions(version, least);
+    return order && std::is_gteq(*order);
+}
+
 bool endsWith(const std::string& url, std::string_view extension) {
     return url.size() > extension.size() && url.ends_with(extension);
 }
@@ -113,16 +123,24 @@ PackageKind packageKindOf(const FeedItem& item) {
     return endsWith(item.url, ".deb") ? PackageKind::debian : PackageKind::other;
 }
 
-const FeedItem* newestItem(const std::vector<FeedItem>& items, PackageKind wanted) {
+bool isFor(const UpdateTarget& target, const FeedItem& item) {
+    const bool ours = item.os.empty() ? packageKindOf(item) != PackageKind::other
+                                      : item.os == "linux" || item.os == "linux-" + target.machine;
+    const bool followed = item.channel.empty() || item.channel == target.channel;
+    return ours && followed && (item.minimumSystem.empty() || isAtLeast(target.system, item.minimumSystem));
+}
+
+const FeedItem* newestItem(const std::vector<FeedItem>& items, const UpdateTarget& target) {
     const FeedItem* newest = nullptr;
     for (const auto& item : items) {
-        const auto order =
-            newest == nullptr
-                ? std::strong_ordering::greater
-                : compareAppVersions(item.version, newest->version).value_or(std::strong_ordering::less);
-        const bool fitsBetter =
-            newest != nullptr && packageKindOf(item) == wanted && packageKindOf(*newest) != wanted;
-        if (std::is_gt(order) || (std::is_eq(order) && fitsBetter)) {
+        if (!isFor(target, item) || isAtLeast(target.version, item.version) ||
+            (!target.lowest.empty() && !isAtLeast(item.version, target.lowest))) {
+            continue;
+        }
+        const bool wanted = packageKindOf(item) == target.kind;
+        const bool held = newest != nullptr && packageKindOf(*newest) == target.kind;
+        if (newest == nullptr || (wanted && !held) ||
+            (wanted == held && !isAtLeast(newest->version, item.version))) {
             newest = &item;
         }
     }

@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "updates/app_image.h"
+#include "updates/self_check.h"
 #include "updates/update_download.h"
 
 namespace kzq {
@@ -10,8 +11,8 @@ namespace {
 
 constexpr auto feedLimit = std::chrono::seconds(60);
 // A package is large and the user sees its progress: it may take long, as long as data comes.
-constexpr auto packageLimit = std::chrono::hours(2);
-constexpr auto packageSilence = std::chrono::seconds(60);
+constexpr auto packageLimit = std::chrono::milliseconds(0);
+constexpr auto packageSilence = std::chrono::seconds(30);
 constexpr auto packagePermissions = std::filesystem::perms(0644);
 constexpr const char* cancelledText = "cancelled";
 
@@ -47,6 +48,29 @@ std::string fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient
         return reasonOf(stored.error());
     }
     return fetched ? "" : "the update could not be downloaded: " + fetched.reason;
+}
+
+/// Empty, or why the program in place was taken back.
+std::string tryOut(const UpdateJob& job) {
+    const auto said = job.selfCheck(job.place);
+    if (said && *said == selfCheckLine(job.item.version)) {
+        return {};
+    }
+    const auto why = said ? "it is another version than stated" : said.error().where;
+    const auto back = takeBackAppImage(job.place);
+    return "the new version does not work: " + why +
+           (back ? "; the previous one is back in its place"
+                 : "; " + reasonOf(back.error()) + ", so rename " + job.place.string() + ".previous");
+}
+
+/// Empty, or why not.
+std::string install(const UpdateJob& job, UpdateDownload& download) {
+    if (job.installation.kind != PackageKind::appImage) {
+        const auto placed = download.place(packagePermissions);
+        return placed ? "" : reasonOf(placed.error());
+    }
+    const auto replaced = replaceAppImage(job.place, download);
+    return replaced ? tryOut(job) : reasonOf(replaced.error());
 }
 
 }  // namespace
@@ -91,9 +115,7 @@ std::string perform(const UpdateJob& job, HttpClient& http) {
         return cancelledText;
     }
     enter(job, UpdateRun::Stage::installing);
-    const auto placed = job.installation.kind == PackageKind::appImage ? replaceAppImage(job.place, download)
-                                                                       : download.place(packagePermissions);
-    return placed ? "" : reasonOf(placed.error());
+    return install(job, download);
 }
 
 }  // namespace kzq

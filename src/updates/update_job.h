@@ -8,11 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "platform/result.h"
 #include "updates/http_client.h"
 #include "updates/update_build.h"
 #include "updates/update_feed.h"
 
 namespace kzq {
+
+/// Starts a program once, as kzq::selfCheck does.
+using SelfCheck = std::function<Result<std::string>(const std::filesystem::path& program)>;
 
 /// Shared by the main thread and the background job of one check or one installation.
 struct UpdateRun {
@@ -55,13 +59,15 @@ struct UpdateJob {
     std::filesystem::path place;  ///< the package's final path
     std::shared_ptr<UpdateRun> run;
     std::function<void()> post;  ///< asks the main thread to show the run
+    SelfCheck selfCheck;
 };
 
 /// Where the package for an installation goes: over the AppImage, or into `downloads`.
 std::filesystem::path packagePlace(const Installation& installation, const std::filesystem::path& downloads,
                                    const FeedItem& item);
 
-/// Does the job. Returns why it failed; empty for success. Blocks; a worker thread.
+/// Does the job: an AppImage that does not start, or as another version, is taken back. Returns why it
+/// failed; empty for success. Blocks; a worker thread.
 std::string perform(const UpdateJob& job, HttpClient& http);
 
 }  // namespace kzq

@@ -32,7 +32,8 @@ Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::stri
     if (!installed.empty() && isUnknown(present)) {
         return Trouble{Kind::unknownVersion, {}, 0, installed};
     }
-    const FirmwareSource source(*environment.http, environment.manifest, environment.home);
+    const FirmwareSource source(*environment.http, {environment.manifest, environment.keys},
+                                environment.home);
     auto entry = source.newest();
     if (!entry) {
         return noted(std::move(entry.error()));

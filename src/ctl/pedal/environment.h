@@ -22,6 +22,7 @@
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "updates/http_client.h"
+#include "updates/update_signature.h"
 
 namespace kzq::ctl {
 
@@ -59,6 +60,8 @@ struct Environment {
     std::function<std::vector<Finding>()> examine = [] { return std::vector<Finding>(); };
     /// Receives every line of the log, preceded by its category; may be empty. Must not log. Any thread.
     std::function<void(std::string_view line)> logged = {};
+    /// Who signs the manifest; see FirmwareServer.
+    std::vector<UpdateKey> keys = {};
 };
 
 }  // namespace kzq::ctl

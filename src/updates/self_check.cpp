@@ -1,0 +1,46 @@
+#include "updates/self_check.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+
+namespace kzq {
+namespace {
+
+Trouble unusable(const std::string& why) {
+    return {Trouble::Kind::unverified, why};
+}
+
+/// An AppImage's runtime sets these for its own content, which is not that of the program to be checked.
+QProcessEnvironment environmentOfItsOwn() {
+    auto environment = QProcessEnvironment::systemEnvironment();
+    for (const auto* name : {"APPIMAGE", "APPDIR", "ARGV0", "OWD", "LD_LIBRARY_PATH", "QT_PLUGIN_PATH"}) {
+        environment.remove(QLatin1String(name));
+    }
+    return environment;
+}
+
+}  // namespace
+
+std::string selfCheckLine(std::string_view version) {
+    return "7306 Loop Manager " + std::string(version) + " starts";
+}
+
+Result<std::string> selfCheck(const std::filesystem::path& program, std::chrono::milliseconds limit) {
+    QProcess process;
+    process.setProcessEnvironment(environmentOfItsOwn());
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(QString::fromStdString(program.string()), {QStringLiteral("--self-check")});
+    if (!process.waitForFinished(static_cast<int>(limit.count()))) {
+        const bool started = process.state() != QProcess::NotRunning;
+        process.kill();
+        process.waitForFinished();
+        return unusable(started ? "it does not answer" : "it cannot be started");
+    }
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        return unusable("it ends with an error");
+    }
+    return process.readAllStandardOutput().trimmed().toStdString();
+}
+
+}  // namespace kzq
