@@ -8,13 +8,14 @@
 #include "ctl/speech/command_line.h"
 #include "page.h"
 #include "pedal/command_line.h"
+#include "release/options.h"
 
 namespace {
 
 using namespace kzq;
 using manual::ProgramText;
 
-constexpr const char* programs[] = {"kzq7306", "kzq7306ctl", "kzq7306-pedal"};
+constexpr const char* programs[] = {"kzq7306", "kzq7306ctl", "kzq7306-pedal", "kzq7306-release"};
 
 ProgramText textOf(const std::string& program) {
     if (program == "kzq7306ctl") {
@@ -23,6 +24,10 @@ ProgramText textOf(const std::string& program) {
     }
     if (program == "kzq7306-pedal") {
         const pedal::CommandLine line;
+        return manual::describe(line.app, KZQ_VERSION);
+    }
+    if (program == "kzq7306-release") {
+        const release::CommandLine line;
         return manual::describe(line.app, KZQ_VERSION);
     }
     const ProgramCommandLine line;

@@ -16,7 +16,12 @@ struct FakeWeb : HttpClient {
         if (body == bodies.end()) {
             return {HttpFailure::network, "no connection", {}};
         }
-        return {HttpFailure::none, {}, {body->second.begin(), body->second.end()}};
+        HttpResult result{HttpFailure::none, {}, {body->second.begin(), body->second.end()}};
+        if (request.sink) {
+            result.failure = request.sink(result.body) ? HttpFailure::none : HttpFailure::sink;
+            result.body.clear();
+        }
+        return result;
     }
     std::map<std::string, std::string> bodies;
     std::vector<std::string> requested;

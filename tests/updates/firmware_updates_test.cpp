@@ -9,6 +9,7 @@
 
 #include "platform/digest.h"
 #include "platform/log.h"
+#include "signer.h"
 #include "tls_server.h"
 #include "updates/qt_http_client.h"
 #include "virtual_executor.h"
@@ -27,6 +28,18 @@ std::string md5(const std::string& text) {
     return MD5String({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()}).value_or("");
 }
 
+/// Always fails, and counts simultaneous requests.
+struct CountingClient : HttpClient {
+    HttpResult fetch(const HttpRequest& /*request*/) override {
+        most = std::max<int>(most, ++inside);
+        std::this_thread::yield();
+        --inside;
+        return {HttpFailure::network, "none", {}};
+    }
+    std::atomic<int> inside = 0;
+    std::atomic<int> most = 0;
+};
+
 /// The updater on a virtual clock, a real server and a pedal of three variables.
 struct FirmwareUpdatesTest : testing::Test {
     FirmwareUpdatesTest() {
@@ -37,15 +50,34 @@ struct FirmwareUpdatesTest : testing::Test {
 
     void start() { start(client); }
     void start(HttpClient& http) {
-        updates =
-            FirmwareUpdates::updater({executor, http, [this] { return blank; }, [this] { return version; },
-                                      "0.1.0", home.path(), server.url(manifestPath),
-                                      [this](const std::string& text) {
-                                          EXPECT_TRUE(executor.onMainThread());
-                                          headline = text;
-                                          notes.clear();
-                                      },
-                                      [this](const std::string& text) { notes += text; }, limit});
+        FirmwareEnvironment environment{executor,
+                                        http,
+                                        [this] { return blank; },
+                                        [this] { return version; },
+                                        "0.1.0",
+                                        home.path(),
+                                        {server.url(manifestPath), keys},
+                                        [this](const std::string& text) {
+                                            EXPECT_TRUE(executor.onMainThread());
+                                            headline = text;
+                                            notes.clear();
+                                        },
+                                        [this](const std::string& text) { notes += text; }};
+        environment.server.silence = silence;
+        environment.newsChanged = [this] { shown = updates->news(); };
+        environment.time = [this] { return time; };
+        updates = FirmwareUpdates::updater(std::move(environment));
+    }
+    /// Publishes a signed entry.
+    void publish(const Signer& signer, std::uint64_t serial,
+                 const std::function<void(FirmwareEntry&)>& after = {}) {
+        auto entry = release::describe("pedal-1.06.bin", bytesOf(image), "1.06", {});
+        entry.serial = serial;
+        ASSERT_TRUE(signer.sign(entry));
+        if (after) {
+            after(entry);
+        }
+        server.set(manifestPath, {release::withEntry("", entry).value()});
     }
 
     std::string entry(const std::string& offered) const {
@@ -69,7 +101,10 @@ struct FirmwareUpdatesTest : testing::Test {
     TlsServer server;
     QtHttpClient client{TestAuthority::usual().authority};
     VirtualExecutor executor;
-    std::chrono::milliseconds limit = 20s;
+    std::vector<UpdateKey> keys;
+    std::chrono::milliseconds silence = 20s;
+    std::chrono::system_clock::time_point time{1000s};
+    FirmwareNews shown;
     bool blank = false;
     std::optional<std::string> version = "1.05";
     std::string headline;
@@ -193,7 +228,8 @@ TEST_F(FirmwareUpdatesTest, OffersNothingToAPedalThatWasFlashedInTheMeantime) {
         EXPECT_EQ(headline, "");
     }
     version = "1.05";
-    check();
+    updates->pedalRead();
+    executor.settle();
     EXPECT_EQ(updates->update(), file);
 }
 
@@ -216,12 +252,113 @@ TEST_F(FirmwareUpdatesTest, ABrokenConnectionLeavesNothingBehind) {
     server.set(imagePath, {std::string(image.size(), 'w')});
     check();
     EXPECT_EQ(offered(), "");
-    limit = 100ms;
+}
+
+TEST_F(FirmwareUpdatesTest, AnImageGoesOnWhereItBroke) {
+    silence = 100ms;
     start();
-    server.set(imagePath, {image, 200, {}, 10, true});
+    const auto partial = [this](std::size_t cut, bool ranges, const std::string& body) {
+        server.set(imagePath, {body, 200, {}, cut, true, false, true, ranges});
+    };
+    partial(5000, true, image);
+    EXPECT_EQ(check(), (Strings{manifestPath, imagePath}));
+    partial(4000, true, image);
+    EXPECT_EQ(check(), (Strings{manifestPath, imagePath + std::string(" from 5000")}));
+    EXPECT_EQ(offered(), "");
+    start();
+    partial(image.size(), true, image);
+    EXPECT_EQ(check(), (Strings{manifestPath, imagePath + std::string(" from 9000")}))
+        << "another run goes on";
+    EXPECT_EQ(readText(file), image);
+    EXPECT_EQ(offered(), "pedal-1.06.bin");
+    EXPECT_EQ(namesIn(cache.parent_path() / "downloads"), Strings{});
+    EXPECT_EQ(namesIn(cache), Strings{"pedal-1.06.bin"});
+
+    std::filesystem::remove(file);
+    partial(5000, false, std::string(image.size(), 'w'));
     check();
-    EXPECT_EQ(offered(), "") << "silent";
-    EXPECT_EQ(namesIn(cache), Strings{});
+    partial(image.size(), true, image);
+    EXPECT_EQ(check().back(), imagePath + std::string(" from 5000"));
+    EXPECT_FALSE(std::filesystem::exists(file)) << "halves of two images";
+    partial(5000, false, image);
+    EXPECT_EQ(check().back(), imagePath);
+    partial(image.size(), false, image);
+    EXPECT_EQ(check().back(), imagePath + std::string(" from 5000"));
+    EXPECT_EQ(readText(file), image) << "a server that always begins at the beginning";
+}
+
+TEST_F(FirmwareUpdatesTest, WithAPinnedKeyOnlyWhatTheMakerSignedLastCounts) {
+    const Signer maker;
+    const Signer stranger;
+    check();
+    EXPECT_EQ(offered(), "pedal-1.06.bin") << "without a key the list alone counts";
+    keys = {maker.key};
+    start();
+    check();
+    EXPECT_EQ(offered(), "") << "unsigned";
+    const std::pair<const char*, std::function<void(FirmwareEntry&)>> changes[] = {
+        {"name", [](auto& entry) { entry.name = "pedal-1.05.bin"; }},
+        {"size", [](auto& entry) { --entry.size; }},
+        {"digest", [](auto& entry) { entry.sha256.front() ^= 1; }},
+        {"version", [](auto& entry) { entry.version = "9.99"; }},
+        {"serial", [](auto& entry) { ++entry.serial; }},
+        {"signature", [&](auto& entry) { stranger.sign(entry); }}};
+    for (const auto& [what, change] : changes) {
+        publish(maker, 7, change);
+        EXPECT_EQ(check(), Strings{manifestPath}) << what;
+        EXPECT_EQ(offered(), "") << what;
+    }
+    publish(maker, 7);
+    std::filesystem::remove(file);
+    server.set(imagePath, {std::string(image.size(), 'w')});
+    check();
+    EXPECT_EQ(offered(), "");
+    server.set(imagePath, {image});
+    check();
+    EXPECT_EQ(offered(), "pedal-1.06.bin");
+    start();
+    publish(maker, 6);
+    check();
+    EXPECT_EQ(offered(), "") << "an older list, also for a later run";
+    publish(maker, 7);
+    check();
+    EXPECT_EQ(offered(), "pedal-1.06.bin");
+}
+
+TEST_F(FirmwareUpdatesTest, WhatWasJustInstalledIsNotOfferedAgain) {
+    check();
+    blank = true;
+    updates->clearUpdate();
+    check();
+    EXPECT_EQ(offered(), "") << "still in its loader";
+    blank = false;
+    version.reset();
+    updates->pedalRead();
+    check();
+    EXPECT_EQ(offered(), "") << "on its way back";
+    version = "1.06";
+    updates->pedalRead();
+    executor.settle();
+    EXPECT_EQ(server.takeRequests().back(), manifestPath) << "checked as soon as its version is known";
+    EXPECT_EQ(offered(), "");
+    version = "1.05";
+    updates->pedalRead();
+    executor.settle();
+    EXPECT_EQ(offered(), "pedal-1.06.bin") << "another pedal";
+    version = "1.06";
+    updates->pedalRead();
+    EXPECT_EQ(offered(), "") << "taken back before any check";
+}
+
+TEST_F(FirmwareUpdatesTest, ItIsKnownWhetherTheListCame) {
+    check();
+    EXPECT_EQ(shown, (FirmwareNews{time, std::nullopt, 0, 0}));
+    CountingClient none;
+    start(none);
+    check();
+    ASSERT_TRUE(shown.trouble);
+    EXPECT_EQ(shown.trouble->kind, Trouble::Kind::noServer);
+    EXPECT_EQ(shown.read, std::nullopt) << "never, by this one";
 }
 
 TEST_F(FirmwareUpdatesTest, ABadFileInTheCacheIsFetchedAnew) {
@@ -298,18 +435,6 @@ TEST_F(FirmwareUpdatesTest, ChecksEvery15SecondsForItsLife) {
     EXPECT_EQ(server.takeRequests(), Strings{}) << "gone before its job ran";
     EXPECT_EQ(headline, "");
 }
-
-/// Always fails, and counts simultaneous requests.
-struct CountingClient : HttpClient {
-    HttpResult fetch(const HttpRequest& /*request*/) override {
-        most = std::max<int>(most, ++inside);
-        std::this_thread::yield();
-        --inside;
-        return {HttpFailure::network, "none", {}};
-    }
-    std::atomic<int> inside = 0;
-    std::atomic<int> most = 0;
-};
 
 TEST_F(FirmwareUpdatesTest, OneRefreshAtATimeInTheWholeProcess) {
     CountingClient counting;

@@ -1,7 +1,6 @@
 #include "updates/su_updater.h"
 
 #include <gtest/gtest.h>
-#include <sodium.h>
 #include <sys/resource.h>
 
 #include <csignal>
@@ -36,17 +35,17 @@ struct SUUpdaterTest : testing::Test {
         writeText(app, "old program");
         std::filesystem::permissions(app, std::filesystem::perms(0751));
         shelf.resources[packageUrl] = package;
-        publish("0.2", packageUrl, package.size(), current.sign(package));
+        publish("0.2");
         start();
     }
 
-    void publish(const std::string& version, const std::string& url, std::size_t length,
-                 const std::string& signature) {
-        shelf.resources[feedUrl] =
-            "<rss><channel><item><description>Notes</description><enclosure version=\"" + version +
-            "\" url=\"" + url + "\" length=\"" + std::to_string(length) + "\" edSignature=\"" + signature +
-            "\"/></item></channel></rss>";
+    FeedItem signedItem(const std::string& version, const std::string& url = packageUrl) const {
+        auto item = itemFor(package, version, url);
+        current.sign(item);
+        return item;
     }
+    void publish(const std::string& version) { publish({signedItem(version)}); }
+    void publish(const std::vector<FeedItem>& items) { shelf.resources[feedUrl] = release::feedText(items); }
     void start() { start(shelf); }
     void start(HttpClient& http) {
         const UpdateDesktop desktop = {
@@ -56,7 +55,11 @@ struct SUUpdaterTest : testing::Test {
                 return note("relaunch " + path.filename().string());
             }};
         updater = std::make_shared<SUUpdater>(
-            UpdaterEnvironment{executor, http, desktop, build, installation, folder / "apps"});
+            UpdaterEnvironment{executor, http, desktop, build, installation, folder / "apps", folder / "home",
+                               [this](const auto& program) {
+                                   EXPECT_EQ(readText(program), package) << "in its place";
+                                   return selfCheck;
+                               }});
         updater->setFeedURL(feedUrl);
         updater->setDelegate(delegate);
         states.clear();
@@ -90,7 +93,12 @@ struct SUUpdaterTest : testing::Test {
         EXPECT_FALSE(std::filesystem::exists(app.string() + ".part")) << what;
     }
 
-    const std::string package = std::string(100'000, 'n') + "new program";
+    const std::string package = std::string(
+                                    "\x7F"
+                                    "ELF\2\1\1\0AI\2",
+                                    11) +
+                                std::string(100'000, 'n') + "new program";
+    Result<std::string> selfCheck = std::string("7306 Loop Manager 0.2 starts");
     TestFolder folder;
     const std::filesystem::path app = folder / "apps/loops.AppImage";
     VirtualExecutor executor;
@@ -145,7 +153,7 @@ TEST_F(SUUpdaterTest, ReplacesTheAppImageAndKeepsThePreviousOne) {
 
 TEST_F(SUUpdaterTest, RefusesWhatIsNotNewer) {
     for (const auto* version : {"0.1", "0.0.9"}) {
-        publish(version, packageUrl, package.size(), current.sign(package));
+        publish(version);
         EXPECT_EQ(check(), UpdateState::upToDate) << version;
         updater->install();
         EXPECT_EQ(state(), UpdateState::upToDate);
@@ -154,45 +162,88 @@ TEST_F(SUUpdaterTest, RefusesWhatIsNotNewer) {
 }
 
 TEST_F(SUUpdaterTest, InstallsNothingThatIsNotVerified) {
-    const auto signature = current.sign(package);
-    const struct {
-        const char* what;
-        std::string url;
-        std::size_t length;
-        std::string signature;
-    } entries[] = {{"plain http", "http://maker/new.AppImage", package.size(), signature},
-                   {"no length", packageUrl, 0, signature},
-                   {"no signature", packageUrl, package.size(), ""},
-                   {"more than a signature", packageUrl, package.size(), signature + "AAAA"}};
-    for (const auto& entry : entries) {
-        publish("0.2", entry.url, entry.length, entry.signature);
-        check();
-        expectUntouched(entry.what);
-    }
-    EXPECT_EQ(shelf.asked, Strings(4, feedUrl)) << "such a package is not even fetched";
-
     const Signer stranger;
+    const std::pair<const char*, std::function<void(FeedItem&)>> changes[] = {
+        {"plain http", [](auto& item) { item.url.erase(4, 1); }},
+        {"no length", [](auto& item) { item.length = 0; }},
+        {"no signature", [](auto& item) { item.signature.clear(); }},
+        {"more than a signature", [](auto& item) { item.signature += "AAAA"; }},
+        {"a stranger's signature", [&](auto& item) { stranger.sign(item); }},
+        {"an older package as a new version", [](auto& item) { item.version = "99.0"; }},
+        {"another length", [](auto& item) { ++item.length; }},
+        {"another digest", [](auto& item) { item.sha256.front() ^= 1; }},
+        {"of a channel", [this](auto& item) {
+             item.channel = "beta";
+             current.sign(item);
+             item.channel.clear();
+         }}};
+    for (const auto& [what, change] : changes) {
+        auto item = signedItem("0.2");
+        change(item);
+        publish({item});
+        check();
+        expectUntouched(what);
+    }
+    EXPECT_EQ(shelf.asked, Strings(std::size(changes), feedUrl)) << "such a package is not even fetched";
+
     auto altered = package;
     altered[50'000] ^= 1;
-    const struct {
-        const char* what;
-        std::string served;
-        std::string signature;
-    } packages[] = {{"a stranger's signature", package, stranger.sign(package)},
-                    {"another package's signature", package, current.sign("else")},
-                    {"one bit", altered, signature},
-                    {"too short", package.substr(1), current.sign(package.substr(1))},
-                    {"too long", package + "x", current.sign(package + "x")}};
-    for (const auto& [what, served, made] : packages) {
-        publish("0.2", packageUrl, package.size(), made);
+    publish("0.2");
+    for (const auto& served : {altered, package.substr(1), package + "x"}) {
         shelf.resources[packageUrl] = served;
         checkAndInstall();
-        expectUntouched(what);
+        expectUntouched(std::to_string(served.size()));
     }
     EXPECT_EQ(namesIn(folder / "apps"), Strings{"loops.AppImage"});
     shelf.resources[packageUrl] = package;
-    publish("0.2", packageUrl, package.size(), next.sign(package));
+    auto item = itemFor(package, "0.2", packageUrl);
+    next.sign(item);
+    publish({item});
     EXPECT_EQ(checkAndInstall(), UpdateState::ready) << "the next key counts as well";
+}
+
+TEST_F(SUUpdaterTest, TakesBackAnAppImageThatDoesNotWork) {
+    for (const auto& said : {Result<std::string>(Trouble{Trouble::Kind::unverified, "it ends with an error"}),
+                             Result<std::string>("7306 Loop Manager 0.1 starts")}) {
+        selfCheck = said;
+        checkAndInstall();
+        expectUntouched("taken back");
+        EXPECT_EQ(std::filesystem::status(app).permissions(), std::filesystem::perms(0751));
+        EXPECT_EQ(namesIn(folder / "apps"), Strings{"loops.AppImage"});
+    }
+    const std::string script = "#!/bin/sh\necho 7306 Loop Manager 0.2 starts\n";
+    shelf.resources[packageUrl] = script;
+    auto item = itemFor(script, "0.2", packageUrl);
+    current.sign(item);
+    publish({item});
+    checkAndInstall();
+    expectUntouched("no AppImage");
+}
+
+TEST_F(SUUpdaterTest, WhatIsNotForUsHidesNothingAndNothingGoesBack) {
+    auto beta = signedItem("0.6");
+    beta.channel = "beta";
+    auto elsewhere = signedItem("0.5");
+    elsewhere.os = "macos";
+    auto machine = signedItem("0.5");
+    machine.os = "linux-riscv128";
+    auto tooNew = signedItem("0.4");
+    tooNew.minimumSystem = "99.1";
+    const auto debian = signedItem("0.3", "https://maker/new.deb");
+    publish({beta, elsewhere, machine, tooNew, debian, signedItem("0.2"),
+             itemFor("x", "0.9", "https://maker/x.dmg")});
+    EXPECT_EQ(checkAndInstall(), UpdateState::ready) << updater->status().reason;
+    EXPECT_EQ(updater->status().version, "0.2");
+
+    start();
+    publish("0.1.5");
+    EXPECT_EQ(check(), UpdateState::upToDate) << "older than what was installed, for the old program as well";
+    build.channel = "beta";
+    current.sign(beta);
+    publish({signedItem("0.2"), beta});
+    start();
+    EXPECT_EQ(check(), UpdateState::offered);
+    EXPECT_EQ(updater->status().version, "0.6");
 }
 
 TEST_F(SUUpdaterTest, OnlyTellsWhereItMayNotInstall) {

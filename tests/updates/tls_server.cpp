@@ -5,19 +5,11 @@
 #include <QSslServer>
 #include <QSslSocket>
 #include <QThread>
-#include <cstdlib>
 #include <future>
-#include <stdexcept>
 
 namespace kzq::test {
 
 namespace {
-
-void shell(const std::string& command) {
-    if (std::system((command + " 2>/dev/null").c_str()) != 0) {  // NOLINT(*-mt-unsafe)
-        throw std::runtime_error("failed: " + command);
-    }
-}
 
 std::string headOf(const Answer& answer) {
     std::string head = "HTTP/1.1 " + std::to_string(answer.status) + " Status\r\nConnection: close\r\n";
@@ -31,25 +23,6 @@ std::string headOf(const Answer& answer) {
 }
 
 }  // namespace
-
-TestAuthority::TestAuthority(const std::string& subject) {
-    const TestFolder folder;
-    const std::string newKey = "-newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes ";
-    const std::string inside = "cd " + folder.path().string() + " && openssl ";
-    writeText(folder / "names", "subjectAltName=" + subject + "\n");
-    shell(inside + "req -x509 " + newKey +
-          "-days 2 -subj '/CN=Authority of a test' -keyout ca.key -out ca.pem");
-    shell(inside + "req " + newKey + "-subj /CN=server -keyout key.pem -out request");
-    shell(inside + "x509 -req -in request -CA ca.pem -CAkey ca.key -days 2 -extfile names -out server.pem");
-    authority = readText(folder / "ca.pem");
-    certificate = readText(folder / "server.pem");
-    key = readText(folder / "key.pem");
-}
-
-const TestAuthority& TestAuthority::usual() {
-    static const TestAuthority authority;
-    return authority;
-}
 
 class TlsServer::Thread : public QThread {
   public:
@@ -98,16 +71,27 @@ class TlsServer::Thread : public QThread {
         }
         socket.readAll();
         const auto path = head.split(' ').value(1).toStdString();
+        const auto range = head.indexOf("\r\nRange: bytes=");
+        const auto first =
+            range < 0 ? 0 : head.mid(range).split('=').value(1).split('-').first().toULongLong();
         Answer answer{"", 404, {}, {}, false, false, true};
         {
             const std::lock_guard guard(mutex);
-            requests.push_back(path);
+            requests.push_back(first == 0 ? path : path + " from " + std::to_string(first));
             if (const auto found = answers.find(path); found != answers.end()) {
                 answer = found->second;
             }
         }
         if (answer.mute) {
             return;
+        }
+        if (answer.ranges && first > 0) {
+            const auto whole = answer.body.size();
+            answer.status = 206;
+            answer.headers.emplace_back("Content-Range", "bytes " + std::to_string(first) + "-" +
+                                                             std::to_string(whole - 1) + "/" +
+                                                             std::to_string(whole));
+            answer.body.erase(0, first);
         }
         const auto body = answer.body.substr(0, answer.cutAfter.value_or(answer.body.size()));
         socket.write(QByteArray::fromStdString(headOf(answer) + body));

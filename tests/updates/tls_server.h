@@ -9,21 +9,21 @@
 #include <vector>
 
 #include "platform/fixed.h"
+#include "release/certificates.h"
 #include "test_folder.h"
 
 namespace kzq::test {
 
 /// A certificate authority made for this run, and a server certificate that it signed for `subject`, as in
 /// "IP:127.0.0.1".
-class TestAuthority {
-  public:
-    explicit TestAuthority(const std::string& subject = "IP:127.0.0.1");
+struct TestAuthority : release::Certificates {
+    explicit TestAuthority(const std::string& subject = "IP:127.0.0.1")
+        : Certificates(make(subject).value()) {}
     /// One for all tests.
-    static const TestAuthority& usual();
-
-    std::string authority;    ///< PEM
-    std::string certificate;  ///< PEM
-    std::string key;          ///< PEM
+    static const TestAuthority& usual() {
+        static const TestAuthority authority;
+        return authority;
+    }
 };
 
 /// The server's answer to a request for a path.
@@ -35,6 +35,7 @@ struct Answer {
     bool stall = false;                        ///< then nothing more, instead of closing
     bool mute = false;                         ///< nothing at all
     bool stateLength = true;
+    bool ranges = false;  ///< gives the rest of the body when asked for that
 };
 
 /// An HTTPS server on a thread of its own, on a free port of 127.0.0.1. Members may be called from any
@@ -46,7 +47,7 @@ class TlsServer : Fixed {
 
     std::string url(const std::string& path) const;
     void set(const std::string& path, Answer answer);
-    /// The paths requested since the last call.
+    /// The paths requested since the last call; "path from 10" for the rest of a body.
     std::vector<std::string> takeRequests();
 
   private:

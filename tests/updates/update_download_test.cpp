@@ -25,7 +25,7 @@ TEST(UpdateDownload, OnePlaceIsForOneDownloadAndForNobodyElse) {
         UpdateDownload second(folder / "package");
         const auto opened = second.open();
         ASSERT_FALSE(opened);
-        EXPECT_EQ(opened.error().where, "another program is downloading the update");
+        EXPECT_EQ(opened.error().where, "another program is downloading the same file");
     }
     EXPECT_EQ(readText(first.part()), "xxxxxxxxxx") << "neither cut nor removed by the second";
 }
@@ -34,10 +34,9 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
     const TestFolder folder;
     const Signer signer;
     const std::string package = "the program";
-    FeedItem item;
-    item.length = package.size();
-    item.signature = signer.sign(package);
-    const std::vector<std::uint8_t> bytes(package.begin(), package.end());
+    auto item = itemFor(package, "1", "https://maker/package.deb");
+    signer.sign(item);
+    const auto bytes = bytesOf(package);
     for (const bool exchanged : {true, false}) {
         std::optional<UpdateDownload> made(folder / "package");
         auto& download = *made;

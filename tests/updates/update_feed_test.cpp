@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "release/listings.h"
 #include "updates/app_version.h"
 
 using namespace kzq;
@@ -21,14 +22,16 @@ TEST(UpdateFeed, ReadsItemsInEitherForm) {
     const auto items = parsed(feed(R"(
         <item><title>1.2</title><description><![CDATA[<b>New</b> &amp; old]]></description>
           <enclosure url="https://a/b.AppImage" length="1234" u:version="1.2.0" u:shortVersionString="1.2 beta"
-                     u:edSignature="c2ln" type="application/octet-stream"/></item>
+                     u:edSignature="c2ln" sha256="5a" u:os="linux" u:minimumSystemVersion="2.36" type="application/octet-stream"/></item>
         <item><u:version> 1.3 </u:version><description>Plain &lt;text&gt;</description>
-          <enclosure url="https://a/b.deb" length="5"/><other><version>9</version></other></item>)"));
+          <u:channel>beta</u:channel><enclosure url="https://a/b.deb" length="5"/><other><version>9</version></other></item>)"));
     ASSERT_TRUE(items);
     ASSERT_EQ(items->size(), 2U);
-    EXPECT_EQ((*items)[0],
-              (FeedItem{"1.2.0", "1.2 beta", "https://a/b.AppImage", 1234, "c2ln", "<b>New</b> &amp; old"}));
-    EXPECT_EQ((*items)[1], (FeedItem{"1.3", "1.3", "https://a/b.deb", 5, "", "Plain <text>"}));
+    EXPECT_EQ((*items)[0], (FeedItem{"1.2.0", "1.2 beta", "https://a/b.AppImage", 1234, "c2ln",
+                                     "<b>New</b> &amp; old", "5a", "linux", "", "2.36"}));
+    EXPECT_EQ((*items)[1],
+              (FeedItem{"1.3", "1.3", "https://a/b.deb", 5, "", "Plain <text>", "", "", "beta", ""}));
+    EXPECT_EQ(parsed(release::feedText(*items)), items) << "what the maker's program writes";
     EXPECT_EQ(parsed(feed("")), std::vector<FeedItem>{});
 }
 

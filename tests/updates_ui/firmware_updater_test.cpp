@@ -20,7 +20,7 @@ struct FirmwareUpdaterTest : testing::Test, FirmwareUpdaterDelegate {
         offer(R"(One <img src='file:///x'> & more","Two)");
         updater = FirmwareUpdater::updater(
             {executor, shelf, [] { return false; }, [] { return std::optional<std::string>("1.05"); },
-             "0.1.0", home.path().toStdString(), "https://maker/_.json", nullptr, nullptr});
+             "0.1.0", home.path().toStdString(), {"https://maker/_.json"}, nullptr, nullptr});
         updater->setDelegate(this);
     }
     ~FirmwareUpdaterTest() override { executor.endJobs(); }

@@ -26,24 +26,25 @@ struct SoftwareUpdateTest : testing::Test {
     ~SoftwareUpdateTest() override { executor.endJobs(); }
 
     void publish(const std::string& version) {
-        shelf.resources["https://maker/feed"] =
-            R"(<rss><channel><item><description>&lt;ul&gt;&lt;li&gt;New&lt;/ul&gt;</description>)"
-            R"(<enclosure url="https://maker/new.AppImage" version=")" +
-            version + R"(" length=")" + std::to_string(package.size()) + R"(" edSignature=")" +
-            signer.sign(package) + R"("/></item></channel></rss>)";
+        auto item = itemFor(package, version, "https://maker/new.AppImage");
+        item.notes = "<ul><li>New</ul>";
+        signer.sign(item);
+        shelf.resources["https://maker/feed"] = release::feedText({item});
     }
     void start(UpdateBuild build) {
         const UpdateDesktop desktop = {[](const std::filesystem::path&) { return true; },
                                        [this](const std::string& url) { return note(url); },
                                        [this](const std::filesystem::path&) { return note("relaunch"); }};
         const std::filesystem::path home = folder.path().toStdString();
-        updater =
-            std::make_shared<SUUpdater>(UpdaterEnvironment{executor,
-                                                           shelf,
-                                                           desktop,
-                                                           std::move(build),
-                                                           {PackageKind::appImage, home / "loops.AppImage"},
-                                                           home});
+        updater = std::make_shared<SUUpdater>(
+            UpdaterEnvironment{executor,
+                               shelf,
+                               desktop,
+                               std::move(build),
+                               {PackageKind::appImage, home / "loops.AppImage"},
+                               home,
+                               home,
+                               [](const auto&) { return "7306 Loop Manager 0.2 starts"; }});
         updater->setFeedURL("https://maker/feed");
         update = SoftwareUpdate::softwareUpdate({updater, "0.1.0", [this] { return busy; }});
     }
@@ -68,7 +69,11 @@ struct SoftwareUpdateTest : testing::Test {
         executor.advance(10s);
     }
 
-    const std::string package = std::string(2'000'000, 'n');
+    const std::string package = std::string(
+                                    "\x7F"
+                                    "ELF\2\1\1\0AI\2",
+                                    11) +
+                                std::string(1'999'989, 'n');
     Signer signer;
     QTemporaryDir folder;
     VirtualExecutor executor;

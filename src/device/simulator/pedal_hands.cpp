@@ -38,6 +38,11 @@ void SimulatedPedal::setVersion(const std::string& version) {
     version_ = version;
 }
 
+void SimulatedPedal::setNextVersion(const std::string& version) {
+    const Lock lock(mutex_);
+    nextVersion_ = version;
+}
+
 void SimulatedPedal::setStage(char stage) {
     const Lock lock(mutex_);
     stage_ = stage;

@@ -132,6 +132,8 @@ void SimulatedPedal::finishUpdate() {
     }
     if (const auto version = versionInImage(*loader_.installedImage())) {
         version_ = *version;
+    } else if (!nextVersion_.empty()) {
+        version_ = nextVersion_;
     }
     restartInto(stageNormal);
 }

@@ -99,6 +99,8 @@ class SimulatedPedal : Fixed {
     void setLoop(std::uint8_t address, std::optional<StoredLoop> loop);
     void setMemoryListener(MemoryListener listener);
     void setVersion(const std::string& version);
+    /// What an image that does not name its version installs as; empty: the version stays.
+    void setNextVersion(const std::string& version);
     void setStage(char stage);
     /// The pedal is being played: it answers 0xE8 with 'N'.
     void setBusy(bool busy);
@@ -202,6 +204,7 @@ class SimulatedPedal : Fixed {
 
     std::array<LoopPointer, loopSlots> loops_;  ///< by address; null: empty
     std::string version_;
+    std::string nextVersion_;
     char stage_;
     std::optional<char> nextStage_;  ///< while the pedal restarts: its stage after it has left the bus
     bool busy_ = false;
