@@ -107,12 +107,12 @@ void AppDelegate::cancelTransfer() {
 
 void AppDelegate::selectImportTab() {
     closeMenu();
-    parts_->presenter.importTab();
+    parts_->presenter.showTab(Slot::importContext);
 }
 
 void AppDelegate::selectExportTab() {
     closeMenu();
-    parts_->presenter.exportTab();
+    parts_->presenter.showTab(Slot::exportContext);
 }
 
 // --- the menu

@@ -18,13 +18,6 @@ namespace kzq {
 
 namespace {
 
-About::FirmwareVersion versionFrom(const Link& link) {
-    return [link] {
-        const auto looper = link();
-        return looper ? looper->version() : std::nullopt;
-    };
-}
-
 void makeSoftwareUpdater(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     const auto& environment = parts.environment;
     auto& updater = parts.panels.sparkle;
@@ -61,8 +54,12 @@ bool makeMenu(AppDelegate& controller, AppParts& parts) {
 void makePanels(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     const auto& environment = parts.environment;
     auto& panels = parts.panels;
-    panels.about = About::about(*controller, environment.executor, environment.dialogs,
-                                versionFrom(environment.link), environment.product);
+    const auto pedalVersion = [link = environment.link] {
+        const auto looper = link();
+        return looper ? looper->version() : std::nullopt;
+    };
+    panels.about = About::about(*controller, environment.executor, environment.dialogs, pedalVersion,
+                                environment.product);
     panels.progress = Progress::progress([weak = std::weak_ptr(controller)] {
         if (const auto self = weak.lock()) {
             self->cancelTransfer();
@@ -75,7 +72,7 @@ void makePanels(const std::shared_ptr<AppDelegate>& controller, AppParts& parts)
     panels.firmwareUpdater = FirmwareUpdater::updater({environment.executor,
                                                        environment.http,
                                                        pedalIsBlank,
-                                                       versionFrom(environment.link),
+                                                       pedalVersion,
                                                        environment.product.version,
                                                        environment.home,
                                                        {environment.firmwareManifest, environment.build.keys},
@@ -153,10 +150,9 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.exportButton(), &AppDelegate::exportButtonClicked);
     connect(window.selectAllButton(), &AppDelegate::selectAll);
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
-    fillMenuBar(*window.menuBar(),
-                {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox),
-                 [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
-                 act(&AppDelegate::quit)});
+    fillMenuBar(*window.menuBar(), {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox),
+                                    [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
+                                    act(&AppDelegate::quit)});
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ bool MenuControl::contains(QPoint point) const {
     return panels_.menu && panels_.menu->hitTest(point);
 }
 
-void MenuControl::open() {
+void MenuControl::open() const {
     if (view() == nullptr) {
         return;
     }
@@ -55,7 +55,7 @@ void MenuControl::open() {
     window_.menuButton()->hide();  // last, so that the focus does not move elsewhere
 }
 
-void MenuControl::close() {
+void MenuControl::close() const {
     if (view() == nullptr) {
         return;
     }
@@ -67,21 +67,21 @@ void MenuControl::close() {
     }
 }
 
-void MenuControl::up() {
+void MenuControl::up() const {
     if (panels_.menu) {
         const auto items = panels_.menu->items();
         moveHighlight(items.rbegin(), items.rend(), panels_.menu->website());
     }
 }
 
-void MenuControl::down() {
+void MenuControl::down() const {
     if (panels_.menu) {
         const auto items = panels_.menu->items();
         moveHighlight(items.begin(), items.end(), panels_.menu->about());
     }
 }
 
-void MenuControl::go() {
+void MenuControl::go() const {
     if (!panels_.menu) {
         return;
     }
@@ -95,14 +95,14 @@ void MenuControl::go() {
     }
 }
 
-void MenuControl::openMainWindow() {
+void MenuControl::openMainWindow() const {
     window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
     window_.show();
     window_.raise();
     window_.activateWindow();
 }
 
-void MenuControl::openAbout() {
+void MenuControl::openAbout() const {
     close();
     if (!panels_.about) {
         openMainWindow();  // otherwise done when the panel closes
@@ -114,13 +114,13 @@ void MenuControl::openAbout() {
     panels_.about->showWindow();
 }
 
-void MenuControl::checkForSoftwareUpdates() {
+void MenuControl::checkForSoftwareUpdates() const {
     if (panels_.softwareUpdate) {
         panels_.softwareUpdate->checkForUpdates();
     }
 }
 
-void MenuControl::openFirmwareUpdater() {
+void MenuControl::openFirmwareUpdater() const {
     if (!panels_.firmwareUpdater) {
         return;
     }
@@ -137,7 +137,7 @@ void MenuControl::openFirmwareUpdater() {
     }
 }
 
-void MenuControl::goToWebsite() {
+void MenuControl::goToWebsite() const {
     environment_.dialogs.openAddress(environment_.product.website);
 }
 

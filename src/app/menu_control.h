@@ -22,18 +22,18 @@ class MenuControl : Fixed {
     bool isOpen() const;
     /// `point` in coordinates of the main window.
     bool contains(QPoint point) const;
-    void open();
-    void close();
-    void up();
-    void down();
+    void open() const;
+    void close() const;
+    void up() const;
+    void down() const;
     /// Does what the highlighted item says; leaves the menu open.
-    void go();
+    void go() const;
 
-    void openMainWindow();
-    void openAbout();
-    void checkForSoftwareUpdates();
-    void openFirmwareUpdater();
-    void goToWebsite();
+    void openMainWindow() const;
+    void openAbout() const;
+    void checkForSoftwareUpdates() const;
+    void openFirmwareUpdater() const;
+    void goToWebsite() const;
 
   private:
     MenuView* view() const;

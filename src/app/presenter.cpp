@@ -205,16 +205,11 @@ void Presenter::exportsCleared() {
     window_.warning()->hide();
 }
 
-void Presenter::importTab() {
-    showTab(false);
-}
-
-void Presenter::exportTab() {
-    meter(model_.inUse());
-    showTab(true);
-}
-
-void Presenter::showTab(bool exports) {
+void Presenter::showTab(std::int32_t context) {
+    const bool exports = context != Slot::importContext;
+    if (exports) {
+        meter(model_.inUse());
+    }
     window_.importTabButton()->setPicture(exports ? "Menu_Import_Off" : "Menu_Import_On");
     window_.exportTabButton()->setPicture(exports ? "Menu_Export_On" : "Menu_Export_Off");
     window_.tabs()->setCurrentIndex(exports ? 1 : 0);

@@ -61,12 +61,8 @@ class Presenter : Fixed {
     void sent(SlotNumber slot);
     void exportsCleared();
 
-    // --- the tabs
-
-    /// The meter stays as it is.
-    void importTab();
-    void exportTab();
-
+    /// Context 0 is the import tab, which leaves the meter as it is.
+    void showTab(std::int32_t context);
     /// Ends any editing.
     void focusContent();
 
@@ -79,7 +75,6 @@ class Presenter : Fixed {
     void tell(const FlashEnd& end);
 
   private:
-    void showTab(bool exports);
     void enableImportAndErase(bool enabled);
     void enableSelectButtons(bool enabled);
     void emptyMeter();

@@ -26,13 +26,13 @@ void TransferPanel::open(std::uint64_t total, std::size_t loops, std::int32_t co
     progress->showWindow();
 }
 
-void TransferPanel::setPercent(double fraction) {
+void TransferPanel::setPercent(double fraction) const {
     if (panels_.progress) {
         panels_.progress->setPercent(fraction);
     }
 }
 
-void TransferPanel::close() {
+void TransferPanel::close() const {
     setPercent(1.0);
     if (panels_.progress) {
         panels_.progress->close();

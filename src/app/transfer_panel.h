@@ -22,13 +22,13 @@ class TransferPanel : Fixed {
     /// Shows it over the main window for a transfer of `total` bytes of so many loops; not for 0 bytes.
     /// Context 0 is an import, 1 an export.
     void open(std::uint64_t total, std::size_t loops, std::int32_t context);
-    void setPercent(double fraction);
+    void setPercent(double fraction) const;
     /// The same as a function.
     std::function<void(double fraction)> bar() {
         return [this](double fraction) { setPercent(fraction); };
     }
     /// Full, and then closed.
-    void close();
+    void close() const;
 
   private:
     MainWindow& window_;

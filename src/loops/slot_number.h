@@ -35,7 +35,7 @@ class SlotNumber {
 
     constexpr std::uint8_t number() const { return number_; }
     constexpr Address address() const { return Address(static_cast<std::uint8_t>(number_ - 1)); }
-    auto operator<=>(const SlotNumber&) const = default;
+    auto operator<=>(const SlotNumber&) const = default;  // NOLINT(modernize-use-nullptr): compared with 0
 
   private:
     constexpr explicit SlotNumber(std::uint8_t number) : number_(number) {}
