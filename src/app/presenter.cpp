@@ -219,6 +219,7 @@ void Presenter::focusContent() {
     window_.contentView()->setFocus();
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): of a window
 void Presenter::tell(const std::string& line) {
     log(LogCategory::application, line);
 }

@@ -68,8 +68,7 @@ class Presenter : Fixed {
 
     // --- what became of an operation: the one place that hears of everything that failed
 
-    void tell(
-        const std::string& line);  // NOLINT(readability-convert-member-functions-to-static): of a window
+    void tell(const std::string& line);
     /// `done` is what it does to loops: "saved", "written", "erased".
     void tell(std::string_view done, const Outcome& outcome);
     void tell(const FlashEnd& end);
