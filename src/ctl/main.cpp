@@ -41,10 +41,14 @@ int ended(ExitCode code) {
     return static_cast<int>(code);
 }
 
-int complain(const ctl::Explanation& problem, bool json = false) {
+int complain(ExitCode code, const std::string& sentence, bool json = false) {
     ctl::Output output(std::cout, std::cerr, false);
-    ctl::Report(output, json).stopped(problem);
-    return ended(problem.code);
+    return ended(ctl::Report(output, json).stopped(code, ctl::nameOfEnd(std::nullopt, code), sentence));
+}
+
+int complain(const Trouble& trouble, const std::string& sentence, bool json = false) {
+    ctl::Output output(std::cout, std::cerr, false);
+    return ended(ctl::Report(output, json).stopped(trouble, sentence));
 }
 
 /// The help or the version.
@@ -55,13 +59,14 @@ int show(const ctl::ParsedOptions& parsed) {
     } else {
         std::cout << parsed.text << std::flush;
     }
-    return std::cout ? ended(ExitCode::ok) : complain(ctl::outputLost());
+    return std::cout ? ended(ExitCode::ok)
+                     : complain({Trouble::Kind::outputLost}, conversionSentence({Trouble::Kind::outputLost}));
 }
 
 /// Without waiting for anything: the main thread may be stuck.
 void printCancelled(bool json) {
     if (pollfd out{STDOUT_FILENO, POLLOUT, 0}; json && ::poll(&out, 1, 0) == 1) {
-        auto end = ctl::finishedJson(ctl::cancelledByUser());
+        auto end = ctl::finishedJson(ExitCode::cancelled, "cancelled", "Cancelled.");
         end["schema"] = ctl::jsonSchema;
         const auto line = ctl::jsonText(end) + "\n";
         static_cast<void>(::write(STDOUT_FILENO, line.data(), line.size()));
@@ -89,20 +94,13 @@ Result<std::unique_ptr<simulator::Simulation>> simulate(Executor& executor, cons
     return made;
 }
 
-ctl::Explanation explainSimulation(const Trouble& trouble) {
-    return {trouble.kind == Trouble::Kind::badFault ? ExitCode::usage : ExitCode::fileError,
-            simulationSentence(trouble)};
-}
-
 std::vector<Finding> simulatedFindings() {
-    return {{PedalTrouble::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}}};
+    return {{Trouble::Kind::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}}};
 }
 
 Result<std::shared_ptr<recorder::SessionRecorder>> record(Executor& executor,
                                                           const std::filesystem::path& path) {
-    const auto ended = [](const Trouble& trouble) {
-        complain({ExitCode::fileError, recordingEndSentence(trouble)});
-    };
+    const auto ended = [](const Trouble& trouble) { complain(trouble, recordingEndSentence(trouble)); };
     return recorder::RecordingFile::create(path, ended).map([&](auto file) {
         auto made = std::make_shared<recorder::SessionRecorder>(executor, std::move(file));
         utsname kernel{};
@@ -141,7 +139,9 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     if (options.simulate) {
         auto made = simulate(executor, options);
         if (!made) {
-            return complain(explainSimulation(made.error()), options.json);
+            return complain(
+                made.error().kind == Trouble::Kind::badFault ? ExitCode::usage : ExitCode::fileError,
+                simulationSentence(made.error()), options.json);
         }
         simulation = std::move(*made);
     } else {
@@ -153,7 +153,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     if (!options.record.empty()) {
         auto made = record(executor, options.record);
         if (!made) {
-            return complain({ExitCode::fileError, recordingSentence(made.error())}, options.json);
+            return complain(made.error(), recordingSentence(made.error()), options.json);
         }
         recorder = std::move(*made);
         recording = std::make_unique<recorder::RecordingPort>(port, recorder);
@@ -206,7 +206,7 @@ int main(int argc, char** argv) {
         return run(*parsed.options, signals);
     }
     if (parsed.code != ExitCode::ok) {
-        return complain({parsed.code, parsed.text}, parsed.json);
+        return complain(parsed.code, parsed.text, parsed.json);
     }
     return show(parsed);
 }

@@ -22,7 +22,7 @@ void Session::start() {
     deadline_ = context_.executor.now() + context_.options.wait;
     KZQ7306::initialize(shared_from_this());
     if (!KZQ7306::looper()) {
-        context_.fail(systemVersionUnknown());
+        context_.fail(Trouble{Trouble::Kind::noSystemVersion});
         return;
     }
     watchArrival();
@@ -70,7 +70,7 @@ void Session::settle() {
         return;
     }
     if (!watching_ && context_.options.wait == Executor::Duration::zero()) {
-        context_.fail(noPedalConnected(environment_.diagnose()));
+        context_.fail(foundAbout({Trouble::Kind::noPedal}, environment_.diagnose()));
         return;
     }
     if (watching_ && !seen_) {
@@ -86,7 +86,7 @@ void Session::look() {
     }
     const auto left = watching_ ? timeBetweenLooks : deadline_ - context_.executor.now();
     if (left <= Executor::Duration::zero()) {
-        context_.fail(inUse_ ? *inUse_ : noPedalConnected(environment_.diagnose()));
+        context_.fail(inUse_ ? *inUse_ : foundAbout({Trouble::Kind::noPedal}, environment_.diagnose()));
         return;
     }
     context_.executor.mainAfter(std::min(left, timeBetweenLooks), [self = shared_from_this()] {
@@ -111,18 +111,18 @@ bool Session::explainFailure() {
         return false;
     }
     inUse_.reset();
-    const auto explanation = explainConnection(trouble, environment_.diagnose());
-    if (!explanation) {
+    if (!trouble || trouble->kind == Trouble::Kind::noPedal) {
         return false;
     }
+    const auto found = foundAbout(*trouble, environment_.diagnose());
     if (trouble->kind == Trouble::Kind::heldByAnother && context_.options.wait > Executor::Duration::zero()) {
-        inUse_ = explanation;
+        inUse_ = found;
     }
     if (watching_ || inUse_) {
-        context_.output.error(explanation->sentence);
+        context_.output.error(pedalSentence(found));
         return false;
     }
-    context_.fail(*explanation);
+    context_.fail(found);
     return true;
 }
 
@@ -135,7 +135,7 @@ void Session::watchArrival() {
                        [weak = weak_from_this()] {
                            const auto self = weak.lock();
                            if (self && self->waiting()) {
-                               self->context_.fail(pedalStoppedAnswering());
+                               self->context_.fail(Trouble{Trouble::Kind::silent});
                            }
                        });
     }

@@ -41,8 +41,8 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     std::shared_ptr<Command> command_;
     bool watching_;
     Executor::TimePoint deadline_;
-    std::optional<Trouble> seen_;       ///< the trouble that was there at the last look
-    std::optional<Explanation> inUse_;  ///< another program has the pedal, and the user wants to wait
+    std::optional<Trouble> seen_;   ///< the trouble that was there at the last look
+    std::optional<Trouble> inUse_;  ///< another program has the pedal, and the user wants to wait
     bool gaveTime_ = false;
     std::atomic<bool> connected_ = false;
     std::atomic<bool> found_ = false;  ///< it was connected once

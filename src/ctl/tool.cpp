@@ -71,6 +71,10 @@ void Tool::start() {
         context().fail(*obstacle);
         return;
     }
+    if (const auto code = command_->obstructed()) {
+        finish(*code);
+        return;
+    }
     if (command_->withoutPedal()) {
         return;
     }
@@ -100,8 +104,9 @@ void Tool::finish(ExitCode code) {
     session_->end();
     output_->endProgress();
     if (!output_->flush() && code == ExitCode::ok) {
-        output_->error(outputLost().sentence);
-        code = outputLost().code;
+        const Trouble lost{Trouble::Kind::outputLost};
+        output_->error(conversionSentence(lost));
+        code = exitCode(lost.kind);
     }
     environment_.finished(code);
 }

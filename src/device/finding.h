@@ -1,28 +1,18 @@
 #pragma once
 
 #include <algorithm>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
-namespace kzq {
+#include "platform/trouble.h"
 
-/// Why a pedal is not available, or does not fully work.
-enum class PedalTrouble {
-    nothingOnBus,
-    fileMissing,       ///< on the bus, but without its file in /dev, as in a container
-    ruleMissing,       ///< no permission, and no rule that would give it
-    ruleNotInForce,    ///< no permission, but there is a rule, installed after the pedal was plugged in
-    heldByAnother,     ///< a program has the interface
-    heldByDriver,      ///< a driver of the kernel has it
-    noUdev,            ///< as in a container: pedals plugged in later are not noticed
-    roadNotInstalled,  ///< import is refused: the usbtmc rules or their helper are missing
-    roadNotInForce     ///< import is refused: they were installed after the pedal was plugged in
-};
+namespace kzq {
 
 /// The result of one check of the pedal and this computer.
 struct Finding {
-    PedalTrouble kind;
+    Trouble::Kind kind;
     bool present = false;  ///< whether there is trouble of this kind
     std::string sentence;  ///< what was found, in either case, and what to do by hand
     std::string remedy;    ///< a shell command that fixes it or shows more; empty if there is none
@@ -34,11 +24,37 @@ inline std::optional<Finding> firstTrouble(const std::vector<Finding>& findings)
     return found == findings.end() ? std::nullopt : std::optional(*found);
 }
 
+inline Trouble asTrouble(const Finding& finding) {
+    return {finding.kind, {}, 0, finding.sentence, finding.remedy};
+}
+
+/// What was found about that trouble with getting hold of a pedal, with the sentence in `words`; otherwise
+/// the trouble itself.
+inline Trouble foundAbout(const Trouble& trouble, const std::vector<Finding>& findings) {
+    using Kind = Trouble::Kind;
+    const auto first = [&](std::initializer_list<Kind> kinds) {
+        const auto found = std::ranges::find_if(findings, [kinds](const Finding& finding) {
+            return finding.present && std::ranges::find(kinds, finding.kind) != kinds.end();
+        });
+        return found == findings.end() ? trouble : asTrouble(*found);
+    };
+    switch (trouble.kind) {
+        case Kind::noPedal:
+            return first({Kind::noDeviceFile, Kind::noUdev});
+        case Kind::noPermission:
+            return first({Kind::ruleMissing, Kind::ruleNotInForce});
+        case Kind::heldByAnother:
+            return first({Kind::heldByAnother, Kind::heldByDriver});
+        default:
+            return trouble;
+    }
+}
+
 /// For a place that already says that no pedal is connected: the obstacle and its remedy, in one line. A
 /// remedy too long to read and type from there is left to the doctor. Empty if only the pedal is missing.
 inline std::string obstacleLine(const std::vector<Finding>& findings) {
     const auto found = std::ranges::find_if(findings, [](const Finding& finding) {
-        return finding.present && finding.kind != PedalTrouble::nothingOnBus;
+        return finding.present && finding.kind != Trouble::Kind::nothingOnBus;
     });
     if (found == findings.end()) {
         return {};

@@ -26,4 +26,9 @@ inline std::string loopName(unsigned slot) {
     return "Loop " + std::to_string(slot);
 }
 
+/// "1 loop", "3 loops"
+inline std::string loopsText(std::uint64_t count) {
+    return std::to_string(count) + (count == 1 ? " loop" : " loops");
+}
+
 }  // namespace kzq

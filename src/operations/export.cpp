@@ -68,9 +68,8 @@ class Export {
 
     void writeEach() {
         auto waiting = order_.exports;
-        for (const auto& info : inOrderOfGrowth(order_.exports, order_.seen)) {
-            const auto slot = SlotNumber::of(info.destination).value();
-            Exports next = {{slot, info}};
+        for (const auto slot : inOrderOfGrowth(order_.exports, order_.seen)) {
+            Exports next = {{slot, order_.exports.at(slot)}};
             if (!check(next, waiting)) {
                 return;
             }
@@ -186,15 +185,16 @@ Outcome runExport(Pedal& pedal, const ExportOrder& order, const Events& events) 
     return Export(pedal, order, events).run();
 }
 
-std::vector<ExportInfo> inOrderOfGrowth(const Exports& exports, const Loops& loops) {
-    const auto growth = [&loops](const ExportInfo& info) {
-        const auto* const old = loops.find(SlotNumber::of(info.destination).value());
-        const auto frames = static_cast<std::int64_t>(Frames::ofBytes(info.bytes).count);
-        return std::min<std::int64_t>(frames - (old == nullptr ? 0 : std::int64_t{old->samples}), 0);
+std::vector<SlotNumber> inOrderOfGrowth(const Exports& exports, const Loops& loops) {
+    const auto growth = [&](SlotNumber slot) {
+        const auto* const old = loops.find(slot);
+        const auto frames = static_cast<std::int64_t>(Frames::ofBytes(exports.at(slot).bytes).count);
+        return frames - (old == nullptr ? 0 : std::int64_t{old->samples});
     };
-    std::vector<ExportInfo> order;
-    std::ranges::copy(std::views::values(exports), std::back_inserter(order));
-    std::ranges::stable_sort(order, {}, growth);
+    std::vector<SlotNumber> order;
+    std::ranges::copy(std::views::keys(exports), std::back_inserter(order));
+    std::ranges::stable_sort(order, {},
+                             [&growth](SlotNumber slot) { return std::min<std::int64_t>(growth(slot), 0); });
     return order;
 }
 

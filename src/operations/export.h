@@ -27,6 +27,6 @@ struct ExportOrder {
 Outcome runExport(Pedal& pedal, const ExportOrder& order, const Events& events);
 
 /// What makes loops shorter comes first: in this order the pedal never holds more than before or after.
-std::vector<ExportInfo> inOrderOfGrowth(const Exports& exports, const Loops& loops);
+std::vector<SlotNumber> inOrderOfGrowth(const Exports& exports, const Loops& loops);
 
 }  // namespace kzq

@@ -101,6 +101,7 @@ class Import {
             outcome.file = std::move(*file);
             return;
         }
+        outcome.file = order_.folder;
         outcome.trouble = std::move(file.error());
         if (order_.batches == Batches::each) {
             outcome_.end = outcome.trouble;

@@ -25,7 +25,7 @@ struct ImportOrder {
         Frames frames = {};  ///< as the table has it; 0 for an empty slot
     };
 
-    std::vector<Item> loops;  ///< read in this order
+    std::vector<Item> loops = {};  ///< read in this order
     std::filesystem::path folder;
     WriteFile write = [](const auto& where, auto name, auto extension, auto bytes) {
         return writeNewFile(where, name, extension, bytes);

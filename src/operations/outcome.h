@@ -30,7 +30,7 @@ struct SlotOutcome {
     SlotNumber slot;
     Did did = Did::failed;
     std::optional<Trouble> trouble = {};  ///< what is wrong: also with a loop that was written
-    std::filesystem::path file = {};      ///< where it was saved
+    std::filesystem::path file = {};      ///< where it was saved; its folder, if it could not be
     Frames frames = {};                   ///< its length
 };
 
@@ -47,8 +47,10 @@ struct Outcome {
     /// How many loops came to a good end.
     std::size_t done() const;
     bool whole() const { return !end && done() == wanted; }
-    /// The first loop that failed; null if none did.
+    /// Null if no loop failed.
     const SlotOutcome* firstFailure() const;
+    /// Whether what ended it is what the last loop failed with.
+    bool endIsTold() const { return end && !slots.empty() && slots.back().trouble == end; }
 };
 
 /// How the loops are handed to the link.

@@ -59,6 +59,22 @@ std::string notSavedSentence(const std::string& what, const std::filesystem::pat
     return what + " was not saved: could not write to " + folder.string() + ": " + fileSentence(trouble);
 }
 
+std::string folderSentence(const Trouble& trouble) {
+    const auto folder = "folder " + quoted(trouble);
+    if (trouble.words == "folder") {
+        return "The " + folder + " cannot be created: " + reasonOf(trouble);
+    }
+    if (trouble.words == "files") {
+        return "No files can be created in the " + folder + ": " + reasonOf(trouble) +
+               " Choose a folder that you can write to.";
+    }
+    if (trouble.error == ENOTDIR) {
+        return quoted(trouble) + " is not a folder. Choose a folder for the files.";
+    }
+    return trouble.error == ENOENT ? "The " + folder + " does not exist, and neither does its parent folder."
+                                   : "The " + folder + ": " + reasonOf(trouble);
+}
+
 std::string spaceSentence(const Trouble& trouble) {
     return "There is too little space in " + quoted(trouble) + ": " + trouble.words +
            ". Make room or choose another folder.";

@@ -2,7 +2,9 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
+#include "operations/outcome.h"
 #include "platform/trouble.h"
 
 namespace kzq {
@@ -10,12 +12,26 @@ namespace kzq {
 // The only place that puts troubles into words for a user: what is, why, and what to do. Complete sentences.
 // Any thread.
 
+/// Why the pedal cannot be used, or why work with it has ended.
+std::string pedalSentence(const Trouble& trouble);
+/// Of a loop that failed or is not what it should be. `done`, here and below, is what the operation does to
+/// loops: "saved", "written", "erased". "Loop 4 was not saved: the slot is empty."
+std::string slotSentence(std::string_view done, const SlotOutcome& outcome);
+/// What ended an operation before its last loop, and what may have come of it; empty if nothing did.
+std::string endSentence(std::string_view done, const Outcome& outcome);
+/// "2 of 3 loops saved."; empty if even that is not known.
+std::string countSentence(std::string_view done, const Outcome& outcome);
+/// All of it.
+std::string outcomeSentences(std::string_view done, const Outcome& outcome);
+
 /// Of a file that was not written: "No space left on device. Free some space or choose another folder."
 std::string fileSentence(const Trouble& trouble);
 /// The same about something that was to be saved in `folder`.
 std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,
                              const Trouble& trouble);
-/// Of a folder without room for the loops.
+/// Of a folder for files, before there is one.
+std::string folderSentence(const Trouble& trouble);
+/// Of one without room for the loops.
 std::string spaceSentence(const Trouble& trouble);
 
 /// Of an audio file or its conversion.

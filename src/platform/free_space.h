@@ -20,7 +20,7 @@ std::optional<std::uint64_t> freeSpace(const std::filesystem::path& folder);
 /// diskFull: files of `bytes` bytes in all do not fit into `folder`; `words` has the numbers. Nothing when
 /// they do, or when nobody knows. What another program writes meanwhile is not foreseen. Blocks; any thread.
 std::optional<Trouble> tooLittleSpace(const std::filesystem::path& folder, std::uint64_t bytes,
-                                          const FreeSpace& freeSpace = kzq::freeSpace);
+                                      const FreeSpace& freeSpace = kzq::freeSpace);
 
 /// "594 B", "12.3 kB", "2.1 MB", rounded down.
 std::string sizeText(std::uint64_t bytes);

@@ -46,18 +46,6 @@ TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
     EXPECT_TRUE(pedal.memory()[1]);
 }
 
-TEST_F(ToolTest, OnlyWhatTheUserWasAskedAboutIsErased) {
-    pedal.plugIn();
-    answer = [this] {
-        pedal.setLoop(1, loopOf(2, 1));
-        return Answer::yes;
-    };
-    EXPECT_EQ(run({"erase", "2", "5"}), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was changed on the pedal in the meantime"));
-    EXPECT_EQ(sent(0xED), 0);
-    EXPECT_EQ(run({"erase", "5"}), ExitCode::ok);
-}
-
 TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
     pedal.plugIn();
     port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {

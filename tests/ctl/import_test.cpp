@@ -106,51 +106,5 @@ TEST_F(ToolTest, FirstFileErrorEndsTheImport) {
     EXPECT_THAT(err.str(), HasSubstr("kzq7306ctl: Loop 5 was not saved: could not write"));
 }
 
-TEST_F(ToolTest, CancelKeepsWholeFilesAndStopsThePedal) {
-    pedal.plugIn();
-    port.pace = 10ms;
-    start({"import", "--all", "--to", folder});
-    executor.advance(95ms);  // in the third read of loop 20
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_EQ(executor.elapsed(), 100ms);
-    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
-    EXPECT_EQ(sent(0xEF), 1);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Cancelled.\n");
-    EXPECT_THAT(pedal.violations(), IsEmpty());
-
-    pedal.clearJournal();
-    port.tamper = [this](std::uint8_t request, std::span<std::uint8_t>) {
-        if (request == 0xEC) {  // the table is there, and the first loop comes next
-            executor.main([this] { tool->interrupt(); });
-        }
-    };
-    EXPECT_EQ(import({"5"}), ExitCode::cancelled);
-    EXPECT_EQ(sent(0xE8) + sent(0xEF), 0);
-}
-
-TEST_F(ToolTest, CancelEndsAnImportThatHangsEvenWhenTheResetDoesNotHelp) {
-    pedal.plugIn();
-    plan("silence@in:3");
-    plan("silence@EF");
-    start({"import", "--all", "--to", folder, "--patience", "0"});
-    executor.advance(1h);
-    EXPECT_FALSE(code);
-    tool->interrupt();
-    EXPECT_EQ(finish(), ExitCode::cancelled);
-    EXPECT_LE(seconds(), 3600 + 4);
-    EXPECT_THAT(files(), IsEmpty());
-}
-
-TEST_F(ToolTest, SilentPedalIsGivenUpAndWholeFilesAreKept) {
-    pedal.plugIn();
-    port.pace = 1s;
-    plan("silence@in:9");
-    EXPECT_EQ(import({"--all", "--patience", "20"}), ExitCode::pedalRefused);
-    EXPECT_EQ(seconds(), 8 + 20 + 2);  // eight reads, the patience, the grace
-    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav"));
-    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal stopped answering. Unplug it and plug it in again.\n");
-}
-
 }  // namespace
 }  // namespace kzq::test

@@ -52,9 +52,9 @@ TEST_F(ToolTest, WaitsForThePedalAsLongAsAsked) {
 
 TEST_F(ToolTest, NoPermissionTellsTheRemedy) {
     port.setOpenResult(usbAccess);
-    findings = {{PedalTrouble::roadNotInstalled, true, "Something else.", "fix it"},
-                {PedalTrouble::ruleNotInForce, false, "All is well.", {}},
-                {PedalTrouble::ruleMissing, true, "Its rule is missing.", "sudo install it"}};
+    findings = {{Trouble::Kind::roadNotInstalled, true, "Something else.", "fix it"},
+                {Trouble::Kind::ruleNotInForce, false, "All is well.", {}},
+                {Trouble::Kind::ruleMissing, true, "Its rule is missing.", "sudo install it"}};
     start({"list", "--wait", "60"});
     executor.advance(std::chrono::seconds(2));
     pedal.plugIn();
@@ -66,7 +66,7 @@ TEST_F(ToolTest, NoPermissionTellsTheRemedy) {
 TEST_F(ToolTest, WaitsForAPedalThatAnotherProgramHas) {
     port.setClaimResult(usbBusy);
     pedal.plugIn();
-    findings = {{PedalTrouble::heldByAnother, true, "The pedal is in use by a (process 5).", {}}};
+    findings = {{Trouble::Kind::heldByAnother, true, "The pedal is in use by a (process 5).", {}}};
     EXPECT_EQ(run({"list", "--wait", "9"}), ExitCode::pedalRefused);
     EXPECT_EQ(seconds(), 9);
     EXPECT_EQ(err.str(),
@@ -82,9 +82,9 @@ TEST_F(ToolTest, WaitsForAPedalThatAnotherProgramHas) {
 }
 
 TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
-    findings = {{PedalTrouble::nothingOnBus, false, "A pedal is there.", {}},
-                {PedalTrouble::ruleNotInForce, true, "Not yet.", "cd caf\xe9"},
-                {PedalTrouble::noUdev, true, "No udev.", {}}};
+    findings = {{Trouble::Kind::nothingOnBus, false, "A pedal is there.", {}},
+                {Trouble::Kind::ruleNotInForce, true, "Not yet.", "cd caf\xe9"},
+                {Trouble::Kind::noUdev, true, "No udev.", {}}};
     EXPECT_EQ(run({"doctor"}), ExitCode::noPermission);
     EXPECT_EQ(out.str(), "ok  A pedal is there.\n!!  Not yet.\n      cd caf\xe9\n!!  No udev.\n");
     EXPECT_EQ(run({"doctor", "--json"}), ExitCode::noPermission);
@@ -92,13 +92,6 @@ TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
     EXPECT_EQ(events().at(3)["trouble"], "rule-not-in-force");
     findings.clear();
     EXPECT_EQ(run({"doctor"}), ExitCode::ok);
-}
-
-TEST_F(ToolTest, AStatusThatFailedOnceIsReadAgain) {
-    pedal.plugIn();
-    plan("stall@EB");
-    EXPECT_EQ(run({"list", "--json"}), ExitCode::ok);
-    EXPECT_EQ(nlohmann::json::parse(out.str())["loops"].size(), 3);
 }
 
 struct BadAnswer {
@@ -121,11 +114,8 @@ TEST_P(BadAnswers, AreToldAndNotListed) {
 INSTANTIATE_TEST_SUITE_P(
     Faults, BadAnswers,
     testing::Values(BadAnswer{"stall@EB+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
-                    BadAnswer{"shorten@EC+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
-                    BadAnswer{"stall@EA+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
                     BadAnswer{"unplug@EC", ExitCode::noPedal, "The pedal was unplugged.\n", 0},
-                    BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12},
-                    BadAnswer{"silence@E9", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
+                    BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
 
 TEST_F(ToolTest, PatienceCoversOpeningThePedal) {
     port.openPace = std::chrono::hours(1);

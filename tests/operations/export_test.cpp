@@ -156,11 +156,7 @@ TEST(ExportOrder, WhatShrinksGoesFirst) {
          std::map<SlotNumber, std::uint64_t>{{1_slot, 90}, {2_slot, 10}, {3_slot, 45}, {4_slot, 5}}) {
         exports[slot] = {"x", slot.number(), loops.contains(slot), frames * 6};
     }
-    std::vector<int> order;
-    for (const auto& info : inOrderOfGrowth(exports, loops)) {
-        order.push_back(info.destination);
-    }
-    EXPECT_THAT(order, ElementsAre(2, 3, 1, 4));
+    EXPECT_THAT(inOrderOfGrowth(exports, loops), ElementsAre(2_slot, 3_slot, 1_slot, 4_slot));
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ class DiagnosisTest : public testing::Test {
         fs::create_symlink("../../../drivers/" + driver, link);
     }
     /// What is told first; "" when all is well.
-    std::string told(PedalTrouble kind) {
+    std::string told(Trouble::Kind kind) {
         const auto first = firstTrouble(diagnose(places_));
         if (!first) {
             return {};
@@ -74,21 +74,21 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
     EXPECT_EQ(diagnose(places_).size(), 5);
 
     write("drivers/usbtmc/new_id", "308a 0105");
-    EXPECT_THAT(told(PedalTrouble::roadNotInForce), HasSubstr("udevadm trigger"));
+    EXPECT_THAT(told(Trouble::Kind::roadNotInForce), HasSubstr("udevadm trigger"));
     fs::remove(root_ / "helpers/kzq7306-usbtmc");
-    EXPECT_THAT(told(PedalTrouble::roadNotInstalled), HasSubstr("install"));
+    EXPECT_THAT(told(Trouble::Kind::roadNotInstalled), HasSubstr("install"));
 
     fs::remove(root_ / "control");
-    EXPECT_EQ(told(PedalTrouble::noUdev), "");
+    EXPECT_EQ(told(Trouble::Kind::noUdev), "");
     bind("usbtmc");
-    EXPECT_EQ(told(PedalTrouble::noUdev), "") << "the programs take the pedal back from it";
+    EXPECT_EQ(told(Trouble::Kind::noUdev), "") << "the programs take the pedal back from it";
     bind("cdc_acm");
-    EXPECT_THAT(told(PedalTrouble::heldByDriver), HasSubstr("echo 3-1.2:1.0"));
+    EXPECT_THAT(told(Trouble::Kind::heldByDriver), HasSubstr("echo 3-1.2:1.0"));
     bind("usbfs");
-    EXPECT_THAT(told(PedalTrouble::heldByAnother), HasSubstr("nodes/003/014"));
+    EXPECT_THAT(told(Trouble::Kind::heldByAnother), HasSubstr("nodes/003/014"));
 
     fs::remove_all(root_ / "devices/3-1.2");
-    EXPECT_THAT(told(PedalTrouble::nothingOnBus), HasSubstr("lsusb"));
+    EXPECT_THAT(told(Trouble::Kind::nothingOnBus), HasSubstr("lsusb"));
 }
 
 TEST_F(DiagnosisTest, NamesTheProgramThatHasThePedal) {
@@ -96,7 +96,7 @@ TEST_F(DiagnosisTest, NamesTheProgramThatHasThePedal) {
     ASSERT_EQ(::flock(node.get(), LOCK_EX), 0);
     const auto first = firstTrouble(diagnoseByTrying(places_));
     ASSERT_TRUE(first);
-    EXPECT_EQ(first->kind, PedalTrouble::heldByAnother);
+    EXPECT_EQ(first->kind, Trouble::Kind::heldByAnother);
     EXPECT_THAT(first->sentence, HasSubstr("(process " + std::to_string(::getpid()) + ")"));
 }
 
@@ -151,20 +151,20 @@ TEST_F(DiagnosisTest, NoPermissionWithAndWithoutARule) {
     fs::copy_file(KZQ_RULES, root_ / "share/kzq7306/70-kzq7306.rules");
     write("bin/program", "");
     places_.program = root_ / "bin/program";
-    const auto toldToUser = [this](PedalTrouble kind) {
+    const auto toldToUser = [this](Trouble::Kind kind) {
         const AsUser user;
         return told(kind);
     };
-    const std::string anew = toldToUser(PedalTrouble::ruleNotInForce);
+    const std::string anew = toldToUser(Trouble::Kind::ruleNotInForce);
     EXPECT_THAT(anew, HasSubstr("udevadm trigger"));
 
     const std::string rule = R"(ATTR{idVendor}=="308a", ATTR{idProduct}=="0104", )";
     write("rules/70-kzq7306.rules", " # " + rule + "TAG+=\"uaccess\"\n" + rule + "RUN+=\"kzq7306-usbtmc\"");
-    EXPECT_THAT(toldToUser(PedalTrouble::ruleMissing),
+    EXPECT_THAT(toldToUser(Trouble::Kind::ruleMissing),
                 testing::AllOf(HasSubstr((root_ / "share/kzq7306/70-kzq7306.rules").string()),
                                HasSubstr(" && " + anew)));
     fs::remove(root_ / "nodes/003/014");
-    EXPECT_EQ(toldToUser(PedalTrouble::fileMissing), "");
+    EXPECT_EQ(toldToUser(Trouble::Kind::noDeviceFile), "");
     EXPECT_THAT(obstacleLine(diagnose(places_)), HasSubstr("container"));
     fs::remove_all(root_ / "devices/3-1.2");
     EXPECT_EQ(obstacleLine(diagnose(places_)), "") << "only the pedal is missing";

@@ -37,11 +37,13 @@ std::uint64_t sizeToSave(const Loops& loops, const BackupIndex& index) {
 
 }  // namespace
 
-BackupCommand::BackupCommand(Context context) : PedalCommand(std::move(context)), folder_(options().folder) {}
+BackupCommand::BackupCommand(Context context)
+    : WorkerCommand(std::move(context)), folder_(options().folder) {}
 
 std::optional<Explanation> BackupCommand::obstacle() {
     // A finished backup is only compared with, which a folder that cannot be written to allows.
-    return folder_.isComplete() ? std::nullopt : folderObstacle(folder_.path());
+    const auto trouble = folder_.isComplete() ? std::nullopt : folderTrouble(folder_.path());
+    return trouble ? std::optional(Explanation{ExitCode::fileError, folderSentence(*trouble)}) : std::nullopt;
 }
 
 ExitCode BackupCommand::work(PedalWorker& pedal) {

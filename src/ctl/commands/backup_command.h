@@ -1,13 +1,13 @@
 #pragma once
 
-#include "ctl/commands/pedal_command.h"
+#include "ctl/commands/worker_command.h"
 #include "ctl/speech/progress_line.h"
 #include "operations/backup_folder.h"
 
 namespace kzq::ctl {
 
 /// Copies every loop into a folder with an index; compares when the folder holds a complete backup already.
-class BackupCommand : public PedalCommand {
+class BackupCommand : public WorkerCommand {
   public:
     explicit BackupCommand(Context context);
 

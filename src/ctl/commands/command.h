@@ -10,6 +10,7 @@
 #include "ctl/speech/report.h"
 #include "ctl/speech/sentences.h"
 #include "device/kzq7306.h"
+#include "operations/sentences.h"
 #include "platform/fixed.h"
 
 namespace kzq::ctl {
@@ -23,12 +24,22 @@ struct Context {
     std::function<void(ExitCode)> finish;
     const Environment& environment;
 
-    /// Reports why the command ends before its work is done.
-    void explain(const Explanation& explanation) const { Report(output, options.json).stopped(explanation); }
+    /// Reports why the command ends before its work is done; returns the exit code.
+    ExitCode explain(const Trouble& trouble, const std::string& sentence) const {
+        return Report(output, options.json).stopped(trouble, sentence);
+    }
+    ExitCode explain(const Trouble& trouble) const { return explain(trouble, pedalSentence(trouble)); }
+    ExitCode explain(ExitCode code, const std::string& sentence) const {
+        return Report(output, options.json).stopped(code, nameOfEnd(std::nullopt, code), sentence);
+    }
+    ExitCode explain(const Explanation& explanation) const {
+        Report(output, options.json).stopped(explanation);
+        return explanation.code;
+    }
     /// Reports it and ends the program.
-    void fail(const Explanation& explanation) const {
-        explain(explanation);
-        finish(explanation.code);
+    template <class... Why>
+    void fail(const Why&... why) const {
+        finish(explain(why...));
     }
 };
 
@@ -37,7 +48,8 @@ class Command : Fixed {
   public:
     virtual ~Command() = default;
 
-    /// What stands in the way before the pedal is touched.
+    /// Reports what stands in the way before the pedal is touched, if anything does.
+    virtual std::optional<ExitCode> obstructed() { return std::nullopt; }
     virtual std::optional<Explanation> obstacle() { return std::nullopt; }
     /// Begins, and answers true, if the command is one that needs no pedal.
     virtual bool withoutPedal() { return false; }

@@ -14,21 +14,21 @@
 
 namespace kzq::ctl {
 
-std::optional<Explanation> ConvertCommand::obstacle() {
+std::optional<ExitCode> ConvertCommand::obstructed() {
     const auto& output = context_.options.output;
     if (output == standardStream) {
         return context_.environment.terminal
-                   ? std::optional(Explanation{
-                         ExitCode::usage, "Standard output is a terminal. Redirect it to a file or a pipe."})
+                   ? std::optional(context_.explain(
+                         ExitCode::usage, "Standard output is a terminal. Redirect it to a file or a pipe."))
                    : std::nullopt;
     }
     std::error_code error;
     if (std::filesystem::symlink_status(output, error).type() == std::filesystem::file_type::not_found) {
         return std::nullopt;
     }
-    return Explanation{ExitCode::fileError,
-                       "\"" + output.string() +
-                           "\" already exists. Existing files are never overwritten; choose another name."};
+    return context_.explain(ExitCode::fileError, "\"" + output.string() +
+                                                     "\" already exists. Existing files are never "
+                                                     "overwritten; choose another name.");
 }
 
 bool ConvertCommand::withoutPedal() {
@@ -51,16 +51,15 @@ void ConvertCommand::done(const Result<ConvertedFile>& file) {
     context_.output.endProgress();
     const auto& source = context_.options.files.front();
     const bool reads = source == standardStream;
-    if (!file) {
-        context_.fail(cancelled_
-                          ? cancelledByUser()
-                          : Explanation{ExitCode::fileError,
-                                        conversionSentence(file.error(), reads ? "standard input" : "")});
+    if (cancelled_ && !file) {
+        context_.fail(Trouble{Trouble::Kind::cancelled});
+    } else if (!file) {
+        context_.fail(ExitCode::fileError, conversionSentence(file.error(), reads ? "standard input" : ""));
     } else if (file->frames > capacityFrames) {  // the rest of it was not converted
         std::error_code ignored;
         std::filesystem::remove(file->path, ignored);
-        context_.fail({ExitCode::fileError, (reads ? "Standard input" : "\"" + source.string() + "\"") +
-                                                " is longer than the pedal's 24 minutes."});
+        context_.fail(ExitCode::fileError, (reads ? "Standard input" : "\"" + source.string() + "\"") +
+                                               " is longer than the pedal's 24 minutes.");
     } else {
         report(*file);
         context_.finish(ExitCode::ok);

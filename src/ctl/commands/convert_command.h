@@ -13,7 +13,7 @@ class ConvertCommand : public Command, public std::enable_shared_from_this<Conve
     explicit ConvertCommand(Context context) : context_(std::move(context)) {}
 
     bool withoutPedal() override;
-    std::optional<Explanation> obstacle() override;
+    std::optional<ExitCode> obstructed() override;
     void connected(const std::shared_ptr<KZQ7306>& /*looper*/) override {}
     void disconnected() override {}
     void cancel() override { cancelled_ = true; }

@@ -10,11 +10,13 @@ bool DoctorCommand::withoutPedal() {
     const auto findings = context_.environment.examine();
     show(findings);
     const auto trouble = firstTrouble(findings);
-    const auto end = trouble ? explain(*trouble) : Explanation{};
+    const auto code = trouble ? exitCode(trouble->kind) : ExitCode::ok;
     if (context_.options.json) {
-        printJson(context_.output, finishedJson(end));
+        printJson(context_.output, trouble ? finishedJson(code, nameOfFinding(trouble->kind),
+                                                          pedalSentence(asTrouble(*trouble)))
+                                           : finishedJson(code, {}, {}));
     }
-    context_.finish(end.code);
+    context_.finish(code);
     return true;
 }
 
@@ -23,7 +25,7 @@ void DoctorCommand::show(const std::vector<Finding>& findings) const {
         if (context_.options.json) {
             printJson(context_.output, {{"event", "finding"},
                                         {"ok", !finding.present},
-                                        {"name", troubleName(finding.kind)},
+                                        {"name", nameOfFinding(finding.kind)},
                                         {"message", finding.sentence},
                                         {"command", finding.remedy}});
             continue;

@@ -1,39 +1,27 @@
 #include "ctl/commands/erase_command.h"
 
+#include <algorithm>
+#include <iterator>
 #include <nlohmann/json.hpp>
+#include <ranges>
 
 #include "ctl/speech/format.h"
-#include "loops/facts.h"
+#include "operations/erase.h"
+#include "operations/table.h"
 
 namespace kzq::ctl {
-namespace {
 
-/// The work ended before the pedal could be asked what it still holds. A pedal that is there keeps its word;
-/// but a request to one that has left reads like a consent.
-void countUnseen(const PedalWorker& pedal, std::optional<std::uint8_t> agreed, Tally& tally) {
-    const auto end = pedal.ended();
-    if (agreed && end && end->code == ExitCode::cancelled) {
-        tally.done += *agreed;
-    } else if (pedal.begun() && agreed != 0) {
-        tally.doubt = "Some of the loops may have been erased.";
-    }
-}
-
-}  // namespace
-
-ExitCode EraseCommand::work(PedalWorker& pedal) {
+ExitCode EraseCommand::work(Pedal& pedal) {
     const auto status = pedal.status();
     if (!status) {
-        return stop(pedal);
+        return stop(status.error());
     }
     const auto slots = occupied(status->loops);
-    Tally tally;
-    tally.wanted = slots.size();
     if (slots.empty()) {
-        return conclude(pedal, tally, "There is nothing to erase.");
+        return conclude("erased", {}, "There is nothing to erase.");
     }
-    if (const auto problem = impossibleLength(status->loops, slots)) {
-        return stop(*problem);
+    if (auto trouble = impossibleLength(status->loops, slots)) {
+        return conclude("erased", {.end = std::move(trouble)}, "");
     }
     for (const auto slot : slots) {
         report().tell(
@@ -44,23 +32,16 @@ ExitCode EraseCommand::work(PedalWorker& pedal) {
             declined(pedal, "Erased loop audio cannot be restored. Would you like to continue?")) {
         return *code;
     }
-    auto loops = status->loops;
-    if (const auto problem = changedSince(pedal, loops, slots)) {
-        return stop(*problem);
-    }
-    eraseAndLook(pedal, report(), slots, tally);
-    const auto all = loopsText(tally.wanted);
-    const auto done = tally.done == tally.wanted ? all : std::to_string(tally.done) + " of " + all;
-    return conclude(pedal, tally, tally.unsure() ? "" : done + " erased.");
+    const auto outcome = runErase(pedal, {.slots = slots, .seen = status->loops},
+                                  {.slot = [this](const SlotOutcome& loop) { tell(loop); }});
+    return conclude("erased", outcome, countSentence("erased", outcome));
 }
 
 /// Those of the wanted slots that hold a loop.
 std::vector<SlotNumber> EraseCommand::occupied(const Loops& loops) {
     std::vector<SlotNumber> slots;
     if (options().all) {
-        for (const auto& [slot, loop] : loops) {
-            slots.push_back(slot);
-        }
+        std::ranges::copy(std::views::keys(loops), std::back_inserter(slots));
         return slots;
     }
     for (const auto slot : options().slots) {
@@ -74,26 +55,12 @@ std::vector<SlotNumber> EraseCommand::occupied(const Loops& loops) {
     return slots;
 }
 
-std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std::vector<SlotNumber>& slots,
-                                  Tally& tally) {
-    const auto count = pedal.eraseLoops(slots);
-    const auto status = pedal.status();
-    if (!status) {
-        countUnseen(pedal, count, tally);
-        return std::nullopt;
+void EraseCommand::tell(const SlotOutcome& outcome) {
+    if (outcome.trouble) {
+        failed("erased", outcome);
+    } else {
+        report().tell("erased", {{"slot", outcome.slot.number()}}, loopName(outcome.slot) + ": erased.");
     }
-    for (const auto slot : slots) {
-        const std::string name = loopName(slot);
-        if (!status->loops.contains(slot)) {
-            ++tally.done;
-            report.tell("erased", {{"slot", slot.number()}}, name + ": erased.");
-        } else {
-            tally.failures.push_back(
-                {ExitCode::pedalRefused, name + " was not erased: it is still on the pedal."});
-            report.failed(slot, troubleName(Trouble::Kind::refused), tally.failures.back().sentence);
-        }
-    }
-    return status->loops;
 }
 
 }  // namespace kzq::ctl

@@ -1,7 +1,8 @@
 #pragma once
 
+#include <vector>
+
 #include "ctl/commands/pedal_command.h"
-#include "loops/slot_number.h"
 
 namespace kzq::ctl {
 
@@ -11,15 +12,11 @@ class EraseCommand : public PedalCommand {
     using PedalCommand::PedalCommand;
 
   protected:
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 
   private:
     std::vector<SlotNumber> occupied(const Loops& loops);
+    void tell(const SlotOutcome& outcome);
 };
-
-/// Erases and looks afterwards which loops are gone; the others are reported and counted as failures. Nothing
-/// when the work has ended, otherwise what the pedal holds now.
-std::optional<Loops> eraseAndLook(PedalWorker& pedal, Report& report, const std::vector<SlotNumber>& slots,
-                                  Tally& tally);
 
 }  // namespace kzq::ctl

@@ -1,89 +1,90 @@
 #include "ctl/commands/export_command.h"
 
 #include <algorithm>
-#include <iterator>
 #include <nlohmann/json.hpp>
+#include <ranges>
 #include <system_error>
+#include <utility>
 
+#include "audio/wave.h"
 #include "ctl/commands/conversion_progress.h"
-#include "ctl/commands/loop_writer.h"
 #include "ctl/speech/format.h"
-#include "loops/facts.h"
+#include "ctl/speech/progress_line.h"
 #include "operations/loop_file.h"
-#include "operations/sentences.h"
+#include "operations/table.h"
 
 namespace kzq::ctl {
-ExitCode ExportCommand::work(PedalWorker& pedal) {
+
+namespace {
+
+constexpr const char* overwriteQuestion =
+    "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to "
+    "continue?";
+
+bool overwrites(const Exports& exports) {
+    return std::ranges::any_of(std::views::values(exports), &ExportInfo::occupied);
+}
+
+}  // namespace
+
+ExitCode ExportCommand::work(Pedal& pedal) {
     WorkingCopies copies;
     copies_ = &copies;
     const auto status = pedal.status();
     if (!status) {
-        return stop(pedal);
+        return stop(status.error());
     }
-    if (const auto problem = impossibleLength(status->loops, allSlots())) {
-        return stop(*problem);
+    const auto& loops = status->loops;
+    if (auto trouble = impossibleLength(loops, allSlots())) {
+        return conclude("written", {.end = std::move(trouble)}, "");
     }
-    const auto slots = slotsForExport(options().files.size(), options().slot, status->loops);
-    if (const auto* const problem = std::get_if<Explanation>(&slots)) {
-        return stop(*problem);
+    const auto slots = slotsForExport(options().files.size(), options().slot, loops);
+    if (!slots) {
+        return stop(slots.error());
     }
-    if (const auto problem = stage(pedal, status->loops, std::get<0>(slots))) {
-        return stop(*problem);
-    }
-    showSpace(status->loops);
-    if (overwrites()) {
-        if (const auto code = declined(
-                pedal,
-                "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. "
-                "Would you like to continue?")) {
+    // Nothing is sent unless all of the files can be.
+    for (std::size_t i = 0; i < slots->size(); ++i) {
+        if (const auto code = stage(pedal, options().files.at(i), slots->at(i), loops)) {
             return *code;
         }
     }
-    auto loops = status->loops;
-    if (const auto problem = obstacleNow(pedal, loops, std::get<0>(slots), nothingDone)) {
-        return stop(*problem);
-    }
-    send(pedal, std::move(loops));
-    const auto all = loopsText(tally_.wanted);
-    const std::string done = tally_.done == tally_.wanted ? all : std::to_string(tally_.done) + " of " + all;
-    const std::string summary = done + (options().verify ? " written and compared." : " written.");
-    return conclude(pedal, tally_, tally_.unsure() ? "" : summary);
-}
-
-/// Nothing is sent unless all of the files can be.
-std::optional<Explanation> ExportCommand::stage(PedalWorker& pedal, const Loops& loops,
-                                                const std::vector<SlotNumber>& slots) {
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        if (auto problem = stageFile(pedal, options().files.at(i), slots[i], loops)) {
-            return problem;
+    const auto used = existingAndTeedUpExportSamples(loops, exports_);
+    report().tell("space", {{"samples", remainingFrames(used)}}, meterCaption(used));
+    if (overwrites(exports_)) {
+        if (const auto code = declined(pedal, overwriteQuestion)) {
+            return *code;
         }
     }
-    tally_.wanted = exports_.size();
-    return std::nullopt;
+    const auto outcome = write(pedal, loops);
+    return conclude("written", outcome,
+                    countSentence(options().verify ? "written and compared" : "written", outcome));
 }
 
-std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const std::filesystem::path& source,
-                                                    SlotNumber slot, const Loops& loops) {
+/// Takes a file up for that slot; otherwise it has been said why nothing is written.
+std::optional<ExitCode> ExportCommand::stage(Pedal& pedal, const std::filesystem::path& source,
+                                             SlotNumber slot, const Loops& loops) {
     const std::string name = "\"" + source.string() + "\"";
     const auto file = convert(pedal, source);
-    if (auto end = pedal.ended()) {
-        return end;
+    if (const auto end = pedal.stopped()) {
+        return stop(*end);
+    }
+    if (!file) {
+        const auto why = conversionSentence(file.error());
+        return stop(file.error(), why + (why.ends_with('.') ? "" : ".") + " Nothing was written.");
     }
     std::error_code error;
-    const auto size = file ? std::filesystem::file_size(file->path, error) : 0;
+    const auto size = std::filesystem::file_size(file->path, error);
     const auto info = error || size < waveHeaderSize ? std::nullopt
                                                      : exportInfoForLoop(slot.number(), loops.contains(slot),
                                                                          file->path, size - waveHeaderSize);
     if (!info) {
-        const std::string why = file ? name + " contains no audio." : conversionSentence(file.error());
-        const char* const next = why.ends_with('.') ? " Nothing was written." : ". Nothing was written.";
-        return Explanation{ExitCode::fileError, why + next};
+        return stop(Trouble{Trouble::Kind::noSound}, name + " contains no audio. Nothing was written.");
     }
-    const auto frames = info->bytes / frameBytes;
+    const auto frames = Frames::ofBytes(info->bytes).count;
     if (!fitsCapacity(existingAndTeedUpExportSamplesWithProposedExport(loops, exports_, frames, slot))) {
-        return Explanation{ExitCode::pedalRefused, name + ": " + std::string(tooLargeSentence)};
+        return stop(Trouble{Trouble::Kind::noRoom}, name + ": " + std::string(tooLargeSentence));
     }
-    exports_.insert_or_assign(slot, *info);
+    exports_[slot] = *info;
     report().tell(
         "staged",
         {{"slot", slot.number()},
@@ -95,7 +96,7 @@ std::optional<Explanation> ExportCommand::stageFile(PedalWorker& pedal, const st
     return std::nullopt;
 }
 
-Result<ConvertedFile> ExportCommand::convert(PedalWorker& pedal, const std::filesystem::path& source) {
+Result<ConvertedFile> ExportCommand::convert(Pedal& pedal, const std::filesystem::path& source) {
     const auto& environment = context().environment;
     const auto folder = environment.workingFolder();
     if (!folder) {
@@ -105,7 +106,7 @@ Result<ConvertedFile> ExportCommand::convert(PedalWorker& pedal, const std::file
         {.source = source,
          .output = *folder,
          .progress = conversionProgress(context(), "Converting " + source.filename().string(), source),
-         .cancelled = &pedal.endedFlag(),
+         .cancelled = &pedal.stoppedFlag(),
          .sync = false});
     context().output.endProgress();
     if (file) {
@@ -114,79 +115,34 @@ Result<ConvertedFile> ExportCommand::convert(PedalWorker& pedal, const std::file
     return file;
 }
 
-void ExportCommand::showSpace(const Loops& loops) {
-    const auto used = existingAndTeedUpExportSamples(loops, exports_);
-    report().tell("space", {{"samples", remainingFrames(used)}}, meterCaption(used));
-}
-
-bool ExportCommand::overwrites() const {
-    return std::any_of(exports_.begin(), exports_.end(),
-                       [](const auto& entry) { return entry.second.occupied; });
-}
-
-/// What has come up on the pedal since the user was asked: asked directly before a loop is written.
-std::optional<Explanation> ExportCommand::obstacleNow(PedalWorker& pedal, Loops& loops,
-                                                      const std::vector<SlotNumber>& slots,
-                                                      const char* consequence) {
-    if (auto problem = changedSince(pedal, loops, slots, consequence)) {
-        return problem;
+Outcome ExportCommand::write(Pedal& pedal, const Loops& loops) {
+    ExportOrder order{.exports = exports_, .seen = loops, .batches = Batches::each};
+    if (options().verify) {
+        order.same = [](const ExportInfo& info, ByteView image) {
+            return holdsSameAudio(info.source, image);
+        };
     }
-    if (fitsCapacity(existingAndTeedUpExportSamples(loops, exports_))) {
-        return std::nullopt;
-    }
-    return Explanation{
-        ExitCode::pedalRefused,
-        std::string("A loop was recorded on the pedal in the meantime, which leaves too little "
-                    "space, so ") +
-            consequence + ". Erase loops, or choose shorter files."};
-}
-
-void ExportCommand::send(PedalWorker& pedal, Loops loops) {
     std::uint64_t total = 0;
     for (const auto& [slot, info] : exports_) {
         total += info.bytes * (options().verify ? 2 : 1);
     }
-    const auto progress =
-        std::make_shared<ProgressLine>(context().executor, context().output, !options().json, total);
-    LoopWriter writer(pedal, progress);
-    const auto order = inOrderOfGrowth(exports_, loops);
-    auto waiting = order;
-    for (const auto slot : order) {
-        const auto& info = exports_.at(slot);
-        // Between two loops minutes may pass in which the pedal is free.
-        if (waiting.size() < order.size()) {
-            if (const auto problem = obstacleNow(pedal, loops, waiting, nothingMore)) {
-                pedal.end(*problem);
-                return;
-            }
-        }
-        std::erase(waiting, slot);
-        auto outcome = writer.write(slot, info);
-        if (outcome.sentence.empty()) {
-            outcome = options().verify
-                          ? writer.readBack(
-                                slot, [&info](ByteView image) { return holdsSameAudio(info.source, image); })
-                          : writer.confirm(slot, info);
-        }
-        if (!outcome.sentence.empty() && pedal.ended()) {
-            tally_.doubt = outcome.doubt;
-            return;
-        }
-        if (outcome.sentence.empty()) {
-            written(slot, info);
-        } else {
-            failed(tally_, slot, outcome.reason, {outcome.code, outcome.sentence});
-        }
-    }
-    progress->end();
+    ProgressLine progress(context().executor, context().output, !options().json, total);
+    return runExport(pedal, order,
+                     {.begins = [&](SlotNumber slot, Step step) { progress.begin(slot, step); },
+                      .moved = [&](SlotNumber /*slot*/, std::uint64_t bytes) { progress.update(bytes); },
+                      .slot = [this](const SlotOutcome& loop) { tell(loop); }});
 }
 
-void ExportCommand::written(SlotNumber slot, const ExportInfo& info) {
-    ++tally_.done;
+void ExportCommand::tell(const SlotOutcome& outcome) {
     context().output.endProgress();
+    if (outcome.trouble) {
+        failed("written", outcome);
+        return;
+    }
     report().tell(
-        "written", {{"slot", slot.number()}, {"samples", info.bytes / frameBytes}},
-        loopName(slot) + ": written" + (options().verify ? " and compared, sample for sample." : "."));
+        "written", {{"slot", outcome.slot.number()}, {"samples", outcome.frames.count}},
+        loopName(outcome.slot) + ": written" +
+            (outcome.did == SlotOutcome::Did::compared ? " and compared, sample for sample." : "."));
 }
 
 }  // namespace kzq::ctl

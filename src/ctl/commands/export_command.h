@@ -1,7 +1,10 @@
 #pragma once
 
+#include <vector>
+
 #include "ctl/commands/export_plan.h"
 #include "ctl/commands/pedal_command.h"
+#include "operations/export.h"
 
 namespace kzq::ctl {
 
@@ -11,25 +14,17 @@ class ExportCommand : public PedalCommand {
     using PedalCommand::PedalCommand;
 
   protected:
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 
   private:
-    std::optional<Explanation> stage(PedalWorker& pedal, const Loops& loops,
-                                     const std::vector<SlotNumber>& slots);
-    std::optional<Explanation> stageFile(PedalWorker& pedal, const std::filesystem::path& source,
-                                         SlotNumber slot, const Loops& loops);
-    Result<ConvertedFile> convert(PedalWorker& pedal, const std::filesystem::path& source);
-    void showSpace(const Loops& loops);
-    bool overwrites() const;
-
-    std::optional<Explanation> obstacleNow(PedalWorker& pedal, Loops& loops,
-                                           const std::vector<SlotNumber>& slots, const char* consequence);
-    void send(PedalWorker& pedal, Loops loops);
-    void written(SlotNumber slot, const ExportInfo& info);
+    std::optional<ExitCode> stage(Pedal& pedal, const std::filesystem::path& source, SlotNumber slot,
+                                  const Loops& loops);
+    Result<ConvertedFile> convert(Pedal& pedal, const std::filesystem::path& source);
+    Outcome write(Pedal& pedal, const Loops& loops);
+    void tell(const SlotOutcome& outcome);
 
     WorkingCopies* copies_ = nullptr;  ///< of this run
     Exports exports_;
-    Tally tally_;
 };
 
 }  // namespace kzq::ctl

@@ -41,7 +41,7 @@ void FirmwareCommand::show(const std::string& installed, const Result<FirmwareOf
         if (!offer) {
             const auto problem = explainFirmware(offer.error());
             output.error(problem.sentence);
-            object.update(finishedJson(problem));
+            object.update(finishedJson(problem.code, troubleName(problem), problem.sentence));
         } else {
             object["newest"] = offer->entry.version;
         }

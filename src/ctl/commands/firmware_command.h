@@ -1,14 +1,14 @@
 #pragma once
 
 #include "ctl/commands/firmware_offer.h"
-#include "ctl/commands/pedal_command.h"
+#include "ctl/commands/worker_command.h"
 
 namespace kzq::ctl {
 
 /// Shows the firmware that the pedal runs and the one that is offered.
-class FirmwareCommand : public PedalCommand {
+class FirmwareCommand : public WorkerCommand {
   public:
-    using PedalCommand::PedalCommand;
+    using WorkerCommand::WorkerCommand;
 
   protected:
     bool takesLoader() const override { return true; }

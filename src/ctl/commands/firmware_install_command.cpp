@@ -23,7 +23,7 @@ bool stopLater(FirmwareFlash& flash, Output& output) {
 }  // namespace
 
 FirmwareInstallCommand::FirmwareInstallCommand(Context context)
-    : PedalCommand(std::move(context)),
+    : WorkerCommand(std::move(context)),
       flash_(std::make_shared<FirmwareFlash>(this->context().executor, this->context().output)) {}
 
 std::optional<Explanation> FirmwareInstallCommand::obstacle() {
@@ -40,13 +40,13 @@ std::optional<Explanation> FirmwareInstallCommand::obstacle() {
 
 void FirmwareInstallCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
     if (!flash_->connected(*looper)) {
-        PedalCommand::connected(looper);
+        WorkerCommand::connected(looper);
     }
 }
 
 void FirmwareInstallCommand::disconnected() {
     if (!flash_->disconnected()) {
-        PedalCommand::disconnected();
+        WorkerCommand::disconnected();
     } else if (flash_->underWay()) {
         report().tell("phase", {{"phase", "left"}}, "");
     }
@@ -54,7 +54,7 @@ void FirmwareInstallCommand::disconnected() {
 
 void FirmwareInstallCommand::cancel() {
     if (!stopLater(*flash_, context().output)) {
-        PedalCommand::cancel();
+        WorkerCommand::cancel();
     }
 }
 

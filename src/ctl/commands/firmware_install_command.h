@@ -2,7 +2,7 @@
 
 #include "ctl/commands/firmware_flash.h"
 #include "ctl/commands/firmware_offer.h"
-#include "ctl/commands/pedal_command.h"
+#include "ctl/commands/worker_command.h"
 
 namespace kzq::ctl {
 
@@ -10,7 +10,7 @@ namespace kzq::ctl {
 ///
 /// Once the pedal has been asked to take it, nothing ends the program before the image is complete or has
 /// failed, and the exit code says which. A user who presses Ctrl-C is asked to wait.
-class FirmwareInstallCommand : public PedalCommand {
+class FirmwareInstallCommand : public WorkerCommand {
   public:
     explicit FirmwareInstallCommand(Context context);
 

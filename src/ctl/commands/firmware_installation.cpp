@@ -158,7 +158,7 @@ void FirmwareInstallation::tellPhase(const char* phase, const std::string& sente
 }
 
 ExitCode FirmwareInstallation::finished(bool installed, const Explanation& end) {
-    auto details = finishedJson(end);
+    auto details = finishedJson(end.code, troubleName(end), end.sentence);
     details["installed"] = installed;
     details["version"] = installed && !version_.empty() ? nlohmann::json(version_) : nlohmann::json();
     report_.tell("finished", std::move(details), end.code == ExitCode::ok ? end.sentence : "");

@@ -19,29 +19,23 @@ std::filesystem::path parentOf(const std::filesystem::path& folder) {
 
 }  // namespace
 
-std::optional<Explanation> folderObstacle(const std::filesystem::path& folder) {
-    const std::string name = "\"" + folder.string() + "\"";
+std::optional<Trouble> folderTrouble(const std::filesystem::path& folder) {
     std::error_code error;
     const auto type = std::filesystem::status(folder, error).type();
     const bool missing = type == std::filesystem::file_type::not_found;
     if (missing && !std::filesystem::is_directory(parentOf(folder), error)) {
-        return Explanation{ExitCode::fileError,
-                           "The folder " + name + " does not exist, and neither does its parent folder."};
+        return Trouble{Trouble::Kind::folder, folder.string(), ENOENT};
     }
     if (error) {
-        return Explanation{ExitCode::fileError, "The folder " + name + ": " + error.message() + "."};
+        return Trouble{Trouble::Kind::folder, folder.string(), error.value()};
     }
     if (!missing && type != std::filesystem::file_type::directory) {
-        return Explanation{ExitCode::fileError, name + " is not a folder. Choose a folder for the files."};
+        return Trouble{Trouble::Kind::folder, folder.string(), ENOTDIR};
     }
     std::string probe = (missing ? parentOf(folder) : folder) / ".kzq7306-XXXXXX";
     const int file = ::mkstemp(probe.data());
     if (file < 0) {
-        const std::string reason = std::generic_category().message(errno);
-        return Explanation{ExitCode::fileError,
-                           missing ? "The folder " + name + " cannot be created: " + reason + "."
-                                   : "No files can be created in the folder " + name + ": " + reason +
-                                         ". Choose a folder that you can write to."};
+        return Trouble{Trouble::Kind::folder, folder.string(), errno, missing ? "folder" : "files"};
     }
     ::close(file);
     ::unlink(probe.c_str());

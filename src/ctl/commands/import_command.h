@@ -1,8 +1,9 @@
 #pragma once
 
-#include "audio/wave.h"
+#include <vector>
+
 #include "ctl/commands/pedal_command.h"
-#include "ctl/speech/progress_line.h"
+#include "operations/import.h"
 
 namespace kzq::ctl {
 
@@ -11,21 +12,14 @@ class ImportCommand : public PedalCommand {
   public:
     using PedalCommand::PedalCommand;
 
-    std::optional<Explanation> obstacle() override;
+    std::optional<ExitCode> obstructed() override;
 
   protected:
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 
   private:
-    std::vector<SlotNumber> wanted(const Loops& loops) const;
-    void save(PedalWorker& pedal, SlotNumber slot, const Loop* loop);
-    void notSaved(SlotNumber slot, std::string_view reason, const Explanation& why);
-    void write(SlotNumber slot, const Bytes& image);
-    std::string summary(const PedalWorker& pedal) const;
-
-    std::shared_ptr<ProgressLine> progress_;
-    Tally tally_;
-    bool folderMade_ = false;
+    ImportOrder order(const Loops& loops) const;
+    void tell(const SlotOutcome& outcome);
 };
 
 }  // namespace kzq::ctl

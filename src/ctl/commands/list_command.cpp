@@ -7,10 +7,10 @@
 
 namespace kzq::ctl {
 
-ExitCode ListCommand::work(PedalWorker& pedal) {
+ExitCode ListCommand::work(Pedal& pedal) {
     const auto status = pedal.status();
     if (!status) {
-        return stop(pedal);
+        return stop(status.error());
     }
     if (options().json) {
         printJson(context().output, statusJson(*status), true);

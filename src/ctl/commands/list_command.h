@@ -10,7 +10,7 @@ class ListCommand : public PedalCommand {
     using PedalCommand::PedalCommand;
 
   protected:
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 };
 
 }  // namespace kzq::ctl

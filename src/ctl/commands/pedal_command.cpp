@@ -2,144 +2,80 @@
 
 #include <utility>
 
-#include "loops/capacity.h"
-#include "loops/facts.h"
-
 namespace kzq::ctl {
-namespace {
-
-Explanation nobodyToAsk() {
-    return {ExitCode::usage,
-            "Confirmation needed, but standard input is not a terminal. Nothing was changed; use --yes to "
-            "proceed.",
-            "confirmation-needed"};
-}
-
-}  // namespace
 
 PedalCommand::PedalCommand(Context context)
     : context_(std::move(context)), report_(context_.output, context_.options.json) {}
 
 void PedalCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
-    if (pedal_) {
+    if (std::exchange(found_, true)) {
         return;  // it was unplugged and is back, but the command ends anyway
     }
     if (looper->factoryBlank() && !takesLoader()) {
-        context_.fail(pedalInLoader());
+        context_.fail(Trouble{Trouble::Kind::inLoader});
         return;
     }
-    looper_ = looper;
-    pedal_ = std::make_shared<PedalWorker>(context_.executor, looper, context_.options.patience);
-    pedal_->start();
-    context_.executor.background(Priority::standard, [self = shared_from_this()] {
-        const ExitCode code = self->work(*self->pedal_);
-        self->pedal_->rest();
-        self->context_.executor.main([self, code] { self->context_.finish(code); });
+    pedal_ =
+        Pedal::create(context_.executor, looper, {.silence = context_.options.patience, .leaveBehind = true});
+    context_.executor.background(Priority::standard, [self = shared_from_this(), pedal = pedal_.get()] {
+        const ExitCode code = self->work(*pedal);
+        self->context_.executor.main([self, code] {
+            self->pedal_.reset();
+            self->context_.finish(code);
+        });
     });
 }
 
 void PedalCommand::disconnected() {
     if (pedal_) {
-        pedal_->end(pedalUnplugged());
+        pedal_->left();
     }
 }
 
 void PedalCommand::cancel() {
     if (pedal_) {
-        pedal_->end(cancelledByUser());
+        pedal_->stop(Trouble{Trouble::Kind::cancelled});
     } else {
-        context_.fail(cancelledByUser());
+        context_.fail(Trouble{Trouble::Kind::cancelled});
     }
 }
 
-ExitCode PedalCommand::stop(const Explanation& explanation) const {
-    context_.explain(explanation);
-    return explanation.code;
-}
-
-ExitCode PedalCommand::stop(const PedalWorker& pedal) const {
-    return stop(pedal.ended().value_or(statusUnreadable()));
-}
-
-ExitCode PedalCommand::conclude(const PedalWorker& pedal, const Tally& tally, const std::string& summary) {
-    const auto end = pedal.ended();
-    report_.finished(tally, end, summary);
-    return tally.exitCode(end);
-}
-
-std::optional<ExitCode> PedalCommand::declined(PedalWorker& pedal, const std::string& question) const {
+std::optional<ExitCode> PedalCommand::declined(Pedal& pedal, const std::string& question) const {
     if (context_.options.yes) {
         return std::nullopt;
     }
     context_.output.endProgress();
     const auto answer = std::make_shared<Answer>(Answer::nobody);
     const bool answered =
-        pedal.attempt([answer, question, ask = context_.environment.ask] { *answer = ask(question); });
+        pedal.aside([answer, question, ask = context_.environment.ask] { *answer = ask(question); });
     if (!answered) {
-        return stop(pedal);
+        return stop(pedal.stopped().value());
     }
     switch (*answer) {
         case Answer::yes:
             return std::nullopt;
         case Answer::no:
-            return stop({ExitCode::cancelled, "Cancelled. Nothing was changed."});
+            return stop(Trouble{Trouble::Kind::declined});
         case Answer::nobody:
             break;
     }
-    return stop(nobodyToAsk());
+    return stop(Trouble{Trouble::Kind::nobodyToAsk});
 }
 
-std::optional<Explanation> PedalCommand::changedSince(PedalWorker& pedal, Loops& loops,
-                                                      const std::vector<SlotNumber>& slots,
-                                                      const char* consequence) {
-    const auto now = pedal.status();
-    if (!now) {
-        auto end = pedal.ended().value_or(statusUnreadable());
-        end.sentence += " Nothing was changed.";
-        return end;
-    }
-    if (auto change = changedBetween(loops, now->loops, slots, consequence)) {
-        return change;
-    }
-    loops = now->loops;
-    return std::nullopt;
-}
-
-std::optional<Explanation> PedalCommand::changedBetween(const Loops& before, const Loops& now,
-                                                        const std::vector<SlotNumber>& slots,
-                                                        const char* consequence) {
-    for (const auto slot : slots) {
-        const auto* const was = before.find(slot);
-        const auto* const is = now.find(slot);
-        if ((was == nullptr) != (is == nullptr) || (was != nullptr && *was != *is)) {
-            const char* const what = was == nullptr  ? " was recorded"
-                                     : is != nullptr ? " was changed"
-                                                     : " was erased";
-            return Explanation{ExitCode::pedalRefused, loopName(slot) + what +
-                                                           " on the pedal in the meantime, so " +
-                                                           consequence + ". Run the command again."};
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<Explanation> PedalCommand::impossibleLength(const Loops& loops,
-                                                          const std::vector<SlotNumber>& slots) {
-    for (const auto slot : slots) {
-        const auto* const loop = loops.find(slot);
-        if (loop != nullptr && !hasPossibleLength(*loop)) {
-            const auto why = explainLoop(Trouble::Kind::tooLarge);
-            return Explanation{why.code, loopName(slot) + ": " + why.sentence + " Nothing was changed."};
-        }
-    }
-    return std::nullopt;
-}
-
-void PedalCommand::failed(Tally& tally, SlotNumber slot, std::string_view reason,
-                          const Explanation& explanation) {
-    tally.failures.push_back(explanation);
+void PedalCommand::failed(std::string_view done, const SlotOutcome& outcome) {
     context_.output.endProgress();
-    report_.failed(slot, reason, explanation.sentence);
+    report_.failed(outcome.slot, nameOfFailure(outcome.trouble.value().kind), slotSentence(done, outcome));
+}
+
+ExitCode PedalCommand::conclude(std::string_view done, const Outcome& outcome, const std::string& summary) {
+    auto sentence = outcome.endIsTold() ? "" : endSentence(done, outcome);
+    if (outcome.end && outcome.end->kind == Trouble::Kind::changed) {
+        sentence += " Run the command again.";
+    }
+    if (outcome.end && !outcome.begun && outcome.slots.empty()) {
+        return stop(*outcome.end, sentence);
+    }
+    return report_.finished(outcome, sentence, summary);
 }
 
 }  // namespace kzq::ctl

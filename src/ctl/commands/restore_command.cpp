@@ -4,17 +4,16 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "ctl/commands/erase_command.h"
-#include "ctl/commands/export_plan.h"
 #include "ctl/commands/loop_writer.h"
 #include "ctl/speech/format.h"
 #include "loops/facts.h"
+#include "operations/export.h"
 #include "operations/loop_file.h"
 #include "operations/sentences.h"
 
 namespace kzq::ctl {
 RestoreCommand::RestoreCommand(Context context)
-    : PedalCommand(std::move(context)), folder_(options().folder) {}
+    : WorkerCommand(std::move(context)), folder_(options().folder) {}
 
 std::optional<Explanation> RestoreCommand::obstacle() {
     auto index = folder_.index();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/commands/pedal_command.h"
+#include "ctl/commands/worker_command.h"
 #include "ctl/speech/progress_line.h"
 #include "loops/export_info.h"
 #include "operations/backup_folder.h"
@@ -8,7 +8,7 @@
 namespace kzq::ctl {
 
 /// Makes the audio of the pedal's loops that of a backup.
-class RestoreCommand : public PedalCommand {
+class RestoreCommand : public WorkerCommand {
   public:
     explicit RestoreCommand(Context context);
 

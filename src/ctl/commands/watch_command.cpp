@@ -8,6 +8,12 @@
 
 namespace kzq::ctl {
 
+namespace {
+
+const Trouble outputLost{Trouble::Kind::outputLost};
+
+}  // namespace
+
 void WatchCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
     present_ = true;
     last_.reset();
@@ -16,14 +22,14 @@ void WatchCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
         return;
     }
     say("The pedal is connected.", "connected");
-    watch_.emplace(
-        context_.executor, looper, context_.options.patience,
-        [context = context_, weak = std::weak_ptr(looper)] {
-            if (const auto silent = weak.lock()) {
-                context.executor.main([context] { context.output.error(pedalStoppedAnswering().sentence); });
-                silent->interrupt();  // the polls go on
-            }
-        });
+    watch_.emplace(context_.executor, looper, context_.options.patience,
+                   [context = context_, weak = std::weak_ptr(looper)] {
+                       if (const auto silent = weak.lock()) {
+                           context.executor.main(
+                               [context] { context.output.error(pedalSentence({Trouble::Kind::silent})); });
+                           silent->interrupt();  // the polls go on
+                       }
+                   });
     looper->refresh();
 }
 
@@ -52,7 +58,7 @@ void WatchCommand::changed(const Status& status) {
     }
     last_ = status;
     if (!context_.output.flush()) {
-        context_.fail(outputLost());
+        context_.fail(outputLost, conversionSentence(outputLost));
     }
 }
 
@@ -63,7 +69,7 @@ void WatchCommand::say(const std::string& text, const char* event) {
         context_.output.line(text);
     }
     if (!context_.output.flush()) {
-        context_.fail(outputLost());
+        context_.fail(outputLost, conversionSentence(outputLost));
     }
 }
 

@@ -1,5 +1,11 @@
 #pragma once
 
+#include <optional>
+#include <string_view>
+
+#include "operations/outcome.h"
+#include "platform/trouble.h"
+
 namespace kzq::ctl {
 
 /// The program's exit codes. Published: scripts rely on these numbers.
@@ -19,5 +25,16 @@ enum class ExitCode : int {
     noDownload = 8,    ///< the maker's server could not be reached, or what it sent is not usable
     cancelled = 130    ///< also: a question answered with no
 };
+
+ExitCode exitCode(Trouble::Kind kind);
+ExitCode exitCode(const Outcome& outcome);
+
+// What --json calls it; doc/json.md lists these names.
+
+std::string_view nameOfFinding(Trouble::Kind kind);
+/// Of a loop that failed.
+std::string_view nameOfFailure(Trouble::Kind kind);
+/// Of what ended a command: many share the name of their exit code.
+std::string_view nameOfEnd(const std::optional<Trouble::Kind>& kind, ExitCode code);
 
 }  // namespace kzq::ctl

@@ -41,8 +41,4 @@ std::string printable(std::string_view text) {
     return result;
 }
 
-std::string loopsText(std::uint64_t count) {
-    return std::to_string(count) + (count == 1 ? " loop" : " loops");
-}
-
 }  // namespace kzq::ctl

@@ -20,7 +20,5 @@ std::string minutesText(std::uint64_t frames);
 std::string clockText(std::uint64_t seconds);
 /// `text` with everything but printable ASCII replaced by '?': for what the pedal says.
 std::string printable(std::string_view text);
-/// "1 loop", "3 loops".
-std::string loopsText(std::uint64_t count);
 
 }  // namespace kzq::ctl

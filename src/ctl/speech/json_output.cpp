@@ -14,12 +14,10 @@ void printJson(Output& output, nlohmann::json object, bool indented) {
     output.json(jsonText(object, indented));
 }
 
-nlohmann::json finishedJson(const Explanation& explanation) {
-    nlohmann::json details{{"event", "finished"},
-                           {"exit", static_cast<int>(explanation.code)},
-                           {"message", explanation.sentence}};
-    if (explanation.code != ExitCode::ok) {
-        details["trouble"] = troubleName(explanation);
+nlohmann::json finishedJson(ExitCode code, std::string_view reason, const std::string& message) {
+    nlohmann::json details{{"event", "finished"}, {"exit", static_cast<int>(code)}, {"message", message}};
+    if (code != ExitCode::ok) {
+        details["trouble"] = reason;
     }
     return details;
 }

@@ -2,9 +2,10 @@
 
 #include <nlohmann/json_fwd.hpp>
 #include <string>
+#include <string_view>
 
+#include "ctl/speech/exit_codes.h"
 #include "ctl/speech/output.h"
-#include "ctl/speech/sentences.h"
 
 namespace kzq::ctl {
 
@@ -18,7 +19,7 @@ std::string jsonText(const nlohmann::json& value, bool indented = false);
 /// Prints `object` with its "schema".
 void printJson(Output& output, nlohmann::json object, bool indented = false);
 
-/// The "finished" event of a command that ends with `explanation`.
-nlohmann::json finishedJson(const Explanation& explanation);
+/// The "finished" event of a command that ends with this code and, unless it is ok, for this reason.
+nlohmann::json finishedJson(ExitCode code, std::string_view reason, const std::string& message);
 
 }  // namespace kzq::ctl

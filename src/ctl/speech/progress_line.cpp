@@ -25,6 +25,20 @@ void ProgressLine::begin(SlotNumber slot, const char* action, const std::string&
     written_ = executor_.now();  // a speed needs a while to mean something
 }
 
+void ProgressLine::begin(SlotNumber slot, Step step) {
+    switch (step) {
+        case Step::read:
+            begin(slot, "read", loopName(slot));
+            break;
+        case Step::write:
+            begin(slot, "write", loopName(slot) + ", writing");
+            break;
+        case Step::compare:
+            begin(slot, "compare", loopName(slot) + ", checking");
+            break;
+    }
+}
+
 void ProgressLine::update(std::uint64_t bytes) {
     const std::lock_guard guard(mutex_);
     moved_ = bytes;

@@ -8,6 +8,7 @@
 #include "ctl/speech/output.h"
 #include "ctl/speech/progress_meter.h"
 #include "loops/slot_number.h"
+#include "operations/outcome.h"
 
 namespace kzq::ctl {
 
@@ -22,6 +23,7 @@ class ProgressLine {
     /// The next step; what the current one has moved counts as done.
     /// `action` ("read", "write", "compare") is for programs and outlives this; `what` is for people.
     void begin(SlotNumber slot, const char* action, const std::string& what);
+    void begin(SlotNumber slot, Step step);
     /// `bytes` of this step have moved.
     void update(std::uint64_t bytes);
     void end();

@@ -21,12 +21,38 @@ void Report::failed(SlotNumber slot, std::string_view reason, const std::string&
     output_.error(sentence);
 }
 
-void Report::stopped(const Explanation& explanation) {
+ExitCode Report::stopped(const Trouble& trouble, const std::string& sentence) {
+    const auto code = exitCode(trouble.kind);
+    return stopped(code, nameOfEnd(trouble.kind, code), sentence);
+}
+
+ExitCode Report::stopped(ExitCode code, std::string_view reason, const std::string& sentence) {
     output_.endProgress();
-    output_.error(explanation.sentence);
+    output_.error(sentence);
     if (json_) {
-        printJson(output_, finishedJson(explanation));
+        printJson(output_, finishedJson(code, reason, sentence));
     }
+    return code;
+}
+
+void Report::stopped(const Explanation& explanation) {
+    stopped(explanation.code, troubleName(explanation), explanation.sentence);
+}
+
+ExitCode Report::finished(const Outcome& outcome, const std::string& sentence, const std::string& summary) {
+    output_.endProgress();
+    const auto code = exitCode(outcome);
+    nlohmann::json details{
+        {"wanted", outcome.wanted}, {"done", outcome.done()}, {"exit", static_cast<int>(code)}};
+    if (code != ExitCode::ok) {
+        details["trouble"] = nameOfEnd(outcome.end ? std::optional(outcome.end->kind) : std::nullopt, code);
+    }
+    if (!sentence.empty()) {
+        output_.error(sentence);
+        details["message"] = sentence;
+    }
+    tell("finished", std::move(details), summary);
+    return code;
 }
 
 void Report::finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "ctl/speech/exit_codes.h"
 #include "ctl/speech/output.h"
 #include "ctl/speech/tally.h"
 #include "loops/slot_number.h"
@@ -22,9 +23,12 @@ class Report {
     void tell(const char* event, nlohmann::json details, const std::string& sentence);
     /// A loop failed; both kinds of reader also find the sentence on standard error.
     void failed(SlotNumber slot, std::string_view reason, const std::string& sentence);
-    /// The end of a command that has nothing else to report.
+    /// The end of a command that has nothing else to report: returns its exit code.
+    ExitCode stopped(const Trouble& trouble, const std::string& sentence);
+    ExitCode stopped(ExitCode code, std::string_view reason, const std::string& sentence);
     void stopped(const Explanation& explanation);
-    /// The end; `summary` for people.
+    /// The end, which `sentence` explains if there was one before the last loop; `summary` for people.
+    ExitCode finished(const Outcome& outcome, const std::string& sentence, const std::string& summary);
     void finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary);
 
   private:

@@ -20,10 +20,6 @@ struct Explanation {
 
 /// The stable name of what went wrong, for programs; doc/json.md lists them.
 std::string_view troubleName(const Explanation& explanation);
-std::string_view troubleName(PedalTrouble trouble);
-
-/// What a diagnosis found, with its remedy.
-Explanation explain(const Finding& trouble);
 
 /// Why the pedal cannot be used; nothing when `trouble` is not about getting hold of it. `findings`: what the
 /// diagnosis says about this computer.
@@ -37,13 +33,10 @@ Explanation changedWhileRead();
 Explanation explainExport(Trouble::Kind why);
 
 Explanation cancelledByUser();
-Explanation noPedalConnected(const std::vector<Finding>& findings);
 Explanation pedalUnplugged();
 Explanation pedalStoppedAnswering();
 Explanation pedalBusy();
 Explanation pedalInLoader();
 Explanation statusUnreadable();
-Explanation systemVersionUnknown();
-Explanation outputLost();
 
 }  // namespace kzq::ctl

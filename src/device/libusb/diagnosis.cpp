@@ -72,10 +72,10 @@ bool driverKnowsPedal(const SystemPlaces& places) {
 Finding udev(const SystemPlaces& places) {
     std::error_code ignored;
     if (fs::exists(places.udevControl, ignored)) {
-        return {PedalTrouble::noUdev, false, "udev is running.", {}};
+        return {Trouble::Kind::noUdev, false, "udev is running.", {}};
     }
     return {
-        PedalTrouble::noUdev,
+        Trouble::Kind::noUdev,
         true,
         "udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it "
         "in before starting the program, or run the program outside the container.",
@@ -90,11 +90,11 @@ constexpr auto remoteRule =
 Finding permission(const SystemPlaces& places, const fs::path& pedal) {
     const auto node = deviceFile(pedal, places.nodes);
     if (::faccessat(AT_FDCWD, node.c_str(), R_OK | W_OK, AT_EACCESS) == 0) {
-        return {PedalTrouble::ruleMissing, false, "You have permission to use the pedal.", {}};
+        return {Trouble::Kind::ruleMissing, false, "You have permission to use the pedal.", {}};
     }
     std::error_code ignored;
     if (!fs::exists(node, ignored)) {
-        return {PedalTrouble::fileMissing,
+        return {Trouble::Kind::noDeviceFile,
                 true,
                 "A pedal is on the USB bus, but " + node.string() +
                     " does not exist, as in a container without access to /dev/bus/usb.",
@@ -102,19 +102,19 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
     }
     if (hasAccessRule(places.ruleFolders) && places.remote) {
         return {
-            PedalTrouble::ruleNotInForce, true,
+            Trouble::Kind::ruleNotInForce, true,
             "You do not have permission to use the pedal: you are logged in over the network, and its udev "
             "rule is for the user at the computer. The group plugdev can be allowed to use it.",
             remoteRule + std::string(pluggedAnew)};
     }
     if (hasAccessRule(places.ruleFolders)) {
-        return {PedalTrouble::ruleNotInForce, true,
+        return {Trouble::Kind::ruleNotInForce, true,
                 "You do not have permission to use the pedal: its udev rule was not yet installed when the "
                 "pedal was "
                 "plugged in, or you are not logged in at this computer.",
                 pluggedAnew};
     }
-    return {PedalTrouble::ruleMissing, true,
+    return {Trouble::Kind::ruleMissing, true,
             "You do not have permission to use the pedal: its udev rule is not installed.",
             installedAnew(places)};
 }
@@ -123,20 +123,20 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     const std::string driver = driverOf(pedal);
     const auto node = deviceFile(pedal, places.nodes);
     if (const auto program = lockHolder(node, places.processes)) {
-        return {PedalTrouble::heldByAnother,
+        return {Trouble::Kind::heldByAnother,
                 true,
                 "The pedal is in use by " + *program + ". Close that program, or wait until it has finished.",
                 {}};
     }
     if (driver.empty() || driver == roadDriver) {  // from which our programs take it back
-        return {PedalTrouble::heldByAnother, false, "No other program is using the pedal.", {}};
+        return {Trouble::Kind::heldByAnother, false, "No other program is using the pedal.", {}};
     }
     if (driver == programDriver) {
-        return {PedalTrouble::heldByAnother, true,
+        return {Trouble::Kind::heldByAnother, true,
                 "Another program is using the pedal. Find out which one and close it.",
                 "sudo fuser -v " + node.string()};
     }
-    return {PedalTrouble::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
+    return {Trouble::Kind::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
             "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
                 (places.usbDrivers / driver / "unbind").string()};
 }
@@ -149,26 +149,26 @@ bool isThere(const fs::path& file) {
 /// What the driver has been told, and by which rules.
 Finding road(const SystemPlaces& places) {
     if (driverKnowsPedal(places)) {
-        return {PedalTrouble::roadNotInstalled, false, "Loops can be imported.", {}};
+        return {Trouble::Kind::roadNotInstalled, false, "Loops can be imported.", {}};
     }
     const bool hasHelper = std::ranges::any_of(
         places.helperFolders, [](const fs::path& folder) { return isThere(folder / "kzq7306-usbtmc"); });
     if (!hasHelper || !hasHelperRule(places.ruleFolders)) {
-        return {PedalTrouble::roadNotInstalled, true,
+        return {Trouble::Kind::roadNotInstalled, true,
                 "Loops cannot be imported: the kernel passes on the request for them only through its usbtmc "
                 "driver, and the udev rules for that are not installed.",
                 installedAnew(places)};
     }
     if (!isThere(places.usbDrivers / roadDriver)) {
         return {
-            PedalTrouble::roadNotInForce, true,
+            Trouble::Kind::roadNotInForce, true,
             "Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were "
             "not yet installed when the pedal was plugged in, or this kernel comes without the driver, as "
             "those made for virtual machines do.",
             "sudo modprobe usbtmc && " + std::string(pluggedAnew)};
     }
     return {
-        PedalTrouble::roadNotInForce, true,
+        Trouble::Kind::roadNotInForce, true,
         "Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged "
         "in.",
         pluggedAnew};
@@ -181,18 +181,18 @@ Finding blockedRoad(const SystemPlaces& places, const Trouble& obstacle) {
         (obstacle.where.empty() ? "the file of the kernel's usbtmc driver" : obstacle.where) +
         " could not be opened in time (" + std::generic_category().message(obstacle.error) + ")";
     if (!hasRoadRule(places.ruleFolders)) {
-        return {PedalTrouble::roadNotInstalled, true, start + ", as the udev rule for it is not installed.",
+        return {Trouble::Kind::roadNotInstalled, true, start + ", as the udev rule for it is not installed.",
                 installedAnew(places)};
     }
     if (places.remote) {
         return {
-            PedalTrouble::roadNotInForce, true,
+            Trouble::Kind::roadNotInForce, true,
             start +
                 ", as you are logged in over the network and its udev rule is for the user at the computer.",
             remoteRule + std::string(pluggedAnew)};
     }
     return {
-        PedalTrouble::roadNotInForce, true,
+        Trouble::Kind::roadNotInForce, true,
         start + ". The computer may have been too busy: try again. If it stays so, apply the rules again.",
         pluggedAnew};
 }
@@ -213,13 +213,13 @@ std::vector<Finding> findings(const SystemPlaces& places, bool trying) {
     std::vector<Finding> all;
     const auto pedal = findPedal(places);
     if (!pedal) {
-        all.push_back({PedalTrouble::nothingOnBus, true,
+        all.push_back({Trouble::Kind::nothingOnBus, true,
                        "No pedal is on the USB bus. Check the cable and the pedal's power, then look again.",
                        "lsusb -d 308a:0104"});
         all.push_back(udev(places));
         return all;
     }
-    all.push_back({PedalTrouble::nothingOnBus, false, "A pedal is on the USB bus.", {}});
+    all.push_back({Trouble::Kind::nothingOnBus, false, "A pedal is on the USB bus.", {}});
     all.push_back(permission(places, *pedal));
     all.push_back(holder(places, *pedal));
     all.push_back(udev(places));
@@ -240,7 +240,7 @@ std::vector<Finding> diagnoseByTrying(const SystemPlaces& places) {
 Trouble withRemedy(Trouble obstacle, const SystemPlaces& places) {
     const auto finding =
         obstacle.kind == Trouble::Kind::roadBlocked ? blockedRoad(places, obstacle) : road(places);
-    if (obstacle.kind != Trouble::Kind::roadBlocked && finding.kind == PedalTrouble::roadNotInstalled) {
+    if (obstacle.kind != Trouble::Kind::roadBlocked && finding.kind == Trouble::Kind::roadNotInstalled) {
         obstacle.kind = Trouble::Kind::roadNotInstalled;
     }
     obstacle.remedy = finding.present ? finding.remedy : pluggedAnew;
