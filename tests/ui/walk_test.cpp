@@ -114,7 +114,7 @@ TEST_F(Walk, EveryControlOfThePanelsSaysWhatItIs) {
                                                  .version = [] { return std::optional<std::string>("1.05"); },
                                                  .softwareVersion = "2.1.0",
                                                  .home = {},
-                                                 .manifest = {},
+                                                 .server = {},
                                                  .showHeadline = {},
                                                  .appendNotes = {}});
     EXPECT_GE(walk(offer->window()), 2);
