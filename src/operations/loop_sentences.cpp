@@ -56,12 +56,6 @@ std::string changeSentence(const Trouble& trouble, const std::string& nothing) {
                      " written or erased.";
 }
 
-/// Whether a loop failed like this because the operation ended.
-bool comesWithAnEnd(Kind why) {
-    return why == Kind::cancelled || why == Kind::noPedal || why == Kind::noAnswer || why == Kind::noStatus ||
-           why == Kind::transferFailed;
-}
-
 std::string doubtSentence(const SlotOutcome& doubt) {
     switch (doubt.did) {
         case Did::erased:
@@ -163,20 +157,6 @@ std::string countSentence(std::string_view done, const Outcome& outcome) {
     }
     return (outcome.done() == outcome.wanted ? "" : std::to_string(outcome.done()) + " of ") +
            loopsText(outcome.wanted) + " " + std::string(done) + ".";
-}
-
-std::string outcomeSentences(std::string_view done, const Outcome& outcome) {
-    auto text = countSentence(done, outcome);
-    const auto add = [&text](const std::string& sentence) { text += (text.empty() ? "" : " ") + sentence; };
-    for (const auto& slot : outcome.slots) {
-        if (slot.trouble && !(outcome.end && comesWithAnEnd(slot.trouble->kind))) {
-            add(slotSentence(done, slot));
-        }
-    }
-    if (outcome.end && !outcome.endIsTold()) {
-        add(endSentence(done, outcome));
-    }
-    return text;
 }
 
 }  // namespace kzq

@@ -21,8 +21,6 @@ std::string slotSentence(std::string_view done, const SlotOutcome& outcome);
 std::string endSentence(std::string_view done, const Outcome& outcome);
 /// "2 of 3 loops saved."; empty if even that is not known.
 std::string countSentence(std::string_view done, const Outcome& outcome);
-/// All of it.
-std::string outcomeSentences(std::string_view done, const Outcome& outcome);
 
 /// Of a file that was not written: "No space left on device. Free some space or choose another folder."
 std::string fileSentence(const Trouble& trouble);
