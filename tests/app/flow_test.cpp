@@ -84,6 +84,17 @@ TEST_F(FlowsTest, AWindowThatGoesEndsWhatWaitsForIt) {
     EXPECT_EQ(later, false);
 }
 
+TEST_F(FlowsTest, AFlowThatStandsBeforeAWindowThatGoesReturns) {
+    std::vector<bool> answers;
+    flows->start({}, [&](auto& run) { answers.push_back(run.ask([] { FAIL(); })); });
+    executor.main([this] {
+        window.reset();
+        flows.reset();
+    });
+    executor.settle();
+    EXPECT_EQ(answers, std::vector{false});
+}
+
 }  // namespace
 
 }  // namespace kzq::test
