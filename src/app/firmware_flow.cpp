@@ -15,6 +15,9 @@ namespace {
 /// It cannot be cancelled.
 constexpr Patience patience{.limit = std::chrono::seconds(60), .stops = true};
 
+/// Its restart takes two seconds.
+constexpr Executor::Duration lateAfter = std::chrono::seconds(30);
+
 /// One installation, from the press of the button on. Its parts are used on the main thread only.
 class Installation {
   public:
@@ -53,18 +56,28 @@ class Installation {
         run.turn.cover();
     }
 
-    /// After a failure the bar and the offer stay.
-    void install(Run& run, const FirmwareImage& image) {
-        const auto waits = [&](FlashPhase phase) {
-            if (phase == FlashPhase::cameBack) {
-                run.ask([&] {
-                    parts_.presenter.tell(
-                        "The pedal came back without entering its loader. The firmware is sent once it "
-                        "does.");
-                });
+    /// What the user has to know while nothing moves.
+    FlashEvents restart(Run& run) {
+        const auto say = [this, &run](const char* line) {
+            run.ask([this, line] { parts_.presenter.tell(std::string(line)); });
+        };
+        const auto phase = [this, say](FlashPhase now) {
+            phase_ = now;
+            if (now == FlashPhase::cameBack) {
+                say("The pedal came back without entering its loader. The firmware is sent once it does.");
             }
         };
-        const auto end = runFlash(*run.pedal, image, {.phase = waits});
+        const auto waiting = [this, say](Executor::Duration waited) {
+            if (phase_ == FlashPhase::left && waited >= lateAfter && !std::exchange(late_, true)) {
+                say("The pedal has not come back from its restart. Unplug it and plug it in again.");
+            }
+        };
+        return {phase, waiting};
+    }
+
+    /// After a failure the bar and the offer stay.
+    void install(Run& run, const FirmwareImage& image) {
+        const auto end = runFlash(*run.pedal, image, restart(run));
         const bool sent = end.how == FlashEnd::How::sent;
         if (sent) {
             updates_->clearUpdate();
@@ -85,6 +98,8 @@ class Installation {
     const std::optional<std::filesystem::path> file_;
     std::shared_ptr<FirmwareUpdates> updates_;
     std::function<void()> endBar_;
+    FlashPhase phase_ = FlashPhase::asking;
+    bool late_ = false;  ///< it should have come back, and the user knows
 };
 
 void begin(AppParts& parts, std::optional<std::filesystem::path> file) {

@@ -65,6 +65,18 @@ TEST_F(FlowTest, EraseChangesNothingAfterANoAtABusyPedalOrWithoutASelection) {
     EXPECT_FALSE(shieldUp());
 }
 
+TEST_F(FlowTest, AnEraseThatThePedalDoesNotAnswerIsEndedSinceNobodyCanCancelIt) {
+    launchConnected();
+    select({3, 20});
+    plan("silence@ED");
+    window->eraseButton()->click();
+    pass(29s);
+    EXPECT_TRUE(shieldUp());
+    pass(2s);
+    EXPECT_FALSE(shieldUp());
+    EXPECT_THAT(logged, testing::Contains("0 of 2 loops erased; ended: silent; in doubt: Loop 3"));
+}
+
 }  // namespace
 
 }  // namespace kzq::test

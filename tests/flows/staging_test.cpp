@@ -58,10 +58,6 @@ TEST_F(FlowTest, CapacityIsStrictAndTheMeterTellsWhatIsLeft) {
     EXPECT_EQ(workingCopies(), 1);
     EXPECT_THAT(propose(capacity - onPedal - 1), IsEmpty());
     EXPECT_EQ(caption(), "Space remaining: 0 min, 0 sec");
-    EXPECT_THAT(propose(20ULL * 60 * 44'100 - onPedal), IsEmpty());
-    EXPECT_EQ(caption(), "Space remaining: 4 min, 0 sec");
-    exportRow(2).x()->click();
-    EXPECT_EQ(caption(), "Space remaining: 23 min, 59 sec");
 }
 
 TEST_F(FlowTest, WhatCannotBeStagedChangesNothing) {

@@ -32,6 +32,7 @@ class Flows : Fixed {
     void start(Turn turn, Patience patience, Flow flow);
     std::optional<Turn> take() { return turns_.take(); }
     bool starting() const { return turns_.starting(); }
+    bool running() const { return turns_.running(); }
 
     // What happens meanwhile, for all runs.
 

@@ -21,9 +21,9 @@ namespace kzq {
 struct FlowWindow {
     std::weak_ptr<const void> life;  ///< of all that the flows' tasks on the main thread use
     // Main thread.
-    std::function<void(bool up)> shield;
-    std::function<void()> sayBusy;    ///< may run an event loop
-    std::function<void()> saySilent;  ///< the pedal has not answered for a while
+    std::function<void(bool up)> shield = {};
+    std::function<void()> sayBusy = {};    ///< may run an event loop
+    std::function<void()> saySilent = {};  ///< the pedal has not answered for a while
 };
 
 /// What all runs share.
