@@ -18,7 +18,8 @@ bool Run::done(Executor::Task task) {
         bool begun = false;
         bool answered = false;
     };
-    const auto question = std::make_shared<Question>(std::move(task));
+    const auto question = std::make_shared<Question>();
+    question->task = std::move(task);
     place_->executor.main([place = place_, question] {
         const auto window = place->window.life.lock();  // a task may run an event loop in which it is let go
         std::unique_lock lock(place->mutex);
