@@ -67,10 +67,6 @@ Tool::Tool(Options options, const Environment& environment)
 }
 
 void Tool::start() {
-    if (const auto obstacle = command_->obstacle()) {
-        context().fail(*obstacle);
-        return;
-    }
     if (const auto code = command_->obstructed()) {
         finish(*code);
         return;

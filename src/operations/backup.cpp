@@ -94,7 +94,7 @@ std::vector<SlotNumber> Backup::missingFirst() const {
 }
 
 void Backup::save(SlotNumber slot, const Loop& loop) {
-    auto image = hasPossibleLength(loop) ? readLoop(pedal_, slot, Step::read, events_, outcome_.end)
+    auto image = hasPossibleLength(loop) ? readLoop(pedal_, slot, Step::read, events_, outcome_)
                                          : Trouble{Kind::tooLarge};
     if (!image) {
         return;
@@ -125,12 +125,12 @@ void Backup::store(SlotNumber slot, const Loop& loop, const Bytes& image, SlotOu
     saved.erase(slot);
     outcome.file = folder.path();
     const auto stored = folder.addLoop(slot, image, entry).and_then([&] {
-        outcome.file = folder.path() / entry.file;
         saved[slot] = entry;
         return folder.writePartialIndex(plan_.index);
     });
     if (stored) {
         outcome.did = Did::saved;
+        outcome.file = folder.path() / entry.file;
         return;
     }
     saved.erase(slot);
@@ -143,8 +143,9 @@ void Backup::finish() {
     const auto now = pedal_.status();
     outcome_.end = now ? changeBetween(plan_.status.loops, now->loops, allSlots()) : now.error();
     if (!outcome_.end) {
-        if (const auto written = plan_.folder.finish(plan_.index); !written) {
-            outcome_.end = written.error();
+        if (auto written = plan_.folder.finish(plan_.index); !written) {
+            written.error().where = plan_.folder.path();
+            outcome_.end = std::move(written.error());
         }
     }
 }
@@ -170,22 +171,22 @@ std::optional<SlotOutcome> Backup::compared(SlotNumber slot) {
     const auto entry = plan_.index.loops.find(slot);
     const auto differs = [slot](Trouble why) { return SlotOutcome{.slot = slot, .trouble = std::move(why)}; };
     if (entry == plan_.index.loops.end()) {
-        return loop == nullptr ? std::nullopt : std::optional(differs({Kind::changed, {}, 0, "recorded"}));
+        return loop == nullptr ? std::nullopt : std::optional(differs({Kind::differs, {}, 0, "recorded"}));
     }
     if (!plan_.folder.loop(entry->second)) {
-        return differs({Kind::backupDamaged, plan_.folder.path() / entry->second.file});
+        return differs({Kind::damaged, plan_.folder.path() / entry->second.file});
     }
     if (loop == nullptr) {
-        return differs({Kind::changed, {}, 0, "erased"});
+        return differs({Kind::differs, {}, 0, "erased"});
     }
     if (!plan_.index.hasLengthOf(slot, *loop)) {
-        return differs({Kind::changed, {}, 0, "changed"});
+        return differs({Kind::differs, {}, 0, "changed"});
     }
     return comparedAudio(slot, entry->second);
 }
 
 std::optional<SlotOutcome> Backup::comparedAudio(SlotNumber slot, const BackupEntry& entry) {
-    const auto image = readLoop(pedal_, slot, Step::read, events_, outcome_.end);
+    const auto image = readLoop(pedal_, slot, Step::read, events_, outcome_);
     if (!image) {
         return std::nullopt;
     }
@@ -193,7 +194,7 @@ std::optional<SlotOutcome> Backup::comparedAudio(SlotNumber slot, const BackupEn
     if (!*image) {
         outcome.trouble = image->error();
     } else if (audioDigest(**image) != entry.sha256) {
-        outcome.trouble = Trouble{Kind::changed, {}, 0, "changed"};
+        outcome.trouble = Trouble{Kind::differs, {}, 0, "changed"};
     } else {
         outcome.did = Did::unchanged;
     }

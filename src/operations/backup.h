@@ -27,12 +27,12 @@ std::uint64_t bytesToRead(const BackupPlan& plan);
 /// same length. The backup is whole once its index is there, which is written only if the pedal still has the
 /// table of the beginning (changed). A loop that cannot be read, is longer than can be (tooLarge) or came
 /// with another length than the table has (changedWhileRead) is left out; a file that cannot be written ends
-/// it. Of a loop that was saved and could not be listed, the outcome has its file and a trouble.
+/// it, the index with the folder in `where`.
 ///
 /// With a whole backup it writes nothing and compares each slot that has a loop on either side. What is
-/// wrong with a slot is then backupDamaged (`where` is the file), why it could not be read, or changed:
-/// `words` is "recorded" (and is not in the backup), "erased" (and is still there) or "changed". A different
-/// tempo or channel does not count, as no restore can bring it back.
+/// wrong with a slot is then damaged (its file is `where`), why it could not be read, or differs: `words` is
+/// "recorded" (and is not in the backup), "erased" (and is still there) or "changed". A different tempo or
+/// channel does not count, as no restore can bring it back.
 Outcome runBackup(Pedal& pedal, BackupPlan plan, const Events& events);
 
 }  // namespace kzq

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "device/kzq7306.h"
+#include "operations/outcome.h"
 #include "operations/pedal.h"
 
 namespace kzq {
@@ -76,9 +77,7 @@ class Flash {
 
 void Flash::enter(FlashPhase phase) {
     phase_ = phase;
-    if (events_.phase) {
-        events_.phase(phase);
-    }
+    tell(events_.phase, phase);
 }
 
 /// Naps are counted, not the clock: a program that was stopped for a while has not waited for the pedal.
@@ -88,9 +87,7 @@ bool Flash::await(Executor::Duration limit, const Ready& ready) {
         if (limit > Executor::Duration::zero() && waited >= limit) {
             return false;
         }
-        if (events_.waiting) {
-            events_.waiting(waited);
-        }
+        tell(events_.waiting, waited);
         pedal_.executor().sleep(nap);
         waited += nap;
     }
@@ -222,6 +219,7 @@ Trouble Flash::failure(unsigned departures) {
         return Trouble{Kind::silent};
     }
     if (await(Pedal::departureNotice, left)) {
+        tell(events_.phase, FlashPhase::left);
         return Trouble{Kind::unplugged};
     }
     const bool refused = report_->trouble && report_->trouble->kind == Kind::refused;

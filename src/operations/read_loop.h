@@ -7,9 +7,9 @@
 
 namespace kzq {
 
-/// The image of one loop, or why there is none. Nothing if the work has ended instead; in any case `end` is
-/// set to why it has, if it has.
+/// The image of one loop, or why there is none. Nothing if the work has ended instead; in any case `outcome`
+/// has its end, if it has, and whether the pedal was asked.
 std::optional<Result<Bytes>> readLoop(Pedal& pedal, SlotNumber slot, Step step, const Events& events,
-                                      std::optional<Trouble>& end);
+                                      Outcome& outcome);
 
 }  // namespace kzq

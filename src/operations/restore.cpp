@@ -60,13 +60,13 @@ Result<bool> Planning::isSame(SlotNumber slot) {
     if (loop == nullptr || !plan_.index.hasLengthOf(slot, *loop)) {
         return false;
     }
-    std::optional<Trouble> end;
-    auto image = readLoop(pedal_, slot, Step::compare, events_, end);
-    if (end) {
-        return std::move(*end);
+    Outcome reading;
+    auto image = readLoop(pedal_, slot, Step::compare, events_, reading);
+    if (reading.end) {
+        return std::move(*reading.end);
     }
     if (!*image) {
-        image->error().where = loopName(slot);
+        tell(events_.slot, SlotOutcome{.slot = slot, .trouble = image->error()});
     }
     return image->map(
         [&](const Bytes& bytes) { return audioDigest(bytes) == plan_.index.loops.at(slot).sha256; });
@@ -115,7 +115,7 @@ Result<RestorePlan> planRestore(Pedal& pedal, const BackupFolder& folder,
     }
     for (const auto& [slot, entry] : index->loops) {
         if (!folder.loop(entry)) {
-            return Trouble{Kind::backupDamaged, folder.path() / entry.file};
+            return Trouble{Kind::damaged, folder.path() / entry.file};
         }
         if (auto end = pedal.stopped()) {
             return std::move(*end);

@@ -25,8 +25,8 @@ struct RestorePlan {
 Result<BackupIndex> indexToRestore(const BackupFolder& folder);
 
 /// Checks the backup's files, reads the pedal's loops of the same lengths and compares them; before that it
-/// says in `total` how much it reads. Errors: those of the index; backupDamaged: the file `where`; of the
-/// pedal's table: tooLarge; the pedal's. A loop that cannot be read is an error, with its name in `where`.
+/// says in `total` how much it reads. Errors: those of the index; damaged: the file `where`; of the pedal's
+/// table: tooLarge; the pedal's. A loop that cannot be read is one as well, and is reported.
 Result<RestorePlan> planRestore(Pedal& pedal, const BackupFolder& folder,
                                 const std::function<void(std::uint64_t bytes)>& total, const Events& events);
 

@@ -156,9 +156,32 @@ std::string backupSentence(const Trouble& trouble) {
             return quoted(trouble) + " was written by a newer version of this program.";
         case Kind::backupDamaged:
             return quoted(trouble) + " is damaged.";
-        default:
+        case Kind::damaged:
+            return "The backup is damaged: " + quoted(trouble) +
+                   " is missing or has been changed. Nothing was changed.";
+        case Kind::unreadable:
             return quoted(trouble) + " cannot be read.";
+        case Kind::changed:
+            return "The loops on the pedal changed during the backup. Run the same command again.";
+        case Kind::file:
+            return notSavedSentence("The index", trouble.where, trouble);
+        default:
+            return pedalSentence(trouble);
     }
+}
+
+std::string comparedSentence(const SlotOutcome& outcome) {
+    const auto name = loopName(outcome.slot);
+    const auto trouble = outcome.trouble.value_or(Trouble{Kind::noAnswer});
+    if (trouble.kind == Kind::damaged) {
+        return name + " is damaged in the backup: " + trouble.where + ".";
+    }
+    if (trouble.kind != Kind::differs) {
+        return slotSentence("compared", outcome);
+    }
+    return name + (trouble.words == "recorded" ? " is not in the backup."
+                   : trouble.words == "erased" ? " is no longer on the pedal."
+                                               : " has changed since the backup.");
 }
 
 std::string slotsSentence(const Trouble& trouble) {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "operations/flash.h"
 #include "operations/outcome.h"
 #include "platform/trouble.h"
 
@@ -38,11 +39,16 @@ std::string audioSentence(const Trouble& trouble);
 /// standard streams.
 std::string conversionSentence(const Trouble& trouble, const std::string& name = {});
 
-/// Of a backup, and of slots on a command line.
+/// Of a backup that cannot be made or restored, which the pedal may be the reason of.
 std::string backupSentence(const Trouble& trouble);
+/// Of a loop that is not as in the backup.
+std::string comparedSentence(const SlotOutcome& outcome);
+/// Of slots on a command line.
 std::string slotsSentence(const Trouble& trouble);
 /// Of firmware: its file, or the maker's server.
 std::string firmwareSentence(const Trouble& trouble);
+/// What became of an update. `again`: how it is tried again, "install the firmware again".
+std::string flashSentence(const FlashEnd& end, const std::string& again);
 
 /// Of a request that the computer did not pass on to the pedal, so that a loop was not read: the part behind
 /// "Loop 4 was not saved: ".

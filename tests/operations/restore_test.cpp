@@ -100,7 +100,7 @@ TEST_F(RestoreWork, NothingIsReadUnlessTheWholeBackupIsGood) {
     const auto good = readText(path);
     for (const auto& bad : {good + "x", good.substr(0, good.size() - 1) + "x", std::string()}) {
         writeText(path, bad);
-        EXPECT_EQ(refusal(), "backup-damaged");
+        EXPECT_EQ(refusal(), "damaged");
     }
     writeText(path, good);
     const auto index = folder / "backup.json";
@@ -113,8 +113,8 @@ TEST_F(RestoreWork, NothingIsReadUnlessTheWholeBackupIsGood) {
 
 TEST_F(RestoreWork, ALoopThatCannotBeComparedEndsIt) {
     OperationTest::plan("refuse@E1:2");
-    const auto refused = plan();
-    EXPECT_EQ(refused.error(), (Trouble{Trouble::Kind::refused, "Loop 3"}));
+    EXPECT_EQ(plan().error().kind, Trouble::Kind::refused);
+    EXPECT_THAT(said, ElementsAre("3 failed refused"));
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include "ctl/speech/options.h"
 #include "ctl/speech/output.h"
 #include "ctl/speech/report.h"
-#include "ctl/speech/sentences.h"
 #include "device/kzq7306.h"
 #include "operations/sentences.h"
 #include "platform/fixed.h"
@@ -32,10 +31,6 @@ struct Context {
     ExitCode explain(ExitCode code, const std::string& sentence) const {
         return Report(output, options.json).stopped(code, nameOfEnd(std::nullopt, code), sentence);
     }
-    ExitCode explain(const Explanation& explanation) const {
-        Report(output, options.json).stopped(explanation);
-        return explanation.code;
-    }
     /// Reports it and ends the program.
     template <class... Why>
     void fail(const Why&... why) const {
@@ -50,7 +45,6 @@ class Command : Fixed {
 
     /// Reports what stands in the way before the pedal is touched, if anything does.
     virtual std::optional<ExitCode> obstructed() { return std::nullopt; }
-    virtual std::optional<Explanation> obstacle() { return std::nullopt; }
     /// Begins, and answers true, if the command is one that needs no pedal.
     virtual bool withoutPedal() { return false; }
     /// The pedal is there; called with the device lock held, at most once unless the command watches.
@@ -58,7 +52,7 @@ class Command : Fixed {
     virtual void disconnected() = 0;
     virtual void changed(const Status& status) { static_cast<void>(status); }
     /// Whether stopping now would do harm. Meanwhile `cancel` may come again and again, and the program goes
-    /// on. Any thread.
+    /// on.
     virtual bool mustFinish() const { return false; }
     /// The user wants to stop: ends the program soon. Otherwise called at most once.
     virtual void cancel() = 0;

@@ -8,25 +8,25 @@
 
 namespace kzq::ctl {
 
-ExitCode FirmwareCommand::work(PedalWorker& pedal) {
+ExitCode FirmwareCommand::work(Pedal& pedal) {
     std::string installed;
-    if (!looper()->factoryBlank()) {
+    if (!pedal.link()->factoryBlank()) {
         const auto status = pedal.status();
         if (!status) {
-            return stop(pedal);
+            return stop(status.error());
         }
         installed = printable(status->version);
     }
     const auto offer = askForOffer(pedal, context().environment, installed);
-    if (pedal.ended()) {
-        return stop(pedal);
+    if (const auto end = pedal.stopped()) {
+        return stop(*end);
     }
     show(installed, offer);
     if (offer) {
         return ExitCode::ok;
     }
-    const auto problem = explainFirmware(offer.error());
-    return options().json ? problem.code : stop(problem);
+    const auto& why = offer.error();
+    return options().json ? exitCode(why.kind) : stop(why, firmwareSentence(why));
 }
 
 /// `installed` is empty for a pedal that has only its loader.
@@ -39,9 +39,10 @@ void FirmwareCommand::show(const std::string& installed, const Result<FirmwareOf
             object["installed"] = installed;
         }
         if (!offer) {
-            const auto problem = explainFirmware(offer.error());
-            output.error(problem.sentence);
-            object.update(finishedJson(problem.code, troubleName(problem), problem.sentence));
+            const auto code = exitCode(offer.error().kind);
+            const auto sentence = firmwareSentence(offer.error());
+            output.error(sentence);
+            object.update(finishedJson(code, nameOfEnd(offer.error().kind, code), sentence));
         } else {
             object["newest"] = offer->entry.version;
         }

@@ -1,18 +1,18 @@
 #pragma once
 
 #include "ctl/commands/firmware_offer.h"
-#include "ctl/commands/worker_command.h"
+#include "ctl/commands/pedal_command.h"
 
 namespace kzq::ctl {
 
 /// Shows the firmware that the pedal runs and the one that is offered.
-class FirmwareCommand : public WorkerCommand {
+class FirmwareCommand : public PedalCommand {
   public:
-    using WorkerCommand::WorkerCommand;
+    using PedalCommand::PedalCommand;
 
   protected:
     bool takesLoader() const override { return true; }
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 
   private:
     void show(const std::string& installed, const Result<FirmwareOffer>& offer);

@@ -3,68 +3,47 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "ctl/commands/firmware_installation.h"
 #include "ctl/speech/format.h"
+#include "ctl/speech/json_output.h"
 
 namespace kzq::ctl {
 namespace {
 
-/// False when nothing is under way. Any thread.
-bool stopLater(FirmwareFlash& flash, Output& output) {
-    if (!flash.wantStop()) {
-        return false;
-    }
-    if (flash.underWay()) {
-        output.error("Waiting until the firmware is complete…");
-    }
-    return true;
-}
+constexpr const char* again = "run the same command again";
 
 }  // namespace
 
-FirmwareInstallCommand::FirmwareInstallCommand(Context context)
-    : WorkerCommand(std::move(context)),
-      flash_(std::make_shared<FirmwareFlash>(this->context().executor, this->context().output)) {}
-
-std::optional<Explanation> FirmwareInstallCommand::obstacle() {
+std::optional<ExitCode> FirmwareInstallCommand::obstructed() {
     if (options().files.empty()) {
         return std::nullopt;
     }
     auto image = readImage(options().files.front());
     if (!image) {
-        return explainFirmware(image.error());
+        return stop(image.error(), firmwareSentence(image.error()));
     }
     image_ = std::move(*image);
     return std::nullopt;
 }
 
-void FirmwareInstallCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
-    if (!flash_->connected(*looper)) {
-        WorkerCommand::connected(looper);
-    }
-}
-
-void FirmwareInstallCommand::disconnected() {
-    if (!flash_->disconnected()) {
-        WorkerCommand::disconnected();
-    } else if (flash_->underWay()) {
-        report().tell("phase", {{"phase", "left"}}, "");
-    }
-}
-
 void FirmwareInstallCommand::cancel() {
-    if (!stopLater(*flash_, context().output)) {
-        WorkerCommand::cancel();
+    askToWait();
+    PedalCommand::cancel();
+}
+
+/// Any thread.
+void FirmwareInstallCommand::askToWait() {
+    if (sending_) {
+        context().output.error("Waiting until the firmware is complete…");
     }
 }
 
-ExitCode FirmwareInstallCommand::work(PedalWorker& pedal) {
-    blank_ = looper()->factoryBlank();
+ExitCode FirmwareInstallCommand::work(Pedal& pedal) {
+    const bool blank = pedal.link()->factoryBlank();
     std::string installed;
-    if (!blank_) {
+    if (!blank) {
         const auto status = pedal.status();
         if (!status) {
-            return stop(pedal);
+            return stop(status.error());
         }
         installed = printable(status->version);
     }
@@ -73,7 +52,7 @@ ExitCode FirmwareInstallCommand::work(PedalWorker& pedal) {
             return *code;
         }
     }
-    explain(installed);
+    explain(installed, blank);
     if (const auto code = declined(pedal, "Would you like to install it now?")) {
         return *code;
     }
@@ -81,10 +60,11 @@ ExitCode FirmwareInstallCommand::work(PedalWorker& pedal) {
 }
 
 /// Gets the image that is offered for this pedal; otherwise the user has been given the reason.
-std::optional<ExitCode> FirmwareInstallCommand::choose(PedalWorker& pedal, const std::string& installed) {
+std::optional<ExitCode> FirmwareInstallCommand::choose(Pedal& pedal, const std::string& installed) {
     auto offer = askForOffer(pedal, context().environment, installed);
     if (!offer) {
-        return pedal.ended() ? stop(pedal) : stop(explainFirmware(offer.error()));
+        const auto end = pedal.stopped();
+        return end ? stop(*end) : stop(offer.error(), firmwareSentence(offer.error()));
     }
     if (!offer->image) {
         report().tell("finished", {{"installed", false}, {"version", installed}, {"exit", 0}},
@@ -97,15 +77,15 @@ std::optional<ExitCode> FirmwareInstallCommand::choose(PedalWorker& pedal, const
     return std::nullopt;
 }
 
-void FirmwareInstallCommand::explain(const std::string& installed) {
+void FirmwareInstallCommand::explain(const std::string& installed, bool blank) {
     const std::string what =
         version_.empty() ? "\"" + options().files.front().string() + "\"" : "Firmware " + version_;
-    nlohmann::json plan{{"imageBytes", image_.size()}, {"verified", !version_.empty()}, {"loader", blank_}};
+    nlohmann::json plan{{"imageBytes", image_.size()}, {"verified", !version_.empty()}, {"loader", blank}};
     plan["version"] = version_.empty() ? nlohmann::json() : nlohmann::json(version_);
-    plan["present"] = blank_ ? nlohmann::json() : nlohmann::json(installed);
+    plan["present"] = blank ? nlohmann::json() : nlohmann::json(installed);
     report().tell("plan", std::move(plan),
                   what + " (" + sizeText(image_.size()) + ") will be installed on a pedal that " +
-                      (blank_ ? "is running only its loader." : "runs firmware " + installed + "."));
+                      (blank ? "is running only its loader." : "runs firmware " + installed + "."));
     if (report().json()) {
         return;
     }
@@ -119,24 +99,64 @@ void FirmwareInstallCommand::explain(const std::string& installed) {
 }
 
 /// Signals are held until the end, so that the exit code says what became of the pedal.
-ExitCode FirmwareInstallCommand::install(PedalWorker& pedal) {
+ExitCode FirmwareInstallCommand::install(Pedal& pedal) {
     const auto awake = keepAwake(pedal);
-    const auto& hold = context().environment.holdSignals;
-    if (!flash_->begin([&pedal] { return pedal.ended().has_value(); })) {
-        return stop(pedal);
-    }
-    hold([flash = flash_, &output = context().output] { stopLater(*flash, output); });
-    const auto code =
-        FirmwareInstallation(context(), report(), flash_, looper()).run(std::move(image_), blank_);
-    hold({});
+    const FlashEvents events{
+        .phase = [&](FlashPhase phase) { enter(pedal, phase); },
+        .waiting =
+            [this](Executor::Duration waited) {
+                const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(waited).count();
+                context().output.progress(waitsFor_ + ": " + std::to_string(seconds) + " s");
+            }};
+    auto end = runFlash(pedal, image_, events);
+    sending_ = false;
+    end = confirmFlash(pedal, end, events);
+    context().output.endProgress();
+    const auto code = finish(end);
+    context().environment.holdSignals({});
     return code;
 }
 
+void FirmwareInstallCommand::enter(Pedal& pedal, FlashPhase phase) {
+    const auto tell = [this](const char* name, const char* waitsFor, const std::string& sentence) {
+        waitsFor_ = waitsFor;
+        context().output.endProgress();
+        report().tell("phase", {{"phase", name}}, sentence);
+    };
+    switch (phase) {
+        case FlashPhase::asking:
+            sending_ = true;
+            waitsFor_ = "Asking the pedal";
+            context().environment.holdSignals(
+                [self = shared_from_this(), this, pedal = pedal.shared_from_this()] {
+                    askToWait();
+                    pedal->stop(Trouble{Trouble::Kind::cancelled});
+                });
+            return;
+        case FlashPhase::restarting:
+            tell("restart", "Waiting for the loader", "The pedal is restarting into its loader.");
+            return;
+        case FlashPhase::left:
+            tell("left", "Waiting for the loader", "");
+            return;
+        case FlashPhase::sending:
+            tell("loader", "Preparing and sending the image",
+                 "The pedal is in its loader. It prepares for 8 seconds, then receives the image. Do not "
+                 "unplug it.");
+            return;
+        case FlashPhase::sent:
+            sending_ = false;
+            tell("sent", "Waiting for the pedal", flashSentence({.how = FlashEnd::How::sent}, again));
+            return;
+        case FlashPhase::cameBack:
+            return;  // which ends it
+    }
+}
+
 /// Keeps the computer awake as long as it lives. The installation goes on even without it.
-std::shared_ptr<void> FirmwareInstallCommand::keepAwake(PedalWorker& pedal) {
+std::shared_ptr<void> FirmwareInstallCommand::keepAwake(Pedal& pedal) {
     const auto lock = std::make_shared<AwakeLock>();
-    pedal.attempt([lock, &environment = context().environment] { *lock = environment.keepAwake(); });
-    if (pedal.ended()) {
+    if (!pedal.aside([lock, &environment = context().environment] { *lock = environment.keepAwake(); })) {
         return nullptr;
     }
     if (!lock->hold) {
@@ -144,6 +164,29 @@ std::shared_ptr<void> FirmwareInstallCommand::keepAwake(PedalWorker& pedal) {
                                "). Make sure it does not go to sleep.");
     }
     return lock->hold;
+}
+
+ExitCode FirmwareInstallCommand::finish(const FlashEnd& end) {
+    using How = FlashEnd::How;
+    const bool installed = end.how == How::confirmed;
+    auto shown = end;
+    shown.version = printable(end.version);
+    if (shown.why) {
+        shown.why = foundAbout(*shown.why, context().environment.diagnose());
+    }
+    const auto kind = end.how == How::notSent    ? shown.why.value().kind
+                      : end.how == How::inLoader ? Trouble::Kind::stillInLoader
+                                                 : Trouble::Kind::unconfirmed;
+    const auto code = installed ? ExitCode::ok : exitCode(kind);
+    const auto sentence = flashSentence(shown, again);
+    auto details = finishedJson(code, nameOfEnd(kind, code), sentence);
+    details["installed"] = end.how == How::unconfirmed ? nlohmann::json() : nlohmann::json(installed);
+    details["version"] = installed ? nlohmann::json(shown.version) : nlohmann::json();
+    report().tell("finished", std::move(details), installed ? sentence : "");
+    if (!installed) {
+        context().output.error(sentence);
+    }
+    return code;
 }
 
 }  // namespace kzq::ctl

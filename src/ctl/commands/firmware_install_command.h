@@ -1,39 +1,41 @@
 #pragma once
 
-#include "ctl/commands/firmware_flash.h"
+#include <atomic>
+
 #include "ctl/commands/firmware_offer.h"
-#include "ctl/commands/worker_command.h"
+#include "ctl/commands/pedal_command.h"
+#include "operations/flash.h"
 
 namespace kzq::ctl {
 
 /// Replaces the pedal's firmware: by what the maker's server offers, verified, or by a file of the user's.
 ///
 /// Once the pedal has been asked to take it, nothing ends the program before the image is complete or has
-/// failed, and the exit code says which. A user who presses Ctrl-C is asked to wait.
-class FirmwareInstallCommand : public WorkerCommand {
+/// failed, and the exit code says what became of it. A user who presses Ctrl-C is asked to wait.
+class FirmwareInstallCommand : public PedalCommand {
   public:
-    explicit FirmwareInstallCommand(Context context);
+    using PedalCommand::PedalCommand;
 
-    std::optional<Explanation> obstacle() override;
-    void connected(const std::shared_ptr<KZQ7306>& looper) override;
-    void disconnected() override;
+    std::optional<ExitCode> obstructed() override;
     void cancel() override;
-    bool mustFinish() const override { return flash_->begun(); }
 
   protected:
     bool takesLoader() const override { return true; }
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 
   private:
-    std::optional<ExitCode> choose(PedalWorker& pedal, const std::string& installed);
-    void explain(const std::string& installed);
-    ExitCode install(PedalWorker& pedal);
-    std::shared_ptr<void> keepAwake(PedalWorker& pedal);
+    std::optional<ExitCode> choose(Pedal& pedal, const std::string& installed);
+    void explain(const std::string& installed, bool blank);
+    ExitCode install(Pedal& pedal);
+    std::shared_ptr<void> keepAwake(Pedal& pedal);
+    void enter(Pedal& pedal, FlashPhase phase);
+    void askToWait();
+    ExitCode finish(const FlashEnd& end);
 
-    const std::shared_ptr<FirmwareFlash> flash_;
-    bool blank_ = false;  ///< the pedal was in its loader already
     FirmwareImage image_;
-    std::string version_;  ///< that of the image; empty for a file
+    std::string version_;                ///< that of the image; empty for a file
+    std::atomic<bool> sending_ = false;  ///< the image is not complete
+    std::string waitsFor_;               ///< on the command's thread
 };
 
 }  // namespace kzq::ctl

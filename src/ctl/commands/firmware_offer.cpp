@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "ctl/speech/format.h"
-#include "operations/sentences.h"
 #include "platform/plain_file.h"
 #include "updates/firmware_source.h"
 #include "updates/firmware_version.h"
@@ -50,12 +49,12 @@ Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::stri
     return offer;
 }
 
-Result<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
+Result<FirmwareOffer> askForOffer(Pedal& pedal, const Environment& environment,
                                   const std::string& installed) {
     const auto asked = std::make_shared<Result<FirmwareOffer>>(Trouble{Kind::cancelled});
     const bool came =
-        pedal.attempt([asked, installed, &environment] { *asked = fetchOffer(environment, installed); });
-    return came ? std::move(*asked) : Trouble{Kind::cancelled};
+        pedal.aside([asked, installed, &environment] { *asked = fetchOffer(environment, installed); });
+    return came ? std::move(*asked) : pedal.stopped().value();
 }
 
 Result<FirmwareImage> readImage(const std::filesystem::path& path) {
@@ -68,21 +67,6 @@ Result<FirmwareImage> readImage(const std::filesystem::path& path) {
         return Trouble{Kind::imageEmpty, path.string()};
     }
     return image;
-}
-
-Explanation explainFirmware(const Trouble& trouble) {
-    switch (trouble.kind) {
-        case Kind::unknownVersion:
-            return {ExitCode::pedalRefused, firmwareSentence(trouble)};
-        case Kind::noServer:
-        case Kind::untrustedServer:
-        case Kind::oddAnswer:
-        case Kind::badManifest:
-        case Kind::unverified:
-            return {ExitCode::noDownload, firmwareSentence(trouble)};
-        default:
-            return {ExitCode::fileError, firmwareSentence(trouble)};
-    }
 }
 
 std::string noteText(std::string_view line) {

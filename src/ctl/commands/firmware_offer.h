@@ -5,8 +5,7 @@
 #include <string_view>
 
 #include "ctl/pedal/environment.h"
-#include "ctl/pedal/pedal_worker.h"
-#include "ctl/speech/sentences.h"
+#include "operations/pedal.h"
 #include "updates/firmware_cache.h"
 
 namespace kzq::ctl {
@@ -20,15 +19,11 @@ struct FirmwareOffer {
 /// What the server has for a pedal that runs `installed` (empty: only its loader). An image is there, from
 /// the cache or fetched and put there, or there is no offer. Blocks for the web.
 Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed);
-/// The same for a command's thread: `cancelled` when the work has ended.
-Result<FirmwareOffer> askForOffer(PedalWorker& pedal, const Environment& environment,
-                                  const std::string& installed);
+/// The same for a command's thread, which does not wait any longer once the work has ended.
+Result<FirmwareOffer> askForOffer(Pedal& pedal, const Environment& environment, const std::string& installed);
 
 /// The image in a file of the user's own, which nothing verifies: 1 to largestFirmware bytes.
 Result<FirmwareImage> readImage(const std::filesystem::path& path);
-
-/// What the user gets to read when there is no offer or no image.
-Explanation explainFirmware(const Trouble& trouble);
 
 /// A line of the release notes without what would move a terminal's cursor.
 std::string noteText(std::string_view line);

@@ -9,7 +9,10 @@ PedalCommand::PedalCommand(Context context)
 
 void PedalCommand::connected(const std::shared_ptr<KZQ7306>& looper) {
     if (std::exchange(found_, true)) {
-        return;  // it was unplugged and is back, but the command ends anyway
+        if (pedal_) {
+            pedal_->returned(looper->stage());
+        }
+        return;
     }
     if (looper->factoryBlank() && !takesLoader()) {
         context_.fail(Trouble{Trouble::Kind::inLoader});

@@ -18,6 +18,7 @@ class PedalCommand : public Command, public std::enable_shared_from_this<PedalCo
 
     void connected(const std::shared_ptr<KZQ7306>& looper) override;
     void disconnected() override;
+    bool mustFinish() const override { return pedal_ && pedal_->restartExpected(); }
     void cancel() override;
 
   protected:

@@ -1,43 +1,27 @@
 #pragma once
 
-#include "ctl/commands/worker_command.h"
-#include "ctl/speech/progress_line.h"
-#include "loops/export_info.h"
-#include "operations/backup_folder.h"
+#include "ctl/commands/pedal_command.h"
+#include "operations/restore.h"
 
 namespace kzq::ctl {
 
 /// Makes the audio of the pedal's loops that of a backup.
-class RestoreCommand : public WorkerCommand {
+class RestoreCommand : public PedalCommand {
   public:
     explicit RestoreCommand(Context context);
 
-    std::optional<Explanation> obstacle() override;
+    std::optional<ExitCode> obstructed() override;
 
   protected:
-    ExitCode work(PedalWorker& pedal) override;
+    ExitCode work(Pedal& pedal) override;
 
   private:
-    std::optional<Explanation> verifyFiles(const PedalWorker& pedal) const;
-
-    std::optional<Explanation> findChanges(PedalWorker& pedal, const Loops& loops);
-    std::optional<bool> isSame(PedalWorker& pedal, SlotNumber slot, const Loop& loop);
-    void planWrite(SlotNumber slot, const Loop* old);
-    void planErase(SlotNumber slot, const Loop& old);
-    std::string question() const;
-
-    void change(PedalWorker& pedal, Loops loops);
-    void write(PedalWorker& pedal, Loops loops, std::vector<SlotNumber> untouched);
-    std::string summary(const PedalWorker& pedal) const;
+    ExitCode restore(Pedal& pedal, const RestorePlan& plan);
+    void tell(const RestorePlan& plan);
+    void tellChange(SlotNumber slot, const char* change, const std::string& what);
+    void tell(const RestorePlan& plan, const SlotOutcome& outcome);
 
     BackupFolder folder_;
-    BackupIndex index_;
-    std::shared_ptr<ProgressLine> progress_;
-    std::size_t same_ = 0;
-    std::vector<SlotNumber> erased_;  ///< slots that the backup has empty
-    std::vector<SlotNumber> lost_;    ///< all slots whose audio goes
-    Exports writes_;
-    Tally tally_;
 };
 
 }  // namespace kzq::ctl

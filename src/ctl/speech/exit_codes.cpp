@@ -12,6 +12,7 @@ bool hasNameOfItsOwn(Kind kind) {
         case Kind::silent:
         case Kind::tableIncomplete:
         case Kind::outputLost:
+        case Kind::unconfirmed:
         case Kind::nobodyToAsk:
             return true;
         default:
@@ -53,6 +54,7 @@ ExitCode exitCode(Kind kind) {
         case Kind::nothingOnBus:
         case Kind::noDeviceFile:
         case Kind::noUdev:
+        case Kind::noReturn:
             return ExitCode::noPedal;
         case Kind::noPermission:
         case Kind::ruleMissing:

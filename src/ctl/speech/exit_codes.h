@@ -19,7 +19,7 @@ enum class ExitCode : int {
     noPedal = 3,       ///< not there, or it was unplugged
     noPermission = 4,  ///< the system does not let this user open it, or does not pass on what import needs
     pedalRefused = 5,  ///< it refused, is busy or in other hands, has stopped answering, has no room, or the
-                       ///< slot is empty
+                       ///< slot is empty; firmware was sent and is not known to be installed
     fileError = 6,     ///< one that could not be read, converted or written
     someFailed = 7,    ///< some loops failed, or are not what they should be; the others went well
     noDownload = 8,    ///< the maker's server could not be reached, or what it sent is not usable

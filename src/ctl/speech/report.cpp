@@ -35,10 +35,6 @@ ExitCode Report::stopped(ExitCode code, std::string_view reason, const std::stri
     return code;
 }
 
-void Report::stopped(const Explanation& explanation) {
-    stopped(explanation.code, troubleName(explanation), explanation.sentence);
-}
-
 ExitCode Report::finished(const Outcome& outcome, const std::string& sentence, const std::string& summary) {
     output_.endProgress();
     const auto code = exitCode(outcome);
@@ -53,21 +49,6 @@ ExitCode Report::finished(const Outcome& outcome, const std::string& sentence, c
     }
     tell("finished", std::move(details), summary);
     return code;
-}
-
-void Report::finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary) {
-    output_.endProgress();
-    const auto code = tally.exitCode(end);
-    nlohmann::json details{{"wanted", tally.wanted}, {"done", tally.done}, {"exit", static_cast<int>(code)}};
-    if (code != ExitCode::ok) {
-        details["trouble"] = troubleName(end.value_or(Explanation{code, {}}));
-    }
-    if (end) {
-        const auto message = end->sentence + (tally.doubt.empty() ? "" : " " + tally.doubt);
-        output_.error(message);
-        details["message"] = message;
-    }
-    tell("finished", std::move(details), summary);
 }
 
 std::string loopNames(const std::vector<SlotNumber>& slots) {

@@ -6,7 +6,6 @@
 
 #include "ctl/speech/exit_codes.h"
 #include "ctl/speech/output.h"
-#include "ctl/speech/tally.h"
 #include "loops/slot_number.h"
 
 namespace kzq::ctl {
@@ -26,10 +25,8 @@ class Report {
     /// The end of a command that has nothing else to report: returns its exit code.
     ExitCode stopped(const Trouble& trouble, const std::string& sentence);
     ExitCode stopped(ExitCode code, std::string_view reason, const std::string& sentence);
-    void stopped(const Explanation& explanation);
     /// The end, which `sentence` explains if there was one before the last loop; `summary` for people.
     ExitCode finished(const Outcome& outcome, const std::string& sentence, const std::string& summary);
-    void finished(const Tally& tally, const std::optional<Explanation>& end, const std::string& summary);
 
   private:
     Output& output_;
