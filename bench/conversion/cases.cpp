@@ -21,7 +21,10 @@ class CaseMaker {
         lossless();
         oddWaves();
         coded();
+        surrounded();
+        loud();
         channels();
+        shortened();
         refused();
         return std::move(cases_);
     }
@@ -58,6 +61,9 @@ class CaseMaker {
         addEncoded("AIFF, 24 bits", "s24.aiff", "-c:a pcm_s24be", full);
         addEncoded("FLAC, 24 bits", "s24.flac", "-c:a flac -sample_fmt s32", full);
         addEncoded("ALAC in MPEG-4", "alac.m4a", "-c:a alac -sample_fmt s32p", full);
+        addEncoded("Wave64, 24 bits", "s24.w64", "-c:a pcm_s24le", full);
+        addEncoded("CAF, 24 bits", "s24.caf", "-c:a pcm_s24be", full);
+        addEncoded("WavPack, 24 bits", "s24.wv", "-c:a wavpack -sample_fmt s32p", full);
         add("WAV, 24 bits in 32, extensible", shop_.write("24in32.wav", wave24In32(full)), full);
     }
 
@@ -70,7 +76,7 @@ class CaseMaker {
     }
 
     void coded() {
-        const Samples tone = sine(frames, 1'999, framesPerSecond, 0.5);
+        const Samples tone = rising();
         shop_.write("master.wav", wave(packed(tone), 2).value());
         add("MP3, 320 kbit/s, LAME", shop_.make("cbr.mp3", "lame --quiet -b 320 master.wav cbr.mp3"), tone);
         add("MP3, variable rate, LAME", shop_.make("vbr.mp3", "lame --quiet -V 0 master.wav vbr.mp3"), tone);
@@ -78,11 +84,89 @@ class CaseMaker {
         const auto bare = shop_.encode("bare.m4a", "-i master.wav -c:a aac -b:a 256k -use_editlist 0");
         add("AAC in MPEG-4, iTunSMPB",
             shop_.write("tag.m4a", withLengthTag(readFile(bare), 1024, 344, frames)), tone);
+        addEncoded("Ogg Vorbis", "tone.ogg", "-c:a libvorbis -q:a 8", tone);
+        addEncoded("Ogg Opus", "tone.opus", "-ar 48000 -c:a libopus -b:a 256k", tone);
         // These do not state their padding, so there is nothing to align them by.
         cases_.push_back(
             {"AAC, bare stream", shop_.encode("stream.aac", "-i master.wav -c:a aac -b:a 256k"), frames, {}});
         cases_.push_back(
             {"AC-3, 448 kbit/s", shop_.encode("stream.ac3", "-i master.wav -b:a 448k"), frames, {}});
+    }
+
+    /// What players put around the sound, and disks leave behind it.
+    void surrounded() {
+        const Samples tone = rising();
+        const Bytes lame = readFile(shop_.at("cbr.mp3"));
+        const Bytes flac = readFile(shop_.encode("tone.flac", "-i master.wav"));
+        const Bytes id3v1 = joined({{'T', 'A', 'G'}, Bytes(125)});
+        const Bytes id3v2 = joined({{'I', 'D', '3', 4, 0, 0, 0, 0, 2, 1}, Bytes(257)});
+        const std::string text = "LYRICSBEGININD0000200LYR00005hello000030LYRICS200";
+        add("MP3, a zero behind it", shop_.write("zero.mp3", joined({lame, Bytes(1)})), tone);
+        add("MP3, 2,000 zeros behind it", shop_.write("zeros.mp3", joined({lame, Bytes(2000)})), tone);
+        add("MP3, Lyrics3 and ID3v1 behind it",
+            shop_.write("lyrics.mp3", joined({lame, {text.begin(), text.end()}, id3v1})), tone);
+        add("MP3, ID3v2 behind it", shop_.write("id3.mp3", joined({lame, id3v2})), tone);
+        add("MP3, its last byte missing", shop_.write("last.mp3", ByteView(lame).first(lame.size() - 1)),
+            tone);
+        add("MP3, zeros between tag and sound", shop_.write("front.mp3", joined({id3v2, Bytes(3000), lame})),
+            tone);
+        add("FLAC, ID3v1 behind it", shop_.write("tag.flac", joined({flac, id3v1})), tone);
+        add("FLAC, 2,000 zeros behind it", shop_.write("zeros.flac", joined({flac, Bytes(2000)})), tone);
+    }
+
+    void loud() {
+        const auto addLoud = [&](const std::string& kind, std::uint32_t rate, double amplitude) {
+            cases_.push_back({kind,
+                              shop_.write("loud" + std::to_string(cases_.size()) + ".wav",
+                                          fineTone(rate * 10, 997, rate, amplitude)),
+                              frames});
+        };
+        addLoud("WAV, floating point, +6 dB", 44'100, 2);
+        addLoud("WAV, floating point, +6 dB, 48,000 Hz", 48'000, 2);
+        addLoud("WAV, floating point, 0 dB", 44'100, 1);
+        addLoud("WAV, floating point, 0 dB, 48,000 Hz", 48'000, 1);
+        Bytes odd = fineTone(frames, 997, 44'100, 0.5);
+        for (std::size_t i = 0; i < 8; ++i) {
+            odd[waveHeaderSize + 16'000 + i] = 0xFF;  // no number
+        }
+        cases_.push_back({"WAV, floating point, no numbers", shop_.write("nan.wav", odd), frames});
+    }
+
+    void shortened() {
+        const auto addShort = [&](const std::string& kind, const std::filesystem::path& source) {
+            cases_.push_back({kind, source, frames, {}, true});
+        };
+        Bytes one = wave(packed(master(24)), 2).value();
+        storeU32(one, 40, loadU32(one, 40) + 6);
+        addShort("WAV, a frame too many in its header", shop_.write("one.wav", one));
+        for (const std::string name : {"s24.wav", "cbr.mp3", "s24.flac", "tone.ogg"}) {
+            const Bytes all = readFile(shop_.at(name));
+            addShort(name.substr(name.find('.') + 1) + ", second half missing",
+                     shop_.write("salvaged-" + name, ByteView(all).first(all.size() / 2)));
+        }
+        Bytes flipped = readFile(shop_.at("s24.flac"));
+        flipped[flipped.size() / 2] ^= 1U;
+        addShort("FLAC, one bit wrong", shop_.write("salvaged.flac", flipped));
+    }
+
+    /// A tone that rises from 1,000 to 3,000 Hz: no part of it is like another.
+    static Samples rising() {
+        Samples samples;
+        for (std::size_t i = 0; i < frames; ++i) {
+            const double time = static_cast<double>(i) / framesPerSecond;
+            const double phase = 2 * M_PI * (1'000 * time + 100 * time * time);
+            samples.insert(samples.end(), 2,
+                           static_cast<std::int32_t>(std::lround(std::sin(phase) * fullScale / 2)));
+        }
+        return samples;
+    }
+
+    static Bytes joined(std::initializer_list<Bytes> parts) {
+        Bytes all;
+        for (const auto& part : parts) {
+            all.insert(all.end(), part.begin(), part.end());
+        }
+        return all;
     }
 
     void channels() {
@@ -112,22 +196,17 @@ class CaseMaker {
                                                       "sed -i 's/NONE/sowt/' sowt24.aifc"));
         addRefused("WAV, 1 Hz", shop_.write("slow.wav", waveOf(noise(100, 16), 1, 2)));
         addRefused("WAV without samples", shop_.write("none.wav", wave({}, 2).value()));
-        addRefused("WAV, second half missing",
-                   shop_.write("half.wav", ByteView(whole).first(whole.size() / 2)));
-        for (const std::string name : {"edit.m4a", "cbr.mp3", "s24.flac", "stream.ac3"}) {
+        for (const std::string name : {"edit.m4a", "cbr.mp3", "stream.ac3"}) {
             const Bytes all = readFile(shop_.at(name));
             addRefused(name.substr(name.find('.') + 1) + ", second half missing",
                        shop_.write("half-" + name, ByteView(all).first(all.size() / 2)));
         }
-        Bytes flipped = readFile(shop_.at("s24.flac"));
-        flipped[flipped.size() / 2] ^= 1U;
-        addRefused("FLAC, one bit wrong", shop_.write("bit.flac", flipped));
         addRefused("text named .wav", shop_.make("text.wav", "echo a text > text.wav"));
         addRefused(
             "playlist named .wav",
             shop_.make("list.wav", R"(printf '#EXTM3U\n#EXTINF:9,\nfile:///etc/passwd\n' > list.wav)"));
         addRefused("Opus in MPEG-4", shop_.encode("opus.mp4", "-i master.wav -ar 48000 -c:a libopus"));
-        addRefused("Ogg Vorbis", shop_.encode("vorbis.ogg", "-i master.wav -c:a libvorbis"));
+        addRefused("Windows Media", shop_.encode("windows.wma", "-i master.wav -c:a wmav2"));
     }
 
     const Workshop& shop_;

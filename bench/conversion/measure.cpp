@@ -22,6 +22,44 @@ Result<Conversion::File> convert(const Workshop& shop, const std::filesystem::pa
     return Conversion({.output = shop.results()}).convert(source);
 }
 
+/// How many frames `samples` come late, as far as `expected` shows.
+long lagOf(const Samples& samples, const Samples& expected) {
+    constexpr long farthest = 3'000;
+    constexpr long window = 4'096;
+    const long from = static_cast<long>(std::min(samples.size(), expected.size())) / 4;
+    double least = -1;
+    long best = 0;
+    for (long lag = -farthest; lag <= farthest && from > farthest + window; ++lag) {
+        double sum = 0;
+        for (long i = from; i < from + window; ++i) {
+            const double difference = samples[static_cast<std::size_t>(2 * (i + lag))] -
+                                      static_cast<double>(expected[static_cast<std::size_t>(2 * i)]);
+            sum += difference * difference;
+        }
+        if (least < 0 || sum < least) {
+            least = sum;
+            best = lag;
+        }
+    }
+    return best;
+}
+
+double peakOf(const Samples& samples) {
+    std::int64_t peak = 0;
+    for (const std::int32_t sample : samples) {
+        peak = std::max(peak, std::abs(std::int64_t{sample}));
+    }
+    return 20 * std::log10(static_cast<double>(peak) / fullScale);
+}
+
+std::string verdictText(const Conversion::File& file) {
+    std::string text = verdictName(file.verdict);
+    if (file.flaw) {
+        text += file.flaw->words.empty() ? "" : " by " + file.flaw->words + " ms";
+    }
+    return text + (file.silenced ? ", silenced" : "");
+}
+
 /// A result's samples; the file is removed at once.
 Samples taken(const Conversion::File& result) {
     Samples samples = samplesOf(result.path);
@@ -39,28 +77,31 @@ Samples convertedTone(const Workshop& shop, std::uint32_t rate, std::size_t fram
 }
 
 void printKinds(const Workshop& shop) {
-    std::puts("| input | outcome | frames in | frames out | largest difference | difference, dB |");
-    std::puts("|---|---|---:|---:|---:|---:|");
+    std::puts(
+        "| input | verdict | frames in | frames out | lag | largest difference | difference, dB | peak, dB | "
+        "gain, dB |");
+    std::puts("|---|---|---:|---:|---:|---:|---:|---:|---:|");
     for (const auto& one : measuredCases(shop)) {
-        const auto result = convert(shop, one.source);
+        const auto result = Conversion({.output = shop.results(), .salvage = one.salvage, .everyKind = true})
+                                .convert(one.source);
         if (!result) {
-            std::printf("| %s | refused: %s | | | | |\n", one.kind.c_str(),
+            std::printf("| %s | refused: %s | | | | | | | |\n", one.kind.c_str(),
                         audioSentence(result.error()).c_str());
             continue;
         }
         const Samples samples = taken(*result);
-        std::printf("| %s | accepted | %zu | %zu |", one.kind.c_str(), one.frames, samples.size() / 2);
+        std::printf("| %s | %s | %zu | %zu |", one.kind.c_str(), verdictText(*result).c_str(), one.frames,
+                    samples.size() / 2);
         if (one.expected.empty()) {
-            std::puts(" | |");
-            continue;
-        }
-        const auto difference = largestDifference(samples, one.expected);
-        std::printf(" %ld |", static_cast<long>(difference));
-        if (difference == 0) {
-            std::puts(" none |");
+            std::printf(" | | |");
+        } else if (const auto difference = largestDifference(samples, one.expected); difference == 0) {
+            std::printf(" 0 | 0 | none |");
         } else {
-            std::printf(" %.1f |\n", differenceLevel(samples, one.expected));
+            std::printf(" %ld | %ld | %.1f |", lagOf(samples, one.expected), static_cast<long>(difference),
+                        differenceLevel(samples, one.expected));
         }
+        std::printf(" %.2f |", peakOf(samples));
+        std::printf(result->gain == 1 ? " |\n" : " %+.2f |\n", 20 * std::log10(result->gain));
     }
 }
 
@@ -106,8 +147,8 @@ void printAliases(const Workshop& shop) {
 }
 
 void printSpeed(const Workshop& shop) {
-    std::puts("| source | frames out | seconds |");
-    std::puts("|---|---:|---:|");
+    std::puts("| source | frames out | seconds | ffmpeg alone, seconds |");
+    std::puts("|---|---:|---:|---:|");
     const std::vector<std::pair<std::string, std::string>> sources{
         {"24 minutes of WAV, 44,100 Hz, 24 bits",
          "-f lavfi -i anoisesrc=r=44100:d=1440:a=0.5 -ac 2 -c:a pcm_s24le a.wav"},
@@ -120,9 +161,15 @@ void printSpeed(const Workshop& shop) {
         const auto source = shop.encode(command.substr(split + 1), command.substr(0, split));
         const auto before = std::chrono::steady_clock::now();
         const auto result = convert(shop, source);
-        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - before;
-        std::printf("| %s | %zu | %.1f |\n", kind.c_str(),
-                    static_cast<std::size_t>(result ? result->frames : 0), took.count());
+        const auto between = std::chrono::steady_clock::now();
+        shop.encode("alone.wav", "-threads 1 -i " + source.string() +
+                                     " -t 1440 -af aresample=44100:resampler=soxr:precision=28:cheby=1 -ac 2 "
+                                     "-c:a pcm_s24le -f wav");
+        const std::chrono::duration<double> took = between - before;
+        const std::chrono::duration<double> alone = std::chrono::steady_clock::now() - between;
+        std::filesystem::remove(shop.at("alone.wav"));
+        std::printf("| %s | %zu | %.1f | %.1f |\n", kind.c_str(),
+                    static_cast<std::size_t>(result ? result->frames : 0), took.count(), alone.count());
         std::filesystem::remove(source);
         if (result) {
             std::filesystem::remove(result->path);

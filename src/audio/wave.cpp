@@ -162,17 +162,30 @@ std::optional<Bytes> wave(ByteView samples, std::uint32_t channels) {
     }
 }
 
+bool addWaveHeader(Bytes& file, std::uint32_t channels) {
+    const std::uint64_t sampleBytes = file.size() - waveHeaderSize;
+    if (sampleBytes > mostSampleBytes) {
+        return false;
+    }
+    std::ranges::copy(waveHeader(static_cast<std::uint32_t>(sampleBytes), channels), file.begin());
+    return true;
+}
+
 std::optional<Bytes> lpcm(ByteView data) {
+    const auto samples = lpcmIn(data);
+    return samples ? std::optional(Bytes(samples->begin(), samples->end())) : std::nullopt;
+}
+
+std::optional<ByteView> lpcmIn(ByteView data) {
     // If shorter than a canonical header, even a valid WAVE is passed on unchanged.
     if (!isWave(data) || data.size() < waveHeaderSize) {
-        return Bytes(data.begin(), data.end());
+        return data;
     }
     for (auto chunk = firstSubchunk(data); chunk.length != 0; chunk = subchunkAfter(data, chunk)) {
         if (tagOf(data, chunk) != dataTag) {
             continue;
         }
-        const ByteView body = data.subspan(chunk.location + chunkHeadSize, chunk.length - chunkHeadSize);
-        return Bytes(body.begin(), body.end());
+        return data.subspan(chunk.location + chunkHeadSize, chunk.length - chunkHeadSize);
     }
     return std::nullopt;
 }

@@ -49,8 +49,15 @@ std::array<std::uint8_t, waveHeaderSize> waveHeader(std::uint32_t sampleBytes, s
 /// is cut to the 16 bits of its field.
 std::optional<Bytes> wave(ByteView samples, std::uint32_t channels);
 
+/// The same in place: `file` has its samples behind `waveHeaderSize` bytes, into which the header goes. False
+/// if there are too many of them.
+bool addWaveHeader(Bytes& file, std::uint32_t channels);
+
 /// The body of the first "data" sub-chunk. Data that is not a WAVE is taken for samples and returned whole,
 /// as is a WAVE of less than 44 bytes; a malformed WAVE gives nothing. Throws only if out of memory.
 std::optional<Bytes> lpcm(ByteView data);
+
+/// The same, in place: part of `data`.
+std::optional<ByteView> lpcmIn(ByteView data);
 
 }  // namespace kzq

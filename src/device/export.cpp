@@ -55,7 +55,7 @@ std::uint32_t KZQ7306::exportLoop(const ExportInfo& info, const TransferProgress
 
 Result<std::uint32_t> KZQ7306::sendLoop(const ExportInfo& info, const TransferProgress& progress) {
     const auto file = contents(info.source);
-    const auto audio = file ? lpcm(*file) : std::nullopt;
+    const auto audio = file ? lpcmIn(*file) : std::nullopt;
     if (!audio || audio->empty()) {
         log(LogCategory::device, "export: no audio in the working copy");
         return Trouble{Trouble::Kind::noAudio};

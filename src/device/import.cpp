@@ -46,40 +46,39 @@ Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progres
     if (!answer.accepted) {
         return answer.trouble();
     }
-    const auto audio = readAudio(*loop, slot, progress);
-    if (!audio) {
-        return audio.error();
-    }
-    auto file = wave(*audio, pedalChannels);
-    if (!file) {
+    auto file = readAudio(*loop, slot, progress);
+    if (file && !addWaveHeader(*file, pedalChannels)) {
         return Trouble{Trouble::Kind::outOfMemory};
     }
-    return std::move(*file);
+    return file;
 }
 
-/// The loop's frames, once the pedal has agreed to send them; the padding after them is dropped.
+/// The loop's frames, once the pedal has agreed to send them, behind room for a header: a long loop is in
+/// memory only once. The padding after them is dropped.
 Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress) {
-    Bytes audio;
-    audio.reserve(std::size_t{loop.alignedBytes} + transferPiece);
-    while (audio.size() < loop.alignedBytes) {
+    Bytes file;
+    file.reserve(waveHeaderSize + std::size_t{loop.alignedBytes} + transferPiece);
+    file.resize(waveHeaderSize);
+    const auto came = [&file] { return file.size() - waveHeaderSize; };
+    while (came() < loop.alignedBytes) {
         if (cancel()) {
             return Trouble{Trouble::Kind::cancelled};
         }
-        const auto due = loop.alignedBytes - audio.size();
+        const auto due = loop.alignedBytes - came();
         auto piece = receive(static_cast<std::int32_t>(std::min(due, transferPiece)));
         if (!piece) {
             return std::move(piece.error());
         }
-        audio.insert(audio.end(), piece->begin(), piece->end());
+        file.insert(file.end(), piece->begin(), piece->end());
         progress(static_cast<std::uint32_t>(piece->size()), slot.number());
     }
     // A table entry so large that its size wraps, padded or not: no WAV could hold it, and what came is not
     // it.
-    if (audio.size() < loop.bytes || std::uint64_t{loop.samples} * frameBytes != loop.bytes) {
+    if (came() < loop.bytes || std::uint64_t{loop.samples} * frameBytes != loop.bytes) {
         return Trouble{Trouble::Kind::tooLarge};
     }
-    audio.resize(loop.bytes);
-    return audio;
+    file.resize(waveHeaderSize + loop.bytes);
+    return file;
 }
 
 bool KZQ7306::importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
