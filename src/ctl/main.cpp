@@ -78,10 +78,16 @@ Result<ctl::ConvertedFile> convert(const ctl::ConversionOrder& order) {
     return Conversion({.output = order.output,
                        .progress = order.progress,
                        .cancelled = order.cancelled,
-                       .sync = order.sync})
+                       .sync = order.sync,
+                       .salvage = order.salvage,
+                       .normalize = order.normalize,
+                       .everyKind = true})
         .convert(order.source)
-        .map([](const Conversion::File& file) {
-            return ctl::ConvertedFile{file.path, file.frames};
+        .map([&order](const Conversion::File& file) {
+            return ctl::ConvertedFile{
+                file.path,
+                file.frames,
+                {verdictName(file.verdict), file.flaw, file.gain, order.normalize, file.silenced}};
         });
 }
 

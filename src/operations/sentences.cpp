@@ -11,7 +11,13 @@ namespace {
 
 using Kind = Trouble::Kind;
 
-constexpr const char* takenKinds = "Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.";
+constexpr const char* windowKinds = "Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.";
+constexpr const char* toolKinds =
+    "Use WAV, AIFF, FLAC, MP3, M4A, AAC, AC3, Ogg Vorbis, Opus, WavPack, W64, RF64 or CAF.";
+
+std::string unsupportedSentence(const Trouble& trouble, const char* kinds) {
+    return "This audio format is not supported: " + trouble.words + ". " + kinds;
+}
 
 /// "No space left on device.", or what the other side said.
 std::string reasonOf(const Trouble& trouble) {
@@ -37,6 +43,8 @@ const char* remedyFor(int error) {
         case ENOSPC:
         case EDQUOT:
             return " Free some space or choose another folder.";
+        case ENAMETOOLONG:
+            return " Choose a shorter name.";
         case EFBIG:
             return " Choose a folder that allows files of this size.";
         case EROFS:
@@ -80,6 +88,13 @@ std::string spaceSentence(const Trouble& trouble) {
            ". Make room or choose another folder.";
 }
 
+std::string flawWords(const Trouble& flaw) {
+    if (flaw.kind == Kind::endsEarly) {
+        return flaw.words.empty() ? "its end is missing" : "its last " + milliseconds(flaw) + " are missing";
+    }
+    return (flaw.words.empty() ? "part" : milliseconds(flaw)) + " of it cannot be read";
+}
+
 std::string audioSentence(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::notAFile:
@@ -88,18 +103,14 @@ std::string audioSentence(const Trouble& trouble) {
         case Kind::unreadable:
             return "The file cannot be read: " + reasonOf(trouble);
         case Kind::notAudio:
-            return std::string("The file is not audio, or its format is not supported. ") + takenKinds;
+            return std::string("The file is not audio, or its format is not supported. ") + windowKinds;
         case Kind::unsupported:
-            return "This audio format is not supported: " + trouble.words + ". " + takenKinds;
+            return unsupportedSentence(trouble, windowKinds);
         case Kind::damaged:
             return "The file is damaged or incomplete.";
         case Kind::endsEarly:
-            return "The file is damaged or incomplete: " +
-                   (trouble.words.empty() ? "its end is missing."
-                                          : "its last " + milliseconds(trouble) + " are missing.");
         case Kind::broken:
-            return "The file is damaged or incomplete: part of it cannot be read" +
-                   (trouble.words.empty() ? "." : "; " + milliseconds(trouble) + " are missing.");
+            return "The file is damaged or incomplete: " + flawWords(trouble) + ".";
         case Kind::noSound:
             return "The file contains no audio.";
         case Kind::sampleRate:
@@ -135,11 +146,18 @@ std::string conversionSentence(const Trouble& trouble, const std::string& name) 
         return audioSentence(trouble);
     }
     std::string file = name.empty() ? quoted(trouble) : name;
+    const std::string failed = "Could not convert " + file + ". ";
+    if (trouble.kind == Kind::endsEarly || trouble.kind == Kind::broken) {
+        return failed + audioSentence(trouble) + " To convert what there is of it, add --salvage.";
+    }
+    if (trouble.kind == Kind::unsupported) {
+        return failed + unsupportedSentence(trouble, toolKinds);
+    }
     if (trouble.kind != Kind::notAudio) {
-        return "Could not convert " + file + ". " + audioSentence(trouble);
+        return failed + audioSentence(trouble);
     }
     file.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(file.front())));
-    return file + " is in a format that is not supported. " + takenKinds;
+    return file + " is in a format that is not supported. " + toolKinds;
 }
 
 std::string backupSentence(const Trouble& trouble) {

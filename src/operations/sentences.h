@@ -35,8 +35,10 @@ std::string spaceSentence(const Trouble& trouble);
 
 /// Of an audio file or its conversion.
 std::string audioSentence(const Trouble& trouble);
-/// The same, with the file's name: `name`, such as "standard input", or the quoted `where`. Also of the
-/// standard streams.
+/// What is wrong with a file of which part can be converted: "its last 908 ms are missing".
+std::string flawWords(const Trouble& flaw);
+/// The same for the tool, with the file's name: `name`, such as "standard input", or the quoted `where`. Also
+/// of the standard streams.
 std::string conversionSentence(const Trouble& trouble, const std::string& name = {});
 
 /// Of a backup that cannot be made or restored, which the pedal may be the reason of.

@@ -13,7 +13,7 @@ TEST_F(ToolTest, ConvertNeedsNoPedal) {
     const auto source = writeWave("in.wav", loopOf(44'100, 1));
     EXPECT_EQ(run({"convert", source, "--to", folder / "out.wav"}), ExitCode::ok);
     EXPECT_EQ(contents("out.wav"), contents("in.wav"));
-    EXPECT_THAT(out.str(), testing::EndsWith("out.wav: 0:01.0.\n"));
+    EXPECT_THAT(out.str(), testing::EndsWith("out.wav: 0:01.0, whole.\n"));
 
     const auto before = contents("out.wav");
     const auto other = writeWave("other.wav", loopOf(5, 1));
@@ -23,6 +23,8 @@ TEST_F(ToolTest, ConvertNeedsNoPedal) {
     std::filesystem::create_symlink("nowhere", folder / "link.wav");
     EXPECT_EQ(run({"convert", other, "--to", folder / "link.wav"}), ExitCode::fileError);
     EXPECT_EQ(contents("out.wav"), before);
+    EXPECT_EQ(run({"convert", other, "--to", folder / std::string(300, 'n')}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("n\": File name too long. Choose a shorter name.\n"));
 
     EXPECT_EQ(run({"convert", write("text", {'x'}), "--to", folder / "new.wav"}), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("text\" is in a format that is not supported."));
@@ -45,6 +47,42 @@ TEST_F(ToolTest, ConvertKeepsNoFileThatWasCut) {
     EXPECT_EQ(run(arguments), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("\"long.mp3\" is longer than the pedal's 24 minutes.\n"));
     EXPECT_THAT(files(), IsEmpty());
+}
+
+TEST_F(ToolTest, ConvertSaysHowItWent) {
+    std::vector<std::string> arguments{"convert",          "a.mp3",     "--to",
+                                       folder / "out.wav", "--salvage", "--normalize"};
+    ctl::ConversionOrder ordered;
+    ConversionNote note{.verdict = "exact", .gain = 0.5};
+    convert = [&](const ctl::ConversionOrder& order) -> Result<ctl::ConvertedFile> {
+        ordered = order;
+        return ctl::ConvertedFile{order.output, 44'100, note};
+    };
+    EXPECT_EQ(run(arguments), ExitCode::ok);
+    EXPECT_TRUE(ordered.salvage && ordered.normalize);
+    EXPECT_THAT(out.str(),
+                HasSubstr("0:01.0, exact; turned down by 6.0 dB, it was louder than full scale.\n"));
+    note = {.verdict = "shortened",
+            .flaw = Trouble{Trouble::Kind::endsEarly, {}, 0, "1908"},
+            .gain = 2,
+            .normalized = true,
+            .silenced = true};
+    EXPECT_EQ(run(arguments), ExitCode::ok);
+    EXPECT_THAT(out.str(),
+                HasSubstr("0:01.0, shortened: its last 1,908 ms are missing; normalized by +6.0 dB; "
+                          "samples that were no numbers became silence.\n"));
+    arguments.emplace_back("--json");
+    EXPECT_EQ(run(arguments), ExitCode::ok);
+    EXPECT_THAT(out.str(), testing::AllOf(HasSubstr(R"("verdict":"shortened")"),
+                                          HasSubstr(R"("flaw":"ends-early")"), HasSubstr(R"("missing":1908)"),
+                                          HasSubstr(R"("gain":6.02)"), HasSubstr(R"("silenced":true)")));
+    arguments.pop_back();
+    convert = [](const ctl::ConversionOrder&) -> Result<ctl::ConvertedFile> {
+        return Trouble{Trouble::Kind::broken, "a.mp3", 0, "26"};
+    };
+    EXPECT_EQ(run(arguments), ExitCode::fileError);
+    EXPECT_THAT(err.str(),
+                HasSubstr("26 ms of it cannot be read. To convert what there is of it, add --salvage.\n"));
 }
 
 }  // namespace

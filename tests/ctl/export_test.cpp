@@ -39,8 +39,8 @@ TEST_F(ExportTest, FilesGoToTheFirstFreeSlotsInTheirOrder) {
     EXPECT_EQ(run({"export", b, a, "--verify"}), ExitCode::ok);
     EXPECT_EQ(onPedal(1), loopOf(3, 50).audio);
     EXPECT_EQ(onPedal(3), loopOf(700, 40).audio);
-    EXPECT_EQ(out.str(), "Loop 1: " + b + ", 0:00.0.\nLoop 3: " + a +
-                             ", 0:00.0.\nSpace remaining: 23 min, 59 sec\n"
+    EXPECT_EQ(out.str(), "Loop 1: " + b + ", 0:00.0, whole.\nLoop 3: " + a +
+                             ", 0:00.0, whole.\nSpace remaining: 23 min, 59 sec\n"
                              "Loop 1: written and compared, sample for sample.\n"
                              "Loop 3: written and compared, sample for sample.\n"
                              "2 loops written and compared.\n");

@@ -7,6 +7,7 @@
 #include "ctl/commands/conversion_progress.h"
 #include "ctl/commands/stream_conversion.h"
 #include "ctl/speech/format.h"
+#include "ctl/speech/json_output.h"
 #include "ctl/speech/report.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
@@ -23,8 +24,14 @@ std::optional<ExitCode> ConvertCommand::obstructed() {
                    : std::nullopt;
     }
     std::error_code error;
-    if (std::filesystem::symlink_status(output, error).type() == std::filesystem::file_type::not_found) {
+    const auto there = std::filesystem::symlink_status(output, error);
+    if (there.type() == std::filesystem::file_type::not_found) {
         return std::nullopt;
+    }
+    if (!std::filesystem::status_known(there)) {
+        return context_.explain(ExitCode::fileError,
+                                "Could not write \"" + output.string() +
+                                    "\": " + fileSentence({Trouble::Kind::file, {}, error.value()}));
     }
     return context_.explain(ExitCode::fileError, "\"" + output.string() +
                                                      "\" already exists. Existing files are never "
@@ -41,7 +48,9 @@ bool ConvertCommand::withoutPedal() {
                           .output = context.options.output,
                           .progress = conversionProgress(context, "Converting", source.string()),
                           .cancelled = &self->cancelled_,
-                          .sync = true});
+                          .sync = true,
+                          .salvage = context.options.salvage,
+                          .normalize = context.options.normalize});
         context.executor.main([self, file] { self->done(file); });
     });
     return true;
@@ -68,11 +77,16 @@ void ConvertCommand::done(const Result<ConvertedFile>& file) {
 
 void ConvertCommand::report(const ConvertedFile& file) const {
     if (file.path.empty()) {
+        if (file.note.verdict == "shortened" || file.note.gain != 1 || file.note.silenced) {
+            context_.output.error("The audio on standard output is " + noteWords(file.note) + ".");
+        }
         return;  // standard output holds the audio and nothing else
     }
     Report report(context_.output, context_.options.json);
-    report.tell("converted", {{"file", file.path.string()}, {"samples", file.frames}},
-                file.path.string() + ": " + lengthText(file.frames) + ".");
+    nlohmann::json details{{"file", file.path.string()}, {"samples", file.frames}};
+    details.update(noteJson(file.note));
+    report.tell("converted", details,
+                file.path.string() + ": " + lengthText(file.frames) + ", " + noteWords(file.note) + ".");
     report.tell("finished", {{"exit", 0}}, {});
 }
 

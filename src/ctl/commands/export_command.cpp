@@ -9,6 +9,7 @@
 #include "audio/wave.h"
 #include "ctl/commands/conversion_progress.h"
 #include "ctl/speech/format.h"
+#include "ctl/speech/json_output.h"
 #include "ctl/speech/progress_line.h"
 #include "operations/loop_file.h"
 #include "operations/table.h"
@@ -85,13 +86,14 @@ std::optional<ExitCode> ExportCommand::stage(Pedal& pedal, const std::filesystem
         return stop(Trouble{Trouble::Kind::noRoom}, name + ": " + std::string(tooLargeSentence));
     }
     exports_[slot] = *info;
+    nlohmann::json details{{"slot", slot.number()},
+                           {"source", source.string()},
+                           {"samples", frames},
+                           {"occupied", info->occupied}};
+    details.update(noteJson(file->note));
     report().tell(
-        "staged",
-        {{"slot", slot.number()},
-         {"source", source.string()},
-         {"samples", frames},
-         {"occupied", info->occupied}},
-        loopName(slot) + ": " + source.string() + ", " + lengthText(frames) +
+        "staged", details,
+        loopName(slot) + ": " + source.string() + ", " + lengthText(frames) + ", " + noteWords(file->note) +
             (info->occupied ? ", overwrites a loop of " + lengthText(loops.find(slot)->samples) + "." : "."));
     return std::nullopt;
 }
@@ -107,7 +109,9 @@ Result<ConvertedFile> ExportCommand::convert(Pedal& pedal, const std::filesystem
          .output = *folder,
          .progress = conversionProgress(context(), "Converting " + source.filename().string(), source),
          .cancelled = &pedal.stoppedFlag(),
-         .sync = false});
+         .sync = false,
+         .salvage = options().salvage,
+         .normalize = options().normalize});
     context().output.endProgress();
     if (file) {
         copies_->add(file->path);

@@ -20,7 +20,8 @@ constexpr const char* footer =
 
 constexpr const char* globalHint = "\"kzq7306ctl --help\" lists the options that all commands have.\n\n";
 
-constexpr const char* audioFiles = "WAV, AIFF, FLAC, MP3, M4A, AAC or AC3";
+constexpr const char* audioFiles =
+    "WAV, AIFF, FLAC, MP3, M4A, AAC, AC3, Ogg Vorbis, Opus, WavPack, W64, RF64 or CAF";
 
 std::string checkSeconds(const std::string& text) {
     constexpr double limit = 1e6;
@@ -129,6 +130,7 @@ void CommandLine::addWriting() {
             ->check(CLI::Validator(checkSlot, ""));
     sending->add_flag("--first-free", words.firstFree, "Use the first free slots (default)")->excludes(slot);
     sending->add_flag("--verify", options.verify, "Read each loop back and compare it, sample for sample");
+    addLevels(*sending);
     addYes(*sending);
 
     auto* const erase = add(app, "erase", Subcommand::erase, "Erase loops on the pedal permanently");
@@ -144,6 +146,12 @@ void CommandLine::addWriting() {
     addYes(*restore);
 }
 
+void CommandLine::addLevels(CLI::App& command) {
+    command.add_flag("--salvage", options.salvage,
+                     "Convert what there is of a file that is damaged or incomplete");
+    command.add_flag("--normalize", options.normalize, "Bring the true peak to -1 dB");
+}
+
 void CommandLine::addConverting() {
     auto* const convert = add(app, "convert", Subcommand::convert,
                               "Convert an audio file to the pedal's format, without a pedal");
@@ -156,6 +164,7 @@ void CommandLine::addConverting() {
                      "New file, or - for standard output; existing files are never overwritten")
         ->option_text("OUT.wav")
         ->required();
+    addLevels(*convert);
 }
 
 void CommandLine::addFirmware() {

@@ -44,6 +44,7 @@ class CommandLine {
     void addHelp();
     void addSlots(CLI::App& subcommand);
     void addYes(CLI::App& subcommand);
+    void addLevels(CLI::App& command);
 };
 
 }  // namespace kzq::ctl

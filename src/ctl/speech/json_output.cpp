@@ -14,6 +14,22 @@ void printJson(Output& output, nlohmann::json object, bool indented) {
     output.json(jsonText(object, indented));
 }
 
+nlohmann::json noteJson(const ConversionNote& note) {
+    nlohmann::json json{{"verdict", note.verdict}};
+    if (note.flaw) {
+        json["flaw"] = troubleName(note.flaw->kind);
+        json["missing"] =
+            note.flaw->words.empty() ? nlohmann::json() : nlohmann::json(std::stoull(note.flaw->words));
+    }
+    if (note.gain != 1) {
+        json["gain"] = gainDecibels(note);
+    }
+    if (note.silenced) {
+        json["silenced"] = true;
+    }
+    return json;
+}
+
 nlohmann::json finishedJson(ExitCode code, std::string_view reason, const std::string& message) {
     nlohmann::json details{{"event", "finished"}, {"exit", static_cast<int>(code)}, {"message", message}};
     if (code != ExitCode::ok) {

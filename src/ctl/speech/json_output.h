@@ -6,6 +6,7 @@
 
 #include "ctl/speech/exit_codes.h"
 #include "ctl/speech/output.h"
+#include "operations/conversion_note.h"
 
 namespace kzq::ctl {
 
@@ -18,6 +19,9 @@ std::string jsonText(const nlohmann::json& value, bool indented = false);
 
 /// Prints `object` with its "schema".
 void printJson(Output& output, nlohmann::json object, bool indented = false);
+
+/// "verdict"; and what else there is to say, in "flaw" and "missing", "gain" and "silenced".
+nlohmann::json noteJson(const ConversionNote& note);
 
 /// The "finished" event of a command that ends with this code and, unless it is ok, for this reason.
 nlohmann::json finishedJson(ExitCode code, std::string_view reason, const std::string& message);

@@ -45,6 +45,8 @@ struct Options {
                                                ///< standard input; firmwareInstall: at most one
     std::optional<SlotNumber> slot;            ///< export: of the first file; else the free slots are taken
     bool verify = false;                       ///< export: read back and compare
+    bool salvage = false;                      ///< export, convert: take what there is of a damaged file
+    bool normalize = false;                    ///< export, convert: to a true peak of -1 dB
     std::filesystem::path output;              ///< convert: the new file; "-": standard output
 };
 
