@@ -273,7 +273,8 @@ std::string simulationSentence(const Trouble& trouble) {
         case Kind::badAddress:
             return trouble.error == 0
                        ? quoted(trouble) + " is not of the form ADDRESS:PORT, such as 127.0.0.1:3240."
-                       : "cannot listen on " + trouble.where + ": " + reasonOf(trouble);
+                       : "The pedal cannot be offered at " + trouble.where + ": " + reasonOf(trouble) +
+                             (trouble.remedy.empty() ? "" : " Run: " + trouble.remedy);
         default:
             return "Could not convert " + quoted(trouble) + ". " + audioSentence(trouble);
     }

@@ -28,6 +28,12 @@ CommandLine::CommandLine() : app("A simulated 7306 looper pedal as a USB device.
     app.add_flag("--attach", options.attach,
                  "Plug the pedal into this computer, and again whenever it comes back. Requires root and the "
                  "kernel module vhci-hcd");
+    app.add_flag(
+           "--gadget{/dev/gadget}", options.gadget,
+           "Be a true USB device at this computer's device port (or, with the kernel module dummy_hcd, on a "
+           "bus of its own), instead of over USB/IP, through GadgetFS. Requires root and GadgetFS mounted at "
+           "/dev/gadget")
+        ->option_text("FOLDER");
     app.add_option("--folder", options.folder, "Keep the loops in this folder, as WAV files")
         ->option_text("FOLDER");
     app.add_option("--firmware", options.firmware, "Firmware version, 4 characters (default 1.05)")

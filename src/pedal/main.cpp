@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "audio/converted_audio.h"
+#include "device/simulator/gadget/gadget.h"
 #include "device/simulator/loop_folder.h"
 #include "device/simulator/synthesiser.h"
 #include "device/simulator/usbip/kernel_port.h"
@@ -105,6 +106,18 @@ int finish(const SimulatedPedal& pedal) {
     return violations.empty() ? 0 : violationsStatus;
 }
 
+int runGadget(StandardExecutor& executor, SimulatedPedal& pedal, const Options& options) {
+    simulator::Gadget gadget(pedal, options.gadget);
+    pedal.plugIn();
+    if (const auto started = gadget.start(); !started) {
+        return complain(simulationSentence(started.error()));
+    }
+    say("the pedal is at the device port");
+    obeySignals(executor, pedal);
+    executor.run();
+    return finish(pedal);
+}
+
 int run(const Options& options) {
     StandardExecutor executor;
     simulator::LoopFolder folder(options.folder, convertedAudio);
@@ -122,6 +135,9 @@ int run(const Options& options) {
         pedal.plan(fault);
     }
 
+    if (!options.gadget.empty()) {
+        return runGadget(executor, pedal, options);
+    }
     bool attached = true;
     simulator::usbip::UsbipServer* attaching = nullptr;
     simulator::usbip::PedalBus bus(pedal, [&] {

@@ -58,6 +58,16 @@ bool SimulatedPedal::announceLength(std::size_t bytes) {
     return true;
 }
 
+std::size_t SimulatedPedal::bytesToSend() const {
+    const Lock lock(mutex_);
+    return import_ ? import_->total - import_->sent : 0;
+}
+
+bool SimulatedPedal::awaitsAudio() const {
+    const Lock lock(mutex_);
+    return expectsAudio();
+}
+
 TransferResult SimulatedPedal::sendAudio(std::span<std::uint8_t> into) {
     if (!import_) {
         journal_.outOfOrder("a bulk read without a loop to send");

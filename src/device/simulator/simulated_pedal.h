@@ -83,6 +83,11 @@ class SimulatedPedal : Fixed {
     /// Ends all running and pending transfers. Memory, address and connection stay.
     void reset();
 
+    /// How many bytes bulk reads would bring now; for transports that send ahead of the read.
+    std::size_t bytesToSend() const;
+    /// Whether audio is announced and has not all come; for transports that hand it on later than they say.
+    bool awaitsAudio() const;
+
     // --- the cable
 
     bool isPlugged() const;
