@@ -105,9 +105,9 @@ std::string channelFilter(const StreamFacts& stream) {
         return "channelmap=0|1:stereo";
     }
     if (!stream.namedChannels) {
-        return "aformat=sample_fmts=dblp,pan=stereo|c0<c0+c2+c4+c6|c1<c1+c3+c5+c7";
+        return "pan=stereo|c0<c0+c2+c4+c6|c1<c1+c3+c5+c7";
     }
-    return "aformat=sample_fmts=dblp,pan=stereo"
+    return "pan=stereo"
            "|FL<FL+0.707107FC+0.707107BL+0.707107SL+0.707107FLC+0.5BC"
            "|FR<FR+0.707107FC+0.707107BR+0.707107SR+0.707107FRC+0.5BC";
 }
@@ -138,6 +138,10 @@ std::string filters(const SourceFacts& facts, const StreamFacts& stream, const D
     }
     if (order.clean) {
         chain += "aeval=exprs=if(isnan(val(ch))+isinf(val(ch))\\,0\\,val(ch)):c=same,";
+    }
+    // Otherwise the filters may agree on whole numbers in between, which clip.
+    if (order.samples != SampleKind::s24) {
+        chain += order.samples == SampleKind::f32 ? "aformat=sample_fmts=fltp," : "aformat=sample_fmts=dblp,";
     }
     return chain + channelFilter(stream) + ",aresample=" + std::to_string(framesPerSecond) +
            ":resampler=soxr:precision=28:cheby=1:" + wordsFor(order.samples).filter +

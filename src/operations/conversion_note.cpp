@@ -11,18 +11,19 @@ namespace {
 
 constexpr double leastShown = 0.05;
 
-std::string decibels(double value, const char* format) {
+/// "6.0"
+std::string rounded(double value) {
     std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), format, value);
+    std::snprintf(text.data(), text.size(), "%.1f", value);
     return text.data();
 }
 
 std::string gainWords(const ConversionNote& note) {
     const double gain = gainDecibels(note);
     if (note.normalized) {
-        return "normalized by " + decibels(gain, "%+.1f") + " dB";
+        return std::string("normalized by ") + (gain < 0 ? "-" : "+") + rounded(std::abs(gain)) + " dB";
     }
-    return "turned down by " + (-gain < leastShown ? "less than 0.1" : decibels(-gain, "%.1f")) +
+    return "turned down by " + (-gain < leastShown ? "less than 0.1" : rounded(-gain)) +
            " dB, it was louder than full scale";
 }
 

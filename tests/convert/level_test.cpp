@@ -56,6 +56,10 @@ TEST_F(Levels, WhatWouldClipIsTurnedDownAndDithered) {
                                      ::testing::Each(::testing::AllOf(::testing::Ge(-2), ::testing::Le(2)))));
     }
     EXPECT_EQ(1, convert(source(tone(1)))->gain) << "full scale itself is not too loud";
+    // Filters that agree on whole numbers would flatten it on the way.
+    source(tone(2));
+    EXPECT_NEAR(-6.02, decibels(convert(shop_.encode("wide.wav", "-i source.wav -c:a pcm_f64le"))->gain),
+                0.02);
 }
 
 TEST_F(Levels, WhatIsNoNumberIsSilence) {
