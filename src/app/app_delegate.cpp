@@ -24,6 +24,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
     if (loops && parts.model.arrived(*loops)) {
         pedalRead(parts);
         parts.presenter.table();
+        parts.teller.rest();
     } else {
         looper->refresh();
     }
@@ -45,8 +46,11 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
         firmwareUpdater()->updates()->pedalRead();
     }
     parts_->presenter.redrawAbout();
+    parts_->staging->letGo(parts_->rows.stagedFiles(parts_->model.staging()));
     parts_->model.reset();
     parts_->presenter.connected();
+    parts_->staging->arrived();
+    parts_->teller.rest();
     looper.loops([&executor = parts_->environment.executor, weak = weak_from_this()](auto loops) {
         executor.main([weak, loops = std::move(loops)] {
             if (const auto self = weak.lock()) {
@@ -64,14 +68,18 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     }
     if (const auto change = parts_->model.changed(status.loops)) {
         parts_->presenter.change(*change);
+        parts_->teller.rest();
     }
 }
 
 void AppDelegate::looperHasBeenDisconnected() {
     parts_->flows->pedalLeft();
     parts_->presenter.redrawAbout();
+    parts_->staging->letGo(parts_->rows.stagedFiles(parts_->model.staging()));
     parts_->model.reset();
     parts_->presenter.left();
+    parts_->teller.forgetImports();
+    parts_->teller.rest();
 }
 
 // --- rows, staging, meter

@@ -39,12 +39,15 @@ struct AppEnvironment {
     Installation installation;
     std::filesystem::path downloads;  ///< an existing folder that outlives the program
 
-    /// Converts an audio file and returns the path of the working copy, or nothing. On a background thread;
-    /// several may run at once.
-    std::function<std::optional<std::string>(const std::string& path)> convert;
+    /// Converts an audio file and returns the path of the working copy. On a background thread; several may
+    /// run at once.
+    std::function<Result<std::string>(const std::string& path)> convert;
     /// Why no pedal is available, in one line, for Absence, which the controller starts at launch. On a
     /// background thread. May be empty.
     std::function<std::string()> diagnose;
+    /// Runs commands of a shell as root, with a password that the desktop asks for. On a background thread.
+    /// Empty: there is no such program.
+    std::function<Result<void>(const std::string& commands)> asRoot = {};
     /// The modifier keys held now. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
     /// Saves a file under a free name. On a background thread.

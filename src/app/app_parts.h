@@ -13,6 +13,7 @@
 #include "app/presenter.h"
 #include "app/rows.h"
 #include "app/staging.h"
+#include "app/teller.h"
 #include "app/transfer_panel.h"
 #include "platform/fixed.h"
 #include "slots/slot_field_editor.h"
@@ -34,7 +35,8 @@ struct AppParts : Fixed {
     Panels panels;
     Rows rows;
     Presenter presenter{window, rows, model, panels.about};
-    const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter);
+    Teller teller{environment, window, model};
+    const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter, teller);
     MenuControl menu{environment, window, panels};
     TransferPanel transferPanel{window, menu, panels};
     std::unique_ptr<Flows> flows;  ///< since the launch

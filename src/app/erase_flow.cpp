@@ -1,10 +1,11 @@
 #include "app/erase_flow.h"
 
-#include <map>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
 #include "app/app_parts.h"
+#include "app/select_again.h"
 #include "operations/erase.h"
 
 namespace kzq {
@@ -42,40 +43,32 @@ class Erase {
             return false;
         }
         parts_.presenter.endEditing();
+        names_ = typedNames(parts_);
+        std::erase_if(names_, [this](const auto& entry) {
+            return std::ranges::find(order_.slots, entry.first) == order_.slots.end();
+        });
         parts_.model.deselectAll();
         run.turn.cover();
-        for (const auto slot : order_.slots) {
-            names_[slot] = parts_.rows.importRow(slot).customImportName();
-        }
+        parts_.teller.working(order_.slots.size() == 1
+                                  ? "Erasing " + loopName(order_.slots.front()) + "\u2026"
+                                  : "Erasing loops\u2026");
         return true;
     }
 
     void finish(Run& run, const Outcome& outcome) {
         run.end(outcome, [&] {
             if (!outcome.begun && !pedalIsGone(*outcome.end)) {
-                selectAgain();
+                selectAgain(parts_, names_);
             }
             run.refresh();
         });
-        parts_.presenter.tell("erased", outcome);
-    }
-
-    /// Nothing has been done: loops that are still there are selected again and keep their names.
-    void selectAgain() {
-        for (const auto& [slot, name] : names_) {
-            auto& row = parts_.rows.importRow(slot);
-            if (row.occupied()) {
-                row.setSelected(true);
-                row.setCustomImportName(name);
-                parts_.model.select(slot, true);
-            }
-        }
-        parts_.presenter.selection();
+        parts_.teller.idle();
+        parts_.teller.tell(told(Deed::erase, outcome, order_.slots), "erase");
     }
 
     AppParts& parts_;
     EraseOrder order_;
-    std::map<SlotNumber, std::optional<QString>> names_;  ///< that were typed
+    TypedNames names_;
 };
 
 }  // namespace
@@ -84,6 +77,8 @@ void beginErase(AppParts& parts) {
     if (parts.flows->starting()) {
         return;
     }
+    const auto& selection = parts.model.selection();
+    parts.teller.beforeErase({selection.begin(), selection.end()});
     auto turn = parts.flows->take();  // nothing while one is running, which is told only after the question
     const auto flow = [erase = std::make_shared<Erase>(parts)](Run& run) { erase->work(run); };
     const auto answer = parts.environment.dialogs.run(

@@ -1,6 +1,9 @@
 #include "app/export_flow.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
+#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -45,6 +48,7 @@ class Export {
   private:
     bool start(Run& run) {
         order_.exports = parts_.model.staging();
+        files_ = parts_.rows.stagedFiles(order_.exports);
         for (const auto& [slot, info] : order_.exports) {
             if (const auto* const loop = parts_.model.table().find(slot); loop != nullptr && info.occupied) {
                 order_.seen.put(slot, *loop);
@@ -56,7 +60,7 @@ class Export {
         const auto total = shownTotal(order_.exports);
         parts_.transferPanel.open(total, order_.exports.size(), Slot::exportContext);
         run.turn.cover();
-        watch(std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
+        watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
         return true;
     }
 
@@ -65,6 +69,7 @@ class Export {
         if (!overwrites(order_.exports)) {
             return true;
         }
+        const Staging::Hold hold(parts_.staging);
         const auto answer = parts_.environment.dialogs.run(yesOrNoAlertWithHeadline(
             "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
             "like to continue?"));
@@ -73,15 +78,19 @@ class Export {
         }
         const bool asked = parts_.model.stillAskedAbout(order_.exports);
         if (!asked) {
-            parts_.presenter.tell("written", {.wanted = order_.exports.size(),
-                                              .end = Trouble{Trouble::Kind::changed, "what is staged"}});
+            tell({.wanted = order_.exports.size(), .end = Trouble{Trouble::Kind::changed, "what is staged"}});
         }
         return asked;
     }
 
     /// A loop that failed also counts as sent: the loop table is read again at the end.
-    void watch(const std::shared_ptr<TransferRun>& progress) {
-        events_.moved = [progress](SlotNumber /*slot*/, std::uint64_t bytes) { progress->moved(bytes); };
+    void watch(Run& run, const std::shared_ptr<TransferRun>& progress) {
+        auto follow = parts_.teller.follower(run.poster(), "Writing");
+        follow(order_.exports.begin()->first);
+        events_.moved = [progress, follow](SlotNumber slot, std::uint64_t bytes) mutable {
+            follow(slot);
+            progress->moved(bytes);
+        };
         events_.slot = [progress, &presenter = parts_.presenter](const SlotOutcome& loop) {
             progress->loopDone(loop.frames.bytes(), [&presenter, slot = loop.slot] { presenter.sent(slot); });
         };
@@ -102,11 +111,29 @@ class Export {
                 std::filesystem::remove(info.source, ignored);
             }
         }
-        parts_.presenter.tell("written", outcome);
+        tell(outcome);
+    }
+
+    void tell(const Outcome& outcome) {
+        std::vector<SlotNumber> asked;
+        std::ranges::copy(std::views::keys(order_.exports), std::back_inserter(asked));
+        parts_.teller.idle();
+        const auto missing = notDone(outcome, asked);
+        std::map<SlotNumber, QUrl> again;
+        for (const auto slot : missing) {
+            if (const auto file = files_.find(slot); file != files_.end()) {
+                again.insert(*file);
+            }
+        }
+        // what has not begun is still staged
+        const bool offer = outcome.begun && !again.empty();
+        parts_.teller.tell(told(Deed::write, outcome, asked), "export",
+                           offer ? parts_.staging->stagingAgain(again) : Remedy{});
     }
 
     AppParts& parts_;
     ExportOrder order_;
+    std::map<SlotNumber, QUrl> files_;  ///< the user's own
     Events events_;
 };
 

@@ -18,6 +18,20 @@ constexpr Patience patience{.limit = std::chrono::seconds(60), .stops = true};
 /// Its restart takes two seconds.
 constexpr Executor::Duration lateAfter = std::chrono::seconds(30);
 
+/// What is under way in this phase; null if that goes without saying.
+const char* workOf(FlashPhase phase) {
+    switch (phase) {
+        case FlashPhase::restarting:
+            return "Restarting the pedal";
+        case FlashPhase::cameBack:
+            return "The pedal came back without entering its loader: the firmware is sent once it does";
+        case FlashPhase::sending:
+            return "Sending the firmware: keep the pedal plugged in";
+        default:
+            return nullptr;
+    }
+}
+
 /// One installation, from the press of the button on. Its parts are used on the main thread only.
 class Installation {
   public:
@@ -30,6 +44,9 @@ class Installation {
             return;
         }
         const auto image = file_ ? chosenImage() : updates_->offeredImage();
+        if (!image || image->empty()) {
+            run.ask([this] { tellUnusable(); });
+        }
         if (image && !image->empty() && run.ask([&] { start(run); })) {
             install(run, *image);
         }
@@ -48,6 +65,16 @@ class Installation {
         return image ? std::optional(std::move(*image)) : std::nullopt;
     }
 
+    void tellUnusable() {
+        const Told offered{.what = "The firmware could not be downloaded and verified",
+                           .detail = "Check the internet connection and try again.",
+                           .failure = true};
+        const Told chosen{.what = "\"" + file_.value_or("").filename().string() + "\" cannot be used",
+                          .why = "it cannot be read, or it is empty",
+                          .failure = true};
+        parts_.teller.tell(file_ ? chosen : offered, "firmware");
+    }
+
     void start(Run& run) {
         auto& updater = *parts_.panels.firmwareUpdater;
         updater.progress().begin();
@@ -59,17 +86,17 @@ class Installation {
     /// What the user has to know while nothing moves.
     FlashEvents restart(Run& run) {
         const auto say = [this, &run](const char* line) {
-            run.ask([this, line] { parts_.presenter.tell(std::string(line)); });
+            run.ask([this, line] { parts_.teller.working(line); });
         };
         const auto phase = [this, say](FlashPhase now) {
             phase_ = now;
-            if (now == FlashPhase::cameBack) {
-                say("The pedal came back without entering its loader. The firmware is sent once it does.");
+            if (const auto* const sentence = workOf(now)) {
+                say(sentence);
             }
         };
         const auto waiting = [this, say](Executor::Duration waited) {
             if (phase_ == FlashPhase::left && waited >= lateAfter && !std::exchange(late_, true)) {
-                say("The pedal has not come back from its restart. Unplug it and plug it in again.");
+                say("The pedal has not come back from its restart: unplug it and plug it in again");
             }
         };
         return {phase, waiting};
@@ -85,12 +112,16 @@ class Installation {
         }
         run.ask([&] {
             run.turn.end();
-            parts_.presenter.tell(end);
+            parts_.teller.working(sent ? "Waiting for the pedal to come back" : "");
+            parts_.teller.tell(told(end), "firmware");
         });
         updates_->check();
         if (sent) {
             const auto confirmed = confirmFlash(*run.pedal, end, {});
-            run.ask([&] { parts_.presenter.tell(confirmed); });
+            run.ask([&] {
+                parts_.teller.idle();
+                parts_.teller.tell(told(confirmed), "firmware");
+            });
         }
     }
 

@@ -1,9 +1,14 @@
 #include "app/import_flow.h"
 
+#include <QUrl>
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
 #include "app/app_parts.h"
+#include "app/select_again.h"
+#include "app/set_up.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
 #include "operations/import.h"
@@ -54,23 +59,29 @@ class Import {
             order_.loops.push_back({slot, row.name().value_or(QString()).toStdString(), {loop->samples}});
         }
         if (auto trouble = impossibleLength(parts_.model.table(), {selection.begin(), selection.end()})) {
-            parts_.presenter.tell("saved", {.wanted = selection.size(), .end = std::move(trouble)});
+            tell({.wanted = selection.size(), .end = std::move(trouble)});
             return false;
         }
         if (selection.empty()) {
             return false;
         }
         order_.folder = folder;
+        names_ = typedNames(parts_);
         order_.write = parts_.environment.writeFile;
         order_.freeSpace = parts_.environment.freeSpace;
         parts_.transferPanel.open(total, selection.size(), Slot::importContext);
         run.turn.cover();
-        watch(std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
+        watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
         return true;
     }
 
-    void watch(const std::shared_ptr<TransferRun>& progress) {
-        events_.moved = [progress](SlotNumber /*slot*/, std::uint64_t bytes) { progress->moved(bytes); };
+    void watch(Run& run, const std::shared_ptr<TransferRun>& progress) {
+        auto follow = parts_.teller.follower(run.poster(), "Reading");
+        follow(order_.loops.front().slot);
+        events_.moved = [progress, follow](SlotNumber slot, std::uint64_t bytes) mutable {
+            follow(slot);
+            progress->moved(bytes);
+        };
         events_.slot = [progress, &presenter = parts_.presenter](const SlotOutcome& loop) {
             if (loop.did == SlotOutcome::Did::saved || loop.frames.count != 0) {  // it came
                 progress->loopDone(waveHeaderSize + loop.frames.bytes(),
@@ -87,11 +98,36 @@ class Import {
                 parts_.model.deselectAll();
             }
         });
-        parts_.presenter.tell("saved", outcome);
+        tell(outcome);
+    }
+
+    void tell(const Outcome& outcome) {
+        std::vector<SlotNumber> asked;
+        std::ranges::transform(order_.loops, std::back_inserter(asked), &ImportOrder::Item::slot);
+        const auto missing = notDone(outcome, asked);
+        parts_.teller.imported(asked, missing);
+        TypedNames again;
+        for (const auto slot : missing) {
+            again[slot] = names_[slot];
+        }
+        const Remedy show{
+            "Show", [this_ = &parts_, folder = order_.folder] {
+                this_->environment.dialogs.openAddress(
+                    QUrl::fromLocalFile(QString::fromStdString(folder.string())).toString().toStdString());
+                return true;
+            }};
+        const Remedy retry{"Try again", [this_ = &parts_, again] { return selectAgain(*this_, again); }};
+        const auto* const trouble = mainTrouble(outcome);
+        parts_.teller.idle();
+        parts_.teller.tell(toldImport(outcome, asked, order_.folder), "import",
+                           missing.empty()                      ? show
+                           : trouble && isMissingRule(*trouble) ? settingUp(parts_, *trouble, again)
+                                                                : retry);
     }
 
     AppParts& parts_;
     ImportOrder order_;
+    TypedNames names_;  ///< as they were at the start
     Events events_;
 };
 

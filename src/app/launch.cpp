@@ -116,13 +116,16 @@ bool makeRows(AppDelegate& controller, AppParts& parts) {
 void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     const auto& environment = parts.environment;
     FlowWindow window{.life = controller};
-    window.shield = [&main = parts.window](bool up) { up ? main.addShield() : main.removeShield(); };
+    window.shield = [&main = parts.window, &staging = *parts.staging](bool up) {
+        up ? main.addShield() : main.removeShield();
+        up ? staging.hold() : staging.release();
+    };
     window.sayBusy = [&dialogs = environment.dialogs] {
         dialogs.run(alertWithHeadline("Device is busy. Try again later."));
     };
     window.saySilent = [&parts] {
         if (parts.flows->running()) {  // otherwise there is nothing to cancel
-            parts.presenter.tell("The pedal has stopped answering. Cancel, or unplug it.");
+            parts.teller.silent();
         }
     };
     parts.flows = std::make_unique<Flows>(environment.executor, std::move(window), environment.link);

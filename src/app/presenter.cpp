@@ -5,9 +5,7 @@
 #include <algorithm>
 
 #include "app/main_window.h"
-#include "app/outcome_line.h"
 #include "loops/capacity.h"
-#include "platform/log.h"
 #include "ui/background.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
@@ -217,21 +215,6 @@ void Presenter::showTab(std::int32_t context) {
 
 void Presenter::focusContent() {
     window_.contentView()->setFocus();
-}
-
-// NOLINTNEXTLINE(readability-convert-member-functions-to-static): of a window
-void Presenter::tell(const std::string& line) {
-    log(LogCategory::application, line);
-}
-
-void Presenter::tell(std::string_view done, const Outcome& outcome) {
-    if (!outcome.whole()) {
-        tell(outcomeLine(done, outcome));
-    }
-}
-
-void Presenter::tell(const FlashEnd& end) {
-    tell(flashLine(end));
 }
 
 }  // namespace kzq

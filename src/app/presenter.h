@@ -66,13 +66,6 @@ class Presenter : Fixed {
     /// Ends any editing.
     void focusContent();
 
-    // --- what became of an operation: the one place that hears of everything that failed
-
-    void tell(const std::string& line);
-    /// `done` is what it does to loops: "saved", "written", "erased".
-    void tell(std::string_view done, const Outcome& outcome);
-    void tell(const FlashEnd& end);
-
   private:
     void enableImportAndErase(bool enabled);
     void enableSelectButtons(bool enabled);

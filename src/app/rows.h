@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QUrl>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <vector>
 
+#include "loops/export_info.h"
 #include "loops/slot_number.h"
 #include "slots/slot.h"
 
@@ -24,6 +27,16 @@ struct Rows {
     // After the launch there is a row for each slot.
     Slot& importRow(SlotNumber slot) const { return *imports.at(slot.number() - 1U); }
     Slot& exportRow(SlotNumber slot) const { return *exports.at(slot.number() - 1U); }
+    /// The user's own files on the rows of what is staged.
+    std::map<SlotNumber, QUrl> stagedFiles(const Exports& staged) const {
+        std::map<SlotNumber, QUrl> files;
+        for (const auto& [slot, info] : staged) {
+            if (const auto& file = exportRow(slot).exporting()) {
+                files.emplace(slot, *file);
+            }
+        }
+        return files;
+    }
 };
 
 /// The slot of a row: a row is never made for another number.

@@ -5,6 +5,7 @@
 
 #include "app/presenter.h"
 #include "app/rows.h"
+#include "app/teller.h"
 #include "audio/wave.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
@@ -42,6 +43,11 @@ void Staging::choose(const Slot& row) {
 }
 
 void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
+    if (files.size() > 1) {
+        teller_.tell({.what = "Only the first of " + std::to_string(files.size()) + " files was used",
+                      .detail = "Each row takes one file.",
+                      .failure = true});
+    }
     if (!files.isEmpty()) {
         convert(slotOf(row), files.first());
     }
@@ -52,27 +58,89 @@ void Staging::convert(SlotNumber slot, const QUrl& file) {
     environment_.executor.background(
         Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop,
                          convert = environment_.convert, path = file.toLocalFile().toStdString()] {
-            const auto copy = convert(path);
-            if (!copy) {
-                return;
-            }
-            executor.main([weak, drop, copy = std::filesystem::path(*copy)] {
-                if (const auto self = weak.lock()) {
-                    self->stage(drop, copy);
+            executor.main([weak, drop, copy = convert(path)] {
+                const auto self = weak.lock();
+                if (!self) {
+                    return;
                 }
+                if (!copy) {
+                    self->teller_.tell(toldUnusable(drop.file.fileName().toStdString(), copy.error()));
+                    return;
+                }
+                self->waiting_.emplace_back(drop, *copy);
+                self->work();
             });
         });
+}
+
+void Staging::release() {
+    if (--holds_ == 0) {
+        environment_.executor.main([weak = weak_from_this()] {
+            if (const auto self = weak.lock()) {
+                self->work();
+            }
+        });
+    }
+}
+
+void Staging::work() {
+    while (holds_ == 0 && !waiting_.empty()) {
+        const auto [drop, copy] = std::move(waiting_.front());
+        waiting_.pop_front();
+        stage(drop, copy);
+    }
+    sayTooLarge();
+}
+
+/// One alert at a time, and none while a transfer runs.
+void Staging::sayTooLarge() {
+    const auto self = shared_from_this();  // an alert runs an event loop
+    while (tooLarge_ != 0 && holds_ == 0 && !alerting_) {
+        --tooLarge_;
+        alerting_ = true;
+        environment_.dialogs.run(alertWithHeadline(std::string(tooLargeSentence)));
+        alerting_ = false;
+    }
+}
+
+void Staging::letGo(const std::map<SlotNumber, QUrl>& files) {
+    letGo_.insert(files.begin(), files.end());
+}
+
+void Staging::arrived() {
+    if (!letGo_.empty()) {
+        const auto files = std::exchange(letGo_, {});
+        teller_.tell({.what = "Plugged in: staged files were let go, the pedal's slots may differ",
+                      .detail = "\"Stage again\" puts " + std::string(files.size() == 1 ? "it" : "them") +
+                                " on the same " + (files.size() == 1 ? "row." : "rows."),
+                      .failure = true},
+                     "staging", stagingAgain(files));
+    }
+}
+
+Remedy Staging::stagingAgain(std::map<SlotNumber, QUrl> files) {
+    return {"Stage again", [weak = weak_from_this(), files = std::move(files)] {
+                const auto self = weak.lock();
+                for (const auto& [slot, file] : files) {
+                    self->convert(slot, file);
+                }
+                return true;
+            }};
 }
 
 void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
     std::error_code error;
     const auto size = std::filesystem::file_size(copy, error);
     if (error || size < waveHeaderSize) {
+        teller_.tell(toldUnusable(drop.file.fileName().toStdString(),
+                                  error ? Trouble{Trouble::Kind::unreadable, copy.string(), error.value()}
+                                        : Trouble{Trouble::Kind::noSound}));
         return;
     }
     const auto info = exportInfoForLoop(drop.slot.number(), model_.table().contains(drop.slot), copy,
                                         size - waveHeaderSize);
     if (!info) {
+        teller_.tell(toldUnusable(drop.file.fileName().toStdString(), Trouble{Trouble::Kind::noSound}));
         return;
     }
     switch (model_.stage(*info, drop.order)) {
@@ -83,7 +151,7 @@ void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
             removeFile(copy);  // a later drop on this row was converted sooner
             break;
         case LoopModel::Staged::tooLarge:
-            environment_.dialogs.run(alertWithHeadline(std::string(tooLargeSentence)));
+            ++tooLarge_;
             break;
     }
 }

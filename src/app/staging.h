@@ -3,15 +3,21 @@
 #include <QList>
 #include <QUrl>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
+#include <map>
 #include <memory>
+#include <utility>
 
 #include "app/app_environment.h"
 #include "app/model/loop_model.h"
+#include "platform/fixed.h"
 
 namespace kzq {
 
 class Presenter;
+class Teller;
+struct Remedy;
 class Slot;
 
 /// Files on their way to the pedal: chosen or dropped, converted in the background, and then staged. It
@@ -19,13 +25,31 @@ class Slot;
 class Staging : public std::enable_shared_from_this<Staging> {
   public:
     /// All outlive it. Create it with std::make_shared.
-    Staging(const AppEnvironment& environment, LoopModel& model, Presenter& presenter)
-        : environment_(environment), model_(model), presenter_(presenter) {}
+    Staging(const AppEnvironment& environment, LoopModel& model, Presenter& presenter, Teller& teller)
+        : environment_(environment), model_(model), presenter_(presenter), teller_(teller) {}
+
+    /// While one of these lives, what has been converted waits: a run sends what was staged at its start.
+    class Hold : Fixed {
+      public:
+        explicit Hold(std::shared_ptr<Staging> staging) : staging_(std::move(staging)) { staging_->hold(); }
+        ~Hold() { staging_->release(); }
+
+      private:
+        std::shared_ptr<Staging> staging_;
+    };
+    void hold() { ++holds_; }
+    void release();
 
     /// Asks for a file for that row.
     void choose(const Slot& row);
     /// Only the first file counts.
     void dropped(const Slot& row, const QList<QUrl>& files);
+
+    /// A pedal has left, or comes, and what is staged is forgotten. `arrived` says so.
+    void letGo(const std::map<SlotNumber, QUrl>& files);
+    void arrived();
+    /// A remedy that puts files on their rows again.
+    Remedy stagingAgain(std::map<SlotNumber, QUrl> files);
 
     /// The row is about to lose its file, and has lost it.
     void aboutToBeRemoved(const Slot& row) const;
@@ -42,10 +66,18 @@ class Staging : public std::enable_shared_from_this<Staging> {
     };
     void convert(SlotNumber slot, const QUrl& file);
     void stage(const Drop& drop, const std::filesystem::path& copy);
+    void work();
+    void sayTooLarge();
 
     const AppEnvironment& environment_;
     LoopModel& model_;
     Presenter& presenter_;
+    Teller& teller_;
+    unsigned holds_ = 0;
+    std::deque<std::pair<Drop, std::filesystem::path>> waiting_;  ///< converted while held
+    unsigned tooLarge_ = 0;                                       ///< alerts that are due
+    bool alerting_ = false;
+    std::map<SlotNumber, QUrl> letGo_;
 };
 
 }  // namespace kzq

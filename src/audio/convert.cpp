@@ -1,6 +1,8 @@
 #include "audio/convert.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <utility>
 
 #include "audio/conversion.h"
 #include "audio/conversion_troubles.h"
@@ -11,17 +13,14 @@
 namespace kzq {
 namespace {
 
-/// Empty, or what is wrong with the path.
-std::string objectionTo(const std::string& path) {
+/// Nothing, or what is wrong with the path.
+std::optional<std::string> objectionTo(const std::string& path) {
     const std::filesystem::path place(path);
-    std::error_code error;
-    if (path.empty() || !std::filesystem::exists(place, error)) {
-        return "there is no such file";
-    }
     if (!place.has_parent_path()) {
         return "the path has no folder";
     }
-    return place.extension().native().size() > 1 ? "" : "the file's name has no extension";
+    return place.extension().native().size() > 1 ? std::nullopt
+                                                 : std::optional<std::string>("the name has no extension");
 }
 
 void logRefusal(const std::string& path, const std::string& reason) {
@@ -30,19 +29,31 @@ void logRefusal(const std::string& path, const std::string& reason) {
 
 }  // namespace
 
-std::optional<std::string> Wave::convertAudioFile(const std::string& path) {
-    if (const auto objection = objectionTo(path); !objection.empty()) {
-        logRefusal(path, objection);
-        return std::nullopt;
+Result<std::string> convertedFile(const std::string& path) {
+    std::error_code error;
+    if (path.empty() || !std::filesystem::exists(path, error)) {
+        logRefusal(path, "there is no such file");
+        return Trouble{Trouble::Kind::notAFile, path, ENOENT};
+    }
+    if (const auto objection = objectionTo(path)) {
+        logRefusal(path, *objection);
+        return Trouble{Trouble::Kind::unsupported, path, 0, *objection};
     }
     const auto folder = RunFolder::ofThisRun().path();
     if (!folder) {
         logRefusal(path, "there is no folder for temporary files");
-        return std::nullopt;
+        return Trouble{Trouble::Kind::noTemporaryFolder};
     }
     const std::string output = folder->string() + "/" + freshUuid() + ".wav";
-    const auto result = Conversion({.output = output}).convert(path);
-    return result ? std::optional(output) : std::nullopt;
+    if (auto result = Conversion({.output = output}).convert(path); !result) {
+        return std::move(result.error());
+    }
+    return output;
+}
+
+std::optional<std::string> Wave::convertAudioFile(const std::string& path) {
+    auto converted = convertedFile(path);
+    return converted ? std::optional(std::move(*converted)) : std::nullopt;
 }
 
 }  // namespace kzq

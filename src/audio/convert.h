@@ -3,15 +3,20 @@
 #include <optional>
 #include <string>
 
+#include "platform/result.h"
+
 namespace kzq {
+
+/// Converts the file at `path` to a fresh WAV file in this run's temporary folder and returns its path; the
+/// file belongs to the caller. Failures are a Conversion's, or noTemporaryFolder, and nothing is left behind.
+/// A path without a folder or an extension is refused; which extension does not matter. Blocks; any thread;
+/// several calls may run at once.
+Result<std::string> convertedFile(const std::string& path);
 
 /// Audio files for the pedal.
 class Wave {
   public:
-    /// Converts the file at `path` to a fresh WAV file in this run's temporary folder and returns its path;
-    /// the file belongs to the caller. Nothing on failure, with nothing left behind; the log says why. A path
-    /// without a folder or an extension is refused; which extension does not matter. Blocks; any thread;
-    /// several calls may run at once.
+    /// The same; nothing on failure. The log says why.
     static std::optional<std::string> convertAudioFile(const std::string& path);
 };
 

@@ -71,7 +71,8 @@ void FlowTest::launch(Executor::Duration wait) {
             .installation = {},
             .downloads = base,
             .convert = [this](const std::string& path) { return convert(path); },
-            .diagnose = [] { return "a remedy"; },
+            .diagnose = [this] { return diagnosis; },
+            .asRoot = asRoot,
             .modifiers = [this] { return modifiers; },
             .writeFile = writeFile,
             .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },
@@ -131,10 +132,10 @@ fs::path FlowTest::audioFile(const std::string& name, std::uint64_t frames) {
 }
 
 /// Copies are not filled: a test of the capacity needs files of hundreds of megabytes.
-std::optional<std::string> FlowTest::convert(const std::string& path) {
+Result<std::string> FlowTest::convert(const std::string& path) {
     executor.sleep(conversionTime);
     if (!fs::exists(path)) {
-        return std::nullopt;
+        return Trouble{Trouble::Kind::notAFile, path, ENOENT};
     }
     const auto copy = base / "copies" / (std::to_string(++copies_) + ".wav");
     std::ifstream source(path, std::ios::binary);
@@ -142,7 +143,7 @@ std::optional<std::string> FlowTest::convert(const std::string& path) {
     source.read(head.data(), static_cast<std::streamsize>(head.size()));
     std::ofstream(copy, std::ios::binary) << head;
     fs::resize_file(copy, fs::file_size(path));
-    return copy;
+    return copy.string();
 }
 
 void FlowTest::drop(std::uint8_t slot, const fs::path& file) {

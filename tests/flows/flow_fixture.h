@@ -32,6 +32,7 @@
 #include "ui/picture_button.h"
 #include "ui/picture_view.h"
 #include "ui/shield.h"
+#include "ui/status/status_line.h"
 #include "virtual_executor.h"
 
 namespace kzq::test {
@@ -97,6 +98,8 @@ class FlowTest : public testing::Test {
     /// Drops a file of so many frames, and waits until it is staged.
     void stage(std::uint8_t slot, std::uint64_t frames);
     std::string caption() const;
+    /// What the status line says.
+    std::string line() const { return window->statusLine().sentence().sentence().toStdString(); }
 
     std::set<std::string> files() const;
     Bytes contents(const std::string& name) const;
@@ -114,6 +117,8 @@ class FlowTest : public testing::Test {
     Executor::Duration conversionTime{};
     decltype(AppEnvironment::writeFile) writeFile = writeNew;
     std::uint64_t freeSpace = 1'000'000;
+    std::string diagnosis = "a remedy";
+    decltype(AppEnvironment::asRoot) asRoot;
     Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;
     bool mainThreadWaits = false;  ///< set where a test makes it wait
@@ -127,7 +132,7 @@ class FlowTest : public testing::Test {
                                                   std::span<const std::uint8_t> bytes) {
         return writeNewFile(folder, name, extension, bytes);
     }
-    std::optional<std::string> convert(const std::string& path);
+    Result<std::string> convert(const std::string& path);
     int copies_ = 0;
 };
 

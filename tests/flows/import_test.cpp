@@ -81,7 +81,7 @@ TEST_F(FlowTest, ABusyPedalOrACancelledChooserChangesNothing) {
     EXPECT_THAT(files(), IsEmpty());
 }
 
-TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
+TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsHasNoAlert) {
     writeFile = [](const auto& place, auto name, auto extension, auto bytes) {
         return name == "Loop 3" ? Result<std::filesystem::path>(Trouble{Trouble::Kind::file, "write", ENOSPC})
                                 : writeNewFile(place, name, extension, bytes);
@@ -94,7 +94,10 @@ TEST_F(FlowTest, ALoopThatFailsIsLeftOutAndAFileThatFailsIsOnlyLogged) {
     EXPECT_EQ(delegate->progress()->percent(), 1);
     EXPECT_THAT(files(), ElementsAre("Loop 20.wav"));
     EXPECT_THAT(dialogs.take(), ElementsAre("folder Save"));
-    EXPECT_THAT(logged, testing::Contains(HasSubstr("Loop 3 not saved: file, write, No space left")));
+    EXPECT_THAT(logged,
+                testing::Contains(
+                    "1 of 3 loops saved: the pedal refused to send loop 1. Loop 3: no space left on the "
+                    "disk. Loops 1 and 3 are still only on the pedal."));
     EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
 }
 
@@ -106,7 +109,7 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), IsEmpty());
-    EXPECT_THAT(logged, testing::Contains(HasSubstr("0 of 2 loops saved; ended: disk-full, ")));
+    EXPECT_THAT(logged, testing::Contains(HasSubstr("Nothing was saved: too little space on the disk. ")));
     EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 20_slot));
     ++freeSpace;
     port.tamper = [](std::uint8_t request, std::span<std::uint8_t> reply) {
@@ -117,14 +120,14 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
-    EXPECT_THAT(logged, testing::Contains("1 of 2 loops saved; Loop 20 not saved: too-large"));
+    EXPECT_EQ(line(), "1 of 2 loops saved: the pedal gives loop 20 a length beyond its 24 minutes");
     select({1, 20});
     pass(6s);  // now its row shows it
     pedal.clearJournal();
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), IsEmpty());
-    EXPECT_THAT(logged, testing::Contains("0 of 2 loops saved; ended: too-large, Loop 20"));
+    EXPECT_EQ(line(), "Nothing was saved: the pedal gives loop 20 a length beyond its 24 minutes");
     port.tamper = {};
     pass(6s);
     window->importButton()->click();

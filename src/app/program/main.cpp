@@ -102,6 +102,23 @@ std::string remedy() {
     return obstacleLine(diagnose());
 }
 
+std::function<Result<void>(const std::string&)> rootShell() {
+    const auto program = QStandardPaths::findExecutable("pkexec");
+    if (program.isEmpty()) {
+        return {};
+    }
+    return [program](const std::string& commands) -> Result<void> {
+        constexpr int dismissed = 126;
+        const int status = QProcess::execute(program, {"/bin/sh", "-c", QString::fromStdString(commands)});
+        if (status == 0) {
+            return {};
+        }
+        return Trouble{
+            Trouble::Kind::declined, "pkexec", 0,
+            status == dismissed ? "no password was given" : "pkexec ended with " + std::to_string(status)};
+    };
+}
+
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
                              HttpClient& http) {
     auto build = UpdateBuild::ofThisProgram();
@@ -118,8 +135,9 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .build = std::move(build),
         .installation = Installation::ofThisProgram(),
         .downloads = downloadFolder(),
-        .convert = [](const std::string& path) { return Wave::convertAudioFile(path); },
+        .convert = &convertedFile,
         .diagnose = options.simulate ? nullptr : remedy,
+        .asRoot = rootShell(),
         .modifiers = {},
         .quit = &QCoreApplication::quit};
 }

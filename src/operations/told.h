@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "loops/slot_number.h"
+#include "operations/flash.h"
+#include "operations/outcome.h"
+#include "platform/trouble.h"
+
+namespace kzq {
+
+/// What came of something, for a line on the screen and a few more behind it.
+struct Told {
+    std::string what;         ///< "2 of 10 loops saved"
+    std::string why = {};     ///< "no space left on the disk"; may be empty
+    std::string detail = {};  ///< further complete sentences; may be empty
+    bool failure = false;
+};
+
+/// What an operation does to loops.
+enum class Deed : std::uint8_t { save, write, erase };
+
+/// What became of an operation on `asked`, in the order of the list. Any thread, all of these.
+Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked);
+Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
+                const std::filesystem::path& folder);
+Told told(const FlashEnd& end);
+/// Whether the computer did not pass on what an import asked of the pedal, as a rule of the system is
+/// missing.
+bool isMissingRule(const Trouble& trouble);
+/// "Loops cannot be imported: the system rule is missing"
+Told toldMissingRule(const Trouble& trouble);
+/// A file that was put on a row and cannot be used.
+Told toldUnusable(const std::string& name, const Trouble& trouble);
+
+/// What the loops that are missing failed with: the end of the operation, else the first one's. Null if all
+/// is well.
+const Trouble* mainTrouble(const Outcome& outcome);
+/// The loops of `asked` that did not come to a good end.
+std::vector<SlotNumber> notDone(const Outcome& outcome, const std::vector<SlotNumber>& asked);
+
+/// "the pedal refused it": the part behind a colon, without a full stop. `it` is the loop.
+std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& it = "it");
+/// "Loops 3, 5 and 7"
+std::string listOf(const std::vector<SlotNumber>& slots);
+
+}  // namespace kzq

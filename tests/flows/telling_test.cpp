@@ -1,0 +1,156 @@
+#include <QUrl>
+
+#include "flow_fixture.h"
+#include "ui/status/outcome_row.h"
+
+// What the status line says, and what its links do.
+
+namespace kzq::test {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST_F(FlowTest, AnImportOntoAFullDiskSaysWhatIsMissingAndTriesItAgain) {
+    bool full = true;
+    writeFile = [&full](const auto& place, auto name, auto extension, auto bytes) {
+        return full && name != "Loop 1"
+                   ? Result<std::filesystem::path>(Trouble{Trouble::Kind::file, "write", ENOSPC})
+                   : writeNewFile(place, name, extension, bytes);
+    };
+    launchConnected();
+    EXPECT_EQ(line(), "7306 \u00b7 3 loops \u00b7 firmware 1.05");
+    select({1, 3, 20});
+    type(3, "typed");
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "1 of 3 loops saved: no space left on the disk");
+    select({20});
+    window->eraseButton()->click();
+    EXPECT_EQ(line(), "Loop 20 was not saved") << "said before the question";
+    EXPECT_EQ(dialogs.take().back(), "Erased loop audio cannot be restored. Would you like to continue?");
+    ASSERT_TRUE(becomesIdle());
+
+    full = false;
+    auto& list = window->statusLine().list();
+    window->statusLine().openList(Qt::MouseFocusReason);
+    auto* const retry = list.rows()[2]->remedy();
+    ASSERT_EQ(retry->text(), "Try again");
+    retry->click();
+    pass(0s);
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot)) << "20 has gone";
+    EXPECT_EQ(importRow(3).name(), "typed");
+    list.close();
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(files(), ElementsAre("Loop 1.wav", "typed.wav"));
+    pass(10s);
+    EXPECT_EQ(line(), "Loop 3 saved in imports");
+    window->statusLine().link().click();
+    EXPECT_EQ(dialogs.take().back(), "file://" + folder.string());
+}
+
+TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {
+    bool missing = true;  // here the file says what the link would
+    writeFile = [&missing](const auto& place, auto name, auto extension, auto bytes) {
+        return missing ? Result<std::filesystem::path>(Trouble{.kind = Trouble::Kind::roadNotInstalled,
+                                                               .remedy = "sudo one && sudo two"})
+                       : writeNewFile(place, name, extension, bytes);
+    };
+    std::vector<std::string> commands;
+    bool allowed = false;
+    asRoot = [&](const std::string& given) -> Result<void> {
+        commands.push_back(given);
+        if (!allowed) {
+            return Trouble{Trouble::Kind::declined, "pkexec", 0, "no password was given"};
+        }
+        return {};
+    };
+    launchConnected();
+    select({3});
+    type(3, "typed");
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    dialogs.take();
+    const auto pressLink = [this] {
+        window->statusLine().link().click();
+        pass(1s);
+        return line();
+    };
+    EXPECT_EQ(line(), "Loops cannot be imported: the system rule is missing");
+    dialogs.answer = [] { return alertSecondButton; };
+    pressLink();
+    EXPECT_THAT(dialogs.take(), ElementsAre(testing::HasSubstr("sudo one && sudo two")));
+    EXPECT_THAT(commands, IsEmpty());
+    select({3});
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    dialogs.answer = [] { return alertFirstButton; };
+    EXPECT_EQ(pressLink(), "The system rule was not installed: no password was given");
+    allowed = true;
+    EXPECT_EQ(pressLink(), "The system rule is installed, but something else is in the way");
+    diagnosis.clear();
+    EXPECT_EQ(pressLink(), "Loops can be imported now");
+    EXPECT_THAT(commands, testing::Each("one && two"));
+    missing = false;
+    pressLink();
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot));
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(files().size(), 1U);
+}
+
+TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {
+    launchConnected();
+    drop(2, base / "files" / "Bridge.ogg");
+    executor.settle();
+    EXPECT_EQ(line(), "\"Bridge.ogg\" cannot be read");
+    const auto file = QUrl::fromLocalFile(QString::fromStdString(audioFile("one.wav", 9).string()));
+    delegate->slotReceivedDroppedURLs(exportRow(2), {file, file, file});
+    executor.settle();
+    EXPECT_EQ(line(), "Only the first of 3 files was used");
+    EXPECT_EQ(delegate->selectedExportSlots().size(), 1U);
+
+    pedal.unplug();
+    pass(1s);
+    EXPECT_TRUE(delegate->selectedExportSlots().empty());
+    stage(4, 10);
+    plugIn();
+    pass(1s);
+    EXPECT_EQ(line(), "Plugged in: staged files were let go, the pedal's slots may differ");
+    window->statusLine().link().click();
+    pass(1s);
+    EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
+    plan("refuse@E2");
+    window->exportButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "1 of 2 loops written: the pedal refused loop 2");
+    window->statusLine().link().click();
+    pass(1s);
+    EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(2_slot)));
+}
+
+TEST_F(FlowTest, AConversionThatEndsDuringAnExportIsStagedAfterItAndAlertsWaitForItsEnd) {
+    launchConnected();
+    stage(4, 10);
+    conversionTime = 300ms;
+    drop(5, audioFile("late.wav", 20));
+    drop(6, audioFile("long.wav", 70'000'000));
+    drop(7, audioFile("longer.wav", 80'000'000));
+    port.writePace = 1s;
+    window->exportButton()->click();
+    pass(500ms);
+    ASSERT_TRUE(shieldUp());
+    EXPECT_EQ(line(), "Writing loop 4\u2026");
+    EXPECT_THAT(dialogs.take(), IsEmpty());
+    port.writePace = {};
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(5_slot)));
+    EXPECT_EQ(dialogs.take().size(), 2U);
+    EXPECT_EQ(line(), "Loop 4 written");
+}
+
+}  // namespace
+
+}  // namespace kzq::test
