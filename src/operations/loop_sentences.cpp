@@ -1,6 +1,7 @@
 #include "loops/facts.h"
 #include "operations/outcome.h"
 #include "operations/sentences.h"
+#include "operations/told.h"
 
 namespace kzq {
 
@@ -13,22 +14,16 @@ using Kind = Trouble::Kind;
 std::string loopReason(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::emptySlot:
-            return "the slot is empty.";
         case Kind::noPedal:
-            return "the pedal was unplugged.";
         case Kind::noStatus:
-            return "the pedal did not report its loops.";
-        case Kind::tooLarge:
-            return "the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, "
-                   "plug it in again and try again.";
         case Kind::outOfMemory:
-            return "there is not enough memory to hold it.";
         case Kind::noAudio:
-            return "its file could not be read.";
         case Kind::changedWhileRead:
-            return "it changed while it was being read.";
         case Kind::notErased:
-            return "it is still on the pedal.";
+            return reasonFor(Deed::save, trouble) + ".";
+        case Kind::tooLarge:
+            return reasonFor(Deed::save, trouble) +
+                   ", which cannot be. Unplug the pedal, plug it in again and try again.";
         case Kind::roadNotInstalled:
         case Kind::roadNotInForce:
         case Kind::roadBlocked:

@@ -1,0 +1,73 @@
+"""What the window says about what went wrong."""
+
+import os
+import resource
+import subprocess
+import tempfile
+import unittest
+import wave
+
+from driver import Ear, Program, choose, key, wait
+
+LARGEST = 50_000_000
+
+
+def picture(name):
+    if folder := os.environ.get("PICTURES"):
+        subprocess.run(["import", "-window", "root", f"{folder}/{name}.png"], check=False)
+
+
+def pedal(**loops):
+    """A folder for the simulated pedal."""
+    folder = tempfile.mkdtemp(prefix="pedal")
+    for name, frames in loops.items():
+        with wave.open(os.path.join(folder, f"Loop {name[1:]}.wav"), "wb") as file:
+            file.setparams((2, 3, 44100, frames, "NONE", ""))
+            file.writeframes(bytes(frames * 6))
+    return folder
+
+
+class Status(unittest.TestCase):
+    def test_a_disk_that_takes_only_one_of_two_loops(self):
+        folder = tempfile.mkdtemp()
+        with Program(simulate=f"--simulate={pedal(L1=1000, L2=LARGEST // 6 + 1000)}") as program:
+            program.ready()
+            program.connected()
+            program.get("7306 · 2 loops · firmware .*")
+            ear = Ear("showing")
+            self.addCleanup(ear.close)
+            resource.prlimit(program.process.pid, resource.RLIMIT_FSIZE, (LARGEST, LARGEST))
+            program.get("Select all loops").click()
+            button = program.get("Import", "push button")
+            wait("import is possible", lambda: button.enabled)
+            button.click()
+            choose(program, folder)
+            sentence = "Failed: 1 of 2 loops saved: the file cannot be written"
+            program.get(sentence, "push button")
+            ear.wait(sentence + ". Try again, button.")
+            self.assertEqual(os.listdir(folder), ["Loop 1.wav"])
+            picture("full-disk")
+            key("ctrl+r")
+            program.get(".*failed, 1 of 2 loops saved. The file cannot be written. .*Loop 2 is still only on the pedal.")
+            picture("full-disk-list")
+            program.get("Try again", "push button").press()
+            box = program.get("Loop 2, select")
+            wait("the loop that is missing is checked", lambda: box.checked)
+            self.assertFalse(program.get("Loop 1, select").checked)
+
+    def test_a_file_that_is_no_audio(self):
+        path = os.path.join(tempfile.mkdtemp(), "Bridge.mp3")
+        with open(path, "w") as file:
+            file.write("words")
+        with Program() as program:
+            program.ready()
+            program.connected()
+            program.get("Export tab.*").click()
+            program.get("Add Loop 4").click()
+            choose(program, path)
+            program.get('Failed: "Bridge.mp3" cannot be read')
+            picture("unreadable")
+
+
+if __name__ == "__main__":
+    unittest.main()
