@@ -28,6 +28,7 @@
 #include "platform/standard_executor.h"
 #include "updates/maker.h"
 #include "updates/qt_http_client.h"
+#include "updates/update_build.h"
 
 namespace {
 
@@ -164,7 +165,12 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         recorder = std::move(*made);
         recording = std::make_unique<recorder::RecordingPort>(port, recorder);
     }
-    QtHttpClient http;
+    const auto authorities = authoritiesIn(options.authorities);
+    if (!authorities) {
+        return complain({ExitCode::fileError, "Cannot read " + options.authorities.string() + "."},
+                        options.json);
+    }
+    QtHttpClient http(*authorities);
     const ctl::Environment environment{
         .executor = executor,
         .usb = recording ? *recording : port,
@@ -178,13 +184,14 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .workingFolder = [] { return RunFolder::ofThisRun().path(); },
         .finished = leave,
         .http = &http,
-        .manifest = firmwareManifestAddress(),
+        .manifest = firmwareManifestAddress(options.host),
         .home = homeFolder(),
         .keepAwake = keepAwake,
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
         .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
         .examine = [real = !options.simulate] { return real ? diagnoseByTrying() : simulatedFindings(); },
-        .logged = noteTaker(recorder)};
+        .logged = noteTaker(recorder),
+        .keys = UpdateBuild::ofThisProgram().keys};
     ctl::Tool tool(options, environment);
     signals.listen(
         executor, [&tool] { tool.interrupt(); },

@@ -12,6 +12,8 @@
 #include <memory>
 #include <utility>
 
+#include "platform/plain_file.h"
+
 namespace kzq {
 namespace {
 
@@ -226,6 +228,15 @@ class Exchange {
 };
 
 }  // namespace
+
+std::optional<std::string> authoritiesIn(const std::filesystem::path& file) {
+    constexpr std::uint64_t longest = 1U << 24U;
+    if (file.empty()) {
+        return std::string();
+    }
+    const auto bytes = readPlainFile(file, longest, Links::followed);
+    return bytes && !bytes->empty() ? std::optional(std::string(bytes->begin(), bytes->end())) : std::nullopt;
+}
 
 QtHttpClient::QtHttpClient(std::string authorities) : authorities_(std::move(authorities)) {}
 

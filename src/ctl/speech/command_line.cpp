@@ -71,6 +71,11 @@ void CommandLine::addGlobalOptions() {
                    "never)")
         ->option_text("SECONDS")
         ->check(CLI::Validator(checkSeconds, ""));
+    app.add_option("--host", options.host, "Ask this server for firmware, not the maker's")
+        ->option_text("HOST[:PORT]");
+    app.add_option("--authorities", options.authorities,
+                   "Trust these certificates (PEM) instead of the system's")
+        ->option_text("FILE");
     app.add_option("--record", words.record,
                    "Record all USB traffic, audio included, to a new file, for troubleshooting")
         ->option_text("FILE");

@@ -35,6 +35,8 @@ struct Options {
     std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
     std::vector<std::string> faults;           ///< for the simulated pedal, as given
     std::filesystem::path record;              ///< a new file for what goes over USB; empty: none
+    std::string host = {};                     ///< in place of the maker's; empty: the maker's
+    std::filesystem::path authorities = {};    ///< certificates trusted instead of the system's; empty: those
     Executor::Duration wait{};                 ///< for a pedal to be connected and free
     Executor::Duration patience{};             ///< with a silent pedal; 0: no limit
     bool yes = false;                          ///< every question is answered with yes
