@@ -249,6 +249,12 @@ std::string roadSentence(const Trouble& trouble) {
                                    : " Run: " + trouble.remedy);
 }
 
+std::string firmwareListSentence(const std::string& read, const std::optional<Trouble>& trouble) {
+    const auto when = read.empty() ? std::string("The maker's list of firmware has not been read yet.")
+                                   : "The maker's list of firmware was last read at " + read + ".";
+    return trouble ? firmwareSentence(*trouble) + " " + when : when;
+}
+
 std::string simulationSentence(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::folder:

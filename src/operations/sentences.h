@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -55,6 +56,10 @@ std::string flashSentence(const FlashEnd& end, const std::string& again);
 /// Of a request that the computer did not pass on to the pedal, so that a loop was not read: the part behind
 /// "Loop 4 was not saved: ".
 std::string roadSentence(const Trouble& trouble);
+
+/// Whether the maker's list of firmware came: `read` is when it last did, as people read it, empty for never;
+/// `trouble` why the last attempt got no further.
+std::string firmwareListSentence(const std::string& read, const std::optional<Trouble>& trouble);
 
 /// Of a simulated pedal: its folder, its faults, its address.
 std::string simulationSentence(const Trouble& trouble);
