@@ -6,15 +6,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
 #include "app/app_delegate.h"
 #include "app/app_environment.h"
 #include "app/application.h"
 #include "app/main_window.h"
 #include "app/program/options.h"
+#include "app/program/relaunch.h"
+#include "app/program/self_check_run.h"
 #include "app/program/simulation_menu.h"
 #include "app/program/termination.h"
 #include "app/start_up.h"
@@ -90,7 +90,7 @@ UpdateDesktop desktop() {
             .openWebsite = [](const auto& address) { return open(QUrl(QString::fromStdString(address))); },
             .relaunch =
                 [](const auto& program) {
-                    const bool started = QProcess::startDetached(text(program), {});
+                    const bool started = relaunchAfterThis(program);
                     if (started) {
                         QCoreApplication::quit();
                     }
@@ -142,16 +142,6 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .quit = &QCoreApplication::quit};
 }
 
-/// Nothing if the file cannot be read; empty if none was given.
-std::optional<std::string> authorities(const ProgramOptions& options) {
-    if (options.authorities.empty()) {
-        return std::string();
-    }
-    std::ifstream file(options.authorities);
-    std::string content{std::istreambuf_iterator<char>(file), {}};
-    return file && !content.empty() ? std::optional(content) : std::nullopt;
-}
-
 int runWindow(Application& application, const ProgramOptions& options, QtExecutor& executor,
               const std::string& certificates, simulator::Simulation* simulation) {
     std::unique_ptr<UsbPort> bus;
@@ -192,6 +182,9 @@ bool hasScreen() {
 }
 
 int run(const ProgramOptions& options, int argc, char** argv) {
+    if (options.selfCheck) {
+        return runSelfCheck(argc, argv, hasScreen());
+    }
     std::error_code unknown;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
     if (handOverToRenamedBundle({.home = homeFolder(), .program = program, .open = openBundle})) {
@@ -201,7 +194,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (!hasScreen()) {
         return complain(EXIT_FAILURE, "no display was found. kzq7306ctl works without one.");
     }
-    const auto certificates = authorities(options);
+    const auto certificates = authoritiesIn(options.authorities);
     if (!certificates) {
         return complain(fileStatus, "cannot read " + options.authorities.string());
     }

@@ -22,6 +22,8 @@ ProgramCommandLine::ProgramCommandLine()
     app.add_option("--authorities", options.authorities,
                    "Trust these certificates (PEM) instead of the system's")
         ->option_text("FILE");
+    app.add_flag("--self-check", options.selfCheck,
+                 "Check that the program starts, without a pedal or a window, and exit");
 }
 
 ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {

@@ -14,6 +14,7 @@ struct ProgramOptions {
     std::vector<std::string> faults;        ///< for the simulated pedal, as given
     bool unplugged = false;                 ///< the simulated pedal starts off the bus
     std::string host;                       ///< in place of the maker's; empty: the maker's
+    bool selfCheck = false;                 ///< see runSelfCheck
     std::filesystem::path authorities;  ///< certificates trusted instead of the system's; empty: the system's
 };
 
