@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include "release/inspection.h"
+#include "release/site_server.h"
+#include "signer.h"
+#include "test_folder.h"
+#include "updates/firmware_source.h"
+#include "updates/qt_http_client.h"
+
+using namespace kzq;
+using namespace kzq::release;
+using namespace kzq::test;
+
+namespace {
+
+struct ReleaseTest : testing::Test {
+    ReleaseTest() {
+        writeText(folder / "pedal.bin", image);
+        writeText(folder / "app.deb", "package");
+    }
+    Result<FirmwareEntry> addFirmware(const std::string& version) const {
+        return site.add(Site::Firmware{folder / "pedal.bin", version, {"One"}}, signer);
+    }
+    Result<FeedItem> addPackage(const std::optional<MakerKey>& key) const {
+        FeedItem item;
+        item.version = "0.2";
+        return site.add(Site::Package{folder / "app.deb", item, Feed::staging}, key);
+    }
+    bool isSound(const UpdateKey& key) const {
+        const TestFolder scratch;
+        return inspect(site, {key}, scratch.path(), false).sound;
+    }
+
+    const std::string image = std::string(300'000, 'i') + "end";
+    const TestFolder folder;
+    const Site site{folder / "site", "maker.example"};
+    const Signer signer;
+};
+
+TEST_F(ReleaseTest, WhatIsPublishedIsWhatTheProgramsTake) {
+    EXPECT_FALSE(addFirmware("1.6"));
+    EXPECT_EQ(addFirmware("1.05")->serial, 1U);
+    EXPECT_EQ(addFirmware("1.06")->serial, 2U);
+    ASSERT_TRUE(addPackage(std::nullopt));
+    EXPECT_FALSE(isSound(signer.key)) << "not signed";
+    EXPECT_EQ(site.sign(signer).value(), 2U);
+    EXPECT_TRUE(isSound(signer.key));
+    EXPECT_FALSE(isSound(Signer().key));
+    for (const auto* name :
+         {"site/assets/7306/firmware/pedal.bin", "site/assets/7306/staging/software/mac/app.deb"}) {
+        const auto content = readText(folder / name);
+        writeText(folder / name, "x" + content.substr(1));
+        EXPECT_FALSE(isSound(signer.key)) << name;
+        writeText(folder / name, content);
+        EXPECT_TRUE(isSound(signer.key)) << name;
+    }
+}
+
+TEST_F(ReleaseTest, ASecretKeyIsKeptFromOthersAndNeverReplaced) {
+    ASSERT_TRUE(signer.save(folder / "key"));
+    EXPECT_EQ(std::filesystem::status(folder / "key").permissions(), std::filesystem::perms(0600));
+    EXPECT_FALSE(Signer().save(folder / "key"));
+    EXPECT_EQ(MakerKey::load(folder / "key")->publicKey(), signer.key);
+    EXPECT_EQ(updateKeyFrom(signer.publicText()), signer.key);
+    EXPECT_FALSE(MakerKey::load(folder / "pedal.bin"));
+}
+
+TEST_F(ReleaseTest, TheServerGivesWhatIsInItsFolderAndNothingElse) {
+    ASSERT_TRUE(addFirmware("1.06"));
+    const auto certificates = Certificates::make("IP:127.0.0.1").value();
+    const auto server = SiteServer::start({.folder = folder / "site", .certificates = certificates}).value();
+    QtHttpClient client(certificates.authority);
+    const FirmwareSource source(client, {firmwareManifestAddress(server->host()), {signer.key}},
+                                folder / "home");
+    const auto entry = source.newest();
+    ASSERT_TRUE(entry) << entry.error().words;
+    EXPECT_EQ(source.image(*entry), FirmwareImage(image.begin(), image.end()));
+
+    HttpRequest rest{
+        makerAddress("/assets/7306/firmware/pedal.bin", server->host()), {1'000'000}, {}, nullptr, {}};
+    rest.offset = image.size() - 3;
+    const auto body = client.fetch(rest).body;
+    EXPECT_EQ(std::string(body.begin(), body.end()), "end");
+    for (const auto* path : {"/../pedal.bin", "/%2e%2e/pedal.bin", "/", "/assets"}) {
+        EXPECT_EQ(client.fetch({makerAddress(path, server->host()), {1'000'000}, {}, nullptr, {}}).failure,
+                  HttpFailure::refused)
+            << path;
+    }
+}
+
+}  // namespace
