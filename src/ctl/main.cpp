@@ -167,7 +167,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     }
     const auto authorities = authoritiesIn(options.authorities);
     if (!authorities) {
-        return complain({ExitCode::fileError, "Cannot read " + options.authorities.string() + "."},
+        return complain(ExitCode::fileError, "Cannot read " + options.authorities.string() + ".",
                         options.json);
     }
     QtHttpClient http(*authorities);

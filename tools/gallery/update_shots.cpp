@@ -35,7 +35,7 @@ Shot firmwareOffer(const QString& caption, int times) {
                                     .version = [] { return std::optional<std::string>("1.05"); },
                                     .softwareVersion = "2.1.0",
                                     .home = {},
-                                    .manifest = {},
+                                    .server = {},
                                     .showHeadline = {},
                                     .appendNotes = {}};
     const auto updater = FirmwareUpdater::updater(std::move(environment));
