@@ -108,7 +108,7 @@ std::string doubtOf(const SlotOutcome& doubt) {
     const auto name = loopName(doubt.slot);
     switch (doubt.did) {
         case SlotOutcome::Did::erased:
-            return "Some of the loops may have been erased.";
+            return {};  // the sentence says it
         case SlotOutcome::Did::written:
             return name + " was sent; what the pedal holds of it was not checked.";
         default:
@@ -122,6 +122,10 @@ std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNu
         return (asked.size() == 1 ? loopName(asked.front()) : loops(asked.size())) + " " + did;
     }
     const bool changed = outcome.end && outcome.end->kind == Kind::changed && !outcome.begun;
+    if (outcome.doubt && outcome.doubt->did == SlotOutcome::Did::erased) {
+        return asked.size() == 1 ? loopName(asked.front()) + " may have been erased"
+                                 : "Some of the loops may have been erased";
+    }
     if (asked.size() == 1 && !changed) {
         return loopName(asked.front()) + " was not " + did;
     }

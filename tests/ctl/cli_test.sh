@@ -205,7 +205,7 @@ fi
 wait "$signalled"
 code=$?
 cat <&5 >"$work/out"
-[ $code -eq 0 ] && grep -q '^The firmware is installed.' "$work/out" &&
+[ $code -eq 5 ] && grep -q 'not known whether it is installed' "$work/signalled.err" &&
     grep -q 'Waiting until the firmware is complete' "$work/signalled.err" ||
     fail "firmware, Ctrl-C: $code $(cat "$work/out" "$work/signalled.err")"
 

@@ -165,8 +165,9 @@ TEST_F(FirmwareTest, AFailureIsToldWithWhatToDo) {
     EXPECT_EQ(install(), ExitCode::noPedal);
     EXPECT_THAT(err.str(), HasSubstr("did not come back"));
     EXPECT_THAT(err.str(), HasSubstr("plug it in again and run the same command again"));
+}
 
-    pedal.setReturns(true);
+TEST_F(FirmwareTest, ACablePulledWhileTheImageIsSentIsToldWithWhatToDo) {
     blank();
     plan("unplug@out");
     EXPECT_EQ(install(), ExitCode::noPedal);
