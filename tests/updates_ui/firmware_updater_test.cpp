@@ -18,9 +18,15 @@ struct FirmwareUpdaterTest : testing::Test, FirmwareUpdaterDelegate {
     FirmwareUpdaterTest() {
         shelf.resources["https://maker/image"] = image;
         offer(R"(One <img src='file:///x'> & more","Two)");
-        updater = FirmwareUpdater::updater(
-            {executor, shelf, [] { return false; }, [] { return std::optional<std::string>("1.05"); },
-             "0.1.0", home.path().toStdString(), {"https://maker/_.json"}, nullptr, nullptr});
+        updater = FirmwareUpdater::updater({executor,
+                                            shelf,
+                                            [] { return false; },
+                                            [] { return std::optional<std::string>("1.05"); },
+                                            "0.1.0",
+                                            home.path().toStdString(),
+                                            {"https://maker/_.json"},
+                                            nullptr,
+                                            nullptr});
         updater->setDelegate(this);
     }
     ~FirmwareUpdaterTest() override { executor.endJobs(); }

@@ -7,9 +7,9 @@
 #include <QTextBlock>
 
 #include "ui/fonts.h"
+#include "ui/handle_scroll_bar.h"
 #include "ui/palette.h"
 #include "updates/firmware_texts.h"
-#include "ui/handle_scroll_bar.h"
 
 namespace kzq {
 namespace {
