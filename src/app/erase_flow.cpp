@@ -24,7 +24,7 @@ class Erase {
   public:
     explicit Erase(AppParts& parts) : parts_(parts) {
         const auto& selection = parts.model.selection();
-        order_ = {.slots = {selection.begin(), selection.end()}, .seen = parts.model.table(), .look = false};
+        order_ = {.slots = {selection.begin(), selection.end()}, .seen = parts.model.table()};
     }
 
     void work(Run& run) {

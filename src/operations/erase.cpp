@@ -27,7 +27,7 @@ Outcome runErase(Pedal& pedal, const EraseOrder& order, const Events& events) {
     const auto agreed = pedal.eraseLoops(slots);
     outcome.begun = pedal.begun();
     outcome.end = agreed ? pedal.stopped() : std::optional(agreed.error());
-    const auto now = order.look && !outcome.end ? std::optional(pedal.status()) : std::nullopt;
+    const auto now = !outcome.end ? std::optional(pedal.status()) : std::nullopt;
     if (now && !*now) {
         outcome.end = now->error();
     }

@@ -233,11 +233,14 @@ FlashEnd Flash::confirm() {
     if (now == stageNone && stopped()) {
         return {How::unconfirmed, phase_, {}, pedal_.stopped()};
     }
+    if (now == stageFactoryBlank) {
+        return {How::inLoader, phase_};
+    }
+    if (now == stageNone && link_.factoryBlank()) {  // it has not left; it may still be storing the image
+        return {How::unconfirmed, phase_, {}, Trouble{Kind::stillInLoader}};
+    }
     if (now == stageNone && leavesBehind()) {
         link_.interrupt();  // it may have come back and be silent, which holds the main thread
-    }
-    if (now == stageFactoryBlank || (now == stageNone && link_.factoryBlank())) {
-        return {How::inLoader, phase_};
     }
     if (now == stageNone) {
         return {How::unconfirmed, phase_, {}, Trouble{Kind::noReturn}};

@@ -29,15 +29,15 @@ struct FlashEnd {
         notSent,      ///< not to the end, if at all; `phase` is where it ended
         sent,         ///< to the end; nothing has been heard of the pedal since
         confirmed,    ///< the pedal is back, runs firmware and has reported its version
-        inLoader,     ///< it has come back in its loader, or never left it
-        unconfirmed,  ///< it has not come back, or does not report a version
+        inLoader,     ///< it has come back in its loader
+        unconfirmed,  ///< it has not left or not come back, or does not report a version
     };
 
     How how = How::notSent;
     FlashPhase phase = FlashPhase::asking;
     std::string version = {};  ///< as reported; only of `confirmed`
-    /// Of `notSent` and `unconfirmed`: why; noReturn, unknownVersion, or cancelled: nobody waited for it. Of
-    /// `sent`: noAnswer if the loader left a request unanswered, which is no refusal.
+    /// Of `notSent` and `unconfirmed`: why; stillInLoader, noReturn, unknownVersion, or cancelled: nobody
+    /// waited for it. Of `sent`: noAnswer if the loader left a request unanswered, which is no refusal.
     std::optional<Trouble> why = {};
 };
 

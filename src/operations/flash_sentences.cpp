@@ -48,6 +48,10 @@ std::string unconfirmedSentence(Kind why) {
         case Kind::noReturn:
             return "The firmware was sent, but the pedal has not come back, so it is not known whether it is "
                    "installed. Unplug the pedal, plug it in again and check its version.";
+        case Kind::stillInLoader:
+            return "The firmware was sent, but the pedal has not restarted yet, so it is not known whether "
+                   "it is "
+                   "installed. Leave it plugged in, and check its version once it has restarted.";
         case Kind::unknownVersion:
             return "The firmware was sent and the pedal is back, but it does not report its version. Unplug "
                    "it, plug it in again and check its version.";

@@ -116,9 +116,15 @@ std::string doubtOf(const SlotOutcome& doubt) {
     }
 }
 
+/// What has been saved or written stays so, even if a cancel or a pulled cable came with its last byte.
+bool cameWhole(Deed deed, const Outcome& outcome) {
+    return outcome.whole() ||
+           (deed != Deed::erase && outcome.done() != 0 && outcome.done() == outcome.wanted);
+}
+
 std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked) {
     const std::string did(participle(deed));
-    if (outcome.whole()) {
+    if (cameWhole(deed, outcome)) {
         return (asked.size() == 1 ? loopName(asked.front()) : loops(asked.size())) + " " + did;
     }
     const bool changed = outcome.end && outcome.end->kind == Kind::changed && !outcome.begun;
@@ -197,7 +203,8 @@ bool isMissingRule(const Trouble& trouble) {
 Told toldMissingRule(const Trouble& trouble) {
     return {.what = "Loops cannot be imported",
             .why = trouble.kind == Kind::roadNotInstalled ? "the system rule is missing"
-                                                          : "the system rule is not in force",
+                   : trouble.kind == Kind::roadNotInForce ? "the system rule is not in force"
+                                                          : "the computer did not give access in time",
             .detail = trouble.remedy.empty() ? "" : "Run: " + trouble.remedy,
             .failure = true};
 }
@@ -227,18 +234,21 @@ Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& aske
                 .failure = true};
     }
     Told result{.what = headline(deed, outcome, asked)};
-    if (const auto* const trouble = mainTrouble(outcome); trouble != nullptr && !outcome.whole()) {
+    if (cameWhole(deed, outcome)) {
+        return result;
+    }
+    if (const auto* const trouble = mainTrouble(outcome)) {
         result.failure = trouble->kind != Kind::cancelled;
         result.why = reasonFor(deed, *trouble, asked.size() == 1 ? "it" : loopOf(outcome, *trouble));
         append(result.detail, otherReasons(deed, outcome, *trouble));
         append(result.detail, detailOf(*trouble));
-    } else if (!outcome.whole()) {  // an erase, which the pedal agreed to only in part
+    } else {  // an erase, which the pedal agreed to only in part
         result.failure = true;
         result.why = "the pedal refused";
     }
     // an erase has no slots to tell the loops by
     if (const auto missing = notDone(outcome, asked);
-        !outcome.whole() && asked.size() > 1 && (deed != Deed::erase || !outcome.slots.empty())) {
+        !missing.empty() && asked.size() > 1 && (deed != Deed::erase || !outcome.slots.empty())) {
         append(result.detail, whereaboutsOf(deed, missing));
     }
     if (outcome.doubt) {
@@ -254,16 +264,37 @@ Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
         return toldMissingRule(*trouble);
     }
     auto result = told(Deed::save, outcome, asked);
-    if (!outcome.whole()) {
+    if (!cameWhole(Deed::save, outcome)) {
         return result;
     }
-    result.what += " in " + folder.filename().string();
+    result.what += " in " + (folder.has_filename() ? folder.filename() : folder).string();
     for (const auto& loop : outcome.slots) {
         result.detail += (result.detail.empty() ? "" : ", ") + loop.file.filename().string();
     }
     result.detail += result.detail.empty() ? "" : ".";
     return result;
 }
+
+namespace {
+
+Told toldUnconfirmed(Kind why) {
+    switch (why) {
+        case Kind::stillInLoader:
+            return {.what = "The firmware was sent, but the pedal has not restarted yet",
+                    .detail = "Leave it plugged in: it may still be storing the firmware.",
+                    .failure = true};
+        case Kind::unknownVersion:
+            return {.what = "The firmware was sent, but the pedal does not report its version",
+                    .detail = "Unplug it and plug it in again.",
+                    .failure = true};
+        default:
+            return {.what = "The firmware was sent, but the pedal has not come back yet",
+                    .detail = "Unplug it and plug it in again.",
+                    .failure = true};
+    }
+}
+
+}  // namespace
 
 Told told(const FlashEnd& end) {
     const auto reason = end.why ? reasonFor(Deed::write, *end.why) : std::string();
@@ -277,9 +308,7 @@ Told told(const FlashEnd& end) {
                     .detail = "Unplug it, plug it in again and install again.",
                     .failure = true};
         case FlashEnd::How::unconfirmed:
-            return {.what = "The firmware was sent, but the pedal has not come back yet",
-                    .detail = "Unplug it and plug it in again.",
-                    .failure = true};
+            return toldUnconfirmed(end.why ? end.why->kind : Kind::noReturn);
         case FlashEnd::How::notSent:
             break;
     }

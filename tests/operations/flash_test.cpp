@@ -92,7 +92,10 @@ TEST_F(FlashWork, ATrailerThatIsNeverAnsweredInstallsNothing) {
     const auto sent = flash();
     EXPECT_EQ(sent.how, How::sent);
     EXPECT_EQ(sent.why.value().kind, Trouble::Kind::noAnswer);
-    EXPECT_EQ(confirm(sent).how, How::inLoader);
+    const auto end = confirm(sent);
+    EXPECT_EQ(end.how, How::unconfirmed);
+    EXPECT_EQ(end.why.value().kind, Trouble::Kind::stillInLoader);
+    EXPECT_EQ(count("reset"), 0) << "it may be storing the image";
 }
 
 TEST_F(FlashWork, APedalThatIsNotSeenAgainIsNotConfirmed) {

@@ -5,6 +5,7 @@
 
 #include "ctl/speech/format.h"
 #include "ctl/speech/json_output.h"
+#include "updates/firmware_version.h"
 
 namespace kzq::ctl {
 namespace {
@@ -110,6 +111,7 @@ ExitCode FirmwareInstallCommand::install(Pedal& pedal) {
             }};
     auto end = runFlash(pedal, image_, events);
     sending_ = false;
+    consentMissing_ = end.how == FlashEnd::How::sent && end.why;
     end = confirmFlash(pedal, end, events);
     context().output.endProgress();
     const auto code = finish(end);
@@ -166,9 +168,19 @@ std::shared_ptr<void> FirmwareInstallCommand::keepAwake(Pedal& pedal) {
     return lock->hold;
 }
 
+/// Whether the pedal, which is back, runs what was sent. Of a file nobody knows the version; the pedal's
+/// consent has to do.
+bool FirmwareInstallCommand::isInstalled(const FlashEnd& end) const {
+    if (end.how != FlashEnd::How::confirmed) {
+        return false;
+    }
+    return version_.empty() ? !consentMissing_
+                            : !(FirmwareVersionFromString(end.version) < FirmwareVersionFromString(version_));
+}
+
 ExitCode FirmwareInstallCommand::finish(const FlashEnd& end) {
     using How = FlashEnd::How;
-    const bool installed = end.how == How::confirmed;
+    const bool installed = isInstalled(end);
     auto shown = end;
     shown.version = printable(end.version);
     if (shown.why) {
@@ -178,10 +190,17 @@ ExitCode FirmwareInstallCommand::finish(const FlashEnd& end) {
                       : end.how == How::inLoader ? Trouble::Kind::stillInLoader
                                                  : Trouble::Kind::unconfirmed;
     const auto code = installed ? ExitCode::ok : exitCode(kind);
-    const auto sentence = flashSentence(shown, again);
+    auto sentence = flashSentence(shown, again);
+    if (end.how == How::confirmed && !installed) {
+        sentence += version_.empty()
+                        ? " It did not confirm the image, so check that this is the version you sent."
+                        : " Firmware " + version_ + " was sent, but is not installed.";
+    }
     auto details = finishedJson(code, nameOfEnd(kind, code), sentence);
-    details["installed"] = end.how == How::unconfirmed ? nlohmann::json() : nlohmann::json(installed);
-    details["version"] = installed ? nlohmann::json(shown.version) : nlohmann::json();
+    const bool unknown =
+        end.how == How::unconfirmed || (end.how == How::confirmed && version_.empty() && !installed);
+    details["installed"] = unknown ? nlohmann::json() : nlohmann::json(installed);
+    details["version"] = end.how == How::confirmed ? nlohmann::json(shown.version) : nlohmann::json();
     report().tell("finished", std::move(details), installed ? sentence : "");
     if (!installed) {
         context().output.error(sentence);

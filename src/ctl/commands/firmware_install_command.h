@@ -30,10 +30,12 @@ class FirmwareInstallCommand : public PedalCommand {
     std::shared_ptr<void> keepAwake(Pedal& pedal);
     void enter(Pedal& pedal, FlashPhase phase);
     void askToWait();
+    bool isInstalled(const FlashEnd& end) const;
     ExitCode finish(const FlashEnd& end);
 
     FirmwareImage image_;
     std::string version_;                ///< that of the image; empty for a file
+    bool consentMissing_ = false;        ///< the pedal left a request unanswered before it restarted
     std::atomic<bool> sending_ = false;  ///< the image is not complete
     std::string waitsFor_;               ///< on the command's thread
 };
