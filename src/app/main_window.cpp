@@ -171,6 +171,7 @@ void MainWindow::showMeter(bool shown) {
 
 void MainWindow::addShield() {
     if (shield_ == nullptr) {
+        statusLine().list().close();
         shield_ = new Shield(this);  // NOLINT(cppcoreguidelines-owning-memory): the window's child
     }
 }

@@ -45,6 +45,8 @@ TEST_F(AnnouncementsTest, AFailureStaysUntilItIsSettled) {
     EXPECT_EQ(line(), "importing");
     announcements.setWork({});
     EXPECT_EQ(line(), "no import");
+    announcements.tell({.what = "cancelled", .cancelled = true, .job = "import"});
+    EXPECT_EQ(line(), "no import") << "a cancel is no success";
     succeeds("imported", "import");
     EXPECT_EQ(line(), "imported");
 
@@ -76,7 +78,7 @@ TEST_F(AnnouncementsTest, OfManyFailuresTheNewestIsShownAndTheOthersAreNotLost) 
     fails("once more", "x");
     fails("and again", "x");
     useLine();
-    EXPECT_EQ(line(), "failure 24") << "a second attempt takes the place of the first";
+    EXPECT_EQ(line(), "once more") << "a second failure settles nothing";
     while (announcements.line().number != 0) {
         useLine();
     }

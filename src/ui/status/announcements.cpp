@@ -35,7 +35,7 @@ void Announcements::tell(Announcement announcement) {
     announcement.time = clock_();
     log(LogCategory::application,
         announcement.sentence() + "." + (announcement.detail.empty() ? "" : " " + announcement.detail));
-    if (!announcement.job.empty()) {
+    if (!announcement.job.empty() && !announcement.failure && !announcement.cancelled) {
         std::erase_if(open_, [&](std::uint64_t number) {
             const auto told = std::ranges::find(list_, number, &Announcement::number);
             return told != list_.end() && told->job == announcement.job;

@@ -17,6 +17,7 @@ struct Announcement {
     std::string why = {};     ///< "no space left on the disk"; may be empty
     std::string detail = {};  ///< further complete sentences; may be empty
     bool failure = false;
+    bool cancelled = false;  ///< neither a failure nor a success: it settles nothing
     /// What was attempted, such as "import": its success settles its failures. Empty: nothing settles it.
     std::string job = {};
     std::string actionLabel = {};  ///< "Try again"; empty: there is none

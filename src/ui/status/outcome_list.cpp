@@ -83,7 +83,9 @@ void OutcomeList::refresh(const std::deque<Announcement>& outcomes) {
             focused = row->number();
         }
     }
-    setFocus(Qt::OtherFocusReason);
+    if (hasFocus() || isAncestorOf(QApplication::focusWidget())) {
+        setFocus(Qt::OtherFocusReason);
+    }
     fill(outcomes);
     for (auto* const row : rows_) {
         if (row->number() == focused) {
