@@ -106,6 +106,7 @@ class Export {
             run.refresh();
         });
         if (outcome.begun) {
+            parts_.staging->sent(order_.exports);
             for (const auto& [slot, info] : order_.exports) {
                 std::error_code ignored;
                 std::filesystem::remove(info.source, ignored);

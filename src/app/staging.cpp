@@ -104,7 +104,13 @@ void Staging::sayTooLarge() {
 }
 
 void Staging::letGo(const std::map<SlotNumber, QUrl>& files) {
-    letGo_.insert(files.begin(), files.end());
+    for (const auto& [slot, file] : files) {
+        letGo_.insert_or_assign(slot, file);
+    }
+}
+
+void Staging::sent(const Exports& exports) {
+    std::erase_if(letGo_, [&exports](const auto& entry) { return exports.contains(entry.first); });
 }
 
 void Staging::arrived() {

@@ -47,6 +47,8 @@ class Staging : public std::enable_shared_from_this<Staging> {
 
     /// A pedal has left, or comes, and what is staged is forgotten. `arrived` says so.
     void letGo(const std::map<SlotNumber, QUrl>& files);
+    /// An export of these had begun before the pedal left, and tells itself what is missing.
+    void sent(const Exports& exports);
     void arrived();
     /// A remedy that puts files on their rows again.
     Remedy stagingAgain(std::map<SlotNumber, QUrl> files);

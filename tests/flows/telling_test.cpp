@@ -115,6 +115,7 @@ TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {
     pedal.unplug();
     pass(1s);
     EXPECT_TRUE(delegate->selectedExportSlots().empty());
+    drop(2, audioFile("newer.wav", 11));
     stage(4, 10);
     plugIn();
     pass(1s);
@@ -122,6 +123,8 @@ TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {
     window->statusLine().link().click();
     pass(1s);
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
+    ASSERT_TRUE(exportRow(2).exporting());
+    EXPECT_EQ(exportRow(2).exporting()->fileName(), "newer.wav");
     plan("refuse@E2");
     window->exportButton()->click();
     ASSERT_TRUE(becomesIdle());
