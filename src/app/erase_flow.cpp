@@ -49,9 +49,10 @@ class Erase {
         });
         parts_.model.deselectAll();
         run.turn.cover();
-        parts_.teller.working(order_.slots.size() == 1
-                                  ? "Erasing " + loopName(order_.slots.front()) + "\u2026"
-                                  : "Erasing loops\u2026");
+        work_ = parts_.teller.newWork();
+        parts_.teller.working(work_, order_.slots.size() == 1
+                                         ? "Erasing " + loopName(order_.slots.front()) + "\u2026"
+                                         : "Erasing loops\u2026");
         return true;
     }
 
@@ -62,13 +63,17 @@ class Erase {
             }
             run.refresh();
         });
-        parts_.teller.idle();
+        if (outcome.whole()) {
+            parts_.teller.forgetImports(order_.slots);
+        }
+        parts_.teller.idle(work_);
         parts_.teller.tell(told(Deed::erase, outcome, order_.slots), "erase");
     }
 
     AppParts& parts_;
     EraseOrder order_;
     TypedNames names_;
+    Teller::Work work_ = 0;
 };
 
 }  // namespace

@@ -85,7 +85,8 @@ class Export {
 
     /// A loop that failed also counts as sent: the loop table is read again at the end.
     void watch(Run& run, const std::shared_ptr<TransferRun>& progress) {
-        auto follow = parts_.teller.follower(run.poster(), "Writing");
+        work_ = parts_.teller.newWork();
+        auto follow = parts_.teller.follower(work_, run.poster(), "Writing");
         follow(order_.exports.begin()->first);
         events_.moved = [progress, follow](SlotNumber slot, std::uint64_t bytes) mutable {
             follow(slot);
@@ -118,7 +119,10 @@ class Export {
     void tell(const Outcome& outcome) {
         std::vector<SlotNumber> asked;
         std::ranges::copy(std::views::keys(order_.exports), std::back_inserter(asked));
-        parts_.teller.idle();
+        parts_.teller.idle(work_);
+        if (outcome.whole()) {
+            parts_.teller.forgetImports(asked);
+        }
         const auto missing = notDone(outcome, asked);
         std::map<SlotNumber, QUrl> again;
         for (const auto slot : missing) {
@@ -135,6 +139,7 @@ class Export {
     AppParts& parts_;
     ExportOrder order_;
     std::map<SlotNumber, QUrl> files_;  ///< the user's own
+    Teller::Work work_ = 0;
     Events events_;
 };
 

@@ -66,8 +66,8 @@ class Installation {
     }
 
     void tellUnusable() {
-        const Told offered{.what = "The firmware could not be downloaded and verified",
-                           .detail = "Check the internet connection and try again.",
+        const Told offered{.what = "The firmware in the cache cannot be used",
+                           .detail = "It is fetched again.",
                            .failure = true};
         const Told chosen{.what = "\"" + file_.value_or("").filename().string() + "\" cannot be used",
                           .why = "it cannot be read, or it is empty",
@@ -76,6 +76,7 @@ class Installation {
     }
 
     void start(Run& run) {
+        work_ = parts_.teller.newWork();
         auto& updater = *parts_.panels.firmwareUpdater;
         updater.progress().begin();
         endBar_ = updater.progress().ender();
@@ -86,7 +87,7 @@ class Installation {
     /// What the user has to know while nothing moves.
     FlashEvents restart(Run& run) {
         const auto say = [this, &run](const char* line) {
-            run.ask([this, line] { parts_.teller.working(line); });
+            run.ask([this, line] { parts_.teller.working(work_, line); });
         };
         const auto phase = [this, say](FlashPhase now) {
             phase_ = now;
@@ -112,14 +113,18 @@ class Installation {
         }
         run.ask([&] {
             run.turn.end();
-            parts_.teller.working(sent ? "Waiting for the pedal to come back" : "");
+            if (sent) {
+                parts_.teller.working(work_, "Waiting for the pedal to come back");
+            } else {
+                parts_.teller.idle(work_);
+            }
             parts_.teller.tell(told(end), "firmware");
         });
         updates_->check();
         if (sent) {
             const auto confirmed = confirmFlash(*run.pedal, end, {});
             run.ask([&] {
-                parts_.teller.idle();
+                parts_.teller.idle(work_);
                 parts_.teller.tell(told(confirmed), "firmware");
             });
         }
@@ -129,6 +134,7 @@ class Installation {
     const std::optional<std::filesystem::path> file_;
     std::shared_ptr<FirmwareUpdates> updates_;
     std::function<void()> endBar_;
+    Teller::Work work_ = 0;
     FlashPhase phase_ = FlashPhase::asking;
     bool late_ = false;  ///< it should have come back, and the user knows
 };

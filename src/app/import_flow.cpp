@@ -58,6 +58,7 @@ class Import {
             total += row.bytes();
             order_.loops.push_back({slot, row.name().value_or(QString()).toStdString(), {loop->samples}});
         }
+        names_ = typedNames(parts_);
         if (auto trouble = impossibleLength(parts_.model.table(), {selection.begin(), selection.end()})) {
             tell({.wanted = selection.size(), .end = std::move(trouble)});
             return false;
@@ -66,7 +67,6 @@ class Import {
             return false;
         }
         order_.folder = folder;
-        names_ = typedNames(parts_);
         order_.write = parts_.environment.writeFile;
         order_.freeSpace = parts_.environment.freeSpace;
         parts_.transferPanel.open(total, selection.size(), Slot::importContext);
@@ -76,7 +76,8 @@ class Import {
     }
 
     void watch(Run& run, const std::shared_ptr<TransferRun>& progress) {
-        auto follow = parts_.teller.follower(run.poster(), "Reading");
+        work_ = parts_.teller.newWork();
+        auto follow = parts_.teller.follower(work_, run.poster(), "Reading");
         follow(order_.loops.front().slot);
         events_.moved = [progress, follow](SlotNumber slot, std::uint64_t bytes) mutable {
             follow(slot);
@@ -105,7 +106,13 @@ class Import {
         std::vector<SlotNumber> asked;
         std::ranges::transform(order_.loops, std::back_inserter(asked), &ImportOrder::Item::slot);
         const auto missing = notDone(outcome, asked);
-        parts_.teller.imported(asked, missing);
+        Loops loops;
+        for (const auto& [slot, chosen] : names_) {
+            if (chosen.pedal == parts_.model.pedal()) {
+                loops.put(slot, chosen.loop);
+            }
+        }
+        parts_.teller.imported(loops, missing);
         TypedNames again;
         for (const auto slot : missing) {
             again[slot] = names_[slot];
@@ -118,7 +125,7 @@ class Import {
             }};
         const Remedy retry{"Try again", [this_ = &parts_, again] { return selectAgain(*this_, again); }};
         const auto* const trouble = mainTrouble(outcome);
-        parts_.teller.idle();
+        parts_.teller.idle(work_);
         parts_.teller.tell(toldImport(outcome, asked, order_.folder), "import",
                            missing.empty()                      ? show
                            : trouble && isMissingRule(*trouble) ? settingUp(parts_, *trouble, again)
@@ -128,6 +135,7 @@ class Import {
     AppParts& parts_;
     ImportOrder order_;
     TypedNames names_;  ///< as they were at the start
+    Teller::Work work_ = 0;
     Events events_;
 };
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/app_parts.h"
+#include "device/kzq7306.h"
 
 namespace kzq {
 
@@ -58,30 +59,33 @@ struct Attempt {
                               job, again());
             return;
         }
+        const auto looper = parts.environment.link();
+        const bool connected = looper && !looper->disconnected();
         parts.teller.tell(
-            {.what = "Loops can be imported now"}, job,
+            {.what = connected ? "Loops can be imported now" : "The system rule is installed"}, job,
             {"Try again", [&everything = parts, names = loops] { return selectAgain(everything, names); }});
     }
 };
 
 void install(const std::shared_ptr<Attempt>& attempt) {
     const auto& environment = attempt->parts.environment;
-    attempt->parts.teller.working("Setting up\u2026");
+    const auto work = attempt->parts.teller.newWork();
+    attempt->parts.teller.working(work, "Setting up\u2026");
     const auto post = attempt->parts.teller.poster();
-    environment.executor.background(
-        Priority::standard, [post, attempt, asRoot = environment.asRoot, diagnose = environment.diagnose,
-                             commands = withoutSudo(attempt->trouble.remedy)] {
-            const auto done = asRoot(commands);
-            const auto obstacle = done && diagnose ? diagnose() : std::string();
-            post([attempt, done, obstacle] {
-                attempt->parts.teller.idle();
-                if (done) {
-                    attempt->installed(obstacle);
-                } else {
-                    attempt->notInstalled(done.error().words);
-                }
-            });
+    environment.executor.background(Priority::standard, [post, attempt, work, asRoot = environment.asRoot,
+                                                         diagnose = environment.diagnose,
+                                                         commands = withoutSudo(attempt->trouble.remedy)] {
+        const auto done = asRoot(commands);
+        const auto obstacle = done && diagnose ? diagnose() : std::string();
+        post([attempt, work, done, obstacle] {
+            attempt->parts.teller.idle(work);
+            if (done) {
+                attempt->installed(obstacle);
+            } else {
+                attempt->notInstalled(done.error().words);
+            }
         });
+    });
 }
 
 }  // namespace

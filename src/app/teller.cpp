@@ -1,6 +1,8 @@
 #include "app/teller.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <utility>
 
 #include "app/app_environment.h"
@@ -38,6 +40,7 @@ void Teller::tell(const Told& told, const std::string& job, Remedy remedy) {
                           .why = told.why,
                           .detail = told.detail,
                           .failure = told.failure,
+                          .cancelled = !told.failure && !told.why.empty(),  // a success has no reason
                           .job = job,
                           .actionLabel = std::move(remedy.label),
                           .action = std::move(act)});
@@ -60,13 +63,33 @@ void Teller::rest() {
     announcements_->setRest(sentence);
 }
 
-void Teller::working(const std::string& sentence) {
-    silent_ = false;
-    announcements_->setWork(sentence);
+Teller::Work Teller::newWork() {
+    works_.try_emplace(++lastWork_);
+    return lastWork_;
 }
 
-void Teller::idle() {
-    working({});
+void Teller::working(Work work, const std::string& sentence) {
+    if (const auto found = works_.find(work); found != works_.end()) {
+        found->second = sentence;
+        showWork();
+    }
+}
+
+void Teller::idle(Work work) {
+    if (works_.erase(work) != 0) {
+        showWork();
+    }
+}
+
+void Teller::showWork() {
+    *silent_ = false;
+    std::string newest;
+    for (const auto& [work, sentence] : works_) {
+        if (!sentence.empty()) {
+            newest = sentence;
+        }
+    }
+    announcements_->setWork(newest);
 }
 
 std::function<void(Executor::Task)> Teller::poster() {
@@ -79,36 +102,59 @@ std::function<void(Executor::Task)> Teller::poster() {
     };
 }
 
-std::function<void(SlotNumber)> Teller::follower(std::function<void(Executor::Task)> post,
+std::function<void(SlotNumber)> Teller::follower(Work work, std::function<void(Executor::Task)> post,
                                                  const std::string& verb) {
-    return [this, post = std::move(post), verb, last = std::optional<SlotNumber>()](SlotNumber slot) mutable {
-        if (last != slot) {
+    return [this, work, post = std::move(post), verb, silent = silent_,
+            last = std::optional<SlotNumber>()](SlotNumber slot) mutable {
+        const bool answersAgain = silent->exchange(false);
+        if (last != slot || answersAgain) {
             last = slot;
             const auto sentence = verb + " loop " + std::to_string(slot.number()) + "\u2026";
-            post([this, sentence] { working(sentence); });
+            post([this, work, sentence] { working(work, sentence); });
         }
     };
 }
 
 void Teller::silent() {
     const Told told{.what = "The pedal has stopped answering", .detail = "Cancel, or unplug it."};
-    if (!std::exchange(silent_, true)) {
+    if (!silent_->exchange(true)) {
         tell(told);
         announcements_->setWork(told.what + ": cancel, or unplug it");
     }
 }
 
-void Teller::imported(const std::vector<SlotNumber>& asked, const std::vector<SlotNumber>& missing) {
-    for (const auto slot : asked) {
+void Teller::imported(const Loops& asked, const std::vector<SlotNumber>& missing) {
+    for (const auto& [slot, loop] : asked) {
+        if (std::ranges::find(missing, slot) == missing.end()) {
+            saved_.put(slot, loop);
+            notSaved_.erase(slot);
+        } else {
+            notSaved_.insert(slot);
+        }
+    }
+}
+
+void Teller::forgetImports(const std::vector<SlotNumber>& gone) {
+    for (const auto slot : gone) {
+        saved_.remove(slot);
         notSaved_.erase(slot);
     }
-    notSaved_.insert(missing.begin(), missing.end());
+}
+
+void Teller::forgetImports() {
+    saved_ = {};
+    notSaved_.clear();
 }
 
 void Teller::beforeErase(const std::vector<SlotNumber>& asked) {
+    const auto stillSaved = [this](SlotNumber slot) {
+        const auto* const then = saved_.find(slot);
+        const auto* const now = model_.table().find(slot);
+        return then != nullptr && now != nullptr && *then == *now;
+    };
     std::vector<SlotNumber> lost;
     std::ranges::copy_if(asked, std::back_inserter(lost),
-                         [this](SlotNumber slot) { return notSaved_.contains(slot); });
+                         [&](SlotNumber slot) { return notSaved_.contains(slot) && !stillSaved(slot); });
     if (!lost.empty()) {
         tell({.what = listOf(lost) + (lost.size() == 1 ? " was" : " were") + " not saved",
               .detail = "What is erased now is gone.",

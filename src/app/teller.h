@@ -1,12 +1,16 @@
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "loops/loops.h"
 #include "loops/slot_number.h"
 #include "operations/told.h"
 #include "platform/executor.h"
@@ -38,31 +42,43 @@ class Teller : Fixed {
 
     /// What the pedal is, while nothing happens.
     void rest();
-    /// What is under way, until `idle`.
-    void working(const std::string& sentence);
-    void idle();
+    /// The number of something that is going to be under way.
+    using Work = std::uint64_t;
+    Work newWork();
+    /// What is under way in it, until `idle`; no effect after that. Of several, the last that began is shown.
+    void working(Work work, const std::string& sentence);
+    void idle(Work work);
     /// Has a task done here, unless this has gone. Any thread.
     std::function<void(Executor::Task)> poster();
-    /// The same for a transfer: "Reading loop 5…". On the link's thread; `post` has a task done here.
-    std::function<void(SlotNumber)> follower(std::function<void(Executor::Task)> post,
+    /// The same for a transfer: "Reading loop 5…". On the link's thread, whenever something has moved; `post`
+    /// has a task done here.
+    std::function<void(SlotNumber)> follower(Work work, std::function<void(Executor::Task)> post,
                                              const std::string& verb);
     /// The pedal does not answer: again and again while that lasts.
     void silent();
 
-    /// Loops that an import has not saved, and those that it has.
-    void imported(const std::vector<SlotNumber>& asked, const std::vector<SlotNumber>& missing);
+    /// An import of these has not saved those that are missing.
+    void imported(const Loops& asked, const std::vector<SlotNumber>& missing);
+    /// These loops are no longer on the pedal.
+    void forgetImports(const std::vector<SlotNumber>& gone);
     /// The pedal has left, and another may come.
-    void forgetImports() { notSaved_.clear(); }
+    void forgetImports();
     /// Before the question whether to erase them.
     void beforeErase(const std::vector<SlotNumber>& asked);
 
   private:
+    void showWork();
+
     const AppEnvironment& environment_;
     MainWindow& window_;
     const LoopModel& model_;
     std::shared_ptr<Announcements> announcements_;
+    std::map<Work, std::string> works_;  ///< what is under way, some of it without a sentence
+    Work lastWork_ = 0;
+    Loops saved_;  ///< as they were then
     std::set<SlotNumber> notSaved_;
-    bool silent_ = false;
+    /// The pedal does not answer, and the line says so.
+    const std::shared_ptr<std::atomic<bool>> silent_ = std::make_shared<std::atomic<bool>>(false);
     std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 

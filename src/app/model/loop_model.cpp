@@ -13,6 +13,7 @@ Loops LoopModel::unknown() {
 }
 
 void LoopModel::reset() {
+    ++pedal_;
     table_ = unknown();
     selection_.clear();
     staging_.clear();

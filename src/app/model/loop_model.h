@@ -47,6 +47,8 @@ class LoopModel {
     /// Whether a question about these is still about what is staged and about what it overwrites.
     bool stillAskedAbout(const Exports& asked) const;
 
+    /// Another number once the pedal has left or one has arrived.
+    unsigned pedal() const { return pedal_; }
     /// Empty and not complete while it is not known.
     const Loops& table() const { return table_; }
     const std::set<SlotNumber>& selection() const { return selection_; }
@@ -57,6 +59,7 @@ class LoopModel {
     Frames inUseWith(SlotNumber slot, Frames frames) const;
 
   private:
+    unsigned pedal_ = 0;
     Loops table_ = unknown();
     std::set<SlotNumber> selection_;
     Exports staging_;
