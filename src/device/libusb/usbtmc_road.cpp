@@ -30,11 +30,15 @@ using Clock = RoadPatience::Clock;
 constexpr auto nodesFolder = "/sys/class/usbmisc";
 constexpr std::chrono::milliseconds pause{2};
 
-/// Takes the driver off the interface at the end of the scope.
+/// Takes the road's driver, and no other, off the interface at the end of the scope.
 class Bound : Fixed {
   public:
     Bound(const DeviceNode& node, int interface) : node_(node), interface_(interface) {}
-    ~Bound() { node_.unbindDriver(interface_); }
+    ~Bound() {
+        if (node_.driver(interface_) == roadDriver) {
+            node_.unbindDriver(interface_);
+        }
+    }
 
   private:
     const DeviceNode& node_;
@@ -110,6 +114,10 @@ Result<Descriptor> look(const DeviceNode& device, int interface) {
     if (bound != 0 && bound != EBUSY) {
         return Trouble{Kind::roadNotInForce};
     }
+    if (const auto driver = device.driver(interface);
+        bound == EBUSY && driver && !driver->empty() && *driver != roadDriver) {
+        return Trouble{.kind = Kind::roadBlocked, .error = EBUSY};
+    }
     const auto node = nodeOf(device.path());
     Descriptor file(node ? ::open(node->c_str(), O_RDWR | O_CLOEXEC) : -1);
     if (!file) {
@@ -117,6 +125,11 @@ Result<Descriptor> look(const DeviceNode& device, int interface) {
             .kind = Kind::roadBlocked, .where = node ? node->string() : "", .error = node ? errno : ENOENT};
     }
     return file;
+}
+
+/// Whether waiting may help: it does not against another driver.
+bool mayOpen(const Trouble& obstacle) {
+    return obstacle.kind == Trouble::Kind::roadBlocked && obstacle.error != EBUSY;
 }
 
 /// Looks until `use` has used the file, which it does not if the driver was taken away, or until it is
@@ -131,8 +144,11 @@ std::optional<Trouble> onceOpen(const DeviceNode& device, int interface, RoadPat
             patience.passed();
             return std::nullopt;
         }
-        if (!file && (file.error().kind != Trouble::Kind::roadBlocked || !patience.lasts(Clock::now()))) {
+        if (!file && !mayOpen(file.error())) {
             return file.error();
+        }
+        if (!patience.lasts(Clock::now())) {
+            return file ? Trouble{.kind = Trouble::Kind::roadBlocked, .error = ENODEV} : file.error();
         }
         std::this_thread::sleep_for(pause);
     }
