@@ -1,7 +1,11 @@
 #include "device/libusb/lock_holder.h"
 
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 
+#include <array>
+#include <cstdint>
+#include <cstdio>
 #include <fstream>
 #include <sstream>
 
@@ -9,9 +13,17 @@ namespace kzq {
 
 namespace {
 
-/// Of a line such as "1: FLOCK  ADVISORY  WRITE 1234 00:06:567 0 EOF"; 0 if it is about another file. The
-/// device before the inode is left out: some file systems show another one there than stat does.
-int holderIn(const std::string& line, const std::string& inode) {
+/// As the kernel writes it: "00:06:567". The files of devices are on a file system for which stat gives the
+/// same device.
+std::string lockedName(const struct stat& about) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%02x:%02x:%ju", major(about.st_dev), minor(about.st_dev),
+                  static_cast<std::uintmax_t>(about.st_ino));
+    return text.data();
+}
+
+/// Of a line such as "1: FLOCK  ADVISORY  WRITE 1234 00:06:567 0 EOF"; 0 if it is about another file.
+int holderIn(const std::string& line, const std::string& name) {
     std::istringstream words(line);
     std::string number;
     std::string kind;
@@ -20,7 +32,7 @@ int holderIn(const std::string& line, const std::string& inode) {
     std::string file;
     int process = 0;
     words >> number >> kind >> mode >> access >> process >> file;
-    return words && kind == "FLOCK" && file.ends_with(":" + inode) ? process : 0;
+    return words && kind == "FLOCK" && file == name ? process : 0;
 }
 
 }  // namespace
@@ -32,7 +44,7 @@ std::optional<std::string> lockHolder(const std::filesystem::path& file, const P
     }
     std::ifstream locks(places.locks);
     for (std::string line; std::getline(locks, line);) {
-        const int process = holderIn(line, std::to_string(about.st_ino));
+        const int process = holderIn(line, lockedName(about));
         std::ifstream name(places.processes / std::to_string(process) / "comm");
         if (std::string program; process > 0 && std::getline(name, program)) {
             return program + " (process " + std::to_string(process) + ")";
