@@ -8,6 +8,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
 
 #include "audio/file_bytes.h"
 
@@ -64,6 +67,27 @@ std::string loaderOf(const std::string& program) {
     return {};
 }
 
+/// What the loader's own settings name: a folder a line.
+void allowFoldersIn(const Descriptor& rules, const std::filesystem::path& settings) {
+    std::ifstream lines(settings);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with('/')) {
+            allow(rules, line.substr(0, line.find_first_of(" \t\r#")), read);
+        }
+    }
+}
+
+void allowConfiguredFolders(const Descriptor& rules) {
+    allowFoldersIn(rules, "/etc/ld.so.conf");
+    std::error_code error;
+    for (std::filesystem::directory_iterator file("/etc/ld.so.conf.d", error), end; !error && file != end;
+         file.increment(error)) {
+        if (file->path().extension() == ".conf") {
+            allowFoldersIn(rules, file->path());
+        }
+    }
+}
+
 }  // namespace
 
 Descriptor diskRules(const std::string& program, int source) {
@@ -77,9 +101,11 @@ Descriptor diskRules(const std::string& program, int source) {
     const std::filesystem::path place(program);
     allow(rules, place, readAndExecute);
     allow(rules, loaderOf(program), readAndExecute);
-    for (const char* const libraries : {"/lib", "/lib64", "/usr/lib", "/usr/lib64", "/usr/local/lib"}) {
+    for (const char* const libraries : {"/lib", "/lib64", "/usr/lib", "/usr/lib64", "/usr/local/lib",
+                                        "/usr/local/lib64", "/opt", "/nix/store", "/gnu/store"}) {
         allow(rules, libraries, read);
     }
+    allowConfiguredFolders(rules);
     allow(rules, place.parent_path() / "../lib", read);
     allow(rules, "/etc/ld.so.cache", read);
     allow(rules, source, read);

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "audio/child_launch.h"
+#include "platform/log.h"
 
 namespace kzq {
 namespace {
@@ -20,6 +21,8 @@ using Clock = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds tick{20};
 constexpr std::size_t mostComplaint = 4096;
 constexpr std::size_t pieceSize = 1 << 18;
+/// With which the loader ends.
+constexpr int withoutLibraries = 127;
 
 /// A started child, from its first byte to its end.
 class Conversation {
@@ -124,14 +127,27 @@ class Conversation {
     Clock::time_point lastHeard_ = started_;
 };
 
+/// Says where to look if the child could not start.
+void logCage(const ChildTask& task, bool suspected) {
+    if (suspected) {
+        log(LogCategory::audio,
+            task.program +
+                " did not start. It runs in a cage that lets it read its libraries in the "
+                "usual folders and those of /etc/ld.so.conf only: are they there?");
+    }
+}
+
 }  // namespace
 
 ChildEnd runLockedChild(const ChildTask& task) {
     LaunchedChild child = launchLockedChild(task);
     if (child.pid < 0) {
+        logCage(task, child.error == EACCES);
         return {ChildEnd::How::notStarted, child.error, {}};
     }
-    return Conversation(task, std::move(child)).hold();
+    auto end = Conversation(task, std::move(child)).hold();
+    logCage(task, end.how == ChildEnd::How::exited && end.value == withoutLibraries);
+    return end;
 }
 
 }  // namespace kzq
