@@ -47,6 +47,14 @@ TEST_F(ToolTest, ConvertKeepsNoFileThatWasCut) {
     EXPECT_EQ(run(arguments), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("\"long.mp3\" is longer than the pedal's 24 minutes.\n"));
     EXPECT_THAT(files(), IsEmpty());
+
+    convert = [&](const ctl::ConversionOrder& order) -> Result<ctl::ConvertedFile> {
+        order.progress(frames);
+        EXPECT_TRUE(*order.cancelled) << "before the file has its name";
+        return Trouble{Trouble::Kind::cancelled};
+    };
+    EXPECT_EQ(run(arguments), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("\"long.mp3\" is longer than the pedal's 24 minutes.\n"));
 }
 
 TEST_F(ToolTest, ConvertSaysHowItWent) {

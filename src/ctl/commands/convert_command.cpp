@@ -42,15 +42,27 @@ bool ConvertCommand::withoutPedal() {
     context_.executor.background(Priority::standard, [self = shared_from_this()] {
         const auto& context = self->context_;
         const auto& source = context.options.files.front();
-        const auto file =
+        bool tooLong = false;
+        auto file =
             StreamConversion(context.environment, self->cancelled_)
                 .convert({.source = source,
                           .output = context.options.output,
-                          .progress = conversionProgress(context, "Converting", source.string()),
+                          .progress =
+                              [&, show = conversionProgress(context, "Converting", source.string())](
+                                  std::uint64_t frames) {
+                                  show(frames);
+                                  if (frames > capacityFrames) {  // ends it before the file has its name
+                                      tooLong = true;
+                                      self->cancelled_ = true;
+                                  }
+                              },
                           .cancelled = &self->cancelled_,
                           .sync = true,
                           .salvage = context.options.salvage,
                           .normalize = context.options.normalize});
+        if (tooLong && !file) {
+            file = Trouble{Trouble::Kind::tooLarge};
+        }
         context.executor.main([self, file] { self->done(file); });
     });
     return true;
@@ -60,15 +72,20 @@ void ConvertCommand::done(const Result<ConvertedFile>& file) {
     context_.output.endProgress();
     const auto& source = context_.options.files.front();
     const bool reads = source == standardStream;
-    if (cancelled_ && !file) {
+    const auto refuse = [&] {
+        context_.fail(ExitCode::fileError, (reads ? "Standard input" : "\"" + source.string() + "\"") +
+                                               " is longer than the pedal's 24 minutes.");
+    };
+    if (!file && file.error().kind == Trouble::Kind::tooLarge) {
+        refuse();
+    } else if (cancelled_ && !file) {
         context_.fail(Trouble{Trouble::Kind::cancelled});
     } else if (!file) {
         context_.fail(ExitCode::fileError, conversionSentence(file.error(), reads ? "standard input" : ""));
     } else if (file->frames > capacityFrames) {  // the rest of it was not converted
         std::error_code ignored;
         std::filesystem::remove(file->path, ignored);
-        context_.fail(ExitCode::fileError, (reads ? "Standard input" : "\"" + source.string() + "\"") +
-                                               " is longer than the pedal's 24 minutes.");
+        refuse();
     } else {
         report(*file);
         context_.finish(ExitCode::ok);

@@ -65,7 +65,7 @@ Result<ConvertedFile> StreamConversion::convert(ConversionOrder order) const {
         return file;
     }
     const TemporaryFile converted(file->path);
-    return print(file->path).map([&] { return ConvertedFile{{}, file->frames}; });
+    return print(file->path).map([&] { return ConvertedFile{{}, file->frames, file->note}; });
 }
 
 Result<void> StreamConversion::store(const std::filesystem::path& file) const {
