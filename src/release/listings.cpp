@@ -19,19 +19,24 @@ nlohmann::ordered_json jsonOf(const FirmwareEntry& entry) {
     return json;
 }
 
+/// As a reader gives it back: without blanks around it, and with plain ends of lines.
 QString text(const std::string& utf8) {
-    return QString::fromStdString(utf8);
+    return QString::fromStdString(utf8)
+        .replace(QStringLiteral("\r\n"), QStringLiteral("\n"))
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'))
+        .trimmed();
 }
 
 void writeItem(QXmlStreamWriter& xml, const FeedItem& item) {
+    const auto& shortVersion = item.shortVersion.empty() ? item.version : item.shortVersion;
     xml.writeStartElement("item");
-    xml.writeTextElement("title", text(item.shortVersion));
+    xml.writeTextElement("title", text(shortVersion));
     xml.writeTextElement("description", text(item.notes));
     xml.writeStartElement("enclosure");
     const std::pair<const char*, std::string> attributes[] = {{"url", item.url},
                                                               {"length", std::to_string(item.length)},
                                                               {"version", item.version},
-                                                              {"shortVersionString", item.shortVersion},
+                                                              {"shortVersionString", shortVersion},
                                                               {"sha256", item.sha256},
                                                               {"os", item.os},
                                                               {"channel", item.channel},
@@ -59,7 +64,7 @@ Result<std::string> withEntry(const std::string& manifest, const FirmwareEntry& 
     if (!list.is_array()) {
         return Trouble{Trouble::Kind::badManifest, {}, 0, "the manifest is not a list"};
     }
-    if (!list.empty() && list.back().is_object() && list.back().value("name", "") == entry.name) {
+    if (!list.empty() && list.back().contains("name") && list.back()["name"] == entry.name) {
         list.erase(list.size() - 1);
     }
     list.push_back(jsonOf(entry));

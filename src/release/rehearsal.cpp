@@ -89,7 +89,12 @@ bool rehearse(const RehearsalOrder& order, std::ostream& out) {
     const auto host = (*server)->host();
     const Site site(order.folder, host);
     const auto list = site.listAt(firmwareManifestAddress(host));
-    const auto entry = newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(list.data()), list.size()});
+    if (!list) {
+        out << list.error().where << ": " << list.error().words << "." << std::endl;
+        return false;
+    }
+    const auto entry =
+        newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(list->data()), list->size()});
     if (!entry) {
         out << "No firmware is listed." << std::endl;
         return false;

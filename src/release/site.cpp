@@ -1,6 +1,7 @@
 #include "release/site.h"
 
 #include <QUrl>
+#include <cerrno>
 #include <system_error>
 
 #include "platform/digest.h"
@@ -18,15 +19,29 @@ Trouble trouble(const std::filesystem::path& where, const char* what) {
     return {Trouble::Kind::file, where.string(), 0, what};
 }
 
+ByteView bytesOf(const std::string& text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
 }  // namespace
 
 std::filesystem::path Site::fileAt(const std::string& address) const {
     return fileFor(folder_, QUrl::fromEncoded(QByteArray::fromStdString(address)).path().toStdString());
 }
 
-std::string Site::listAt(const std::string& address) const {
-    const auto bytes = readPlainFile(fileAt(address), largestManifest, Links::followed);
-    return bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
+Result<std::string> Site::listAt(const std::string& address) const {
+    const auto file = fileAt(address);
+    const auto bytes = readPlainFile(file, largestManifest, Links::followed);
+    if (bytes) {
+        return std::string(bytes->begin(), bytes->end());
+    }
+    const int error = bytes.error().error;
+    if (error == ENOENT) {
+        return std::string();
+    }
+    return Trouble{
+        Trouble::Kind::file, file.string(), error,
+        error == 0 ? "it is no plain file, or too long for a list" : std::generic_category().message(error)};
 }
 
 Result<void> Site::write(const std::string& address, ByteView bytes) const {
@@ -44,7 +59,7 @@ Result<void> Site::write(const std::string& address, ByteView bytes) const {
 }
 
 Result<void> Site::write(const std::string& address, const std::string& text) const {
-    return write(address, ByteView(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
+    return write(address, bytesOf(text));
 }
 
 Result<FirmwareEntry> Site::add(const Firmware& firmware, const std::optional<MakerKey>& key) const {
@@ -57,13 +72,16 @@ Result<FirmwareEntry> Site::add(const Firmware& firmware, const std::optional<Ma
     }
     const auto manifest = firmwareManifestAddress(host_);
     const auto list = listAt(manifest);
-    const auto last = newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(list.data()), list.size()});
+    if (!list) {
+        return list.error();
+    }
+    const auto last = newestFirmwareEntry(bytesOf(*list));
     auto entry = describe(firmware.image.filename(), *image, firmware.version, firmware.changes);
     entry.serial = last ? last->serial + 1 : 1;
     if (key && !key->sign(entry)) {
         return trouble(firmware.image, "its name or version cannot be signed");
     }
-    const auto text = withEntry(list, entry);
+    const auto text = withEntry(*list, entry);
     if (!text) {
         return trouble(fileAt(manifest), "it is not a list");
     }
@@ -75,12 +93,23 @@ Result<FirmwareEntry> Site::add(const Firmware& firmware, const std::optional<Ma
 
 Result<std::vector<FeedItem>> Site::itemsAt(const std::string& address) const {
     const auto text = listAt(address);
-    if (text.empty()) {
+    if (!text) {
+        return text.error();
+    }
+    if (text->empty()) {
         return std::vector<FeedItem>();
     }
-    auto items = feedItems({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
-    return items ? Result<std::vector<FeedItem>>(std::move(*items))
-                 : trouble(fileAt(address), "it is not a feed");
+    auto items = feedItems(bytesOf(*text));
+    if (!items) {
+        return trouble(fileAt(address), "it is not a feed");
+    }
+    if (feedText(*items) != *text) {
+        return trouble(
+            fileAt(address),
+            "this program did not write it like this, and would drop what it does not know of it, so "
+            "the feed was left as it is; edit it by hand, or move it away to begin a new one");
+    }
+    return std::move(*items);
 }
 
 Result<FeedItem> Site::add(const Package& package, const std::optional<MakerKey>& key) const {
@@ -117,9 +146,11 @@ Result<std::size_t> Site::sign(const MakerKey& key) const {
     std::size_t count = 0;
     const auto manifest = firmwareManifestAddress(host_);
     const auto list = listAt(manifest);
-    if (auto entry = newestFirmwareEntry({reinterpret_cast<const std::uint8_t*>(list.data()), list.size()});
-        entry && key.sign(*entry)) {
-        const auto written = write(manifest, withEntry(list, *entry).value_or(list));
+    if (!list) {
+        return list.error();
+    }
+    if (auto entry = newestFirmwareEntry(bytesOf(*list)); entry && key.sign(*entry)) {
+        const auto written = write(manifest, withEntry(*list, *entry).value_or(*list));
         if (!written) {
             return written.error();
         }

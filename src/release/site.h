@@ -40,13 +40,14 @@ class Site {
     Result<std::size_t> sign(const MakerKey& key) const;
 
     std::filesystem::path fileAt(const std::string& address) const;
-    /// The text of a list; empty if there is none.
-    std::string listAt(const std::string& address) const;
+    /// The text of a list; empty if there is no such file.
+    Result<std::string> listAt(const std::string& address) const;
     const std::string& host() const { return host_; }
 
   private:
     Result<void> write(const std::string& address, ByteView bytes) const;
     Result<void> write(const std::string& address, const std::string& text) const;
+    /// Failure also if writing them anew would drop something that the feed holds.
     Result<std::vector<FeedItem>> itemsAt(const std::string& address) const;
 
     const std::filesystem::path folder_;

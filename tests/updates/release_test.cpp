@@ -24,6 +24,7 @@ struct ReleaseTest : testing::Test {
     Result<FeedItem> addPackage(const std::optional<MakerKey>& key) const {
         FeedItem item;
         item.version = "0.2";
+        item.notes = "<b>New</b>\r\n";
         return site.add(Site::Package{folder / "app.deb", item, Feed::staging}, key);
     }
     bool isSound(const UpdateKey& key) const {
@@ -54,6 +55,25 @@ TEST_F(ReleaseTest, WhatIsPublishedIsWhatTheProgramsTake) {
         writeText(folder / name, content);
         EXPECT_TRUE(isSound(signer.key)) << name;
     }
+}
+
+TEST_F(ReleaseTest, ListsAreNotOverwrittenThatCannotBeWrittenLikeThis) {
+    ASSERT_TRUE(addPackage(signer) && addPackage(signer));
+    const auto file = site.fileAt(softwareFeedAddress(Feed::staging, "maker.example"));
+    const auto edited = readText(file) + "<!-- mine -->\n";
+    writeText(file, edited);
+    EXPECT_FALSE(addPackage(signer));
+    EXPECT_FALSE(site.sign(signer));
+    EXPECT_EQ(readText(file), edited);
+
+    const auto manifest = site.fileAt(firmwareManifestAddress("maker.example"));
+    const std::string tooLong(largestManifest + 1, ' ');
+    std::filesystem::create_directories(manifest.parent_path());
+    writeText(manifest, tooLong);
+    EXPECT_FALSE(addFirmware("1.05"));
+    EXPECT_EQ(readText(manifest), tooLong);
+    writeText(manifest, R"([{"name": 5}])");
+    EXPECT_TRUE(addFirmware("1.05"));
 }
 
 TEST_F(ReleaseTest, ASecretKeyIsKeptFromOthersAndNeverReplaced) {
