@@ -44,7 +44,12 @@ void add(Inspection& inspection, bool sound, const std::string& line) {
 void inspectFirmware(Inspection& inspection, const Site& site, const std::vector<UpdateKey>& keys,
                      const std::filesystem::path& scratch) {
     const auto manifest = firmwareManifestAddress(site.host());
-    if (site.listAt(manifest).empty()) {
+    const auto list = site.listAt(manifest);
+    if (!list) {
+        add(inspection, false, reasonOf(list.error()));
+        return;
+    }
+    if (list->empty()) {
         inspection.lines.push_back("-       no firmware is listed");
         return;
     }
@@ -86,7 +91,7 @@ std::string objectionTo(const FeedItem& item, const Site& site, const std::vecto
     if (!said) {
         return said.error().where;
     }
-    return *said == selfCheckLine(item.version) ? "" : "it says \"" + *said + "\"";
+    return saysVersion(*said, item.version) ? "" : "it says \"" + *said + "\"";
 }
 
 }  // namespace
@@ -97,10 +102,14 @@ Inspection inspect(const Site& site, const std::vector<UpdateKey>& keys, const s
     inspectFirmware(inspection, site, keys, scratch);
     for (const auto kind : {Feed::normal, Feed::staging}) {
         const auto text = site.listAt(softwareFeedAddress(kind, site.host()));
-        if (text.empty()) {
+        if (!text) {
+            add(inspection, false, reasonOf(text.error()));
             continue;
         }
-        const auto items = feedItems({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+        if (text->empty()) {
+            continue;
+        }
+        const auto items = feedItems({reinterpret_cast<const std::uint8_t*>(text->data()), text->size()});
         if (!items) {
             add(inspection, false, "the feed cannot be read");
             continue;

@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <system_error>
 
-#include "platform/draft.h"
 #include "platform/plain_file.h"
 
 namespace kzq {
@@ -25,6 +24,16 @@ std::error_code linkOrCopy(const std::filesystem::path& file, const std::filesys
 
 std::filesystem::path previousOf(const std::filesystem::path& appImage) {
     return appImage.string() + ".previous";
+}
+
+/// Those of the AppImage in place; its owner can start it.
+Result<std::filesystem::perms> usablePermissions(const std::filesystem::path& appImage) {
+    std::error_code error;
+    const auto permissions = std::filesystem::status(appImage, error).permissions();
+    if (error) {
+        return Trouble{Trouble::Kind::file, "the program no longer exists", error.value()};
+    }
+    return (permissions | std::filesystem::perms::owner_exec) & std::filesystem::perms::mask;
 }
 
 }  // namespace
@@ -57,24 +66,17 @@ Result<void> keepPrevious(const std::filesystem::path& appImage) {
     return {};
 }
 
-Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download) {
-    std::error_code error;
-    const auto permissions = std::filesystem::status(appImage, error).permissions();
-    if (error) {
-        return Trouble{Trouble::Kind::file, "the program no longer exists", error.value()};
-    }
-    const auto usable = (permissions | std::filesystem::perms::owner_exec) & std::filesystem::perms::mask;
-    return keepPrevious(appImage).and_then([&] { return download.place(usable); });
+Result<void> sealAppImage(const std::filesystem::path& appImage, UpdateDownload& download) {
+    const auto usable = usablePermissions(appImage);
+    return usable ? download.seal(*usable) : usable.error();
 }
 
-Result<void> takeBackAppImage(const std::filesystem::path& appImage) {
-    std::error_code error;
-    std::filesystem::rename(previousOf(appImage), appImage, error);
-    if (error) {
-        return Trouble{Trouble::Kind::file, "the previous version cannot be put back", error.value()};
+Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download) {
+    const auto usable = usablePermissions(appImage);
+    if (!usable) {
+        return usable.error();
     }
-    syncFolder(appImage.parent_path());
-    return {};
+    return keepPrevious(appImage).and_then([&] { return download.place(*usable); });
 }
 
 }  // namespace kzq

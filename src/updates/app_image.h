@@ -13,11 +13,12 @@ bool isAppImage(ByteView file);
 /// Keeps the file `appImage` also as "<name>.previous", replacing an earlier one in one step. Any thread.
 Result<void> keepPrevious(const std::filesystem::path& appImage);
 
+/// Makes a verified download ready to be tried where it is, as a program that this user can start. Any
+/// thread.
+Result<void> sealAppImage(const std::filesystem::path& appImage, UpdateDownload& download);
+
 /// Replaces the AppImage with a verified download: at every moment its name refers to a complete file, the
 /// old or the new. If it fails, nothing has changed, except that ".previous" may exist. Any thread.
 Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download);
-
-/// Puts ".previous" back in the AppImage's place. Any thread.
-Result<void> takeBackAppImage(const std::filesystem::path& appImage);
 
 }  // namespace kzq

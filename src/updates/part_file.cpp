@@ -6,6 +6,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string>
+#include <utility>
 
 #include "platform/draft.h"
 #include "platform/plain_file.h"
@@ -82,6 +84,20 @@ Result<Bytes> PartFile::read(std::uint64_t limit) const {
 std::uint64_t PartFile::size() const {
     struct stat status {};
     return ::fstat(file_.get(), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
+Result<void> PartFile::seal(std::filesystem::perms permissions) {
+    const auto same = "/proc/self/fd/" + std::to_string(file_.get());
+    Descriptor reader(::open(same.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!reader || ::fchmod(reader.get(), static_cast<mode_t>(permissions)) != 0) {
+        return trouble("the download cannot be made ready to start", errno);
+    }
+    file_ = std::move(reader);  // which ends the lock
+    if (::flock(file_.get(), LOCK_EX | LOCK_NB) != 0) {
+        file_.close();
+        return trouble("another program is downloading the same file");
+    }
+    return {};
 }
 
 Result<void> PartFile::place(const std::filesystem::path& name, std::filesystem::perms permissions) {

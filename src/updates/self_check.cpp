@@ -2,9 +2,15 @@
 
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <compare>
+
+#include "updates/app_version.h"
 
 namespace kzq {
 namespace {
+
+constexpr std::string_view beforeVersion = "7306 Loop Manager ";
+constexpr std::string_view behindVersion = " starts";
 
 Trouble unusable(const std::string& why) {
     return {Trouble::Kind::unverified, why};
@@ -22,7 +28,18 @@ QProcessEnvironment environmentOfItsOwn() {
 }  // namespace
 
 std::string selfCheckLine(std::string_view version) {
-    return "7306 Loop Manager " + std::string(version) + " starts";
+    return std::string(beforeVersion) + std::string(version) + std::string(behindVersion);
+}
+
+bool saysVersion(std::string_view line, std::string_view version) {
+    if (!line.starts_with(beforeVersion) || !line.ends_with(behindVersion) ||
+        line.size() < beforeVersion.size() + behindVersion.size()) {
+        return false;
+    }
+    line.remove_prefix(beforeVersion.size());
+    line.remove_suffix(behindVersion.size());
+    const auto order = compareAppVersions(line, version);
+    return order && std::is_eq(*order);
 }
 
 Result<std::string> selfCheck(const std::filesystem::path& program, std::chrono::milliseconds limit) {

@@ -16,5 +16,7 @@ Result<std::string> selfCheck(const std::filesystem::path& program,
 
 /// What a version prints about itself when it has started.
 std::string selfCheckLine(std::string_view version);
+/// Whether `line` is what `version` prints; versions are compared as versions: 1.4 is 1.4.0.
+bool saysVersion(std::string_view line, std::string_view version);
 
 }  // namespace kzq

@@ -15,18 +15,6 @@
 namespace kzq {
 namespace {
 
-std::vector<UpdateKey> keysFrom(std::string_view list) {
-    std::vector<UpdateKey> keys;
-    while (!list.empty()) {
-        const auto end = std::min(list.find(';'), list.size());
-        if (const auto key = updateKeyFrom(list.substr(0, end))) {
-            keys.push_back(*key);
-        }
-        list.remove_prefix(std::min(end + 1, list.size()));
-    }
-    return keys;
-}
-
 /// Whether `file` is somewhere in `folder`; false for the root folder and for relative ones.
 bool isInside(const std::filesystem::path& file, const char* folder) {
     if (folder == nullptr || *folder != '/') {
@@ -68,8 +56,22 @@ bool isFromPackage(const std::filesystem::path& executable, const std::filesyste
 
 }  // namespace
 
+std::vector<UpdateKey> pinnedKeys(std::string_view list) {
+    std::vector<UpdateKey> keys;
+    while (!list.empty()) {
+        const auto end = std::min(list.find(';'), list.size());
+        const auto key = updateKeyFrom(list.substr(0, end));
+        if (!key) {
+            return {UpdateKey{}};  // all zeros: of small order, for which no signature is valid
+        }
+        keys.push_back(*key);
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return keys;
+}
+
 UpdateBuild UpdateBuild::ofThisProgram() {
-    return {std::string(build::version), keysFrom(build::updateKeys), build::distribution, websiteAddress(),
+    return {std::string(build::version), pinnedKeys(build::updateKeys), build::distribution, websiteAddress(),
             std::string(build::channel)};
 }
 

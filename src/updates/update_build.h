@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "updates/update_feed.h"
@@ -19,6 +20,10 @@ struct UpdateBuild {
 
     static UpdateBuild ofThisProgram();
 };
+
+/// The keys of a list separated by ';'. If a part of it is no key, only a key that signs nothing, so that
+/// nothing is taken rather than all that is unsigned.
+std::vector<UpdateKey> pinnedKeys(std::string_view list);
 
 /// How the running program was installed.
 struct Installation {

@@ -51,6 +51,10 @@ Result<void> UpdateDownload::verify(const FeedItem& item, std::span<const Update
     return {};
 }
 
+Result<void> UpdateDownload::seal(std::filesystem::perms permissions) {
+    return verified_ ? part_.seal(permissions) : unverified("the update is not verified");
+}
+
 Result<void> UpdateDownload::place(std::filesystem::perms permissions) {
     if (!verified_ || !part_.isStillOurs() || !isPlaceForFile(place_)) {
         return unverified("the update is not verified");

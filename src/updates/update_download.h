@@ -20,6 +20,9 @@ class UpdateDownload : Fixed {
     Result<void> append(ByteView bytes) { return part_.append(bytes); }
     /// Checks signature, length and digest of what is on the disk, and syncs it. An AppImage must be one.
     Result<void> verify(const FeedItem& item, std::span<const UpdateKey> keys);
+    /// Makes a verified package ready to be started where it is, with these permissions. Nothing can be
+    /// appended afterwards.
+    Result<void> seal(std::filesystem::perms permissions);
     /// Moves a verified package into place with these permissions, by one rename.
     Result<void> place(std::filesystem::perms permissions);
 

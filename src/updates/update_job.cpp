@@ -2,6 +2,8 @@
 
 #include <system_error>
 
+#include "platform/digest.h"
+#include "platform/plain_file.h"
 #include "updates/app_image.h"
 #include "updates/self_check.h"
 #include "updates/update_download.h"
@@ -50,17 +52,25 @@ std::string fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient
     return fetched ? "" : "the update could not be downloaded: " + fetched.reason;
 }
 
-/// Empty, or why the program in place was taken back.
-std::string tryOut(const UpdateJob& job) {
-    const auto said = job.selfCheck(job.place);
-    if (said && *said == selfCheckLine(job.item.version)) {
+/// Empty, or why the download, which is not yet in place, is not to be installed.
+std::string tryOut(const UpdateJob& job, UpdateDownload& download) {
+    if (const auto sealed = sealAppImage(job.place, download); !sealed) {
+        return reasonOf(sealed.error());
+    }
+    const auto said = job.selfCheck(download.part());
+    if (said && saysVersion(*said, job.item.version)) {
         return {};
     }
-    const auto why = said ? "it is another version than stated" : said.error().where;
-    const auto back = takeBackAppImage(job.place);
-    return "the new version does not work: " + why +
-           (back ? "; the previous one is back in its place"
-                 : "; " + reasonOf(back.error()) + ", so rename " + job.place.string() + ".previous");
+    return "the new version does not work: " +
+           (said ? std::string("it is another version than stated") : said.error().where) +
+           "; the program in place was not changed";
+}
+
+/// Whether the package is in its place already, as after an installation that another one repeats: what was
+/// kept as the previous version then stays.
+bool isInPlace(const UpdateJob& job) {
+    const auto bytes = readPlainFile(job.place, largestPackage, Links::refused);
+    return bytes && SHA256String(*bytes) == job.item.sha256;
 }
 
 /// Empty, or why not.
@@ -69,8 +79,11 @@ std::string install(const UpdateJob& job, UpdateDownload& download) {
         const auto placed = download.place(packagePermissions);
         return placed ? "" : reasonOf(placed.error());
     }
+    if (auto objection = tryOut(job, download); !objection.empty() || isInPlace(job)) {
+        return objection;
+    }
     const auto replaced = replaceAppImage(job.place, download);
-    return replaced ? tryOut(job) : reasonOf(replaced.error());
+    return replaced ? "" : reasonOf(replaced.error());
 }
 
 }  // namespace

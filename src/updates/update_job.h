@@ -66,7 +66,7 @@ struct UpdateJob {
 std::filesystem::path packagePlace(const Installation& installation, const std::filesystem::path& downloads,
                                    const FeedItem& item);
 
-/// Does the job: an AppImage that does not start, or as another version, is taken back. Returns why it
+/// Does the job: an AppImage that does not start, or as another version, is not put in place. Returns why it
 /// failed; empty for success. Blocks; a worker thread.
 std::string perform(const UpdateJob& job, HttpClient& http);
 

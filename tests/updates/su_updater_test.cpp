@@ -57,7 +57,8 @@ struct SUUpdaterTest : testing::Test {
         updater = std::make_shared<SUUpdater>(
             UpdaterEnvironment{executor, http, desktop, build, installation, folder / "apps", folder / "home",
                                [this](const auto& program) {
-                                   EXPECT_EQ(readText(program), package) << "in its place";
+                                   EXPECT_EQ(readText(program), package);
+                                   EXPECT_EQ(readText(app) == package, installed) << "tried first";
                                    return selfCheck;
                                }});
         updater->setFeedURL(feedUrl);
@@ -109,6 +110,7 @@ struct SUUpdaterTest : testing::Test {
     Installation installation{PackageKind::appImage, app};
     Strings events;
     bool desktopWorks = true;
+    bool installed = false;
     std::shared_ptr<Delegate> delegate = std::make_shared<Delegate>(events);
     std::vector<UpdateState> states;
     std::shared_ptr<SUUpdater> updater;
@@ -149,6 +151,11 @@ TEST_F(SUUpdaterTest, ReplacesTheAppImageAndKeepsThePreviousOne) {
     updater->relaunch();
     EXPECT_EQ(state(), UpdateState::ready) << "the delegate is gone, the program did not start";
     EXPECT_NE(status.reason, "");
+
+    installed = true;
+    start();
+    EXPECT_EQ(checkAndInstall(), UpdateState::ready);
+    EXPECT_EQ(readText(app.string() + ".previous"), "old program") << "also when it is installed again";
 }
 
 TEST_F(SUUpdaterTest, RefusesWhatIsNotNewer) {
@@ -202,12 +209,12 @@ TEST_F(SUUpdaterTest, InstallsNothingThatIsNotVerified) {
     EXPECT_EQ(checkAndInstall(), UpdateState::ready) << "the next key counts as well";
 }
 
-TEST_F(SUUpdaterTest, TakesBackAnAppImageThatDoesNotWork) {
+TEST_F(SUUpdaterTest, InstallsNoAppImageThatDoesNotWork) {
     for (const auto& said : {Result<std::string>(Trouble{Trouble::Kind::unverified, "it ends with an error"}),
                              Result<std::string>("7306 Loop Manager 0.1 starts")}) {
         selfCheck = said;
         checkAndInstall();
-        expectUntouched("taken back");
+        expectUntouched("tried first");
         EXPECT_EQ(std::filesystem::status(app).permissions(), std::filesystem::perms(0751));
         EXPECT_EQ(namesIn(folder / "apps"), Strings{"loops.AppImage"});
     }
@@ -271,6 +278,12 @@ TEST_F(SUUpdaterTest, OnlyTellsWhereItMayNotInstall) {
     told("run from a build folder");
     EXPECT_FALSE(canInstall(UpdateBuild::ofThisProgram(), {PackageKind::appImage, app}))
         << "without settings a build has no key";
+    EXPECT_EQ(pinnedKeys(current.publicText() + ";" + next.publicText()),
+              (std::vector{current.key, next.key}));
+    auto item = signedItem("0.2");
+    EXPECT_TRUE(isSignedByOne(pinnedKeys(current.publicText()), item));
+    const auto broken = pinnedKeys(current.publicText() + ";no key");
+    EXPECT_FALSE(broken.empty() || isSignedByOne(broken, item));
 }
 
 TEST_F(SUUpdaterTest, StopsWhereTheUserSaysSo) {
