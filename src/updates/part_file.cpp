@@ -92,7 +92,7 @@ Result<void> PartFile::seal(std::filesystem::perms permissions) {
     if (!reader || ::fchmod(reader.get(), static_cast<mode_t>(permissions)) != 0) {
         return trouble("the download cannot be made ready to start", errno);
     }
-    file_ = std::move(reader);  // which ends the lock
+    std::exchange(file_, std::move(reader)).close();  // which ends the lock
     if (::flock(file_.get(), LOCK_EX | LOCK_NB) != 0) {
         file_.close();
         return trouble("another program is downloading the same file");
