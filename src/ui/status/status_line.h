@@ -39,7 +39,7 @@ class StatusLine : public QWidget {
     void speak(const Announcement& announcement);
     void hold();
 
-    QPointer<QMenuBar> bar_;
+    QMenuBar* const bar_;  ///< used only while it has events for us
     StatusSentence* sentence_;
     StatusLink* link_;
     QPointer<OutcomeList> list_;
