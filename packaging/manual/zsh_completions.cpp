@@ -27,7 +27,7 @@ const char* action(ValueKind kind) {
     }
 }
 
-std::string specs(const std::vector<OptionText>& options) {
+std::string optionLines(const std::vector<OptionText>& options) {
     std::string text;
     for (const auto& option : options) {
         for (const auto& name : option.names) {
@@ -61,7 +61,7 @@ std::string described(const ProgramText& program, const std::string& prefix) {
 
 void writeCommand(std::ostream& out, const ProgramText& program, const CommandText& command) {
     out << "  '" << command.name << "')\n    _arguments -S $globals \\\n";
-    std::string lines = specs(command.options);
+    std::string lines = optionLines(command.options);
     for (std::size_t end = lines.find('\n'); end != std::string::npos; end = lines.find('\n', end + 3)) {
         lines.replace(end, 1, " \\\n");
     }
@@ -84,7 +84,7 @@ void writeZsh(std::ostream& out, const ProgramText& program) {
         << "typeset -A opt_args\n"
         << "local -a commands globals\n"
         << "globals=(\n"
-        << specs(program.options) << ")\n"
+        << optionLines(program.options) << ")\n"
         << "for ((i = 2; i < CURRENT; i++)); do\n  case \"$command ${words[i]}\" in\n";
     for (const auto& command : program.commands) {
         const bool nested = command.name.find(' ') != std::string::npos;

@@ -319,7 +319,7 @@ Told told(const FlashEnd& end) {
                 .failure = true};
     }
     return {
-        .what = "The firmware could not be sent to its end",
+        .what = "The firmware could not be sent completely",
         .why = reason,
         .detail = "The pedal may have stayed in its loader. Unplug it, plug it in again and install again.",
         .failure = true};
