@@ -13,7 +13,7 @@ namespace kzq {
 namespace {
 
 /// It cannot be cancelled.
-constexpr Patience patience{.limit = std::chrono::seconds(30), .stops = true};
+constexpr Patience erasePatience{.limit = std::chrono::seconds(30), .stops = true};
 
 bool pedalIsGone(const Trouble& trouble) {
     return trouble.kind == Trouble::Kind::unplugged || trouble.kind == Trouble::Kind::silent;
@@ -92,9 +92,9 @@ void beginErase(AppParts& parts) {
         return;
     }
     if (turn) {
-        parts.flows->start(std::move(*turn), patience, flow);
+        parts.flows->start(std::move(*turn), erasePatience, flow);
     } else {
-        parts.flows->start(patience, flow);
+        parts.flows->start(erasePatience, flow);
     }
 }
 

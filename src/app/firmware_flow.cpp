@@ -13,7 +13,7 @@ namespace kzq {
 namespace {
 
 /// It cannot be cancelled.
-constexpr Patience patience{.limit = std::chrono::seconds(60), .stops = true};
+constexpr Patience flashPatience{.limit = std::chrono::seconds(60), .stops = true};
 
 /// Its restart takes two seconds.
 constexpr Executor::Duration lateAfter = std::chrono::seconds(30);
@@ -140,9 +140,8 @@ class Installation {
 };
 
 void begin(AppParts& parts, std::optional<std::filesystem::path> file) {
-    parts.flows->start(patience, [flow = std::make_shared<Installation>(parts, std::move(file))](Run& run) {
-        flow->work(run);
-    });
+    parts.flows->start(flashPatience, [flow = std::make_shared<Installation>(parts, std::move(file))](
+                                          Run& run) { flow->work(run); });
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace kzq {
 
 namespace {
 
-std::filesystem::path pathOf(const QString& name) {
+std::filesystem::path chosenPath(const QString& name) {
     return QFile::encodeName(name).toStdString();
 }
 
@@ -51,7 +51,7 @@ Dialogs::Chosen chosen(const QString& name) {
     if (name.isEmpty()) {
         return {};
     }
-    return {panelOk, pathOf(name)};
+    return {panelOk, chosenPath(name)};
 }
 
 }  // namespace

@@ -10,8 +10,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto isBusy = "Device is busy. Try again later.";
-
 /// What every flow ends in, and from where it can be started again.
 class BadMoments : public FlowTest {
   protected:

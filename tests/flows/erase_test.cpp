@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto isBusy = "Device is busy. Try again later.";
 constexpr auto erasing = "Erased loop audio cannot be restored. Would you like to continue?";
 
 TEST_F(FlowTest, EraseAsksAndThenReadsThePedalAnewBehindTheShield) {

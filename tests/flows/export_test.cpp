@@ -7,7 +7,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto isBusy = "Device is busy. Try again later.";
 constexpr auto overwriting =
     "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to "
     "continue?";

@@ -13,8 +13,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr auto isBusy = "Device is busy. Try again later.";
-
 class FirmwareFlow : public FlowTest {
   protected:
     /// The maker's server has this version.

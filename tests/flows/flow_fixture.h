@@ -37,6 +37,8 @@
 
 namespace kzq::test {
 
+inline constexpr auto isBusy = "Device is busy. Try again later.";
+
 using namespace std::chrono_literals;  // NOLINT(google-global-names-in-headers): of tests
 
 /// Dialogs that a test answers. What was shown is recorded in order.

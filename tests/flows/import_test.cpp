@@ -15,8 +15,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr auto isBusy = "Device is busy. Try again later.";
-
 TEST_F(FlowTest, ImportSavesTheCheckedLoopsInOrderUnderFreeNames) {
     launchConnected();
     select({3, 1});

@@ -20,12 +20,12 @@ struct ReplayedDevice : UsbDevice {
 
 /// When the last owner releases a device depends on threads that nobody waits for.
 Recording withoutClosing(Recording recording) {
-    std::set<unsigned> calls;
-    std::erase_if(recording.events, [&calls](const RecordedEvent& event) {
+    std::set<unsigned> numbers;
+    std::erase_if(recording.events, [&numbers](const RecordedEvent& event) {
         if (event.kind == Kind::call && event.words.starts_with("close ")) {
-            calls.insert(event.number);
+            numbers.insert(event.number);
         }
-        return (event.kind == Kind::call || event.kind == Kind::result) && calls.contains(event.number);
+        return (event.kind == Kind::call || event.kind == Kind::result) && numbers.contains(event.number);
     });
     return recording;
 }

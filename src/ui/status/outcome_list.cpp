@@ -25,10 +25,10 @@ constexpr int tabHeight = 28;
 constexpr int tabY = 4;  // below the bar's top
 constexpr int fromRight = 20;
 constexpr int margin = 12;  // above the first row and below the last
-constexpr int side = 8;
+constexpr int sideMargin = 8;
 constexpr int rowsShown = 6;
 constexpr int emptyHeight = 48;
-constexpr int line = 2;
+constexpr int frameLine = 2;
 
 /// The panel with its tab, `inset` inside the widget.
 QPainterPath shape(const QRectF& bounds, double inset) {
@@ -177,7 +177,7 @@ void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
     rows_.clear();
     auto* const page = new QWidget;
     const bool scrolls = outcomes.size() > rowsShown;
-    const int width = listWidth - side - (scrolls ? HandleScrollBar::barWidth + line : side);
+    const int width = listWidth - sideMargin - (scrolls ? HandleScrollBar::barWidth + frameLine : sideMargin);
     int y = 0;
     int visibleHeight = 0;
     for (const auto& outcome : outcomes) {
@@ -200,9 +200,9 @@ void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
 }
 
 void OutcomeList::layOut(int visibleHeight) {
-    const int room = window()->height() - y() - tabHeight - 2 * margin - side;
+    const int room = window()->height() - y() - tabHeight - 2 * margin - sideMargin;
     const int shown = std::min(visibleHeight, room);
-    area_->setGeometry(side, tabHeight + margin, listWidth - side - line, shown);
+    area_->setGeometry(sideMargin, tabHeight + margin, listWidth - sideMargin - frameLine, shown);
     resize(listWidth, tabHeight + (rows_.empty() ? emptyHeight : shown + 2 * margin));
 }
 
@@ -210,7 +210,7 @@ void OutcomeList::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(shape(rect(), 0), outlineColor());
-    painter.fillPath(shape(rect(), line), panelColor());
+    painter.fillPath(shape(rect(), frameLine), panelColor());
     drawChevron(painter, QPointF(listWidth - tabWidth / 2.0, 12), Chevron::up, KZQYellow());
     if (rows_.empty()) {
         painter.setFont(textFont());

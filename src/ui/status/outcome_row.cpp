@@ -19,8 +19,8 @@ namespace {
 constexpr int timeEnd = 42;
 constexpr int markX = 50;
 constexpr int wordsX = 74;
-constexpr int side = 8;  // right of the words, and at both ends of the line below
-constexpr int linkGap = 16;
+constexpr int wordsMargin = 8;  // right of the words, and at both ends of the line below
+constexpr int rowLinkGap = 16;
 constexpr int firstBaseline = 22;
 constexpr int sentencePitch = 18;
 constexpr int detailPitch = 16;
@@ -75,7 +75,7 @@ OutcomeRow::OutcomeRow(const Announcement& announcement, bool last, int width, Q
         remedy_->setWord(QString::fromStdString(announcement.actionLabel));
         setTabOrder(remedy_, copy_);
     }
-    const int wordsEnd = width - side;
+    const int wordsEnd = width - wordsMargin;
     const int end = layOutLinks(wordsEnd);
     sentenceLines_ = wrapped(sentence_, textFont(sentencePixels), end - wordsX);
     if (!detail_.isEmpty()) {
@@ -107,7 +107,7 @@ int OutcomeRow::layOutLinks(int end) {
     for (auto* const link : {copy_, remedy_}) {
         if (link != nullptr) {
             link->move(end - link->width(), firstBaseline - status::baseline);
-            end -= link->width() + linkGap;
+            end -= link->width() + rowLinkGap;
         }
     }
     return end;
@@ -148,7 +148,8 @@ void OutcomeRow::paintEvent(QPaintEvent* /*event*/) {
         painter.drawRoundedRect(rect().adjusted(0, 0, 0, -2), 4, 4);
     }
     if (!last_) {
-        painter.fillRect(QRect(side, height() - 2, width() - 2 * side, 2), QColor(0x33, 0x20, 0x1F));
+        painter.fillRect(QRect(wordsMargin, height() - 2, width() - 2 * wordsMargin, 2),
+                         QColor(0x33, 0x20, 0x1F));
     }
     painter.setFont(textFont(status::words));
     painter.setPen(KZQGray());

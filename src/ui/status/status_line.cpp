@@ -6,6 +6,7 @@
 
 #include "ui/focus_ring.h"
 #include "ui/status/accessible_status.h"
+#include "ui/status/status_look.h"
 
 namespace kzq {
 namespace {
@@ -14,7 +15,6 @@ constexpr int gap = 24;          // after the last word of the menus
 constexpr int menuPadding = 10;  // right of that word
 constexpr int beforeMark = 12;   // the plate and its focus ring
 constexpr int afterPlate = 20;   // to the right edge of the bar
-constexpr int chevronRoom = 40;  // from the words' end to the plate's
 
 }  // namespace
 
@@ -116,7 +116,7 @@ void StatusLine::showLine() {
     }
     const int right = width() - afterPlate;
     sentence_->show(line, beforeMark - 8, right, linked ? link_->width() : 0);
-    link_->move(right - chevronRoom - link_->width(), sentence_->y());
+    link_->move(right - status::chevronRoom - link_->width(), sentence_->y());
     if (!linked && hadFocus) {
         sentence_->setFocus(Qt::TabFocusReason);
     }

@@ -14,10 +14,9 @@
 namespace kzq {
 namespace {
 
-constexpr int edge = 8;          // of the plate, left of what is drawn
-constexpr int markGap = 6;       // between mark and sentence
-constexpr int linkGap = 20;      // between sentence and link, with a point in its middle
-constexpr int chevronRoom = 40;  // from the end of the words to the right edge of the plate
+constexpr int edge = 8;      // of the plate, left of what is drawn
+constexpr int markGap = 6;   // between mark and sentence
+constexpr int linkGap = 20;  // between sentence and link, with a point in its middle
 constexpr int chevronMiddle = 16;
 
 const QColor plate(0x4C, 0x2E, 0x2E);
@@ -36,7 +35,7 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     linkWidth_ = linkWidth;
     const QFontMetricsF metrics(font());
     const int marked = kind_ == Announcements::Kind::failure ? status::mark + markGap : 0;
-    const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + chevronRoom;
+    const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + status::chevronRoom;
     const int room = right - left - besides;
     shown_ = metrics.elidedText(sentence_, Qt::ElideRight, room);
     const int words = std::min(room, static_cast<int>(std::ceil(metrics.horizontalAdvance(shown_))));
@@ -71,7 +70,7 @@ void StatusSentence::paintEvent(QPaintEvent* /*event*/) {
     }
     const auto lit = hovered_ || isDown() ? creamColor() : status::faintCream();
     drawChevron(painter, QPointF(width() - chevronMiddle, status::height / 2.0), Chevron::down, lit);
-    double end = width() - chevronRoom;
+    double end = width() - status::chevronRoom;
     if (linkWidth_ > 0) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(status::faintCream());

@@ -14,8 +14,6 @@ constexpr std::uint8_t high(unsigned number) {
     return static_cast<std::uint8_t>(number >> 8U);
 }
 
-constexpr std::uint8_t deviceType = 1;
-constexpr std::uint8_t configurationType = 2;
 constexpr std::uint8_t interfaceType = 4;
 constexpr std::uint8_t endpointType = 5;
 constexpr std::uint8_t bulkTransfers = 2;
@@ -26,7 +24,7 @@ constexpr std::uint8_t controlPacket = 64;
 
 // clang-format off
 constexpr std::array<std::uint8_t, deviceDescriptorLength> device{
-    deviceDescriptorLength, deviceType, low(usbVersion), high(usbVersion),
+    deviceDescriptorLength, deviceDescriptorType, low(usbVersion), high(usbVersion),
     0, 0, 0,  // class, subclass, protocol: see the interface
     controlPacket, low(pedalVendor), high(pedalVendor), low(pedalProduct), high(pedalProduct),
     low(pedalRelease), high(pedalRelease),
@@ -34,7 +32,7 @@ constexpr std::array<std::uint8_t, deviceDescriptorLength> device{
     1};
 
 constexpr std::array<std::uint8_t, configurationDescriptorLength> configuration{
-    9, configurationType, configurationDescriptorLength, 0, 1, pedalConfiguration, 0, selfPowered, 0,
+    9, configurationDescriptorType, configurationDescriptorLength, 0, 1, pedalConfiguration, 0, selfPowered, 0,
     9, interfaceType, pedalInterface, 0, 2, vendorClass, 0, 0, 0,
     7, endpointType, pedalBulkIn, bulkTransfers, low(bulkPacket), high(bulkPacket), 0,
     7, endpointType, pedalBulkOut, bulkTransfers, low(bulkPacket), high(bulkPacket), 0};

@@ -9,6 +9,9 @@ inline constexpr std::uint16_t pedalRelease = 0x0100;
 inline constexpr std::uint8_t pedalConfiguration = 1;
 inline constexpr std::uint8_t vendorClass = 0xFF;
 
+inline constexpr std::uint8_t deviceDescriptorType = 1;
+inline constexpr std::uint8_t configurationDescriptorType = 2;
+
 inline constexpr std::size_t deviceDescriptorLength = 18;
 inline constexpr std::size_t configurationDescriptorLength = 32;
 

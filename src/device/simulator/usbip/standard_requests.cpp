@@ -29,17 +29,14 @@ constexpr std::uint8_t setConfiguration = 9;
 constexpr std::uint8_t getInterface = 10;
 constexpr std::uint8_t setInterface = 11;
 
-constexpr unsigned deviceType = 1;
-constexpr unsigned configurationType = 2;
-
 std::optional<Bytes> descriptor(unsigned type, unsigned index) {
     if (index != 0) {
         return std::nullopt;
     }
-    if (type == deviceType) {
+    if (type == deviceDescriptorType) {
         return Bytes(deviceDescriptor().begin(), deviceDescriptor().end());
     }
-    if (type == configurationType) {
+    if (type == configurationDescriptorType) {
         return Bytes(configurationDescriptor().begin(), configurationDescriptor().end());
     }
     return std::nullopt;
