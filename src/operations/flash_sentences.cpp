@@ -1,5 +1,6 @@
 #include "operations/flash.h"
 #include "operations/sentences.h"
+#include "operations/told.h"
 
 namespace kzq {
 
@@ -22,46 +23,87 @@ std::string incompleteSentence(Kind why) {
     }
 }
 
+std::string replugAnd(const std::string& again) {
+    return "Unplug it, plug it in again and " + again + ".";
+}
+
+std::string stuck(const std::string& again) {
+    return "The pedal may still be in its loader. " + replugAnd(again);
+}
+
 std::string notSentSentence(const FlashEnd& end, const Trouble& why, const std::string& again) {
-    const std::string whatNext =
-        " The pedal may still be in its loader. Unplug it, plug it in again and " + again + ".";
     if (end.phase == FlashPhase::sending) {
-        return incompleteSentence(why.kind) + whatNext;
+        return incompleteSentence(why.kind) + " " + stuck(again);
     }
     switch (why.kind) {
         case Kind::loaderNotEntered:
-            return "The pedal came back without entering its loader, so nothing was installed. Unplug it, "
-                   "plug "
-                   "it in again and " +
-                   again + ".";
+            return "The pedal came back without entering its loader, so nothing was installed. " +
+                   replugAnd(again);
         case Kind::loaderRefused:
             return "The pedal refused to enter its loader. Nothing was changed.";
         case Kind::noReturn:
-            return "The pedal did not come back after restarting. Nothing was installed." + whatNext;
+            return "The pedal did not come back after restarting. Nothing was installed. " + stuck(again);
         default:
             return pedalSentence(why) + (end.phase == FlashPhase::left ? " Then " + again + "." : "");
     }
 }
 
-std::string unconfirmedSentence(Kind why) {
+/// The image is in the pedal, which has not been seen to run it.
+Told toldUnconfirmed(Kind why) {
+    Told told{.what = "The firmware was sent, but the pedal ", .failure = true};
     switch (why) {
-        case Kind::noReturn:
-            return "The firmware was sent, but the pedal has not come back, so it is not known whether it is "
-                   "installed. Unplug the pedal, plug it in again and check its version.";
         case Kind::stillInLoader:
-            return "The firmware was sent, but the pedal has not restarted yet, so it is not known whether "
-                   "it is "
-                   "installed. Leave it plugged in, and check its version once it has restarted.";
+            told.what += "has not restarted yet";
+            told.detail =
+                "Leave it plugged in: it may still be storing the firmware. Check its version once "
+                "it has restarted.";
+            break;
         case Kind::unknownVersion:
-            return "The firmware was sent and the pedal is back, but it does not report its version. Unplug "
-                   "it, plug it in again and check its version.";
+        case Kind::noReturn:
+            told.what += why == Kind::noReturn ? "has not come back yet" : "does not report its version";
+            told.detail = replugAnd("check its version");
+            break;
         default:
-            return "The firmware was sent, but it is not known whether it is installed. Check the version "
-                   "once the pedal is back.";
+            told.what += "was not seen to come back";
+            told.detail = "Check its version once it is back.";
     }
+    return told;
+}
+
+Told toldNotSent(const FlashEnd& end) {
+    const bool refused = end.why && end.why->kind == Kind::loaderRefused;
+    const auto reason = end.why ? reasonFor(Deed::write, *end.why) : std::string();
+    if (end.phase == FlashPhase::asking || refused) {
+        return {.what = "No firmware was installed",
+                .why = refused ? "the pedal refused" : reason,
+                .detail = "The pedal keeps its firmware.",
+                .failure = true};
+    }
+    return {.what = "The firmware could not be sent completely",
+            .why = reason,
+            .detail = stuck("install again"),
+            .failure = true};
 }
 
 }  // namespace
+
+Told told(const FlashEnd& end) {
+    switch (end.how) {
+        case How::notSent:
+            return toldNotSent(end);
+        case How::sent:
+            return {.what = "The firmware was sent", .detail = "The pedal has not come back yet."};
+        case How::confirmed:
+            return {.what = "Firmware " + end.version + " runs on the pedal"};
+        case How::inLoader:
+            return {.what = "The pedal is still waiting for firmware",
+                    .detail = replugAnd("install again"),
+                    .failure = true};
+        case How::unconfirmed:
+            break;
+    }
+    return toldUnconfirmed(end.why ? end.why->kind : Kind::noReturn);
+}
 
 std::string flashSentence(const FlashEnd& end, const std::string& again) {
     const auto why = end.why.value_or(Trouble{Kind::noAnswer});
@@ -73,13 +115,12 @@ std::string flashSentence(const FlashEnd& end, const std::string& again) {
         case How::confirmed:
             return "The pedal runs firmware " + end.version + ".";
         case How::inLoader:
-            return "The pedal is in its loader, so it did not accept the firmware. Unplug it, plug it in "
-                   "again and " +
-                   again + ".";
+            return "The pedal is in its loader, so it did not accept the firmware. " + replugAnd(again);
         case How::unconfirmed:
             break;
     }
-    return unconfirmedSentence(why.kind);
+    const auto unconfirmed = toldUnconfirmed(why.kind);
+    return unconfirmed.what + ", so it is not known whether it is installed. " + unconfirmed.detail;
 }
 
 }  // namespace kzq

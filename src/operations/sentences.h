@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "operations/flash.h"
 #include "operations/outcome.h"
@@ -21,8 +22,13 @@ std::string pedalSentence(const Trouble& trouble);
 std::string slotSentence(std::string_view done, const SlotOutcome& outcome);
 /// What ended an operation before its last loop, and what may have come of it; empty if nothing did.
 std::string endSentence(std::string_view done, const Outcome& outcome);
+/// Of a loop that was under way at the end.
+std::string doubtSentence(const SlotOutcome& doubt);
 /// "2 of 3 loops saved."; empty if even that is not known.
 std::string countSentence(std::string_view done, const Outcome& outcome);
+
+/// "loop 3", "loops 3 and 7", "loops 3, 7 and 9".
+std::string loopNames(const std::vector<SlotNumber>& slots);
 
 /// Of a file that was not written: "No space left on device. Free some space or choose another folder."
 std::string fileSentence(const Trouble& trouble);

@@ -44,7 +44,12 @@ std::vector<SlotNumber> notDone(const Outcome& outcome, const std::vector<SlotNu
 
 /// "the pedal refused it": the part behind a colon, without a full stop. `it` is the loop.
 std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& it = "it");
-/// "Loops 3, 5 and 7"
+/// The same as the end of a sentence of the tool's, with its full stop and what to do.
+std::string reasonSentence(Deed deed, const Trouble& trouble);
+/// What is known beyond the reason: a number, the system's own words, what to do. Complete sentences; may be
+/// empty.
+std::string adviceOn(const Trouble& trouble);
+/// "Loops 3, 5 and 7": loopNames with a capital
 std::string listOf(const std::vector<SlotNumber>& slots);
 
 }  // namespace kzq

@@ -51,13 +51,4 @@ ExitCode Report::finished(const Outcome& outcome, const std::string& sentence, c
     return code;
 }
 
-std::string loopNames(const std::vector<SlotNumber>& slots) {
-    std::string text = slots.size() == 1 ? "loop " : "loops ";
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        const char* const between = i == 0 ? "" : i + 1 == slots.size() ? " and " : ", ";
-        text += between + std::to_string(slots[i].number());
-    }
-    return text;
-}
-
 }  // namespace kzq::ctl

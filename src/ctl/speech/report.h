@@ -33,7 +33,4 @@ class Report {
     bool json_;
 };
 
-/// "loop 3", "loops 3 and 7", "loops 3, 7 and 9".
-std::string loopNames(const std::vector<SlotNumber>& slots);
-
 }  // namespace kzq::ctl
