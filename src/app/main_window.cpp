@@ -11,7 +11,6 @@
 #include "ui/palette.h"
 #include "ui/shield.h"
 #include "ui/status/status_line.h"
-#include "ui_MainWindow.h"
 
 namespace kzq {
 
@@ -38,130 +37,68 @@ void nameByIdentifier(const QWidget& root) {
 
 }  // namespace
 
-MainWindow::MainWindow(QWidget* parent) : Window(parent), ui_(std::make_unique<Ui::MainWindow>()) {
-    ui_->setupUi(this);
+MainWindow::MainWindow(QWidget* parent) : Window(parent) {
+    ui_.setupUi(this);
     setFixedSize(size());
     setAutoFillBackground(true);
     auto ground = palette();
     ground.setColor(QPalette::Window, plateFootColor());
     setPalette(ground);
-    ui_->menuBar->setFixedSize(ui_->menuBar->size());
+    ui_.menuBar->setFixedSize(ui_.menuBar->size());
     nameByIdentifier(*this);
-    dressMenuBar(*ui_->menuBar);
-    status_ = new StatusLine(ui_->menuBar);
+    dressMenuBar(*ui_.menuBar);
+    status_ = new StatusLine(ui_.menuBar);
     dress();
     dressEmptyState();
     setRemedy({});
     showMeter(false);
-    ui_->warning->hide();
+    ui_.warning->hide();
     for (auto* const button : {eraseButton(), importButton(), exportButton()}) {
         button->setEnabled(false);
     }
     for (auto* const button : {selectAllButton(), deselectAllButton()}) {
         button->setEnabled(false);
     }
-    new FocusRing(ui_->content);
+    new FocusRing(ui_.content);
 }
 
-MainWindow::~MainWindow() = default;
-
 void MainWindow::dress() {
-    ui_->content->setPicture("Window_plate");
-    ui_->importBand->setPicture("Band_Import");
-    ui_->exportBand->setPicture("Band_Export");
-    ui_->importTabButton->setPicture("Menu_Import_On");
-    ui_->exportTabButton->setPicture("Menu_Export_Off");
-    ui_->menuButton->setPicture("Menu_button");
-    ui_->menuButton->setToolTip("Menu");
-    ui_->meterTrack->setPicture("Meter_track");
-    ui_->meter->setPicture("Meter_bar_green");
-    ui_->meter->setFit(PictureView::Fit::cropped);
-    ui_->warningMark->setPicture("Warning_mark");
-    dressLabel(*ui_->meterCaption, textFont(), KZQWhite());
-    dressLabel(*ui_->warningText, textFont(), KZQYellow());
+    ui_.content->setPicture("Window_plate");
+    ui_.importBand->setPicture("Band_Import");
+    ui_.exportBand->setPicture("Band_Export");
+    ui_.importTabButton->setPicture("Menu_Import_On");
+    ui_.exportTabButton->setPicture("Menu_Export_Off");
+    ui_.menuButton->setPicture("Menu_button");
+    ui_.menuButton->setToolTip("Menu");
+    ui_.meterTrack->setPicture("Meter_track");
+    ui_.meter->setPicture("Meter_bar_green");
+    ui_.meter->setFit(PictureView::Fit::cropped);
+    ui_.warningMark->setPicture("Warning_mark");
+    dressLabel(*ui_.meterCaption, textFont(), KZQWhite());
+    dressLabel(*ui_.warningText, textFont(), KZQYellow());
 }
 
 void MainWindow::dressEmptyState() {
-    ui_->emptyPlatePicture->setPicture("Empty_plate");
-    ui_->emptyNotePicture->setPicture("Empty_note");
-    dressLabel(*ui_->emptyHeadline,
+    ui_.emptyPlatePicture->setPicture("Empty_plate");
+    ui_.emptyNotePicture->setPicture("Empty_note");
+    dressLabel(*ui_.emptyHeadline,
                firaSans(FiraWeight::light, headlinePixels).value_or(textFont(headlinePixels)), KZQWhite());
-    dressLabel(*ui_->emptyAdvice, textFont(), creamColor());
-    dressLabel(*ui_->emptyRemedy, textFont(remedyPixels), KZQYellow());
-    dressLabel(*ui_->emptyNoteHeadline, textFont(), KZQWhite());
-    dressLabel(*ui_->emptyNoteText, textFont(), KZQGray());
-    for (auto* const view : {ui_->emptyPlate, ui_->emptyNote}) {
+    dressLabel(*ui_.emptyAdvice, textFont(), creamColor());
+    dressLabel(*ui_.emptyRemedy, textFont(remedyPixels), KZQYellow());
+    dressLabel(*ui_.emptyNoteHeadline, textFont(), KZQWhite());
+    dressLabel(*ui_.emptyNoteText, textFont(), KZQGray());
+    for (auto* const view : {ui_.emptyPlate, ui_.emptyNote}) {
         view->setAttribute(Qt::WA_TransparentForMouseEvents);
     }
 }
 
-QMenuBar* MainWindow::menuBar() const {
-    return ui_->menuBar;
-}
-
-Background* MainWindow::contentView() const {
-    return ui_->content;
-}
-
-PictureButton* MainWindow::importTabButton() const {
-    return ui_->importTabButton;
-}
-
-PictureButton* MainWindow::exportTabButton() const {
-    return ui_->exportTabButton;
-}
-
-PictureButton* MainWindow::menuButton() const {
-    return ui_->menuButton;
-}
-
-QStackedWidget* MainWindow::tabs() const {
-    return ui_->tabs;
-}
-
-PictureView* MainWindow::meter() const {
-    return ui_->meter;
-}
-
-PictureView* MainWindow::meterTrack() const {
-    return ui_->meterTrack;
-}
-
-QLabel* MainWindow::meterCaption() const {
-    return ui_->meterCaption;
-}
-
-LowerButton* MainWindow::eraseButton() const {
-    return ui_->eraseButton;
-}
-
-LowerButton* MainWindow::importButton() const {
-    return ui_->importButton;
-}
-
-LowerButton* MainWindow::exportButton() const {
-    return ui_->exportButton;
-}
-
-QWidget* MainWindow::warning() const {
-    return ui_->warning;
-}
-
-MassSelectionButton* MainWindow::selectAllButton() const {
-    return ui_->selectAllButton;
-}
-
-MassSelectionButton* MainWindow::deselectAllButton() const {
-    return ui_->deselectAllButton;
-}
-
 void MainWindow::showMeter(bool shown) {
     const bool saidNoPedal = saysNoPedal();
-    for (auto* const view : {static_cast<QWidget*>(ui_->meter), static_cast<QWidget*>(ui_->meterTrack),
-                             static_cast<QWidget*>(ui_->meterCaption)}) {
+    for (auto* const view : {static_cast<QWidget*>(ui_.meter), static_cast<QWidget*>(ui_.meterTrack),
+                             static_cast<QWidget*>(ui_.meterCaption)}) {
         view->setVisible(shown);
     }
-    for (auto* const view : {ui_->emptyPlate, ui_->emptyNote}) {
+    for (auto* const view : {ui_.emptyPlate, ui_.emptyNote}) {
         view->setVisible(!shown);
     }
     if (saidNoPedal == shown) {
@@ -181,16 +118,16 @@ void MainWindow::removeShield() {
 }
 
 void MainWindow::settleTabOrder() {
-    QWidget* last = ui_->menuButton;
-    setTabOrder(ui_->importTabButton, ui_->exportTabButton);
-    setTabOrder(ui_->exportTabButton, last);
+    QWidget* last = ui_.menuButton;
+    setTabOrder(ui_.importTabButton, ui_.exportTabButton);
+    setTabOrder(ui_.exportTabButton, last);
     const auto follow = [&last](QWidget* next) {
         setTabOrder(last, next);
         last = next;
     };
-    for (int tab = 0; tab < ui_->tabs->count(); ++tab) {
+    for (int tab = 0; tab < ui_.tabs->count(); ++tab) {
         for (auto* const view :
-             ui_->tabs->widget(tab)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+             ui_.tabs->widget(tab)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
             if (view->focusPolicy() != Qt::NoFocus) {
                 follow(view);
             }
@@ -212,12 +149,12 @@ void MainWindow::centre() {
 }
 
 void MainWindow::setRemedy(const QString& remedy) {
-    ui_->emptyRemedy->setText(remedy);
-    ui_->emptyRemedy->setVisible(!remedy.isEmpty());
+    ui_.emptyRemedy->setText(remedy);
+    ui_.emptyRemedy->setVisible(!remedy.isEmpty());
 }
 
 bool MainWindow::saysNoPedal() const {
-    return !ui_->emptyNote->isHidden();
+    return !ui_.emptyNote->isHidden();
 }
 
 }  // namespace kzq

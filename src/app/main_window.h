@@ -2,26 +2,13 @@
 
 #include <QPoint>
 #include <QPointer>
-#include <memory>
 
 #include "ui/shield.h"
 #include "ui/window.h"
-
-class QLabel;
-class QMenuBar;
-class QStackedWidget;
-
-namespace Ui {
-class MainWindow;
-}
+#include "ui_MainWindow.h"
 
 namespace kzq {
 
-class Background;
-class LowerButton;
-class MassSelectionButton;
-class PictureButton;
-class PictureView;
 class StatusLine;
 
 /// The layout of the main window: its views by name, without their behaviour. The pictures and labels shown
@@ -31,28 +18,27 @@ class MainWindow : public Window {
 
   public:
     explicit MainWindow(QWidget* parent = nullptr);
-    ~MainWindow() override;
 
-    QMenuBar* menuBar() const;
+    QMenuBar* menuBar() const { return ui_.menuBar; }
     /// At the right end of the menu bar.
     StatusLine& statusLine() const { return *status_; }
     /// Everything below the menu bar.
-    Background* contentView() const;
-    PictureButton* importTabButton() const;
-    PictureButton* exportTabButton() const;
-    PictureButton* menuButton() const;
+    Background* contentView() const { return ui_.content; }
+    PictureButton* importTabButton() const { return ui_.importTabButton; }
+    PictureButton* exportTabButton() const { return ui_.exportTabButton; }
+    PictureButton* menuButton() const { return ui_.menuButton; }
     /// Item 0 is the import tab, item 1 the export tab. Each has, in the order of the list, the
     /// placeholders of the rows: widgets whose objectName is "import slot N" or "export slot N".
-    QStackedWidget* tabs() const;
-    PictureView* meter() const;
-    PictureView* meterTrack() const;
-    QLabel* meterCaption() const;
-    LowerButton* eraseButton() const;
-    LowerButton* importButton() const;
-    LowerButton* exportButton() const;
-    QWidget* warning() const;
-    MassSelectionButton* selectAllButton() const;
-    MassSelectionButton* deselectAllButton() const;
+    QStackedWidget* tabs() const { return ui_.tabs; }
+    PictureView* meter() const { return ui_.meter; }
+    PictureView* meterTrack() const { return ui_.meterTrack; }
+    QLabel* meterCaption() const { return ui_.meterCaption; }
+    LowerButton* eraseButton() const { return ui_.eraseButton; }
+    LowerButton* importButton() const { return ui_.importButton; }
+    LowerButton* exportButton() const { return ui_.exportButton; }
+    QWidget* warning() const { return ui_.warning; }
+    MassSelectionButton* selectAllButton() const { return ui_.selectAllButton; }
+    MassSelectionButton* deselectAllButton() const { return ui_.deselectAllButton; }
 
     void showMeter(bool shown);
     /// Covers everything with the shield, menu bar included; no effect if it is up.
@@ -78,7 +64,7 @@ class MainWindow : public Window {
     void dress();
     void dressEmptyState();
 
-    std::unique_ptr<Ui::MainWindow> ui_;
+    Ui::MainWindow ui_;
     StatusLine* status_;
     QPointer<Shield> shield_;
 };
