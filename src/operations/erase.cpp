@@ -1,5 +1,7 @@
 #include "operations/erase.h"
 
+#include <utility>
+
 #include "operations/table.h"
 
 namespace kzq {
@@ -36,12 +38,11 @@ Outcome runErase(Pedal& pedal, const EraseOrder& order, const Events& events) {
         return outcome;
     }
     for (const auto slot : slots) {
+        SlotOutcome loop{slot, SlotOutcome::Did::erased};
         if ((*now)->loops.contains(slot)) {
-            outcome.slots.push_back({slot, SlotOutcome::Did::failed, Trouble{Trouble::Kind::notErased}});
-        } else {
-            outcome.slots.push_back({slot, SlotOutcome::Did::erased});
+            loop = {slot, SlotOutcome::Did::failed, Trouble{Trouble::Kind::notErased}};
         }
-        tell(events.slot, outcome.slots.back());
+        outcome.add(events, std::move(loop));
     }
     return outcome;
 }

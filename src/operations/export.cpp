@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "loops/capacity.h"
+#include "operations/read_loop.h"
 #include "operations/table.h"
 
 namespace kzq {
@@ -59,7 +60,9 @@ class Export {
         if (!check(exports, exports)) {
             return;
         }
-        send(exports, [this](SlotNumber slot, const Result<Frames>& sent) { add(outcomeOf(slot, sent)); });
+        send(exports, [this](SlotNumber slot, const Result<Frames>& sent) {
+            outcome_.add(events_, outcomeOf(slot, sent));
+        });
         const auto cut = std::ranges::find_if(outcome_.slots, mayBeEmpty);
         if (outcome_.end && cut != outcome_.slots.end()) {
             outcome_.doubt = *cut;
@@ -99,10 +102,13 @@ class Export {
     }
 
     void send(const Exports& exports, const Pedal::Sent& sent) {
-        keep(pedal_.exportLoops(
+        const auto end = pedal_.exportLoops(
             exports, [this](SlotNumber slot, std::uint64_t bytes) { tell(events_.moved, slot, bytes); },
-            sent));
+            sent);
         outcome_.begun = outcome_.begun || pedal_.begun();
+        if (!end) {
+            outcome_.end = end.error();
+        }
     }
 
     static SlotOutcome outcomeOf(SlotNumber slot, const Result<Frames>& sent) {
@@ -125,7 +131,7 @@ class Export {
             outcome_.doubt = outcome;
             return;
         }
-        add(std::move(outcome));
+        outcome_.add(events_, std::move(outcome));
     }
 
     /// The pedal's own table has the last word. False if it cannot be asked.
@@ -143,16 +149,11 @@ class Export {
     }
 
     bool compare(const ExportInfo& info, SlotOutcome& outcome) {
-        tell(events_.begins, outcome.slot, Step::compare);
-        std::optional<Result<Bytes>> image;
-        keep(pedal_.importLoops(
-            {outcome.slot},
-            [this](SlotNumber slot, std::uint64_t bytes) { tell(events_.moved, slot, bytes); },
-            [&image](SlotNumber /*slot*/, Result<Bytes> result) { image = std::move(result); }));
-        if (outcome_.end && !(image && *image)) {
+        auto image = readLoop(pedal_, outcome.slot, Step::compare, events_, outcome_);
+        if (!image) {
             return false;
         }
-        if (!image.value()) {
+        if (!*image) {
             outcome.trouble = std::move(image->error());
         } else if (!order_.same(info, **image)) {
             outcome.trouble = Trouble{Trouble::Kind::differs};
@@ -160,17 +161,6 @@ class Export {
             outcome.did = Did::compared;
         }
         return true;
-    }
-
-    void keep(const Result<void>& end) {
-        if (!end) {
-            outcome_.end = end.error();
-        }
-    }
-
-    void add(SlotOutcome outcome) {
-        tell(events_.slot, outcome);
-        outcome_.slots.push_back(std::move(outcome));
     }
 
     Pedal& pedal_;

@@ -6,6 +6,7 @@
 
 #include "audio/wave.h"
 #include "loops/facts.h"
+#include "operations/read_loop.h"
 
 namespace kzq {
 
@@ -47,35 +48,29 @@ class Import {
     void readAll() {
         std::vector<SlotNumber> slots;
         std::ranges::transform(order_.loops, std::back_inserter(slots), &ImportOrder::Item::slot);
-        read(slots, [this](SlotNumber slot, Result<Bytes> image) { take(item(slot), std::move(image)); });
+        const auto end = pedal_.importLoops(
+            slots, [this](SlotNumber slot, std::uint64_t bytes) { tell(events_.moved, slot, bytes); },
+            [this](SlotNumber slot, Result<Bytes> image) { take(item(slot), std::move(image)); });
+        outcome_.begun = pedal_.begun();
+        if (!end) {
+            outcome_.end = end.error();
+        }
     }
 
     /// A file is written while the pedal is free, and before the next loop is asked for.
     void readEach() {
         for (const auto& item : order_.loops) {
             if (!isPossible(item)) {
-                add({item.slot, SlotOutcome::Did::failed, Trouble{Trouble::Kind::tooLarge}});
+                outcome_.add(events_,
+                             {item.slot, SlotOutcome::Did::failed, Trouble{Trouble::Kind::tooLarge}});
                 continue;
             }
-            tell(events_.begins, item.slot, Step::read);
-            std::optional<Result<Bytes>> came;
-            read({item.slot}, [&came](SlotNumber /*slot*/, Result<Bytes> image) { came = std::move(image); });
-            // Otherwise its failure is what ended the import, or a cancel.
-            if (came && (came->has_value() || !outcome_.end)) {
-                take(item, std::move(*came));
+            if (auto image = readLoop(pedal_, item.slot, Step::read, events_, outcome_)) {
+                take(item, std::move(*image));
             }
             if (outcome_.end) {
                 return;
             }
-        }
-    }
-
-    void read(const std::vector<SlotNumber>& slots, const Pedal::Read& taken) {
-        const auto end = pedal_.importLoops(
-            slots, [this](SlotNumber slot, std::uint64_t bytes) { tell(events_.moved, slot, bytes); }, taken);
-        outcome_.begun = outcome_.begun || pedal_.begun();
-        if (!end) {
-            outcome_.end = end.error();
         }
     }
 
@@ -91,7 +86,7 @@ class Import {
                 save(item, *image, outcome);
             }
         }
-        add(std::move(outcome));
+        outcome_.add(events_, std::move(outcome));
     }
 
     void save(const ImportOrder::Item& item, ByteView image, SlotOutcome& outcome) {
@@ -106,11 +101,6 @@ class Import {
         if (order_.batches == Batches::each) {
             outcome_.end = outcome.trouble;
         }
-    }
-
-    void add(SlotOutcome outcome) {
-        tell(events_.slot, outcome);
-        outcome_.slots.push_back(std::move(outcome));
     }
 
     const ImportOrder::Item& item(SlotNumber slot) const {

@@ -1,6 +1,7 @@
 #include "operations/outcome.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kzq {
 
@@ -11,6 +12,11 @@ bool failed(const SlotOutcome& outcome) {
 }
 
 }  // namespace
+
+void Outcome::add(const Events& events, SlotOutcome loop) {
+    tell(events.slot, loop);
+    slots.push_back(std::move(loop));
+}
 
 std::size_t Outcome::done() const {
     return unseen + slots.size() - static_cast<std::size_t>(std::ranges::count_if(slots, failed));

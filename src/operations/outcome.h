@@ -34,6 +34,8 @@ struct SlotOutcome {
     Frames frames = {};                   ///< its length
 };
 
+struct Events;
+
 /// What became of a whole operation.
 struct Outcome {
     std::size_t wanted = 0;
@@ -44,6 +46,8 @@ struct Outcome {
     std::size_t unseen = 0;  ///< loops that the pedal agreed to erase, before it was asked what it holds
     bool begun = false;      ///< the link took a batch, so that the pedal may have done something
 
+    /// Nothing more happens to `loop`, which is reported.
+    void add(const Events& events, SlotOutcome loop);
     /// How many loops came to a good end.
     std::size_t done() const;
     bool whole() const { return !end && done() == wanted; }
