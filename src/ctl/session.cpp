@@ -18,10 +18,11 @@ Session::Session(const Environment& environment, Context context, std::shared_pt
       command_(std::move(command)),
       watching_(context_.options.subcommand == Subcommand::watch) {}
 
-void Session::start() {
+void Session::start(const Link& link) {
     deadline_ = context_.executor.now() + context_.options.wait;
     KZQ7306::initialize(shared_from_this());
-    if (!KZQ7306::looper()) {
+    looper_ = link();
+    if (!looper_) {
         context_.fail(Trouble{Trouble::Kind::noSystemVersion});
         return;
     }
@@ -98,7 +99,7 @@ void Session::look() {
 
 /// A pedal that does not say what it is may just be leaving: once, its departure gets time to be told.
 bool Session::doubtful() {
-    const auto trouble = KZQ7306::looper()->acquisitionTrouble();
+    const auto trouble = looper_->acquisitionTrouble();
     return trouble &&
            (trouble->kind == Trouble::Kind::noStage || trouble->kind == Trouble::Kind::unknownStage) &&
            !std::exchange(gaveTime_, true);
@@ -106,7 +107,7 @@ bool Session::doubtful() {
 
 /// Says why a pedal that is there cannot be used. Whether that was the end of the program.
 bool Session::explainFailure() {
-    const auto trouble = KZQ7306::looper()->acquisitionTrouble();
+    const auto trouble = looper_->acquisitionTrouble();
     if (std::exchange(seen_, trouble) == trouble) {
         return false;
     }
@@ -131,13 +132,12 @@ bool Session::explainFailure() {
 void Session::watchArrival() {
     const auto patience = context_.options.patience;
     if (patience > Executor::Duration::zero()) {
-        watch_.emplace(context_.executor, KZQ7306::looper(), patience + cancelGrace,
-                       [weak = weak_from_this()] {
-                           const auto self = weak.lock();
-                           if (self && self->waiting()) {
-                               self->context_.fail(Trouble{Trouble::Kind::silent});
-                           }
-                       });
+        watch_.emplace(context_.executor, looper_, patience + cancelGrace, [weak = weak_from_this()] {
+            const auto self = weak.lock();
+            if (self && self->waiting()) {
+                self->context_.fail(Trouble{Trouble::Kind::silent});
+            }
+        });
     }
 }
 

@@ -7,6 +7,7 @@
 #include "ctl/commands/command.h"
 #include "ctl/pedal/environment.h"
 #include "device/kzq7306_delegate.h"
+#include "device/link.h"
 #include "device/silence.h"
 
 namespace kzq::ctl {
@@ -18,8 +19,8 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     /// `environment` and what `context` refers to outlive it.
     Session(const Environment& environment, Context context, std::shared_ptr<Command> command);
 
-    /// Main thread; `KZQ7306::load` comes before.
-    void start();
+    /// Main thread; `KZQ7306::load` comes before. `link` gives the link once it is initialized.
+    void start(const Link& link);
     /// Nothing is reported any more.
     void end() { over_ = true; }
 
@@ -39,6 +40,7 @@ class Session : public KZQ7306Delegate, public std::enable_shared_from_this<Sess
     const Environment& environment_;
     Context context_;
     std::shared_ptr<Command> command_;
+    std::shared_ptr<KZQ7306> looper_;  ///< since the start
     bool watching_;
     Executor::TimePoint deadline_;
     std::optional<Trouble> seen_;   ///< the trouble that was there at the last look

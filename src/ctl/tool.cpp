@@ -76,7 +76,7 @@ void Tool::start() {
     }
     KZQ7306::load(
         {environment_.executor, environment_.usb, environment_.systemMinorVersion, options_.patience});
-    session_->start();
+    session_->start(&KZQ7306::looper);
 }
 
 void Tool::interrupt() {

@@ -3,25 +3,20 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "ctl/speech/format.h"
 #include "ctl/speech/json_output.h"
 
 namespace kzq::ctl {
 
 ExitCode FirmwareCommand::work(Pedal& pedal) {
-    std::string installed;
-    if (!pedal.link()->factoryBlank()) {
-        const auto status = pedal.status();
-        if (!status) {
-            return stop(status.error());
-        }
-        installed = printable(status->version);
+    const auto installed = installedFirmware(pedal);
+    if (!installed) {
+        return stop(installed.error());
     }
-    const auto offer = askForOffer(pedal, context().environment, installed);
+    const auto offer = askForOffer(pedal, context().environment, *installed);
     if (const auto end = pedal.stopped()) {
         return stop(*end);
     }
-    show(installed, offer);
+    show(*installed, offer);
     if (offer) {
         return ExitCode::ok;
     }

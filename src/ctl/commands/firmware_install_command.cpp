@@ -40,20 +40,16 @@ void FirmwareInstallCommand::askToWait() {
 
 ExitCode FirmwareInstallCommand::work(Pedal& pedal) {
     const bool blank = pedal.link()->factoryBlank();
-    std::string installed;
-    if (!blank) {
-        const auto status = pedal.status();
-        if (!status) {
-            return stop(status.error());
-        }
-        installed = printable(status->version);
+    const auto installed = installedFirmware(pedal);
+    if (!installed) {
+        return stop(installed.error());
     }
     if (image_.empty()) {
-        if (const auto code = choose(pedal, installed)) {
+        if (const auto code = choose(pedal, *installed)) {
             return *code;
         }
     }
-    explain(installed, blank);
+    explain(*installed, blank);
     if (const auto code = declined(pedal, "Would you like to install it now?")) {
         return *code;
     }

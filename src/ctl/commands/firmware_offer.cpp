@@ -26,6 +26,13 @@ Trouble noted(Trouble trouble) {
 
 }  // namespace
 
+Result<std::string> installedFirmware(Pedal& pedal) {
+    if (pedal.link()->factoryBlank()) {
+        return std::string();
+    }
+    return pedal.status().map([](const Status& status) { return printable(status.version); });
+}
+
 Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed) {
     const auto present = FirmwareVersionFromString(installed);
     if (!installed.empty() && isUnknown(present)) {

@@ -16,6 +16,9 @@ struct FirmwareOffer {
     std::optional<FirmwareImage> image;  ///< verified; none when the pedal already runs this or a newer one
 };
 
+/// The firmware that the pedal runs, as it can be printed; empty: only its loader.
+Result<std::string> installedFirmware(Pedal& pedal);
+
 /// What the server has for a pedal that runs `installed` (empty: only its loader). An image is there, from
 /// the cache or fetched and put there, or there is no offer. Blocks for the web.
 Result<FirmwareOffer> fetchOffer(const Environment& environment, const std::string& installed);

@@ -5,8 +5,8 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
-#include <system_error>
 
+#include "ctl/commands/export_plan.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
 #include "platform/descriptor.h"
@@ -17,21 +17,6 @@ namespace {
 
 constexpr std::size_t pieceSize = 1 << 16;
 constexpr std::uint64_t longestInput = 4ULL << 30;  // 24 minutes take less in any format we read
-
-/// Goes when this goes.
-struct TemporaryFile {
-    std::filesystem::path path;
-
-    explicit TemporaryFile(std::filesystem::path name) : path(std::move(name)) {}
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    TemporaryFile(TemporaryFile&&) = delete;
-    TemporaryFile& operator=(TemporaryFile&&) = delete;
-    ~TemporaryFile() {
-        std::error_code ignored;
-        std::filesystem::remove(path, ignored);
-    }
-};
 
 Trouble inputLost(int error) {
     return {Trouble::Kind::inputLost, {}, error};
@@ -49,12 +34,13 @@ Result<ConvertedFile> StreamConversion::convert(ConversionOrder order) const {
     if (!folder) {
         return Trouble{Trouble::Kind::noTemporaryFolder};
     }
-    const TemporaryFile input(*folder / "standard-input");
+    WorkingCopies copies;
     if (reads) {
-        if (const auto stored = store(input.path); !stored) {
+        order.source = *folder / "standard-input";
+        copies.add(order.source);
+        if (const auto stored = store(order.source); !stored) {
             return stored.error();
         }
-        order.source = input.path;
     }
     if (prints) {
         order.output = *folder;
@@ -64,7 +50,7 @@ Result<ConvertedFile> StreamConversion::convert(ConversionOrder order) const {
     if (!prints || !file || file->frames > capacityFrames) {
         return file;
     }
-    const TemporaryFile converted(file->path);
+    copies.add(file->path);
     return print(file->path).map([&] { return ConvertedFile{{}, file->frames, file->note}; });
 }
 

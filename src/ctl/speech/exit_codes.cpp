@@ -1,5 +1,9 @@
 #include "ctl/speech/exit_codes.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace kzq::ctl {
 namespace {
 
@@ -20,29 +24,42 @@ bool hasNameOfItsOwn(Kind kind) {
     }
 }
 
-std::string_view nameOf(ExitCode code) {
-    switch (code) {
-        case ExitCode::ok:
-            return "none";
-        case ExitCode::usage:
-            return "usage";
-        case ExitCode::noPedal:
-            return "no-pedal";
-        case ExitCode::noPermission:
-            return "no-permission";
-        case ExitCode::pedalRefused:
-            return "pedal-refused";
-        case ExitCode::fileError:
-            return "file";
-        case ExitCode::someFailed:
-            return "some-failed";
-        case ExitCode::noDownload:
-            return "no-download";
-        case ExitCode::cancelled:
-            return "cancelled";
-    }
-    return "?";
+template <class Names, class Key>
+std::string_view find(const Names& names, Key key, std::string_view other) {
+    const auto* const found = std::ranges::find(names, key, &Names::value_type::first);
+    return found == names.end() ? other : found->second;
 }
+
+constexpr auto codes = std::to_array<std::pair<ExitCode, std::string_view>>({
+    {ExitCode::ok, "none"},
+    {ExitCode::usage, "usage"},
+    {ExitCode::noPedal, "no-pedal"},
+    {ExitCode::noPermission, "no-permission"},
+    {ExitCode::pedalRefused, "pedal-refused"},
+    {ExitCode::fileError, "file"},
+    {ExitCode::someFailed, "some-failed"},
+    {ExitCode::noDownload, "no-download"},
+    {ExitCode::cancelled, "cancelled"},
+});
+
+// Where they are not called as in the log.
+
+constexpr auto findings = std::to_array<std::pair<Kind, std::string_view>>({
+    {Kind::noSystemVersion, "system-version"},
+    {Kind::inLoader, "loader"},
+    {Kind::nothingOnBus, "not-on-bus"},
+    {Kind::roadNotInstalled, "import-rules-missing"},
+    {Kind::roadNotInForce, "import-rules-not-in-force"},
+    {Kind::silent, "not-answering"},
+    {Kind::tableIncomplete, "no-status"},
+    {Kind::outputLost, "output"},
+    {Kind::nobodyToAsk, "confirmation-needed"},
+});
+constexpr auto failures = std::to_array<std::pair<Kind, std::string_view>>({
+    {Kind::changedWhileRead, "changed"},
+    {Kind::shortLoop, "differs"},
+    {Kind::notErased, "refused"},
+});
 
 }  // namespace
 
@@ -102,45 +119,15 @@ ExitCode exitCode(const Outcome& outcome) {
 }
 
 std::string_view nameOfFinding(Kind kind) {
-    switch (kind) {
-        case Kind::noSystemVersion:
-            return "system-version";
-        case Kind::inLoader:
-            return "loader";
-        case Kind::nothingOnBus:
-            return "not-on-bus";
-        case Kind::roadNotInstalled:
-            return "import-rules-missing";
-        case Kind::roadNotInForce:
-            return "import-rules-not-in-force";
-        case Kind::silent:
-            return "not-answering";
-        case Kind::tableIncomplete:
-            return "no-status";
-        case Kind::outputLost:
-            return "output";
-        case Kind::nobodyToAsk:
-            return "confirmation-needed";
-        default:
-            return troubleName(kind);
-    }
+    return find(findings, kind, troubleName(kind));
 }
 
 std::string_view nameOfFailure(Kind kind) {
-    switch (kind) {
-        case Kind::changedWhileRead:
-            return "changed";
-        case Kind::shortLoop:
-            return "differs";
-        case Kind::notErased:
-            return "refused";
-        default:
-            return troubleName(kind);
-    }
+    return find(failures, kind, troubleName(kind));
 }
 
 std::string_view nameOfEnd(const std::optional<Kind>& kind, ExitCode code) {
-    return kind && hasNameOfItsOwn(*kind) ? nameOfFinding(*kind) : nameOf(code);
+    return kind && hasNameOfItsOwn(*kind) ? nameOfFinding(*kind) : find(codes, code, "?");
 }
 
 }  // namespace kzq::ctl
