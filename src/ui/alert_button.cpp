@@ -1,7 +1,5 @@
 #include "ui/alert_button.h"
 
-#include <QEnterEvent>
-
 #include "ui/button_face.h"
 
 namespace kzq {
@@ -18,22 +16,10 @@ QSize AlertButton::sizeHint() const {
     return face_ == Face::cream ? QSize(112, 36) : QSize(96, 36);
 }
 
-void AlertButton::enterEvent(QEnterEvent* event) {
-    KeyButton::enterEvent(event);
-    hovering_ = true;
-    update();
-}
-
-void AlertButton::leaveEvent(QEvent* event) {
-    KeyButton::leaveEvent(event);
-    hovering_ = false;
-    update();
-}
-
 void AlertButton::paintEvent(QPaintEvent* /*event*/) {
     const auto state = !isEnabled() ? ButtonState::disabled
                        : isDown()   ? ButtonState::down
-                       : hovering_  ? ButtonState::hover
+                       : hovering() ? ButtonState::hover
                                     : ButtonState::off;
     QPainter painter(this);
     drawButtonFace(painter, rect(), face_ == Face::cream ? creamFace(state) : brownFace(state), text());

@@ -19,13 +19,10 @@ class AlertButton : public KeyButton {
     QSize sizeHint() const override;
 
   protected:
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
     Face face_;
-    bool hovering_ = false;
 };
 
 }  // namespace kzq

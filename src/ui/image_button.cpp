@@ -15,11 +15,6 @@ void ImageButton::mouseDown() {
 
 void ImageButton::mouseDragged(bool /*inside*/) {}
 
-void ImageButton::setHovering(bool hovering) {
-    hovering_ = hovering;
-    update();
-}
-
 bool ImageButton::sendAction() {
     const QPointer<ImageButton> self(this);
     Q_EMIT clicked(false);
@@ -66,16 +61,6 @@ void ImageButton::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         mouseUp();
     }
-}
-
-void ImageButton::enterEvent(QEnterEvent* event) {
-    KeyButton::enterEvent(event);
-    setHovering(true);
-}
-
-void ImageButton::leaveEvent(QEvent* event) {
-    KeyButton::leaveEvent(event);
-    setHovering(false);
 }
 
 void ImageButton::paintEvent(QPaintEvent* /*event*/) {

@@ -6,14 +6,13 @@ namespace kzq {
 
 /// The shared base of the buttons that are pictures: `objectName` is the identifier that selects them. Each
 /// class has its own table of mouse behaviour, so even a disabled button sees the mouse; `clicked` is the
-/// action. Hovering follows the pointer whether or not the window is active.
+/// action.
 class ImageButton : public KeyButton {
     Q_OBJECT
 
   public:
     using KeyButton::KeyButton;
 
-    bool hovering() const { return hovering_; }
     /// Name of the picture for the present state; empty draws nothing.
     virtual QString pictureName() const = 0;
 
@@ -23,7 +22,6 @@ class ImageButton : public KeyButton {
     virtual void mouseDragged(bool inside);
     virtual void mouseUp() = 0;
 
-    void setHovering(bool hovering);
     /// Emits `clicked`; false if that deleted the button.
     bool sendAction();
 
@@ -31,12 +29,7 @@ class ImageButton : public KeyButton {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-
-  private:
-    bool hovering_ = false;
 };
 
 }  // namespace kzq

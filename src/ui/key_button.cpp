@@ -1,5 +1,6 @@
 #include "ui/key_button.h"
 
+#include <QEnterEvent>
 #include <QKeyEvent>
 
 namespace kzq {
@@ -7,6 +8,21 @@ namespace kzq {
 KeyButton::KeyButton(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::TabFocus);
     setProperty("focusRingRadius", 8);
+}
+
+void KeyButton::setHovering(bool hovering) {
+    hovering_ = hovering;
+    update();
+}
+
+void KeyButton::enterEvent(QEnterEvent* event) {
+    QAbstractButton::enterEvent(event);
+    setHovering(true);
+}
+
+void KeyButton::leaveEvent(QEvent* event) {
+    QAbstractButton::leaveEvent(event);
+    setHovering(false);
 }
 
 void KeyButton::keyPressEvent(QKeyEvent* event) {

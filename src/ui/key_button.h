@@ -15,11 +15,20 @@ class KeyButton : public QAbstractButton {
 
     /// What the focus ring surrounds, in own coordinates.
     virtual QRect focusRingRect() const { return rect(); }
+    /// Follows the pointer, whether or not the window is active.
+    bool hovering() const { return hovering_; }
 
   protected:
+    virtual void setHovering(bool hovering);
+
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    bool hovering_ = false;
 };
 
 }  // namespace kzq

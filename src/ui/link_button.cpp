@@ -1,24 +1,12 @@
 #include "ui/link_button.h"
 
-#include <QEnterEvent>
-
 namespace kzq {
 
-void LinkButton::setHovered(bool hovered) {
+void LinkButton::setHovering(bool hovering) {
     if (delegate_ != nullptr) {
-        delegate_->linkButtonHoverStateChanged(*this, hovered);
+        delegate_->linkButtonHoverStateChanged(*this, hovering);
     }
-    setCursor(hovered ? Qt::PointingHandCursor : Qt::ArrowCursor);
-}
-
-void LinkButton::enterEvent(QEnterEvent* event) {
-    KeyButton::enterEvent(event);
-    setHovered(true);
-}
-
-void LinkButton::leaveEvent(QEvent* event) {
-    KeyButton::leaveEvent(event);
-    setHovered(false);
+    setCursor(hovering ? Qt::PointingHandCursor : Qt::ArrowCursor);
 }
 
 void LinkButton::paintEvent(QPaintEvent* /*event*/) {}

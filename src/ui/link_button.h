@@ -27,13 +27,10 @@ class LinkButton : public KeyButton {
     void setDelegate(LinkButtonDelegate* delegate) { delegate_ = delegate; }
 
   protected:
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    void setHovering(bool hovering) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void setHovered(bool hovered);
-
     LinkButtonDelegate* delegate_ = nullptr;
 };
 

@@ -28,20 +28,8 @@ void StatusLink::setFaint(bool faint) {
     update();
 }
 
-void StatusLink::enterEvent(QEnterEvent* event) {
-    KeyButton::enterEvent(event);
-    hovered_ = true;
-    update();
-}
-
-void StatusLink::leaveEvent(QEvent* event) {
-    KeyButton::leaveEvent(event);
-    hovered_ = false;
-    update();
-}
-
 void StatusLink::paintEvent(QPaintEvent* /*event*/) {
-    const auto color = hovered_ || isDown() ? KZQLinkHover() : faint_ ? status::faintCream() : creamColor();
+    const auto color = hovering() || isDown() ? KZQLinkHover() : faint_ ? status::faintCream() : creamColor();
     QPainter painter(this);
     painter.setFont(font());
     painter.setPen(color);

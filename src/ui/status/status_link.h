@@ -19,12 +19,9 @@ class StatusLink : public KeyButton {
     QRect focusRingRect() const override { return rect().adjusted(-2, 2, 2, -2); }
 
   protected:
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    bool hovered_ = false;
     bool faint_ = false;
 };
 

@@ -48,27 +48,15 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     update();
 }
 
-void StatusSentence::enterEvent(QEnterEvent* event) {
-    KeyButton::enterEvent(event);
-    hovered_ = true;
-    update();
-}
-
-void StatusSentence::leaveEvent(QEvent* event) {
-    KeyButton::leaveEvent(event);
-    hovered_ = false;
-    update();
-}
-
 void StatusSentence::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    if (hovered_ || isDown()) {
+    if (hovering() || isDown()) {
         painter.setBrush(plate);
         painter.drawRoundedRect(rect(), 4, 4);
     }
-    const auto lit = hovered_ || isDown() ? creamColor() : status::faintCream();
+    const auto lit = hovering() || isDown() ? creamColor() : status::faintCream();
     drawChevron(painter, QPointF(width() - chevronMiddle, status::height / 2.0), Chevron::down, lit);
     double end = width() - status::chevronRoom;
     if (linkWidth_ > 0) {

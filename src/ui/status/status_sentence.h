@@ -21,12 +21,9 @@ class StatusSentence : public KeyButton {
     const QString& shown() const { return shown_; }
 
   protected:
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    bool hovered_ = false;
     Announcements::Kind kind_ = Announcements::Kind::rest;
     QString sentence_;
     QString shown_;
