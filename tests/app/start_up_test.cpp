@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
-#include <string>
 #include <vector>
 
 #include "test_folder.h"
