@@ -22,8 +22,6 @@
 #include "platform/qt_executor.h"
 #include "test_folder.h"
 #include "ui/fonts.h"
-#include "ui/lower_button.h"
-#include "ui/mass_selection_button.h"
 #include "ui/panels/progress.h"
 
 namespace kzq::test {

@@ -19,7 +19,6 @@
 #include "slots/slot_delegate.h"
 #include "slots/slot_field.h"
 #include "ui/application_controller.h"
-#include "updates/firmware_cache.h"
 
 namespace kzq {
 

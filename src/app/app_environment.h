@@ -2,10 +2,8 @@
 
 #include <QtCore/qnamespace.h>
 
-#include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 

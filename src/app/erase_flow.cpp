@@ -1,7 +1,6 @@
 #include "app/erase_flow.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "app/app_parts.h"

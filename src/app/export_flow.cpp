@@ -5,7 +5,6 @@
 #include <map>
 #include <ranges>
 #include <system_error>
-#include <utility>
 
 #include "app/app_parts.h"
 #include "app/transfer_run.h"

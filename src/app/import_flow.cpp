@@ -3,7 +3,6 @@
 #include <QUrl>
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <utility>
 
 #include "app/app_parts.h"

@@ -1,6 +1,5 @@
 #include "app/launch.h"
 
-#include <QStackedWidget>
 #include <utility>
 
 #include "app/app_delegate.h"
@@ -8,10 +7,6 @@
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "device/kzq7306.h"
-#include "ui/background.h"
-#include "ui/lower_button.h"
-#include "ui/mass_selection_button.h"
-#include "ui/picture_button.h"
 #include "ui/status/status_line.h"
 
 namespace kzq {

@@ -8,7 +8,6 @@
 #include "app/main_window.h"
 #include "app/panels.h"
 #include "device/kzq7306.h"
-#include "ui/picture_button.h"
 
 namespace kzq {
 

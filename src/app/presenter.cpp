@@ -1,17 +1,10 @@
 #include "app/presenter.h"
 
-#include <QLabel>
-#include <QStackedWidget>
 #include <algorithm>
 
 #include "app/main_window.h"
 #include "loops/capacity.h"
-#include "ui/background.h"
-#include "ui/lower_button.h"
-#include "ui/mass_selection_button.h"
 #include "ui/panels/about.h"
-#include "ui/picture_button.h"
-#include "ui/picture_view.h"
 #include "ui/view_width.h"
 
 namespace kzq {

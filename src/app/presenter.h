@@ -1,8 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <string_view>
 
 #include "app/model/loop_model.h"
 #include "app/rows.h"
@@ -12,8 +10,6 @@ namespace kzq {
 
 class About;
 class MainWindow;
-struct FlashEnd;
-struct Outcome;
 
 /// Carries out in the window what LoopModel has decided, one transition at a time: in the rows, the meter,
 /// the buttons, the warning and the About panel. All of them keep their state, and a transition leaves alone

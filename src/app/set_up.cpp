@@ -1,7 +1,5 @@
 #include "app/set_up.h"
 
-#include <utility>
-
 #include "app/app_parts.h"
 #include "device/kzq7306.h"
 

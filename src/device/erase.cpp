@@ -1,7 +1,6 @@
 #include <utility>
 
 #include "device/kzq7306.h"
-#include "loops/facts.h"
 
 namespace kzq {
 

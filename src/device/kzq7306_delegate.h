@@ -1,7 +1,5 @@
 #pragma once
 
-#include <memory>
-
 #include "loops/status.h"
 #include "platform/fixed.h"
 

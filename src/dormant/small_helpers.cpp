@@ -1,7 +1,6 @@
 #include "dormant/small_helpers.h"
 
 #include <system_error>
-#include <utility>
 
 namespace kzq {
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "loops/capacity.h"
 #include "loops/facts.h"
 #include "platform/digest.h"
 #include "platform/plain_file.h"

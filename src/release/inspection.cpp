@@ -1,7 +1,5 @@
 #include "release/inspection.h"
 
-#include <system_error>
-
 #include "platform/plain_file.h"
 #include "updates/firmware_source.h"
 #include "updates/self_check.h"

@@ -4,7 +4,6 @@
 
 #include "slots/slot.h"
 #include "slots/slot_field_editor.h"
-#include "ui/pictures.h"
 
 namespace kzq {
 

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFontDatabase>
 #include <QFontInfo>
-#include <string>
 
 #include "platform/log.h"
 

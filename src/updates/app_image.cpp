@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <system_error>
 
 #include "platform/plain_file.h"

@@ -2,7 +2,6 @@
 
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <compare>
 
 #include "updates/app_version.h"
 

@@ -90,7 +90,6 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater>, Fixed {
 
     /// https address of the feed.
     void setFeedURL(std::string feed) { feed_ = std::move(feed); }
-    const std::string& feedURL() const { return feed_; }
     void setDelegate(std::weak_ptr<SUUpdaterDelegate> delegate) { delegate_ = std::move(delegate); }
     /// Called on each change of the status; for progress at most once per turn of the main queue.
     void setObserver(Observer observer) { observer_ = std::move(observer); }

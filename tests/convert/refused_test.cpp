@@ -3,10 +3,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <fstream>
-
 #include "converting.h"
-#include "foreign_files.h"
 
 namespace kzq {
 namespace {

@@ -14,7 +14,6 @@
 #include <csignal>
 #include <cstdio>
 #include <functional>
-#include <string>
 #include <string_view>
 #include <thread>
 #include <utility>

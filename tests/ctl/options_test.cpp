@@ -2,9 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "ctl/speech/format.h"
 #include "ctl/speech/progress_meter.h"
-#include "loops/facts.h"
 
 namespace kzq::ctl {
 namespace {

@@ -1,4 +1,3 @@
-#include "audio/wave.h"
 #include "tool_fixture.h"
 
 namespace kzq::test {

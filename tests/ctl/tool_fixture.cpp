@@ -1,7 +1,6 @@
 #include "tool_fixture.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>

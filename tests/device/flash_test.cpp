@@ -1,5 +1,4 @@
 #include "pedal_fixture.h"
-#include "platform/digest.h"
 #include "platform/little_endian.h"
 
 namespace kzq::test {

@@ -2,7 +2,6 @@
 
 #include <QUrl>
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 

@@ -3,12 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QLabel>
-#include <QStackedWidget>
 #include <functional>
-#include <map>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -23,14 +19,9 @@
 #include "paced_port.h"
 #include "slots/slot_button.h"
 #include "test_folder.h"
-#include "ui/background.h"
-#include "ui/lower_button.h"
-#include "ui/mass_selection_button.h"
 #include "ui/panels/about.h"
 #include "ui/panels/menu.h"
 #include "ui/panels/progress.h"
-#include "ui/picture_button.h"
-#include "ui/picture_view.h"
 #include "ui/shield.h"
 #include "ui/status/status_line.h"
 #include "virtual_executor.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <stdexcept>
 #include <string_view>
 
 #include "loops/facts.h"

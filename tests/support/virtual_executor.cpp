@@ -1,7 +1,6 @@
 #include "virtual_executor.h"
 
 #include <algorithm>
-#include <atomic>
 #include <deque>
 #include <limits>
 #include <map>

@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QKeyEvent>
 #include <QTest>
-#include <memory>
 
 #include "mouse.h"
 #include "ui/link_button.h"

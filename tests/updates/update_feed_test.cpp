@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "release/listings.h"
-#include "updates/app_version.h"
 
 using namespace kzq;
 

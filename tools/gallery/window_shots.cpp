@@ -12,8 +12,6 @@
 #include "rows.h"
 #include "stage.h"
 #include "ui/background.h"
-#include "ui/lower_button.h"
-#include "ui/mass_selection_button.h"
 #include "ui/panels/menu.h"
 #include "ui/panels/menu_item.h"
 #include "ui/panels/menu_view.h"

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "ctl/commands/export_plan.h"
 #include "ctl/commands/pedal_command.h"
 #include "operations/export.h"

@@ -1,7 +1,6 @@
 #include "ctl/speech/json_output.h"
 
 #include <nlohmann/json.hpp>
-#include <utility>
 
 namespace kzq::ctl {
 

@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdint>
-#include <span>
 
 #include "device/recorder/recording.h"
 #include "platform/write_all.h"

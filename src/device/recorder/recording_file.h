@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <string_view>
 
 #include "platform/descriptor.h"

@@ -1,7 +1,6 @@
 #include "device/simulator/fault_plan.h"
 
 #include <charconv>
-#include <utility>
 
 namespace kzq::simulator {
 

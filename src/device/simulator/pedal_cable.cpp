@@ -1,7 +1,6 @@
 // Arrival and departure of the pedal: by the cable, and by itself when it restarts.
 
 #include <chrono>
-#include <memory>
 
 #include "device/simulator/pedal_life.h"
 #include "device/simulator/simulated_pedal.h"

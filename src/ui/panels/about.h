@@ -11,7 +11,6 @@
 #include "ui/panels/product.h"
 
 class QLabel;
-class QWidget;
 
 namespace kzq {
 

@@ -21,7 +21,6 @@ class UpdatePanel : public QWidget {
 
     /// One of its own controls; null for none.
     void setDefaultButton(AlertButton* button);
-    AlertButton* defaultButton() const { return defaultButton_; }
     /// Centres the window on the screen with the pointer.
     void centre();
     /// Shows the window in front, with the keyboard focus.

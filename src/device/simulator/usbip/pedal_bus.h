@@ -3,7 +3,6 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <string_view>
 
 #include "device/simulator/simulated_pedal.h"
 #include "device/simulator/usbip/usbip_wire.h"

@@ -1,8 +1,5 @@
 #include "device/simulator/usbip/standard_requests.h"
 
-#include <algorithm>
-#include <span>
-
 #include "device/simulator/usbip/descriptors.h"
 #include "device/wire.h"
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <cstdint>
 #include <list>
-#include <span>
 
 #include "audio/wave.h"
 #include "device/simulator/simulated_pedal.h"

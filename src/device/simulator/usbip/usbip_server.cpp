@@ -9,7 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
-#include <system_error>
 #include <utility>
 
 #include "device/simulator/usbip/connection.h"
