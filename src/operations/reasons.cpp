@@ -21,38 +21,39 @@ struct Wording {
     std::string_view advice = {};    ///< what the window adds
 };
 
-constexpr std::string_view unplugged = "the pedal was unplugged";
-constexpr std::string_view silent = "the pedal stopped answering";
-constexpr std::string_view noTable = "the pedal did not report its loops";
-constexpr std::string_view unidentified =
+constexpr std::string_view reasonUnplugged = "the pedal was unplugged";
+constexpr std::string_view reasonSilent = "the pedal stopped answering";
+constexpr std::string_view reasonNoTable = "the pedal did not report its loops";
+constexpr std::string_view sentenceUnidentified =
     "The pedal is connected but does not identify itself. Unplug it and plug it in again.";
-constexpr std::string_view replug = "Unplug the pedal, plug it in again and start again.";
-constexpr std::string_view partway = "the pedal stopped partway through";
-constexpr std::string_view road = "this computer did not pass the request on to the pedal";
+constexpr std::string_view adviceReplug = "Unplug the pedal, plug it in again and start again.";
+constexpr std::string_view reasonPartway = "the pedal stopped partway through";
+constexpr std::string_view reasonRoad = "this computer did not pass the request on to the pedal";
 
 constexpr auto wordings = std::to_array<Wording>({
-    {Kind::noPedal, unplugged, "No pedal is connected. Plug it in and try again, or use --wait."},
-    {Kind::unplugged, unplugged},
-    {Kind::noPermission, partway, "You do not have permission to use the pedal."},
-    {Kind::kernelDriver, partway,
+    {Kind::noPedal, reasonUnplugged, "No pedal is connected. Plug it in and try again, or use --wait."},
+    {Kind::unplugged, reasonUnplugged},
+    {Kind::noPermission, reasonPartway, "You do not have permission to use the pedal."},
+    {Kind::kernelDriver, reasonPartway,
      "A kernel driver was holding the pedal and has now released it. Try again."},
-    {Kind::cannotOpen, partway,
+    {Kind::cannotOpen, reasonPartway,
      "The pedal is connected but cannot be opened. Unplug it and plug it in again."},
-    {Kind::noStage, partway, unidentified},
-    {Kind::unknownStage, partway, unidentified},
-    {Kind::inLoader, partway,
+    {Kind::noStage, reasonPartway, sentenceUnidentified},
+    {Kind::unknownStage, reasonPartway, sentenceUnidentified},
+    {Kind::inLoader, reasonPartway,
      "The pedal is running only its loader and needs firmware. Run \"kzq7306ctl firmware install\"."},
-    {Kind::noSystemVersion, partway,
+    {Kind::noSystemVersion, reasonPartway,
      "The version of the C library reads as 0, so the pedal cannot be used on this system."},
-    {Kind::roadNotInstalled, road},
-    {Kind::roadNotInForce, road},
-    {Kind::roadBlocked, road},
+    {Kind::roadNotInstalled, reasonRoad},
+    {Kind::roadNotInForce, reasonRoad},
+    {Kind::roadBlocked, reasonRoad},
     {Kind::busy, "the pedal is busy", "The pedal is busy. Stop it and try again."},
-    {Kind::noAnswer, silent},
-    {Kind::silent, silent, "The pedal stopped answering. Unplug it and plug it in again.", replug},
-    {Kind::noStatus, noTable, {}, replug},
-    {Kind::tableIncomplete, noTable,
-     "The pedal did not report its loops. Unplug it, plug it in again and try again.", replug},
+    {Kind::noAnswer, reasonSilent},
+    {Kind::silent, reasonSilent, "The pedal stopped answering. Unplug it and plug it in again.",
+     adviceReplug},
+    {Kind::noStatus, reasonNoTable, {}, adviceReplug},
+    {Kind::tableIncomplete, reasonNoTable,
+     "The pedal did not report its loops. Unplug it, plug it in again and try again.", adviceReplug},
     {Kind::changed, {}, {}, "Look at the rows and start again."},
     {Kind::cancelled, "cancelled"},
     {Kind::emptySlot, "the slot is empty"},
@@ -113,7 +114,7 @@ std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& it) 
             break;
     }
     const auto wording = wordingOf(trouble.kind);
-    std::string reason(wording.reason.empty() ? partway : wording.reason);
+    std::string reason(wording.reason.empty() ? reasonPartway : wording.reason);
     if (const auto at = reason.find('%'); at != std::string::npos) {
         reason.replace(at, 1, it);
     }
