@@ -6,7 +6,9 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "device/finding.h"
 #include "device/link.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
@@ -40,9 +42,9 @@ struct AppEnvironment {
     /// Converts an audio file and returns the path of the working copy. On a background thread; several may
     /// run at once.
     std::function<Result<std::string>(const std::string& path)> convert;
-    /// Why no pedal is available, in one line, for Absence, which the controller starts at launch. On a
+    /// Looks for why no pedal is available, for Absence, which the controller starts at launch. On a
     /// background thread. May be empty.
-    std::function<std::string()> diagnose;
+    std::function<std::vector<Finding>()> diagnose;
     /// Runs commands of a shell as root, with a password that the desktop asks for. On a background thread.
     /// Empty: there is no such program.
     std::function<Result<void>(const std::string& commands)> asRoot = {};

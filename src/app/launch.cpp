@@ -171,7 +171,9 @@ void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     parts.window.centre();
     KZQ7306::initialize(controller);
     if (parts.environment.diagnose) {
-        parts.absence = Absence::watch(parts.environment.executor, parts.window, parts.environment.diagnose);
+        parts.absence =
+            Absence::watch(parts.environment.executor, parts.window, parts.environment.diagnose,
+                           [&teller = parts.teller](const auto& holder) { teller.heldBy(holder); });
     }
     parts.menu.openAbout();
 }

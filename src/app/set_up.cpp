@@ -74,7 +74,7 @@ void install(const std::shared_ptr<Attempt>& attempt) {
                                                          diagnose = environment.diagnose,
                                                          commands = withoutSudo(attempt->trouble.remedy)] {
         const auto done = asRoot(commands);
-        const auto obstacle = done && diagnose ? diagnose() : std::string();
+        const auto obstacle = done && diagnose ? obstacleLine(diagnose()) : std::string();
         post([attempt, work, done, obstacle] {
             attempt->parts.teller.idle(work);
             if (done) {

@@ -49,7 +49,7 @@ void Teller::tell(const Told& told, const std::string& job, Remedy remedy) {
 void Teller::rest() {
     const auto looper = environment_.link();
     if (!looper || looper->disconnected()) {
-        announcements_->setRest("No pedal connected");
+        announcements_->setRest(withoutPedal());
         return;
     }
     std::string sentence = "7306";
@@ -61,6 +61,25 @@ void Teller::rest() {
         sentence += between + ("firmware " + version);
     }
     announcements_->setRest(sentence);
+}
+
+std::string Teller::withoutPedal() const {
+    const std::string sentence = holder_.empty() ? "No pedal connected" : holder_;
+    if (filesWaiting_ == 0) {
+        return sentence;
+    }
+    return sentence + between +
+           (filesWaiting_ == 1 ? "1 file is waiting" : std::to_string(filesWaiting_) + " files are waiting");
+}
+
+void Teller::heldBy(const std::string& holder) {
+    holder_ = holder;
+    rest();
+}
+
+void Teller::waiting(std::size_t files) {
+    filesWaiting_ = files;
+    rest();
 }
 
 Teller::Work Teller::newWork() {

@@ -41,6 +41,10 @@ class Teller : Fixed {
 
     /// What the pedal is, while nothing happens.
     void rest();
+    /// Without a pedal: the program that has it, as a sentence; may be empty.
+    void heldBy(const std::string& holder);
+    /// Without a pedal whose table is known: the number of files that wait for one.
+    void waiting(std::size_t files);
     /// The number of something that is going to be under way.
     using Work = std::uint64_t;
     Work newWork();
@@ -67,6 +71,7 @@ class Teller : Fixed {
 
   private:
     void showWork();
+    std::string withoutPedal() const;
 
     const AppEnvironment& environment_;
     MainWindow& window_;
@@ -74,6 +79,8 @@ class Teller : Fixed {
     std::shared_ptr<Announcements> announcements_;
     std::map<Work, std::string> works_;  ///< what is under way, some of it without a sentence
     Work lastWork_ = 0;
+    std::string holder_;
+    std::size_t filesWaiting_ = 0;
     Loops saved_;  ///< as they were then
     std::set<SlotNumber> notSaved_;
     /// The pedal does not answer, and the line says so.

@@ -16,6 +16,8 @@ struct Finding {
     bool present = false;  ///< whether there is trouble of this kind
     std::string sentence;  ///< what was found, in either case, and what to do by hand
     std::string remedy;    ///< a shell command that fixes it or shows more; empty if there is none
+    /// Which program has the pedal: "kzq7306ctl (process 4711)". Empty: none, or it is not known.
+    std::string program = {};
 };
 
 /// The trouble to report first; nothing if all is well. `findings` are in the order in which to fix them.
@@ -64,6 +66,16 @@ inline std::string obstacleLine(const std::vector<Finding>& findings) {
         return found->sentence + " Run \"kzq7306ctl doctor\" to see how to fix it.";
     }
     return found->sentence + (found->remedy.empty() ? "" : " Run: " + found->remedy);
+}
+
+/// That another program has the pedal, for a line beside the window's; empty if none has.
+inline std::string holderLine(const std::vector<Finding>& findings) {
+    const auto found = std::ranges::find_if(findings, [](const Finding& finding) {
+        return finding.present && finding.kind == Trouble::Kind::heldByAnother;
+    });
+    return found == findings.end()
+               ? ""
+               : (found->program.empty() ? "Another program" : found->program) + " is using the pedal";
 }
 
 }  // namespace kzq

@@ -18,13 +18,19 @@ TEST(Absence, LooksAtOnceAndEveryFiveSecondsForAsLongAsNoPedalIsThere) {
     MainWindow window;
     auto& shown = *window.findChild<QLabel*>("emptyRemedy");
     int looks = 0;
-    const auto absence = Absence::watch(executor, window, [&] {
+    std::string holder = "unknown";
+    const auto look = [&] {
         EXPECT_FALSE(executor.onMainThread());
         executor.sleep(1s);
-        return "look " + std::to_string(++looks);
-    });
+        const auto words = "look " + std::to_string(++looks);
+        return std::vector{Finding{Trouble::Kind::heldByAnother, true, words, {}, words}};
+    };
+    const auto absence =
+        Absence::watch(executor, window, look, [&holder](const auto& words) { holder = words; });
     EXPECT_TRUE(shown.isHidden());
+    EXPECT_EQ(holder, "");
     executor.advance(1s);
+    EXPECT_EQ(holder, "look 1 is using the pedal");
     EXPECT_EQ(shown.text(), "look 1");
     EXPECT_FALSE(shown.isHidden());
     executor.advance(4999ms + 1s);
@@ -34,6 +40,7 @@ TEST(Absence, LooksAtOnceAndEveryFiveSecondsForAsLongAsNoPedalIsThere) {
     // The pedal arrives and leaves during the next look, which is then ignored.
     executor.advance(5s + 500ms);
     window.showMeter(true);
+    EXPECT_EQ(holder, "");
     window.showMeter(false);
     EXPECT_EQ(shown.text(), "");  // the earlier obstacle is gone
     executor.advance(500ms);

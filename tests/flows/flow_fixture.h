@@ -110,7 +110,7 @@ class FlowTest : public testing::Test {
     Executor::Duration conversionTime{};
     decltype(AppEnvironment::writeFile) writeFile = writeNew;
     std::uint64_t freeSpace = 1'000'000;
-    std::string diagnosis = "a remedy";
+    std::vector<Finding> diagnosis = {{Trouble::Kind::noUdev, true, "a remedy", {}}};
     decltype(AppEnvironment::asRoot) asRoot;
     Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;

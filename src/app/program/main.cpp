@@ -98,10 +98,6 @@ UpdateDesktop desktop() {
                 }};
 }
 
-std::string remedy() {
-    return obstacleLine(diagnose());
-}
-
 std::function<Result<void>(const std::string&)> rootShell() {
     const auto program = QStandardPaths::findExecutable("pkexec");
     if (program.isEmpty()) {
@@ -136,7 +132,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .installation = Installation::ofThisProgram(),
         .downloads = downloadFolder(),
         .convert = &convertedFile,
-        .diagnose = options.simulate ? nullptr : remedy,
+        .diagnose = options.simulate ? decltype(AppEnvironment::diagnose)() : [] { return diagnose(); },
         .asRoot = rootShell(),
         .modifiers = {},
         .quit = &QCoreApplication::quit};

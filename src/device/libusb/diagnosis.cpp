@@ -122,13 +122,17 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     const std::string driver = driverOf(pedal);
     const auto node = deviceFile(pedal, places.nodes);
-    if (const auto program = lockHolder(node, places.processes)) {
+    const auto program = lockHolder(node, places.processes);
+    const bool ours = program && program->process == places.processes.self;
+    if (program && !ours) {
         return {Trouble::Kind::heldByAnother,
                 true,
-                "The pedal is in use by " + *program + ". Close that program, or wait until it has finished.",
-                {}};
+                "The pedal is in use by " + program->words() +
+                    ". Close that program, or wait until it has finished.",
+                {},
+                program->words()};
     }
-    if (driver.empty() || driver == roadDriver) {  // from which our programs take it back
+    if (ours || driver.empty() || driver == roadDriver) {  // from which our programs take it back
         return {Trouble::Kind::heldByAnother, false, "No other program is using the pedal.", {}};
     }
     if (driver == programDriver) {

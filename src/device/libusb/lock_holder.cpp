@@ -37,7 +37,7 @@ int holderIn(const std::string& line, const std::string& name) {
 
 }  // namespace
 
-std::optional<std::string> lockHolder(const std::filesystem::path& file, const ProcessPlaces& places) {
+std::optional<LockHolder> lockHolder(const std::filesystem::path& file, const ProcessPlaces& places) {
     struct stat about {};
     if (::stat(file.c_str(), &about) != 0) {
         return std::nullopt;
@@ -47,7 +47,7 @@ std::optional<std::string> lockHolder(const std::filesystem::path& file, const P
         const int process = holderIn(line, lockedName(about));
         std::ifstream name(places.processes / std::to_string(process) / "comm");
         if (std::string program; process > 0 && std::getline(name, program)) {
-            return program + " (process " + std::to_string(process) + ")";
+            return LockHolder{program, process};
         }
     }
     return std::nullopt;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -10,10 +12,19 @@ namespace kzq {
 struct ProcessPlaces {
     std::filesystem::path locks = "/proc/locks";
     std::filesystem::path processes = "/proc";
+    int self = ::getpid();  ///< which is not another program
 };
 
-/// The program that holds the lock on `file`, as "kzq7306 (process 1234)"; nothing if none does, or if the
-/// kernel does not show it, as across containers.
-std::optional<std::string> lockHolder(const std::filesystem::path& file, const ProcessPlaces& places = {});
+struct LockHolder {
+    std::string program;
+    int process = 0;
+
+    /// "kzq7306 (process 1234)"
+    std::string words() const { return program + " (process " + std::to_string(process) + ")"; }
+};
+
+/// The program that holds the lock on `file`; nothing if none does, or if the kernel does not show it, as
+/// across containers.
+std::optional<LockHolder> lockHolder(const std::filesystem::path& file, const ProcessPlaces& places = {});
 
 }  // namespace kzq
