@@ -10,6 +10,7 @@
 
 #include "device/finding.h"
 #include "device/link.h"
+#include "platform/awake.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "platform/new_file.h"
@@ -48,6 +49,8 @@ struct AppEnvironment {
     /// Runs commands of a shell as root, with a password that the desktop asks for. On a background thread.
     /// Empty: there is no such program.
     std::function<Result<void>(const std::string& commands)> asRoot = {};
+    /// Keeps the computer awake while the window transfers. On a background thread. Empty: it may sleep.
+    std::function<AwakeLock(AwakeFor)> keepAwake = {};
     /// The modifier keys held now. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
     /// Saves a file under a free name. On a background thread.

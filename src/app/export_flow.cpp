@@ -39,6 +39,7 @@ class Export {
         }
         run.letPanelsClose();
         if (run.ask([&] { return start(run); }).value_or(false)) {
+            const auto awake = run.keepAwake(AwakeFor::transfer);
             const auto outcome = runExport(*run.pedal, order_, events_);
             run.ask([&] { finish(run, outcome); });
         }

@@ -105,6 +105,7 @@ class Installation {
 
     /// After a failure the bar and the offer stay.
     void install(Run& run, const FirmwareImage& image) {
+        const auto awake = run.keepAwake(AwakeFor::firmware);
         const auto end = runFlash(*run.pedal, image, restart(run));
         const bool sent = end.how == FlashEnd::How::sent;
         if (sent) {

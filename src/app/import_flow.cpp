@@ -32,6 +32,7 @@ class Import {
         }
         run.letPanelsClose();
         if (run.ask([&] { return start(run, *folder); }).value_or(false)) {
+            const auto awake = run.keepAwake(AwakeFor::transfer);
             const auto outcome = runImport(*run.pedal, order_, events_);
             run.ask([&] { finish(run, outcome); });
         }

@@ -123,6 +123,7 @@ void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) 
             parts.teller.silent();
         }
     };
+    window.keepAwake = environment.keepAwake;
     parts.flows = std::make_unique<Flows>(environment.executor, std::move(window), environment.link);
 }
 

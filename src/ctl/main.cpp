@@ -186,7 +186,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .http = &http,
         .manifest = firmwareManifestAddress(options.host),
         .home = homeFolder(),
-        .keepAwake = keepAwake,
+        .keepAwake = [] { return keepAwake(AwakeFor::firmware); },
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
         .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
         .examine = [real = !options.simulate] { return real ? diagnoseByTrying() : simulatedFindings(); },

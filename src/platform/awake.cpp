@@ -12,13 +12,18 @@ constexpr int answerLimit = 3000;  ///< milliseconds
 
 }  // namespace
 
-AwakeLock keepAwake() {
+AwakeLock keepAwake(AwakeFor work) {
+    const bool firmware = work == AwakeFor::firmware;
     auto call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
         QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"));
     // The lid has a lock of its own: closing it sends a computer to sleep in spite of the others.
-    call << QStringLiteral("sleep:shutdown:idle:handle-lid-switch") << QStringLiteral("7306 Loop Manager")
-         << QStringLiteral("The pedal's firmware is being installed") << QStringLiteral("block");
+    call << (firmware ? QStringLiteral("sleep:shutdown:idle:handle-lid-switch")
+                      : QStringLiteral("sleep:handle-lid-switch"))
+         << QStringLiteral("7306 Loop Manager")
+         << (firmware ? QStringLiteral("The pedal's firmware is being installed")
+                      : QStringLiteral("Loops are being copied"))
+         << QStringLiteral("block");
     const QDBusReply<QDBusUnixFileDescriptor> reply =
         QDBusConnection::systemBus().call(call, QDBus::Block, answerLimit);
     if (!reply.isValid()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -11,8 +12,12 @@ struct AwakeLock {
     std::string problem;
 };
 
-/// Asks the system's login manager to neither sleep nor shut down, not even when the lid is closed. Waits a
-/// few seconds at most; needs a QCoreApplication. Any thread.
-AwakeLock keepAwake();
+/// What the computer is kept awake for: a transfer, which a shutdown may end, or an installation of firmware,
+/// which it may not.
+enum class AwakeFor : std::uint8_t { transfer, firmware };
+
+/// Asks the system's login manager not to sleep, not even when the lid is closed. Waits a few seconds at
+/// most; needs a QCoreApplication. Any thread.
+AwakeLock keepAwake(AwakeFor work);
 
 }  // namespace kzq

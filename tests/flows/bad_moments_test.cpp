@@ -317,6 +317,52 @@ TEST_F(BadMoments, ARefusedBatchLeavesTheShieldForTheRestOfTheRun) {
     delegate->applicationWillTerminate();
 }
 
+TEST_F(BadMoments, TheComputerStaysAwakeUntilATransferEndsHoweverItEnds) {
+    std::vector<AwakeFor> asked;
+    std::weak_ptr<int> lock;
+    Executor::Duration answerTime{};
+    keepAwake = [&](AwakeFor work) {
+        executor.sleep(answerTime);
+        asked.push_back(work);
+        const auto hold = std::make_shared<int>();
+        lock = hold;
+        return AwakeLock{hold, {}};
+    };
+    launchConnected();
+    port.pace = port.writePace = 1s;
+    const auto import = [this] {
+        select({1});
+        window->importButton()->click();
+        executor.advanceUntil([this] { return shieldUp(); }, 1s);
+        pass(1s);
+    };
+    import();
+    EXPECT_FALSE(lock.expired());
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_TRUE(lock.expired());
+    stage(2, 600);
+    window->exportButton()->click();
+    pass(1s);
+    EXPECT_FALSE(lock.expired());
+    EXPECT_TRUE(becomesIdle());
+    EXPECT_TRUE(lock.expired());
+    answerTime = 1min;  // longer than the import lasts
+    import();
+    EXPECT_TRUE(becomesIdle());
+    pass(1min);
+    EXPECT_TRUE(lock.expired());
+    answerTime = 0s;
+    import();
+    EXPECT_FALSE(lock.expired());
+    pedal.unplug();
+    expectRest();
+    EXPECT_TRUE(lock.expired());
+    delegate->installFirmware(audioFile("firmware.bin", 10));
+    EXPECT_TRUE(becomesIdle());
+    constexpr auto transfer = AwakeFor::transfer;
+    EXPECT_THAT(asked, ElementsAre(transfer, transfer, transfer, transfer, AwakeFor::firmware));
+}
+
 TEST_F(BadMoments, AConversionThatFinishesAfterThePedalHasLeft) {
     launchConnected();
     conversionTime = 10s;

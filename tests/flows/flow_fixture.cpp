@@ -72,6 +72,7 @@ void FlowTest::launch(Executor::Duration wait) {
             .convert = [this](const std::string& path) { return convert(path); },
             .diagnose = [this] { return diagnosis; },
             .asRoot = asRoot,
+            .keepAwake = keepAwake,
             .modifiers = [this] { return modifiers; },
             .writeFile = writeFile,
             .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },

@@ -112,6 +112,7 @@ class FlowTest : public testing::Test {
     std::uint64_t freeSpace = 1'000'000;
     std::vector<Finding> diagnosis = {{Trouble::Kind::noUdev, true, "a remedy", {}}};
     decltype(AppEnvironment::asRoot) asRoot;
+    decltype(AppEnvironment::keepAwake) keepAwake;
     Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;
     bool mainThreadWaits = false;  ///< set where a test makes it wait

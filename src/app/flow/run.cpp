@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "device/kzq7306.h"
+#include "platform/log.h"
 
 namespace kzq {
 
@@ -54,6 +55,22 @@ std::function<void(Executor::Task)> Run::poster() const {
 
 void Run::letPanelsClose() {
     place_->executor.sleep(std::chrono::milliseconds(100));
+}
+
+std::shared_ptr<void> Run::keepAwake(AwakeFor work) const {
+    const auto& ask = place_->window.keepAwake;
+    auto wanted = std::make_shared<std::shared_ptr<void>>();
+    if (ask) {
+        place_->executor.background(Priority::high, [ask, work, weak = std::weak_ptr(wanted)] {
+            auto lock = ask(work);
+            if (!lock.hold) {
+                log(LogCategory::application, "the computer may go to sleep: " + lock.problem);
+            } else if (const auto still = weak.lock()) {
+                *still = std::move(lock.hold);
+            }
+        });
+    }
+    return wanted;
 }
 
 void Run::end(const Outcome& outcome, const Executor::Task& before) {

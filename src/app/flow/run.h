@@ -11,6 +11,7 @@
 #include "device/link.h"
 #include "operations/outcome.h"
 #include "operations/pedal.h"
+#include "platform/awake.h"
 #include "platform/condition.h"
 #include "platform/executor.h"
 #include "platform/fixed.h"
@@ -24,6 +25,8 @@ struct FlowWindow {
     std::function<void(bool up)> shield = {};
     std::function<void()> sayBusy = {};    ///< may run an event loop
     std::function<void()> saySilent = {};  ///< the pedal has not answered for a while
+    /// Blocks; on a background thread. Empty: the computer may sleep.
+    std::function<AwakeLock(AwakeFor)> keepAwake = {};
 };
 
 /// What all runs share.
@@ -68,6 +71,10 @@ class Run : Fixed {
 
     /// Time for a panel to close before the window is covered.
     void letPanelsClose();
+
+    /// Keeps the computer awake as long as the result lives, or until the window has gone. Does not wait for
+    /// that; where it is not possible, the log says so.
+    std::shared_ptr<void> keepAwake(AwakeFor work) const;
 
     /// How every run ends: `before` has what the window shows of it ended, and the shield goes. A pedal that
     /// was busy after all leaves them up for the rest of the program's life, deliberately. Main thread.

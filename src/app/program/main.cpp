@@ -25,6 +25,7 @@
 #include "device/libusb/libusb_port.h"
 #include "device/simulator/simulation.h"
 #include "operations/sentences.h"
+#include "platform/awake.h"
 #include "platform/process.h"
 #include "platform/qt_executor.h"
 #include "platform/run_folder.h"
@@ -134,6 +135,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .convert = &convertedFile,
         .diagnose = options.simulate ? decltype(AppEnvironment::diagnose)() : [] { return diagnose(); },
         .asRoot = rootShell(),
+        .keepAwake = options.simulate ? nullptr : keepAwake,
         .modifiers = {},
         .quit = &QCoreApplication::quit};
 }
