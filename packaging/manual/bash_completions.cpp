@@ -66,6 +66,10 @@ void writeValues(std::ostream& out, const std::string& command, const std::vecto
     }
 }
 
+ValueKind kindOf(const std::vector<OptionText>& positionals) {
+    return positionals.empty() ? ValueKind::none : positionals.front().kind;
+}
+
 void writeWords(std::ostream& out, const std::string& command, const std::string& words, ValueKind kind) {
     out << "        \"" << command << "\") words=\"" << words << "\" kind=" << generator(kind) << " ;;\n";
 }
@@ -96,13 +100,12 @@ void writeBash(std::ostream& out, const ProgramText& program) {
     }
     out << "    esac\n    case \"$command\" in\n";
     for (const auto& command : program.commands) {
-        const auto& positionals = command.positionals;
-        const auto kind = positionals.empty() ? ValueKind::none : positionals.front().kind;
+        const auto kind = kindOf(command.positionals);
         const std::string names =
             kind == ValueKind::command ? top : joined(command.children) + " " + namesOf(command.options);
         writeWords(out, command.name, names + " " + globals, kind);
     }
-    writeWords(out, "", top + " " + globals, ValueKind::none);
+    writeWords(out, "", top + " " + globals, kindOf(program.positionals));
     out << "    esac\n"
         << "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$cur\"; [[ -z $kind ]] || compgen "
            "\"$kind\" -- \"$cur\")\n"

@@ -53,7 +53,8 @@ void writeOptions(std::ostream& out, const std::string& start, const std::vector
 
 void writeFish(std::ostream& out, const ProgramText& program) {
     const std::string start = "complete -c " + program.name;
-    out << "# fish completion for " << program.name << "\n" << start << " -f\n";
+    out << "# fish completion for " << program.name << "\n"
+        << start << (program.positionals.empty() ? " -f\n" : " -F\n");
     writeOptions(out, start, program.options);
     for (const auto& command : program.commands) {
         const auto space = command.name.rfind(' ');

@@ -36,13 +36,18 @@ void writeOption(std::ostream& out, const OptionText& option) {
     out << "\n" << escaped(option.description) << ".\n";
 }
 
-void writeCommand(std::ostream& out, const CommandText& command) {
-    out << ".SS " << escaped(command.name);
-    for (const auto& positional : command.positionals) {
+std::string wordsOf(const std::vector<OptionText>& positionals) {
+    std::string words;
+    for (const auto& positional : positionals) {
         const std::string word = positional.names.front() + (positional.many ? "..." : "");
-        out << " " << (positional.required ? word : "[" + word + "]");
+        words += " " + (positional.required ? word : "[" + word + "]");
     }
-    out << "\n" << escaped(command.description) << ".\n";
+    return words;
+}
+
+void writeCommand(std::ostream& out, const CommandText& command) {
+    out << ".SS " << escaped(command.name) << wordsOf(command.positionals) << "\n"
+        << escaped(command.description) << ".\n";
     for (const auto& positional : command.positionals) {
         writeOption(out, positional);
     }
@@ -78,7 +83,8 @@ void writePage(std::ostream& out, const ProgramText& program, const std::vector<
         << ".SH NAME\n"
         << program.name << " \\- " << escaped(what) << "\n"
         << ".SH SYNOPSIS\n.B " << program.name << "\n[\\fIOPTIONS\\fR]";
-    out << (program.commands.empty() ? "\n" : " \\fICOMMAND\\fR [\\fIARGUMENTS\\fR]\n");
+    out << wordsOf(program.positionals)
+        << (program.commands.empty() ? "\n" : " \\fICOMMAND\\fR [\\fIARGUMENTS\\fR]\n");
     out << ".SH DESCRIPTION\n" << escaped(program.description) << "\n";
     if (!program.commands.empty()) {
         out << ".SH COMMANDS\n";
@@ -87,6 +93,9 @@ void writePage(std::ostream& out, const ProgramText& program, const std::vector<
         writeCommand(out, command);
     }
     out << ".SH OPTIONS\n";
+    for (const auto& positional : program.positionals) {
+        writeOption(out, positional);
+    }
     for (const auto& option : program.options) {
         writeOption(out, option);
     }

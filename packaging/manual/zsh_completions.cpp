@@ -94,8 +94,10 @@ void writeZsh(std::ostream& out, const ProgramText& program) {
     for (const auto& command : program.commands) {
         writeCommand(out, program, command);
     }
-    out << "  '')\n    _arguments -S $globals '*: :->commands'\n    commands=(" << described(program, "")
-        << ")\n    ;;\nesac\n"
+    const bool commands = program.positionals.empty();
+    out << "  '')\n    _arguments -S $globals '*: :"
+        << (commands ? "->commands" : action(program.positionals.front().kind)) << "'\n    commands=("
+        << described(program, "") << ")\n    ;;\nesac\n"
         << "if [[ $state = commands ]]; then\n  _describe command commands\nfi\n";
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "device/kzq7306.h"
+#include "ui/panels/front_window.h"
 
 namespace kzq {
 
@@ -25,6 +26,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
         pedalRead(parts);
         parts.presenter.table();
         parts.teller.rest();
+        parts.handedFiles.place();
     } else {
         looper->refresh();
     }
@@ -36,6 +38,24 @@ AppDelegate::AppDelegate(AppEnvironment environment, MainWindow& window)
     : parts_(std::make_unique<AppParts>(std::move(environment), window)) {}
 
 AppDelegate::~AppDelegate() = default;
+
+// --- start and end
+
+void AppDelegate::openFiles(const QList<QUrl>& files) {
+    if (!files.isEmpty()) {
+        parts_->handedFiles.add(files);
+        if (parts_->window.shield() == nullptr) {
+            selectExportTab();
+        }
+    }
+}
+
+void AppDelegate::comeForward() {
+    openMainWindow();
+    auto* const front = frontWindow(&parts_->window);
+    front->raise();
+    front->activateWindow();
+}
 
 // --- the pedal
 
@@ -69,6 +89,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     if (const auto change = parts_->model.changed(status.loops)) {
         parts_->presenter.change(*change);
         parts_->teller.rest();
+        parts_->handedFiles.place();
     }
 }
 

@@ -45,6 +45,10 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void applicationDidFinishLaunching() { launch(shared_from_this(), *parts_); }
     /// Removes the working copies of what is still staged. Quick, in every state.
     void applicationWillTerminate() { parts_->staging->removeWorkingCopies(); }
+    /// Files that came without a row, for the next free ones.
+    void openFiles(const QList<QUrl>& files);
+    /// Somebody started the program again.
+    void comeForward();
     void updaterWillRelaunchApplication(SUUpdater& /*updater*/) override {
         writeBundleNameMarker(parts_->environment.home);
     }

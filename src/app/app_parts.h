@@ -6,6 +6,7 @@
 #include "app/absence.h"
 #include "app/app_environment.h"
 #include "app/flow/flows.h"
+#include "app/handed_files.h"
 #include "app/menu_closing.h"
 #include "app/menu_control.h"
 #include "app/model/loop_model.h"
@@ -37,6 +38,7 @@ struct AppParts : Fixed {
     Presenter presenter{window, rows, model, panels.about};
     Teller teller{environment, window, model};
     const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter, teller);
+    HandedFiles handedFiles{model, *staging, teller};
     MenuControl menu{environment, window, panels};
     TransferPanel transferPanel{window, menu, panels};
     std::unique_ptr<Flows> flows;  ///< since the launch

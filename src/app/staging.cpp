@@ -55,6 +55,7 @@ void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
 
 void Staging::convert(SlotNumber slot, const QUrl& file) {
     const Drop drop{slot, file, model_.nextDrop()};
+    expected_.insert(slot);
     environment_.executor.background(
         Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop,
                          convert = environment_.convert, path = file.toLocalFile().toStdString()] {
@@ -64,6 +65,7 @@ void Staging::convert(SlotNumber slot, const QUrl& file) {
                     return;
                 }
                 if (!copy) {
+                    self->expected_.extract(drop.slot);
                     self->teller_.tell(toldUnusable(drop.file.fileName().toStdString(), copy.error()));
                     return;
                 }
@@ -87,6 +89,7 @@ void Staging::work() {
     while (holds_ == 0 && !waiting_.empty()) {
         const auto [drop, copy] = std::move(waiting_.front());
         waiting_.pop_front();
+        expected_.extract(drop.slot);
         stage(drop, copy);
     }
     sayTooLarge();

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <set>
 #include <utility>
 
 #include "app/app_environment.h"
@@ -44,6 +45,9 @@ class Staging : public std::enable_shared_from_this<Staging> {
     void choose(const Slot& row);
     /// Only the first file counts.
     void dropped(const Slot& row, const QList<QUrl>& files);
+    void put(SlotNumber slot, const QUrl& file) { convert(slot, file); }
+    /// Whether a file is on its way to that row.
+    bool isExpected(SlotNumber slot) const { return expected_.contains(slot); }
 
     /// A pedal has left, or comes, and what is staged is forgotten. `arrived` says so.
     void letGo(const std::map<SlotNumber, QUrl>& files);
@@ -75,6 +79,7 @@ class Staging : public std::enable_shared_from_this<Staging> {
     LoopModel& model_;
     Presenter& presenter_;
     Teller& teller_;
+    std::multiset<SlotNumber> expected_;  ///< by what is being converted, or waits
     unsigned holds_ = 0;
     std::deque<std::pair<Drop, std::filesystem::path>> waiting_;  ///< converted while held
     unsigned tooLarge_ = 0;                                       ///< alerts that are due

@@ -144,6 +144,12 @@ def window_of(process):
     return None
 
 
+def picture(name):
+    """Of the screen, for a person to look at, if PICTURES is a folder."""
+    if folder := os.environ.get("PICTURES"):
+        subprocess.run(["import", "-window", "root", f"{folder}/{name}.png"], check=False)
+
+
 def drag(source, target):
     """Between two points, in steps, as a hand does it."""
     xdotool("mousemove", *source, "mousedown", 1)
@@ -204,8 +210,7 @@ class Program:
             print(file.read())
         root = ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK", "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST_STACKING"]
         print(subprocess.run(root, capture_output=True, text=True, check=False).stdout)
-        if folder := os.environ.get("PICTURES"):
-            subprocess.run(["import", "-window", "root", f"{folder}/{self.process.pid}.png"], check=False)
+        picture(self.process.pid)
 
     def application(self):
         desktop = Atspi.get_desktop(0)

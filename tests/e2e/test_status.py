@@ -2,19 +2,13 @@
 
 import os
 import resource
-import subprocess
 import tempfile
 import unittest
 import wave
 
-from driver import Ear, Program, choose, key, wait
+from driver import Ear, Program, choose, key, picture, wait
 
 LARGEST = 50_000_000
-
-
-def picture(name):
-    if folder := os.environ.get("PICTURES"):
-        subprocess.run(["import", "-window", "root", f"{folder}/{name}.png"], check=False)
 
 
 def pedal(**loops):

@@ -11,7 +11,9 @@
 #include "app/app_delegate.h"
 #include "app/app_environment.h"
 #include "app/application.h"
+#include "app/bus/first_window.h"
 #include "app/main_window.h"
+#include "app/program/hand_over.h"
 #include "app/program/options.h"
 #include "app/program/relaunch.h"
 #include "app/program/self_check_run.h"
@@ -140,8 +142,21 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .quit = &QCoreApplication::quit};
 }
 
-int runWindow(Application& application, const ProgramOptions& options, QtExecutor& executor,
-              const std::string& certificates, simulator::Simulation* simulation) {
+/// Other starts come to this window, which begins with the files of its own.
+void receive(FirstWindow& first, const std::shared_ptr<AppDelegate>& delegate,
+             const ProgramOptions& options) {
+    first.setReceiver([weak = std::weak_ptr(delegate)](const auto& files) {
+        if (const auto self = weak.lock()) {
+            self->comeForward();
+            self->openFiles(files);
+        }
+    });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &first, &FirstWindow::release);
+    delegate->openFiles(filesOf(options));
+}
+
+int runWindow(Application& application, FirstWindow& first, const ProgramOptions& options,
+              QtExecutor& executor, const std::string& certificates, simulator::Simulation* simulation) {
     std::unique_ptr<UsbPort> bus;
     if (simulation == nullptr) {
         bus = std::make_unique<LibusbPort>();
@@ -165,6 +180,7 @@ int runWindow(Application& application, const ProgramOptions& options, QtExecuto
         simulation->pedal().plugIn();
     }
     delegate->applicationDidFinishLaunching();
+    receive(first, delegate, options);
     if (simulation != nullptr) {
         showSimulation(window, simulation->pedal(), !options.unplugged);
     }
@@ -196,12 +212,17 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (!certificates) {
         return complain(fileStatus, "cannot read " + options.authorities.string());
     }
+    const Start start{filesOf(options), startTokens()};
     Application application(argc, argv);
     Application::setApplicationName("kzq7306");
     Application::setApplicationDisplayName("");  // leaves window titles as they are
     Application::setDesktopFileName("kzq7306");
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
+    FirstWindow first(QDBusConnection::sessionBus(), nameOnBus(options));
+    if (isHandedOver(first, start)) {
+        return EXIT_SUCCESS;
+    }
     registerFonts();
     RunFolder::ofThisRun().sweep();
     QtExecutor executor;
@@ -216,7 +237,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
         simulation = std::move(*made);
     }
     quitOnSignals(executor, [&executor] { leaveSoon(executor); });
-    return runWindow(application, options, executor, *certificates, simulation.get());
+    return runWindow(application, first, options, executor, *certificates, simulation.get());
 }
 
 }  // namespace

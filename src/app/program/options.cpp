@@ -16,6 +16,8 @@ ProgramCommandLine::ProgramCommandLine()
     : app("Manages the loops of a 7306 looper pedal in a window.", "kzq7306"), simulate(app) {
     app.set_help_flag("-h,--help", "Show this help and exit");
     app.set_version_flag("-V,--version", "kzq7306 " KZQ_VERSION, "Show the version and exit");
+    app.add_option("FILE", options.files, "An audio file for the next free row of the Export tab")
+        ->option_text("...");
     app.add_flag("--unplugged", options.unplugged, "Start with the simulated pedal unplugged");
     app.add_option("--host", options.host, "Ask this server for updates, not the maker's")
         ->option_text("HOST[:PORT]");

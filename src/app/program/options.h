@@ -10,11 +10,12 @@ namespace kzq {
 /// The command-line options of the window's program.
 struct ProgramOptions {
     bool simulate = false;
-    std::filesystem::path simulatedFolder;  ///< empty: the simulated pedal's own loops
-    std::vector<std::string> faults;        ///< for the simulated pedal, as given
-    bool unplugged = false;                 ///< the simulated pedal starts off the bus
-    std::string host;                       ///< in place of the maker's; empty: the maker's
-    bool selfCheck = false;                 ///< see runSelfCheck
+    std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
+    std::vector<std::string> faults;           ///< for the simulated pedal, as given
+    std::vector<std::filesystem::path> files;  ///< for the next free rows
+    bool unplugged = false;                    ///< the simulated pedal starts off the bus
+    std::string host;                          ///< in place of the maker's; empty: the maker's
+    bool selfCheck = false;                    ///< see runSelfCheck
     std::filesystem::path authorities;  ///< certificates trusted instead of the system's; empty: the system's
 };
 

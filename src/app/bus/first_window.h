@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+#include <QVariant>
+#include <chrono>
+#include <functional>
+
+namespace kzq {
+
+/// What a start of the program wants.
+struct Start {
+    QList<QUrl> files = {};
+    /// By which the desktop lets a window come forward, as org.freedesktop.Application has it.
+    QVariantMap platformData = {};
+};
+
+/// The desktop's tokens that this process was started with. Before the application is made, which uses them
+/// up.
+QVariantMap startTokens();
+
+/// Makes one window of all starts for the same pedal: the first has a name on the session bus, by which
+/// later ones hand over to it. It speaks org.freedesktop.Application, as desktops do. Main thread.
+class FirstWindow : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+  public:
+    /// Without a name, or a bus, every start is the first.
+    FirstWindow(QDBusConnection bus, QString name);
+    ~FirstWindow() override;
+
+    enum class Claim : std::uint8_t {
+        first,       ///< the name is ours, or there are no names
+        handedOver,  ///< to the window that is there, which came forward
+        unanswered,  ///< by the program that has the name, within the limit
+    };
+    /// Waits for that program, and takes the name if it ends meanwhile.
+    Claim claim(const Start& start, std::chrono::milliseconds limit = std::chrono::seconds(3));
+
+    /// What other starts hand over; comes from the main loop.
+    void setReceiver(std::function<void(const QList<QUrl>& files)> receiver) {
+        receiver_ = std::move(receiver);
+    }
+    /// From now on, other starts are on their own.
+    void release();
+
+  public Q_SLOTS:
+    // NOLINTBEGIN(readability-identifier-naming): on the bus they are called so
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& addresses, const QVariantMap& platformData);
+    // NOLINTEND(readability-identifier-naming)
+
+  private:
+    QDBusConnection bus_;
+    const QString name_;
+    std::function<void(const QList<QUrl>&)> receiver_;
+};
+
+}  // namespace kzq

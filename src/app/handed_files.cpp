@@ -1,0 +1,56 @@
+#include "app/handed_files.h"
+
+#include <string>
+#include <utility>
+
+#include "app/model/loop_model.h"
+#include "app/staging.h"
+#include "app/teller.h"
+
+namespace kzq {
+
+namespace {
+
+/// `left` are those of `given` files for which there was no row.
+Told toldLeft(const QList<QUrl>& left, qsizetype given) {
+    const auto used = given - left.size();
+    std::string names;
+    for (const auto& file : left) {
+        names += (names.empty() ? "" : ", ") + ("\"" + file.fileName().toStdString() + "\"");
+    }
+    return {.what = used == 0 ? "No file was used"
+                              : "Only " + std::to_string(used) + " of " + std::to_string(given) + " files " +
+                                    (used == 1 ? "was" : "were") + " used",
+            .why = "no other row is free",
+            .detail = "Left out: " + names + ".",
+            .failure = true};
+}
+
+}  // namespace
+
+void HandedFiles::add(const QList<QUrl>& files) {
+    waiting_ += files;
+    place();
+}
+
+void HandedFiles::place() {
+    if (waiting_.isEmpty() || !model_.table().complete) {
+        teller_.waiting(static_cast<std::size_t>(waiting_.size()));
+        return;
+    }
+    auto left = std::exchange(waiting_, {});
+    teller_.waiting(0);
+    const auto given = left.size();
+    for (std::uint64_t number = 1; number <= loopSlots && !left.isEmpty(); ++number) {
+        const auto slot = *SlotNumber::of(number);
+        if (!model_.table().contains(slot) && !model_.staging().contains(slot) &&
+            !staging_.isExpected(slot)) {
+            staging_.put(slot, left.takeFirst());
+        }
+    }
+    if (!left.isEmpty()) {
+        teller_.tell(toldLeft(left, given));
+    }
+}
+
+}  // namespace kzq
