@@ -39,6 +39,8 @@ bool KZQ7306::flashFirmware(std::vector<std::uint8_t> image, FlashCompletion com
         [weak = weak_from_this(), flash = Flash{std::move(image), std::move(completion)}]() mutable {
             if (const auto self = weak.lock()) {
                 const auto lock = self->beginOperation(flashing);
+                self->imageDue_ = false;
+                self->imageGone_.before = 0;
                 self->setFlash(std::move(flash));
                 self->beginFirmwareUpdate();
             }
@@ -93,7 +95,8 @@ bool KZQ7306::sendFirmware(const std::vector<std::uint8_t>& image) {
         return failed("the preparation");
     }
     environment_.executor.sleep(preparation);
-    if (!write(image)) {
+    imageDue_ = true;
+    if (!kept(send(image, imageGone_))) {
         return failed("the image");
     }
     environment_.executor.sleep(settling);
@@ -123,6 +126,10 @@ std::optional<KZQ7306::Flash> KZQ7306::takeFlash() {
 KZQ7306::FlashCompletion KZQ7306::flashCompletion() const {
     const std::lock_guard mirror(mirror_);
     return flash_ ? flash_->completion : nullptr;
+}
+
+std::optional<std::size_t> KZQ7306::imageSent() const {
+    return imageDue_ ? std::optional(imageGone_.before + imageGone_.now) : std::nullopt;
 }
 
 bool KZQ7306::flashPending() const {

@@ -177,6 +177,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool beginFirmwareUpdate();
     bool completeFirmwareUpdate();
     bool flashPending() const;
+    /// Bytes of the image of the update that is under way, or was the last; nothing until it is its turn. Any
+    /// thread.
+    std::optional<std::size_t> imageSent() const;
 
     /// Asks the running batch to stop before its next piece. Any thread.
     void cancelTransfer() { cancel_ = true; }
@@ -252,7 +255,12 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Result<Status> readStatus(bool full, bool& whole);
     bool readLoops(Loops& loops, bool& whole);
     Result<Bytes> receive(std::int32_t length);
-    Result<std::size_t> send(ByteView bytes);
+    /// What has gone out of a write: by the calls that are over, and by the one that is under way.
+    struct Gone {
+        std::atomic<std::size_t> before = 0;
+        std::atomic<std::size_t> now = 0;
+    };
+    Result<std::size_t> send(ByteView bytes, Gone& gone);
     Result<Bytes> readLoop(SlotNumber slot, const TransferProgress& progress);
     Result<Bytes> readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress);
     Result<std::uint32_t> sendLoop(const ExportInfo& info, const TransferProgress& progress);
@@ -289,6 +297,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::atomic<std::uint8_t> autoincrement_ = 0;
     std::atomic<bool> cancel_ = false;
     std::atomic<std::int32_t> operation_ = idle;
+    std::atomic<bool> imageDue_ = false;
+    Gone imageGone_;
     std::atomic<bool> starting_ = false;  ///< an operation was accepted and has not begun
     std::atomic<std::uint64_t> callUnderWay_ = 0;
     std::uint64_t calls_ = 0;  ///< so far; under the lock

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -89,10 +90,11 @@ Result<Bytes> KZQ7306::receive(std::int32_t length) {
 
 bool KZQ7306::write(std::span<const std::uint8_t> bytes) {
     const std::lock_guard guard(*lock_);
-    return kept(send(bytes)).has_value();
+    Gone gone;
+    return kept(send(bytes, gone)).has_value();
 }
 
-Result<std::size_t> KZQ7306::send(ByteView bytes) {
+Result<std::size_t> KZQ7306::send(ByteView bytes, Gone& gone) {
     if (bytes.empty() || bytes.size() > std::numeric_limits<std::int32_t>::max()) {
         return Trouble{Trouble::Kind::badRequest};
     }
@@ -101,14 +103,14 @@ Result<std::size_t> KZQ7306::send(ByteView bytes) {
         return Trouble{Trouble::Kind::noPedal};
     }
     const CallOut out(*this, bytes.size());
-    for (std::size_t sent = 0; sent < bytes.size();) {
-        std::size_t transferred = 0;
-        const auto rest = bytes.subspan(sent);
-        const auto result = handle->bulkOut(pedalBulkOut, rest, transferred);
+    while (gone.before < bytes.size()) {
+        const auto rest = bytes.subspan(gone.before);
+        const auto result = handle->bulkOut(pedalBulkOut, rest, gone.now);
+        const auto transferred = gone.now.exchange(0);
+        gone.before += std::min(transferred, rest.size());
         if (result != usbSuccess || transferred > rest.size()) {
             return Trouble{Trouble::Kind::transferFailed};
         }
-        sent += transferred;
     }
     return bytes.size();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -59,8 +60,9 @@ class UsbHandle : Fixed {
     /// `transferred` is always set, even on failure, and may be more than requested.
     virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
                              std::size_t& transferred) = 0;
+    /// The same; `transferred` grows while it goes, for other threads.
     virtual UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                              std::size_t& transferred) = 0;
+                              std::atomic<std::size_t>& transferred) = 0;
     virtual UsbResult reset() = 0;
     /// Why the last `control` did not reach the pedal and its reply is a refusal that the host gave in the
     /// pedal's place; nothing if the reply is the pedal's own.

@@ -57,10 +57,13 @@ class Flash {
     Trouble missingLoader();
     FlashEnd send(std::size_t bytes);
     Trouble failure(unsigned departures);
+    void followImage(std::size_t bytes);
     std::string askVersion();
 
     void enter(FlashPhase phase);
-    FlashEnd notSent(Trouble why) const { return {How::notSent, phase_, {}, std::move(why)}; }
+    FlashEnd notSent(Trouble why) const {
+        return {How::notSent, phase_, {}, std::move(why), percent_.value_or(0)};
+    }
     char stage() const { return pedal_.cable().stage; }
     bool completed() const { return report_->completed != Answer::none; }
     bool stopped() const { return pedal_.stoppedFlag(); }
@@ -72,6 +75,7 @@ class Flash {
     KZQ7306& link_;
     const FlashEvents& events_;
     FlashPhase phase_ = FlashPhase::asking;
+    std::optional<unsigned> percent_;  ///< of the image
     const std::shared_ptr<Report> report_ = std::make_shared<Report>();
 };
 
@@ -200,16 +204,33 @@ FlashEnd Flash::send(std::size_t bytes) {
     report_->silent = false;
     enter(FlashPhase::sending);
     const auto extra = pauses + std::chrono::seconds(bytes / slowest);
-    if (!awaitPedal(extra, [this] { return completed(); })) {
+    const auto ready = [&] {
+        const bool over = completed();
+        followImage(bytes);
+        return over;
+    };
+    if (!awaitPedal(extra, ready)) {
         report_->silent = true;
         link_.interrupt();
-        await(resetGrace, [this] { return completed(); });
+        await(resetGrace, ready);
     }
     if (report_->completed != Answer::yes) {
         return notSent(failure(departures));
     }
     enter(FlashPhase::sent);
-    return {How::sent, phase_, {}, report_->trouble};
+    return {How::sent, phase_, {}, report_->trouble, percent_.value_or(0)};
+}
+
+void Flash::followImage(std::size_t bytes) {
+    const auto sent = link_.imageSent();
+    if (!sent) {
+        return;
+    }
+    const auto percent = static_cast<unsigned>(std::uint64_t{100} * *sent / bytes);
+    if (!percent_ || *percent_ < percent) {
+        percent_ = percent;
+        tell(events_.image, percent);
+    }
 }
 
 /// Why the image is not complete. `departures`: before it was begun.

@@ -39,6 +39,7 @@ struct FlashEnd {
     /// Of `notSent` and `unconfirmed`: why; stillInLoader, noReturn, unknownVersion, or cancelled: nobody
     /// waited for it. Of `sent`: noAnswer if the loader left a request unanswered, which is no refusal.
     std::optional<Trouble> why = {};
+    unsigned percent = 0;  ///< of the image that has gone out
 };
 
 /// Both on the operation's thread; either may be missing.
@@ -46,7 +47,21 @@ struct FlashEvents {
     std::function<void(FlashPhase)> phase = {};
     /// Again and again during a phase, with how long it has been waited for something.
     std::function<void(Executor::Duration waited)> waiting = {};
+    /// While `sending`: each time that another percent of the image has gone out, from 0, when its turn
+    /// comes.
+    std::function<void(unsigned percent)> image = {};
 };
+
+/// What is under way in an update, for people.
+struct FlashStep {
+    static constexpr int count = 4;
+
+    int number = 0;     ///< 1 to `count`; 0: there is nothing to say
+    std::string words;  ///< "Sending image, 61 %"
+    std::string said;   ///< for a screen reader, which gets only the quarters
+};
+/// `percent`: of the image, once its turn has come.
+FlashStep flashStep(FlashPhase phase, std::optional<unsigned> percent);
 
 /// Sends an image, which must not be empty. Once `asking` has been reported nothing but its own end ends
 /// this: the pedal may leave and come back, and `Pedal::stop` has no effect while the image is under way.

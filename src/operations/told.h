@@ -27,6 +27,13 @@ Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& aske
 Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
                 const std::filesystem::path& folder);
 Told told(const FlashEnd& end);
+/// The same for who knows what was sent: `wanted` is its version, empty if that is not known. A pedal that is
+/// back with another one has not taken it, and neither has one that did not agree to it, as `sent` says.
+Told told(const FlashEnd& end, const FlashEnd& sent, const std::string& wanted);
+/// Of the maker's list of firmware: when it last came, as people read it, empty for never; its newest; and
+/// why the last attempt got no further.
+Told toldFirmwareList(const std::string& read, const std::string& newest,
+                      const std::optional<Trouble>& trouble);
 /// Whether the computer did not pass on what an import asked of the pedal, as a rule of the system is
 /// missing.
 bool isMissingRule(const Trouble& trouble);

@@ -121,8 +121,11 @@ class FakeUsb : public UsbPort {
             return move(endpoint, into.size(), transferred);
         }
         UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                          std::size_t& transferred) override {
-            return move(endpoint, from.size(), transferred);
+                          std::atomic<std::size_t>& transferred) override {
+            std::size_t moved = 0;
+            const auto result = move(endpoint, from.size(), moved);
+            transferred = moved;
+            return result;
         }
         UsbResult reset() override {
             usb_.note("reset");

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <atomic>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <span>
 #include <utility>
@@ -16,8 +19,9 @@ class PacedPort : public simulator::SimulatedPort {
         : SimulatedPort(executor, pedal), executor_(executor) {}
 
     Executor::Duration pace{};       ///< of one read
-    Executor::Duration writePace{};  ///< of one write
-    Executor::Duration openPace{};   ///< of opening
+    Executor::Duration writePace{};  ///< of one write, or of a piece of it
+    std::size_t writePiece = std::numeric_limits<std::size_t>::max();
+    Executor::Duration openPace{};  ///< of opening
     /// Changes a reply on its way.
     std::function<void(std::uint8_t code, std::span<std::uint8_t> reply)> tamper;
 
@@ -56,9 +60,20 @@ class PacedPort : public simulator::SimulatedPort {
             return handle_->bulkIn(endpoint, into, transferred);
         }
         UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                          std::size_t& transferred) override {
-            port_.executor_.sleep(port_.writePace);
-            return handle_->bulkOut(endpoint, from, transferred);
+                          std::atomic<std::size_t>& transferred) override {
+            std::atomic<std::size_t> moved = 0;
+            transferred = 0;
+            do {
+                const auto piece =
+                    from.subspan(transferred, std::min(port_.writePiece, from.size() - transferred));
+                port_.executor_.sleep(port_.writePace);
+                const auto result = handle_->bulkOut(endpoint, piece, moved);
+                transferred += moved;
+                if (result != usbSuccess || moved != piece.size()) {
+                    return result;
+                }
+            } while (transferred < from.size());
+            return usbSuccess;
         }
         UsbResult reset() override { return handle_->reset(); }
 

@@ -169,7 +169,7 @@ TEST_F(UsbPortTest, AnInterfaceThatTheSystemTakesAwayIsADepartureAndAnArrival) {
     bus_.bind("usbtmc");  // as when the computer wakes up
     EXPECT_EQ(command(0xE2, 3, 1), usbNoDevice);
     EXPECT_EQ(command(0xE3, 3, 0), usbNoDevice);
-    std::size_t transferred = 1;
+    std::atomic<std::size_t> transferred = 1;
     EXPECT_EQ(handle_->bulkOut(pedalBulkOut, Bytes(64), transferred), usbNoDevice);
     EXPECT_EQ(transferred, 0);
     EXPECT_THAT(pedal_.journal(), IsEmpty());
@@ -246,7 +246,7 @@ TEST_F(UsbPortTest, SendsALargeWriteInPiecesAndCountsWhatWentOut) {
         return lengths;
     };
     const std::vector<std::uint8_t> image(200'000, 0x5A);
-    std::size_t transferred = 0;
+    std::atomic<std::size_t> transferred = 0;
     ASSERT_EQ(command(0xE4), int{replyLength});
     clock_.advance(std::chrono::seconds(8));
 

@@ -152,7 +152,7 @@ UsbResult LibusbHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> in
 }
 
 UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                                std::size_t& transferred) {
+                                std::atomic<std::size_t>& transferred) {
     transferred = 0;
     while (transferred < from.size()) {
         const auto piece = from.subspan(transferred, std::min(writePiece, from.size() - transferred));
@@ -162,7 +162,7 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
         auto* const data = const_cast<std::uint8_t*>(piece.data());
         const UsbResult result = bulk(endpoint, data, piece.size(), moved);
         // More than was asked for stays more than was asked for, whichever piece it is.
-        transferred = moved > piece.size() ? from.size() + (moved - piece.size()) : transferred + moved;
+        transferred += moved > piece.size() ? from.size() : moved;
         if (result != usbSuccess) {
             return result;
         }

@@ -34,7 +34,7 @@ class LibusbHandle : public UsbHandle {
     /// As many transfers as needed, one after the other. If one ends early without an error, the call returns
     /// usbSuccess, and `transferred` says how far it got.
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                      std::size_t& transferred) override;
+                      std::atomic<std::size_t>& transferred) override;
     UsbResult reset() override;
     std::optional<Trouble> obstacle() const override { return obstacle_; }
 

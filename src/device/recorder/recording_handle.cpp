@@ -57,7 +57,7 @@ UsbResult RecordingHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t>
 }
 
 UsbResult RecordingHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                                   std::size_t& transferred) {
+                                   std::atomic<std::size_t>& transferred) {
     const unsigned call = recorder_->begin(words::bulkOut(number_, endpoint, from));
     const UsbResult result = handle_->bulkOut(endpoint, from, transferred);
     recorder_->end(call, std::to_string(result) + " " + std::to_string(transferred));

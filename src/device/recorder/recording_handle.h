@@ -26,7 +26,7 @@ class RecordingHandle : public UsbHandle {
                 std::span<std::uint8_t> reply) override;
     UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t& transferred) override;
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                      std::size_t& transferred) override;
+                      std::atomic<std::size_t>& transferred) override;
     UsbResult reset() override;
     std::optional<Trouble> obstacle() const override { return handle_->obstacle(); }
 

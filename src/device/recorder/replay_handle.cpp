@@ -47,7 +47,7 @@ UsbResult ReplayHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> in
 }
 
 UsbResult ReplayHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                                std::size_t& transferred) {
+                                std::atomic<std::size_t>& transferred) {
     const auto event = player_->ask(words::bulkOut(number_, endpoint, from));
     transferred = event.transferred;
     return static_cast<UsbResult>(event.result);

@@ -117,7 +117,7 @@ UsbResult SimulatedHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t>
 }
 
 UsbResult SimulatedHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
-                                   std::size_t& transferred) {
+                                   std::atomic<std::size_t>& transferred) {
     transferred = 0;
     {
         const Lock lock(host_->mutex);
@@ -126,7 +126,10 @@ UsbResult SimulatedHandle::bulkOut(std::uint8_t endpoint, std::span<const std::u
             return reached;
         }
     }
-    return carryOut([&] { return host_->pedal.bulkOut(from); }, transferred);
+    std::size_t taken = 0;
+    const UsbResult result = carryOut([&] { return host_->pedal.bulkOut(from); }, taken);
+    transferred = taken;
+    return result;
 }
 
 UsbResult SimulatedHandle::reset() {
