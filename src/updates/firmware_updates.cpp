@@ -64,9 +64,11 @@ std::optional<FirmwareImage> FirmwareUpdates::offeredImage() const {
 }
 
 void FirmwareUpdates::clearUpdate() {
-    const std::lock_guard guard(mutex_);
-    update_.reset();
-    installed_ = true;
+    {
+        const std::lock_guard guard(mutex_);
+        installed_ = true;
+    }
+    setUpdate(std::nullopt);
 }
 
 void FirmwareUpdates::pedalRead() {
@@ -81,9 +83,10 @@ void FirmwareUpdates::pedalRead() {
             return;
         }
         installed_ = false;
-        if (update_ && !device.takes(FirmwareVersionFromString(update_->version))) {
-            update_.reset();
-        }
+    }
+    if (const auto offered = news().offered;
+        !offered.empty() && !device.takes(FirmwareVersionFromString(offered))) {
+        setUpdate(std::nullopt);
     }
     check();
 }
@@ -97,9 +100,20 @@ FirmwareUpdates::Pedal FirmwareUpdates::pedal() const {
     return {environment_.factoryBlank(), FirmwareVersionFromString(environment_.version().value_or(""))};
 }
 
-void FirmwareUpdates::setUpdate(std::optional<FirmwareEntry> update) {
+std::optional<bool> FirmwareUpdates::isNewest(const FirmwareImage& image) const {
     const std::lock_guard guard(mutex_);
-    update_ = std::move(update);
+    return newest_ ? std::optional(isImageOf(*newest_, image)) : std::nullopt;
+}
+
+void FirmwareUpdates::setUpdate(std::optional<FirmwareEntry> update) {
+    {
+        const std::lock_guard guard(mutex_);
+        if (update && installed_) {
+            return;
+        }
+        update_ = update;
+    }
+    setNews([&](FirmwareNews& news) { news.offered = update ? update->version : ""; });
 }
 
 void FirmwareUpdates::timer() {
@@ -136,7 +150,14 @@ void FirmwareUpdates::refreshLocked() {
     if (!entry) {
         return;
     }
-    setNews([now = environment_.time()](FirmwareNews& news) { news.read = now; });
+    {
+        const std::lock_guard guard(mutex_);
+        newest_ = *entry;
+    }
+    setNews([&, now = environment_.time()](FirmwareNews& news) {
+        news.read = now;
+        news.newest = entry->version;
+    });
     const auto offered = FirmwareVersionFromString(entry->version);
     if (!device.takes(offered)) {
         setUpdate(std::nullopt);
@@ -164,14 +185,10 @@ void FirmwareUpdates::offer(const FirmwareEntry& entry, const FirmwareVersion& o
         setUpdate(std::nullopt);
         return;
     }
-    {
-        const std::lock_guard guard(mutex_);
-        if (installed_) {
-            return;
-        }
-        update_ = entry;
+    setUpdate(entry);
+    if (update()) {
+        announce(offered, device.version, entry.changes);
     }
-    announce(offered, device.version, entry.changes);
 }
 
 void FirmwareUpdates::announce(const FirmwareVersion& offered, const FirmwareVersion& device,

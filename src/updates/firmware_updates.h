@@ -39,6 +39,8 @@ struct FirmwareEnvironment {
 /// What is known about the maker's list, beyond the offer.
 struct FirmwareNews {
     std::optional<std::chrono::system_clock::time_point> read;  ///< when the list last came
+    std::string newest = {};                                    ///< its newest version, as given
+    std::string offered = {};                                   ///< the version of `update`; empty: none
     std::optional<Trouble> trouble;                             ///< why the last check got no further
     std::uint64_t received = 0;                                 ///< of an image that is coming
     std::uint64_t total = 0;                                    ///< its length; 0: none is coming
@@ -80,6 +82,8 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
     /// once; a check follows if the pedal is another, or another version, than at the last call. Any thread.
     void pedalRead();
     FirmwareNews news() const;
+    /// Whether `image` is the maker's newest; nothing while the list has not been read. Any thread.
+    std::optional<bool> isNewest(const FirmwareImage& image) const;
     /// The program's own version, or nothing if it is empty.
     std::optional<std::string> currentSoftware() const;
 
@@ -144,6 +148,7 @@ class FirmwareUpdates : public std::enable_shared_from_this<FirmwareUpdates>, Fi
     std::atomic<bool> waiting_ = false;  ///< a check is queued and has not started
     mutable std::mutex mutex_;           ///< guards the members below
     std::optional<FirmwareEntry> update_;
+    std::optional<FirmwareEntry> newest_;
     Pedal read_;              ///< at the last `pedalRead`
     bool installed_ = false;  ///< what the pedal runs now has not been read
     FirmwareNews news_;

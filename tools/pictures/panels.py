@@ -57,13 +57,42 @@ def alert_notice():
     return picture
 
 
-def firmware_pedal():
+def pedal():
+    """Seen from above, without its foot switch."""
     picture = Picture(40, 48)
     picture.frame(0, 0, 40, 48, 8, c.CREAM, c.GROOVE)
     picture.circle(11, 12, 3, c.CREAM)
     picture.circle(29, 12, 3, c.CREAM)
+    return picture
+
+
+def firmware_pedal():
+    picture = pedal()
     picture.ring(20, 35, 6, c.CREAM)
     picture.line("M20 11V22M15.5 18L20 22.5L24.5 18", c.YELLOW)
+    return picture
+
+
+def firmware_done():
+    picture = pedal()
+    picture.circle(20, 34, 7, c.CREAM)
+    picture.line("M16.6 34.2L19 36.6L23.6 31.4", c.INK)
+    return picture
+
+
+def firmware_repair():
+    """It waits: its switch is not there yet, as a loop that is missing."""
+    picture = pedal()
+    marks.dashed(picture, 20, 35, 6, c.CREAM)
+    picture.rect(19, 9, 2, 9, c.YELLOW)
+    picture.rect(19, 20, 2, 3, c.YELLOW)
+    return picture
+
+
+def firmware_missing():
+    """Nobody knows where it is."""
+    picture = pedal()
+    marks.dashed(picture, 20, 34, 6.5, c.YELLOW)
     return picture
 
 
@@ -122,4 +151,5 @@ def icon():
 def pictures():
     return {"Menu_panel": menu_panel(), "Progress_reel": progress_reel(), "Flash_bar": flash_bar(),
             "Flash_track": flash_track(), "Alert_question": alert_question(), "Alert_notice": alert_notice(),
-            "Firmware_pedal": firmware_pedal(), "Update_mark": update_mark(), "About": about(), "Icon": icon()}
+            "Firmware_pedal": firmware_pedal(), "Firmware_done": firmware_done(),
+            "Firmware_repair": firmware_repair(), "Firmware_missing": firmware_missing(), "Update_mark": update_mark(), "About": about(), "Icon": icon()}

@@ -6,6 +6,7 @@
 #include "ui/palette.h"
 #include "ui_FirmwareUpdaterProgress.h"
 #include "updates/windows/lamp_bar.h"
+#include "updates/windows/line_label.h"
 #include "updates/windows/update_panel.h"
 
 namespace kzq {
@@ -109,14 +110,29 @@ bool FirmwareUpdaterProgress::loadWindow() {
     description.setupUi(window.get());
     window->setFixedSize(window->size());
     description.caption->setType(13, 16, KZQWhite());
+    auto faintCream = creamColor();
+    faintCream.setAlphaF(0.75F);
+    step_ = description.step;
+    step_->setType(13, 16, faintCream);
+    number_ = description.number;
+    number_->setType(12, 16, KZQGray());
     slider_ = description.slider;
     animation_ = std::make_shared<Animation>(executor_, slider_, window.get());
     window_ = std::move(window);
     return true;
 }
 
+void FirmwareUpdaterProgress::setStep(int number, int count, const QString& words, const QString& said) {
+    step_->setText(words);
+    if (step_->accessibleName() != said) {
+        step_->setAccessibleName(said);
+    }
+    number_->setText(number == 0 ? QString() : QStringLiteral("%1 of %2").arg(number).arg(count));
+}
+
 void FirmwareUpdaterProgress::begin() {
     slider_->setDoubleValue(0);
+    setStep(0, 0, {}, {});
     window_->centre();
     window_->show();
     window_->raise();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <functional>
 #include <memory>
 
@@ -11,11 +12,13 @@ class QWidget;
 namespace kzq {
 
 class LampBar;
+class LineLabel;
 class UpdatePanel;
 
 /// The window with a bar that fills while firmware is installed: in 13 seconds, the usual length of a flash,
 /// deliberately not tied to the real one. An earlier `end` fills it at once; a second after it is full the
-/// window closes. During a longer flash only the shield of the main window remains.
+/// window closes. During a longer flash only the shield and the status line of the main window remain. Under
+/// the bar stands what is really under way.
 ///
 /// The user cannot close it: a flash cannot be cancelled, so the window has no close button.
 class FirmwareUpdaterProgress : Fixed {
@@ -33,6 +36,10 @@ class FirmwareUpdaterProgress : Fixed {
     /// `end` for a thread that may outlive this object: it does nothing once this is destroyed. Any thread.
     std::function<void()> ender() const;
 
+    /// What is under way, "Sending image, 61 %", as the third of four steps; number 0: nothing is known.
+    /// `said` is the same for a screen reader, which hears every change of it. Main thread.
+    void setStep(int number, int count, const QString& words, const QString& said);
+
     /// Whether `begin` was called and `end` was not. Any thread.
     bool animate() const;
     /// 0 to 1. Main thread.
@@ -47,7 +54,9 @@ class FirmwareUpdaterProgress : Fixed {
 
     Executor& executor_;
     std::unique_ptr<UpdatePanel> window_;
-    LampBar* slider_ = nullptr;  // owned by the window
+    LampBar* slider_ = nullptr;  // owned by the window, like the next two
+    LineLabel* step_ = nullptr;
+    LineLabel* number_ = nullptr;
     std::shared_ptr<Animation> animation_;
 };
 

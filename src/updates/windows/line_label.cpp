@@ -24,6 +24,7 @@ void LineLabel::setType(int pixels, int lineHeight, const QColor& color) {
 int LineLabel::layOut(QTextLayout& layout, int width) const {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setAlignment(alignment() & Qt::AlignHorizontal_Mask);
     layout.setTextOption(option);
     layout.beginLayout();
     int height = 0;
