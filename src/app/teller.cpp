@@ -52,6 +52,10 @@ void Teller::rest() {
         announcements_->setRest(withoutPedal());
         return;
     }
+    if (looper->factoryBlank()) {
+        announcements_->setRest("The pedal is waiting for firmware");
+        return;
+    }
     std::string sentence = "7306";
     if (model_.table().complete) {
         const auto count = model_.table().size();
@@ -87,9 +91,9 @@ Teller::Work Teller::newWork() {
     return lastWork_;
 }
 
-void Teller::working(Work work, const std::string& sentence) {
+void Teller::working(Work work, const std::string& sentence, const std::string& said) {
     if (const auto found = works_.find(work); found != works_.end()) {
-        found->second = sentence;
+        found->second = {sentence, said};
         showWork();
     }
 }
@@ -102,13 +106,13 @@ void Teller::idle(Work work) {
 
 void Teller::showWork() {
     *silent_ = false;
-    std::string newest;
-    for (const auto& [work, sentence] : works_) {
-        if (!sentence.empty()) {
-            newest = sentence;
+    Words newest;
+    for (const auto& [work, words] : works_) {
+        if (!words.sentence.empty()) {
+            newest = words;
         }
     }
-    announcements_->setWork(newest);
+    announcements_->setWork(newest.sentence, newest.said);
 }
 
 std::function<void(Executor::Task)> Teller::poster() {

@@ -39,6 +39,11 @@ class Teller : Fixed {
     /// A success settles the failures of the same `job`. While the window is covered, no remedy acts.
     void tell(const Told& told, const std::string& job = {}, Remedy remedy = {});
 
+    /// The failures of `job` are over, without a success.
+    void settle(const std::string& job) { announcements_->settle(job); }
+
+    /// What the program does by itself; empty for nothing.
+    void background(const std::string& sentence) { announcements_->setBackground(sentence); }
     /// What the pedal is, while nothing happens.
     void rest();
     /// Without a pedal: the program that has it, as a sentence; may be empty.
@@ -49,7 +54,8 @@ class Teller : Fixed {
     using Work = std::uint64_t;
     Work newWork();
     /// What is under way in it, until `idle`; no effect after that. Of several, the last that began is shown.
-    void working(Work work, const std::string& sentence);
+    /// `said`: if a screen reader is to have it as well, each time that this changes.
+    void working(Work work, const std::string& sentence, const std::string& said = {});
     void idle(Work work);
     /// Has a task done here, unless this has gone. Any thread.
     std::function<void(Executor::Task)> poster();
@@ -77,7 +83,11 @@ class Teller : Fixed {
     MainWindow& window_;
     const LoopModel& model_;
     std::shared_ptr<Announcements> announcements_;
-    std::map<Work, std::string> works_;  ///< what is under way, some of it without a sentence
+    struct Words {
+        std::string sentence;
+        std::string said;
+    };
+    std::map<Work, Words> works_;  ///< what is under way, some of it without a sentence
     Work lastWork_ = 0;
     std::string holder_;
     std::size_t filesWaiting_ = 0;

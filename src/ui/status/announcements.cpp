@@ -35,11 +35,8 @@ void Announcements::tell(Announcement announcement) {
     announcement.time = clock_();
     log(LogCategory::application,
         announcement.sentence() + "." + (announcement.detail.empty() ? "" : " " + announcement.detail));
-    if (!announcement.job.empty() && !announcement.failure && !announcement.cancelled) {
-        std::erase_if(open_, [&](std::uint64_t number) {
-            const auto told = std::ranges::find(list_, number, &Announcement::number);
-            return told != list_.end() && told->job == announcement.job;
-        });
+    if (!announcement.failure && !announcement.cancelled) {
+        close(announcement.job);
     }
     if (announcement.failure && !listOpen_) {
         open_.push_back(announcement.number);
@@ -63,9 +60,30 @@ void Announcements::setRest(std::string sentence) {
     update();
 }
 
-void Announcements::setWork(std::string sentence) {
-    work_ = std::move(sentence);
+void Announcements::close(const std::string& job) {
+    std::erase_if(open_, [&](std::uint64_t number) {
+        const auto told = std::ranges::find(list_, number, &Announcement::number);
+        return !job.empty() && told != list_.end() && told->job == job;
+    });
+}
+
+void Announcements::settle(const std::string& job) {
+    close(job);
     update();
+}
+
+void Announcements::setBackground(std::string sentence) {
+    background_ = std::move(sentence);
+    update();
+}
+
+void Announcements::setWork(std::string sentence, const std::string& said) {
+    work_ = std::move(sentence);
+    const bool news = std::exchange(workSaid_, said) != said && !said.empty();
+    update();
+    if (news && spoken_) {
+        spoken_({.what = said});
+    }
 }
 
 void Announcements::setHeld(bool held) {
@@ -99,7 +117,7 @@ bool Announcements::isOpen(const Announcement& announcement) const {
 
 Announcements::Line Announcements::wanted() const {
     if (!work_.empty()) {
-        return {Kind::work, work_};
+        return {.kind = Kind::work, .sentence = work_, .said = workSaid_};
     }
     const auto lineOf = [](const Announcement& announcement) {
         return Line{announcement.failure ? Kind::failure : Kind::success, announcement.sentence(),
@@ -109,6 +127,9 @@ Announcements::Line Announcements::wanted() const {
         std::ranges::find_if(list_, [this](const Announcement& told) { return isOpen(told); });
     if (failure != list_.end()) {
         return lineOf(*failure);
+    }
+    if (!background_.empty()) {
+        return {Kind::work, background_};
     }
     if (!list_.empty() && !list_.front().failure) {
         return lineOf(list_.front());

@@ -38,6 +38,7 @@ struct Announcement {
 /// - What is under way comes before everything.
 /// - A failure stays until its action was used, its job succeeded or the list was opened; of several, the
 ///   newest is shown.
+/// - What the program does by itself comes after the failures.
 /// - A success stays until the next outcome. One that follows within 10 s waits for that time.
 /// - An outcome does not change while held, which is while pointer or focus is on it, or the list is open.
 ///
@@ -51,6 +52,7 @@ class Announcements {
         std::string sentence = {};
         std::string actionLabel = {};
         std::uint64_t number = 0;  ///< of the outcome; 0 for none
+        std::string said = {};     ///< for a screen reader, if it gets something else than the sentence
 
         bool operator==(const Line&) const = default;
     };
@@ -67,8 +69,14 @@ class Announcements {
     void tell(Announcement announcement);
     /// What is said while nothing happens.
     void setRest(std::string sentence);
-    /// What is under way; empty for nothing.
-    void setWork(std::string sentence);
+    /// The failures of `job` are over, without an outcome.
+    void settle(const std::string& job);
+    /// What is under way; empty for nothing. `said`, if there is one, is what a screen reader gets, each time
+    /// that it changes.
+    void setWork(std::string sentence, const std::string& said = {});
+
+    /// What the program does by itself meanwhile; empty for nothing.
+    void setBackground(std::string sentence);
 
     /// Whether pointer or focus is on the line.
     void setHeld(bool held);
@@ -84,6 +92,7 @@ class Announcements {
     bool isOpen(const Announcement& announcement) const;
     Line wanted() const;
     bool staysFor(const Line& next) const;
+    void close(const std::string& job);
     void update(bool atOnce = false);
     void lookAgain();
 
@@ -96,6 +105,8 @@ class Announcements {
     std::uint64_t last_ = 0;
     std::string rest_;
     std::string work_;
+    std::string workSaid_;
+    std::string background_;
     Line line_;
     Executor::TimePoint shownSince_{};
     bool held_ = false;

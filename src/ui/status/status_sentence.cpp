@@ -42,9 +42,9 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     setGeometry(right - besides - words, (parentWidget()->height() - status::height) / 2, besides + words,
                 status::height);
     setToolTip(shown_ == sentence_ ? QString() : sentence_);
-    setAccessibleName(sentence_.isEmpty()
-                          ? QString("Recent results")
-                          : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + sentence_);
+    const auto said = line.said.empty() ? sentence_ : QString::fromStdString(line.said);
+    setAccessibleName(sentence_.isEmpty() ? QString("Recent results")
+                                          : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + said);
     update();
 }
 
