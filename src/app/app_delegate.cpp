@@ -61,6 +61,7 @@ void AppDelegate::comeForward() {
 
 void AppDelegate::looperIsConnected(KZQ7306& looper) {
     parts_->flows->pedalReturned(looper.stage());
+    parts_->firmware.arrived(looper.stage());
     if (firmwareUpdater() != nullptr) {
         firmwareUpdater()->check();
         firmwareUpdater()->updates()->pedalRead();
@@ -95,6 +96,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
 
 void AppDelegate::looperHasBeenDisconnected() {
     parts_->flows->pedalLeft();
+    parts_->firmware.left();
     parts_->presenter.redrawAbout();
     parts_->staging->letGo(parts_->rows.stagedFiles(parts_->model.staging()));
     parts_->model.reset();

@@ -5,6 +5,7 @@
 
 #include "app/absence.h"
 #include "app/app_environment.h"
+#include "app/firmware_notices.h"
 #include "app/flow/flows.h"
 #include "app/handed_files.h"
 #include "app/menu_closing.h"
@@ -39,7 +40,8 @@ struct AppParts : Fixed {
     Teller teller{environment, window, model};
     const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter, teller);
     HandedFiles handedFiles{model, *staging, teller};
-    MenuControl menu{environment, window, panels};
+    MenuControl menu{environment, window, panels, teller};
+    FirmwareNotices firmware{*this};
     TransferPanel transferPanel{window, menu, panels};
     std::unique_ptr<Flows> flows;  ///< since the launch
     std::shared_ptr<Absence> absence;

@@ -1,10 +1,14 @@
 #include "app/firmware_flow.h"
 
+#include <QString>
 #include <optional>
 #include <utility>
 
 #include "app/app_parts.h"
+#include "device/kzq7306.h"
 #include "operations/flash.h"
+#include "operations/told.h"
+#include "platform/digest.h"
 #include "platform/plain_file.h"
 #include "updates/firmware_manifest.h"
 
@@ -18,18 +22,14 @@ constexpr Patience flashPatience{.limit = std::chrono::seconds(60), .stops = tru
 /// Its restart takes two seconds.
 constexpr Executor::Duration lateAfter = std::chrono::seconds(30);
 
-/// What is under way in this phase; null if that goes without saying.
-const char* workOf(FlashPhase phase) {
-    switch (phase) {
-        case FlashPhase::restarting:
-            return "Restarting the pedal";
-        case FlashPhase::cameBack:
-            return "The pedal came back without entering its loader: the firmware is sent once it does";
-        case FlashPhase::sending:
-            return "Sending the firmware: keep the pedal plugged in";
-        default:
-            return nullptr;
-    }
+/// Of how many bytes, and which: for a file that the user chose.
+std::string factsOf(const FirmwareImage& image, const FirmwareUpdates& updates) {
+    const auto newest = updates.isNewest(image);
+    return std::to_string(image.size()) + " bytes, SHA-256 " + SHA256String(image).value_or("unknown") +
+           ". " +
+           (!newest   ? "Whether it is the maker's newest firmware is not known."
+            : *newest ? "It is the maker's newest firmware."
+                      : "It is not the maker's newest firmware, " + updates.news().newest + ".");
 }
 
 /// One installation, from the press of the button on. Its parts are used on the main thread only.
@@ -47,7 +47,7 @@ class Installation {
         if (!image || image->empty()) {
             run.ask([this] { tellUnusable(); });
         }
-        if (image && !image->empty() && run.ask([&] { start(run); })) {
+        if (image && !image->empty() && run.ask([&] { start(run, *image); })) {
             install(run, *image);
         }
     }
@@ -75,8 +75,15 @@ class Installation {
         parts_.teller.tell(file_ ? chosen : offered, "firmware");
     }
 
-    void start(Run& run) {
+    void start(Run& run, const FirmwareImage& image) {
         work_ = parts_.teller.newWork();
+        if (file_) {
+            facts_ = factsOf(image, *updates_);
+        } else {
+            version_ = updates_->news().offered;
+        }
+        before_ = run.pedal->link()->factoryBlank() ? "" : run.pedal->link()->version().value_or("");
+        parts_.firmware.installs();
         auto& updater = *parts_.panels.firmwareUpdater;
         updater.progress().begin();
         endBar_ = updater.progress().ender();
@@ -84,29 +91,37 @@ class Installation {
         run.turn.cover();
     }
 
-    /// What the user has to know while nothing moves.
-    FlashEvents restart(Run& run) {
-        const auto say = [this, &run](const char* line) {
-            run.ask([this, line] { parts_.teller.working(work_, line); });
-        };
+    void show(const FlashStep& step) {
+        if (step.number != 0) {
+            parts_.teller.working(work_, step.words, step.said);
+            parts_.panels.firmwareUpdater->progress().setStep(step.number, FlashStep::count,
+                                                              QString::fromStdString(step.words),
+                                                              QString::fromStdString(step.said));
+        }
+    }
+
+    FlashEvents follow(Run& run) {
+        const auto say = [this, &run](const FlashStep& step) { run.ask([&] { show(step); }); };
         const auto phase = [this, say](FlashPhase now) {
             phase_ = now;
-            if (const auto* const sentence = workOf(now)) {
-                say(sentence);
-            }
+            say(flashStep(now, std::nullopt));
         };
         const auto waiting = [this, say](Executor::Duration waited) {
             if (phase_ == FlashPhase::left && waited >= lateAfter && !std::exchange(late_, true)) {
-                say("The pedal has not come back from its restart: unplug it and plug it in again");
+                auto step = flashStep(phase_, std::nullopt);
+                step.words = step.said =
+                    "The pedal has not come back from its restart: unplug it and plug it in again";
+                say(step);
             }
         };
-        return {phase, waiting};
+        const auto image = [say](unsigned percent) { say(flashStep(FlashPhase::sending, percent)); };
+        return {phase, waiting, image};
     }
 
     /// After a failure the bar and the offer stay.
     void install(Run& run, const FirmwareImage& image) {
         const auto awake = run.keepAwake(AwakeFor::firmware);
-        const auto end = runFlash(*run.pedal, image, restart(run));
+        const auto end = runFlash(*run.pedal, image, follow(run));
         const bool sent = end.how == FlashEnd::How::sent;
         if (sent) {
             updates_->clearUpdate();
@@ -115,20 +130,51 @@ class Installation {
         run.ask([&] {
             run.turn.end();
             if (sent) {
-                parts_.teller.working(work_, "Waiting for the pedal to come back");
+                tell(file_ ? Told{.what = "\"" + file_->filename().string() + "\" was sent"} : told(end));
             } else {
-                parts_.teller.idle(work_);
+                finish(end, told(end));
             }
-            parts_.teller.tell(told(end), "firmware");
         });
         updates_->check();
         if (sent) {
-            const auto confirmed = confirmFlash(*run.pedal, end, {});
-            run.ask([&] {
-                parts_.teller.idle(work_);
-                parts_.teller.tell(told(confirmed), "firmware");
-            });
+            awaitReturn(run, end);
         }
+        run.ask([this] { parts_.firmware.installedOrNot(); });
+    }
+
+    /// A pedal that does not come back is looked for as long as the window is there.
+    void awaitReturn(Run& run, const FlashEnd& sent) {
+        bool said = false;
+        for (bool goesOn = true; goesOn;) {
+            const auto end = confirmFlash(*run.pedal, sent, {});
+            const auto why = end.why ? end.why->kind : Trouble::Kind::noAnswer;
+            goesOn = end.how == FlashEnd::How::unconfirmed &&
+                     (why == Trouble::Kind::noReturn || why == Trouble::Kind::stillInLoader) && run.ask([&] {
+                         if (!std::exchange(said, true)) {
+                             finish(end, told(end));
+                         }
+                     });
+            if (!goesOn) {
+                run.ask([&] { finish(end, told(end, sent, version_)); });
+            }
+        }
+    }
+
+    void tell(Told told) {
+        if (!facts_.empty()) {
+            told.detail += (told.detail.empty() ? "" : " ") + facts_;
+        }
+        parts_.teller.tell(told, "firmware");
+    }
+
+    void finish(const FlashEnd& end, Told told) {
+        parts_.teller.idle(work_);
+        tell(told);
+        if (!told.failure && !before_.empty()) {
+            told.detail = "It ran " + before_ + " before.";
+        }
+        const bool again = told.failure && !file_ && end.how == FlashEnd::How::notSent && updates_->update();
+        parts_.firmware.ended(end, told, again);
     }
 
     AppParts& parts_;
@@ -136,6 +182,9 @@ class Installation {
     std::shared_ptr<FirmwareUpdates> updates_;
     std::function<void()> endBar_;
     Teller::Work work_ = 0;
+    std::string version_;  ///< of the offer
+    std::string facts_;    ///< of the file
+    std::string before_;   ///< the version that the pedal had
     FlashPhase phase_ = FlashPhase::asking;
     bool late_ = false;  ///< it should have come back, and the user knows
 };

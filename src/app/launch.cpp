@@ -72,7 +72,13 @@ void makePanels(const std::shared_ptr<AppDelegate>& controller, AppParts& parts)
                                                        environment.home,
                                                        {environment.firmwareManifest, environment.build.keys},
                                                        {},
-                                                       {}});
+                                                       {},
+                                                       [weak = std::weak_ptr(controller), &parts] {
+                                                           if (const auto self = weak.lock()) {
+                                                               parts.firmware.newsChanged();
+                                                           }
+                                                       }});
+    panels.firmwareNotice = std::make_unique<FirmwareNoticeWindow>();
     if (panels.firmwareUpdater) {
         panels.firmwareUpdater->setDelegate(controller.get());
     }

@@ -1,5 +1,6 @@
 #include "app/menu_control.h"
 
+#include <QDateTime>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -7,6 +8,7 @@
 #include "app/app_environment.h"
 #include "app/main_window.h"
 #include "app/panels.h"
+#include "app/teller.h"
 #include "device/kzq7306.h"
 
 namespace kzq {
@@ -24,6 +26,17 @@ void moveHighlight(Items first, Items last, MenuItem& whenNone) {
         (*hovered)->setHovered(false);
         (*next)->setHovered(true);
     }
+}
+
+/// What "up to date" rests on.
+Told toldFirmwareList(const FirmwareUpdates& updates) {
+    const auto news = updates.news();
+    const auto read =
+        news.read ? QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(*news.read))
+                        .toString("HH:mm")
+                        .toStdString()
+                  : std::string();
+    return toldFirmwareList(read, news.newest, news.trouble);
 }
 
 }  // namespace
@@ -130,6 +143,7 @@ void MenuControl::openFirmwareUpdater() const {
     } else if (panels_.firmwareUpdater->update()) {
         panels_.firmwareUpdater->showWindow();
     } else {
+        teller_.tell(toldFirmwareList(*panels_.firmwareUpdater->updates()), "firmware list");
         environment_.dialogs.run(alertWithHeadline(
             "You're up to date!",
             "Version " + looper->version().value_or("") + " is the newest 7306 firmware available."));

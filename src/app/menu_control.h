@@ -8,6 +8,7 @@ namespace kzq {
 
 class MainWindow;
 class MenuView;
+class Teller;
 struct AppEnvironment;
 struct Panels;
 
@@ -16,8 +17,8 @@ struct Panels;
 class MenuControl : Fixed {
   public:
     /// All outlive it.
-    MenuControl(const AppEnvironment& environment, MainWindow& window, Panels& panels)
-        : environment_(environment), window_(window), panels_(panels) {}
+    MenuControl(const AppEnvironment& environment, MainWindow& window, Panels& panels, Teller& teller)
+        : environment_(environment), window_(window), panels_(panels), teller_(teller) {}
 
     bool isOpen() const;
     /// `point` in coordinates of the main window.
@@ -41,6 +42,7 @@ class MenuControl : Fixed {
     const AppEnvironment& environment_;
     MainWindow& window_;
     Panels& panels_;
+    Teller& teller_;
 };
 
 }  // namespace kzq

@@ -6,6 +6,7 @@
 #include "ui/panels/menu.h"
 #include "ui/panels/progress.h"
 #include "updates/su_updater.h"
+#include "updates/windows/firmware_notice.h"
 #include "updates/windows/firmware_updater.h"
 #include "updates/windows/software_update.h"
 
@@ -17,6 +18,7 @@ struct Panels {
     std::unique_ptr<About> about;
     std::unique_ptr<Progress> progress;
     std::unique_ptr<FirmwareUpdater> firmwareUpdater;
+    std::unique_ptr<FirmwareNoticeWindow> firmwareNotice;
     std::shared_ptr<SUUpdater> sparkle;
     std::unique_ptr<SoftwareUpdate> softwareUpdate;
 };
