@@ -83,10 +83,10 @@ Result<void> FirmwareSource::vouch(FirmwareEntry& entry) const {
     if (!isSignedByOne(server_.keys, entry)) {
         return Trouble{Kind::badManifest, {}, 0, "the manifest's last entry is not signed by the maker"};
     }
-    if (entry.serial < floor_.firmwareSerial()) {
+    if (entry.serial < floor_.firmwareSerial(server_.manifest)) {
         return Trouble{Kind::badManifest, {}, 0, "the manifest is older than one that was read before"};
     }
-    floor_.raiseFirmwareSerial(entry.serial);
+    floor_.raiseFirmwareSerial(server_.manifest, entry.serial);
     return {};
 }
 

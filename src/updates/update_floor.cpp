@@ -12,7 +12,13 @@
 namespace kzq {
 namespace {
 
-constexpr const char* serialFile = "firmware-serial";
+/// Of the list's host and port.
+std::string serialFile(const std::string& list) {
+    const auto scheme = list.find("://");
+    const auto host = scheme == std::string::npos ? 0 : scheme + 3;
+    return "firmware-serial-" + list.substr(host, list.find('/', host) - host);
+}
+
 constexpr const char* versionFile = "software-version";
 constexpr std::uint64_t longest = 100;
 
@@ -20,16 +26,16 @@ constexpr std::uint64_t longest = 100;
 
 UpdateFloor::UpdateFloor(const std::filesystem::path& home) : folder_(updatesFolderIn(home)) {}
 
-std::uint64_t UpdateFloor::firmwareSerial() const {
-    const auto text = read(serialFile);
+std::uint64_t UpdateFloor::firmwareSerial(const std::string& list) const {
+    const auto text = read(serialFile(list));
     std::uint64_t serial = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), serial);
     return result.ec == std::errc() ? serial : 0;
 }
 
-void UpdateFloor::raiseFirmwareSerial(std::uint64_t serial) const {
-    if (serial > firmwareSerial()) {
-        write(serialFile, std::to_string(serial));
+void UpdateFloor::raiseFirmwareSerial(const std::string& list, std::uint64_t serial) const {
+    if (serial > firmwareSerial(list)) {
+        write(serialFile(list), std::to_string(serial));
     }
 }
 
@@ -46,7 +52,7 @@ void UpdateFloor::raiseSoftwareVersion(const std::string& version) const {
     }
 }
 
-std::string UpdateFloor::read(const char* name) const {
+std::string UpdateFloor::read(const std::string& name) const {
     if (folder_.empty()) {
         return {};
     }
@@ -54,7 +60,7 @@ std::string UpdateFloor::read(const char* name) const {
     return bytes ? std::string(bytes->begin(), bytes->end()) : std::string();
 }
 
-void UpdateFloor::write(const char* name, const std::string& text) const {
+void UpdateFloor::write(const std::string& name, const std::string& text) const {
     if (folder_.empty()) {
         return;
     }
@@ -63,7 +69,7 @@ void UpdateFloor::write(const char* name, const std::string& text) const {
     const auto written =
         replaceFile(folder_, name, {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
     if (!written) {
-        logUpdates("not remembered: " + std::string(name) + " " + text);
+        logUpdates("not remembered: " + name + " " + text);
     }
 }
 
