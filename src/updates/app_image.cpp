@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstdlib>
 #include <system_error>
 
 #include "platform/plain_file.h"
@@ -76,6 +78,15 @@ Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownlo
         return usable.error();
     }
     return keepPrevious(appImage).and_then([&] { return download.place(*usable); });
+}
+
+void startOthersUnpackedAs(const std::filesystem::path& program) {
+    const auto isUnpacked = [](const std::filesystem::path& folder) {
+        return folder.native().starts_with("appimage_extracted_");
+    };
+    if (std::ranges::any_of(program, isUnpacked)) {
+        ::setenv("APPIMAGE_EXTRACT_AND_RUN", "1", 1);  // NOLINT(concurrency-mt-unsafe)
+    }
 }
 
 }  // namespace kzq

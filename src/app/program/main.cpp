@@ -35,6 +35,7 @@
 #include "ui/key_guard.h"
 #include "ui/panels/front_window.h"
 #include "ui/qt_dialogs.h"
+#include "updates/app_image.h"
 #include "updates/maker.h"
 #include "updates/qt_http_client.h"
 
@@ -201,6 +202,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     }
     std::error_code unknown;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
+    startOthersUnpackedAs(program);
     if (handOverToRenamedBundle({.home = homeFolder(), .program = program, .open = openBundle})) {
         return EXIT_SUCCESS;
     }
