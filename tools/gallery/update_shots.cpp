@@ -1,8 +1,10 @@
 #include <QLabel>
 
 #include "bystanders.h"
+#include "operations/flash.h"
 #include "panel_shots.h"
 #include "stage.h"
+#include "updates/windows/firmware_notice.h"
 #include "updates/windows/firmware_updater.h"
 #include "updates/windows/firmware_updater_progress.h"
 #include "updates/windows/lamp_bar.h"
@@ -47,11 +49,35 @@ Shot firmwareOffer(const QString& caption, int times) {
     return shoot(caption, updater->window());
 }
 
-Shot flashing(double part) {
+Shot flashing(double part, const FlashStep& step) {
     StillExecutor executor;
     const auto progress = FirmwareUpdaterProgress::progress(executor);
     progress->slider().setDoubleValue(part);
+    const auto words = QString::fromStdString(step.words);
+    progress->setStep(step.number, FlashStep::count, words, words);
     return shoot(QString("Flashing, %1").arg(part), progress->window());
+}
+
+Shot notice(FirmwareNotice::Kind kind, const QString& headline, const QString& detail, const QString& decline,
+            const QString& accept) {
+    FirmwareNoticeWindow window;
+    window.show({kind, headline, detail, decline, accept, {}});
+    return shoot("Firmware: " + headline.section(QChar::LineSeparator, 0, 0), window.window());
+}
+
+Shots notices() {
+    using Kind = FirmwareNotice::Kind;
+    return {notice(Kind::runs, "Firmware 1.06 runs on the pedal.", "It ran 1.05 before.", "OK", {}),
+            notice(Kind::missing, "Sent, but the pedal has not come back yet",
+                   "Unplug it and plug it in again. This window goes on looking for it.", "Close", {}),
+            notice(Kind::failed, "The pedal did not take the image: 61 % was sent.",
+                   "It waits in its loader until it gets firmware.", "Close", "Try Again"),
+            notice(Kind::repair,
+                   QString("This pedal is waiting for firmware.") + QChar(QChar::LineSeparator) +
+                       "Would you like to install 1.06 now?",
+                   "It runs only its loader, as after an installation that did not finish. Until it has "
+                   "firmware, its loops cannot be listed.",
+                   "Not Now", "Install")};
 }
 
 Shot softwareUpdate(const QString& caption, const std::string& version, std::string_view body,
@@ -78,15 +104,17 @@ Shot softwareUpdate(const QString& caption, const std::string& version, std::str
 }  // namespace
 
 Shots updateWindows() {
-    return {firmwareOffer("Firmware offer", 1),
-            firmwareOffer("Firmware offer, long notes", 3),
-            flashing(0),
-            flashing(0.62),
-            flashing(1),
+    Shots shots = notices();
+    append(shots,
+           {firmwareOffer("Firmware offer", 1), firmwareOffer("Firmware offer, long notes", 3),
+            flashing(0.1, flashStep(FlashPhase::restarting, {})),
+            flashing(0.3, flashStep(FlashPhase::cameBack, {})),
+            flashing(0.85, flashStep(FlashPhase::sending, 61)), flashing(1, flashStep(FlashPhase::sent, {})),
             softwareUpdate("Software update, checking", "2.1.0", feed, false),
             softwareUpdate("Software update, offer", "2.1.0", feed, true),
             softwareUpdate("Software update, none", "3000", feed, true),
-            softwareUpdate("Software update, failed", "2.1.0", "no feed", true)};
+            softwareUpdate("Software update, failed", "2.1.0", "no feed", true)});
+    return shots;
 }
 
 }  // namespace kzq::gallery
