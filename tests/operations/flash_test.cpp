@@ -118,6 +118,17 @@ TEST_F(FlashWork, APedalThatIsNotSeenAgainIsNotConfirmed) {
               "unknown-version");
     pedal.clearFaults();
     EXPECT_EQ(after([this] { cancel(); }), "cancelled");
+    blank();
+    pedal.setReturns(false);
+    onPhase = [this](Phase phase) {
+        if (phase == Phase::sent) {
+            executor.mainAfter(2s, [this] {
+                pedal.setStage('b');
+                pedal.plugIn();
+            });
+        }
+    };
+    EXPECT_EQ(confirm(flash()).how, How::inLoader);
 }
 
 TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
@@ -134,6 +145,12 @@ TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
     cancel();
     EXPECT_EQ(failure(), "cancelled");
     EXPECT_THAT(phases, IsEmpty());
+}
+
+TEST_F(FlashWork, AReplyThatIsLostIsNoRefusal) {
+    plan("stall@E4");
+    EXPECT_EQ(failure(), "silent");
+    EXPECT_THAT(phases, ElementsAre(Phase::asking, Phase::restarting));
 }
 
 TEST_F(FlashWork, APedalThatDoesNotComeBackAsItsLoader) {
