@@ -94,28 +94,4 @@ TEST_F(HttpClientTest, EndsASlowSilentOrUnwantedExchange) {
     EXPECT_TRUE(server.takeRequests().empty()) << "cancelled before it began";
 }
 
-TEST_F(HttpClientTest, HandsTheBodyToASinkWithProgress) {
-    const std::string body(700'000, 's');
-    server.set("/long", {body});
-    std::string sunk;
-    std::vector<std::uint64_t> steps;
-    const auto sink = [&](std::span<const std::uint8_t> bytes) {
-        sunk.append(bytes.begin(), bytes.end());
-        return true;
-    };
-    const auto progress = [&](std::uint64_t received, std::uint64_t total) {
-        EXPECT_EQ(total, body.size());
-        EXPECT_EQ(received, sunk.size());
-        steps.push_back(received);
-    };
-    const auto result = client.fetch({server.url("/long"), {body.size(), 20s}, progress, nullptr, sink});
-    EXPECT_TRUE(result) << result.reason;
-    EXPECT_EQ(sunk, body);
-    EXPECT_TRUE(result.body.empty());
-    EXPECT_GT(steps.size(), 1U);
-    EXPECT_EQ(client.fetch({server.url("/long"), {body.size(), 20s}, {}, nullptr, [](auto) { return false; }})
-                  .failure,
-              HttpFailure::sink);
-}
-
 }  // namespace

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tls_server.h"
+#include "updates/app_image.h"
 #include "updates/update_build.h"
 
 using namespace kzq;
@@ -26,6 +27,16 @@ TEST(Installation, IsAnAppImageOnlyWhenItRunsFromTheImagesContent) {
         EXPECT_EQ(of(folder / "real", content, mount / "x").kind, PackageKind::other)
             << "another program's AppImage, with its content in " << content;
     }
+}
+
+TEST(Installation, AnAppImageThatRunsUnpackedStartsOthersSo) {
+    constexpr auto name = "APPIMAGE_EXTRACT_AND_RUN";
+    ::unsetenv(name);
+    startOthersUnpackedAs("/tmp/.mount_loops/usr/bin/kzq7306");
+    EXPECT_EQ(::getenv(name), nullptr);
+    startOthersUnpackedAs("/tmp/appimage_extracted_5a/usr/bin/kzq7306");
+    EXPECT_STREQ(::getenv(name), "1");
+    ::unsetenv(name);
 }
 
 }  // namespace

@@ -58,7 +58,7 @@ struct SUUpdaterTest : testing::Test {
             UpdaterEnvironment{executor, http, desktop, build, installation, folder / "apps", folder / "home",
                                [this](const auto& program) {
                                    EXPECT_EQ(readText(program), package);
-                                   EXPECT_EQ(readText(app) == package, installed) << "tried first";
+                                   EXPECT_EQ(readText(app), "old program") << "tried first";
                                    return selfCheck;
                                }});
         updater->setFeedURL(feedUrl);
@@ -110,7 +110,6 @@ struct SUUpdaterTest : testing::Test {
     Installation installation{PackageKind::appImage, app};
     Strings events;
     bool desktopWorks = true;
-    bool installed = false;
     std::shared_ptr<Delegate> delegate = std::make_shared<Delegate>(events);
     std::vector<UpdateState> states;
     std::shared_ptr<SUUpdater> updater;
@@ -151,11 +150,6 @@ TEST_F(SUUpdaterTest, ReplacesTheAppImageAndKeepsThePreviousOne) {
     updater->relaunch();
     EXPECT_EQ(state(), UpdateState::ready) << "the delegate is gone, the program did not start";
     EXPECT_NE(status.reason, "");
-
-    installed = true;
-    start();
-    EXPECT_EQ(checkAndInstall(), UpdateState::ready);
-    EXPECT_EQ(readText(app.string() + ".previous"), "old program") << "also when it is installed again";
 }
 
 TEST_F(SUUpdaterTest, RefusesWhatIsNotNewer) {
