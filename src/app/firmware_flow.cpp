@@ -83,7 +83,7 @@ class Installation {
             version_ = updates_->news().offered;
         }
         before_ = run.pedal->link()->factoryBlank() ? "" : run.pedal->link()->version().value_or("");
-        parts_.firmware.installs();
+        number_ = parts_.firmware.begins();
         auto& updater = *parts_.panels.firmwareUpdater;
         updater.progress().begin();
         endBar_ = updater.progress().ender();
@@ -139,24 +139,25 @@ class Installation {
         if (sent) {
             awaitReturn(run, end);
         }
-        run.ask([this] { parts_.firmware.installedOrNot(); });
+        run.ask([this] { parts_.firmware.isOver(); });
     }
 
-    /// A pedal that does not come back is looked for as long as the window is there.
+    /// A pedal that does not come back is looked for as long as the window is there, or until the next
+    /// installation.
     void awaitReturn(Run& run, const FlashEnd& sent) {
-        bool said = false;
-        for (bool goesOn = true; goesOn;) {
+        for (bool said = false, goesOn = true; goesOn;) {
             const auto end = confirmFlash(*run.pedal, sent, {});
             const auto why = end.why ? end.why->kind : Trouble::Kind::noAnswer;
-            goesOn = end.how == FlashEnd::How::unconfirmed &&
-                     (why == Trouble::Kind::noReturn || why == Trouble::Kind::stillInLoader) && run.ask([&] {
-                         if (!std::exchange(said, true)) {
-                             finish(end, told(end));
-                         }
-                     });
-            if (!goesOn) {
-                run.ask([&] { finish(end, told(end, sent, version_)); });
-            }
+            const bool away = end.how == FlashEnd::How::unconfirmed &&
+                              (why == Trouble::Kind::noReturn || why == Trouble::Kind::stillInLoader);
+            const auto current = run.ask([&] {
+                const bool latest = parts_.firmware.isLatest(number_);
+                if (latest && !(away && std::exchange(said, true))) {
+                    finish(end, told(end, sent, version_));
+                }
+                return latest;
+            });
+            goesOn = away && current.value_or(false);
         }
     }
 
@@ -169,6 +170,7 @@ class Installation {
 
     void finish(const FlashEnd& end, Told told) {
         parts_.teller.idle(work_);
+        parts_.panels.firmwareUpdater->progress().setStep(0, 0, {}, {});
         tell(told);
         if (!told.failure && !before_.empty()) {
             told.detail = "It ran " + before_ + " before.";
@@ -182,6 +184,7 @@ class Installation {
     std::shared_ptr<FirmwareUpdates> updates_;
     std::function<void()> endBar_;
     Teller::Work work_ = 0;
+    unsigned number_ = 0;  ///< among installations
     std::string version_;  ///< of the offer
     std::string facts_;    ///< of the file
     std::string before_;   ///< the version that the pedal had

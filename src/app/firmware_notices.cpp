@@ -27,10 +27,11 @@ Kind kindOf(const FlashEnd& end, const Told& told) {
 
 }  // namespace
 
-void FirmwareNotices::installs() {
+unsigned FirmwareNotices::begins() {
     ++installations_;
     endRepair();
     parts_.panels.firmwareNotice->close();
+    return ++latest_;
 }
 
 void FirmwareNotices::ended(const FlashEnd& end, const Told& told, bool again) {

@@ -17,10 +17,11 @@ class FirmwareNotices : Fixed {
     /// `parts` outlives it.
     explicit FirmwareNotices(AppParts& parts) : parts_(parts) {}
 
-    /// An installation goes on, so that a pedal in its loader is no surprise; and over, which may be much
-    /// later than its ending is known.
-    void installs();
-    void installedOrNot() { --installations_; }
+    /// An installation goes on, so that a pedal in its loader is no surprise; its number. It is over much
+    /// later than its ending is known if the pedal does not come back.
+    unsigned begins();
+    void isOver() { --installations_; }
+    bool isLatest(unsigned number) const { return number == latest_; }
     /// How one ended. `again`: whether the same image, which is still verified, may be sent again.
     void ended(const FlashEnd& end, const Told& told, bool again);
 
@@ -35,7 +36,8 @@ class FirmwareNotices : Fixed {
     void endRepair();
 
     AppParts& parts_;
-    int installations_ = 0;
+    int installations_ = 0;  ///< that go on
+    unsigned latest_ = 0;
     bool waiting_ = false;    ///< the pedal is in its loader, and not by an installation
     bool asked_ = false;      ///< the user was asked about this pedal
     std::string askedAbout_;  ///< the version; empty: there was none

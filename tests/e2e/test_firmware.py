@@ -26,7 +26,9 @@ class Firmware(unittest.TestCase):
             wait("the pedal is away", lambda: program.find("No pedal connected"))
             # it comes back twice, at first without loops
             wait("the loops are back", lambda: program.get("Loop 1, select").enabled, 30)
-            wait("the installation's window is gone", lambda: not program.window("Firmware Update"))
+            wait("the ending is said", lambda: program.find(r"Firmware 1\.06 runs on the pedal\."), 30)
+            program.get("OK", "push button").click()
+            wait("the installation's windows are gone", lambda: not program.window("Firmware Update"))
             self.assertEqual(self.version_shown(program), "Version 0.1.0 (1.06)")
 
     def offered(self, program):
