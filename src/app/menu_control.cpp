@@ -31,11 +31,11 @@ void moveHighlight(Items first, Items last, MenuItem& whenNone) {
 /// What "up to date" rests on.
 Told toldFirmwareList(const FirmwareUpdates& updates) {
     const auto news = updates.news();
-    const auto read =
-        news.read ? QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(*news.read))
-                        .toString("HH:mm")
-                        .toStdString()
-                  : std::string();
+    const auto read = news.read
+                          ? QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(*news.read))
+                                .toString("HH:mm")
+                                .toStdString()
+                          : std::string();
     return toldFirmwareList(read, news.newest, news.trouble);
 }
 

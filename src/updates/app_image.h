@@ -21,9 +21,9 @@ Result<void> sealAppImage(const std::filesystem::path& appImage, UpdateDownload&
 /// old or the new. If it fails, nothing has changed, except that ".previous" may exist. Any thread.
 Result<void> replaceAppImage(const std::filesystem::path& appImage, UpdateDownload& download);
 
-/// Where there is no FUSE an AppImage is started with --appimage-extract-and-run, and then runs from the folder
-/// that its runtime has unpacked. If `program`, this one, does, AppImages that it starts do the same. Main
-/// thread, before there are others.
+/// Where there is no FUSE an AppImage is started with --appimage-extract-and-run, and then runs from the
+/// folder that its runtime has unpacked. If `program`, this one, does, AppImages that it starts do the same.
+/// Main thread, before there are others.
 void startOthersUnpackedAs(const std::filesystem::path& program);
 
 }  // namespace kzq

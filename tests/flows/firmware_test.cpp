@@ -98,6 +98,7 @@ TEST_F(FirmwareFlow, AnOfferIsInstalledAcrossTheRestartAndThenTakenBack) {
     const auto lines = linesFor(13s);
     EXPECT_FALSE(importRow(1).occupied());
     EXPECT_FALSE(shieldUp() || flashing());
+    EXPECT_EQ(notice(), nullptr) << "nothing to repair";
     EXPECT_GT(web.requested.size(), asked);  // looked for again
     EXPECT_THAT(lines, ElementsAre("Restarting the pedal", "The pedal is preparing", "Sending image, 0 %",
                                    "Sending image, 50 %", "Sending image, 100 %",

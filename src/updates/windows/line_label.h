@@ -7,8 +7,8 @@ class QTextLayout;
 
 namespace kzq {
 
-/// Plain text, wrapped, on lines of a given height, left or right; from the top, white by default. What does not fit
-/// into the label is not drawn.
+/// Plain text, wrapped, on lines of a given height, left or right; from the top, white by default. What does
+/// not fit into the label is not drawn.
 class LineLabel : public QLabel {
   public:
     explicit LineLabel(QWidget* parent = nullptr);
