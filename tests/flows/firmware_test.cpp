@@ -1,9 +1,11 @@
 #include <QApplication>
+#include <QTest>
 #include <fstream>
 
 #include "flow_fixture.h"
 #include "platform/digest.h"
 #include "updates/windows/firmware_updater.h"
+#include "updates/windows/notes_view.h"
 
 namespace kzq::test {
 
@@ -85,10 +87,17 @@ class FirmwareFlow : public FlowTest {
 TEST_F(FirmwareFlow, AnOfferIsInstalledAcrossTheRestartAndThenTakenBack) {
     launchWithOffer();
     delegate->openFirmwareUpdater();
-    delegate->openMenu();
     port.writePiece = 300;
     port.writePace = 500ms;
-    delegate->firmwareUpdater()->install();
+    auto& updater = delegate->firmwareUpdater()->window();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(&updater, &held);  // since before it came
+    QTest::keyClick(&updater, Qt::Key_Escape);
+    EXPECT_FALSE(offerShown());
+    delegate->openFirmwareUpdater();
+    EXPECT_THAT(delegate->firmwareUpdater()->notes().toPlainText().toStdString(), HasSubstr("better"));
+    delegate->openMenu();
+    QTest::keyClick(&delegate->firmwareUpdater()->notes(), Qt::Key_Return);
     EXPECT_FALSE(delegate->menuOpen());
     EXPECT_FALSE(shieldUp());
     executor.settle();

@@ -119,22 +119,3 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     update->accept();
     EXPECT_EQ(events, std::vector<std::string>{"relaunch"});
 }
-
-TEST_F(SoftwareUpdateTest, IsGivenUpByEveryRoadOutOfTheWindow) {
-    const std::function<void()> roads[] = {[this] { QTest::keyClick(&window(), Qt::Key_Escape); },
-                                           [this] { window().close(); }};
-    for (const auto& leave : roads) {
-        check();
-        leave();
-        EXPECT_EQ(updater->status().state, UpdateState::idle);
-        EXPECT_FALSE(window().isVisible());
-        check();
-        update->accept();
-        executor.advance(1s);
-        ASSERT_EQ(updater->status().state, UpdateState::downloading);
-        leave();
-        executor.advance(1min);
-        EXPECT_EQ(updater->status().state, UpdateState::idle);
-        EXPECT_FALSE(window().isVisible());
-    }
-}
