@@ -47,7 +47,10 @@ class Installation {
         if (!image || image->empty()) {
             run.ask([this] { tellUnusable(); });
         }
-        if (image && !image->empty() && run.ask([&] { start(run, *image); })) {
+        if (image && file_) {
+            facts_ = factsOf(*image, *updates_);
+        }
+        if (image && !image->empty() && run.ask([&] { start(run); })) {
             install(run, *image);
         }
     }
@@ -75,13 +78,9 @@ class Installation {
         parts_.teller.tell(file_ ? chosen : offered, "firmware");
     }
 
-    void start(Run& run, const FirmwareImage& image) {
+    void start(Run& run) {
         work_ = parts_.teller.newWork();
-        if (file_) {
-            facts_ = factsOf(image, *updates_);
-        } else {
-            version_ = updates_->news().offered;
-        }
+        version_ = file_ ? "" : updates_->news().offered;
         before_ = run.pedal->link()->factoryBlank() ? "" : run.pedal->link()->version().value_or("");
         number_ = parts_.firmware.begins();
         auto& updater = *parts_.panels.firmwareUpdater;
@@ -152,7 +151,9 @@ class Installation {
                               (why == Trouble::Kind::noReturn || why == Trouble::Kind::stillInLoader);
             const auto current = run.ask([&] {
                 const bool latest = parts_.firmware.isLatest(number_);
-                if (latest && !(away && std::exchange(said, true))) {
+                if (!latest) {
+                    parts_.teller.idle(work_);
+                } else if (!(away && std::exchange(said, true))) {
                     finish(end, told(end, sent, version_));
                 }
                 return latest;
