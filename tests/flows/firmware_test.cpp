@@ -67,8 +67,7 @@ class FirmwareFlow : public FlowTest {
             if (line() != lines.back()) {
                 lines.push_back(line());
             }
-            offeredAgain =
-                offeredAgain || (pedal.installedFirmware() && delegate->firmwareUpdater()->update());
+            offeredAgain = offeredAgain || (!flashing() && delegate->firmwareUpdater()->update());
         }
         return lines;
     }
@@ -104,6 +103,7 @@ TEST_F(FirmwareFlow, AnOfferIsInstalledAcrossTheRestartAndThenTakenBack) {
     EXPECT_TRUE(shieldUp() && flashing());
     EXPECT_FALSE(offerShown());
     const auto asked = web.requested.size();
+    pass(100ms);
     const auto lines = linesFor(13s);
     EXPECT_FALSE(importRow(1).occupied());
     EXPECT_FALSE(shieldUp() || flashing());
@@ -142,8 +142,7 @@ TEST_F(FirmwareFlow, AFailureKeepsTheOfferAndTheBarAndIsTriedAgain) {
 
 TEST_F(FirmwareFlow, AnOldVersionThatComesBackIsNoSuccess) {
     launchWithOffer();
-    web.bodies["new.bin"] = image = "an image without a version";
-    delegate->installFirmware(file(image));
+    delegate->installFirmware(file("an image without a version"));
     plan("stall@E5");
     pass(1min);
     pedal.unplug();
