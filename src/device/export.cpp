@@ -82,7 +82,8 @@ Result<std::uint32_t> KZQ7306::sendAudio(const ExportInfo& info, ByteView audio,
             return Trouble{Trouble::Kind::cancelled};
         }
         const auto piece = audio.subspan(sent, std::min<std::size_t>(size - sent, transferPiece));
-        if (auto moved = send(piece); !moved) {
+        Gone gone;
+        if (auto moved = send(piece, gone); !moved) {
             return std::move(moved.error());
         }
         sent += static_cast<std::uint32_t>(piece.size());
