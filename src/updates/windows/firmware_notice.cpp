@@ -16,7 +16,7 @@ namespace {
 constexpr QRect mark(24, 24, 40, 48);
 constexpr int textLeft = 84;
 constexpr int side = 24;
-constexpr int foot = 20;
+constexpr int underButtons = 20;
 constexpr int gap = 12;  // between the buttons
 
 /// Of an ending, and of the offer to repair a pedal.
@@ -99,7 +99,7 @@ void FirmwareNoticeWindow::place(bool repair) {
         right -= size.width() + gap;
     }
     decline_->setGeometry(right - layout.declineWidth, top, layout.declineWidth, size.height());
-    window_->setFixedSize(layout.width, top + size.height() + foot);
+    window_->setFixedSize(layout.width, top + size.height() + underButtons);
 }
 
 void FirmwareNoticeWindow::accept() {
