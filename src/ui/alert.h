@@ -24,6 +24,8 @@ struct Alert {
     std::vector<Button> buttons;
     /// Asks before data is lost; shown with the yellow mark.
     bool destroys = false;
+    /// Of a check box under the text; empty: there is none.
+    std::string option = {};
 
     bool operator==(const Alert&) const = default;
 };

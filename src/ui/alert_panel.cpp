@@ -7,6 +7,7 @@
 
 #include "ui/alert_button.h"
 #include "ui/background.h"
+#include "ui/check_box.h"
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -61,7 +62,26 @@ AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
     if (!alert.finePrint.empty()) {
         bottom = addText(alert.finePrint, bottom + spaceUnderHeadline, {13, 16, KZQGray()});
     }
+    if (!alert.option.empty()) {
+        bottom = addOption(alert.option, bottom + 16);
+    }
     addButtons(alert, std::max(bottom + 24, markFrame.bottom() + 1 + 20));
+}
+
+int AlertPanel::addOption(const std::string& title, int top) {
+    option_ = new CheckBox(QString::fromStdString(title), this);
+    option_->move(textLeft, top);
+    return option_->geometry().bottom() + 1;
+}
+
+bool AlertPanel::ticked() const {
+    return option_ != nullptr && option_->isChecked();
+}
+
+void AlertPanel::setTicked(bool ticked) {
+    if (option_ != nullptr) {
+        option_->setChecked(ticked);
+    }
 }
 
 void AlertPanel::addButtons(const Alert& alert, int top) {

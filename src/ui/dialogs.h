@@ -30,10 +30,14 @@ class Dialogs : Fixed {
 
     /// Shows `alert` until it is answered: alertFirstButton, alertSecondButton or alertThirdButton.
     virtual int run(const Alert& alert) = 0;
+    /// The same for one with a check box: `ticked` is its state, before and after.
+    virtual int run(const Alert& alert, bool& ticked) = 0;
     /// One existing file of an allowed type.
     virtual Chosen chooseFile(const FileTypes& allowed) = 0;
     /// The chosen folder itself. `prompt` is the title of the accepting button.
     virtual Chosen chooseFolder(const std::string& prompt) = 0;
+    /// Where to save a file that would be called `name`. It may exist: then the user agreed to replace it.
+    virtual Chosen chooseNewFile(const std::string& name) = 0;
     /// Opens a web address in the user's browser.
     virtual void openAddress(const std::string& url) = 0;
     /// Starts the program at `bundle`, detached; returns whether that succeeded.

@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QPointer>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
 #include <utility>
@@ -60,7 +61,13 @@ QtDialogs::QtDialogs(KeyGuard& keys, std::function<QWidget*()> parent)
     : keys_(keys), parent_(std::move(parent)) {}
 
 int QtDialogs::run(const Alert& alert) {
+    bool unused = false;
+    return run(alert, unused);
+}
+
+int QtDialogs::run(const Alert& alert, bool& ticked) {
     const QPointer<AlertPanel> panel(new AlertPanel(alert, parent_()));
+    panel->setTicked(ticked);
     const auto escape = panel->answer();
     KeyGuard::OpenAlert open(keys_);
     QObject::connect(panel, &AlertPanel::appeared, [&open] { open.appeared(); });
@@ -69,6 +76,7 @@ int QtDialogs::run(const Alert& alert) {
         return escape;
     }
     const auto answer = panel->answer();
+    ticked = panel->ticked();
     delete panel.data();
     return answer;
 }
@@ -86,6 +94,15 @@ Dialogs::Chosen QtDialogs::chooseFolder(const std::string& prompt) {
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(prompt));
+    return chosen(choose(dialog));
+}
+
+Dialogs::Chosen QtDialogs::chooseNewFile(const std::string& name) {
+    auto* dialog = new QFileDialog(parent_());
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->selectFile(QString::fromStdString(name));
     return chosen(choose(dialog));
 }
 

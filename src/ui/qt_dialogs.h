@@ -16,8 +16,10 @@ class QtDialogs : public Dialogs {
     QtDialogs(KeyGuard& keys, std::function<QWidget*()> parent);
 
     int run(const Alert& alert) override;
+    int run(const Alert& alert, bool& ticked) override;
     Chosen chooseFile(const FileTypes& allowed) override;
     Chosen chooseFolder(const std::string& prompt) override;
+    Chosen chooseNewFile(const std::string& name) override;
     void openAddress(const std::string& url) override;
     bool openApplication(const std::filesystem::path& bundle) override;
 

@@ -38,6 +38,8 @@ struct ScriptedDialogs : Dialogs {
         shown.push_back(alert.finePrint.empty() ? alert.headline : alert.headline + " " + alert.finePrint);
         return answer();
     }
+    int run(const Alert& alert, bool& ticked) override { return (ticked = ticks, run(alert)); }
+    Chosen chooseNewFile(const std::string& name) override { return (shown.push_back(name), file()); }
     Chosen chooseFile(const FileTypes& allowed) override {
         shown.push_back("file of " + std::to_string(allowed.size()) + " types");
         return file();
@@ -53,6 +55,7 @@ struct ScriptedDialogs : Dialogs {
     std::vector<std::string> take() { return std::exchange(shown, {}); }
 
     std::vector<std::string> shown;
+    bool ticks = false;  ///< the check box of an alert
     std::function<int()> answer = [] { return alertFirstButton; };
     std::function<Chosen()> file = [] { return Chosen{}; };
     std::function<Chosen()> folder = [] { return Chosen{}; };

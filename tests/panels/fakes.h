@@ -33,6 +33,8 @@ class FakeDialogs : public Dialogs {
     explicit FakeDialogs(Calls& calls) : calls_(calls) {}
 
     int run(const Alert& alert) override { return (calls_.push_back(alert.headline), alertFirstButton); }
+    int run(const Alert& alert, bool& /*ticked*/) override { return run(alert); }
+    Chosen chooseNewFile(const std::string& name) override { return (calls_.push_back(name), chosen); }
     Chosen chooseFile(const FileTypes& allowed) override {
         calls_.push_back("choose " + (allowed.size() == 1 ? allowed.front() : "one of several"));
         return chosen;

@@ -55,6 +55,8 @@ class StillApplication : public ApplicationController {
 class StillDialogs : public Dialogs {
   public:
     int run(const Alert& /*alert*/) override { return 0; }
+    int run(const Alert& /*alert*/, bool& /*ticked*/) override { return 0; }
+    Chosen chooseNewFile(const std::string& /*name*/) override { return {}; }
     Chosen chooseFile(const FileTypes& /*allowed*/) override { return {}; }
     Chosen chooseFolder(const std::string& /*prompt*/) override { return {}; }
     void openAddress(const std::string& /*url*/) override {}

@@ -139,9 +139,17 @@ def empty_plate():
     return picture
 
 
+def check(ticked):
+    picture = Picture(20, 20)
+    picture.frame(0, 0, 20, 20, 6, c.SOCKET, c.GROOVE)
+    if ticked:
+        picture.line("M5.5 10.5L8.6 13.6L14.5 6.8", c.CREAM, 2.2)
+    return picture
+
+
 def pictures():
     result = {"Window_plate": window_plate(), "Meter_track": meter_track(), "Warning_mark": warning_mark(),
-              "Status_mark": status_mark(),
+              "Status_mark": status_mark(), "Check_off": check(False), "Check_on": check(True),
               "Empty_plate": empty_plate(), "Empty_note": empty_note()}
     for name, colour in (("green", c.GREEN), ("orange", c.ORANGE), ("red", c.RED)):
         result[f"Meter_bar_{name}"] = meter_bar(colour)

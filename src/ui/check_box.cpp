@@ -1,0 +1,45 @@
+#include "ui/check_box.h"
+
+#include <QPainter>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/pictures.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int boxSide = 20;
+constexpr int rowHeight = 24;
+constexpr int gap = 8;
+constexpr QRect box(0, (rowHeight - boxSide) / 2, boxSide, boxSide);
+
+}  // namespace
+
+CheckBox::CheckBox(const QString& title, QWidget* parent) : QAbstractButton(parent) {
+    setCheckable(true);
+    setText(title);
+    setAccessibleName(title);
+    setFocusPolicy(Qt::TabFocus);
+    setFont(textFont());
+    setProperty("focusRingRadius", 6);
+    resize(sizeHint());
+}
+
+QRect CheckBox::focusRingRect() const {
+    return box;
+}
+
+QSize CheckBox::sizeHint() const {
+    return {boxSide + gap + fontMetrics().horizontalAdvance(text()), rowHeight};
+}
+
+void CheckBox::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    drawPicture(painter, isChecked() ? "Check_on" : "Check_off", box);
+    painter.setPen(underMouse() ? KZQWhite() : creamColor());
+    painter.drawText(rect().adjusted(boxSide + gap, 0, 0, 0), Qt::AlignVCenter, text());
+}
+
+}  // namespace kzq
