@@ -14,6 +14,7 @@
 #include "app/import_flow.h"
 #include "app/launch.h"
 #include "app/main_window.h"
+#include "app/save_report.h"
 #include "app/start_up.h"
 #include "device/kzq7306_delegate.h"
 #include "slots/slot_delegate.h"
@@ -131,6 +132,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openMainWindow() override { parts_->menu.openMainWindow(); }
     void openAbout() override { parts_->menu.openAbout(); }
     void openAboutBox() { openAbout(); }
+    void saveReport() { kzq::saveReport(*parts_); }
     void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }
     /// Deliberately does nothing: the program checks for firmware all the time.

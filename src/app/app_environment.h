@@ -14,6 +14,8 @@
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "platform/new_file.h"
+#include "troubleshooting/doctor.h"
+#include "troubleshooting/report.h"
 #include "ui/dialogs.h"
 #include "ui/panels/product.h"
 #include "updates/http_client.h"
@@ -46,11 +48,14 @@ struct AppEnvironment {
     /// Looks for why no pedal is available, for Absence, which the controller starts at launch. On a
     /// background thread. May be empty.
     std::function<std::vector<Finding>()> diagnose;
-    /// Runs commands of a shell as root, with a password that the desktop asks for. On a background thread.
-    /// Empty: there is no such program.
-    std::function<Result<void>(const std::string& commands)> asRoot = {};
+    /// On a background thread. Empty: there is no program that asks for the password.
+    RootShell asRoot = {};
     /// Keeps the computer awake while the window transfers. On a background thread. Empty: it may sleep.
     std::function<AwakeLock(AwakeFor)> keepAwake = {};
+    /// What the doctor finds. On a background thread; may take seconds.
+    std::function<std::vector<Finding>()> examine = {};
+    /// What goes into a report but for the outcomes. On a background thread; may take seconds.
+    std::function<TroubleReport()> report = {};
     /// The modifier keys held now. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
     /// Saves a file under a free name. On a background thread.

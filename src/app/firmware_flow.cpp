@@ -74,7 +74,8 @@ class Installation {
                            .failure = true};
         const Told chosen{.what = "\"" + file_.value_or("").filename().string() + "\" cannot be used",
                           .why = "it cannot be read, or it is empty",
-                          .failure = true};
+                          .failure = true,
+                          .names = {file_.value_or("").filename().string()}};
         parts_.teller.tell(file_ ? chosen : offered, "firmware");
     }
 

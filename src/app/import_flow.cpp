@@ -1,6 +1,5 @@
 #include "app/import_flow.h"
 
-#include <QUrl>
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -8,6 +7,7 @@
 #include "app/app_parts.h"
 #include "app/select_again.h"
 #include "app/set_up.h"
+#include "app/show_folder.h"
 #include "app/transfer_run.h"
 #include "audio/wave.h"
 #include "operations/import.h"
@@ -117,17 +117,11 @@ class Import {
         for (const auto slot : missing) {
             again[slot] = names_[slot];
         }
-        const Remedy show{
-            "Show", [this_ = &parts_, folder = order_.folder] {
-                this_->environment.dialogs.openAddress(
-                    QUrl::fromLocalFile(QString::fromStdString(folder.string())).toString().toStdString());
-                return true;
-            }};
         const Remedy retry{"Try again", [this_ = &parts_, again] { return selectAgain(*this_, again); }};
         const auto* const trouble = mainTrouble(outcome);
         parts_.teller.idle(work_);
         parts_.teller.tell(toldImport(outcome, asked, order_.folder), "import",
-                           missing.empty()                      ? show
+                           missing.empty()                      ? showing(parts_.environment, order_.folder)
                            : trouble && isMissingRule(*trouble) ? settingUp(parts_, *trouble, again)
                                                                 : retry);
     }

@@ -156,7 +156,7 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
     fillMenuBar(*window.menuBar(), {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox),
                                     [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
-                                    act(&AppDelegate::quit)});
+                                    act(&AppDelegate::saveReport), act(&AppDelegate::quit)});
 }
 
 }  // namespace

@@ -33,7 +33,9 @@ void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     selectAll->setShortcut(QKeySequence::SelectAll);
     auto* const results = bar.addMenu("&View")->addAction("&Recent Results", actions.openResults);
     results->setShortcut(QKeySequence("Ctrl+R"));
-    bar.addMenu("&Help")->addAction("&About 7306 Loop Manager", actions.openAboutBox);
+    auto* const help = bar.addMenu("&Help");
+    help->addAction("&Save Report\u2026", actions.saveReport);
+    help->addAction("&About 7306 Loop Manager", actions.openAboutBox);
 }
 
 }  // namespace kzq

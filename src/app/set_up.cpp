@@ -2,6 +2,7 @@
 
 #include "app/app_parts.h"
 #include "device/kzq7306.h"
+#include "troubleshooting/doctor.h"
 
 namespace kzq {
 
@@ -9,21 +10,15 @@ namespace {
 
 constexpr auto job = "import";
 
-/// For a shell that is root's.
-std::string withoutSudo(std::string commands) {
-    constexpr std::string_view sudo = "sudo ";
-    for (auto at = commands.find(sudo); at != std::string::npos; at = commands.find(sudo, at)) {
-        commands.erase(at, sudo.size());
-    }
-    return commands;
-}
-
+/// What is set up, and how, for an alert.
 Alert alertFor(const Trouble& trouble, bool installs) {
     const auto told = toldMissingRule(trouble);
-    Alert alert{.headline = told.what + ": " + told.why + ".",
-                .finePrint = (installs ? "This sets it up, with your password: " : "Run in a terminal: ") +
-                             trouble.remedy,
-                .buttons = {}};
+    Alert alert{.headline = told.what + ": " + told.why + ".", .finePrint = {}, .buttons = {}};
+    for (const auto& line : setUpFiles(trouble)) {
+        alert.finePrint += line + "\n";
+    }
+    alert.finePrint +=
+        (installs ? "This sets it up, with your password: " : "Run in a terminal: ") + trouble.remedy;
     if (installs) {
         alert.buttons = {{"Set Up"}, {"Not Now"}};
     } else {
@@ -38,23 +33,21 @@ struct Attempt {
     Trouble trouble;
     TypedNames loops;
 
-    Remedy again() const { return settingUp(parts, trouble, loops); }
-
     void notInstalled(const std::string& why) const {
         parts.teller.tell({.what = "The system rule was not installed",
                            .why = why,
                            .detail = "Run in a terminal: " + trouble.remedy,
                            .failure = true},
-                          job, again());
+                          job, settingUp(parts, trouble, loops));
     }
 
-    /// `obstacle` is what is found now.
-    void installed(const std::string& obstacle) const {
-        if (!obstacle.empty()) {
-            parts.teller.tell({.what = "The system rule is installed, but something else is in the way",
-                               .detail = obstacle,
-                               .failure = true},
-                              job, again());
+    void installed(const std::vector<Finding>& findings) const {
+        if (const auto missing = missingSetUp(findings)) {
+            parts.teller.tell(
+                {.what = "The system rule is installed, but something else is in the way",
+                 .detail = missing->words + (missing->remedy.empty() ? "" : " Run: " + missing->remedy),
+                 .failure = true},
+                job, settingUp(parts, *missing, loops));
             return;
         }
         const auto looper = parts.environment.link();
@@ -70,20 +63,18 @@ void install(const std::shared_ptr<Attempt>& attempt) {
     const auto work = attempt->parts.teller.newWork();
     attempt->parts.teller.working(work, "Setting up\u2026");
     const auto post = attempt->parts.teller.poster();
-    environment.executor.background(Priority::standard, [post, attempt, work, asRoot = environment.asRoot,
-                                                         diagnose = environment.diagnose,
-                                                         commands = withoutSudo(attempt->trouble.remedy)] {
-        const auto done = asRoot(commands);
-        const auto obstacle = done && diagnose ? obstacleLine(diagnose()) : std::string();
-        post([attempt, work, done, obstacle] {
-            attempt->parts.teller.idle(work);
-            if (done) {
-                attempt->installed(obstacle);
-            } else {
-                attempt->notInstalled(done.error().words);
-            }
-        });
-    });
+    const SetUp order{environment.executor, environment.asRoot, environment.examine};
+    environment.executor.background(Priority::standard,
+                                    [post, attempt, work, order, trouble = attempt->trouble] {
+                                        post([attempt, work, found = setUpSystem(order, trouble)] {
+                                            attempt->parts.teller.idle(work);
+                                            if (found) {
+                                                attempt->installed(*found);
+                                            } else {
+                                                attempt->notInstalled(found.error().words);
+                                            }
+                                        });
+                                    });
 }
 
 }  // namespace
@@ -91,7 +82,8 @@ void install(const std::shared_ptr<Attempt>& attempt) {
 Remedy settingUp(AppParts& parts, const Trouble& trouble, const TypedNames& loops) {
     return {"Set up", [attempt = std::make_shared<Attempt>(Attempt{parts, trouble, loops})] {
                 const auto& environment = attempt->parts.environment;
-                const bool installs = environment.asRoot != nullptr && !attempt->trouble.remedy.empty();
+                const bool installs =
+                    environment.asRoot != nullptr && !setUpCommands(attempt->trouble).empty();
                 const auto post = attempt->parts.teller.poster();
                 const auto answer = environment.dialogs.run(alertFor(attempt->trouble, installs));
                 if (installs && answer == alertFirstButton) {

@@ -42,6 +42,7 @@ void Teller::tell(const Told& told, const std::string& job, Remedy remedy) {
                           .failure = told.failure,
                           .cancelled = !told.failure && !told.why.empty(),  // a success has no reason
                           .job = job,
+                          .names = told.names,
                           .actionLabel = std::move(remedy.label),
                           .action = std::move(act)});
 }

@@ -44,6 +44,9 @@ class Teller : Fixed {
 
     /// What the program does by itself; empty for nothing.
     void background(const std::string& sentence) { announcements_->setBackground(sentence); }
+    /// Everything that was told and is still in the list, and all names of files that ever were in it.
+    const Announcements& announcements() const { return *announcements_; }
+
     /// What the pedal is, while nothing happens.
     void rest();
     /// Without a pedal: the program that has it, as a sentence; may be empty.

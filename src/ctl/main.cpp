@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -20,12 +21,16 @@
 #include "ctl/tool.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
+#include "device/libusb/libusb_version.h"
 #include "device/recorder/recording_port.h"
 #include "device/simulator/simulation.h"
 #include "operations/sentences.h"
 #include "platform/process.h"
 #include "platform/run_folder.h"
 #include "platform/standard_executor.h"
+#include "troubleshooting/log_tail.h"
+#include "troubleshooting/root_shell.h"
+#include "troubleshooting/this_computer.h"
 #include "updates/maker.h"
 #include "updates/qt_http_client.h"
 #include "updates/update_build.h"
@@ -102,7 +107,14 @@ Result<std::unique_ptr<simulator::Simulation>> simulate(Executor& executor, cons
 }
 
 std::vector<Finding> simulatedFindings() {
-    return {{Trouble::Kind::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}}};
+    return {simulatedFinding()};
+}
+
+std::vector<std::string> versions() {
+    std::vector<std::string> lines{"kzq7306ctl " KZQ_VERSION, std::string("Qt ") + qVersion(),
+                                   "libusb " + libusbVersion()};
+    std::ranges::move(thisComputer(), std::back_inserter(lines));
+    return lines;
 }
 
 Result<std::shared_ptr<recorder::SessionRecorder>> record(Executor& executor,
@@ -117,12 +129,15 @@ Result<std::shared_ptr<recorder::SessionRecorder>> record(Executor& executor,
     });
 }
 
-/// Puts the log into a recording.
-std::function<void(std::string_view)> noteTaker(const std::shared_ptr<recorder::SessionRecorder>& recorder) {
-    if (!recorder) {
-        return {};
-    }
-    return [recorder](std::string_view line) { recorder->note(line); };
+/// Puts the log into a recording, and keeps its end.
+std::function<void(std::string_view)> noteTaker(const std::shared_ptr<recorder::SessionRecorder>& recorder,
+                                                const std::shared_ptr<LogTail>& tail) {
+    return [recorder, tail](std::string_view line) {
+        tail->add(line);
+        if (recorder) {
+            recorder->note(line);
+        }
+    };
 }
 
 /// Workers may be parked in a transfer that never ends, so the process does not wait for them.
@@ -171,6 +186,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
                         options.json);
     }
     QtHttpClient http(*authorities);
+    const auto tail = std::make_shared<LogTail>();
     const ctl::Environment environment{
         .executor = executor,
         .usb = recording ? *recording : port,
@@ -190,7 +206,13 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
         .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
         .examine = [real = !options.simulate] { return real ? diagnoseByTrying() : simulatedFindings(); },
-        .logged = noteTaker(recorder),
+        .asRoot = rootShell(),
+        .report =
+            [tail] {
+                return TroubleReport{
+                    .versions = versions(), .log = tail->lines(), .owner = {homeFolder(), loginName()}};
+            },
+        .logged = noteTaker(recorder, tail),
         .keys = UpdateBuild::ofThisProgram().keys};
     ctl::Tool tool(options, environment);
     signals.listen(

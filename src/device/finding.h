@@ -26,6 +26,11 @@ inline std::optional<Finding> firstTrouble(const std::vector<Finding>& findings)
     return found == findings.end() ? std::nullopt : std::optional(*found);
 }
 
+/// In place of all others.
+inline Finding simulatedFinding() {
+    return {Trouble::Kind::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}};
+}
+
 inline Trouble asTrouble(const Finding& finding) {
     return {finding.kind, {}, 0, finding.sentence, finding.remedy};
 }

@@ -20,6 +20,11 @@ void append(std::string& text, const std::string& sentence) {
     text += text.empty() || sentence.empty() ? sentence : " " + sentence;
 }
 
+/// Without the folders above it.
+std::string nameOf(const std::filesystem::path& folder) {
+    return (folder.has_filename() ? folder.filename() : folder).string();
+}
+
 /// Reasons that differ from the one in the line.
 std::string otherReasons(Deed deed, const Outcome& outcome, const Trouble& first) {
     std::string text;
@@ -161,19 +166,36 @@ Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
         return toldMissingRule(*trouble);
     }
     auto result = told(Deed::save, outcome, asked);
+    result.names = {folder.string(), nameOf(folder)};
     if (!cameWhole(Deed::save, outcome)) {
         return result;
     }
-    result.what += " in " + (folder.has_filename() ? folder.filename() : folder).string();
+    result.what += " in " + nameOf(folder);
     for (const auto& loop : outcome.slots) {
-        result.detail += (result.detail.empty() ? "" : ", ") + loop.file.filename().string();
+        result.names.push_back(loop.file.filename().string());
+        result.detail += (result.detail.empty() ? "" : ", ") + result.names.back();
     }
     result.detail += result.detail.empty() ? "" : ".";
     return result;
 }
 
 Told toldUnusable(const std::string& name, const Trouble& trouble) {
-    return {.what = "\"" + name + "\" cannot be read", .detail = audioSentence(trouble), .failure = true};
+    return {.what = "\"" + name + "\" cannot be read",
+            .detail = audioSentence(trouble),
+            .failure = true,
+            .names = {name, trouble.where}};
+}
+
+Told toldReport(const std::filesystem::path& file, const Result<void>& saved) {
+    const auto folder = file.parent_path();
+    Told result{.what = "Report saved in " + nameOf(folder), .names = {folder.string(), nameOf(folder)}};
+    if (!saved) {
+        result.what = "The report was not saved";
+        result.why = reasonFor(Deed::save, saved.error());
+        result.detail = detailOf(saved.error());
+        result.failure = true;
+    }
+    return result;
 }
 
 }  // namespace kzq

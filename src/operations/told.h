@@ -7,7 +7,7 @@
 #include "loops/slot_number.h"
 #include "operations/flash.h"
 #include "operations/outcome.h"
-#include "platform/trouble.h"
+#include "platform/result.h"
 
 namespace kzq {
 
@@ -17,6 +17,7 @@ struct Told {
     std::string why = {};     ///< "no space left on the disk"; may be empty
     std::string detail = {};  ///< further complete sentences; may be empty
     bool failure = false;
+    std::vector<std::string> names = {};  ///< of files and folders, as they stand in it
 };
 
 /// What an operation does to loops.
@@ -39,6 +40,8 @@ Told toldFirmwareList(const std::string& read, const std::string& newest,
 bool isMissingRule(const Trouble& trouble);
 /// "Loops cannot be imported: the system rule is missing"
 Told toldMissingRule(const Trouble& trouble);
+/// Of a report for troubleshooting; `file` is where it is, or should be.
+Told toldReport(const std::filesystem::path& file, const Result<void>& saved);
 /// A file that was put on a row and cannot be used.
 Told toldUnusable(const std::string& name, const Trouble& trouble);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 #include <system_error>
 
 #include "platform/log.h"
@@ -29,17 +30,34 @@ Result<std::string> placeUnderFreeName(Draft& draft, std::string_view name, std:
     return Trouble{Trouble::Kind::file, Draft::placing, EEXIST};
 }
 
-Result<std::filesystem::path> write(const std::filesystem::path& folder, std::string_view name,
-                                    std::string_view extension, ByteView bytes, Draft::Road road) {
+using Place = std::function<Result<std::string>(Draft& draft)>;
+
+Result<std::filesystem::path> write(const std::filesystem::path& folder, const Place& place, ByteView bytes,
+                                    Draft::Road road) {
     Draft draft(folder, road);
     return draft.open()
         .and_then([&] { return draft.write(bytes); })
         .and_then([&] { return draft.sync(); })
-        .and_then([&] { return placeUnderFreeName(draft, name, extension); })
+        .and_then([&] { return place(draft); })
         .and_then([&](const std::string& placed) -> Result<std::filesystem::path> {
             draft.syncFolder();
             return folder / placed;
         });
+}
+
+/// On other roads as well, if the first one turns out to be closed only at its end.
+Result<std::filesystem::path> writeOnAnyRoad(const std::filesystem::path& folder, const Place& place,
+                                             ByteView bytes, Draft::Road first) {
+    auto file = write(folder, place, bytes, first);
+    if (!file && first == Draft::Road::unnamed && file.error().where == Draft::placing &&
+        file.error().error != EEXIST) {
+        file = write(folder, place, bytes, Draft::Road::renameNoReplace);
+    }
+    if (!file) {
+        log(LogCategory::files,
+            file.error().where + ": " + std::generic_category().message(file.error().error));
+    }
+    return file;
 }
 
 bool isContinuation(char byte) {
@@ -69,16 +87,17 @@ std::string fileNameComponent(std::string_view name, std::size_t reserved) {
 
 Result<std::filesystem::path> writeNewFile(const std::filesystem::path& folder, std::string_view name,
                                            std::string_view extension, ByteView bytes, Draft::Road first) {
-    auto file = write(folder, name, extension, bytes, first);
-    if (!file && first == Draft::Road::unnamed && file.error().where == Draft::placing &&
-        file.error().error != EEXIST) {
-        file = write(folder, name, extension, bytes, Draft::Road::renameNoReplace);
-    }
-    if (!file) {
-        log(LogCategory::files,
-            file.error().where + ": " + std::generic_category().message(file.error().error));
-    }
-    return file;
+    return writeOnAnyRoad(
+        folder, [&](Draft& draft) { return placeUnderFreeName(draft, name, extension); }, bytes, first);
+}
+
+Result<void> writeFileNamed(const std::filesystem::path& file, ByteView bytes) {
+    const auto name = file.filename().string();
+    return writeOnAnyRoad(
+               file.has_parent_path() ? file.parent_path() : ".",
+               [&name](Draft& draft) { return draft.place(name).map([&name] { return name; }); }, bytes,
+               Draft::Road::unnamed)
+        .map([](const auto& /*place*/) {});
 }
 
 }  // namespace kzq

@@ -23,4 +23,7 @@ Result<std::filesystem::path> writeNewFile(const std::filesystem::path& folder, 
                                            std::string_view extension, ByteView bytes,
                                            Draft::Road first = Draft::Road::unnamed);
 
+/// The same under exactly that name: EEXIST if it is taken.
+Result<void> writeFileNamed(const std::filesystem::path& file, ByteView bytes);
+
 }  // namespace kzq

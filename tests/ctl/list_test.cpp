@@ -94,6 +94,39 @@ TEST_F(ToolTest, TheDoctorTellsAllAndEndsWithTheFirstTrouble) {
     EXPECT_EQ(run({"doctor"}), ExitCode::ok);
 }
 
+TEST_F(ToolTest, TheDoctorInstallsWhatIsMissingLooksAgainAndSavesAReport) {
+    const Finding missing{Trouble::Kind::roadNotInstalled, true, "No rule.",
+                          "sudo install -m 644 /home/ann/x.rules /etc/udev/rules.d/ && sudo udevadm trigger"};
+    findings = {missing};
+    EXPECT_EQ(run({"doctor", "--install"}), ExitCode::noPermission);
+    EXPECT_THAT(err.str(), HasSubstr("there is no pkexec here"));
+    std::string commands;
+    asRoot = [&](const std::string& given) -> Result<void> {
+        commands = given;
+        return Trouble{Trouble::Kind::declined, "pkexec", 0, "no password was given"};
+    };
+    EXPECT_EQ(run({"doctor", "--install"}), ExitCode::noPermission);
+    EXPECT_THAT(err.str(), HasSubstr("not installed: no password was given. Run: sudo install"));
+    asRoot = [&](const std::string&) -> Result<void> {
+        executor.mainAfter(std::chrono::seconds(1), [this] { findings.front().present = false; });
+        return {};
+    };
+    report.owner = {"/home/ann", "ann"};
+    EXPECT_EQ(run({"doctor", "--install", "--report", folder / "report"}), ExitCode::ok);
+    EXPECT_EQ(commands, "install -m 644 /home/ann/x.rules /etc/udev/rules.d/ && udevadm trigger");
+    EXPECT_THAT(out.str(),
+                testing::ContainsRegex("x.rules goes into /etc/udev/rules.d.\n.*\nok  No rule.\n"));
+    findings = {missing};
+    const auto before = contents("report");
+    EXPECT_EQ(run({"doctor", "--report", folder / "report"}), ExitCode::fileError) << "there is one";
+    EXPECT_EQ(contents("report"), before);
+    EXPECT_EQ(run({"doctor", "--report", folder / "other"}), ExitCode::noPermission);
+    const auto other = contents("other");
+    const std::string text(other.begin(), other.end());
+    EXPECT_THAT(text, HasSubstr("sudo install -m 644 <file 1> /etc/udev/rules.d/ && sudo"));
+    EXPECT_THAT(text, testing::Not(HasSubstr("ann")));
+}
+
 struct BadAnswer {
     const char* fault;
     ExitCode code;

@@ -91,6 +91,8 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
         [this](auto heard) { signalsHeld = std::move(heard); }});
     environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
     environment_->diagnose = environment_->examine = [this] { return findings; };
+    environment_->asRoot = asRoot;
+    environment_->report = [this] { return report; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });
 }

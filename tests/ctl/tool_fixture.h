@@ -71,6 +71,8 @@ class ToolTest : public testing::Test {
     std::ostringstream err;
     bool terminal = false;
     std::vector<Finding> findings;  ///< of the diagnosis
+    RootShell asRoot;
+    TroubleReport report;  ///< but for the findings
     std::uint64_t systemMinorVersion = 36;
     /// What is answered to questions; they are kept.
     std::function<ctl::Answer()> answer = [] { return ctl::Answer::nobody; };

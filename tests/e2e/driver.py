@@ -186,7 +186,7 @@ class Program:
         self.temporary = os.path.join(self.folder, "tmp")
         os.mkdir(self.temporary)
         environment = {**os.environ, "TMPDIR": self.temporary, **(environment or {})}
-        words = [PROGRAM] + ([simulate] if simulate else []) + (["--host", host] if host else []) + [*options]
+        words = [PROGRAM, "--verbose"] + ([simulate] if simulate else []) + (["--host", host] if host else []) + [*options]
         self.process = subprocess.Popen(words, stdout=self.log, stderr=self.log, env=environment)
 
     def __enter__(self):

@@ -73,6 +73,8 @@ void FlowTest::launch(Executor::Duration wait) {
             .diagnose = [this] { return diagnosis; },
             .asRoot = asRoot,
             .keepAwake = keepAwake,
+            .examine = examine,
+            .report = [this] { return report; },
             .modifiers = [this] { return modifiers; },
             .writeFile = writeFile,
             .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },

@@ -116,6 +116,8 @@ class FlowTest : public testing::Test {
     std::vector<Finding> diagnosis = {{Trouble::Kind::noUdev, true, "a remedy", {}}};
     decltype(AppEnvironment::asRoot) asRoot;
     decltype(AppEnvironment::keepAwake) keepAwake;
+    decltype(AppEnvironment::examine) examine;
+    TroubleReport report;  ///< but for the outcomes
     Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;
     bool mainThreadWaits = false;  ///< set where a test makes it wait

@@ -1,3 +1,5 @@
+#include <QAction>
+#include <QMenuBar>
 #include <QUrl>
 
 #include "flow_fixture.h"
@@ -55,7 +57,8 @@ TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {
     bool missing = true;  // here the file says what the link would
     writeFile = [&missing](const auto& place, auto name, auto extension, auto bytes) {
         return missing ? Result<std::filesystem::path>(Trouble{.kind = Trouble::Kind::roadNotInstalled,
-                                                               .remedy = "sudo one && sudo two"})
+                                                               .remedy = "sudo install -m 644 /a/some.rules "
+                                                                         "/etc/udev/rules.d/ && sudo two"})
                        : writeNewFile(place, name, extension, bytes);
     };
     std::vector<std::string> commands;
@@ -67,6 +70,11 @@ TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {
         }
         return {};
     };
+    bool blocked = true;
+    examine = [&blocked] {
+        return std::vector<Finding>{{Trouble::Kind::heldByAnother, true, "By this window.", {}},
+                                    {Trouble::Kind::roadNotInForce, blocked, "Not yet.", "sudo three"}};
+    };
     launchConnected();
     select({3});
     type(3, "typed");
@@ -75,13 +83,13 @@ TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {
     dialogs.take();
     const auto pressLink = [this] {
         window->statusLine().link().click();
-        pass(1s);
+        pass(10s);
         return line();
     };
     EXPECT_EQ(line(), "Loops cannot be imported: the system rule is missing");
     dialogs.answer = [] { return alertSecondButton; };
     pressLink();
-    EXPECT_THAT(dialogs.take(), ElementsAre(testing::HasSubstr("sudo one && sudo two")));
+    EXPECT_THAT(dialogs.take(), ElementsAre(testing::HasSubstr("some.rules goes into /etc/udev/rules.d.\n")));
     EXPECT_THAT(commands, IsEmpty());
     select({3});
     window->importButton()->click();
@@ -90,15 +98,52 @@ TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {
     EXPECT_EQ(pressLink(), "The system rule was not installed: no password was given");
     allowed = true;
     EXPECT_EQ(pressLink(), "The system rule is installed, but something else is in the way");
-    diagnosis.clear();
+    EXPECT_EQ(commands.back(), "install -m 644 /a/some.rules /etc/udev/rules.d/ && two");
+    blocked = false;
     EXPECT_EQ(pressLink(), "Loops can be imported now");
-    EXPECT_THAT(commands, testing::Each("one && two"));
+    EXPECT_EQ(commands.back(), "three") << "what was missing last";
     missing = false;
     pressLink();
     EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot));
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(files().size(), 1U);
+}
+
+TEST_F(FlowTest, AReportHasWhatWasToldWithoutNamesOfFilesAndReplacesOnlyWhatTheUserChose) {
+    const auto contents = [this](const std::string& name) { return readText(base / "files" / name); };
+    const auto entry = [this] {
+        for (auto* const action : window->menuBar()->findChildren<QAction*>()) {
+            if (action->text() == "&Save Report\u2026") {
+                return action;
+            }
+        }
+        return static_cast<QAction*>(nullptr);
+    };
+    const auto saved = [&](const std::string& name) {
+        dialogs.file = [this, name] { return Dialogs::Chosen{panelOk, base / "files" / name}; };
+        entry()->trigger();
+        pass(1s);
+        return line();
+    };
+    report = {.versions = {"Qt 6"}, .log = {"audio: " + (base / "files" / "Bridge.ogg").string() + ": no"}};
+    launchConnected();
+    drop(2, base / "files" / "Bridge.ogg");
+    executor.settle();
+    EXPECT_EQ(saved("one.txt"), "Report saved in files");
+    EXPECT_THAT(contents("one.txt"), testing::AllOf(testing::HasSubstr("failed: \"<file 1>\" cannot be read"),
+                                                    testing::HasSubstr("audio: <file 1>: no"),
+                                                    testing::Not(testing::HasSubstr("Bridge"))));
+    dialogs.ticks = true;
+    saved("one.txt");
+    EXPECT_THAT(contents("one.txt"), testing::HasSubstr("\"Bridge.ogg\" cannot be read"));
+    EXPECT_FALSE(std::filesystem::exists(base / "files" / "one-2.txt")) << "the dialog had asked";
+    EXPECT_EQ(saved("none/one.txt"), "The report was not saved: the folder is not there any more");
+    dialogs.answer = [] { return alertSecondButton; };
+    dialogs.take();
+    window->statusLine().link().click();
+    pass(1s);
+    EXPECT_EQ(dialogs.take().size(), 1U) << "the question again, and no chooser after a Cancel";
 }
 
 TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {

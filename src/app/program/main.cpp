@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 
 #include "app/app_delegate.h"
 #include "app/app_environment.h"
@@ -25,12 +26,17 @@
 #include "device/kzq7306.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
+#include "device/libusb/libusb_version.h"
 #include "device/simulator/simulation.h"
 #include "operations/sentences.h"
 #include "platform/awake.h"
+#include "platform/log.h"
 #include "platform/process.h"
 #include "platform/qt_executor.h"
 #include "platform/run_folder.h"
+#include "troubleshooting/log_tail.h"
+#include "troubleshooting/root_shell.h"
+#include "troubleshooting/this_computer.h"
 #include "ui/fonts.h"
 #include "ui/key_guard.h"
 #include "ui/panels/front_window.h"
@@ -102,25 +108,36 @@ UpdateDesktop desktop() {
                 }};
 }
 
-std::function<Result<void>(const std::string&)> rootShell() {
-    const auto program = QStandardPaths::findExecutable("pkexec");
-    if (program.isEmpty()) {
-        return {};
-    }
-    return [program](const std::string& commands) -> Result<void> {
-        constexpr int dismissed = 126;
-        const int status = QProcess::execute(program, {"/bin/sh", "-c", QString::fromStdString(commands)});
-        if (status == 0) {
-            return {};
+std::vector<Finding> examined(bool simulate) {
+    return simulate ? std::vector<Finding>{simulatedFinding()} : diagnoseByTrying();
+}
+
+/// Keeps the end of the log, and shows it as well if wanted.
+std::shared_ptr<LogTail> keepLog(bool shown) {
+    auto tail = std::make_shared<LogTail>();
+    setLogSink([tail, shown](LogCategory category, std::string_view line) {
+        const auto text = std::string(logCategoryName(category)) + ": " + std::string(line);
+        tail->add(text);
+        if (shown) {
+            std::cerr << text << std::endl;
         }
-        return Trouble{
-            Trouble::Kind::declined, "pkexec", 0,
-            status == dismissed ? "no password was given" : "pkexec ended with " + std::to_string(status)};
-    };
+    });
+    return tail;
+}
+
+TroubleReport report(bool simulate, const LogTail& log) {
+    TroubleReport made{
+        .versions = {"kzq7306 " KZQ_VERSION, std::string("Qt ") + qVersion(), "libusb " + libusbVersion()},
+        .findings = examined(simulate),
+        .log = log.lines(),
+        .owner = {homeFolder(), loginName()}};
+    std::ranges::move(thisComputer(), std::back_inserter(made.versions));
+    made.versions.push_back("window system: " + QGuiApplication::platformName().toStdString());
+    return made;
 }
 
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
-                             HttpClient& http) {
+                             HttpClient& http, const std::shared_ptr<LogTail>& log) {
     auto build = UpdateBuild::ofThisProgram();
     return {
         .executor = executor,
@@ -139,6 +156,8 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .diagnose = options.simulate ? decltype(AppEnvironment::diagnose)() : [] { return diagnose(); },
         .asRoot = rootShell(),
         .keepAwake = options.simulate ? nullptr : keepAwake,
+        .examine = [simulate = options.simulate] { return examined(simulate); },
+        .report = [simulate = options.simulate, log] { return report(simulate, *log); },
         .modifiers = {},
         .quit = &QCoreApplication::quit};
 }
@@ -157,7 +176,8 @@ void receive(FirstWindow& first, const std::shared_ptr<AppDelegate>& delegate,
 }
 
 int runWindow(Application& application, FirstWindow& first, const ProgramOptions& options,
-              QtExecutor& executor, const std::string& certificates, simulator::Simulation* simulation) {
+              QtExecutor& executor, const std::string& certificates, simulator::Simulation* simulation,
+              const std::shared_ptr<LogTail>& log) {
     std::unique_ptr<UsbPort> bus;
     if (simulation == nullptr) {
         bus = std::make_unique<LibusbPort>();
@@ -172,7 +192,7 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     QtDialogs dialogs(keys, [&window] { return frontWindow(&window); });
     QtHttpClient http(certificates);
     const auto delegate =
-        std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http), window);
+        std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http, log), window);
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
         executor.background(Priority::high, [&executor] { leaveSoon(executor); });
@@ -200,6 +220,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (options.selfCheck) {
         return runSelfCheck(argc, argv, hasScreen());
     }
+    const auto log = keepLog(options.verbose);
     std::error_code unknown;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
     startOthersUnpackedAs(program);
@@ -239,7 +260,11 @@ int run(const ProgramOptions& options, int argc, char** argv) {
         simulation = std::move(*made);
     }
     quitOnSignals(executor, [&executor] { leaveSoon(executor); });
+<<<<<<< HEAD
     return runWindow(application, first, options, executor, *certificates, simulation.get());
+=======
+    return runWindow(application, options, executor, *certificates, simulation.get(), log);
+>>>>>>> 8f9dec1 (Troubleshooting: a room for what the doctor says, for setting up the system, and for a report)
 }
 
 }  // namespace

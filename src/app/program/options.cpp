@@ -18,6 +18,7 @@ ProgramCommandLine::ProgramCommandLine()
     app.set_version_flag("-V,--version", "kzq7306 " KZQ_VERSION, "Show the version and exit");
     app.add_option("FILE", options.files, "An audio file for the next free row of the Export tab")
         ->option_text("...");
+    app.add_flag("--verbose", options.verbose, "Show the log on standard error");
     app.add_flag("--unplugged", options.unplugged, "Start with the simulated pedal unplugged");
     app.add_option("--host", options.host, "Ask this server for updates, not the maker's")
         ->option_text("HOST[:PORT]");

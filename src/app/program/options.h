@@ -9,6 +9,7 @@ namespace kzq {
 
 /// The command-line options of the window's program.
 struct ProgramOptions {
+    bool verbose = false;  ///< the log goes to standard error
     bool simulate = false;
     std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
     std::vector<std::string> faults;           ///< for the simulated pedal, as given

@@ -3,12 +3,70 @@
 #include <nlohmann/json.hpp>
 
 #include "ctl/speech/json_output.h"
+#include "platform/new_file.h"
+#include "troubleshooting/doctor.h"
+#include "troubleshooting/report.h"
 
 namespace kzq::ctl {
 
 bool DoctorCommand::withoutPedal() {
-    const auto findings = context_.environment.examine();
+    context_.executor.background(Priority::standard, [self = shared_from_this()] {
+        self->context_.executor.main([self, code = self->work()] { self->context_.finish(code); });
+    });
+    return true;
+}
+
+ExitCode DoctorCommand::work() const {
+    auto findings = context_.environment.examine();
     show(findings);
+    if (const auto missing = missingSetUp(findings); missing && context_.options.install) {
+        const auto found = install(*missing);
+        if (!found) {
+            return context_.explain(
+                exitCode(missing->kind),
+                "The system rule was not installed: " + found.error().words + ". Run: " + missing->remedy);
+        }
+        findings = *found;
+        show(findings);
+    }
+    if (const auto& file = context_.options.report; !file.empty()) {
+        if (const auto saved = save(findings); !saved) {
+            return context_.explain(saved.error(), "The report was not saved in \"" + file.string() +
+                                                       "\": " + fileSentence(saved.error()));
+        }
+        Report(context_.output, context_.options.json)
+            .tell("report", {{"path", file.string()}}, "Report saved: " + file.string());
+    }
+    return summary(findings);
+}
+
+Result<std::vector<Finding>> DoctorCommand::install(const Trouble& missing) const {
+    Report report(context_.output, context_.options.json);
+    for (const auto& line : setUpFiles(missing)) {
+        report.tell("installs", {{"message", line}}, line);
+    }
+    const auto commands = setUpCommands(missing);
+    if (!context_.environment.asRoot || commands.empty()) {
+        return Trouble{Trouble::Kind::declined,
+                       {},
+                       0,
+                       commands.empty() ? "its files are not where this program expects them"
+                                        : "there is no pkexec here, which would ask for your password"};
+    }
+    report.tell("installing", {{"command", commands}}, "As root: " + commands);
+    return setUpSystem({context_.executor, context_.environment.asRoot, context_.environment.examine},
+                       missing);
+}
+
+Result<void> DoctorCommand::save(const std::vector<Finding>& findings) const {
+    auto report = context_.environment.report();
+    report.findings = findings;
+    const auto text = reportText(report, context_.options.withNames);
+    return writeFileNamed(context_.options.report,
+                          {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+ExitCode DoctorCommand::summary(const std::vector<Finding>& findings) const {
     const auto trouble = firstTrouble(findings);
     const auto code = trouble ? exitCode(trouble->kind) : ExitCode::ok;
     if (context_.options.json) {
@@ -16,8 +74,7 @@ bool DoctorCommand::withoutPedal() {
                                                           pedalSentence(asTrouble(*trouble)))
                                            : finishedJson(code, {}, {}));
     }
-    context_.finish(code);
-    return true;
+    return code;
 }
 
 void DoctorCommand::show(const std::vector<Finding>& findings) const {
@@ -30,9 +87,8 @@ void DoctorCommand::show(const std::vector<Finding>& findings) const {
                                         {"command", finding.remedy}});
             continue;
         }
-        context_.output.line((finding.present ? "!!  " : "ok  ") + finding.sentence);
-        if (finding.present && !finding.remedy.empty()) {
-            context_.output.line("      " + finding.remedy);
+        for (const auto& line : doctorLines(finding)) {
+            context_.output.line(line);
         }
     }
 }

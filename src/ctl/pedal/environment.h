@@ -20,6 +20,8 @@
 #include "platform/awake.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
+#include "troubleshooting/doctor.h"
+#include "troubleshooting/report.h"
 #include "updates/http_client.h"
 #include "updates/update_signature.h"
 
@@ -57,6 +59,10 @@ struct Environment {
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// The same more thoroughly: may take seconds, and use the pedal.
     std::function<std::vector<Finding>()> examine = [] { return std::vector<Finding>(); };
+    /// Empty: there is no program that asks for the password.
+    RootShell asRoot = {};
+    /// What goes into a report but for the findings and the log.
+    std::function<TroubleReport()> report = [] { return TroubleReport(); };
     /// Receives every line of the log, preceded by its category; may be empty. Must not log. Any thread.
     std::function<void(std::string_view line)> logged = {};
     /// Who signs the manifest; see FirmwareServer.

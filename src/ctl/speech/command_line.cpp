@@ -116,8 +116,18 @@ void CommandLine::addReading() {
         ->option_text(" ")
         ->required();
 
-    add(app, "doctor", Subcommand::doctor,
-        "Find out what keeps the pedal from being used, and show the commands that fix it");
+    auto* const doctor =
+        add(app, "doctor", Subcommand::doctor,
+            "Find out what keeps the pedal from being used, and show the commands that fix it");
+    doctor->add_flag("--install", options.install,
+                     "Run those that put the system's rules for the pedal into place, as root");
+    auto* const report =
+        doctor
+            ->add_option("--report", words.report,
+                         "Save what was found, with versions and the log, to a new file that can be sent; "
+                         "names of files, and yours, are left out")
+            ->option_text("FILE");
+    doctor->add_flag("--with-names", options.withNames, "Leave names of files in the report")->needs(report);
 
     add(app, "watch", Subcommand::watch,
         "Show when the pedal is connected, unplugged or changed, until Ctrl-C");

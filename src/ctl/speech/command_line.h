@@ -19,6 +19,7 @@ struct Words {
     bool firstFree = false;
     std::string output;
     std::optional<std::string> record;
+    std::optional<std::string> report;
     double wait = 0;
     std::optional<double> patience;
     std::vector<std::string> topic;  ///< help: the command it is about

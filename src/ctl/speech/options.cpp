@@ -77,6 +77,12 @@ void complete(CommandLine& line) {
         }
         options.record = *words.record;
     }
+    if (words.report) {
+        if (words.report->empty()) {
+            throw usageError("--report requires the name of a file.");
+        }
+        options.report = *words.report;
+    }
     if (!options.simulate && !options.faults.empty()) {
         throw usageError("--fault can only be used with --simulate.");
     }

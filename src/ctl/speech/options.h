@@ -48,6 +48,9 @@ struct Options {
     bool verify = false;                       ///< export: read back and compare
     bool salvage = false;                      ///< export, convert: take what there is of a damaged file
     bool normalize = false;                    ///< export, convert: to a true peak of -1 dB
+    bool install = false;                      ///< doctor: set up what is missing
+    std::filesystem::path report = {};         ///< doctor: a new file for a report; empty: none
+    bool withNames = false;                    ///< doctor: names of files in it
     std::filesystem::path output;              ///< convert: the new file; "-": standard output
 };
 

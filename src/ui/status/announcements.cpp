@@ -41,6 +41,7 @@ void Announcements::tell(Announcement announcement) {
     if (announcement.failure && !listOpen_) {
         open_.push_back(announcement.number);
     }
+    names_.insert(announcement.names.begin(), announcement.names.end());
     list_.push_front(std::move(announcement));
     if (list_.size() > kept) {
         std::erase(open_, list_.back().number);

@@ -5,7 +5,9 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "platform/executor.h"
 
@@ -20,7 +22,8 @@ struct Announcement {
     bool cancelled = false;  ///< neither a failure nor a success: it settles nothing
     /// What was attempted, such as "import": its success settles its failures. Empty: nothing settles it.
     std::string job = {};
-    std::string actionLabel = {};  ///< "Try again"; empty: there is none
+    std::vector<std::string> names = {};  ///< of files and folders in it
+    std::string actionLabel = {};         ///< "Try again"; empty: there is none
     /// Returns false if it could not be done now.
     std::function<bool()> action = {};
 
@@ -87,6 +90,8 @@ class Announcements {
     const Line& line() const { return line_; }
     /// Newest first.
     const std::deque<Announcement>& list() const { return list_; }
+    /// All names that were ever told.
+    const std::set<std::string>& names() const { return names_; }
 
   private:
     bool isOpen(const Announcement& announcement) const;
@@ -101,6 +106,7 @@ class Announcements {
     std::function<void()> changed_;
     std::function<void(const Announcement&)> spoken_;
     std::deque<Announcement> list_;
+    std::set<std::string> names_;
     std::deque<std::uint64_t> open_;  ///< failures that nothing has settled
     std::uint64_t last_ = 0;
     std::string rest_;

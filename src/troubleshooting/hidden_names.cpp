@@ -1,0 +1,111 @@
+#include "troubleshooting/hidden_names.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <functional>
+#include <utility>
+
+namespace kzq {
+
+namespace {
+
+/// The same on every computer.
+constexpr std::array systemFolders{"/dev/", "/etc/", "/lib/", "/proc/", "/run/udev/", "/sys/", "/usr/"};
+
+bool isPartOfWord(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' ||
+           (static_cast<unsigned char>(c) & 0x80U) != 0;  // of a letter beyond ASCII
+}
+
+/// Replaces `word` where no letter or digit stands beside it.
+std::string replaced(std::string text, std::string_view word, const std::function<std::string()>& by) {
+    for (auto at = text.find(word); !word.empty() && at != std::string::npos; at = text.find(word, at)) {
+        const auto end = at + word.size();
+        const bool before = at > 0 && isPartOfWord(text[at - 1]) && isPartOfWord(word.front());
+        const bool after = end < text.size() && isPartOfWord(text[end]) && isPartOfWord(word.back());
+        if (before || after) {
+            ++at;
+            continue;
+        }
+        const auto mark = by();
+        text.replace(at, word.size(), mark);
+        at += mark.size();
+    }
+    return text;
+}
+
+bool beginsPath(std::string_view text, std::size_t at) {
+    constexpr std::string_view borders = " \t\"'=(>:";
+    return text[at] == '/' && (at == 0 || borders.find(text[at - 1]) != std::string_view::npos) &&
+           at + 1 < text.size() && text[at + 1] != ' ';
+}
+
+std::size_t endOfWord(std::string_view text, std::size_t at) {
+    return std::min(text.find_first_of(" \t\n\"'", at), text.size());
+}
+
+std::size_t endOfPath(std::string_view text, std::size_t at, bool inWords) {
+    if (at > 0 && (text[at - 1] == '"' || text[at - 1] == '\'')) {
+        return std::min(text.find(text[at - 1], at), text.size());
+    }
+    return inWords ? endOfWord(text, at) : std::min(text.find('\n', at), text.size());
+}
+
+bool isOfSystem(std::string_view path) {
+    return path.find("/..") == std::string_view::npos &&
+           std::ranges::any_of(systemFolders,
+                               [path](const char* folder) { return path.starts_with(folder); });
+}
+
+bool isAddress(std::string_view before) {
+    return before.ends_with("http:") || before.ends_with("https:");
+}
+
+}  // namespace
+
+HiddenNames::HiddenNames(Owner owner, bool namesWanted, std::vector<std::string> known)
+    : owner_(std::move(owner)), namesWanted_(namesWanted), known_(std::move(known)) {
+    std::erase_if(known_, [](const std::string& name) { return std::ranges::none_of(name, isPartOfWord); });
+    std::ranges::sort(known_, std::greater(), &std::string::size);
+}
+
+std::string HiddenNames::markOf(const std::string& name) {
+    const auto last = std::filesystem::path(name).filename().string();
+    return "<file " +
+           std::to_string(
+               numbers_.try_emplace(last.empty() ? name : last, numbers_.size() + 1).first->second) +
+           ">";
+}
+
+std::string HiddenNames::withoutPaths(std::string_view text, bool inWords) {
+    std::string result;
+    for (std::size_t at = 0; at < text.size();) {
+        if (!beginsPath(text, at)) {
+            result += text[at++];
+            continue;
+        }
+        const auto word = text.substr(at, endOfWord(text, at) - at);
+        const bool stays = isAddress(text.substr(0, at)) || isOfSystem(word);
+        const auto path = stays ? word : text.substr(at, endOfPath(text, at, inWords) - at);
+        result += stays ? std::string(path) : markOf(std::string(path));
+        at += path.size();
+    }
+    return result;
+}
+
+std::string HiddenNames::without(std::string_view text, bool inWords) {
+    std::string result(text);
+    if (!namesWanted_) {
+        for (const auto& name : known_) {
+            result = replaced(std::move(result), name, [&] { return markOf(name); });
+        }
+        result = withoutPaths(result, inWords);
+    }
+    if (owner_.home.has_relative_path()) {
+        result = replaced(std::move(result), owner_.home.string(), [] { return "~"; });
+    }
+    return replaced(std::move(result), owner_.user, [] { return "<user>"; });
+}
+
+}  // namespace kzq

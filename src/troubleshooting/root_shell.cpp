@@ -1,0 +1,107 @@
+#include "troubleshooting/root_shell.h"
+
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <vector>
+
+namespace kzq {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path found(const std::string& program, const std::string& path) {
+    std::istringstream folders(path);
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        const auto file = fs::path(folder) / program;
+        std::error_code ignored;
+        if (file.is_absolute() && fs::is_regular_file(file, ignored) && ::access(file.c_str(), X_OK) == 0) {
+            return file;
+        }
+    }
+    return {};
+}
+
+/// Its exit status, or 128 and more if it did not end by itself; negative if it could not be started.
+int statusOf(std::vector<std::string> words) {
+    std::vector<char*> arguments;
+    for (auto& word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    // What this program ignores, its children would too.
+    sigset_t usual;
+    sigemptyset(&usual);
+    sigaddset(&usual, SIGPIPE);
+    sigaddset(&usual, SIGXFSZ);
+    posix_spawnattr_t attributes{};
+    ::posix_spawnattr_init(&attributes);
+    ::posix_spawnattr_setsigdefault(&attributes, &usual);
+    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    pid_t child = 0;
+    const int error =
+        ::posix_spawn(&child, arguments.front(), nullptr, &attributes, arguments.data(), ::environ);
+    ::posix_spawnattr_destroy(&attributes);
+    if (error != 0) {
+        return -error;
+    }
+    int status = 0;
+    while (::waitpid(child, &status, 0) < 0) {
+        if (errno != EINTR) {
+            return -errno;
+        }
+    }
+    constexpr int signalled = 128;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : signalled + WTERMSIG(status);
+}
+
+std::string reasonOf(int status, const std::string& program) {
+    constexpr int dismissed = 126;
+    constexpr int notAllowed = 127;
+    if (program == "pkexec" && status == dismissed) {
+        return "no password was given";
+    }
+    if (program == "pkexec" && status == notAllowed) {
+        return "the password could not be asked for, or it was wrong";
+    }
+    return status < 0 ? program + " could not be started"
+                      : "the commands ended with status " + std::to_string(status);
+}
+
+}  // namespace
+
+RootPlaces RootPlaces::ofThisProcess() {
+    const char* const path = std::getenv("PATH");  // NOLINT(concurrency-mt-unsafe): nothing here sets it
+    return {path == nullptr ? "" : path, ::geteuid() == 0};
+}
+
+RootShell rootShell(const RootPlaces& places) {
+    std::vector<std::string> words{"/bin/sh", "-c"};
+    if (!places.isRoot) {
+        const auto pkexec = found("pkexec", places.path);
+        if (pkexec.empty()) {
+            return {};
+        }
+        words.insert(words.begin(), pkexec.string());
+    }
+    return [words](const std::string& commands) -> Result<void> {
+        auto line = words;
+        line.push_back(commands);
+        const int status = statusOf(line);
+        const auto program = fs::path(line.front()).filename().string();
+        return status == 0
+                   ? Result<void>()
+                   : Result<void>(Trouble{Trouble::Kind::declined, program, 0, reasonOf(status, program)});
+    };
+}
+
+}  // namespace kzq
