@@ -132,6 +132,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openMainWindow() override { parts_->menu.openMainWindow(); }
     void openAbout() override { parts_->menu.openAbout(); }
     void openAboutBox() { openAbout(); }
+    /// For what happens outside of it.
+    void tell(const Told& told) { parts_->teller.tell(told); }
     void saveReport() { kzq::saveReport(*parts_); }
     void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }

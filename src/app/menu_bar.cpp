@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QKeySequence>
+#include <QMenu>
 #include <QMenuBar>
 
 #include "ui/fonts.h"
@@ -36,6 +37,9 @@ void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     auto* const help = bar.addMenu("&Help");
     help->addAction("&Save Report\u2026", actions.saveReport);
     help->addAction("&About 7306 Loop Manager", actions.openAboutBox);
+    for (auto* const menu : bar.findChildren<QMenu*>()) {
+        menu->setFont(bar.font());  // a window of its own does not inherit it
+    }
 }
 
 }  // namespace kzq

@@ -1,5 +1,4 @@
 #include <poll.h>
-#include <sys/utsname.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -23,6 +22,8 @@
 #include "device/libusb/libusb_port.h"
 #include "device/libusb/libusb_version.h"
 #include "device/recorder/recording_port.h"
+#include "device/recorder/recordings.h"
+#include "device/recorder/replay_port.h"
 #include "device/simulator/simulation.h"
 #include "operations/sentences.h"
 #include "platform/process.h"
@@ -117,15 +118,12 @@ std::vector<std::string> versions() {
     return lines;
 }
 
-Result<std::shared_ptr<recorder::SessionRecorder>> record(Executor& executor,
-                                                          const std::filesystem::path& path) {
-    const auto ended = [](const Trouble& trouble) { complain(trouble, recordingEndSentence(trouble)); };
-    return recorder::RecordingFile::create(path, ended).map([&](auto file) {
-        auto made = std::make_shared<recorder::SessionRecorder>(executor, std::move(file));
-        utsname kernel{};
-        made->note("kzq7306ctl " KZQ_VERSION +
-                   (::uname(&kernel) == 0 ? std::string(", ") + kernel.sysname + " " + kernel.release : ""));
-        return made;
+Result<std::unique_ptr<UsbPort>> replay(Executor& executor, const std::filesystem::path& path) {
+    return recorder::read(path).map([&](recorder::Recording&& recording) -> std::unique_ptr<UsbPort> {
+        const auto differs = [](const std::string& difference) {
+            complain({Trouble::Kind::badRecording}, "The recording is of something else: " + difference);
+        };
+        return std::make_unique<recorder::ReplayPort>(executor, std::move(recording), differs);
     });
 }
 
@@ -166,6 +164,12 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
                 simulationSentence(made.error()), options.json);
         }
         simulation = std::move(*made);
+    } else if (!options.replay.empty()) {
+        auto made = replay(executor, options.replay);
+        if (!made) {
+            return complain(made.error(), badRecordingSentence(made.error()), options.json);
+        }
+        bus = std::move(*made);
     } else {
         bus = std::make_unique<LibusbPort>();
     }
@@ -173,7 +177,9 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     std::unique_ptr<UsbPort> recording;
     UsbPort& port = simulation ? static_cast<UsbPort&>(simulation->port()) : *bus;
     if (!options.record.empty()) {
-        auto made = record(executor, options.record);
+        auto made =
+            recorder::begin(executor, options.record, "kzq7306ctl " KZQ_VERSION,
+                            [](const Trouble& trouble) { complain(trouble, recordingEndSentence(trouble)); });
         if (!made) {
             return complain(made.error(), recordingSentence(made.error()), options.json);
         }
@@ -187,6 +193,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     }
     QtHttpClient http(*authorities);
     const auto tail = std::make_shared<LogTail>();
+    const bool real = !options.simulate && options.replay.empty();
     const ctl::Environment environment{
         .executor = executor,
         .usb = recording ? *recording : port,
@@ -204,8 +211,9 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .home = homeFolder(),
         .keepAwake = [] { return keepAwake(AwakeFor::firmware); },
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
-        .diagnose = [real = !options.simulate] { return real ? diagnose() : simulatedFindings(); },
-        .examine = [real = !options.simulate] { return real ? diagnoseByTrying() : simulatedFindings(); },
+        .diagnose = [real] { return real ? diagnose() : simulatedFindings(); },
+        .examine = [real] { return real ? diagnoseByTrying() : simulatedFindings(); },
+        .capture = recorder::capture,
         .asRoot = rootShell(),
         .report =
             [tail] {

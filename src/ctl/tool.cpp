@@ -11,6 +11,7 @@
 #include "ctl/commands/firmware_install_command.h"
 #include "ctl/commands/import_command.h"
 #include "ctl/commands/list_command.h"
+#include "ctl/commands/recording_command.h"
 #include "ctl/commands/restore_command.h"
 #include "ctl/commands/watch_command.h"
 #include "platform/log.h"
@@ -40,6 +41,8 @@ std::shared_ptr<Command> makeCommand(Context context) {
             return std::make_shared<FirmwareInstallCommand>(std::move(context));
         case Subcommand::doctor:
             return std::make_shared<DoctorCommand>(std::move(context));
+        case Subcommand::recording:
+            return std::make_shared<RecordingCommand>(std::move(context));
         case Subcommand::watch:
             return std::make_shared<WatchCommand>(std::move(context));
     }

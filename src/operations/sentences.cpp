@@ -295,4 +295,15 @@ std::string recordingEndSentence(const Trouble& trouble) {
     return "The recording cannot be written and ends here: " + reasonOf(trouble);
 }
 
+std::string badRecordingSentence(const Trouble& trouble) {
+    switch (trouble.kind) {
+        case Kind::badRecording:
+            return quoted(trouble) + " is not a recording that can be used: " + reasonOf(trouble);
+        case Kind::file:
+            return quoted(trouble) + " cannot be written: " + fileSentence(trouble);
+        default:
+            return quoted(trouble) + " cannot be read: " + audioSentence(trouble);
+    }
+}
+
 }  // namespace kzq

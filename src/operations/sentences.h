@@ -73,5 +73,7 @@ std::string simulationSentence(const Trouble& trouble);
 /// Why there is no recording of a session; why it ends.
 std::string recordingSentence(const Trouble& trouble);
 std::string recordingEndSentence(const Trouble& trouble);
+/// Why a recording cannot be played or converted.
+std::string badRecordingSentence(const Trouble& trouble);
 
 }  // namespace kzq

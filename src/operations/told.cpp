@@ -186,6 +186,13 @@ Told toldUnusable(const std::string& name, const Trouble& trouble) {
             .names = {name, trouble.where}};
 }
 
+Told toldRecordingEnd(const Trouble& trouble) {
+    return {.what = "The recording ends here",
+            .why = fileReason(trouble),
+            .detail = recordingEndSentence(trouble),
+            .failure = true};
+}
+
 Told toldReport(const std::filesystem::path& file, const Result<void>& saved) {
     const auto folder = file.parent_path();
     Told result{.what = "Report saved in " + nameOf(folder), .names = {folder.string(), nameOf(folder)}};

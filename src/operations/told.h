@@ -42,6 +42,8 @@ bool isMissingRule(const Trouble& trouble);
 Told toldMissingRule(const Trouble& trouble);
 /// Of a report for troubleshooting; `file` is where it is, or should be.
 Told toldReport(const std::filesystem::path& file, const Result<void>& saved);
+/// Of a recording that was being made.
+Told toldRecordingEnd(const Trouble& trouble);
 /// A file that was put on a row and cannot be used.
 Told toldUnusable(const std::string& name, const Trouble& trouble);
 

@@ -12,7 +12,7 @@ using testing::StartsWith;
 TEST(ProgramOptions, WhatIsWrongIsAUsageError) {
     using Words = std::vector<std::string>;
     for (const auto& wrong : {Words{"--simulate="}, Words{"--unplugged"}, Words{"--fault", "unplug@in"},
-                              Words{"--fault"}, Words{"--nonsense"}}) {
+                              Words{"--fault"}, Words{"--record="}, Words{"--nonsense"}}) {
         const auto parsed = parseProgramOptions(wrong);
         EXPECT_FALSE(parsed.options) << wrong.front();
         EXPECT_EQ(parsed.status, 2);

@@ -136,6 +136,35 @@ fresh
     fail "a recording without room: $(cat "$work/err")"
 cmp "$first/Loop 1.wav" "$to/Loop 1.wav" || fail "an import beside a recording without room differs"
 
+# --- a recording plays as the pedal that it was made with, and becomes a capture
+fresh
+expect 0 --simulate --record "$to/session" import 3 --to "$to"
+mkdir "$to/again"
+expect 0 --replay "$to/session" import 3 --to "$to/again"
+cmp "$to/Loop 3.wav" "$to/again/Loop 3.wav" || fail "a replay differs from its session"
+expect 5 --replay "$to/session" import 2 --to "$to/again"
+grep -q 'something else: line [0-9]*: recorded' "$work/err" || fail "another command: $(cat "$work/err")"
+for options in "" --without-audio; do
+    expect 0 recording "$to/session" --to-pcapng "$to/capture$options" $options
+    python3 -c 'import struct, sys
+data, at, types, sound = open(sys.argv[1], "rb").read(), 0, [], 0
+while at < len(data):
+    kind, size = struct.unpack_from("<II", data, at)
+    assert size % 4 == 0 and struct.unpack_from("<I", data, at + size - 4)[0] == size, at
+    types.append(kind)
+    if kind == 6:
+        captured, transfer, length, kept = *struct.unpack_from("<I", data, at + 20), data[at + 37], *struct.unpack_from("<II", data, at + 60)
+        assert captured == 64 + kept and kept <= length
+        sound += kept if transfer == 3 else 0
+    at += size
+assert types[:2] == [0x0A0D0D0A, 1] and set(types[2:]) == {6} and len(types) > 500, types[:4]
+assert sound == 0 if len(sys.argv) > 2 else sound > 500000, sound
+' "$to/capture$options" $options || fail "a capture $options is not well-formed"
+done
+expect 6 recording "$to/session" --to-pcapng "$to/capture"
+expect 6 recording "$to/Loop 3.wav" --to-pcapng "$to/none"
+[ ! -e "$to/none" ] || fail "a capture of nothing"
+
 # --- exit codes
 expect 2
 expect 2 --simulate --fault nonsense list

@@ -3,6 +3,7 @@
 import os
 import resource
 import tempfile
+import time
 import unittest
 import wave
 
@@ -49,7 +50,7 @@ class Status(unittest.TestCase):
             wait("the loop that is missing is checked", lambda: box.checked)
             self.assertFalse(program.get("Loop 1, select").checked)
 
-    def test_a_file_that_is_no_audio(self):
+    def test_a_file_that_is_no_audio_and_a_report_of_it(self):
         path = os.path.join(tempfile.mkdtemp(), "Bridge.mp3")
         with open(path, "w") as file:
             file.write("words")
@@ -61,6 +62,21 @@ class Status(unittest.TestCase):
             choose(program, path)
             program.get('Failed: "Bridge.mp3" cannot be read')
             picture("unreadable")
+            report = os.path.join(tempfile.mkdtemp(), "report.txt")
+            key("alt+h")
+            time.sleep(0.3)  # no menu shows in the tree
+            picture("help-menu")
+            key("s")
+            box = program.get("Include names of files", "check box")
+            self.assertFalse(box.checked)
+            picture("report")
+            program.get("Save…", "push button").click()
+            choose(program, report)
+            wait("the report", lambda: os.path.exists(report))
+            with open(report) as file:
+                text = file.read()
+            self.assertIn('failed: "<file 1>" cannot be read', text)
+            self.assertNotIn("Bridge", text)
 
 
 if __name__ == "__main__":

@@ -130,6 +130,8 @@ TEST_F(FlowTest, AReportHasWhatWasToldWithoutNamesOfFilesAndReplacesOnlyWhatTheU
     launchConnected();
     drop(2, base / "files" / "Bridge.ogg");
     executor.settle();
+    window->statusLine().openList(Qt::MouseFocusReason);  // now it has been seen
+    window->statusLine().list().close();
     EXPECT_EQ(saved("one.txt"), "Report saved in files");
     EXPECT_THAT(contents("one.txt"), testing::AllOf(testing::HasSubstr("failed: \"<file 1>\" cannot be read"),
                                                     testing::HasSubstr("audio: <file 1>: no"),

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <sstream>
 
+#include "device/recorder/pcapng.h"
 #include "device/recorder/recording_file.h"
 
 namespace kzq::recorder {
@@ -45,6 +46,31 @@ TEST(Recording, IsRefusedAtTheLineThatIsWrong) {
             << lines;
     }
     EXPECT_EQ(refusal("kzq7306-usb-recording 2\n"), "line 1");
+}
+
+TEST(Recording, BecomesACaptureWithOrWithoutTheAudio) {
+    std::stringstream file(
+        std::string(recordingHeader) +
+        "\n0 1 open 1\n0 1 = 0\n"
+        "5000007 2 control 1 e1 2a 0003 00ff 8\n5000009 2 = 8 1122334455667788\n"
+        "5000010 3 in 1 81 4\n5000011 3 = 0 4 aabbccdd\n6000000 4 reset 1\n6000001 4 = 0\n");
+    const auto recording = readRecording(file);
+    ASSERT_TRUE(recording);
+    const auto captured = [&](bool audio) {
+        std::ostringstream out;
+        writePcapng(out, *recording, audio);
+        return out.str();
+    };
+    constexpr std::size_t head = 28 + 20;
+    constexpr std::size_t packet = 32 + 64;
+    const auto whole = captured(true);
+    ASSERT_EQ(whole.size(), head + 4 * packet + 8 + 4) << "two calls, two ends, and their data";
+    EXPECT_EQ(whole.substr(head + 28 + 8, 4), std::string("S\x02\x80\x01", 4));
+    EXPECT_EQ(whole.substr(head + 28 + 16, 12), std::string("\5\0\0\0\0\0\0\0\7\0\0\0", 12)) << "the time";
+    EXPECT_EQ(whole.substr(head + 28 + 40, 8), std::string("\xE1\x2A\3\0\xFF\0\x08\0", 8)) << "the request";
+    EXPECT_THAT(whole, testing::HasSubstr("\xAA\xBB\xCC\xDD"));
+    EXPECT_EQ(captured(false).size(), whole.size() - 4);
+    EXPECT_THAT(captured(false), testing::Not(testing::HasSubstr("\xAA\xBB\xCC\xDD")));
 }
 
 TEST(Recording, AFullDiskIsToldOnceAndHurtsNobody) {

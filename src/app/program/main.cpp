@@ -7,7 +7,6 @@
 #include <array>
 #include <cstdlib>
 #include <iostream>
-#include <iterator>
 
 #include "app/app_delegate.h"
 #include "app/app_environment.h"
@@ -16,8 +15,10 @@
 #include "app/main_window.h"
 #include "app/program/hand_over.h"
 #include "app/program/options.h"
+#include "app/program/recorded_bus.h"
 #include "app/program/relaunch.h"
 #include "app/program/self_check_run.h"
+#include "app/program/self_report.h"
 #include "app/program/simulation_menu.h"
 #include "app/program/termination.h"
 #include "app/start_up.h"
@@ -26,17 +27,15 @@
 #include "device/kzq7306.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
-#include "device/libusb/libusb_version.h"
 #include "device/simulator/simulation.h"
 #include "operations/sentences.h"
+#include "operations/told.h"
 #include "platform/awake.h"
-#include "platform/log.h"
 #include "platform/process.h"
 #include "platform/qt_executor.h"
 #include "platform/run_folder.h"
 #include "troubleshooting/log_tail.h"
 #include "troubleshooting/root_shell.h"
-#include "troubleshooting/this_computer.h"
 #include "ui/fonts.h"
 #include "ui/key_guard.h"
 #include "ui/panels/front_window.h"
@@ -108,34 +107,6 @@ UpdateDesktop desktop() {
                 }};
 }
 
-std::vector<Finding> examined(bool simulate) {
-    return simulate ? std::vector<Finding>{simulatedFinding()} : diagnoseByTrying();
-}
-
-/// Keeps the end of the log, and shows it as well if wanted.
-std::shared_ptr<LogTail> keepLog(bool shown) {
-    auto tail = std::make_shared<LogTail>();
-    setLogSink([tail, shown](LogCategory category, std::string_view line) {
-        const auto text = std::string(logCategoryName(category)) + ": " + std::string(line);
-        tail->add(text);
-        if (shown) {
-            std::cerr << text << std::endl;
-        }
-    });
-    return tail;
-}
-
-TroubleReport report(bool simulate, const LogTail& log) {
-    TroubleReport made{
-        .versions = {"kzq7306 " KZQ_VERSION, std::string("Qt ") + qVersion(), "libusb " + libusbVersion()},
-        .findings = examined(simulate),
-        .log = log.lines(),
-        .owner = {homeFolder(), loginName()}};
-    std::ranges::move(thisComputer(), std::back_inserter(made.versions));
-    made.versions.push_back("window system: " + QGuiApplication::platformName().toStdString());
-    return made;
-}
-
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
                              HttpClient& http, const std::shared_ptr<LogTail>& log) {
     auto build = UpdateBuild::ofThisProgram();
@@ -157,7 +128,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .asRoot = rootShell(),
         .keepAwake = options.simulate ? nullptr : keepAwake,
         .examine = [simulate = options.simulate] { return examined(simulate); },
-        .report = [simulate = options.simulate, log] { return report(simulate, *log); },
+        .report = [simulate = options.simulate, log] { return selfReport(simulate, *log); },
         .modifiers = {},
         .quit = &QCoreApplication::quit};
 }
@@ -182,8 +153,23 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     if (simulation == nullptr) {
         bus = std::make_unique<LibusbPort>();
     }
+    UsbPort& port = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus;
+    std::weak_ptr<AppDelegate> teller;
+    RecordedBus recorded;
+    if (!options.record.empty()) {
+        auto made = recordedBus(executor, port, options.record, [&teller](const Trouble& trouble) {
+            if (const auto delegate = teller.lock()) {
+                delegate->tell(toldRecordingEnd(trouble));
+            }
+        });
+        if (!made) {
+            return complain(fileStatus, recordingSentence(made.error()));
+        }
+        recorded = std::move(*made);
+        keepLog(log, options.verbose, recorded.note);
+    }
     KZQ7306::load({.executor = executor,
-                   .usb = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus,
+                   .usb = recorded.port ? *recorded.port : port,
                    .systemMinorVersion = systemMinorVersion,
                    .arrivalPatience = std::chrono::seconds(3)});
     MainWindow window;
@@ -193,6 +179,7 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     QtHttpClient http(certificates);
     const auto delegate =
         std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http, log), window);
+    teller = delegate;
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
         executor.background(Priority::high, [&executor] { leaveSoon(executor); });
@@ -220,7 +207,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (options.selfCheck) {
         return runSelfCheck(argc, argv, hasScreen());
     }
-    const auto log = keepLog(options.verbose);
+    const auto log = std::make_shared<LogTail>();
+    keepLog(log, options.verbose, {});
     std::error_code unknown;
     const auto program = std::filesystem::read_symlink("/proc/self/exe", unknown);
     startOthersUnpackedAs(program);
@@ -260,11 +248,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
         simulation = std::move(*made);
     }
     quitOnSignals(executor, [&executor] { leaveSoon(executor); });
-<<<<<<< HEAD
-    return runWindow(application, first, options, executor, *certificates, simulation.get());
-=======
-    return runWindow(application, options, executor, *certificates, simulation.get(), log);
->>>>>>> 8f9dec1 (Troubleshooting: a room for what the doctor says, for setting up the system, and for a report)
+    return runWindow(application, first, options, executor, *certificates, simulation.get(), log);
 }
 
 }  // namespace

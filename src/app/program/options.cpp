@@ -19,6 +19,9 @@ ProgramCommandLine::ProgramCommandLine()
     app.add_option("FILE", options.files, "An audio file for the next free row of the Export tab")
         ->option_text("...");
     app.add_flag("--verbose", options.verbose, "Show the log on standard error");
+    app.add_option("--record", options.record,
+                   "Record all USB traffic, audio included, to a new file, for troubleshooting")
+        ->option_text("FILE");
     app.add_flag("--unplugged", options.unplugged, "Start with the simulated pedal unplugged");
     app.add_option("--host", options.host, "Ask this server for updates, not the maker's")
         ->option_text("HOST[:PORT]");
@@ -48,6 +51,9 @@ ParsedProgramOptions parseProgramOptions(std::vector<std::string> arguments) {
     options.simulate = simulate.given();
     options.simulatedFolder = simulate.order().folder;
     options.faults = simulate.order().faults;
+    if (app.count("--record") != 0 && options.record.empty()) {
+        return {std::nullopt, usageStatus, "kzq7306: --record requires the name of a file.\n"};
+    }
     if (!options.simulate && (options.unplugged || !options.faults.empty())) {
         return {std::nullopt, usageStatus,
                 "kzq7306: --unplugged and --fault can only be used with --simulate.\n"};

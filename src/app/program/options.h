@@ -9,7 +9,8 @@ namespace kzq {
 
 /// The command-line options of the window's program.
 struct ProgramOptions {
-    bool verbose = false;  ///< the log goes to standard error
+    bool verbose = false;          ///< the log goes to standard error
+    std::filesystem::path record;  ///< a new file for what goes over USB; empty: none
     bool simulate = false;
     std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
     std::vector<std::string> faults;           ///< for the simulated pedal, as given

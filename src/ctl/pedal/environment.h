@@ -59,6 +59,10 @@ struct Environment {
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// The same more thoroughly: may take seconds, and use the pedal.
     std::function<std::vector<Finding>()> examine = [] { return std::vector<Finding>(); };
+    /// Converts a recording into a new capture; any thread.
+    std::function<Result<void>(const std::filesystem::path& recording, const std::filesystem::path& capture,
+                               bool audio)>
+        capture = {};
     /// Empty: there is no program that asks for the password.
     RootShell asRoot = {};
     /// What goes into a report but for the findings and the log.

@@ -54,6 +54,7 @@ CommandLine::CommandLine()
     addWriting();
     addConverting();
     addFirmware();
+    addRecording();
     addHelp();
     app.require_subcommand(1);
 }
@@ -79,6 +80,10 @@ void CommandLine::addGlobalOptions() {
     app.add_option("--record", words.record,
                    "Record all USB traffic, audio included, to a new file, for troubleshooting")
         ->option_text("FILE");
+    app.add_option("--replay", words.replay,
+                   "Play a recording in place of a pedal, for the command that it was made with")
+        ->option_text("FILE")
+        ->excludes("--simulate");
 }
 
 CLI::App* CommandLine::add(CLI::App& parent, const char* name, Subcommand subcommand,
@@ -198,6 +203,20 @@ void CommandLine::addFirmware() {
     firmware->callback([this, install] {
         options.subcommand = install->parsed() ? Subcommand::firmwareInstall : Subcommand::firmware;
     });
+}
+
+void CommandLine::addRecording() {
+    auto* const recording =
+        add(app, "recording", Subcommand::recording, "Convert a recording for a packet analyser");
+    recording->add_option("FILE", words.files, "Made with --record")
+        ->option_text(" ")
+        ->expected(1)
+        ->required();
+    recording->add_option("--to-pcapng", words.output, "New file; existing files are never overwritten")
+        ->option_text("OUT.pcapng")
+        ->required();
+    recording->add_flag("--without-audio", options.withoutAudio,
+                        "Leave out what audio and firmware consist of");
 }
 
 void CommandLine::addHelp() {

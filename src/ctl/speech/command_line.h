@@ -19,6 +19,7 @@ struct Words {
     bool firstFree = false;
     std::string output;
     std::optional<std::string> record;
+    std::optional<std::string> replay;
     std::optional<std::string> report;
     double wait = 0;
     std::optional<double> patience;
@@ -42,6 +43,7 @@ class CommandLine {
     void addWriting();
     void addConverting();
     void addFirmware();
+    void addRecording();
     void addHelp();
     void addSlots(CLI::App& subcommand);
     void addYes(CLI::App& subcommand);

@@ -52,6 +52,11 @@ void completePaths(Options& options, const Words& words) {
                 throw usageError("FOLDER must not be empty.");
             }
             break;
+        case Subcommand::recording:
+            if (words.output.empty()) {
+                throw usageError("--to-pcapng requires the name of a file.");
+            }
+            break;
         case Subcommand::convert:
             if (words.output.empty()) {
                 throw usageError("--to requires the name of a file.");
@@ -65,24 +70,23 @@ void completePaths(Options& options, const Words& words) {
     }
 }
 
+/// Empty without that option.
+std::filesystem::path fileNamedBy(const char* option, const std::optional<std::string>& word) {
+    if (word && word->empty()) {
+        throw usageError(std::string(option) + " requires the name of a file.");
+    }
+    return word.value_or("");
+}
+
 void complete(CommandLine& line) {
     Options& options = line.options;
     const Words& words = line.words;
     options.simulate = line.simulate.given();
     options.simulatedFolder = line.simulate.order().folder;
     options.faults = line.simulate.order().faults;
-    if (words.record) {
-        if (words.record->empty()) {
-            throw usageError("--record requires the name of a file.");
-        }
-        options.record = *words.record;
-    }
-    if (words.report) {
-        if (words.report->empty()) {
-            throw usageError("--report requires the name of a file.");
-        }
-        options.report = *words.report;
-    }
+    options.record = fileNamedBy("--record", words.record);
+    options.replay = fileNamedBy("--replay", words.replay);
+    options.report = fileNamedBy("--report", words.report);
     if (!options.simulate && !options.faults.empty()) {
         throw usageError("--fault can only be used with --simulate.");
     }
