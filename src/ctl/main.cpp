@@ -9,6 +9,7 @@
 #include <iterator>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <utility>
 
 #include "audio/conversion.h"
@@ -146,6 +147,50 @@ std::function<void(std::string_view)> noteTaker(const std::shared_ptr<recorder::
     std::_Exit(ended(code));
 }
 
+/// What stands for the pedal's bus, and what records it.
+struct Bus {
+    /// What the program ends with, if one of them cannot be had.
+    std::optional<int> open(Executor& executor, const ctl::Options& options) {
+        if (options.simulate) {
+            auto made = simulate(executor, options);
+            if (!made) {
+                return complain(
+                    made.error().kind == Trouble::Kind::badFault ? ExitCode::usage : ExitCode::fileError,
+                    simulationSentence(made.error()), options.json);
+            }
+            simulation = std::move(*made);
+        } else if (!options.replay.empty()) {
+            auto made = replay(executor, options.replay);
+            if (!made) {
+                return complain(made.error(), badRecordingSentence(made.error()), options.json);
+            }
+            own = std::move(*made);
+        } else {
+            own = std::make_unique<LibusbPort>();
+        }
+        return options.record.empty() ? std::nullopt : record(executor, options);
+    }
+    std::optional<int> record(Executor& executor, const ctl::Options& options) {
+        auto made =
+            recorder::begin(executor, options.record, "kzq7306ctl " KZQ_VERSION,
+                            [](const Trouble& trouble) { complain(trouble, recordingEndSentence(trouble)); });
+        if (!made) {
+            return complain(made.error(), recordingSentence(made.error()), options.json);
+        }
+        recorder = std::move(*made);
+        recording = std::make_unique<recorder::RecordingPort>(port(), recorder);
+        return std::nullopt;
+    }
+    UsbPort& port() const {
+        return recording ? *recording : simulation ? static_cast<UsbPort&>(simulation->port()) : *own;
+    }
+
+    std::unique_ptr<simulator::Simulation> simulation;
+    std::unique_ptr<UsbPort> own;
+    std::shared_ptr<recorder::SessionRecorder> recorder;
+    std::unique_ptr<UsbPort> recording;
+};
+
 int run(const ctl::Options& options, ctl::Signals& signals) {
     // Qt's part of the web and of D-Bus wants one.
     int count = 1;
@@ -154,37 +199,9 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     const QCoreApplication application(count, arguments.data());
     StandardExecutor executor;
     RunFolder::ofThisRun().sweep();
-    std::unique_ptr<simulator::Simulation> simulation;
-    std::unique_ptr<UsbPort> bus;
-    if (options.simulate) {
-        auto made = simulate(executor, options);
-        if (!made) {
-            return complain(
-                made.error().kind == Trouble::Kind::badFault ? ExitCode::usage : ExitCode::fileError,
-                simulationSentence(made.error()), options.json);
-        }
-        simulation = std::move(*made);
-    } else if (!options.replay.empty()) {
-        auto made = replay(executor, options.replay);
-        if (!made) {
-            return complain(made.error(), badRecordingSentence(made.error()), options.json);
-        }
-        bus = std::move(*made);
-    } else {
-        bus = std::make_unique<LibusbPort>();
-    }
-    std::shared_ptr<recorder::SessionRecorder> recorder;
-    std::unique_ptr<UsbPort> recording;
-    UsbPort& port = simulation ? static_cast<UsbPort&>(simulation->port()) : *bus;
-    if (!options.record.empty()) {
-        auto made =
-            recorder::begin(executor, options.record, "kzq7306ctl " KZQ_VERSION,
-                            [](const Trouble& trouble) { complain(trouble, recordingEndSentence(trouble)); });
-        if (!made) {
-            return complain(made.error(), recordingSentence(made.error()), options.json);
-        }
-        recorder = std::move(*made);
-        recording = std::make_unique<recorder::RecordingPort>(port, recorder);
+    Bus bus;
+    if (const auto code = bus.open(executor, options)) {
+        return *code;
     }
     const auto authorities = authoritiesIn(options.authorities);
     if (!authorities) {
@@ -196,7 +213,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
     const bool real = !options.simulate && options.replay.empty();
     const ctl::Environment environment{
         .executor = executor,
-        .usb = recording ? *recording : port,
+        .usb = bus.port(),
         .out = std::cout,
         .err = std::cerr,
         .terminal = ::isatty(STDOUT_FILENO) == 1,
@@ -220,7 +237,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
                 return TroubleReport{
                     .versions = versions(), .log = tail->lines(), .owner = {homeFolder(), loginName()}};
             },
-        .logged = noteTaker(recorder, tail),
+        .logged = noteTaker(bus.recorder, tail),
         .keys = UpdateBuild::ofThisProgram().keys};
     ctl::Tool tool(options, environment);
     signals.listen(

@@ -49,9 +49,15 @@ std::string reportText(const TroubleReport& report, bool namesWanted, std::vecto
             add(std::string(9, ' ') + hidden.inSentence(result.detail));
         }
     }
+    if (report.results.empty()) {
+        add("none");
+    }
     heading("Log");
     for (const auto& line : report.log) {
         add(hidden.inSentence(line));
+    }
+    if (report.log.empty()) {
+        add("empty");
     }
     return text;
 }

@@ -19,15 +19,18 @@ bool DoctorCommand::withoutPedal() {
 ExitCode DoctorCommand::work() const {
     auto findings = context_.environment.examine();
     show(findings);
-    if (const auto missing = missingSetUp(findings); missing && context_.options.install) {
-        const auto found = install(*missing);
-        if (!found) {
-            return context_.explain(
-                exitCode(missing->kind),
-                "The system rule was not installed: " + found.error().words + ". Run: " + missing->remedy);
+    const auto missing = missingSetUp(findings);
+    if (!missing && context_.options.install) {
+        Report(context_.output, context_.options.json)
+            .tell("installs", {{"message", "nothing"}}, "There is nothing to install.");
+    } else if (missing && context_.options.install) {
+        if (const auto found = install(*missing)) {
+            findings = *found;
+            show(findings);
+        } else {
+            context_.output.error("The system rule was not installed: " + found.error().words +
+                                  ". Run: " + missing->remedy);
         }
-        findings = *found;
-        show(findings);
     }
     if (const auto& file = context_.options.report; !file.empty()) {
         if (const auto saved = save(findings); !saved) {
