@@ -49,7 +49,7 @@ std::string notSentSentence(const FlashEnd& end, const Trouble& why, const std::
 }
 
 /// The image is in the pedal, which has not been seen to run it.
-Told toldUnconfirmed(Kind why) {
+Told unconfirmed(Kind why) {
     Told told{.what = "The firmware was sent, but the pedal ", .failure = true};
     switch (why) {
         case Kind::stillInLoader:
@@ -70,40 +70,7 @@ Told toldUnconfirmed(Kind why) {
     return told;
 }
 
-Told toldNotSent(const FlashEnd& end) {
-    const bool refused = end.why && end.why->kind == Kind::loaderRefused;
-    const auto reason = end.why ? reasonFor(Deed::write, *end.why) : std::string();
-    if (end.phase == FlashPhase::asking || refused) {
-        return {.what = "No firmware was installed",
-                .why = refused ? "the pedal refused" : reason,
-                .detail = "The pedal keeps its firmware.",
-                .failure = true};
-    }
-    return {.what = "The firmware could not be sent completely",
-            .why = reason,
-            .detail = stuck("install again"),
-            .failure = true};
-}
-
 }  // namespace
-
-Told told(const FlashEnd& end) {
-    switch (end.how) {
-        case How::notSent:
-            return toldNotSent(end);
-        case How::sent:
-            return {.what = "The firmware was sent", .detail = "The pedal has not come back yet."};
-        case How::confirmed:
-            return {.what = "Firmware " + end.version + " runs on the pedal"};
-        case How::inLoader:
-            return {.what = "The pedal is still waiting for firmware",
-                    .detail = replugAnd("install again"),
-                    .failure = true};
-        case How::unconfirmed:
-            break;
-    }
-    return toldUnconfirmed(end.why ? end.why->kind : Kind::noReturn);
-}
 
 std::string flashSentence(const FlashEnd& end, const std::string& again) {
     const auto why = end.why.value_or(Trouble{Kind::noAnswer});
@@ -119,8 +86,8 @@ std::string flashSentence(const FlashEnd& end, const std::string& again) {
         case How::unconfirmed:
             break;
     }
-    const auto unconfirmed = toldUnconfirmed(why.kind);
-    return unconfirmed.what + ", so it is not known whether it is installed. " + unconfirmed.detail;
+    const auto told = unconfirmed(why.kind);
+    return told.what + ", so it is not known whether it is installed. " + told.detail;
 }
 
 }  // namespace kzq
