@@ -89,7 +89,8 @@ std::uint64_t PartFile::size() const {
 Result<void> PartFile::seal(std::filesystem::perms permissions) {
     const auto same = "/proc/self/fd/" + std::to_string(file_.get());
     Descriptor reader(::open(same.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!reader || ::fchmod(reader.get(), static_cast<mode_t>(permissions)) != 0) {
+    const auto mode = static_cast<mode_t>(permissions | std::filesystem::perms::owner_write);
+    if (!reader || ::fchmod(reader.get(), mode) != 0) {
         return trouble("the download cannot be made ready to start", errno);
     }
     std::exchange(file_, std::move(reader)).close();  // which ends the lock

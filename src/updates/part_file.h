@@ -29,7 +29,8 @@ class PartFile : Fixed {
 
     /// Whether the name still refers to this file.
     bool isStillOurs() const;
-    /// Sets these permissions and keeps it open for reading only, as a file that is to be started must be.
+    /// Sets these permissions, and that to write, without which a leftover could not be opened again; keeps
+    /// it open for reading only, as a file that is to be started must be.
     Result<void> seal(std::filesystem::perms permissions);
     /// Moves it to its final name, with these permissions, by one rename; closes it.
     Result<void> place(const std::filesystem::path& name, std::filesystem::perms permissions);

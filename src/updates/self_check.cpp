@@ -21,6 +21,8 @@ QProcessEnvironment environmentOfItsOwn() {
     for (const auto* name : {"APPIMAGE", "APPDIR", "ARGV0", "OWD", "LD_LIBRARY_PATH", "QT_PLUGIN_PATH"}) {
         environment.remove(QLatin1String(name));
     }
+    // else a desktop integration may ask what to do with an AppImage that it does not know
+    environment.insert(QStringLiteral("APPIMAGELAUNCHER_DISABLE"), QStringLiteral("1"));
     return environment;
 }
 

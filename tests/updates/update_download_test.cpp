@@ -55,6 +55,12 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
         EXPECT_EQ(std::filesystem::remove(part), exchanged) << "what is not ours is not removed";
     }
     EXPECT_EQ(readText(folder / "package"), package);
+
+    UpdateDownload started(folder / "package");
+    ASSERT_TRUE(started.open() && started.append(bytes) && started.verify(item, std::vector{signer.key}));
+    ASSERT_TRUE(started.seal(std::filesystem::perms(0555)));
+    EXPECT_EQ(std::filesystem::status(started.part()).permissions(), std::filesystem::perms(0755))
+        << "a leftover has to be open to the next download";
 }
 
 }  // namespace
