@@ -1,7 +1,9 @@
 #include "release/site.h"
 
 #include <QUrl>
+#include <QXmlStreamReader>
 #include <cerrno>
+#include <map>
 #include <system_error>
 
 #include "platform/digest.h"
@@ -21,6 +23,23 @@ Trouble trouble(const std::filesystem::path& where, const char* what) {
 
 ByteView bytesOf(const std::string& text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+/// What a feed says, apart from blanks around its texts, which differ between versions of this program.
+QStringList contentOf(const std::string& feed) {
+    QStringList content;
+    QXmlStreamReader xml(QByteArray::fromStdString(feed));
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        const auto text = xml.text().trimmed();
+        if (token != QXmlStreamReader::Characters || !text.isEmpty()) {
+            content << xml.tokenString() << xml.name().toString() << text.toString();
+        }
+        for (const auto& attribute : xml.attributes()) {
+            content << attribute.qualifiedName().toString() << attribute.value().trimmed().toString();
+        }
+    }
+    return content;
 }
 
 }  // namespace
@@ -103,11 +122,11 @@ Result<std::vector<FeedItem>> Site::itemsAt(const std::string& address) const {
     if (!items) {
         return trouble(fileAt(address), "it is not a feed");
     }
-    if (feedText(*items) != *text) {
+    if (contentOf(feedText(*items)) != contentOf(*text)) {
         return trouble(
             fileAt(address),
-            "this program did not write it like this, and would drop what it does not know of it, so "
-            "the feed was left as it is; edit it by hand, or move it away to begin a new one");
+            "it contains what this program did not write and would drop, so the feed was left as it "
+            "is; edit it by hand, or move it away to begin a new one");
     }
     return std::move(*items);
 }
@@ -149,6 +168,14 @@ Result<std::size_t> Site::sign(const MakerKey& key) const {
     if (!list) {
         return list.error();
     }
+    std::map<Feed, std::vector<FeedItem>> feeds;  // all are read before anything is written
+    for (const auto kind : {Feed::normal, Feed::staging}) {
+        auto items = itemsAt(softwareFeedAddress(kind, host_));
+        if (!items) {
+            return items.error();
+        }
+        feeds[kind] = std::move(*items);
+    }
     if (auto entry = newestFirmwareEntry(bytesOf(*list)); entry && key.sign(*entry)) {
         const auto written = write(manifest, withEntry(*list, *entry).value_or(*list));
         if (!written) {
@@ -156,16 +183,12 @@ Result<std::size_t> Site::sign(const MakerKey& key) const {
         }
         ++count;
     }
-    for (const auto kind : {Feed::normal, Feed::staging}) {
-        const auto feed = softwareFeedAddress(kind, host_);
-        auto items = itemsAt(feed);
-        if (!items) {
-            return items.error();
-        }
-        for (auto& item : *items) {
+    for (auto& [kind, items] : feeds) {
+        for (auto& item : items) {
             count += key.sign(item) ? 1U : 0U;
         }
-        if (const auto written = items->empty() ? Result<void>() : write(feed, feedText(*items)); !written) {
+        const auto feed = softwareFeedAddress(kind, host_);
+        if (const auto written = items.empty() ? Result<void>() : write(feed, feedText(items)); !written) {
             return written.error();
         }
     }

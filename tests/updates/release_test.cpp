@@ -67,8 +67,14 @@ TEST_F(ReleaseTest, ListsAreNotOverwrittenThatCannotBeWrittenLikeThis) {
     EXPECT_EQ(readText(file), edited);
 
     const auto manifest = site.fileAt(firmwareManifestAddress("maker.example"));
+    ASSERT_TRUE(addFirmware("1.05"));
+    const auto list = readText(manifest);
+    EXPECT_FALSE(site.sign(Signer()));
+    EXPECT_EQ(readText(manifest), list) << "nothing is written if a feed cannot be";
+    auto earlier = edited.substr(0, edited.find("<!--"));
+    writeText(file, earlier.insert(earlier.find("</description>"), "\r\n "));  // as earlier versions wrote
+    EXPECT_TRUE(site.sign(signer));
     const std::string tooLong(largestManifest + 1, ' ');
-    std::filesystem::create_directories(manifest.parent_path());
     writeText(manifest, tooLong);
     EXPECT_FALSE(addFirmware("1.05"));
     EXPECT_EQ(readText(manifest), tooLong);
