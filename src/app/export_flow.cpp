@@ -59,6 +59,8 @@ class Export {
         }
         const auto total = shownTotal(order_.exports);
         parts_.transferPanel.open(total, order_.exports.size(), Slot::exportContext);
+        pedal_ = parts_.model.pedal();
+        parts_.staging->setUnderWay(order_.exports);
         run.turn.cover();
         watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
         return true;
@@ -106,8 +108,8 @@ class Export {
             }
             run.refresh();
         });
+        parts_.staging->setUnderWay({});
         if (outcome.begun) {
-            parts_.staging->sent(order_.exports);
             for (const auto& [slot, info] : order_.exports) {
                 std::error_code ignored;
                 std::filesystem::remove(info.source, ignored);
@@ -120,25 +122,24 @@ class Export {
         std::vector<SlotNumber> asked;
         std::ranges::copy(std::views::keys(order_.exports), std::back_inserter(asked));
         parts_.teller.idle(work_);
-        if (outcome.whole()) {
-            parts_.teller.forgetImports(asked);
-        }
         const auto missing = notDone(outcome, asked);
+        parts_.teller.forgetImports({asked, missing});
         std::map<SlotNumber, QUrl> again;
         for (const auto slot : missing) {
             if (const auto file = files_.find(slot); file != files_.end()) {
                 again.insert(*file);
             }
         }
-        // what has not begun is still staged
-        const bool offer = outcome.begun && !again.empty();
+        // what has not begun is still staged, unless the pedal has left
+        const bool offer = !again.empty() && (outcome.begun || pedal_ != parts_.model.pedal());
         parts_.teller.tell(told(Deed::write, outcome, asked), "export",
-                           offer ? parts_.staging->stagingAgain(again) : Remedy{});
+                           offer ? parts_.staging->stagingAgain(again) : Remedy{}, {asked, missing});
     }
 
     AppParts& parts_;
     ExportOrder order_;
     std::map<SlotNumber, QUrl> files_;  ///< the user's own
+    unsigned pedal_ = 0;                ///< see LoopModel
     Teller::Work work_ = 0;
     Events events_;
 };

@@ -123,7 +123,8 @@ class Import {
         parts_.teller.tell(toldImport(outcome, asked, order_.folder), "import",
                            missing.empty()                      ? showing(parts_.environment, order_.folder)
                            : trouble && isMissingRule(*trouble) ? settingUp(parts_, *trouble, again)
-                                                                : retry);
+                                                                : retry,
+                           {asked, missing});
     }
 
     AppParts& parts_;

@@ -1,5 +1,6 @@
 #include "app/staging.h"
 
+#include <ranges>
 #include <system_error>
 #include <utility>
 
@@ -108,12 +109,15 @@ void Staging::sayTooLarge() {
 
 void Staging::letGo(const std::map<SlotNumber, QUrl>& files) {
     for (const auto& [slot, file] : files) {
-        letGo_.insert_or_assign(slot, file);
+        if (!underWay_.contains(slot)) {
+            letGo_.insert_or_assign(slot, file);
+        }
     }
 }
 
-void Staging::sent(const Exports& exports) {
-    std::erase_if(letGo_, [&exports](const auto& entry) { return exports.contains(entry.first); });
+void Staging::setUnderWay(const Exports& exports) {
+    const auto slots = std::views::keys(exports);
+    underWay_ = {slots.begin(), slots.end()};
 }
 
 void Staging::arrived() {

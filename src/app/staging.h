@@ -51,8 +51,8 @@ class Staging : public std::enable_shared_from_this<Staging> {
 
     /// A pedal has left, or comes, and what is staged is forgotten. `arrived` says so.
     void letGo(const std::map<SlotNumber, QUrl>& files);
-    /// An export of these had begun before the pedal left, and tells itself what is missing.
-    void sent(const Exports& exports);
+    /// An export of these is under way, and offers itself what it misses; none at its end.
+    void setUnderWay(const Exports& exports);
     void arrived();
     /// A remedy that puts files on their rows again.
     Remedy stagingAgain(std::map<SlotNumber, QUrl> files);
@@ -85,6 +85,7 @@ class Staging : public std::enable_shared_from_this<Staging> {
     unsigned tooLarge_ = 0;                                       ///< alerts that are due
     bool alerting_ = false;
     std::map<SlotNumber, QUrl> letGo_;
+    std::set<SlotNumber> underWay_;
 };
 
 }  // namespace kzq

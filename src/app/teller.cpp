@@ -17,6 +17,14 @@ namespace {
 
 constexpr auto between = " \u00b7 ";
 
+std::set<unsigned> numbersOf(const std::vector<SlotNumber>& slots) {
+    std::set<unsigned> numbers;
+    for (const auto slot : slots) {
+        numbers.insert(slot.number());
+    }
+    return numbers;
+}
+
 }  // namespace
 
 Teller::Teller(const AppEnvironment& environment, MainWindow& window, const LoopModel& model)
@@ -32,7 +40,7 @@ Teller::~Teller() {
     announcements_->setListeners({}, {});
 }
 
-void Teller::tell(const Told& told, const std::string& job, Remedy remedy) {
+void Teller::tell(const Told& told, const std::string& job, Remedy remedy, const Concern& concern) {
     auto act = [this, life = std::weak_ptr(life_), wanted = std::move(remedy.act)] {
         return !life.expired() && window_.shield() == nullptr && wanted && wanted();
     };
@@ -43,6 +51,8 @@ void Teller::tell(const Told& told, const std::string& job, Remedy remedy) {
                           .cancelled = !told.failure && !told.why.empty(),  // a success has no reason
                           .job = job,
                           .names = told.names,
+                          .asked = numbersOf(concern.asked),
+                          .missing = numbersOf(concern.missing),
                           .actionLabel = std::move(remedy.label),
                           .action = std::move(act)});
 }
@@ -95,18 +105,23 @@ Teller::Work Teller::newWork() {
 void Teller::working(Work work, const std::string& sentence, const std::string& said) {
     if (const auto found = works_.find(work); found != works_.end()) {
         found->second = {sentence, said};
-        showWork();
+        showWork(work);
     }
 }
 
 void Teller::idle(Work work) {
     if (works_.erase(work) != 0) {
-        showWork();
+        showWork(work);
     }
 }
 
-void Teller::showWork() {
-    *silent_ = false;
+void Teller::showWork(Work changed) {
+    if (changed == followed_) {
+        *silent_ = false;
+    }
+    if (*silent_) {
+        return;  // the line goes on saying so
+    }
     Words newest;
     for (const auto& [work, words] : works_) {
         if (!words.sentence.empty()) {
@@ -128,6 +143,8 @@ std::function<void(Executor::Task)> Teller::poster() {
 
 std::function<void(SlotNumber)> Teller::follower(Work work, std::function<void(Executor::Task)> post,
                                                  const std::string& verb) {
+    followed_ = work;
+    *silent_ = false;
     return [this, work, post = std::move(post), verb, silent = silent_,
             last = std::optional<SlotNumber>()](SlotNumber slot) mutable {
         const bool answersAgain = silent->exchange(false);
@@ -158,10 +175,12 @@ void Teller::imported(const Loops& asked, const std::vector<SlotNumber>& missing
     }
 }
 
-void Teller::forgetImports(const std::vector<SlotNumber>& gone) {
-    for (const auto slot : gone) {
-        saved_.remove(slot);
-        notSaved_.erase(slot);
+void Teller::forgetImports(const Concern& gone) {
+    for (const auto slot : gone.asked) {
+        if (std::ranges::find(gone.missing, slot) == gone.missing.end()) {
+            saved_.remove(slot);
+            notSaved_.erase(slot);
+        }
     }
 }
 
@@ -179,11 +198,14 @@ void Teller::beforeErase(const std::vector<SlotNumber>& asked) {
     std::vector<SlotNumber> lost;
     std::ranges::copy_if(asked, std::back_inserter(lost),
                          [&](SlotNumber slot) { return notSaved_.contains(slot) && !stillSaved(slot); });
-    if (!lost.empty()) {
-        tell({.what = listOf(lost) + (lost.size() == 1 ? " was" : " were") + " not saved",
-              .detail = "What is erased now is gone.",
-              .failure = true},
-             "erase");
+    if (lost.empty()) {
+        return;
+    }
+    const Told told{.what = listOf(lost) + (lost.size() == 1 ? " was" : " were") + " not saved",
+                    .detail = "What is erased now is gone.",
+                    .failure = true};
+    if (!announcements_->stands(told.what)) {
+        tell(told, "import", {}, {.missing = lost});
     }
 }
 

@@ -28,6 +28,12 @@ struct Remedy {
     std::function<bool()> act = {};
 };
 
+/// The loops that were asked for, and those that are missing.
+struct Concern {
+    std::vector<SlotNumber> asked = {};
+    std::vector<SlotNumber> missing = {};
+};
+
 /// Says what comes of things, in the status line and its list. The flows' alerts are none of its business.
 /// Main thread.
 class Teller : Fixed {
@@ -36,8 +42,9 @@ class Teller : Fixed {
     Teller(const AppEnvironment& environment, MainWindow& window, const LoopModel& model);
     ~Teller();
 
-    /// A success settles the failures of the same `job`. While the window is covered, no remedy acts.
-    void tell(const Told& told, const std::string& job = {}, Remedy remedy = {});
+    /// What settles the failures of the same `job`: see Announcements. While the window is covered, no remedy
+    /// acts.
+    void tell(const Told& told, const std::string& job = {}, Remedy remedy = {}, const Concern& concern = {});
 
     /// The failures of `job` are over, without a success.
     void settle(const std::string& job) { announcements_->settle(job); }
@@ -66,20 +73,20 @@ class Teller : Fixed {
     /// has a task done here.
     std::function<void(SlotNumber)> follower(Work work, std::function<void(Executor::Task)> post,
                                              const std::string& verb);
-    /// The pedal does not answer: again and again while that lasts.
+    /// The pedal does not answer what was followed last: again and again while that lasts.
     void silent();
 
     /// An import of these has not saved those that are missing.
     void imported(const Loops& asked, const std::vector<SlotNumber>& missing);
-    /// These loops are no longer on the pedal.
-    void forgetImports(const std::vector<SlotNumber>& gone);
+    /// All of these but those that are missing are no longer on the pedal.
+    void forgetImports(const Concern& gone);
     /// The pedal has left, and another may come.
     void forgetImports();
     /// Before the question whether to erase them.
     void beforeErase(const std::vector<SlotNumber>& asked);
 
   private:
-    void showWork();
+    void showWork(Work changed);
     std::string withoutPedal() const;
 
     const AppEnvironment& environment_;
@@ -92,6 +99,7 @@ class Teller : Fixed {
     };
     std::map<Work, Words> works_;  ///< what is under way, some of it without a sentence
     Work lastWork_ = 0;
+    Work followed_ = 0;  ///< which the pedal may leave unanswered
     std::string holder_;
     std::size_t filesWaiting_ = 0;
     Loops saved_;  ///< as they were then

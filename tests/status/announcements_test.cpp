@@ -75,10 +75,23 @@ TEST_F(AnnouncementsTest, OfManyFailuresTheNewestIsShownAndTheOthersAreNotLost) 
     EXPECT_EQ(line(), "failure 25");
     useLine();
     EXPECT_EQ(line(), "failure 24");
-    fails("once more", "x");
-    fails("and again", "x");
-    useLine();
-    EXPECT_EQ(line(), "once more") << "a second failure settles nothing";
+    const auto misses = [this](const std::string& what, std::set<unsigned> asked,
+                               std::set<unsigned> missing) {
+        announcements.tell({.what = what,
+                            .failure = true,
+                            .job = "import",
+                            .asked = std::move(asked),
+                            .missing = std::move(missing),
+                            .action = [] { return true; }});
+    };
+    misses("1 and 3", {1, 2, 3}, {1, 3});
+    fails("another job", "export");
+    misses("3 again", {1, 3}, {3});
+    misses("4", {4}, {4});
+    for (const auto* const shown : {"4", "3 again", "another job", "failure 23"}) {
+        EXPECT_EQ(line(), shown) << "what was tried again stands no longer, unlike the rest";
+        useLine();
+    }
     while (announcements.line().number != 0) {
         useLine();
     }

@@ -35,9 +35,7 @@ void Announcements::tell(Announcement announcement) {
     announcement.time = clock_();
     log(LogCategory::application,
         announcement.sentence() + "." + (announcement.detail.empty() ? "" : " " + announcement.detail));
-    if (!announcement.failure && !announcement.cancelled) {
-        close(announcement.job);
-    }
+    settleOlder(announcement);
     if (announcement.failure && !listOpen_) {
         open_.push_back(announcement.number);
     }
@@ -56,20 +54,29 @@ void Announcements::tell(Announcement announcement) {
     }
 }
 
+/// Older failures of its job.
+void Announcements::settleOlder(const Announcement& newer) {
+    if (newer.job.empty() || newer.cancelled) {
+        return;
+    }
+    std::erase_if(open_, [&](std::uint64_t number) {
+        const auto told = std::ranges::find(list_, number, &Announcement::number);
+        return told != list_.end() && told->job == newer.job &&
+               (!newer.failure ||
+                (!told->missing.empty() && std::ranges::includes(newer.asked, told->missing)));
+    });
+}
+
 void Announcements::setRest(std::string sentence) {
     rest_ = std::move(sentence);
     update();
 }
 
-void Announcements::close(const std::string& job) {
+void Announcements::settle(const std::string& job) {
     std::erase_if(open_, [&](std::uint64_t number) {
         const auto told = std::ranges::find(list_, number, &Announcement::number);
         return !job.empty() && told != list_.end() && told->job == job;
     });
-}
-
-void Announcements::settle(const std::string& job) {
-    close(job);
     update();
 }
 
@@ -114,6 +121,11 @@ void Announcements::use(std::uint64_t number) {
 
 bool Announcements::isOpen(const Announcement& announcement) const {
     return std::ranges::find(open_, announcement.number) != open_.end();
+}
+
+bool Announcements::stands(const std::string& sentence) const {
+    return std::ranges::any_of(
+        list_, [&](const Announcement& told) { return isOpen(told) && told.sentence() == sentence; });
 }
 
 Announcements::Line Announcements::wanted() const {

@@ -23,7 +23,11 @@ struct Announcement {
     /// What was attempted, such as "import": its success settles its failures. Empty: nothing settles it.
     std::string job = {};
     std::vector<std::string> names = {};  ///< of files and folders in it
-    std::string actionLabel = {};         ///< "Try again"; empty: there is none
+    /// The loops that were asked for, and of a failure those that are missing. A failure that has asked for
+    /// all that an older one of its job misses settles that one.
+    std::set<unsigned> asked = {};
+    std::set<unsigned> missing = {};
+    std::string actionLabel = {};  ///< "Try again"; empty: there is none
     /// Returns false if it could not be done now.
     std::function<bool()> action = {};
 
@@ -39,8 +43,8 @@ struct Announcement {
 /// What the status line says, and the last outcomes. The rules:
 ///
 /// - What is under way comes before everything.
-/// - A failure stays until its action was used, its job succeeded or the list was opened; of several, the
-///   newest is shown.
+/// - A failure stays until its action was used, its job succeeded or was attempted again with the same loops,
+///   or the list was opened; of several, the newest is shown.
 /// - What the program does by itself comes after the failures.
 /// - A success stays until the next outcome. One that follows within 10 s waits for that time.
 /// - An outcome does not change while held, which is while pointer or focus is on it, or the list is open.
@@ -70,6 +74,8 @@ class Announcements {
     void setListeners(std::function<void()> changed, std::function<void(const Announcement&)> spoken);
 
     void tell(Announcement announcement);
+    /// Whether a failure says this, and nothing has settled it.
+    bool stands(const std::string& sentence) const;
     /// What is said while nothing happens.
     void setRest(std::string sentence);
     /// The failures of `job` are over, without an outcome.
@@ -94,10 +100,10 @@ class Announcements {
     const std::set<std::string>& names() const { return names_; }
 
   private:
+    void settleOlder(const Announcement& newer);
     bool isOpen(const Announcement& announcement) const;
     Line wanted() const;
     bool staysFor(const Line& next) const;
-    void close(const std::string& job);
     void update(bool atOnce = false);
     void lookAgain();
 
