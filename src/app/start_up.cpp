@@ -75,8 +75,13 @@ bool handOverToRenamedBundle(const StartUpPlaces& places) {
         return false;
     }
     const auto renamed = bundle.parent_path() / knownName;
-    // If the opener is missing, this process continues from its present place.
-    return moveBundle(bundle, renamed) && places.open(renamed);
+    if (!moveBundle(bundle, renamed)) {
+        return false;
+    }
+    if (!places.open(renamed)) {
+        log(LogCategory::application, "the program cannot be opened under its new name");
+    }
+    return true;
 }
 
 fs::path usualSettings(const fs::path& home) {

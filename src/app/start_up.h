@@ -25,8 +25,9 @@ void writeBundleNameMarker(const std::filesystem::path& home);
 /// installed program is in no bundle and is never moved.
 std::filesystem::path bundleOf(const std::filesystem::path& program);
 
-/// Renames a bundle that still has its build name to the public one and starts it from there. True if that
-/// was done: this process must then end. If the marker exists, it is removed and nothing is renamed.
+/// Renames a bundle that still has its build name to the public one and starts it from there. True if it was
+/// renamed, even if nothing could be started: this process must then end. If the marker exists, it is removed
+/// and nothing is renamed.
 bool handOverToRenamedBundle(const StartUpPlaces& places);
 
 /// The file of the user's defaults, under $XDG_CONFIG_HOME or the home folder's ".config"; empty without
