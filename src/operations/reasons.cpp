@@ -47,6 +47,8 @@ constexpr auto wordings = std::to_array<Wording>({
     {Kind::roadNotInstalled, reasonRoad},
     {Kind::roadNotInForce, reasonRoad},
     {Kind::roadBlocked, reasonRoad},
+    {Kind::heldByAnother, "another program is using the pedal"},
+    {Kind::heldByDriver, "a kernel driver is holding the pedal"},
     {Kind::busy, "the pedal is busy", "The pedal is busy. Stop it and try again."},
     {Kind::noAnswer, reasonSilent},
     {Kind::silent, reasonSilent, "The pedal stopped answering. Unplug it and plug it in again.",
@@ -65,6 +67,7 @@ constexpr auto wordings = std::to_array<Wording>({
     {Kind::noAudio, "its file could not be read"},
     {Kind::noRoom, "the pedal has too little room", {}, "Erase loops, or choose shorter files."},
     {Kind::notErased, "% is still on the pedal"},
+    {Kind::shortLoop, "the pedal does not hold all of %"},
     {Kind::changedWhileRead, "% changed while it was being read"},
     {Kind::diskFull, "too little space on the disk"},
     {Kind::declined, {}, "Cancelled. Nothing was changed."},
@@ -76,6 +79,10 @@ constexpr auto wordings = std::to_array<Wording>({
 Wording wordingOf(Kind kind) {
     const auto* const found = std::ranges::find(wordings, kind, &Wording::kind);
     return found == wordings.end() ? Wording{kind, {}} : *found;
+}
+
+bool isHeld(const Trouble& trouble) {
+    return trouble.kind == Kind::heldByAnother || trouble.kind == Kind::heldByDriver;
 }
 
 /// In the middle of a sentence.
@@ -125,6 +132,9 @@ std::string reasonSentence(Deed deed, const Trouble& trouble) {
     if (isMissingRule(trouble)) {
         return roadSentence(trouble);
     }
+    if (isHeld(trouble)) {
+        return reasonFor(deed, trouble) + ". " + pedalSentence(trouble);
+    }
     return reasonFor(deed, trouble) +
            (trouble.kind == Kind::tooLarge
                 ? ", which cannot be. Unplug the pedal, plug it in again and try again."
@@ -137,6 +147,9 @@ std::string adviceOn(const Trouble& trouble) {
             return fileSentence(trouble);
         case Kind::diskFull:
             return spaceSentence(trouble);
+        case Kind::heldByAnother:
+        case Kind::heldByDriver:
+            return pedalSentence(trouble);
         default:
             return std::string(wordingOf(trouble.kind).advice);
     }
@@ -156,7 +169,7 @@ std::string pedalSentence(const Trouble& trouble) {
     if (!trouble.words.empty()) {  // what was found on this computer
         return trouble.words + (trouble.remedy.empty() ? "" : " Run: " + trouble.remedy);
     }
-    if (wording.reason.empty()) {
+    if (wording.reason.empty() || isHeld(trouble)) {
         return "The pedal is in use by another program. Close that program, then try again.";
     }
     auto sentence = reasonFor(Deed::save, trouble) + ".";

@@ -112,6 +112,13 @@ TEST_F(DiagnosisTest, AFileThatCannotBeOpenedHasARemedyOfItsOwn) {
     EXPECT_THAT(withRemedy(blocked, places_).remedy, HasSubstr("plugdev"));
     write("rules/70-kzq7306.rules", "");
     EXPECT_THAT(withRemedy(blocked, places_).remedy, HasSubstr("install"));
+
+    Trouble held{.kind = Trouble::Kind::roadBlocked, .error = EBUSY, .words = "cdc_acm"};
+    EXPECT_EQ(withRemedy(held, places_).kind, Trouble::Kind::heldByDriver);
+    EXPECT_THAT(withRemedy(held, places_).remedy, HasSubstr("drivers/cdc_acm/unbind"));
+    held.words = "usbfs";
+    EXPECT_EQ(withRemedy(held, places_).kind, Trouble::Kind::heldByAnother);
+    EXPECT_THAT(withRemedy(held, places_).remedy, HasSubstr("fuser"));
 }
 
 TEST(RoadPatience, IsSharedByTheRequestsOfAnOperation) {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <optional>
 #include <string>
@@ -119,6 +120,18 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
             installedAnew(places)};
 }
 
+/// `driver`, which is not the road's, has the pedal's interface.
+Finding heldBy(const std::string& driver, const SystemPlaces& places, const fs::path& pedal) {
+    if (driver == programDriver) {
+        return {Trouble::Kind::heldByAnother, true,
+                "Another program is using the pedal. Find out which one and close it.",
+                "sudo fuser -v " + deviceFile(pedal, places.nodes).string()};
+    }
+    return {Trouble::Kind::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
+            "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
+                (places.usbDrivers / driver / "unbind").string()};
+}
+
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     const std::string driver = driverOf(pedal);
     const auto node = deviceFile(pedal, places.nodes);
@@ -135,14 +148,7 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     if (ours || driver.empty() || driver == roadDriver) {  // from which our programs take it back
         return {Trouble::Kind::heldByAnother, false, "No other program is using the pedal.", {}};
     }
-    if (driver == programDriver) {
-        return {Trouble::Kind::heldByAnother, true,
-                "Another program is using the pedal. Find out which one and close it.",
-                "sudo fuser -v " + node.string()};
-    }
-    return {Trouble::Kind::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
-            "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
-                (places.usbDrivers / driver / "unbind").string()};
+    return heldBy(driver, places, pedal);
 }
 
 bool isThere(const fs::path& file) {
@@ -210,7 +216,10 @@ Finding triedRoad(const SystemPlaces& places, const fs::path& pedal) {
         return told;
     }
     const auto obstacle = tryRoad(node, pedalInterface);
-    return obstacle && obstacle->kind == Trouble::Kind::roadBlocked ? blockedRoad(places, *obstacle) : told;
+    if (!obstacle || obstacle->kind != Trouble::Kind::roadBlocked) {
+        return told;
+    }
+    return obstacle->error == EBUSY ? heldBy(obstacle->words, places, pedal) : blockedRoad(places, *obstacle);
 }
 
 std::vector<Finding> findings(const SystemPlaces& places, bool trying) {
@@ -242,6 +251,11 @@ std::vector<Finding> diagnoseByTrying(const SystemPlaces& places) {
 }
 
 Trouble withRemedy(Trouble obstacle, const SystemPlaces& places) {
+    if (obstacle.error == EBUSY) {
+        const auto pedal = findPedal(places);
+        const auto driver = obstacle.words.empty() ? programDriver : obstacle.words;
+        return pedal ? asTrouble(heldBy(driver, places, *pedal)) : Trouble{Trouble::Kind::unplugged};
+    }
     const auto finding =
         obstacle.kind == Trouble::Kind::roadBlocked ? blockedRoad(places, obstacle) : road(places);
     if (obstacle.kind != Trouble::Kind::roadBlocked && finding.kind == Trouble::Kind::roadNotInstalled) {

@@ -29,20 +29,31 @@ using Clock = RoadPatience::Clock;
 
 constexpr auto nodesFolder = "/sys/class/usbmisc";
 constexpr std::chrono::milliseconds pause{2};
+/// A program that only looks lets go of the interface sooner than this.
+constexpr std::chrono::milliseconds holderPatience{500};
 
-/// Takes the road's driver, and no other, off the interface at the end of the scope.
+/// Takes the road's driver off the interface at the end of the scope, and another one if it came to it here.
 class Bound : Fixed {
   public:
     Bound(const DeviceNode& node, int interface) : node_(node), interface_(interface) {}
     ~Bound() {
-        if (node_.driver(interface_) == roadDriver) {
+        const auto driver = node_.driver(interface_);
+        if (driver == roadDriver || (ours_ && driver && *driver != programDriver)) {
             node_.unbindDriver(interface_);
         }
+    }
+
+    /// Has the kernel bind a driver: see DeviceNode.
+    int bind() {
+        const int error = node_.bindDriver(interface_);
+        ours_ = ours_ || error == 0;
+        return error;
     }
 
   private:
     const DeviceNode& node_;
     int interface_;
+    bool ours_ = false;
 };
 
 /// Leaves the interface to others until the end of the scope.
@@ -105,18 +116,17 @@ std::optional<int> forward(const Descriptor& node, const usbtmc_request& setup,
 }
 
 /// One look: binds the driver, if need be, and opens its file.
-Result<Descriptor> look(const DeviceNode& device, int interface) {
+Result<Descriptor> look(const DeviceNode& device, int interface, Bound& driverOfOurs) {
     using Kind = Trouble::Kind;
-    const int bound = device.bindDriver(interface);
+    const int bound = driverOfOurs.bind();
     if (bound == ENODEV) {
         return Trouble{Kind::unplugged};
     }
     if (bound != 0 && bound != EBUSY) {
         return Trouble{Kind::roadNotInForce};
     }
-    if (const auto driver = device.driver(interface);
-        bound == EBUSY && driver && !driver->empty() && *driver != roadDriver) {
-        return Trouble{.kind = Kind::roadBlocked, .error = EBUSY};
+    if (const auto driver = device.driver(interface); driver && !driver->empty() && *driver != roadDriver) {
+        return Trouble{.kind = Kind::roadBlocked, .error = EBUSY, .words = *driver};
     }
     const auto node = nodeOf(device.path());
     Descriptor file(node ? ::open(node->c_str(), O_RDWR | O_CLOEXEC) : -1);
@@ -127,9 +137,14 @@ Result<Descriptor> look(const DeviceNode& device, int interface) {
     return file;
 }
 
-/// Whether waiting may help: it does not against another driver.
+/// Another driver, or a program, has the interface.
+bool isHeld(const Trouble& obstacle) {
+    return obstacle.kind == Trouble::Kind::roadBlocked && obstacle.error == EBUSY;
+}
+
+/// Whether waiting may help.
 bool mayOpen(const Trouble& obstacle) {
-    return obstacle.kind == Trouble::Kind::roadBlocked && obstacle.error != EBUSY;
+    return obstacle.kind == Trouble::Kind::roadBlocked;
 }
 
 /// Looks until `use` has used the file, which it does not if the driver was taken away, or until it is
@@ -137,14 +152,17 @@ bool mayOpen(const Trouble& obstacle) {
 std::optional<Trouble> onceOpen(const DeviceNode& device, int interface, RoadPatience& patience,
                                 const std::function<bool(const Descriptor&)>& use) {
     patience.begin(Clock::now());
-    const Bound bound(device, interface);
+    Bound bound(device, interface);
+    std::optional<Clock::time_point> heldSince;
     while (true) {
-        const auto file = look(device, interface);
+        const auto file = look(device, interface, bound);
         if (file && use(*file)) {
             patience.passed();
             return std::nullopt;
         }
-        if (!file && !mayOpen(file.error())) {
+        const bool held = !file && isHeld(file.error());
+        heldSince = held ? heldSince.value_or(Clock::now()) : std::optional<Clock::time_point>();
+        if (!file && (held ? Clock::now() - *heldSince >= holderPatience : !mayOpen(file.error()))) {
             return file.error();
         }
         if (!patience.lasts(Clock::now())) {

@@ -21,8 +21,10 @@ namespace kzq {
 class UsbtmcRoad {
   public:
     struct Outcome {
-        int result = 0;                        ///< bytes received, or a UsbResult error
-        std::optional<Trouble> obstacle = {};  ///< why the request was not sent; then there is no result
+        int result = 0;  ///< bytes received, or a UsbResult error
+        /// Why the request was not sent; then there is no result. `words` names the driver that has the
+        /// interface, if that is why.
+        std::optional<Trouble> obstacle = {};
     };
 
     /// `handle` has claimed `interface`, and has it again afterwards. The kernel gives the pedal 5 s to
