@@ -51,7 +51,7 @@ void Slot::syncImport() {
         if (!font) {
             return;
         }
-        if (field_->currentEditor() == nullptr && field_->text().isEmpty()) {
+        if (field_->text().isEmpty()) {
             field_->setText(defaultName_);
         }
         field_->setStyledText(*font);

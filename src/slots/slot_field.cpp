@@ -147,9 +147,7 @@ void SlotField::commit() {
     }
     const auto typed = text_.trimmed();
     row->setCustomImportName(typed.isEmpty() ? std::nullopt : std::optional(typed));
-    if (row->isExport() || row->occupied()) {  // a loop that disappeared meanwhile leaves an empty row
-        setText(typed.isEmpty() ? row->defaultName() : typed);
-    }
+    setText(typed.isEmpty() ? row->defaultName() : typed);
 }
 
 void SlotField::startRenaming() {
