@@ -88,6 +88,7 @@ constexpr auto names = std::to_array<std::pair<Kind, std::string_view>>({
     {Kind::noReturn, "no-return"},
     {Kind::notSent, "not-sent"},
     {Kind::unconfirmed, "unconfirmed"},
+    {Kind::olderVersion, "older-version"},
     {Kind::stillInLoader, "still-in-loader"},
     {Kind::noLoop, "no-loop"},
     {Kind::otherFormat, "other-format"},

@@ -97,6 +97,7 @@ struct Trouble {
         noReturn,
         notSent,
         unconfirmed,
+        olderVersion,  ///< the pedal runs firmware older than what was sent
         stillInLoader,
         // simulated pedals, and recordings of sessions
         noLoop,       ///< a file with a loop's name holds none

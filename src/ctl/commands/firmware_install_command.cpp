@@ -182,9 +182,12 @@ ExitCode FirmwareInstallCommand::finish(const FlashEnd& end) {
     if (shown.why) {
         shown.why = foundAbout(*shown.why, context().environment.diagnose());
     }
+    const bool unknown =
+        end.how == How::unconfirmed || (end.how == How::confirmed && version_.empty() && !installed);
     const auto kind = end.how == How::notSent    ? shown.why.value().kind
                       : end.how == How::inLoader ? Trouble::Kind::stillInLoader
-                                                 : Trouble::Kind::unconfirmed;
+                      : unknown                  ? Trouble::Kind::unconfirmed
+                                                 : Trouble::Kind::olderVersion;
     const auto code = installed ? ExitCode::ok : exitCode(kind);
     auto sentence = flashSentence(shown, again);
     if (end.how == How::confirmed && !installed) {
@@ -193,8 +196,6 @@ ExitCode FirmwareInstallCommand::finish(const FlashEnd& end) {
                         : " Firmware " + version_ + " was sent, but is not installed.";
     }
     auto details = finishedJson(code, nameOfEnd(kind, code), sentence);
-    const bool unknown =
-        end.how == How::unconfirmed || (end.how == How::confirmed && version_.empty() && !installed);
     details["installed"] = unknown ? nlohmann::json() : nlohmann::json(installed);
     details["version"] = end.how == How::confirmed ? nlohmann::json(shown.version) : nlohmann::json();
     report().tell("finished", std::move(details), installed ? sentence : "");

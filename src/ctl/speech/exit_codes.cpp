@@ -17,6 +17,7 @@ bool hasNameOfItsOwn(Kind kind) {
         case Kind::tableIncomplete:
         case Kind::outputLost:
         case Kind::unconfirmed:
+        case Kind::olderVersion:
         case Kind::nobodyToAsk:
             return true;
         default:
