@@ -68,6 +68,11 @@ TEST_F(FirmwareTest, ShowsWhatThePedalRunsAndWhatIsOffered) {
 TEST_F(FirmwareTest, ANormalPedalGoesThroughItsLoaderAndComesBackWithTheNewVersion) {
     pedal.plugIn();
     terminal = true;
+    pedal.setNextVersion("1.05");
+    EXPECT_EQ(install({"--json"}), ExitCode::pedalRefused);
+    EXPECT_THAT(out.str(), HasSubstr(R"("installed":false)"));
+    EXPECT_THAT(out.str(), HasSubstr(R"("trouble":"older-version")"));
+    pedal.setNextVersion("1.06");
     EXPECT_EQ(install({"--json"}), ExitCode::ok);
     EXPECT_EQ(pedal.installedFirmware(), image);
     std::size_t from = 0;

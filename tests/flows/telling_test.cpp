@@ -29,7 +29,11 @@ TEST_F(FlowTest, AnImportOntoAFullDiskSaysWhatIsMissingAndTriesItAgain) {
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(line(), "1 of 3 loops saved: no space left on the disk");
     select({20});
+    dialogs.answer = [] { return alertSecondButton; };
     window->eraseButton()->click();
+    dialogs.answer = [] { return alertFirstButton; };
+    window->eraseButton()->click();
+    EXPECT_EQ(std::ranges::count(logged, "Loop 20 was not saved. What is erased now is gone."), 1);
     EXPECT_EQ(line(), "Loop 20 was not saved") << "said before the question";
     EXPECT_EQ(dialogs.take().back(), "Erased loop audio cannot be restored. Would you like to continue?");
     ASSERT_TRUE(becomesIdle());
@@ -179,6 +183,70 @@ TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {
     window->statusLine().link().click();
     pass(1s);
     EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(2_slot)));
+}
+
+TEST_F(FlowTest, AfterAReplugOnlyTheSameLoopsAreSelectedAgain) {
+    writeFile = [](auto&&...) {
+        return Result<std::filesystem::path>(Trouble{Trouble::Kind::file, "write", ENOSPC});
+    };
+    launchConnected();
+    select({1, 3});
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    pedal.unplug();
+    pass(1s);
+    pedal.setLoop(2, loopOf(50, 9));
+    plugIn();
+    pass(1s);
+    window->statusLine().link().click();
+    pass(1s);
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot)) << "it may be another pedal";
+}
+
+TEST_F(FlowTest, AnExportThatLosesItsPedalOffersItsFilesItself) {
+    launchConnected();
+    stage(4, 10);
+    port.writePace = 1s;
+    window->exportButton()->click();
+    pass(500ms);
+    ASSERT_TRUE(shieldUp());
+    pedal.unplug();
+    plugIn();
+    ASSERT_TRUE(becomesIdle());
+    pass(1s);
+    EXPECT_THAT(line(), testing::HasSubstr("written: the pedal was unplugged"));
+    EXPECT_THAT(logged, testing::Not(testing::Contains(testing::HasSubstr("let go"))));
+    window->statusLine().link().click();
+    pass(1s);
+    EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(4_slot)));
+}
+
+TEST_F(FlowTest, APedalThatIsSilentIsNamedAsLongAsItIsWhateverElseEnds) {
+    writeFile = [](auto&&...) {
+        return Result<std::filesystem::path>(
+            Trouble{.kind = Trouble::Kind::roadNotInstalled, .remedy = "sudo one"});
+    };
+    asRoot = [this](const std::string& /*commands*/) -> Result<void> {
+        executor.sleep(30s);
+        return {};
+    };
+    launchConnected();
+    select({3});
+    window->importButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    window->statusLine().link().click();
+    pass(100ms);
+    EXPECT_EQ(line(), "Setting up\u2026");
+    select({1, 3});
+    port.pace = 10ms;
+    plan("silence@in:3");
+    window->importButton()->click();
+    for (int i = 0; i < 2; ++i) {
+        pass(20s);
+        EXPECT_EQ(line(), "The pedal has stopped answering: cancel, or unplug it") << i;
+    }
+    delegate->progress()->cancel();
+    ASSERT_TRUE(becomesIdle());
 }
 
 TEST_F(FlowTest, AConversionThatEndsDuringAnExportIsStagedAfterItAndAlertsWaitForItsEnd) {
