@@ -88,7 +88,7 @@ TEST_F(AnnouncementsTest, OfManyFailuresTheNewestIsShownAndTheOthersAreNotLost) 
     fails("another job", "export");
     misses("3 again", {1, 3}, {3});
     misses("4", {4}, {4});
-    for (const auto* const shown : {"4", "3 again", "another job", "failure 23"}) {
+    for (const auto* const shown : {"4", "3 again", "another job", "failure 24"}) {
         EXPECT_EQ(line(), shown) << "what was tried again stands no longer, unlike the rest";
         useLine();
     }
