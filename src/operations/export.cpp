@@ -4,10 +4,12 @@
 #include <fstream>
 #include <iterator>
 #include <ranges>
+#include <span>
 #include <system_error>
 #include <utility>
 
 #include "loops/capacity.h"
+#include "operations/loop_file.h"
 #include "operations/read_loop.h"
 #include "operations/table.h"
 
@@ -17,17 +19,15 @@ namespace {
 
 using Did = SlotOutcome::Did;
 
-/// Brings working copies into memory, so that no disk is waited for between the reading of the pedal's table
+/// Brings a working copy into memory, so that no disk is waited for between the reading of the pedal's table
 /// and the first byte that overwrites a loop.
-void readAhead(const Exports& exports) {
+void readAhead(const std::filesystem::path& copy) {
     constexpr std::size_t piece = 1U << 20U;
-    std::vector<char> bytes(piece);
-    for (const auto& [slot, info] : exports) {
-        std::error_code ignored;
-        if (std::filesystem::is_regular_file(info.source, ignored)) {
-            std::ifstream file(info.source, std::ios::binary);
-            while (file.read(bytes.data(), piece)) {
-            }
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(copy, ignored)) {
+        std::vector<char> bytes(piece);
+        std::ifstream file(copy, std::ios::binary);
+        while (file.read(bytes.data(), piece)) {
         }
     }
 }
@@ -41,7 +41,7 @@ bool mayBeEmpty(const SlotOutcome& outcome) {
 class Export {
   public:
     Export(Pedal& pedal, const ExportOrder& order, const Events& events)
-        : pedal_(pedal), order_(order), events_(events) {
+        : pedal_(pedal), order_(order), events_(events), digests_(order.digests) {
         outcome_.wanted = order.exports.size();
     }
 
@@ -63,8 +63,12 @@ class Export {
         send(exports, [this](SlotNumber slot, const Result<Frames>& sent) {
             outcome_.add(events_, outcomeOf(slot, sent));
         });
+        if (!outcome_.end) {
+            confirm(outcome_.slots);
+            return;
+        }
         const auto cut = std::ranges::find_if(outcome_.slots, mayBeEmpty);
-        if (outcome_.end && cut != outcome_.slots.end()) {
+        if (cut != outcome_.slots.end()) {
             outcome_.doubt = *cut;
         }
     }
@@ -87,7 +91,9 @@ class Export {
     /// Whether `next` may be written, while all of `waiting` must still be as the user saw it. Sets what the
     /// pedal is told of the slots.
     bool check(Exports& next, const Exports& waiting) {
-        readAhead(next);
+        for (const auto& [slot, info] : next) {
+            takeUp(slot, info.source);
+        }
         std::vector<SlotNumber> slots;
         std::ranges::copy(std::views::keys(waiting), std::back_inserter(slots));
         const auto now = unchangedTable(pedal_, order_.seen, slots, order_.untouched);
@@ -101,6 +107,14 @@ class Export {
         return !outcome_.end;
     }
 
+    void takeUp(SlotNumber slot, const std::filesystem::path& copy) {
+        if (order_.verify && !digests_.contains(slot)) {
+            digests_[slot] = audioDigest(copy);  // which reads all of it
+        } else {
+            readAhead(copy);
+        }
+    }
+
     void send(const Exports& exports, const Pedal::Sent& sent) {
         const auto end = pedal_.exportLoops(
             exports, [this](SlotNumber slot, std::uint64_t bytes) { tell(events_.moved, slot, bytes); },
@@ -111,9 +125,15 @@ class Export {
         }
     }
 
-    static SlotOutcome outcomeOf(SlotNumber slot, const Result<Frames>& sent) {
-        return sent ? SlotOutcome{.slot = slot, .did = Did::written, .frames = *sent}
-                    : SlotOutcome{.slot = slot, .trouble = sent.error()};
+    SlotOutcome outcomeOf(SlotNumber slot, const Result<Frames>& sent) const {
+        if (!sent) {
+            return {.slot = slot, .trouble = sent.error()};
+        }
+        const auto digest = digests_.find(slot);
+        return {.slot = slot,
+                .did = Did::sent,
+                .frames = *sent,
+                .digest = digest == digests_.end() ? "" : digest->second};
     }
 
     void write(SlotNumber slot, const Exports& next) {
@@ -127,38 +147,28 @@ class Export {
             return;
         }
         auto outcome = outcomeOf(slot, sent.value_or(Trouble{Trouble::Kind::noAnswer}));
-        if (!outcome.trouble && !(order_.same ? compare(next.at(slot), outcome) : confirm(outcome))) {
+        if (!outcome.trouble && !(order_.verify ? readBack(pedal_, outcome, events_, outcome_)
+                                                : confirm(std::span(&outcome, 1)))) {
             outcome_.doubt = outcome;
             return;
         }
         outcome_.add(events_, std::move(outcome));
     }
 
-    /// The pedal's own table has the last word. False if it cannot be asked.
-    bool confirm(SlotOutcome& outcome) {
+    /// The pedal's own table has the last word on what was sent. False if it cannot be asked.
+    bool confirm(std::span<SlotOutcome> loops) {
         const auto status = pedal_.status();
         if (!status) {
             outcome_.end = status.error();
             return false;
         }
-        const auto* const loop = status->loops.find(outcome.slot);
-        if (loop == nullptr || loop->samples != outcome.frames.count) {
-            outcome.trouble = Trouble{Trouble::Kind::shortLoop};
-        }
-        return true;
-    }
-
-    bool compare(const ExportInfo& info, SlotOutcome& outcome) {
-        auto image = readLoop(pedal_, outcome.slot, Step::compare, events_, outcome_);
-        if (!image) {
-            return false;
-        }
-        if (!*image) {
-            outcome.trouble = std::move(image->error());
-        } else if (!order_.same(info, **image)) {
-            outcome.trouble = Trouble{Trouble::Kind::differs};
-        } else {
-            outcome.did = Did::compared;
+        for (auto& loop : loops) {
+            const auto* const held = status->loops.find(loop.slot);
+            if (loop.did == Did::sent && held != nullptr && held->samples == loop.frames.count) {
+                loop.did = Did::written;
+            } else if (loop.did == Did::sent) {
+                loop.trouble = Trouble{Trouble::Kind::shortLoop};
+            }
         }
         return true;
     }
@@ -166,6 +176,7 @@ class Export {
     Pedal& pedal_;
     const ExportOrder& order_;
     const Events& events_;
+    std::map<SlotNumber, std::string> digests_;
     Outcome outcome_;
 };
 

@@ -31,31 +31,26 @@ std::uint64_t framesOf(ByteView image) {
 }
 
 std::string audioDigest(ByteView image) {
-    constexpr const char* digits = "0123456789abcdef";
-    std::string text;
-    for (const auto byte : SHA256(audioOf(image)).value_or(Bytes())) {
-        text += digits[byte >> 4U];
-        text += digits[byte & 15U];
-    }
-    return text;
+    return SHA256String(audioOf(image)).value_or("");
 }
 
-bool holdsSameAudio(const std::filesystem::path& path, ByteView image) {
+std::string audioDigest(const std::filesystem::path& file) {
     constexpr std::size_t pieceSize = 1 << 20;
-    const auto opened = openPlainFile(path, Links::followed);
-    if (!opened || opened->size != image.size()) {
-        return false;
+    const auto opened = openPlainFile(file, Links::followed);
+    if (!opened) {
+        return {};
     }
+    RunningSHA256 digest;
     Bytes piece(pieceSize);
-    for (auto rest = audioOf(image); !rest.empty();) {
-        const auto part = std::span(piece).first(std::min(piece.size(), rest.size()));
-        const auto count = readAt(opened->file.get(), part, image.size() - rest.size());
-        if (!count || *count != part.size() || !std::equal(part.begin(), part.end(), rest.begin())) {
-            return false;
+    for (std::uint64_t at = waveHeaderSize; at < opened->size;) {
+        const auto count = readAt(opened->file.get(), piece, at);
+        if (!count || *count == 0) {
+            return {};
         }
-        rest = rest.subspan(part.size());
+        digest.add(std::span(piece).first(*count));
+        at += *count;
     }
-    return true;
+    return digest.hexadecimal();
 }
 
 }  // namespace kzq

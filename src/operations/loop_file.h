@@ -17,8 +17,7 @@ ByteView audioOf(ByteView image);
 std::uint64_t framesOf(ByteView image);
 /// The SHA-256 of the audio, in lower-case hexadecimal digits.
 std::string audioDigest(ByteView image);
-/// Whether the file at `path` holds the same audio as `image`. Both are images of loops; reads piece by
-/// piece.
-bool holdsSameAudio(const std::filesystem::path& path, ByteView image);
+/// The same of a file that is such an image, which is read piece by piece; empty if it cannot be read.
+std::string audioDigest(const std::filesystem::path& file);
 
 }  // namespace kzq

@@ -25,7 +25,7 @@ std::string doubtSentence(const SlotOutcome& doubt) {
     switch (doubt.did) {
         case Did::erased:
             return "Some of the loops may have been erased.";
-        case Did::written:
+        case Did::sent:
             return loopName(doubt.slot) + " was sent; what the pedal holds of it was not checked.";
         default:
             return loopName(doubt.slot) + " was being written; the slot may now be empty.";
@@ -39,13 +39,13 @@ std::string slotSentence(std::string_view done, const SlotOutcome& outcome) {
         return notSavedSentence(name, outcome.file, trouble);
     }
     if (trouble.kind == Kind::shortLoop) {
-        return name + " was sent, but the pedal does not hold all of it.";
+        return name + " was not written: it was sent, but the pedal does not hold all of it.";
     }
     if (trouble.kind == Kind::differs) {
         return name + " does not match what was written.";
     }
     const bool toPedal = done == "written" && outcome.did == Did::failed;
-    const auto start = name + (outcome.did == Did::written ? " was sent but could not be read back: "
+    const auto start = name + (outcome.did == Did::sent ? " was sent but could not be read back: "
                                                            : " was not " + std::string(done) + ": ");
     return start + reasonSentence(toPedal ? Deed::write : Deed::save, trouble) +
            (toPedal && trouble.kind == Kind::transferFailed ? " The slot may now be empty." : "");

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -20,8 +21,9 @@ struct SlotOutcome {
     enum class Did : std::uint8_t {
         failed,
         saved,
-        written,
-        compared,  ///< written, read back, and the same
+        sent,      ///< the pedal took it, and was not asked what it holds
+        written,   ///< sent, and in the pedal's table with its length
+        compared,  ///< sent, read back, and the same
         erased,
         kept,      ///< what an earlier run saved is still the same
         unchanged  ///< compared only
@@ -29,9 +31,10 @@ struct SlotOutcome {
 
     SlotNumber slot;
     Did did = Did::failed;
-    std::optional<Trouble> trouble = {};  ///< what is wrong: also with a loop that was written
+    std::optional<Trouble> trouble = {};  ///< what is wrong: also with a loop that was sent
     std::filesystem::path file = {};      ///< where it was saved; its folder, if it could not be
     Frames frames = {};                   ///< its length
+    std::string digest = {};              ///< of the audio that was sent, if that is wanted: audioDigest
 };
 
 struct Events;
@@ -42,7 +45,7 @@ struct Outcome {
     std::vector<SlotOutcome> slots = {};    ///< in the order in which they were done
     std::optional<Trouble> end = {};        ///< what ended it before its last loop
     std::optional<SlotOutcome> doubt = {};  ///< was under way then: failed: the slot may be empty now;
-                                            ///< written: the pedal was not asked any more what it holds
+                                            ///< sent: the pedal was not asked any more what it holds
     std::size_t unseen = 0;  ///< loops that the pedal agreed to erase, before it was asked what it holds
     bool begun = false;      ///< the link took a batch, so that the pedal may have done something
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "operations/loop_file.h"
+
 namespace kzq {
 
 std::optional<Result<Bytes>> readLoop(Pedal& pedal, SlotNumber slot, Step step, const Events& events,
@@ -17,6 +19,21 @@ std::optional<Result<Bytes>> readLoop(Pedal& pedal, SlotNumber slot, Step step, 
     }
     // A failure is then what ended it, or a cancel.
     return ended || (came && *came) ? std::move(came) : std::nullopt;
+}
+
+bool readBack(Pedal& pedal, SlotOutcome& loop, const Events& events, Outcome& outcome) {
+    auto image = readLoop(pedal, loop.slot, Step::compare, events, outcome);
+    if (!image) {
+        return false;
+    }
+    if (!*image) {
+        loop.trouble = std::move(image->error());
+    } else if (audioDigest(**image) != loop.digest) {
+        loop.trouble = Trouble{Trouble::Kind::differs};
+    } else {
+        loop.did = SlotOutcome::Did::compared;
+    }
+    return true;
 }
 
 }  // namespace kzq

@@ -12,4 +12,8 @@ namespace kzq {
 std::optional<Result<Bytes>> readLoop(Pedal& pedal, SlotNumber slot, Step step, const Events& events,
                                       Outcome& outcome);
 
+/// Reads back a loop that was sent and has its digest: `loop` is then compared, or has what is wrong. False
+/// if the work has ended instead; `outcome` as above.
+bool readBack(Pedal& pedal, SlotOutcome& loop, const Events& events, Outcome& outcome);
+
 }  // namespace kzq

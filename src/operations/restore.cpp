@@ -153,15 +153,17 @@ Outcome runRestore(Pedal& pedal, const RestorePlan& plan, const Events& events) 
     }
     if (!outcome.end && !plan.writes.empty()) {
         std::erase_if(untouched, [&plan](auto slot) { return plan.writes.contains(slot); });
-        const auto same = [&plan](const ExportInfo& info, ByteView image) {
-            return audioDigest(image) == plan.index.loops.at(*SlotNumber::of(info.destination)).sha256;
-        };
+        std::map<SlotNumber, std::string> digests;
+        for (const auto& [slot, info] : plan.writes) {
+            digests[slot] = plan.index.loops.at(slot).sha256;
+        }
         append(outcome, runExport(pedal,
                                   {.exports = plan.writes,
                                    .seen = std::move(seen),
                                    .untouched = std::move(untouched),
                                    .batches = Batches::each,
-                                   .same = same},
+                                   .verify = true,
+                                   .digests = std::move(digests)},
                                   events));
     }
     return outcome;

@@ -90,7 +90,7 @@ std::string spaceSentence(const Trouble& trouble) {
 
 std::string flawWords(const Trouble& flaw) {
     if (flaw.kind == Kind::endsEarly) {
-        return flaw.words.empty() ? "its end is missing" : "its last " + milliseconds(flaw) + " are missing";
+        return flaw.words.empty() ? "its end is missing" : milliseconds(flaw) + " are missing at its end";
     }
     return (flaw.words.empty() ? "part" : milliseconds(flaw)) + " of it cannot be read";
 }

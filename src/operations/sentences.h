@@ -42,7 +42,7 @@ std::string spaceSentence(const Trouble& trouble);
 
 /// Of an audio file or its conversion.
 std::string audioSentence(const Trouble& trouble);
-/// What is wrong with a file of which part can be converted: "its last 908 ms are missing".
+/// What is wrong with a file of which part can be converted: "908 ms are missing at its end".
 std::string flawWords(const Trouble& flaw);
 /// The same for the tool, with the file's name: `name`, such as "standard input", or the quoted `where`. Also
 /// of the standard streams.

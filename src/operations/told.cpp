@@ -59,10 +59,16 @@ std::string whereaboutsOf(Deed deed, const std::vector<SlotNumber>& missing) {
     return {};
 }
 
-/// What has been saved or written stays so, even if a cancel or a pulled cable came with its last byte.
+/// What has been saved stays so, even if a cancel or a pulled cable came with its last byte.
 bool cameWhole(Deed deed, const Outcome& outcome) {
-    return outcome.whole() ||
-           (deed != Deed::erase && outcome.done() != 0 && outcome.done() == outcome.wanted);
+    return outcome.whole() || (deed == Deed::save && outcome.done() != 0 && outcome.done() == outcome.wanted);
+}
+
+/// Whether the pedal was not asked any more what it holds of the loops it took.
+bool onlySent(const Outcome& outcome) {
+    return std::ranges::any_of(outcome.slots, [](const SlotOutcome& loop) {
+        return loop.did == SlotOutcome::Did::sent && !loop.trouble;
+    });
 }
 
 std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked) {
@@ -74,6 +80,13 @@ std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNu
     if (outcome.doubt && outcome.doubt->did == SlotOutcome::Did::erased) {
         return asked.size() == 1 ? loopName(asked.front()) + " may have been erased"
                                  : "Some of the loops may have been erased";
+    }
+    if (onlySent(outcome)) {
+        const auto done = outcome.done();
+        return (asked.size() == 1      ? loopName(asked.front())
+                : done == asked.size() ? loops(done)
+                                       : std::to_string(done) + " of " + loops(asked.size())) +
+               " sent, but not checked";
     }
     if (asked.size() == 1 && !changed) {
         return loopName(asked.front()) + " was not " + did;
@@ -179,7 +192,46 @@ Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
     return result;
 }
 
+Told toldVerify(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
+    std::vector<SlotNumber> differing;
+    std::vector<SlotNumber> unread;
+    const Trouble* why = outcome.end ? &*outcome.end : nullptr;
+    for (const auto slot : notDone(outcome, asked)) {
+        const auto loop = std::ranges::find(outcome.slots, slot, &SlotOutcome::slot);
+        const bool read = loop != outcome.slots.end();
+        (read && loop->trouble->kind == Kind::differs ? differing : unread).push_back(slot);
+        why = why == nullptr && read && loop->trouble->kind != Kind::differs ? &*loop->trouble : why;
+    }
+    const auto left = unread.empty() ? "" : listOf(unread) + (unread.size() == 1 ? " was" : " were");
+    if (!differing.empty()) {
+        return {.what = listOf(differing) + " on the pedal " +
+                        (differing.size() == 1 ? "differs from its file" : "differ from their files"),
+                .detail = unread.empty() ? "" : left + " not compared.",
+                .failure = true};
+    }
+    if (unread.empty()) {
+        return {.what = (asked.size() == 1 ? loopName(asked.front()) : loops(asked.size())) + " verified",
+                .detail = "What the pedal sent back is the same, sample for sample."};
+    }
+    if (why->kind == Kind::cancelled) {
+        return {.what = "Verifying was stopped", .detail = left + " not compared."};
+    }
+    return {.what = listOf(unread) + " could not be read back",
+            .why = reasonFor(Deed::save, *why, unread.size() == 1 ? "it" : loopOf(outcome, *why)),
+            .failure = true};
+}
+
+bool isSalvageable(const Trouble& trouble) {
+    return trouble.kind == Kind::endsEarly || trouble.kind == Kind::broken;
+}
+
 Told toldUnusable(const std::string& name, const Trouble& trouble) {
+    if (isSalvageable(trouble)) {
+        return {.what = "\"" + name + "\" is damaged",
+                .why = flawWords(trouble),
+                .failure = true,
+                .names = {name, trouble.where}};
+    }
     return {.what = "\"" + name + "\" cannot be read",
             .detail = audioSentence(trouble),
             .failure = true,
@@ -188,7 +240,7 @@ Told toldUnusable(const std::string& name, const Trouble& trouble) {
 
 Told toldRecordingEnd(const Trouble& trouble) {
     return {.what = "The recording ends here",
-            .why = fileReason(trouble),
+            .why = reasonFor(Deed::save, trouble),
             .detail = recordingEndSentence(trouble),
             .failure = true};
 }
@@ -199,7 +251,7 @@ Told toldReport(const std::filesystem::path& file, const Result<void>& saved) {
     if (!saved) {
         result.what = "The report was not saved";
         result.why = reasonFor(Deed::save, saved.error());
-        result.detail = detailOf(saved.error());
+        result.detail = adviceOn(saved.error());
         result.failure = true;
     }
     return result;

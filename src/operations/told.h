@@ -27,6 +27,8 @@ enum class Deed : std::uint8_t { save, write, erase };
 Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked);
 Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
                 const std::filesystem::path& folder);
+/// What came of reading back what was written.
+Told toldVerify(const Outcome& outcome, const std::vector<SlotNumber>& asked);
 Told told(const FlashEnd& end);
 /// The same for who knows what was sent: `wanted` is its version, empty if that is not known. A pedal that is
 /// back with another one has not taken it, and neither has one that did not agree to it, as `sent` says.
@@ -44,7 +46,9 @@ Told toldMissingRule(const Trouble& trouble);
 Told toldReport(const std::filesystem::path& file, const Result<void>& saved);
 /// Of a recording that was being made.
 Told toldRecordingEnd(const Trouble& trouble);
-/// A file that was put on a row and cannot be used.
+/// Whether what there is of a file can be used.
+bool isSalvageable(const Trouble& trouble);
+/// A file that was put on a row and cannot be used, or is damaged.
 Told toldUnusable(const std::string& name, const Trouble& trouble);
 
 /// What the loops that are missing failed with: the end of the operation, else the first one's. Null if all

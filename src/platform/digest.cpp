@@ -3,6 +3,7 @@
 #include <QByteArrayView>
 #include <QCryptographicHash>
 #include <limits>
+#include <string_view>
 
 namespace kzq {
 
@@ -29,17 +30,18 @@ std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> by
 
 namespace {
 
-std::optional<std::string> hexadecimal(const std::optional<std::vector<std::uint8_t>>& digest) {
-    if (!digest) {
-        return std::nullopt;
-    }
+std::string digitsOf(std::span<const std::uint8_t> digest) {
     constexpr std::string_view digits = "0123456789abcdef";
     std::string text;
-    for (const std::uint8_t byte : *digest) {
+    for (const std::uint8_t byte : digest) {
         text += digits[byte >> 4U];
         text += digits[byte & 0xFU];
     }
     return text;
+}
+
+std::optional<std::string> hexadecimal(const std::optional<std::vector<std::uint8_t>>& digest) {
+    return digest ? std::optional(digitsOf(*digest)) : std::nullopt;
 }
 
 }  // namespace
@@ -50,6 +52,19 @@ std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes) {
 
 std::optional<std::string> SHA256String(std::span<const std::uint8_t> bytes) {
     return hexadecimal(SHA256(bytes));
+}
+
+RunningSHA256::RunningSHA256() : hash_(std::make_unique<QCryptographicHash>(QCryptographicHash::Sha256)) {}
+
+RunningSHA256::~RunningSHA256() = default;
+
+void RunningSHA256::add(std::span<const std::uint8_t> piece) {
+    hash_->addData(QByteArrayView(piece.data(), static_cast<qsizetype>(piece.size())));
+}
+
+std::string RunningSHA256::hexadecimal() const {
+    const auto digest = hash_->result();
+    return digitsOf(std::vector<std::uint8_t>(digest.begin(), digest.end()));
 }
 
 }  // namespace kzq

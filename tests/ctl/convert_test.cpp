@@ -76,7 +76,7 @@ TEST_F(ToolTest, ConvertSaysHowItWent) {
             .silenced = true};
     EXPECT_EQ(run(arguments), ExitCode::ok);
     EXPECT_THAT(out.str(),
-                HasSubstr("0:01.0, shortened: its last 1,908 ms are missing; normalized by +6.0 dB; "
+                HasSubstr("0:01.0, shortened: 1,908 ms are missing at its end; normalized by +6.0 dB; "
                           "samples that were no numbers became silence.\n"));
     arguments.emplace_back("--json");
     EXPECT_EQ(run(arguments), ExitCode::ok);

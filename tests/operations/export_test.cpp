@@ -1,6 +1,7 @@
 #include "operations/export.h"
 
 #include "operation_fixture.h"
+#include "operations/verify.h"
 #include "platform/little_endian.h"
 
 namespace kzq::test {
@@ -21,6 +22,11 @@ class ExportTest : public OperationTest {
         said.clear();
         return run([&] { return runExport(*work, order, events()); });
     }
+    static std::vector<std::string> texts(const Outcome& outcome) {
+        std::vector<std::string> all;
+        std::ranges::transform(outcome.slots, std::back_inserter(all), text);
+        return all;
+    }
     bool untouched() const { return count("E2 1 0") + count("E2 2 1") + count("E2 3 0") == 0; }
     simulator::StoredLoop recorded(std::uint32_t frames) const { return {noise(frames, 9), 100, 1}; }
 };
@@ -28,11 +34,13 @@ class ExportTest : public OperationTest {
 TEST_F(ExportTest, OneBatchIsAscendingAndTellsThePedalWhatItsOwnTableSays) {
     auto all = order();
     all.exports.at(2_slot).occupied = true;  // as a row had it
-    EXPECT_TRUE(write(all).whole());
+    const auto outcome = write(all);
+    EXPECT_TRUE(outcome.whole());
     EXPECT_THAT(actions(),
                 ElementsAre("E2 1 0", "E3 1200 0", "out 1024", "out 176", "E2 2 1", "E3 1800 0", "out 1024",
                             "out 776", "E2 3 0", "E3 2400 0", "out 1024", "out 1024", "out 352"));
-    EXPECT_THAT(said, ElementsAre("2 written", "3 written", "4 written"));
+    EXPECT_THAT(said, ElementsAre("2 sent", "3 sent", "4 sent"));
+    EXPECT_THAT(texts(outcome), ElementsAre("2 written", "3 written", "4 written"));
 }
 
 TEST_F(ExportTest, NothingIsWrittenWhereTheUserWasNotAsked) {
@@ -112,18 +120,52 @@ TEST_F(ExportTest, ThePedalHasTheLastWordOnWhatItHolds) {
         return said.at(0);
     };
     EXPECT_EQ(result(), "2 written");
-    one.same = [](const ExportInfo&, ByteView image) { return image.back() == 0; };
-    EXPECT_EQ(result(), "2 written differs");
-    stored.audio.back() = 0;
+    one.verify = true;
+    EXPECT_EQ(result(), "2 sent differs");
+    stored.audio = noise(200, 2);
     EXPECT_EQ(result(), "2 compared");
+    one.digests[2_slot] = std::string(64, '0');
+    EXPECT_EQ(result(), "2 sent differs") << "known better than by the working copy";
     plan("refuse@E1");
-    EXPECT_EQ(result(), "2 written refused");
+    EXPECT_EQ(result(), "2 sent refused");
     stored = recorded(199);
-    one.same = {};
-    EXPECT_EQ(result(), "2 written short-loop");
+    one.verify = false;
+    EXPECT_EQ(result(), "2 sent short-loop");
     plan("refuse@E3");
     EXPECT_EQ(result(), "2 failed refused");
+
+    stored = recorded(300);  // right for 3 only
+    pedal.setLoop(1, std::nullopt);
+    EXPECT_THAT(texts(write(order())), ElementsAre("2 sent short-loop", "3 written", "4 sent short-loop"));
     pedal.setMemoryListener({});
+}
+
+TEST_F(ExportTest, WhatWasWrittenIsReadBackInARunOfItsOwn) {
+    auto all = order();
+    all.verify = true;
+    const auto written = write(all).slots;
+    const auto verify = [&] {
+        hold({});
+        return run([&] { return runVerify(*work, written, events()); });
+    };
+    EXPECT_TRUE(verify().whole());
+    EXPECT_THAT(said, ElementsAre("2 compared", "3 compared", "4 compared"));
+    EXPECT_EQ(count("E2 1 0"), 0);
+
+    auto other = noise(300, 3);
+    other.at(900) ^= 1U;
+    pedal.setLoop(2, simulator::StoredLoop{other, 100, 1});
+    plan("refuse@E1");
+    EXPECT_EQ(verify().done(), 1U);
+    EXPECT_THAT(said, ElementsAre("2 written refused", "3 written differs", "4 compared"));
+
+    onMove = [this](SlotNumber slot, auto) {
+        if (slot == 3_slot) {
+            cancel();
+        }
+    };
+    EXPECT_EQ(end(verify()), "cancelled");
+    EXPECT_THAT(said, ElementsAre("2 compared"));
 }
 
 TEST_F(ExportTest, WhatWasUnderWayAtTheEndIsInDoubt) {
@@ -146,7 +188,15 @@ TEST_F(ExportTest, WhatWasUnderWayAtTheEndIsInDoubt) {
     auto one = order(Batches::each);
     one.exports = {{5_slot, copy(5_slot, 200)}};
     plan("unplug@EC:2");  // when it is asked what it holds
-    EXPECT_EQ(text(*write(one).doubt), "5 written");
+    EXPECT_EQ(text(*write(one).doubt), "5 sent");
+
+    hold({});
+    one.batches = Batches::one;
+    one.seen = table();
+    plan("unplug@EC:2");
+    const auto outcome = write(one);
+    EXPECT_EQ(end(outcome), "unplugged");
+    EXPECT_THAT(texts(outcome), ElementsAre("5 sent"));
 }
 
 TEST(ExportOrder, WhatShrinksGoesFirst) {

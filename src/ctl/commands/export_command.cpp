@@ -11,7 +11,6 @@
 #include "ctl/speech/format.h"
 #include "ctl/speech/json_output.h"
 #include "ctl/speech/progress_line.h"
-#include "operations/loop_file.h"
 #include "operations/table.h"
 
 namespace kzq::ctl {
@@ -120,12 +119,8 @@ Result<ConvertedFile> ExportCommand::convert(Pedal& pedal, const std::filesystem
 }
 
 Outcome ExportCommand::write(Pedal& pedal, const Loops& loops) {
-    ExportOrder order{.exports = exports_, .seen = loops, .batches = Batches::each};
-    if (options().verify) {
-        order.same = [](const ExportInfo& info, ByteView image) {
-            return holdsSameAudio(info.source, image);
-        };
-    }
+    const ExportOrder order{
+        .exports = exports_, .seen = loops, .batches = Batches::each, .verify = options().verify};
     std::uint64_t total = 0;
     for (const auto& [slot, info] : exports_) {
         total += info.bytes * (options().verify ? 2 : 1);
