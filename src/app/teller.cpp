@@ -97,14 +97,15 @@ void Teller::waiting(std::size_t files) {
     rest();
 }
 
-Teller::Work Teller::newWork() {
-    works_.try_emplace(++lastWork_);
+Teller::Work Teller::newWork(Remedy stop) {
+    works_.try_emplace(++lastWork_, UnderWay{.stop = std::move(stop)});
     return lastWork_;
 }
 
 void Teller::working(Work work, const std::string& sentence, const std::string& said) {
     if (const auto found = works_.find(work); found != works_.end()) {
-        found->second = {sentence, said};
+        found->second.sentence = sentence;
+        found->second.said = said;
         showWork(work);
     }
 }
@@ -115,6 +116,12 @@ void Teller::idle(Work work) {
     }
 }
 
+const Teller::UnderWay* Teller::newest() const {
+    const auto found = std::find_if(works_.rbegin(), works_.rend(),
+                                    [](const auto& entry) { return !entry.second.sentence.empty(); });
+    return found == works_.rend() ? nullptr : &found->second;
+}
+
 void Teller::showWork(Work changed) {
     if (changed == followed_) {
         *silent_ = false;
@@ -122,13 +129,12 @@ void Teller::showWork(Work changed) {
     if (*silent_) {
         return;  // the line goes on saying so
     }
-    Words newest;
-    for (const auto& [work, words] : works_) {
-        if (!words.sentence.empty()) {
-            newest = words;
-        }
+    const auto* const work = newest();
+    if (work == nullptr) {
+        announcements_->setWork({});
+    } else {
+        announcements_->setWork(work->sentence, work->stop.label, work->stop.act, work->said);
     }
-    announcements_->setWork(newest.sentence, newest.said);
 }
 
 std::function<void(Executor::Task)> Teller::poster() {
@@ -160,7 +166,10 @@ void Teller::silent() {
     const Told told{.what = "The pedal has stopped answering", .detail = "Cancel, or unplug it."};
     if (!silent_->exchange(true)) {
         tell(told);
-        announcements_->setWork(told.what + ": cancel, or unplug it");
+        const auto* const work = newest();
+        const auto stop = work == nullptr ? Remedy{} : work->stop;
+        announcements_->setWork(told.what + (stop.act ? ": stop, or unplug it" : ": cancel, or unplug it"),
+                                stop.label, stop.act);
     }
 }
 

@@ -60,9 +60,10 @@ class Teller : Fixed {
     void heldBy(const std::string& holder);
     /// Without a pedal whose table is known: the number of files that wait for one.
     void waiting(std::size_t files);
-    /// The number of something that is going to be under way.
+    /// The number of something that is going to be under way, and what ends it before its time, if the window
+    /// is not covered.
     using Work = std::uint64_t;
-    Work newWork();
+    Work newWork(Remedy stop = {});
     /// What is under way in it, until `idle`; no effect after that. Of several, the last that began is shown.
     /// `said`: if a screen reader is to have it as well, each time that this changes.
     void working(Work work, const std::string& sentence, const std::string& said = {});
@@ -86,6 +87,13 @@ class Teller : Fixed {
     void beforeErase(const std::vector<SlotNumber>& asked);
 
   private:
+    struct UnderWay {
+        std::string sentence = {};
+        std::string said = {};  ///< to a screen reader
+        Remedy stop = {};
+    };
+    /// The last that began and has a sentence; null for none.
+    const UnderWay* newest() const;
     void showWork(Work changed);
     std::string withoutPedal() const;
 
@@ -93,11 +101,7 @@ class Teller : Fixed {
     MainWindow& window_;
     const LoopModel& model_;
     std::shared_ptr<Announcements> announcements_;
-    struct Words {
-        std::string sentence;
-        std::string said;
-    };
-    std::map<Work, Words> works_;  ///< what is under way, some of it without a sentence
+    std::map<Work, UnderWay> works_;  ///< some of it without a sentence
     Work lastWork_ = 0;
     Work followed_ = 0;  ///< which the pedal may leave unanswered
     std::string holder_;

@@ -43,6 +43,11 @@ TEST_F(AnnouncementsTest, AFailureStaysUntilItIsSettled) {
     EXPECT_EQ(line(), "no import") << "another job settles nothing";
     announcements.setWork("importing");
     EXPECT_EQ(line(), "importing");
+    bool stopped = false;
+    announcements.setWork("importing", "Stop", [&] { stopped = true; });
+    EXPECT_EQ(announcements.line().actionLabel, "Stop");
+    useLine();
+    EXPECT_TRUE(stopped);
     announcements.setWork({});
     EXPECT_EQ(line(), "no import");
     announcements.tell({.what = "cancelled", .cancelled = true, .job = "import"});

@@ -10,7 +10,8 @@ struct Turn::State {
     enum class Phase { free, starting, running };
 
     void end() {
-        if (std::exchange(phase, Phase::free) == Phase::running && shield) {
+        phase = Phase::free;
+        if (std::exchange(covered, false) && shield) {
             shield(false);
         }
     }
@@ -19,6 +20,7 @@ struct Turn::State {
     std::function<void(bool up)> shield;
     const std::thread::id mainThread = std::this_thread::get_id();
     Phase phase = Phase::free;
+    bool covered = false;
 };
 
 Turn::~Turn() {
@@ -32,8 +34,13 @@ Turn::~Turn() {
     }
 }
 
-void Turn::cover() {
+void Turn::occupy() {
     state_->phase = State::Phase::running;
+}
+
+void Turn::cover() {
+    occupy();
+    state_->covered = true;
     if (state_->shield) {
         state_->shield(true);
     }

@@ -22,6 +22,8 @@ class Turn {
 
     /// The operation has started: the shield goes up.
     void cover();
+    /// The operation has started, and the window stays free.
+    void occupy();
     /// It is over: the shield goes down, and the next may begin. No effect if that was so.
     void end();
     /// The shield stays up until the program ends, and nothing else may begin. Deliberate.
@@ -47,7 +49,7 @@ class Turns : Fixed {
     std::optional<Turn> take();
     /// One was taken and has not covered the window: there may be a question.
     bool starting() const;
-    /// The window is covered.
+    /// It has started.
     bool running() const;
 
   private:

@@ -85,8 +85,13 @@ void Announcements::setBackground(std::string sentence) {
     update();
 }
 
-void Announcements::setWork(std::string sentence, const std::string& said) {
-    work_ = std::move(sentence);
+void Announcements::setWork(std::string sentence, std::string actionLabel, std::function<void()> action,
+                            const std::string& said) {
+    work_ = {.kind = Kind::work,
+             .sentence = std::move(sentence),
+             .actionLabel = std::move(actionLabel),
+             .said = said};
+    workAction_ = std::move(action);
     const bool news = std::exchange(workSaid_, said) != said && !said.empty();
     update();
     if (news && spoken_) {
@@ -108,6 +113,10 @@ void Announcements::setListOpen(bool open) {
 }
 
 void Announcements::use(std::uint64_t number) {
+    if (number == 0 && line_.kind == Kind::work && workAction_) {
+        const auto action = workAction_;  // it may change what is under way
+        action();
+    }
     const auto told = std::ranges::find(list_, number, &Announcement::number);
     if (told == list_.end() || !told->action) {
         return;
@@ -129,8 +138,8 @@ bool Announcements::stands(const std::string& sentence) const {
 }
 
 Announcements::Line Announcements::wanted() const {
-    if (!work_.empty()) {
-        return {.kind = Kind::work, .sentence = work_, .said = workSaid_};
+    if (!work_.sentence.empty()) {
+        return work_;
     }
     const auto lineOf = [](const Announcement& announcement) {
         return Line{announcement.failure ? Kind::failure : Kind::success, announcement.sentence(),

@@ -80,9 +80,10 @@ class Announcements {
     void setRest(std::string sentence);
     /// The failures of `job` are over, without an outcome.
     void settle(const std::string& job);
-    /// What is under way; empty for nothing. `said`, if there is one, is what a screen reader gets, each time
-    /// that it changes.
-    void setWork(std::string sentence, const std::string& said = {});
+    /// What is under way, and what can be done about it; empty for nothing. `said`, if there is one, is what a
+    /// screen reader gets, each time that it changes.
+    void setWork(std::string sentence, std::string actionLabel = {}, std::function<void()> action = {},
+                 const std::string& said = {});
 
     /// What the program does by itself meanwhile; empty for nothing.
     void setBackground(std::string sentence);
@@ -90,7 +91,7 @@ class Announcements {
     /// Whether pointer or focus is on the line.
     void setHeld(bool held);
     void setListOpen(bool open);
-    /// Does what the outcome offers.
+    /// Does what the outcome offers; with 0, what the line offers about what is under way.
     void use(std::uint64_t number);
 
     const Line& line() const { return line_; }
@@ -116,7 +117,8 @@ class Announcements {
     std::deque<std::uint64_t> open_;  ///< failures that nothing has settled
     std::uint64_t last_ = 0;
     std::string rest_;
-    std::string work_;
+    Line work_{.kind = Kind::work};
+    std::function<void()> workAction_;
     std::string workSaid_;
     std::string background_;
     Line line_;
