@@ -45,6 +45,8 @@ struct AppEnvironment {
     /// Converts an audio file and returns the path of the working copy. On a background thread; several may
     /// run at once.
     std::function<Result<std::string>(const std::string& path)> convert;
+    /// The same with what there is of a file that is damaged. Empty: such files are refused only.
+    std::function<Result<std::string>(const std::string& path)> salvage = {};
     /// Looks for why no pedal is available, for Absence, which the controller starts at launch. On a
     /// background thread. May be empty.
     std::function<std::vector<Finding>()> diagnose;

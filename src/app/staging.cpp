@@ -54,26 +54,53 @@ void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
     }
 }
 
-void Staging::convert(SlotNumber slot, const QUrl& file) {
+void Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
     const Drop drop{slot, file, model_.nextDrop()};
     expected_.insert(slot);
     environment_.executor.background(
-        Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop,
-                         convert = environment_.convert, path = file.toLocalFile().toStdString()] {
-            executor.main([weak, drop, copy = convert(path)] {
+        Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop, how,
+                         path = file.toLocalFile().toStdString()] {
+            executor.main([weak, drop, copy = how(path)] {
                 const auto self = weak.lock();
                 if (!self) {
                     return;
                 }
                 if (!copy) {
                     self->expected_.extract(drop.slot);
-                    self->teller_.tell(toldUnusable(drop.file.fileName().toStdString(), copy.error()));
+                    self->tellUnusable(drop, copy.error());
                     return;
                 }
                 self->waiting_.emplace_back(drop, *copy);
                 self->work();
             });
         });
+}
+
+void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
+    Remedy anyway;
+    if (isSalvageable(trouble) && environment_.salvage) {
+        anyway = {"Use it anyway", [weak = weak_from_this(), drop] {
+                      const auto self = weak.lock();
+                      return self && self->useAnyway(drop);
+                  }};
+    }
+    teller_.tell(toldUnusable(drop.file.fileName().toStdString(), trouble), {}, std::move(anyway));
+}
+
+/// What there is of a damaged file, on its row, or on another if that has a file now.
+bool Staging::useAnyway(const Drop& drop) {
+    const auto name = "\"" + drop.file.fileName().toStdString() + "\"";
+    const auto slot = model_.freeFrom(drop.slot);
+    if (!slot) {
+        teller_.tell({.what = "There is no free row for " + name, .failure = true});
+        return false;
+    }
+    if (*slot != drop.slot) {
+        teller_.tell({.what = name + " goes to the row of " + loopName(*slot),
+                      .detail = loopName(drop.slot) + " has another file."});
+    }
+    convert(*slot, drop.file, environment_.salvage);
+    return true;
 }
 
 void Staging::release() {
@@ -145,15 +172,14 @@ void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
     std::error_code error;
     const auto size = std::filesystem::file_size(copy, error);
     if (error || size < waveHeaderSize) {
-        teller_.tell(toldUnusable(drop.file.fileName().toStdString(),
-                                  error ? Trouble{Trouble::Kind::unreadable, copy.string(), error.value()}
-                                        : Trouble{Trouble::Kind::noSound}));
+        tellUnusable(drop, error ? Trouble{Trouble::Kind::unreadable, copy.string(), error.value()}
+                                 : Trouble{Trouble::Kind::noSound});
         return;
     }
     const auto info = exportInfoForLoop(drop.slot.number(), model_.table().contains(drop.slot), copy,
                                         size - waveHeaderSize);
     if (!info) {
-        teller_.tell(toldUnusable(drop.file.fileName().toStdString(), Trouble{Trouble::Kind::noSound}));
+        tellUnusable(drop, Trouble{Trouble::Kind::noSound});
         return;
     }
     switch (model_.stage(*info, drop.order)) {

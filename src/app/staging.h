@@ -70,7 +70,11 @@ class Staging : public std::enable_shared_from_this<Staging> {
         QUrl file;
         std::uint64_t order = 0;
     };
-    void convert(SlotNumber slot, const QUrl& file);
+    using Convert = decltype(AppEnvironment::convert);
+    void convert(SlotNumber slot, const QUrl& file) { convert(slot, file, environment_.convert); }
+    void convert(SlotNumber slot, const QUrl& file, const Convert& how);
+    void tellUnusable(const Drop& drop, const Trouble& trouble);
+    bool useAnyway(const Drop& drop);
     void stage(const Drop& drop, const std::filesystem::path& copy);
     void work();
     void sayTooLarge();

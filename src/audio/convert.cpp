@@ -27,9 +27,7 @@ void logRefusal(const std::string& path, const std::string& reason) {
     log(LogCategory::audio, asLogLine(path + ": not converted: " + reason));
 }
 
-}  // namespace
-
-Result<std::string> convertedFile(const std::string& path) {
+Result<std::string> convert(const std::string& path, bool salvage) {
     std::error_code error;
     if (path.empty() || !std::filesystem::exists(path, error)) {
         logRefusal(path, "there is no such file");
@@ -45,10 +43,20 @@ Result<std::string> convertedFile(const std::string& path) {
         return Trouble{Trouble::Kind::noTemporaryFolder};
     }
     const std::string output = folder->string() + "/" + freshUuid() + ".wav";
-    if (auto result = Conversion({.output = output}).convert(path); !result) {
+    if (auto result = Conversion({.output = output, .salvage = salvage}).convert(path); !result) {
         return std::move(result.error());
     }
     return output;
+}
+
+}  // namespace
+
+Result<std::string> convertedFile(const std::string& path) {
+    return convert(path, false);
+}
+
+Result<std::string> salvagedFile(const std::string& path) {
+    return convert(path, true);
 }
 
 std::optional<std::string> Wave::convertAudioFile(const std::string& path) {

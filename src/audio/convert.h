@@ -12,6 +12,8 @@ namespace kzq {
 /// A path without a folder or an extension is refused; which extension does not matter. Blocks; any thread;
 /// several calls may run at once.
 Result<std::string> convertedFile(const std::string& path);
+/// The same; of a source that is shortened, what there is of it.
+Result<std::string> salvagedFile(const std::string& path);
 
 /// Audio files for the pedal.
 class Wave {

@@ -1,5 +1,7 @@
 #include "flow_fixture.h"
 
+#include <QAction>
+#include <QMenuBar>
 #include <QUrl>
 #include <algorithm>
 #include <fstream>
@@ -69,7 +71,8 @@ void FlowTest::launch(Executor::Duration wait) {
             .build = {},
             .installation = {},
             .downloads = base,
-            .convert = [this](const std::string& path) { return convert(path); },
+            .convert = [this](const std::string& path) { return convert(path, false); },
+            .salvage = [this](const std::string& path) { return convert(path, true); },
             .diagnose = [this] { return diagnosis; },
             .asRoot = asRoot,
             .keepAwake = keepAwake,
@@ -134,8 +137,11 @@ fs::path FlowTest::audioFile(const std::string& name, std::uint64_t frames) {
 }
 
 /// Copies are not filled: a test of the capacity needs files of hundreds of megabytes.
-Result<std::string> FlowTest::convert(const std::string& path) {
+Result<std::string> FlowTest::convert(const std::string& path, bool salvage) {
     executor.sleep(conversionTime);
+    if (const auto flaw = flaws.find(fs::path(path).filename()); flaw != flaws.end() && !salvage) {
+        return Trouble(flaw->second);
+    }
     if (!fs::exists(path)) {
         return Trouble{Trouble::Kind::notAFile, path, ENOENT};
     }
@@ -156,6 +162,15 @@ void FlowTest::stage(std::uint8_t slot, std::uint64_t frames) {
     drop(slot, audioFile("song " + std::to_string(slot) + ".wav", frames));
     executor.settle();
     ASSERT_TRUE(delegate->selectedExportSlots().contains(*SlotNumber::of(slot)));
+}
+
+void FlowTest::verifyAfterExport() {
+    for (auto* const action : window->menuBar()->findChildren<QAction*>()) {
+        if (action->text() == "&Verify After Export") {
+            EXPECT_FALSE(action->isChecked());
+            action->trigger();
+        }
+    }
 }
 
 std::string FlowTest::caption() const {

@@ -93,6 +93,8 @@ class FlowTest : public testing::Test {
     void drop(std::uint8_t slot, const std::filesystem::path& file);
     /// Drops a file of so many frames, and waits until it is staged.
     void stage(std::uint8_t slot, std::uint64_t frames);
+    /// Chooses Verify After Export in the menu.
+    void verifyAfterExport();
     std::string caption() const;
     /// What the status line says.
     std::string line() const { return window->statusLine().sentence().sentence().toStdString(); }
@@ -111,6 +113,7 @@ class FlowTest : public testing::Test {
     ScriptedDialogs dialogs;
     FakeWeb web;
     Executor::Duration conversionTime{};
+    std::map<std::string, Trouble> flaws;  ///< of files, by name: only salvaged
     decltype(AppEnvironment::writeFile) writeFile = writeNew;
     std::uint64_t freeSpace = 1'000'000;
     std::vector<Finding> diagnosis = {{Trouble::Kind::noUdev, true, "a remedy", {}}};
@@ -131,7 +134,7 @@ class FlowTest : public testing::Test {
                                                   std::span<const std::uint8_t> bytes) {
         return writeNewFile(folder, name, extension, bytes);
     }
-    Result<std::string> convert(const std::string& path);
+    Result<std::string> convert(const std::string& path, bool salvage);
     int copies_ = 0;
 };
 

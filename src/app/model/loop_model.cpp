@@ -66,6 +66,17 @@ LoopModel::Staged LoopModel::stage(const ExportInfo& info, std::uint64_t drop) {
     return Staged::yes;
 }
 
+std::optional<SlotNumber> LoopModel::freeFrom(SlotNumber wanted) const {
+    if (!staging_.contains(wanted)) {
+        return wanted;
+    }
+    auto slots = allSlots();
+    std::ranges::rotate(slots, std::ranges::find(slots, wanted));
+    const auto free = std::ranges::find_if(
+        slots, [this](SlotNumber slot) { return !staging_.contains(slot) && !table_.contains(slot); });
+    return free == slots.end() ? std::nullopt : std::optional(*free);
+}
+
 bool LoopModel::stillAskedAbout(const Exports& asked) const {
     return std::ranges::all_of(asked, [this](const auto& entry) {
         const auto now = staging_.find(entry.first);
