@@ -43,7 +43,8 @@ struct AppParts : Fixed {
     MenuControl menu{environment, window, panels, teller};
     FirmwareNotices firmware{*this};
     TransferPanel transferPanel{window, menu, panels};
-    std::unique_ptr<Flows> flows;  ///< since the launch
+    std::unique_ptr<Flows> flows;    ///< since the launch
+    bool verifyAfterExport = false;  ///< as the menu has it
     std::shared_ptr<Absence> absence;
     std::unique_ptr<MenuClosing> menuClosing;
     std::unique_ptr<QObject> connections;  ///< from the window's buttons; end with it

@@ -8,6 +8,7 @@
 
 #include "app/app_parts.h"
 #include "app/transfer_run.h"
+#include "app/verify_flow.h"
 #include "audio/wave.h"
 #include "operations/export.h"
 
@@ -48,6 +49,7 @@ class Export {
   private:
     bool start(Run& run) {
         order_.exports = parts_.model.staging();
+        order_.verify = parts_.verifyAfterExport;
         files_ = parts_.rows.stagedFiles(order_.exports);
         for (const auto& [slot, info] : order_.exports) {
             if (const auto* const loop = parts_.model.table().find(slot); loop != nullptr && info.occupied) {
@@ -116,6 +118,13 @@ class Export {
             }
         }
         tell(outcome);
+        if (order_.verify) {
+            std::vector<SlotOutcome> written;
+            std::ranges::copy_if(outcome.slots, std::back_inserter(written), [](const SlotOutcome& loop) {
+                return loop.did == SlotOutcome::Did::written;
+            });
+            beginVerify(parts_, written, files_);
+        }
     }
 
     void tell(const Outcome& outcome) {

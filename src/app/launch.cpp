@@ -154,9 +154,17 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.exportButton(), &AppDelegate::exportButtonClicked);
     connect(window.selectAllButton(), &AppDelegate::selectAll);
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
-    fillMenuBar(*window.menuBar(), {act(&AppDelegate::selectAll), act(&AppDelegate::openAboutBox),
-                                    [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
-                                    act(&AppDelegate::saveReport), act(&AppDelegate::quit)});
+    fillMenuBar(*window.menuBar(),
+                {.selectAll = act(&AppDelegate::selectAll),
+                 .verifyAfterExport =
+                     [weak = std::weak_ptr(controller), &parts](bool on) {
+                         if (!weak.expired()) {
+                             parts.verifyAfterExport = on;
+                         }
+                     },
+                 .openAboutBox = act(&AppDelegate::openAboutBox),
+                 .openResults = [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
+                 .quit = act(&AppDelegate::quit)});
 }
 
 }  // namespace

@@ -19,9 +19,11 @@ void dressMenuBar(QMenuBar& bar) {
                 "transparent; }"
                 "QMenuBar::item:selected { background: %3; }"
                 "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
-                "QMenu::item { padding: 6px 28px 6px 16px; border-radius: 4px; }"
+                "QMenu::item { padding: 6px 28px; border-radius: 4px; }"
                 "QMenu::item:selected { background: %3; }"
-                "QMenu::item:disabled { color: %6; }")
+                "QMenu::item:disabled { color: %6; }"
+                "QMenu::indicator { width: 12px; height: 12px; left: 8px; }"
+                "QMenu::indicator:checked { image: url(:/pictures/Menu_check.svg); }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
                  panelColor().name(), outlineColor().name(), disabledWordColor().name()));
 }
@@ -32,6 +34,9 @@ void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
     auto* const selectAll = bar.addMenu("&Edit")->addAction("Select &All", actions.selectAll);
     selectAll->setShortcut(QKeySequence::SelectAll);
+    auto* const verify = bar.addMenu("&Loop")->addAction("&Verify After Export");
+    verify->setCheckable(true);
+    QObject::connect(verify, &QAction::toggled, verify, actions.verifyAfterExport);
     auto* const results = bar.addMenu("&View")->addAction("&Recent Results", actions.openResults);
     results->setShortcut(QKeySequence("Ctrl+R"));
     auto* const help = bar.addMenu("&Help");

@@ -9,6 +9,7 @@ namespace kzq {
 /// What the entries of the menu bar do.
 struct MenuBarActions {
     std::function<void()> selectAll;
+    std::function<void(bool)> verifyAfterExport;
     std::function<void()> openAboutBox;
     std::function<void()> openResults;
     std::function<void()> saveReport;
@@ -17,7 +18,8 @@ struct MenuBarActions {
 
 /// Paints the bar in the window's own colours, the same on every desktop.
 void dressMenuBar(QMenuBar& bar);
-/// File with Quit, Edit with Select All, View with Recent Results, Help with Save Report and About. Once.
+/// File with Quit, Edit with Select All, Loop with Verify After Export, which is off, View with Recent
+/// Results, Help with Save Report and About. Once.
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions);
 
 }  // namespace kzq

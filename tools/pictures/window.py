@@ -82,6 +82,12 @@ def status_mark():
     return picture
 
 
+def menu_check():
+    picture = Picture(12, 12)
+    picture.line("M2 6.5L5 9.5L10 3", c.CREAM)
+    return picture
+
+
 def empty_note():
     picture = Picture(28, 36)
     picture.frame(2, 0, 24, 36, 6, c.GRAY, c.GROOVE)
@@ -149,7 +155,7 @@ def check(ticked):
 
 def pictures():
     result = {"Window_plate": window_plate(), "Meter_track": meter_track(), "Warning_mark": warning_mark(),
-              "Status_mark": status_mark(), "Check_off": check(False), "Check_on": check(True),
+              "Status_mark": status_mark(), "Menu_check": menu_check(), "Check_off": check(False), "Check_on": check(True),
               "Empty_plate": empty_plate(), "Empty_note": empty_note()}
     for name, colour in (("green", c.GREEN), ("orange", c.ORANGE), ("red", c.RED)):
         result[f"Meter_bar_{name}"] = meter_bar(colour)

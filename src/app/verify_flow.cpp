@@ -1,0 +1,75 @@
+#include "app/verify_flow.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "app/app_parts.h"
+#include "operations/verify.h"
+
+namespace kzq {
+
+namespace {
+
+/// One run, from the end of its export on. Its parts are used on the main thread only.
+class Verify {
+  public:
+    Verify(AppParts& parts, std::vector<SlotOutcome> written, std::map<SlotNumber, QUrl> files)
+        : parts_(parts), written_(std::move(written)), files_(std::move(files)) {}
+
+    void work(Run& run) {
+        if (run.pedal && run.ask([&] { start(run); })) {
+            const auto outcome = runVerify(*run.pedal, written_, events_);
+            run.ask([&] { finish(run, outcome); });
+        }
+    }
+
+  private:
+    void start(Run& run) {
+        work_ = parts_.teller.newWork({"Stop", [this_ = &parts_] {
+                                           this_->flows->cancel();
+                                           return true;
+                                       }});
+        auto follow = parts_.teller.follower(work_, run.poster(), "Verifying");
+        follow(written_.front().slot);
+        events_.moved = [follow](SlotNumber slot, std::uint64_t /*bytes*/) mutable { follow(slot); };
+    }
+
+    void finish(Run& run, const Outcome& outcome) {
+        run.turn.end();
+        std::vector<SlotNumber> asked;
+        std::ranges::transform(written_, std::back_inserter(asked), &SlotOutcome::slot);
+        std::map<SlotNumber, QUrl> again;
+        for (const auto& loop : outcome.slots) {
+            const auto file = files_.find(loop.slot);
+            if (loop.trouble && loop.trouble->kind == Trouble::Kind::differs && file != files_.end()) {
+                again.insert(*file);
+            }
+        }
+        const auto told = toldVerify(outcome, asked);
+        const bool judged = told.failure || outcome.whole();  // one that was stopped settles nothing
+        parts_.teller.idle(work_);
+        parts_.teller.tell(told, judged ? "verify" : "",
+                           again.empty() ? Remedy{} : parts_.staging->stagingAgain(std::move(again)));
+    }
+
+    AppParts& parts_;
+    const std::vector<SlotOutcome> written_;
+    const std::map<SlotNumber, QUrl> files_;  ///< the user's own
+    Teller::Work work_ = 0;
+    Events events_;
+};
+
+}  // namespace
+
+void beginVerify(AppParts& parts, const std::vector<SlotOutcome>& written,
+                 const std::map<SlotNumber, QUrl>& files) {
+    if (auto turn = parts.flows->take(); turn && !written.empty()) {
+        turn->occupy();
+        parts.flows->start(
+            std::move(*turn), transferPatience,
+            [flow = std::make_shared<Verify>(parts, written, files)](Run& run) { flow->work(run); });
+    }
+}
+
+}  // namespace kzq
