@@ -65,8 +65,8 @@ class Erase {
         const Concern concern{order_.slots,
                               outcome.whole() ? std::vector<SlotNumber>() : notDone(outcome, order_.slots)};
         parts_.teller.forgetImports(concern);
-        parts_.teller.idle(work_);
         parts_.teller.tell(told(Deed::erase, outcome, order_.slots), "erase", {}, concern);
+        parts_.teller.idle(work_);
     }
 
     AppParts& parts_;

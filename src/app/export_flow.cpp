@@ -130,7 +130,6 @@ class Export {
     void tell(const Outcome& outcome) {
         std::vector<SlotNumber> asked;
         std::ranges::copy(std::views::keys(order_.exports), std::back_inserter(asked));
-        parts_.teller.idle(work_);
         const auto missing = notDone(outcome, asked);
         parts_.teller.forgetImports({asked, missing});
         std::map<SlotNumber, QUrl> again;
@@ -143,6 +142,7 @@ class Export {
         const bool offer = !again.empty() && (outcome.begun || pedal_ != parts_.model.pedal());
         parts_.teller.tell(told(Deed::write, outcome, asked), "export",
                            offer ? parts_.staging->stagingAgain(again) : Remedy{}, {asked, missing});
+        parts_.teller.idle(work_);
     }
 
     AppParts& parts_;

@@ -119,12 +119,12 @@ class Import {
         }
         const Remedy retry{"Try again", [this_ = &parts_, again] { return selectAgain(*this_, again); }};
         const auto* const trouble = mainTrouble(outcome);
-        parts_.teller.idle(work_);
         parts_.teller.tell(toldImport(outcome, asked, order_.folder), "import",
                            missing.empty()                      ? showing(parts_.environment, order_.folder)
                            : trouble && isMissingRule(*trouble) ? settingUp(parts_, *trouble, again)
                                                                 : retry,
                            {asked, missing});
+        parts_.teller.idle(work_);
     }
 
     AppParts& parts_;

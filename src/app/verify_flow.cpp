@@ -48,9 +48,9 @@ class Verify {
         }
         const auto told = toldVerify(outcome, asked);
         const bool judged = told.failure || outcome.whole();  // one that was stopped settles nothing
-        parts_.teller.idle(work_);
         parts_.teller.tell(told, judged ? "verify" : "",
                            again.empty() ? Remedy{} : parts_.staging->stagingAgain(std::move(again)));
+        parts_.teller.idle(work_);  // only now: what came before is not shown again in between
     }
 
     AppParts& parts_;

@@ -34,20 +34,20 @@ TEST_F(VerifyTest, WhatWasWrittenIsReadBackWhileTheWindowStaysFree) {
     EXPECT_EQ(line(), "2 loops written");
     verifyAfterExport();
     dialogs.take();
-    exportBoth(100ms);
+    exportBoth(1s);
     dialogs.take();
     EXPECT_EQ(line(), "Verifying loop 2\u2026");
     EXPECT_EQ(link(), "Stop");
     EXPECT_FALSE(shieldUp());
     EXPECT_EQ(workingCopies(), 0);
-    pass(300ms);
+    pass(2s);
     EXPECT_EQ(line(), "Verifying loop 4\u2026");
     select({3});
     window->importButton()->click();
     window->eraseButton()->click();
     EXPECT_THAT(dialogs.take(), ElementsAre(isBusy, testing::HasSubstr("cannot be restored"), isBusy));
     stage(5, 10);
-    pass(2s);
+    pass(6s);
     EXPECT_EQ(line(), "2 loops verified");
     EXPECT_THAT(sent(0xE1), ElementsAre(1, 3));
     window->importButton()->click();
@@ -85,8 +85,8 @@ TEST_F(VerifyTest, ItCanBeStoppedAndCanFailAndThePedalIsFreeThen) {
     launchConnected();
     verifyAfterExport();
     const auto verifying = [this] {
-        exportBoth(100ms);
-        pass(300ms);
+        exportBoth(1s);
+        pass(2s);
         EXPECT_EQ(line(), "Verifying loop 4\u2026");
     };
     verifying();

@@ -190,6 +190,8 @@ TEST_F(ExportTest, WhatWasUnderWayAtTheEndIsInDoubt) {
     plan("unplug@EC:2");  // when it is asked what it holds
     EXPECT_EQ(text(*write(one).doubt), "5 sent");
 
+    pedal.plugIn();
+    executor.settle();
     hold({});
     one.batches = Batches::one;
     one.seen = table();
