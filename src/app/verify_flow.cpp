@@ -32,6 +32,7 @@ class Verify {
                                        }});
         auto follow = parts_.teller.follower(work_, run.poster(), "Verifying");
         follow(written_.front().slot);
+        events_.begins = [follow](SlotNumber slot, Step /*step*/) mutable { follow(slot); };
         events_.moved = [follow](SlotNumber slot, std::uint64_t /*bytes*/) mutable { follow(slot); };
     }
 

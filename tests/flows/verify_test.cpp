@@ -11,10 +11,10 @@ constexpr auto isBusy = "Device is busy. Try again later.";
 
 class VerifyTest : public FlowTest {
   protected:
-    /// Exports loops of 300 and 1000 frames to 2 and 4, whose reading back takes time.
+    /// Exports loops to 2 and 4, which are read back in 9 and 18 pieces.
     void exportBoth(Executor::Duration pace) {
-        stage(2, 300);
-        stage(4, 1000);
+        stage(2, 1500);
+        stage(4, 3000);
         port.pace = pace;
         pedal.clearJournal();
         window->exportButton()->click();
@@ -34,7 +34,7 @@ TEST_F(VerifyTest, WhatWasWrittenIsReadBackWhileTheWindowStaysFree) {
     EXPECT_EQ(line(), "2 loops written");
     verifyAfterExport();
     dialogs.take();
-    exportBoth(1s);
+    exportBoth(200ms);
     dialogs.take();
     EXPECT_EQ(line(), "Verifying loop 2\u2026");
     EXPECT_EQ(link(), "Stop");
@@ -85,7 +85,7 @@ TEST_F(VerifyTest, ItCanBeStoppedAndCanFailAndThePedalIsFreeThen) {
     launchConnected();
     verifyAfterExport();
     const auto verifying = [this] {
-        exportBoth(1s);
+        exportBoth(200ms);
         pass(2s);
         EXPECT_EQ(line(), "Verifying loop 4\u2026");
     };
