@@ -261,6 +261,7 @@ int main(int argc, char** argv) {
     }
     ctl::Signals signals;
     ignoreWriteSignals();
+    returnFreedLoops();
     const auto parsed = ctl::parseOptions({argv + std::min(argc, 1), argv + argc});
     if (parsed.options) {
         return run(*parsed.options, signals);

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <gnu/libc-version.h>
+#include <malloc.h>
 #include <unistd.h>
 
 #include <charconv>
@@ -24,6 +25,11 @@ bool occupyStandardStreams() {
 void ignoreWriteSignals() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void returnFreedLoops() {
+    constexpr int mapped = 1 << 20;  // bytes; a fixed threshold is no longer raised by what is freed
+    ::mallopt(M_MMAP_THRESHOLD, mapped);
 }
 
 std::uint64_t systemMinorVersion() {

@@ -15,6 +15,10 @@ bool occupyStandardStreams();
 /// transfer.
 void ignoreWriteSignals();
 
+/// Has the memory of a loop go back to the system as soon as it is freed. Left to itself, malloc keeps what
+/// was as large as an earlier loop in heaps, and a restore of 20 loops came to twice their size.
+void returnFreedLoops();
+
 /// The minor number of the C library: "2.36" gives 36. The device link asks for it; 0 switches it off.
 std::uint64_t systemMinorVersion();
 

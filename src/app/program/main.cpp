@@ -259,6 +259,7 @@ int main(int argc, char** argv) {
         std::_Exit(fileStatus);
     }
     ignoreWriteSignals();
+    returnFreedLoops();
     const auto parsed = parseProgramOptions({argv + std::min(argc, 1), argv + argc});
     if (parsed.options) {
         return run(*parsed.options, argc, argv);
