@@ -4,6 +4,7 @@
 
 #include "ctl/commands/backup_command.h"
 #include "ctl/commands/convert_command.h"
+#include "ctl/commands/diff_command.h"
 #include "ctl/commands/doctor_command.h"
 #include "ctl/commands/erase_command.h"
 #include "ctl/commands/export_command.h"
@@ -33,6 +34,8 @@ std::shared_ptr<Command> makeCommand(Context context) {
             return std::make_shared<ConvertCommand>(std::move(context));
         case Subcommand::backup:
             return std::make_shared<BackupCommand>(std::move(context));
+        case Subcommand::diff:
+            return std::make_shared<DiffCommand>(std::move(context));
         case Subcommand::restore:
             return std::make_shared<RestoreCommand>(std::move(context));
         case Subcommand::firmware:

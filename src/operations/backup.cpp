@@ -1,12 +1,14 @@
 #include "operations/backup.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "audio/wave.h"
 #include "loops/capacity.h"
 #include "operations/loop_file.h"
 #include "operations/read_loop.h"
+#include "operations/snapshot_draft.h"
 #include "operations/table.h"
 
 namespace kzq {
@@ -16,80 +18,70 @@ namespace {
 using Did = SlotOutcome::Did;
 using Kind = Trouble::Kind;
 
-/// What an earlier run saved stays in the index if its file is intact and the pedal still has such a loop.
-/// Otherwise the file is kept, as it may be the only copy, but is not part of this backup.
-void keepWhatIsThere(BackupPlan& plan) {
-    std::erase_if(plan.index.loops, [&plan](const auto& kept) {
-        const auto* const loop = plan.status.loops.find(kept.first);
-        return loop == nullptr || !kept.second.describes(*loop) || !plan.folder.loop(kept.second);
-    });
-}
-
 class Backup {
   public:
-    Backup(Pedal& pedal, BackupPlan plan, const Events& events)
-        : pedal_(pedal), plan_(std::move(plan)), events_(events) {}
+    Backup(Pedal& pedal, const BackupOrder& order, const Events& events)
+        : pedal_(pedal), order_(order), loops_(order.status.loops), events_(events) {}
 
-    Outcome save();
-    Outcome compare();
+    BackupEnd run();
 
   private:
     std::uint64_t sizeToSave() const;
     std::vector<SlotNumber> missingFirst() const;
     void save(SlotNumber slot, const Loop& loop);
-    void store(SlotNumber slot, const Loop& loop, const Bytes& image, SlotOutcome& outcome);
+    void store(const Loop& loop, const Bytes& image, SlotOutcome& outcome);
     void finish();
-    std::optional<SlotOutcome> compared(SlotNumber slot);
-    std::optional<SlotOutcome> comparedAudio(SlotNumber slot, const BackupEntry& entry);
-
-    void add(SlotOutcome outcome) {
-        tell(events_.slot, outcome);
-        outcome_.slots.push_back(std::move(outcome));
-    }
+    void countEarlier();
 
     Pedal& pedal_;
-    BackupPlan plan_;
+    const BackupOrder& order_;
+    const Loops& loops_;
     const Events& events_;
+    std::unique_ptr<SnapshotDraft> draft_;
     Outcome outcome_;
+    std::optional<Snapshot> snapshot_;
 };
 
-Outcome Backup::save() {
-    const auto& loops = plan_.status.loops;
-    outcome_.wanted = loops.size();
-    outcome_.end = tooLittleSpace(plan_.folder.path(), sizeToSave(), plan_.freeSpace);
-    if (outcome_.end) {
-        return std::move(outcome_);
+BackupEnd Backup::run() {
+    outcome_.wanted = loops_.size();
+    auto draft = SnapshotDraft::make(order_.generations, order_.stamp());
+    if (!draft) {
+        outcome_.end = std::move(draft.error());
+        return {std::move(outcome_), {}};
     }
-    plan_.folder.make();
+    draft_ = std::move(*draft);
+    outcome_.end = tooLittleSpace(order_.generations.path(), sizeToSave(), order_.freeSpace);
     for (const auto slot : missingFirst()) {
-        save(slot, *loops.find(slot));
         if (outcome_.end) {
             break;
         }
+        save(slot, *loops_.find(slot));
     }
-    outcome_.unseen = plan_.index.loops.size() - outcome_.done();
     if (!outcome_.end && outcome_.done() == outcome_.wanted) {
         finish();
+    } else if (!draft_->index().loops.empty()) {
+        snapshot_ = {draft_->path().filename(), BackupFolder(draft_->path())};
     }
-    return std::move(outcome_);
+    countEarlier();
+    return {std::move(outcome_), std::move(snapshot_)};
 }
 
-/// What the files of the loops that the index does not have will take.
+/// What the files will take of the disk.
 std::uint64_t Backup::sizeToSave() const {
     std::uint64_t size = 0;
-    for (const auto& [slot, loop] : plan_.status.loops) {
-        size +=
-            plan_.index.loops.contains(slot) || !hasPossibleLength(loop) ? 0 : waveHeaderSize + loop.bytes;
+    for (const auto& [slot, loop] : loops_) {
+        size += draft_->isFree(slot, loop) || !hasPossibleLength(loop) ? 0 : waveHeaderSize + loop.bytes;
     }
     return size;
 }
 
 std::vector<SlotNumber> Backup::missingFirst() const {
     std::vector<SlotNumber> order;
-    for (const auto& [slot, loop] : plan_.status.loops) {
+    for (const auto& [slot, loop] : loops_) {
         order.push_back(slot);
     }
-    std::ranges::stable_partition(order, [this](auto slot) { return !plan_.index.loops.contains(slot); });
+    std::ranges::stable_partition(order,
+                                  [this](auto slot) { return !draft_->wasSaved(slot, *loops_.find(slot)); });
     return order;
 }
 
@@ -102,140 +94,63 @@ void Backup::save(SlotNumber slot, const Loop& loop) {
     SlotOutcome outcome{.slot = slot, .frames = Frames{loop.samples}};
     if (!*image) {
         outcome.trouble = std::move(image->error());
-        plan_.index.loops.erase(slot);
     } else if (framesOf(**image) != loop.samples) {
         outcome.trouble = Trouble{Kind::changedWhileRead};
-        plan_.index.loops.erase(slot);
     } else {
-        store(slot, loop, **image, outcome);
+        store(loop, **image, outcome);
     }
-    add(std::move(outcome));
+    tell(events_.slot, outcome);
+    outcome_.slots.push_back(std::move(outcome));
 }
 
-void Backup::store(SlotNumber slot, const Loop& loop, const Bytes& image, SlotOutcome& outcome) {
-    auto& saved = plan_.index.loops;
-    const auto& folder = plan_.folder;
-    BackupEntry entry{.samples = loop.samples, .tempo = loop.tempo, .channel = loop.channel};
-    const auto kept = saved.find(slot);
-    if (kept != saved.end() && kept->second.sha256 == audioDigest(image)) {
-        outcome.did = Did::kept;
-        outcome.file = folder.path() / kept->second.file;
-        return;
+void Backup::store(const Loop& loop, const Bytes& image, SlotOutcome& outcome) {
+    outcome.file = draft_->path();
+    const auto added = draft_->add(outcome.slot, loop, image);
+    if (added) {
+        outcome.did = *added == SnapshotDraft::Way::written ? Did::saved : Did::kept;
+        outcome.file /= draft_->index().loops.at(outcome.slot).file;
+    } else {
+        outcome.trouble = added.error();
+        outcome_.end = added.error();
     }
-    saved.erase(slot);
-    outcome.file = folder.path();
-    const auto stored = folder.addLoop(slot, image, entry).and_then([&] {
-        saved[slot] = entry;
-        return folder.writePartialIndex(plan_.index);
-    });
-    if (stored) {
-        outcome.did = Did::saved;
-        outcome.file = folder.path() / entry.file;
-        return;
-    }
-    saved.erase(slot);
-    outcome.trouble = stored.error();
-    outcome_.end = stored.error();
 }
 
 /// Only loops that were on the pedal at the same time are a backup.
 void Backup::finish() {
     const auto now = pedal_.status();
-    outcome_.end = now ? changeBetween(plan_.status.loops, now->loops, allSlots()) : now.error();
-    if (!outcome_.end) {
-        if (auto written = plan_.folder.finish(plan_.index); !written) {
-            written.error().where = plan_.folder.path();
-            outcome_.end = std::move(written.error());
-        }
+    outcome_.end = now ? changeBetween(loops_, now->loops, allSlots()) : now.error();
+    if (outcome_.end) {
+        return;
     }
-}
-
-Outcome Backup::compare() {
-    for (const auto slot : allSlots()) {
-        outcome_.wanted += plan_.status.loops.contains(slot) || plan_.index.loops.contains(slot) ? 1U : 0U;
-    }
-    for (const auto slot : allSlots()) {
-        if (auto outcome = compared(slot)) {
-            add(std::move(*outcome));
-        }
-        if (outcome_.end) {
-            break;
-        }
-    }
-    return std::move(outcome_);
-}
-
-/// Nothing of a slot that is empty on both sides, or if the work ended.
-std::optional<SlotOutcome> Backup::compared(SlotNumber slot) {
-    const auto* const loop = plan_.status.loops.find(slot);
-    const auto entry = plan_.index.loops.find(slot);
-    const auto differs = [slot](Trouble why) { return SlotOutcome{.slot = slot, .trouble = std::move(why)}; };
-    if (entry == plan_.index.loops.end()) {
-        return loop == nullptr ? std::nullopt : std::optional(differs({Kind::differs, {}, 0, "recorded"}));
-    }
-    if (!plan_.folder.loop(entry->second)) {
-        return differs({Kind::damaged, plan_.folder.path() / entry->second.file});
-    }
-    if (loop == nullptr) {
-        return differs({Kind::differs, {}, 0, "erased"});
-    }
-    if (!plan_.index.hasLengthOf(slot, *loop)) {
-        return differs({Kind::differs, {}, 0, "changed"});
-    }
-    return comparedAudio(slot, entry->second);
-}
-
-std::optional<SlotOutcome> Backup::comparedAudio(SlotNumber slot, const BackupEntry& entry) {
-    const auto image = readLoop(pedal_, slot, Step::read, events_, outcome_);
-    if (!image) {
-        return std::nullopt;
-    }
-    SlotOutcome outcome{.slot = slot, .frames = Frames{entry.samples}};
-    if (!*image) {
-        outcome.trouble = image->error();
-    } else if (audioDigest(**image) != entry.sha256) {
-        outcome.trouble = Trouble{Kind::differs, {}, 0, "changed"};
+    auto finished = draft_->finish(order_.status.version, order_.stamp());
+    if (finished) {
+        snapshot_ = std::move(*finished);
     } else {
-        outcome.did = Did::unchanged;
+        finished.error().where = draft_->path();
+        outcome_.end = std::move(finished.error());
     }
-    return outcome;
+}
+
+/// What an interrupted run saved, and this one did not come to.
+void Backup::countEarlier() {
+    for (const auto& [slot, loop] : loops_) {
+        const bool came = std::ranges::find(outcome_.slots, slot, &SlotOutcome::slot) != outcome_.slots.end();
+        outcome_.unseen += !came && draft_->wasSaved(slot, loop) ? 1U : 0U;
+    }
 }
 
 }  // namespace
 
-Result<BackupPlan> planBackup(Pedal& pedal, const BackupFolder& folder) {
-    const bool finished = folder.isComplete();
-    auto index = finished ? folder.index() : folder.partialIndex();
-    if (!index && (finished || index.error().kind != Kind::noBackup)) {
-        return std::move(index.error());
-    }
-    auto status = pedal.status();
-    if (!status) {
-        return std::move(status.error());
-    }
-    BackupPlan plan{folder, std::move(*status), finished, std::move(index).value_or(BackupIndex{})};
-    if (!finished) {
-        plan.index.firmware = plan.status.version;
-        keepWhatIsThere(plan);
-    }
-    return plan;
-}
-
-std::uint64_t bytesToRead(const BackupPlan& plan) {
-    if (plan.finished) {
-        return bytesToCompare(plan.index, plan.status.loops);
-    }
+std::uint64_t bytesToRead(const Loops& loops) {
     std::uint64_t bytes = 0;
-    for (const auto& [slot, loop] : plan.status.loops) {
+    for (const auto& [slot, loop] : loops) {
         bytes += hasPossibleLength(loop) ? loop.alignedBytes : 0;
     }
     return bytes;
 }
 
-Outcome runBackup(Pedal& pedal, BackupPlan plan, const Events& events) {
-    const bool finished = plan.finished;
-    Backup backup(pedal, std::move(plan), events);
-    return finished ? backup.compare() : backup.save();
+BackupEnd runBackup(Pedal& pedal, const BackupOrder& order, const Events& events) {
+    return Backup(pedal, order, events).run();
 }
 
 }  // namespace kzq

@@ -1,14 +1,16 @@
 #include "operations/backup_folder.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <system_error>
+#include <vector>
 
-#include "loops/capacity.h"
-#include "loops/facts.h"
 #include "operations/loop_file.h"
 #include "platform/new_file.h"
 #include "platform/plain_file.h"
 #include "platform/replace_file.h"
+#include "platform/unique_name.h"
 
 namespace kzq {
 namespace {
@@ -18,7 +20,6 @@ namespace fs = std::filesystem;
 constexpr const char* indexName = "backup.json";
 constexpr const char* partialName = "backup.partial.json";
 constexpr std::uint64_t longestIndex = 1 << 20;
-constexpr std::uint64_t longestLoopFile = waveHeaderSize + capacityFrames * frameBytes;
 
 bool isThere(const fs::path& path) {
     std::error_code error;
@@ -31,11 +32,6 @@ ByteView bytesOf(const std::string& text) {
 }
 
 }  // namespace
-
-void BackupFolder::make() const {
-    std::error_code error;
-    fs::create_directory(path_, error);
-}
 
 bool BackupFolder::isComplete() const {
     return isThere(path_ / indexName);
@@ -62,25 +58,8 @@ Result<BackupIndex> BackupFolder::read(const char* name) const {
     return index;
 }
 
-std::optional<Bytes> BackupFolder::loop(const BackupEntry& entry) const {
-    auto image = readPlainFile(path_ / entry.file, longestLoopFile, Links::followed);
-    if (!image || !isLoopFile(*image) || framesOf(*image) != entry.samples ||
-        audioDigest(*image) != entry.sha256) {
-        return std::nullopt;
-    }
-    return std::move(*image);
-}
-
-Result<void> BackupFolder::addLoop(SlotNumber slot, const Bytes& image, BackupEntry& entry) const {
-    const std::string name = loopName(slot);
-    entry.sha256 = audioDigest(image);
-    entry.file = name + ".wav";
-    if (loop(entry)) {
-        return {};
-    }
-    return writeNewFile(path_, name, ".wav", image).map([&](const fs::path& file) {
-        entry.file = file.filename().string();
-    });
+bool BackupFolder::isIntact(const BackupEntry& entry) const {
+    return isLoopFile(fileOf(entry), entry.samples, entry.sha256);
 }
 
 Result<void> BackupFolder::writePartialIndex(const BackupIndex& index) const {
@@ -99,6 +78,27 @@ Result<void> BackupFolder::finish(const BackupIndex& index) const {
     }
     fs::remove(path_ / partialName, error);
     return {};
+}
+
+bool BackupFolder::removeIfEmpty() const {
+    std::vector<fs::path> own;
+    std::error_code error;
+    fs::directory_iterator entry(path_, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const auto name = entry->path().filename().string();
+        if (name != indexName && name != partialName && !isHiddenName(name)) {
+            return false;
+        }
+        own.push_back(entry->path());
+    }
+    const auto known = partialIndex();
+    if (error || (!known && known.error().kind != Trouble::Kind::noBackup)) {
+        return false;  // what is not seen to be ours stays
+    }
+    for (const auto& file : own) {
+        ::unlink(file.c_str());
+    }
+    return ::rmdir(path_.c_str()) == 0;
 }
 
 }  // namespace kzq

@@ -98,13 +98,17 @@ class Export {
         std::ranges::copy(std::views::keys(waiting), std::back_inserter(slots));
         const auto now = unchangedTable(pedal_, order_.seen, slots, order_.untouched);
         outcome_.end = now ? impossibleLength(*now, allSlots()) : std::optional(now.error());
-        if (!outcome_.end && !fitsCapacity(existingAndTeedUpExportSamples(*now, order_.exports))) {
+        if (!outcome_.end && !fits(existingAndTeedUpExportSamples(*now, order_.exports))) {
             outcome_.end = Trouble{Trouble::Kind::noRoom};
         }
         for (auto& [slot, info] : next) {
             info.occupied = now && now->contains(slot);
         }
         return !outcome_.end;
+    }
+
+    bool fits(std::uint64_t frames) const {
+        return fitsCapacity(frames) || (order_.full && frames == capacityFrames);
     }
 
     void takeUp(SlotNumber slot, const std::filesystem::path& copy) {

@@ -16,6 +16,7 @@ struct ExportOrder {
     Loops seen;       ///< what the user was asked about; where it has no loop, the user saw an empty slot
     std::vector<SlotNumber> untouched = {};  ///< these must still be as they were seen as well
     Batches batches = Batches::one;
+    bool full = false;  ///< the pedal may be full to its last frame, as it can be before a backup
     /// Each loop gets its digest, and with `Batches::each` it is read back and compared as well.
     bool verify = false;
     /// Those that are known; of other loops they are taken from the working copies on their way.

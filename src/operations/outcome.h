@@ -25,8 +25,9 @@ struct SlotOutcome {
         written,   ///< sent, and in the pedal's table with its length
         compared,  ///< sent, read back, and the same
         erased,
-        kept,      ///< what an earlier run saved is still the same
-        unchanged  ///< compared only
+        kept,       ///< what an earlier run saved is still the same
+        unchanged,  ///< compared only
+        sameLength  ///< the same, and only that
     };
 
     SlotNumber slot;

@@ -22,7 +22,8 @@ class Planning {
     Planning(Pedal& pedal, RestorePlan plan, const Events& events)
         : pedal_(pedal), plan_(std::move(plan)), events_(events) {}
 
-    Result<RestorePlan> compare();
+    /// `erase`: the slots that are to be empty, if they are not.
+    Result<RestorePlan> compare(const std::vector<SlotNumber>& erase);
 
   private:
     Result<bool> isSame(SlotNumber slot);
@@ -33,14 +34,10 @@ class Planning {
     const Events& events_;
 };
 
-Result<RestorePlan> Planning::compare() {
-    for (const auto slot : allSlots()) {
-        if (!plan_.index.loops.contains(slot)) {
-            if (plan_.seen.contains(slot)) {
-                plan_.erases.push_back(slot);
-            }
-            continue;
-        }
+Result<RestorePlan> Planning::compare(const std::vector<SlotNumber>& erase) {
+    std::ranges::copy_if(erase, std::back_inserter(plan_.erases),
+                         [this](auto slot) { return plan_.seen.contains(slot); });
+    for (const auto& [slot, entry] : plan_.index.loops) {
         const auto same = isSame(slot);
         if (!same) {
             return same.error();
@@ -50,6 +47,11 @@ Result<RestorePlan> Planning::compare() {
         } else {
             planWrite(slot);
         }
+    }
+    auto kept = plan_.seen;
+    std::ranges::for_each(plan_.erases, [&kept](auto slot) { kept.remove(slot); });
+    if (existingAndTeedUpExportSamples(kept, plan_.writes) > capacityFrames) {
+        return Trouble{Kind::noRoom};
     }
     return std::move(plan_);
 }
@@ -74,7 +76,7 @@ Result<bool> Planning::isSame(SlotNumber slot) {
 
 void Planning::planWrite(SlotNumber slot) {
     const auto& entry = plan_.index.loops.at(slot);
-    plan_.writes[slot] = {plan_.folder.path() / entry.file, slot.number(), plan_.seen.contains(slot),
+    plan_.writes[slot] = {plan_.folder.fileOf(entry), slot.number(), plan_.seen.contains(slot),
                           Frames{entry.samples}.bytes()};
 }
 
@@ -89,33 +91,50 @@ void append(Outcome& outcome, Outcome next) {
 
 }  // namespace
 
-Result<BackupIndex> indexToRestore(const BackupFolder& folder) {
-    auto index = folder.index();
+Result<BackupIndex> indexToRestore(const RestoreOrder& order) {
+    const auto& slots = order.slots;
+    auto index = order.folder.index();
+    if (auto partial = order.folder.partialIndex();
+        !index && index.error().kind == Kind::noBackup && partial) {
+        index = slots.empty() ? Trouble{Kind::backupIncomplete, order.folder.path()} : std::move(partial);
+    }
     if (!index) {
-        if (index.error().kind == Kind::noBackup && folder.partialIndex()) {
-            index.error().kind = Kind::backupIncomplete;
-        }
         return index;
+    }
+    if (!slots.empty()) {
+        std::erase_if(index->loops, [&slots](const auto& loop) {
+            return std::ranges::find(slots, loop.first) == slots.end();
+        });
+        if (index->loops.empty()) {
+            return Trouble{Kind::emptySlot, order.folder.path()};
+        }
     }
     std::uint64_t frames = 0;
     for (const auto& [slot, entry] : index->loops) {
         frames += entry.samples;
     }
     if (frames > capacityFrames) {
-        return Trouble{Kind::backupTooLong, folder.path()};
+        return Trouble{Kind::backupTooLong, order.folder.path()};
     }
     return index;
 }
 
-Result<RestorePlan> planRestore(Pedal& pedal, const BackupFolder& folder,
+Result<RestorePlan> planRestore(Pedal& pedal, const RestoreOrder& order,
                                 const std::function<void(std::uint64_t bytes)>& total, const Events& events) {
-    auto index = indexToRestore(folder);
+    auto index = indexToRestore(order);
     if (!index) {
         return std::move(index.error());
     }
+    RestorePlan plan{.folder = order.folder, .index = {}, .seen = {}};
+    auto absent = order.slots.empty() ? allSlots() : order.slots;
+    std::erase_if(absent, [&index](auto slot) { return index->loops.contains(slot); });
     for (const auto& [slot, entry] : index->loops) {
-        if (!folder.loop(entry)) {
-            return Trouble{Kind::damaged, folder.path() / entry.file};
+        if (order.folder.isIntact(entry)) {
+            plan.index.loops.emplace(slot, entry);
+        } else if (order.skipDamaged) {
+            plan.damaged.push_back(slot);
+        } else {
+            return Trouble{Kind::damaged, order.folder.fileOf(entry)};
         }
         if (auto end = pedal.stopped()) {
             return std::move(*end);
@@ -128,8 +147,11 @@ Result<RestorePlan> planRestore(Pedal& pedal, const BackupFolder& folder,
     if (auto impossible = impossibleLength(status->loops, allSlots())) {
         return std::move(*impossible);
     }
-    total(bytesToCompare(*index, status->loops));
-    return Planning(pedal, {folder, std::move(*index), std::move(status->loops)}, events).compare();
+    total(bytesToCompare(plan.index, status->loops));
+    plan.seen = std::move(status->loops);
+    const bool all = order.slots.empty();
+    plan.absent = all ? std::vector<SlotNumber>() : absent;
+    return Planning(pedal, std::move(plan), events).compare(all ? absent : std::vector<SlotNumber>());
 }
 
 std::uint64_t bytesToMove(const RestorePlan& plan) {
@@ -162,6 +184,7 @@ Outcome runRestore(Pedal& pedal, const RestorePlan& plan, const Events& events) 
                                    .seen = std::move(seen),
                                    .untouched = std::move(untouched),
                                    .batches = Batches::each,
+                                   .full = true,
                                    .verify = true,
                                    .digests = std::move(digests)},
                                   events));

@@ -47,6 +47,8 @@ const char* remedyFor(int error) {
             return " Choose a shorter name.";
         case EFBIG:
             return " Choose a folder that allows files of this size.";
+        case ENOENT:
+            return " Choose a folder that exists.";
         case EROFS:
         case EACCES:
         case EPERM:
@@ -118,7 +120,7 @@ std::string audioSentence(const Trouble& trouble) {
         case Kind::diskFull:
             return "There is not enough disk space.";
         case Kind::outputRefused:
-            return "The converted file cannot be written: " + reasonOf(trouble);
+            return "The converted file cannot be written: " + fileSentence(trouble);
         case Kind::cancelled:
             return "The conversion was cancelled.";
         case Kind::limits:
@@ -158,48 +160,6 @@ std::string conversionSentence(const Trouble& trouble, const std::string& name) 
     }
     file.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(file.front())));
     return file + " is in a format that is not supported. " + toolKinds;
-}
-
-std::string backupSentence(const Trouble& trouble) {
-    switch (trouble.kind) {
-        case Kind::noBackup:
-            return "There is no backup in " + quoted(trouble) + ".";
-        case Kind::backupIncomplete:
-            return "The backup in " + quoted(trouble) + " is incomplete. Finish it with \"backup\" first.";
-        case Kind::backupTooLong:
-            return "The backup in " + quoted(trouble) + " is longer than the pedal's 24 minutes.";
-        case Kind::backupForeign:
-            return quoted(trouble) + " is not a backup index.";
-        case Kind::backupNewer:
-            return quoted(trouble) + " was written by a newer version of this program.";
-        case Kind::backupDamaged:
-            return quoted(trouble) + " is damaged.";
-        case Kind::damaged:
-            return "The backup is damaged: " + quoted(trouble) +
-                   " is missing or has been changed. Nothing was changed.";
-        case Kind::unreadable:
-            return quoted(trouble) + " cannot be read.";
-        case Kind::changed:
-            return "The loops on the pedal changed during the backup. Run the same command again.";
-        case Kind::file:
-            return notSavedSentence("The index", trouble.where, trouble);
-        default:
-            return pedalSentence(trouble);
-    }
-}
-
-std::string comparedSentence(const SlotOutcome& outcome) {
-    const auto name = loopName(outcome.slot);
-    const auto trouble = outcome.trouble.value_or(Trouble{Kind::noAnswer});
-    if (trouble.kind == Kind::damaged) {
-        return name + " is damaged in the backup: " + trouble.where + ".";
-    }
-    if (trouble.kind != Kind::differs) {
-        return slotSentence("compared", outcome);
-    }
-    return name + (trouble.words == "recorded" ? " is not in the backup."
-                   : trouble.words == "erased" ? " is no longer on the pedal."
-                                               : " has changed since the backup.");
 }
 
 std::string slotsSentence(const Trouble& trouble) {

@@ -30,18 +30,14 @@ std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> by
 
 namespace {
 
-std::string digitsOf(std::span<const std::uint8_t> digest) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string text;
-    for (const std::uint8_t byte : digest) {
-        text += digits[byte >> 4U];
-        text += digits[byte & 0xFU];
-    }
-    return text;
-}
-
 std::optional<std::string> hexadecimal(const std::optional<std::vector<std::uint8_t>>& digest) {
-    return digest ? std::optional(digitsOf(*digest)) : std::nullopt;
+    if (!digest) {
+        return std::nullopt;
+    }
+    return QByteArrayView(digest->data(), static_cast<qsizetype>(digest->size()))
+        .toByteArray()
+        .toHex()
+        .toStdString();
 }
 
 }  // namespace
@@ -54,17 +50,12 @@ std::optional<std::string> SHA256String(std::span<const std::uint8_t> bytes) {
     return hexadecimal(SHA256(bytes));
 }
 
-RunningSHA256::RunningSHA256() : hash_(std::make_unique<QCryptographicHash>(QCryptographicHash::Sha256)) {}
-
-RunningSHA256::~RunningSHA256() = default;
-
-void RunningSHA256::add(std::span<const std::uint8_t> piece) {
-    hash_->addData(QByteArrayView(piece.data(), static_cast<qsizetype>(piece.size())));
-}
-
-std::string RunningSHA256::hexadecimal() const {
-    const auto digest = hash_->result();
-    return digitsOf(std::vector<std::uint8_t>(digest.begin(), digest.end()));
+std::string SHA256StringOf(const std::function<std::span<const std::uint8_t>()>& next) {
+    QCryptographicHash digester(QCryptographicHash::Sha256);
+    for (auto piece = next(); !piece.empty(); piece = next()) {
+        digester.addData(QByteArrayView(piece.data(), static_cast<qsizetype>(piece.size())));
+    }
+    return digester.result().toHex().toStdString();
 }
 
 }  // namespace kzq

@@ -1,15 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
-
-#include "platform/fixed.h"
-
-class QCryptographicHash;
 
 namespace kzq {
 
@@ -23,19 +19,7 @@ std::optional<std::vector<std::uint8_t>> SHA256(std::span<const std::uint8_t> by
 /// The same in lower-case hexadecimal digits.
 std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes);
 std::optional<std::string> SHA256String(std::span<const std::uint8_t> bytes);
-
-/// The SHA-256 of bytes that come in pieces, of any length together. One thread.
-class RunningSHA256 : Fixed {
-  public:
-    RunningSHA256();
-    ~RunningSHA256();
-
-    void add(std::span<const std::uint8_t> piece);
-    /// Of all so far, as above.
-    std::string hexadecimal() const;
-
-  private:
-    std::unique_ptr<QCryptographicHash> hash_;
-};
+/// The same of bytes that come in pieces; an empty one is the end.
+std::string SHA256StringOf(const std::function<std::span<const std::uint8_t>()>& next);
 
 }  // namespace kzq

@@ -10,7 +10,6 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 using testing::UnorderedElementsAre;
 
 class BackupTest : public ToolTest {
@@ -24,9 +23,11 @@ TEST_F(BackupTest, EveryLoopAndAnIndex) {
     const auto target = folder / "new";
     EXPECT_EQ(run({"backup", folder / "missing" / "new"}), ExitCode::fileError);
     EXPECT_EQ(run({"backup", target}), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("3 loops backed up in " + target.string() + ".\n"));
-    EXPECT_EQ(contents("new/Loop 20.wav"), wave(loopOf(1500, 30).audio, 2));
-    std::ifstream file(target / "backup.json");
+    const auto made = target / stamp;
+    EXPECT_THAT(out.str(),
+                HasSubstr("3 loops backed up in " + made.string() + "; 0 of them had been saved before.\n"));
+    EXPECT_EQ(contents("new/" + stamp + "/Loop 20.wav"), wave(loopOf(1500, 30).audio, 2));
+    std::ifstream file(made / "backup.json");
     const auto index = nlohmann::json::parse(file);
     EXPECT_EQ(index["format"], "kzq7306-backup");
     EXPECT_EQ(index["formatVersion"], 1);
@@ -36,7 +37,8 @@ TEST_F(BackupTest, EveryLoopAndAnIndex) {
               nlohmann::json::parse(
                   R"({"slot": 5, "file": "Loop 5.wav", "samples": 1, "tempo": 100, "channel": 20,
                       "sha256": "aa17e4939cf96e0faaf5e13d829960a73f43b4e628b2f7419863e74dfe9e2e22"})"));
-    EXPECT_FALSE(std::filesystem::exists(target / "backup.partial.json"));
+    EXPECT_FALSE(std::filesystem::exists(made / "backup.partial.json"));
+    EXPECT_EQ(run({"backup", made}), ExitCode::usage) << "in the folder of one";
     EXPECT_THAT(pedal.violations(), IsEmpty());
 }
 
@@ -44,22 +46,21 @@ TEST_F(BackupTest, GoesOnWhereTheCableWasPulled) {
     plan("unplug@in:9");  // loop 2 takes six reads, loop 5 one
     EXPECT_EQ(backup(), ExitCode::noPedal);
     EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged.\n");
-    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops saved. Run the same command again to continue.\n"));
-    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "backup.partial.json"));
+    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops saved in " + (folder / ("unfinished " + stamp)).string() +
+                                     ". Run the same command again to continue.\n"));
+    EXPECT_EQ(run({"backup", "--list", folder}), ExitCode::ok);
+    EXPECT_EQ(out.str(), "unfinished " + stamp + ": 2 loops, 0:00.0.\n");
     plugInAgain();
     pedal.clearJournal();
     EXPECT_EQ(backup(), ExitCode::ok);
     EXPECT_THAT(out.str(), HasSubstr("Loop 2: already saved.\nLoop 5: already saved.\n3 loops backed up"));
     EXPECT_EQ(sent(0xE1), 3) << "what was saved already is compared";
-    EXPECT_THAT(files(), UnorderedElementsAre("Loop 2.wav", "Loop 5.wav", "Loop 20.wav", "backup.json"));
+    EXPECT_THAT(files(), UnorderedElementsAre(stamp));
 }
 
-TEST_F(BackupTest, AFinishedBackupIsComparedAndNeverTouched) {
+TEST_F(BackupTest, GenerationsAreListedAndCompared) {
+    EXPECT_EQ(run({"backup", "--list", folder}), ExitCode::fileError);
     EXPECT_EQ(backup(), ExitCode::ok);
-    const auto before = files();
-    EXPECT_EQ(backup(), ExitCode::ok);
-    EXPECT_THAT(out.str(), HasSubstr("Loop 20: unchanged.\n3 of 3 loops compared: same as in the backup.\n"));
-
     auto other = loopOf(1000, 10);
     other.audio.front() ^= 1U;  // of the same length
     pedal.setLoop(1, other);
@@ -68,19 +69,27 @@ TEST_F(BackupTest, AFinishedBackupIsComparedAndNeverTouched) {
     auto faster = loopOf(1, 20);
     faster.tempo = 200;
     pedal.setLoop(4, faster);
-    EXPECT_EQ(backup(), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 2 has changed since the backup.\n"));
-    EXPECT_THAT(err.str(), HasSubstr("Loop 8 is not in the backup.\n"));
-    EXPECT_THAT(err.str(), HasSubstr("Loop 20 is no longer on the pedal.\n"));
-    EXPECT_THAT(out.str(), HasSubstr("Loop 5: the audio is unchanged; tempo or channel differs.\n"));
-    EXPECT_EQ(files(), before);
+    EXPECT_EQ(run({"diff", folder}), ExitCode::someFailed);
+    EXPECT_EQ(out.str(), "Compared with the backup in " + (folder / stamp).string() +
+                             ":\nLoop 2: changed (0:00.0 on the pedal, 0:00.0 in the backup).\n"
+                             "Loop 5: the same; tempo or channel differs.\nLoop 8: new (0:00.0).\n"
+                             "Loop 20: only in the backup (0:00.0).\n"
+                             "1 changed, 1 new, 1 only in the backup, 1 the same.\n");
+    EXPECT_EQ(run({"diff", folder, "--quick", "--json"}), ExitCode::someFailed);
+    EXPECT_EQ(events()[1]["state"], "same-length");
+    EXPECT_EQ(events().back()["done"], 2);
 
-    auto damaged = contents("Loop 5.wav");
-    damaged.back() ^= 1U;
-    write("Loop 5.wav", damaged);
-    EXPECT_EQ(backup(), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 5 is damaged in the backup"));
-    EXPECT_EQ(files(), before);
+    EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_EQ(run({"diff", folder}), ExitCode::ok);
+    EXPECT_EQ(run({"diff", folder, "--snapshot", stamp}), ExitCode::someFailed);
+    EXPECT_EQ(run({"diff", folder, "--snapshot", "other"}), ExitCode::fileError);
+    EXPECT_THAT(err.str(), HasSubstr("There is no backup \"other\" in"));
+
+    write(stamp + "/backup.json", {'{'});
+    EXPECT_EQ(run({"backup", "--list", folder}), ExitCode::fileError);
+    EXPECT_THAT(out.str(), HasSubstr(stamp + "-02: 3 loops, 0:00.0.\n")) << "the others";
+    EXPECT_THAT(err.str(),
+                HasSubstr("backup.json\" is not a backup index. Nothing was changed. Choose another"));
 }
 
 TEST_F(BackupTest, LoopsOfTwoMomentsAreNoBackup) {

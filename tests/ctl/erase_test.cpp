@@ -59,7 +59,7 @@ TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
                 HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond its 24 minutes"));
     EXPECT_EQ(run({"backup", folder / "backup"}), ExitCode::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond"));
-    EXPECT_FALSE(std::filesystem::exists(folder / "backup" / "backup.json"));
+    EXPECT_FALSE(std::filesystem::exists(folder / "backup" / stamp));
     const auto file = writeWave("a.wav", loopOf(700, 40));
     for (const auto& arguments :
          std::vector<std::vector<std::string>>{{"erase", "2", "5", "--yes"},

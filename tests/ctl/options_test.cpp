@@ -44,6 +44,7 @@ TEST(Options, BadOnesAreUsageErrors) {
                                                {"export", "a", "b", "--slot", "20"},
                                                {"convert", "a", "--to", "-", "--json"},
                                                {"backup", ""},
+                                               {"restore", "x", "21"},
                                                {"list", "--wait", "nan"},
                                                {"list", "--fault", "stall@in"},
                                                {"import", "1"},

@@ -38,10 +38,11 @@ TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     EXPECT_EQ(run({"restore", folder}), ExitCode::usage);
     answer = [] { return Answer::no; };
     EXPECT_EQ(run({"restore", folder}), ExitCode::cancelled);
-    EXPECT_EQ(out.str(),
-              "Loop 2: will be overwritten (0:00.0 instead of 0:00.0).\n"
-              "Loop 3: will be erased (0:01.0); the slot is empty in the backup.\n"
-              "Loop 5: will be written (0:00.0).\nLoop 20: already the same.\n");
+    EXPECT_EQ(out.str(), "From the backup in " + (folder / stamp).string() +
+                             ":\n"
+                             "Loop 2: will be overwritten (0:00.0 instead of 0:00.0).\n"
+                             "Loop 3: will be erased (0:01.0); the slot is empty in the backup.\n"
+                             "Loop 5: will be written (0:00.0).\nLoop 20: already the same.\n");
     EXPECT_EQ(
         questions.back(),
         "The current audio of loops 2 and 3 on the 7306 will be erased. Erased audio cannot be restored. "
@@ -81,12 +82,22 @@ TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     plan("unplug@in:9");
     EXPECT_EQ(backup(), ExitCode::noPedal);
     EXPECT_EQ(restore(), ExitCode::fileError);
-    EXPECT_THAT(err.str(), HasSubstr("is incomplete. Finish it with \"backup\" first."));
+    EXPECT_THAT(err.str(), HasSubstr("is incomplete. Finish it with \"backup\" first, or name"));
     plugInAgain();
     EXPECT_EQ(backup(), ExitCode::ok);
-    write("Loop 20.wav", {});
+    std::filesystem::remove(folder / stamp / "Loop 20.wav");
     EXPECT_EQ(restore(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("Loop 20.wav\" is missing or has been changed"));
+
+    pedal.setLoop(1, loopOf(7, 1));
+    pedal.setLoop(2, loopOf(7, 1));
+    EXPECT_EQ(run({"restore", folder, "2-3", "20", "--skip-damaged", "--yes", "--snapshot", stamp}),
+              ExitCode::someFailed);
+    EXPECT_THAT(out.str(), HasSubstr("Loop 3: not in the backup; left as it is.\n"));
+    EXPECT_THAT(out.str(), HasSubstr("1 loop written, 0 erased, 0 unchanged, 1 left out.\n"));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 20 is damaged in the backup; left as it is."));
+    EXPECT_EQ(audio()[1], loopOf(1000, 10).audio);
+    EXPECT_EQ(audio()[2], loopOf(7, 1).audio);
 }
 
 TEST_F(RestoreTest, ALoopThatCannotBeComparedEndsItUnharmed) {

@@ -90,6 +90,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
         &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
         [this](auto heard) { signalsHeld = std::move(heard); }});
     environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
+    environment_->stamp = [this] { return stamp; };
     environment_->diagnose = environment_->examine = [this] { return findings; };
     environment_->asRoot = asRoot;
     environment_->report = [this] { return report; };

@@ -78,6 +78,7 @@ class ToolTest : public testing::Test {
     std::function<ctl::Answer()> answer = [] { return ctl::Answer::nobody; };
     std::vector<std::string> questions;
     std::optional<std::uint64_t> freeBytes;  ///< on the disk; nobody knows
+    std::string stamp = "2026-11-22 14-02-31";
     ctl::Converter convert;  ///< unless a test has its own: copies, and refuses what is no WAV file
     RunFolder working;
     FakeWeb web;

@@ -1,6 +1,8 @@
 #include "operations/backup.h"
 
 #include "operation_fixture.h"
+#include "operations/backup_diff.h"
+#include "operations/snapshot_draft.h"
 
 namespace kzq::test {
 namespace {
@@ -10,80 +12,155 @@ using testing::EndsWith;
 
 class BackupWork : public OperationTest {
   protected:
-    Result<BackupPlan> plan() {
-        return run([this] { return planBackup(*work, BackupFolder(folder)); });
-    }
     Outcome backup() {
         hold({});
-        return run([this] {
-            auto plan = planBackup(*work, BackupFolder(folder));
-            total = bytesToRead(plan.value());
-            return runBackup(*work, std::move(*plan), events());
+        auto ended = run([this] {
+            const auto now = work->status();
+            total = bytesToRead(now->loops);
+            return runBackup(*work, {generations, *now, [this] { return stamp; }, free}, events());
+        });
+        snapshot = ended.snapshot;
+        return ended.outcome;
+    }
+    Outcome diff(bool read = true) {
+        hold({});
+        return run([&] {
+            const auto now = work->status();
+            const auto index = snapshot->folder.index();
+            return runDiff(*work, {snapshot->folder, *index, now->loops, read}, events());
         });
     }
     /// Pulls the cable at a read, and puts it back.
     void cutAt(int read) {
         OperationTest::plan("unplug@in:" + std::to_string(read));
         EXPECT_EQ(end(backup()), "unplugged");
+        pedal.clearFaults();
         pedal.plugIn();
         executor.settle();
     }
     void record(std::uint8_t address, std::uint32_t seed) {
         pedal.setLoop(address, StoredLoop{noise(512, seed), 1, 255});
     }
-    bool whole() const { return BackupFolder(folder).isComplete(); }
+    std::filesystem::path at(const std::string& file) const { return folder / snapshot.value().name / file; }
+    std::vector<std::string> files() const { return namesIn(snapshot.value().folder.path()); }
 
+    Generations generations{folder};
+    std::string stamp = "2026-11-22 14-02-31";
+    FreeSpace free = [](const auto&) { return std::nullopt; };
+    std::optional<Snapshot> snapshot;
     std::uint64_t total = 0;
 };
+
+TEST_F(BackupWork, EachStandsBesideTheOthersAndSharesWhatIsTheSame) {
+    EXPECT_TRUE(backup().whole());
+    EXPECT_EQ(total, 64U + 6016U + 3072U + 264'640U + 1088U);
+    const auto first = at("Loop 3.wav");
+    record(9, 77);  // of the same length
+    EXPECT_TRUE(backup().whole());
+    EXPECT_EQ(snapshot->name, "2026-11-22 14-02-31-02");
+    EXPECT_THAT(said, ElementsAre("1 kept", "3 kept", "10 saved", "11 kept", "20 kept"));
+    EXPECT_TRUE(std::filesystem::equivalent(first, at("Loop 3.wav")));
+    EXPECT_EQ(std::filesystem::status(first).permissions() & std::filesystem::perms::owner_write,
+              std::filesystem::perms::none);
+    EXPECT_THAT(files(), testing::UnorderedElementsAre("Loop 1.wav", "Loop 3.wav", "Loop 10.wav",
+                                                       "Loop 11.wav", "Loop 20.wav", "backup.json"));
+
+    // An edit is no backup of the loop, and where files have one name only, they are copied.
+    const auto good = readText(first);
+    std::filesystem::permissions(first, std::filesystem::perms::owner_all);
+    writeText(first, good.substr(0, good.size() - 1) + "x");
+    stamp = "2026-11-22 13-00-00";  // the clock was set back
+    EXPECT_TRUE(backup().whole());
+    EXPECT_EQ(snapshot->name, "2026-11-22 14-02-31-03");
+    EXPECT_THAT(said, testing::Contains("3 saved"));
+    EXPECT_EQ(readText(at("Loop 3.wav")), good);
+    EXPECT_EQ(generations.find("").value().name, snapshot->name);
+    EXPECT_EQ(generations.snapshots().size(), 3U);
+}
 
 TEST_F(BackupWork, GoesOnWhereItEndedAndMissesNoRecordingOfTheSameLength) {
     cutAt(11);  // loop 1 takes one read, loop 3 six, loop 10 three
     EXPECT_THAT(said, ElementsAre("1 saved", "3 saved", "10 saved"));
-    EXPECT_THAT(namesIn(folder), testing::UnorderedElementsAre("Loop 1.wav", "Loop 3.wav", "Loop 10.wav",
-                                                               "backup.partial.json"));
+    EXPECT_EQ(generations.find("").error().kind, Trouble::Kind::backupIncomplete);
+    const auto left = *snapshot;
+    EXPECT_EQ(left.name, "unfinished 2026-11-22 14-02-31");
     record(9, 77);
     OperationTest::plan("refuse@E1:4");  // the comparison of loop 3, after 11, 20 and 1
     auto outcome = backup();
     EXPECT_THAT(said, ElementsAre("11 saved", "20 saved", "1 kept", "3 failed refused", "10 saved"));
     EXPECT_EQ(outcome.done(), 4U);
-    EXPECT_EQ(outcome.slots.back().file.filename(), "Loop 10-2.wav");
-    EXPECT_FALSE(whole());
-    cutAt(2);
+    EXPECT_FALSE(snapshot->folder.isComplete());
+    cutAt(1);
     EXPECT_THAT(said, IsEmpty());
     outcome = backup();
     EXPECT_TRUE(outcome.whole());
-    EXPECT_THAT(said, ElementsAre("3 saved", "1 kept", "10 kept", "11 kept", "20 kept"));
-    EXPECT_TRUE(whole());
+    EXPECT_THAT(said, ElementsAre("1 kept", "3 kept", "10 kept", "11 kept", "20 kept"));
+    EXPECT_THAT(namesIn(folder), ElementsAre("2026-11-22 14-02-31", left.name));
+    EXPECT_THAT(namesIn(left.folder.path()), ElementsAre("Loop 10.wav", "backup.partial.json"))
+        << "the recording that is no longer on the pedal";
 }
 
-TEST_F(BackupWork, WhatAnEarlierRunSavedCountsAsDone) {
+TEST_F(BackupWork, WhatIsNotSeenToBeOursStays) {
+    const auto foreign = generations.makeUnfinished(stamp).value();
+    writeText(foreign / "mine.txt", "x");
+    const auto odd = generations.makeUnfinished(stamp).value();
+    writeText(odd / "backup.partial.json", "{}");
+    const auto killed = generations.makeUnfinished(stamp).value();
+    const auto used = SnapshotDraft::make(generations, stamp).value();
+    EXPECT_TRUE(backup().whole());
+    EXPECT_TRUE(std::filesystem::exists(foreign / "mine.txt"));
+    EXPECT_TRUE(std::filesystem::exists(odd / "backup.partial.json"));
+    EXPECT_TRUE(std::filesystem::exists(used->path())) << "another run is making it";
+    EXPECT_FALSE(std::filesystem::exists(killed));
+    writeText(folder / "2026-11-22 14-02-32", "a file of that name");
+    stamp = "2026-11-22 14-02-32";
+    EXPECT_TRUE(backup().whole());
+    EXPECT_EQ(snapshot->name, "2026-11-22 14-02-32-02");
+}
+
+TEST_F(BackupWork, WhatAnEarlierRunSavedCountsAsDoneAndTakesNoSpace) {
     cutAt(11);
-    pedal.clearFaults();
+    free = [](const auto&) { return std::optional<std::uint64_t>(264'800 + 2'000); };  // loops 11 and 20
     OperationTest::plan("unplug@in");
     const auto outcome = backup();
+    EXPECT_EQ(end(outcome), "unplugged");
     EXPECT_EQ(outcome.done(), 3U);
     EXPECT_EQ(outcome.wanted, 5U);
 }
 
-TEST_F(BackupWork, AWholeBackupIsComparedAndNeverTouched) {
+TEST_F(BackupWork, ABackupOfAnOlderVersionIsTheFirst) {
     EXPECT_TRUE(backup().whole());
-    const auto before = namesIn(folder);
+    for (const auto& name : files()) {
+        std::filesystem::rename(at(name), folder / name);
+    }
+    std::filesystem::remove(at(""));
+    EXPECT_EQ(generations.find("").value().folder.path(), folder.path());
     EXPECT_TRUE(backup().whole());
-    EXPECT_EQ(total, 64U + 6016U + 3072U + 264'640U + 1088U);
-    EXPECT_THAT(said, Each(EndsWith(" unchanged")));
+    EXPECT_TRUE(std::filesystem::equivalent(folder / "Loop 3.wav", at("Loop 3.wav")));
+    EXPECT_EQ(generations.find("").value().name, stamp);
+    EXPECT_EQ(generations.find(".").value().folder.path(), folder.path());
+    EXPECT_FALSE(generations.find("../x"));
+}
 
+TEST_F(BackupWork, DifferencesAreFoundWithAndWithoutTheAudio) {
+    EXPECT_TRUE(backup().whole());
+    EXPECT_TRUE(diff().whole());
+    EXPECT_THAT(said, Each(EndsWith(" unchanged")));
     record(9, 77);
     record(1, 1);
     pedal.setLoop(19, std::nullopt);
     pedal.setLoop(10, StoredLoop{noise(44100, 4), 1, 1});  // another tempo
-    writeText(folder / "Loop 3.wav", "x");
-    const auto outcome = backup();
+    std::filesystem::remove(at("Loop 3.wav"));
+    auto outcome = diff();
     EXPECT_THAT(said, ElementsAre("1 unchanged", "2 failed differs", "3 failed damaged", "10 failed differs",
                                   "11 unchanged", "20 failed differs"));
-    EXPECT_EQ(outcome.done(), 2U);
     EXPECT_EQ(outcome.slots[1].trouble->words + outcome.slots[3].trouble->words, "recordedchanged");
     EXPECT_EQ(outcome.slots[5].trouble->words, "erased");
-    EXPECT_EQ(namesIn(folder), before);
+    pedal.clearJournal();
+    outcome = diff(false);
+    EXPECT_EQ(count("E1 9 255"), 0);
+    EXPECT_THAT(said, ElementsAre("1 same length", "2 failed differs", "3 same length", "10 same length",
+                                  "11 same length", "20 failed differs"));
 }
 
 TEST_F(BackupWork, LoopsOfTwoMomentsAreNoBackup) {
@@ -93,7 +170,7 @@ TEST_F(BackupWork, LoopsOfTwoMomentsAreNoBackup) {
         }
     };
     EXPECT_EQ(end(backup()), "changed");
-    EXPECT_FALSE(whole());
+    EXPECT_TRUE(generations.snapshots().empty());
     EXPECT_TRUE(backup().whole());
 }
 
@@ -107,25 +184,21 @@ TEST_F(BackupWork, ALengthThatCannotBeIsNeitherReadNorCounted) {
     EXPECT_EQ(total, 6016U + 3072U + 264'640U + 1088U);
     EXPECT_EQ(said.front(), "1 failed too-large");
     EXPECT_EQ(outcome.done(), 4U);
-    EXPECT_FALSE(whole());
+    EXPECT_FALSE(snapshot->folder.isComplete());
 }
 
 TEST_F(BackupWork, AFileThatCannotBeWrittenEndsIt) {
-    onBegin = [this](auto...) { std::filesystem::create_directory(folder / "backup.partial.json"); };
+    const auto made = folder / "unfinished 2026-11-22 14-02-31";
+    onBegin = [&](auto...) { std::filesystem::create_directory(made / "backup.partial.json"); };
     auto outcome = backup();
     EXPECT_THAT(said, ElementsAre("1 failed file"));
     EXPECT_EQ(outcome.end, outcome.slots.back().trouble);
-    EXPECT_EQ(outcome.slots.back().file, folder.path());
+    EXPECT_EQ(outcome.slots.back().file, made);
     EXPECT_EQ(outcome.done(), 0U);
 
-    std::filesystem::remove(folder / "backup.partial.json");
-    onBegin = [this](auto...) {
-        std::filesystem::remove_all(folder);
-        writeText(folder, "");
-    };
-    outcome = backup();
-    EXPECT_EQ(end(outcome), "file");
-    EXPECT_EQ(outcome.slots.back().file, folder.path());
+    std::filesystem::remove_all(folder.path());
+    writeText(folder, "");
+    EXPECT_EQ(end(backup()), "folder");
 }
 
 TEST(BackupIndex, OnlyAWholeIndexIsRead) {

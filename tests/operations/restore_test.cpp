@@ -9,16 +9,18 @@ namespace {
 class RestoreWork : public OperationTest {
   protected:
     RestoreWork() {
-        EXPECT_TRUE(run([this] {
-                        return runBackup(*work, planBackup(*work, BackupFolder(folder)).value(), {});
-                    }).whole());
+        auto made = run([this] {
+            const auto now = work->status();
+            return runBackup(*work, {Generations(folder), *now, [] { return "2026-11-22 14-02-31"; }}, {});
+        });
+        order.folder = made.snapshot.value().folder;
     }
 
     Result<RestorePlan> plan() {
         hold({});
         return run([this] {
             return planRestore(
-                *work, BackupFolder(folder), [](auto) {}, events());
+                *work, order, [](auto) {}, events());
         });
     }
     Outcome restore(const RestorePlan& plan) {
@@ -39,9 +41,17 @@ class RestoreWork : public OperationTest {
         }
         return all;
     }
+    std::filesystem::path at(const std::string& file) const { return order.folder.path() / file; }
+    /// Puts a file of its own in the place of one of the backup's.
+    void replace(const std::string& file, const std::string& text) const {
+        std::filesystem::remove(at(file));
+        writeText(at(file), text);
+    }
     void record(std::uint8_t address, std::size_t frames = 30) {
         pedal.setLoop(address, StoredLoop{noise(frames, 99), 1, 1});
     }
+
+    RestoreOrder order{BackupFolder({})};
 };
 
 TEST_F(RestoreWork, GivesBackEveryBitAlsoWithTheCablePulled) {
@@ -96,19 +106,55 @@ TEST_F(RestoreWork, OnlyWhatWasComparedOrAskedAboutIsTouched) {
 }
 
 TEST_F(RestoreWork, NothingIsReadUnlessTheWholeBackupIsGood) {
-    const auto path = folder / "Loop 20.wav";
-    const auto good = readText(path);
-    for (const auto& bad : {good + "x", good.substr(0, good.size() - 1) + "x", std::string()}) {
-        writeText(path, bad);
+    const auto good = readText(at("Loop 20.wav"));
+    for (const auto& bad :
+         {good + "x", good.substr(0, good.size() - 1) + "x", "x" + good.substr(1), std::string()}) {
+        replace("Loop 20.wav", bad);
         EXPECT_EQ(refusal(), "damaged");
     }
-    writeText(path, good);
-    const auto index = folder / "backup.json";
-    const auto text = readText(index);
-    writeText(index, std::string(text).replace(text.find("44100"), 5, "63504000"));
+    replace("Loop 20.wav", good);
+    const auto text = readText(at("backup.json"));
+    replace("backup.json", std::string(text).replace(text.find("44100"), 5, "63504000"));
     EXPECT_EQ(refusal(), "backup-too-long");
-    std::filesystem::rename(index, folder / "backup.partial.json");
+    std::filesystem::rename(at("backup.json"), at("backup.partial.json"));
     EXPECT_EQ(refusal(), "backup-incomplete");
+}
+
+TEST_F(RestoreWork, OnlyTheLoopsThatAreAskedForAndGood) {
+    const auto before = audio();
+    record(2);
+    record(4);
+    record(9);
+    record(10);
+    replace("Loop 11.wav", "");
+    std::filesystem::rename(at("backup.json"), at("backup.partial.json"));
+    order.slots = {3_slot, 4_slot, 5_slot, 11_slot};
+    EXPECT_EQ(refusal(), "damaged");
+    order.skipDamaged = true;
+    const auto asked = plan().value();
+    EXPECT_THAT(asked.absent, ElementsAre(4_slot, 5_slot));
+    EXPECT_THAT(asked.damaged, ElementsAre(11_slot));
+    EXPECT_TRUE(restore(asked).whole());
+    EXPECT_THAT(said, ElementsAre("3 compared"));
+    EXPECT_EQ(audio()[2], before[2]);
+    EXPECT_EQ(audio()[4].size(), 30U * frameBytes);
+    EXPECT_EQ(audio()[9].size(), 30U * frameBytes);
+    order.slots = {4_slot};
+    EXPECT_EQ(refusal(), "empty-slot");
+}
+
+TEST_F(RestoreWork, APedalThatWasFullCanBeRestored) {
+    for (std::uint8_t address = 0; address < loopSlots; ++address) {
+        pedal.setLoop(address, std::nullopt);
+    }
+    order.slots = {11_slot};
+    const auto fillBut = [this](std::size_t frames) {
+        pedal.setLoop(5, StoredLoop{Bytes((capacityFrames - frames) * frameBytes), 1, 1});
+    };
+    fillBut(44'100 - 1);
+    EXPECT_EQ(refusal(), "no-room");
+    fillBut(44'100);
+    EXPECT_TRUE(restore().whole());
 }
 
 TEST_F(RestoreWork, ALoopThatCannotBeComparedEndsIt) {

@@ -5,23 +5,23 @@
 
 namespace kzq::ctl {
 
-/// Copies every loop into a folder with an index; compares when the folder holds a complete backup already.
+/// Copies every loop into a new dated folder beside those of earlier backups; or lists these, without a
+/// pedal.
 class BackupCommand : public PedalCommand {
   public:
     explicit BackupCommand(Context context);
 
     std::optional<ExitCode> obstructed() override;
+    bool withoutPedal() override;
 
   protected:
     ExitCode work(Pedal& pedal) override;
 
   private:
     void tell(const SlotOutcome& outcome);
-    void tellCompared(const BackupPlan& plan, const SlotOutcome& outcome);
-    ExitCode concludeSaved(const Outcome& outcome);
-    ExitCode concludeCompared(const Outcome& outcome);
+    ExitCode conclude(const BackupEnd& end);
 
-    BackupFolder folder_;
+    Generations generations_;
 };
 
 }  // namespace kzq::ctl

@@ -30,7 +30,8 @@ std::string question(const RestorePlan& plan) {
 std::string summary(const RestorePlan& plan, const Outcome& outcome) {
     if (outcome.whole()) {
         return loopsText(plan.writes.size()) + " written, " + std::to_string(plan.erases.size()) +
-               " erased, " + std::to_string(plan.same.size()) + " unchanged.";
+               " erased, " + std::to_string(plan.same.size()) + " unchanged" +
+               (plan.damaged.empty() ? "." : ", " + std::to_string(plan.damaged.size()) + " left out.");
     }
     const bool unsure = outcome.done() == 0 && outcome.doubt;
     return (unsure ? ""
@@ -39,13 +40,29 @@ std::string summary(const RestorePlan& plan, const Outcome& outcome) {
            "Run the same command again to continue.";
 }
 
+/// With the loops that were left out.
+Outcome withDamaged(const RestorePlan& plan, Outcome outcome) {
+    for (const auto slot : plan.damaged) {
+        outcome.slots.push_back({.slot = slot, .trouble = Trouble{Trouble::Kind::damaged}});
+    }
+    outcome.wanted += plan.damaged.size();
+    return outcome;
+}
+
 }  // namespace
 
-RestoreCommand::RestoreCommand(Context context)
-    : PedalCommand(std::move(context)), folder_(options().folder) {}
+Result<BackupIndex> RestoreCommand::find() {
+    auto found = Generations(options().folder).find(options().snapshot);
+    if (!found) {
+        return std::move(found.error());
+    }
+    name_ = found->name;
+    order_ = {found->folder, options().slots, options().skipDamaged};
+    return indexToRestore(*order_);
+}
 
 std::optional<ExitCode> RestoreCommand::obstructed() {
-    const auto index = indexToRestore(folder_);
+    const auto index = find();
     return index ? std::nullopt : std::optional(stop(index.error(), backupSentence(index.error())));
 }
 
@@ -53,7 +70,7 @@ ExitCode RestoreCommand::work(Pedal& pedal) {
     std::optional<ProgressLine> progress;
     std::string unread;
     const auto plan = planRestore(
-        pedal, folder_,
+        pedal, *order_,
         [&](std::uint64_t bytes) {
             progress.emplace(context().executor, context().output, !options().json, bytes);
         },
@@ -66,7 +83,7 @@ ExitCode RestoreCommand::work(Pedal& pedal) {
     }
     tell(*plan);
     if (plan->erases.empty() && plan->writes.empty()) {
-        return conclude("changed", {}, "There is nothing to change.");
+        return conclude("changed", withDamaged(*plan, {}), "There is nothing to change.");
     }
     if (const auto code = declined(pedal, question(*plan))) {
         return *code;
@@ -81,16 +98,22 @@ ExitCode RestoreCommand::restore(Pedal& pedal, const RestorePlan& plan) {
                    {.begins = [&](SlotNumber slot, Step step) { progress.begin(slot, step); },
                     .moved = [&](SlotNumber /*slot*/, std::uint64_t bytes) { progress.update(bytes); },
                     .slot = [&](const SlotOutcome& loop) { tell(plan, loop); }});
-    return conclude("written", outcome, summary(plan, outcome));
+    return conclude("written", withDamaged(plan, outcome), summary(plan, outcome));
 }
 
 void RestoreCommand::tell(const RestorePlan& plan) {
     context().output.endProgress();
+    report().tell("snapshot", {{"snapshot", name_}, {"complete", plan.folder.isComplete()}},
+                  "From the backup in " + plan.folder.path().string() + ":");
     for (const auto slot : allSlots()) {
         const auto* const old = plan.seen.find(slot);
         const auto oldLength = old == nullptr ? "" : lengthText(old->samples);
         if (std::ranges::binary_search(plan.same, slot)) {
             tellChange(slot, "same", "already the same.");
+        } else if (std::ranges::find(plan.absent, slot) != plan.absent.end()) {
+            tellChange(slot, "absent", "not in the backup; left as it is.");
+        } else if (std::ranges::find(plan.damaged, slot) != plan.damaged.end()) {
+            report().failed(slot, "damaged", loopName(slot) + " is damaged in the backup; left as it is.");
         } else if (std::ranges::binary_search(plan.erases, slot)) {
             tellChange(slot, "erase", "will be erased (" + oldLength + "); the slot is empty in the backup.");
         } else if (plan.writes.contains(slot)) {

@@ -17,6 +17,7 @@
 #include "ctl/speech/question.h"
 #include "device/finding.h"
 #include "device/usb_port.h"
+#include "operations/generations.h"
 #include "platform/awake.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
@@ -55,6 +56,8 @@ struct Environment {
 
     /// What files may still take; any thread.
     FreeSpace freeSpace = kzq::freeSpace;
+    /// What backups are named after; any thread.
+    Stamp stamp = localStamp;
     /// What keeps the user from using the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// The same more thoroughly: may take seconds, and use the pedal.

@@ -52,6 +52,7 @@ CommandLine::CommandLine()
     addGlobalOptions();
     addReading();
     addWriting();
+    addBackups();
     addConverting();
     addFirmware();
     addRecording();
@@ -113,14 +114,6 @@ void CommandLine::addReading() {
         ->option_text("FOLDER")
         ->required();
 
-    auto* const backup =
-        add(app, "backup", Subcommand::backup,
-            "Copy every loop to a folder, with an index for \"restore\". Run it again to continue after an "
-            "interruption, or to compare the pedal with a complete backup");
-    backup->add_option("FOLDER", words.folder, "Backup folder; created if only its last part is missing")
-        ->option_text(" ")
-        ->required();
-
     auto* const doctor =
         add(app, "doctor", Subcommand::doctor,
             "Find out what keeps the pedal from being used, and show the commands that fix it");
@@ -156,14 +149,47 @@ void CommandLine::addWriting() {
     auto* const erase = add(app, "erase", Subcommand::erase, "Erase loops on the pedal permanently");
     addSlots(*erase);
     addYes(*erase);
+}
 
-    auto* const restore =
-        add(app, "restore", Subcommand::restore,
-            "Make the pedal's loops those of a backup, bit for bit. Slots that are empty in the backup are "
-            "erased. Loops that are already the same are left alone, so it can be run again after an "
-            "interruption. Only audio is written: the pedal accepts no tempo or channel from a computer");
-    restore->add_option("FOLDER", words.folder, "Backup folder")->option_text(" ")->required();
+void CommandLine::addBackups() {
+    auto* const backup = add(
+        app, "backup", Subcommand::backup,
+        "Copy every loop to a new dated folder in FOLDER, beside those of earlier backups, with an index for "
+        "\"restore\". Loops that have not changed take no space where files can have two names. After an "
+        "interruption, run it again");
+    backup
+        ->add_option("FOLDER", words.folder,
+                     "Folder of all backups; created if only its last part is missing")
+        ->option_text(" ")
+        ->required();
+    backup->add_flag("--list", options.list, "Show which backups there are; needs no pedal");
+
+    auto* const diff = add(app, "diff", Subcommand::diff,
+                           "Compare the pedal with a backup, slot by slot. Exit status 7 if they differ");
+    addSnapshot(*diff);
+    diff->add_flag("--quick", options.quick, "Compare only lengths; takes no time");
+
+    auto* const restore = add(
+        app, "restore", Subcommand::restore,
+        "Make the pedal's loops those of a backup, bit for bit. Slots that are empty in the backup are "
+        "erased, unless SLOTS are given. Loops that are already the same are left alone, so it can be run "
+        "again after an interruption. Only audio is written: the pedal accepts no tempo or channel from a "
+        "computer");
+    addSnapshot(*restore);
+    restore
+        ->add_option("SLOTS", words.slots, "Only these loops, such as 1 3-5 8; the others stay as they are")
+        ->option_text(" ");
+    restore->add_flag("--skip-damaged", options.skipDamaged,
+                      "Leave out loops whose files in the backup are missing or were changed");
     addYes(*restore);
+}
+
+void CommandLine::addSnapshot(CLI::App& subcommand) {
+    subcommand.add_option("FOLDER", words.folder, "Folder of all backups, or of one")
+        ->option_text(" ")
+        ->required();
+    subcommand.add_option("--snapshot", options.snapshot, "The backup of that name, not the newest")
+        ->option_text("NAME");
 }
 
 void CommandLine::addLevels(CLI::App& command) {

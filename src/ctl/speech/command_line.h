@@ -41,11 +41,13 @@ class CommandLine {
     void addGlobalOptions();
     void addReading();
     void addWriting();
+    void addBackups();
     void addConverting();
     void addFirmware();
     void addRecording();
     void addHelp();
     void addSlots(CLI::App& subcommand);
+    void addSnapshot(CLI::App& subcommand);
     void addYes(CLI::App& subcommand);
     void addLevels(CLI::App& command);
 };

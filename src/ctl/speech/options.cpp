@@ -25,7 +25,8 @@ Executor::Duration durationOf(double seconds) {
 
 void completeSlots(Options& options, const Words& words) {
     const bool erase = options.subcommand == Subcommand::erase;
-    if (options.all == !words.slots.empty()) {
+    const bool needed = erase || options.subcommand == Subcommand::import;
+    if (needed && options.all == !words.slots.empty()) {
         throw usageError(std::string("Specify the loops to ") + (erase ? "erase" : "import") +
                          ": either slots such as 1 3-5 8, or --all.");
     }
@@ -47,6 +48,7 @@ void completePaths(Options& options, const Words& words) {
             }
             break;
         case Subcommand::backup:
+        case Subcommand::diff:
         case Subcommand::restore:
             if (words.folder.empty()) {
                 throw usageError("FOLDER must not be empty.");
@@ -94,9 +96,7 @@ void complete(CommandLine& line) {
     const bool restarts = options.subcommand == Subcommand::firmwareInstall;
     options.patience =
         durationOf(words.patience.value_or(restarts ? defaultLoaderPatience : defaultPatience));
-    if (options.subcommand == Subcommand::import || options.subcommand == Subcommand::erase) {
-        completeSlots(options, words);
-    }
+    completeSlots(options, words);
     completePaths(options, words);
     if (words.slot != 0) {
         options.slot = SlotNumber::of(words.slot);
