@@ -171,9 +171,12 @@ class Installation {
     }
 
     void finish(const FlashEnd& end, Told told) {
-        parts_.teller.idle(work_);
         parts_.panels.firmwareUpdater->progress().setStep(0, 0, {}, {});
+        if (file_) {
+            parts_.teller.idle(work_);  // for a while the line says which file was sent
+        }
         tell(told);
+        parts_.teller.idle(work_);
         if (!told.failure && !before_.empty()) {
             told.detail = "It ran " + before_ + " before.";
         }
