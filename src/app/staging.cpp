@@ -57,23 +57,23 @@ void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
 void Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
     const Drop drop{slot, file, model_.nextDrop()};
     expected_.insert(slot);
-    environment_.executor.background(
-        Priority::high, [&executor = environment_.executor, weak = weak_from_this(), drop, how,
-                         path = file.toLocalFile().toStdString()] {
-            executor.main([weak, drop, copy = how(path)] {
-                const auto self = weak.lock();
-                if (!self) {
-                    return;
-                }
-                if (!copy) {
-                    self->expected_.extract(drop.slot);
-                    self->tellUnusable(drop, copy.error());
-                    return;
-                }
-                self->waiting_.emplace_back(drop, *copy);
-                self->work();
-            });
-        });
+    environment_.executor.background(Priority::high,
+                                     [&executor = environment_.executor, weak = weak_from_this(), drop, how,
+                                      path = file.toLocalFile().toStdString()] {
+                                         executor.main([weak, drop, copy = how(path)] {
+                                             const auto self = weak.lock();
+                                             if (!self) {
+                                                 return;
+                                             }
+                                             if (!copy) {
+                                                 self->expected_.extract(drop.slot);
+                                                 self->tellUnusable(drop, copy.error());
+                                                 return;
+                                             }
+                                             self->waiting_.emplace_back(drop, *copy);
+                                             self->work();
+                                         });
+                                     });
 }
 
 void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {

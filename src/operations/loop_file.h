@@ -20,7 +20,6 @@ std::string audioDigest(ByteView image);
 /// The same of a file that is such an image, which is read piece by piece; empty if it cannot be read.
 std::string audioDigest(const std::filesystem::path& file);
 
-
 /// Whether the file at `path` is such a loop, with so many frames and that digest.
 bool isLoopFile(const std::filesystem::path& path, std::uint64_t frames, const std::string& digest);
 /// Whether the file at `path` is `image`, bit for bit; a symbolic link to one is not.

@@ -46,7 +46,7 @@ std::string slotSentence(std::string_view done, const SlotOutcome& outcome) {
     }
     const bool toPedal = done == "written" && outcome.did == Did::failed;
     const auto start = name + (outcome.did == Did::sent ? " was sent but could not be read back: "
-                                                           : " was not " + std::string(done) + ": ");
+                                                        : " was not " + std::string(done) + ": ");
     return start + reasonSentence(toPedal ? Deed::write : Deed::save, trouble) +
            (toPedal && trouble.kind == Kind::transferFailed ? " The slot may now be empty." : "");
 }

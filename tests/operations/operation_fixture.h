@@ -53,8 +53,8 @@ class OperationTest : public PedalTest {
                 .slot = [this](const SlotOutcome& outcome) { said.push_back(text(outcome)); }};
     }
     static std::string text(const SlotOutcome& outcome) {
-        constexpr std::array did = {"failed", "saved",  "sent", "written",   "compared",
-                                    "erased", "kept", "unchanged", "same length"};
+        constexpr std::array did = {"failed", "saved", "sent",      "written",    "compared",
+                                    "erased", "kept",  "unchanged", "same length"};
         return std::to_string(outcome.slot.number()) + " " + did.at(static_cast<std::size_t>(outcome.did)) +
                (outcome.trouble ? " " + std::string(troubleName(outcome.trouble->kind)) : "");
     }

@@ -80,8 +80,8 @@ class Announcements {
     void setRest(std::string sentence);
     /// The failures of `job` are over, without an outcome.
     void settle(const std::string& job);
-    /// What is under way, and what can be done about it; empty for nothing. `said`, if there is one, is what a
-    /// screen reader gets, each time that it changes.
+    /// What is under way, and what can be done about it; empty for nothing. `said`, if there is one, is what
+    /// a screen reader gets, each time that it changes.
     void setWork(std::string sentence, std::string actionLabel = {}, std::function<void()> action = {},
                  const std::string& said = {});
 
