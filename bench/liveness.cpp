@@ -108,7 +108,9 @@ struct FolderChooser : Dialogs {
         ADD_FAILURE() << alert.headline;
         return alertFirstButton;
     }
+    int run(const Alert& alert, bool& /*ticked*/) override { return run(alert); }
     Chosen chooseFile(const FileTypes& /*allowed*/) override { return {}; }
+    Chosen chooseNewFile(const std::string& /*name*/) override { return {}; }
     Chosen chooseFolder(const std::string& /*prompt*/) override { return {panelOk, folder}; }
     void openAddress(const std::string& /*url*/) override {}
     bool openApplication(const fs::path& /*bundle*/) override { return false; }

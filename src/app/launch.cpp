@@ -164,6 +164,7 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
                      },
                  .openAboutBox = act(&AppDelegate::openAboutBox),
                  .openResults = [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
+                 .saveReport = act(&AppDelegate::saveReport),
                  .quit = act(&AppDelegate::quit)});
 }
 

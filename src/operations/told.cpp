@@ -84,8 +84,8 @@ std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNu
     if (onlySent(outcome)) {
         const auto done = outcome.done();
         return (asked.size() == 1      ? loopName(asked.front())
-                : done == asked.size() ? loops(done)
-                                       : std::to_string(done) + " of " + loops(asked.size())) +
+                : done == asked.size() ? loopsText(done)
+                                       : std::to_string(done) + " of " + loopsText(asked.size())) +
                " sent, but not checked";
     }
     if (asked.size() == 1 && !changed) {
@@ -210,7 +210,7 @@ Told toldVerify(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
                 .failure = true};
     }
     if (unread.empty()) {
-        return {.what = (asked.size() == 1 ? loopName(asked.front()) : loops(asked.size())) + " verified",
+        return {.what = (asked.size() == 1 ? loopName(asked.front()) : loopsText(asked.size())) + " verified",
                 .detail = "What the pedal sent back is the same, sample for sample."};
     }
     if (why->kind == Kind::cancelled) {

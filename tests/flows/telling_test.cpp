@@ -247,81 +247,83 @@ TEST_F(FlowTest, APedalThatIsSilentIsNamedAsLongAsItIsWhateverElseEnds) {
     }
     delegate->progress()->cancel();
     ASSERT_TRUE(becomesIdle());
-    TEST_F(FlowTest, ADamagedFileIsUsedWhereThereIsRoomButNotDuringAnExport) {
-        launchConnected();
-        flaws["torn.wav"] = {Trouble::Kind::endsEarly, "torn.wav", 0, "310"};
-        drop(2, audioFile("torn.wav", 50));
-        executor.settle();
-        EXPECT_EQ(line(), "\"torn.wav\" is damaged: 310 ms are missing at its end");
-        EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
-        stage(5, 10);
-        const auto press = [this](std::size_t row) {
-            window->statusLine().openList(Qt::MouseFocusReason);
-            window->statusLine().list().rows().at(row)->remedy()->click();
-            window->statusLine().list().close();
-            pass(0s);
-            executor.settle();
-        };
-        port.writePace = 2s;
-        window->exportButton()->click();
-        pass(1s);
-        ASSERT_TRUE(shieldUp());
-        press(0);
-        ASSERT_TRUE(becomesIdle());
-        EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty()) << "not while the window is covered";
-        press(1);
-        EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 300U);
-        press(1);
-        EXPECT_TRUE(delegate->selectedExportSlots().contains(4_slot)) << "3 and 5 have loops";
-        EXPECT_EQ(line(), "\"torn.wav\" goes to the row of Loop 4");
-        for (std::uint8_t slot = 6; slot < 20; ++slot) {
-            stage(slot, 1);
-        }
-        press(2);
-        EXPECT_EQ(line(), "There is no free row for \"torn.wav\"");
-    }
+}
 
-    TEST_F(FlowTest, TenFailuresUnderAnAlertAreAllTold) {
-        launchConnected();
-        dialogs.answer = [this, first = true]() mutable {
-            if (std::exchange(first, false)) {
-                for (std::uint8_t slot = 4; slot < 14; ++slot) {
-                    drop(slot, base / "files" / ("lost " + std::to_string(slot) + ".mp3"));
-                }
-                drop(14, audioFile("long too.wav", 70'000'000));
-                executor.settle();
-                EXPECT_EQ(dialogs.shown.size(), 1U) << "one at a time";
-            }
-            return alertFirstButton;
-        };
-        drop(2, audioFile("long.wav", 70'000'000));
-        executor.settle();
-        EXPECT_EQ(dialogs.take().size(), 2U);
-        EXPECT_EQ(line(), "\"lost 13.mp3\" cannot be read");
+TEST_F(FlowTest, ADamagedFileIsUsedWhereThereIsRoomButNotDuringAnExport) {
+    launchConnected();
+    flaws["torn.wav"] = {Trouble::Kind::endsEarly, "torn.wav", 0, "310"};
+    drop(2, audioFile("torn.wav", 50));
+    executor.settle();
+    EXPECT_EQ(line(), "\"torn.wav\" is damaged: 310 ms are missing at its end");
+    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
+    stage(5, 10);
+    const auto press = [this](std::size_t row) {
         window->statusLine().openList(Qt::MouseFocusReason);
-        EXPECT_EQ(window->statusLine().list().rows().size(), 10U);
-        stage(4, 10);
+        window->statusLine().list().rows().at(row)->remedy()->click();
+        window->statusLine().list().close();
+        pass(0s);
+        executor.settle();
+    };
+    port.writePace = 2s;
+    window->exportButton()->click();
+    pass(1s);
+    ASSERT_TRUE(shieldUp());
+    press(0);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty()) << "not while the window is covered";
+    press(1);
+    EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 300U);
+    press(1);
+    EXPECT_TRUE(delegate->selectedExportSlots().contains(4_slot)) << "3 and 5 have loops";
+    EXPECT_EQ(line(), "\"torn.wav\" goes to the row of Loop 4");
+    for (std::uint8_t slot = 6; slot < 20; ++slot) {
+        stage(slot, 1);
     }
+    press(2);
+    EXPECT_EQ(line(), "There is no free row for \"torn.wav\"");
+}
 
-    TEST_F(FlowTest, AConversionThatEndsDuringAnExportIsStagedAfterItAndAlertsWaitForItsEnd) {
-        launchConnected();
-        stage(4, 10);
-        conversionTime = 300ms;
-        drop(5, audioFile("late.wav", 20));
-        drop(6, audioFile("long.wav", 70'000'000));
-        drop(7, audioFile("longer.wav", 80'000'000));
-        port.writePace = 1s;
-        window->exportButton()->click();
-        pass(500ms);
-        ASSERT_TRUE(shieldUp());
-        EXPECT_EQ(line(), "Writing loop 4\u2026");
-        EXPECT_THAT(dialogs.take(), IsEmpty());
-        port.writePace = {};
-        ASSERT_TRUE(becomesIdle());
-        EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(5_slot)));
-        EXPECT_EQ(dialogs.take().size(), 2U);
-        EXPECT_EQ(line(), "Loop 4 written");
-    }
+TEST_F(FlowTest, TenFailuresUnderAnAlertAreAllTold) {
+    launchConnected();
+    dialogs.answer = [this, first = true]() mutable {
+        if (std::exchange(first, false)) {
+            for (std::uint8_t slot = 4; slot < 14; ++slot) {
+                drop(slot, base / "files" / ("lost " + std::to_string(slot) + ".mp3"));
+            }
+            drop(14, audioFile("long too.wav", 70'000'000));
+            executor.settle();
+            EXPECT_EQ(dialogs.shown.size(), 1U) << "one at a time";
+        }
+        return alertFirstButton;
+    };
+    drop(2, audioFile("long.wav", 70'000'000));
+    executor.settle();
+    EXPECT_EQ(dialogs.take().size(), 2U);
+    EXPECT_EQ(line(), "\"lost 13.mp3\" cannot be read");
+    window->statusLine().openList(Qt::MouseFocusReason);
+    EXPECT_EQ(window->statusLine().list().rows().size(), 10U);
+    stage(4, 10);
+}
+
+TEST_F(FlowTest, AConversionThatEndsDuringAnExportIsStagedAfterItAndAlertsWaitForItsEnd) {
+    launchConnected();
+    stage(4, 10);
+    conversionTime = 300ms;
+    drop(5, audioFile("late.wav", 20));
+    drop(6, audioFile("long.wav", 70'000'000));
+    drop(7, audioFile("longer.wav", 80'000'000));
+    port.writePace = 1s;
+    window->exportButton()->click();
+    pass(500ms);
+    ASSERT_TRUE(shieldUp());
+    EXPECT_EQ(line(), "Writing loop 4\u2026");
+    EXPECT_THAT(dialogs.take(), IsEmpty());
+    port.writePace = {};
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(5_slot)));
+    EXPECT_EQ(dialogs.take().size(), 2U);
+    EXPECT_EQ(line(), "Loop 4 written");
+}
 
 }  // namespace
 
