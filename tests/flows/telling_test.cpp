@@ -230,6 +230,7 @@ TEST_F(FlowTest, APedalThatIsSilentIsNamedAsLongAsItIsWhateverElseEnds) {
         executor.sleep(30s);
         return {};
     };
+    examine = [] { return std::vector<Finding>(); };
     launchConnected();
     select({3});
     window->importButton()->click();
