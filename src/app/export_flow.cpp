@@ -128,8 +128,7 @@ class Export {
     }
 
     void tell(const Outcome& outcome) {
-        std::vector<SlotNumber> asked;
-        std::ranges::copy(std::views::keys(order_.exports), std::back_inserter(asked));
+        const auto asked = slotsOf(order_.exports);
         const auto missing = notDone(outcome, asked);
         parts_.teller.forgetImports({asked, missing});
         std::map<SlotNumber, QUrl> again;

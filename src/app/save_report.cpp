@@ -12,7 +12,7 @@ namespace kzq {
 
 namespace {
 
-constexpr auto job = "report";
+constexpr auto reportJob = "report";
 
 Alert question() {
     return {.headline = "Save a report for troubleshooting?",
@@ -68,7 +68,8 @@ void write(AppParts& parts, const std::filesystem::path& file, bool namesWanted)
             const auto saved = save(writeFile, file, reportText(report, namesWanted, std::move(told.names)));
             post([&parts, work, file, saved] {
                 parts.teller.idle(work);
-                parts.teller.tell(toldReport(file, saved), job, afterwards(parts, file, saved.has_value()));
+                parts.teller.tell(toldReport(file, saved), reportJob,
+                                  afterwards(parts, file, saved.has_value()));
             });
         });
 }

@@ -8,7 +8,7 @@ namespace kzq {
 
 namespace {
 
-constexpr auto job = "import";
+constexpr auto importJob = "import";
 
 /// What is set up, and how, for an alert.
 Alert alertFor(const Trouble& trouble, bool installs) {
@@ -38,7 +38,7 @@ struct Attempt {
                            .why = why,
                            .detail = "Run in a terminal: " + trouble.remedy,
                            .failure = true},
-                          job, settingUp(parts, trouble, loops));
+                          importJob, settingUp(parts, trouble, loops));
     }
 
     void installed(const std::vector<Finding>& findings) const {
@@ -47,13 +47,13 @@ struct Attempt {
                 {.what = "The system rule is installed, but something else is in the way",
                  .detail = missing->words + (missing->remedy.empty() ? "" : " Run: " + missing->remedy),
                  .failure = true},
-                job, settingUp(parts, *missing, loops));
+                importJob, settingUp(parts, *missing, loops));
             return;
         }
         const auto looper = parts.environment.link();
         const bool connected = looper && !looper->disconnected();
         parts.teller.tell(
-            {.what = connected ? "Loops can be imported now" : "The system rule is installed"}, job,
+            {.what = connected ? "Loops can be imported now" : "The system rule is installed"}, importJob,
             {"Try again", [&everything = parts, names = loops] { return selectAgain(everything, names); }});
     }
 };

@@ -143,7 +143,7 @@ void Staging::letGo(const std::map<SlotNumber, QUrl>& files) {
 }
 
 void Staging::setUnderWay(const Exports& exports) {
-    const auto slots = std::views::keys(exports);
+    const auto slots = slotsOf(exports);
     underWay_ = {slots.begin(), slots.end()};
 }
 

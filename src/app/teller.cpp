@@ -79,7 +79,7 @@ void Teller::rest() {
 }
 
 std::string Teller::withoutPedal() const {
-    const std::string sentence = holder_.empty() ? "No pedal connected" : holder_;
+    std::string sentence = holder_.empty() ? "No pedal connected" : holder_;
     if (filesWaiting_ == 0) {
         return sentence;
     }

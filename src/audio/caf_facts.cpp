@@ -17,7 +17,7 @@ struct Description {
 };
 
 Description describedAt(const FileBytes& file, std::uint64_t body) {
-    const double rate = std::bit_cast<double>(file.big(body, 8).value_or(0));
+    const auto rate = std::bit_cast<double>(file.big(body, 8).value_or(0));
     return {rate >= 1 && rate < 1e7 ? static_cast<std::uint64_t>(std::lround(rate)) : 0,
             file.text(body + 8, 4), file.big(body + 16, 4).value_or(0)};
 }

@@ -61,7 +61,8 @@ std::string loaderOf(const std::string& program) {
         const std::uint64_t entry = table + i * entrySize;
         if (bytes.little(entry, 4) == isInterpreter) {
             const auto length = static_cast<unsigned>(bytes.little(entry + 0x20, 8).value_or(0));
-            return bytes.text(bytes.little(entry + 8, 8).value_or(0), length).c_str();  // without its zero
+            const auto path = bytes.text(bytes.little(entry + 8, 8).value_or(0), length);
+            return path.substr(0, path.find('\0'));
         }
     }
     return {};

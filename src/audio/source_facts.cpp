@@ -37,7 +37,7 @@ constexpr std::array<Signature, 19> unsupportedKinds{{{"RIFX", "big-endian WAV (
 SourceFacts factsOfOthers(const FileBytes& file) {
     SourceFacts facts;
     const std::string start = file.text(0, static_cast<unsigned>(std::min<std::uint64_t>(file.size(), 32)));
-    const auto found = std::ranges::find_if(
+    const auto* const found = std::ranges::find_if(
         unsupportedKinds, [&](const Signature& signature) { return start.starts_with(signature.bytes); });
     if (found != unsupportedKinds.end()) {
         facts.unsupported = found->name;

@@ -86,9 +86,8 @@ void Tool::start() {
 }
 
 void Tool::interrupt() {
-    if (!finished_ && command_->mustFinish()) {
-        command_->cancel();
-    } else if (std::exchange(interrupted_, true)) {
+    const bool mustFinish = !finished_ && command_->mustFinish();
+    if (!mustFinish && std::exchange(interrupted_, true)) {
         finish(ExitCode::cancelled);
     } else if (!finished_) {
         command_->cancel();

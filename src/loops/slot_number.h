@@ -62,4 +62,15 @@ consteval SlotNumber operator""_slot(unsigned long long number) {
     return SlotNumber::of(number).value();
 }
 
+/// The keys of a map by slot, ascending.
+template <typename BySlot>
+std::vector<SlotNumber> slotsOf(const BySlot& map) {
+    std::vector<SlotNumber> slots;
+    slots.reserve(map.size());
+    for (const auto& [slot, value] : map) {
+        slots.push_back(slot);
+    }
+    return slots;
+}
+
 }  // namespace kzq

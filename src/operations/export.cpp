@@ -94,9 +94,7 @@ class Export {
         for (const auto& [slot, info] : next) {
             takeUp(slot, info.source);
         }
-        std::vector<SlotNumber> slots;
-        std::ranges::copy(std::views::keys(waiting), std::back_inserter(slots));
-        const auto now = unchangedTable(pedal_, order_.seen, slots, order_.untouched);
+        const auto now = unchangedTable(pedal_, order_.seen, slotsOf(waiting), order_.untouched);
         outcome_.end = now ? impossibleLength(*now, allSlots()) : std::optional(now.error());
         if (!outcome_.end && !fits(existingAndTeedUpExportSamples(*now, order_.exports))) {
             outcome_.end = Trouble{Trouble::Kind::noRoom};
@@ -196,8 +194,7 @@ std::vector<SlotNumber> inOrderOfGrowth(const Exports& exports, const Loops& loo
         const auto frames = static_cast<std::int64_t>(Frames::ofBytes(exports.at(slot).bytes).count);
         return frames - (old == nullptr ? 0 : std::int64_t{old->samples});
     };
-    std::vector<SlotNumber> order;
-    std::ranges::copy(std::views::keys(exports), std::back_inserter(order));
+    auto order = slotsOf(exports);
     std::ranges::stable_sort(order, {},
                              [&growth](SlotNumber slot) { return std::min<std::int64_t>(growth(slot), 0); });
     return order;

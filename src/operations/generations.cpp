@@ -140,7 +140,7 @@ Result<Snapshot> Generations::find(const std::string& name) const {
         return Snapshot{undated, own};
     }
     std::error_code error;
-    fs::directory_iterator(path_, error);
+    const fs::directory_iterator any(path_, error);
     if (error && error != std::errc::no_such_file_or_directory) {
         return Trouble{Trouble::Kind::unreadable, path_.string(), error.value()};
     }
@@ -154,9 +154,11 @@ Result<fs::path> Generations::makeUnfinished(const std::string& stamp) const {
     }
     for (unsigned number = 1; number <= mostOfOneSecond; ++number) {
         auto folder = path_ / (std::string(unfinishedStart) + nameOf({stamp, number}));
-        if (std::error_code error; fs::create_directory(folder, error)) {
+        std::error_code error;
+        if (fs::create_directory(folder, error)) {
             return folder;
-        } else if (error) {
+        }
+        if (error) {
             return cannotMake(folder, error.value());
         }
     }

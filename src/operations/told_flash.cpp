@@ -40,7 +40,7 @@ Told toldUnconfirmed(Kind why) {
 }  // namespace
 
 FlashStep flashStep(FlashPhase phase, std::optional<unsigned> percent) {
-    const auto step = [](int number, std::string words, std::string said = {}) {
+    const auto step = [](int number, const std::string& words, const std::string& said = {}) {
         return FlashStep{number, words, said.empty() ? words : said};
     };
     switch (phase) {

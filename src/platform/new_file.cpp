@@ -95,8 +95,8 @@ Result<void> writeFileNamed(const std::filesystem::path& file, ByteView bytes) {
     const auto name = file.filename().string();
     return writeOnAnyRoad(
                file.has_parent_path() ? file.parent_path() : ".",
-               [&name](Draft& draft) { return draft.place(name).map([&name] { return name; }); }, bytes,
-               Draft::Road::unnamed)
+               [&name](Draft& draft) { return draft.place(name).map([&name] { return std::string(name); }); },
+               bytes, Draft::Road::unnamed)
         .map([](const auto& /*place*/) {});
 }
 

@@ -28,8 +28,8 @@ void ignoreWriteSignals() {
 }
 
 void returnFreedLoops() {
-    constexpr int mapped = 1 << 20;  // bytes; a fixed threshold is no longer raised by what is freed
-    ::mallopt(M_MMAP_THRESHOLD, mapped);
+    constexpr int mapped = 1 << 20;       // bytes; a fixed threshold is no longer raised by what is freed
+    ::mallopt(M_MMAP_THRESHOLD, mapped);  // NOLINT(concurrency-mt-unsafe): called before there are threads
 }
 
 std::uint64_t systemMinorVersion() {

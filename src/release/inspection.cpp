@@ -48,7 +48,7 @@ void inspectFirmware(Inspection& inspection, const Site& site, const std::vector
         return;
     }
     if (list->empty()) {
-        inspection.lines.push_back("-       no firmware is listed");
+        inspection.lines.emplace_back("-       no firmware is listed");
         return;
     }
     FolderClient client(site);

@@ -20,7 +20,7 @@ class MakerKey {
     static Result<MakerKey> load(const std::filesystem::path& file);
 
     /// Into a new file that only its owner can read; an existing one is never replaced.
-    Result<void> save(const std::filesystem::path& file) const;
+    Result<void> save(const std::filesystem::path& path) const;
     UpdateKey publicKey() const;
     /// As KZQ_UPDATE_KEYS takes it.
     std::string publicText() const;

@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 fs::path found(const std::string& program, const std::string& path) {
     std::istringstream folders(path);
     for (std::string folder; std::getline(folders, folder, ':');) {
-        const auto file = fs::path(folder) / program;
+        auto file = fs::path(folder) / program;
         std::error_code ignored;
         if (file.is_absolute() && fs::is_regular_file(file, ignored) && ::access(file.c_str(), X_OK) == 0) {
             return file;
@@ -34,6 +34,7 @@ fs::path found(const std::string& program, const std::string& path) {
 /// Its exit status, or 128 and more if it did not end by itself; negative if it could not be started.
 int statusOf(std::vector<std::string> words) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (auto& word : words) {
         arguments.push_back(word.data());
     }

@@ -13,7 +13,7 @@ class CheckBox : public QAbstractButton {
     explicit CheckBox(const QString& title, QWidget* parent = nullptr);
 
     /// The box alone.
-    QRect focusRingRect() const;
+    QRect focusRingRect() const;  // NOLINT(readability-convert-member-functions-to-static): a property
     QSize sizeHint() const override;
 
   protected:

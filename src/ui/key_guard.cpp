@@ -70,7 +70,7 @@ KeyGuard::Verdict KeyGuard::released(QWindow& window, quint32 key, const QKeyEve
     if (between(last_.pressed, event.timestamp()) < longestTap) {
         return letGo(key);
     }
-    kept_ = std::shared_ptr<Kept>(new Kept{&window, std::unique_ptr<QKeyEvent>(event.clone())});
+    kept_ = std::make_shared<Kept>(Kept{&window, std::unique_ptr<QKeyEvent>(event.clone())});
     executor_.mainAfter(pressFollows, [this, kept = std::weak_ptr(kept_)] {
         if (const auto still = kept.lock(); still && still == kept_) {
             release();

@@ -67,7 +67,7 @@ class KeyGuard {
         quint32 key = 0;
         quint64 pressed = 0;
         std::optional<quint64> released;
-        bool repeats(quint32 key, quint64 time) const;
+        bool repeats(quint32 next, quint64 time) const;
     };
 
     Verdict pressed(quint32 key, const QKeyEvent& event);

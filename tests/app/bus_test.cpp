@@ -58,6 +58,7 @@ class LoginManager : public QObject {
     QStringList asked;
     Descriptor lock;  ///< at its end once the computer may sleep again
 
+    // NOLINTNEXTLINE(readability-redundant-access-specifiers): moc needs to see it
   public Q_SLOTS:
     QDBusUnixFileDescriptor Inhibit(const QString& what, const QString& /*who*/, const QString& /*why*/,
                                     const QString& mode) {
@@ -81,6 +82,7 @@ class Going : public QObject, protected QDBusContext {
         bus.registerService(name);
     }
 
+    // NOLINTNEXTLINE(readability-redundant-access-specifiers): moc needs to see it
   public Q_SLOTS:
     void Activate(const QVariantMap& /*platformData*/) {
         setDelayedReply(true);

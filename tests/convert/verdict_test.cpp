@@ -84,7 +84,7 @@ TEST_F(Verdicts, WhatIsMissing) {
     const Bytes aiff = readFile(shop_.encode("good.aiff", "-i good.wav"));
     // Between two of the decoder's packets, where the cut does not show.
     Bytes atPacket = rf64(good);
-    atPacket.resize(waveHeaderSize + 36 + 8 * 4'092);
+    atPacket.resize(waveHeaderSize + 36 + std::size_t{8} * 4'092);
     constexpr std::size_t flacCount = 24;
     constexpr std::size_t flacDigest = 26;
     EXPECT_EQ("ends-early 1", flawOf(changed(good, 40, 6))) << "the header counts a frame more";

@@ -18,7 +18,7 @@ constexpr auto activationToken = "activation-token";
 constexpr auto startupId = "desktop-startup-id";
 
 QDBusMessage request(const QString& name, const Start& start) {
-    const auto method = start.files.isEmpty() ? "Activate" : "Open";
+    const auto* const method = start.files.isEmpty() ? "Activate" : "Open";
     auto call = QDBusMessage::createMethodCall(name, objectPath, interfaceName, method);
     if (!start.files.isEmpty()) {
         call << QUrl::toStringList(start.files, QUrl::FullyEncoded);

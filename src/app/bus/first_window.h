@@ -49,6 +49,7 @@ class FirstWindow : public QObject {
     /// From now on, other starts are on their own.
     void release();
 
+    // NOLINTNEXTLINE(readability-redundant-access-specifiers): moc needs to see it
   public Q_SLOTS:
     // NOLINTBEGIN(readability-identifier-naming): on the bus they are called so
     void Activate(const QVariantMap& platformData);

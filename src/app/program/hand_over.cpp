@@ -19,7 +19,7 @@ QList<QUrl> filesOf(const ProgramOptions& options) {
 }
 
 QString nameOnBus(const ProgramOptions& options) {
-    const QString name = "example.kzq.kzq7306";
+    QString name = "example.kzq.kzq7306";
     if (!options.simulate) {
         return name;
     }

@@ -39,11 +39,10 @@ ExitCode EraseCommand::work(Pedal& pedal) {
 
 /// Those of the wanted slots that hold a loop.
 std::vector<SlotNumber> EraseCommand::occupied(const Loops& loops) {
-    std::vector<SlotNumber> slots;
     if (options().all) {
-        std::ranges::copy(std::views::keys(loops), std::back_inserter(slots));
-        return slots;
+        return slotsOf(loops);
     }
+    std::vector<SlotNumber> slots;
     for (const auto slot : options().slots) {
         if (loops.contains(slot)) {
             slots.push_back(slot);

@@ -22,7 +22,7 @@ constexpr const char* overwriteQuestion =
     "continue?";
 
 bool overwrites(const Exports& exports) {
-    return std::ranges::any_of(std::views::values(exports), &ExportInfo::occupied);
+    return std::ranges::any_of(exports, [](const auto& entry) { return entry.second.occupied; });
 }
 
 }  // namespace

@@ -60,10 +60,7 @@ ExitCode ImportCommand::work(Pedal& pedal) {
 }
 
 ImportOrder ImportCommand::order(const Loops& loops) const {
-    auto slots = options().slots;
-    if (options().all) {
-        std::ranges::copy(std::views::keys(loops), std::back_inserter(slots));
-    }
+    auto slots = options().all ? slotsOf(loops) : options().slots;
     ImportOrder order{.folder = options().folder,
                       .freeSpace = context().environment.freeSpace,
                       .exact = true,

@@ -118,9 +118,11 @@ void RestoreCommand::tell(const RestorePlan& plan) {
             tellChange(slot, "erase", "will be erased (" + oldLength + "); the slot is empty in the backup.");
         } else if (plan.writes.contains(slot)) {
             const auto length = lengthText(plan.index.loops.at(slot).samples);
-            old == nullptr ? tellChange(slot, "write", "will be written (" + length + ").")
-                           : tellChange(slot, "overwrite",
-                                        "will be overwritten (" + length + " instead of " + oldLength + ").");
+            old == nullptr
+                ? tellChange(slot, "write", "will be written (" + length + ").")
+                : tellChange(slot, "overwrite",
+                             "will be overwritten (" +
+                                 std::string(length).append(" instead of ").append(oldLength) + ").");
         }
     }
 }

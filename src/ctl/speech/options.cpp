@@ -147,7 +147,7 @@ std::string withoutEnd(const std::string& text, std::string_view end) {
 std::string sentenceOf(const CLI::App& app, const CLI::ParseError& error) {
     const auto& place = innermost(app);
     const auto extra = app.remaining(true);
-    const std::string text = error.what();
+    std::string text = error.what();
     const bool lost = &place == &app && error.get_name() != "ValidationError";
     if (!extra.empty() && (lost || dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr)) {
         const auto word = std::ranges::find_if(extra, [](const auto& each) { return each.starts_with('-'); });
