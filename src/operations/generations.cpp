@@ -32,7 +32,7 @@ struct Place {
     std::string stamp;
     unsigned number = 0;  ///< 1 without a number
 
-    auto operator<=>(const Place&) const = default;
+    auto operator<=>(const Place&) const = default;  // NOLINT(modernize-use-nullptr): compared with 0
 };
 
 Place placeOf(std::string_view name) {

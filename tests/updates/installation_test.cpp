@@ -32,12 +32,14 @@ TEST(Installation, IsAnAppImageOnlyWhenItRunsFromTheImagesContent) {
 
 TEST(Installation, AnAppImageThatRunsUnpackedStartsOthersSo) {
     constexpr auto name = "APPIMAGE_EXTRACT_AND_RUN";
+    // NOLINTBEGIN(concurrency-mt-unsafe): no other threads
     ::unsetenv(name);
     startOthersUnpackedAs("/tmp/.mount_loops/usr/bin/kzq7306");
     EXPECT_EQ(::getenv(name), nullptr);
     startOthersUnpackedAs("/tmp/appimage_extracted_5a/usr/bin/kzq7306");
     EXPECT_STREQ(::getenv(name), "1");
     ::unsetenv(name);
+    // NOLINTEND(concurrency-mt-unsafe)
 }
 
 TEST(Maker, KnowsTheMakersAddresses) {
