@@ -180,13 +180,13 @@ def parent_of(pid):
 class Program:
     """One run of the program. Its folder is its own."""
 
-    def __init__(self, *options, simulate="--simulate", host=NOWHERE, environment=None):
+    def __init__(self, *options, simulate="--simulate", host=NOWHERE, environment=None, within=()):
         self.folder = tempfile.mkdtemp(prefix="e2e")
         self.log = open(os.path.join(self.folder, "log"), "w+")
         self.temporary = os.path.join(self.folder, "tmp")
         os.mkdir(self.temporary)
         environment = {**os.environ, "TMPDIR": self.temporary, **(environment or {})}
-        words = [PROGRAM, "--verbose"] + ([simulate] if simulate else []) + (["--host", host] if host else []) + [*options]
+        words = [*within, PROGRAM, "--verbose"] + ([simulate] if simulate else []) + (["--host", host] if host else []) + [*options]
         self.process = subprocess.Popen(words, stdout=self.log, stderr=self.log, env=environment)
 
     def __enter__(self):
