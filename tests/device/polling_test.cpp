@@ -206,7 +206,7 @@ TEST_F(Polling, AnIncompleteStatusIsNoNewsAndTheNextWholeOneIs) {
 
 TEST_F(Polling, APieceThatComesAfterACancelIsNotTold) {
     usb.replies[0xE1] = FakeUsb::reply('Y');
-    usb.bulk = [this](std::size_t, std::size_t&) {
+    usb.bulk = [](std::size_t, std::size_t&) {
         looper().cancelTransfer();
         return usbSuccess;
     };
@@ -230,7 +230,7 @@ TEST_F(Polling, ALoopWhosePaddedSizeWrapsIsTooLarge) {
 
 TEST(LoopRecord, NeedsThreeFieldsAndCountsModulo32Bits) {
     const auto loop = [](std::vector<std::uint8_t> reply) -> std::optional<Loop> {
-        reply.insert(reply.begin(), 3 * 6, 0);
+        reply.insert(reply.begin(), std::size_t{3} * 6, 0);
         reply.resize(60);
         Loops loops;
         addLoops(loops, reply, 0);

@@ -73,8 +73,8 @@ TEST_F(Silence, IsOneCallThatStaysOut) {
 }
 
 TEST_F(Silence, LeavesABigWriteItsTime) {
-    EXPECT_THAT(heard(1, 19s, 10 * 65'536), IsEmpty());
-    EXPECT_THAT(heard(1, 21s, 10 * 65'536), ElementsAre(20));
+    EXPECT_THAT(heard(1, 19s, std::size_t{10} * 65'536), IsEmpty());
+    EXPECT_THAT(heard(1, 21s, std::size_t{10} * 65'536), ElementsAre(20));
 }
 
 TEST_F(Silence, IsNotTheTimeInWhichTheComputerIsSuspended) {

@@ -28,7 +28,7 @@ class ExportTest : public OperationTest {
         return all;
     }
     bool untouched() const { return count("E2 1 0") + count("E2 2 1") + count("E2 3 0") == 0; }
-    simulator::StoredLoop recorded(std::uint32_t frames) const { return {noise(frames, 9), 100, 1}; }
+    static simulator::StoredLoop recorded(std::uint32_t frames) { return {noise(frames, 9), 100, 1}; }
 };
 
 TEST_F(ExportTest, OneBatchIsAscendingAndTellsThePedalWhatItsOwnTableSays) {

@@ -44,7 +44,7 @@ class OperationTest : public PedalTest {
         writeText(file, std::string(image.begin(), image.end()));
         return exportInfoForLoop(slot.number(), false, file, frames * frameBytes).value();
     }
-    Loops table() const { return looper().loops().value(); }
+    static Loops table() { return looper().loops().value(); }
     long count(const std::string& event) const { return std::ranges::count(wire(), event); }
     /// What is told of the loops: "3 saved", "3 saved no-room".
     Events events() {

@@ -39,7 +39,7 @@ TEST_F(ExportRow, TheAddButtonResetsTheFieldBeforeTheActionAndIsNeverOn) {
     EXPECT_EQ(shownAtAction, "Loop 3");
     EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "add export 3"));
     EXPECT_FALSE(row.selected());
-    onButton = [this](Slot& slot) { stage(slot, "/x/other.mp3"); };
+    onButton = [](Slot& slot) { stage(slot, "/x/other.mp3"); };
     click(*row.button());
     EXPECT_EQ(fieldText(row), "other");
     onButton = [](Slot&) {};  // and when no file was chosen, the row shows again what it holds
