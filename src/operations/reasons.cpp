@@ -28,6 +28,7 @@ constexpr std::string_view sentenceUnidentified =
     "The pedal is connected but does not identify itself. Unplug it and plug it in again.";
 constexpr std::string_view adviceReplug = "Unplug the pedal, plug it in again and start again.";
 constexpr std::string_view reasonPartway = "the pedal stopped partway through";
+constexpr std::string_view reasonUnwritable = "the file cannot be written";
 constexpr std::string_view reasonRoad = "this computer did not pass the request on to the pedal";
 
 constexpr auto wordings = std::to_array<Wording>({
@@ -98,7 +99,7 @@ std::string fileReason(int error) {
         case EPERM:
             return "the folder cannot be written to";
         default:
-            return "the file cannot be written";
+            return std::string(reasonUnwritable);
     }
 }
 
@@ -143,8 +144,9 @@ std::string reasonSentence(Deed deed, const Trouble& trouble) {
 
 std::string adviceOn(const Trouble& trouble) {
     switch (trouble.kind) {
-        case Kind::file:
-            return fileSentence(trouble);
+        case Kind::file:  // the reason has said the rest, unless it is none
+            return fileReason(trouble.error) == reasonUnwritable ? fileSentence(trouble)
+                                                                 : fileRemedy(trouble.error);
         case Kind::diskFull:
             return spaceSentence(trouble);
         case Kind::heldByAnother:

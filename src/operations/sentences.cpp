@@ -37,31 +37,31 @@ std::string milliseconds(const Trouble& trouble) {
     return text + " ms";
 }
 
-/// What a hand can do about a file that cannot be written.
-const char* remedyFor(int error) {
+}  // namespace
+
+std::string fileRemedy(int error) {
     switch (error) {
         case ENOSPC:
         case EDQUOT:
-            return " Free some space or choose another folder.";
+            return "Free some space or choose another folder.";
         case ENAMETOOLONG:
-            return " Choose a shorter name.";
+            return "Choose a shorter name.";
         case EFBIG:
-            return " Choose a folder that allows files of this size.";
+            return "Choose a folder that allows files of this size.";
         case ENOENT:
-            return " Choose a folder that exists.";
+            return "Choose a folder that exists.";
         case EROFS:
         case EACCES:
         case EPERM:
-            return " Choose a folder that you can write to.";
+            return "Choose a folder that you can write to.";
         default:
             return "";
     }
 }
 
-}  // namespace
-
 std::string fileSentence(const Trouble& trouble) {
-    return reasonOf(trouble) + remedyFor(trouble.error);
+    const auto remedy = fileRemedy(trouble.error);
+    return reasonOf(trouble) + (remedy.empty() ? "" : " ") + remedy;
 }
 
 std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,

@@ -32,6 +32,8 @@ std::string loopNames(const std::vector<SlotNumber>& slots);
 
 /// Of a file that was not written: "No space left on device. Free some space or choose another folder."
 std::string fileSentence(const Trouble& trouble);
+/// What to do about it alone; empty if that is not known. `error` is an errno.
+std::string fileRemedy(int error);
 /// The same about something that was to be saved in `folder`.
 std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,
                              const Trouble& trouble);
