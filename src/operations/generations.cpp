@@ -149,7 +149,10 @@ Result<Snapshot> Generations::find(const std::string& name) const {
 }
 
 Result<fs::path> Generations::makeUnfinished(const std::string& stamp) const {
-    if (std::error_code error; !fs::create_directory(path_, error) && error) {
+    if (std::error_code error; fs::create_directory(path_, error)) {
+        const auto made = path_.has_filename() ? path_ : path_.parent_path();
+        syncFolder(made.has_parent_path() ? made.parent_path() : ".");
+    } else if (error) {
         return cannotMake(path_, error.value());
     }
     for (unsigned number = 1; number <= mostOfOneSecond; ++number) {

@@ -21,14 +21,15 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* probeName = "link";
+constexpr int mostFolders = 10;  ///< that others took away at once
 
 /// This user's folder, locked as long as the answer lives; none if another run has it, or has renamed it
 /// meanwhile, or where folders cannot be locked.
-Descriptor lockedFolder(const fs::path& path) {
+Descriptor lockedFolder(const fs::path& path, int how) {
     Descriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat open {};
     struct stat named {};
-    if (!folder || ::flock(folder.get(), LOCK_EX | LOCK_NB) != 0 || ::fstat(folder.get(), &open) != 0 ||
+    if (!folder || ::flock(folder.get(), how) != 0 || ::fstat(folder.get(), &open) != 0 ||
         ::lstat(path.c_str(), &named) != 0 || open.st_ino != named.st_ino || open.st_dev != named.st_dev ||
         open.st_uid != ::geteuid()) {
         return {};
@@ -36,18 +37,29 @@ Descriptor lockedFolder(const fs::path& path) {
     return folder;
 }
 
-void protect(const fs::path& file) {
-    using fs::perms;
-    std::error_code ignored;
-    fs::permissions(file, perms::owner_write | perms::group_write | perms::others_write,
-                    fs::perm_options::remove, ignored);
+/// Whether it is a file that cannot be written to, from now on. Some file systems ignore the wish.
+bool protect(const fs::path& file) {
+    constexpr mode_t writing = 0222;
+    constexpr mode_t permissions = 07777;
+    struct stat now {};
+    if (::lstat(file.c_str(), &now) != 0 || !S_ISREG(now.st_mode)) {
+        return false;
+    }
+    return (now.st_mode & writing) == 0 ||
+           (::chmod(file.c_str(), now.st_mode & permissions & ~writing) == 0 &&
+            ::lstat(file.c_str(), &now) == 0 && (now.st_mode & writing) == 0);
 }
 
 }  // namespace
 
-const BackupEntry* SnapshotDraft::Source::find(const std::string& sha256) const {
-    const auto found = std::ranges::find(std::views::values(index.loops), sha256, &BackupEntry::sha256);
-    return found.base() == index.loops.end() ? nullptr : &*found;
+std::vector<fs::path> SnapshotDraft::Source::filesOf(SlotNumber slot, const std::string& sha256) const {
+    std::vector<fs::path> files;
+    for (const auto& [at, entry] : index.loops) {
+        if (entry.sha256 == sha256) {
+            files.insert(at == slot ? files.begin() : files.end(), folder.fileOf(entry));
+        }
+    }
+    return files;
 }
 
 Result<std::unique_ptr<SnapshotDraft>> SnapshotDraft::make(const Generations& generations,
@@ -55,10 +67,15 @@ Result<std::unique_ptr<SnapshotDraft>> SnapshotDraft::make(const Generations& ge
     std::error_code error;
     const bool isFirst = !fs::exists(generations.path(), error);
     auto path = generations.makeUnfinished(stamp);
+    // Waits for a run that looks at it just now. Until it is locked, that may take it for one that was left.
+    auto lock = path ? lockedFolder(*path, LOCK_EX) : Descriptor();
+    for (int more = 1; path && !lock && !fs::exists(*path, error) && more < mostFolders; ++more) {
+        path = generations.makeUnfinished(stamp);
+        lock = path ? lockedFolder(*path, LOCK_EX) : Descriptor();
+    }
     if (!path) {
         return std::move(path.error());
     }
-    auto lock = lockedFolder(*path);
     std::unique_ptr<SnapshotDraft> draft(new SnapshotDraft(generations, std::move(*path), std::move(lock)));
     draft->isFirst_ = isFirst;
     draft->findSources();
@@ -74,7 +91,8 @@ SnapshotDraft::~SnapshotDraft() {
 
 void SnapshotDraft::findSources() {
     for (auto& each : generations_.unfinished()) {
-        auto lock = each.folder.path() == path() ? Descriptor() : lockedFolder(each.folder.path());
+        auto lock =
+            each.folder.path() == path() ? Descriptor() : lockedFolder(each.folder.path(), LOCK_EX | LOCK_NB);
         if (!lock || each.folder.removeIfEmpty()) {
             continue;
         }
@@ -100,10 +118,13 @@ void SnapshotDraft::findSources() {
 bool SnapshotDraft::canLink() const {
     const auto probe = path() / probeName;
     for (const auto& source : sources_) {
-        if (!source.interrupted() && !source.index.loops.empty()) {
-            const auto file = source.folder.fileOf(source.index.loops.begin()->second);
-            const bool linked = ::link(file.c_str(), probe.c_str()) == 0;
-            return linked && ::unlink(probe.c_str()) == 0;
+        for (const auto& [slot, entry] : source.index.loops) {
+            const auto file = source.folder.fileOf(entry);
+            std::error_code error;
+            if (!source.interrupted() && fs::is_regular_file(fs::symlink_status(file, error))) {
+                const bool linked = protect(file) && ::link(file.c_str(), probe.c_str()) == 0;
+                return linked && ::unlink(probe.c_str()) == 0;
+            }
         }
     }
     return false;
@@ -124,20 +145,27 @@ bool SnapshotDraft::isFree(SlotNumber slot, const Loop& loop) const {
                                     }));
 }
 
-std::optional<SnapshotDraft::Way> SnapshotDraft::take(const BackupEntry& entry, const Bytes& image) const {
+Result<void> SnapshotDraft::list(SlotNumber slot, const BackupEntry& entry) {
+    index_.loops.insert_or_assign(slot, entry);
+    return folder_.writePartialIndex(index_);
+}
+
+std::optional<SnapshotDraft::Way> SnapshotDraft::take(SlotNumber slot, const BackupEntry& entry,
+                                                      const Bytes& image) {
     const auto target = folder_.fileOf(entry);
     for (const auto& source : sources_) {
-        const auto* const known = source.find(entry.sha256);
-        if (known == nullptr || !isFileOf(source.folder.fileOf(*known), image)) {
-            continue;
-        }
-        const auto file = source.folder.fileOf(*known);
-        if (source.interrupted() && ::rename(file.c_str(), target.c_str()) == 0) {
-            return Way::moved;
-        }
-        // Whatever stands in the way of a link, the loop can still be written.
-        if (!source.interrupted() && ::link(file.c_str(), target.c_str()) == 0) {
-            return Way::linked;
+        for (const auto& file : source.filesOf(slot, entry.sha256)) {
+            if (!isFileOf(file, image)) {
+                continue;
+            }
+            // Listed before it comes, so that there is no moment at which no index names it.
+            if (source.interrupted() && list(slot, entry) && ::rename(file.c_str(), target.c_str()) == 0) {
+                return Way::moved;
+            }
+            // Whatever stands in the way of a link, the loop can still be written.
+            if (!source.interrupted() && protect(file) && ::link(file.c_str(), target.c_str()) == 0) {
+                return Way::linked;
+            }
         }
     }
     return std::nullopt;
@@ -145,17 +173,19 @@ std::optional<SnapshotDraft::Way> SnapshotDraft::take(const BackupEntry& entry, 
 
 Result<SnapshotDraft::Way> SnapshotDraft::add(SlotNumber slot, const Loop& loop, const Bytes& image) {
     const auto name = loopName(slot);
-    const BackupEntry entry{name + ".wav", loop.samples, loop.tempo, loop.channel, audioDigest(image)};
-    auto way = take(entry, image);
+    BackupEntry entry{name + ".wav", loop.samples, loop.tempo, loop.channel, audioDigest(image)};
+    auto way = take(slot, entry, image);
     if (!way) {
-        if (const auto file = writeNewFile(path(), name, ".wav", image); !file) {
+        const auto file = writeNewFile(path(), name, ".wav", image);
+        if (!file) {
+            index_.loops.erase(slot);
             return file.error();
         }
+        entry.file = file->filename().string();
         way = Way::written;
     }
-    protect(folder_.fileOf(entry));
-    index_.loops.emplace(slot, entry);
-    const auto listed = folder_.writePartialIndex(index_);
+    protect(folder_.fileOf(entry));  // where that cannot be, it never gets a second name
+    const auto listed = list(slot, entry);
     return listed ? Result<Way>(*way) : listed.error();
 }
 

@@ -52,7 +52,8 @@ class SnapshotDraft : Fixed {
         Descriptor lock = {};  ///< of an interrupted run, which has ended; others are only linked to
 
         bool interrupted() const { return static_cast<bool>(lock); }
-        const BackupEntry* find(const std::string& sha256) const;
+        /// What may be that audio; that of the same slot first.
+        std::vector<std::filesystem::path> filesOf(SlotNumber slot, const std::string& sha256) const;
     };
 
     SnapshotDraft(Generations generations, std::filesystem::path path, Descriptor lock)
@@ -60,7 +61,8 @@ class SnapshotDraft : Fixed {
 
     void findSources();
     bool canLink() const;
-    std::optional<Way> take(const BackupEntry& entry, const Bytes& image) const;
+    Result<void> list(SlotNumber slot, const BackupEntry& entry);
+    std::optional<Way> take(SlotNumber slot, const BackupEntry& entry, const Bytes& image);
 
     Generations generations_;
     BackupFolder folder_;

@@ -78,6 +78,17 @@ TEST_F(BackupWork, EachStandsBesideTheOthersAndSharesWhatIsTheSame) {
     EXPECT_EQ(generations.snapshots().size(), 3U);
 }
 
+TEST_F(BackupWork, AnEditedFileHidesNoOtherWithTheSameAudio) {
+    record(9, 77);
+    record(10, 77);
+    EXPECT_TRUE(backup().whole());
+    std::filesystem::permissions(at("Loop 10.wav"), std::filesystem::perms::owner_all);
+    writeText(at("Loop 10.wav"), "x");
+    EXPECT_TRUE(backup().whole());
+    EXPECT_THAT(said, ElementsAre("1 kept", "3 kept", "10 kept", "11 kept", "20 kept"));
+    EXPECT_TRUE(std::filesystem::equivalent(at("Loop 10.wav"), at("Loop 11.wav")));
+}
+
 TEST_F(BackupWork, GoesOnWhereItEndedAndMissesNoRecordingOfTheSameLength) {
     cutAt(11);  // loop 1 takes one read, loop 3 six, loop 10 three
     EXPECT_THAT(said, ElementsAre("1 saved", "3 saved", "10 saved"));
