@@ -87,7 +87,8 @@ TEST_F(BackupTest, GenerationsAreListedAndCompared) {
 
     write(stamp + "/backup.json", {'{'});
     EXPECT_EQ(run({"backup", "--list", folder}), ExitCode::fileError);
-    EXPECT_THAT(out.str(), HasSubstr(stamp + "-02: 3 loops, 0:00.0.\n")) << "the others";
+    EXPECT_THAT(out.str(), testing::AllOf(HasSubstr(stamp + ": cannot be used.\n"),
+                                          HasSubstr(stamp + "-02: 3 loops, 0:00.0.\n")));
     EXPECT_THAT(err.str(),
                 HasSubstr("backup.json\" is not a backup index. Nothing was changed. Choose another"));
 }

@@ -45,6 +45,7 @@ TEST(Options, BadOnesAreUsageErrors) {
                                                {"convert", "a", "--to", "-", "--json"},
                                                {"backup", ""},
                                                {"restore", "x", "21"},
+                                               {"restore", "x", "--snapshot", ""},
                                                {"list", "--wait", "nan"},
                                                {"list", "--fault", "stall@in"},
                                                {"import", "1"},

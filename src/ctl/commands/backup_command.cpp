@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <system_error>
 #include <utility>
 
 #include "audio/wave.h"
@@ -20,7 +21,9 @@ std::optional<ExitCode> BackupCommand::obstructed() {
         return std::nullopt;
     }
     const auto& folder = generations_.path();
-    const auto last = folder.has_filename() ? folder : folder.parent_path();
+    std::error_code error;
+    const auto whole = std::filesystem::absolute(folder, error).lexically_normal();
+    const auto last = whole.has_filename() ? whole : whole.parent_path();
     if (Generations::isDated(last.filename().string()) && BackupFolder(folder).isComplete()) {
         return stop(ExitCode::usage,
                     "\"" + folder.string() + "\" is one backup of several. Give the folder around it.");
@@ -74,7 +77,11 @@ ExitCode BackupCommand::conclude(const BackupEnd& end) {
     if (kind == Trouble::Kind::changed || kind == Trouble::Kind::file || kind == Trouble::Kind::folder) {
         return stop(*outcome.end, backupSentence(*outcome.end));
     }
-    const std::string place = end.snapshot ? " in " + end.snapshot->folder.path().string() : "";
+    // Loops that an earlier run saved are still in its folder.
+    const bool several = outcome.unseen > 0;
+    const std::string place = several        ? " in " + generations_.path().string()
+                              : end.snapshot ? " in " + end.snapshot->folder.path().string()
+                                             : "";
     if (end.snapshot && outcome.whole()) {
         report().tell("snapshot", {{"snapshot", end.snapshot->name}, {"complete", true}}, {});
     }

@@ -15,6 +15,10 @@ namespace {
 std::optional<Trouble> tell(const Snapshot& snapshot, bool complete, Report& report) {
     const auto index = complete ? snapshot.folder.index() : snapshot.folder.partialIndex();
     if (!index) {
+        if (complete) {
+            report.tell("snapshot", {{"snapshot", snapshot.name}, {"complete", false}, {"damaged", true}},
+                        snapshot.name + ": cannot be used.");
+        }
         return index.error();
     }
     std::uint64_t frames = 0;

@@ -188,7 +188,7 @@ void CommandLine::addSnapshot(CLI::App& subcommand) {
     subcommand.add_option("FOLDER", words.folder, "Folder of all backups, or of one")
         ->option_text(" ")
         ->required();
-    subcommand.add_option("--snapshot", options.snapshot, "The backup of that name, not the newest")
+    subcommand.add_option("--snapshot", words.snapshot, "The backup of that name, not the newest")
         ->option_text("NAME");
 }
 

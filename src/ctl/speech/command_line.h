@@ -21,6 +21,7 @@ struct Words {
     std::optional<std::string> record;
     std::optional<std::string> replay;
     std::optional<std::string> report;
+    std::optional<std::string> snapshot;
     double wait = 0;
     std::optional<double> patience;
     std::vector<std::string> topic;  ///< help: the command it is about

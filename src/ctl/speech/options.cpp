@@ -73,9 +73,9 @@ void completePaths(Options& options, const Words& words) {
 }
 
 /// Empty without that option.
-std::filesystem::path fileNamedBy(const char* option, const std::optional<std::string>& word) {
+std::string nameOf(const char* what, const char* option, const std::optional<std::string>& word) {
     if (word && word->empty()) {
-        throw usageError(std::string(option) + " requires the name of a file.");
+        throw usageError(std::string(option) + " requires the name of a " + what + ".");
     }
     return word.value_or("");
 }
@@ -86,9 +86,10 @@ void complete(CommandLine& line) {
     options.simulate = line.simulate.given();
     options.simulatedFolder = line.simulate.order().folder;
     options.faults = line.simulate.order().faults;
-    options.record = fileNamedBy("--record", words.record);
-    options.replay = fileNamedBy("--replay", words.replay);
-    options.report = fileNamedBy("--report", words.report);
+    options.record = nameOf("file", "--record", words.record);
+    options.replay = nameOf("file", "--replay", words.replay);
+    options.report = nameOf("file", "--report", words.report);
+    options.snapshot = nameOf("backup", "--snapshot", words.snapshot);
     if (!options.simulate && !options.faults.empty()) {
         throw usageError("--fault can only be used with --simulate.");
     }
