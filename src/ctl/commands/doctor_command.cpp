@@ -28,8 +28,11 @@ ExitCode DoctorCommand::work() const {
             findings = *found;
             show(findings);
         } else {
-            context_.output.error("The system rule was not installed: " + found.error().words +
-                                  ". Run: " + missing->remedy);
+            const auto& why = found.error().words;
+            if (context_.options.json) {
+                printJson(context_.output, {{"event", "not-installed"}, {"message", why}});
+            }
+            context_.output.error("The system rule was not installed: " + why + ". Run: " + missing->remedy);
         }
     }
     if (const auto& file = context_.options.report; !file.empty()) {
