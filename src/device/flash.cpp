@@ -34,13 +34,13 @@ bool KZQ7306::flashFirmware(std::vector<std::uint8_t> image, FlashCompletion com
     if (!claim(completion && !image.empty())) {
         return false;
     }
+    imageDue_ = false;  // it begins later, and may be asked before that how far it is
+    imageGone_.before = 0;
     environment_.executor.background(
         Priority::high,
         [weak = weak_from_this(), flash = Flash{std::move(image), std::move(completion)}]() mutable {
             if (const auto self = weak.lock()) {
                 const auto lock = self->beginOperation(flashing);
-                self->imageDue_ = false;
-                self->imageGone_.before = 0;
                 self->setFlash(std::move(flash));
                 self->beginFirmwareUpdate();
             }

@@ -162,7 +162,7 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
         auto* const data = const_cast<std::uint8_t*>(piece.data());
         const UsbResult result = bulk(endpoint, data, piece.size(), moved);
         // More than was asked for stays more than was asked for, whichever piece it is.
-        transferred += moved > piece.size() ? from.size() : moved;
+        transferred += moved > piece.size() ? from.size() + 1 : moved;
         if (result != usbSuccess) {
             return result;
         }
