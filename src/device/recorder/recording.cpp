@@ -226,7 +226,8 @@ Result<Recording> readRecording(std::istream& file) {
         return refusal(1, "is not \"" + std::string(recordingHeader) + "\"");
     }
     Reader reader;
-    for (std::size_t number = 2; readLine(file, line); ++number) {
+    std::size_t number = 2;
+    for (; readLine(file, line); ++number) {
         if (file.eof()) {
             return refusal(number, "is cut off");
         }
@@ -234,6 +235,9 @@ Result<Recording> readRecording(std::istream& file) {
         if (fault != nullptr) {
             return refusal(number, fault);
         }
+    }
+    if (file.bad()) {
+        return refusal(number, "cannot be read");
     }
     return reader.recording();
 }

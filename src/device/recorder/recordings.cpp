@@ -45,6 +45,10 @@ Result<void> capture(const std::filesystem::path& recording, const std::filesyst
     }
     std::ostringstream packets;
     writePcapng(packets, *events, audio);
+    if (!packets) {
+        return Trouble{Trouble::Kind::file, capture.string(),
+                       ENOMEM};  // a stream says no more than that it failed
+    }
     const auto bytes = std::move(packets).str();
     auto written =
         writeFileNamed(capture, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
