@@ -13,6 +13,11 @@ namespace {
 /// The same on every computer.
 constexpr std::array systemFolders{"/dev/", "/etc/", "/lib/", "/proc/", "/run/udev/", "/sys/", "/usr/"};
 
+/// In them, and yet with what people name.
+constexpr std::array foreignFolders{"/dev/shm", "/usr/local"};
+/// To folders that may be anywhere.
+constexpr std::array ways{"/..", "/cwd", "/root"};
+
 bool isPartOfWord(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' ||
            (static_cast<unsigned char>(c) & 0x80U) != 0;  // of a letter beyond ASCII
@@ -36,26 +41,35 @@ std::string replaced(std::string text, std::string_view word, const std::functio
 }
 
 bool beginsPath(std::string_view text, std::size_t at) {
-    constexpr std::string_view borders = " \t\"'=(>:";
-    return text[at] == '/' && (at == 0 || borders.find(text[at - 1]) != std::string_view::npos) &&
-           at + 1 < text.size() && text[at + 1] != ' ';
+    return text[at] == '/' && (at == 0 || !isPartOfWord(text[at - 1])) && at + 1 < text.size() &&
+           text[at + 1] != ' ';
 }
 
 std::size_t endOfWord(std::string_view text, std::size_t at) {
     return std::min(text.find_first_of(" \t\n\"'", at), text.size());
 }
 
+std::size_t endOfQuoted(std::string_view text, std::size_t at, char quote) {
+    constexpr std::string_view quoteInside = R"('\'')";  // for a shell
+    auto end = text.find(quote, at);
+    while (end != std::string_view::npos && text.substr(end).starts_with(quoteInside)) {
+        end = text.find(quote, end + quoteInside.size());
+    }
+    return std::min(end, text.size());
+}
+
 std::size_t endOfPath(std::string_view text, std::size_t at, bool inWords) {
     if (at > 0 && (text[at - 1] == '"' || text[at - 1] == '\'')) {
-        return std::min(text.find(text[at - 1], at), text.size());
+        return endOfQuoted(text, at, text[at - 1]);
     }
     return inWords ? endOfWord(text, at) : std::min(text.find('\n', at), text.size());
 }
 
 bool isOfSystem(std::string_view path) {
-    return path.find("/..") == std::string_view::npos &&
-           std::ranges::any_of(systemFolders,
-                               [path](const char* folder) { return path.starts_with(folder); });
+    const auto isBelow = [path](const char* folder) { return path.starts_with(folder); };
+    const auto leadsTo = [path](const char* way) { return path.find(way) != std::string_view::npos; };
+    return std::ranges::any_of(systemFolders, isBelow) && std::ranges::none_of(foreignFolders, isBelow) &&
+           std::ranges::none_of(ways, leadsTo);
 }
 
 bool isAddress(std::string_view before) {
