@@ -1,8 +1,9 @@
 #include "troubleshooting/doctor.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
-#include <sstream>
+#include <string_view>
 
 namespace kzq {
 
@@ -16,11 +17,15 @@ constexpr int looks = 10;
 constexpr std::string_view sudo = "sudo ";
 constexpr std::string_view installing = "install -m ";
 
-/// The single commands of a line for a shell. What is in quotes stays whole.
+/// The single commands of a line for a shell. What is in quotes stays whole; "\'" outside them is no quote.
 std::vector<std::string> commandsOf(const std::string& line) {
     std::vector<std::string> commands(1);
     bool quoted = false;
     for (std::size_t at = 0; at < line.size(); ++at) {
+        if (!quoted && line[at] == '\\' && at + 1 < line.size()) {
+            commands.back() += line.substr(at++, 2);
+            continue;
+        }
         quoted = quoted != (line[at] == '\'');
         if (!quoted && (line.compare(at, 4, " && ") == 0)) {
             commands.emplace_back();
@@ -30,6 +35,21 @@ std::vector<std::string> commandsOf(const std::string& line) {
         }
     }
     return commands;
+}
+
+/// As the shell takes it.
+std::string withoutQuotes(const std::string& word) {
+    std::string plain;
+    bool quoted = false;
+    for (std::size_t at = 0; at < word.size(); ++at) {
+        if (word[at] == '\'') {
+            quoted = !quoted;
+            continue;
+        }
+        at += !quoted && word[at] == '\\' && at + 1 < word.size() ? 1U : 0U;
+        plain += word[at];
+    }
+    return plain;
 }
 
 /// For a shell that is root's already.
@@ -59,9 +79,7 @@ std::optional<Installed> installedBy(const std::string& command) {
     if (last == std::string::npos) {
         return std::nullopt;
     }
-    auto from = rest.substr(0, last);
-    std::erase(from, '\'');
-    return Installed{from, rest.substr(last + 1)};
+    return Installed{withoutQuotes(rest.substr(0, last)), rest.substr(last + 1)};
 }
 
 /// "… | tee FILE"

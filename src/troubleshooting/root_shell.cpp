@@ -39,15 +39,18 @@ int statusOf(std::vector<std::string> words) {
         arguments.push_back(word.data());
     }
     arguments.push_back(nullptr);
-    // What this program ignores, its children would too.
+    // What this program ignores or blocks, its children would too.
     sigset_t usual;
     sigemptyset(&usual);
     sigaddset(&usual, SIGPIPE);
     sigaddset(&usual, SIGXFSZ);
+    sigset_t none;
+    sigemptyset(&none);
     posix_spawnattr_t attributes{};
     ::posix_spawnattr_init(&attributes);
     ::posix_spawnattr_setsigdefault(&attributes, &usual);
-    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+    ::posix_spawnattr_setsigmask(&attributes, &none);
+    ::posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
     pid_t child = 0;
     const int error =
         ::posix_spawn(&child, arguments.front(), nullptr, &attributes, arguments.data(), ::environ);
