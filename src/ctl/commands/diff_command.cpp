@@ -1,6 +1,7 @@
 #include "ctl/commands/diff_command.h"
 
 #include <algorithm>
+#include <array>
 #include <nlohmann/json.hpp>
 #include <utility>
 

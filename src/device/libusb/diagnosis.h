@@ -1,7 +1,5 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <cstdlib>
 #include <filesystem>
 #include <vector>
@@ -26,8 +24,6 @@ struct SystemPlaces {
     ProcessPlaces processes = {};
     /// The user is logged in over the network, so udev's rules for the user at the computer do not apply.
     bool remote = ::getenv("SSH_CONNECTION") != nullptr;  // NOLINT(concurrency-mt-unsafe): nobody writes it
-    /// This process: that it has the pedal is no trouble.
-    int self = ::getpid();
     /// The running program: the rules and the helper that came with it are in a folder above.
     std::filesystem::path program = "/proc/self/exe";
 };
