@@ -67,9 +67,9 @@ void write(AppParts& parts, const std::filesystem::path& file, bool namesWanted)
             report.results = std::move(told.results);
             const auto saved = save(writeFile, file, reportText(report, namesWanted, std::move(told.names)));
             post([&parts, work, file, saved] {
-                parts.teller.idle(work);
                 parts.teller.tell(toldReport(file, saved), reportJob,
                                   afterwards(parts, file, saved.has_value()));
+                parts.teller.idle(work);
             });
         });
 }

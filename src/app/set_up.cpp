@@ -67,12 +67,12 @@ void install(const std::shared_ptr<Attempt>& attempt) {
     environment.executor.background(Priority::standard,
                                     [post, attempt, work, order, trouble = attempt->trouble] {
                                         post([attempt, work, found = setUpSystem(order, trouble)] {
-                                            attempt->parts.teller.idle(work);
                                             if (found) {
                                                 attempt->installed(*found);
                                             } else {
                                                 attempt->notInstalled(found.error().words);
                                             }
+                                            attempt->parts.teller.idle(work);
                                         });
                                     });
 }

@@ -163,11 +163,13 @@ std::function<void(SlotNumber)> Teller::follower(Work work, std::function<void(E
 }
 
 void Teller::silent() {
-    const Told told{.what = "The pedal has stopped answering", .detail = "Cancel, or unplug it."};
     if (!silent_->exchange(true)) {
-        tell(told);
         const auto* const work = newest();
         const auto stop = work == nullptr ? Remedy{} : work->stop;
+        const Told told{
+            .what = "The pedal has stopped answering",
+            .detail = stop.act ? "Stop it, or unplug the pedal." : "Cancel, or unplug the pedal."};
+        tell(told);
         announcements_->setWork(told.what + (stop.act ? ": stop, or unplug it" : ": cancel, or unplug it"),
                                 stop.label, stop.act);
     }

@@ -69,6 +69,12 @@ TEST_F(AnnouncementsTest, AFailureStaysUntilItIsSettled) {
     EXPECT_EQ(line(), "seen") << "the line keeps still under the list";
     announcements.setListOpen(false);
     EXPECT_EQ(line(), "at rest");
+
+    announcements.tell({.what = "5 lost", .failure = true, .job = "import", .asked = {5}, .missing = {5}});
+    announcements.tell({.what = "6 imported", .job = "import", .asked = {6}});
+    EXPECT_EQ(line(), "5 lost") << "nobody tried that one again";
+    announcements.tell({.what = "both imported", .job = "import", .asked = {5, 6}});
+    EXPECT_EQ(line(), "both imported");
 }
 
 TEST_F(AnnouncementsTest, OfManyFailuresTheNewestIsShownAndTheOthersAreNotLost) {
@@ -101,6 +107,19 @@ TEST_F(AnnouncementsTest, OfManyFailuresTheNewestIsShownAndTheOthersAreNotLost) 
         useLine();
     }
     EXPECT_EQ(line(), "at rest");
+}
+
+TEST_F(AnnouncementsTest, WhatTheProgramDoesByItselfGivesASuccessItsTime) {
+    succeeds("saved");
+    announcements.setBackground("downloading");
+    executor.advance(9s);
+    EXPECT_EQ(line(), "saved");
+    executor.advance(1s);
+    EXPECT_EQ(line(), "downloading");
+    succeeds("exported");
+    EXPECT_EQ(line(), "exported");
+    executor.advance(10s);
+    EXPECT_EQ(line(), "downloading");
 }
 
 TEST_F(AnnouncementsTest, ASuccessStaysTenSecondsAndAsLongAsItIsHeld) {

@@ -41,6 +41,7 @@ void Announcements::tell(Announcement announcement) {
     }
     names_.insert(announcement.names.begin(), announcement.names.end());
     list_.push_front(std::move(announcement));
+    toldSince_ = executor_.now();
     if (list_.size() > kept) {
         std::erase(open_, list_.back().number);
         list_.pop_back();
@@ -62,8 +63,9 @@ void Announcements::settleOlder(const Announcement& newer) {
     std::erase_if(open_, [&](std::uint64_t number) {
         const auto told = std::ranges::find(list_, number, &Announcement::number);
         return told != list_.end() && told->job == newer.job &&
-               (!newer.failure ||
-                (!told->missing.empty() && std::ranges::includes(newer.asked, told->missing)));
+               ((newer.failure ? told->missing : newer.asked).empty()
+                    ? !newer.failure
+                    : std::ranges::includes(newer.asked, told->missing));
     });
 }
 
@@ -80,8 +82,9 @@ void Announcements::settle(const std::string& job) {
     update();
 }
 
-void Announcements::setBackground(std::string sentence) {
+void Announcements::setBackground(std::string sentence, std::string said) {
     background_ = std::move(sentence);
+    backgroundSaid_ = std::move(said);
     update();
 }
 
@@ -150,10 +153,12 @@ Announcements::Line Announcements::wanted() const {
     if (failure != list_.end()) {
         return lineOf(*failure);
     }
-    if (!background_.empty()) {
-        return {Kind::work, background_};
+    const bool succeeded = !list_.empty() && !list_.front().failure;
+    const bool fresh = succeeded && executor_.now() - toldSince_ < shortest;
+    if (!background_.empty() && !fresh) {
+        return {.kind = Kind::work, .sentence = background_, .said = backgroundSaid_};
     }
-    if (!list_.empty() && !list_.front().failure) {
+    if (succeeded) {
         return lineOf(list_.front());
     }
     return {Kind::rest, rest_};
@@ -167,17 +172,21 @@ bool Announcements::staysFor(const Line& next) const {
     if (held_ || listOpen_) {
         return true;
     }
-    return line_.kind == Kind::success && next.kind == Kind::success &&
+    const bool background = next.kind == Kind::work && work_.sentence.empty();
+    return line_.kind == Kind::success && (background || next.kind == Kind::success) &&
            executor_.now() - shownSince_ < shortest;
 }
 
 void Announcements::update(bool atOnce) {
     auto next = wanted();
+    if (!background_.empty() && next.kind == Kind::success) {
+        lookAgain(toldSince_ + shortest - executor_.now());
+    }
     if (next == line_) {
         return;
     }
     if (!atOnce && staysFor(next)) {
-        lookAgain();
+        lookAgain(shownSince_ + shortest - executor_.now());
         return;
     }
     line_ = std::move(next);
@@ -187,8 +196,7 @@ void Announcements::update(bool atOnce) {
     }
 }
 
-void Announcements::lookAgain() {
-    const auto left = shownSince_ + shortest - executor_.now();
+void Announcements::lookAgain(Executor::Duration left) {
     if (left <= Executor::Duration::zero()) {
         return;  // it is held, and the end of that leads here
     }

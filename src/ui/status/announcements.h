@@ -23,8 +23,8 @@ struct Announcement {
     /// What was attempted, such as "import": its success settles its failures. Empty: nothing settles it.
     std::string job = {};
     std::vector<std::string> names = {};  ///< of files and folders in it
-    /// The loops that were asked for, and of a failure those that are missing. A failure that has asked for
-    /// all that an older one of its job misses settles that one.
+    /// The loops that were asked for, and of a failure those that are missing. What has asked for all that an
+    /// older failure of its job misses settles that one; a success without loops settles them all.
     std::set<unsigned> asked = {};
     std::set<unsigned> missing = {};
     std::string actionLabel = {};  ///< "Try again"; empty: there is none
@@ -43,9 +43,9 @@ struct Announcement {
 /// What the status line says, and the last outcomes. The rules:
 ///
 /// - What is under way comes before everything.
-/// - A failure stays until its action was used, its job succeeded or was attempted again with the same loops,
-///   or the list was opened; of several, the newest is shown.
-/// - What the program does by itself comes after the failures.
+/// - A failure stays until its action was used, its job succeeded or was attempted again with the loops that
+///   it misses, or the list was opened; of several, the newest is shown.
+/// - What the program does by itself comes after the failures, and after a success once that is 10 s old.
 /// - A success stays until the next outcome. One that follows within 10 s waits for that time.
 /// - An outcome does not change while held, which is while pointer or focus is on it, or the list is open.
 ///
@@ -85,8 +85,8 @@ class Announcements {
     void setWork(std::string sentence, std::string actionLabel = {}, std::function<void()> action = {},
                  const std::string& said = {});
 
-    /// What the program does by itself meanwhile; empty for nothing.
-    void setBackground(std::string sentence);
+    /// What the program does by itself meanwhile, and what a screen reader gets instead; empty for nothing.
+    void setBackground(std::string sentence, std::string said = {});
 
     /// Whether pointer or focus is on the line.
     void setHeld(bool held);
@@ -106,7 +106,7 @@ class Announcements {
     Line wanted() const;
     bool staysFor(const Line& next) const;
     void update(bool atOnce = false);
-    void lookAgain();
+    void lookAgain(Executor::Duration left);
 
     Executor& executor_;
     WallClock clock_;
@@ -121,8 +121,10 @@ class Announcements {
     std::function<void()> workAction_;
     std::string workSaid_;
     std::string background_;
+    std::string backgroundSaid_;
     Line line_;
     Executor::TimePoint shownSince_{};
+    Executor::TimePoint toldSince_{};  ///< the newest of the list
     bool held_ = false;
     bool listOpen_ = false;
     std::shared_ptr<int> life_ = std::make_shared<int>();
