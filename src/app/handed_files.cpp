@@ -2,6 +2,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/model/loop_model.h"
 #include "app/staging.h"
@@ -14,16 +15,19 @@ namespace {
 /// `left` are those of `given` files for which there was no row.
 Told toldLeft(const QList<QUrl>& left, qsizetype given) {
     const auto used = given - left.size();
-    std::string names;
+    std::string list;
+    std::vector<std::string> names;
     for (const auto& file : left) {
-        names += (names.empty() ? "" : ", ") + ("\"" + file.fileName().toStdString() + "\"");
+        names.push_back(file.fileName().toStdString());
+        list += (list.empty() ? "" : ", ") + ("\"" + names.back() + "\"");
     }
     return {.what = used == 0 ? "No file was used"
                               : "Only " + std::to_string(used) + " of " + std::to_string(given) + " files " +
                                     (used == 1 ? "was" : "were") + " used",
-            .why = "no other row is free",
-            .detail = "Left out: " + names + ".",
-            .failure = true};
+            .why = used == 0 ? "no row is free" : "no other row is free",
+            .detail = "Left out: " + list + ".",
+            .failure = true,
+            .names = std::move(names)};
 }
 
 }  // namespace

@@ -89,15 +89,17 @@ void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
 
 /// What there is of a damaged file, on its row, or on another if that has a file now.
 bool Staging::useAnyway(const Drop& drop) {
-    const auto name = "\"" + drop.file.fileName().toStdString() + "\"";
-    const auto slot = model_.freeFrom(drop.slot);
+    const auto file = drop.file.fileName().toStdString();
+    const auto name = "\"" + file + "\"";
+    const auto slot = model_.freeFrom(drop.slot, expected_);
     if (!slot) {
-        teller_.tell({.what = "There is no free row for " + name, .failure = true});
+        teller_.tell({.what = "There is no free row for " + name, .failure = true, .names = {file}});
         return false;
     }
     if (*slot != drop.slot) {
         teller_.tell({.what = name + " goes to the row of " + loopName(*slot),
-                      .detail = loopName(drop.slot) + " has another file."});
+                      .detail = loopName(drop.slot) + " has another file.",
+                      .names = {file}});
     }
     convert(*slot, drop.file, environment_.salvage);
     return true;

@@ -66,14 +66,16 @@ LoopModel::Staged LoopModel::stage(const ExportInfo& info, std::uint64_t drop) {
     return Staged::yes;
 }
 
-std::optional<SlotNumber> LoopModel::freeFrom(SlotNumber wanted) const {
-    if (!staging_.contains(wanted)) {
+std::optional<SlotNumber> LoopModel::freeFrom(SlotNumber wanted,
+                                              const std::multiset<SlotNumber>& expected) const {
+    const auto hasFile = [&](SlotNumber slot) { return staging_.contains(slot) || expected.contains(slot); };
+    if (!hasFile(wanted)) {
         return wanted;
     }
     auto slots = allSlots();
     std::ranges::rotate(slots, std::ranges::find(slots, wanted));
     const auto free = std::ranges::find_if(
-        slots, [this](SlotNumber slot) { return !staging_.contains(slot) && !table_.contains(slot); });
+        slots, [&](SlotNumber slot) { return !hasFile(slot) && !table_.contains(slot); });
     return free == slots.end() ? std::nullopt : std::optional(*free);
 }
 

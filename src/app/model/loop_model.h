@@ -42,9 +42,9 @@ class LoopModel {
     /// In place of what was staged for the slot. Nothing changes unless the answer is yes.
     Staged stage(const ExportInfo& info, std::uint64_t drop);
     void unstage(SlotNumber slot) { staging_.erase(slot); }
-    /// `wanted`, or if a file is staged for it, the next slot with neither a file nor a loop, from the first
-    /// again after the last; nothing if there is none.
-    std::optional<SlotNumber> freeFrom(SlotNumber wanted) const;
+    /// `wanted`, or if a file is staged or expected for it, the next slot with neither a file nor a loop,
+    /// from the first again after the last; nothing if there is none.
+    std::optional<SlotNumber> freeFrom(SlotNumber wanted, const std::multiset<SlotNumber>& expected) const;
     /// All that was staged is on the pedal.
     void sent() { staging_.clear(); }
     /// Whether a question about these is still about what is staged and about what it overwrites.
