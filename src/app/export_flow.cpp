@@ -56,13 +56,17 @@ class Export {
                 order_.seen.put(slot, *loop);
             }
         }
-        if (order_.exports.empty() || !agreed()) {
+        if (order_.exports.empty()) {
+            return false;
+        }
+        pedal_ = parts_.model.pedal();
+        parts_.staging->setUnderWay(order_.exports);
+        if (!agreed()) {
+            parts_.staging->setUnderWay({});
             return false;
         }
         const auto total = shownTotal(order_.exports);
         parts_.transferPanel.open(total, order_.exports.size(), Slot::exportContext);
-        pedal_ = parts_.model.pedal();
-        parts_.staging->setUnderWay(order_.exports);
         run.turn.cover();
         watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
         return true;
@@ -77,9 +81,11 @@ class Export {
         const auto answer = parts_.environment.dialogs.run(yesOrNoAlertWithHeadline(
             "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
             "like to continue?"));
-        if (answer != alertFirstButton) {
+        const bool gone = pedal_ != parts_.model.pedal();
+        if (answer != alertFirstButton && !gone) {
             return false;
         }
+        // with the pedal, what was staged has gone too, and this says so after either answer
         const bool asked = parts_.model.stillAskedAbout(order_.exports);
         if (!asked) {
             tell({.wanted = order_.exports.size(), .end = Trouble{Trouble::Kind::changed, "what is staged"}});
@@ -123,7 +129,7 @@ class Export {
             std::ranges::copy_if(outcome.slots, std::back_inserter(written), [](const SlotOutcome& loop) {
                 return loop.did == SlotOutcome::Did::written;
             });
-            beginVerify(parts_, written, files_);
+            beginVerify(parts_, written, files_, pedal_);
         }
     }
 

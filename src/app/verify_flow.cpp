@@ -14,18 +14,24 @@ namespace {
 /// One run, from the end of its export on. Its parts are used on the main thread only.
 class Verify {
   public:
-    Verify(AppParts& parts, std::vector<SlotOutcome> written, std::map<SlotNumber, QUrl> files)
-        : parts_(parts), written_(std::move(written)), files_(std::move(files)) {}
+    Verify(AppParts& parts, std::vector<SlotOutcome> written, std::map<SlotNumber, QUrl> files,
+           unsigned pedal)
+        : parts_(parts), written_(std::move(written)), files_(std::move(files)), pedal_(pedal) {}
 
     void work(Run& run) {
-        if (run.pedal && run.ask([&] { start(run); })) {
+        if (run.pedal && run.ask([&] { return start(run); }).value_or(false)) {
+            const auto awake = run.keepAwake(AwakeFor::transfer);
             const auto outcome = runVerify(*run.pedal, written_, events_);
             run.ask([&] { finish(run, outcome); });
         }
     }
 
   private:
-    void start(Run& run) {
+    bool start(Run& run) {
+        if (pedal_ != parts_.model.pedal()) {
+            finish(run, {.wanted = written_.size(), .end = Trouble{Trouble::Kind::unplugged}});
+            return false;
+        }
         work_ = parts_.teller.newWork({"Stop", [this_ = &parts_] {
                                            this_->flows->cancel();
                                            return true;
@@ -34,6 +40,7 @@ class Verify {
         follow(written_.front().slot);
         events_.begins = [follow](SlotNumber slot, Step /*step*/) mutable { follow(slot); };
         events_.moved = [follow](SlotNumber slot, std::uint64_t /*bytes*/) mutable { follow(slot); };
+        return true;
     }
 
     void finish(Run& run, const Outcome& outcome) {
@@ -57,6 +64,7 @@ class Verify {
     AppParts& parts_;
     const std::vector<SlotOutcome> written_;
     const std::map<SlotNumber, QUrl> files_;  ///< the user's own
+    const unsigned pedal_;
     Teller::Work work_ = 0;
     Events events_;
 };
@@ -64,12 +72,12 @@ class Verify {
 }  // namespace
 
 void beginVerify(AppParts& parts, const std::vector<SlotOutcome>& written,
-                 const std::map<SlotNumber, QUrl>& files) {
+                 const std::map<SlotNumber, QUrl>& files, unsigned pedal) {
     if (auto turn = parts.flows->take(); turn && !written.empty()) {
         turn->occupy();
         parts.flows->start(
             std::move(*turn), transferPatience,
-            [flow = std::make_shared<Verify>(parts, written, files)](Run& run) { flow->work(run); });
+            [flow = std::make_shared<Verify>(parts, written, files, pedal)](Run& run) { flow->work(run); });
     }
 }
 

@@ -195,6 +195,7 @@ Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
 Told toldVerify(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
     std::vector<SlotNumber> differing;
     std::vector<SlotNumber> unread;
+    const Trouble noAnswer{Kind::noAnswer};
     const Trouble* why = outcome.end ? &*outcome.end : nullptr;
     for (const auto slot : notDone(outcome, asked)) {
         const auto loop = std::ranges::find(outcome.slots, slot, &SlotOutcome::slot);
@@ -212,6 +213,9 @@ Told toldVerify(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
     if (unread.empty()) {
         return {.what = (asked.size() == 1 ? loopName(asked.front()) : loopsText(asked.size())) + " verified",
                 .detail = "What the pedal sent back is the same, sample for sample."};
+    }
+    if (why == nullptr) {
+        why = &noAnswer;
     }
     if (why->kind == Kind::cancelled) {
         return {.what = "Verifying was stopped", .detail = left + " not compared."};

@@ -189,6 +189,7 @@ TEST_F(BadMoments, ALoopRecordedUnderTheQuestionIsNotOverwritten) {
     EXPECT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE2), IsEmpty());
     EXPECT_EQ(line(), "Nothing was written: what is staged changed meanwhile");
+    EXPECT_FALSE(window->statusLine().link().isVisibleTo(window.get())) << "all is still staged";
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 

@@ -215,10 +215,24 @@ TEST_F(FlowTest, AnExportThatLosesItsPedalOffersItsFilesItself) {
     ASSERT_TRUE(becomesIdle());
     pass(1s);
     EXPECT_THAT(line(), testing::HasSubstr("written: the pedal was unplugged"));
-    EXPECT_THAT(logged, testing::Not(testing::Contains(testing::HasSubstr("let go"))));
     window->statusLine().link().click();
     pass(1s);
     EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(4_slot)));
+    stage(3, 10);
+    dialogs.answer = [this] {
+        pedal.unplug();
+        executor.advance(1s);
+        return alertThirdButton;
+    };
+    window->exportButton()->click();
+    pass(1s);
+    EXPECT_EQ(line(), "Nothing was written: what is staged changed meanwhile");
+    plugIn();
+    pass(1s);
+    EXPECT_THAT(logged, testing::Not(testing::Contains(testing::HasSubstr("let go"))));
+    window->statusLine().link().click();
+    pass(1s);
+    EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 
 TEST_F(FlowTest, APedalThatIsSilentIsNamedAsLongAsItIsWhateverElseEnds) {
