@@ -224,7 +224,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (!certificates) {
         return complain(fileStatus, "cannot read " + options.authorities.string());
     }
-    const Start start{filesOf(options), startTokens()};
+    const bool records = !options.record.empty();
+    const Start start{records ? QList<QUrl>() : filesOf(options), startTokens()};
     Application application(argc, argv);
     Application::setApplicationName("kzq7306");
     Application::setApplicationDisplayName("");  // leaves window titles as they are
@@ -232,8 +233,8 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
     FirstWindow first(QDBusConnection::sessionBus(), nameOnBus(options));
-    if (isHandedOver(first, start)) {
-        return EXIT_SUCCESS;
+    if (isHandedOver(first, start)) {  // which has the pedal, and cannot record any more
+        return records ? complain(usageStatus, "close the window that is open, then record.") : EXIT_SUCCESS;
     }
     registerFonts();
     RunFolder::ofThisRun().sweep();
