@@ -22,6 +22,9 @@ constexpr Patience flashPatience{.limit = std::chrono::seconds(60), .stops = tru
 /// Its restart takes two seconds.
 constexpr Executor::Duration lateAfter = std::chrono::seconds(30);
 
+/// For ten minutes, ten seconds each: what comes later may be another pedal.
+constexpr int looks = 60;
+
 /// Of how many bytes, and which: for a file that the user chose.
 std::string factsOf(const FirmwareImage& image, const FirmwareUpdates& updates) {
     const auto newest = updates.isNewest(image);
@@ -79,6 +82,11 @@ class Installation {
         parts_.teller.tell(file_ ? chosen : offered, "firmware");
     }
 
+    Told toldSent() const {
+        const auto name = file_->filename().string();
+        return {.what = "\"" + name + "\" was sent", .names = {name}};
+    }
+
     void start(Run& run) {
         work_ = parts_.teller.newWork();
         version_ = file_ ? "" : updates_->news().offered;
@@ -102,11 +110,20 @@ class Installation {
 
     FlashEvents follow(Run& run) {
         const auto say = [this, &run](const FlashStep& step) { run.ask([&] { show(step); }); };
-        const auto phase = [this, say](FlashPhase now) {
+        const auto phase = [this, say, &run](FlashPhase now) {
+            if (now == FlashPhase::left && phase_ == FlashPhase::sending) {
+                return;  // that the image has ended is said in a moment
+            }
             phase_ = now;
+            if (now == FlashPhase::sending && !awake_) {
+                awake_ = run.keepAwake(AwakeFor::firmware);
+            }
             say(flashStep(now, std::nullopt));
         };
         const auto waiting = [this, say](Executor::Duration waited) {
+            if (phase_ < FlashPhase::sending && waited >= lateAfter) {
+                awake_.reset();  // this may last for ever
+            }
             if (phase_ == FlashPhase::left && waited >= lateAfter && !std::exchange(late_, true)) {
                 auto step = flashStep(phase_, std::nullopt);
                 step.words = step.said =
@@ -120,7 +137,7 @@ class Installation {
 
     /// After a failure the bar and the offer stay.
     void install(Run& run, const FirmwareImage& image) {
-        const auto awake = run.keepAwake(AwakeFor::firmware);
+        awake_ = run.keepAwake(AwakeFor::firmware);
         const auto end = runFlash(*run.pedal, image, follow(run));
         const bool sent = end.how == FlashEnd::How::sent;
         if (sent) {
@@ -130,7 +147,7 @@ class Installation {
         run.ask([&] {
             run.turn.end();
             if (sent) {
-                tell(file_ ? Told{.what = "\"" + file_->filename().string() + "\" was sent"} : told(end));
+                tell(file_ ? toldSent() : told(end));
             } else {
                 finish(end, told(end));
             }
@@ -139,14 +156,17 @@ class Installation {
         if (sent) {
             awaitReturn(run, end);
         }
+        awake_.reset();
         run.ask([this] { parts_.firmware.isOver(); });
     }
 
-    /// A pedal that does not come back is looked for as long as the window is there, or until the next
-    /// installation.
+    /// A pedal that does not come back is looked for a while longer, unless there is another installation.
     void awaitReturn(Run& run, const FlashEnd& sent) {
-        for (bool said = false, goesOn = true; goesOn;) {
+        bool goesOn = true;
+        bool said = false;
+        for (int look = 0; goesOn && look <= looks; ++look) {
             const auto end = confirmFlash(*run.pedal, sent, {});
+            awake_.reset();
             const auto why = end.why ? end.why->kind : Trouble::Kind::noAnswer;
             const bool away = end.how == FlashEnd::How::unconfirmed &&
                               (why == Trouble::Kind::noReturn || why == Trouble::Kind::stillInLoader);
@@ -175,13 +195,14 @@ class Installation {
         if (file_) {
             parts_.teller.idle(work_);  // for a while the line says which file was sent
         }
-        tell(told);
-        parts_.teller.idle(work_);
-        if (!told.failure && !before_.empty()) {
-            told.detail = "It ran " + before_ + " before.";
-        }
         const bool again = told.failure && !file_ && end.how == FlashEnd::How::notSent && updates_->update();
-        parts_.firmware.ended(end, told, again);
+        auto notice = told;
+        if (!told.failure && !before_.empty()) {
+            notice.detail = "It ran " + before_ + " before.";
+        }
+        parts_.firmware.ended(end, notice, again);
+        tell(std::move(told));  // the newest failure is the one in the line
+        parts_.teller.idle(work_);
     }
 
     AppParts& parts_;
@@ -194,7 +215,8 @@ class Installation {
     std::string facts_;    ///< of the file
     std::string before_;   ///< the version that the pedal had
     FlashPhase phase_ = FlashPhase::asking;
-    bool late_ = false;  ///< it should have come back, and the user knows
+    bool late_ = false;            ///< it should have come back, and the user knows
+    std::shared_ptr<void> awake_;  ///< the computer; on the operation's thread
 };
 
 void begin(AppParts& parts, std::optional<std::filesystem::path> file) {

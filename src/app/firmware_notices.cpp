@@ -5,6 +5,7 @@
 
 #include "app/app_parts.h"
 #include "app/firmware_flow.h"
+#include "device/kzq7306.h"
 
 namespace kzq {
 
@@ -46,16 +47,29 @@ void FirmwareNotices::ended(const FlashEnd& end, const Told& told, bool again) {
         notice.accept = "Try Again";
         notice.accepted = [&parts = parts_] { beginOfferedFirmware(parts); };
     }
+    notice.declined = [this] { newsChanged(); };
     parts_.panels.firmwareNotice->show(std::move(notice));
-    if (end.how == FlashEnd::How::inLoader) {  // it is offered again once its list has been read
-        waiting_ = true;
-        asked_ = false;
+    const bool storing = end.how == FlashEnd::How::unconfirmed;  // perhaps
+    if (end.how == FlashEnd::How::inLoader || (!storing && inLoader())) {
+        pedalWaits();
     }
 }
 
-void FirmwareNotices::arrived(char stage) {
-    if (stage != stageFactoryBlank || installations_ != 0) {
-        endRepair();
+void FirmwareNotices::isOver() {
+    if (--installations_ == 0 && inLoader()) {
+        pedalWaits();
+    }
+}
+
+bool FirmwareNotices::inLoader() const {
+    const auto looper = parts_.environment.link();
+    return looper && !looper->disconnected() && looper->factoryBlank();
+}
+
+/// The repair is offered now if there is an image, or else once there is; after an ending, once the user has
+/// closed that.
+void FirmwareNotices::pedalWaits() {
+    if (waiting_) {
         return;
     }
     waiting_ = true;
@@ -70,10 +84,17 @@ void FirmwareNotices::arrived(char stage) {
     newsChanged();
 }
 
-void FirmwareNotices::left() {
-    if (installations_ == 0) {
+void FirmwareNotices::arrived(char stage) {
+    if (stage != stageFactoryBlank || installations_ != 0) {
         endRepair();
+        return;
     }
+    waiting_ = false;  // it may be another one
+    pedalWaits();
+}
+
+void FirmwareNotices::left() {
+    endRepair();
 }
 
 void FirmwareNotices::endRepair() {
@@ -94,13 +115,16 @@ void FirmwareNotices::newsChanged() {
     if (const auto& updater = parts_.panels.firmwareUpdater) {
         const auto news = updater->updates()->news();
         const auto part = news.total == 0 ? 0 : 100 * news.received / news.total;
-        parts_.teller.background(news.total == 0 ? ""
-                                                 : "Downloading firmware " + news.newest + ", " +
-                                                       std::to_string(part) + " %");
+        const auto words = [&](auto percent) {
+            return "Downloading firmware " + news.newest + ", " + std::to_string(percent) + " %";
+        };
+        parts_.teller.background(news.total == 0 ? "" : words(part),
+                                 news.total == 0 ? "" : words(part / 25 * 25));
     }
-    const bool open = parts_.panels.firmwareNotice->shown() == Kind::repair;
+    const auto shown = parts_.panels.firmwareNotice->shown();
+    const bool open = shown == Kind::repair;
     const auto version = offered();
-    if (waiting_ && (asked_ ? open && version != askedAbout_ : !version.empty())) {
+    if (waiting_ && (open || !shown) && (asked_ ? open && version != askedAbout_ : !version.empty())) {
         offerRepair();
     }
 }

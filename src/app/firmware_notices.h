@@ -20,7 +20,7 @@ class FirmwareNotices : Fixed {
     /// An installation goes on, so that a pedal in its loader is no surprise; its number. It is over much
     /// later than its ending is known if the pedal does not come back.
     unsigned begins();
-    void isOver() { --installations_; }
+    void isOver();
     bool isLatest(unsigned number) const { return number == latest_; }
     /// How one ended. `again`: whether the same image, which is still verified, may be sent again.
     void ended(const FlashEnd& end, const Told& told, bool again);
@@ -32,6 +32,8 @@ class FirmwareNotices : Fixed {
 
   private:
     std::string offered() const;
+    bool inLoader() const;
+    void pedalWaits();
     void offerRepair();
     void endRepair();
 

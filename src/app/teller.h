@@ -49,8 +49,10 @@ class Teller : Fixed {
     /// The failures of `job` are over, without a success.
     void settle(const std::string& job) { announcements_->settle(job); }
 
-    /// What the program does by itself; empty for nothing.
-    void background(const std::string& sentence) { announcements_->setBackground(sentence); }
+    /// What the program does by itself, and for a screen reader; empty for nothing.
+    void background(const std::string& sentence, const std::string& said) {
+        announcements_->setBackground(sentence, said);
+    }
     /// Everything that was told and is still in the list, and all names of files that ever were in it.
     const Announcements& announcements() const { return *announcements_; }
 

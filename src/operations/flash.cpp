@@ -1,5 +1,6 @@
 #include "operations/flash.h"
 
+#include <algorithm>
 #include <atomic>
 #include <memory>
 #include <utility>
@@ -62,7 +63,7 @@ class Flash {
 
     void enter(FlashPhase phase);
     FlashEnd notSent(Trouble why) const {
-        return {How::notSent, phase_, {}, std::move(why), percent_.value_or(0)};
+        return {How::notSent, phase_, {}, std::move(why), percent_.value_or(0), blank_};
     }
     char stage() const { return pedal_.cable().stage; }
     bool completed() const { return report_->completed != Answer::none; }
@@ -76,6 +77,7 @@ class Flash {
     const FlashEvents& events_;
     FlashPhase phase_ = FlashPhase::asking;
     std::optional<unsigned> percent_;  ///< of the image
+    bool blank_ = false;               ///< the pedal was in its loader from the start
     const std::shared_ptr<Report> report_ = std::make_shared<Report>();
 };
 
@@ -112,7 +114,7 @@ bool Flash::awaitPedal(Executor::Duration extra, const Ready& ready) {
 }
 
 FlashEnd Flash::run(const Bytes& image) {
-    const bool blank = link_.factoryBlank();
+    blank_ = link_.factoryBlank();
     if (!begin()) {
         return notSent(pedal_.stopped().value());
     }
@@ -124,7 +126,7 @@ FlashEnd Flash::run(const Bytes& image) {
     if (report_->accepted == Answer::no) {
         return notSent(Trouble{link_.disconnected() ? Kind::unplugged : Kind::busy});
     }
-    if (!blank) {
+    if (!blank_) {
         if (auto why = enterLoader()) {
             return notSent(std::move(*why));
         }
@@ -226,7 +228,8 @@ void Flash::followImage(std::size_t bytes) {
     if (!sent) {
         return;
     }
-    const auto percent = static_cast<unsigned>(std::uint64_t{100} * *sent / bytes);
+    const auto percent =
+        static_cast<unsigned>(std::min<std::uint64_t>(std::uint64_t{100} * *sent / bytes, 100));
     if (!percent_ || *percent_ < percent) {
         percent_ = percent;
         tell(events_.image, percent);

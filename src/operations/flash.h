@@ -39,7 +39,8 @@ struct FlashEnd {
     /// Of `notSent` and `unconfirmed`: why; stillInLoader, noReturn, unknownVersion, or cancelled: nobody
     /// waited for it. Of `sent`: noAnswer if the loader left a request unanswered, which is no refusal.
     std::optional<Trouble> why = {};
-    unsigned percent = 0;  ///< of the image that has gone out
+    unsigned percent = 0;     ///< of the image that has gone out
+    bool fromLoader = false;  ///< of `notSent`: the pedal was in its loader from the start
 };
 
 /// Both on the operation's thread; either may be missing.

@@ -32,7 +32,8 @@ Told toldUnconfirmed(Kind why) {
                     .failure = true};
         default:
             return {.what = "Sent, but the pedal has not come back yet",
-                    .detail = "Unplug it and plug it in again. This window goes on looking for it.",
+                    .detail =
+                        "Unplug it and plug it in again. The program goes on looking for it for ten minutes.",
                     .failure = true};
     }
 }
@@ -66,6 +67,14 @@ FlashStep flashStep(FlashPhase phase, std::optional<unsigned> percent) {
 }
 
 namespace {
+
+std::string whereaboutsAfterAsking(const FlashEnd& end) {
+    if (end.fromLoader) {
+        return "It waits in its loader until it gets firmware.";
+    }
+    const bool unplugged = end.why && end.why->kind == Kind::unplugged;  // its restart may have begun
+    return unplugged ? "The pedal may have kept its firmware." : "The pedal keeps its firmware.";
+}
 
 /// The image is not complete in the pedal.
 Told toldIncomplete(const FlashEnd& end, const std::string& reason) {
@@ -107,7 +116,7 @@ Told told(const FlashEnd& end) {
     if (end.phase == FlashPhase::asking || (end.why && end.why->kind == Kind::loaderRefused)) {
         return {.what = "No firmware was installed",
                 .why = end.why && end.why->kind == Kind::loaderRefused ? "the pedal refused" : reason,
-                .detail = "The pedal keeps its firmware.",
+                .detail = whereaboutsAfterAsking(end),
                 .failure = true};
     }
     if (end.phase == FlashPhase::sending) {

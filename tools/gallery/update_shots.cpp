@@ -69,7 +69,8 @@ Shots notices() {
     using Kind = FirmwareNotice::Kind;
     return {notice(Kind::runs, "Firmware 1.06 runs on the pedal.", "It ran 1.05 before.", "OK", {}),
             notice(Kind::missing, "Sent, but the pedal has not come back yet",
-                   "Unplug it and plug it in again. This window goes on looking for it.", "Close", {}),
+                   "Unplug it and plug it in again. The program goes on looking for it for ten minutes.",
+                   "Close", {}),
             notice(Kind::failed, "The pedal did not take the image: 61 % was sent.",
                    "It waits in its loader until it gets firmware.", "Close", "Try Again"),
             notice(Kind::repair,

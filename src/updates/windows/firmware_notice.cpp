@@ -1,7 +1,10 @@
 #include "updates/windows/firmware_notice.h"
 
+#include <QApplication>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <utility>
 
 #include "ui/palette.h"
@@ -61,14 +64,24 @@ FirmwareNoticeWindow::FirmwareNoticeWindow() : window_(std::make_unique<UpdatePa
     decline_->setObjectName("decline");
     accept_ = new AlertButton(AlertButton::Face::cream, parent);
     accept_->setObjectName("accept");
-    QObject::connect(decline_, &AlertButton::clicked, parent, [this] { close(); });
+    QObject::connect(decline_, &AlertButton::clicked, parent, [this] { decline(); });
     QObject::connect(accept_, &AlertButton::clicked, parent, [this] { accept(); });
-    QObject::connect(parent, &UpdatePanel::escape, parent, [this] { close(); });
+    QObject::connect(parent, &UpdatePanel::escape, parent, [this] { decline(); });
+    later_ = new QTimer(parent);
+    later_->setSingleShot(true);
+    later_->setInterval(std::chrono::milliseconds(250));
+    QObject::connect(later_, &QTimer::timeout, parent, [this] { showPostponed(); });
 }
 
 FirmwareNoticeWindow::~FirmwareNoticeWindow() = default;
 
 void FirmwareNoticeWindow::show(FirmwareNotice notice) {
+    if (QApplication::activeModalWidget() != nullptr) {
+        postponed_ = std::move(notice);
+        later_->start();
+        return;
+    }
+    postponed_.reset();
     const bool wasShown = window_->isVisible();
     const bool repair = notice.kind == FirmwareNotice::Kind::repair;
     notice_ = std::move(notice);
@@ -85,6 +98,12 @@ void FirmwareNoticeWindow::show(FirmwareNotice notice) {
     window_->show();
     window_->raise();
     window_->setDefaultButton(notice_.accept.isEmpty() || repair ? decline_ : accept_);
+}
+
+void FirmwareNoticeWindow::showPostponed() {
+    if (auto notice = std::exchange(postponed_, std::nullopt)) {
+        show(std::move(*notice));
+    }
 }
 
 void FirmwareNoticeWindow::place(bool repair) {
@@ -109,11 +128,22 @@ void FirmwareNoticeWindow::accept() {
     }
 }
 
+void FirmwareNoticeWindow::decline() {
+    close();
+    if (const auto declined = notice_.declined) {
+        declined();
+    }
+}
+
 void FirmwareNoticeWindow::close() {
+    postponed_.reset();
     window_->close();
 }
 
 std::optional<FirmwareNotice::Kind> FirmwareNoticeWindow::shown() const {
+    if (postponed_) {
+        return postponed_->kind;
+    }
     return window_->isVisible() ? std::optional(notice_.kind) : std::nullopt;
 }
 

@@ -9,6 +9,7 @@
 #include "platform/fixed.h"
 
 class QLabel;
+class QTimer;
 class QWidget;
 
 namespace kzq {
@@ -32,6 +33,7 @@ struct FirmwareNotice {
     QString decline = {};                 ///< the button that only closes it
     QString accept = {};                  ///< empty: there is nothing to do
     std::function<void()> accepted = {};  ///< its press, after the window has closed
+    std::function<void()> declined = {};  ///< the user has closed it
 };
 
 /// A small window about firmware that blocks nothing and takes no focus. Main thread.
@@ -40,16 +42,18 @@ class FirmwareNoticeWindow : Fixed {
     FirmwareNoticeWindow();
     ~FirmwareNoticeWindow();
 
-    /// In place of what it showed before.
+    /// In place of what it showed before; under a modal dialog, which would block it, once that has closed.
     void show(FirmwareNotice notice);
     void close();
-    /// Nothing while it is closed.
+    /// Or is going to be. Nothing while it is closed.
     std::optional<FirmwareNotice::Kind> shown() const;
 
     QWidget& window();
 
   private:
     void accept();
+    void decline();
+    void showPostponed();
     void place(bool repair);
 
     FirmwareNotice notice_;
@@ -59,6 +63,8 @@ class FirmwareNoticeWindow : Fixed {
     QLabel* detail_;
     AlertButton* accept_;
     AlertButton* decline_;
+    QTimer* later_;
+    std::optional<FirmwareNotice> postponed_;
 };
 
 }  // namespace kzq
