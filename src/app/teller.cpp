@@ -166,9 +166,8 @@ void Teller::silent() {
     if (!silent_->exchange(true)) {
         const auto* const work = newest();
         const auto stop = work == nullptr ? Remedy{} : work->stop;
-        const Told told{
-            .what = "The pedal has stopped answering",
-            .detail = stop.act ? "Stop it, or unplug the pedal." : "Cancel, or unplug the pedal."};
+        const Told told{.what = "The pedal has stopped answering",
+                        .detail = stop.act ? "Stop it, or unplug the pedal." : "Cancel, or unplug it."};
         tell(told);
         announcements_->setWork(told.what + (stop.act ? ": stop, or unplug it" : ": cancel, or unplug it"),
                                 stop.label, stop.act);
