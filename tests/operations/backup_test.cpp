@@ -182,13 +182,17 @@ TEST_F(BackupWork, LoopsOfTwoMomentsAreNoBackup) {
     };
     EXPECT_EQ(end(backup()), "changed");
     EXPECT_TRUE(generations.snapshots().empty());
+    onBegin = [this](auto...) { pedal.setLoop(19, StoredLoop{noise(2, 2), 1, 1}); };
+    EXPECT_FALSE(backup().whole());
+    EXPECT_EQ(said.back(), "20 failed changed-while-read");
+    onBegin = [](auto...) {};
     EXPECT_TRUE(backup().whole());
 }
 
 TEST_F(BackupWork, ALengthThatCannotBeIsNeitherReadNorCounted) {
     port.tamper = [](std::uint8_t code, std::span<std::uint8_t> reply) {
         if (code == 0xEB) {
-            std::ranges::fill(reply.first(4), std::uint8_t{0xFF});
+            std::ranges::fill(reply.first(4), std::uint8_t{0x7F});
         }
     };
     const auto outcome = backup();

@@ -81,6 +81,10 @@ TEST_F(PedalWork, WhoHasGivenUpHearsNothingMore) {
 }
 
 TEST_F(PedalWork, ACancelCountsWheneverItComes) {
+    executor.main([this] { executor.main([this] { cancel(); }); });  // before the link is asked
+    EXPECT_EQ(read(3_slot), "cancelled");
+    EXPECT_THAT(wire(), IsEmpty());
+    hold({});
     cancelAt(wire::busy.code);  // before the link has accepted
     EXPECT_EQ(read(3_slot), "cancelled");
     EXPECT_EQ(count("E1 2 2"), 0);

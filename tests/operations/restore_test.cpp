@@ -96,12 +96,16 @@ TEST_F(RestoreWork, OnlyWhatWasComparedOrAskedAboutIsTouched) {
     EXPECT_THAT(said, ElementsAre("5 erased"));
 
     pedal.setMemoryListener({});
-    asked = plan().value();
-    recordAfter(2, true, 19);
-    outcome = restore(asked);
-    EXPECT_EQ(outcome.end.value().where, "Loop 20");
-    EXPECT_EQ(count("E2 19 0"), 0);
-    pedal.setMemoryListener({});
+    for (const auto recorded : std::array<std::uint8_t, 2>{19, 7}) {  // in the backup, and not
+        pedal.setLoop(2, std::nullopt);
+        pedal.setLoop(19, std::nullopt);
+        asked = plan().value();
+        recordAfter(2, true, recorded);
+        outcome = restore(asked);
+        EXPECT_EQ(outcome.end.value().where, "Loop " + std::to_string(recorded + 1));
+        EXPECT_EQ(count("E2 19 0"), 0);
+        pedal.setMemoryListener({});
+    }
     EXPECT_TRUE(restore().whole());
 }
 

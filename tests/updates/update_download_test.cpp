@@ -57,7 +57,11 @@ TEST(UpdateDownload, WhatWasVerifiedIsWhatIsPlaced) {
     EXPECT_EQ(readText(folder / "package"), package);
 
     UpdateDownload started(folder / "package");
-    ASSERT_TRUE(started.open() && started.append(bytes) && started.verify(item, std::vector{signer.key}));
+    auto longer = item;
+    ++longer.length;
+    signer.sign(longer);
+    ASSERT_TRUE(started.open() && started.append(bytes) && !started.verify(longer, std::vector{signer.key}));
+    ASSERT_TRUE(started.verify(item, std::vector{signer.key}));
     ASSERT_TRUE(started.seal(std::filesystem::perms(0555)));
     EXPECT_EQ(std::filesystem::status(started.part()).permissions(), std::filesystem::perms(0755))
         << "a leftover has to be open to the next download";
