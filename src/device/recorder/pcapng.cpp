@@ -26,20 +26,20 @@ constexpr int noDevice = -19;
 constexpr int otherError = -71;  ///< EPROTO
 
 /// Little-endian numbers, one after the other.
-class Words {
+class Block {
   public:
     template <class Number>
-    Words& add(Number number) {
+    Block& add(Number number) {
         for (std::size_t i = 0; i < sizeof(Number); ++i) {
             bytes_.push_back(static_cast<std::uint8_t>(static_cast<std::uint64_t>(number) >> (8 * i)));
         }
         return *this;
     }
-    Words& add(ByteView bytes) {
+    Block& add(ByteView bytes) {
         bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
         return *this;
     }
-    Words& pad(std::size_t multiple) {
+    Block& pad(std::size_t multiple) {
         bytes_.resize((bytes_.size() + multiple - 1) / multiple * multiple);
         return *this;
     }
@@ -52,7 +52,7 @@ class Words {
 void writeBlock(std::ostream& out, std::uint32_t type, const Bytes& body) {
     constexpr std::uint32_t frame = 12;  // type and, twice, length
     const auto length = static_cast<std::uint32_t>(body.size()) + frame;
-    Words block;
+    Block block;
     block.add(type).add(length).add(ByteView(body)).add(length);
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): iostreams write characters
     out.write(reinterpret_cast<const char*>(block.bytes().data()),
@@ -63,10 +63,10 @@ void writeHead(std::ostream& out) {
     constexpr std::uint32_t section = 0x0A0D0D0A;
     constexpr std::uint32_t interface = 1;
     constexpr std::uint16_t usbmon = 220;  // its form with headers of 64 bytes
-    Words head;
+    Block head;
     head.add(std::uint32_t{0x1A2B3C4D}).add(std::uint16_t{1}).add(std::uint16_t{0}).add(~std::uint64_t{0});
     writeBlock(out, section, head.bytes());
-    Words link;
+    Block link;
     link.add(usbmon).add(std::uint16_t{0}).add(std::uint32_t{0});
     writeBlock(out, interface, link.bytes());
 }
@@ -102,7 +102,7 @@ std::optional<Transfer> transferIn(const std::string& call) {
     if (verb == "control") {
         transfer.type = controlTransfer;
         transfer.endpoint = inMask;
-        Words setup;
+        Block setup;
         setup.add(next<std::uint8_t>(words, hexadecimal)).add(next<std::uint8_t>(words, hexadecimal));
         setup.add(next<std::uint16_t>(words, hexadecimal)).add(next<std::uint16_t>(words, hexadecimal));
         transfer.length = next<std::uint16_t>(words, 10);
@@ -151,7 +151,7 @@ void writeHalf(std::ostream& out, const RecordedEvent& event, const Transfer& tr
     const bool hasSetup = half.type == 'S' && !transfer.setup.empty();
     const std::int64_t time = event.time.count();
     const char absent = transfer.in() ? '<' : '>';
-    Words words;
+    Block words;
     words.add(std::uint64_t{event.number}).add(half.type).add(transfer.type).add(transfer.endpoint);
     words.add(std::uint8_t{1}).add(std::uint16_t{1});  // one device on one bus
     words.add(hasSetup ? '\0' : '-').add(half.data.empty() ? absent : '\0');
@@ -161,7 +161,7 @@ void writeHalf(std::ostream& out, const RecordedEvent& event, const Transfer& tr
     words.add(std::uint64_t{0}).add(std::uint64_t{0});  // interval, frame, flags, isochronous
     words.add(half.data);
     const auto size = static_cast<std::uint32_t>(words.bytes().size());
-    Words body;
+    Block body;
     body.add(std::uint32_t{0})
         .add(static_cast<std::uint32_t>(time >> 32U))
         .add(static_cast<std::uint32_t>(time));
