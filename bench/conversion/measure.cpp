@@ -44,12 +44,17 @@ long lagOf(const Samples& samples, const Samples& expected) {
     return best;
 }
 
+/// In decibels, to two places; never "-0.00".
+double decibels(double ratio) {
+    return std::round(2000 * std::log10(ratio)) / 100 + 0.0;
+}
+
 double peakOf(const Samples& samples) {
     std::int64_t peak = 0;
     for (const std::int32_t sample : samples) {
         peak = std::max(peak, std::abs(std::int64_t{sample}));
     }
-    return 20 * std::log10(static_cast<double>(peak) / fullScale);
+    return decibels(static_cast<double>(peak) / fullScale);
 }
 
 std::string verdictText(const Conversion::File& file) {
@@ -101,7 +106,7 @@ void printKinds(const Workshop& shop) {
                         differenceLevel(samples, one.expected));
         }
         std::printf(" %.2f |", peakOf(samples));
-        std::printf(result->gain == 1 ? " |\n" : " %+.2f |\n", 20 * std::log10(result->gain));
+        std::printf(result->gain == 1 ? " |\n" : " %+.2f |\n", decibels(result->gain));
     }
 }
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view beforeVersion = "7306 Loop Manager ";
 constexpr std::string_view behindVersion = " starts";
 
-Trouble unusable(const std::string& why) {
+Trouble doesNotRun(const std::string& why) {
     return {Trouble::Kind::unverified, why};
 }
 
@@ -53,10 +53,10 @@ Result<std::string> selfCheck(const std::filesystem::path& program, std::chrono:
         const bool started = process.state() != QProcess::NotRunning;
         process.kill();
         process.waitForFinished();
-        return unusable(started ? "it does not answer" : "it cannot be started");
+        return doesNotRun(started ? "it does not answer" : "it cannot be started");
     }
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-        return unusable("it ends with an error");
+        return doesNotRun("it ends with an error");
     }
     return process.readAllStandardOutput().trimmed().toStdString();
 }

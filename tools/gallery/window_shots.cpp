@@ -61,9 +61,9 @@ const States exportRows{{1, aLoop},
                         {20, aLoop}};
 
 /// A main window with all its rows.
-class Scene {
+class WindowScene {
   public:
-    Scene(const States& imports, const States& exports) {
+    WindowScene(const States& imports, const States& exports) {
         fill(Slot::importContext, "import slot %1", imports);
         fill(Slot::exportContext, "export slot %1", exports);
         fillMenuBar(*window_.menuBar(), {});
@@ -109,27 +109,27 @@ class Scene {
 constexpr std::uint64_t minute = 60 * framesPerSecond;
 
 Shot importTab() {
-    Scene scene(importRows, {});
+    WindowScene scene(importRows, {});
     scene.connectPedal(capacityFrames - 9 * minute - 42 * framesPerSecond);
     return shoot("Import", scene.window());
 }
 
 Shot exportTab() {
-    Scene scene({}, exportRows);
+    WindowScene scene({}, exportRows);
     scene.connectPedal(capacityFrames - 3 * minute - 17 * framesPerSecond);
     scene.openExportTab();
     return shoot("Export", scene.window());
 }
 
 Shot nearlyFull() {
-    Scene scene(importRows, {});
+    WindowScene scene(importRows, {});
     scene.connectPedal(capacityFrames - 36 * framesPerSecond);
     scene.window().addShield();
     return shoot("Under the shield, nearly full", scene.window());
 }
 
 Shot noPedal(const QString& remedy) {
-    Scene scene({}, {});
+    WindowScene scene({}, {});
     scene.window().setRemedy(remedy);
     return shoot(remedy.isEmpty() ? "No pedal" : "No pedal, with a remedy", scene.window());
 }
@@ -137,7 +137,7 @@ Shot noPedal(const QString& remedy) {
 Shot menuOpen() {
     StillApplication application;
     StillDialogs dialogs;
-    Scene scene(importRows, {});
+    WindowScene scene(importRows, {});
     scene.connectPedal(capacityFrames / 2);
     const auto menu =
         Menu::menu(application, dialogs, scene.window().contentView(), {"2.1.0", "https://www.kzq.example/"});

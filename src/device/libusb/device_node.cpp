@@ -20,7 +20,7 @@ namespace {
 
 /// Programs that wait for a pedal take its lock for a moment, to see whether it is free.
 constexpr int attempts = 10;
-constexpr std::chrono::milliseconds pause{5};
+constexpr std::chrono::milliseconds betweenLooks{5};
 
 std::filesystem::path fileOf(int bus, int address, const std::filesystem::path& nodes) {
     std::array<char, 32> text{};
@@ -64,7 +64,7 @@ bool DeviceNode::lock() {
         if (errno != EWOULDBLOCK) {
             break;
         }
-        std::this_thread::sleep_for(pause);
+        std::this_thread::sleep_for(betweenLooks);
     }
     return false;
 }

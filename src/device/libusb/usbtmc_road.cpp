@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 using Clock = RoadPatience::Clock;
 
 constexpr auto nodesFolder = "/sys/class/usbmisc";
-constexpr std::chrono::milliseconds pause{2};
+constexpr std::chrono::milliseconds betweenAttempts{2};
 /// A program that only looks lets go of the interface sooner than this.
 constexpr std::chrono::milliseconds holderPatience{500};
 
@@ -168,7 +168,7 @@ std::optional<Trouble> onceOpen(const DeviceNode& device, int interface, RoadPat
         if (!patience.lasts(Clock::now())) {
             return file ? Trouble{.kind = Trouble::Kind::roadBlocked, .error = ENODEV} : file.error();
         }
-        std::this_thread::sleep_for(pause);
+        std::this_thread::sleep_for(betweenAttempts);
     }
 }
 
