@@ -86,7 +86,7 @@ class Export {
             return false;
         }
         // with the pedal, what was staged has gone too, and this says so after either answer
-        const bool asked = parts_.model.stillAskedAbout(order_.exports);
+        const bool asked = !gone && parts_.model.stillAskedAbout(order_.exports);
         if (!asked) {
             tell({.wanted = order_.exports.size(), .end = Trouble{Trouble::Kind::changed, "what is staged"}});
         }

@@ -105,12 +105,14 @@ void SnapshotDraft::findSources() {
     if (auto index = BackupFolder(generations_.path()).partialIndex()) {
         sources_.push_back({BackupFolder(generations_.path()), std::move(*index)});
     }
-    for (const auto& each : generations_.snapshots() | std::views::reverse) {
-        if (auto index = each.folder.index()) {
-            sources_.push_back({each.folder, std::move(*index)});
+    auto earlier = generations_.snapshots();
+    for (; !earlier.empty(); earlier.pop_back()) {
+        const auto& folder = earlier.back().folder;
+        if (auto index = folder.index()) {
+            sources_.push_back({folder, std::move(*index)});
             break;
         }
-        log(LogCategory::files, each.folder.path().string() + ": not used, as its index cannot be read");
+        log(LogCategory::files, folder.path().string() + ": not used, as its index cannot be read");
     }
 }
 

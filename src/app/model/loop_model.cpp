@@ -73,7 +73,7 @@ std::optional<SlotNumber> LoopModel::freeFrom(SlotNumber wanted,
         return wanted;
     }
     auto slots = allSlots();
-    std::ranges::rotate(slots, std::ranges::find(slots, wanted));
+    std::rotate(slots.begin(), std::ranges::find(slots, wanted), slots.end());
     const auto free = std::ranges::find_if(
         slots, [&](SlotNumber slot) { return !hasFile(slot) && !table_.contains(slot); });
     return free == slots.end() ? std::nullopt : std::optional(*free);
