@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <ranges>
 #include <system_error>
 #include <utility>
 
