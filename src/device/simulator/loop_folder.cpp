@@ -1,6 +1,9 @@
 #include "device/simulator/loop_folder.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,17 +43,39 @@ std::optional<unsigned> slotFromName(std::string_view name) {
     return isNumber && slot >= 1 && slot <= loopSlots ? std::optional(slot) : std::nullopt;
 }
 
-Result<StoredLoop> readLoop(const fs::path& file, const LoopReader& convert) {
-    const auto image = readPlainFile(file, largestFile, Links::followed);
-    if (!image && image.error().kind == Kind::unreadable) {
-        return Trouble{Kind::file, file.string(), image.error().error};
+/// Where the samples are in a file in the pedal's format; a length of 0 for any other file. One with the
+/// usual header is not read: a full folder holds 381 MB.
+Result<ByteRange> samplesIn(const PlainFile& file) {
+    if (file.size > largestFile) {
+        return ByteRange{};
     }
-    if (image ? image->empty() : image.error().kind == Kind::notAFile) {
+    const auto samples = file.size - std::min<std::uint64_t>(file.size, waveHeaderSize);
+    std::array<std::uint8_t, waveHeaderSize> start{};
+    const auto count = readAt(file.file.get(), start, 0);
+    if (!count) {
+        return count.error();
+    }
+    if (count == start.size() && start == waveHeader(static_cast<std::uint32_t>(samples), 2)) {
+        return ByteRange{waveHeaderSize, samples};
+    }
+    return readPlainFile(file.file.get(), largestFile).map([](const Bytes& image) {
+        const auto audio = isPerfectWave(image, 2) ? lpcmIn(image) : std::nullopt;
+        return audio ? ByteRange{static_cast<std::uint64_t>(audio->data() - image.data()), audio->size()}
+                     : ByteRange{};
+    });
+}
+
+Result<StoredLoop> readLoop(const fs::path& file, const LoopReader& convert) {
+    auto opened = openPlainFile(file, Links::followed);
+    if (opened ? opened->size == 0 : opened.error().kind == Kind::notAFile) {
         return Trouble{Kind::noLoop, file.string()};
     }
-    auto audio = image && isPerfectWave(*image, 2) ? lpcm(*image) : std::nullopt;
-    if (audio && !audio->empty() && audio->size() % frameBytes == 0) {
-        return StoredLoop{std::move(*audio)};
+    const auto samples = opened ? samplesIn(*opened) : Result<ByteRange>(opened.error());
+    if (!samples) {
+        return Trouble{Kind::file, file.string(), samples.error().error};
+    }
+    if (samples->length != 0 && samples->length % frameBytes == 0) {
+        return StoredLoop{.onDisk = std::make_shared<LoopOnDisk>(file, std::move(opened->file), *samples)};
     }
     if (!convert) {
         return Trouble{Kind::otherFormat, file.string()};
@@ -58,11 +83,13 @@ Result<StoredLoop> readLoop(const fs::path& file, const LoopReader& convert) {
     return convert(file).map([](Bytes converted) { return StoredLoop{std::move(converted)}; });
 }
 
-/// Writes `bytes` to a new file and renames it to `file`.
-Result<void> replaceFile(const fs::path& file, ByteView bytes) {
+/// Writes `loop` to a new file and renames it to `file`.
+Result<void> replaceFile(const fs::path& file, const StoredLoop& loop) {
+    const auto header = waveHeader(static_cast<std::uint32_t>(loop.audio.size()), 2);
     Draft draft(file.parent_path(), Draft::Road::renameNoReplace);
     auto replaced = draft.open()
-                        .and_then([&] { return draft.write(bytes); })
+                        .and_then([&] { return draft.write(header); })
+                        .and_then([&] { return draft.write(loop.audio); })
                         .and_then([&] { return draft.sync(); })
                         .and_then([&] { return draft.replace(file.filename()); });
     if (replaced) {
@@ -79,14 +106,6 @@ Result<void> removeFile(const fs::path& file) {
     }
     syncFolder(file.parent_path());
     return {};
-}
-
-Result<void> put(const fs::path& file, const StoredLoop& loop) {
-    const auto image = wave(loop.audio, 2);
-    if (!image) {
-        return Trouble{Kind::outOfMemory};
-    }
-    return replaceFile(file, *image);
 }
 
 }  // namespace
@@ -126,7 +145,7 @@ Result<void> LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std
     }
     known = file;
     return readLoop(file, convert_).map([&](StoredLoop loop) {
-        frames += loop.audio.size() / frameBytes;
+        frames += loop.size() / frameBytes;
         memory.at(*slot - 1) = std::move(loop);
     });
 }
@@ -136,7 +155,7 @@ bool LoopFolder::store(std::uint8_t address, const StoredLoop* loop) {
     if (file.empty()) {
         file = folder_ / ("Loop " + std::to_string(address + 1) + ".wav");
     }
-    const auto stored = loop != nullptr ? put(file, *loop) : removeFile(file);
+    const auto stored = loop != nullptr ? replaceFile(file, *loop) : removeFile(file);
     if (!stored) {
         log(LogCategory::simulator,
             "cannot store " + file.string() + ": " + std::generic_category().message(stored.error().error));

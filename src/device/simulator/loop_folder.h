@@ -24,8 +24,9 @@ class LoopFolder {
     explicit LoopFolder(std::filesystem::path folder, LoopReader convert = {})
         : folder_(std::move(folder)), convert_(std::move(convert)) {}
 
-    /// Reads the folder, which must be there. Failures: folder, noRoom; of a file: noLoop, file, otherFormat,
-    /// twoFiles and the converter's; `where` is the file or folder.
+    /// Reads the folder, which must be there; loops in the pedal's format stay on the disk. Failures: folder,
+    /// noRoom; of a file: noLoop, file, otherFormat, twoFiles and the converter's; `where` is the file or
+    /// folder.
     Result<PedalMemory> load();
     /// Writes (or, for null, removes) the file of one slot: the one that was loaded, else "Loop N.wav". A
     /// file gets its name only once it is complete and synced. False, and a line in the log, on failure.

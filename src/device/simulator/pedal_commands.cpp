@@ -161,7 +161,7 @@ SimulatedPedal::ReplyBody SimulatedPedal::loopTable(std::size_t first) const {
             continue;
         }
         const auto record = std::span(body.bytes).subspan(i * loopRecordLength, loopRecordLength);
-        storeU32(record, 0, static_cast<std::uint32_t>(loop->audio.size() / frameBytes));
+        storeU32(record, 0, static_cast<std::uint32_t>(loop->size() / frameBytes));
         record[4] = loop->tempo;
         record[5] = loop->channel;
     }

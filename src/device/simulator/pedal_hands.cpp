@@ -13,7 +13,7 @@ PedalMemory SimulatedPedal::memory() const {
     PedalMemory copy;
     for (std::size_t i = 0; i < loopSlots; ++i) {
         if (loops_.at(i)) {
-            copy.at(i) = *loops_.at(i);
+            copy.at(i) = loops_.at(i)->loaded();
         }
     }
     return copy;

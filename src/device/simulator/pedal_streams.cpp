@@ -23,10 +23,10 @@ bool SimulatedPedal::startImport(std::size_t address, unsigned channel) {
         return false;
     }
     const LoopPointer& loop = loops_.at(address);
-    if (!loop || loop->audio.size() < frameBytes || loop->channel != channel) {
+    if (!loop || loop->size() < frameBytes || loop->channel != channel) {
         return false;
     }
-    const std::size_t bytes = loop->audio.size() / frameBytes * frameBytes;
+    const std::size_t bytes = loop->size() / frameBytes * frameBytes;
     import_ = ImportStream{loop, 0, (bytes + alignment - 1) / alignment * alignment};
     return true;
 }
@@ -47,7 +47,7 @@ bool SimulatedPedal::announceLength(std::size_t bytes) {
         return false;
     }
     const LoopPointer& old = loops_.at(export_->address);
-    const std::uint64_t freed = old ? old->audio.size() / frameBytes : 0;
+    const std::uint64_t freed = old ? old->size() / frameBytes : 0;
     const std::uint64_t frames = (bytes + frameBytes - 1) / frameBytes;
     if (bytes < frameBytes || usedFrames() - freed + frames > capacityFrames) {
         export_.reset();
@@ -73,12 +73,10 @@ TransferResult SimulatedPedal::sendAudio(std::span<std::uint8_t> into) {
         journal_.outOfOrder("a bulk read without a loop to send");
         return {TransferStatus::pending, 0};
     }
-    const Bytes& audio = import_->loop->audio;
     const std::size_t length = std::min(into.size(), import_->total - import_->sent);
-    const auto rest = ByteView(audio).subspan(std::min(audio.size(), import_->sent));
-    const auto piece = rest.first(std::min(length, rest.size()));
-    const auto padding = std::copy(piece.begin(), piece.end(), into.begin());
-    std::fill_n(padding, length - piece.size(), std::uint8_t{0});
+    if (!import_->loop->read(import_->sent, into.first(length))) {
+        return {TransferStatus::stalled, 0};
+    }
     import_->sent += length;
     if (import_->sent == import_->total) {
         import_.reset();
@@ -165,7 +163,7 @@ std::uint64_t SimulatedPedal::usedFrames() const {
     std::uint64_t frames = 0;
     for (const LoopPointer& loop : loops_) {
         if (loop) {
-            frames += loop->audio.size() / frameBytes;
+            frames += loop->size() / frameBytes;
         }
     }
     return frames;
