@@ -166,7 +166,7 @@ struct Bus {
             }
             own = std::move(*made);
         } else {
-            own = std::make_unique<LibusbPort>();
+            own = std::make_unique<LibusbPort>(options.readsInFlight);
         }
         return options.record.empty() ? std::nullopt : record(executor, options);
     }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <new>
 #include <utility>
 
@@ -60,17 +61,18 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const Transf
     file.reserve(waveHeaderSize + std::size_t{loop.alignedBytes} + transferPiece);
     file.resize(waveHeaderSize);
     const auto came = [&file] { return file.size() - waveHeaderSize; };
+    std::array<std::uint8_t, transferPiece> room{};
     while (came() < loop.alignedBytes) {
         if (cancel()) {
             return Trouble{Trouble::Kind::cancelled};
         }
         const auto due = loop.alignedBytes - came();
-        auto piece = receive(static_cast<std::int32_t>(std::min(due, transferPiece)));
-        if (!piece) {
-            return std::move(piece.error());
+        const auto piece = std::span(room).first(std::min(due, transferPiece));
+        if (auto received = receive(piece, due); !received) {
+            return std::move(received.error());
         }
-        file.insert(file.end(), piece->begin(), piece->end());
-        progress(static_cast<std::uint32_t>(piece->size()), slot.number());
+        file.insert(file.end(), piece.begin(), piece.end());
+        progress(static_cast<std::uint32_t>(piece.size()), slot.number());
     }
     // A table entry so large that its size wraps, padded or not: no WAV could hold it, and what came is not
     // it.

@@ -254,7 +254,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Result<Status> query(bool full);
     Result<Status> readStatus(bool full, bool& whole);
     bool readLoops(Loops& loops, bool& whole);
-    Result<Bytes> receive(std::int32_t length);
+    /// Fills `into`, which is not empty; `due` bytes, these included, are what the pedal has still to send.
+    Result<void> receive(std::span<std::uint8_t> into, std::size_t due);
     /// What has gone out of a write: by the calls that are over, and by the one that is under way.
     struct Gone {
         std::atomic<std::size_t> before = 0;

@@ -66,26 +66,29 @@ std::optional<KZQ7306::Reply> KZQ7306::control(std::uint8_t code) {
 
 std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
     const std::lock_guard guard(*lock_);
-    return length < 1 ? std::nullopt : kept(receive(length));
+    if (length < 1) {
+        return std::nullopt;
+    }
+    Bytes bytes(static_cast<std::size_t>(length));
+    return kept(Result<Bytes>(receive(bytes, bytes.size()).map([&bytes] { return std::move(bytes); })));
 }
 
-Result<Bytes> KZQ7306::receive(std::int32_t length) {
+Result<void> KZQ7306::receive(std::span<std::uint8_t> into, std::size_t due) {
     const auto handle = core();
     if (!handle) {
         return Trouble{Trouble::Kind::noPedal};
     }
-    Bytes bytes(static_cast<std::size_t>(length));
-    const CallOut out(*this, bytes.size());  // one call, however often it brings nothing
-    for (std::size_t received = 0; received < bytes.size();) {
+    const CallOut out(*this, into.size());  // one call, however often it brings nothing
+    for (std::size_t received = 0; received < into.size();) {
         std::size_t transferred = 0;
-        const auto rest = std::span(bytes).subspan(received);
-        const auto result = handle->bulkIn(pedalBulkIn, rest, transferred);
+        const auto rest = into.subspan(received);
+        const auto result = handle->bulkIn(pedalBulkIn, rest, due - received, transferred);
         if (result != usbSuccess || transferred > rest.size()) {
             return Trouble{Trouble::Kind::transferFailed};
         }
         received += transferred;
     }
-    return bytes;
+    return {};
 }
 
 bool KZQ7306::write(std::span<const std::uint8_t> bytes) {

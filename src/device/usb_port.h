@@ -57,10 +57,12 @@ class UsbHandle : Fixed {
     /// UsbResult error; what came before an error is in `reply`.
     virtual int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                         std::uint16_t index, std::span<std::uint8_t> reply) = 0;
-    /// `transferred` is always set, even on failure, and may be more than requested.
-    virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+    /// `transferred` is always set, even on failure, and may be more than requested. `due` is how many bytes
+    /// the pedal has still to send, those for `into` included: a handle may ask for them ahead. What a caller
+    /// then does not read is given up before any other call.
+    virtual UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
                              std::size_t& transferred) = 0;
-    /// The same; `transferred` grows while it goes, for other threads.
+    /// Here `transferred` grows while it goes, for other threads.
     virtual UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                               std::atomic<std::size_t>& transferred) = 0;
     virtual UsbResult reset() = 0;
@@ -70,6 +72,9 @@ class UsbHandle : Fixed {
 };
 
 enum class HotplugEvent { arrived, left };
+
+/// More bulk reads at once bring nothing.
+inline constexpr unsigned mostReadsInFlight = 32;
 
 /// Which devices a hot-plug callback is called for.
 struct HotplugFilter {

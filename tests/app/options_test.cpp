@@ -11,8 +11,9 @@ using testing::StartsWith;
 
 TEST(ProgramOptions, WhatIsWrongIsAUsageError) {
     using Words = std::vector<std::string>;
-    for (const auto& wrong : {Words{"--simulate="}, Words{"--unplugged"}, Words{"--fault", "unplug@in"},
-                              Words{"--fault"}, Words{"--record="}, Words{"--nonsense"}}) {
+    for (const auto& wrong :
+         {Words{"--simulate="}, Words{"--unplugged"}, Words{"--fault", "unplug@in"}, Words{"--fault"},
+          Words{"--record="}, Words{"--in-flight", "33"}, Words{"--nonsense"}}) {
         const auto parsed = parseProgramOptions(wrong);
         EXPECT_FALSE(parsed.options) << wrong.front();
         EXPECT_EQ(parsed.status, 2);

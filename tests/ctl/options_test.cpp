@@ -47,6 +47,8 @@ TEST(Options, BadOnesAreUsageErrors) {
                                                {"restore", "x", "21"},
                                                {"restore", "x", "--snapshot", ""},
                                                {"list", "--wait", "nan"},
+                                               {"list", "--in-flight", "33"},
+                                               {"list", "--in-flight", "0"},
                                                {"list", "--fault", "stall@in"},
                                                {"import", "1"},
                                                {"import", "--to", "x"},

@@ -116,7 +116,7 @@ class FakeUsb : public UsbPort {
             std::copy_n(found->second.begin(), size, into.begin());
             return static_cast<int>(size);
         }
-        UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+        UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t /*due*/,
                          std::size_t& transferred) override {
             return move(endpoint, into.size(), transferred);
         }

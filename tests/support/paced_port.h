@@ -54,10 +54,10 @@ class PacedPort : public simulator::SimulatedPort {
             }
             return came;
         }
-        UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+        UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
                          std::size_t& transferred) override {
             port_.executor_.sleep(port_.pace);
-            return handle_->bulkIn(endpoint, into, transferred);
+            return handle_->bulkIn(endpoint, into, due, transferred);
         }
         UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                           std::atomic<std::size_t>& transferred) override {

@@ -85,7 +85,7 @@ class LinkedPedalTest : public testing::Test {
     /// What lives as long as the process, like the link's threads.
     struct World {
         StandardExecutor executor;
-        LibusbPort usb;
+        LibusbPort usb{KZQ_READS_IN_FLIGHT};
         std::shared_ptr<Announcements> delegate = std::make_shared<Announcements>(executor);
     };
 

@@ -27,7 +27,7 @@ using testing::IsEmpty;
 
 class UsbPortTest : public testing::Test {
   protected:
-    UsbPortTest() {
+    explicit UsbPortTest(unsigned readsInFlight = 1) : port_(readsInFlight) {
         setLogSink([this](LogCategory, std::string_view line) { log_.emplace_back(line); });
         handleEventsInTheBackground();
         EXPECT_EQ(port_.initialize(), usbSuccess);
@@ -80,7 +80,7 @@ class UsbPortTest : public testing::Test {
         auto read = std::async(std::launch::async, [this] {
             std::vector<std::uint8_t> piece(transferPiece);
             std::size_t transferred = 1;
-            const UsbResult result = handle_->bulkIn(pedalBulkIn, piece, transferred);
+            const UsbResult result = handle_->bulkIn(pedalBulkIn, piece, piece.size(), transferred);
             EXPECT_EQ(transferred, 0);
             return result;
         });
@@ -293,6 +293,75 @@ TEST_F(UsbPortTest, SaysNoInThePedalsPlaceOnlyWhereTheHostRefused) {
     EXPECT_EQ(command(0xE2, 0, 1), int{replyLength});
     EXPECT_FALSE(handle_->obstacle());
     EXPECT_NE(reply_[answerOffset], refusal) << "all other commands pass";
+}
+
+/// With several reads at once, a caller sees what it would see with one.
+class InFlight : public UsbPortTest {
+  protected:
+    InFlight() : UsbPortTest(mostReadsInFlight) {
+        for (std::size_t i = 0; i < 50'000; ++i) {
+            whole_.push_back(static_cast<std::uint8_t>(i * 31 + i / 251));
+        }
+        pedal_.setLoop(0, simulator::StoredLoop{whole_});
+        whole_.resize(50'048);  // padded
+        acquire();
+    }
+
+    ~InFlight() override { EXPECT_THAT(pedal_.violations(), IsEmpty()) << "more was asked for than was due"; }
+
+    /// The loop's bytes until there are so many, or a read fails.
+    std::pair<Bytes, UsbResult> read(std::size_t most = 50'048) {
+        EXPECT_EQ(command(0xE1, 0, 1), int{replyLength});
+        std::pair<Bytes, UsbResult> came{{}, usbSuccess};
+        while (came.second == usbSuccess && came.first.size() < most) {
+            std::array<std::uint8_t, transferPiece> piece{};
+            const auto due = whole_.size() - came.first.size();
+            std::size_t transferred = 0;
+            came.second = handle_->bulkIn(pedalBulkIn, std::span(piece).first(std::min(due, piece.size())),
+                                          due, transferred);
+            came.first.insert(came.first.end(), piece.begin(),
+                              piece.begin() + static_cast<std::ptrdiff_t>(transferred));
+        }
+        return came;
+    }
+
+    Bytes whole_;
+};
+
+TEST_F(InFlight, TheBytesAreTheSameAlsoBehindAShortReadAndAStall) {
+    plan(FaultKind::shorten, Fault::Where::bulkIn, 3);
+    EXPECT_EQ(read().first, whole_);
+    plan(FaultKind::stall, Fault::Where::bulkIn, 3);
+    const auto [bytes, result] = read();
+    EXPECT_EQ(result, usbPipe);
+    EXPECT_EQ(bytes.size(), 2 * transferPiece);
+    EXPECT_EQ(bus_.held(), 0);
+    EXPECT_EQ(read().first, whole_);
+}
+
+TEST_F(InFlight, WhatIsLeftUnreadIsTakenBack) {
+    plan(FaultKind::silence, Fault::Where::bulkIn, 4);
+    EXPECT_EQ(read(3 * transferPiece).second, usbSuccess);
+    EXPECT_TRUE(bus_.waitUntilBlocked(mostReadsInFlight - 1));
+    EXPECT_EQ(handle_->reset(), usbSuccess);
+    EXPECT_EQ(bus_.held(), 0);
+    EXPECT_EQ(read(transferPiece).second, usbSuccess);
+    EXPECT_EQ(read().first, whole_);
+}
+
+TEST_F(InFlight, AllEndWithAResetAndWithADeparture) {
+    for (const bool leaves : {false, true}) {
+        plan(FaultKind::silence, Fault::Where::bulkIn);
+        auto blocked = std::async(std::launch::async, [this] { return read().second; });
+        EXPECT_TRUE(bus_.waitUntilBlocked(mostReadsInFlight));
+        if (leaves) {
+            pedal_.unplug();
+        } else {
+            EXPECT_EQ(handle_->reset(), usbSuccess);
+        }
+        EXPECT_EQ(soon(blocked), usbNoDevice);
+        EXPECT_EQ(bus_.held(), 0);
+    }
 }
 
 }  // namespace

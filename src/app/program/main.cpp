@@ -152,7 +152,7 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
               const std::shared_ptr<LogTail>& log) {
     std::unique_ptr<UsbPort> bus;
     if (simulation == nullptr) {
-        bus = std::make_unique<LibusbPort>();
+        bus = std::make_unique<LibusbPort>(options.readsInFlight);
     }
     UsbPort& port = simulation != nullptr ? static_cast<UsbPort&>(simulation->port()) : *bus;
     std::weak_ptr<AppDelegate> teller;

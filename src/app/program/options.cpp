@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/program/command_line.h"
+#include "device/usb_port.h"
 
 namespace kzq {
 
@@ -23,6 +24,12 @@ ProgramCommandLine::ProgramCommandLine()
                    "Record all USB traffic, audio included, to a new file, for troubleshooting")
         ->option_text("FILE");
     app.add_flag("--unplugged", options.unplugged, "Start with the simulated pedal unplugged");
+    app.add_option(
+           "--in-flight", options.readsInFlight,
+           "Ask a pedal on USB for up to N pieces of a loop at once, 1 to 32, which is faster (default "
+           "1; no real pedal has been tried with more)")
+        ->option_text("N")
+        ->check(CLI::Range(1U, mostReadsInFlight));
     app.add_option("--host", options.host, "Ask this server for updates, not the maker's")
         ->option_text("HOST[:PORT]");
     app.add_option("--authorities", options.authorities,

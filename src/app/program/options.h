@@ -11,6 +11,7 @@ namespace kzq {
 struct ProgramOptions {
     bool verbose = false;          ///< the log goes to standard error
     std::filesystem::path record;  ///< a new file for what goes over USB; empty: none
+    unsigned readsInFlight = 1;    ///< from a pedal on USB
     bool simulate = false;
     std::filesystem::path simulatedFolder;     ///< empty: the simulated pedal's own loops
     std::vector<std::string> faults;           ///< for the simulated pedal, as given

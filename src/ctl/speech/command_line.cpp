@@ -1,5 +1,6 @@
 #include "ctl/speech/command_line.h"
 
+#include "device/usb_port.h"
 #include "loops/facts.h"
 
 namespace kzq::ctl {
@@ -73,6 +74,12 @@ void CommandLine::addGlobalOptions() {
                    "never)")
         ->option_text("SECONDS")
         ->check(CLI::Validator(checkSeconds, ""));
+    app.add_option(
+           "--in-flight", options.readsInFlight,
+           "Ask a pedal on USB for up to N pieces of a loop at once, 1 to 32, which is faster (default "
+           "1; no real pedal has been tried with more)")
+        ->option_text("N")
+        ->check(CLI::Range(1U, mostReadsInFlight));
     app.add_option("--host", options.host, "Ask this server for firmware, not the maker's")
         ->option_text("HOST[:PORT]");
     app.add_option("--authorities", options.authorities,

@@ -37,6 +37,7 @@ struct Options {
     std::vector<std::string> faults;         ///< for the simulated pedal, as given
     std::filesystem::path record;            ///< a new file for what goes over USB; empty: none
     std::filesystem::path replay = {};       ///< a recording in place of a pedal; empty: none
+    unsigned readsInFlight = 1;              ///< from a pedal on USB
     std::string host = {};                   ///< in place of the maker's; empty: the maker's
     std::filesystem::path authorities = {};  ///< certificates trusted instead of the system's; empty: those
     Executor::Duration wait{};               ///< for a pedal to be connected and free

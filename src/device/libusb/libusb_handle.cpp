@@ -36,10 +36,15 @@ std::string hexadecimal(std::uint8_t number) {
 
 }  // namespace
 
-LibusbHandle::LibusbHandle(libusb_device_handle* handle, DeviceNode node)
-    : handle_(handle), node_(std::move(node)) {}
+LibusbHandle::LibusbHandle(libusb_device_handle* handle, DeviceNode node, unsigned readsInFlight)
+    : handle_(handle), node_(std::move(node)) {
+    if (readsInFlight > 1) {
+        reads_.emplace(handle, readsInFlight);
+    }
+}
 
 LibusbHandle::~LibusbHandle() {
+    reads_.reset();
     libusb_close(handle_);
 }
 
@@ -64,6 +69,7 @@ UsbResult LibusbHandle::claimInterface(int interface) {
 }
 
 UsbResult LibusbHandle::releaseInterface(int interface) {
+    takeBackReads();
     claimed_.reset();
     return static_cast<UsbResult>(libusb_release_interface(handle_, interface));
 }
@@ -95,6 +101,7 @@ void LibusbHandle::giveUp(std::string_view why) {
 int LibusbHandle::control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value,
                           std::uint16_t index, std::span<std::uint8_t> reply) {
     obstacle_.reset();
+    takeBackReads();
     if (lost()) {
         return usbNoDevice;
     }
@@ -130,6 +137,11 @@ UsbResult LibusbHandle::bulk(std::uint8_t endpoint, std::uint8_t* data, std::siz
     int moved = 0;
     const int result = libusb_bulk_transfer(handle_, endpoint, data, static_cast<int>(length), &moved, 0);
     transferred = static_cast<std::size_t>(std::max(moved, 0));
+    return ended(endpoint, result, transferred, length);
+}
+
+UsbResult LibusbHandle::ended(std::uint8_t endpoint, int result, std::size_t transferred,
+                              std::size_t length) {
     if (result == LIBUSB_SUCCESS) {
         return usbSuccess;
     }
@@ -142,18 +154,35 @@ UsbResult LibusbHandle::bulk(std::uint8_t endpoint, std::uint8_t* data, std::siz
                   result);
 }
 
-UsbResult LibusbHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+UsbResult LibusbHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
                                std::size_t& transferred) {
     transferred = 0;
     if (into.size() > static_cast<std::size_t>(std::numeric_limits<int>::max())) {
         return usbInvalid;
     }
-    return bulk(endpoint, into.data(), into.size(), transferred);
+    if (!reads_) {
+        return bulk(endpoint, into.data(), into.size(), transferred);
+    }
+    const std::lock_guard reading(reading_);
+    if (lost()) {
+        reads_->takeBack();
+        return usbNoDevice;
+    }
+    const int result = reads_->read(endpoint, into, std::max(due, into.size()), transferred);
+    return ended(endpoint, result, transferred, into.size());
+}
+
+/// Reads ahead of one that is under way end with it.
+void LibusbHandle::takeBackReads() {
+    if (const std::unique_lock reading(reading_, std::try_to_lock); reading && reads_) {
+        reads_->takeBack();
+    }
 }
 
 UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                                 std::atomic<std::size_t>& transferred) {
     transferred = 0;
+    takeBackReads();
     while (transferred < from.size()) {
         const auto piece = from.subspan(transferred, std::min(writePiece, from.size() - transferred));
         std::size_t moved = 0;
@@ -174,6 +203,7 @@ UsbResult LibusbHandle::bulkOut(std::uint8_t endpoint, std::span<const std::uint
 }
 
 UsbResult LibusbHandle::reset() {
+    takeBackReads();
     const std::lock_guard guard(resetting_);
     return lost_ ? usbNoDevice : logged("resetting the device", libusb_reset_device(handle_));
 }

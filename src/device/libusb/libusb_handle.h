@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "device/libusb/device_node.h"
+#include "device/libusb/reads_in_flight.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/usb_port.h"
 
@@ -19,8 +20,9 @@ namespace kzq {
 /// command ever reaches a pedal that has forgotten the one before it.
 class LibusbHandle : public UsbHandle {
   public:
-    /// Takes ownership of `handle`, whose device `node` has locked.
-    LibusbHandle(libusb_device_handle* handle, DeviceNode node);
+    /// Takes ownership of `handle`, whose device `node` has locked. So many bulk reads may be under way at
+    /// once.
+    LibusbHandle(libusb_device_handle* handle, DeviceNode node, unsigned readsInFlight);
     ~LibusbHandle() override;
 
     int kernelDriverActive(int interface) override;
@@ -29,8 +31,9 @@ class LibusbHandle : public UsbHandle {
     UsbResult releaseInterface(int interface) override;
     int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
                 std::span<std::uint8_t> reply) override;
-    /// One transfer.
-    UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t& transferred) override;
+    /// One transfer; with reads in flight, the next that was asked for.
+    UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
+                     std::size_t& transferred) override;
     /// As many transfers as needed, one after the other. If one ends early without an error, the call returns
     /// usbSuccess, and `transferred` says how far it got.
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
@@ -42,6 +45,8 @@ class LibusbHandle : public UsbHandle {
     bool lost();
     void giveUp(std::string_view why);
     UsbResult bulk(std::uint8_t endpoint, std::uint8_t* data, std::size_t length, std::size_t& transferred);
+    UsbResult ended(std::uint8_t endpoint, int result, std::size_t transferred, std::size_t length);
+    void takeBackReads();
     int goAround(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
                  std::span<std::uint8_t> reply);
 
@@ -50,6 +55,8 @@ class LibusbHandle : public UsbHandle {
     std::optional<int> claimed_;
     std::mutex resetting_;  ///< held during a reset, in which libusb gives the interface back for a moment
     bool lost_ = false;     ///< under the mutex
+    std::mutex reading_;    ///< held during a read
+    std::optional<ReadsInFlight> reads_;
     UsbtmcRoad road_;
     std::optional<Trouble> obstacle_;
 };

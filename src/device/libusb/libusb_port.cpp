@@ -46,7 +46,7 @@ void takeBackFromRoad(const DeviceNode& node) {
     }
 }
 
-std::unique_ptr<UsbHandle> openDevice(libusb_device* device, UsbResult& result) {
+std::unique_ptr<UsbHandle> openDevice(libusb_device* device, unsigned readsInFlight, UsbResult& result) {
     DeviceNode node(device);  // without it, libusb says why
     if (node && !node.lock()) {
         log(LogCategory::usb, nameOf(device) + ": another of our programs has it");
@@ -64,7 +64,7 @@ std::unique_ptr<UsbHandle> openDevice(libusb_device* device, UsbResult& result) 
         return nullptr;
     }
     takeBackFromRoad(node);
-    return std::make_unique<LibusbHandle>(handle, std::move(node));
+    return std::make_unique<LibusbHandle>(handle, std::move(node), readsInFlight);
 }
 
 bool isMatching(libusb_device* device, std::uint16_t vendor, std::uint16_t product) {
@@ -81,7 +81,8 @@ struct LibusbPort::Hotplug {
     std::once_flag checked;
 };
 
-LibusbPort::LibusbPort() : hotplug_(std::make_unique<Hotplug>()) {}
+LibusbPort::LibusbPort(unsigned readsInFlight)
+    : readsInFlight_(readsInFlight), hotplug_(std::make_unique<Hotplug>()) {}
 
 LibusbPort::~LibusbPort() {
     for (const HotplugTicket ticket : hotplug_->tickets) {
@@ -128,7 +129,7 @@ std::unique_ptr<UsbHandle> LibusbPort::open(const UsbDevicePointer& device, UsbR
         result = usbInvalid;
         return nullptr;
     }
-    auto handle = openDevice(known->get(), result);
+    auto handle = openDevice(known->get(), readsInFlight_, result);
     if (handle) {
         stopAwaiting(*known);
     } else if (result == usbAccess || result == usbBusy) {
@@ -154,7 +155,7 @@ std::unique_ptr<UsbHandle> LibusbPort::open(std::uint16_t vendor, std::uint16_t 
         if (!isMatching(device, vendor, product)) {
             continue;
         }
-        handle = openDevice(device, result);
+        handle = openDevice(device, readsInFlight_, result);
         break;
     }
     libusb_free_device_list(list, 1);

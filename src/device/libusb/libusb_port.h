@@ -11,7 +11,9 @@ namespace kzq {
 /// destroyed by a hot-plug callback. All members may be called from any thread, `initialize` first.
 class LibusbPort : public UsbPort {
   public:
-    LibusbPort();
+    /// `readsInFlight`, 1 to mostReadsInFlight: so many bulk reads are submitted at once where more than one
+    /// is due.
+    explicit LibusbPort(unsigned readsInFlight = 1);
     ~LibusbPort() override;
 
     UsbResult initialize() override;
@@ -26,6 +28,7 @@ class LibusbPort : public UsbPort {
   private:
     struct Hotplug;
 
+    const unsigned readsInFlight_;
     UsbResult started_ = usbOther;  ///< if libusb did not start, it is never called
     std::unique_ptr<Hotplug> hotplug_;
 };

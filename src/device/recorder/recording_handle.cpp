@@ -47,10 +47,10 @@ int RecordingHandle::control(std::uint8_t requestType, std::uint8_t request, std
     return result;
 }
 
-UsbResult RecordingHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+UsbResult RecordingHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
                                   std::size_t& transferred) {
     const unsigned call = recorder_->begin(words::bulkIn(number_, endpoint, into.size()));
-    const UsbResult result = handle_->bulkIn(endpoint, into, transferred);
+    const UsbResult result = handle_->bulkIn(endpoint, into, due, transferred);
     recorder_->end(call, std::to_string(result) + " " + std::to_string(transferred) + " " +
                              hexText(into.first(std::min(transferred, into.size()))));
     return result;

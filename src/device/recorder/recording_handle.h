@@ -24,7 +24,8 @@ class RecordingHandle : public UsbHandle {
     UsbResult releaseInterface(int interface) override;
     int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
                 std::span<std::uint8_t> reply) override;
-    UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t& transferred) override;
+    UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
+                     std::size_t& transferred) override;
     UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                       std::atomic<std::size_t>& transferred) override;
     UsbResult reset() override;

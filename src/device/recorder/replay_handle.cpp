@@ -38,7 +38,7 @@ int ReplayHandle::control(std::uint8_t requestType, std::uint8_t request, std::u
     return event.result;
 }
 
-UsbResult ReplayHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+UsbResult ReplayHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t /*due*/,
                                std::size_t& transferred) {
     const auto event = player_->ask(words::bulkIn(number_, endpoint, into.size()));
     copyInto(into, event.bytes);

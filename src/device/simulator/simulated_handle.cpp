@@ -103,7 +103,7 @@ int SimulatedHandle::control(std::uint8_t requestType, std::uint8_t request, std
     return result == usbSuccess ? static_cast<int>(transferred) : result;
 }
 
-UsbResult SimulatedHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into,
+UsbResult SimulatedHandle::bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t /*due*/,
                                   std::size_t& transferred) {
     transferred = 0;
     {

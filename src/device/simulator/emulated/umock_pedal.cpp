@@ -97,13 +97,19 @@ void UmockPedal::bind(const std::string& driver) {
     node_->bind(driver);
 }
 
-bool UmockPedal::waitUntilBlocked() {
-    std::shared_ptr<UsbfsNode> node;
-    {
-        const std::lock_guard lock(mutex_);
-        node = node_;
-    }
-    return node && node->waitUntilBlocked();
+std::shared_ptr<UsbfsNode> UmockPedal::node() {
+    const std::lock_guard lock(mutex_);
+    return node_;
+}
+
+bool UmockPedal::waitUntilBlocked(std::size_t count) {
+    const auto there = node();
+    return there && there->waitUntilBlocked(count);
+}
+
+std::size_t UmockPedal::held() {
+    const auto there = node();
+    return there ? there->held() : 0;
 }
 
 void UmockPedal::change(BusChange change) {

@@ -25,8 +25,10 @@ class UmockPedal : Fixed {
     void setPermitted(bool permitted);
     /// The system gives the interface to a driver, whoever has claimed it.
     void bind(const std::string& driver);
-    /// Waits until a transfer waits for the pedal.
-    bool waitUntilBlocked();
+    /// Waits until so many transfers wait for the pedal.
+    bool waitUntilBlocked(std::size_t count = 1);
+    /// Transfers that libusb has not got back.
+    std::size_t held();
 
   private:
     struct Bus;
@@ -34,6 +36,7 @@ class UmockPedal : Fixed {
 
     void change(simulator::BusChange change);
     void arrive();
+    std::shared_ptr<UsbfsNode> node();
 
     simulator::SimulatedPedal& pedal_;
     HostRules rules_;

@@ -117,11 +117,16 @@ void UsbfsNode::leave() {
     endAll(-ESHUTDOWN);
 }
 
-bool UsbfsNode::waitUntilBlocked() {
+bool UsbfsNode::waitUntilBlocked(std::size_t count) {
     Lock lock(mutex_);
-    return changed_.wait_for(lock, patience, [this] {
-        return std::ranges::any_of(submitted_, [](const Urb& urb) { return urb.waits; });
+    return changed_.wait_for(lock, patience, [this, count] {
+        return std::ranges::count(submitted_, true, &Urb::waits) >= static_cast<std::ptrdiff_t>(count);
     });
+}
+
+std::size_t UsbfsNode::held() {
+    const Lock lock(mutex_);
+    return submitted_.size() + ended_.size();
 }
 
 gboolean UsbfsNode::handle(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* client, gpointer self) {

@@ -50,8 +50,10 @@ class UsbfsNode : Fixed {
     void bind(const std::string& driver);
     /// The pedal left: ends all running transfers and refuses everything from now on.
     void leave();
-    /// Whether a transfer waits for the pedal's answer.
-    bool waitUntilBlocked();
+    /// Whether so many transfers wait for the pedal's answer.
+    bool waitUntilBlocked(std::size_t count);
+    /// Transfers that have not been returned to libusb.
+    std::size_t held();
 
   private:
     struct Unref {
