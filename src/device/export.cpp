@@ -1,15 +1,15 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
-#include <fstream>
+#include <memory>
 #include <new>
-#include <system_error>
 #include <utility>
 
 #include "audio/wave.h"
 #include "device/kzq7306.h"
 #include "loops/facts.h"
 #include "platform/log.h"
+#include "platform/plain_file.h"
 
 namespace kzq {
 
@@ -18,21 +18,21 @@ namespace {
 /// All the pedal can hold, 24 minutes, plus the header.
 constexpr std::uintmax_t largestCopy = waveHeaderSize + capacityFrames * frameBytes;
 
+/// Memory that is not cleared before a file is read into it.
+struct Contents {
+    std::size_t size = 0;
+    std::unique_ptr<std::uint8_t[]> bytes = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+};
+
 /// The whole file, or nothing if it is not a file, is empty, longer than any loop or unreadable.
-std::optional<Bytes> contents(const std::filesystem::path& path) {
-    std::error_code error;
-    const bool plain = std::filesystem::is_regular_file(path, error);
-    const auto size = plain ? std::filesystem::file_size(path, error) : 0;
-    if (error || size == 0 || size > largestCopy) {
+std::optional<Contents> contents(const std::filesystem::path& path) {
+    const auto opened = openPlainFile(path, Links::followed);
+    if (!opened || opened->size == 0 || opened->size > largestCopy) {
         return std::nullopt;
     }
-    std::ifstream file(path, std::ios::binary);
-    Bytes bytes(static_cast<std::size_t>(size));
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast): iostreams read characters
-    if (!file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size))) {
-        return std::nullopt;
-    }
-    return bytes;
+    Contents file{static_cast<std::size_t>(opened->size)};
+    const auto count = readAt(opened->file.get(), {file.bytes.get(), file.size}, 0);
+    return count == file.size ? std::optional(std::move(file)) : std::nullopt;
 }
 
 }  // namespace
@@ -55,7 +55,7 @@ std::uint32_t KZQ7306::exportLoop(const ExportInfo& info, const TransferProgress
 
 Result<std::uint32_t> KZQ7306::sendLoop(const ExportInfo& info, const TransferProgress& progress) {
     const auto file = contents(info.source);
-    const auto audio = file ? lpcmIn(*file) : std::nullopt;
+    const auto audio = file ? lpcmIn({file->bytes.get(), file->size}) : std::nullopt;
     if (!audio || audio->empty()) {
         log(LogCategory::device, "export: no audio in the working copy");
         return Trouble{Trouble::Kind::noAudio};
