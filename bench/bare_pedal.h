@@ -74,7 +74,8 @@ class BarePedal : public UsbPort {
             position_ = 0;
             if (code == wire::firstLoops.code) {
                 storeU32(reply, 0, pedal_.frames);
-                reply[5] = 1;  // the channel
+                reply[4] = 120;  // the tempo
+                reply[5] = 1;    // the channel
             } else if (code == wire::capacityAndVersion.code) {
                 storeU32(reply, 0, static_cast<std::uint32_t>(capacityFrames) - pedal_.frames);
                 std::ranges::copy(std::string_view("1.05"), reply.begin() + 4);

@@ -57,6 +57,10 @@ Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progres
 /// The loop's frames, once the pedal has agreed to send them, behind room for a header: a long loop is in
 /// memory only once. The padding after them is dropped.
 Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress) {
+    const auto handle = core();  // which does not change while the lock is held
+    if (!handle) {
+        return Trouble{Trouble::Kind::noPedal};
+    }
     Bytes file;
     file.reserve(waveHeaderSize + std::size_t{loop.alignedBytes} + transferPiece);
     file.resize(waveHeaderSize);
@@ -68,7 +72,7 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const Transf
         }
         const auto due = loop.alignedBytes - came();
         const auto piece = std::span(room).first(std::min(due, transferPiece));
-        if (auto received = receive(piece, due); !received) {
+        if (auto received = receive(*handle, piece, due); !received) {
             return std::move(received.error());
         }
         file.insert(file.end(), piece.begin(), piece.end());

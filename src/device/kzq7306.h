@@ -218,7 +218,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     class CallOut : Fixed {
       public:
         CallOut(KZQ7306& link, std::size_t bytes);
-        ~CallOut() { link_.callUnderWay_ = 0; }
+        ~CallOut() { link_.callUnderWay_.store(0, std::memory_order_release); }
 
       private:
         KZQ7306& link_;
@@ -255,7 +255,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Result<Status> readStatus(bool full, bool& whole);
     bool readLoops(Loops& loops, bool& whole);
     /// Fills `into`, which is not empty; `due` bytes, these included, are what the pedal has still to send.
-    Result<void> receive(std::span<std::uint8_t> into, std::size_t due);
+    Result<void> receive(UsbHandle& handle, std::span<std::uint8_t> into, std::size_t due);
     /// What has gone out of a write: by the calls that are over, and by the one that is under way.
     struct Gone {
         std::atomic<std::size_t> before = 0;

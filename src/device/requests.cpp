@@ -9,8 +9,9 @@ namespace kzq {
 
 KZQ7306::CallOut::CallOut(KZQ7306& link, std::size_t bytes) : link_(link) {
     constexpr std::size_t slowest = 65'536;  // no pedal is slower, in bytes a second
-    link_.callAllowance_ = std::chrono::seconds(bytes / slowest);
-    link_.callUnderWay_ = ++link_.calls_;
+    // There is one for each piece of a loop, so no more order than the watch needs.
+    link_.callAllowance_.store(std::chrono::seconds(bytes / slowest), std::memory_order_relaxed);
+    link_.callUnderWay_.store(++link_.calls_, std::memory_order_release);
 }
 
 KZQ7306::Answer KZQ7306::ask(const wire::Command& command, std::uint16_t value, std::uint16_t index) {
@@ -69,20 +70,22 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::read(std::int32_t length) {
     if (length < 1) {
         return std::nullopt;
     }
-    Bytes bytes(static_cast<std::size_t>(length));
-    return kept(Result<Bytes>(receive(bytes, bytes.size()).map([&bytes] { return std::move(bytes); })));
-}
-
-Result<void> KZQ7306::receive(std::span<std::uint8_t> into, std::size_t due) {
     const auto handle = core();
     if (!handle) {
-        return Trouble{Trouble::Kind::noPedal};
+        fail(Trouble::Kind::noPedal);
+        return std::nullopt;
     }
+    Bytes bytes(static_cast<std::size_t>(length));
+    return kept(
+        Result<Bytes>(receive(*handle, bytes, bytes.size()).map([&bytes] { return std::move(bytes); })));
+}
+
+Result<void> KZQ7306::receive(UsbHandle& handle, std::span<std::uint8_t> into, std::size_t due) {
     const CallOut out(*this, into.size());  // one call, however often it brings nothing
     for (std::size_t received = 0; received < into.size();) {
         std::size_t transferred = 0;
         const auto rest = into.subspan(received);
-        const auto result = handle->bulkIn(pedalBulkIn, rest, due - received, transferred);
+        const auto result = handle.bulkIn(pedalBulkIn, rest, due - received, transferred);
         if (result != usbSuccess || transferred > rest.size()) {
             return Trouble{Trouble::Kind::transferFailed};
         }
