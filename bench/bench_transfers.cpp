@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 
 #include "bare_pedal.h"
 #include "platform/descriptor.h"
@@ -111,8 +112,11 @@ void benchExport(benchmark::State& state) {
     std::filesystem::remove(path);
 }
 
-BENCHMARK(benchImport)->Arg(10)->Arg(30)->Arg(120)->Arg(480)->Arg(1440)->UseManualTime();
-BENCHMARK(benchExport)->Arg(10)->Arg(30)->Arg(120)->Arg(480)->Arg(1440)->UseManualTime();
+/// Of audio.
+const std::vector<std::int64_t> seconds{1, 2, 10, 30, 120, 480, 1440};
+
+BENCHMARK(benchImport)->ArgsProduct({seconds})->UseManualTime();
+BENCHMARK(benchExport)->ArgsProduct({seconds})->UseManualTime();
 
 }  // namespace
 }  // namespace kzq::bench
@@ -121,5 +125,6 @@ int main(int argc, char** argv) {
     kzq::returnFreedLoops();  // as the programs do
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
+    std::cout.flush();
     std::_Exit(EXIT_SUCCESS);  // the link's threads go on
 }
