@@ -10,9 +10,11 @@ Simulation::Simulation(Executor& executor, PedalMemory memory, LoopFolder folder
     : folder_(std::move(folder)), pedal_(executor, {.memory = std::move(memory)}), port_(executor, pedal_) {}
 
 Result<std::unique_ptr<Simulation>> Simulation::make(Executor& executor, const SimulationOrder& order) {
-    auto memory = demonstrationMemory();
+    PedalMemory memory;
     LoopFolder folder(order.folder, order.convert);
-    if (!order.folder.empty()) {
+    if (order.folder.empty()) {
+        memory = demonstrationMemory();
+    } else {
         auto loaded = folder.load();
         if (!loaded) {
             return std::move(loaded.error());
