@@ -3,7 +3,7 @@
 #include <libusb.h>
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 namespace kzq {
 
@@ -66,8 +66,8 @@ int ReadsInFlight::submitOne(std::uint8_t endpoint, std::size_t length) {
 }
 
 void ReadsInFlight::takeBack() {
-    for (auto& read : std::views::reverse(underWay_)) {  // or the pedal's bytes would move up
-        read.transfer.cancel();
+    for (auto read = underWay_.rbegin(); read != underWay_.rend(); ++read) {  // or bytes would move up
+        read->transfer.cancel();
     }
     for (auto& read : underWay_) {
         read.transfer.wait();
