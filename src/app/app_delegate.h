@@ -84,6 +84,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void nameEditingEndedForSlot(Slot& /*slot*/) override { parts_->presenter.focusContent(); }
     void exportAboutToBeRemoved(Slot& slot) override { parts_->staging->aboutToBeRemoved(slot); }
     void exportRemoved(Slot& slot) override { parts_->staging->removed(slot); }
+    void playClickedForSlot(Slot& /*slot*/) override {}
+    void compareClickedForSlot(Slot& /*slot*/) override {}
     Slot* slotNumber(std::uint8_t number, std::int32_t context) override {
         return parts_->rows.find(number, context);
     }

@@ -10,7 +10,9 @@
 #include <memory>
 #include <optional>
 
+#include "loops/frames.h"
 #include "loops/slot_number.h"
+#include "slots/row_sound.h"
 #include "slots/slot_button.h"
 #include "slots/slot_delegate.h"
 #include "slots/slot_field.h"
@@ -93,6 +95,12 @@ class Slot : public QObject {
     /// Export row: the staged file has been written to the pedal.
     bool exported() const { return exported_; }
     void setExported(bool exported);
+    /// What the row shows of its loop's sound.
+    const RowSound& sound() const { return sound_; }
+    void setSound(const RowSound& sound) { sound_ = sound; }
+    /// How long the loop is, or the staged file; 0 shows nothing.
+    Frames length() const { return length_; }
+    void setLength(Frames length) { length_ = length; }
     /// The text the row shows; nothing for an export row without a file or a loop.
     std::optional<QString> name() const;
 
@@ -151,6 +159,8 @@ class Slot : public QObject {
     QString defaultName_;
     std::optional<QString> customImportName_;
     std::optional<QUrl> exporting_;
+    RowSound sound_;
+    Frames length_;
     QRect originalFieldFrame_;
     QRect shiftedFieldFrame_;
 };

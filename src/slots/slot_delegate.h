@@ -32,6 +32,10 @@ class SlotDelegate : Fixed {
     /// The row of that number in the export list (context not 0) or the import list (context 0); null for
     /// number 0.
     virtual Slot* slotNumber(std::uint8_t number, std::int32_t context) = 0;
+    /// The ring in place of the number was pressed, or P; play, give up or stop, as the row shows.
+    virtual void playClickedForSlot(Slot& slot) = 0;
+    /// A/B was pressed, or Shift+P.
+    virtual void compareClickedForSlot(Slot& slot) = 0;
     /// Files were dropped on the row: at least one, in the order of the drag.
     virtual void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) = 0;
 

@@ -49,6 +49,8 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
     void nameEditingEndedForSlot(Slot& slot) override { note("ended", slot); }
     void exportAboutToBeRemoved(Slot& slot) override { note(slot.exporting() ? "remove" : "too late", slot); }
     void exportRemoved(Slot& slot) override { note(slot.exporting() ? "too early" : "removed", slot); }
+    void playClickedForSlot(Slot& slot) override { note("play", slot); }
+    void compareClickedForSlot(Slot& slot) override { note("compare", slot); }
     Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override {
         note("dropped", slot);

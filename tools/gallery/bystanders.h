@@ -82,6 +82,8 @@ class StillRows : public SlotDelegate {
     void nameEditingEndedForSlot(Slot& /*slot*/) override {}
     void exportAboutToBeRemoved(Slot& /*slot*/) override {}
     void exportRemoved(Slot& /*slot*/) override {}
+    void playClickedForSlot(Slot& /*slot*/) override {}
+    void compareClickedForSlot(Slot& /*slot*/) override {}
     Slot* slotNumber(std::uint8_t /*number*/, std::int32_t /*context*/) override { return nullptr; }
     void slotReceivedDroppedURLs(Slot& /*slot*/, const QList<QUrl>& /*urls*/) override {}
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* /*window*/, QObject* /*object*/) override {

@@ -10,10 +10,6 @@ namespace {
 
 constexpr std::uint64_t minute = 60;
 
-std::string twoDigits(std::uint64_t number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
-}
-
 }  // namespace
 
 std::uint64_t freeFrames(const Loops& loops) {
@@ -28,10 +24,6 @@ std::string lengthText(std::uint64_t frames) {
 std::string minutesText(std::uint64_t frames) {
     const std::uint64_t seconds = frames / framesPerSecond;
     return std::to_string(seconds / minute) + " min " + std::to_string(seconds % minute) + " s";
-}
-
-std::string clockText(std::uint64_t seconds) {
-    return std::to_string(seconds / minute) + ":" + twoDigits(seconds % minute);
 }
 
 std::string printable(std::string_view text) {

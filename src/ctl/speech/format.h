@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "loops/capacity.h"
+#include "loops/frames.h"         // clockText
 #include "platform/free_space.h"  // sizeText
 
 namespace kzq::ctl {
@@ -16,8 +17,6 @@ std::uint64_t freeFrames(const Loops& loops);
 std::string lengthText(std::uint64_t frames);
 /// "22 min 58 s", rounded down.
 std::string minutesText(std::uint64_t frames);
-/// "m:ss"
-std::string clockText(std::uint64_t seconds);
 /// `text` with everything but printable ASCII replaced by '?': for what the pedal says.
 std::string printable(std::string_view text);
 
