@@ -10,23 +10,26 @@
 
 namespace kzq {
 
+/// What a row shows of the sound of its loop or of its staged file.
 struct RowSound {
-    enum class Ring : std::uint8_t {
-        play,
-        arriving,
-        playing
-    };  ///< what a press on the number does: play, give up, stop
+    /// What a press on the number does: play, give up, stop.
+    enum class Ring : std::uint8_t { play, arriving, playing };
+
     Ring ring = Ring::play;
     std::shared_ptr<const Peaks> peaks;  ///< null: not read yet
     double position = -1;                ///< of the sound, 0 to 1; below 0: it does not play
     std::chrono::milliseconds played{};  ///< of this round
+
     // Export rows whose file would replace a loop, while one of both plays:
     bool compares = false;  ///< A/B is shown; A is the file, B the pedal's loop
     bool other = false;     ///< B plays
     std::shared_ptr<const Peaks> otherPeaks;
     Frames otherLength;
-    QString trouble;  ///< why there is no sound ("No sound device was found."), for ring's tool tip; empty:
-                      ///< there is
+
+    /// Why there is no sound ("No sound device was found."), for the ring's tool tip; empty: there is.
+    QString trouble;
+
+    bool plays() const { return position >= 0; }
 };
 
 }  // namespace kzq

@@ -1,6 +1,7 @@
 #include "slots/slot.h"
 
 #include "loops/facts.h"
+#include "slots/row_touch.h"
 #include "slots/slot_accessible.h"
 #include "ui/application_controller.h"
 #include "ui/fonts.h"
@@ -56,9 +57,11 @@ bool Slot::loadLayout(QWidget* parent) {
     background_ = layout.background;
     x_ = layout.x;
     field_ = layout.field;
+    ring_ = layout.ring;
+    compare_ = layout.compare;
     view_ = view.release();
     return numberLabel_ != nullptr && button_ != nullptr && background_ != nullptr && x_ != nullptr &&
-           field_ != nullptr;
+           field_ != nullptr && ring_ != nullptr && compare_ != nullptr;
 }
 
 void Slot::setUp() {
@@ -66,6 +69,9 @@ void Slot::setUp() {
     connectViews(this);
     connect(button_, &SlotButton::action, this, &Slot::buttonClicked);
     connect(x_, &XButton::clicked, this, &Slot::doNotExport);
+    connect(ring_, &SlotRing::clicked, this, &Slot::playClicked);
+    connect(compare_, &SlotCompare::action, this, &Slot::compareClicked);
+    watchTouch(*this);
     numberLabel_->setText(QString::number(number_));
     numberLabel_->setFont(textFont());
     auto palette = numberLabel_->palette();
@@ -97,6 +103,9 @@ void Slot::connectViews(Slot* controller) {
     }
     if (field_ != nullptr) {
         field_->setController(controller);
+    }
+    if (ring_ != nullptr) {
+        ring_->setController(controller);
     }
 }
 

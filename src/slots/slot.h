@@ -12,11 +12,14 @@
 
 #include "loops/frames.h"
 #include "loops/slot_number.h"
+#include "slots/row_layout.h"
 #include "slots/row_sound.h"
 #include "slots/slot_button.h"
+#include "slots/slot_compare.h"
 #include "slots/slot_delegate.h"
 #include "slots/slot_field.h"
 #include "slots/slot_field_background.h"
+#include "slots/slot_ring.h"
 #include "slots/slot_view.h"
 #include "ui/x_button.h"
 
@@ -53,6 +56,8 @@ class Slot : public QObject {
     SlotFieldBackground* background() const { return background_; }
     XButton* x() const { return x_; }
     SlotField* field() const { return field_; }
+    SlotRing* ring() const { return ring_; }
+    SlotCompare* compare() const { return compare_; }
 
     /// Not owned; clear it before the delegate is destroyed.
     SlotDelegate* delegate() const { return delegate_; }
@@ -97,12 +102,27 @@ class Slot : public QObject {
     void setExported(bool exported);
     /// What the row shows of its loop's sound.
     const RowSound& sound() const { return sound_; }
-    void setSound(const RowSound& sound) { sound_ = sound; }
+    void setSound(const RowSound& sound);
     /// How long the loop is, or the staged file; 0 shows nothing.
     Frames length() const { return length_; }
-    void setLength(Frames length) { length_ = length; }
+    void setLength(Frames length);
+    /// There is something to be heard: a loop, or a staged file.
+    bool canPlay() const;
+    /// The pointer or the focus of the keyboard is in the row.
+    bool touched() const { return touched_; }
+    void setTouched(bool touched);
     /// The text the row shows; nothing for an export row without a file or a loop.
     std::optional<QString> name() const;
+
+    /// What the name lies on now, and where it and the rest stand.
+    RowGround ground() const;
+    RowLayout layout() const;
+    /// The length, or the time played; empty for neither.
+    QString clock() const;
+    /// While the loop plays that the row's file would replace, its name stands there instead, and nothing
+    /// else of the row changes; and what plays has a white name.
+    QString nameInSight() const;
+    QColor nameColour(const QColor& resting) const;
 
     /// The name field as laid out, and while the x is shown.
     const QRect& originalFieldFrame() const { return originalFieldFrame_; }
@@ -117,9 +137,11 @@ class Slot : public QObject {
     /// Ends the editing of this row's name, if its editor is open, and keeps the typed name.
     void endEditing();
 
-    /// The actions of the button and of the x.
+    /// The actions of the button, of the x, and of the ring and A/B or their keys.
     void buttonClicked();
     void doNotExport();
+    void playClicked();
+    void compareClicked();
 
     /// Sent by the field when its editor opens and when it has closed.
     void controlTextDidBeginEditing();
@@ -137,7 +159,12 @@ class Slot : public QObject {
     bool showBackground(const QString& name);
     void setFieldText(const QString& text);
     void placeX(bool shown);
+    bool isStaged() const { return exporting_ && !exported_; }
+    bool showsOther() const { return sound_.compares && sound_.other; }
+    void showSound();
+    void showRing();
     void describe();
+    void describeSound(const QString& length);
     QString shownName() const { return name().value_or(QString()); }
 
     ApplicationController& application_;
@@ -148,11 +175,14 @@ class Slot : public QObject {
     QPointer<SlotFieldBackground> background_;
     QPointer<XButton> x_;
     QPointer<SlotField> field_;
+    QPointer<SlotRing> ring_;
+    QPointer<SlotCompare> compare_;
     std::int32_t context_;
     std::uint8_t number_;
     bool enabled_ = true;
     bool occupied_ = false;
     bool exported_ = false;
+    bool touched_ = false;
     std::uint64_t samples_ = 0;
     std::uint64_t bytes_ = 0;
     std::uint64_t alignedBytes_ = 0;

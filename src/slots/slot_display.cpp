@@ -26,11 +26,11 @@ void Slot::sync() {
     } else {
         syncImport();
     }
-    describe();
+    showSound();
 }
 
 void Slot::syncExport() {
-    const bool waiting = exporting_ && !exported_;
+    const bool waiting = isStaged();
     const auto* const state = !waiting ? "Off" : occupied_ ? "overwrite" : "On";
     if (!showBackground(fieldPicture("Export", state))) {
         return;
@@ -72,7 +72,7 @@ void Slot::resetNameField() {
     } else {
         resetImportField();
     }
-    describe();
+    showSound();
 }
 
 void Slot::resetImportField() {
@@ -101,22 +101,6 @@ bool Slot::showBackground(const QString& name) {
     }
     background_->setImage(name);
     return true;
-}
-
-/// What assistive technology reads out.
-void Slot::describe() {
-    const auto words = [this](const char* text) { return QString::fromLatin1(text).arg(number_); };
-    view_->setAccessibleName(defaultName_);
-    numberLabel_->setAccessibleName(words("Loop %1"));
-    if (isExport()) {
-        button_->setAccessibleName(words(occupied_ ? "Overwrite Loop %1" : "Add Loop %1"));
-        button_->setAccessibleDescription(field_->text());  // the name itself cannot have the focus
-    } else {
-        button_->setAccessibleName(words("Loop %1, select"));
-    }
-    x_->setAccessibleName(words("Remove file from loop %1"));
-    field_->setAccessibleName(words("Loop %1 name"));
-    field_->setAccessibleDescription(field_->text());
 }
 
 }  // namespace kzq

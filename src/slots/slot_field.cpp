@@ -181,8 +181,16 @@ void SlotField::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const auto font = styledFont_.value_or(textFont());
     painter.setFont(font);
-    painter.setPen(textColour_);
-    const auto shown = QFontMetricsF(font).elidedText(text_, Qt::ElideRight, width());
+    auto name = text_;
+    auto colour = textColour_;
+    double room = width();
+    if (const auto* const row = controller(); row != nullptr) {
+        name = row->nameInSight();
+        colour = row->nameColour(colour);
+        room = row->layout().nameRight - x();
+    }
+    painter.setPen(colour);
+    const auto shown = QFontMetricsF(font).elidedText(name, Qt::ElideRight, room);
     painter.drawText(QPointF(0, SlotFieldEditorLayoutManager::baseline), shown);
 }
 

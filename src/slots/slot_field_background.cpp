@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "slots/row_sound_painter.h"
 #include "slots/slot.h"
 #include "ui/pictures.h"
 
@@ -18,6 +19,11 @@ void SlotFieldBackground::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawPicture(painter, image_, rect());
     const auto* const row = controller();
+    if (row != nullptr) {
+        painter.translate(-pos());
+        drawRowSound(painter, *row);
+        painter.translate(pos());
+    }
     if (row != nullptr && row->view() != nullptr && row->view()->dropHovering()) {
         drawPicture(painter, QString::fromLatin1("Export_field_drop"), rect());
     }

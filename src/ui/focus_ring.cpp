@@ -15,17 +15,17 @@ constexpr int distance = 3;  // from the control to the middle of the stroke
 constexpr int reach = 4;     // from the control to the outer edge
 constexpr int usualRadius = 6;
 
-bool byKeyboard(Qt::FocusReason reason) {
-    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-           reason == Qt::ShortcutFocusReason;
-}
-
 }  // namespace
 
 FocusRing::FocusRing(QWidget* page) : QWidget(page) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     hide();
     qApp->installEventFilter(this);
+}
+
+bool FocusRing::byKeyboard(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason;
 }
 
 void FocusRing::mark(QWidget* control) {

@@ -14,6 +14,8 @@ class FocusRing : public QWidget {
   public:
     explicit FocusRing(QWidget* page);
 
+    /// Whether a focus that came so shows where it is.
+    static bool byKeyboard(Qt::FocusReason reason);
     /// The control that has the ring, or null.
     QWidget* control() const { return control_; }
     /// Gives the ring to `control`, which has the focus or is about to get it; null removes it.

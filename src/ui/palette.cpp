@@ -86,6 +86,34 @@ QColor restingTextColor() {
     return {255, 255, 255, 128};
 }
 
+QColor lengthColor() {
+    return {0xF3, 0xE9, 0xD8, 140};
+}
+
+QColor lengthOnTapeColor() {
+    return {0xF3, 0xE9, 0xD8, 204};
+}
+
+QColor lengthOnConsoleColor() {
+    return {0x5A, 0x4A, 0x3A};
+}
+
+QColor waveColor() {
+    return tapeEdgeColor();
+}
+
+QColor waveOnTapeColor() {
+    return {0xC0, 0x91, 0x7A};
+}
+
+QColor missingColor() {
+    return {0x7D, 0x65, 0x62};
+}
+
+QColor missingOnTapeColor() {
+    return {0xA3, 0x93, 0x90};
+}
+
 QColor disabledWordColor() {
     return {0x9C, 0x8D, 0x8B};
 }

@@ -31,4 +31,13 @@ QColor restingTextColor();   ///< names at rest: white at 0.5
 QColor disabledWordColor();  ///< words of a disabled face
 QColor disabledFaceColor();  ///< the flat face of a disabled button
 
+/// The same for what a row shows of its loop's sound, with the measured contrast to what is under it.
+QColor lengthColor();           ///< a length in the groove: cream at 0.55 (5.4)
+QColor lengthOnTapeColor();     ///< on tape: cream at 0.8 (6.0)
+QColor lengthOnConsoleColor();  ///< on console tape (7.2)
+QColor waveColor();             ///< bars in the groove (3.5); what was played is cream (16.3; on tape 7.9)
+QColor waveOnTapeColor();       ///< on tape (3.3 at the lightest point, 3.9 at the foot)
+QColor missingColor();          ///< dots for what has not been read yet, in the groove (3.7)
+QColor missingOnTapeColor();    ///< on tape (3.1)
+
 }  // namespace kzq

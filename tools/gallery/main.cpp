@@ -10,6 +10,7 @@
 #include "panel_shots.h"
 #include "picture_shots.h"
 #include "rows.h"
+#include "sound_rows.h"
 #include "status_shots.h"
 #include "ui/palette.h"
 #include "window_shots.h"
@@ -50,6 +51,8 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("icon-light", icons(ratio), lightDesktop);
     folder.save("buttons", buttons(), kzq::KZQBrown());
     folder.save("rows", rows(), kzq::trayColor());
+    folder.save("listening", listening(), kzq::trayColor());
+    folder.save("comparing", comparing(), kzq::trayColor());
     folder.save("panels", panels(), darkDesktop);
     folder.save("panels-light", panels(), lightDesktop);
     folder.save("updates", updateWindows(), darkDesktop);

@@ -6,9 +6,11 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "loops/facts.h"
 #include "slots/slot_button.h"
 #include "slots/slot_field.h"
 #include "slots/slot_view.h"
+#include "sound_rows.h"
 #include "stage.h"
 #include "ui/x_button.h"
 
@@ -92,6 +94,12 @@ std::unique_ptr<Slot> Rows::row(std::uint8_t number, std::int32_t context, const
         row->setExported(state.written);
     }
     row->refresh();
+    row->setLength({row->canPlay() ? (29ULL + 13ULL * number) * framesPerSecond : 0});
+    if (state.heard) {
+        RowSound sound;
+        sound.peaks = somePeaks();
+        row->setSound(sound);
+    }
     if (state.renaming) {
         row->field()->startRenaming();
     }

@@ -18,6 +18,7 @@ struct RowState {
     bool written = false;        ///< the staged file is in the pedal
     bool renaming = false;
     bool dropping = false;  ///< a file is held over it
+    bool heard = false;     ///< its waveform is known
 };
 
 /// Rows in given states; the bystanders live as long as it does.

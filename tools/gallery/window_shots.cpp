@@ -25,29 +25,30 @@ namespace {
 
 constexpr std::uint8_t loops = 20;
 constexpr RowState aLoop{.caption = "", .occupied = true};
+constexpr RowState heard{.caption = "", .occupied = true, .heard = true};
 
 using States = std::map<std::uint8_t, RowState>;
 
 const States importRows{
     {1, {.caption = "", .occupied = true, .selected = true, .name = "Dusty Rhodes vamp"}},
-    {2, aLoop},
-    {3, {.caption = "", .occupied = true, .selected = true}},
+    {2, heard},
+    {3, {.caption = "", .occupied = true, .selected = true, .heard = true}},
     {5, aLoop},
     {6, {.caption = "", .occupied = true, .selected = true, .name = "Slow waltz bass", .renaming = true}},
-    {7, aLoop},
-    {10, {.caption = "", .occupied = true, .selected = true, .name = "Kalimba in 7/8"}},
+    {7, heard},
+    {10, {.caption = "", .occupied = true, .selected = true, .name = "Kalimba in 7/8", .heard = true}},
     {11, aLoop},
-    {13, aLoop},
+    {13, heard},
     {14, {.caption = "", .occupied = true, .selected = true, .name = "Chorus pad, long tail"}},
     {15, {.caption = "", .occupied = true, .selected = true, .name = "Night bus field recording"}},
-    {17, aLoop},
-    {18, aLoop},
-    {20, aLoop}};
+    {17, heard},
+    {18, heard},
+    {20, heard}};
 
 const States exportRows{{1, aLoop},
-                        {2, {.caption = "", .occupied = true, .name = "verse riff take 3"}},
+                        {2, {.caption = "", .occupied = true, .name = "verse riff take 3", .heard = true}},
                         {3, aLoop},
-                        {4, {.caption = "", .name = "tape choir Am"}},
+                        {4, {.caption = "", .name = "tape choir Am", .heard = true}},
                         {5, {.caption = "", .name = "tape choir Am", .written = true}},
                         {7, {.caption = "", .occupied = true, .name = "intro", .written = true}},
                         {8, {.caption = "", .name = "brushes_94bpm_bar1-8"}},

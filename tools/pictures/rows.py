@@ -2,9 +2,18 @@
 
 import colours as c
 import marks
-from svg import Picture
+from svg import Picture, Shape
 
 ADD_WORDS = ("Empty", "Filled", "On", "Overwrite")
+RING_STATES = ("Play_Row", "Play_Hover", "Play_Press", "Stop_Off", "Stop_Hover", "Stop_Press")
+
+# Fira Sans Medium at 12 px, outlined.
+LETTER_A = "M11.87 16.2L11.35 14.28H8.6L8.09 16.2H6.44L9.02 7.91H10.98L13.55 16.2ZM8.91 13.08H11.03L9.97 9.12Z"
+LETTER_B = ("M29.26 13.81Q29.26 15.11 28.35 15.65Q27.43 16.2 25.79 16.2H23.29V7.91H25.47Q28.9 7.91 28.9 10.02"
+            "Q28.9 10.75 28.45 11.21Q28.01 11.68 27.36 11.81Q28.21 11.96 28.74 12.42Q29.26 12.88 29.26 13.81Z"
+            "M24.88 9.07V11.32H25.85Q26.51 11.32 26.89 11.02Q27.28 10.73 27.28 10.15Q27.28 9.55 26.88 9.31"
+            "Q26.47 9.07 25.62 9.07ZM27.6 13.75Q27.6 13.04 27.16 12.73Q26.73 12.42 25.97 12.42H24.88V15.01H25.8"
+            "Q26.68 15.01 27.14 14.75Q27.6 14.48 27.6 13.75Z")
 
 
 def groove(picture):
@@ -111,6 +120,35 @@ def add(word):
     return picture
 
 
+def ring(state):
+    """Plays or stops a loop; gray on its row, so that it is no twin of the selector."""
+    action, look = state.split("_")
+    picture = Picture(24, 24)
+    if look == "Row":
+        picture.ring(12, 12, 9, c.SOCKET)
+    else:
+        lit = {"Press": c.CREAM_PRESSED, "Hover": c.CREAM if action == "Play" else c.WHITE, "Off": c.CREAM}
+        picture.circle(12, 12, 10, lit[look])
+    ink = c.CREAM if look == "Row" else c.INK
+    if action == "Play":
+        picture.fill("M9.5 8.3L16 12L9.5 15.7Z", ink, stroke=ink, stroke_width=1, stroke_linejoin="round")
+    else:
+        picture.rect(8, 8, 8, 8, ink, 1)
+    return picture
+
+
+def compare(plays, hover):
+    """The leader of a yellow row as a key: the file is A, the loop that it would replace is B."""
+    picture = Picture(46, 24)
+    picture.fill("M0 0H44A2 2 0 0 1 46 2V22A2 2 0 0 1 44 24H12Z", c.YELLOW_LIT if hover else c.YELLOW)
+    picture.fill("M0 0H44A2 2 0 0 1 46 2H1Z", c.YELLOW_LIT)
+    for letter, outline, box in (("A", LETTER_A, 13), ("B", LETTER_B, 29)):
+        if letter == plays:
+            picture.rect(box, 4, 14, 16, c.INK, 3)
+        picture.fill(Shape.placed(outline, 10), c.YELLOW if letter == plays else c.INK)
+    return picture
+
+
 def remove(hover):
     picture = Picture(16, 16)
     if hover:
@@ -129,4 +167,8 @@ def pictures():
         "Export_X": remove(False), "Export_X_Hover": remove(True),
     }
     result.update({f"Export_Add_{word}": add(word) for word in ADD_WORDS})
+    result.update({state: ring(state) for state in RING_STATES})
+    for plays in "AB":
+        result[f"Export_compare_{plays}"] = compare(plays, hover=False)
+        result[f"Export_compare_{plays}_Hover"] = compare(plays, hover=True)
     return result

@@ -1,0 +1,148 @@
+#include <QAccessible>
+
+#include "row_fixture.h"
+#include "ui/palette.h"
+
+namespace kzq::test {
+namespace {
+
+using testing::ElementsAre;
+using Ring = RowSound::Ring;
+
+constexpr Frames length{151ULL * 44'100};
+
+RowSound playing() {
+    RowSound sound;
+    sound.ring = Ring::playing;
+    sound.position = 0.25;
+    sound.played = std::chrono::milliseconds(37'999);
+    return sound;
+}
+
+class RowSounds : public RowFixture {
+  protected:
+    Slot& loop() {
+        auto& row = recorded(1);
+        row.setLength(length);
+        return row;
+    }
+    /// Its file would replace loop 2.
+    Slot& yellow() {
+        auto& row = exportRow(2);
+        row.setOccupied(true);
+        stage(row, "/tmp/verse riff.wav");
+        row.setLength({31ULL * 44'100});
+        return row;
+    }
+};
+
+TEST_F(RowSounds, TheNumberTurnsIntoARingUnderPointerAndFocus) {
+    auto& row = loop();
+    EXPECT_EQ(row.ring()->pictureName(), "");
+    QEnterEvent enter({}, {}, {});
+    QCoreApplication::sendEvent(row.view(), &enter);
+    EXPECT_EQ(row.ring()->pictureName(), "Play_Row");
+    EXPECT_TRUE(row.numberLabel()->isHidden());
+    QCoreApplication::sendEvent(row.ring(), &enter);
+    EXPECT_EQ(row.ring()->pictureName(), "Play_Hover");
+    QTest::mousePress(row.ring(), Qt::LeftButton);
+    EXPECT_EQ(row.ring()->pictureName(), "Play_Press");
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(row.ring(), &leave);
+    QTest::mouseRelease(row.ring(), Qt::LeftButton);
+    EXPECT_THAT(takeCalls(), ElementsAre("play import 1"));
+    QCoreApplication::sendEvent(row.view(), &leave);
+    EXPECT_EQ(row.ring()->pictureName(), "");
+    row.setSound(playing());
+    EXPECT_EQ(row.ring()->pictureName(), "Stop_Off");
+    EXPECT_TRUE(row.numberLabel()->isHidden());
+    row.setSound({});
+    EXPECT_FALSE(row.numberLabel()->isHidden());
+}
+
+TEST_F(RowSounds, ArrowsReachTheRingAndPPlaysUnlessANameIsTyped) {
+    auto& row = loop();
+    row.button()->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(row.ring()->pictureName(), "Play_Row");
+    QTest::keyClick(row.button(), Qt::Key_P);
+    QTest::keyClick(row.button(), Qt::Key_P, Qt::ShiftModifier);  // there is nothing to compare
+    QTest::keyClick(row.button(), Qt::Key_P, Qt::ControlModifier);
+    EXPECT_THAT(takeCalls(), ElementsAre("play import 1"));
+    QTest::keyClick(row.button(), Qt::Key_Left);
+    EXPECT_EQ(QApplication::focusWidget(), row.ring());
+    QTest::keyClick(row.ring(), Qt::Key_Return);
+    EXPECT_THAT(takeCalls(), ElementsAre("play import 1"));
+    QTest::keyClick(row.ring(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), row.button());
+
+    click(*row.field());
+    takeCalls();
+    QTest::keyClick(&editor, Qt::Key_P);
+    EXPECT_THAT(takeCalls(), ElementsAre());
+    EXPECT_EQ(fieldText(row), "p");
+    EXPECT_EQ(row.clock(), "2:31");
+
+    auto& empty = exportRow(3);
+    empty.button()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(empty.button(), Qt::Key_P);
+    EXPECT_THAT(takeCalls(), ElementsAre());
+    EXPECT_EQ(empty.ring()->pictureName(), "");
+}
+
+TEST_F(RowSounds, BShowsTheLoopInPlaceOfTheFileAndOnlyAsLongAsItPlays) {
+    auto& row = yellow();
+    EXPECT_EQ(row.clock(), "0:31");
+    auto sound = playing();
+    sound.compares = true;
+    row.setSound(sound);
+    EXPECT_EQ(row.nameInSight(), "verse riff");
+    EXPECT_EQ(row.nameColour(KZQYellow()), KZQYellow());
+    EXPECT_EQ(row.clock(), "0:37");
+    takeCalls();
+    click(*row.compare());
+    EXPECT_FALSE(row.compare()->isChecked());  // it shows what sounds, not what was asked for
+    row.x()->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(row.x(), Qt::Key_Right);
+    EXPECT_EQ(QApplication::focusWidget(), row.compare());
+    QTest::keyClick(row.compare(), Qt::Key_P, Qt::ShiftModifier);
+    EXPECT_THAT(takeCalls(), ElementsAre("compare export 2", "compare export 2"));
+    sound.other = true;
+    row.setSound(sound);
+    EXPECT_EQ(row.compare()->pictureName(), "Export_compare_B");
+    EXPECT_EQ(row.nameInSight(), "Loop 2");
+    EXPECT_EQ(row.nameColour(KZQYellow()), KZQWhite());
+    EXPECT_EQ(row.name(), "verse riff");
+    row.setSound({});
+    EXPECT_EQ(row.nameInSight(), "verse riff");
+    EXPECT_EQ(QApplication::focusWidget(), row.button());
+}
+
+int renamed = 0;
+
+TEST_F(RowSounds, AScreenReaderHearsWhatCanBeHeardAndOnlyChanges) {
+    auto& row = loop();
+    EXPECT_EQ(row.ring()->accessibleName(), "Play Loop 1, 2 minutes 31 seconds");
+    EXPECT_EQ(row.view()->accessibleDescription(), "2 minutes 31 seconds");
+    EXPECT_EQ(row.button()->accessibleDescription(), "2 minutes 31 seconds");
+    QAccessible::setActive(true);
+    renamed = 0;
+    auto* const before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+        renamed +=
+            event->type() == QAccessible::NameChanged || event->type() == QAccessible::DescriptionChanged;
+    });
+    row.setSound(playing());
+    EXPECT_EQ(renamed, 1);
+    auto later = playing();
+    later.position = 0.3;
+    row.setSound(later);
+    row.refresh();
+    EXPECT_EQ(renamed, 1);
+    QAccessible::installUpdateHandler(before);
+    QAccessible::setActive(false);
+    EXPECT_EQ(row.ring()->accessibleName(), "Stop Loop 1");
+    EXPECT_EQ(yellow().ring()->accessibleName(), "Play verse riff, 31 seconds");
+    EXPECT_EQ(yellow().compare()->accessibleName(), "Compare with Loop 2");
+}
+
+}  // namespace
+}  // namespace kzq::test
