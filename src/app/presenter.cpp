@@ -31,6 +31,25 @@ void Presenter::hold(Slot& row, const Loop* loop) {
     }
 }
 
+void Presenter::length(SlotNumber slot) {
+    const auto* const loop = model_.table().find(slot);
+    const Frames onPedal{loop != nullptr ? loop->samples : 0};
+    rows_.importRow(slot).setLength(onPedal);
+    auto& row = rows_.exportRow(slot);
+    const auto staged = model_.staging().find(slot);
+    if (!row.exporting() || row.exported()) {
+        row.setLength(onPedal);
+    } else if (staged != model_.staging().end()) {
+        row.setLength(Frames::ofBytes(staged->second.bytes));
+    }
+}
+
+void Presenter::lengths() {
+    for (const auto& row : rows_.imports) {
+        length(slotOf(*row));
+    }
+}
+
 void Presenter::table() {
     for (const auto* const list : {&rows_.imports, &rows_.exports}) {
         for (const auto& row : *list) {
@@ -42,6 +61,7 @@ void Presenter::table() {
             row->refresh();
         }
     }
+    lengths();
     meter(model_.inUse());
 }
 
@@ -60,6 +80,7 @@ void Presenter::change(const LoopModel::Change& change) {
             row->refresh();
         }
     }
+    lengths();
     selection();
     window_.warning()->setVisible(change.overwrites);
     meter(model_.inUse());
@@ -88,6 +109,7 @@ void Presenter::left() {
         row->setOccupied(false);
         empty(*row);
     }
+    lengths();
 }
 
 void Presenter::meter(Frames used) {
@@ -165,6 +187,7 @@ void Presenter::staged(SlotNumber slot, const QUrl& file) {
     auto& row = rows_.exportRow(slot);
     row.setExporting(file);
     row.setExported(false);
+    length(slot);
     window_.exportButton()->setEnabled(!model_.staging().empty());
     if (row.occupied()) {
         window_.warning()->show();
@@ -173,6 +196,7 @@ void Presenter::staged(SlotNumber slot, const QUrl& file) {
 
 void Presenter::unstaged(Slot& row) {
     row.setExported(false);
+    length(slotOf(row));
     window_.exportButton()->setEnabled(!model_.staging().empty());
     const bool overwrites = std::ranges::any_of(
         rows_.exports, [](const auto& other) { return other->occupied() && other->exporting().has_value(); });
@@ -193,6 +217,7 @@ void Presenter::exportsCleared() {
         row->setExporting(std::nullopt);
         row->setExported(false);
     }
+    lengths();
     window_.warning()->hide();
 }
 

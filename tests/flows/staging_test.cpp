@@ -27,6 +27,8 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     EXPECT_TRUE(info.occupied);
     EXPECT_EQ(info.source.parent_path(), base / "copies");
     EXPECT_EQ(exportRow(3).name(), "my song.v2");
+    EXPECT_EQ(exportRow(3).length(), Frames{500});
+    EXPECT_EQ(importRow(3).length(), Frames{2000});
     EXPECT_TRUE(window->exportButton()->isEnabled());
     EXPECT_FALSE(window->warning()->isHidden());
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 500);
@@ -35,6 +37,7 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 100);
     stage(2, 50);
     exportRow(3).x()->click();
+    EXPECT_EQ(exportRow(3).length(), Frames{2000});
     EXPECT_EQ(workingCopies(), 2);  // the staged one is removed, the replaced one is not
     EXPECT_FALSE(std::filesystem::exists(base / "copies" / "2.wav"));
     EXPECT_TRUE(window->exportButton()->isEnabled());
