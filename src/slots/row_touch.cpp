@@ -54,9 +54,13 @@ class RowTouch : public QObject {
             case Qt::Key_P:
                 return !event.isAutoRepeat() && played(event.modifiers());
             case Qt::Key_Left:
-                return at == row_.button() ? focusOn(*row_.ring()) : at == row_.compare() && backToButton();
+                return (at == row_.button() && focusOn(*row_.ring())) || back(at);
             case Qt::Key_Right:
-                return at == row_.x() ? focusOn(*row_.compare()) : at == row_.ring() && backToButton();
+                return (at == row_.x() && focusOn(*row_.compare())) || forth(at);
+            case Qt::Key_Backtab:
+                return back(at);
+            case Qt::Key_Tab:
+                return forth(at);
             default:
                 return false;
         }
@@ -79,7 +83,24 @@ class RowTouch : public QObject {
         return true;
     }
 
-    bool backToButton() { return row_.button()->isEnabled() && focusOn(*row_.button()); }
+    // Ring and A/B are no stops of Tab, so from them it goes on as from the button and the x. Whether it has
+    // arrived already:
+
+    bool back(const QObject* at) {
+        if (at == row_.ring()) {
+            row_.button()->setFocus(Qt::BacktabFocusReason);
+            return false;
+        }
+        return at == row_.compare() && focusOn(*row_.x());
+    }
+
+    bool forth(const QObject* at) {
+        if (at == row_.compare()) {
+            row_.x()->setFocus(Qt::TabFocusReason);
+            return false;
+        }
+        return at == row_.ring() && focusOn(*row_.button());
+    }
 
     Slot& row_;
     bool pointer_ = false;

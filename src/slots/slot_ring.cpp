@@ -1,7 +1,5 @@
 #include "slots/slot_ring.h"
 
-#include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "slots/slot.h"
@@ -29,20 +27,6 @@ QString SlotRing::pictureName() const {
     }
     const auto* const state = isDown() ? "Press" : hovering() ? "Hover" : stops ? "Off" : "Row";
     return QString::fromLatin1(stops ? "Stop_%1" : "Play_%1").arg(QLatin1String(state));
-}
-
-/// It is no stop of Tab, so Tab goes on from the row's button.
-bool SlotRing::focusNextPrevChild(bool next) {
-    auto* const row = slotOf(controller_);
-    if (row == nullptr || row->button() == nullptr || !row->button()->isEnabled()) {
-        return KeyButton::focusNextPrevChild(next);
-    }
-    row->button()->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    if (!next) {
-        QKeyEvent back(QEvent::KeyPress, Qt::Key_Backtab, Qt::ShiftModifier);
-        QCoreApplication::sendEvent(row->button(), &back);
-    }
-    return true;
 }
 
 void SlotRing::paintEvent(QPaintEvent* /*event*/) {

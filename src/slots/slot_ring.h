@@ -25,7 +25,6 @@ class SlotRing : public KeyButton {
     QRect focusRingRect() const override { return picture_; }
 
   protected:
-    bool focusNextPrevChild(bool next) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:

@@ -74,6 +74,9 @@ TEST_F(RowSounds, ArrowsReachTheRingAndPPlaysUnlessANameIsTyped) {
     EXPECT_THAT(takeCalls(), ElementsAre("play import 1"));
     QTest::keyClick(row.ring(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), row.button());
+    QTest::keyClick(row.button(), Qt::Key_Left);
+    QTest::keyClick(row.ring(), Qt::Key_Left);
+    EXPECT_EQ(QApplication::focusWidget(), exportRow(3).button());  // the one before, as without the ring
 
     click(*row.field());
     takeCalls();

@@ -94,7 +94,7 @@ TEST_F(Walk, EveryControlOfTheMainWindowSaysWhatItIs) {
     const auto menu = Menu::menu(application, dialogs, window.contentView(), product);
     rows.front()->field()->setEditable(true);
     window.addShield();
-    EXPECT_GE(walk(window), 20 * 2 + 20 * 3 + 4 + 8);
+    EXPECT_GE(walk(window), 20 * 4 + 20 * 5 + 4 + 8);
 }
 
 TEST_F(Walk, EveryControlOfThePanelsSaysWhatItIs) {
