@@ -85,16 +85,20 @@ QString Slot::clock() const {
     return clockOf(length_);
 }
 
-/// The name has the same room all the time that the row plays.
+/// Nothing moves when the row begins to play or changes to B: a yellow row always has room for both names and
+/// both lengths.
 RowLayout Slot::layout() const {
+    const bool yellow = isStaged() && occupied_;
     RowContents contents{.ground = ground(), .plays = sound_.plays()};
     if (field_ != nullptr) {
+        const QFontMetricsF metrics(textFont());
         contents.nameLeft = field_->x();
-        contents.nameWidth = QFontMetricsF(textFont()).horizontalAdvance(nameInSight());
+        contents.nameWidth = std::max(metrics.horizontalAdvance(field_->text()),
+                                      yellow ? metrics.horizontalAdvance(defaultName_) : 0);
     }
     if (canPlay() && length_.count != 0) {
-        const auto other = sound_.compares ? figuresWidth(clockOf(sound_.otherLength)) : 0;
-        contents.clockWidth = std::max(figuresWidth(clockOf(length_)), other);
+        contents.clockWidth =
+            std::max(figuresWidth(clockOf(length_)), yellow ? figuresWidth(clockOf({samples_})) : 0);
     }
     contents.waveform =
         canPlay() && (sound_.peaks != nullptr || sound_.compares || sound_.ring == RowSound::Ring::arriving);
