@@ -1,0 +1,56 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "loops/slot_number.h"
+#include "platform/fixed.h"
+#include "platform/result.h"
+
+namespace kzq {
+
+class Slot;
+struct AppParts;
+
+/// Hears loops and staged files, and reads loops for it. Main thread.
+class Listening : Fixed {
+  public:
+    /// `parts` outlives it.
+    explicit Listening(AppParts& parts);
+    ~Listening();
+
+    /// The ring of this row was pressed: plays, gives up or stops, as the row shows.
+    void clicked(Slot& row);
+    /// Changes between a staged file and the loop that it would replace, while one of both plays.
+    void compare(Slot& row);
+    /// The sound; a read goes on to its end.
+    void stop();
+    bool playing() const;
+
+    /// A copy of a loop, or why there is none.
+    using Copy = std::function<void(SlotNumber, Result<std::filesystem::path>)>;
+    /// Copies of these loops as WAV files (of the form an import writes) in this run's folder, read one after
+    /// the other where they are not there yet, or no longer count as the pedal's. `copy` is called for each,
+    /// in order, some of them before this returns; `moved` with 0 to 1 of all. An operation that is started
+    /// meanwhile ends it: the rest come as Trouble cancelled. A fetch that is under way ends like that.
+    void fetch(std::vector<SlotNumber> slots, Copy copy, std::function<void(double)> moved);
+    /// Ends what fetch has under way: the rest come as Trouble cancelled.
+    void giveUp();
+    /// The copy, if there is one that counts as the pedal's. It stays until the program ends, or until the
+    /// loop has been read again.
+    std::optional<std::filesystem::path> copyOf(SlotNumber slot) const;
+    /// We wrote to it.
+    void forget(SlotNumber slot);
+
+    /// The table, what is staged or the pedal has changed: the rows follow.
+    void rowsChanged();
+
+  private:
+    struct Engine;
+    const std::shared_ptr<Engine> engine_;
+};
+
+}  // namespace kzq
