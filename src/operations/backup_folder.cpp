@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <vector>
@@ -24,6 +25,14 @@ constexpr std::uint64_t longestIndex = 1 << 20;
 bool isThere(const fs::path& path) {
     std::error_code error;
     return fs::symlink_status(path, error).type() != fs::file_type::not_found;
+}
+
+bool isIndexOrDraft(const std::string& name) {
+    return name == indexName || name == partialName || isHiddenName(name);
+}
+
+bool isLoopName(const std::string& name) {
+    return std::ranges::any_of(allSlots(), [&](SlotNumber slot) { return name == loopName(slot) + ".wav"; });
 }
 
 ByteView bytesOf(const std::string& text) {
@@ -86,7 +95,7 @@ bool BackupFolder::removeIfEmpty() const {
     fs::directory_iterator entry(path_, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         const auto name = entry->path().filename().string();
-        if (name != indexName && name != partialName && !isHiddenName(name)) {
+        if (!isIndexOrDraft(name)) {
             return false;
         }
         own.push_back(entry->path());
@@ -99,6 +108,22 @@ bool BackupFolder::removeIfEmpty() const {
         ::unlink(file.c_str());
     }
     return ::rmdir(path_.c_str()) == 0;
+}
+
+void BackupFolder::remove() const {
+    std::vector<fs::path> own;
+    std::error_code error;
+    for (fs::directory_iterator entry(path_, error); !error && entry != fs::directory_iterator();
+         entry.increment(error)) {
+        const auto name = entry->path().filename().string();
+        if (isIndexOrDraft(name) || isLoopName(name)) {
+            own.push_back(entry->path());
+        }
+    }
+    for (const auto& file : own) {
+        ::unlink(file.c_str());
+    }
+    ::rmdir(path_.c_str());
 }
 
 }  // namespace kzq

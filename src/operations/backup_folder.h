@@ -30,6 +30,8 @@ class BackupFolder {
     Result<void> finish(const BackupIndex& index) const;
     /// Removes the folder if it holds no more than an index without its files. Whether it is gone.
     bool removeIfEmpty() const;
+    /// Removes what a backup consists of, by its names, and the folder, unless there is anything else in it.
+    void remove() const;
 
   private:
     Result<BackupIndex> read(const char* name) const;

@@ -93,10 +93,13 @@ std::string indexText(const BackupIndex& index) {
                          {"channel", entry.channel},
                          {"sha256", entry.sha256}});
     }
-    const Json whole = {{"format", formatName},
-                        {"formatVersion", formatVersion},
-                        {"firmware", index.firmware},
-                        {"loops", std::move(loops)}};
+    Json whole = {{"format", formatName},
+                  {"formatVersion", formatVersion},
+                  {"firmware", index.firmware},
+                  {"loops", std::move(loops)}};
+    if (!index.before.empty()) {
+        whole["before"] = index.before;
+    }
     return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
@@ -110,6 +113,7 @@ Result<BackupIndex> indexFromText(std::string_view text) {
     }
     BackupIndex index;
     index.firmware = textAt(whole, "firmware");
+    index.before = textAt(whole, "before");
     const auto list = whole.find("loops");
     if (list == whole.end() || !list->is_array() || !readLoops(*list, index)) {
         return Trouble{Trouble::Kind::backupDamaged};

@@ -29,7 +29,9 @@ struct BackupEntry {
 /// What a backup holds.
 struct BackupIndex {
     std::string firmware;
-    std::map<SlotNumber, BackupEntry> loops;
+    /// What of its loops came next, if it was made for that: "erase" or "replace". Empty: a backup.
+    std::string before = {};
+    std::map<SlotNumber, BackupEntry> loops = {};
 
     bool operator==(const BackupIndex&) const = default;
     /// Whether only the audio shows if the pedal's loop in that slot is still that of the backup.

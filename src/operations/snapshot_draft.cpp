@@ -1,6 +1,5 @@
 #include "operations/snapshot_draft.h"
 
-#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,6 +9,7 @@
 #include <utility>
 
 #include "loops/facts.h"
+#include "operations/locked_folder.h"
 #include "operations/loop_file.h"
 #include "platform/log.h"
 #include "platform/new_file.h"
@@ -21,20 +21,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* probeName = "link";
 constexpr int mostFolders = 10;  ///< that others took away at once
-
-/// This user's folder, locked as long as the answer lives; none if another run has it, or has renamed it
-/// meanwhile, or where folders cannot be locked.
-Descriptor lockedFolder(const fs::path& path, int how) {
-    Descriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    struct stat open {};
-    struct stat named {};
-    if (!folder || ::flock(folder.get(), how) != 0 || ::fstat(folder.get(), &open) != 0 ||
-        ::lstat(path.c_str(), &named) != 0 || open.st_ino != named.st_ino || open.st_dev != named.st_dev ||
-        open.st_uid != ::geteuid()) {
-        return {};
-    }
-    return folder;
-}
 
 /// Whether it is a file that cannot be written to, from now on. Some file systems ignore the wish.
 bool protect(const fs::path& file) {
@@ -62,7 +48,7 @@ std::vector<fs::path> SnapshotDraft::Source::filesOf(SlotNumber slot, const std:
 }
 
 Result<std::unique_ptr<SnapshotDraft>> SnapshotDraft::make(const Generations& generations,
-                                                           const std::string& stamp) {
+                                                           const std::string& stamp, Shared shared) {
     std::error_code error;
     const bool isFirst = !fs::exists(generations.path(), error);
     auto path = generations.makeUnfinished(stamp);
@@ -77,7 +63,7 @@ Result<std::unique_ptr<SnapshotDraft>> SnapshotDraft::make(const Generations& ge
     }
     std::unique_ptr<SnapshotDraft> draft(new SnapshotDraft(generations, std::move(*path), std::move(lock)));
     draft->isFirst_ = isFirst;
-    draft->findSources();
+    draft->findSources(shared);
     draft->links_ = draft->canLink();
     return draft;
 }
@@ -88,7 +74,7 @@ SnapshotDraft::~SnapshotDraft() {
     }
 }
 
-void SnapshotDraft::findSources() {
+void SnapshotDraft::findSources(Shared shared) {
     for (auto& each : generations_.unfinished()) {
         auto lock =
             each.folder.path() == path() ? Descriptor() : lockedFolder(each.folder.path(), LOCK_EX | LOCK_NB);
@@ -109,7 +95,10 @@ void SnapshotDraft::findSources() {
         const auto& folder = earlier.back().folder;
         if (auto index = folder.index()) {
             sources_.push_back({folder, std::move(*index)});
-            break;
+            if (shared == Shared::newest) {
+                break;
+            }
+            continue;
         }
         log(LogCategory::files, folder.path().string() + ": not used, as its index cannot be read");
     }

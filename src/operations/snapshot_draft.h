@@ -26,9 +26,13 @@ class SnapshotDraft : Fixed {
         linked  ///< its file is also that of the snapshot before
     };
 
+    /// Which complete snapshots may share their files with it.
+    enum class Shared : std::uint8_t { newest, all };
+
     /// Makes the folder, and the one around it if only that is missing. Errors: folder.
     static Result<std::unique_ptr<SnapshotDraft>> make(const Generations& generations,
-                                                       const std::string& stamp);
+                                                       const std::string& stamp,
+                                                       Shared shared = Shared::newest);
     ~SnapshotDraft();
 
     const std::filesystem::path& path() const { return folder_.path(); }
@@ -41,6 +45,8 @@ class SnapshotDraft : Fixed {
     /// Adds a loop; bit for bit the same as one that is there already, it becomes that file. The file cannot
     /// be written to from then on: other snapshots may share it.
     Result<Way> add(SlotNumber slot, const Loop& loop, const Bytes& image);
+    /// What it is made before: see BackupIndex.
+    void setBefore(const std::string& deed) { index_.before = deed; }
     /// It is complete: gives it its date. Folders of interrupted runs that have nothing more in them go.
     Result<Snapshot> finish(const std::string& firmware, const std::string& stamp);
 
@@ -59,7 +65,7 @@ class SnapshotDraft : Fixed {
     SnapshotDraft(Generations generations, std::filesystem::path path, Descriptor lock)
         : generations_(std::move(generations)), folder_(std::move(path)), lock_(std::move(lock)) {}
 
-    void findSources();
+    void findSources(Shared shared);
     bool canLink() const;
     Result<void> list(SlotNumber slot, const BackupEntry& entry);
     std::optional<Way> take(SlotNumber slot, const BackupEntry& entry, const Bytes& image);
