@@ -12,6 +12,7 @@
 #include "app/export_flow.h"
 #include "app/firmware_flow.h"
 #include "app/import_flow.h"
+#include "app/keep_flow.h"
 #include "app/launch.h"
 #include "app/main_window.h"
 #include "app/save_report.h"
@@ -107,8 +108,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     // --- buttons and tabs
 
     void importButtonClicked() { beginImport(*parts_); }
-    void exportButtonClicked() { beginExport(*parts_); }
-    void eraseButtonClicked() { beginErase(*parts_); }
+    void exportButtonClicked() { beginExport(*parts_, Copies::kept); }
+    void eraseButtonClicked() { beginErase(*parts_, Copies::kept); }
     void selectAll();
     void deselectAll();
     void deselectAllExportSlots();

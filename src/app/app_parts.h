@@ -17,12 +17,18 @@
 #include "app/staging.h"
 #include "app/teller.h"
 #include "app/transfer_panel.h"
+#include "operations/kept_copies.h"
 #include "platform/fixed.h"
 #include "slots/slot_field_editor.h"
 
 namespace kzq {
 
 class MainWindow;
+
+/// Where the copies of what is erased or replaced are kept; empty without a home folder.
+inline std::filesystem::path keptPlace(const std::filesystem::path& home) {
+    return home.empty() ? home : home / ".local/share/kzq7306";
+}
 
 /// All that the controller owns. What a new panel or flow adds to the window is added here, and made in
 /// launch.cpp. Main thread.
@@ -43,6 +49,7 @@ struct AppParts : Fixed {
     MenuControl menu{environment, window, panels, teller};
     FirmwareNotices firmware{*this};
     TransferPanel transferPanel{window, menu, panels};
+    const KeptCopies kept{keptPlace(environment.home)};
     std::unique_ptr<Flows> flows;    ///< since the launch
     bool verifyAfterExport = false;  ///< as the menu has it
     std::shared_ptr<Absence> absence;

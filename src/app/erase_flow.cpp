@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/app_parts.h"
+#include "app/keep_flow.h"
 #include "app/select_again.h"
 #include "operations/erase.h"
 
@@ -21,13 +22,23 @@ bool pedalIsGone(const Trouble& trouble) {
 /// One erase, from the press of the button on. Its parts are used on the main thread only.
 class Erase {
   public:
-    explicit Erase(AppParts& parts) : parts_(parts) {
+    Erase(AppParts& parts, Copies copies) : parts_(parts), keeping_(parts, Deed::erase, copies) {
         const auto& selection = parts.model.selection();
         order_ = {.slots = {selection.begin(), selection.end()}, .seen = parts.model.table()};
     }
 
     void work(Run& run) {
-        if (run.idle() && run.ask([&] { return start(run); }).value_or(false)) {
+        if (!run.idle() || !run.ask([&] { return start(run); }).value_or(false)) {
+            return;
+        }
+        if (keeping_.planned()) {
+            const auto kept = keeping_.work(run);
+            if (!kept.whole()) {
+                run.ask([&] { giveUp(run, kept); });
+                return;
+            }
+        }
+        if (run.ask([this] { begin(); })) {
             const auto outcome = runErase(*run.pedal, order_, {});
             run.ask([&] { finish(run, outcome); });
         }
@@ -48,11 +59,43 @@ class Erase {
         });
         parts_.model.deselectAll();
         run.turn.cover();
+        if (keeping_.plan(order_.slots, order_.seen)) {
+            keeping_.begin(run);
+        }
+        return true;
+    }
+
+    void begin() {
         work_ = parts_.teller.newWork();
         parts_.teller.working(work_, order_.slots.size() == 1
                                          ? "Erasing " + loopName(order_.slots.front()) + "\u2026"
                                          : "Erasing loops\u2026");
-        return true;
+        keeping_.end();
+    }
+
+    /// A copy failed, or the user stopped it.
+    void giveUp(Run& run, const Outcome& kept) {
+        run.turn.end();
+        if (!pedalIsGone(*kept.end)) {
+            selectAgain(parts_, names_);
+        }
+        run.refresh();
+        const auto without = [&parts = parts_, names = names_] {
+            if (parts.flows->starting() || parts.flows->running()) {
+                return false;
+            }
+            parts.presenter.noneSelected();
+            parts.model.deselectAll();
+            if (!selectAgain(parts, names)) {
+                return false;
+            }
+            beginErase(parts, Copies::none);
+            return true;
+        };
+        keeping_.tell(kept, "erase",
+                      pedalIsGone(*kept.end) ? Remedy{} : Remedy{"Erase without a copy", without},
+                      {order_.slots, order_.slots});
+        keeping_.end();
     }
 
     void finish(Run& run, const Outcome& outcome) {
@@ -70,6 +113,7 @@ class Erase {
     }
 
     AppParts& parts_;
+    Keeping keeping_;
     EraseOrder order_;
     TypedNames names_;
     Teller::Work work_ = 0;
@@ -77,14 +121,14 @@ class Erase {
 
 }  // namespace
 
-void beginErase(AppParts& parts) {
+void beginErase(AppParts& parts, Copies copies) {
     if (parts.flows->starting()) {
         return;
     }
     const auto& selection = parts.model.selection();
-    parts.teller.beforeErase({selection.begin(), selection.end()});
+    parts.teller.beforeErase({selection.begin(), selection.end()}, copies == Copies::kept && parts.kept.on());
     auto turn = parts.flows->take();  // nothing while one is running, which is told only after the question
-    const auto flow = [erase = std::make_shared<Erase>(parts)](Run& run) { erase->work(run); };
+    const auto flow = [erase = std::make_shared<Erase>(parts, copies)](Run& run) { erase->work(run); };
     const auto answer = parts.environment.dialogs.run(
         yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
     if (answer != alertFirstButton) {

@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "app/app_parts.h"
+#include "app/keep_flow.h"
 #include "app/transfer_run.h"
 #include "app/verify_flow.h"
 #include "audio/wave.h"
@@ -32,14 +33,24 @@ bool overwrites(const Exports& exports) {
 /// One export, from the press of the button on. Its parts are used on the main thread only.
 class Export {
   public:
-    explicit Export(AppParts& parts) : parts_(parts) {}
+    Export(AppParts& parts, Copies copies) : parts_(parts), keeping_(parts, Deed::write, copies) {}
 
     void work(Run& run) {
         if (!run.idle()) {
             return;
         }
         run.letPanelsClose();
-        if (run.ask([&] { return start(run); }).value_or(false)) {
+        if (!run.ask([&] { return start(run); }).value_or(false)) {
+            return;
+        }
+        if (keeping_.planned()) {
+            const auto kept = keeping_.work(run);
+            if (!kept.whole()) {
+                run.ask([&] { giveUp(run, kept); });
+                return;
+            }
+        }
+        if (!keeping_.planned() || run.ask([&] { begin(run); })) {
             const auto awake = run.keepAwake(AwakeFor::transfer);
             const auto outcome = runExport(*run.pedal, order_, events_);
             run.ask([&] { finish(run, outcome); });
@@ -65,11 +76,42 @@ class Export {
             parts_.staging->setUnderWay({});
             return false;
         }
+        if (keeping_.plan(slotsOf(order_.exports), order_.seen)) {
+            run.turn.cover();
+            keeping_.begin(run);
+        } else {
+            begin(run);
+            run.turn.cover();
+        }
+        return true;
+    }
+
+    void begin(Run& run) {
         const auto total = shownTotal(order_.exports);
         parts_.transferPanel.open(total, order_.exports.size(), Slot::exportContext);
-        run.turn.cover();
         watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
-        return true;
+        keeping_.end();
+    }
+
+    /// A copy failed, or the user stopped it. All of it is still staged, unless the pedal has left.
+    void giveUp(Run& run, const Outcome& kept) {
+        run.turn.end();
+        run.refresh();
+        parts_.staging->setUnderWay({});
+        const auto asked = slotsOf(order_.exports);
+        const auto without = [&parts = parts_] {
+            const bool can =
+                !parts.flows->starting() && !parts.flows->running() && !parts.model.staging().empty();
+            if (can) {
+                beginExport(parts, Copies::none);
+            }
+            return can;
+        };
+        keeping_.tell(kept, "export",
+                      pedal_ == parts_.model.pedal() ? Remedy{"Replace without a copy", without}
+                                                     : parts_.staging->stagingAgain(files_),
+                      {asked, asked});
+        keeping_.end();
     }
 
     /// Whether the user agrees to overwrite loops, if any, and was asked about what is still so.
@@ -151,6 +193,7 @@ class Export {
     }
 
     AppParts& parts_;
+    Keeping keeping_;
     ExportOrder order_;
     std::map<SlotNumber, QUrl> files_;  ///< the user's own
     unsigned pedal_ = 0;                ///< see LoopModel
@@ -160,9 +203,9 @@ class Export {
 
 }  // namespace
 
-void beginExport(AppParts& parts) {
+void beginExport(AppParts& parts, Copies copies) {
     parts.flows->start(transferPatience,
-                       [flow = std::make_shared<Export>(parts)](Run& run) { flow->work(run); });
+                       [flow = std::make_shared<Export>(parts, copies)](Run& run) { flow->work(run); });
 }
 
 }  // namespace kzq

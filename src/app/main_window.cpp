@@ -117,6 +117,25 @@ void MainWindow::removeShield() {
     delete shield_;  // NOLINT(cppcoreguidelines-owning-memory): not needed any more
 }
 
+void MainWindow::offerStop(bool offered) {
+    if (stop_ != nullptr) {
+        shield_->setFocus(Qt::OtherFocusReason);
+        delete stop_;  // NOLINT(cppcoreguidelines-owning-memory): not needed any more
+    }
+    if (!offered || shield_ == nullptr) {
+        return;
+    }
+    auto& link = status_->link();
+    stop_ = new StatusLink(shield_);  // NOLINT(cppcoreguidelines-owning-memory): the shield's child
+    stop_->setWord(link.text());
+    stop_->move(link.mapTo(this, QPoint()));
+    stop_->setFocusPolicy(Qt::StrongFocus);
+    connect(
+        stop_, &QAbstractButton::clicked, &link, [&link] { link.click(); }, Qt::QueuedConnection);
+    stop_->show();
+    stop_->setFocus(Qt::OtherFocusReason);
+}
+
 void MainWindow::settleTabOrder() {
     QWidget* last = ui_.menuButton;
     setTabOrder(ui_.importTabButton, ui_.exportTabButton);

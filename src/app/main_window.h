@@ -10,6 +10,7 @@
 namespace kzq {
 
 class StatusLine;
+class StatusLink;
 
 /// The layout of the main window: its views by name, without their behaviour. The pictures and labels shown
 /// without a pedal appear and disappear opposite to the meter. Main thread.
@@ -45,6 +46,8 @@ class MainWindow : public Window {
     void addShield();
     void removeShield();
     Shield* shield() const { return shield_; }
+    /// Whether the link of the status line can be used while the window is covered.
+    void offerStop(bool offered);
 
     /// Sets the Tab order to the visual order. Call it once the rows are in their placeholders.
     void settleTabOrder();
@@ -67,6 +70,7 @@ class MainWindow : public Window {
     Ui::MainWindow ui_;
     StatusLine* status_;
     QPointer<Shield> shield_;
+    QPointer<StatusLink> stop_;  ///< over the shield
 };
 
 }  // namespace kzq

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <utility>
 
 #include "app/app_environment.h"
@@ -147,18 +146,23 @@ std::function<void(Executor::Task)> Teller::poster() {
     };
 }
 
-std::function<void(SlotNumber)> Teller::follower(Work work, std::function<void(Executor::Task)> post,
-                                                 const std::string& verb) {
+Teller::Saying Teller::followerInWords(Work work, std::function<void(Executor::Task)> post) {
     followed_ = work;
     *silent_ = false;
-    return [this, work, post = std::move(post), verb, silent = silent_,
-            last = std::optional<SlotNumber>()](SlotNumber slot) mutable {
+    return [this, work, post = std::move(post), silent = silent_, last = std::string()](
+               const std::string& sentence, const std::string& said) mutable {
         const bool answersAgain = silent->exchange(false);
-        if (last != slot || answersAgain) {
-            last = slot;
-            const auto sentence = verb + " loop " + std::to_string(slot.number()) + "\u2026";
-            post([this, work, sentence] { working(work, sentence); });
+        if (last != sentence || answersAgain) {
+            last = sentence;
+            post([this, work, sentence, said] { working(work, sentence, said); });
         }
+    };
+}
+
+std::function<void(SlotNumber)> Teller::follower(Work work, const std::function<void(Executor::Task)>& post,
+                                                 const std::string& verb) {
+    return [say = followerInWords(work, post), verb](SlotNumber slot) {
+        say(verb + " loop " + std::to_string(slot.number()) + "\u2026", "");
     };
 }
 
@@ -199,7 +203,7 @@ void Teller::forgetImports() {
     notSaved_.clear();
 }
 
-void Teller::beforeErase(const std::vector<SlotNumber>& asked) {
+void Teller::beforeErase(const std::vector<SlotNumber>& asked, bool kept) {
     const auto stillSaved = [this](SlotNumber slot) {
         const auto* const then = saved_.find(slot);
         const auto* const now = model_.table().find(slot);
@@ -212,7 +216,7 @@ void Teller::beforeErase(const std::vector<SlotNumber>& asked) {
         return;
     }
     const Told told{.what = listOf(lost) + (lost.size() == 1 ? " was" : " were") + " not saved",
-                    .detail = "What is erased now is gone.",
+                    .detail = kept ? "" : "What is erased now is gone.",
                     .failure = true};
     if (!announcements_->stands(told.what)) {
         tell(told, "import", {}, {.missing = lost});

@@ -74,8 +74,11 @@ class Teller : Fixed {
     std::function<void(Executor::Task)> poster();
     /// The same for a transfer: "Reading loop 5…". On the link's thread, whenever something has moved; `post`
     /// has a task done here.
-    std::function<void(SlotNumber)> follower(Work work, std::function<void(Executor::Task)> post,
+    std::function<void(SlotNumber)> follower(Work work, const std::function<void(Executor::Task)>& post,
                                              const std::string& verb);
+    /// The same in any words: the sentence, and what a screen reader gets of it.
+    using Saying = std::function<void(const std::string& sentence, const std::string& said)>;
+    Saying followerInWords(Work work, std::function<void(Executor::Task)> post);
     /// The pedal does not answer what was followed last: again and again while that lasts.
     void silent();
 
@@ -85,8 +88,8 @@ class Teller : Fixed {
     void forgetImports(const Concern& gone);
     /// The pedal has left, and another may come.
     void forgetImports();
-    /// Before the question whether to erase them.
-    void beforeErase(const std::vector<SlotNumber>& asked);
+    /// Before the question whether to erase them; `kept`: copies of them are kept.
+    void beforeErase(const std::vector<SlotNumber>& asked, bool kept);
 
   private:
     struct UnderWay {

@@ -34,7 +34,8 @@ Shield::Shield(QWidget* parent, double wash)
 }
 
 Shield::~Shield() {
-    if (before_ != nullptr && hasFocus()) {
+    const auto* const focused = window()->focusWidget();
+    if (before_ != nullptr && (focused == this || isAncestorOf(focused))) {
         before_->setFocus(Qt::OtherFocusReason);
     }
 }

@@ -21,7 +21,7 @@ void Flows::start(Patience patience, Flow flow) {
     }
 }
 
-void Flows::start(Turn turn, Patience patience, Flow flow) {
+std::shared_ptr<Pedal> Flows::pedalFor(Patience patience) {
     Pedal::Limits limits{patience.limit};
     if (!patience.stops) {
         limits.silent = [place = place_] { place->post(place->window.saySilent); };
@@ -30,8 +30,12 @@ void Flows::start(Turn turn, Patience patience, Flow flow) {
     auto pedal = link ? Pedal::create(place_->executor, link, limits) : nullptr;
     std::erase_if(pedals_, [](const auto& other) { return other.expired(); });
     pedals_.push_back(pedal);
+    return pedal;
+}
+
+void Flows::start(Turn turn, Patience patience, Flow flow) {
     place_->executor.background(Priority::high,
-                                [run = std::make_shared<Run>(place_, std::move(turn), std::move(pedal)),
+                                [run = std::make_shared<Run>(place_, std::move(turn), pedalFor(patience)),
                                  flow = std::move(flow)] { flow(*run); });
 }
 

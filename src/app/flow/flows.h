@@ -31,6 +31,9 @@ class Flows : Fixed {
     /// For a flow that begins with a question in the press itself.
     void start(Turn turn, Patience patience, Flow flow);
     std::optional<Turn> take() { return turns_.take(); }
+    /// For a part of a run that needs a patience of its own; what happens meanwhile ends it as well. Null
+    /// without a link.
+    std::shared_ptr<Pedal> pedalFor(Patience patience);
     bool starting() const { return turns_.starting(); }
     bool running() const { return turns_.running(); }
 

@@ -1,0 +1,83 @@
+#include "app/keep_flow.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "app/main_window.h"
+#include "operations/table.h"
+
+namespace kzq {
+
+namespace {
+
+/// How far the reading of all loops has come. The link's thread, and before that the run's.
+class KeepProgress {
+  public:
+    KeepProgress(std::uint64_t total, Teller::Saying say) : total_(total), say_(std::move(say)) {}
+
+    void begins(SlotNumber slot, std::uint64_t before) {
+        before_ = before;
+        moved(slot, 0);
+    }
+    void moved(SlotNumber slot, std::uint64_t bytes) {
+        const auto percent = total_ == 0 ? 0 : std::min<std::uint64_t>(100, (before_ + bytes) * 100 / total_);
+        const auto quarter = percent / 25 * 25;
+        say_("Keeping a copy of " + loopName(slot) + "\u2026 " + std::to_string(percent) + " %",
+             quarter == 0 || quarter == 100 ? "" : "Keeping copies, " + std::to_string(quarter) + " percent");
+    }
+
+  private:
+    const std::uint64_t total_;
+    const Teller::Saying say_;
+    std::uint64_t before_ = 0;  ///< of the loops that came
+};
+
+}  // namespace
+
+bool Keeping::plan(const std::vector<SlotNumber>& slots, const Loops& seen) {
+    std::vector<SlotNumber> wanted;
+    std::ranges::copy_if(slots, std::back_inserter(wanted), [&](auto slot) { return seen.contains(slot); });
+    if (copies_ == Copies::kept && !wanted.empty() && parts_.kept.on() && !impossibleLength(seen, wanted)) {
+        order_ = {.copies = parts_.kept,
+                  .slots = std::move(wanted),
+                  .seen = seen,
+                  .before = before_,
+                  .freeSpace = parts_.environment.freeSpace};
+    }
+    return planned();
+}
+
+void Keeping::begin(Run& run) {
+    pedal_ = parts_.flows->pedalFor(transferPatience);
+    work_ = parts_.teller.newWork({"Stop", [this_ = &parts_] {
+                                       this_->flows->cancel();
+                                       return true;
+                                   }});
+    const auto progress = std::make_shared<KeepProgress>(bytesToRead(order_),
+                                                         parts_.teller.followerInWords(work_, run.poster()));
+    events_.begins = [progress, this, before = std::uint64_t{0}](SlotNumber slot, Step /*step*/) mutable {
+        progress->begins(slot, before);
+        before += order_.seen.find(slot)->alignedBytes;
+    };
+    events_.moved = [progress](SlotNumber slot, std::uint64_t bytes) { progress->moved(slot, bytes); };
+    parts_.teller.working(work_, "Keeping a copy of " + loopName(order_.slots.front()) + "\u2026");
+    parts_.window.offerStop(true);
+}
+
+Outcome Keeping::work(Run& run) {
+    const auto awake = run.keepAwake(AwakeFor::transfer);
+    return runKeep(*pedal_, order_, events_);
+}
+
+void Keeping::end() {
+    parts_.window.offerStop(false);
+    parts_.teller.idle(work_);
+}
+
+void Keeping::tell(const Outcome& kept, const std::string& job, Remedy without, const Concern& concern) {
+    const auto told = toldNotKept(before_, kept);
+    parts_.teller.tell(told, told.failure ? job : "", told.failure ? std::move(without) : Remedy{}, concern);
+}
+
+}  // namespace kzq

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "app/app_parts.h"
+#include "operations/keep.h"
+
+namespace kzq {
+
+/// What a flow does about copies of what it is going to erase or replace.
+enum class Copies : std::uint8_t { kept, none };
+
+/// Keeps copies of loops within the run of the operation that erases or replaces them, before it does so:
+/// under the cover, with a "Stop". One run.
+class Keeping : Fixed {
+  public:
+    Keeping(AppParts& parts, Deed before, Copies copies) : parts_(parts), before_(before), copies_(copies) {}
+
+    // --- Main thread.
+
+    /// Once the user has agreed. Whether there is something to keep, of what `seen` has in `slots`; lengths
+    /// that cannot be are left to the operation, which refuses them.
+    bool plan(const std::vector<SlotNumber>& slots, const Loops& seen);
+    /// The window is covered.
+    void begin(Run& run);
+    /// The operation goes on, or not: `work` is over.
+    void end();
+    /// Says why it does not go on; `without` tries it again without copies.
+    void tell(const Outcome& kept, const std::string& job, Remedy without, const Concern& concern);
+
+    // --- The run's thread.
+
+    bool planned() const { return !order_.slots.empty(); }
+    /// Whether all of them are kept, or what kept it from that.
+    Outcome work(Run& run);
+
+  private:
+    AppParts& parts_;
+    const Deed before_;
+    const Copies copies_;
+    KeepOrder order_{.copies = KeptCopies({}), .slots = {}, .seen = {}};
+    std::shared_ptr<Pedal> pedal_;  ///< with another patience than the operation's
+    Teller::Work work_ = 0;
+    Events events_;
+};
+
+}  // namespace kzq
