@@ -25,6 +25,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
     if (loops && parts.model.arrived(*loops)) {
         pedalRead(parts);
         parts.presenter.table();
+        parts.bringBack.tableChanged();
         parts.teller.rest();
         parts.handedFiles.place();
     } else {
@@ -89,6 +90,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     }
     if (const auto change = parts_->model.changed(status.loops)) {
         parts_->presenter.change(*change);
+        parts_->bringBack.tableChanged();
         parts_->teller.rest();
         parts_->handedFiles.place();
     }
@@ -101,6 +103,7 @@ void AppDelegate::looperHasBeenDisconnected() {
     parts_->staging->letGo(parts_->rows.stagedFiles(parts_->model.staging()));
     parts_->model.reset();
     parts_->presenter.left();
+    parts_->bringBack.tableChanged();
     parts_->teller.forgetImports();
     parts_->teller.rest();
 }

@@ -137,6 +137,9 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openAboutBox() { openAbout(); }
     /// For what happens outside of it.
     void tell(const Told& told) { parts_->teller.tell(told); }
+    /// Null before it was opened.
+    BringBack* bringBack() const { return parts_->bringBack.panel(); }
+    void openBringBack() { parts_->bringBack.open(); }
     void saveReport() { kzq::saveReport(*parts_); }
     void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }

@@ -5,6 +5,7 @@
 
 #include "app/absence.h"
 #include "app/app_environment.h"
+#include "app/bring_back_flow.h"
 #include "app/firmware_notices.h"
 #include "app/flow/flows.h"
 #include "app/handed_files.h"
@@ -50,6 +51,7 @@ struct AppParts : Fixed {
     FirmwareNotices firmware{*this};
     TransferPanel transferPanel{window, menu, panels};
     const KeptCopies kept{keptPlace(environment.home)};
+    BringingBack bringBack{*this};
     std::unique_ptr<Flows> flows;    ///< since the launch
     bool verifyAfterExport = false;  ///< as the menu has it
     std::shared_ptr<Absence> absence;

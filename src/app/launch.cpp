@@ -156,6 +156,16 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
     fillMenuBar(*window.menuBar(),
                 {.selectAll = act(&AppDelegate::selectAll),
+                 .bringBack = act(&AppDelegate::openBringBack),
+                 .keepsCopies = [kept = parts.kept] { return kept.on(); },
+                 .keepCopies = [weak = std::weak_ptr(controller),
+                                &parts](bool on) { return !weak.expired() && parts.bringBack.keep(on); },
+                 .explainKeep =
+                     [weak = std::weak_ptr(controller), &parts](bool shown) {
+                         if (!weak.expired()) {
+                             parts.bringBack.explain(shown);
+                         }
+                     },
                  .verifyAfterExport =
                      [weak = std::weak_ptr(controller), &parts](bool on) {
                          if (!weak.expired()) {

@@ -10,6 +10,29 @@
 
 namespace kzq {
 
+namespace {
+
+void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
+    menu.addAction("Select &All", actions.selectAll)->setShortcut(QKeySequence::SelectAll);
+    menu.addSeparator();
+    menu.addAction("&Bring Back\u2026", actions.bringBack)->setShortcut(QKeySequence("Ctrl+Z"));
+    auto* const keep = menu.addAction("&Keep Copies");
+    keep->setCheckable(true);
+    const auto follow = [keep, on = actions.keepsCopies] { keep->setChecked(on()); };
+    follow();
+    QObject::connect(&menu, &QMenu::aboutToShow, keep, follow);  // another program may have changed it
+    QObject::connect(keep, &QAction::triggered, keep, [keep, turn = actions.keepCopies](bool on) {
+        if (!turn(on)) {
+            keep->setChecked(!on);
+        }
+    });
+    QObject::connect(&menu, &QMenu::hovered, keep,
+                     [keep, say = actions.explainKeep](QAction* entry) { say(entry == keep); });
+    QObject::connect(&menu, &QMenu::aboutToHide, keep, [say = actions.explainKeep] { say(false); });
+}
+
+}  // namespace
+
 void dressMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
     bar.setFont(textFont());
@@ -32,8 +55,7 @@ void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     auto* const quit = bar.addMenu("&File")->addAction("&Quit", actions.quit);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
     quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
-    auto* const selectAll = bar.addMenu("&Edit")->addAction("Select &All", actions.selectAll);
-    selectAll->setShortcut(QKeySequence::SelectAll);
+    fillEditMenu(*bar.addMenu("&Edit"), actions);
     auto* const verify = bar.addMenu("&Loop")->addAction("&Verify After Export");
     verify->setCheckable(true);
     QObject::connect(verify, &QAction::toggled, verify, actions.verifyAfterExport);

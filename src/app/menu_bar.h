@@ -9,6 +9,10 @@ namespace kzq {
 /// What the entries of the menu bar do.
 struct MenuBarActions {
     std::function<void()> selectAll;
+    std::function<void()> bringBack;
+    std::function<bool()> keepsCopies;      ///< as it is now
+    std::function<bool(bool)> keepCopies;   ///< false: it stays as it was
+    std::function<void(bool)> explainKeep;  ///< while the pointer is on it
     std::function<void(bool)> verifyAfterExport;
     std::function<void()> openAboutBox;
     std::function<void()> openResults;
@@ -18,8 +22,8 @@ struct MenuBarActions {
 
 /// Paints the bar in the window's own colours, the same on every desktop.
 void dressMenuBar(QMenuBar& bar);
-/// File with Quit, Edit with Select All, Loop with Verify After Export, which is off, View with Recent
-/// Results, Help with Save Report and About. Once.
+/// File with Quit, Edit with Select All, Bring Back and Keep Copies, Loop with Verify After Export, which is
+/// off, View with Recent Results, Help with Save Report and About. Once.
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions);
 
 }  // namespace kzq

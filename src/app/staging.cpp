@@ -68,6 +68,7 @@ void Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
                                              if (!copy) {
                                                  self->expected_.extract(drop.slot);
                                                  self->tellUnusable(drop, copy.error());
+                                                 self->settle();
                                                  return;
                                              }
                                              self->waiting_.emplace_back(drop, *copy);
@@ -123,6 +124,18 @@ void Staging::work() {
         stage(drop, copy);
     }
     sayTooLarge();
+    settle();
+}
+
+void Staging::whenSettled(std::function<void()> then) {
+    whenSettled_ = std::move(then);
+    settle();
+}
+
+void Staging::settle() {
+    if (expected_.empty() && whenSettled_) {
+        std::exchange(whenSettled_, {})();
+    }
 }
 
 /// One alert at a time, and none while a transfer runs.

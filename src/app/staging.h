@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -49,6 +50,9 @@ class Staging : public std::enable_shared_from_this<Staging> {
     /// Whether a file is on its way to that row.
     bool isExpected(SlotNumber slot) const { return expected_.contains(slot); }
 
+    /// Once, as soon as no file is on its way any more.
+    void whenSettled(std::function<void()> then);
+
     /// A pedal has left, or comes, and what is staged is forgotten. `arrived` says so.
     void letGo(const std::map<SlotNumber, QUrl>& files);
     /// An export of these is under way, and offers itself what it misses; none at its end.
@@ -77,6 +81,7 @@ class Staging : public std::enable_shared_from_this<Staging> {
     bool useAnyway(const Drop& drop);
     void stage(const Drop& drop, const std::filesystem::path& copy);
     void work();
+    void settle();
     void sayTooLarge();
 
     const AppEnvironment& environment_;
@@ -88,6 +93,7 @@ class Staging : public std::enable_shared_from_this<Staging> {
     std::deque<std::pair<Drop, std::filesystem::path>> waiting_;  ///< converted while held
     unsigned tooLarge_ = 0;                                       ///< alerts that are due
     bool alerting_ = false;
+    std::function<void()> whenSettled_;
     std::map<SlotNumber, QUrl> letGo_;
     std::set<SlotNumber> underWay_;
 };

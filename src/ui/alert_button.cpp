@@ -1,8 +1,16 @@
 #include "ui/alert_button.h"
 
-#include "ui/button_face.h"
+#include <QPainter>
 
 namespace kzq {
+
+namespace {
+
+constexpr int chevronsRoom = 5;  // spaces before the word
+constexpr double chevronsLeft = 9.5;  // of the middled word
+constexpr double chevronPitch = 6;
+
+}  // namespace
 
 AlertButton::AlertButton(Face face, QWidget* parent) : KeyButton(parent), face_(face) {}
 
@@ -13,16 +21,41 @@ void AlertButton::setFace(Face face) {
 }
 
 QSize AlertButton::sizeHint() const {
-    return face_ == Face::cream ? QSize(112, 36) : QSize(96, 36);
+    switch (face_) {
+        case Face::cream:
+            return {112, 36};
+        case Face::green:
+            return {136, 40};
+        default:
+            return {96, 36};
+    }
 }
 
-void AlertButton::paintEvent(QPaintEvent* /*event*/) {
+ButtonFace AlertButton::painted() const {
     const auto state = !isEnabled() ? ButtonState::disabled
                        : isDown()   ? ButtonState::down
                        : hovering() ? ButtonState::hover
                                     : ButtonState::off;
+    return face_ == Face::cream   ? creamFace(state)
+           : face_ == Face::green ? greenFace(state)
+                                  : brownFace(state);
+}
+
+void AlertButton::paintEvent(QPaintEvent* /*event*/) {
+    const auto face = painted();
     QPainter painter(this);
-    drawButtonFace(painter, rect(), face_ == Face::cream ? creamFace(state) : brownFace(state), text());
+    if (face_ != Face::green) {
+        drawButtonFace(painter, rect(), face, text());
+        return;
+    }
+    drawButtonFace(painter, rect(), face, QString(chevronsRoom, ' ') + text());
+    const double word = painter.fontMetrics().horizontalAdvance(text());
+    const double left = (width() - word) / 2 - chevronsLeft;
+    const double middle = upperMiddle(rect(), face);
+    painter.setPen(QPen(face.word, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    for (const double x : {left, left + chevronPitch}) {
+        painter.drawPolyline(QPolygonF{{x + 4, middle - 4}, {x, middle}, {x + 4, middle + 4}});
+    }
 }
 
 }  // namespace kzq

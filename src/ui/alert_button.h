@@ -1,16 +1,18 @@
 #pragma once
 
+#include "ui/button_face.h"
 #include "ui/key_button.h"
 
 namespace kzq {
 
-/// A button of our own panels with its label as live text: the brown face of alerts, 96 x 36, or the cream
-/// face of a panel's default, 112 x 36. The label is `text()`.
+/// A button of our own panels with its label as live text: the brown face of alerts, 96 x 36, the cream
+/// face of a panel's default, 112 x 36, or the green one of what goes to the pedal, with its chevrons. The
+/// label is `text()`.
 class AlertButton : public KeyButton {
     Q_OBJECT
 
   public:
-    enum class Face { brown, cream };
+    enum class Face { brown, cream, green };
 
     explicit AlertButton(QWidget* parent = nullptr) : AlertButton(Face::brown, parent) {}
     explicit AlertButton(Face face, QWidget* parent = nullptr);
@@ -22,6 +24,8 @@ class AlertButton : public KeyButton {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    ButtonFace painted() const;
+
     Face face_;
 };
 

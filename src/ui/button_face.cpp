@@ -15,6 +15,7 @@ constexpr int fullLip = 4;
 constexpr int pressedLip = 2;
 constexpr QColor brownLip(0x14, 0x0A, 0x0A);
 constexpr QColor creamLip(0x9C, 0x8A, 0x6A);
+constexpr QColor greenLip(0x2F, 0x8A, 0x58);
 
 ButtonFace disabledFace() {
     return {disabledFaceColor(), disabledFaceColor(), disabledFaceColor(), disabledWordColor(), 0};
@@ -22,6 +23,11 @@ ButtonFace disabledFace() {
 
 QFont wordFont() {
     return firaSans(FiraWeight::medium, wordPixels).value_or(textFont(wordPixels));
+}
+
+QRect upperSide(const QRect& bounds, const ButtonFace& face) {
+    const auto lower = face.lipHeight > 0 ? fullLip - face.lipHeight : fullLip / 2;
+    return bounds.adjusted(0, 0, 0, -fullLip).translated(0, lower);
 }
 
 }  // namespace
@@ -54,15 +60,28 @@ ButtonFace creamFace(ButtonState state) {
     return disabledFace();
 }
 
+ButtonFace greenFace(ButtonState state) {
+    switch (state) {
+        case ButtonState::off:
+            return {{0x8C, 0xE8, 0xB2}, {0x5C, 0xCB, 0x8B}, greenLip, inkColor()};
+        case ButtonState::hover:
+            return {{0xA5, 0xF0, 0xC3}, {0x6F, 0xDB, 0x9C}, greenLip, inkColor()};
+        case ButtonState::down:
+            return {{0x4F, 0xB8, 0x7C}, {0x4F, 0xB8, 0x7C}, greenLip, inkColor(), pressedLip};
+        case ButtonState::disabled:
+            break;
+    }
+    return disabledFace();
+}
+
 void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    auto upper = bounds.adjusted(0, 0, 0, -fullLip);
+    const auto upper = upperSide(bounds, face);
     if (face.lipHeight > 0) {
         painter.setBrush(face.lip);
         painter.drawRoundedRect(bounds.adjusted(0, bounds.height() / 2, 0, 0), radius, radius);
     }
-    upper.translate(0, face.lipHeight > 0 ? fullLip - face.lipHeight : fullLip / 2);
     QLinearGradient light(upper.topLeft(), upper.bottomLeft());
     light.setColorAt(0, face.top);
     light.setColorAt(1, face.foot);
@@ -71,6 +90,10 @@ void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& fa
     painter.setFont(wordFont());
     painter.setPen(face.word);
     painter.drawText(upper, Qt::AlignCenter, word);
+}
+
+double upperMiddle(const QRect& bounds, const ButtonFace& face) {
+    return QRectF(upperSide(bounds, face)).center().y();
 }
 
 }  // namespace kzq

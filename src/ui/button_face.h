@@ -18,8 +18,12 @@ enum class ButtonState { off, hover, down, disabled };
 
 ButtonFace brownFace(ButtonState state);
 ButtonFace creamFace(ButtonState state);
+ButtonFace greenFace(ButtonState state);
 
 /// Draws the face over `bounds`, with `word` in the middle of its upper side.
 void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word);
+
+/// Where the middle of that side is: it lies lower when pressed.
+double upperMiddle(const QRect& bounds, const ButtonFace& face);
 
 }  // namespace kzq

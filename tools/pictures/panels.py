@@ -3,6 +3,7 @@
 import buttons
 import colours as c
 import marks
+import rows
 from svg import Picture
 from window import lamps, plate_fill
 
@@ -148,8 +149,38 @@ def icon():
     return picture
 
 
+def bring_back_panel():
+    picture = Picture(640, 396)
+    picture.rect(0, 0, 640, 396, plate_fill(picture))
+    for x in (16, 624):
+        for y in (16, 380):
+            marks.screw(picture, x, y)
+    picture.frame(32, 24, 40, 40, 10, c.CREAM, c.GROOVE)
+    picture.line("M47 35.84A10 10 0 1 1 42 44.5M51.5 30.6L46.6 35.6L52.6 39.2", c.CREAM, 3)
+    picture.circle(52, 44.5, 3, c.YELLOW)
+    picture.rect(0, 86, 640, 2, c.SHADOW)
+    picture.rect(0, 88, 640, 220, c.TRAY)
+    picture.rect(0, 88, 640, 8, picture.down((0, "#000000", 0.3), (1, "#000000", 0)))
+    picture.rect(0, 308, 640, 2, c.TRAY_LINE)
+    for row in range(6):
+        rows.wide_groove(picture, 92, 104 + 32 * row)
+    return picture
+
+
+def bring_back_blank():
+    """Screwed over the grooves while there is nothing in them."""
+    picture = Picture(360, 136)
+    picture.rect(0, 96, 360, 40, c.SHADOW, 12)
+    picture.frame(0, 0, 360, 132, 12, c.PLATE_EDGE, plate_fill(picture))
+    for x in (16, 344):
+        for y in (16, 116):
+            marks.screw(picture, x, y)
+    return picture
+
+
 def pictures():
     return {"Menu_panel": menu_panel(), "Progress_reel": progress_reel(), "Flash_bar": flash_bar(),
             "Flash_track": flash_track(), "Alert_question": alert_question(), "Alert_notice": alert_notice(),
             "Firmware_pedal": firmware_pedal(), "Firmware_done": firmware_done(),
-            "Firmware_repair": firmware_repair(), "Firmware_missing": firmware_missing(), "Update_mark": update_mark(), "About": about(), "Icon": icon()}
+            "Firmware_repair": firmware_repair(), "Firmware_missing": firmware_missing(), "Update_mark": update_mark(), "About": about(), "Icon": icon(),
+            "Bring_back_panel": bring_back_panel(), "Bring_back_blank": bring_back_blank()}

@@ -71,6 +71,50 @@ def export_overwrite():
     return picture
 
 
+def bring_back_field(colour, lit):
+    """A kept copy on its way back to the pedal; its leader is wider, as the target stands on it."""
+    picture = Picture(516, 28)
+    wide_groove(picture, 0, 0)
+    picture.rect(6, 2, 446, 24, picture.down((0, c.OXIDE), (1, c.OXIDE_FOOT)))
+    picture.rect(6, 2, 434, 2, c.OXIDE_EDGE)
+    picture.cut("M438 2L450 26", c.SHADOW, 2, stroke_opacity=0.35)
+    picture.fill("M2 4A2 2 0 0 1 4 2H8V26H4A2 2 0 0 1 2 24Z", colour)
+    picture.fill("M2 4A2 2 0 0 1 4 2H8V4Z", lit)
+    picture.fill("M440 2H512A2 2 0 0 1 514 4V24A2 2 0 0 1 512 26H452Z", colour)
+    picture.fill("M440 2H512A2 2 0 0 1 514 4H441Z", lit)
+    if colour == c.GREEN:
+        marks.chevrons(picture, 460, 14, 8, c.INK, -1, pitch=6)
+    else:
+        marks.slashed(picture, 466, 14, 6, 7, c.INK)
+    return picture
+
+
+def wide_groove(picture, x, y):
+    picture.rect(x, y + 14, 516, 14, c.RIM, 4)
+    picture.rect(x, y, 516, 26, c.GROOVE, 4)
+
+
+def selector_ticked(colour):
+    picture = Picture(24, 24)
+    picture.circle(12, 12, 10, colour)
+    picture.line("M7.5 12.5L10.8 15.8L16.8 8.8", c.INK, 2.4)
+    return picture
+
+
+def target(kind):
+    """A slot in the list of targets: with a loop, without one, or chosen."""
+    picture = Picture(16, 16)
+    if kind == "loop":
+        picture.ring(8, 8, 6, c.CREAM)
+    elif kind == "none":
+        marks.dashed(picture, 8, 8, 6, c.ABSENT)
+    else:
+        picture.rect(0, 0, 16, 16, c.GREEN, 4)
+        picture.line("M8 3.5V9.5M5.2 7L8 9.8L10.8 7", c.INK)
+        picture.rect(4, 12, 8, 2, c.INK)
+    return picture
+
+
 def export_drop():
     """A file held over the row: the tape that would lie there, still only drawn in outline."""
     picture = resting()
@@ -91,13 +135,6 @@ def selector_gray():
 def selector_off():
     picture = Picture(24, 24)
     picture.ring(12, 12, 9, c.CREAM)
-    return picture
-
-
-def selector_on():
-    picture = Picture(24, 24)
-    picture.circle(12, 12, 10, c.BLUE)
-    picture.line("M7.5 12.5L10.8 15.8L16.8 8.8", c.INK, 2.4)
     return picture
 
 
@@ -163,7 +200,11 @@ def pictures():
         "Export_field_Off": resting(), "Export_field_On": export_on(), "Export_field_overwrite": export_overwrite(),
         "Export_field_drop": export_drop(),
         "Import_Selector_gray": selector_gray(), "Import_Selector_Off": selector_off(),
-        "Import_Selector_On": selector_on(),
+        "Import_Selector_On": selector_ticked(c.BLUE),
+        "Bring_back_field_in": bring_back_field(c.GREEN, c.GREEN_LIT),
+        "Bring_back_field_replaces": bring_back_field(c.YELLOW, c.YELLOW_LIT),
+        "Selector_in": selector_ticked(c.GREEN), "Selector_replaces": selector_ticked(c.YELLOW),
+        "Target_loop": target("loop"), "Target_none": target("none"), "Target_chosen": target("chosen"),
         "Export_X": remove(False), "Export_X_Hover": remove(True),
     }
     result.update({f"Export_Add_{word}": add(word) for word in ADD_WORDS})

@@ -2,11 +2,11 @@
 
 #include <QClipboard>
 #include <QDateTime>
-#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QTextLayout>
 
+#include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
@@ -27,8 +27,6 @@ constexpr int detailPitch = 16;
 constexpr int sentencePixels = 13;
 constexpr int footOfSentence = 18;  // below the last baseline
 constexpr int footOfDetail = 16;
-constexpr double figure = 7;
-constexpr double colon = 3;
 
 QStringList wrapped(const QString& text, const QFont& font, double width) {
     QStringList lines;
@@ -40,18 +38,6 @@ QStringList wrapped(const QString& text, const QFont& font, double width) {
     }
     layout.endLayout();
     return lines;
-}
-
-/// In cells of one width, since the font's own figures differ in theirs.
-void drawTime(QPainter& painter, const QString& time) {
-    double x = timeEnd;
-    for (auto at = time.size() - 1; at >= 0; --at) {
-        const QString sign = time.mid(at, 1);
-        const double cell = sign == ":" ? colon : figure;
-        const auto advance = QFontMetricsF(painter.font()).horizontalAdvance(sign);
-        painter.drawText(QPointF(x - (cell + advance) / 2, firstBaseline), sign);
-        x -= cell;
-    }
 }
 
 }  // namespace
@@ -153,7 +139,7 @@ void OutcomeRow::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setFont(textFont(status::words));
     painter.setPen(KZQGray());
-    drawTime(painter, time_);
+    drawFigures(painter, timeEnd, firstBaseline, time_);
     if (failure_) {
         drawPicture(painter, "Status_mark", QRectF(markX, firstBaseline - 12, status::mark, status::mark));
     }

@@ -1,0 +1,175 @@
+#include "app/bring_back_flow.h"
+
+#include <QLocale>
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "app/app_parts.h"
+#include "app/export_flow.h"
+#include "app/keep_flow.h"
+#include "app/main_window.h"
+#include "audio/peaks.h"
+#include "platform/free_space.h"
+#include "ui/check_box.h"
+#include "ui/panels/bring_back.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr qsizetype stampLength = 19;
+constexpr int sampleRate = 44'100;
+
+/// The slots with a loop; nothing while that is not known.
+std::optional<std::set<unsigned>> loopsOf(const LoopModel& model) {
+    if (!model.table().complete) {
+        return std::nullopt;
+    }
+    std::set<unsigned> loops;
+    for (const auto& [slot, loop] : model.table()) {
+        loops.insert(slot.number());
+    }
+    return loops;
+}
+
+}  // namespace
+
+std::string fateOf(const KeptCopy& copy, const QDateTime& now) {
+    const auto then =
+        QDateTime::fromString(QString::fromStdString(copy.stamp).left(stampLength), "yyyy-MM-dd HH-mm-ss");
+    const auto days = then.date().daysTo(now.date());
+    const auto day = days == 0              ? QString("today")
+                     : days == 1            ? QString("yesterday")
+                     : days > 1 && days < 7 ? QLocale::c().toString(then.date(), "ddd")
+                     : then.date().year() == now.date().year()
+                         ? QLocale::c().toString(then.date(), "d MMM")
+                         : QLocale::c().toString(then.date(), "d MMM yyyy");
+    return std::string(copy.replaced ? "replaced " : "erased ") + day.toStdString() + " " +
+           then.toString("HH:mm").toStdString();
+}
+
+BringingBack::BringingBack(AppParts& parts) : parts_(parts) {}
+
+BringingBack::~BringingBack() = default;
+
+void BringingBack::open() {
+    parts_.environment.executor.background(Priority::high, [this, post = parts_.teller.poster(),
+                                                            kept = parts_.kept] {
+        post([this, copies = kept.list(), size = kept.size()]() mutable { show(std::move(copies), size); });
+    });
+}
+
+void BringingBack::show(std::vector<KeptCopy> copies, std::uint64_t size) {
+    if (parts_.window.shield() != nullptr) {
+        return;
+    }
+    if (!panel_) {
+        panel_ = std::make_unique<BringBack>(&parts_.window);
+        QObject::connect(panel_.get(), &BringBack::keepingChanged, panel_.get(), [this](bool on) {
+            if (!keep(on)) {
+                panel_->setKeeping(!on);
+            }
+        });
+        QObject::connect(panel_.get(), &BringBack::wanted, panel_.get(),
+                         [this](const auto& targets) { bring(targets); });
+        QObject::connect(panel_.get(), &QDialog::finished, panel_.get(), [this] { shown_.reset(); });
+    }
+    copies_ = std::move(copies);
+    const auto now = QDateTime::currentDateTime();
+    std::vector<BringBackCopy> rows;
+    std::size_t last = 0;
+    for (const auto& copy : copies_) {
+        rows.push_back({.slot = copy.slot.number(),
+                        .fate = QString::fromStdString(fateOf(copy, now)),
+                        .seconds = static_cast<int>(copy.length.count / sampleRate)});
+        last += copy.stamp == copies_.front().stamp ? 1U : 0U;
+    }
+    panel_->setKeeping(parts_.kept.on());
+    panel_->setLoops(loopsOf(parts_.model));
+    panel_->setCopies(std::move(rows), QString::fromStdString(sizeText(size)), last);
+    readPeaks();
+    panel_->show();
+    panel_->raise();
+    panel_->activateWindow();
+}
+
+/// One after the other, as long as the panel shows them.
+void BringingBack::readPeaks() {
+    shown_ = std::make_shared<int>();
+    parts_.environment.executor.background(
+        Priority::standard,
+        [this, post = parts_.teller.poster(), copies = copies_, shown = std::weak_ptr(shown_)] {
+            for (std::size_t at = 0; at < copies.size() && !shown.expired(); ++at) {
+                if (const auto peaks = peaksOf(copies[at].file)) {
+                    post([this, shown, at, peaks = std::make_shared<Peaks>(*peaks)] {
+                        if (!shown.expired()) {
+                            panel_->setPeaks(at, peaks);
+                        }
+                    });
+                }
+            }
+        });
+}
+
+void BringingBack::tableChanged() {
+    if (panel_) {
+        panel_->setLoops(loopsOf(parts_.model));
+    }
+}
+
+bool BringingBack::keep(bool on) {
+    const auto turned = parts_.kept.turn(on);
+    if (!turned) {
+        parts_.teller.tell({.what = std::string("Keep Copies is still ") + (on ? "off" : "on"),
+                            .why = "its folder could not be renamed",
+                            .detail = turned.error().where + ".",
+                            .failure = true,
+                            .names = {turned.error().where}},
+                           "keep");
+    } else {
+        parts_.teller.settle("keep");
+    }
+    return turned.has_value();
+}
+
+void BringingBack::explain(bool shown) {
+    if (shown == (hint_ != 0)) {
+        return;
+    }
+    if (shown) {
+        hint_ = parts_.teller.newWork();
+        parts_.teller.working(hint_, "Each loop is read before it is erased or replaced.");
+    } else {
+        parts_.teller.idle(std::exchange(hint_, 0));
+    }
+}
+
+/// The usual way: they are staged, and exported unless something else is staged as well.
+void BringingBack::bring(const std::map<std::size_t, unsigned>& targets) {
+    std::map<SlotNumber, QUrl> files;
+    for (const auto& [at, target] : targets) {
+        if (const auto slot = SlotNumber::of(target); slot && at < copies_.size()) {
+            files[*slot] = QUrl::fromLocalFile(QString::fromStdString(copies_[at].file.string()));
+        }
+    }
+    parts_.presenter.endEditing();
+    parts_.presenter.showTab(Slot::exportContext);
+    for (const auto& [slot, file] : files) {
+        parts_.staging->put(slot, file);
+    }
+    parts_.staging->whenSettled([this, files, pedal = parts_.model.pedal()] { exportThem(files, pedal); });
+}
+
+void BringingBack::exportThem(const std::map<SlotNumber, QUrl>& files, unsigned pedal) {
+    const auto staged = parts_.rows.stagedFiles(parts_.model.staging());
+    const bool all = std::ranges::includes(staged, files);
+    if (all && staged.size() == files.size() && pedal == parts_.model.pedal()) {
+        beginExport(parts_, Copies::kept);
+    } else if (all) {
+        parts_.teller.tell({.what = listOf(slotsOf(files)) + (files.size() == 1 ? " is" : " are") + " staged",
+                            .detail = "Other files are staged as well. Export writes all of them."});
+    }
+}
+
+}  // namespace kzq

@@ -1,0 +1,255 @@
+#include "ui/panels/bring_back.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
+#include <algorithm>
+#include <utility>
+
+#include "ui/alert_button.h"
+#include "ui/check_box.h"
+#include "ui/focus_ring.h"
+#include "ui/fonts.h"
+#include "ui/handle_scroll_bar.h"
+#include "ui/key_button.h"
+#include "ui/palette.h"
+#include "ui/panels/bring_back_targets.h"
+#include "ui/pictures.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr QSize panelSize(640, 396);
+constexpr QRect list(32, 104, 604, 192);
+constexpr int listRowPitch = 32;
+constexpr QRect blank(140, 132, 360, 136);
+constexpr int headlineX = 92;
+constexpr QPoint keepAt(32, 330);
+constexpr QRect declineFrame(348, 332, 112, 40);
+constexpr QRect acceptFrame(472, 332, 136, 40);
+constexpr unsigned slotCount = 20;
+constexpr auto keepLine = "Each loop is read before it is erased or replaced.";
+
+}  // namespace
+
+BringBack::BringBack(QWidget* window)
+    : QDialog(window, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      area_(new QScrollArea(this)),
+      ring_(nullptr),
+      targets_(nullptr) {
+    setWindowTitle("Bring Back");
+    setWindowModality(Qt::WindowModal);
+    setFixedSize(panelSize);
+    area_->setGeometry(list);
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setFocusPolicy(Qt::NoFocus);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area_->setVerticalScrollBar(new HandleScrollBar(area_));
+    auto clear = area_->palette();
+    clear.setColor(QPalette::Window, Qt::transparent);
+    area_->setPalette(clear);
+    area_->viewport()->setAutoFillBackground(false);
+    makeFoot();
+    ring_ = new FocusRing(this);
+    targets_ = new BringBackTargets(this);
+    connect(targets_, &BringBackTargets::chosen, this, [this](unsigned slot) {
+        choosing_->setTarget(targetAt(slot));
+        choosing_->setOn(true);
+        refresh();
+    });
+    refresh();
+}
+
+void BringBack::makeFoot() {
+    keep_ = new CheckBox("Keep Copies", this);
+    keep_->move(keepAt);
+    keep_->setAccessibleDescription(keepLine);
+    connect(keep_, &CheckBox::clicked, this, [this](bool on) {
+        refresh();
+        Q_EMIT keepingChanged(on);
+    });
+    decline_ = new AlertButton(AlertButton::Face::brown, this);
+    decline_->setText("Close");
+    decline_->setGeometry(declineFrame);
+    connect(decline_, &AlertButton::clicked, this, &BringBack::reject);
+    accept_ = new AlertButton(AlertButton::Face::green, this);
+    accept_->setText("Bring Back");
+    accept_->setGeometry(acceptFrame);
+    connect(accept_, &AlertButton::clicked, this, [this] {
+        std::map<std::size_t, unsigned> chosen;
+        for (std::size_t at = 0; at < rows_.size(); ++at) {
+            if (rows_[at]->on()) {
+                chosen.emplace(at, rows_[at]->target().slot);
+            }
+        }
+        close();
+        Q_EMIT wanted(chosen);
+    });
+}
+
+void BringBack::setCopies(std::vector<BringBackCopy> copies, const QString& total, std::size_t wanted) {
+    targets_->close();
+    total_ = total;
+    rows_.clear();
+    auto* const page = new QWidget;
+    for (auto& copy : copies) {
+        auto* const row = new BringBackRow(std::move(copy), page);
+        row->move(0, static_cast<int>(rows_.size()) * listRowPitch);
+        row->setTarget(targetAt(row->target().slot));
+        connect(row, &BringBackRow::toggled, this, [this, row] { rowToggled(*row); });
+        connect(row, &BringBackRow::leaderPressed, this, [this, row] { openTargets(*row); });
+        rows_.push_back(row);
+    }
+    page->resize(BringBackRow::rowSize.width(), static_cast<int>(rows_.size()) * listRowPitch);
+    area_->setWidget(page);  // which deletes the one before
+    for (auto* const row : rows_) {
+        for (auto* const stop : {&row->selector(), static_cast<QAbstractButton*>(&row->leader())}) {
+            stop->installEventFilter(this);
+        }
+    }
+    for (std::size_t at = 0; at < std::min(wanted, rows_.size()); ++at) {
+        rows_[at]->setOn(true);
+    }
+    refresh();
+    focusDefault();
+}
+
+void BringBack::setPeaks(std::size_t copy, std::shared_ptr<const Peaks> peaks) {
+    if (copy < rows_.size()) {
+        rows_[copy]->setPeaks(std::move(peaks));
+    }
+}
+
+void BringBack::setLoops(std::optional<std::set<unsigned>> loops) {
+    targets_->close();
+    loops_ = std::move(loops);
+    for (auto* const row : rows_) {
+        row->setTarget(targetAt(row->target().slot));
+    }
+    refresh();
+}
+
+void BringBack::setKeeping(bool on) {
+    keep_->setChecked(on);
+    refresh();
+}
+
+BringBackTarget BringBack::targetAt(unsigned slot) const {
+    return {.slot = slot, .occupied = loops_ ? std::optional(loops_->contains(slot)) : std::nullopt};
+}
+
+std::set<unsigned> BringBack::takenBeside(const BringBackRow& row) const {
+    std::set<unsigned> taken;
+    for (const auto* const other : rows_) {
+        if (other != &row && other->on()) {
+            taken.insert(other->target().slot);
+        }
+    }
+    return taken;
+}
+
+/// No two copies go to one slot: the second goes to the next free one.
+void BringBack::rowToggled(BringBackRow& row) {
+    const auto taken = takenBeside(row);
+    const auto wanted = row.target().slot;
+    if (row.on() && taken.contains(wanted)) {
+        unsigned slot = wanted;
+        do {
+            slot = slot % slotCount + 1;
+        } while (slot != wanted && (taken.contains(slot) || (loops_ && loops_->contains(slot))));
+        if (slot == wanted) {
+            row.setOn(false);
+            return;
+        }
+        row.setTarget(targetAt(slot));
+    }
+    refresh();
+}
+
+void BringBack::openTargets(BringBackRow& row) {
+    choosing_ = &row;
+    const auto foot =
+        row.mapTo(this, QPoint(BringBackRow::rowSize.width(), BringBackRow::rowSize.height() + 4));
+    const auto size = BringBackTargets::listSize;
+    const int lowest = height() - size.height() - 4;
+    targets_->open({foot.x() - size.width(), std::min(foot.y(), lowest)}, row.target().slot,
+                   loops_.value_or(std::set<unsigned>()), takenBeside(row));
+}
+
+void BringBack::refresh() {
+    const bool any = std::ranges::any_of(rows_, [](const auto* row) { return row->on(); });
+    const bool hadFocus = accept_->hasFocus();
+    accept_->setEnabled(any && loops_.has_value());
+    accept_->setToolTip(any && !loops_ ? "No pedal connected" : "");
+    area_->setVisible(!rows_.empty());
+    setAccessibleDescription(rows_.empty() ? "Nothing to bring back. " + notice() : summary());
+    if (hadFocus && !accept_->isEnabled()) {
+        focusDefault();
+    }
+    update();
+}
+
+void BringBack::focusDefault() {
+    auto* const usual = accept_->isEnabled() ? accept_ : decline_;
+    usual->setFocus(Qt::OtherFocusReason);
+    if (ring_ != nullptr) {
+        ring_->mark(usual);
+    }
+}
+
+bool BringBack::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn && watched->isWidgetType()) {
+        area_->ensureWidgetVisible(static_cast<QWidget*>(watched), 0, 0);
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+QString BringBack::notice() const {
+    return !rows_.empty()       ? QString()
+           : keep_->isChecked() ? "A loop is copied here before you erase or replace it."
+                                : "Keep Copies is off: what you erase or replace now is gone.";
+}
+
+QString BringBack::summary() const {
+    return rows_.empty() ? QString("No copies on this computer.")
+                         : QString("%1 %2 on this computer, %3. Above 2 GB the oldest are removed.")
+                               .arg(rows_.size())
+                               .arg(rows_.size() == 1 ? "copy" : "copies", total_);
+}
+
+void BringBack::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter) {
+        QDialog::keyPressEvent(event);
+    } else if (accept_->isEnabled() && !event->isAutoRepeat()) {
+        accept_->click();
+    }
+}
+
+void BringBack::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    drawPicture(painter, "Bring_back_panel", rect());
+    painter.setFont(textFont(15));
+    painter.setPen(KZQWhite());
+    painter.drawText(QPointF(headlineX, 40), "Bring back loops that were erased or replaced");
+    painter.setFont(textFont());
+    painter.setPen(KZQGray());
+    painter.drawText(QPointF(headlineX, 60), summary());
+    painter.setFont(textFont(12));
+    painter.drawText(QPointF(60, 366), keepLine);
+    if (rows_.empty()) {
+        drawPicture(painter, "Bring_back_blank", blank);
+        painter.setPen(KZQWhite());
+        painter.setFont(firaSans(FiraWeight::light, 20).value_or(textFont(20)));
+        painter.drawText(QRect(blank.x(), blank.y() + 38, blank.width(), 28), Qt::AlignHCenter | Qt::AlignTop,
+                         "Nothing to bring back");
+        painter.setFont(textFont());
+        painter.setPen(creamColor());
+        painter.drawText(QRect(blank.x() + 70, blank.y() + 73, blank.width() - 140, 40),
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, notice());
+    }
+}
+
+}  // namespace kzq

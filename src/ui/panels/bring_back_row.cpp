@@ -1,0 +1,178 @@
+#include "ui/panels/bring_back_row.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <algorithm>
+
+#include "ui/figures.h"
+#include "ui/fonts.h"
+#include "ui/key_button.h"
+#include "ui/palette.h"
+#include "ui/pictures.h"
+
+namespace kzq {
+
+namespace {
+
+// the rest of the row's left end is for the ring that plays
+constexpr QRect selectorFrame(28, 2, 24, 24);
+constexpr QRect field(60, 0, 516, 28);
+
+// in the field
+constexpr int nameX = 16;
+constexpr int fateX = 84;
+constexpr int waveX = 240;
+constexpr std::size_t waveBars = 33;
+constexpr int barPitch = 4;
+constexpr int lengthEnd = 420;
+constexpr int leaderX = 440;
+constexpr int wordEnd = 492;
+constexpr int rowBaseline = 18;
+constexpr double chevronX = 504;
+constexpr double restingWords = 0.55;
+constexpr double wordsOnTape = 0.8;
+constexpr QColor barOnTape(0xC0, 0x91, 0x7A);
+
+QColor cream(double opacity) {
+    auto color = creamColor();
+    color.setAlphaF(static_cast<float>(opacity));
+    return color;
+}
+
+QString lengthText(int seconds) {
+    return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
+}
+
+QString spokenLength(int seconds) {
+    const auto part = [](int count, const char* unit) {
+        return QString("%1 %2%3").arg(count).arg(unit).arg(count == 1 ? "" : "s");
+    };
+    const auto rest = part(seconds % 60, "second");
+    return seconds < 60 ? rest : part(seconds / 60, "minute") + " " + rest;
+}
+
+class Selector : public QAbstractButton {
+  public:
+    explicit Selector(BringBackRow* row) : QAbstractButton(row), row_(*row) {
+        setCheckable(true);
+        setFocusPolicy(Qt::TabFocus);
+        setProperty("focusRingRect", QRect());
+        setProperty("focusRingRadius", 12);
+        setGeometry(selectorFrame);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        drawPicture(painter,
+                    !isChecked()                             ? "Import_Selector_Off"
+                    : row_.target().occupied.value_or(false) ? "Selector_replaces"
+                                                             : "Selector_in",
+                    rect());
+    }
+
+  private:
+    const BringBackRow& row_;
+};
+
+/// The row draws it.
+class Leader : public KeyButton {
+  public:
+    explicit Leader(QWidget* row) : KeyButton(row) {
+        setProperty("focusRingRadius", 4);
+        setGeometry(field.x() + leaderX, field.y(), field.width() - leaderX, field.height());
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {}
+};
+
+}  // namespace
+
+BringBackRow::BringBackRow(BringBackCopy copy, QWidget* parent)
+    : QWidget(parent),
+      copy_(std::move(copy)),
+      target_{.slot = copy_.slot, .occupied = {}},
+      selector_(new Selector(this)),
+      leader_(new Leader(this)) {
+    resize(rowSize);
+    connect(selector_, &QAbstractButton::toggled, this, [this] {
+        refresh();
+        Q_EMIT toggled();
+    });
+    connect(leader_, &KeyButton::clicked, this, &BringBackRow::leaderPressed);
+    refresh();
+}
+
+void BringBackRow::setTarget(const BringBackTarget& target) {
+    target_ = target;
+    refresh();
+}
+
+void BringBackRow::setPeaks(std::shared_ptr<const Peaks> peaks) {
+    peaks_ = std::move(peaks);
+    update();
+}
+
+QString BringBackRow::spoken() const {
+    return QString("Loop %1, %2, %3, ").arg(copy_.slot).arg(copy_.fate, spokenLength(copy_.seconds)) +
+           leader_->accessibleName();
+}
+
+void BringBackRow::refresh() {
+    const auto held = !target_.occupied ? QString() : *target_.occupied ? ", replaces its loop" : ", empty";
+    leader_->setAccessibleName(QString("to slot %1").arg(target_.slot) + held);
+    selector_->setAccessibleName(spoken());
+    selector_->update();
+    update();
+}
+
+void BringBackRow::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && field.contains(event->position().toPoint())) {
+        selector_->toggle();
+    }
+}
+
+void BringBackRow::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (on()) {
+        drawPicture(painter, replaces() ? "Bring_back_field_replaces" : "Bring_back_field_in", field);
+    }
+    painter.translate(field.topLeft());
+    painter.setFont(textFont());
+    painter.setPen(!on() ? restingTextColor() : replaces() ? KZQYellow() : KZQWhite());
+    painter.drawText(QPointF(nameX, rowBaseline), QString("Loop %1").arg(copy_.slot));
+    painter.setFont(textFont(12));
+    painter.setPen(cream(on() ? wordsOnTape : restingWords));
+    painter.drawText(QPointF(fateX, rowBaseline), copy_.fate);
+    drawFigures(painter, lengthEnd, rowBaseline, lengthText(copy_.seconds));
+    drawWaveform(painter);
+    drawTarget(painter);
+}
+
+void BringBackRow::drawWaveform(QPainter& painter) const {
+    constexpr int lowest = 2;
+    constexpr int halfReach = 7;
+    for (std::size_t bar = 0; peaks_ && bar < waveBars; ++bar) {
+        const auto* const from = peaks_->heights.data() + bar * Peaks::columns / waveBars;
+        const auto* const to = peaks_->heights.data() + (bar + 1) * Peaks::columns / waveBars;
+        const int height = lowest + 2 * ((*std::max_element(from, to) * halfReach + 127) / 255);
+        const int x = waveX + static_cast<int>(bar) * barPitch;
+        painter.fillRect(QRect(x, field.height() / 2 - height / 2, 2, height),
+                         on() ? barOnTape : tapeEdgeColor());
+    }
+}
+
+void BringBackRow::drawTarget(QPainter& painter) const {
+    const auto color = on() ? inkColor() : cream(leader_->hovering() ? 1 : restingWords);
+    painter.setFont(on() ? firaSans(FiraWeight::medium, 12).value_or(textFont(12)) : textFont(12));
+    painter.setPen(color);
+    const auto word = on() ? QString::number(target_.slot) : QString("to %1").arg(target_.slot);
+    const auto advance = QFontMetricsF(painter.font()).horizontalAdvance(word);
+    painter.drawText(QPointF(wordEnd - advance, rowBaseline), word);
+    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{{chevronX - 4, 12}, {chevronX, 16}, {chevronX + 4, 12}});
+}
+
+}  // namespace kzq
