@@ -18,7 +18,7 @@ void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
     menu.addAction("&Bring Back\u2026", actions.bringBack)->setShortcut(QKeySequence("Ctrl+Z"));
     auto* const keep = menu.addAction("&Keep Copies");
     keep->setCheckable(true);
-    const auto follow = [keep, on = actions.keepsCopies] { keep->setChecked(on()); };
+    const auto follow = [keep, on = actions.keepsCopies] { keep->setChecked(!on || on()); };
     follow();
     QObject::connect(&menu, &QMenu::aboutToShow, keep, follow);  // another program may have changed it
     QObject::connect(keep, &QAction::triggered, keep, [keep, turn = actions.keepCopies](bool on) {

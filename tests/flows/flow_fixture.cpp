@@ -35,6 +35,7 @@ FlowTest::FlowTest()
     for (const auto* const name : {"imports", "copies", "files", "home"}) {
         fs::create_directory(base / name);
     }
+    EXPECT_TRUE(kept.turn(false));
     setLogSink([this](LogCategory /*category*/, std::string_view line) { logged.emplace_back(line); });
     About::rearmSplash();
     KZQ7306::load({executor, port, [] { return 36U; }, 3s});
@@ -164,13 +165,16 @@ void FlowTest::stage(std::uint8_t slot, std::uint64_t frames) {
     ASSERT_TRUE(delegate->selectedExportSlots().contains(*SlotNumber::of(slot)));
 }
 
+QAction& FlowTest::menuEntry(const QString& text) const {
+    const auto entries = window->menuBar()->findChildren<QAction*>();
+    const auto found = std::ranges::find(entries, text, &QAction::text);
+    EXPECT_NE(found, entries.end());
+    return **found;
+}
+
 void FlowTest::verifyAfterExport() {
-    for (auto* const action : window->menuBar()->findChildren<QAction*>()) {
-        if (action->text() == "&Verify After Export") {
-            EXPECT_FALSE(action->isChecked());
-            action->trigger();
-        }
-    }
+    EXPECT_FALSE(menuEntry("&Verify After Export").isChecked());
+    menuEntry("&Verify After Export").trigger();
 }
 
 std::string FlowTest::caption() const {

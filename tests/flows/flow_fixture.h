@@ -93,6 +93,7 @@ class FlowTest : public testing::Test {
     void drop(std::uint8_t slot, const std::filesystem::path& file);
     /// Drops a file of so many frames, and waits until it is staged.
     void stage(std::uint8_t slot, std::uint64_t frames);
+    QAction& menuEntry(const QString& text) const;
     /// Chooses Verify After Export in the menu.
     void verifyAfterExport();
     std::string caption() const;
@@ -109,7 +110,8 @@ class FlowTest : public testing::Test {
     simulator::SimulatedPedal pedal;
     PacedPort port;
     TestFolder base;
-    std::filesystem::path folder;  ///< where imports go
+    std::filesystem::path folder;                         ///< where imports go
+    KeptCopies kept{base / "home/.local/share/kzq7306"};  ///< off
     ScriptedDialogs dialogs;
     FakeWeb web;
     Executor::Duration conversionTime{};

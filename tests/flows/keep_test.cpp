@@ -1,0 +1,221 @@
+#include <QMenu>
+#include <QTest>
+
+#include "app/bring_back_flow.h"
+#include "audio/wave.h"
+#include "flow_fixture.h"
+#include "slots/slot_field.h"
+#include "slots/slot_field_editor.h"
+#include "ui/alert_button.h"
+#include "ui/check_box.h"
+#include "ui/panels/bring_back.h"
+
+namespace kzq::test {
+
+namespace {
+
+using simulator::WireEvent;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class KeepTest : public FlowTest {
+  protected:
+    KeepTest() { EXPECT_TRUE(kept.turn(true)); }
+
+    StatusLink& link() { return window->statusLine().link(); }
+    /// Over the cover.
+    StatusLink* stop() { return shieldUp() ? window->shield()->findChild<StatusLink*>() : nullptr; }
+    /// "E1 2": the loops that were read, erased and written, in order.
+    std::vector<std::string> moves() const {
+        std::vector<std::string> all;
+        for (const auto& event : pedal.journal()) {
+            for (const auto* const name : {"E1", "ED", "E2"}) {
+                if (event.kind == WireEvent::Kind::control && event.code == std::stoi(name, nullptr, 16)) {
+                    all.push_back(std::string(name) + " " + std::to_string(event.value));
+                }
+            }
+        }
+        return all;
+    }
+    BringBack& openPanel() {
+        delegate->openBringBack();
+        executor.settle();
+        return *delegate->bringBack();
+    }
+};
+
+TEST_F(KeepTest, WhatIsErasedIsReadFirstUnderTheCoverAndComesBackAsItWas) {
+    launchConnected();
+    const auto before = pedal.memory();
+    select({3, 20});
+    port.pace = 100ms;
+    pedal.clearJournal();
+    window->eraseButton()->click();
+    EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("cannot be restored")));
+    pass(250ms);
+    EXPECT_TRUE(shieldUp());
+    EXPECT_THAT(line(), testing::MatchesRegex("Keeping a copy of Loop 3\u2026 [1-9][0-9] %"));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(moves(), ElementsAre("E1 2", "E1 19", "ED 2", "ED 19"));
+    EXPECT_EQ(line(), "2 loops erased");
+    ASSERT_EQ(kept.list().size(), 2U);
+    EXPECT_EQ(contents(kept.list().front().file), wave(loopOf(2000, 20).audio, 2).value());
+
+    auto& panel = openPanel();
+    ASSERT_EQ(panel.rows().size(), 2U);
+    EXPECT_TRUE(panel.rows()[0]->on() && panel.rows()[1]->on()) << "an undo takes Return";
+    panel.rows()[1]->setOn(false);
+    panel.accept().click();
+    pass(1s);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(dialogs.take(), IsEmpty());
+    EXPECT_EQ(pedal.memory()[2]->audio, before[2]->audio);
+    EXPECT_FALSE(panel.isVisible() || pedal.memory()[19]);
+}
+
+TEST_F(KeepTest, WhatIsReplacedIsReadAfterTheQuestionAndNothingElse) {
+    launchConnected();
+    stage(3, 10);
+    stage(4, 10);
+    dialogs.answer = [this] {
+        EXPECT_FALSE(shieldUp());
+        EXPECT_THAT(moves(), IsEmpty());
+        return alertFirstButton;
+    };
+    pedal.clearJournal();
+    window->exportButton()->click();
+    pass(100ms);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(moves(), ElementsAre("E1 2", "E2 2", "E2 3"));
+    ASSERT_EQ(kept.list().size(), 1U);
+    EXPECT_TRUE(kept.list().front().replaced);
+
+    stage(6, 10);  // and what comes back does not send it along
+    auto& panel = openPanel();
+    panel.accept().click();
+    pass(1s);
+    EXPECT_EQ(line(), "Loop 3 is staged");
+    EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
+}
+
+TEST_F(KeepTest, ALoopThatIsRecordedWhileACopyIsMadeIsNotErased) {
+    launchConnected();
+    select({3});
+    port.pace = 100ms;
+    window->eraseButton()->click();
+    pass(250ms);
+    pedal.setLoop(2, loopOf(500, 40));
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xED), IsEmpty());
+}
+
+TEST_F(KeepTest, WithoutACopyNothingIsLostUnlessTheUserSaysSo) {
+    launchConnected();
+    freeSpace = 100;
+    select({3});
+    window->eraseButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "Nothing was erased: no copy was kept, too little space on the disk");
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot));
+    select({1});
+    freeSpace = 1'000'000;
+    dialogs.take();
+    plan("refuse@E1");
+    ASSERT_EQ(link().text(), "Erase without a copy");
+    link().click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(dialogs.take(), ElementsAre(HasSubstr("cannot be restored")));
+    EXPECT_THAT(sent(0xED), ElementsAre(2)) << "only what was asked about then";
+
+    stage(1, 10);
+    window->exportButton()->click();
+    pass(100ms);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "Nothing was written: loop 1 was not copied, the pedal refused to send it");
+    EXPECT_THAT(sent(0xE2), IsEmpty());
+    ASSERT_EQ(link().text(), "Replace without a copy");
+    link().click();
+    pass(100ms);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xE2), ElementsAre(0));
+    EXPECT_THAT(kept.list(), IsEmpty());
+}
+
+TEST_F(KeepTest, AStopOrAPulledCableEndsItWithoutErasing) {
+    launchConnected();
+    port.pace = 100ms;
+    select({3});
+    window->eraseButton()->click();
+    pass(250ms);
+    ASSERT_NE(stop(), nullptr);
+    EXPECT_TRUE(stop()->hasFocus() || !window->isActiveWindow());
+    QTest::mouseClick(stop(), Qt::LeftButton);
+    pass(1s);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "Nothing was erased: stopped");
+    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot));
+    plan("unplug@in:2");
+    window->eraseButton()->click();
+    pass(1s);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "Nothing was erased: loop 3 was not copied, the pedal was unplugged");
+    EXPECT_THAT(sent(0xED), IsEmpty());
+    EXPECT_THAT(kept.list(), IsEmpty());
+}
+
+TEST_F(KeepTest, TheMenuTurnsItOffAndSaysWhatItDoes) {
+    launchConnected();
+    auto& entry = menuEntry("&Keep Copies");
+    EXPECT_TRUE(entry.isChecked());
+    auto* const menu = qobject_cast<QMenu*>(entry.parent());
+    ASSERT_NE(menu, nullptr);
+    Q_EMIT menu->hovered(&entry);
+    EXPECT_EQ(line(), "Each loop is read before it is erased or replaced.");
+    Q_EMIT menu->aboutToHide();
+    EXPECT_THAT(line(), HasSubstr("7306"));
+    entry.trigger();
+    EXPECT_FALSE(kept.on());
+    select({3});
+    pedal.clearJournal();
+    window->eraseButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(moves(), ElementsAre("ED 2"));
+    auto& panel = openPanel();
+    EXPECT_EQ(panel.notice(), "Keep Copies is off: what you erase or replace now is gone.");
+    panel.keepCopies().click();
+    EXPECT_TRUE(kept.on());
+}
+
+TEST_F(KeepTest, CtrlZOpensThePanelUnlessANameIsEdited) {
+    launchConnected();
+    auto& field = *importRow(3).field();
+    field.startRenaming();
+    ASSERT_NE(field.currentEditor(), nullptr);
+    QTest::keyClicks(field.currentEditor(), "new");
+    QTest::keyClick(field.currentEditor(), Qt::Key_Z, Qt::ControlModifier);
+    executor.settle();
+    EXPECT_EQ(field.currentEditor()->toPlainText().contains("new"), false);
+    EXPECT_EQ(delegate->bringBack(), nullptr);
+    EXPECT_EQ(menuEntry("&Bring Back\u2026").shortcut(), QKeySequence("Ctrl+Z"));
+    menuEntry("&Bring Back\u2026").trigger();
+    executor.settle();
+    ASSERT_NE(delegate->bringBack(), nullptr);
+    EXPECT_TRUE(delegate->bringBack()->isVisible());
+}
+
+TEST(FateOfACopy, SaysTheDayAsPeopleDo) {
+    const QDateTime now({2026, 11, 5}, {15, 0});
+    const auto fate = [&now](const std::string& stamp, bool replaced = false) {
+        return fateOf({.file = {}, .slot = 5_slot, .length = {}, .stamp = stamp, .replaced = replaced}, now);
+    };
+    EXPECT_EQ(fate("2026-11-05 14-02-31"), "erased today 14:02");
+    EXPECT_EQ(fate("2026-11-04 21-15-00-02", true), "replaced yesterday 21:15");
+    EXPECT_EQ(fate("2026-10-30 20-51-00"), "erased Fri 20:51");
+    EXPECT_EQ(fate("2026-10-29 09-20-00"), "erased 29 Oct 09:20");
+    EXPECT_EQ(fate("2025-11-05 09-20-00"), "erased 5 Nov 2025 09:20");
+}
+
+}  // namespace
+
+}  // namespace kzq::test

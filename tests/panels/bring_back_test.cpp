@@ -1,0 +1,80 @@
+#include "ui/panels/bring_back.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QTest>
+
+#include "ui/alert_button.h"
+#include "ui/key_button.h"
+#include "ui/panels/bring_back_targets.h"
+
+namespace kzq::test {
+
+namespace {
+
+using Targets = std::map<std::size_t, unsigned>;
+
+class BringBackTest : public testing::Test {
+  protected:
+    BringBackTest() {
+        QObject::connect(&panel, &BringBack::wanted, [this](const Targets& targets) { wanted = targets; });
+        panel.setLoops(std::set<unsigned>{1, 2, 6});
+        panel.setCopies(
+            {{5, "erased today 14:02", 42}, {2, "replaced today 13:40", 60}, {5, "erased Tue", 1}}, "312 MB",
+            1);
+        panel.show();
+    }
+    BringBackRow& row(std::size_t at) { return *panel.rows().at(at); }
+
+    QWidget window;
+    BringBack panel{&window};
+    Targets wanted;
+};
+
+TEST_F(BringBackTest, SaysWhatWouldHappenAndDoesIt) {
+    EXPECT_EQ(panel.summary(), "3 copies on this computer, 312 MB. Above 2 GB the oldest are removed.");
+    auto* const spoken = QAccessible::queryAccessibleInterface(&row(0).selector());
+    EXPECT_EQ(spoken->text(QAccessible::Name), "Loop 5, erased today 14:02, 42 seconds, to slot 5, empty");
+    EXPECT_TRUE(spoken->state().checked);
+    EXPECT_EQ(row(1).spoken(),
+              "Loop 2, replaced today 13:40, 1 minute 0 seconds, to slot 2, replaces its loop");
+    QTest::mouseClick(&row(1), Qt::LeftButton, {}, {200, 14});
+    QTest::keyClick(&panel, Qt::Key_Return);
+    EXPECT_EQ(wanted, (Targets{{0, 5}, {1, 2}}));
+    EXPECT_FALSE(panel.isVisible());
+}
+
+TEST_F(BringBackTest, NoTwoGoToOneSlot) {
+    row(2).setOn(true);
+    EXPECT_EQ(row(2).target(), (BringBackTarget{7, false})) << "the next that is free";
+    QTest::mouseClick(&row(2).leader(), Qt::LeftButton);
+    ASSERT_TRUE(panel.targets().isVisible());
+    QTest::mouseClick(&panel.targets(), Qt::LeftButton, {}, {40, 110});  // 5, which the first goes to
+    EXPECT_TRUE(panel.targets().isVisible());
+    for (const auto key : {Qt::Key_Up, Qt::Key_Up, Qt::Key_Right, Qt::Key_Return}) {  // 6, 4, 14
+        QTest::keyClick(&panel.targets(), key);
+    }
+    EXPECT_FALSE(panel.targets().isVisible());
+    EXPECT_EQ(row(2).target(), (BringBackTarget{14, false}));
+    panel.setLoops(std::set<unsigned>{14});
+    EXPECT_EQ(row(2).target(), (BringBackTarget{14, true}));
+}
+
+TEST_F(BringBackTest, NothingGoesWithoutAPedalOrACopy) {
+    panel.setLoops(std::nullopt);
+    QTest::keyClick(&panel, Qt::Key_Return);
+    EXPECT_FALSE(panel.accept().isEnabled());
+    EXPECT_TRUE(panel.isVisible() && wanted.empty());
+    panel.setLoops(std::set<unsigned>{});
+    EXPECT_TRUE(panel.accept().isEnabled());
+    panel.setCopies({}, "", 0);
+    EXPECT_FALSE(panel.accept().isEnabled());
+    panel.setKeeping(true);
+    EXPECT_EQ(panel.notice(), "A loop is copied here before you erase or replace it.");
+}
+
+}  // namespace
+
+}  // namespace kzq::test
