@@ -58,6 +58,7 @@ TEST_F(BringBackTest, NoTwoGoToOneSlot) {
     }
     EXPECT_FALSE(panel.targets().isVisible());
     EXPECT_EQ(row(2).target(), (BringBackTarget{14, false}));
+    EXPECT_EQ(row(0).target().slot, 5U);
     panel.setLoops(std::set<unsigned>{14});
     EXPECT_EQ(row(2).target(), (BringBackTarget{14, true}));
 }

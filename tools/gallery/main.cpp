@@ -5,6 +5,7 @@
 #include <QDir>
 #include <cstdio>
 
+#include "bring_back_shots.h"
 #include "button_shots.h"
 #include "contact_sheet.h"
 #include "panel_shots.h"
@@ -55,6 +56,7 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("comparing", comparing(), kzq::trayColor());
     folder.save("panels", panels(), darkDesktop);
     folder.save("panels-light", panels(), lightDesktop);
+    folder.save("bring-back", bringBack(), darkDesktop);
     folder.save("updates", updateWindows(), darkDesktop);
     folder.save("status", statusLines(), darkDesktop);
     folder.save("window", mainWindows(), darkDesktop);

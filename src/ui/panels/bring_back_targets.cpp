@@ -80,6 +80,9 @@ bool BringBackTargets::eventFilter(QObject* watched, QEvent* event) {
 bool BringBackTargets::event(QEvent* event) {
     if (event->type() == QEvent::Leave) {
         mark(0);
+    } else if (event->type() == QEvent::MouseButtonPress) {
+        event->accept();  // or the panel would get it, as one outside
+        return true;
     }
     return QWidget::event(event);
 }
