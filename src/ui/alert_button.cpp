@@ -6,7 +6,7 @@ namespace kzq {
 
 namespace {
 
-constexpr int chevronsRoom = 5;  // spaces before the word
+constexpr int chevronsRoom = 5;       // spaces before the word
 constexpr double chevronsLeft = 9.5;  // of the middled word
 constexpr double chevronPitch = 6;
 
