@@ -73,6 +73,9 @@ void BringingBack::show(std::vector<KeptCopy> copies, std::uint64_t size) {
         });
         QObject::connect(panel_.get(), &BringBack::wanted, panel_.get(),
                          [this](const auto& targets) { bring(targets); });
+        if (play_) {
+            panel_->setPlayer([this](std::size_t copy) { play_(copies_.at(copy).file); });
+        }
         QObject::connect(panel_.get(), &QDialog::finished, panel_.get(), [this] { shown_.reset(); });
     }
     copies_ = std::move(copies);

@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QUrl>
 #include <cstdint>
+#include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -37,6 +39,8 @@ class BringingBack : Fixed {
     /// Says what it does, in the status line.
     void explain(bool shown);
 
+    /// What plays a copy. Without it, the rows have no ring. Before `open`.
+    void setPlayer(std::function<void(const std::filesystem::path& copy)> play) { play_ = std::move(play); }
     /// Null before it was opened.
     BringBack* panel() const { return panel_.get(); }
 
@@ -50,7 +54,8 @@ class BringingBack : Fixed {
     std::unique_ptr<BringBack> panel_;
     std::vector<KeptCopy> copies_;  ///< as the panel shows them
     std::shared_ptr<int> shown_;    ///< for what is read for the panel: renewed with the copies
-    std::uint64_t hint_ = 0;        ///< a Teller::Work
+    std::function<void(const std::filesystem::path&)> play_;
+    std::uint64_t hint_ = 0;  ///< a Teller::Work
 };
 
 }  // namespace kzq

@@ -49,7 +49,7 @@ bool Keeping::plan(const std::vector<SlotNumber>& slots, const Loops& seen) {
 }
 
 void Keeping::begin(Run& run) {
-    pedal_ = parts_.flows->pedalFor(transferPatience);
+    pedal_ = parts_.flows->makePedal(transferPatience);
     work_ = parts_.teller.newWork({"Stop", [this_ = &parts_] {
                                        this_->flows->cancel();
                                        return true;

@@ -21,7 +21,7 @@ void Flows::start(Patience patience, Flow flow) {
     }
 }
 
-std::shared_ptr<Pedal> Flows::pedalFor(Patience patience) {
+std::shared_ptr<Pedal> Flows::makePedal(Patience patience) {
     Pedal::Limits limits{patience.limit};
     if (!patience.stops) {
         limits.silent = [place = place_] { place->post(place->window.saySilent); };
@@ -35,7 +35,7 @@ std::shared_ptr<Pedal> Flows::pedalFor(Patience patience) {
 
 void Flows::start(Turn turn, Patience patience, Flow flow) {
     place_->executor.background(Priority::high,
-                                [run = std::make_shared<Run>(place_, std::move(turn), pedalFor(patience)),
+                                [run = std::make_shared<Run>(place_, std::move(turn), makePedal(patience)),
                                  flow = std::move(flow)] { flow(*run); });
 }
 

@@ -33,7 +33,7 @@ class Flows : Fixed {
     std::optional<Turn> take() { return turns_.take(); }
     /// For a part of a run that needs a patience of its own; what happens meanwhile ends it as well. Null
     /// without a link.
-    std::shared_ptr<Pedal> pedalFor(Patience patience);
+    std::shared_ptr<Pedal> makePedal(Patience patience);
     bool starting() const { return turns_.starting(); }
     bool running() const { return turns_.running(); }
 

@@ -100,6 +100,10 @@ void BringBack::setCopies(std::vector<BringBackCopy> copies, const QString& tota
         row->setTarget(targetAt(row->target().slot));
         connect(row, &BringBackRow::toggled, this, [this, row] { rowToggled(*row); });
         connect(row, &BringBackRow::leaderPressed, this, [this, row] { openTargets(*row); });
+        if (play_) {
+            connect(row, &BringBackRow::ringPressed, this, [this, at = rows_.size()] { play_(at); });
+            row->showRing();
+        }
         rows_.push_back(row);
     }
     page->resize(BringBackRow::rowSize.width(), static_cast<int>(rows_.size()) * listRowPitch);

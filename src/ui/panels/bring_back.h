@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "ui/panels/bring_back_row.h"
@@ -32,6 +34,8 @@ class BringBack : public QDialog {
     /// The slots with a loop; nothing while there is no pedal whose table is known.
     void setLoops(std::optional<std::set<unsigned>> loops);
     void setKeeping(bool on);
+    /// The copies that are set from now on have a ring that plays them; `play` gets the copy's index.
+    void setPlayer(std::function<void(std::size_t copy)> play) { play_ = std::move(play); }
 
     const std::vector<BringBackRow*>& rows() const { return rows_; }
     CheckBox& keepCopies() const { return *keep_; }
@@ -74,6 +78,7 @@ class BringBack : public QDialog {
     std::vector<BringBackRow*> rows_;
     std::optional<std::set<unsigned>> loops_;
     QString total_;
+    std::function<void(std::size_t)> play_;
 };
 
 }  // namespace kzq

@@ -14,7 +14,7 @@ namespace kzq {
 
 namespace {
 
-// the rest of the row's left end is for the ring that plays
+constexpr QRect ringFrame(0, 2, 24, 24);
 constexpr QRect selectorFrame(28, 2, 24, 24);
 constexpr QRect field(60, 0, 516, 28);
 
@@ -75,6 +75,30 @@ class Selector : public QAbstractButton {
     const BringBackRow& row_;
 };
 
+/// Shown once there is something that plays.
+class Ring : public KeyButton {
+  public:
+    explicit Ring(QWidget* row) : KeyButton(row) {
+        setProperty("focusRingRadius", 12);
+        setGeometry(ringFrame);
+        hide();
+    }
+    void setPlaying(bool playing) {
+        playing_ = playing;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        const QString state = isDown() ? "Press" : hovering() ? "Hover" : playing_ ? "Off" : "Row";
+        drawPicture(painter, (playing_ ? "Stop_" : "Play_") + state, rect());
+    }
+
+  private:
+    bool playing_ = false;
+};
+
 /// The row draws it.
 class Leader : public KeyButton {
   public:
@@ -94,13 +118,16 @@ BringBackRow::BringBackRow(BringBackCopy copy, QWidget* parent)
       copy_(std::move(copy)),
       target_{.slot = copy_.slot, .occupied = {}},
       selector_(new Selector(this)),
-      leader_(new Leader(this)) {
+      leader_(new Leader(this)),
+      ring_(new Ring(this)) {
     resize(rowSize);
     connect(selector_, &QAbstractButton::toggled, this, [this] {
         refresh();
         Q_EMIT toggled();
     });
     connect(leader_, &KeyButton::clicked, this, &BringBackRow::leaderPressed);
+    connect(ring_, &KeyButton::clicked, this, &BringBackRow::ringPressed);
+    setPlaying(false);
     refresh();
 }
 
@@ -112,6 +139,16 @@ void BringBackRow::setTarget(const BringBackTarget& target) {
 void BringBackRow::setPeaks(std::shared_ptr<const Peaks> peaks) {
     peaks_ = std::move(peaks);
     update();
+}
+
+void BringBackRow::showRing() {
+    ring_->show();
+}
+
+void BringBackRow::setPlaying(bool playing) {
+    static_cast<Ring*>(ring_)->setPlaying(playing);
+    const auto name = QString("Loop %1").arg(copy_.slot);
+    ring_->setAccessibleName(playing ? "Stop " + name : "Play " + name + ", " + spokenLength(copy_.seconds));
 }
 
 QString BringBackRow::spoken() const {

@@ -41,6 +41,9 @@ class BringBackRow : public QWidget {
     const BringBackTarget& target() const { return target_; }
     void setTarget(const BringBackTarget& target);
     void setPeaks(std::shared_ptr<const Peaks> peaks);
+    /// Shows the ring at its left end, which plays it.
+    void showRing();
+    void setPlaying(bool playing);
 
     QAbstractButton& selector() const { return *selector_; }
     KeyButton& leader() const { return *leader_; }
@@ -48,6 +51,7 @@ class BringBackRow : public QWidget {
     QString spoken() const;
 
   Q_SIGNALS:
+    void ringPressed();
     /// By the user or by `setOn`.
     void toggled();
     /// The list of targets is wanted.
@@ -68,6 +72,7 @@ class BringBackRow : public QWidget {
     std::shared_ptr<const Peaks> peaks_;
     QAbstractButton* selector_;
     KeyButton* leader_;
+    KeyButton* ring_;
 };
 
 }  // namespace kzq
