@@ -19,7 +19,6 @@ namespace kzq {
 namespace {
 
 constexpr qsizetype stampLength = 19;
-constexpr int sampleRate = 44'100;
 
 /// The slots with a loop; nothing while that is not known.
 std::optional<std::set<unsigned>> loopsOf(const LoopModel& model) {
@@ -85,7 +84,7 @@ void BringingBack::show(std::vector<KeptCopy> copies, std::uint64_t size) {
     for (const auto& copy : copies_) {
         rows.push_back({.slot = copy.slot.number(),
                         .fate = QString::fromStdString(fateOf(copy, now)),
-                        .seconds = static_cast<int>(copy.length.count / sampleRate)});
+                        .seconds = static_cast<int>(copy.length.count / framesPerSecond)});
         last += copy.stamp == copies_.front().stamp ? 1U : 0U;
     }
     panel_->setKeeping(parts_.kept.on());

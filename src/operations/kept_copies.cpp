@@ -20,7 +20,7 @@ constexpr const char* onName = "kept";
 constexpr const char* offName = "kept-off";
 constexpr const char* replaceWord = "replace";
 
-bool isThere(const fs::path& path) {
+bool isFolderThere(const fs::path& path) {
     std::error_code error;
     return fs::is_directory(path, error);
 }
@@ -70,7 +70,7 @@ void removeUnfinished(const Generations& all) {
 
 fs::path KeptCopies::folder() const {
     const auto off = parent_ / offName;
-    return !isThere(parent_ / onName) && isThere(off) ? off : parent_ / onName;
+    return !isFolderThere(parent_ / onName) && isFolderThere(off) ? off : parent_ / onName;
 }
 
 bool KeptCopies::on() const {
@@ -86,7 +86,7 @@ Result<void> KeptCopies::turn(bool on) const {
     std::error_code error;
     if (parent_.empty()) {
         error = std::make_error_code(std::errc::no_such_file_or_directory);
-    } else if (isThere(from)) {
+    } else if (isFolderThere(from)) {
         fs::rename(from, to, error);
     } else {
         fs::create_directories(to, error);

@@ -13,7 +13,7 @@ namespace kzq {
 
 namespace {
 
-constexpr unsigned slots = 20;
+constexpr unsigned listedSlots = 20;
 constexpr unsigned column = 10;
 constexpr int entryPitch = 22;
 constexpr int entryWidth = 76;
@@ -28,7 +28,7 @@ QRect entryOf(unsigned slot) {
 }
 
 unsigned slotAt(QPoint point) {
-    unsigned slot = slots;
+    unsigned slot = listedSlots;
     while (slot != 0 && !entryOf(slot).contains(point)) {
         --slot;
     }
@@ -97,7 +97,7 @@ void BringBackTargets::mark(unsigned slot) {
 void BringBackTargets::walk(int step) {
     int slot = static_cast<int>(marked_ == 0 ? chosen_ : marked_);
     do {
-        slot = (slot - 1 + step + static_cast<int>(slots)) % static_cast<int>(slots) + 1;
+        slot = (slot - 1 + step + static_cast<int>(listedSlots)) % static_cast<int>(listedSlots) + 1;
     } while (taken_.contains(static_cast<unsigned>(slot)));
     mark(static_cast<unsigned>(slot));
 }
@@ -153,7 +153,7 @@ void BringBackTargets::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(panelColor());
     painter.drawRoundedRect(rect().adjusted(2, 2, -2, -2), 6, 6);
     painter.setFont(textFont());
-    for (unsigned slot = 1; slot <= slots; ++slot) {
+    for (unsigned slot = 1; slot <= listedSlots; ++slot) {
         const auto entry = entryOf(slot);
         if (slot == marked_) {
             painter.setPen(Qt::NoPen);
