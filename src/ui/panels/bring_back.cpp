@@ -184,12 +184,13 @@ void BringBack::openTargets(BringBackRow& row) {
 
 void BringBack::refresh() {
     const bool any = std::ranges::any_of(rows_, [](const auto* row) { return row->on(); });
-    const bool hadFocus = accept_->hasFocus();
+    const bool could = accept_->isEnabled();
+    const bool atButtons = accept_->hasFocus() || decline_->hasFocus();
     accept_->setEnabled(any && loops_.has_value());
     accept_->setToolTip(any && !loops_ ? "No pedal connected" : "");
     area_->setVisible(!rows_.empty());
     setAccessibleDescription(rows_.empty() ? "Nothing to bring back. " + notice() : summary());
-    if (hadFocus && !accept_->isEnabled()) {
+    if (atButtons && accept_->isEnabled() != could) {
         focusDefault();
     }
     update();
