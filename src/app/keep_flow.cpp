@@ -50,8 +50,9 @@ bool Keeping::plan(const std::vector<SlotNumber>& slots, const Loops& seen) {
 
 void Keeping::begin(Run& run) {
     pedal_ = parts_.flows->makePedal(transferPatience);
-    work_ = parts_.teller.newWork({"Stop", [this_ = &parts_] {
-                                       this_->flows->cancel();
+    const auto stop = [parts = &parts_] { parts->flows->cancel(); };
+    work_ = parts_.teller.newWork({"Stop", [stop] {
+                                       stop();
                                        return true;
                                    }});
     const auto progress = std::make_shared<KeepProgress>(bytesToRead(order_),
@@ -62,7 +63,7 @@ void Keeping::begin(Run& run) {
     };
     events_.moved = [progress](SlotNumber slot, std::uint64_t bytes) { progress->moved(slot, bytes); };
     parts_.teller.working(work_, "Keeping a copy of " + loopName(order_.slots.front()) + "\u2026");
-    parts_.window.offerStop(true);
+    parts_.window.offerStop(stop);
 }
 
 Outcome Keeping::work(Run& run) {
@@ -71,7 +72,7 @@ Outcome Keeping::work(Run& run) {
 }
 
 void Keeping::end() {
-    parts_.window.offerStop(false);
+    parts_.window.offerStop({});
     parts_.teller.idle(work_);
 }
 

@@ -117,21 +117,22 @@ void MainWindow::removeShield() {
     delete shield_;  // NOLINT(cppcoreguidelines-owning-memory): not needed any more
 }
 
-void MainWindow::offerStop(bool offered) {
+void MainWindow::offerStop(const std::function<void()>& act) {
     if (stop_ != nullptr) {
         shield_->setFocus(Qt::OtherFocusReason);
-        delete stop_;  // NOLINT(cppcoreguidelines-owning-memory): not needed any more
+        stop_->deleteLater();  // this may be its own press
+        stop_->hide();
+        stop_.clear();
     }
-    if (!offered || shield_ == nullptr) {
+    if (!act || shield_ == nullptr) {
         return;
     }
-    auto& link = status_->link();
+    const auto& link = status_->link();
     stop_ = new StatusLink(shield_);  // NOLINT(cppcoreguidelines-owning-memory): the shield's child
-    stop_->setWord(link.text());
-    stop_->move(link.mapTo(this, QPoint()));
+    stop_->setWord("Stop");
+    stop_->move(link.mapTo(this, QPoint(link.width() - stop_->width(), 0)));
     stop_->setFocusPolicy(Qt::StrongFocus);
-    connect(
-        stop_, &QAbstractButton::clicked, &link, [&link] { link.click(); }, Qt::QueuedConnection);
+    connect(stop_, &QAbstractButton::clicked, stop_, act);
     stop_->show();
     stop_->setFocus(Qt::OtherFocusReason);
 }

@@ -2,6 +2,7 @@
 
 #include <QPoint>
 #include <QPointer>
+#include <functional>
 
 #include "ui/shield.h"
 #include "ui/window.h"
@@ -46,8 +47,8 @@ class MainWindow : public Window {
     void addShield();
     void removeShield();
     Shield* shield() const { return shield_; }
-    /// Whether the link of the status line can be used while the window is covered.
-    void offerStop(bool offered);
+    /// "Stop" over the shield, where the status line has its link; null: not any more.
+    void offerStop(const std::function<void()>& act);
 
     /// Sets the Tab order to the visual order. Call it once the rows are in their placeholders.
     void settleTabOrder();
