@@ -82,6 +82,8 @@ bool KZQ7306::core(const UsbDevicePointer& device) {
 void KZQ7306::decore() {
     const std::lock_guard guard(*lock_);
     std::shared_ptr<UsbHandle> handle;
+    ++doubts_;
+    lastSequence_.reset();
     {
         const std::lock_guard mirror(mirror_);
         handle = std::exchange(core_, nullptr);

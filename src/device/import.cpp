@@ -17,7 +17,8 @@ constexpr std::uint32_t pedalChannels = 2;
 }  // namespace
 
 std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
-                                                             const TransferProgress& progress) {
+                                                             const TransferProgress& progress,
+                                                             const AudioPiece& piece) {
     const auto known = SlotNumber::of(slot);
     if (!known || !progress) {
         fail(Trouble::Kind::badRequest);
@@ -26,7 +27,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
     const std::lock_guard guard(*lock_);
     setTrouble(std::nullopt);
     try {
-        return kept(readLoop(*known, progress));
+        return kept(readLoop(*known, progress, piece));
     } catch (const std::bad_alloc&) {
         log(LogCategory::device, "import: not enough memory for the loop");
         fail(Trouble::Kind::outOfMemory);
@@ -34,7 +35,7 @@ std::optional<std::vector<std::uint8_t>> KZQ7306::importLoop(std::uint8_t slot,
     }
 }
 
-Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progress) {
+Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progress, const AudioPiece& piece) {
     const auto now = query(true);
     if (!now) {
         return now.error();
@@ -47,7 +48,7 @@ Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progres
     if (!answer.accepted) {
         return answer.trouble();
     }
-    auto file = readAudio(*loop, slot, progress);
+    auto file = readAudio(*loop, slot, progress, piece);
     if (file && !addWaveHeader(*file, pedalChannels)) {
         return Trouble{Trouble::Kind::outOfMemory};
     }
@@ -56,7 +57,8 @@ Result<Bytes> KZQ7306::readLoop(SlotNumber slot, const TransferProgress& progres
 
 /// The loop's frames, once the pedal has agreed to send them, behind room for a header: a long loop is in
 /// memory only once. The padding after them is dropped.
-Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress) {
+Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress,
+                                 const AudioPiece& heard) {
     const auto handle = core();  // which does not change while the lock is held
     if (!handle) {
         return Trouble{Trouble::Kind::noPedal};
@@ -76,6 +78,9 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const Transf
             return std::move(received.error());
         }
         file.insert(file.end(), piece.begin(), piece.end());
+        if (heard) {
+            heard(piece, slot.number());
+        }
         progress(static_cast<std::uint32_t>(piece.size()), slot.number());
     }
     // A table entry so large that its size wraps, padded or not: no WAV could hold it, and what came is not
@@ -88,20 +93,22 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const Transf
 }
 
 bool KZQ7306::importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
-                          ImportPartialCompletion partialCompletion, BatchCompletion completion) {
+                          ImportPartialCompletion partialCompletion, BatchCompletion completion,
+                          AudioPiece piece) {
     const bool complete = !slots.empty() && progress && partialCompletion && completion;
-    return startBatch(complete, [slots = std::move(slots), progress = std::move(progress),
-                                 partialCompletion = std::move(partialCompletion),
-                                 completion = std::move(completion)](KZQ7306& self) {
-        const auto total = self.runningTotal(progress);
-        const auto transfer = [&](std::uint8_t slot) {
-            auto file = self.importLoop(slot, total);
-            const bool came = file.has_value();
-            partialCompletion(std::move(file), slot);
-            return came;
-        };
-        self.transferBatch(importingOrErasing, pedalBulkIn, slots, transfer, completion);
-    });
+    return startBatch(complete,
+                      [slots = std::move(slots), progress = std::move(progress),
+                       partialCompletion = std::move(partialCompletion), completion = std::move(completion),
+                       piece = std::move(piece)](KZQ7306& self) {
+                          const auto total = self.runningTotal(progress);
+                          const auto transfer = [&](std::uint8_t slot) {
+                              auto file = self.importLoop(slot, total, piece);
+                              const bool came = file.has_value();
+                              partialCompletion(std::move(file), slot);
+                              return came;
+                          };
+                          self.transferBatch(importingOrErasing, pedalBulkIn, slots, transfer, completion);
+                      });
 }
 
 }  // namespace kzq

@@ -109,6 +109,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// Whether an operation runs or the pedal says that it is busy. If the pedal was asked, `stale` (if
     /// given) is set to whether its sequence byte differs from `autoincrement`.
     bool busy(bool* stale = nullptr);
+    /// Another number once there was a reason to doubt that the pedal's loops are still what they were, which
+    /// the table need not show: it left, said that it is busy, or its sequence byte moved. Any thread.
+    std::uint64_t doubts() const { return doubts_; }
 
     // Mirrored: these never wait for a transfer. Any thread.
     std::optional<std::string> version() const;
@@ -141,6 +144,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     /// Of one loop: the bytes of the piece that has moved. Of a batch: the running total of all its loops,
     /// modulo 2^32. Imports report the slot (1 to 20), exports the slot minus 1 (0 to 19).
     using TransferProgress = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
+    /// What has just arrived of a loop, from its first byte to the end of its padding, before its progress.
+    /// It holds only until this returns.
+    using AudioPiece = std::function<void(ByteView audio, std::uint8_t slot)>;
     /// The WAV file image of one loop, or nothing.
     using ImportPartialCompletion =
         std::function<void(std::optional<std::vector<std::uint8_t>>, std::uint8_t slot)>;
@@ -152,7 +158,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     // One loop: blocks until done, keeps the reason for a failure in lastTrouble().
 
     /// A WAV file image.
-    std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const TransferProgress& progress);
+    std::optional<std::vector<std::uint8_t>> importLoop(std::uint8_t slot, const TransferProgress& progress,
+                                                        const AudioPiece& piece = {});
     /// Bytes of audio sent; 0 on failure.
     std::uint32_t exportLoop(const ExportInfo& info, const TransferProgress& progress);
     bool eraseLoop(std::uint8_t slot);
@@ -162,7 +169,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     // run there, with the device lock held; a loop that fails does not stop the batch.
 
     bool importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
-                     ImportPartialCompletion partialCompletion, BatchCompletion completion);
+                     ImportPartialCompletion partialCompletion, BatchCompletion completion,
+                     AudioPiece piece = {});
     bool exportLoops(Exports exports, TransferProgress progress, ExportPartialCompletion partialCompletion,
                      BatchCompletion completion);
     bool eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion);
@@ -231,6 +239,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     static void poll(Executor& executor, Executor::TimePoint start, bool repeating);
     std::optional<Status> news(bool onlyChanges);
+    void noteUse(const Answer& busy);
 
     void arrived(const UsbDevicePointer& device);
     std::optional<char> askStage();
@@ -262,8 +271,9 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
         std::atomic<std::size_t> now = 0;
     };
     Result<std::size_t> send(ByteView bytes, Gone& gone);
-    Result<Bytes> readLoop(SlotNumber slot, const TransferProgress& progress);
-    Result<Bytes> readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress);
+    Result<Bytes> readLoop(SlotNumber slot, const TransferProgress& progress, const AudioPiece& piece);
+    Result<Bytes> readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress,
+                            const AudioPiece& piece);
     Result<std::uint32_t> sendLoop(const ExportInfo& info, const TransferProgress& progress);
     Result<std::uint32_t> sendAudio(const ExportInfo& info, ByteView audio, const TransferProgress& progress);
 
@@ -296,6 +306,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     std::uint64_t macos_ = 0;
 
     std::atomic<std::uint8_t> autoincrement_ = 0;
+    std::optional<std::uint8_t> lastSequence_;  ///< of the pedal that is there; under the lock
+    std::atomic<std::uint64_t> doubts_ = 0;
     std::atomic<bool> cancel_ = false;
     std::atomic<std::int32_t> operation_ = idle;
     std::atomic<bool> imageDue_ = false;

@@ -18,6 +18,8 @@ class KZQ7306Delegate : Fixed {
     virtual void looperHasBeenDisconnected() = 0;
     /// A poll found a status that differs from the last one, or `refresh` was called.
     virtual void looperInternalStateChanged(const Status& status) = 0;
+    /// It said that it is busy, or its sequence byte moved: see KZQ7306::doubts.
+    virtual void looperMayHaveChanged() {}
 };
 
 }  // namespace kzq

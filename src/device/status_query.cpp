@@ -122,10 +122,30 @@ bool KZQ7306::busy(bool* stale) {
     }
     const std::lock_guard guard(*lock_, std::adopt_lock);
     const auto answer = ask(wire::busy);
+    noteUse(answer);
     if (stale != nullptr) {
         *stale = answer.reply && sequenceIn(*answer.reply) != autoincrement();
     }
     return !answer.accepted;
+}
+
+/// A pedal that is played may record over a loop without changing its length.
+void KZQ7306::noteUse(const Answer& busy) {
+    bool doubtful = busy.reply && !busy.accepted;
+    if (busy.whole) {
+        const auto sequence = sequenceIn(*busy.reply);
+        doubtful |= lastSequence_.value_or(sequence) != sequence;
+        lastSequence_ = sequence;
+    }
+    if (doubtful) {
+        ++doubts_;
+        environment_.executor.main([weak = weak_from_this()] {
+            const auto self = weak.lock();
+            if (const auto listener = self ? self->delegate() : nullptr) {
+                listener->looperMayHaveChanged();
+            }
+        });
+    }
 }
 
 }  // namespace kzq

@@ -11,6 +11,7 @@
 
 #include "loops/frames.h"
 #include "loops/slot_number.h"
+#include "platform/bytes.h"
 #include "platform/trouble.h"
 
 namespace kzq {
@@ -78,6 +79,8 @@ struct Events {
     std::function<void(SlotNumber, Step)> begins = {};
     /// `bytes` of this batch have moved: of all its loops together.
     std::function<void(SlotNumber, std::uint64_t bytes)> moved = {};
+    /// Audio of the loop that is being read, its padding included: as Pedal::Arrived. Not of an import.
+    std::function<void(SlotNumber, ByteView audio)> arrived = {};
     /// Nothing more happens to this loop.
     std::function<void(const SlotOutcome&)> slot = {};
 };

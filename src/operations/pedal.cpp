@@ -259,8 +259,15 @@ Trouble Pedal::lose() {
     return stopped().value();
 }
 
-Result<void> Pedal::importLoops(const std::vector<SlotNumber>& slots, const Moved& moved, const Read& read) {
-    return transfer([link = link_, slots, moved, read](const std::shared_ptr<Batch>& batch) {
+Result<void> Pedal::importLoops(const std::vector<SlotNumber>& slots, const Moved& moved, const Read& read,
+                                const Arrived& arrived) {
+    return transfer([link = link_, slots, moved, read, arrived](const std::shared_ptr<Batch>& batch) {
+        KZQ7306::AudioPiece piece;
+        if (arrived) {
+            piece = [batch, arrived](ByteView audio, std::uint8_t slot) {
+                batch->report([&] { arrived(slotOf(slot), audio); });
+            };
+        }
         return link->importLoops(
             numbersOf(slots),
             [batch, moved](std::uint32_t bytes, std::uint8_t slot) {
@@ -271,7 +278,7 @@ Result<void> Pedal::importLoops(const std::vector<SlotNumber>& slots, const Move
                 auto image = file ? Result<Bytes>(std::move(*file)) : Result<Bytes>(batch->failed());
                 batch->report([&] { read(slotOf(slot), std::move(image)); });
             },
-            [batch](std::uint8_t /*count*/) { batch->done(); });
+            [batch](std::uint8_t /*count*/) { batch->done(); }, piece);
     });
 }
 

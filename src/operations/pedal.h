@@ -39,6 +39,9 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
     /// `bytes` so far in this batch: of all its loops together. On the link's thread, like those below, and
     /// only while the call waits.
     using Moved = std::function<void(SlotNumber slot, std::uint64_t bytes)>;
+    /// What has just arrived of a loop, its padding included, before it counts as moved; holds only until
+    /// this returns.
+    using Arrived = std::function<void(SlotNumber slot, ByteView audio)>;
     /// The WAV image of a loop, or why there is none.
     using Read = std::function<void(SlotNumber slot, Result<Bytes> image)>;
     /// The audio that was sent.
@@ -54,7 +57,8 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
     Result<Status> status();
     /// One batch of the link, in this order. busy: it was refused, and nothing has been called. A loop that
     /// fails is no error.
-    Result<void> importLoops(const std::vector<SlotNumber>& slots, const Moved& moved, const Read& read);
+    Result<void> importLoops(const std::vector<SlotNumber>& slots, const Moved& moved, const Read& read,
+                             const Arrived& arrived = {});
     /// The same; the working copies must stay where they are.
     Result<void> exportLoops(const Exports& exports, const Moved& moved, const Sent& sent);
     /// How many the pedal agreed to erase, also if the work was stopped meanwhile. What became of them only

@@ -12,7 +12,7 @@ std::optional<Result<Bytes>> readLoop(Pedal& pedal, SlotNumber slot, Step step, 
     std::optional<Result<Bytes>> came;
     const auto ended = pedal.importLoops(
         {slot}, [&events](SlotNumber of, std::uint64_t bytes) { tell(events.moved, of, bytes); },
-        [&came](SlotNumber /*slot*/, Result<Bytes> image) { came = std::move(image); });
+        [&came](SlotNumber /*slot*/, Result<Bytes> image) { came = std::move(image); }, events.arrived);
     outcome.begun = outcome.begun || pedal.begun();
     if (!ended) {
         outcome.end = ended.error();
