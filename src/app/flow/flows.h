@@ -30,12 +30,20 @@ class Flows : Fixed {
     void start(Patience patience, Flow flow);
     /// For a flow that begins with a question in the press itself.
     void start(Turn turn, Patience patience, Flow flow);
-    std::optional<Turn> take() { return turns_.take(); }
+    /// The right to start the next one; it ends a flow that yields. Nothing while another one lasts.
+    std::optional<Turn> take();
     /// For a part of a run that needs a patience of its own; what happens meanwhile ends it as well. Null
     /// without a link.
     std::shared_ptr<Pedal> makePedal(Patience patience);
     bool starting() const { return turns_.starting(); }
     bool running() const { return turns_.running(); }
+
+    /// For a flow beside all others: as soon as another one is started, this one is stopped, and the other
+    /// one waits for its end. False, and nothing happens, while another one lasts.
+    bool startYielding(Patience patience, Flow flow);
+    bool yielding() const { return turns_.yielding(); }
+    /// Stops that flow.
+    void stopYielding();
 
     // What happens meanwhile, for all runs.
 
@@ -45,10 +53,20 @@ class Flows : Fixed {
     void pedalReturned(char stage);
 
   private:
+    /// A flow that yields.
+    struct Yielding {
+        std::shared_ptr<Pedal> pedal;
+        bool over = false;
+    };
+    /// Its end, however it comes.
+    class EndOfYielding;
+
+    void begin(Turn turn, std::shared_ptr<Pedal> pedal, Flow flow);
     void forEach(const std::function<void(Pedal&)>& task);
 
     const std::shared_ptr<FlowPlace> place_;
     Turns turns_;
+    std::shared_ptr<Yielding> yielding_;        ///< the last one, which may be over
     std::vector<std::weak_ptr<Pedal>> pedals_;  ///< of runs, some of which are over
 };
 

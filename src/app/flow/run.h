@@ -25,6 +25,7 @@ struct FlowWindow {
     std::function<void(bool up)> shield = {};
     std::function<void()> sayBusy = {};    ///< may run an event loop
     std::function<void()> saySilent = {};  ///< the pedal has not answered for a while
+    std::function<void()> freed = {};      ///< no flow lasts any more; posted
     /// Blocks; on a background thread. Empty: the computer may sleep.
     std::function<AwakeLock(AwakeFor)> keepAwake = {};
 };
