@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "device/kzq7306.h"
+#include "slots/slot_field.h"
 #include "ui/panels/front_window.h"
 
 namespace kzq {
@@ -26,6 +27,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
         pedalRead(parts);
         parts.presenter.table();
         parts.bringBack.tableChanged();
+        parts.listening.rowsChanged();
         parts.teller.rest();
         parts.handedFiles.place();
     } else {
@@ -58,6 +60,10 @@ void AppDelegate::comeForward() {
     front->activateWindow();
 }
 
+void AppDelegate::updaterWillRelaunchApplication(SUUpdater& /*updater*/) {
+    writeBundleNameMarker(parts_->environment.home);
+}
+
 // --- the pedal
 
 void AppDelegate::looperIsConnected(KZQ7306& looper) {
@@ -71,6 +77,7 @@ void AppDelegate::looperIsConnected(KZQ7306& looper) {
     parts_->staging->letGo(parts_->rows.stagedFiles(parts_->model.staging()));
     parts_->model.reset();
     parts_->presenter.connected();
+    parts_->listening.rowsChanged();
     parts_->staging->arrived();
     parts_->teller.rest();
     looper.loops([&executor = parts_->environment.executor, weak = weak_from_this()](auto loops) {
@@ -91,6 +98,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     if (const auto change = parts_->model.changed(status.loops)) {
         parts_->presenter.change(*change);
         parts_->bringBack.tableChanged();
+        parts_->listening.rowsChanged();
         parts_->teller.rest();
         parts_->handedFiles.place();
     }
@@ -104,6 +112,7 @@ void AppDelegate::looperHasBeenDisconnected() {
     parts_->model.reset();
     parts_->presenter.left();
     parts_->bringBack.tableChanged();
+    parts_->listening.rowsChanged();
     parts_->teller.forgetImports();
     parts_->teller.rest();
 }
@@ -113,6 +122,14 @@ void AppDelegate::looperHasBeenDisconnected() {
 void AppDelegate::checkboxStateChangedForImportSlot(Slot& slot) {
     parts_->model.select(slotOf(slot), slot.selected());
     parts_->presenter.checked(slot);
+}
+
+void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
+    parts_->staging->dropped(slot, urls);
+}
+
+SlotFieldEditor* AppDelegate::windowWillReturnFieldEditor(QWidget* /*window*/, QObject* object) {
+    return qobject_cast<SlotField*>(object) != nullptr ? parts_->fieldEditor.get() : nullptr;
 }
 
 // --- buttons and tabs
@@ -150,6 +167,10 @@ void AppDelegate::selectExportTab() {
 }
 
 // --- the menu
+
+bool AppDelegate::isMainWindow(const QWindow& window) const {
+    return parts_->window.windowHandle() == &window;
+}
 
 void AppDelegate::openProgress(std::uint64_t total, std::int32_t context) {
     const auto& model = parts_->model;

@@ -51,9 +51,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openFiles(const QList<QUrl>& files);
     /// Somebody started the program again.
     void comeForward();
-    void updaterWillRelaunchApplication(SUUpdater& /*updater*/) override {
-        writeBundleNameMarker(parts_->environment.home);
-    }
+    void updaterWillRelaunchApplication(SUUpdater& updater) override;
     /// Asks the main loop to end.
     void quit() { parts_->environment.quit(); }
 
@@ -76,6 +74,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void looperIsConnected(KZQ7306& looper) override;
     void looperHasBeenDisconnected() override;
     void looperInternalStateChanged(const Status& status) override;
+    void looperMayHaveChanged() override { parts_->listening.rowsChanged(); }
 
     // --- rows, staging, the meter
 
@@ -85,17 +84,13 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void nameEditingEndedForSlot(Slot& /*slot*/) override { parts_->presenter.focusContent(); }
     void exportAboutToBeRemoved(Slot& slot) override { parts_->staging->aboutToBeRemoved(slot); }
     void exportRemoved(Slot& slot) override { parts_->staging->removed(slot); }
-    void playClickedForSlot(Slot& /*slot*/) override {}
-    void compareClickedForSlot(Slot& /*slot*/) override {}
+    void playClickedForSlot(Slot& slot) override { parts_->listening.clicked(slot); }
+    void compareClickedForSlot(Slot& slot) override { parts_->listening.compare(slot); }
     Slot* slotNumber(std::uint8_t number, std::int32_t context) override {
         return parts_->rows.find(number, context);
     }
-    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override {
-        parts_->staging->dropped(slot, urls);
-    }
-    SlotFieldEditor* windowWillReturnFieldEditor(QWidget* /*window*/, QObject* object) override {
-        return qobject_cast<SlotField*>(object) != nullptr ? parts_->fieldEditor.get() : nullptr;
-    }
+    void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
+    SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
     /// Frames in use once everything staged is written.
     std::uint64_t existingAndTeedUpExportSamples() const { return parts_->model.inUse().count; }
     /// The same with `frames` for `slot`, in place of what is there.
@@ -123,9 +118,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
 
     bool menuOpen() const override { return parts_->menu.isOpen(); }
     bool pointInMenuBounds(QPoint point) const override { return parts_->menu.contains(point); }
-    bool isMainWindow(const QWindow& window) const override {
-        return parts_->window.windowHandle() == &window;
-    }
+    bool isMainWindow(const QWindow& window) const override;
     void openMenu() { parts_->menu.open(); }
     void closeMenu() override { parts_->menu.close(); }
     void menuUp() override { parts_->menu.up(); }

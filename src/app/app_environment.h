@@ -4,16 +4,20 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "device/finding.h"
 #include "device/link.h"
+#include "listening/audio_output.h"
+#include "platform/asleep.h"
 #include "platform/awake.h"
 #include "platform/executor.h"
 #include "platform/free_space.h"
 #include "platform/new_file.h"
+#include "platform/run_folder.h"
 #include "troubleshooting/doctor.h"
 #include "troubleshooting/report.h"
 #include "ui/dialogs.h"
@@ -68,6 +72,15 @@ struct AppEnvironment {
         };
     /// On a background thread.
     FreeSpace freeSpace = kzq::freeSpace;
+    /// What makes loops heard; outlives the application. Null: there is no such device.
+    AudioOutput* sound = nullptr;
+    /// How long the computer has slept in all. On any thread.
+    std::function<Executor::Duration()> asleep = timeAsleep;
+    /// Where copies of loops stay until the program ends; nothing if there is no place. On a background
+    /// thread.
+    std::function<std::optional<std::filesystem::path>()> runFolder = [] {
+        return RunFolder::ofThisRun().path();
+    };
     /// Asks the main loop to end; applicationWillTerminate follows from there.
     std::function<void()> quit;
 };

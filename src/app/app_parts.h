@@ -9,6 +9,7 @@
 #include "app/firmware_notices.h"
 #include "app/flow/flows.h"
 #include "app/handed_files.h"
+#include "app/listening.h"
 #include "app/menu_closing.h"
 #include "app/menu_control.h"
 #include "app/model/loop_model.h"
@@ -49,6 +50,7 @@ struct AppParts : Fixed {
     HandedFiles handedFiles{model, *staging, teller};
     MenuControl menu{environment, window, panels, teller};
     FirmwareNotices firmware{*this};
+    Listening listening{*this};
     TransferPanel transferPanel{window, menu, panels};
     const KeptCopies kept{keptPlace(environment.home)};
     BringingBack bringBack{*this};

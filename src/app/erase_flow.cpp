@@ -66,6 +66,9 @@ class Erase {
     }
 
     void begin() {
+        for (const auto slot : order_.slots) {
+            parts_.listening.forget(slot);
+        }
         work_ = parts_.teller.newWork();
         parts_.teller.working(work_, order_.slots.size() == 1
                                          ? "Erasing " + loopName(order_.slots.front()) + "\u2026"

@@ -89,6 +89,9 @@ class Export {
     void begin(Run& run) {
         const auto total = shownTotal(order_.exports);
         parts_.transferPanel.open(total, order_.exports.size(), Slot::exportContext);
+        for (const auto& [slot, info] : order_.exports) {
+            parts_.listening.forget(slot);
+        }
         watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
         keeping_.end();
     }

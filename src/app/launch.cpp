@@ -117,7 +117,10 @@ bool makeRows(AppDelegate& controller, AppParts& parts) {
 void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     const auto& environment = parts.environment;
     FlowWindow window{.life = controller};
-    window.shield = [&main = parts.window, &staging = *parts.staging](bool up) {
+    window.shield = [&main = parts.window, &staging = *parts.staging, &listening = parts.listening](bool up) {
+        if (up) {
+            listening.stop();  // which nobody could any more
+        }
         up ? main.addShield() : main.removeShield();
         up ? staging.hold() : staging.release();
     };
@@ -125,10 +128,11 @@ void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) 
         dialogs.run(alertWithHeadline("Device is busy. Try again later."));
     };
     window.saySilent = [&parts] {
-        if (parts.flows->running()) {  // otherwise there is nothing to cancel
+        if (parts.flows->running() || parts.flows->yielding()) {  // otherwise there is nothing to cancel
             parts.teller.silent();
         }
     };
+    window.freed = [&listening = parts.listening] { listening.readNext(); };
     window.keepAwake = environment.keepAwake;
     parts.flows = std::make_unique<Flows>(environment.executor, std::move(window), environment.link);
 }
@@ -194,6 +198,12 @@ void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
         return;
     }
     connectButtons(controller, parts);
+    parts.presenter.followStaging([&listening = parts.listening] { listening.rowsChanged(); });
+    QObject::connect(&parts.window, &MainWindow::escaped, parts.connections.get(), [&parts] {
+        if (!parts.menu.isOpen()) {
+            parts.listening.stop();
+        }
+    });
     parts.window.centre();
     KZQ7306::initialize(controller);
     if (parts.environment.diagnose) {

@@ -45,6 +45,8 @@ class Listening : Fixed {
     /// We wrote to it.
     void forget(SlotNumber slot);
 
+    /// No operation lasts any more.
+    void readNext();
     /// The table, what is staged or the pedal has changed: the rows follow.
     void rowsChanged();
 

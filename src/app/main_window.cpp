@@ -2,6 +2,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QVariant>
 
@@ -103,6 +104,14 @@ void MainWindow::showMeter(bool shown) {
     }
     if (saidNoPedal == shown) {
         Q_EMIT noPedalChanged(!shown);
+    }
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) {
+        Q_EMIT escaped();
+    } else {
+        Window::keyPressEvent(event);
     }
 }
 

@@ -192,6 +192,7 @@ void Presenter::staged(SlotNumber slot, const QUrl& file) {
     if (row.occupied()) {
         window_.warning()->show();
     }
+    stagingChanged_();
 }
 
 void Presenter::unstaged(Slot& row) {
@@ -204,6 +205,7 @@ void Presenter::unstaged(Slot& row) {
         window_.warning()->hide();
     }
     meter(model_.inUse());
+    stagingChanged_();
 }
 
 /// A loop that failed is marked as well: the table is read again at the end.
@@ -219,6 +221,7 @@ void Presenter::exportsCleared() {
     }
     lengths();
     window_.warning()->hide();
+    stagingChanged_();
 }
 
 void Presenter::showTab(std::int32_t context) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "app/model/loop_model.h"
 #include "app/rows.h"
@@ -51,6 +53,8 @@ class Presenter : Fixed {
 
     // --- the export rows
 
+    /// `changed` is called after each of these.
+    void followStaging(std::function<void()> changed) { stagingChanged_ = std::move(changed); }
     /// `file` is the user's own.
     void staged(SlotNumber slot, const QUrl& file);
     void unstaged(Slot& row);
@@ -76,6 +80,7 @@ class Presenter : Fixed {
     const Rows& rows_;
     const LoopModel& model_;
     const std::unique_ptr<About>& about_;
+    std::function<void()> stagingChanged_ = [] {};
 };
 
 }  // namespace kzq

@@ -28,6 +28,7 @@
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
 #include "device/simulator/simulation.h"
+#include "listening/sound/qt_audio_output.h"
 #include "operations/sentences.h"
 #include "operations/told.h"
 #include "platform/awake.h"
@@ -108,7 +109,7 @@ UpdateDesktop desktop() {
 }
 
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
-                             HttpClient& http, const std::shared_ptr<LogTail>& log) {
+                             HttpClient& http, AudioOutput& sound, const std::shared_ptr<LogTail>& log) {
     auto build = UpdateBuild::ofThisProgram();
     return {
         .executor = executor,
@@ -131,6 +132,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .examine = [simulate = options.simulate] { return examined(simulate); },
         .report = [simulate = options.simulate, log] { return selfReport(simulate, *log); },
         .modifiers = {},
+        .sound = &sound,
         .quit = &QCoreApplication::quit};
 }
 
@@ -178,8 +180,9 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     application.setKeyGuard(&keys);
     QtDialogs dialogs(keys, [&window] { return frontWindow(&window); });
     QtHttpClient http(certificates);
+    QtAudioOutput sound;
     const auto delegate =
-        std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http, log), window);
+        std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http, sound, log), window);
     teller = delegate;
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
