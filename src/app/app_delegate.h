@@ -68,6 +68,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     const Slots& exportSlots() const { return parts_->rows.exports; }
     const std::set<SlotNumber>& selectedImportSlots() const { return parts_->model.selection(); }
     const Exports& selectedExportSlots() const { return parts_->model.staging(); }
+    Listening& listening() { return parts_->listening; }
 
     // --- the pedal
 

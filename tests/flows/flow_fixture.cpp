@@ -32,7 +32,7 @@ simulator::PedalMemory threeLoops() {
 
 FlowTest::FlowTest()
     : pedal(executor, {.memory = threeLoops()}), port(executor, pedal), folder(base / "imports") {
-    for (const auto* const name : {"imports", "copies", "files", "home"}) {
+    for (const auto* const name : {"imports", "copies", "files", "home", "run"}) {
         fs::create_directory(base / name);
     }
     EXPECT_TRUE(kept.turn(false));
@@ -82,6 +82,9 @@ void FlowTest::launch(Executor::Duration wait) {
             .modifiers = [this] { return modifiers; },
             .writeFile = writeFile,
             .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },
+            .sound = sound,
+            .asleep = [this] { return asleep; },
+            .runFolder = [this] { return std::optional<fs::path>(base / "run"); },
             .quit = [this] { quitAsked = true; }},
         *window);
     static_cast<Application*>(qApp)->setDelegate(delegate.get());

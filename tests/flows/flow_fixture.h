@@ -14,6 +14,7 @@
 #include "app/main_window.h"
 #include "device/kzq7306.h"
 #include "device/simulator/simulated_pedal.h"
+#include "fake_output.h"
 #include "fake_web.h"
 #include "loops.h"
 #include "paced_port.h"
@@ -122,6 +123,9 @@ class FlowTest : public testing::Test {
     decltype(AppEnvironment::asRoot) asRoot;
     decltype(AppEnvironment::keepAwake) keepAwake;
     decltype(AppEnvironment::examine) examine;
+    FakeOutput output;
+    AudioOutput* sound = &output;
+    Executor::Duration asleep{};
     TroubleReport report;  ///< but for the outcomes
     Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;
