@@ -66,7 +66,7 @@ class Ear : Fixed {
         while (!over_ && std::fread(piece.data(), sizeof piece, 1, pipe_) == 1) {
             listens_ = true;
             const std::lock_guard guard(mutex_);
-            const auto* first = piece.begin();
+            auto* first = piece.begin();
             if (heard_.empty()) {
                 first = std::ranges::find_if(piece, [](auto sample) { return sample != 0; });
                 since_ = Clock::now();

@@ -104,7 +104,7 @@ struct FolderChooser : Dialogs {
     Chosen chooseNewFile(const std::string& /*name*/) override { return {}; }
     Chosen chooseFolder(const std::string& /*prompt*/) override { return {panelOk, folder}; }
     void openAddress(const std::string& /*url*/) override {}
-    bool openApplication(const fs::path& /*bundle*/) override { return false; }
+    bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
     std::filesystem::path folder;
 };
 

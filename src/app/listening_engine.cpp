@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "app/app_parts.h"
-#include "loops/facts.h"
+#include "loops/frames.h"
 
 namespace kzq {
 
@@ -12,14 +12,6 @@ namespace {
 
 /// What has to be there of a loop before it is heard: 64 KiB.
 constexpr auto enough = Frames::ofBytes(std::uint64_t{64} * 1024);
-
-/// "2:31"
-std::string timeText(Frames length) {
-    constexpr unsigned minute = 60;
-    const auto seconds = length.count / framesPerSecond;
-    const auto rest = std::to_string(seconds % minute);
-    return std::to_string(seconds / minute) + ":" + (rest.size() == 1 ? "0" : "") + rest;
-}
 
 }  // namespace
 
@@ -148,7 +140,7 @@ void Listening::Engine::sayPlaying() const {
     const auto& [row, loop, table, source] = now->choice;
     const auto file = parts.rows.exportRow(row.slot).nameOfExport().value_or(QString()).toStdString();
     const auto what = "Playing " + (loop ? loopName(row.slot) : file);
-    parts.teller.working(now->work, what + ", " + timeText(player->place()->sound->length()), what);
+    parts.teller.working(now->work, what + ", " + clockText(player->place()->sound->length()), what);
 }
 
 void Listening::Engine::stopSound() {
