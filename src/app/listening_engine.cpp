@@ -118,6 +118,7 @@ void Listening::Engine::serve() {
 }
 
 void Listening::Engine::begin(const Choice& choice, std::shared_ptr<Sound> sound) {
+    const auto length = sound->length();
     if (isNow(choice.row)) {
         player->change(std::move(sound));
         now->choice = choice;
@@ -131,16 +132,16 @@ void Listening::Engine::begin(const Choice& choice, std::shared_ptr<Sound> sound
                                                 }})};
         player->play(std::move(sound));
     }
-    sayPlaying();
+    sayPlaying(length);
     showSlot(choice.row.slot);
     follow();
 }
 
-void Listening::Engine::sayPlaying() const {
+void Listening::Engine::sayPlaying(Frames length) const {
     const auto& [row, loop, table, source] = now->choice;
     const auto file = parts.rows.exportRow(row.slot).nameOfExport().value_or(QString()).toStdString();
     const auto what = "Playing " + (loop ? loopName(row.slot) : file);
-    parts.teller.working(now->work, what + ", " + clockText(player->place()->sound->length()), what);
+    parts.teller.working(now->work, what + ", " + clockText(length), what);
 }
 
 void Listening::Engine::stopSound() {

@@ -89,7 +89,7 @@ struct Listening::Engine : std::enable_shared_from_this<Engine>, Fixed {
     /// What is wanted is heard, if it is there.
     void serve();
     void begin(const Choice& choice, std::shared_ptr<Sound> sound);
-    void sayPlaying() const;
+    void sayPlaying(Frames length) const;
     void stopSound();
     void followFiles();
     void look(SlotNumber slot, const std::filesystem::path& source);
