@@ -113,16 +113,16 @@ Result<LoopReader::Read> LoopReader::readWhole(Run& run, Job& job) const {
     const auto awake = run.keepAwake(AwakeFor::transfer);
     Outcome outcome;
     const auto image = readLoop(*run.pedal, job.slot, Step::read, events, outcome);
-    const auto finished = (*sound)->finish();
-    if (outcome.end || !*image) {
-        return outcome.end.value_or(image->error());
+    auto trouble = outcome.end;
+    if (!trouble && !*image) {
+        trouble = image->error();
+    } else if (!trouble && (*image)->size() != waveHeaderSize + length.bytes()) {
+        trouble = Trouble{Trouble::Kind::changedWhileRead};
     }
-    if (!finished) {
-        return finished.error();
+    if (const auto written = (*sound)->finish(trouble); !written) {
+        return written.error();
     }
-    return (*image)->size() == waveHeaderSize + length.bytes()
-               ? Result<Read>(Read{job.loop, std::move(*sound), *begun})
-               : Trouble{Trouble::Kind::changedWhileRead};
+    return Read{job.loop, std::move(*sound), *begun};
 }
 
 void LoopReader::finish(Run& run, Job& job, Result<Read> read) {

@@ -94,13 +94,13 @@ void Sound::add(ByteView audio) {
     }
 }
 
-Result<void> Sound::finish() {
-    if (whole()) {
+Result<void> Sound::finish(const std::optional<Trouble>& otherwise) {
+    if (whole() && !otherwise) {
         return {};
     }
     std::error_code ignored;
     std::filesystem::remove(path_, ignored);
-    return trouble_.value_or(Trouble{Trouble::Kind::changedWhileRead});
+    return otherwise.value_or(trouble_.value_or(Trouble{Trouble::Kind::changedWhileRead}));
 }
 
 }  // namespace kzq

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 
 #include "audio/peaks.h"
@@ -40,8 +41,8 @@ class Sound : Fixed {
 
     /// What comes behind its length does not count.
     void add(ByteView audio);
-    /// Whether all of it came and was written. Otherwise its file is removed.
-    Result<void> finish();
+    /// Whether all of it came and was written, and nothing else went wrong. Otherwise its file is removed.
+    Result<void> finish(const std::optional<Trouble>& otherwise = {});
 
   private:
     Sound(std::filesystem::path path, Descriptor file, Frames length);
