@@ -1,5 +1,7 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/fsuid.h>
 #include <unistd.h>
 
@@ -8,8 +10,10 @@
 #include <stdexcept>
 
 #include "device/libusb/libusb_port.h"
+#include "device/libusb/port_lock.h"
 #include "device/simulator/emulated/umock_pedal.h"
 #include "hotplug_watch.h"
+#include "platform/descriptor.h"
 #include "platform/log.h"
 #include "virtual_executor.h"
 
@@ -204,6 +208,34 @@ TEST_F(UsbPortTest, ASecondProgramIsKeptOutAndHasItsTurn) {
     EXPECT_EQ(watch_.seen()[0].event, HotplugEvent::arrived);
     handle_ = second.open(watch_.seen()[0].device, result);
     EXPECT_EQ(result, usbSuccess);
+}
+
+TEST_F(UsbPortTest, APedalThatRestartsComesBackToTheProgramThatHadIt) {
+    acquire();
+    const Descriptor port(::open(PortLock::fileOf("1-1").c_str(), O_RDWR | O_CLOEXEC));
+    const auto othersCanHaveIt = [&port] {
+        return ::flock(port.get(), LOCK_EX | LOCK_NB) == 0 && ::flock(port.get(), LOCK_UN) == 0;
+    };
+    ASSERT_EQ(command(0xE4), int{replyLength});
+    clock_.advance(std::chrono::seconds(1));
+    handle_.reset();
+    EXPECT_FALSE(pedal_.isPlugged() || othersCanHaveIt());
+    clock_.advance(std::chrono::seconds(1));
+    ASSERT_TRUE(watch_.waitFor(3));
+    EXPECT_FALSE(othersCanHaveIt()) << "it has not been opened";
+    UsbResult result = usbOther;
+    const auto loader = watch_.seen()[2].device;
+    handle_ = port_.open(loader, result);
+    ASSERT_EQ(result, usbSuccess);
+    handle_.reset();
+    EXPECT_TRUE(othersCanHaveIt());
+
+    watch_.forget();
+    ::flock(port.get(), LOCK_EX);
+    EXPECT_EQ(port_.open(loader, result), nullptr) << "another program waits for its pedal";
+    EXPECT_EQ(result, usbBusy);
+    ::flock(port.get(), LOCK_UN);
+    EXPECT_TRUE(watch_.waitFor(1));
 }
 
 TEST_F(UsbPortTest, TellsWhyAPedalCannotBeOpened) {

@@ -11,6 +11,7 @@
 #include "device/libusb/device_node.h"
 #include "device/libusb/hotplug_registry.h"
 #include "device/libusb/libusb_device.h"
+#include "device/libusb/port_lock.h"
 #include "device/wire.h"
 
 namespace kzq {
@@ -37,7 +38,7 @@ Look lookAt(const LibusbDevice& device) {
     if (!node) {
         return node.error() == ENOENT || node.error() == ENODEV ? Look::gone : Look::taken;
     }
-    if (!node.lock()) {
+    if (const auto port = PortLock::take(device.get()); !port || !node.lock()) {
         return Look::taken;
     }
     const auto driver = node.driver(pedalInterface);

@@ -56,17 +56,14 @@ DeviceNode::DeviceNode(const std::filesystem::path& path)
 DeviceNode::DeviceNode(libusb_device* device)
     : DeviceNode(fileOf(libusb_get_bus_number(device), libusb_get_device_address(device), usbNodes)) {}
 
-bool DeviceNode::lock() {
-    for (int left = attempts; left > 0; --left) {
-        if (::flock(file_.get(), LOCK_EX | LOCK_NB) == 0) {
-            return true;
-        }
-        if (errno != EWOULDBLOCK) {
-            break;
+int lockFile(const Descriptor& file) {
+    for (int left = attempts; ::flock(file.get(), LOCK_EX | LOCK_NB) != 0; --left) {
+        if (errno != EWOULDBLOCK || left == 1) {
+            return errno;
         }
         std::this_thread::sleep_for(betweenLooks);
     }
-    return false;
+    return 0;
 }
 
 std::optional<std::string> DeviceNode::driver(int interface) const {

@@ -21,6 +21,10 @@ std::filesystem::path deviceFile(const std::filesystem::path& folder,
 inline constexpr auto programDriver = "usbfs";
 inline constexpr auto roadDriver = "usbtmc";
 
+/// Locks a file among programs, for as long as this descriptor is open. Waits a little for programs that only
+/// look. 0 or an errno value: EWOULDBLOCK if another descriptor has the lock.
+int lockFile(const Descriptor& file);
+
 /// A descriptor of our own of a device's file in /dev, beside libusb's. It carries the lock by which our
 /// programs leave a pedal to the one that has it; the lock ends with the descriptor, however the program
 /// ends.
@@ -34,9 +38,9 @@ class DeviceNode {
     /// Why it could not be opened: an errno value.
     int error() const { return error_; }
 
-    /// Whether the device is now ours among our programs. Waits a little for those that only look; another
-    /// descriptor of this program counts as another program.
-    bool lock();
+    /// Whether the device is now ours among our programs. Another descriptor of this program counts as
+    /// another program.
+    bool lock() { return lockFile(file_) == 0; }
     /// The driver that has the interface, `programDriver` for a program; empty for none. Nothing if the
     /// device is gone.
     std::optional<std::string> driver(int interface) const;

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "device/libusb/device_node.h"
+#include "device/libusb/port_lock.h"
 #include "device/libusb/udev_rules.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/wire.h"
@@ -135,7 +136,10 @@ Finding heldBy(const std::string& driver, const SystemPlaces& places, const fs::
 Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     const std::string driver = driverOf(pedal);
     const auto node = deviceFile(pedal, places.nodes);
-    const auto program = lockHolder(node, places.processes);
+    auto program = lockHolder(node, places.processes);
+    if (!program) {  // one that waits for its pedal, which is restarting
+        program = lockHolder(PortLock::fileOf(pedal.filename()), places.processes);
+    }
     const bool ours = program && program->process == places.processes.self;
     if (program && !ours) {
         return {Trouble::Kind::heldByAnother,
@@ -235,8 +239,9 @@ std::vector<Finding> findings(const SystemPlaces& places, bool trying) {
     all.push_back({Trouble::Kind::nothingOnBus, false, "A pedal is on the USB bus.", {}});
     all.push_back(permission(places, *pedal));
     all.push_back(holder(places, *pedal));
+    const bool free = !all.back().present;
     all.push_back(udev(places));
-    all.push_back(trying ? triedRoad(places, *pedal) : road(places));
+    all.push_back(trying && free ? triedRoad(places, *pedal) : road(places));
     return all;
 }
 

@@ -18,6 +18,7 @@
 #include "device/libusb/hotplug_registry.h"
 #include "device/libusb/libusb_device.h"
 #include "device/libusb/libusb_result.h"
+#include "device/wire.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -36,8 +37,10 @@ std::string hexadecimal(std::uint8_t number) {
 
 }  // namespace
 
-LibusbHandle::LibusbHandle(libusb_device_handle* handle, DeviceNode node, unsigned readsInFlight)
-    : handle_(handle), node_(std::move(node)) {
+LibusbHandle::LibusbHandle(libusb_device_handle* handle, DeviceNode node, PortLock port,
+                           unsigned readsInFlight)
+    : handle_(handle), node_(std::move(node)), port_(std::move(port)) {
+    port_.returned();
     if (readsInFlight > 1) {
         reads_.emplace(handle, readsInFlight);
     }
@@ -104,6 +107,9 @@ int LibusbHandle::control(std::uint8_t requestType, std::uint8_t request, std::u
     takeBackReads();
     if (lost()) {
         return usbNoDevice;
+    }
+    if (requestType == wire::enterLoader.code) {
+        port_.awaitReturn();  // also after the image, since the loader is asked again
     }
     const ControlOutcome plain = controlTransfer(handle_, requestType, request, value, index, reply);
     if (plain.refusedByHost && HostRefusal::concerns(requestType)) {

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "device/libusb/device_node.h"
+#include "device/libusb/port_lock.h"
 #include "device/libusb/reads_in_flight.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/usb_port.h"
@@ -20,9 +21,9 @@ namespace kzq {
 /// command ever reaches a pedal that has forgotten the one before it.
 class LibusbHandle : public UsbHandle {
   public:
-    /// Takes ownership of `handle`, whose device `node` has locked. So many bulk reads may be under way at
-    /// once.
-    LibusbHandle(libusb_device_handle* handle, DeviceNode node, unsigned readsInFlight);
+    /// Takes ownership of `handle`, whose device `node` has locked, and `port` the place. So many bulk reads
+    /// may be under way at once.
+    LibusbHandle(libusb_device_handle* handle, DeviceNode node, PortLock port, unsigned readsInFlight);
     ~LibusbHandle() override;
 
     int kernelDriverActive(int interface) override;
@@ -52,6 +53,7 @@ class LibusbHandle : public UsbHandle {
 
     libusb_device_handle* handle_;
     DeviceNode node_;
+    PortLock port_;
     std::optional<int> claimed_;
     std::mutex resetting_;  ///< held during a reset, in which libusb gives the interface back for a moment
     bool lost_ = false;     ///< under the mutex

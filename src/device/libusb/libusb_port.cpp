@@ -48,8 +48,9 @@ void takeBackFromRoad(const DeviceNode& node) {
 
 std::unique_ptr<UsbHandle> openDevice(libusb_device* device, unsigned readsInFlight, UsbResult& result) {
     DeviceNode node(device);  // without it, libusb says why
-    if (node && !node.lock()) {
-        log(LogCategory::usb, nameOf(device) + ": another of our programs has it");
+    auto port = PortLock::take(device);
+    if (!port || (node && !node.lock())) {
+        log(LogCategory::usb, nameOf(device) + ": another of our programs has it, or waits for it");
         result = usbBusy;
         return nullptr;
     }
@@ -64,7 +65,7 @@ std::unique_ptr<UsbHandle> openDevice(libusb_device* device, unsigned readsInFli
         return nullptr;
     }
     takeBackFromRoad(node);
-    return std::make_unique<LibusbHandle>(handle, std::move(node), readsInFlight);
+    return std::make_unique<LibusbHandle>(handle, std::move(node), std::move(*port), readsInFlight);
 }
 
 bool isMatching(libusb_device* device, std::uint16_t vendor, std::uint16_t product) {
