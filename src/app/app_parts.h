@@ -13,12 +13,14 @@
 #include "app/menu_closing.h"
 #include "app/menu_control.h"
 #include "app/model/loop_model.h"
+#include "app/open_questions.h"
 #include "app/panels.h"
 #include "app/presenter.h"
 #include "app/rows.h"
 #include "app/staging.h"
 #include "app/teller.h"
 #include "app/transfer_panel.h"
+#include "app/unused_files.h"
 #include "operations/kept_copies.h"
 #include "platform/fixed.h"
 #include "slots/slot_field_editor.h"
@@ -46,8 +48,11 @@ struct AppParts : Fixed {
     Rows rows;
     Presenter presenter{window, rows, model, panels.about};
     Teller teller{environment, window, model};
-    const std::shared_ptr<Staging> staging = std::make_shared<Staging>(environment, model, presenter, teller);
-    HandedFiles handedFiles{model, *staging, teller};
+    UnusedFiles unusedFiles{teller};
+    const std::shared_ptr<Staging> staging =
+        std::make_shared<Staging>(environment, model, presenter, teller, unusedFiles);
+    HandedFiles handedFiles{model, *staging, teller, unusedFiles};
+    OpenQuestions questions{environment.executor};
     MenuControl menu{environment, window, panels, teller};
     FirmwareNotices firmware{*this};
     Listening listening{*this};

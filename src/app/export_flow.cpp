@@ -169,11 +169,13 @@ class Export {
             }
         }
         tell(outcome);
+        std::vector<SlotOutcome> written;
+        std::ranges::copy_if(outcome.slots, std::back_inserter(written),
+                             [](const SlotOutcome& loop) { return loop.did == SlotOutcome::Did::written; });
+        for (const auto& loop : written) {
+            parts_.unusedFiles.written(loop.slot);
+        }
         if (order_.verify) {
-            std::vector<SlotOutcome> written;
-            std::ranges::copy_if(outcome.slots, std::back_inserter(written), [](const SlotOutcome& loop) {
-                return loop.did == SlotOutcome::Did::written;
-            });
             beginVerify(parts_, written, files_, pedal_);
         }
     }

@@ -7,6 +7,7 @@
 #include "app/model/loop_model.h"
 #include "app/staging.h"
 #include "app/teller.h"
+#include "app/unused_files.h"
 
 namespace kzq {
 
@@ -53,7 +54,7 @@ void HandedFiles::place() {
         }
     }
     if (!left.isEmpty()) {
-        teller_.tell(toldLeft(left, given));
+        unused_.tell(toldLeft(left, given), left, {});
     }
 }
 

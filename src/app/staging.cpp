@@ -44,17 +44,19 @@ void Staging::choose(const Slot& row) {
 }
 
 void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
-    if (files.size() > 1) {
-        teller_.tell({.what = "Only the first of " + std::to_string(files.size()) + " files was used",
-                      .detail = "Each row takes one file.",
-                      .failure = true});
+    if (files.isEmpty()) {
+        return;
     }
-    if (!files.isEmpty()) {
-        convert(slotOf(row), files.first());
+    const auto drop = convert(slotOf(row), files.first());
+    if (files.size() > 1) {
+        unused_.tell({.what = "Only the first of " + std::to_string(files.size()) + " files was used",
+                      .detail = "Each row takes one file.",
+                      .failure = true},
+                     files.mid(1), drop);
     }
 }
 
-void Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
+Drop Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
     const Drop drop{slot, file, model_.nextDrop()};
     expected_.insert(slot);
     environment_.executor.background(Priority::high,
@@ -75,6 +77,7 @@ void Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
                                              self->work();
                                          });
                                      });
+    return drop;
 }
 
 void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
@@ -85,7 +88,8 @@ void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
                       return self && self->useAnyway(drop);
                   }};
     }
-    teller_.tell(toldUnusable(drop.file.fileName().toStdString(), trouble), {}, std::move(anyway));
+    unused_.tell(toldUnusable(drop.file.fileName().toStdString(), trouble), {drop.file}, drop,
+                 std::move(anyway));
 }
 
 /// What there is of a damaged file, on its row, or on another if that has a file now.
@@ -94,7 +98,8 @@ bool Staging::useAnyway(const Drop& drop) {
     const auto name = "\"" + file + "\"";
     const auto slot = model_.freeFrom(drop.slot, expected_);
     if (!slot) {
-        teller_.tell({.what = "There is no free row for " + name, .failure = true, .names = {file}});
+        unused_.tell({.what = "There is no free row for " + name, .failure = true, .names = {file}},
+                     {drop.file}, {});
         return false;
     }
     if (*slot != drop.slot) {
@@ -200,6 +205,7 @@ void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
     switch (model_.stage(*info, drop.order)) {
         case LoopModel::Staged::yes:
             presenter_.staged(drop.slot, drop.file);
+            unused_.staged(drop);
             break;
         case LoopModel::Staged::overtaken:
             removeFile(copy);  // a later drop on this row was converted sooner

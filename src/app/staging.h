@@ -13,6 +13,7 @@
 
 #include "app/app_environment.h"
 #include "app/model/loop_model.h"
+#include "app/unused_files.h"
 #include "platform/fixed.h"
 
 namespace kzq {
@@ -27,8 +28,9 @@ class Slot;
 class Staging : public std::enable_shared_from_this<Staging> {
   public:
     /// All outlive it. Create it with std::make_shared.
-    Staging(const AppEnvironment& environment, LoopModel& model, Presenter& presenter, Teller& teller)
-        : environment_(environment), model_(model), presenter_(presenter), teller_(teller) {}
+    Staging(const AppEnvironment& environment, LoopModel& model, Presenter& presenter, Teller& teller,
+            UnusedFiles& unused)
+        : environment_(environment), model_(model), presenter_(presenter), teller_(teller), unused_(unused) {}
 
     /// While one of these lives, what has been converted waits: a run sends what was staged at its start.
     class Hold : Fixed {
@@ -68,15 +70,9 @@ class Staging : public std::enable_shared_from_this<Staging> {
     void removeWorkingCopies() const;
 
   private:
-    /// A file that was put on a row.
-    struct Drop {
-        SlotNumber slot;
-        QUrl file;
-        std::uint64_t order = 0;
-    };
     using Convert = decltype(AppEnvironment::convert);
-    void convert(SlotNumber slot, const QUrl& file) { convert(slot, file, environment_.convert); }
-    void convert(SlotNumber slot, const QUrl& file, const Convert& how);
+    Drop convert(SlotNumber slot, const QUrl& file) { return convert(slot, file, environment_.convert); }
+    Drop convert(SlotNumber slot, const QUrl& file, const Convert& how);
     void tellUnusable(const Drop& drop, const Trouble& trouble);
     bool useAnyway(const Drop& drop);
     void stage(const Drop& drop, const std::filesystem::path& copy);
@@ -88,6 +84,7 @@ class Staging : public std::enable_shared_from_this<Staging> {
     LoopModel& model_;
     Presenter& presenter_;
     Teller& teller_;
+    UnusedFiles& unused_;
     std::multiset<SlotNumber> expected_;  ///< by what is being converted, or waits
     unsigned holds_ = 0;
     std::deque<std::pair<Drop, std::filesystem::path>> waiting_;  ///< converted while held

@@ -185,6 +185,32 @@ TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {
     EXPECT_THAT(delegate->selectedExportSlots(), ElementsAre(testing::Key(2_slot)));
 }
 
+TEST_F(FlowTest, WhatIsSaidOfAFileEndsOnceItOrItsRowIsServed) {
+    launchConnected();
+    const QList<QUrl> two{QUrl::fromLocalFile(QString::fromStdString(audioFile("one.wav", 9).string())),
+                          QUrl::fromLocalFile(QString::fromStdString(audioFile("two.wav", 9).string()))};
+    const auto drops = [&](std::uint8_t row) {
+        delegate->slotReceivedDroppedURLs(exportRow(row), two);
+        executor.settle();
+        EXPECT_EQ(line(), "Only the first of 2 files was used");
+    };
+    drops(2);
+    delegate->slotReceivedDroppedURLs(exportRow(4), {two[1]});
+    executor.settle();
+    EXPECT_THAT(line(), testing::StartsWith("7306"));
+    drops(5);
+    window->exportButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "3 loops written");
+
+    drop(6, base / "files" / "Bridge.ogg");
+    executor.settle();
+    stage(7, 10);
+    EXPECT_EQ(line(), "\"Bridge.ogg\" cannot be read");
+    stage(6, 10);
+    EXPECT_THAT(line(), testing::Not(testing::HasSubstr("Bridge")));
+}
+
 TEST_F(FlowTest, AfterAReplugOnlyTheSameLoopsAreSelectedAgain) {
     writeFile = [](auto&&...) {
         return Result<std::filesystem::path>(Trouble{Trouble::Kind::file, "write", ENOSPC});
