@@ -132,8 +132,11 @@ void beginErase(AppParts& parts, Copies copies) {
     parts.teller.beforeErase({selection.begin(), selection.end()}, copies == Copies::kept && parts.kept.on());
     auto turn = parts.flows->take();  // nothing while one is running, which is told only after the question
     const auto flow = [erase = std::make_shared<Erase>(parts, copies)](Run& run) { erase->work(run); };
-    const auto answer = parts.environment.dialogs.run(
-        yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
+    const auto answer = [&parts] {
+        const OpenQuestions::Question open(parts.questions);
+        return parts.environment.dialogs.run(
+            yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
+    }();
     if (answer != alertFirstButton) {
         return;
     }

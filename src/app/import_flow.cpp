@@ -41,6 +41,7 @@ class Import {
   private:
     std::filesystem::path chosenFolder() {
         parts_.presenter.endEditing();
+        const OpenQuestions::Question open(parts_.questions);
         const auto chosen = parts_.environment.dialogs.chooseFolder("Save");
         return chosen.answer == panelOk || chosen.answer == panelContinue ? chosen.path
                                                                           : std::filesystem::path();
