@@ -56,6 +56,8 @@ struct AppEnvironment {
     std::function<std::vector<Finding>()> diagnose;
     /// On a background thread. Empty: there is no program that asks for the password.
     RootShell asRoot = {};
+    /// Whether loops of any pedal were ever backed up; at once. Empty: not known.
+    std::function<bool()> wasEverBackedUp = {};
     /// Keeps the computer awake while the window transfers. On a background thread. Empty: it may sleep.
     std::function<AwakeLock(AwakeFor)> keepAwake = {};
     /// What the doctor finds. On a background thread; may take seconds.

@@ -43,6 +43,9 @@ void Teller::tell(const Told& told, const std::string& job, Remedy remedy, const
     auto act = [this, life = std::weak_ptr(life_), wanted = std::move(remedy.act)] {
         return !life.expired() && window_.shield() == nullptr && wanted && wanted();
     };
+    if (std::exchange(lastToldOf_, model_.pedal()) != model_.pedal()) {
+        rest();  // without what is suggested once
+    }
     announcements_->tell({.what = told.what,
                           .why = told.why,
                           .detail = told.detail,
@@ -74,7 +77,16 @@ void Teller::rest() {
     if (const auto version = looper->version().value_or(""); !version.empty()) {
         sentence += between + ("firmware " + version);
     }
+    if (suggestsBackup()) {
+        sentence += between + std::string("nothing has been backed up yet");
+    }
     announcements_->setRest(sentence);
+}
+
+/// Once per pedal: until there is something else to say.
+bool Teller::suggestsBackup() const {
+    return lastToldOf_ != model_.pedal() && model_.table().size() != 0 && environment_.wasEverBackedUp &&
+           !environment_.wasEverBackedUp();
 }
 
 std::string Teller::withoutPedal() const {

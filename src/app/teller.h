@@ -101,6 +101,7 @@ class Teller : Fixed {
     const UnderWay* newest() const;
     void showWork(Work changed);
     std::string withoutPedal() const;
+    bool suggestsBackup() const;
 
     const AppEnvironment& environment_;
     MainWindow& window_;
@@ -111,7 +112,8 @@ class Teller : Fixed {
     Work followed_ = 0;  ///< which the pedal may leave unanswered
     std::string holder_;
     std::size_t filesWaiting_ = 0;
-    Loops saved_;  ///< as they were then
+    unsigned lastToldOf_ = 0;  ///< the pedal of the last outcome: see LoopModel
+    Loops saved_;              ///< as they were then
     std::set<SlotNumber> notSaved_;
     /// The pedal does not answer, and the line says so.
     const std::shared_ptr<std::atomic<bool>> silent_ = std::make_shared<std::atomic<bool>>(false);

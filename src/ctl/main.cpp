@@ -26,6 +26,7 @@
 #include "device/recorder/recordings.h"
 #include "device/recorder/replay_port.h"
 #include "device/simulator/simulation.h"
+#include "operations/backup.h"
 #include "operations/sentences.h"
 #include "platform/process.h"
 #include "platform/run_folder.h"
@@ -228,6 +229,12 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
         .home = homeFolder(),
         .keepAwake = [] { return keepAwake(AwakeFor::firmware); },
         .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
+        .backedUp =
+            [real] {
+                if (real) {
+                    rememberBackup(homeFolder());
+                }
+            },
         .diagnose = [real] { return real ? diagnose() : simulatedFindings(); },
         .examine = [real] { return real ? diagnoseByTrying() : simulatedFindings(); },
         .capture = recorder::capture,

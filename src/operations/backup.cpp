@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "audio/wave.h"
@@ -10,6 +11,9 @@
 #include "operations/read_loop.h"
 #include "operations/snapshot_draft.h"
 #include "operations/table.h"
+#include "platform/log.h"
+#include "platform/process.h"
+#include "platform/replace_file.h"
 
 namespace kzq {
 
@@ -17,6 +21,9 @@ namespace {
 
 using Did = SlotOutcome::Did;
 using Kind = Trouble::Kind;
+
+/// An empty file that says that there was one.
+constexpr auto backupMarker = "backed-up";
 
 class Backup {
   public:
@@ -151,6 +158,23 @@ std::uint64_t bytesToRead(const Loops& loops) {
 
 BackupEnd runBackup(Pedal& pedal, const BackupOrder& order, const Events& events) {
     return Backup(pedal, order, events).run();
+}
+
+bool wasEverBackedUp(const std::filesystem::path& home) {
+    std::error_code ignored;
+    return !home.empty() && std::filesystem::exists(programFolderIn(home) / backupMarker, ignored);
+}
+
+void rememberBackup(const std::filesystem::path& home) {
+    if (home.empty() || wasEverBackedUp(home)) {
+        return;
+    }
+    const auto folder = programFolderIn(home);
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error || !replaceFile(folder, backupMarker, {})) {
+        log(LogCategory::application, "it could not be noted that there is a backup");
+    }
 }
 
 }  // namespace kzq

@@ -36,4 +36,10 @@ struct BackupEnd {
 /// folder in `where`, and a folder that cannot be made (folder).
 BackupEnd runBackup(Pedal& pedal, const BackupOrder& order, const Events& events);
 
+/// Whether a backup was ever completed from this account, of whatever pedal: they have no names. `home` is
+/// the user's home folder; without one none was.
+bool wasEverBackedUp(const std::filesystem::path& home);
+/// From now on one was. A failure is logged. Any thread.
+void rememberBackup(const std::filesystem::path& home);
+
 }  // namespace kzq

@@ -47,4 +47,8 @@ std::filesystem::path homeFolder() {
     return home != nullptr ? home : "";
 }
 
+std::filesystem::path programFolderIn(const std::filesystem::path& home) {
+    return home.empty() ? home : home / "Library/Application Support/com.kzq.7306";
+}
+
 }  // namespace kzq

@@ -24,5 +24,7 @@ std::uint64_t systemMinorVersion();
 
 /// From $HOME; empty for none.
 std::filesystem::path homeFolder();
+/// Where in it the programs keep what they are to remember; empty without a home.
+std::filesystem::path programFolderIn(const std::filesystem::path& home);
 
 }  // namespace kzq

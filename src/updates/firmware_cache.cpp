@@ -6,13 +6,14 @@
 
 #include "platform/digest.h"
 #include "platform/plain_file.h"
+#include "platform/process.h"
 #include "platform/replace_file.h"
 #include "updates/update_log.h"
 
 namespace kzq {
 
 std::filesystem::path updatesFolderIn(const std::filesystem::path& home) {
-    return home.empty() ? home : home / "Library/Application Support/com.kzq.7306/updates";
+    return home.empty() ? home : programFolderIn(home) / "updates";
 }
 
 bool isImageOf(const FirmwareEntry& entry, std::span<const std::uint8_t> image) {

@@ -1,3 +1,5 @@
+#include "operations/backup.h"
+
 #include <fstream>
 #include <nlohmann/json.hpp>
 
@@ -52,7 +54,9 @@ TEST_F(BackupTest, GoesOnWhereTheCableWasPulled) {
     EXPECT_EQ(out.str(), "unfinished " + stamp + ": 2 loops, 0:00.0.\n");
     plugInAgain();
     pedal.clearJournal();
+    EXPECT_FALSE(wasEverBackedUp(folder.parent_path()));
     EXPECT_EQ(backup(), ExitCode::ok);
+    EXPECT_TRUE(wasEverBackedUp(folder.parent_path()));
     EXPECT_THAT(out.str(), HasSubstr("Loop 2: already saved.\nLoop 5: already saved.\n3 loops backed up"));
     EXPECT_EQ(sent(0xE1), 3) << "what was saved already is compared";
     EXPECT_THAT(files(), UnorderedElementsAre(stamp));

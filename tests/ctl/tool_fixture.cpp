@@ -9,6 +9,7 @@
 #include "audio/wave.h"
 #include "ctl/speech/options.h"
 #include "loops/facts.h"
+#include "operations/backup.h"
 #include "platform/log.h"
 
 namespace kzq::test {
@@ -91,6 +92,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
         [this](auto heard) { signalsHeld = std::move(heard); }});
     environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
     environment_->stamp = [this] { return stamp; };
+    environment_->backedUp = [this] { rememberBackup(folder.parent_path()); };
     environment_->diagnose = environment_->examine = [this] { return findings; };
     environment_->asRoot = asRoot;
     environment_->report = [this] { return report; };

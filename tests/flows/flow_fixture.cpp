@@ -76,6 +76,7 @@ void FlowTest::launch(Executor::Duration wait) {
             .salvage = [this](const std::string& path) { return convert(path, true); },
             .diagnose = [this] { return diagnosis; },
             .asRoot = asRoot,
+            .wasEverBackedUp = wasEverBackedUp,
             .keepAwake = keepAwake,
             .examine = examine,
             .report = [this] { return report; },

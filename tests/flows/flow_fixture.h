@@ -121,6 +121,7 @@ class FlowTest : public testing::Test {
     std::uint64_t freeSpace = 1'000'000;
     std::vector<Finding> diagnosis = {{Trouble::Kind::noUdev, true, "a remedy", {}}};
     decltype(AppEnvironment::asRoot) asRoot;
+    decltype(AppEnvironment::wasEverBackedUp) wasEverBackedUp;
     decltype(AppEnvironment::keepAwake) keepAwake;
     decltype(AppEnvironment::examine) examine;
     FakeOutput output;

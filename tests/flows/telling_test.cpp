@@ -211,6 +211,30 @@ TEST_F(FlowTest, WhatIsSaidOfAFileEndsOnceItOrItsRowIsServed) {
     EXPECT_THAT(line(), testing::Not(testing::HasSubstr("Bridge")));
 }
 
+TEST_F(FlowTest, ABackupIsSuggestedOncePerPedalUntilThereIsOne) {
+    const auto isSuggested = [this] { return line().ends_with(" \u00b7 nothing has been backed up yet"); };
+    const auto replug = [this] {
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+    };
+    bool there = false;
+    wasEverBackedUp = [&there] { return there; };
+    launchConnected();
+    EXPECT_TRUE(isSuggested());
+    drop(2, base / "files" / "Bridge.ogg");
+    executor.settle();
+    EXPECT_EQ(line(), "\"Bridge.ogg\" cannot be read");
+    stage(2, 10);
+    EXPECT_THAT(line(), testing::EndsWith("firmware 1.05"));
+    delegate->exportRemoved(exportRow(2));
+    replug();
+    EXPECT_TRUE(isSuggested());
+    there = true;
+    replug();
+    EXPECT_FALSE(isSuggested());
+}
+
 TEST_F(FlowTest, AfterAReplugOnlyTheSameLoopsAreSelectedAgain) {
     writeFile = [](auto&&...) {
         return Result<std::filesystem::path>(Trouble{Trouble::Kind::file, "write", ENOSPC});

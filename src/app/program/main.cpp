@@ -29,6 +29,7 @@
 #include "device/libusb/libusb_port.h"
 #include "device/simulator/simulation.h"
 #include "listening/sound/qt_audio_output.h"
+#include "operations/backup.h"
 #include "operations/sentences.h"
 #include "operations/told.h"
 #include "platform/awake.h"
@@ -128,6 +129,8 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .salvage = &salvagedFile,
         .diagnose = options.simulate ? decltype(AppEnvironment::diagnose)() : [] { return diagnose(); },
         .asRoot = rootShell(),
+        .wasEverBackedUp = options.simulate ? decltype(AppEnvironment::wasEverBackedUp)()
+                                            : [] { return wasEverBackedUp(homeFolder()); },
         .keepAwake = options.simulate ? nullptr : keepAwake,
         .examine = [simulate = options.simulate] { return examined(simulate); },
         .report = [simulate = options.simulate, log] { return selfReport(simulate, *log); },

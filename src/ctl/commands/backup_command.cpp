@@ -83,6 +83,7 @@ ExitCode BackupCommand::conclude(const BackupEnd& end) {
                               : end.snapshot ? " in " + end.snapshot->folder.path().string()
                                              : "";
     if (end.snapshot && outcome.whole()) {
+        context().environment.backedUp();
         report().tell("snapshot", {{"snapshot", end.snapshot->name}, {"complete", true}}, {});
     }
     const auto kept = std::ranges::count(outcome.slots, SlotOutcome::Did::kept, &SlotOutcome::did);

@@ -58,6 +58,8 @@ struct Environment {
     FreeSpace freeSpace = kzq::freeSpace;
     /// What backups are named after; any thread.
     Stamp stamp = localStamp;
+    /// One was completed; any thread.
+    std::function<void()> backedUp = [] {};
     /// What keeps the user from using the pedal; any thread.
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// The same more thoroughly: may take seconds, and use the pedal.
