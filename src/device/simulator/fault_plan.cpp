@@ -38,6 +38,9 @@ std::optional<FaultKind> kindFromText(std::string_view text) {
     if (text == "overrun") {
         return FaultKind::overrun;
     }
+    if (text == "alter") {
+        return FaultKind::alter;
+    }
     return std::nullopt;
 }
 
@@ -55,7 +58,7 @@ bool makesSense(const Fault& fault) {
     if (fault.kind == FaultKind::refuse) {
         return fault.where == Where::control;
     }
-    if (fault.kind == FaultKind::overrun) {
+    if (fault.kind == FaultKind::overrun || fault.kind == FaultKind::alter) {
         return fault.where != Where::control;
     }
     return true;

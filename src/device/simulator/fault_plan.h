@@ -15,7 +15,8 @@ enum class FaultKind {
               ///< reply)
     silence,  ///< no answer until the pedal leaves the bus or is reset
     unplug,   ///< the pedal leaves the bus instead of answering
-    overrun   ///< bulk only: reported as more bytes than requested
+    overrun,  ///< bulk only: reported as more bytes than requested
+    alter     ///< bulk only: one bit of the data arrives as its opposite
 };
 
 /// A planned fault: it hits the `count`-th (from 1) matching transfer, counted from when it was planned.

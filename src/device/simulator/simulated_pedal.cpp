@@ -82,7 +82,11 @@ TransferResult SimulatedPedal::bulkIn(std::span<std::uint8_t> into) {
         if (import_) {
             inspectPiece(into.size(), import_->total - import_->sent);
         }
-        return counted(sendAudio(wanted), into.size(), fault);
+        const auto sent = sendAudio(wanted);
+        if (fault == FaultKind::alter && sent.transferred > 0) {
+            into.front() ^= 1U;
+        }
+        return counted(sent, into.size(), fault);
     });
 }
 
@@ -93,8 +97,14 @@ TransferResult SimulatedPedal::bulkOut(std::span<const std::uint8_t> from) {
     }
     const WireEvent event = bulkEvent(WireEvent::Kind::bulkOut, from.size(), executor_.now());
     const bool fresh = journal_.begin(event);
-    return carryOut(lock, event, fresh,
-                    [&](auto fault) { return counted(receive(from, fault), from.size(), fault); });
+    return carryOut(lock, event, fresh, [&](auto fault) {
+        Bytes altered;
+        if (fault == FaultKind::alter && !from.empty()) {
+            altered.assign(from.begin(), from.end());
+            altered.front() ^= 1U;
+        }
+        return counted(receive(altered.empty() ? from : altered, fault), from.size(), fault);
+    });
 }
 
 void SimulatedPedal::reset() {
