@@ -15,6 +15,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 PROGRAM = os.environ["KZQ7306"]
 CTL = os.environ["KZQ7306CTL"]
 DRAG_SOURCE = os.environ.get("DRAG_SOURCE")
+EMULATED_PEDAL = os.environ.get("EMULATED_PEDAL")
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
 # Generous for busy machines; the awaited events usually come much sooner.
 PATIENCE = 15.0

@@ -4,6 +4,7 @@ import os
 import random
 import subprocess
 import tempfile
+import time
 import unittest
 import wave
 
@@ -11,7 +12,7 @@ from driver import DRAG_SOURCE, Program, drag, key, picture, wait, window_of
 
 
 class Transfers(unittest.TestCase):
-    def test_three_files_dragged_from_another_program_onto_one_row_and_a_refused_export(self):
+    def test_three_files_dragged_from_another_program_onto_one_row_and_a_refused_and_a_spoilt_export(self):
         folder = tempfile.mkdtemp(prefix="loops")
         memory = tempfile.mkdtemp(prefix="pedal")
         audio = random.Random(7306).randbytes(30_000 * 6)
@@ -23,7 +24,7 @@ class Transfers(unittest.TestCase):
         other = subprocess.Popen([DRAG_SOURCE, *paths])
         self.addCleanup(other.wait)
         self.addCleanup(other.kill)
-        with Program("--fault", "refuse@E2", simulate=f"--simulate={memory}") as program:
+        with Program("--fault", "refuse@E2", "--fault", "alter@out:1", simulate=f"--simulate={memory}") as program:
             program.ready()
             program.connected()
             program.get("Export tab.*").click()
@@ -48,11 +49,21 @@ class Transfers(unittest.TestCase):
             program.get("Failed: Loop 6 was not written: the pedal refused it", "push button")
             self.assertEqual(os.listdir(memory), [])
             picture("refused-export")
-            program.get("Stage again", "push button").press()
-            wait("the file is in the row again", lambda: program.get("Loop 6 name").description == "riff")
-            export()
-            program.get("Loop 6 written", "push button")
-            picture("written")
+            key("alt+l")
+            time.sleep(0.3)  # no menu shows in the tree
+            key("v")
+
+            def stage_again():
+                program.get("Stage again", "push button").press()
+                wait("the file is in the row again", lambda: program.get("Loop 6 name").description == "riff")
+                export()
+
+            stage_again()
+            program.get("Failed: Loop 6 on the pedal differs from its file", "push button")
+            picture("differs")
+            stage_again()
+            program.get("Loop 6 verified", "push button")
+            picture("verified")
         with wave.open(os.path.join(memory, "Loop 6.wav")) as file:
             self.assertTrue(file.readframes(file.getnframes()) == audio)
 
