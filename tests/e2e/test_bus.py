@@ -13,8 +13,7 @@ class Bus(unittest.TestCase):
         """What a program has in its environment that finds the pedal."""
         pedal = subprocess.Popen(["umockdev-wrapper", EMULATED_PEDAL, *words], text=True,
                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        for end in (pedal.stdout.close, pedal.wait, pedal.stdin.close):  # the last comes first
-            self.addCleanup(end)
+        self.addCleanup(pedal.communicate)  # ends it
         return {"LD_PRELOAD": "libumockdev-preload.so.0", "UMOCKDEV_DIR": pedal.stdout.readline().strip()}
 
     def test_the_system_rule_is_missing(self):
@@ -40,8 +39,8 @@ class Bus(unittest.TestCase):
     def test_another_program_has_the_pedal(self):
         bus = self.bus()
         other = subprocess.Popen([CTL, "watch"], env={**os.environ, **bus}, stdout=subprocess.PIPE)
-        for end in (other.stdout.close, other.wait, other.kill):
-            self.addCleanup(end)
+        self.addCleanup(other.communicate)
+        self.addCleanup(other.kill)
         other.stdout.readline()
         with Program(simulate=None, environment=bus) as program:
             program.ready()
@@ -49,7 +48,6 @@ class Bus(unittest.TestCase):
             picture("in-use")
             other.terminate()
             program.get("7306 · 6 loops · .*")
-            program.connected()
             picture("free-again")
 
 

@@ -44,10 +44,17 @@ TEST_F(FlowTest, EraseChangesNothingAfterANoAtABusyPedalOrWithoutASelection) {
     select({3});
     pedal.clearJournal();
     for (const auto no : {alertSecondButton, alertThirdButton}) {
-        dialogs.answer = [no] { return no; };
+        dialogs.answer = [this, no] {
+            delegate->openFiles({QUrl("file:///another start's")});
+            executor.settle();
+            EXPECT_EQ(window->tabs()->currentIndex(), 0) << "what the question is about is out of sight";
+            return no;
+        };
         window->eraseButton()->click();
         pass(1s);
         EXPECT_THAT(dialogs.take(), ElementsAre(erasing));
+        EXPECT_EQ(window->tabs()->currentIndex(), 1);
+        delegate->selectImportTab();
     }
     EXPECT_THAT(sent(0xE8), IsEmpty());
     dialogs.answer = [] { return alertFirstButton; };

@@ -44,20 +44,6 @@ TEST_F(HandedFilesTest, TakeTheNextRowsThatHaveNeitherALoopNorAFile) {
     EXPECT_EQ(delegate->selectedExportSlots().size(), 17U);
 }
 
-TEST_F(HandedFilesTest, TheTabWithTheLoopsStaysWhileTheQuestionIsOpenWhetherToEraseThem) {
-    launchConnected();
-    select({3});
-    dialogs.answer = [this] {
-        hand({"one.wav"});
-        EXPECT_EQ(nameIn(2), "one");
-        EXPECT_EQ(window->tabs()->currentIndex(), 0);
-        return alertSecondButton;
-    };
-    window->eraseButton()->click();
-    executor.settle();
-    EXPECT_EQ(window->tabs()->currentIndex(), 1);
-}
-
 TEST_F(HandedFilesTest, WaitForAPedalSinceNoRowIsKnownToBeFree) {
     diagnosis = {{Trouble::Kind::heldByAnother, true, "", {}, "kzq7306ctl (process 4711)"}};
     launch();

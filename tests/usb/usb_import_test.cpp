@@ -92,17 +92,5 @@ TEST_F(UsbImport, ADepartureInMidReadEndsItAtOnceAndTheReturnIsAnnounced) {
     expectImported(11);
 }
 
-TEST_F(UsbImport, AHostThatRefusesTheRequestIsNoRefusalByThePedal) {
-    bus_.rules().checksRecipient = true;
-    startImport({1, 11});
-    ASSERT_TRUE(runImport());
-    EXPECT_EQ(count_, 0);
-    const auto trouble = looper().lastTrouble();
-    ASSERT_TRUE(trouble);
-    EXPECT_THAT(trouble->kind,
-                testing::AnyOf(Trouble::Kind::roadNotInstalled, Trouble::Kind::roadNotInForce));
-    EXPECT_THAT(trouble->remedy, testing::HasSubstr("sudo udevadm control --reload"));
-}
-
 }  // namespace
 }  // namespace kzq
