@@ -62,6 +62,7 @@ class Transfers(unittest.TestCase):
             program.get("Failed: Loop 6 on the pedal differs from its file", "push button")
             picture("differs")
             stage_again()
+            program.get("Yes", "push button").click()  # what differs is overwritten
             program.get("Loop 6 verified", "push button")
             picture("verified")
         with wave.open(os.path.join(memory, "Loop 6.wav")) as file:

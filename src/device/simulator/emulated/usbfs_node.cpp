@@ -62,8 +62,6 @@ UsbfsNode::UsbfsNode(simulator::SimulatedPedal& pedal, HostRules& rules)
     : pedal_(pedal), rules_(rules), handler_(umockdev_ioctl_base_new()) {
     g_signal_connect_data(handler_, "handle-ioctl", reinterpret_cast<GCallback>(&UsbfsNode::handle), this,
                           nullptr, GConnectFlags{});
-    g_signal_connect_data(handler_, "client-vanished", reinterpret_cast<GCallback>(&UsbfsNode::vanish), this,
-                          nullptr, GConnectFlags{});
 }
 
 UsbfsNode::~UsbfsNode() {
@@ -135,20 +133,22 @@ gboolean UsbfsNode::handle(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* cli
     return TRUE;
 }
 
-void UsbfsNode::vanish(UMockdevIoctlBase* /*base*/, UMockdevIoctlClient* client, gpointer self) {
-    auto& node = *static_cast<UsbfsNode*>(self);
-    const Lock lock(node.mutex_);
-    if (client != node.transfers_) {
-        return;
+/// A program that ends gives back what it has. umockdev does not say so by itself when it was another
+/// process.
+void UsbfsNode::forgetEnded() {
+    const Lock lock(mutex_);
+    if (transfers_ && umockdev_ioctl_client_get_connected(transfers_.get()) == 0) {
+        transfers_.reset();
+        driver_.clear();
+        submitted_.clear();
+        ended_.clear();
+        setReadable(false);
     }
-    node.driver_.clear();
-    node.submitted_.clear();
-    node.ended_.clear();
-    node.setReadable(false);
 }
 
 /// Returns 0 or an errno.
 int UsbfsNode::answer(UMockdevIoctlClient* client) {
+    forgetEnded();
     auto* const argument = umockdev_ioctl_client_get_arg(client);
     switch (umockdev_ioctl_client_get_request(client)) {
         case USBDEVFS_GET_CAPABILITIES: {
@@ -174,7 +174,7 @@ int UsbfsNode::answer(UMockdevIoctlClient* client) {
             return 0;
         case USBDEVFS_SUBMITURB: {
             const Lock lock(mutex_);
-            transfers_ = client;
+            transfers_.reset(static_cast<UMockdevIoctlClient*>(g_object_ref(client)));
         }
             return submit(argument);
         case USBDEVFS_REAPURB:

@@ -57,7 +57,7 @@ class UsbfsNode : Fixed {
 
   private:
     struct Unref {
-        void operator()(UMockdevIoctlData* data) const { g_object_unref(data); }
+        void operator()(void* object) const { g_object_unref(object); }
     };
     using Data = std::unique_ptr<UMockdevIoctlData, Unref>;
     struct Urb {
@@ -73,9 +73,9 @@ class UsbfsNode : Fixed {
     using Lock = std::unique_lock<std::mutex>;
 
     static gboolean handle(UMockdevIoctlBase* base, UMockdevIoctlClient* client, gpointer self);
-    static void vanish(UMockdevIoctlBase* base, UMockdevIoctlClient* client, gpointer self);
 
     int answer(UMockdevIoctlClient* client);
+    void forgetEnded();
     int submit(UMockdevIoctlData* argument);
     int reap(UMockdevIoctlData* argument);
     int discard(UMockdevIoctlData* argument);
@@ -97,8 +97,8 @@ class UsbfsNode : Fixed {
     std::mutex mutex_;
     std::condition_variable changed_;
     bool gone_ = false;
-    std::string driver_;                        ///< that has the interface; "usbfs" for a program
-    UMockdevIoctlClient* transfers_ = nullptr;  ///< the descriptor with the transfers
+    std::string driver_;  ///< that has the interface; "usbfs" for a program
+    std::unique_ptr<UMockdevIoctlClient, Unref> transfers_;  ///< the descriptor with the transfers
     Urbs submitted_;
     Urbs ended_;
     int file_ = -1;
