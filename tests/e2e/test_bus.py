@@ -5,7 +5,7 @@ import subprocess
 import tempfile
 import unittest
 
-from driver import CTL, EMULATED_PEDAL, Program, choose, key, picture, wait
+from driver import CTL, EMULATED_PEDAL, Program, choose, picture, wait
 
 
 class Bus(unittest.TestCase):
@@ -32,9 +32,9 @@ class Bus(unittest.TestCase):
             picture("missing-rule")
             self.assertEqual(os.listdir(folder), [])
             program.get("Set up", "push button").click()
-            program.get("Loops cannot be imported: .*udevadm control --reload.*")
+            answer = program.get("Not Now|OK", "push button")  # OK where nothing asks for the password
             picture("set-up")
-            key("Escape")
+            answer.click()
 
     def test_another_program_has_the_pedal(self):
         bus = self.bus()
