@@ -54,6 +54,11 @@ if(KZQ_BENCH)
     kzq_needs("libbenchmark-dev" benchmark)
 endif()
 
+# For kzq7306-pedal --usbredir; without it, the program does without.
+if(PKG_CONFIG_FOUND)
+    pkg_check_modules(USBREDIR QUIET IMPORTED_TARGET libusbredirparser-0.5)
+endif()
+
 if(KZQ_MISSING)
     list(JOIN KZQ_MISSING ", " KZQ_MISSING)
     message(FATAL_ERROR "Missing: ${KZQ_MISSING}. On Debian, install with: apt-get install${KZQ_MISSING_PACKAGES}")

@@ -34,6 +34,11 @@ CommandLine::CommandLine() : app("A simulated 7306 looper pedal as a USB device.
            "bus of its own), instead of over USB/IP, through GadgetFS. Requires root and GadgetFS mounted at "
            "/dev/gadget")
         ->option_text("FOLDER");
+    app.add_option("--usbredir", options.usbredir,
+                   "Be in a machine that QEMU emulates, through its usb-redir, instead of over USB/IP: "
+                   "connect to the "
+                   "Unix socket at which its -chardev listens")
+        ->option_text("SOCKET");
     app.add_option("--folder", options.folder, "Keep the loops in this folder, as WAV files")
         ->option_text("FOLDER");
     app.add_option("--firmware", options.firmware, "Firmware version, 4 characters (default 1.05)")

@@ -11,6 +11,9 @@
 #include "device/simulator/synthesiser.h"
 #include "device/simulator/usbip/kernel_port.h"
 #include "device/simulator/usbip/usbip_server.h"
+#ifdef KZQ_USBREDIR
+#include "device/simulator/usbredir/redirection.h"
+#endif
 #include "operations/sentences.h"
 #include "pedal/pedal_options.h"
 #include "platform/standard_executor.h"
@@ -106,13 +109,13 @@ int finish(const SimulatedPedal& pedal) {
     return violations.empty() ? 0 : violationsStatus;
 }
 
-int runGadget(StandardExecutor& executor, SimulatedPedal& pedal, const Options& options) {
-    simulator::Gadget gadget(pedal, options.gadget);
+/// `bus`: a Gadget or a Redirection.
+int runOn(auto&& bus, const std::string& words, StandardExecutor& executor, SimulatedPedal& pedal) {
     pedal.plugIn();
-    if (const auto started = gadget.start(); !started) {
+    if (const auto started = bus.start(); !started) {
         return complain(simulationSentence(started.error()));
     }
-    say("the pedal is at the device port");
+    say(words);
     obeySignals(executor, pedal);
     executor.run();
     return finish(pedal);
@@ -136,7 +139,18 @@ int run(const Options& options) {
     }
 
     if (!options.gadget.empty()) {
-        return runGadget(executor, pedal, options);
+        return runOn(simulator::Gadget(pedal, options.gadget), "the pedal is at the device port", executor,
+                     pedal);
+    }
+    if (!options.usbredir.empty()) {
+#ifdef KZQ_USBREDIR
+        return runOn(simulator::Redirection(pedal, options.usbredir), "the pedal is in the machine", executor,
+                     pedal);
+#else
+        return complain(
+            "This kzq7306-pedal was built without usbredir. Install libusbredirparser-dev and build it "
+            "again.");
+#endif
     }
     bool attached = true;
     simulator::usbip::UsbipServer* attaching = nullptr;

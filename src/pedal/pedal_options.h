@@ -13,6 +13,7 @@ struct Options {
     std::string place = "127.0.0.1:3240";  ///< where to listen; empty: nowhere
     bool attach = false;                   ///< plug the pedal into this computer
     std::string gadget;                    ///< where GadgetFS is mounted; empty: the pedal is none
+    std::string usbredir;                  ///< the socket at which QEMU listens; empty: none does
     std::string folder;                    ///< of WAV files; empty: the demonstration's loops
     std::vector<simulator::Fault> faults;
     std::map<std::uint8_t, std::uint8_t> channels;  ///< by address
