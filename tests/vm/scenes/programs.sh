@@ -31,6 +31,7 @@ busy_udev() {
     import_twelve
     while importing; do
         udevadm trigger --action=add --subsystem-match=usb --subsystem-match=usbmisc
+        udevadm settle
         sleep 0.3
     done
     check "imports while udev is triggered again and again" all_twelve
