@@ -23,7 +23,10 @@ class RowTouch : public QObject {
         switch (event->type()) {
             case QEvent::Enter:
             case QEvent::Leave:
-                pointer_ = watched == row_.view() ? event->type() == QEvent::Enter : pointer_;
+                if (watched != row_.view()) {
+                    return false;
+                }
+                pointer_ = event->type() == QEvent::Enter;
                 break;
             case QEvent::FocusIn:
                 focusCame(static_cast<const QFocusEvent*>(event)->reason());
