@@ -9,7 +9,7 @@ namespace kzq {
 
 namespace {
 
-constexpr unsigned channels = 2;
+constexpr unsigned stereo = 2;
 constexpr std::size_t filePiece = std::size_t{1} << 18U;
 
 /// Of the sample at `bytes`: 0 to 255.
@@ -38,7 +38,7 @@ void PeakFinder::takeFrame() {
         return;
     }
     const auto startOf = [this](std::size_t column) { return column * total_.count / Peaks::columns; };
-    const auto height = std::max(heightOf(frame_.data()), heightOf(frame_.data() + frameBytes / channels));
+    const auto height = std::max(heightOf(frame_.data()), heightOf(frame_.data() + frameBytes / stereo));
     for (auto& column = peaks_.known; column < Peaks::columns && startOf(column) <= frames_; ++column) {
         peaks_.heights[column] = std::max(peaks_.heights[column], height);
         if (startOf(column + 1) > frames_ + 1) {
@@ -60,7 +60,7 @@ std::optional<Peaks> peaksOf(const std::filesystem::path& wave) {
         return ByteView(piece).first(count.value_or(0));
     };
     if (!std::ranges::equal(read(waveHeaderSize, 0),
-                            waveHeader(static_cast<std::uint32_t>(audio), channels))) {
+                            waveHeader(static_cast<std::uint32_t>(audio), stereo))) {
         return std::nullopt;
     }
     PeakFinder finder(Frames::ofBytes(audio));

@@ -27,6 +27,7 @@ CheckBox::CheckBox(const QString& title, QWidget* parent) : QAbstractButton(pare
     resize(sizeHint());
 }
 
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): a property
 QRect CheckBox::focusRingRect() const {
     return box;
 }

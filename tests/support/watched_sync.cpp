@@ -14,14 +14,14 @@ std::vector<std::string> syncs;
 
 }  // namespace
 
-extern "C" int fsync(int file) {
+extern "C" int fsync(int fd) {
     std::error_code error;
-    const auto name = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), error);
+    const auto name = std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(fd), error);
     {
         const std::lock_guard guard(mutex);
         syncs.push_back(name.string());
     }
-    return static_cast<int>(::syscall(SYS_fsync, file));
+    return static_cast<int>(::syscall(SYS_fsync, fd));
 }
 
 std::vector<std::string> kzq::test::takeSyncs() {

@@ -15,7 +15,7 @@ const std::vector<BringBackCopy> copies{
     {5, "erased today 14:02", 42},         {3, "replaced today 13:40", 16}, {12, "erased today 13:40", 67},
     {7, "replaced yesterday 21:15", 29},   {1, "erased Tue 20:51", 151},    {20, "erased 2 Nov 19:20", 33},
     {20, "erased 31 Dec 2025 23:59", 1440}};
-const std::set<unsigned> loops{1, 2, 3, 7, 10, 11, 13, 14, 15, 17, 18, 20};
+const std::set<unsigned> onPedal{1, 2, 3, 7, 10, 11, 13, 14, 15, 17, 18, 20};
 
 std::shared_ptr<const Peaks> peaks(std::size_t seed) {
     auto made = std::make_shared<Peaks>();
@@ -28,18 +28,18 @@ std::shared_ptr<const Peaks> peaks(std::size_t seed) {
     return made;
 }
 
-class Scene {
+class BringBackScene {
   public:
-    explicit Scene(std::size_t count = 6) {
+    explicit BringBackScene(std::size_t count = 6) {
         panel_.setKeeping(true);
-        panel_.setLoops(loops);
+        panel_.setLoops(onPedal);
         panel_.setCopies({copies.begin(), copies.begin() + static_cast<std::ptrdiff_t>(count)}, "312 MB", 0);
         for (std::size_t at = 0; at < count; ++at) {
             panel_.setPeaks(at, peaks(at));
         }
     }
     BringBack& panel() { return panel_; }
-    Scene& select(std::initializer_list<std::size_t> rows) {
+    BringBackScene& select(std::initializer_list<std::size_t> rows) {
         for (const auto row : rows) {
             panel_.rows().at(row)->setOn(true);
         }
@@ -58,25 +58,25 @@ class Scene {
 }  // namespace
 
 Shots bringBack() {
-    Shots shots{Scene().select({0, 1}).picture("Bring Back"), Scene().picture("Nothing chosen"),
-                Scene(1).picture("One copy")};
-    Scene many(7);
+    Shots shots{BringBackScene().select({0, 1}).picture("Bring Back"),
+                BringBackScene().picture("Nothing chosen"), BringBackScene(1).picture("One copy")};
+    BringBackScene many(7);
     shots.push_back(many.select({0, 5, 6}).picture("More than six; the second of two to one slot"));
-    Scene away;
+    BringBackScene away;
     away.select({0, 1}).panel().setLoops(std::nullopt);
     shots.push_back(away.picture("Without a pedal"));
-    Scene list;
+    BringBackScene list;
     list.select({0, 1}).panel().show();
     list.panel().rows().at(0)->leader().click();
     shots.push_back(list.picture("Targets"));
-    Scene low;
+    BringBackScene low;
     low.panel().show();
     low.panel().rows().at(5)->leader().click();
     shots.push_back(low.picture("Targets of the lowest row"));
-    Scene pressed;
+    BringBackScene pressed;
     touch(pressed.select({0}).panel().accept(), Hand::hovering);
     shots.push_back(pressed.picture("Bring Back, hovered"));
-    Scene none(0);
+    BringBackScene none(0);
     shots.push_back(none.picture("Nothing kept yet"));
     none.panel().setKeeping(false);
     shots.push_back(none.picture("Nothing kept, and Keep Copies off"));

@@ -20,7 +20,7 @@ namespace {
 constexpr int deepest = 7;  // hubs behind one another
 
 /// "3-1.2": bus 3, port 1, and port 2 of the hub there.
-std::string nameOf(libusb_device* device) {
+std::string portName(libusb_device* device) {
     std::array<std::uint8_t, deepest> ports{};
     const int count = libusb_get_port_numbers(device, ports.data(), deepest);
     std::string name = std::to_string(libusb_get_bus_number(device));
@@ -52,7 +52,7 @@ std::filesystem::path PortLock::fileOf(const std::string& pedal) {
 }
 
 std::optional<PortLock> PortLock::take(libusb_device* device) {
-    auto name = nameOf(device);
+    auto name = portName(device);
     const std::lock_guard guard(ports().mutex);
     auto& taken = ports().taken[name];
     if (auto lock = taken.lock()) {
