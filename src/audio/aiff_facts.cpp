@@ -9,6 +9,16 @@ namespace {
 
 constexpr int mostChunks = 10'000;
 
+/// An extended float of 80 bits: sign and exponent, then a mantissa with its leading 1. 0 if it is no rate.
+std::uint64_t rateAt(const FileBytes& file, std::uint64_t offset) {
+    constexpr std::uint64_t bias = 16'383;
+    constexpr std::uint64_t mostBits = 24;
+    const std::uint64_t power = file.big(offset, 2).value_or(0);
+    return power < bias || power > bias + mostBits
+               ? 0
+               : file.big(offset + 2, 8).value_or(0) >> (63 + bias - power);
+}
+
 void takeCommon(SourceFacts& facts, const FileBytes& file, std::uint64_t body) {
     constexpr std::array<std::string_view, 12> plain{"NONE", "twos", "sowt", "in24", "in32", "42ni",
                                                      "23ni", "fl32", "FL32", "fl64", "alaw", "ulaw"};
@@ -18,6 +28,7 @@ void takeCommon(SourceFacts& facts, const FileBytes& file, std::uint64_t body) {
     if (kind == "sowt" && bits != 16) {
         facts.unsupported = std::to_string(bits) + "-bit little-endian AIFF-C";
     }
+    facts.rate = rateAt(file, body + 8);
     if (std::ranges::find(plain, kind) != plain.end()) {
         facts.frames = file.big(body + 2, 4);
     }

@@ -29,6 +29,7 @@ SourceFacts factsOfFlac(const FileBytes& file, std::uint64_t start) {
     SourceFacts facts;
     facts.audio = ByteSpan{start, file.size()};
     const std::uint64_t fields = file.big(start + 18, 8).value_or(0);
+    facts.rate = fields >> 44U;
     if ((fields & countMask) != 0) {
         facts.frames = fields & countMask;
         facts.countDecides = true;

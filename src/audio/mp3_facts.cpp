@@ -141,6 +141,7 @@ SourceFacts factsOfMp3(const FileBytes& file, std::uint64_t start) {
     if (!head.isValid() || head.frameSize() == 0) {
         return facts;  // of free bit rate: the headers do not say where the next one is
     }
+    facts.rate = head.rate();
     const FrameWalk walk(file, start);
     const Note note = noteIn(file, start, head);
     facts.audio->end = walk.end();

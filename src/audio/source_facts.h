@@ -41,6 +41,7 @@ struct SourceFacts {
     std::string
         unsupported;    ///< the kind of audio, if the decoder cannot read it or would turn it into noise
     std::string codec;  ///< the decoder to use instead of the default one
+    std::uint64_t rate = 0;  ///< frames in a second, where the headers have them as plainly as that; else 0
     /// How many frames must come out.
     std::optional<std::uint64_t> frames;
     /// So many fewer are no sign of damage; some encoders count a frame that is not audio.

@@ -11,7 +11,7 @@ constexpr std::uint64_t extensibleTag = 0xFFFE;
 
 WaveFormat waveFormatAt(const FileBytes& file, std::uint64_t body) {
     const auto field = [&](std::uint64_t offset) { return file.little(body + offset, 2).value_or(0); };
-    WaveFormat format{field(0), field(2), field(12), field(14)};
+    WaveFormat format{field(0), field(2), file.little(body + 4, 4).value_or(0), field(12), field(14)};
     if (format.tag == extensibleTag) {
         format.tag = field(24);
         format.validBits = field(18);
@@ -33,6 +33,7 @@ std::string codecFor(const WaveFormat& format) {
 
 void takeCounts(SourceFacts& facts, const WaveFormat& format, std::uint64_t size, std::uint64_t there) {
     constexpr std::uint64_t unstored = ~0ULL;
+    facts.rate = format.rate;
     if (format.isPlain() && format.blockAlign != 0 && size != unstored) {
         facts.frames = size / format.blockAlign;
         facts.present = std::min(size, there) / format.blockAlign;

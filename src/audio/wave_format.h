@@ -8,6 +8,7 @@ namespace kzq {
 struct WaveFormat {
     std::uint64_t tag = 0;
     std::uint64_t channels = 0;
+    std::uint64_t rate = 0;
     std::uint64_t blockAlign = 0;
     std::uint64_t validBits = 0;
 
