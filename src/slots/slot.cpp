@@ -1,6 +1,7 @@
 #include "slots/slot.h"
 
 #include "loops/facts.h"
+#include "slots/row_drag.h"
 #include "slots/row_touch.h"
 #include "slots/slot_accessible.h"
 #include "ui/application_controller.h"
@@ -91,6 +92,9 @@ void Slot::setUp() {
     shiftedFieldFrame_.setLeft(x_->x() + x_->width() + gapAfterX);
     setDefaultName(textOf(loopName(number_).c_str()));
     registerForDrops(true);
+    if (!isExport()) {
+        watchForDrag(*this);
+    }
 }
 
 void Slot::connectViews(Slot* controller) {
@@ -161,6 +165,15 @@ void Slot::setExported(bool exported) {
     placeX(exporting_.has_value() && !exported_);
     resetNameField();  // the text says "complete" from now on, or no longer
     sync();
+}
+
+void Slot::setDropSign(const std::optional<DropSign>& sign) {
+    if (dropSign_ != sign) {
+        dropSign_ = sign;
+        if (view_ != nullptr) {
+            view_->update();
+        }
+    }
 }
 
 void Slot::setFieldText(const QString& text) {

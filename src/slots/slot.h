@@ -12,6 +12,7 @@
 
 #include "loops/frames.h"
 #include "loops/slot_number.h"
+#include "slots/drop_sign.h"
 #include "slots/row_layout.h"
 #include "slots/row_sound.h"
 #include "slots/slot_button.h"
@@ -111,6 +112,9 @@ class Slot : public QObject {
     /// The pointer or the focus of the keyboard is in the row.
     bool touched() const { return touched_; }
     void setTouched(bool touched);
+    /// Export row: shown in place of the rest while a file is held over the window; changes nothing else.
+    const std::optional<DropSign>& dropSign() const { return dropSign_; }
+    void setDropSign(const std::optional<DropSign>& sign);
     /// The text the row shows; nothing for an export row without a file or a loop.
     std::optional<QString> name() const;
 
@@ -191,6 +195,7 @@ class Slot : public QObject {
     std::optional<QUrl> exporting_;
     RowSound sound_;
     Frames length_;
+    std::optional<DropSign> dropSign_;
     QRect originalFieldFrame_;
     QRect shiftedFieldFrame_;
 };

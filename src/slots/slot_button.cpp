@@ -110,6 +110,10 @@ void SlotButton::keyReleaseEvent(QKeyEvent* event) {
 void SlotButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const auto* const row = controller();
+    if (row != nullptr && row->dropSign() && row->dropSign()->kind != DropSign::Kind::refused) {
+        drawPicture(painter, exportPicture(row->dropSign()->kind == DropSign::Kind::replaces, true), rect());
+        return;
+    }
     const bool gray = !isEnabled() && (row == nullptr || !row->isExport());
     drawPicture(painter, gray ? QString::fromLatin1("Import_Selector_gray") : image_, rect());
 }

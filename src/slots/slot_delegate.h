@@ -38,6 +38,10 @@ class SlotDelegate : Fixed {
     virtual void compareClickedForSlot(Slot& slot) = 0;
     /// Files were dropped on the row: at least one, in the order of the drag.
     virtual void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) = 0;
+    /// Files that it would take are held over the row; none: no longer.
+    virtual void filesHeldOverSlot(Slot& /*slot*/, const QList<QUrl>& /*urls*/) {}
+    /// The pointer drags a row that has a loop; its button is still down.
+    virtual void dragBegunForSlot(Slot& /*slot*/) {}
 
     /// The one editor that all name fields of `window` share, if `object` is a SlotField; else null. The
     /// controller owns it. Without an editor a row cannot be renamed.

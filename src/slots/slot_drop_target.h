@@ -5,6 +5,7 @@
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QPointer>
+#include <QUrl>
 #include <QWidget>
 
 namespace kzq {
@@ -17,6 +18,8 @@ void forwardDragEnter(Slot* row, QDropEvent& event);
 void forwardDragLeave(Slot* row);
 void forwardDrop(Slot* row, QDropEvent& event);
 Slot* slotOf(QObject* controller);
+/// Whether a row takes it: a file on this computer with one of the eight endings.
+bool isAudioFile(const QUrl& url);
 
 /// A view of a row: knows the row's controller, and passes drag events on to the row's root view.
 template <class Base>

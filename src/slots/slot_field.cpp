@@ -175,7 +175,7 @@ QRect SlotField::focusRingRect() const {
 }
 
 void SlotField::paintEvent(QPaintEvent* /*event*/) {
-    if (editor_ != nullptr) {
+    if (editor_ != nullptr || (controller() != nullptr && controller()->dropSign())) {
         return;
     }
     QPainter painter(this);

@@ -19,6 +19,10 @@ void SlotFieldBackground::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     drawPicture(painter, image_, rect());
     const auto* const row = controller();
+    if (row != nullptr && row->dropSign() && row->field() != nullptr) {
+        drawDropSign(painter, rect(), row->field()->x() - x(), *row->dropSign());
+        return;
+    }
     if (row != nullptr) {
         painter.translate(-pos());
         drawRowSound(painter, *row);

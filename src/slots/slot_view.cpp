@@ -5,26 +5,10 @@
 #include <QDragMoveEvent>
 #include <QDropEvent>
 #include <QMimeData>
-#include <algorithm>
 
-#include "loops/facts.h"
 #include "slots/slot.h"
 
 namespace kzq {
-
-namespace {
-
-bool isAudioFile(const QUrl& url) {
-    const auto name = url.fileName(QUrl::FullyDecoded);
-    const auto dot = name.lastIndexOf(QLatin1Char('.'));
-    if (!url.isLocalFile() || dot <= 0) {
-        return false;
-    }
-    const auto extension = name.mid(dot + 1).toLower().toStdString();
-    return std::find(audioExtensions.begin(), audioExtensions.end(), extension) != audioExtensions.end();
-}
-
-}  // namespace
 
 SlotView::SlotView(QWidget* parent) : QWidget(parent) {}
 
@@ -49,6 +33,7 @@ Qt::DropAction SlotView::draggingEntered(const QDropEvent& drag) const {
 
 void SlotView::draggingExited() {
     setDropHovering(false);
+    reportHeld({});
 }
 
 bool SlotView::performDragOperation(const QDropEvent& drop) {
@@ -69,12 +54,13 @@ bool SlotView::performDragOperation(const QDropEvent& drop) {
 void SlotView::dragOver(QDropEvent& event) {
     const auto action = draggingEntered(event);
     setDropHovering(action == Qt::CopyAction);
+    reportHeld(dropHovering_ ? event.mimeData()->urls() : QList<QUrl>());
     event.setDropAction(action);
     event.setAccepted(action == Qt::CopyAction);
 }
 
 void SlotView::drop(QDropEvent& event) {
-    setDropHovering(false);
+    draggingExited();
     const bool taken = event.possibleActions().testFlag(Qt::CopyAction) && performDragOperation(event);
     event.setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
     event.setAccepted(taken);
@@ -84,6 +70,12 @@ void SlotView::setDropHovering(bool hovering) {
     dropHovering_ = hovering;
     if (controller_ != nullptr && controller_->background() != nullptr) {
         controller_->background()->update();
+    }
+}
+
+void SlotView::reportHeld(const QList<QUrl>& urls) {
+    if (controller_ != nullptr && controller_->isExport() && controller_->delegate() != nullptr) {
+        controller_->delegate()->filesHeldOverSlot(*controller_, urls);
     }
 }
 

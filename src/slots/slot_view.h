@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QPointer>
+#include <QUrl>
 #include <QWidget>
 
 class QDropEvent;
@@ -44,6 +46,7 @@ class SlotView : public QWidget {
 
   private:
     void setDropHovering(bool hovering);
+    void reportHeld(const QList<QUrl>& urls);
 
     QPointer<Slot> controller_;
     bool dropHovering_ = false;

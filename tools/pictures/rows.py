@@ -115,14 +115,55 @@ def target(kind):
     return picture
 
 
-def export_drop():
+def held(colour, ground):
     """A file held over the row: the tape that would lie there, still only drawn in outline."""
     picture = resting()
-    picture.rect(0, 0, 284, 28, c.GREEN, 4)
-    picture.rect(2, 2, 280, 24, "#14261C", 2)
-    picture.fill("M236 2H282V26H248Z", c.GREEN, fill_opacity=0.28)
-    picture.rect(2, 2, 6, 24, c.GREEN, fill_opacity=0.28)
+    picture.rect(0, 0, 284, 28, colour, 4)
+    picture.rect(2, 2, 280, 24, ground, 2)
+    picture.fill("M236 2H282V26H248Z", colour, fill_opacity=0.28)
+    picture.rect(2, 2, 6, 24, colour, fill_opacity=0.28)
+    return picture
+
+
+def export_drop():
+    picture = held(c.GREEN, "#14261C")
     marks.chevrons(picture, 260, 14, 10, c.GREEN, -1)
+    return picture
+
+
+def export_drop_overwrite():
+    picture = held(c.YELLOW, "#2A2712")
+    marks.slashed(picture, 265, 14, 6, 7, c.YELLOW)
+    return picture
+
+
+def export_drop_refused():
+    picture = held(c.RED, "#2A1010")
+    picture.ring(265, 14, 7, c.RED)
+    picture.rect(261, 13, 8, 2, c.RED)
+    return picture
+
+
+def drag_strip():
+    """A loop on its way out of the window: the tape of its row, cut short."""
+    picture = Picture(216, 24)
+    picture.rect(4, 0, 180, 24, picture.down((0, c.OXIDE), (1, c.OXIDE_FOOT)))
+    picture.rect(4, 0, 182, 2, c.OXIDE_EDGE)
+    picture.cut("M180 0L168 24", c.SHADOW, 2, stroke_opacity=0.35)
+    picture.fill("M0 2A2 2 0 0 1 2 0H6V24H2A2 2 0 0 1 0 22Z", c.BLUE)
+    picture.fill("M0 2A2 2 0 0 1 2 0H6V2Z", c.BLUE_LIT)
+    picture.fill("M182 0H214A2 2 0 0 1 216 2V22A2 2 0 0 1 214 24H170Z", c.BLUE)
+    picture.fill("M182 0H214A2 2 0 0 1 216 2H181Z", c.BLUE_LIT)
+    marks.chevrons(picture, 192, 12, 10, c.INK, 1)
+    return picture
+
+
+def drag_count(width):
+    """A scrap of console tape for the number of strips."""
+    picture = Picture(width, 20)
+    right = "".join(f"L{width if turn % 2 else width - 3} {4 * turn}" for turn in range(6))
+    left = "".join(f"L{0 if turn % 2 else 3} {20 - 4 * turn}" for turn in range(1, 6))
+    picture.fill(f"M3 0{right}L3 20{left}Z", picture.down((0, c.TAPE), (1, c.TAPE_FOOT)))
     return picture
 
 
@@ -198,7 +239,9 @@ def pictures():
     result = {
         "Import_field_Off": resting(), "Import_field_On": import_on(), "Import_field_rename": import_rename(),
         "Export_field_Off": resting(), "Export_field_On": export_on(), "Export_field_overwrite": export_overwrite(),
-        "Export_field_drop": export_drop(),
+        "Export_field_drop": export_drop(), "Export_field_drop_overwrite": export_drop_overwrite(),
+        "Export_field_drop_refused": export_drop_refused(),
+        "Drag_strip": drag_strip(), "Drag_count": drag_count(28), "Drag_count_wide": drag_count(36),
         "Import_Selector_gray": selector_gray(), "Import_Selector_Off": selector_off(),
         "Import_Selector_On": selector_ticked(c.BLUE),
         "Bring_back_field_in": bring_back_field(c.GREEN, c.GREEN_LIT),
