@@ -1,8 +1,8 @@
 #include "app/handed_files.h"
 
-#include <string>
+#include <algorithm>
+#include <iterator>
 #include <utility>
-#include <vector>
 
 #include "app/model/loop_model.h"
 #include "app/staging.h"
@@ -13,19 +13,29 @@ namespace kzq {
 
 namespace {
 
-/// `left` are those of `given` files for which there was no row.
-Told toldLeft(const QList<QUrl>& left, qsizetype given) {
+constexpr auto noRow = "no other row is free";
+
+std::string whyLeft(const std::vector<LeftOut>& left, bool others) {
+    if (std::ranges::all_of(left, [](const LeftOut& file) { return file.reason == noRow; })) {
+        return others ? noRow : "no row is free";
+    }
+    return left.size() == 1 ? "\"" + left.front().name + "\" is " + left.front().reason
+                            : "the others do not fit or cannot be read";
+}
+
+/// `left` are those of `given` files that go to no row.
+Told toldLeft(const std::vector<LeftOut>& left, std::size_t given) {
     const auto used = given - left.size();
     std::string list;
     std::vector<std::string> names;
-    for (const auto& file : left) {
-        names.push_back(file.fileName().toStdString());
-        list += (list.empty() ? "" : ", ") + ("\"" + names.back() + "\"");
+    for (const auto& [name, reason, file] : left) {
+        names.push_back(name);
+        list += (list.empty() ? "\"" : ", \"") + name + "\"" + (reason == noRow ? "" : " (" + reason + ")");
     }
     return {.what = used == 0 ? "No file was used"
                               : "Only " + std::to_string(used) + " of " + std::to_string(given) + " files " +
                                     (used == 1 ? "was" : "were") + " used",
-            .why = used == 0 ? "no row is free" : "no other row is free",
+            .why = whyLeft(left, used != 0),
             .detail = "Left out: " + list + ".",
             .failure = true,
             .names = std::move(names)};
@@ -33,28 +43,34 @@ Told toldLeft(const QList<QUrl>& left, qsizetype given) {
 
 }  // namespace
 
-void HandedFiles::add(const QList<QUrl>& files) {
+void HandedFiles::add(const QList<QUrl>& files, const std::vector<LeftOut>& leftOut) {
     waiting_ += files;
+    leftOut_.insert(leftOut_.end(), leftOut.begin(), leftOut.end());
     place();
 }
 
 void HandedFiles::place() {
-    if (waiting_.isEmpty() || !model_.table().complete) {
+    const bool nothing = waiting_.isEmpty() && leftOut_.empty();
+    if (nothing || !model_.table().complete) {
         teller_.waiting(static_cast<std::size_t>(waiting_.size()));
         return;
     }
-    auto left = std::exchange(waiting_, {});
+    auto files = std::exchange(waiting_, {});
+    auto left = std::exchange(leftOut_, {});
     teller_.waiting(0);
-    const auto given = left.size();
-    for (std::uint64_t number = 1; number <= loopSlots && !left.isEmpty(); ++number) {
-        const auto slot = *SlotNumber::of(number);
-        if (!model_.table().contains(slot) && !model_.staging().contains(slot) &&
-            !staging_.isExpected(slot)) {
-            staging_.put(slot, left.takeFirst());
+    const auto given = left.size() + static_cast<std::size_t>(files.size());
+    for (const auto slot : staging_.freeRows()) {
+        if (!files.isEmpty()) {
+            staging_.put(slot, files.takeFirst());
         }
     }
-    if (!left.isEmpty()) {
-        unused_.tell(toldLeft(left, given), left, {});
+    for (const auto& file : files) {
+        left.push_back({file.fileName().toStdString(), noRow, file});
+    }
+    if (!left.empty()) {
+        QList<QUrl> unused;
+        std::ranges::transform(left, std::back_inserter(unused), &LeftOut::file);
+        unused_.tell(toldLeft(left, given), unused, {});
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <QList>
 #include <QUrl>
+#include <string>
+#include <vector>
 
 #include "platform/fixed.h"
 
@@ -12,16 +14,23 @@ class Staging;
 class Teller;
 class UnusedFiles;
 
+/// A file that goes to no row, and why: "not readable".
+struct LeftOut {
+    std::string name;
+    std::string reason;
+    QUrl file;
+};
+
 /// Files that the program was given without a row, as on its command line. Each goes to the next row that has
-/// neither a loop nor a file, as if it had been dropped there; which rows those are is known only with a
-/// pedal. Main thread.
+/// neither a loop nor a file; which rows those are is known only with a pedal. Main thread.
 class HandedFiles : Fixed {
   public:
     /// All outlive it.
     HandedFiles(const LoopModel& model, Staging& staging, Teller& teller, UnusedFiles& unused)
         : model_(model), staging_(staging), teller_(teller), unused_(unused) {}
 
-    void add(const QList<QUrl>& files);
+    /// `leftOut` came with them, and is named together with those for which there is no row.
+    void add(const QList<QUrl>& files, const std::vector<LeftOut>& leftOut = {});
     /// The pedal's table may be known now.
     void place();
 
@@ -31,6 +40,7 @@ class HandedFiles : Fixed {
     Teller& teller_;
     UnusedFiles& unused_;
     QList<QUrl> waiting_;
+    std::vector<LeftOut> leftOut_;
 };
 
 }  // namespace kzq

@@ -47,7 +47,8 @@ void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
     if (files.isEmpty()) {
         return;
     }
-    const auto drop = convert(slotOf(row), files.first());
+    const Drop drop{slotOf(row), files.first(), model_.nextDrop()};
+    convert(drop, environment_.convert);
     if (files.size() > 1) {
         unused_.tell({.what = "Only the first of " + std::to_string(files.size()) + " files was used",
                       .detail = "Each row takes one file.",
@@ -56,12 +57,19 @@ void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
     }
 }
 
-Drop Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
-    const Drop drop{slot, file, model_.nextDrop()};
-    expected_.insert(slot);
+std::vector<SlotNumber> Staging::freeRows() const {
+    auto rows = allSlots();
+    std::erase_if(rows, [this](SlotNumber slot) {
+        return model_.table().contains(slot) || model_.staging().contains(slot) || expected_.contains(slot);
+    });
+    return rows;
+}
+
+void Staging::convert(const Drop& drop, const Convert& how) {
+    expected_.insert(drop.slot);
     environment_.executor.background(Priority::high,
                                      [&executor = environment_.executor, weak = weak_from_this(), drop, how,
-                                      path = file.toLocalFile().toStdString()] {
+                                      path = drop.file.toLocalFile().toStdString()] {
                                          executor.main([weak, drop, copy = how(path)] {
                                              const auto self = weak.lock();
                                              if (!self) {
@@ -77,7 +85,6 @@ Drop Staging::convert(SlotNumber slot, const QUrl& file, const Convert& how) {
                                              self->work();
                                          });
                                      });
-    return drop;
 }
 
 void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
@@ -107,7 +114,7 @@ bool Staging::useAnyway(const Drop& drop) {
                       .detail = loopName(drop.slot) + " has another file.",
                       .names = {file}});
     }
-    convert(*slot, drop.file, environment_.salvage);
+    convert({*slot, drop.file, model_.nextDrop(), drop.quiet}, environment_.salvage);
     return true;
 }
 
@@ -211,9 +218,23 @@ void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
             removeFile(copy);  // a later drop on this row was converted sooner
             break;
         case LoopModel::Staged::tooLarge:
-            ++tooLarge_;
+            refuse(drop, *info);
             break;
     }
+}
+
+void Staging::refuse(const Drop& drop, const ExportInfo& info) {
+    if (!drop.quiet) {
+        ++tooLarge_;
+        return;
+    }
+    removeFile(info.source);
+    const auto file = drop.file.fileName().toStdString();
+    teller_.tell({.what = "\"" + file + "\" was left out",
+                  .why = "it is too long: " + clockText(Frames::ofBytes(info.bytes)) + ", and " +
+                         clockText(Frames{remainingFrames(model_.inUse().count)}) + " is left",
+                  .failure = true,
+                  .names = {file}});
 }
 
 void Staging::aboutToBeRemoved(const Slot& row) const {

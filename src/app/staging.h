@@ -10,6 +10,7 @@
 #include <memory>
 #include <set>
 #include <utility>
+#include <vector>
 
 #include "app/app_environment.h"
 #include "app/model/loop_model.h"
@@ -48,9 +49,12 @@ class Staging : public std::enable_shared_from_this<Staging> {
     void choose(const Slot& row);
     /// Only the first file counts.
     void dropped(const Slot& row, const QList<QUrl>& files);
-    void put(SlotNumber slot, const QUrl& file) { convert(slot, file); }
-    /// Whether a file is on its way to that row.
-    bool isExpected(SlotNumber slot) const { return expected_.contains(slot); }
+    /// A file for whose row nobody asked: that it is too large is no alert.
+    void put(SlotNumber slot, const QUrl& file) {
+        convert({slot, file, model_.nextDrop(), true}, environment_.convert);
+    }
+    /// Those with neither a loop nor a file, nor one on its way.
+    std::vector<SlotNumber> freeRows() const;
 
     /// Once, as soon as no file is on its way any more.
     void whenSettled(std::function<void()> then);
@@ -71,11 +75,14 @@ class Staging : public std::enable_shared_from_this<Staging> {
 
   private:
     using Convert = decltype(AppEnvironment::convert);
-    Drop convert(SlotNumber slot, const QUrl& file) { return convert(slot, file, environment_.convert); }
-    Drop convert(SlotNumber slot, const QUrl& file, const Convert& how);
+    void convert(SlotNumber slot, const QUrl& file) {
+        convert({slot, file, model_.nextDrop()}, environment_.convert);
+    }
+    void convert(const Drop& drop, const Convert& how);
     void tellUnusable(const Drop& drop, const Trouble& trouble);
     bool useAnyway(const Drop& drop);
     void stage(const Drop& drop, const std::filesystem::path& copy);
+    void refuse(const Drop& drop, const ExportInfo& info);
     void work();
     void settle();
     void sayTooLarge();

@@ -18,6 +18,7 @@ struct Drop {
     SlotNumber slot;
     QUrl file;
     std::uint64_t order = 0;
+    bool quiet = false;  ///< that it is too large is no alert
 };
 
 /// Files that were not used. That stands in the status line until they are staged after all, on whatever row;
