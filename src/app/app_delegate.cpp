@@ -30,6 +30,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
         parts.listening.rowsChanged();
         parts.teller.rest();
         parts.handedFiles.place();
+        parts.carryIn.refresh();
     } else {
         looper->refresh();
     }
@@ -103,6 +104,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
         parts_->listening.rowsChanged();
         parts_->teller.rest();
         parts_->handedFiles.place();
+        parts_->carryIn.refresh();
     }
 }
 
@@ -117,6 +119,7 @@ void AppDelegate::looperHasBeenDisconnected() {
     parts_->listening.rowsChanged();
     parts_->teller.forgetImports();
     parts_->teller.rest();
+    parts_->carryIn.refresh();
 }
 
 // --- rows, staging, meter
@@ -128,6 +131,18 @@ void AppDelegate::checkboxStateChangedForImportSlot(Slot& slot) {
 
 void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
     parts_->staging->dropped(slot, urls);
+}
+
+void AppDelegate::filesHeldOverSlot(Slot& slot, const QList<QUrl>& urls) {
+    parts_->carryIn.heldOver(slot, urls);
+}
+
+void AppDelegate::dragBegunForSlot(Slot& slot) {
+    parts_->carryOut.begin(slot);
+}
+
+void AppDelegate::pasteFiles() {
+    parts_->carryIn.paste();
 }
 
 SlotFieldEditor* AppDelegate::windowWillReturnFieldEditor(QWidget* /*window*/, QObject* object) {

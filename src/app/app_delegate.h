@@ -91,6 +91,10 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
         return parts_->rows.find(number, context);
     }
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
+    void filesHeldOverSlot(Slot& slot, const QList<QUrl>& urls) override;
+    void dragBegunForSlot(Slot& slot) override;
+    /// The files on the clipboard, as if they had been dropped between the rows.
+    void pasteFiles();
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
     /// Frames in use once everything staged is written.
     std::uint64_t existingAndTeedUpExportSamples() const { return parts_->model.inUse().count; }

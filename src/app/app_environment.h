@@ -2,6 +2,8 @@
 
 #include <QtCore/qnamespace.h>
 
+#include <QList>
+#include <QUrl>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -12,6 +14,7 @@
 #include "device/finding.h"
 #include "device/link.h"
 #include "listening/audio_output.h"
+#include "loops/frames.h"
 #include "platform/asleep.h"
 #include "platform/awake.h"
 #include "platform/executor.h"
@@ -51,6 +54,12 @@ struct AppEnvironment {
     std::function<Result<std::string>(const std::string& path)> convert;
     /// The same with what there is of a file that is damaged. Empty: such files are refused only.
     std::function<Result<std::string>(const std::string& path)> salvage = {};
+    /// How long an audio file is, by a quick look at it; nothing if that shows only in converting it. A
+    /// failure is one that converting it would have. On a background thread. Empty: no length is known.
+    std::function<Result<std::optional<Frames>>(const std::string& path)> lengthOf = {};
+    /// Lets the user drag files out of the window, and returns whether they were taken. Runs an event loop.
+    /// Empty: by the toolkit.
+    std::function<bool(const QList<QUrl>& files)> dragFiles = {};
     /// Looks for why no pedal is available, for Absence, which the controller starts at launch. On a
     /// background thread. May be empty.
     std::function<std::vector<Finding>()> diagnose;

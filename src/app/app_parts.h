@@ -6,6 +6,8 @@
 #include "app/absence.h"
 #include "app/app_environment.h"
 #include "app/bring_back_flow.h"
+#include "app/carry_in.h"
+#include "app/carry_out.h"
 #include "app/firmware_notices.h"
 #include "app/flow/flows.h"
 #include "app/handed_files.h"
@@ -54,6 +56,8 @@ struct AppParts : Fixed {
     HandedFiles handedFiles{model, *staging, teller, unusedFiles};
     OpenQuestions questions{environment.executor};
     MenuControl menu{environment, window, panels, teller};
+    CarryIn carryIn{*this};
+    CarryOut carryOut{*this};
     FirmwareNotices firmware{*this};
     Listening listening{*this};
     TransferPanel transferPanel{window, menu, panels};

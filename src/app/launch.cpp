@@ -1,5 +1,6 @@
 #include "app/launch.h"
 
+#include <QShortcut>
 #include <utility>
 
 #include "app/app_delegate.h"
@@ -111,6 +112,7 @@ bool makeRows(AppDelegate& controller, AppParts& parts) {
     }
     parts.rows = std::move(rows);
     parts.window.settleTabOrder();
+    parts.carryIn.watch();
     return true;
 }
 
@@ -158,6 +160,9 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.exportButton(), &AppDelegate::exportButtonClicked);
     connect(window.selectAllButton(), &AppDelegate::selectAll);
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
+    const auto* const paste = new QShortcut(
+        QKeySequence::Paste, &parts.window);  // NOLINT(cppcoreguidelines-owning-memory): the window's
+    QObject::connect(paste, &QShortcut::activated, parts.connections.get(), act(&AppDelegate::pasteFiles));
     fillMenuBar(*window.menuBar(),
                 {.selectAll = act(&AppDelegate::selectAll),
                  .bringBack = act(&AppDelegate::openBringBack),

@@ -53,6 +53,10 @@ class Teller : Fixed {
     void background(const std::string& sentence, const std::string& said) {
         announcements_->setBackground(sentence, said);
     }
+    /// What would become of files that are held over the window: see Announcements.
+    void preview(const std::string& sentence, const std::string& said = {}, bool warns = false) {
+        announcements_->setPreview(sentence, said, warns);
+    }
     /// Everything that was told and is still in the list, and all names of files that ever were in it.
     const Announcements& announcements() const { return *announcements_; }
 

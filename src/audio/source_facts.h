@@ -39,8 +39,8 @@ struct SourceFacts {
     bool openEnded = false;  ///< a WAV whose writer could not seek back to store the length
     std::string kind;        ///< its name, if only the tool takes it
     std::string
-        unsupported;    ///< the kind of audio, if the decoder cannot read it or would turn it into noise
-    std::string codec;  ///< the decoder to use instead of the default one
+        unsupported;         ///< the kind of audio, if the decoder cannot read it or would turn it into noise
+    std::string codec;       ///< the decoder to use instead of the default one
     std::uint64_t rate = 0;  ///< frames in a second, where the headers have them as plainly as that; else 0
     /// How many frames must come out.
     std::optional<std::uint64_t> frames;

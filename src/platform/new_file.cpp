@@ -13,13 +13,14 @@ namespace {
 constexpr std::size_t longestFileName = 255;
 constexpr unsigned highestSuffix = 100'000;
 
-/// Gives the draft the first free name and returns it.
-Result<std::string> placeUnderFreeName(Draft& draft, std::string_view name, std::string_view extension) {
+/// Takes the first name that is free, which `place` says: a failure with EEXIST means that it is not.
+Result<std::string> freeName(std::string_view name, std::string_view extension,
+                             const std::function<Result<void>(const std::string&)>& place) {
     for (unsigned number = 1; number <= highestSuffix; ++number) {
         std::string suffix = number == 1 ? "" : "-" + std::to_string(number);
         suffix += extension;
         const std::string free = fileNameComponent(name, suffix.size()) + suffix;
-        const auto placed = draft.place(free);
+        const auto placed = place(free);
         if (placed) {
             return free;
         }
@@ -88,7 +89,22 @@ std::string fileNameComponent(std::string_view name, std::size_t reserved) {
 Result<std::filesystem::path> writeNewFile(const std::filesystem::path& folder, std::string_view name,
                                            std::string_view extension, ByteView bytes, Draft::Road first) {
     return writeOnAnyRoad(
-        folder, [&](Draft& draft) { return placeUnderFreeName(draft, name, extension); }, bytes, first);
+        folder,
+        [&](Draft& draft) {
+            return freeName(name, extension, [&draft](const std::string& free) { return draft.place(free); });
+        },
+        bytes, first);
+}
+
+Result<std::filesystem::path> copyToNewFile(const std::filesystem::path& from,
+                                            const std::filesystem::path& folder, std::string_view name,
+                                            std::string_view extension) {
+    const auto copy = [&](const std::string& free) -> Result<void> {
+        std::error_code error;
+        std::filesystem::copy_file(from, folder / free, error);
+        return error ? Result<void>(Trouble{Trouble::Kind::file, "copy", error.value()}) : Result<void>();
+    };
+    return freeName(name, extension, copy).map([&](const std::string& free) { return folder / free; });
 }
 
 Result<void> writeFileNamed(const std::filesystem::path& file, ByteView bytes) {

@@ -23,7 +23,13 @@ Result<std::filesystem::path> writeNewFile(const std::filesystem::path& folder, 
                                            std::string_view extension, ByteView bytes,
                                            Draft::Road first = Draft::Road::unnamed);
 
-/// The same under exactly that name: EEXIST if it is taken.
+/// A copy of the file at `from`, under a name as writeNewFile gives it. Not synced, and half of it may stand
+/// there for a while: for folders that only we use. Blocks; any thread.
+Result<std::filesystem::path> copyToNewFile(const std::filesystem::path& from,
+                                            const std::filesystem::path& folder, std::string_view name,
+                                            std::string_view extension);
+
+/// What writeNewFile does, under exactly that name: EEXIST if it is taken.
 Result<void> writeFileNamed(const std::filesystem::path& file, ByteView bytes);
 
 }  // namespace kzq

@@ -9,10 +9,6 @@ namespace kzq {
 
 namespace {
 
-std::string filesText(std::size_t count) {
-    return std::to_string(count) + (count == 1 ? " file" : " files");
-}
-
 /// "a, b and c"
 std::string listed(const std::vector<std::string>& names) {
     std::string text;
@@ -127,6 +123,10 @@ std::string CarryPlan::said() const {
         return sum();
     }
     return files_.size() == 1 ? refused(true) : sum() + ", " + refused(true);
+}
+
+std::string filesText(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " file" : " files");
 }
 
 CarryFate fateOn(const LoopModel& model, SlotNumber slot, const CarriedFile& file) {

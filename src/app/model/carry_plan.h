@@ -55,6 +55,9 @@ class CarryPlan {
     Frames spare_;  ///< once those that fit are there
 };
 
+/// "1 file", "5 files"
+std::string filesText(std::size_t count);
+
 /// What a row would make of a file that is dropped on it: the row need not be free.
 CarryFate fateOn(const LoopModel& model, SlotNumber slot, const CarriedFile& file);
 

@@ -24,6 +24,7 @@
 #include "app/start_up.h"
 #include "audio/convert.h"
 #include "audio/converted_audio.h"
+#include "audio/promised_length.h"
 #include "device/kzq7306.h"
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
@@ -127,6 +128,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .downloads = downloadFolder(),
         .convert = &convertedFile,
         .salvage = &salvagedFile,
+        .lengthOf = [](const std::string& path) { return promisedLength(path); },
         .diagnose = options.simulate ? decltype(AppEnvironment::diagnose)() : [] { return diagnose(); },
         .asRoot = rootShell(),
         .wasEverBackedUp = options.simulate ? decltype(AppEnvironment::wasEverBackedUp)()

@@ -102,6 +102,15 @@ void Announcements::setWork(std::string sentence, std::string actionLabel, std::
     }
 }
 
+void Announcements::setPreview(std::string sentence, const std::string& said, bool warns) {
+    const bool news = preview_.said != said && !said.empty();
+    preview_ = {.kind = Kind::work, .sentence = std::move(sentence), .said = said, .warns = warns};
+    update();
+    if (news && spoken_) {
+        spoken_({.what = said});
+    }
+}
+
 void Announcements::setHeld(bool held) {
     held_ = held;
     update();
@@ -116,7 +125,7 @@ void Announcements::setListOpen(bool open) {
 }
 
 void Announcements::use(std::uint64_t number) {
-    if (number == 0 && line_.kind == Kind::work && workAction_) {
+    if (number == 0 && line_.kind == Kind::work && preview_.sentence.empty() && workAction_) {
         const auto action = workAction_;  // it may change what is under way
         action();
     }
@@ -141,6 +150,9 @@ bool Announcements::stands(const std::string& sentence) const {
 }
 
 Announcements::Line Announcements::wanted() const {
+    if (!preview_.sentence.empty()) {
+        return preview_;
+    }
     if (!work_.sentence.empty()) {
         return work_;
     }
@@ -166,7 +178,7 @@ Announcements::Line Announcements::wanted() const {
 
 /// Whether the outcome shown goes on being shown.
 bool Announcements::staysFor(const Line& next) const {
-    if (line_.kind != Kind::success && line_.kind != Kind::failure) {
+    if ((line_.kind != Kind::success && line_.kind != Kind::failure) || !preview_.sentence.empty()) {
         return false;
     }
     if (held_ || listOpen_) {

@@ -42,7 +42,7 @@ struct Announcement {
 
 /// What the status line says, and the last outcomes. The rules:
 ///
-/// - What is under way comes before everything.
+/// - What a drop would come to comes before everything, then what is under way.
 /// - A failure stays until its action was used, its job succeeded or was attempted again with the loops that
 ///   it misses, or the list was opened; of several, the newest is shown.
 /// - What the program does by itself comes after the failures, and after a success once that is 10 s old.
@@ -60,6 +60,7 @@ class Announcements {
         std::string actionLabel = {};
         std::uint64_t number = 0;  ///< of the outcome; 0 for none
         std::string said = {};     ///< for a screen reader, if it gets something else than the sentence
+        bool warns = false;        ///< it has the mark of a failure, but is none
 
         bool operator==(const Line&) const = default;
     };
@@ -84,6 +85,10 @@ class Announcements {
     /// a screen reader gets, each time that it changes.
     void setWork(std::string sentence, std::string actionLabel = {}, std::function<void()> action = {},
                  const std::string& said = {});
+
+    /// While files are held over the window: what would become of them, and the same for a screen reader;
+    /// empty for nothing. It shows at once, whatever stands there. `warns`: not all is well.
+    void setPreview(std::string sentence, const std::string& said = {}, bool warns = false);
 
     /// What the program does by itself meanwhile, and what a screen reader gets instead; empty for nothing.
     void setBackground(std::string sentence, std::string said = {});
@@ -120,6 +125,7 @@ class Announcements {
     Line work_{.kind = Kind::work};
     std::function<void()> workAction_;
     std::string workSaid_;
+    Line preview_{.kind = Kind::work};
     std::string background_;
     std::string backgroundSaid_;
     Line line_;

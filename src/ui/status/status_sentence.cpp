@@ -34,7 +34,8 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     sentence_ = QString::fromStdString(line.sentence);
     linkWidth_ = linkWidth;
     const QFontMetricsF metrics(font());
-    const int marked = kind_ == Announcements::Kind::failure ? status::mark + markGap : 0;
+    marked_ = kind_ == Announcements::Kind::failure || line.warns;
+    const int marked = marked_ ? status::mark + markGap : 0;
     const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + status::chevronRoom;
     const int room = right - left - besides;
     shown_ = metrics.elidedText(sentence_, Qt::ElideRight, room);
@@ -65,7 +66,7 @@ void StatusSentence::paintEvent(QPaintEvent* /*event*/) {
         painter.drawEllipse(QPointF(end - linkWidth_ - linkGap / 2.0, status::height / 2.0), 1, 1);
         end -= linkWidth_ + linkGap;
     }
-    if (kind_ == Announcements::Kind::failure) {
+    if (marked_) {
         drawPicture(painter, "Status_mark", QRectF(edge, 4, status::mark, status::mark));
     }
     painter.setFont(font());

@@ -25,6 +25,7 @@ class StatusSentence : public KeyButton {
 
   private:
     Announcements::Kind kind_ = Announcements::Kind::rest;
+    bool marked_ = false;
     QString sentence_;
     QString shown_;
     int linkWidth_ = 0;

@@ -1,0 +1,293 @@
+#include "app/carry_in.h"
+
+#include <QClipboard>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <algorithm>
+#include <utility>
+
+#include "app/app_parts.h"
+#include "app/main_window.h"
+#include "operations/sentences.h"
+
+namespace kzq {
+
+namespace {
+
+/// A drag that goes from a row to the gap below it is not looked at anew.
+constexpr auto sameDrag = std::chrono::seconds(1);
+
+bool anyAudio(const QList<QUrl>& files) {
+    return std::ranges::any_of(files, isAudioFile);
+}
+
+QString textOf(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+CarriedFile fileAt(const QUrl& url) {
+    const auto name = url.fileName(QUrl::FullyDecoded);
+    const auto dot = name.lastIndexOf(QLatin1Char('.'));
+    return {.name = name.toStdString(),
+            .shown = (dot > 0 ? name.left(dot) : name).toStdString(),
+            .readable = isAudioFile(url),
+            .length = {}};
+}
+
+DropSign signOf(const CarriedFile& file, CarryFate fate, bool occupied) {
+    DropSign sign{.kind = occupied ? DropSign::Kind::replaces : DropSign::Kind::fills,
+                  .name = textOf(file.shown),
+                  .length = file.length ? textOf(clockText(*file.length)) : QString(),
+                  .refusal = {}};
+    if (fate == CarryFate::tooLong || fate == CarryFate::unreadable) {
+        sign.kind = DropSign::Kind::refused;
+        sign.refusal = fate == CarryFate::tooLong ? "too long" : "not readable";
+    }
+    return sign;
+}
+
+}  // namespace
+
+struct CarryIn::Looks {
+    QList<QUrl> urls;
+    std::vector<CarriedFile> files;
+    bool complete = false;
+    bool dropped = false;  ///< they wait only for this
+    bool pasted = false;
+};
+
+void CarryIn::watch() {
+    for (QWidget* const target :
+         {parts_.window.tabs()->widget(1), static_cast<QWidget*>(parts_.window.exportTabButton())}) {
+        target->setAcceptDrops(true);
+        target->installEventFilter(this);
+    }
+}
+
+bool CarryIn::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            break;
+        case QEvent::DragLeave:
+            letGo();
+            return true;
+        default:
+            return false;
+    }
+    auto& drag = static_cast<QDropEvent&>(*event);
+    const bool taken = takes(*watched, drag);
+    drag.setDropAction(taken ? Qt::CopyAction : Qt::IgnoreAction);
+    drag.setAccepted(taken);
+    const auto files = drag.mimeData()->urls();
+    if (!taken) {
+        letGo();
+    } else if (event->type() == QEvent::Drop) {
+        drop(files, false);
+    } else {
+        hold({watched == parts_.window.exportTabButton() ? Over::tab : Over::tray, {}, files});
+    }
+    return true;
+}
+
+bool CarryIn::takes(const QObject& watched, const QDropEvent& drag) const {
+    const auto at = drag.position().toPoint();
+    const bool onRow =
+        &watched != parts_.window.exportTabButton() &&
+        std::ranges::any_of(parts_.rows.exports, [&](const auto& row) {
+            return row->view() != nullptr && row->view()->parentWidget()->geometry().contains(at);
+        });
+    return !onRow && drag.possibleActions().testFlag(Qt::CopyAction) && anyAudio(drag.mimeData()->urls());
+}
+
+void CarryIn::heldOver(Slot& row, const QList<QUrl>& files) {
+    if (files.isEmpty()) {
+        letGo();
+    } else {
+        hold({Over::row, slotOf(row), files});
+    }
+}
+
+void CarryIn::hold(const Hold& hold) {
+    if (held_ == hold) {
+        return;
+    }
+    const bool another = !held_ && parts_.environment.executor.now() - letGoSince_ > sameDrag;
+    if (another || looks_ == nullptr || looks_->urls != hold.files) {
+        looks_ = look(hold.files);
+    }
+    held_ = hold;
+    ++rests_;
+    if (hold.over == Over::tab) {
+        parts_.environment.executor.mainAfter(rest, [this, life = std::weak_ptr(life_), turn = rests_] {
+            if (!life.expired() && turn == rests_) {
+                openTab();
+            }
+        });
+    }
+    refresh();
+}
+
+void CarryIn::letGo() {
+    ++rests_;
+    if (held_) {
+        held_.reset();
+        letGoSince_ = parts_.environment.executor.now();
+        clear();
+    }
+}
+
+void CarryIn::openTab() {
+    parts_.menu.close();
+    parts_.presenter.showTab(Slot::exportContext);
+}
+
+std::shared_ptr<CarryIn::Looks> CarryIn::look(const QList<QUrl>& files) {
+    auto looks = std::make_shared<Looks>(Looks{.urls = files, .files = {}});
+    std::ranges::transform(files, std::back_inserter(looks->files), fileAt);
+    const auto& lengthOf = parts_.environment.lengthOf;
+    if (!lengthOf) {
+        looks->complete = true;
+        return looks;
+    }
+    // What nobody waits for any more is left.
+    parts_.environment.executor.background(
+        Priority::high, [this, &executor = parts_.environment.executor, life = std::weak_ptr(life_),
+                         weak = std::weak_ptr(looks), files, lengthOf] {
+            for (qsizetype i = 0; i <= files.size() && !weak.expired(); ++i) {
+                const bool last = i == files.size();
+                auto length = last || !isAudioFile(files[i]) ? Result<std::optional<Frames>>(std::nullopt)
+                                                             : lengthOf(files[i].toLocalFile().toStdString());
+                executor.main([this, life, weak, i, last, length = std::move(length)] {
+                    const auto still = weak.lock();
+                    if (life.expired() || !still) {
+                        return;
+                    }
+                    if (!last) {
+                        auto& file = still->files[static_cast<std::size_t>(i)];
+                        file.readable = file.readable && length.has_value();
+                        file.length = length.value_or(std::nullopt);
+                    }
+                    still->complete = still->complete || last;
+                    looked(still);
+                });
+            }
+        });
+    return looks;
+}
+
+void CarryIn::looked(const std::shared_ptr<Looks>& looks) {
+    if (looks->dropped && looks->complete) {
+        place(*looks);
+    } else if (held_ && looks == looks_) {
+        refresh();
+    }
+}
+
+void CarryIn::drop(const QList<QUrl>& files, bool pasted) {
+    const auto looks = looks_ != nullptr && looks_->urls == files && !pasted ? looks_ : look(files);
+    looks_.reset();
+    letGo();
+    looks->pasted = pasted;
+    looks->dropped = true;
+    if (looks->complete) {
+        place(*looks);
+        return;
+    }
+    parts_.environment.executor.mainAfter(patience, [this, life = std::weak_ptr(life_), looks] {
+        if (!life.expired() && looks->dropped) {
+            place(*looks);  // what is not known yet shows in converting
+        }
+    });
+}
+
+void CarryIn::paste() {
+    const auto* const clipboard = QGuiApplication::clipboard()->mimeData();
+    const auto files = clipboard != nullptr ? clipboard->urls() : QList<QUrl>();
+    if (!files.isEmpty()) {
+        drop(files, true);
+    }
+}
+
+void CarryIn::place(Looks& looks) {
+    looks.dropped = false;
+    const CarryPlan plan(parts_.model, parts_.staging->freeRows(), looks.files);
+    const bool known = parts_.model.table().complete;
+    QList<QUrl> used;
+    std::vector<SlotNumber> rows;
+    std::vector<LeftOut> leftOut;
+    for (std::size_t i = 0; i < looks.files.size(); ++i) {
+        const auto& [fate, slot] = plan.places()[i];
+        if (fate == CarryFate::unreadable || (fate == CarryFate::tooLong && known)) {
+            leftOut.push_back({looks.files[i].name, plan.reason(i)});
+            continue;
+        }
+        used.push_back(looks.urls[static_cast<qsizetype>(i)]);
+        if (slot) {
+            rows.push_back(*slot);
+        }
+    }
+    parts_.handedFiles.add(used, leftOut);
+    if (parts_.window.shield() == nullptr) {
+        openTab();
+    }
+    if (looks.pasted && known && !rows.empty() && !plan.refuses()) {
+        parts_.teller.tell({.what = filesText(rows.size()) + (rows.size() == 1 ? " goes" : " go") + " to " +
+                                    loopNames(rows)});
+    }
+}
+
+void CarryIn::refresh() {
+    if (!held_ || looks_ == nullptr) {
+        return;
+    }
+    if (held_->row) {
+        showRow(*held_->row, *looks_);
+    } else {
+        showPlan(*looks_);
+    }
+}
+
+void CarryIn::showRow(SlotNumber slot, const Looks& looks) {
+    const auto& file = looks.files.front();
+    const auto fate = fateOn(parts_.model, slot, file);
+    for (const auto& row : parts_.rows.exports) {
+        row->setDropSign(slotOf(*row) == slot ? std::optional(signOf(file, fate, row->occupied()))
+                                              : std::nullopt);
+    }
+    parts_.teller.preview(looks.files.size() == 1
+                              ? std::string()
+                              : "Drop between the rows to use all " + filesText(looks.files.size()));
+}
+
+void CarryIn::showPlan(const Looks& looks) {
+    std::vector<std::optional<DropSign>> signs(parts_.rows.exports.size());
+    const CarryPlan plan(parts_.model, parts_.staging->freeRows(), looks.files);
+    const bool known = parts_.model.table().complete;
+    for (std::size_t i = 0; i < looks.files.size() && known; ++i) {
+        if (const auto& [fate, slot] = plan.places()[i]; slot) {
+            signs.at(slot->number() - 1U) = signOf(looks.files[i], fate, false);
+        }
+    }
+    for (std::size_t i = 0; i < signs.size(); ++i) {
+        parts_.rows.exports[i]->setDropSign(signs[i]);
+    }
+    if (!known) {
+        parts_.teller.preview(filesText(looks.files.size()) + " will wait for a pedal");
+    } else if (looks.complete) {  // before, the sum is not known
+        parts_.teller.preview(plan.sentence(), plan.said(), plan.refuses());
+    } else {
+        parts_.teller.preview({});
+    }
+}
+
+void CarryIn::clear() {
+    for (const auto& row : parts_.rows.exports) {
+        row->setDropSign(std::nullopt);
+    }
+    parts_.teller.preview({});
+}
+
+}  // namespace kzq
