@@ -93,6 +93,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
     void filesHeldOverSlot(Slot& slot, const QList<QUrl>& urls) override;
     void dragBegunForSlot(Slot& slot) override;
+    CarryOut& carryOut() const { return parts_->carryOut; }
     /// The files on the clipboard, as if they had been dropped between the rows.
     void pasteFiles();
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;

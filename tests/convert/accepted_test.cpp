@@ -90,6 +90,26 @@ TEST_F(Accepted, EveryRateComesOutWithTheExactLengthAndClean) {
     }
 }
 
+TEST_F(Accepted, TheHeadersAloneHaveTheLength) {
+    for (const auto& [name, arguments] :
+         std::vector<std::pair<std::string, std::string>>{{"48.wav", "-ar 48000"},
+                                                          {"22.aiff", "-ar 22050"},
+                                                          {"96.flac", "-ar 96000"},
+                                                          {"32.mp3", "-ar 32000"},
+                                                          {"48.m4a", "-ar 48000 -c:a aac"}}) {
+        const auto length =
+            promisedLength(shop_.encode(name, "-f lavfi -i anullsrc=r=44100:cl=stereo -t 3 " + arguments));
+        ASSERT_TRUE(length && *length) << name;
+        EXPECT_NEAR(3 * 44'100.0, static_cast<double>((*length)->count), 2400) << name;
+    }
+    const auto text = shop_.write("notes.wav", Bytes(5000, 'x'));
+    EXPECT_EQ(promisedLength(text).error().kind, Trouble::Kind::notAudio);
+    EXPECT_EQ(promisedLength(shop_.write("rifx.wav", rifx(wave(Bytes(60), 2).value()))).error().kind,
+              Trouble::Kind::unsupported);
+    EXPECT_EQ(promisedLength(shop_.write("none.wav", wave({}, 2).value())).error().kind,
+              Trouble::Kind::noSound);
+}
+
 TEST_F(Accepted, StopsOneFrameBehindWhatThePedalHolds) {
     const auto source = shop_.encode("hours.flac", "-f lavfi -i anullsrc=r=4000:cl=mono -t 9000");
     std::uint64_t heard = 0;

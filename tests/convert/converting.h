@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "audio/conversion.h"
+#include "audio/promised_length.h"
 #include "platform/log.h"
 #include "workshop.h"
 
@@ -30,6 +31,12 @@ class Converting : public ::testing::Test {
         }
         Samples samples = samplesOf(result->path);
         EXPECT_EQ(result->frames, samples.size() / 2);
+        const auto promised = promisedLength(source);
+        EXPECT_TRUE(promised) << source;
+        const double length = promised && *promised ? static_cast<double>((*promised)->count) : 0;
+        EXPECT_NEAR(length != 0 ? length : static_cast<double>(result->frames),
+                    static_cast<double>(result->frames), 1152)
+            << source;
         return samples;
     }
 

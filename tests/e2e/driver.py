@@ -16,6 +16,7 @@ PROGRAM = os.environ["KZQ7306"]
 CTL = os.environ["KZQ7306CTL"]
 DRAG_SOURCE = os.environ.get("DRAG_SOURCE")
 EMULATED_PEDAL = os.environ.get("EMULATED_PEDAL")
+DROP_TARGET = os.environ.get("DROP_TARGET")
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
 # Generous for busy machines; the awaited events usually come much sooner.
 PATIENCE = 15.0
@@ -136,12 +137,12 @@ class Item:
 
 
 def window_of(process):
-    """The middle of another program's window, once it shows."""
+    """Another program's window, once it shows."""
     desktop = Atspi.get_desktop(0)
     for i in range(desktop.get_child_count()):
         node = desktop.get_child_at_index(i)
         if node is not None and node.get_process_id() == process.pid:
-            return next((window.centre() for window in Item(node).children() if window.showing), None)
+            return next((window for window in Item(node).children() if window.showing), None)
     return None
 
 
@@ -151,12 +152,20 @@ def picture(name):
         subprocess.run(["import", "-window", "root", f"{folder}/{name}.png"], check=False)
 
 
-def drag(source, target):
-    """Between two points, in steps, as a hand does it."""
+def drag(source, target, taken=None):
+    """Between two points, in steps, as a hand does it. `taken`: whether the target has noticed it."""
     xdotool("mousemove", *source, "mousedown", 1)
     for step in range(1, 11):
         place = [round(a + (b - a) * step / 10) for a, b in zip(source, target)]
         xdotool("mousemove", *place, "sleep", 0.02)
+    if taken:
+
+        def held():
+            for way in (1, 0):  # a drag that begins under a still pointer is noticed when that moves
+                xdotool("mousemove", target[0] + way, target[1])
+            return taken()
+
+        wait("the drag is noticed", held)
     xdotool("sleep", 0.5, "mouseup", 1)  # the target has to take it first, which a busy machine delays
 
 

@@ -28,7 +28,7 @@ class Transfers(unittest.TestCase):
             program.ready()
             program.connected()
             program.get("Export tab.*").click()
-            source = wait("the other window", lambda: window_of(other))
+            source = wait("the other window", lambda: window_of(other)).centre()
             drag(source, program.get("Add Loop 6").centre())
             wait("the file is in the row", lambda: program.get("Loop 6 name").description == "riff")
             line = program.get("Failed: Only the first of 3 files was used", "push button")

@@ -74,6 +74,8 @@ void FlowTest::launch(Executor::Duration wait) {
             .downloads = base,
             .convert = [this](const std::string& path) { return convert(path, false); },
             .salvage = [this](const std::string& path) { return convert(path, true); },
+            .lengthOf = lengthOf,
+            .dragFiles = dragFiles,
             .diagnose = [this] { return diagnosis; },
             .asRoot = asRoot,
             .wasEverBackedUp = wasEverBackedUp,

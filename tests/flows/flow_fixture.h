@@ -120,6 +120,8 @@ class FlowTest : public testing::Test {
     decltype(AppEnvironment::writeFile) writeFile = writeNew;
     std::uint64_t freeSpace = 1'000'000;
     std::vector<Finding> diagnosis = {{Trouble::Kind::noUdev, true, "a remedy", {}}};
+    decltype(AppEnvironment::lengthOf) lengthOf;
+    decltype(AppEnvironment::dragFiles) dragFiles;
     decltype(AppEnvironment::asRoot) asRoot;
     decltype(AppEnvironment::wasEverBackedUp) wasEverBackedUp;
     decltype(AppEnvironment::keepAwake) keepAwake;

@@ -10,8 +10,8 @@ using testing::ElementsAre;
 class Drop : public RowFixture {
   protected:
     /// Drags over `target` and drops if accepted. Returns the action reported to the source.
-    static Qt::DropAction drag(QWidget& target, const QList<QUrl>& urls, Qt::DropActions possible,
-                               Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    Qt::DropAction drag(QWidget& target, const QList<QUrl>& urls, Qt::DropActions possible,
+                        Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QMimeData data;
         data.setUrls(urls);
         QDragEnterEvent enter({2, 2}, possible, &data, Qt::LeftButton, modifiers);
@@ -23,8 +23,10 @@ class Drop : public RowFixture {
         QApplication::sendEvent(&target, &move);
         EXPECT_TRUE(move.isAccepted());
         EXPECT_EQ(move.dropAction(), Qt::CopyAction);
+        EXPECT_EQ(held, urls);
         QDropEvent drop({3, 3}, possible, &data, Qt::LeftButton, modifiers);
         QApplication::sendEvent(&target, &drop);
+        EXPECT_EQ(held, QList<QUrl>());
         return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
     }
 

@@ -1,5 +1,6 @@
 #include <QAccessible>
 
+#include "mouse.h"
 #include "row_fixture.h"
 
 namespace kzq::test {
@@ -47,6 +48,33 @@ TEST_F(ImportRow, DeselectingForgetsTheTypedName) {
     row.setSelected(true);
     row.refresh();
     EXPECT_EQ(fieldText(row), "Loop 1");
+}
+
+TEST_F(ImportRow, EightPixelsMakeADragOfAPressAndSevenAClick) {
+    auto& row = recorded(2);
+    takeCalls();
+    for (QWidget* part : std::initializer_list<QWidget*>{row.button(), row.field(), row.background()}) {
+        Mouse mouse(*part);
+        mouse.press();
+        mouse.dragBy({0, 7.9});
+        EXPECT_THAT(takeCalls(), ElementsAre());
+        mouse.dragBy({-5.7, 5.7});
+        mouse.dragBy({60, 0});
+        EXPECT_THAT(takeCalls(), ElementsAre("drag import 2"));
+        mouse.release();
+        EXPECT_THAT(takeCalls(), ElementsAre());  // neither selected nor renamed
+        mouse.dragBy({60, 0});
+        EXPECT_THAT(takeCalls(), ElementsAre());
+    }
+    Mouse field(*row.field());
+    field.press();
+    field.dragBy({7.9, 0});
+    field.release();
+    EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "on import 2", "began import 2"));
+    Mouse empty(*importRow(1).view());
+    empty.press();
+    empty.dragBy({60, 0});
+    EXPECT_THAT(takeCalls(), ElementsAre());
 }
 
 }  // namespace

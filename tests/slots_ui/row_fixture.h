@@ -36,6 +36,7 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
     QWidget window;
     std::vector<std::string> calls;
     QList<QUrl> dropped;
+    QList<QUrl> held;  ///< over the row that said so last
     std::function<void(Slot&)> onButton = [](Slot&) {};
 
   private:
@@ -56,6 +57,8 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
         note("dropped", slot);
         dropped = urls;
     }
+    void filesHeldOverSlot(Slot& /*slot*/, const QList<QUrl>& urls) override { held = urls; }
+    void dragBegunForSlot(Slot& slot) override { note("drag", slot); }
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* of, QObject* object) override;
 
     void openMainWindow() override {}

@@ -140,5 +140,19 @@ TEST_F(AnnouncementsTest, ASuccessStaysTenSecondsAndAsLongAsItIsHeld) {
     EXPECT_EQ(line(), "failed");
 }
 
+TEST_F(AnnouncementsTest, APreviewStandsBeforeEverythingAndLeavesNothing) {
+    fails("no import", "import");
+    announcements.setHeld(true);
+    announcements.setPreview("4 of 5 files fit. Song is too long: 22:40",
+                             "4 of 5 files fit, Song is too long", true);
+    announcements.setPreview("4 of 5 files fit. Song is too long: 22:40",
+                             "4 of 5 files fit, Song is too long", true);
+    EXPECT_EQ(line(), "4 of 5 files fit. Song is too long: 22:40");
+    EXPECT_EQ(announcements.line().kind, Announcements::Kind::work);
+    EXPECT_EQ(spoken, (std::vector<std::string>{"no import", "4 of 5 files fit, Song is too long"}));
+    announcements.setPreview({});
+    EXPECT_EQ(line(), "no import");
+}
+
 }  // namespace
 }  // namespace kzq

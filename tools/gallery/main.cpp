@@ -7,6 +7,7 @@
 
 #include "bring_back_shots.h"
 #include "button_shots.h"
+#include "carry_shots.h"
 #include "contact_sheet.h"
 #include "panel_shots.h"
 #include "picture_shots.h"
@@ -54,6 +55,7 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("rows", rows(), kzq::trayColor());
     folder.save("listening", listening(), kzq::trayColor());
     folder.save("comparing", comparing(), kzq::trayColor());
+    folder.save("carrying", carrying(), kzq::trayColor());
     folder.save("panels", panels(), darkDesktop);
     folder.save("panels-light", panels(), lightDesktop);
     folder.save("bring-back", bringBack(), darkDesktop);

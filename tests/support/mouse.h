@@ -22,7 +22,9 @@ class Mouse {
     }
     void press() { send(QEvent::MouseButtonPress, inside(), Qt::LeftButton, Qt::LeftButton); }
     void dragOut() { send(QEvent::MouseMove, {-5, -5}, Qt::NoButton, Qt::LeftButton); }
+    void dragBy(QPointF way) { send(QEvent::MouseMove, inside() + way, Qt::NoButton, Qt::LeftButton); }
     void dragIn() { send(QEvent::MouseMove, inside(), Qt::NoButton, Qt::LeftButton); }
+    /// Where it was pressed.
     void release() { send(QEvent::MouseButtonRelease, inside(), Qt::LeftButton, Qt::NoButton); }
 
   private:

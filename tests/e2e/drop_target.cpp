@@ -1,0 +1,54 @@
+// A window into which files can be dragged, like a file manager's: drop_target FOLDER. It copies them there, and its
+// name says what happens.
+
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMimeData>
+#include <QUrl>
+
+namespace {
+
+class Folder : public QLabel {
+  public:
+    explicit Folder(const QString& folder) : folder_(folder) {
+        setWindowTitle("Folder");
+        setText("Drop files here");
+        setGeometry(20, 40, 160, 80);
+        setAcceptDrops(true);
+    }
+
+  protected:
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (event->possibleActions() == Qt::CopyAction && event->mimeData()->hasUrls()) {
+            event->acceptProposedAction();
+            setWindowTitle("Files are held");
+        }
+    }
+
+    void dragLeaveEvent(QDragLeaveEvent* /*event*/) override { setWindowTitle("Folder"); }
+
+    void dropEvent(QDropEvent* event) override {
+        bool copied = true;
+        for (const auto& url : event->mimeData()->urls()) {
+            const auto file = url.toLocalFile();
+            copied = QFile::copy(file, folder_ + "/" + QFileInfo(file).fileName()) && copied;
+        }
+        event->acceptProposedAction();
+        setWindowTitle(copied ? "Files are here" : "Files are missing");
+    }
+
+  private:
+    QString folder_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    Folder window(QApplication::arguments().value(1));
+    window.show();
+    return QApplication::exec();
+}
