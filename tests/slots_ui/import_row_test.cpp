@@ -56,9 +56,9 @@ TEST_F(ImportRow, EightPixelsMakeADragOfAPressAndSevenAClick) {
     for (QWidget* part : std::initializer_list<QWidget*>{row.button(), row.field(), row.background()}) {
         Mouse mouse(*part);
         mouse.press();
-        mouse.dragBy({0, 7.9});
+        mouse.dragBy({0, 7});
         EXPECT_THAT(takeCalls(), ElementsAre());
-        mouse.dragBy({-5.7, 5.7});
+        mouse.dragBy({-6, 6});
         mouse.dragBy({60, 0});
         EXPECT_THAT(takeCalls(), ElementsAre("drag import 2"));
         mouse.release();
@@ -68,7 +68,7 @@ TEST_F(ImportRow, EightPixelsMakeADragOfAPressAndSevenAClick) {
     }
     Mouse field(*row.field());
     field.press();
-    field.dragBy({7.9, 0});
+    field.dragBy({7, 0});
     field.release();
     EXPECT_THAT(takeCalls(), ElementsAre("closeMenu", "on import 2", "began import 2"));
     Mouse empty(*importRow(1).view());
