@@ -1,5 +1,5 @@
-// A window into which files can be dragged, like a file manager's: drop_target FOLDER. It copies them there, and its
-// name says what happens.
+// A window into which files can be dragged, like a file manager's: drop_target FOLDER. It copies them there,
+// and its name says what happens.
 
 #include <QApplication>
 #include <QDragEnterEvent>
