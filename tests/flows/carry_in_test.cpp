@@ -107,7 +107,7 @@ TEST_F(CarryIn, OverARowTheOutlineIsASignAndTheDropIsAsEver) {
     leave(row);
     EXPECT_THAT(signs(), IsEmpty());
     EXPECT_THAT(line(), StartsWith("7306"));
-    EXPECT_FALSE(holdOver(row, {QUrl::fromLocalFile("/x/notes.txt"), two[0]}))
+    EXPECT_FALSE(holdOver(row, {QUrl::fromLocalFile("/x/notes.txt"), two[0]}, {2, 2}))
         << "the tray does not take what the row refuses";
     ASSERT_TRUE(holdOver(row, {song("long.wav", capacityFrames)}));
     EXPECT_THAT(signs(), ElementsAre("3 long 24:00 too long"));
