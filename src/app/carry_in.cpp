@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "app/app_parts.h"
+#include "app/held_files.h"
 #include "app/main_window.h"
 #include "operations/sentences.h"
 
@@ -26,15 +27,6 @@ QString textOf(const std::string& text) {
     return QString::fromStdString(text);
 }
 
-CarriedFile fileAt(const QUrl& url) {
-    const auto name = url.fileName(QUrl::FullyDecoded);
-    const auto dot = name.lastIndexOf(QLatin1Char('.'));
-    return {.name = name.toStdString(),
-            .shown = (dot > 0 ? name.left(dot) : name).toStdString(),
-            .readable = isAudioFile(url),
-            .length = {}};
-}
-
 DropSign signOf(const CarriedFile& file, CarryFate fate, bool occupied) {
     DropSign sign{.kind = occupied ? DropSign::Kind::replaces : DropSign::Kind::fills,
                   .name = textOf(file.shown),
@@ -48,14 +40,6 @@ DropSign signOf(const CarriedFile& file, CarryFate fate, bool occupied) {
 }
 
 }  // namespace
-
-struct CarryIn::Looks {
-    QList<QUrl> urls;
-    std::vector<CarriedFile> files;
-    bool complete = false;
-    bool dropped = false;  ///< they wait only for this
-    bool pasted = false;
-};
 
 void CarryIn::watch() {
     for (QWidget* const target :
@@ -144,41 +128,15 @@ void CarryIn::openTab() {
     parts_.presenter.showTab(Slot::exportContext);
 }
 
-std::shared_ptr<CarryIn::Looks> CarryIn::look(const QList<QUrl>& files) {
-    auto looks = std::make_shared<Looks>(Looks{.urls = files, .files = {}});
-    std::ranges::transform(files, std::back_inserter(looks->files), fileAt);
-    const auto& lengthOf = parts_.environment.lengthOf;
-    if (!lengthOf) {
-        looks->complete = true;
-        return looks;
-    }
-    // What nobody waits for any more is left.
-    parts_.environment.executor.background(
-        Priority::high, [this, &executor = parts_.environment.executor, life = std::weak_ptr(life_),
-                         weak = std::weak_ptr(looks), files, lengthOf] {
-            for (qsizetype i = 0; i <= files.size() && !weak.expired(); ++i) {
-                const bool last = i == files.size();
-                auto length = last || !isAudioFile(files[i]) ? Result<std::optional<Frames>>(std::nullopt)
-                                                             : lengthOf(files[i].toLocalFile().toStdString());
-                executor.main([this, life, weak, i, last, length = std::move(length)] {
-                    const auto still = weak.lock();
-                    if (life.expired() || !still) {
-                        return;
-                    }
-                    if (!last) {
-                        auto& file = still->files[static_cast<std::size_t>(i)];
-                        file.readable = file.readable && length.has_value();
-                        file.length = length.value_or(std::nullopt);
-                    }
-                    still->complete = still->complete || last;
-                    looked(still);
-                });
-            }
-        });
-    return looks;
+std::shared_ptr<HeldFiles> CarryIn::look(const QList<QUrl>& files) {
+    return lookAt(parts_.environment, files, [this, life = std::weak_ptr(life_)](const auto& looks) {
+        if (!life.expired()) {
+            looked(looks);
+        }
+    });
 }
 
-void CarryIn::looked(const std::shared_ptr<Looks>& looks) {
+void CarryIn::looked(const std::shared_ptr<HeldFiles>& looks) {
     if (looks->dropped && looks->complete) {
         place(*looks);
     } else if (held_ && looks == looks_) {
@@ -211,7 +169,7 @@ void CarryIn::paste() {
     }
 }
 
-void CarryIn::place(Looks& looks) {
+void CarryIn::place(HeldFiles& looks) {
     looks.dropped = false;
     const CarryPlan plan(parts_.model, parts_.staging->freeRows(), looks.files);
     const bool known = parts_.model.table().complete;
@@ -250,7 +208,7 @@ void CarryIn::refresh() {
     }
 }
 
-void CarryIn::showRow(SlotNumber slot, const Looks& looks) {
+void CarryIn::showRow(SlotNumber slot, const HeldFiles& looks) {
     const auto& file = looks.files.front();
     const auto fate = fateOn(parts_.model, slot, file);
     for (const auto& row : parts_.rows.exports) {
@@ -262,7 +220,7 @@ void CarryIn::showRow(SlotNumber slot, const Looks& looks) {
                               : "Drop between the rows to use all " + filesText(looks.files.size()));
 }
 
-void CarryIn::showPlan(const Looks& looks) {
+void CarryIn::showPlan(const HeldFiles& looks) {
     std::vector<std::optional<DropSign>> signs(parts_.rows.exports.size());
     const CarryPlan plan(parts_.model, parts_.staging->freeRows(), looks.files);
     const bool known = parts_.model.table().complete;

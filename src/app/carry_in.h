@@ -6,18 +6,16 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
-#include <vector>
 
-#include "app/model/carry_plan.h"
+#include "loops/slot_number.h"
 #include "platform/executor.h"
 
 class QDropEvent;
-class QMimeData;
 
 namespace kzq {
 
 struct AppParts;
+struct HeldFiles;
 class Slot;
 
 /// Files on their way into the window that are not meant for one row: dropped on the tray between the rows,
@@ -58,24 +56,21 @@ class CarryIn : public QObject {
 
         bool operator==(const Hold&) const = default;
     };
-    /// Files that are looked at, from the moment that they are held.
-    struct Looks;
-
     bool takes(const QObject& watched, const QDropEvent& drag) const;
     void hold(const Hold& hold);
     void letGo();
     void openTab();
-    std::shared_ptr<Looks> look(const QList<QUrl>& files);
-    void looked(const std::shared_ptr<Looks>& looks);
+    std::shared_ptr<HeldFiles> look(const QList<QUrl>& files);
+    void looked(const std::shared_ptr<HeldFiles>& looks);
     void drop(const QList<QUrl>& files, bool pasted);
-    void place(Looks& looks);
-    void showRow(SlotNumber slot, const Looks& looks);
-    void showPlan(const Looks& looks);
+    void place(HeldFiles& looks);
+    void showRow(SlotNumber slot, const HeldFiles& looks);
+    void showPlan(const HeldFiles& looks);
     void clear();
 
     AppParts& parts_;
     std::optional<Hold> held_;
-    std::shared_ptr<Looks> looks_;      ///< at what is held, or was until a moment ago
+    std::shared_ptr<HeldFiles> looks_;  ///< at what is held, or was until a moment ago
     Executor::TimePoint letGoSince_{};  ///< if nothing is held
     std::uint64_t rests_ = 0;           ///< counts what the drag has been over
     const std::shared_ptr<int> life_ = std::make_shared<int>();
