@@ -66,8 +66,10 @@ QPoint Strip::hotSpot() const {
 
 void Strip::follow(QPoint pointer) {
     move(pointer - hotSpot());
-    show();
-    raise();
+    if (!isVisible()) {
+        show();
+        raise();
+    }
 }
 
 void Strip::setArrived(double share) {

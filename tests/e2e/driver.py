@@ -165,7 +165,11 @@ def drag(source, target, taken=None):
                 xdotool("mousemove", target[0] + way, target[1])
             return taken()
 
-        wait("the drag is noticed", held)
+        try:
+            wait("the drag is noticed", held)
+        except Late:
+            xdotool("mouseup", 1)
+            raise
     xdotool("sleep", 0.5, "mouseup", 1)  # the target has to take it first, which a busy machine delays
 
 

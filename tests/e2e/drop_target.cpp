@@ -1,5 +1,5 @@
 // A window into which files can be dragged, like a file manager's: drop_target FOLDER. It copies them there,
-// and its name says what happens.
+// and its text says what happens.
 
 #include <QApplication>
 #include <QDragEnterEvent>
@@ -24,11 +24,11 @@ class Folder : public QLabel {
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (event->possibleActions() == Qt::CopyAction && event->mimeData()->hasUrls()) {
             event->acceptProposedAction();
-            setWindowTitle("Files are held");
+            setText("Files are held");
         }
     }
 
-    void dragLeaveEvent(QDragLeaveEvent* /*event*/) override { setWindowTitle("Folder"); }
+    void dragLeaveEvent(QDragLeaveEvent* /*event*/) override { setText("Drop files here"); }
 
     void dropEvent(QDropEvent* event) override {
         bool copied = true;
@@ -37,7 +37,7 @@ class Folder : public QLabel {
             copied = QFile::copy(file, folder_ + "/" + QFileInfo(file).fileName()) && copied;
         }
         event->acceptProposedAction();
-        setWindowTitle(copied ? "Files are here" : "Files are missing");
+        setText(copied ? "Files are here" : "Files are missing");
     }
 
   private:

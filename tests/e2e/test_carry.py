@@ -39,7 +39,14 @@ class Carry(unittest.TestCase):
             self.assertEqual(program.get("Loop 1 name").description, "riff")
             program.get('Failed: Only 2 of 3 files were used: "notes.wav" is not readable', "push button")
             gap = [(a + b) // 2 for a, b in zip(program.get("Add Loop 5").centre(), program.get("Add Loop 6").centre())]
-            drag(source, gap, lambda: program.find("2 of 3 files fit, notes cannot be read", "push button") or picture("held"))
+
+            def summed():
+                found = program.find("2 of 3 files fit, notes cannot be read", "push button")
+                if found:
+                    picture("held")
+                return found
+
+            drag(source, gap, summed)
             wait("both are in the next rows", lambda: program.get("Loop 4 name").description == "verse")
             picture("dropped-between")
 
