@@ -179,7 +179,7 @@ void CarryIn::place(HeldFiles& looks) {
     for (std::size_t i = 0; i < looks.files.size(); ++i) {
         const auto& [fate, slot] = plan.places()[i];
         if (fate == CarryFate::unreadable || (fate == CarryFate::tooLong && known)) {
-            leftOut.push_back({looks.files[i].name, plan.reason(i)});
+            leftOut.push_back({looks.files[i].name, plan.reason(i), looks.urls[static_cast<qsizetype>(i)]});
             continue;
         }
         used.push_back(looks.urls[static_cast<qsizetype>(i)]);

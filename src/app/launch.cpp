@@ -203,6 +203,10 @@ void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
         return;
     }
     connectButtons(controller, parts);
+    parts.carryOut.setSource(
+        {.fetch = [&listening = parts.listening](auto slots, auto copy,
+                                                 auto moved) { listening.fetch(slots, copy, moved); },
+         .giveUp = [&listening = parts.listening] { listening.giveUp(); }});
     parts.presenter.followStaging([&listening = parts.listening] { listening.rowsChanged(); });
     QObject::connect(&parts.window, &MainWindow::escaped, parts.connections.get(), [&parts] {
         if (!parts.menu.isOpen()) {

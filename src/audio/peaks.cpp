@@ -59,8 +59,7 @@ std::optional<Peaks> peaksOf(const std::filesystem::path& wave) {
         const auto count = readAt(file->file.get(), std::span(piece).first(most), offset);
         return ByteView(piece).first(count.value_or(0));
     };
-    if (!std::ranges::equal(read(waveHeaderSize, 0),
-                            waveHeader(static_cast<std::uint32_t>(audio), stereo))) {
+    if (!std::ranges::equal(read(waveHeaderSize, 0), waveHeader(static_cast<std::uint32_t>(audio), stereo))) {
         return std::nullopt;
     }
     PeakFinder finder(Frames::ofBytes(audio));

@@ -9,7 +9,7 @@ namespace kzq::gallery {
 
 namespace {
 
-using Kind = DropSign::Kind;
+using Sign = DropSign::Kind;
 
 struct Held {
     RowState row;
@@ -17,18 +17,18 @@ struct Held {
 };
 
 const Held heldStates[] = {
-    {{.caption = "fills"}, {Kind::fills, "tape choir Am", "1:20", {}}},
-    {{.caption = "length not known"}, {Kind::fills, "upright pizz", {}, {}}},
-    {{.caption = "replaces a loop", .occupied = true}, {Kind::replaces, "verse riff take 3", "0:31", {}}},
+    {{.caption = "fills"}, {Sign::fills, "tape choir Am", "1:20", {}}},
+    {{.caption = "length not known"}, {Sign::fills, "upright pizz", {}, {}}},
+    {{.caption = "replaces a loop", .occupied = true}, {Sign::replaces, "verse riff take 3", "0:31", {}}},
     {{.caption = "replaces a staged file", .name = "fill, brushes"},
-     {Kind::fills, "brushes_94bpm_bar1-8", "0:20", {}}},
-    {{.caption = "too long"}, {Kind::refused, "Whole rehearsal", "22:40", "too long"}},
+     {Sign::fills, "brushes_94bpm_bar1-8", "0:20", {}}},
+    {{.caption = "too long"}, {Sign::refused, "Whole rehearsal", "22:40", "too long"}},
     {{.caption = "too long for a loop's row, and so is the name", .occupied = true},
-     {Kind::refused, "rehearsal 2 Nov, drums and upright bass", "22:40", "too long"}},
-    {{.caption = "not readable"}, {Kind::refused, "cover", {}, "not readable"}},
+     {Sign::refused, "rehearsal 2 Nov, drums and upright bass", "22:40", "too long"}},
+    {{.caption = "not readable"}, {Sign::refused, "cover", {}, "not readable"}},
 };
 
-std::vector<CarriedLoop> loops(std::size_t count) {
+std::vector<CarriedLoop> carriedLoops(std::size_t count) {
     const std::vector<CarriedLoop> some{{"Dusty Rhodes vamp", "0:42"},
                                         {"Loop 3", "0:16"},
                                         {"Night bus field recording, second attempt", "12:09"}};
@@ -50,9 +50,9 @@ Shots carrying() {
         shots.push_back(shootInTray(QString("held: %1").arg(state.caption), *row->view()));
     }
     for (const std::size_t count : {1U, 2U, 3U, 12U}) {
-        shots.push_back({QString("carried: %1").arg(count), Strip(loops(count), nullptr).picture()});
+        shots.push_back({QString("carried: %1").arg(count), Strip(carriedLoops(count), nullptr).picture()});
     }
-    Strip waiting(loops(2), nullptr);
+    Strip waiting(carriedLoops(2), nullptr);
     waiting.setArrived(0.41);
     shots.push_back(shootInTray("carried: still being read", waiting));
     return shots;
