@@ -165,6 +165,7 @@ class Slot : public QObject {
     void placeX(bool shown);
     bool isStaged() const { return exporting_ && !exported_; }
     bool showsOther() const { return sound_.compares && sound_.other; }
+    bool hasViews() const;
     void showSound();
     void showRing();
     void describe();

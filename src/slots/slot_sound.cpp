@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "slots/slot.h"
@@ -114,8 +115,15 @@ QColor Slot::nameColour(const QColor& resting) const {
     return lit ? KZQWhite() : resting;
 }
 
+/// While the views are deleted, some are gone before the others.
+bool Slot::hasViews() const {
+    const auto views = std::to_array<const QObject*>(
+        {view_, numberLabel_, ring_, button_, background_, x_, field_, compare_});
+    return std::ranges::all_of(views, [](const auto* view) { return view != nullptr; });
+}
+
 void Slot::showSound() {
-    if (view_ == nullptr) {
+    if (!hasViews()) {
         return;
     }
     if (!sound_.compares && compare_->hasFocus()) {
@@ -132,7 +140,7 @@ void Slot::showSound() {
 }
 
 void Slot::showRing() {
-    if (view_ != nullptr) {
+    if (hasViews()) {
         numberLabel_->setVisible(ring_->pictureName().isEmpty());
         ring_->update();
     }

@@ -1,5 +1,3 @@
-#include <QAccessible>
-
 #include "row_fixture.h"
 #include "ui/palette.h"
 
@@ -126,28 +124,12 @@ TEST_F(RowSounds, BShowsTheLoopInPlaceOfTheFileAndOnlyAsLongAsItPlays) {
     EXPECT_EQ(QApplication::focusWidget(), row.button());
 }
 
-int renamed = 0;
-
-TEST_F(RowSounds, AScreenReaderHearsWhatCanBeHeardAndOnlyChanges) {
+TEST_F(RowSounds, AScreenReaderHearsWhatCanBeHeard) {
     auto& row = loop();
     EXPECT_EQ(row.ring()->accessibleName(), "Play Loop 1, 2 minutes 31 seconds");
     EXPECT_EQ(row.view()->accessibleDescription(), "2 minutes 31 seconds");
     EXPECT_EQ(row.button()->accessibleDescription(), "2 minutes 31 seconds");
-    QAccessible::setActive(true);
-    renamed = 0;
-    auto* const before = QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-        renamed +=
-            event->type() == QAccessible::NameChanged || event->type() == QAccessible::DescriptionChanged;
-    });
     row.setSound(playing());
-    EXPECT_EQ(renamed, 1);
-    auto later = playing();
-    later.position = 0.3;
-    row.setSound(later);
-    row.refresh();
-    EXPECT_EQ(renamed, 1);
-    QAccessible::installUpdateHandler(before);
-    QAccessible::setActive(false);
     EXPECT_EQ(row.ring()->accessibleName(), "Stop Loop 1");
     EXPECT_EQ(yellow().ring()->accessibleName(), "Play I, 31 seconds");
     EXPECT_EQ(yellow().compare()->accessibleName(), "Compare with Loop 2");
