@@ -18,6 +18,7 @@ namespace kzq::test {
 namespace {
 
 constexpr std::size_t shortLoop = 20'001;
+constexpr std::size_t mostMissed = 441;  // 10 ms
 constexpr std::size_t longLoop = 10UL * 60 * framesPerSecond;
 constexpr Milliseconds soonest = 100ms;
 constexpr Milliseconds longestStall = 16ms;
@@ -114,11 +115,17 @@ TEST(ListeningWithSound, APressIsHeardSoonAndALoopGoesRoundWithoutAGap) {
     ASSERT_TRUE(until([&] { return ear.heard().size() > rounds * shortLoop * 2; }, 20s));
     auto heard = ear.heard();
     heard.resize(rounds * shortLoop * 2);
-    const auto wanted = asHeard(application.pedal.memory()[0]->audio, 0, rounds * shortLoop);
+    // A monitor that wakes up with the sound may miss its first moment.
+    const auto audio = noiseOf(shortLoop).audio;
+    std::size_t missed = 0;
+    auto wanted = asHeard(audio, 0, rounds * shortLoop);
+    while (missed < mostMissed && !std::equal(heard.begin(), heard.begin() + 8, wanted.begin())) {
+        wanted = asHeard(audio, ++missed, rounds * shortLoop);
+    }
     const auto odd = std::ranges::mismatch(heard, wanted).in1 - heard.begin();
     std::cout << "gap between rounds: " << (heard == wanted ? 0 : -1) << " frames (" << rounds
-              << " rounds of " << shortLoop << " frames, the first that differs: " << odd / 2 << ")"
-              << std::endl;
+              << " rounds of " << shortLoop << " frames; the first that differs: " << odd / 2
+              << "; missed before: " << missed << ")" << std::endl;
     EXPECT_EQ(heard, wanted);
 
     application.port.pace = 1ms;

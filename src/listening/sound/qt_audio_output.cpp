@@ -22,8 +22,9 @@ namespace kzq {
 namespace {
 
 constexpr int channels = 2;
-/// What waits in the device's buffer: short enough for a press to be heard at once.
-constexpr int bufferMilliseconds = 60;
+/// What waits in the device's buffer. With 60, a busy machine lets it run dry; a press is heard as soon with
+/// 150.
+constexpr int bufferMilliseconds = 150;
 constexpr int measureMilliseconds = 15;
 /// Until a device that has failed is looked for again.
 constexpr auto againAfter = std::chrono::seconds(2);
