@@ -51,7 +51,7 @@ void HandedFiles::add(const QList<QUrl>& files, const std::vector<LeftOut>& left
 
 void HandedFiles::place() {
     const bool nothing = waiting_.isEmpty() && leftOut_.empty();
-    if (nothing || !model_.table().complete) {
+    if (nothing || (!waiting_.isEmpty() && !model_.table().complete)) {
         teller_.waiting(static_cast<std::size_t>(waiting_.size()));
         return;
     }

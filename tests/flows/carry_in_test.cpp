@@ -174,6 +174,13 @@ TEST_F(CarryIn, PastedFilesAreSaidAndWaitForAPedal) {
     EXPECT_EQ(line(), "2 files go to loops 5 and 6");
 }
 
+TEST_F(CarryIn, WhatCannotBeReadIsSaidWithoutAPedal) {
+    launch();
+    holdOver(tray(), {song("empty.wav", 0)});
+    release(tray());
+    EXPECT_EQ(line(), "No file was used: \"empty.wav\" is not readable");
+}
+
 }  // namespace
 
 }  // namespace kzq::test
