@@ -48,11 +48,7 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::openFiles(const QList<QUrl>& files) {
     if (!files.isEmpty()) {
         parts_->handedFiles.add(files);
-        parts_->questions.thenDo([weak = weak_from_this()] {
-            if (const auto self = weak.lock(); self && self->parts_->window.shield() == nullptr) {
-                self->selectExportTab();
-            }
-        });
+        parts_->carryIn.openTab();
     }
 }
 

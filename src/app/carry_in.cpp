@@ -124,8 +124,12 @@ void CarryIn::letGo() {
 }
 
 void CarryIn::openTab() {
-    parts_.menu.close();
-    parts_.presenter.showTab(Slot::exportContext);
+    parts_.questions.thenDo([this, life = std::weak_ptr(life_)] {
+        if (!life.expired() && parts_.window.shield() == nullptr) {
+            parts_.menu.close();
+            parts_.presenter.showTab(Slot::exportContext);
+        }
+    });
 }
 
 std::shared_ptr<HeldFiles> CarryIn::look(const QList<QUrl>& files) {
@@ -188,9 +192,7 @@ void CarryIn::place(HeldFiles& looks) {
         }
     }
     parts_.handedFiles.add(used, leftOut);
-    if (parts_.window.shield() == nullptr) {
-        openTab();
-    }
+    openTab();
     if (looks.pasted && known && !rows.empty() && !plan.refuses()) {
         parts_.teller.tell({.what = filesText(rows.size()) + (rows.size() == 1 ? " goes" : " go") + " to " +
                                     loopNames(rows)});

@@ -43,6 +43,8 @@ class CarryIn : public QObject {
     void paste();
     /// The table or what is staged has changed: another picture of what is held.
     void refresh();
+    /// The export tab, unless an operation covers the window; after the answer to a question that is open.
+    void openTab();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -59,7 +61,6 @@ class CarryIn : public QObject {
     bool takes(const QObject& watched, const QDropEvent& drag) const;
     void hold(const Hold& hold);
     void letGo();
-    void openTab();
     std::shared_ptr<HeldFiles> look(const QList<QUrl>& files);
     void looked(const std::shared_ptr<HeldFiles>& looks);
     void drop(const QList<QUrl>& files, bool pasted);
