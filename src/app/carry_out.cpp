@@ -232,6 +232,13 @@ bool CarryOut::eventFilter(QObject* watched, QEvent* event) {
         load_->strip->follow(static_cast<const QMouseEvent&>(*event).globalPosition().toPoint());
     } else if (event->type() == QEvent::MouseButtonRelease) {
         giveUp();
+    } else if (event->type() == QEvent::WindowBlocked) {
+        // a dialog opens, behind which the button comes up unseen
+        parts_.environment.executor.main([this, life = std::weak_ptr(life_)] {
+            if (!life.expired()) {
+                giveUp();
+            }
+        });
     }
     return false;
 }

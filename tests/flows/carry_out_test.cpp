@@ -92,10 +92,15 @@ TEST_F(CarryOut, AllPickedUpRowsGoUnderTheNamesOfAnImport) {
     EXPECT_THAT(asked, ElementsAre(3_slot)) << "a row that is not picked up goes alone";
 }
 
-TEST_F(CarryOut, NothingIsDroppedOnceTheButtonIsUpOrEscapeIsPressed) {
+TEST_F(CarryOut, NothingIsDroppedOnceTheButtonIsUpEscapeIsPressedOrADialogOpens) {
     launchConnected();
     const std::vector<std::function<void()>> ends = {
-        [this] { releaseButton(); }, [this] { QTest::keyClick(window.get(), Qt::Key_Escape); }};
+        [this] { releaseButton(); }, [this] { QTest::keyClick(window.get(), Qt::Key_Escape); },
+        [this] {
+            QEvent dialogOpens(QEvent::WindowBlocked);
+            QApplication::sendEvent(window.get(), &dialogOpens);
+            executor.settle();
+        }};
     for (std::size_t i = 0; i < ends.size(); ++i) {
         dragRow(1);
         ends[i]();
