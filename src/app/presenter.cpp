@@ -34,10 +34,14 @@ void Presenter::hold(Slot& row, const Loop* loop) {
 void Presenter::length(SlotNumber slot) {
     const auto* const loop = model_.table().find(slot);
     const Frames onPedal{loop != nullptr ? loop->samples : 0};
+    const unsigned tempo = loop != nullptr ? loop->tempo : 0;
     rows_.importRow(slot).setLength(onPedal);
+    rows_.importRow(slot).setTempo(tempo);
     auto& row = rows_.exportRow(slot);
     const auto staged = model_.staging().find(slot);
-    if (!row.exporting() || row.exported()) {
+    const bool showsLoop = !row.exporting() || row.exported();
+    row.setTempo(showsLoop ? tempo : 0);
+    if (showsLoop) {
         row.setLength(onPedal);
     } else if (staged != model_.staging().end()) {
         row.setLength(Frames::ofBytes(staged->second.bytes));

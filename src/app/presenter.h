@@ -70,8 +70,8 @@ class Presenter : Fixed {
     void enableImportAndErase(bool enabled);
     void enableSelectButtons(bool enabled);
     void emptyMeter();
-    /// Of the rows' loops, or of the files that are staged on them: a file that has been written stays until
-    /// the table is read again.
+    /// Of the rows' loops, with their tempo, or of the files that are staged on them: a file that has been
+    /// written stays until the table is read again.
     void lengths();
     void length(SlotNumber slot);
     static void hold(Slot& row, const Loop* loop);

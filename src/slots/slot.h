@@ -107,6 +107,8 @@ class Slot : public QObject {
     /// How long the loop is, or the staged file; 0 shows nothing.
     Frames length() const { return length_; }
     void setLength(Frames length);
+    /// Of the loop, as the pedal has it, for the row's tool tip; 0 shows nothing.
+    void setTempo(unsigned tempo);
     /// There is something to be heard: a loop, or a staged file.
     bool canPlay() const;
     /// The pointer or the focus of the keyboard is in the row.

@@ -45,6 +45,12 @@ void Slot::setLength(Frames length) {
     }
 }
 
+void Slot::setTempo(unsigned tempo) {
+    if (view_ != nullptr) {
+        view_->setToolTip(tempo == 0 ? QString() : QString::fromLatin1("Tempo %1").arg(tempo));
+    }
+}
+
 void Slot::setTouched(bool touched) {
     touched_ = touched;
     showRing();

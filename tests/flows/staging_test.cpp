@@ -29,6 +29,8 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     EXPECT_EQ(exportRow(3).name(), "my song.v2");
     EXPECT_EQ(exportRow(3).length(), Frames{500});
     EXPECT_EQ(importRow(3).length(), Frames{2000});
+    EXPECT_EQ(importRow(3).view()->toolTip(), "Tempo 100");
+    EXPECT_EQ(exportRow(3).view()->toolTip(), "");
     EXPECT_TRUE(window->exportButton()->isEnabled());
     EXPECT_FALSE(window->warning()->isHidden());
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal - 2000 + 500);
