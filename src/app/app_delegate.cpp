@@ -2,6 +2,13 @@
 
 #include <utility>
 
+#include "app/erase_flow.h"
+#include "app/export_flow.h"
+#include "app/firmware_flow.h"
+#include "app/import_flow.h"
+#include "app/keep_flow.h"
+#include "app/save_report.h"
+#include "app/start_up.h"
 #include "device/kzq7306.h"
 #include "slots/slot_field.h"
 #include "ui/panels/front_window.h"
@@ -125,6 +132,10 @@ void AppDelegate::checkboxStateChangedForImportSlot(Slot& slot) {
     parts_->presenter.checked(slot);
 }
 
+Slot* AppDelegate::slotNumber(std::uint8_t number, std::int32_t context) {
+    return parts_->rows.find(number, context);
+}
+
 void AppDelegate::slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) {
     parts_->staging->dropped(slot, urls);
 }
@@ -145,7 +156,24 @@ SlotFieldEditor* AppDelegate::windowWillReturnFieldEditor(QWidget* /*window*/, Q
     return qobject_cast<SlotField*>(object) != nullptr ? parts_->fieldEditor.get() : nullptr;
 }
 
+std::uint64_t AppDelegate::existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
+                                                                            SlotNumber slot) const {
+    return parts_->model.inUseWith(slot, {frames}).count;
+}
+
 // --- buttons and tabs
+
+void AppDelegate::importButtonClicked() {
+    beginImport(*parts_);
+}
+
+void AppDelegate::exportButtonClicked() {
+    beginExport(*parts_, Copies::kept);
+}
+
+void AppDelegate::eraseButtonClicked() {
+    beginErase(*parts_, Copies::kept);
+}
 
 void AppDelegate::selectAll() {
     parts_->model.selectAll();
@@ -183,6 +211,18 @@ void AppDelegate::selectExportTab() {
 
 bool AppDelegate::isMainWindow(const QWindow& window) const {
     return parts_->window.windowHandle() == &window;
+}
+
+void AppDelegate::saveReport() {
+    kzq::saveReport(*parts_);
+}
+
+void AppDelegate::installFirmware() {
+    beginOfferedFirmware(*parts_);
+}
+
+void AppDelegate::installFirmware(const std::filesystem::path& image) {
+    beginFirmware(*parts_, image);
 }
 
 void AppDelegate::openProgress(std::uint64_t total, std::int32_t context) {

@@ -8,18 +8,10 @@
 
 #include "app/app_parts.h"
 #include "app/application.h"
-#include "app/erase_flow.h"
-#include "app/export_flow.h"
-#include "app/firmware_flow.h"
-#include "app/import_flow.h"
-#include "app/keep_flow.h"
 #include "app/launch.h"
 #include "app/main_window.h"
-#include "app/save_report.h"
-#include "app/start_up.h"
 #include "device/kzq7306_delegate.h"
 #include "slots/slot_delegate.h"
-#include "slots/slot_field.h"
 #include "ui/application_controller.h"
 
 namespace kzq {
@@ -87,9 +79,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void exportRemoved(Slot& slot) override { parts_->staging->removed(slot); }
     void playClickedForSlot(Slot& slot) override { parts_->listening.clicked(slot); }
     void compareClickedForSlot(Slot& slot) override { parts_->listening.compare(slot); }
-    Slot* slotNumber(std::uint8_t number, std::int32_t context) override {
-        return parts_->rows.find(number, context);
-    }
+    Slot* slotNumber(std::uint8_t number, std::int32_t context) override;
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
     void filesHeldOverSlot(Slot& slot, const QList<QUrl>& urls) override;
     void dragBegunForSlot(Slot& slot) override;
@@ -101,16 +91,14 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     std::uint64_t existingAndTeedUpExportSamples() const { return parts_->model.inUse().count; }
     /// The same with `frames` for `slot`, in place of what is there.
     std::uint64_t existingAndTeedUpExportSamplesWithProposedExport(std::uint64_t frames,
-                                                                   SlotNumber slot) const {
-        return parts_->model.inUseWith(slot, {frames}).count;
-    }
+                                                                   SlotNumber slot) const;
     void setMeterValueAndCaption(std::uint64_t frames) { parts_->presenter.meter({frames}); }
 
     // --- buttons and tabs
 
-    void importButtonClicked() { beginImport(*parts_); }
-    void exportButtonClicked() { beginExport(*parts_, Copies::kept); }
-    void eraseButtonClicked() { beginErase(*parts_, Copies::kept); }
+    void importButtonClicked();
+    void exportButtonClicked();
+    void eraseButtonClicked();
     void selectAll();
     void deselectAll();
     void deselectAllExportSlots();
@@ -139,13 +127,13 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     /// Null before it was opened.
     BringBack* bringBack() const { return parts_->bringBack.panel(); }
     void openBringBack() { parts_->bringBack.open(); }
-    void saveReport() { kzq::saveReport(*parts_); }
+    void saveReport();
     void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }
     /// Deliberately does nothing: the program checks for firmware all the time.
     void checkForFirmwareUpdates() {}
-    void installFirmware() override { beginOfferedFirmware(*parts_); }
-    void installFirmware(const std::filesystem::path& image) override { beginFirmware(*parts_, image); }
+    void installFirmware() override;
+    void installFirmware(const std::filesystem::path& image) override;
     void goToWebsite() override { parts_->menu.goToWebsite(); }
 
     /// Shows the progress panel of a transfer of `total` bytes; not for 0. Context 0 is an import, 1 an
