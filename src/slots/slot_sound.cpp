@@ -132,7 +132,7 @@ void Slot::showSound() {
     if (!hasViews()) {
         return;
     }
-    if (!sound_.compares && compare_->hasFocus()) {
+    if ((!sound_.compares && compare_->hasFocus()) || (!canPlay() && ring_->hasFocus())) {
         button_->setFocus(Qt::TabFocusReason);  // else the focus would jump to the next row
     }
     compare_->setVisible(sound_.compares);
