@@ -230,11 +230,12 @@ void Staging::refuse(const Drop& drop, const ExportInfo& info) {
     }
     removeFile(info.source);
     const auto file = drop.file.fileName().toStdString();
-    teller_.tell({.what = "\"" + file + "\" was left out",
+    unused_.tell({.what = "\"" + file + "\" was left out",
                   .why = "it is too long: " + clockText(Frames::ofBytes(info.bytes)) + ", and " +
                          clockText(Frames{remainingFrames(model_.inUse().count)}) + " is left",
                   .failure = true,
-                  .names = {file}});
+                  .names = {file}},
+                 {drop.file}, drop);
 }
 
 void Staging::aboutToBeRemoved(const Slot& row) const {

@@ -108,7 +108,10 @@ std::string CarryPlan::refused(bool briefly) const {
     const bool onlyRows = std::ranges::all_of(places_, [](const Place& place) {
         return place.fate == CarryFate::fits || place.fate == CarryFate::noRow;
     });
-    return onlyRows ? "No other row is free" : "Left out: " + listed(names);
+    if (onlyRows) {
+        return files_.size() == 1 ? "No row is free" : "No other row is free";
+    }
+    return "Left out: " + listed(names);
 }
 
 std::string CarryPlan::sentence() const {
