@@ -63,6 +63,18 @@ TEST_F(BringBackTest, NoTwoGoToOneSlot) {
     EXPECT_EQ(row(2).target(), (BringBackTarget{14, true}));
 }
 
+TEST_F(BringBackTest, WithAllSlotsTakenTheKeysGoNowhere) {
+    std::vector<BringBackCopy> copies(20, {5, "erased today 14:02", 42});
+    copies.push_back({5, "erased Tue", 1});
+    panel.setLoops(std::set<unsigned>{});
+    panel.setCopies(copies, "312 MB", 20);
+    QTest::mouseClick(&row(20).leader(), Qt::LeftButton);
+    QTest::keyClick(&panel.targets(), Qt::Key_Down);
+    QTest::keyClick(&panel.targets(), Qt::Key_Return);
+    EXPECT_TRUE(panel.targets().isVisible());
+    EXPECT_FALSE(row(20).on());
+}
+
 TEST_F(BringBackTest, NothingGoesWithoutAPedalOrACopy) {
     panel.setLoops(std::nullopt);
     QTest::keyClick(&panel, Qt::Key_Return);

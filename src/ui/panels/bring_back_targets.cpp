@@ -94,12 +94,16 @@ void BringBackTargets::mark(unsigned slot) {
     update();
 }
 
+/// To the next that is not taken; nowhere if there is none in this direction.
 void BringBackTargets::walk(int step) {
     int slot = static_cast<int>(marked_ == 0 ? chosen_ : marked_);
-    do {
+    for (unsigned left = listedSlots; left != 0; --left) {
         slot = (slot - 1 + step + static_cast<int>(listedSlots)) % static_cast<int>(listedSlots) + 1;
-    } while (taken_.contains(static_cast<unsigned>(slot)));
-    mark(static_cast<unsigned>(slot));
+        if (!taken_.contains(static_cast<unsigned>(slot))) {
+            mark(static_cast<unsigned>(slot));
+            return;
+        }
+    }
 }
 
 void BringBackTargets::choose(unsigned slot) {
