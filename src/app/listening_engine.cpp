@@ -80,7 +80,18 @@ std::shared_ptr<Sound> Listening::Engine::audible(const Choice& choice) const {
     if (!sound) {
         sound = reader->arriving(choice.row.slot);
     }
-    return sound && sound->there() >= std::min(enough, sound->length()) ? sound : nullptr;
+    if (!sound) {
+        return nullptr;
+    }
+    // the other sound of the row that plays goes on from there
+    const auto from = isNow(choice.row) ? player->place()->at.count % sound->length().count : 0;
+    const Frames needed{std::min(from + enough.count, sound->length().count)};
+    return sound->there() >= needed ? sound : nullptr;
+}
+
+bool Listening::Engine::isForListening(SlotNumber slot) const {
+    const auto isIt = [slot](const Choice& choice) { return choice.loop && choice.row.slot == slot; };
+    return (wanted && isIt(*wanted)) || (now && isIt(now->choice));
 }
 
 bool Listening::Engine::canBeHeard() const {
@@ -103,7 +114,7 @@ void Listening::Engine::want(const std::optional<Choice>& choice) {
 void Listening::Engine::dropWanted() {
     const auto slot = wanted->row.slot;
     const bool reads = std::exchange(wanted, std::nullopt)->loop;
-    if (reads && !(fetch && fetch->wants(slot))) {
+    if (reads && !isForListening(slot) && !(fetch && fetch->wants(slot))) {
         reader->leave(slot);
     }
     showSlot(slot);

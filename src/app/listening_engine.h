@@ -81,6 +81,8 @@ struct Listening::Engine : std::enable_shared_from_this<Engine>, Fixed {
     bool stands(const Choice& choice) const;
     /// What there is of it to be heard; null: not yet.
     std::shared_ptr<Sound> audible(const Choice& choice) const;
+    /// Whether the pedal's loop in this slot is heard, or will be as soon as it can.
+    bool isForListening(SlotNumber slot) const;
     bool canBeHeard() const;
     bool isNow(const RowName& row) const { return now && now->choice.row == row; }
     bool isWanted(const RowName& row) const { return wanted && wanted->row == row; }

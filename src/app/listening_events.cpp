@@ -104,7 +104,7 @@ void Listening::Engine::fetchNext() {
 void Listening::Engine::endFetch(const Trouble& why) {
     if (const auto ended = std::exchange(fetch, nullptr)) {
         const auto slot = ended->due();
-        if (slot && !(wanted && wanted->loop && wanted->row.slot == *slot)) {
+        if (slot && !isForListening(*slot)) {
             reader->leave(*slot);
         }
         ended->end(why);

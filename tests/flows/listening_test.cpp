@@ -69,6 +69,8 @@ TEST_F(ListeningTest, ALoopIsHeardWhileItArrivesAndReadOnce) {
     EXPECT_EQ(ring(5), Ring::playing);
     EXPECT_EQ(line(), "Playing Loop 5, 0:00");
     EXPECT_EQ(link(), "Stop");
+    delegate->listening().fetch({5_slot}, [](auto, auto) {}, {});
+    delegate->listening().giveUp();
     output.take(5000);
     pass(2s);
     output.take(frames);
@@ -244,6 +246,17 @@ TEST_F(ListeningTest, AStagedFileIsComparedWithWhatItWouldReplace) {
     EXPECT_EQ(line(), "Playing Loop 3, 0:00");
     QTest::keyClick(window.get(), Qt::Key_Escape);
     EXPECT_FALSE(output.plays());
+
+    stage(5, frames);
+    pass(1s);
+    pressExport(5);
+    output.take(20'000);
+    port.pace = 10ms;
+    delegate->compareClickedForSlot(exportRow(5));
+    pass(1s);
+    EXPECT_FALSE(exportRow(5).sound().other) << "until the loop has come so far";
+    pass(2s);
+    EXPECT_TRUE(exportRow(5).sound().other);
 }
 
 TEST_F(ListeningTest, WithoutASoundDeviceNothingIsRead) {
