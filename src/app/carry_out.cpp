@@ -4,6 +4,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -132,8 +133,13 @@ void CarryOut::arrived(const std::shared_ptr<Load>& load, SlotNumber slot, Resul
         return;
     }
     std::ranges::find(load->items, slot, &Item::slot)->copy = std::move(*copy);
-    if (++load->arrived == load->items.size()) {
+    if (++load->arrived != load->items.size()) {
+        return;
+    }
+    if (std::ranges::all_of(load->items, [this](const Item& i) { return source_.counts(i.slot, i.copy); })) {
         nameFiles(load);
+    } else {
+        fail(*load, Trouble{Trouble::Kind::changedWhileRead});
     }
 }
 

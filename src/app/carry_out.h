@@ -28,6 +28,8 @@ class CarryOut : public QObject {
         std::function<void(std::vector<SlotNumber> slots, Copy copy, std::function<void(double)> moved)>
             fetch;
         std::function<void()> giveUp;
+        /// Whether this copy still counts as the pedal's: reading the others may have taken minutes.
+        std::function<bool(SlotNumber slot, const std::filesystem::path& copy)> counts;
     };
 
     /// `parts` outlives it.

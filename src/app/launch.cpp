@@ -206,7 +206,9 @@ void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
     parts.carryOut.setSource(
         {.fetch = [&listening = parts.listening](auto slots, auto copy,
                                                  auto moved) { listening.fetch(slots, copy, moved); },
-         .giveUp = [&listening = parts.listening] { listening.giveUp(); }});
+         .giveUp = [&listening = parts.listening] { listening.giveUp(); },
+         .counts = [&listening = parts.listening](
+                       SlotNumber slot, const auto& copy) { return listening.copyOf(slot) == copy; }});
     parts.presenter.followStaging([&listening = parts.listening] { listening.rowsChanged(); });
     QObject::connect(&parts.window, &MainWindow::escaped, parts.connections.get(), [&parts] {
         if (!parts.menu.isOpen()) {

@@ -32,12 +32,14 @@ class CarryOut : public FlowTest {
 
     void launchConnected() {
         FlowTest::launchConnected();
-        delegate->carryOut().setSource({.fetch =
-                                            [this](auto slots, auto copy, auto /*moved*/) {
-                                                asked = slots;
-                                                answer = copy;
-                                            },
-                                        .giveUp = [this] { ++givenUp; }});
+        delegate->carryOut().setSource(
+            {.fetch =
+                 [this](auto slots, auto copy, auto /*moved*/) {
+                     asked = slots;
+                     answer = copy;
+                 },
+             .giveUp = [this] { ++givenUp; },
+             .counts = [this](auto slot, const auto& /*copy*/) { return slot != changed; }});
     }
     void dragRow(std::uint8_t number) {
         Mouse mouse(*importRow(number).background());
@@ -60,6 +62,7 @@ class CarryOut : public FlowTest {
     std::vector<SlotNumber> asked;
     kzq::CarryOut::Source::Copy answer;
     int givenUp = 0;
+    std::optional<SlotNumber> changed;
     bool taken = true;
     std::vector<std::string> dragged;
 };
@@ -128,6 +131,12 @@ TEST_F(CarryOut, ADragThatWaitsEndsWhenThePedalLeaves) {
     EXPECT_FALSE(stripShows());
     EXPECT_EQ(line(), "2 loops were not dragged out: the pedal was unplugged");
     plugIn();
+    select({1, 3});
+    dragRow(1);
+    arrive(1_slot);
+    changed = 1_slot;
+    arrive(3_slot);
+    EXPECT_EQ(line(), "2 loops were not dragged out: a loop changed while it was being read");
     dragRow(20);
     answer(20_slot, Trouble{Trouble::Kind::cancelled});
     EXPECT_FALSE(stripShows());
