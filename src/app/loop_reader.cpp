@@ -22,6 +22,8 @@ struct LoopReader::Job {
     SlotNumber slot;
     Loop loop = {};
     std::optional<Trouble> impossible = {};
+    decltype(AppEnvironment::runFolder) runFolder = {};
+    FreeSpace freeSpace = {};
     Teller::Work work = 0;
     std::function<void(SlotNumber)> follow = {};
     std::shared_ptr<Sound> sound = {};  ///< once it arrives; main thread
@@ -74,6 +76,8 @@ void LoopReader::work(Run& run, Job& job) {
         job.impossible = loop == nullptr ? Trouble{Trouble::Kind::emptySlot}
                                          : impossibleLength(parts_.model.table(), {job.slot});
         job.loop = loop == nullptr ? Loop{} : *loop;
+        job.runFolder = parts_.environment.runFolder;
+        job.freeSpace = parts_.environment.freeSpace;
         job.work = parts_.teller.newWork({"Stop", [weak = weak_from_this(), slot = job.slot] {
                                               if (const auto self = weak.lock()) {
                                                   self->leave(slot);
@@ -91,12 +95,12 @@ void LoopReader::work(Run& run, Job& job) {
 
 Result<LoopReader::Read> LoopReader::readWhole(Run& run, Job& job) const {
     const Frames length{job.loop.samples};
-    const auto folder = parts_.environment.runFolder();
+    const auto folder = job.runFolder();
     if (job.impossible || !folder || !run.pedal) {
         return job.impossible.value_or(
             Trouble{folder ? Trouble::Kind::noPedal : Trouble::Kind::noTemporaryFolder});
     }
-    if (auto full = tooLittleSpace(*folder, waveHeaderSize + length.bytes(), parts_.environment.freeSpace)) {
+    if (auto full = tooLittleSpace(*folder, waveHeaderSize + length.bytes(), job.freeSpace)) {
         return std::move(*full);
     }
     auto sound = Sound::arriving(*folder, job.slot, length);

@@ -32,7 +32,9 @@ Trouble cannotUse(const fs::path& path, int error) {
 /// The newest first.
 std::vector<Snapshot> datedIn(const fs::path& folder) {
     auto all = Generations(folder).snapshots();
-    std::erase_if(all, [](const Snapshot& each) { return !Generations::isDated(each.name); });
+    std::erase_if(all, [](const Snapshot& each) {  // others may be the user's own
+        return !Generations::isDated(each.name) || !each.folder.isComplete();
+    });
     std::ranges::reverse(all);
     return all;
 }
