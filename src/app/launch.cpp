@@ -8,6 +8,7 @@
 #include "app/main_window.h"
 #include "app/menu_bar.h"
 #include "device/kzq7306.h"
+#include "ui/scale.h"
 #include "ui/status/status_line.h"
 
 namespace kzq {
@@ -41,9 +42,10 @@ bool makeMenu(AppDelegate& controller, AppParts& parts) {
         menu->setModifierProbe(environment.modifiers);
     }
     auto& view = *menu->view();
-    const auto button = parts.window.menuButton()->geometry();
+    const auto button = placeOf(*parts.window.menuButton());
+    const auto size = placeOf(view).size();
     view.hide();
-    view.move(button.right() + 1 - view.width(), button.top());
+    place(view, {QPoint(button.right() + 1 - size.width(), button.top()), size});
     return true;
 }
 
@@ -182,6 +184,9 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
                          }
                      },
                  .openAboutBox = act(&AppDelegate::openAboutBox),
+                 .selectImportTab = act(&AppDelegate::selectImportTab),
+                 .selectExportTab = act(&AppDelegate::selectExportTab),
+                 .size = &window.sizeOnScreen(),
                  .openResults = [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
                  .saveReport = act(&AppDelegate::saveReport),
                  .quit = act(&AppDelegate::quit)});

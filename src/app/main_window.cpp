@@ -5,11 +5,14 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QVariant>
+#include <cmath>
 
 #include "app/menu_bar.h"
+#include "app/window_size.h"
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/scale.h"
 #include "ui/shield.h"
 #include "ui/status/status_line.h"
 
@@ -21,7 +24,7 @@ constexpr int headlinePixels = 24;
 constexpr int remedyPixels = 12;
 
 void dressLabel(QLabel& label, const QFont& font, const QColor& color) {
-    label.setFont(font);
+    dress(label, font);
     auto palette = label.palette();
     palette.setColor(QPalette::WindowText, color);
     label.setPalette(palette);
@@ -40,7 +43,8 @@ void nameByIdentifier(const QWidget& root) {
 
 MainWindow::MainWindow(QWidget* parent) : Window(parent) {
     ui_.setupUi(this);
-    setFixedSize(size());
+    Scale::ofProgram().take(*this);
+    size_ = new WindowSize(*this);
     setAutoFillBackground(true);
     auto ground = palette();
     ground.setColor(QPalette::Window, plateFootColor());
@@ -48,6 +52,7 @@ MainWindow::MainWindow(QWidget* parent) : Window(parent) {
     ui_.menuBar->setFixedSize(ui_.menuBar->size());
     nameByIdentifier(*this);
     dressMenuBar(*ui_.menuBar);
+    connect(&Scale::ofProgram(), &Scale::changed, this, [this] { dressMenuBar(*ui_.menuBar); });
     status_ = new StatusLine(ui_.menuBar);
     dress();
     dressEmptyState();
@@ -136,14 +141,30 @@ void MainWindow::offerStop(const std::function<void()>& act) {
     if (!act || shield_ == nullptr) {
         return;
     }
-    const auto& link = status_->link();
     stop_ = new StatusLink(shield_);  // NOLINT(cppcoreguidelines-owning-memory): the shield's child
     stop_->setWord("Stop");
-    stop_->move(link.mapTo(this, QPoint(link.width() - stop_->width(), 0)));
+    Scale::leaveAlone(*stop_);
     stop_->setFocusPolicy(Qt::StrongFocus);
     connect(stop_, &QAbstractButton::clicked, stop_, act);
     stop_->show();
+    placeStop();
     stop_->setFocus(Qt::OtherFocusReason);
+}
+
+/// Once the window is laid out anew; nothing else moves the link.
+void MainWindow::placeStop() {
+    if (stop_ == nullptr) {
+        return;
+    }
+    const auto& link = status_->link();
+    const int width = onScreen(std::ceil(advanceOf(stop_->text(), fontOf(*stop_))));
+    const auto corner = link.mapTo(this, QPoint(link.width() - width, 0));
+    stop_->setGeometry(QRect(corner, QSize(width, link.height())));
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    Window::resizeEvent(event);
+    placeStop();
 }
 
 void MainWindow::settleTabOrder() {
@@ -174,6 +195,7 @@ void MainWindow::settleTabOrder() {
 void MainWindow::centre() {
     const auto* const screen = QGuiApplication::screenAt(QCursor::pos());
     const auto place = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    size_->begin(place.size());
     move(place.center() - rect().center());
 }
 

@@ -12,6 +12,7 @@ namespace kzq {
 
 class StatusLine;
 class StatusLink;
+class WindowSize;
 
 /// The layout of the main window: its views by name, without their behaviour. The pictures and labels shown
 /// without a pedal appear and disappear opposite to the meter. Main thread.
@@ -52,8 +53,10 @@ class MainWindow : public Window {
 
     /// Sets the Tab order to the visual order. Call it once the rows are in their placeholders.
     void settleTabOrder();
-    /// Centres the window on the screen with the pointer.
+    /// Centres the window on the screen with the pointer, as large as fits there, at most at 100 %.
     void centre();
+    /// How large it is shown, from 75 % to 300 %, in its proportions.
+    WindowSize& sizeOnScreen() const { return *size_; }
 
     /// Why no pedal is available, in one line, shown while there is none; may be empty.
     void setRemedy(const QString& remedy);
@@ -68,12 +71,15 @@ class MainWindow : public Window {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void dress();
     void dressEmptyState();
+    void placeStop();
 
     Ui::MainWindow ui_;
+    WindowSize* size_;
     StatusLine* status_;
     QPointer<Shield> shield_;
     QPointer<StatusLink> stop_;  ///< over the shield

@@ -1,16 +1,62 @@
 #include "app/menu_bar.h"
 
 #include <QAction>
+#include <QActionGroup>
+#include <QFontMetrics>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
+#include <algorithm>
 
+#include "app/window_size.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
 namespace {
+
+constexpr int barHeight = 32;
+
+QString pixels(int length) {
+    return QString("%1px").arg(onScreen(length));
+}
+
+/// Padding and margin, above and below a word. The toolkit hides words that do not fit into the bar.
+QString besideWords() {
+    const int room = onScreen(barHeight) - 1 - QFontMetrics(fontOnScreen(textFont())).height();
+    return QString("%1px").arg(std::min(onScreen(4), room / 4));
+}
+
+void dressMenus(const QMenuBar& bar) {
+    for (auto* const menu : bar.findChildren<QMenu*>()) {
+        menu->setFont(fontOnScreen(textFont()));  // a window of its own does not inherit it
+    }
+}
+
+/// One of the usual sizes is marked while the window has it.
+void addSizes(QMenu& view, WindowSize& size) {
+    auto* const sizes = new QActionGroup(&view);
+    sizes->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (const int percent : {75, 100, 125, 150, 200, 300}) {
+        auto* const action =
+            view.addAction(QString("%1 %").arg(percent), [&size, percent] { size.set(percent); });
+        action->setCheckable(true);
+        action->setData(percent);
+        sizes->addAction(action);
+    }
+    const auto mark = [sizes] {
+        const int now = qRound(Scale::ofProgram().size() * 100);
+        for (auto* const action : sizes->actions()) {
+            action->setChecked(action->data().toInt() == now);
+        }
+    };
+    mark();
+    QObject::connect(&Scale::ofProgram(), &Scale::changed, sizes, mark);
+    QObject::connect(sizes, &QActionGroup::triggered, sizes, mark);
+    view.addAction("&Fit to Screen", [&size] { size.fitScreen(); });
+}
 
 void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
     menu.addAction("Select &All", actions.selectAll)->setShortcut(QKeySequence::SelectAll);
@@ -35,20 +81,23 @@ void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
 
 void dressMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
-    bar.setFont(textFont());
+    dress(bar, textFont());
     bar.setStyleSheet(
-        QString("QMenuBar { background: %1; color: %2; border: none; spacing: 4px; padding: 0px 22px; }"
-                "QMenuBar::item { padding: 4px 10px; margin: 4px 0px; border-radius: 4px; background: "
+        QString("QMenuBar { background: %1; color: %2; border: none; spacing: %7; padding: 0px %8; }"
+                "QMenuBar::item { padding: %14 %9; margin: %14 0px; border-radius: %7; background: "
                 "transparent; }"
                 "QMenuBar::item:selected { background: %3; }"
-                "QMenu { background: %4; color: %2; border: 1px solid %5; padding: 4px; }"
-                "QMenu::item { padding: 6px 28px; border-radius: 4px; }"
+                "QMenu { background: %4; color: %2; border: 1px solid %5; padding: %7; }"
+                "QMenu::item { padding: %10 %11; border-radius: %7; }"
                 "QMenu::item:selected { background: %3; }"
                 "QMenu::item:disabled { color: %6; }"
-                "QMenu::indicator { width: 12px; height: 12px; left: 8px; }"
+                "QMenu::indicator { width: %12; height: %12; left: %13; }"
                 "QMenu::indicator:checked { image: url(:/pictures/Menu_check.svg); }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
-                 panelColor().name(), outlineColor().name(), disabledWordColor().name()));
+                 panelColor().name(), outlineColor().name(), disabledWordColor().name())
+            .arg(pixels(4), pixels(22), pixels(10), pixels(6), pixels(28), pixels(12), pixels(8),
+                 besideWords()));
+    dressMenus(bar);
 }
 
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
@@ -59,14 +108,18 @@ void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     auto* const verify = bar.addMenu("&Loop")->addAction("&Verify After Export");
     verify->setCheckable(true);
     QObject::connect(verify, &QAction::toggled, verify, actions.verifyAfterExport);
-    auto* const results = bar.addMenu("&View")->addAction("&Recent Results", actions.openResults);
-    results->setShortcut(QKeySequence("Ctrl+R"));
+    auto* const view = bar.addMenu("&View");
+    view->addAction("&Import", actions.selectImportTab)->setShortcut(QKeySequence("Ctrl+1"));
+    view->addAction("&Export", actions.selectExportTab)->setShortcut(QKeySequence("Ctrl+2"));
+    view->addAction("&Recent Results", actions.openResults)->setShortcut(QKeySequence("Ctrl+R"));
+    if (actions.size != nullptr) {
+        view->addSeparator();
+        addSizes(*view, *actions.size);
+    }
     auto* const help = bar.addMenu("&Help");
     help->addAction("&Save Report\u2026", actions.saveReport);
     help->addAction("&About 7306 Loop Manager", actions.openAboutBox);
-    for (auto* const menu : bar.findChildren<QMenu*>()) {
-        menu->setFont(bar.font());  // a window of its own does not inherit it
-    }
+    dressMenus(bar);
 }
 
 }  // namespace kzq

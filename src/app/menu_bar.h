@@ -6,6 +6,8 @@ class QMenuBar;
 
 namespace kzq {
 
+class WindowSize;
+
 /// What the entries of the menu bar do.
 struct MenuBarActions {
     std::function<void()> selectAll;
@@ -15,15 +17,18 @@ struct MenuBarActions {
     std::function<void(bool)> explainKeep;  ///< while the pointer is on it
     std::function<void(bool)> verifyAfterExport;
     std::function<void()> openAboutBox;
+    std::function<void()> selectImportTab;
+    std::function<void()> selectExportTab;
+    WindowSize* size = nullptr;  ///< without it, the menu offers no sizes
     std::function<void()> openResults;
     std::function<void()> saveReport;
     std::function<void()> quit;
 };
 
-/// Paints the bar in the window's own colours, the same on every desktop.
+/// Paints the bar in the window's own colours, the same on every desktop, at the size of the program.
 void dressMenuBar(QMenuBar& bar);
 /// File with Quit, Edit with Select All, Bring Back and Keep Copies, Loop with Verify After Export, which is
-/// off, View with Recent Results, Help with Save Report and About. Once.
+/// off, View with the tabs, Recent Results and the sizes, Help with Save Report and About. Once.
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions);
 
 }  // namespace kzq

@@ -1,7 +1,5 @@
 #include "slots/drop_sign.h"
 
-#include <QFontMetricsF>
-
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -39,24 +37,22 @@ Outline outlineOf(DropSign::Kind kind) {
 
 }  // namespace
 
-void drawDropSign(QPainter& painter, const QRect& bounds, int nameLeft, const DropSign& sign) {
+void drawDropSign(ScaledPainter& painter, const QRectF& bounds, double nameLeft, const DropSign& sign) {
     const auto [picture, nameColour, wordsColour] = outlineOf(sign.kind);
     drawPicture(painter, picture, bounds);
-    painter.setFont(textFont(wordsPixels));
+    painter.setType(textFont(wordsPixels));
     painter.setPen(wordsColour);
     double left = bounds.left() + wordsRight;
     if (!sign.refusal.isEmpty()) {
-        left -= painter.fontMetrics().horizontalAdvance(sign.refusal);
-        painter.drawText(QPointF(left, wordsBaseline), sign.refusal);
-        left -= painter.fontMetrics().horizontalAdvance(QLatin1Char(' '));
+        left -= painter.advance(sign.refusal);
+        painter.write(QPointF(left, wordsBaseline), sign.refusal);
+        left -= painter.advance(QString(QLatin1Char(' ')));
     }
     drawFigures(painter, left, wordsBaseline, sign.length);
     left -= figuresWidth(sign.length);
-    painter.setFont(textFont());
+    painter.setType(textFont());
     painter.setPen(nameColour);
-    painter.drawText(
-        QPointF(nameLeft, wordsBaseline),
-        QFontMetricsF(painter.font()).elidedText(sign.name, Qt::ElideRight, left - beforeWords - nameLeft));
+    painter.write(QPointF(nameLeft, wordsBaseline), painter.elided(sign.name, left - beforeWords - nameLeft));
 }
 
 }  // namespace kzq

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QPainter>
-#include <QRect>
+#include <QRectF>
 #include <QString>
+
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -19,6 +20,6 @@ struct DropSign {
 };
 
 /// Its outline in `bounds`, the row's name field, with the words from `nameLeft` on.
-void drawDropSign(QPainter& painter, const QRect& bounds, int nameLeft, const DropSign& sign);
+void drawDropSign(ScaledPainter& painter, const QRectF& bounds, double nameLeft, const DropSign& sign);
 
 }  // namespace kzq

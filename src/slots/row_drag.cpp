@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "slots/slot.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -48,7 +49,7 @@ class RowDrag : public QObject {
     /// Whether the views do not see it.
     bool move(const QMouseEvent& event) {
         const bool begins = start_ && event.buttons().testFlag(Qt::LeftButton) && row_.occupied() &&
-                            QLineF(*start_, event.globalPosition()).length() >= farEnough;
+                            QLineF(*start_, event.globalPosition()).length() >= onScreen(farEnough);
         if (begins && row_.delegate() != nullptr) {
             start_.reset();
             dragging_ = true;

@@ -20,7 +20,7 @@ struct RowContents {
     bool plays = false;
 };
 
-/// Where it stands, in logical pixels from the row's left edge.
+/// Where it stands, in pixels of 100 % from the row's left edge.
 struct RowLayout {
     double nameRight = 0;   ///< a longer name is cut here
     double clockRight = 0;  ///< where the length ends

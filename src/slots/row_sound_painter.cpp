@@ -13,7 +13,7 @@ namespace {
 constexpr int clockPixels = 12;
 constexpr int clockBaseline = 18;
 
-QColor clockColour(RowGround ground, bool plays) {
+QColor clockColour(RowGround ground, bool plays, double deviceScale) {
     switch (ground) {
         case RowGround::console:
             return lengthOnConsoleColor();
@@ -22,7 +22,7 @@ QColor clockColour(RowGround ground, bool plays) {
         case RowGround::groove:
             break;
     }
-    return plays ? creamColor() : lengthColor();
+    return plays ? creamColor() : lengthColor(deviceScale);
 }
 
 void drawWaveforms(QPainter& painter, const RowSound& sound, RowGround ground, const RowLayout& layout) {
@@ -34,8 +34,7 @@ void drawWaveforms(QPainter& painter, const RowSound& sound, RowGround ground, c
                       .playhead = {},
                       .sounds = !sound.other};
     if (sound.plays()) {
-        waveform.playhead =
-            playheadAt(sound.position, waveform.left, waveform.right, painter.device()->devicePixelRatioF());
+        waveform.playhead = playheadAt(sound.position, waveform.left, waveform.right, deviceScaleOf(painter));
     }
     if (sound.compares) {
         drawWaveform(painter, waveform);
@@ -51,14 +50,14 @@ void drawWaveforms(QPainter& painter, const RowSound& sound, RowGround ground, c
 
 }  // namespace
 
-void drawRowSound(QPainter& painter, const Slot& row) {
+void drawRowSound(ScaledPainter& painter, const Slot& row) {
     const auto ground = row.ground();
     const auto layout = row.layout();
     if (layout.waveLeft) {
         drawWaveforms(painter, row.sound(), ground, layout);
     }
-    painter.setFont(textFont(clockPixels));
-    painter.setPen(clockColour(ground, row.sound().plays()));
+    painter.setType(textFont(clockPixels));
+    painter.setPen(clockColour(ground, row.sound().plays(), painter.deviceScale()));
     drawFigures(painter, layout.clockRight, clockBaseline, row.clock());
 }
 

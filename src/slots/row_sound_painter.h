@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QPainter>
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
 class Slot;
 
 /// Draws the row's waveform and its length, or the time played, in the row's coordinates.
-void drawRowSound(QPainter& painter, const Slot& row);
+void drawRowSound(ScaledPainter& painter, const Slot& row);
 
 }  // namespace kzq

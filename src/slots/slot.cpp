@@ -8,6 +8,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
 #include "ui_Slot.h"
 
 namespace kzq {
@@ -87,9 +88,9 @@ void Slot::setUp() {
     button_->setImage(textOf(isExport() ? "Export_Add_Empty" : "Import_Selector_gray"));
     button_->setEnabled(isExport());
     x_->hide();
-    originalFieldFrame_ = field_->geometry();
+    originalFieldFrame_ = placeOf(*field_);
     shiftedFieldFrame_ = originalFieldFrame_;
-    shiftedFieldFrame_.setLeft(x_->x() + x_->width() + gapAfterX);
+    shiftedFieldFrame_.setLeft(placeOf(*x_).right() + 1 + gapAfterX);
     setDefaultName(textOf(loopName(number_).c_str()));
     registerForDrops(true);
     if (!isExport()) {
@@ -190,7 +191,7 @@ void Slot::placeX(bool shown) {
         button_->setFocus(Qt::TabFocusReason);  // else the focus would jump to the next row
     }
     x_->setVisible(shown);
-    field_->setGeometry(shown ? shiftedFieldFrame_ : originalFieldFrame_);
+    place(*field_, shown ? shiftedFieldFrame_ : originalFieldFrame_);
 }
 
 std::optional<QString> Slot::nameOfExport() const {

@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 
 #include "ui/pictures.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -19,6 +20,10 @@ void SlotCompare::setOther(bool other) {
     const QSignalBlocker noAction(this);
     setChecked(other);
     update();
+}
+
+QRect SlotCompare::focusRingRect() const {
+    return rect().adjusted(onScreen(4), 0, 0, 0);
 }
 
 QString SlotCompare::pictureName() const {

@@ -14,7 +14,7 @@ class SlotCompare : public KeyButton {
 
     void setOther(bool other);
     QString pictureName() const;
-    QRect focusRingRect() const override { return rect().adjusted(4, 0, 0, 0); }
+    QRect focusRingRect() const override;
 
   Q_SIGNALS:
     /// Clicked, in whatever way.

@@ -1,15 +1,16 @@
 #include "slots/slot_field.h"
 
-#include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 
 #include "slots/slot.h"
 #include "slots/slot_field_editor.h"
 #include "slots/slot_field_editor_layout_manager.h"
 #include "slots/slot_field_esc.h"
 #include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -178,20 +179,19 @@ void SlotField::paintEvent(QPaintEvent* /*event*/) {
     if (editor_ != nullptr || (controller() != nullptr && controller()->dropSign())) {
         return;
     }
-    QPainter painter(this);
-    const auto font = styledFont_.value_or(textFont());
-    painter.setFont(font);
+    ScaledPainter painter(this);
+    painter.setType(styledFont_.value_or(textFont()));
+    const bool resting = textColour_ == restingTextColor();
     auto name = text_;
-    auto colour = textColour_;
-    double room = width();
+    auto colour = resting ? restingTextColor(painter.deviceScale()) : textColour_;
+    double room = painter.bounds().width();
     if (const auto* const row = controller(); row != nullptr) {
         name = row->nameInSight();
         colour = row->nameColour(colour);
-        room = row->layout().nameRight - x();
+        room = row->layout().nameRight - placeOf(*this).x();
     }
     painter.setPen(colour);
-    const auto shown = QFontMetricsF(font).elidedText(name, Qt::ElideRight, room);
-    painter.drawText(QPointF(0, SlotFieldEditorLayoutManager::baseline), shown);
+    painter.write(QPointF(0, SlotFieldEditorLayoutManager::baseline), painter.elided(name, room));
 }
 
 void SlotField::mousePressEvent(QMouseEvent* event) {
@@ -217,7 +217,7 @@ void SlotField::keyPressEvent(QKeyEvent* event) {
 void SlotField::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     if (editor_ != nullptr) {
-        editor_->setGeometry(rect());
+        place(*editor_, {QPoint(), placeOf(*this).size()});
     }
 }
 

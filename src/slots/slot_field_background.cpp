@@ -1,10 +1,10 @@
 #include "slots/slot_field_background.h"
 
-#include <QPainter>
-
 #include "slots/row_sound_painter.h"
 #include "slots/slot.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -16,20 +16,22 @@ void SlotFieldBackground::setImage(const QString& name) {
 }
 
 void SlotFieldBackground::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    drawPicture(painter, image_, rect());
+    ScaledPainter painter(this);
+    const auto bounds = painter.bounds();
+    drawPicture(painter, image_, bounds);
     const auto* const row = controller();
     if (row != nullptr && row->dropSign() && row->field() != nullptr) {
-        drawDropSign(painter, rect(), row->field()->x() - x(), *row->dropSign());
+        drawDropSign(painter, bounds, placeOf(*row->field()).x() - placeOf(*this).x(), *row->dropSign());
         return;
     }
     if (row != nullptr) {
-        painter.translate(-pos());
+        const auto corner = placeOf(*this).topLeft();
+        painter.translate(-corner);
         drawRowSound(painter, *row);
-        painter.translate(pos());
+        painter.translate(corner);
     }
     if (row != nullptr && row->view() != nullptr && row->view()->dropHovering()) {
-        drawPicture(painter, QString::fromLatin1("Export_field_drop"), rect());
+        drawPicture(painter, QString::fromLatin1("Export_field_drop"), bounds);
     }
 }
 

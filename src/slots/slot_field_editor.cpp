@@ -6,10 +6,12 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 
 #include "slots/slot_field.h"
 #include "slots/slot_field_editor_layout_manager.h"
 #include "slots/slot_field_esc.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -65,7 +67,7 @@ void SlotFieldEditor::enter(SlotField& field, const QString& text) {
     field_ = &field;
     focusReason_ = Qt::OtherFocusReason;
     setParent(&field);
-    setGeometry(field.rect());
+    place(*this, {QPoint(), placeOf(field).size()});
     setAccessibleName(field.accessibleName());
     setText(text);
     selectAll();
@@ -85,8 +87,8 @@ void SlotFieldEditor::setText(const QString& text) {
 }
 
 void SlotFieldEditor::setTextStyle(const QFont& font, const QColor& colour) {
-    if (this->font() != font) {
-        setFont(font);
+    if (fontOf(*this) != font) {
+        dress(*this, font);
     }
     auto colours = palette();
     colours.setColor(QPalette::Text, colour);
@@ -100,7 +102,9 @@ void SlotFieldEditor::collapseSelection() {
 }
 
 QRectF SlotFieldEditor::insertionPointRect(qreal x) {
-    return {x, caretTop, 1, caretHeight};
+    const qreal top = onScreen(caretTop);
+    const qreal foot = onScreen(caretTop + caretHeight);
+    return {x, top, std::max(1.0, std::floor(Scale::ofProgram().size())), foot - top};
 }
 
 void SlotFieldEditor::keyPressEvent(QKeyEvent* event) {

@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "ui/palette.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -42,7 +43,8 @@ void SlotFieldEditorLayoutManager::fillBackgroundRects(QPainter& painter, const 
     const bool selection = selectsText(colour, palette);
     for (auto rect : rects) {
         if (selection) {
-            rect = QRectF(rect.x(), highlightTop, rect.width(), highlightHeight);
+            const auto top = onScreen(highlightTop);
+            rect = QRectF(rect.x(), top, rect.width(), onScreen(highlightTop + highlightHeight) - top);
         }
         painter.fillRect(rect, selection ? KZQTextHighlight() : colour);
     }
@@ -71,7 +73,8 @@ int SlotFieldEditorLayoutManager::hitTest(const QPointF& point, Qt::HitTestAccur
 }
 
 QSizeF SlotFieldEditorLayoutManager::documentSize() const {
-    return {std::ceil(width_) + 1, lineHeight};  // room for the caret at the end
+    return {std::ceil(width_) + 1,
+            static_cast<qreal>(onScreen(lineHeight))};  // room for the caret at the end
 }
 
 QRectF SlotFieldEditorLayoutManager::frameBoundingRect(QTextFrame* /*frame*/) const {
@@ -92,7 +95,7 @@ void SlotFieldEditorLayoutManager::documentChanged(int /*from*/, int /*removed*/
     auto line = layout->createLine();
     if (line.isValid()) {
         line.setLineWidth(boundless);  // also measures the line
-        line.setPosition(QPointF(0, baseline - line.ascent()));
+        line.setPosition(QPointF(0, onScreen(baseline) - line.ascent()));
     }
     layout->endLayout();
     width_ = line.isValid() ? line.naturalTextWidth() : 0;

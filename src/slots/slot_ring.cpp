@@ -1,9 +1,9 @@
 #include "slots/slot_ring.h"
 
-#include <QPainter>
-
 #include "slots/slot.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -14,6 +14,11 @@ SlotRing::SlotRing(QWidget* parent) : KeyButton(parent) {
 
 void SlotRing::setController(Slot* controller) {
     controller_ = controller;
+}
+
+QRect SlotRing::focusRingRect() const {
+    return {onScreen(picture_.x()), onScreen(picture_.y()), onScreen(picture_.width()),
+            onScreen(picture_.height())};
 }
 
 QString SlotRing::pictureName() const {
@@ -30,7 +35,7 @@ QString SlotRing::pictureName() const {
 }
 
 void SlotRing::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
     drawPicture(painter, pictureName(), picture_);
 }
 

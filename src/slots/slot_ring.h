@@ -22,7 +22,7 @@ class SlotRing : public KeyButton {
 
     /// For the present state; empty while the number is shown.
     QString pictureName() const;
-    QRect focusRingRect() const override { return picture_; }
+    QRect focusRingRect() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,6 +1,5 @@
 // What a row shows of its loop's sound, and what the user does with it.
 
-#include <QFontMetricsF>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -98,10 +98,9 @@ RowLayout Slot::layout() const {
     const bool yellow = isStaged() && occupied_;
     RowContents contents{.ground = ground(), .plays = sound_.plays()};
     if (field_ != nullptr) {
-        const QFontMetricsF metrics(textFont());
-        contents.nameLeft = field_->x();
-        contents.nameWidth = std::max(metrics.horizontalAdvance(field_->text()),
-                                      yellow ? metrics.horizontalAdvance(defaultName_) : 0);
+        contents.nameLeft = placeOf(*field_).x();
+        contents.nameWidth =
+            std::max(advanceOf(field_->text(), textFont()), yellow ? advanceOf(defaultName_, textFont()) : 0);
     }
     if (canPlay() && length_.count != 0) {
         contents.clockWidth =

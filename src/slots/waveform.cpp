@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "ui/palette.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -65,18 +66,20 @@ void drawWaveform(QPainter& painter, const Waveform& waveform) {
         const bool played = waveform.sounds && waveform.playhead && x < *waveform.playhead;
         const auto resting =
             known ? (tape ? waveOnTapeColor() : waveColor()) : (tape ? missingOnTapeColor() : missingColor());
-        painter.fillRect(bar, known && played ? creamColor() : resting);
+        painter.fillRect(sharp(painter, bar), known && played ? creamColor() : resting);
     }
 }
 
-double playheadAt(double position, int left, int right, double ratio) {
+double playheadAt(double position, int left, int right, double deviceScale) {
     const double exact = left + std::clamp(position, 0.0, 1.0) * (right - barWidth - left);
-    return std::round(exact * ratio) / ratio;
+    return std::round(exact * deviceScale) / deviceScale;
 }
 
 void drawPlayhead(QPainter& painter, double x, RowGround ground) {
     const int top = ground == RowGround::tape ? tapeTop : 0;
-    painter.fillRect(QRectF(x, top, barWidth, grooveFoot - top), KZQYellow());
+    const auto scale = deviceScaleOf(painter);
+    const double width = std::ceil(barWidth * scale) / scale;  // never thinner than a bar
+    painter.fillRect(sharp(painter, QRectF(x, top, width, grooveFoot - top)), KZQYellow());
 }
 
 }  // namespace kzq

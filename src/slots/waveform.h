@@ -22,11 +22,12 @@ struct Waveform {
     bool sounds = false;             ///< the bars before the playhead are cream
 };
 
+/// On whole pixels of the device.
 void drawWaveform(QPainter& painter, const Waveform& waveform);
 
 /// The left edge of the playhead, 2 wide, when `position` (0 to 1) of the sound has been played: on a whole
-/// device pixel of `ratio`.
-double playheadAt(double position, int left, int right, double ratio);
+/// device pixel, with `deviceScale` of them to one of 100 %.
+double playheadAt(double position, int left, int right, double deviceScale);
 void drawPlayhead(QPainter& painter, double x, RowGround ground);
 
 }  // namespace kzq

@@ -1,6 +1,6 @@
 #include "ui/alert_button.h"
 
-#include <QPainter>
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -43,15 +43,16 @@ ButtonFace AlertButton::painted() const {
 
 void AlertButton::paintEvent(QPaintEvent* /*event*/) {
     const auto face = painted();
-    QPainter painter(this);
+    ScaledPainter painter(this);
+    const auto bounds = painter.bounds().toRect();
     if (face_ != Face::green) {
-        drawButtonFace(painter, rect(), face, text());
+        drawButtonFace(painter, bounds, face, text());
         return;
     }
-    drawButtonFace(painter, rect(), face, QString(chevronsRoom, ' ') + text());
-    const double word = painter.fontMetrics().horizontalAdvance(text());
-    const double left = (width() - word) / 2 - chevronsLeft;
-    const double middle = upperMiddle(rect(), face);
+    drawButtonFace(painter, bounds, face, QString(chevronsRoom, ' ') + text());
+    const double word = painter.advance(text());
+    const double left = (bounds.width() - word) / 2 - chevronsLeft;
+    const double middle = upperMiddle(bounds, face);
     painter.setPen(QPen(face.word, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     for (const double x : {left, left + chevronPitch}) {
         painter.drawPolyline(QPolygonF{{x + 4, middle - 4}, {x, middle}, {x + 4, middle + 4}});

@@ -1,7 +1,6 @@
 #include "ui/alert_panel.h"
 
 #include <QLabel>
-#include <QPainter>
 #include <algorithm>
 #include <vector>
 
@@ -12,6 +11,8 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -38,18 +39,20 @@ int AlertPanel::addText(const std::string& text, int top, const TextStyle& style
     const auto plain = QString::fromStdString(text);
     // rich text, because a plain label has no line height setting
     const auto html = QString("<div style=\"line-height:%1px\">%2</div>")
-                          .arg(style.line)
+                          .arg(onScreen(style.line))
                           .arg(plain.toHtmlEscaped().replace('\n', "<br>"));
     auto* label = new QLabel(html, this);
     label->setTextFormat(Qt::RichText);
     label->setFont(textFont(style.pixels));
     label->setWordWrap(true);
+    Scale::ofProgram().adopt(*label);
     label->setAccessibleName(plain);
     auto colors = label->palette();
     colors.setColor(QPalette::WindowText, style.color);
     label->setPalette(colors);
-    label->setGeometry(textLeft, top, textWidth, label->heightForWidth(textWidth));
-    return label->geometry().bottom() + 1;
+    const int height = heightFor(*label, textWidth);
+    place(*label, {textLeft, top, textWidth, height});
+    return top + height;
 }
 
 AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
@@ -57,6 +60,7 @@ AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
                           Qt::WindowStaysOnTopHint),
       mark_(alert.destroys ? "Alert_question" : "Alert_notice"),
       answer_(alertFirstButton + static_cast<int>(alert.buttons.size()) - 1) {
+    Scale::ofProgram().take(*this);
     setWindowTitle("7306 Loop Manager");
     auto bottom = addText(alert.headline, markFrame.top(), {15, 20, KZQWhite()});
     if (!alert.finePrint.empty()) {
@@ -66,12 +70,13 @@ AlertPanel::AlertPanel(const Alert& alert, QWidget* parent)
         bottom = addOption(alert.option, bottom + 16);
     }
     addButtons(alert, std::max(bottom + 24, markFrame.bottom() + 1 + 20));
+    Scale::ofProgram().adopt(*this);  // to be centred with its size
 }
 
 int AlertPanel::addOption(const std::string& title, int top) {
     option_ = new CheckBox(QString::fromStdString(title), this);
-    option_->move(textLeft, top);
-    return option_->geometry().bottom() + 1;
+    place(*option_, {QPoint(textLeft, top), option_->sizeHint()});
+    return top + option_->sizeHint().height();
 }
 
 bool AlertPanel::ticked() const {
@@ -107,11 +112,11 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
         left -= button->sizeHint().width() + buttonsGap;
     }
     for (auto* button : shown) {
-        button->setGeometry({{left, top}, button->sizeHint()});
-        left += button->width() + buttonsGap;
+        place(*button, {{left, top}, button->sizeHint()});
+        left += button->sizeHint().width() + buttonsGap;
     }
-    const auto height = shown.empty() ? 0 : shown.front()->height();
-    setFixedSize(panelWidth, top + height + foot);
+    const auto height = shown.empty() ? 0 : shown.front()->sizeHint().height();
+    place(*this, {0, 0, panelWidth, top + height + foot});
     auto* ring = new FocusRing(this);
     if (!shown.empty()) {
         auto* const usual = alert.destroys ? shown.back() : shown.front();
@@ -121,8 +126,8 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
 }
 
 void AlertPanel::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    drawPlate(painter, rect());
+    ScaledPainter painter(this);
+    drawPlate(painter, painter.bounds().toAlignedRect());
     drawPicture(painter, mark_, markFrame);
     Q_EMIT appeared();
 }

@@ -74,7 +74,8 @@ ButtonFace greenFace(ButtonState state) {
     return disabledFace();
 }
 
-void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word) {
+void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFace& face,
+                    const QString& word) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     const auto upper = upperSide(bounds, face);
@@ -87,9 +88,9 @@ void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& fa
     light.setColorAt(1, face.foot);
     painter.setBrush(light);
     painter.drawRoundedRect(upper, radius, radius);
-    painter.setFont(wordFont());
+    painter.setType(wordFont());
     painter.setPen(face.word);
-    painter.drawText(upper, Qt::AlignCenter, word);
+    painter.write(upper, Qt::AlignCenter, word);
 }
 
 double upperMiddle(const QRect& bounds, const ButtonFace& face) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QColor>
-#include <QPainter>
+#include <QString>
+
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -21,7 +23,7 @@ ButtonFace creamFace(ButtonState state);
 ButtonFace greenFace(ButtonState state);
 
 /// Draws the face over `bounds`, with `word` in the middle of its upper side.
-void drawButtonFace(QPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word);
+void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word);
 
 /// Where the middle of that side is: it lies lower when pressed.
 double upperMiddle(const QRect& bounds, const ButtonFace& face);

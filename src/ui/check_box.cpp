@@ -5,6 +5,8 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -29,18 +31,18 @@ CheckBox::CheckBox(const QString& title, QWidget* parent) : QAbstractButton(pare
 
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): a property
 QRect CheckBox::focusRingRect() const {
-    return box;
+    return {onScreen(box.x()), onScreen(box.y()), onScreen(box.width()), onScreen(box.height())};
 }
 
 QSize CheckBox::sizeHint() const {
-    return {boxSide + gap + fontMetrics().horizontalAdvance(text()), rowHeight};
+    return {boxSide + gap + static_cast<int>(std::ceil(advanceOf(text(), textFont()))), rowHeight};
 }
 
 void CheckBox::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
     drawPicture(painter, isChecked() ? "Check_on" : "Check_off", box);
     painter.setPen(underMouse() ? KZQWhite() : creamColor());
-    painter.drawText(rect().adjusted(boxSide + gap, 0, 0, 0), Qt::AlignVCenter, text());
+    painter.write(painter.bounds().adjusted(boxSide + gap, 0, 0, 0), Qt::AlignVCenter, text());
 }
 
 }  // namespace kzq

@@ -1,7 +1,5 @@
 #include "ui/figures.h"
 
-#include <QFontMetricsF>
-
 namespace kzq {
 
 namespace {
@@ -20,13 +18,12 @@ double figuresWidth(const QString& clock) {
     return width;
 }
 
-void drawFigures(QPainter& painter, double right, double baseline, const QString& clock) {
-    const QFontMetricsF metrics(painter.font());
+void drawFigures(ScaledPainter& painter, double right, double baseline, const QString& clock) {
     double x = right - figuresWidth(clock);
     for (const auto character : clock) {
         const auto cell = cellOf(character);
-        painter.drawText(QPointF(x + (cell - metrics.horizontalAdvance(character)) / 2, baseline),
-                         QString(character));
+        const QString sign(character);
+        painter.write(QPointF(x + (cell - painter.advance(sign)) / 2, baseline), sign);
         x += cell;
     }
 }

@@ -3,23 +3,31 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QPainter>
+#include <cmath>
 
 #include "ui/palette.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
 namespace {
 
-constexpr int stroke = 2;
-constexpr int distance = 3;  // from the control to the middle of the stroke
-constexpr int reach = 4;     // from the control to the outer edge
+constexpr int thickness = 2;
+constexpr int distance = 2;  // from the control
 constexpr int usualRadius = 6;
+
+/// In pixels of the screen.
+int stroke() {
+    return static_cast<int>(std::ceil(thickness * Scale::ofProgram().size()));
+}
 
 }  // namespace
 
 FocusRing::FocusRing(QWidget* page) : QWidget(page) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
+    Scale::leaveAlone(*this);
     hide();
+    connect(&Scale::ofProgram(), &Scale::changed, this, &FocusRing::follow);
     qApp->installEventFilter(this);
 }
 
@@ -75,6 +83,7 @@ void FocusRing::follow() {
         ring = control_->rect();
     }
     ring.moveTopLeft(control_->mapTo(parentWidget(), ring.topLeft()));
+    const int reach = onScreen(distance) + stroke();
     setGeometry(ring.adjusted(-reach, -reach, reach, reach));
     raise();
     show();
@@ -85,11 +94,11 @@ void FocusRing::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     const auto given = control_->property("focusRingRadius");
-    const auto radius = (given.isValid() ? given.toInt() : usualRadius) + distance;
-    const auto inset = reach - distance;
+    const auto radius = onScreen((given.isValid() ? given.toInt() : usualRadius) + distance + thickness / 2);
+    const auto inset = stroke() / 2.0;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(KZQLinkHover(), stroke));
+    painter.setPen(QPen(KZQLinkHover(), stroke()));
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
 }
 

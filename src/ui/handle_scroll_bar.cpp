@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/palette.h"
+#include "ui/scale.h"
 
 namespace kzq {
 namespace {
@@ -19,8 +20,12 @@ HandleScrollBar::HandleScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, par
     setCursor(Qt::ArrowCursor);
 }
 
+QSize HandleScrollBar::sizeHint() const {
+    return QSize(barWidth, barWidth) * Scale::ofProgram().size();
+}
+
 QRect HandleScrollBar::track() const {
-    return rect().marginsRemoved(room);
+    return rect().marginsRemoved(room * Scale::ofProgram().size());
 }
 
 QRect HandleScrollBar::handle() const {
@@ -30,8 +35,8 @@ QRect HandleScrollBar::handle() const {
     }
     auto handle = track();
     const int whole = handle.height();
-    const int length =
-        std::clamp(whole * pageStep() / (range + pageStep()), std::min(shortestHandle, whole), whole);
+    const int length = std::clamp(whole * pageStep() / (range + pageStep()),
+                                  std::min(onScreen(shortestHandle), whole), whole);
     handle.setHeight(length);
     handle.translate(0, (whole - length) * (value() - minimum()) / range);
     return handle;

@@ -12,7 +12,7 @@ class HandleScrollBar : public QScrollBar {
 
     explicit HandleScrollBar(QWidget* parent);
 
-    QSize sizeHint() const override { return {barWidth, barWidth}; }
+    QSize sizeHint() const override;
     /// Empty while there is nothing to scroll.
     QRect handle() const;
 

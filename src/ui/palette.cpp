@@ -82,12 +82,12 @@ QColor warningColor() {
     return {0xFF, 0x9F, 0x43};
 }
 
-QColor restingTextColor() {
-    return {255, 255, 255, 128};
+QColor restingTextColor(double deviceScale) {
+    return {255, 255, 255, deviceScale < 1 ? 153 : 128};
 }
 
-QColor lengthColor() {
-    return {0xF3, 0xE9, 0xD8, 140};
+QColor lengthColor(double deviceScale) {
+    return {0xF3, 0xE9, 0xD8, deviceScale < 1 ? 166 : 140};
 }
 
 QColor lengthOnTapeColor() {

@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "ui/pictures.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -22,11 +23,13 @@ void PictureView::setFit(Fit fit) {
 
 void PictureView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    if (fit_ == Fit::cropped) {
-        drawPictureCropped(painter, picture_, rect());
-    } else {
+    if (fit_ == Fit::scaled) {
         drawPicture(painter, picture_, rect());
+        return;
     }
+    const auto scale = scaleOf(*this);
+    painter.scale(scale, scale);
+    drawPictureCropped(painter, picture_, {0, 0, width() / scale, height() / scale});
 }
 
 }  // namespace kzq

@@ -6,10 +6,14 @@
 #include <QSvgRenderer>
 #include <cmath>
 
+#include "ui/scaled_painter.h"
+#include "ui/sharp_picture.h"
+
 namespace kzq {
 
 namespace {
 
+constexpr double smallest = 0.7;           // of a picture; icons may be smaller, and are for the eye to judge
 constexpr int cacheKilobytes = 48 * 1024;  // the plate at 2x is 6 MB
 
 QString pathOf(const QString& name) {
@@ -20,6 +24,17 @@ QString pathOf(const QString& name) {
 QSizeF scaleOf(const QPainter& painter) {
     const auto transform = painter.deviceTransform();
     return {std::hypot(transform.m11(), transform.m12()), std::hypot(transform.m21(), transform.m22())};
+}
+
+/// Its SVG, for drawing it in so many pixels.
+QByteArray contentOf(const QString& name, QSize pixels) {
+    QFile file(pathOf(name));
+    const auto svg = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const auto size = picture(name)->size;
+    const QSizeF scale(pixels.width() / size.width(), pixels.height() / size.height());
+    return (isWhole(scale.width()) && isWhole(scale.height())) || scale.width() < smallest
+               ? svg
+               : sharpPicture(svg, scale);
 }
 
 QPixmap rendered(const QString& name, QSize pixels) {
@@ -34,7 +49,7 @@ QPixmap rendered(const QString& name, QSize pixels) {
         pixmap = QPixmap(pixels);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        QSvgRenderer(pathOf(name)).render(&painter, QRectF({0, 0}, QSizeF(pixels)));
+        QSvgRenderer(contentOf(name, pixels)).render(&painter, QRectF({0, 0}, QSizeF(pixels)));
         painter.end();
         QPixmapCache::insert(key, pixmap);
     }
@@ -71,7 +86,11 @@ bool drawPicture(QPainter& painter, const QString& name, const QRectF& target) {
     const auto pixmap = rendered(name, pixels);
     // one pixel of the pixmap to one of the device, where the target's edges fall between pixels as well
     const QSizeF exact(pixels.width() / scale.width(), pixels.height() / scale.height());
-    painter.drawPixmap(QRectF(target.topLeft(), exact), pixmap, QRectF(pixmap.rect()));
+    const bool whole = isWhole(scale.width()) && isWhole(scale.height());
+    const auto corner =
+        whole ? target.topLeft()
+              : QPointF(toPixel(target.x(), scale.width()), toPixel(target.y(), scale.height()));
+    painter.drawPixmap(QRectF(corner, exact), pixmap, QRectF(pixmap.rect()));
     return true;
 }
 

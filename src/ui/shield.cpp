@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/palette.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -26,6 +27,7 @@ Shield::Shield(QWidget* parent, double wash)
     setAccessibleName("The 7306 is busy");  // read out by a screen reader
     setMouseTracking(true);
     setAcceptDrops(true);
+    Scale::leaveAlone(*this);
     setGeometry(parent->rect());
     parent->installEventFilter(this);
     show();

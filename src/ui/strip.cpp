@@ -1,7 +1,5 @@
 #include "ui/strip.h"
 
-#include <QFontMetricsF>
-#include <QPainter>
 #include <algorithm>
 #include <utility>
 
@@ -9,6 +7,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -53,15 +52,16 @@ QColor shadow() {
 Strip::Strip(std::vector<CarriedLoop> loops, QWidget* window)
     : QWidget(window, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput |
                           Qt::NoDropShadowWindowHint | Qt::BypassWindowManagerHint),
-      loops_(std::move(loops)) {
+      loops_(std::move(loops)),
+      size_(Scale::ofProgram().size()) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    resize(extent(loops_.size()).size());
+    resize(extent(loops_.size()).size() * size_);
 }
 
 QPoint Strip::hotSpot() const {
-    return pointerAt - extent(loops_.size()).topLeft();
+    return (pointerAt - extent(loops_.size()).topLeft()) * size_;
 }
 
 void Strip::follow(QPoint pointer) {
@@ -81,17 +81,17 @@ QPixmap Strip::picture() const {
     QPixmap pixmap(size() * devicePixelRatioF());
     pixmap.setDevicePixelRatio(devicePixelRatioF());
     pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
+    ScaledPainter painter(&pixmap, size_);
     paint(painter, true);
     return pixmap;
 }
 
 void Strip::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this, size_);
     paint(painter, false);
 }
 
-void Strip::paint(QPainter& painter, bool whole) const {
+void Strip::paint(ScaledPainter& painter, bool whole) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-extent(loops_.size()).topLeft());
     const auto arrived = QString("%1 %").arg(percent_);
@@ -104,7 +104,8 @@ void Strip::paint(QPainter& painter, bool whole) const {
     }
 }
 
-void Strip::paintStrip(QPainter& painter, QPointF at, const CarriedLoop& loop, const QString& figures) const {
+void Strip::paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& loop,
+                       const QString& figures) const {
     const QRectF body(at, tape);
     painter.setPen(Qt::NoPen);
     painter.setBrush(shadow());
@@ -112,31 +113,27 @@ void Strip::paintStrip(QPainter& painter, QPointF at, const CarriedLoop& loop, c
     painter.setBrush(grooveColor());
     painter.drawRoundedRect(body.adjusted(-1, -1, 1, 1), 3, 3);
     drawPicture(painter, "Drag_strip", body);
-    const auto font = textFont();
-    painter.setFont(font);
+    painter.setType(textFont());
     painter.setPen(KZQWhite());
-    painter.drawText(at + QPointF(nameLeft, stripBaseline),
-                     QFontMetricsF(font).elidedText(loop.name, Qt::ElideRight, nameWidth));
-    painter.setFont(textFont(lengthPixels));
+    painter.write(at + QPointF(nameLeft, stripBaseline), painter.elided(loop.name, nameWidth));
+    painter.setType(textFont(lengthPixels));
     auto cream = creamColor();
     cream.setAlphaF(lengthStrength);
     painter.setPen(cream);
     drawFigures(painter, at.x() + lengthRight, at.y() + stripBaseline, figures);
 }
 
-void Strip::paintCount(QPainter& painter, QPointF at) const {
+void Strip::paintCount(ScaledPainter& painter, QPointF at) const {
     const auto width = scrapWidth(loops_.size());
     painter.setPen(Qt::NoPen);
     painter.setBrush(shadow());
     painter.drawRoundedRect(QRectF(at + QPointF(2, 3), QSizeF(width - 4, scrapHeight)), 1, 1);
     drawPicture(painter, width == scrapWidth(1) ? "Drag_count" : "Drag_count_wide",
                 QRectF(at, QSizeF(width, scrapHeight)));
-    const auto font = firaSans(FiraWeight::medium, 13).value_or(textFont());
     const auto count = QString::number(loops_.size());
-    painter.setFont(font);
+    painter.setType(firaSans(FiraWeight::medium, 13).value_or(textFont()));
     painter.setPen(Qt::black);
-    painter.drawText(at + QPointF((width - QFontMetricsF(font).horizontalAdvance(count)) / 2, countBaseline),
-                     count);
+    painter.write(at + QPointF((width - painter.advance(count)) / 2, countBaseline), count);
 }
 
 }  // namespace kzq

@@ -5,6 +5,8 @@
 #include <QWidget>
 #include <vector>
 
+#include "ui/scaled_painter.h"
+
 namespace kzq {
 
 /// A loop as it hangs under the pointer while it is carried out of the window.
@@ -32,11 +34,13 @@ class Strip : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void paint(QPainter& painter, bool whole) const;
-    void paintStrip(QPainter& painter, QPointF at, const CarriedLoop& loop, const QString& figures) const;
-    void paintCount(QPainter& painter, QPointF at) const;
+    void paint(ScaledPainter& painter, bool whole) const;
+    void paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& loop,
+                    const QString& figures) const;
+    void paintCount(ScaledPainter& painter, QPointF at) const;
 
     std::vector<CarriedLoop> loops_;
+    const double size_;  ///< the program's, when it was picked up
     int percent_ = 0;
 };
 

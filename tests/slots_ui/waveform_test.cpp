@@ -81,5 +81,26 @@ TEST(Waveform, ThePlayheadStandsOnWholePixelsFromOneEndToTheOther) {
     EXPECT_EQ(playheadAt(0.5, 136, 285, 2), 209.5);
 }
 
+TEST(Waveform, AtThreeQuartersBarsAndPlayheadStandOnWholePixelsWhereverTheyAreMoved) {
+    Peaks peaks;
+    peaks.heights.fill(255);
+    peaks.known = Peaks::columns;
+    QImage image(258, 21, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    {
+        QPainter painter(&image);
+        painter.scale(0.75, 0.75);
+        painter.translate(-1, 0);
+        drawWaveform(painter, {.peaks = &peaks, .left = 136, .right = 286, .playhead = {}});
+        drawPlayhead(painter, 8, RowGround::groove);
+    }
+    for (const int x : {101, 104, 107, 212}) {
+        EXPECT_EQ(image.pixelColor(x, 10), waveColor()) << x;
+        EXPECT_EQ(image.pixelColor(x + 1, 10), QColor(Qt::black)) << x;
+    }
+    const auto at = [&image](int x) { return image.pixelColor(x, 10) == KZQYellow(); };
+    EXPECT_TRUE(!at(4) && at(5) && at(6) && !at(7)) << "two pixels wide, where a bar has one";
+}
+
 }  // namespace
 }  // namespace kzq::test

@@ -62,6 +62,7 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("updates", updateWindows(), darkDesktop);
     folder.save("status", statusLines(), darkDesktop);
     folder.save("window", mainWindows(), darkDesktop);
+    folder.save("sizes", windowSizes(), darkDesktop);
     return folder.good();
 }
 

@@ -7,6 +7,7 @@
 
 #include "app/main_window.h"
 #include "app/menu_bar.h"
+#include "app/window_size.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
 #include "rows.h"
@@ -150,6 +151,18 @@ Shot menuOpen() {
 }
 
 }  // namespace
+
+Shots windowSizes() {
+    Shots shots;
+    for (const int percent : {75, 92, 125}) {
+        WindowScene scene(importRows, {});
+        scene.connectPedal(capacityFrames - 9 * minute);
+        scene.window().sizeOnScreen().set(percent);
+        shots.push_back(shoot(QString("%1 %").arg(percent), scene.window()));
+        scene.window().sizeOnScreen().set(100);
+    }
+    return shots;
+}
 
 Shots mainWindows() {
     return {importTab(), exportTab(),

@@ -6,5 +6,7 @@ namespace kzq::gallery {
 
 /// The main window as it looks during use.
 Shots mainWindows();
+/// The same at sizes whose edges fall between pixels.
+Shots windowSizes();
 
 }  // namespace kzq::gallery

@@ -15,6 +15,7 @@
 #include "ui/panels/about_backing.h"
 #include "ui/panels/about_window.h"
 #include "ui/panels/label_style.h"
+#include "ui/scale.h"
 #include "ui_About.h"
 
 namespace kzq {
@@ -61,9 +62,9 @@ void About::windowDidLoad(FirmwareVersion firmwareVersion) {
     linkLabel_ = ui.linkLabel;
     styleLabel(*linkLabel_, KZQLink(), textFont());
     linkLabel_->setText(QString::fromStdString(websiteLabel(product_)));
-    linkLabel_->adjustSize();
+    place(*linkLabel_, {placeOf(*linkLabel_).topLeft(), linkLabel_->sizeHint()});
     link_ = ui.link;
-    link_->setGeometry(linkLabel_->geometry());
+    place(*link_, placeOf(*linkLabel_));
     link_->setAccessibleName(linkLabel_->text());
     link_->setDelegate(this);
     connect(link_, &LinkButton::clicked, this, &About::linkClicked);
@@ -91,6 +92,7 @@ void About::centre() {
         screen = QGuiApplication::primaryScreen();
     }
     if (screen != nullptr) {
+        Scale::ofProgram().adopt(*window_);
         auto frame = window_->frameGeometry();
         frame.moveCenter(screen->availableGeometry().center());
         window_->move(frame.topLeft());
@@ -126,7 +128,7 @@ void About::linkClicked() {
 }
 
 void About::linkButtonHoverStateChanged(LinkButton& /*button*/, bool hovered) {
-    styleLabel(*linkLabel_, hovered ? KZQLinkHover() : KZQLink(), linkLabel_->font());
+    styleLabel(*linkLabel_, hovered ? KZQLinkHover() : KZQLink(), textFont());
 }
 
 void About::setNeedsDisplay() {

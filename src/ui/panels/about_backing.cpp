@@ -3,13 +3,13 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
-#include <QPainter>
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/panels/about.h"
 #include "ui/picture_view.h"
 #include "ui/pictures.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -46,32 +46,32 @@ QString AboutBacking::versionText() const {
 }
 
 void AboutBacking::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
     drawImage(painter);
     drawVersion(painter);
 }
 
-void AboutBacking::drawImage(QPainter& painter) const {
+void AboutBacking::drawImage(ScaledPainter& painter) const {
     if (image_) {
-        drawPicture(painter, image_->picture(), rect());
+        drawPicture(painter, image_->picture(), painter.bounds());
     }
 }
 
 /// Right-aligned 15 from the right edge, the foot of the text 13 above the bottom.
-void AboutBacking::drawVersion(QPainter& painter) const {
+void AboutBacking::drawVersion(ScaledPainter& painter) const {
     const auto text = versionText();
     const auto font = firaSans(FiraWeight::light, 13);
     if (text.isEmpty() || !font) {
         return;
     }
-    const double textWidth = QFontMetricsF(*font).horizontalAdvance(text);
-    const double x = width() - textWidth - 15.0;
+    painter.setType(*font);
+    const double textWidth = painter.advance(text);
+    const double x = painter.bounds().width() - textWidth - 15.0;
     if (textWidth == 0 || x == 0) {
         return;
     }
-    painter.setFont(*font);
     painter.setPen(KZQWhite());
-    painter.drawText(QPointF(x, height() - 13 - QFontMetrics(*font).descent()), text);
+    painter.write(QPointF(x, painter.bounds().height() - 13 - QFontMetrics(*font).descent()), text);
 }
 
 bool AboutBacking::eventFilter(QObject* watched, QEvent* event) {

@@ -8,12 +8,11 @@
 #include <optional>
 #include <string>
 
-class QPainter;
-
 namespace kzq {
 
 class About;
 class PictureView;
+class ScaledPainter;
 
 /// The content of the About panel: the artwork, and the versions in its lower right corner. Any click and
 /// the release of Return, Space, Escape or Enter close the panel; the release of the key that opened it
@@ -46,8 +45,8 @@ class AboutBacking : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
 
   private:
-    void drawImage(QPainter& painter) const;
-    void drawVersion(QPainter& painter) const;
+    void drawImage(ScaledPainter& painter) const;
+    void drawVersion(ScaledPainter& painter) const;
 
     QPointer<About> controller_;
     QPointer<PictureView> image_;

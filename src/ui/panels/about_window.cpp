@@ -3,12 +3,14 @@
 #include <QCloseEvent>
 
 #include "ui/panels/about.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
 AboutWindow::AboutWindow(QWidget* parent) : QWidget(parent, Qt::Dialog | Qt::FramelessWindowHint) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
+    Scale::ofProgram().take(*this);
 }
 
 void AboutWindow::setController(About* about) {

@@ -2,7 +2,6 @@
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QScrollArea>
 #include <algorithm>
 #include <utility>
@@ -16,6 +15,8 @@
 #include "ui/palette.h"
 #include "ui/panels/bring_back_targets.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -30,6 +31,7 @@ constexpr QPoint keepAt(32, 330);
 constexpr QRect declineFrame(348, 332, 112, 40);
 constexpr QRect acceptFrame(472, 332, 136, 40);
 constexpr unsigned slotCount = 20;
+constexpr int gapAtTargets = 4;  // above the list of targets, or below it
 constexpr auto keepLine = "Each loop is read before it is erased or replaced.";
 
 }  // namespace
@@ -39,6 +41,7 @@ BringBack::BringBack(QWidget* window)
       area_(new QScrollArea(this)),
       ring_(nullptr),
       targets_(nullptr) {
+    Scale::ofProgram().take(*this);
     setWindowTitle("Bring Back");
     setWindowModality(Qt::WindowModal);
     setFixedSize(panelSize);
@@ -60,6 +63,7 @@ BringBack::BringBack(QWidget* window)
         refresh();
     });
     refresh();
+    Scale::ofProgram().adopt(*this);  // to be centred with its size
 }
 
 void BringBack::makeFoot() {
@@ -174,11 +178,11 @@ void BringBack::rowToggled(BringBackRow& row) {
 
 void BringBack::openTargets(BringBackRow& row) {
     choosing_ = &row;
-    const auto foot =
-        row.mapTo(this, QPoint(BringBackRow::rowSize.width(), BringBackRow::rowSize.height() + 4));
+    const auto foot = QPointF(row.mapTo(this, QPoint(row.width(), row.height()))) / scaleOf(row);
     const auto size = BringBackTargets::listSize;
-    const int lowest = height() - size.height() - 4;
-    targets_->open({foot.x() - size.width(), std::min(foot.y(), lowest)}, row.target().slot,
+    const int lowest = panelSize.height() - size.height() - gapAtTargets;
+    const QPoint below(qRound(foot.x()), qRound(foot.y()) + gapAtTargets);
+    targets_->open({below.x() - size.width(), std::min(below.y(), lowest)}, row.target().slot,
                    loops_.value_or(std::set<unsigned>()), takenBeside(row));
 }
 
@@ -234,26 +238,26 @@ void BringBack::keyPressEvent(QKeyEvent* event) {
 }
 
 void BringBack::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    drawPicture(painter, "Bring_back_panel", rect());
-    painter.setFont(textFont(15));
+    ScaledPainter painter(this);
+    drawPicture(painter, "Bring_back_panel", painter.bounds());
+    painter.setType(textFont(15));
     painter.setPen(KZQWhite());
-    painter.drawText(QPointF(headlineX, 40), "Bring back loops that were erased or replaced");
-    painter.setFont(textFont());
+    painter.write(QPointF(headlineX, 40), "Bring back loops that were erased or replaced");
+    painter.setType(textFont());
     painter.setPen(KZQGray());
-    painter.drawText(QPointF(headlineX, 60), summary());
-    painter.setFont(textFont(12));
-    painter.drawText(QPointF(60, 366), keepLine);
+    painter.write(QPointF(headlineX, 60), summary());
+    painter.setType(textFont(12));
+    painter.write(QPointF(60, 366), keepLine);
     if (rows_.empty()) {
         drawPicture(painter, "Bring_back_blank", blank);
         painter.setPen(KZQWhite());
-        painter.setFont(firaSans(FiraWeight::light, 20).value_or(textFont(20)));
-        painter.drawText(QRect(blank.x(), blank.y() + 38, blank.width(), 28), Qt::AlignHCenter | Qt::AlignTop,
-                         "Nothing to bring back");
-        painter.setFont(textFont());
+        painter.setType(firaSans(FiraWeight::light, 20).value_or(textFont(20)));
+        painter.write(QRect(blank.x(), blank.y() + 38, blank.width(), 28), Qt::AlignHCenter | Qt::AlignTop,
+                      "Nothing to bring back");
+        painter.setType(textFont());
         painter.setPen(creamColor());
-        painter.drawText(QRect(blank.x() + 70, blank.y() + 73, blank.width() - 140, 40),
-                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, notice());
+        painter.write(QRect(blank.x() + 70, blank.y() + 73, blank.width() - 140, 40),
+                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, notice());
     }
 }
 

@@ -9,6 +9,8 @@
 #include "ui/key_button.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -30,6 +32,7 @@ constexpr int wordEnd = 492;
 constexpr int rowBaseline = 18;
 constexpr double chevronX = 504;
 constexpr double restingWords = 0.55;
+constexpr double smallRestingWords = 0.65;  // below 100 %
 constexpr double wordsOnTape = 0.8;
 constexpr QColor barOnTape(0xC0, 0x91, 0x7A);
 
@@ -165,30 +168,31 @@ void BringBackRow::refresh() {
 }
 
 void BringBackRow::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && field.contains(event->position().toPoint())) {
+    if (event->button() == Qt::LeftButton && QRectF(field).contains(event->position() / scaleOf(*this))) {
         selector_->toggle();
     }
 }
 
 void BringBackRow::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
+    const auto resting = painter.deviceScale() < 1 ? smallRestingWords : restingWords;
     painter.setRenderHint(QPainter::Antialiasing);
     if (on()) {
         drawPicture(painter, replaces() ? "Bring_back_field_replaces" : "Bring_back_field_in", field);
     }
     painter.translate(field.topLeft());
-    painter.setFont(textFont());
-    painter.setPen(!on() ? restingTextColor() : replaces() ? KZQYellow() : KZQWhite());
-    painter.drawText(QPointF(nameX, rowBaseline), QString("Loop %1").arg(copy_.slot));
-    painter.setFont(textFont(12));
-    painter.setPen(cream(on() ? wordsOnTape : restingWords));
-    painter.drawText(QPointF(fateX, rowBaseline), copy_.fate);
+    painter.setType(textFont());
+    painter.setPen(!on() ? restingTextColor(painter.deviceScale()) : replaces() ? KZQYellow() : KZQWhite());
+    painter.write(QPointF(nameX, rowBaseline), QString("Loop %1").arg(copy_.slot));
+    painter.setType(textFont(12));
+    painter.setPen(cream(on() ? wordsOnTape : resting));
+    painter.write(QPointF(fateX, rowBaseline), copy_.fate);
     drawFigures(painter, lengthEnd, rowBaseline, lengthText(copy_.seconds));
     drawWaveform(painter);
-    drawTarget(painter);
+    drawTarget(painter, resting);
 }
 
-void BringBackRow::drawWaveform(QPainter& painter) const {
+void BringBackRow::drawWaveform(ScaledPainter& painter) const {
     constexpr int lowest = 2;
     constexpr int halfReach = 7;
     for (std::size_t bar = 0; peaks_ && bar < waveBars; ++bar) {
@@ -196,18 +200,17 @@ void BringBackRow::drawWaveform(QPainter& painter) const {
         const auto* const to = peaks_->heights.data() + (bar + 1) * Peaks::columns / waveBars;
         const int height = lowest + 2 * ((*std::max_element(from, to) * halfReach + 127) / 255);
         const int x = waveX + static_cast<int>(bar) * barPitch;
-        painter.fillRect(QRect(x, field.height() / 2 - height / 2, 2, height),
+        painter.fillRect(sharp(painter, QRectF(x, field.height() / 2 - height / 2, 2, height)),
                          on() ? barOnTape : tapeEdgeColor());
     }
 }
 
-void BringBackRow::drawTarget(QPainter& painter) const {
-    const auto color = on() ? inkColor() : cream(leader_->hovering() ? 1 : restingWords);
-    painter.setFont(on() ? firaSans(FiraWeight::medium, 12).value_or(textFont(12)) : textFont(12));
+void BringBackRow::drawTarget(ScaledPainter& painter, double resting) const {
+    const auto color = on() ? inkColor() : cream(leader_->hovering() ? 1 : resting);
+    painter.setType(on() ? firaSans(FiraWeight::medium, 12).value_or(textFont(12)) : textFont(12));
     painter.setPen(color);
     const auto word = on() ? QString::number(target_.slot) : QString("to %1").arg(target_.slot);
-    const auto advance = QFontMetricsF(painter.font()).horizontalAdvance(word);
-    painter.drawText(QPointF(wordEnd - advance, rowBaseline), word);
+    painter.write(QPointF(wordEnd - painter.advance(word), rowBaseline), word);
     painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{{chevronX - 4, 12}, {chevronX, 16}, {chevronX + 4, 12}});
 }

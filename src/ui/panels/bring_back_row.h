@@ -63,8 +63,8 @@ class BringBackRow : public QWidget {
 
   private:
     bool replaces() const { return target_.occupied.value_or(false); }
-    void drawWaveform(QPainter& painter) const;
-    void drawTarget(QPainter& painter) const;
+    void drawWaveform(ScaledPainter& painter) const;
+    void drawTarget(ScaledPainter& painter, double resting) const;
     void refresh();
 
     const BringBackCopy copy_;

@@ -3,11 +3,12 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 
@@ -27,9 +28,10 @@ QRect entryOf(unsigned slot) {
     return {8 + right, firstTop + row * entryPitch + (row >= 5 ? gapAfterFive : 0), entryWidth, entryPitch};
 }
 
-unsigned slotAt(QPoint point) {
+/// `point` at 100 %.
+unsigned slotAt(QPointF point) {
     unsigned slot = listedSlots;
-    while (slot != 0 && !entryOf(slot).contains(point)) {
+    while (slot != 0 && !QRectF(entryOf(slot)).contains(point)) {
         --slot;
     }
     return slot;
@@ -50,7 +52,7 @@ void BringBackTargets::open(QPoint at, unsigned chosen, const std::set<unsigned>
     loops_ = loops;
     taken_ = taken;
     before_ = window()->focusWidget();
-    move(at);
+    place(*this, {at, listSize});
     show();
     raise();
     setFocus(Qt::PopupFocusReason);
@@ -141,22 +143,23 @@ void BringBackTargets::keyPressEvent(QKeyEvent* event) {
 }
 
 void BringBackTargets::mouseMoveEvent(QMouseEvent* event) {
-    mark(slotAt(event->position().toPoint()));
+    mark(slotAt(event->position() / scaleOf(*this)));
 }
 
 void BringBackTargets::mouseReleaseEvent(QMouseEvent* event) {
-    choose(slotAt(event->position().toPoint()));
+    choose(slotAt(event->position() / scaleOf(*this)));
 }
 
 void BringBackTargets::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
+    const auto bounds = painter.bounds();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(outlineColor());
-    painter.drawRoundedRect(rect(), 8, 8);
+    painter.drawRoundedRect(bounds, 8, 8);
     painter.setBrush(panelColor());
-    painter.drawRoundedRect(rect().adjusted(2, 2, -2, -2), 6, 6);
-    painter.setFont(textFont());
+    painter.drawRoundedRect(bounds.adjusted(2, 2, -2, -2), 6, 6);
+    painter.setType(textFont());
     for (unsigned slot = 1; slot <= listedSlots; ++slot) {
         const auto entry = entryOf(slot);
         if (slot == marked_) {
@@ -167,8 +170,8 @@ void BringBackTargets::paintEvent(QPaintEvent* /*event*/) {
         const bool chosen = slot == chosen_;
         painter.setOpacity(taken_.contains(slot) ? 0.4 : 1);
         painter.setPen(chosen ? exportColor() : KZQWhite());
-        painter.drawText(QRect(entry.x(), entry.y() + 4, 20, 17), Qt::AlignRight | Qt::AlignTop,
-                         QString::number(slot));
+        painter.write(QRect(entry.x(), entry.y() + 4, 20, 17), Qt::AlignRight | Qt::AlignTop,
+                      QString::number(slot));
         drawPicture(painter,
                     chosen                  ? "Target_chosen"
                     : loops_.contains(slot) ? "Target_loop"

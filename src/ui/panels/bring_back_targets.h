@@ -16,7 +16,7 @@ class BringBackTargets : public QWidget {
 
     explicit BringBackTargets(QWidget* panel);
 
-    /// `taken`: other copies go there, so they cannot be chosen.
+    /// `at` is of 100 %. `taken`: other copies go there, so they cannot be chosen.
     void open(QPoint at, unsigned chosen, const std::set<unsigned>& loops, const std::set<unsigned>& taken);
     void close();
     bool eventFilter(QObject* watched, QEvent* event) override;

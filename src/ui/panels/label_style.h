@@ -4,6 +4,8 @@
 #include <QFont>
 #include <QLabel>
 
+#include "ui/scale.h"
+
 namespace kzq {
 
 /// Colour and font of a label, independent of the desktop's style.
@@ -11,7 +13,7 @@ inline void styleLabel(QLabel& label, const QColor& color, const QFont& font) {
     auto palette = label.palette();
     palette.setColor(QPalette::WindowText, color);
     label.setPalette(palette);
-    label.setFont(font);
+    dress(label, font);
 }
 
 }  // namespace kzq

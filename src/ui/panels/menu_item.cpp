@@ -7,6 +7,7 @@
 #include "ui/palette.h"
 #include "ui/panels/label_style.h"
 #include "ui/panels/menu_item_view.h"
+#include "ui/scale.h"
 #include "ui_MenuItem.h"
 
 namespace kzq {
@@ -40,7 +41,8 @@ void MenuItem::setTitle(const QString& title) {
         return;
     }
     label_->setText(title);
-    label_->adjustSize();
+    const auto hint = QSizeF(label_->sizeHint()) / scaleOf(*label_);
+    place(*label_, {placeOf(*label_).topLeft(), QSize(qCeil(hint.width()), qCeil(hint.height()))});
     view_->setAccessibleName(title);
 }
 

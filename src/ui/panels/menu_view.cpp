@@ -1,12 +1,13 @@
 #include "ui/panels/menu_view.h"
 
 #include <QKeyEvent>
-#include <QPainter>
 
 #include "ui/palette.h"
 #include "ui/panels/menu.h"
 #include "ui/panels/menu_item_view.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 namespace {
@@ -64,15 +65,15 @@ bool MenuView::focusNextPrevChild(bool /*next*/) {
 }
 
 void MenuView::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    drawPicture(painter, QStringLiteral("Menu_panel"), rect());
+    ScaledPainter painter(this);
+    drawPicture(painter, QStringLiteral("Menu_panel"), painter.bounds());
     if (!controller_) {
         return;
     }
     for (const auto* item : controller_->items()) {
         if (item->hovered() && item->view() != nullptr) {
-            const int y = item->view()->mapTo(this, QPoint(0, 8)).y();
-            painter.fillRect(QRect(6, y, 2, 20), creamColor());
+            const auto* const place = item->view()->parentWidget();
+            painter.fill(QRectF(6, placeOf(*place).y() + 8, 2, 20), creamColor());
         }
     }
 }

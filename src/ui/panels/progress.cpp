@@ -14,6 +14,7 @@
 #include "ui/palette.h"
 #include "ui/panels/accessible_panels.h"
 #include "ui/panels/label_style.h"
+#include "ui/scale.h"
 #include "ui/view_width.h"
 #include "ui_Progress.h"
 
@@ -77,6 +78,7 @@ Progress::Progress(std::function<void()> cancelTransfer)
         Qt::ClickFocus);  // else Cancel would have it at once, and a stray Space would cancel
     window_->installEventFilter(this);
     new FocusRing(window_.get());  // owned by the page
+    Scale::ofProgram().take(*window_);
 }
 
 Progress::~Progress() {

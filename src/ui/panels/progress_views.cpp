@@ -2,28 +2,28 @@
 
 #include <QAccessible>
 #include <QLinearGradient>
-#include <QPainter>
 #include <algorithm>
 
 #include "ui/background.h"
 #include "ui/palette.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 namespace {
 
-void fillRounded(QPainter& painter, const QRect& rect, double radius, const QBrush& brush) {
+void fillRounded(ScaledPainter& painter, const QRectF& rect, double radius, const QBrush& brush) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(brush);
-    painter.drawRoundedRect(rect, radius, radius);
+    painter.drawRoundedRect(painter.sharp(rect), radius, radius);
 }
 
 }  // namespace
 
 void ProgressGround::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    drawPlate(painter, rect());
-    painter.fillRect(QRect(48, 74, 304, 4), QColor(0x63, 0x40, 0x2F));
+    ScaledPainter painter(this);
+    drawPlate(painter, painter.bounds().toAlignedRect());
+    painter.fill(QRectF(48, 74, 304, 4), QColor(0x63, 0x40, 0x2F));
     fillRounded(painter, QRect(88, 66, 224, 20), 4, rimColor());
 }
 
@@ -38,16 +38,16 @@ void ProgressTrack::setValue(int percent) {
 }
 
 void ProgressTrack::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    fillRounded(painter, rect(), 2, grooveColor());
+    ScaledPainter painter(this);
+    fillRounded(painter, painter.bounds(), 2, grooveColor());
 }
 
 void ProgressFill::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    QLinearGradient tape(0, 0, 0, height());
+    ScaledPainter painter(this);
+    QLinearGradient tape(0, 0, 0, painter.bounds().height());
     tape.setColorAt(0, QColor(0xFF, 0xFA, 0xF0));
     tape.setColorAt(1, QColor(0xF0, 0xE4, 0xCE));
-    fillRounded(painter, rect(), 2, tape);
+    fillRounded(painter, painter.bounds(), 2, tape);
 }
 
 }  // namespace kzq

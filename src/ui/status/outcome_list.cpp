@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPainterPath>
 #include <QScrollArea>
 #include <algorithm>
@@ -13,6 +12,8 @@
 #include "ui/fonts.h"
 #include "ui/handle_scroll_bar.h"
 #include "ui/palette.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 #include "ui/status/chevron.h"
 #include "ui/status/outcome_row.h"
 
@@ -59,7 +60,9 @@ OutcomeList::OutcomeList(QWidget* window) : QWidget(window), area_(new QScrollAr
 }
 
 void OutcomeList::placeUnder(const QMenuBar& bar) {
-    move(bar.geometry().right() + 1 - fromRight - listWidth, bar.y() + tabY);
+    const auto above = placeOf(bar);
+    const QPoint corner(above.right() + 1 - fromRight - listWidth, above.y() + tabY);
+    place(*this, {corner, placeOf(*this).size()});
 }
 
 void OutcomeList::show(const std::deque<Announcement>& outcomes, Qt::FocusReason reason) {
@@ -182,8 +185,9 @@ void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
     int visibleHeight = 0;
     for (const auto& outcome : outcomes) {
         auto* const row = new OutcomeRow(outcome, &outcome == &outcomes.back(), width, page);
-        row->move(0, y);
-        y += row->height();
+        const auto size = placeOf(*row).size();
+        place(*row, {QPoint(0, y), size});
+        y += size.height();
         rows_.push_back(row);
         if (rows_.size() <= rowsShown) {
             visibleHeight = y;
@@ -200,22 +204,25 @@ void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
 }
 
 void OutcomeList::layOut(int visibleHeight) {
-    const int room = window()->height() - y() - tabHeight - 2 * margin - sideMargin;
+    const auto corner = placeOf(*this).topLeft();
+    const auto whole = static_cast<int>(window()->height() / scaleOf(*window()));
+    const int room = whole - corner.y() - tabHeight - 2 * margin - sideMargin;
     const int shown = std::min(visibleHeight, room);
-    area_->setGeometry(sideMargin, tabHeight + margin, listWidth - sideMargin - frameLine, shown);
-    resize(listWidth, tabHeight + (rows_.empty() ? emptyHeight : shown + 2 * margin));
+    place(*area_, {sideMargin, tabHeight + margin, listWidth - sideMargin - frameLine, shown});
+    const int height = tabHeight + (rows_.empty() ? emptyHeight : shown + 2 * margin);
+    place(*this, {corner, QSize(listWidth, height)});
 }
 
 void OutcomeList::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(shape(rect(), 0), outlineColor());
-    painter.fillPath(shape(rect(), frameLine), panelColor());
+    painter.fillPath(shape(painter.bounds(), 0), outlineColor());
+    painter.fillPath(shape(painter.bounds(), frameLine), panelColor());
     drawChevron(painter, QPointF(listWidth - tabWidth / 2.0, 12), Chevron::up, KZQYellow());
     if (rows_.empty()) {
-        painter.setFont(textFont());
+        painter.setType(textFont());
         painter.setPen(KZQGray());
-        painter.drawText(QPointF(16, tabHeight + 29), "Nothing has happened yet.");
+        painter.write(QPointF(16, tabHeight + 29), "Nothing has happened yet.");
     }
 }
 

@@ -3,13 +3,14 @@
 #include <QClipboard>
 #include <QDateTime>
 #include <QGuiApplication>
-#include <QPainter>
 #include <QTextLayout>
 
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 #include "ui/status/status_look.h"
 
 namespace kzq {
@@ -30,10 +31,10 @@ constexpr int footOfDetail = 16;
 
 QStringList wrapped(const QString& text, const QFont& font, double width) {
     QStringList lines;
-    QTextLayout layout(text, font);
+    QTextLayout layout(text, fontOnScreen(font));
     layout.beginLayout();
     for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
+        line.setLineWidth(width * Scale::ofProgram().size());
         lines << text.mid(line.textStart(), line.textLength()).trimmed();
     }
     layout.endLayout();
@@ -92,8 +93,9 @@ int OutcomeRow::lastOfSentence() const {
 int OutcomeRow::layOutLinks(int end) {
     for (auto* const link : {copy_, remedy_}) {
         if (link != nullptr) {
-            link->move(end - link->width(), firstBaseline - status::baseline);
-            end -= link->width() + rowLinkGap;
+            const auto size = placeOf(*link).size();
+            place(*link, {QPoint(end - size.width(), firstBaseline - status::baseline), size});
+            end -= size.width() + rowLinkGap;
         }
     }
     return end;
@@ -126,18 +128,19 @@ void OutcomeRow::focusOutEvent(QFocusEvent* event) {
 }
 
 void OutcomeRow::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
+    const auto bounds = painter.bounds();
     painter.setRenderHint(QPainter::Antialiasing);
     if (lit_) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(255, 255, 255, 20));
-        painter.drawRoundedRect(rect().adjusted(0, 0, 0, -2), 4, 4);
+        painter.drawRoundedRect(bounds.adjusted(0, 0, 0, -2), 4, 4);
     }
     if (!last_) {
-        painter.fillRect(QRect(wordsMargin, height() - 2, width() - 2 * wordsMargin, 2),
-                         QColor(0x33, 0x20, 0x1F));
+        painter.fill(QRectF(wordsMargin, bounds.height() - 2, bounds.width() - 2 * wordsMargin, 2),
+                     QColor(0x33, 0x20, 0x1F));
     }
-    painter.setFont(textFont(status::words));
+    painter.setType(textFont(status::words));
     painter.setPen(KZQGray());
     drawFigures(painter, timeEnd, firstBaseline, time_);
     if (failure_) {
@@ -145,14 +148,14 @@ void OutcomeRow::paintEvent(QPaintEvent* /*event*/) {
     }
     int y = lastOfSentence() + sentencePitch;
     for (const auto& line : detailLines_) {
-        painter.drawText(QPointF(wordsX, y), line);
+        painter.write(QPointF(wordsX, y), line);
         y += detailPitch;
     }
-    painter.setFont(textFont(sentencePixels));
+    painter.setType(textFont(sentencePixels));
     painter.setPen(KZQWhite());
     y = firstBaseline;
     for (const auto& line : sentenceLines_) {
-        painter.drawText(QPointF(wordsX, y), line);
+        painter.write(QPointF(wordsX, y), line);
         y += sentencePitch;
     }
 }

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 
 #include "ui/focus_ring.h"
+#include "ui/scale.h"
 #include "ui/status/accessible_status.h"
 #include "ui/status/status_look.h"
 
@@ -40,6 +41,10 @@ StatusLine::StatusLine(QMenuBar* bar)
         }
     });
     list_->setOpener(sentence_);
+    connect(&Scale::ofProgram(), &Scale::changed, this, [this] {
+        list_->close();
+        place();
+    });
     connect(list_, &OutcomeList::used, this, [this](std::uint64_t number) {
         if (announcements_) {
             announcements_->use(number);
@@ -99,10 +104,12 @@ bool StatusLine::eventFilter(QObject* watched, QEvent* event) {
 void StatusLine::place() {
     int left = 0;
     for (const auto* const action : bar_->actions()) {
-        left = std::max(left, bar_->actionGeometry(const_cast<QAction*>(action)).right() + 1 - menuPadding);
+        const auto end = bar_->actionGeometry(const_cast<QAction*>(action)).right() + 1;
+        left = std::max(left, qCeil(end / scaleOf(*bar_)) - menuPadding);
     }
     const int x = left + gap - beforeMark;
-    setGeometry(bar_->x() + x, bar_->y(), bar_->width() - x, bar_->height());
+    const auto bar = placeOf(*bar_);
+    kzq::place(*this, bar.adjusted(x, 0, 0, 0));
     list_->placeUnder(*bar_);
     showLine();
 }
@@ -114,9 +121,11 @@ void StatusLine::showLine() {
     if (linked) {
         link_->setWord(QString::fromStdString(line.actionLabel));
     }
-    const int right = width() - afterPlate;
-    sentence_->show(line, beforeMark - 8, right, linked ? link_->width() : 0);
-    link_->move(right - status::chevronRoom - link_->width(), sentence_->y());
+    const int right = placeOf(*this).width() - afterPlate;
+    sentence_->show(line, beforeMark - 8, right, linked ? placeOf(*link_).width() : 0);
+    const auto link = placeOf(*link_);
+    kzq::place(*link_,
+               {QPoint(right - status::chevronRoom - link.width(), placeOf(*sentence_).y()), link.size()});
     if (!linked && hadFocus) {
         sentence_->setFocus(Qt::TabFocusReason);
     }

@@ -1,11 +1,11 @@
 #include "ui/status/status_link.h"
 
-#include <QFontMetricsF>
-#include <QPainter>
 #include <cmath>
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 #include "ui/status/status_look.h"
 
 namespace kzq {
@@ -19,8 +19,14 @@ StatusLink::StatusLink(QWidget* parent) : KeyButton(parent) {
 void StatusLink::setWord(const QString& word) {
     setText(word);
     setAccessibleName(word);
-    setFixedSize(static_cast<int>(std::ceil(QFontMetricsF(font()).horizontalAdvance(word))), status::height);
+    const auto width = static_cast<int>(std::ceil(advanceOf(word, fontOf(*this))));
+    place(*this, {placeOf(*this).topLeft(), QSize(width, status::height)});
     update();
+}
+
+QRect StatusLink::focusRingRect() const {
+    const int room = onScreen(2);
+    return rect().adjusted(-room, room, room, -room);
 }
 
 void StatusLink::setFaint(bool faint) {
@@ -30,12 +36,12 @@ void StatusLink::setFaint(bool faint) {
 
 void StatusLink::paintEvent(QPaintEvent* /*event*/) {
     const auto color = hovering() || isDown() ? KZQLinkHover() : faint_ ? status::faintCream() : creamColor();
-    QPainter painter(this);
-    painter.setFont(font());
+    ScaledPainter painter(this);
     painter.setPen(color);
-    const auto advance = QFontMetricsF(font()).horizontalAdvance(text());
-    painter.drawText(QPointF(width() - advance, status::baseline), text());
-    painter.fillRect(QRectF(width() - advance, status::baseline + 2, advance, 1), color);
+    const auto advance = painter.advance(text());
+    const auto left = painter.bounds().width() - advance;
+    painter.write(QPointF(left, status::baseline), text());
+    painter.fill(QRectF(left, status::baseline + 2, advance, 1), color);
 }
 
 }  // namespace kzq

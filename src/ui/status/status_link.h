@@ -16,7 +16,7 @@ class StatusLink : public KeyButton {
     /// Drawn fainter, as on a row that nobody points at.
     void setFaint(bool faint);
 
-    QRect focusRingRect() const override { return rect().adjusted(-2, 2, 2, -2); }
+    QRect focusRingRect() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,13 +1,14 @@
 #include "ui/status/status_sentence.h"
 
 #include <QFontMetricsF>
-#include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 #include "ui/status/chevron.h"
 #include "ui/status/status_look.h"
 
@@ -33,15 +34,16 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     kind_ = line.kind;
     sentence_ = QString::fromStdString(line.sentence);
     linkWidth_ = linkWidth;
-    const QFontMetricsF metrics(font());
+    const auto type = fontOf(*this);
+    const auto scale = Scale::ofProgram().size();
     marked_ = kind_ == Announcements::Kind::failure || line.warns;
     const int marked = marked_ ? status::mark + markGap : 0;
     const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + status::chevronRoom;
     const int room = right - left - besides;
-    shown_ = metrics.elidedText(sentence_, Qt::ElideRight, room);
-    const int words = std::min(room, static_cast<int>(std::ceil(metrics.horizontalAdvance(shown_))));
-    setGeometry(right - besides - words, (parentWidget()->height() - status::height) / 2, besides + words,
-                status::height);
+    shown_ = QFontMetricsF(fontOnScreen(type)).elidedText(sentence_, Qt::ElideRight, room * scale);
+    const int words = std::min(room, static_cast<int>(std::ceil(advanceOf(shown_, type))));
+    place(*this, {right - besides - words, (placeOf(*parentWidget()).height() - status::height) / 2,
+                  besides + words, status::height});
     setToolTip(shown_ == sentence_ ? QString() : sentence_);
     const auto said = line.said.empty() ? sentence_ : QString::fromStdString(line.said);
     setAccessibleName(sentence_.isEmpty() ? QString("Recent results")
@@ -50,16 +52,17 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
 }
 
 void StatusSentence::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
+    const auto width = painter.bounds().width();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     if (hovering() || isDown()) {
         painter.setBrush(plate);
-        painter.drawRoundedRect(rect(), 4, 4);
+        painter.drawRoundedRect(painter.bounds(), 4, 4);
     }
     const auto lit = hovering() || isDown() ? creamColor() : status::faintCream();
-    drawChevron(painter, QPointF(width() - chevronMiddle, status::height / 2.0), Chevron::down, lit);
-    double end = width() - status::chevronRoom;
+    drawChevron(painter, QPointF(width - chevronMiddle, status::height / 2.0), Chevron::down, lit);
+    double end = width - status::chevronRoom;
     if (linkWidth_ > 0) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(status::faintCream());
@@ -69,10 +72,8 @@ void StatusSentence::paintEvent(QPaintEvent* /*event*/) {
     if (marked_) {
         drawPicture(painter, "Status_mark", QRectF(edge, 4, status::mark, status::mark));
     }
-    painter.setFont(font());
     painter.setPen(kind_ == Announcements::Kind::rest ? status::faintCream() : creamColor());
-    const auto advance = QFontMetricsF(font()).horizontalAdvance(shown_);
-    painter.drawText(QPointF(end - advance, status::baseline), shown_);
+    painter.write(QPointF(end - painter.advance(shown_), status::baseline), shown_);
 }
 
 }  // namespace kzq

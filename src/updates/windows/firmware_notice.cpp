@@ -9,6 +9,7 @@
 
 #include "ui/palette.h"
 #include "ui/picture_view.h"
+#include "ui/scale.h"
 #include "updates/windows/line_label.h"
 #include "updates/windows/update_panel.h"
 
@@ -40,8 +41,9 @@ QString pictureOf(FirmwareNotice::Kind kind) {
 
 /// Returns its lower edge.
 int stack(QLabel& label, int top, int width) {
-    label.setGeometry(textLeft, top, width, label.heightForWidth(width));
-    return top + label.height();
+    const int height = heightFor(label, width);
+    kzq::place(label, {textLeft, top, width, height});
+    return top + height;
 }
 
 }  // namespace
@@ -114,11 +116,11 @@ void FirmwareNoticeWindow::place(bool repair) {
     const auto size = accept_->sizeHint();
     int right = layout.width - side;
     if (!notice_.accept.isEmpty()) {
-        accept_->setGeometry({{right - size.width(), top}, size});
+        kzq::place(*accept_, {{right - size.width(), top}, size});
         right -= size.width() + gap;
     }
-    decline_->setGeometry(right - layout.declineWidth, top, layout.declineWidth, size.height());
-    window_->setFixedSize(layout.width, top + size.height() + underButtons);
+    kzq::place(*decline_, {right - layout.declineWidth, top, layout.declineWidth, size.height()});
+    kzq::place(*window_, {0, 0, layout.width, top + size.height() + underButtons});
 }
 
 void FirmwareNoticeWindow::accept() {

@@ -1,10 +1,10 @@
 #include "updates/windows/lamp_bar.h"
 
-#include <QPainter>
 #include <algorithm>
 #include <cmath>
 
 #include "ui/pictures.h"
+#include "ui/scaled_painter.h"
 
 namespace kzq {
 namespace {
@@ -32,7 +32,7 @@ QSize LampBar::sizeHint() const {
 }
 
 void LampBar::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+    ScaledPainter painter(this);
     drawPicture(painter, QStringLiteral("Flash_track"), QRectF(QPointF(), barSize));
     drawPictureCropped(painter, QStringLiteral("Flash_bar"),
                        QRectF(0, 0, value_ > 0 ? firstLamp + value_ * lamps : 0, barSize.height()));

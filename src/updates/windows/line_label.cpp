@@ -2,8 +2,10 @@
 
 #include <QPainter>
 #include <QTextLayout>
+#include <cmath>
 
 #include "ui/fonts.h"
+#include "ui/scale.h"
 
 namespace kzq {
 
@@ -13,7 +15,7 @@ LineLabel::LineLabel(QWidget* parent) : QLabel(parent) {
 }
 
 void LineLabel::setType(int pixels, int lineHeight, const QColor& color) {
-    setFont(textFont(pixels));
+    dress(*this, textFont(pixels));
     lineHeight_ = lineHeight;
     color_ = color;
     updateGeometry();
@@ -21,17 +23,18 @@ void LineLabel::setType(int pixels, int lineHeight, const QColor& color) {
 }
 
 /// Returns the height.
-int LineLabel::layOut(QTextLayout& layout, int width) const {
+double LineLabel::layOut(QTextLayout& layout, int width) const {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setAlignment(alignment() & Qt::AlignHorizontal_Mask);
     layout.setTextOption(option);
     layout.beginLayout();
-    int height = 0;
+    const auto pitch = lineHeight_ * scaleOf(*this);
+    double height = 0;
     for (auto line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(width);
-        line.setPosition(QPointF(0, height + (lineHeight_ - line.height()) / 2));
-        height += lineHeight_;
+        line.setPosition(QPointF(0, height + (pitch - line.height()) / 2));
+        height += pitch;
     }
     layout.endLayout();
     return height;
@@ -39,7 +42,7 @@ int LineLabel::layOut(QTextLayout& layout, int width) const {
 
 int LineLabel::heightForWidth(int width) const {
     QTextLayout layout(text(), font());
-    return text().isEmpty() ? 0 : layOut(layout, width);
+    return text().isEmpty() ? 0 : static_cast<int>(std::ceil(layOut(layout, width)));
 }
 
 void LineLabel::paintEvent(QPaintEvent* /*event*/) {

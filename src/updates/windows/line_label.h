@@ -20,7 +20,7 @@ class LineLabel : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    int layOut(QTextLayout& layout, int width) const;
+    double layOut(QTextLayout& layout, int width) const;
 
     int lineHeight_ = 16;
     QColor color_ = Qt::white;

@@ -2,13 +2,14 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
 
 #include "ui/fonts.h"
 #include "ui/handle_scroll_bar.h"
 #include "ui/palette.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
 #include "updates/firmware_texts.h"
 
 namespace kzq {
@@ -21,6 +22,10 @@ constexpr int radius = 6;
 constexpr int rim = 2;
 constexpr QMargins inset(17, 10, 20 - HandleScrollBar::barWidth, 10 + rim);
 
+double scale() {
+    return Scale::ofProgram().size();
+}
+
 QString withoutControls(QString text) {
     text.removeIf([](QChar character) {
         return character.category() == QChar::Other_Control && character != u'\n' && character != u'\t';
@@ -31,18 +36,18 @@ QString withoutControls(QString text) {
 QTextBlockFormat formatOf(bool listed) {
     QTextBlockFormat format;
     format.setAlignment(Qt::AlignLeft);
-    format.setLineHeight(lineHeight, QTextBlockFormat::FixedHeight);
+    format.setLineHeight(lineHeight * scale(), QTextBlockFormat::FixedHeight);
     if (listed) {
-        format.setTabPositions({QTextOption::Tab(indent, QTextOption::LeftTab)});
-        format.setLeftMargin(indent);
-        format.setTextIndent(-indent);
+        format.setTabPositions({QTextOption::Tab(indent * scale(), QTextOption::LeftTab)});
+        format.setLeftMargin(indent * scale());
+        format.setTextIndent(-indent * scale());
     }
     return format;
 }
 
 QTextCharFormat inkOf(const QColor& color, int pixels = 13) {
     QTextCharFormat format;
-    format.setFont(textFont(pixels));
+    format.setFont(fontOnScreen(textFont(pixels)));
     format.setForeground(color);
     return format;
 }
@@ -64,7 +69,8 @@ NotesView::NotesView(QWidget* parent) : QTextEdit(parent) {
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBar(new HandleScrollBar(this));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // it draws nothing while there is nothing to scroll
-    setViewportMargins(inset);
+    setViewportMargins(inset * scale());
+    connect(&Scale::ofProgram(), &Scale::changed, this, &NotesView::dressAnew);
     viewport()->setAutoFillBackground(false);
     auto colours = palette();
     colours.setColor(QPalette::Highlight, KZQTextHighlight());
@@ -94,6 +100,16 @@ void NotesView::appendNotes(const QString& notes) {
     }
 }
 
+/// The text has its sizes in it.
+void NotesView::dressAnew() {
+    setViewportMargins(inset * scale());
+    const auto notes = toPlainText();
+    emptyNotes();
+    if (!notes.isEmpty()) {
+        appendNotes(notes);
+    }
+}
+
 void NotesView::appendLine(QTextCursor& cursor, const QString& line) const {
     const auto bullet = QString::fromUtf8(notesBullet);
     const bool listed = line.startsWith(bullet);
@@ -120,13 +136,13 @@ bool NotesView::event(QEvent* event) {
     if (event->type() != QEvent::Paint) {
         return QTextEdit::event(event);
     }
-    QPainter painter(this);
+    ScaledPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(rimColor());
-    painter.drawRoundedRect(rect(), radius, radius);
+    painter.drawRoundedRect(painter.bounds(), radius, radius);
     painter.setBrush(grooveColor());
-    painter.drawRoundedRect(rect().adjusted(0, 0, 0, -rim), radius, radius);
+    painter.drawRoundedRect(painter.bounds().adjusted(0, 0, 0, -rim), radius, radius);
     return true;
 }
 

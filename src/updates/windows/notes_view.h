@@ -21,6 +21,7 @@ class NotesView : public QTextEdit {
     bool event(QEvent* event) override;
 
   private:
+    void dressAnew();
     void appendLine(QTextCursor& cursor, const QString& line) const;
 
     QString emptied_;

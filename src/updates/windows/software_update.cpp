@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ui/palette.h"
+#include "ui/scale.h"
 #include "ui_SoftwareUpdate.h"
 #include "updates/windows/notes_view.h"
 #include "updates/windows/software_update_view.h"
@@ -115,21 +116,29 @@ void SoftwareUpdate::arrange(const SoftwareUpdateView& view) {
 /// The window is as high as its content. Each button keeps its column: the second click of a double click on
 /// "Install" must not hit "Cancel", and a late click on "Cancel" must not install.
 void SoftwareUpdate::place(const SoftwareUpdateView& view) {
-    headline_->resize(headline_->width(), headline_->heightForWidth(headline_->width()));
-    detail_->resize(detail_->width(), detail_->heightForWidth(detail_->width()));
-    detail_->move(detail_->x(), headline_->geometry().bottom() + 1 + detailSpacing);
-    int bottom = std::max(contentTop, detail_->geometry().bottom() + 1 + detailSpacing);
+    const auto at = [](QWidget& part, int top) {
+        auto given = placeOf(part);
+        given.moveTop(top);
+        kzq::place(part, given);
+        return given.height();
+    };
+    const auto stretch = [](QLabel& label) {
+        auto given = placeOf(label);
+        given.setHeight(heightFor(label, given.width()));
+        kzq::place(label, given);
+        return given.bottom() + 1 + detailSpacing;
+    };
+    at(*detail_, stretch(*headline_));
+    int bottom = std::max(contentTop, stretch(*detail_));
     if (view.progress) {
-        bar_->move(bar_->x(), bottom);
-        bottom += bar_->height();
+        bottom += at(*bar_, bottom);
     } else if (!view.notes.isEmpty()) {
-        notes_->move(notes_->x(), bottom);
-        bottom += notes_->height();
+        bottom += at(*notes_, bottom);
     }
     const int top = bottom + spaceAbove;
-    acceptButton_->move(acceptButton_->x(), top);
-    cancelButton_->move(cancelButton_->x(), top);
-    window_->setFixedSize(windowWidth, top + acceptButton_->height() + foot);
+    at(*cancelButton_, top);
+    const int height = top + at(*acceptButton_, top) + foot;
+    kzq::place(*window_, {0, 0, windowWidth, height});
 }
 
 QWidget& SoftwareUpdate::window() {

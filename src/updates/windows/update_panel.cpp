@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include "ui/background.h"
+#include "ui/scale.h"
 
 namespace kzq {
 namespace {
@@ -25,6 +26,7 @@ Qt::WindowFlags flagsFor(UpdatePanel::CloseButton closeButton) {
 UpdatePanel::UpdatePanel(CloseButton closeButton)
     : QWidget(nullptr, flagsFor(closeButton)), ring_(new FocusRing(this)) {
     setAttribute(Qt::WA_QuitOnClose, false);
+    Scale::ofProgram().take(*this);
 }
 
 void UpdatePanel::setDefaultButton(AlertButton* button) {
@@ -49,6 +51,7 @@ void UpdatePanel::centre() {
     const auto* under = QGuiApplication::screenAt(QCursor::pos());
     const auto* const screen = under != nullptr ? under : QGuiApplication::primaryScreen();
     if (screen != nullptr) {
+        Scale::ofProgram().adopt(*this);
         const auto size = frameGeometry().size();
         move(screen->availableGeometry().center() - QPoint(size.width() / 2, size.height() / 2));
     }

@@ -1,0 +1,130 @@
+#include "app/window_size.h"
+
+#include <QEvent>
+#include <QResizeEvent>
+#include <QScreen>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "ui/scale.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int smallest = static_cast<int>(Scale::smallest * 100);
+constexpr int largest = static_cast<int>(Scale::largest * 100);
+constexpr QSize usualFrame(16, 44);  // until the window manager has put its own around the window
+constexpr std::chrono::milliseconds pause(200);
+
+double fraction(int part, int whole) {
+    return static_cast<double>(part) / whole;
+}
+
+int percentOf(double size) {
+    return std::clamp(static_cast<int>(std::floor(size * 100 + 1e-6)), smallest, largest);
+}
+
+}  // namespace
+
+WindowSize::WindowSize(QWidget& window)
+    : QObject(&window), window_(window), usual_(window.size()), settled_(usual_) {
+    window.setMinimumSize(sizeAt(smallest));
+    window.setMaximumSize(sizeAt(largest));
+    window.installEventFilter(this);
+    rest_.setSingleShot(true);
+    rest_.setInterval(pause);
+    connect(&rest_, &QTimer::timeout, this, &WindowSize::settle);
+}
+
+QSize WindowSize::sizeAt(int percent) const {
+    return {static_cast<int>(std::lround(usual_.width() * percent / 100.0)),
+            static_cast<int>(std::lround(usual_.height() * percent / 100.0))};
+}
+
+int WindowSize::fitting(QSize room) const {
+    return percentOf(
+        std::min(fraction(room.width(), usual_.width()), fraction(room.height(), usual_.height())));
+}
+
+/// What a drag of an edge or a corner to `size` means: the side that moved more counts.
+int WindowSize::nearest(QSize size) const {
+    const auto wide = fraction(std::abs(size.width() - settled_.width()), usual_.width());
+    const auto high = fraction(std::abs(size.height() - settled_.height()), usual_.height());
+    return percentOf(wide >= high ? fraction(size.width(), usual_.width())
+                                  : fraction(size.height(), usual_.height()));
+}
+
+void WindowSize::set(int percent) {
+    rest_.stop();
+    if (window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) {
+        window_.showNormal();
+    }
+    wanted_ = std::clamp(percent, smallest, largest);
+    refused_ = {};
+    settled_ = sizeAt(wanted_);
+    Scale::ofProgram().setSize(wanted_ / 100.0);
+    Scale::ofProgram().setOrigin(window_, {});
+    window_.resize(settled_);
+    keepOnScreen();
+}
+
+void WindowSize::fitScreen() {
+    const auto frame = window_.frameGeometry().size() - window_.size();
+    const auto room = window_.screen()->availableGeometry();
+    set(fitting(room.size() - (frame.isNull() ? usualFrame : frame)));
+    window_.move(room.center() - QRect(QPoint(), settled_ + frame).center());
+}
+
+void WindowSize::begin(QSize room) {
+    set(std::min(100, fitting(room - usualFrame)));
+}
+
+void WindowSize::keepOnScreen() {
+    if (!window_.isVisible()) {
+        return;
+    }
+    const auto frame = window_.frameGeometry().size() - window_.size();
+    const auto room = window_.screen()->availableGeometry();
+    const QRect now(window_.pos(), settled_ + frame);
+    const QPoint last(room.right() + 1 - now.width(), room.bottom() + 1 - now.height());
+    window_.move(std::max(room.left(), std::min(now.left(), last.x())),
+                 std::max(room.top(), std::min(now.top(), last.y())));
+}
+
+void WindowSize::settle() {
+    const auto size = sizeAt(wanted_);
+    const bool fixed = window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    if (fixed || size == window_.size() || size == refused_) {
+        return;
+    }
+    refused_ = size;  // until it comes
+    window_.resize(size);
+}
+
+bool WindowSize::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &window_ && event->type() == QEvent::Resize) {
+        resized(static_cast<QResizeEvent*>(event)->size());
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WindowSize::resized(QSize size) {
+    const bool whole = size == sizeAt(wanted_);
+    if (whole) {
+        settled_ = size;
+        refused_ = {};
+        rest_.stop();
+    } else {
+        wanted_ = nearest(size);
+        rest_.start();
+    }
+    const int shown = whole ? wanted_ : fitting(size);
+    const auto margin = size - sizeAt(shown);
+    auto& scale = Scale::ofProgram();
+    scale.setSize(shown / 100.0);
+    scale.setOrigin(window_, {std::max(0, margin.width() / 2), std::max(0, margin.height() / 2)});
+}
+
+}  // namespace kzq

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QSize>
+#include <QTimer>
+#include <QWidget>
+
+namespace kzq {
+
+/// How large the main window is shown: it scales as one picture, in whole percent, and keeps its proportions.
+/// A drag of its edge changes the size at once; when it rests, the window takes the picture's shape. What the
+/// window manager insists on besides is margin. Remembered for this run only. Main thread.
+class WindowSize : public QObject {
+    Q_OBJECT
+
+  public:
+    /// `window` has its size of 100 %, and owns this.
+    explicit WindowSize(QWidget& window);
+
+    void set(int percent);
+    /// As large as the screen allows, and there in the middle.
+    void fitScreen();
+    /// Before the window is shown: 100 %, or less if `room` on the screen is too small for that.
+    void begin(QSize room);
+    /// The edge was let go, or nothing was heard of it for a moment.
+    void settle();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    int fitting(QSize room) const;
+    int nearest(QSize size) const;
+    QSize sizeAt(int percent) const;
+    void resized(QSize size);
+    void keepOnScreen();
+
+    QWidget& window_;
+    const QSize usual_;
+    QSize settled_;  ///< before the drag
+    QSize refused_;  ///< asked for and not given by the window manager
+    int wanted_ = 100;
+    QTimer rest_;
+};
+
+}  // namespace kzq

@@ -1,0 +1,116 @@
+#include "ui/scaled_painter.h"
+
+#include <QFontMetricsF>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+
+#include "ui/scale.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr double thickestLine = 2;
+
+/// One side of a rectangle.
+void sharpen(double& from, double& length, double deviceScale) {
+    const auto end = toPixel(from + length, deviceScale);
+    const auto begin = toPixel(from, deviceScale);
+    length = length <= thickestLine ? toPixels(length, deviceScale) : end - begin;
+    from = begin;
+}
+
+}  // namespace
+
+bool isWhole(double deviceScale) {
+    const auto line = thickestLine * deviceScale;
+    return std::abs(line - std::round(line)) < 1e-6;
+}
+
+double toPixel(double coordinate, double deviceScale) {
+    return std::floor(coordinate * deviceScale + 0.5) / deviceScale;
+}
+
+double toPixels(double thickness, double deviceScale) {
+    return thickness > thickestLine ? toPixel(thickness, deviceScale)
+                                    : std::max(1.0, std::floor(thickness * deviceScale)) / deviceScale;
+}
+
+double deviceScaleOf(const QPainter& painter) {
+    return painter.transform().m11() * painter.device()->devicePixelRatioF();
+}
+
+QRectF sharp(const QPainter& painter, const QRectF& rect) {
+    const auto& moved = painter.transform();
+    const QPointF offset(moved.dx() / moved.m11(), moved.dy() / moved.m22());
+    auto at = rect.topLeft() + offset;
+    double width = rect.width();
+    double height = rect.height();
+    const auto scale = deviceScaleOf(painter);
+    sharpen(at.rx(), width, scale);
+    sharpen(at.ry(), height, scale);
+    return {at - offset, QSizeF(width, height)};
+}
+
+ScaledPainter::ScaledPainter(QWidget* widget) : ScaledPainter(widget, scaleOf(*widget)) {
+    given_ = fontOf(*widget);
+}
+
+ScaledPainter::ScaledPainter(QPaintDevice* device, double size)
+    : QPainter(device), size_(size), bounds_(0, 0, device->width() / size_, device->height() / size_) {
+    if (size_ != 1) {
+        scale(size_, size_);
+    }
+}
+
+double ScaledPainter::deviceScale() const {
+    return size_ * device()->devicePixelRatioF();
+}
+
+void ScaledPainter::setType(const QFont& given) {
+    given_ = given;
+}
+
+void ScaledPainter::write(const QPointF& baseline, const QString& text) {
+    if (size_ == 1) {
+        setFont(given_);
+        drawText(baseline, text);
+        return;
+    }
+    const auto at = transform().map(baseline);
+    save();
+    resetTransform();
+    setFont(fontOnScreen(given_));
+    drawText(QPointF(at.x(), std::round(at.y())), text);
+    restore();
+}
+
+void ScaledPainter::write(const QRectF& box, int flags, const QString& text) {
+    if (size_ == 1) {
+        setFont(given_);
+        drawText(box, flags, text);
+        return;
+    }
+    const auto within = transform().mapRect(box);
+    save();
+    resetTransform();
+    setFont(fontOnScreen(given_));
+    drawText(within, flags, text);
+    restore();
+}
+
+double ScaledPainter::advance(const QString& text) const {
+    return size_ == 1 ? QFontMetricsF(given_).horizontalAdvance(text) : advanceOf(text, given_);
+}
+
+QString ScaledPainter::elided(const QString& text, double room) const {
+    const QFontMetricsF metrics(size_ == 1 ? given_ : fontOnScreen(given_));
+    return metrics.elidedText(text, Qt::ElideRight, room * size_);
+}
+
+QRectF ScaledPainter::sharp(const QRectF& rect) const {
+    return isWhole(deviceScale()) ? rect : kzq::sharp(*this, rect);
+}
+
+}  // namespace kzq

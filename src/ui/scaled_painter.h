@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QPainter>
+
+namespace kzq {
+
+/// Paints on a widget in pixels of 100 %, at whatever size the widget is shown. Text is set in real fonts of
+/// that size, by `write` instead of drawText; `fill` and `sharp` bring edges to whole pixels of the device.
+class ScaledPainter : public QPainter {
+  public:
+    explicit ScaledPainter(QWidget* widget);
+    /// On what is `size` times as large as at 100 %.
+    ScaledPainter(QPaintDevice* device, double size);
+
+    /// All of the widget, at 100 %.
+    QRectF bounds() const { return bounds_; }
+    /// Pixels of the device to one of 100 %.
+    double deviceScale() const;
+
+    /// The font of 100 % in which `write` writes.
+    void setType(const QFont& given);
+    void write(const QPointF& baseline, const QString& text);
+    void write(const QRectF& box, int flags, const QString& text);
+    /// In the font of `write`, in pixels of 100 %.
+    double advance(const QString& text) const;
+    QString elided(const QString& text, double room) const;
+
+    /// `rect` with its edges on whole pixels of the device, in pixels of 100 %; a side of at most 2 is
+    /// rounded down, to 1 at least.
+    QRectF sharp(const QRectF& rect) const;
+    void fill(const QRectF& rect, const QColor& color) { fillRect(sharp(rect), color); }
+
+  private:
+    double size_;
+    QRectF bounds_;
+    QFont given_;
+};
+
+/// The same for any painter that is scaled and moved.
+QRectF sharp(const QPainter& painter, const QRectF& rect);
+/// Pixels of the device to one of the painter's.
+double deviceScaleOf(const QPainter& painter);
+/// Whether pictures drawn on even edges with lines of 2 fall on whole pixels: then nothing is rounded.
+bool isWhole(double deviceScale);
+/// A coordinate of 100 % moved to the nearest pixel of the device, half upward.
+double toPixel(double coordinate, double deviceScale);
+/// The thickness of a line: up to 2 it is rounded down to whole pixels, to 1 at least.
+double toPixels(double thickness, double deviceScale);
+
+}  // namespace kzq
