@@ -1,5 +1,7 @@
 #include "slots/drop_sign.h"
 
+#include <cmath>
+
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -44,9 +46,9 @@ void drawDropSign(ScaledPainter& painter, const QRectF& bounds, double nameLeft,
     painter.setPen(wordsColour);
     double left = bounds.left() + wordsRight;
     if (!sign.refusal.isEmpty()) {
-        left -= painter.advance(sign.refusal);
+        left -= std::round(painter.advance(sign.refusal));
         painter.write(QPointF(left, wordsBaseline), sign.refusal);
-        left -= painter.advance(QString(QLatin1Char(' ')));
+        left -= std::round(painter.advance(QString(QLatin1Char(' '))));
     }
     drawFigures(painter, left, wordsBaseline, sign.length);
     left -= figuresWidth(sign.length);

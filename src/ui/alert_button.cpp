@@ -1,5 +1,7 @@
 #include "ui/alert_button.h"
 
+#include <cmath>
+
 #include "ui/scaled_painter.h"
 
 namespace kzq {
@@ -50,7 +52,7 @@ void AlertButton::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     drawButtonFace(painter, bounds, face, QString(chevronsRoom, ' ') + text());
-    const double word = painter.advance(text());
+    const double word = std::round(painter.advance(text()));
     const double left = (bounds.width() - word) / 2 - chevronsLeft;
     const double middle = upperMiddle(bounds, face);
     painter.setPen(QPen(face.word, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
