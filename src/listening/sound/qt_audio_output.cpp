@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <deque>
+#include <functional>
 #include <limits>
 #include <mutex>
 #include <optional>
@@ -92,6 +94,19 @@ class QtAudioOutput::Device : public QObject {
         look();
     }
 
+    /// In the order in which they were asked for: a sink that is reset may run the thread's event loop, and
+    /// with it the next task.
+    void perform(std::function<void(Device&)> task) {
+        tasks_.push_back(std::move(task));
+        if (std::exchange(performing_, true)) {
+            return;
+        }
+        for (; !tasks_.empty(); tasks_.pop_front()) {
+            tasks_.front()(*this);
+        }
+        performing_ = false;
+    }
+
     void start(Fill fill, unsigned round) {
         stop();
         round_ = round;
@@ -139,6 +154,9 @@ class QtAudioOutput::Device : public QObject {
     }
 
     void measure() {
+        if (performing_) {
+            return;
+        }
         const auto waiting = static_cast<std::uint64_t>(
             sink_->format().framesForBytes(static_cast<qint32>(sink_->bufferSize() - sink_->bytesFree())));
         if (known_->round == round_) {
@@ -149,6 +167,8 @@ class QtAudioOutput::Device : public QObject {
     const std::shared_ptr<Known> known_;
     QMediaDevices devices_;
     QTimer timer_;
+    std::deque<std::function<void(Device&)>> tasks_;
+    bool performing_ = false;
     unsigned round_ = 0;
     std::unique_ptr<Source> source_;
     std::unique_ptr<QAudioSink> sink_;
@@ -166,7 +186,7 @@ class QtAudioOutput::Thread : public QThread {
     }
 
     void ask(std::function<void(Device&)> task) {
-        QMetaObject::invokeMethod(&context_, [this, task = std::move(task)] { task(*device_); });
+        QMetaObject::invokeMethod(&context_, [this, task = std::move(task)] { device_->perform(task); });
     }
 
   protected:
