@@ -154,7 +154,7 @@ class QtAudioOutput::Device : public QObject {
     }
 
     void measure() {
-        if (performing_) {
+        if (performing_ || !sink_ || !source_) {
             return;
         }
         const auto waiting = static_cast<std::uint64_t>(
