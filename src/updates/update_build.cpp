@@ -87,6 +87,9 @@ Installation Installation::of(const char* appImageVariable, const char* appDirVa
 }
 
 Installation Installation::ofThisProgram() {
+    if (build::distribution) {
+        return {};  // without a look at dpkg's records, which are for its own programs
+    }
     std::error_code error;
     const auto executable = std::filesystem::read_symlink("/proc/self/exe", error);
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nothing sets them
