@@ -103,10 +103,6 @@ TEST(ListeningWithSound, APressIsHeardSoonAndALoopGoesRoundWithoutAGap) {
         return Milliseconds(ear.since() - start);
     };
     ASSERT_TRUE(until([&] { return ear.listens(); }, 10s));
-    for (int i = 0; i < 300; ++i) {  // a device that is stopped while it starts
-        application.delegate->playClickedForSlot(*application.delegate->importSlots().front());
-        until([] { return false; }, std::chrono::milliseconds(i % 23));
-    }
     report("from a press to the sound, the first of all", press(1));
     Milliseconds latest{};
     for (int i = 0; i < 5; ++i) {
