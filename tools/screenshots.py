@@ -1,6 +1,7 @@
 """screenshots.py FOLDER: see screenshots."""
 
 import os
+import struct
 import subprocess
 import sys
 import tempfile
@@ -58,12 +59,16 @@ def make_corners_clear(path):
 
 
 def sound(name, seconds):
-    """Silence; sparse."""
+    """Strokes, two in a second, every fourth of them strong."""
     path = os.path.join(work, name)
     with wave.open(path, "wb") as file:
         file.setparams((2, 2, 44100, 0, "NONE", ""))
-        for _ in range(seconds):
-            file.writeframes(bytes(4 * 44100))
+        for stroke in range(2 * seconds):
+            height = (24000, 9000, 15000, 9000)[stroke % 4]
+            for part in range(21):
+                wave_height = round(height * 0.88**part)
+                frames = [wave_height if i % 100 < 50 else -wave_height for i in range(1050)]
+                file.writeframes(b"".join(struct.pack("<hh", frame, frame) for frame in frames))
     return path
 
 
