@@ -143,6 +143,9 @@ class Slot : public QObject {
     /// Ends the editing of this row's name, if its editor is open, and keeps the typed name.
     void endEditing();
 
+    /// Sent by the view as it goes, before those in it do.
+    void viewGoes() { view_ = nullptr; }
+
     /// The actions of the button, of the x, and of the ring and A/B or their keys.
     void buttonClicked();
     void doNotExport();

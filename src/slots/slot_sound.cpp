@@ -122,8 +122,11 @@ QColor Slot::nameColour(const QColor& resting) const {
 
 /// While the views are deleted, some are gone before the others.
 bool Slot::hasViews() const {
-    const auto views = std::to_array<const QObject*>(
-        {view_, numberLabel_, ring_, button_, background_, x_, field_, compare_});
+    if (view_ == nullptr) {
+        return false;
+    }
+    const auto views =
+        std::to_array<const QObject*>({numberLabel_, ring_, button_, background_, x_, field_, compare_});
     return std::ranges::all_of(views, [](const auto* view) { return view != nullptr; });
 }
 

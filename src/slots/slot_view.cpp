@@ -12,6 +12,12 @@ namespace kzq {
 
 SlotView::SlotView(QWidget* parent) : QWidget(parent) {}
 
+SlotView::~SlotView() {
+    if (controller_ != nullptr) {
+        controller_->viewGoes();
+    }
+}
+
 Slot* SlotView::controller() const {
     return controller_;
 }

@@ -18,6 +18,7 @@ class SlotView : public QWidget {
 
   public:
     explicit SlotView(QWidget* parent = nullptr);
+    ~SlotView() override;
 
     Slot* controller() const;
     void setController(Slot* controller);
