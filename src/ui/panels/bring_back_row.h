@@ -10,6 +10,7 @@
 namespace kzq {
 
 class KeyButton;
+class ScaledPainter;
 
 /// What the Bring Back panel shows of a copy.
 struct BringBackCopy {
