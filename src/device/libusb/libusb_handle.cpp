@@ -155,6 +155,7 @@ UsbResult LibusbHandle::ended(std::uint8_t endpoint, int result, std::size_t tra
         const std::lock_guard guard(resetting_);
         giveUp("another program took the interface");
     }
+    lost();  // then it is a departure, of which nobody may ask again
     return logged("bulk " + hexadecimal(endpoint) + " after " + std::to_string(transferred) + " of " +
                       std::to_string(length) + " bytes",
                   result);
