@@ -22,8 +22,9 @@ double fraction(int part, int whole) {
     return static_cast<double>(part) / whole;
 }
 
-int percentOf(double size) {
-    return std::clamp(static_cast<int>(std::floor(size * 100 + 1e-6)), smallest, largest);
+/// The most percent of `usual` that `room` has space for, as `sizeAt` rounds them.
+int percentIn(int room, int usual) {
+    return std::clamp(static_cast<int>(std::ceil((room + 0.5) * 100 / usual)) - 1, smallest, largest);
 }
 
 }  // namespace
@@ -44,16 +45,14 @@ QSize WindowSize::sizeAt(int percent) const {
 }
 
 int WindowSize::fitting(QSize room) const {
-    return percentOf(
-        std::min(fraction(room.width(), usual_.width()), fraction(room.height(), usual_.height())));
+    return std::min(percentIn(room.width(), usual_.width()), percentIn(room.height(), usual_.height()));
 }
 
 /// What a drag of an edge or a corner to `size` means: the side that moved more counts.
 int WindowSize::nearest(QSize size) const {
     const auto wide = fraction(std::abs(size.width() - settled_.width()), usual_.width());
     const auto high = fraction(std::abs(size.height() - settled_.height()), usual_.height());
-    return percentOf(wide >= high ? fraction(size.width(), usual_.width())
-                                  : fraction(size.height(), usual_.height()));
+    return wide >= high ? percentIn(size.width(), usual_.width()) : percentIn(size.height(), usual_.height());
 }
 
 void WindowSize::set(int percent) {

@@ -170,6 +170,11 @@ TEST_F(Sizes, ADraggedEdgeScalesThePictureAndTheWindowTakesItsShape) {
     window.resize(768, 650);
     size.settle();
     EXPECT_EQ(window.size(), QSize(768, 536)) << "the width changed more";
+    size.set(193);
+    window.resize(1900, 1050);  // as a window manager shows it on the whole screen, and not any more
+    window.resize(1482, 1034);
+    size.settle();
+    EXPECT_EQ(window.size(), QSize(1482, 1034));
 }
 
 TEST_F(Sizes, TheMenuOffersThemAndMarksTheOneThatIs) {
