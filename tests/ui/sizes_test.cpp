@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QMenuBar>
+#include <QScreen>
 #include <QTest>
 #include <QXmlStreamReader>
 #include <cmath>
@@ -21,6 +22,7 @@
 #include "ui/shield.h"
 #include "ui/status/status_line.h"
 #include "ui/status/status_link.h"
+#include "updates/windows/update_panel.h"
 
 namespace kzq {
 namespace {
@@ -175,6 +177,15 @@ TEST_F(Sizes, ADraggedEdgeScalesThePictureAndTheWindowTakesItsShape) {
     window.resize(1482, 1034);
     size.settle();
     EXPECT_EQ(window.size(), QSize(1482, 1034));
+}
+
+TEST_F(Sizes, APanelOpensInTheMiddleAlsoAtAnotherSizeThanItHadThere) {
+    UpdatePanel panel;
+    place(panel, {0, 0, 300, 200});
+    panel.centre();
+    size.set(200);
+    panel.present();
+    EXPECT_EQ(panel.pos(), panel.screen()->availableGeometry().center() - QPoint(300, 200));
 }
 
 TEST_F(Sizes, TheMenuOffersThemAndMarksTheOneThatIs) {

@@ -52,12 +52,16 @@ void UpdatePanel::centre() {
     const auto* const screen = under != nullptr ? under : QGuiApplication::primaryScreen();
     if (screen != nullptr) {
         Scale::ofProgram().adopt(*this);
+        centredAt_ = Scale::ofProgram().size();
         const auto size = frameGeometry().size();
         move(screen->availableGeometry().center() - QPoint(size.width() / 2, size.height() / 2));
     }
 }
 
 void UpdatePanel::present() {
+    if (!isVisible() && centredAt_ != Scale::ofProgram().size()) {
+        centre();
+    }
     show();
     raise();
     activateWindow();

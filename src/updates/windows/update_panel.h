@@ -23,7 +23,7 @@ class UpdatePanel : public QWidget {
     void setDefaultButton(AlertButton* button);
     /// Centres the window on the screen with the pointer.
     void centre();
-    /// Shows the window in front, with the keyboard focus.
+    /// Shows the window in front, with the keyboard focus; in the middle again if its size is another now.
     void present();
 
   Q_SIGNALS:
@@ -40,6 +40,7 @@ class UpdatePanel : public QWidget {
   private:
     void focusDefault();
 
+    double centredAt_ = 0;  ///< the size at which it was centred: see Scale
     QPointer<AlertButton> defaultButton_;
     FocusRing* ring_;  // a child
 };
