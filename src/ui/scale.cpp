@@ -301,7 +301,8 @@ double advanceOf(const QString& text, const QFont& given) {
 
 int heightFor(const QWidget& label, int width) {
     const auto scale = scaleOf(label);
-    return static_cast<int>(std::ceil(label.heightForWidth(nearest(width * scale)) / scale));
+    const int narrowest = static_cast<int>(width * scale);  // depending on where its edges fall
+    return static_cast<int>(std::ceil(label.heightForWidth(narrowest) / scale));
 }
 
 }  // namespace kzq
