@@ -161,12 +161,12 @@ BackupEnd runBackup(Pedal& pedal, const BackupOrder& order, const Events& events
 }
 
 bool wasEverBackedUp(const std::filesystem::path& home) {
-    std::error_code ignored;
-    return !home.empty() && std::filesystem::exists(programFolderIn(home) / backupMarker, ignored);
+    std::error_code unknown;
+    return home.empty() || std::filesystem::exists(programFolderIn(home) / backupMarker, unknown) || unknown;
 }
 
 void rememberBackup(const std::filesystem::path& home) {
-    if (home.empty() || wasEverBackedUp(home)) {
+    if (home.empty()) {
         return;
     }
     const auto folder = programFolderIn(home);

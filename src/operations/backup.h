@@ -37,7 +37,7 @@ struct BackupEnd {
 BackupEnd runBackup(Pedal& pedal, const BackupOrder& order, const Events& events);
 
 /// Whether a backup was ever completed from this account, of whatever pedal: they have no names. `home` is
-/// the user's home folder; without one none was.
+/// the user's home folder. True also if nobody can say, as without one: only a look can show that none was.
 bool wasEverBackedUp(const std::filesystem::path& home);
 /// From now on one was. A failure is logged. Any thread.
 void rememberBackup(const std::filesystem::path& home);

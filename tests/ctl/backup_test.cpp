@@ -55,6 +55,7 @@ TEST_F(BackupTest, GoesOnWhereTheCableWasPulled) {
     plugInAgain();
     pedal.clearJournal();
     EXPECT_FALSE(wasEverBackedUp(folder.parent_path()));
+    EXPECT_TRUE(wasEverBackedUp({})) << "nobody can say that none was";
     EXPECT_EQ(backup(), ExitCode::ok);
     EXPECT_TRUE(wasEverBackedUp(folder.parent_path()));
     EXPECT_THAT(out.str(), HasSubstr("Loop 2: already saved.\nLoop 5: already saved.\n3 loops backed up"));
