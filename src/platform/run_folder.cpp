@@ -108,7 +108,7 @@ std::optional<std::filesystem::path> RunFolder::make() {
             path_ = candidate;
             return path_;
         }
-        ::rmdir(candidate.c_str());
+        removeAll(candidate);  // with its lock file, where files cannot be locked
     }
     log(LogCategory::files, "cannot create a folder for temporary files in " + parent_.string() + ": " +
                                 std::generic_category().message(error));
