@@ -112,17 +112,16 @@ Result<void> removeFile(const fs::path& file) {
 
 Result<PedalMemory> LoopFolder::load() {
     std::error_code code;
-    auto entries = fs::directory_iterator(folder_, code);
-    if (code) {
-        return Trouble{Kind::folder, folder_.string(), code.value()};
-    }
     PedalMemory memory;
     files_ = {};
     std::uint64_t frames = 0;
-    for (const fs::directory_entry& entry : entries) {
-        if (const auto loaded = loadFile(entry.path(), memory, frames); !loaded) {
+    for (fs::directory_iterator entry(folder_, code), end; !code && entry != end; entry.increment(code)) {
+        if (const auto loaded = loadFile(entry->path(), memory, frames); !loaded) {
             return loaded.error();
         }
+    }
+    if (code) {
+        return Trouble{Kind::folder, folder_.string(), code.value()};
     }
     if (frames > capacityFrames) {
         return Trouble{Kind::noRoom, folder_.string()};
