@@ -87,7 +87,9 @@ usbip_tools() {
     check "the pedal saw nothing wrong" pedal_ends
 }
 
-decoder_is_caged() { user "test_locked_child --gtest_filter=*Its*" >/tmp/ctl.err 2>&1; }
+decoder_is_caged() {
+    user "test_locked_child --gtest_filter=*Its*" >/tmp/ctl.err 2>&1 && says "PASSED.* 1 test"
+}
 decoders_cage() {
     mount -t securityfs none /sys/kernel/security
     check "this kernel has Landlock" grep -q landlock /sys/kernel/security/lsm

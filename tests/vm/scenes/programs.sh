@@ -44,6 +44,7 @@ left_bound() {
     pedal $three
     device=$(basename "$(device)")
     echo "$device:1.0" >/sys/bus/usb/drivers/usbtmc/bind
+    check "the driver has the interface" [ -e "/sys/bus/usb/drivers/usbtmc/$device:1.0" ]
     check "the driver that a killed program left there is no obstacle" ctl import 5 --to /tmp/out
     check "... bit for bit" same /tmp/out/*.wav "/loops/Loop 5.wav"
     check "the pedal saw nothing wrong" pedal_ends
