@@ -13,11 +13,21 @@ namespace {
 
 constexpr double thickestLine = 2;
 
+/// How a painter's coordinates become pixels of the device, in one direction.
+struct Direction {
+    double scale;
+    double offset;  ///< of its origin, which may lie in the middle of a pixel
+
+    double toPixel(double coordinate) const {
+        return (std::floor(coordinate * scale + offset + 0.5) - offset) / scale;
+    }
+};
+
 /// One side of a rectangle.
-void sharpen(double& from, double& length, double deviceScale) {
-    const auto end = toPixel(from + length, deviceScale);
-    const auto begin = toPixel(from, deviceScale);
-    length = length <= thickestLine ? toPixels(length, deviceScale) : end - begin;
+void sharpen(double& from, double& length, const Direction& direction) {
+    const auto end = direction.toPixel(from + length);
+    const auto begin = direction.toPixel(from);
+    length = length <= thickestLine ? toPixels(length, direction.scale) : end - begin;
     from = begin;
 }
 
@@ -42,15 +52,13 @@ double deviceScaleOf(const QPainter& painter) {
 }
 
 QRectF sharp(const QPainter& painter, const QRectF& rect) {
-    const auto& moved = painter.transform();
-    const QPointF offset(moved.dx() / moved.m11(), moved.dy() / moved.m22());
-    auto at = rect.topLeft() + offset;
+    const auto& device = painter.deviceTransform();
+    auto at = rect.topLeft();
     double width = rect.width();
     double height = rect.height();
-    const auto scale = deviceScaleOf(painter);
-    sharpen(at.rx(), width, scale);
-    sharpen(at.ry(), height, scale);
-    return {at - offset, QSizeF(width, height)};
+    sharpen(at.rx(), width, {device.m11(), device.dx()});
+    sharpen(at.ry(), height, {device.m22(), device.dy()});
+    return {at, QSizeF(width, height)};
 }
 
 ScaledPainter::ScaledPainter(QWidget* widget) : ScaledPainter(widget, scaleOf(*widget)) {

@@ -103,5 +103,19 @@ TEST(Pictures, AreDrawnForEachSize) {
     EXPECT_EQ(drawn(64), alone) << "not a small one, stretched";
 }
 
+TEST(Pictures, BeginWithAPixelWhereverTheirWidgetDoes) {
+    const auto drawn = [](double place) {
+        QImage sheet(80, 80, QImage::Format_ARGB32_Premultiplied);
+        sheet.setDevicePixelRatio(1.25);
+        sheet.fill(Qt::transparent);
+        QPainter painter(&sheet);
+        painter.translate(place, place);
+        drawPicture(painter, "Export_X", {0, 0, 16, 16});
+        painter.end();
+        return sheet;
+    };
+    EXPECT_EQ(drawn(18).copy(23, 23, 40, 40), drawn(0).copy(0, 0, 40, 40)) << "22.5 pixels";
+}
+
 }  // namespace
 }  // namespace kzq
