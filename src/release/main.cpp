@@ -31,7 +31,9 @@ int complain(int status, const std::string& sentence) {
 }
 
 int complain(const Trouble& trouble) {
-    const auto why = trouble.error == 0 ? trouble.words : std::generic_category().message(trouble.error);
+    const auto why = trouble.error != 0       ? std::generic_category().message(trouble.error)
+                     : !trouble.words.empty() ? trouble.words
+                                              : "it is no plain file, or too long";
     return complain(fileStatus, trouble.where + ": " + why + ".");
 }
 
