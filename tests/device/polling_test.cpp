@@ -156,6 +156,11 @@ TEST_F(Polling, QueriesReadPartsOfTheStatus) {
     executor.advance(1s);
     ASSERT_TRUE(loops);
     EXPECT_EQ(loops->size(), 2U);
+    std::uint32_t remaining = 0;
+    EXPECT_FALSE(looper().remaining({}) || looper().loops({}));
+    EXPECT_TRUE(looper().remaining([&](std::uint32_t value) { remaining = value; }));
+    executor.settle();
+    EXPECT_EQ(remaining, 0x04030201U);
 
     usb.replies[0xEA][5] = 0x80;
     EXPECT_EQ(looper().status(false), std::nullopt);

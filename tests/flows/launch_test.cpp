@@ -1,7 +1,9 @@
 #include <QAction>
 #include <QMenuBar>
+#include <QTest>
 #include <fstream>
 
+#include "app/application.h"
 #include "flow_fixture.h"
 #include "slots/slot_field.h"
 #include "slots/slot_field_editor.h"
@@ -54,6 +56,47 @@ TEST_F(FlowTest, QuittingRemovesTheWorkingCopiesThatAreStagedAndNothingElse) {
     delegate->applicationWillTerminate();
     EXPECT_EQ(workingCopies(), 1);
     EXPECT_TRUE(std::filesystem::exists(base / "files" / "song 7.wav"));
+}
+
+TEST_F(FlowTest, TheMenuIsOperatedByKeysAndClosedByAClickBesideIt) {
+    launchConnected();
+    auto& application = *static_cast<Application*>(qApp);
+    application.setDelegate(delegate.get());
+    const auto key = [this](Qt::Key key) { QTest::keyClick(window->windowHandle(), key); };
+    const auto click = [this](QPoint point) {
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
+    };
+    const std::string website = "https://www.maker.example";
+    dialogs.take();
+    delegate->openMenu();
+    key(Qt::Key_Return);  // nothing is chosen yet
+    key(Qt::Key_Up);
+    key(Qt::Key_Enter);
+    key(Qt::Key_Down);  // is the last
+    key(Qt::Key_Space);
+    EXPECT_THAT(dialogs.take(), testing::ElementsAre(website, website));
+    for (int up = 0; up < 4; ++up) {  // to the first, and no further
+        key(Qt::Key_Left);
+    }
+    EXPECT_TRUE(delegate->menu()->about().hovered());
+    EXPECT_FALSE(delegate->menu()->website().hovered());
+    key(Qt::Key_Return);
+    EXPECT_TRUE(delegate->about()->isVisible());
+    EXPECT_FALSE(delegate->menuOpen());
+    delegate->about()->close();
+
+    delegate->openMenu();
+    key(Qt::Key_Right);
+    EXPECT_TRUE(delegate->menu()->about().hovered());
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(delegate->menuOpen());
+    delegate->openMenu();
+    EXPECT_FALSE(delegate->menu()->about().hovered());
+    click(delegate->menu()->view()->mapTo(window.get(), QPoint(4, 48)));
+    EXPECT_TRUE(delegate->menuOpen());
+    click({1, window->height() - 2});
+    EXPECT_FALSE(delegate->menuOpen());
+    application.setDelegate(nullptr);
 }
 
 }  // namespace

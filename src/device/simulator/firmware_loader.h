@@ -31,7 +31,6 @@ class FirmwareLoader {
 
     /// Whether the last trailer matched its image; false while another image is being received.
     bool isInstalled() const { return outcome_ == Outcome::installed; }
-    bool isRejected() const { return outcome_ == Outcome::rejected; }
     /// The last image that was installed.
     const std::optional<Bytes>& installedImage() const { return installedImage_; }
 

@@ -93,9 +93,4 @@ std::optional<Bytes> SimulatedPedal::installedFirmware() const {
     return loader_.installedImage();
 }
 
-bool SimulatedPedal::firmwareRejected() const {
-    const Lock lock(mutex_);
-    return loader_.isRejected();
-}
-
 }  // namespace kzq::simulator

@@ -124,8 +124,6 @@ class SimulatedPedal : Fixed {
     std::vector<std::string> violations() const;
     /// The last image whose length and SHA-256 matched its trailer.
     std::optional<Bytes> installedFirmware() const;
-    /// Whether the last trailer did not match its image, so that the pedal stays in its loader.
-    bool firmwareRejected() const;
 
   private:
     using LoopPointer = std::shared_ptr<const StoredLoop>;
