@@ -119,3 +119,22 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     update->accept();
     EXPECT_EQ(events, std::vector<std::string>{"relaunch"});
 }
+
+TEST_F(SoftwareUpdateTest, SaysWhyThereIsNothingToInstall) {
+    publish("0.1.0");
+    check();
+    EXPECT_EQ(headline(), "You're up to date!");
+    EXPECT_EQ(buttons(), QStringList{"OK"});
+    shelf.resources.erase("https://maker/feed");
+    check();
+    EXPECT_EQ(headline(), "The program could not be updated.");
+    EXPECT_TRUE(detail().size() > 1 && detail().front().isUpper() && detail().endsWith('.'))
+        << detail().toStdString();
+
+    publish("0.2");
+    start({"0.1.0", {}, false, "https://maker/"});
+    check();
+    EXPECT_EQ(buttons(), (QStringList{"Website", "Later"})) << "unsigned, it is only announced";
+    update->accept();
+    EXPECT_EQ(events, std::vector<std::string>{"https://maker/"});
+}

@@ -1,9 +1,10 @@
 // kzq7306-gallery FOLDER: contact sheets of every part of the window, at the device ratio given by
-// QT_SCALE_FACTOR.
+// QT_SCALE_FACTOR. kzq7306-gallery --check: whether the states of each part look different.
 
 #include <QApplication>
 #include <QDir>
 #include <cstdio>
+#include <iterator>
 
 #include "bring_back_shots.h"
 #include "button_shots.h"
@@ -21,11 +22,32 @@ namespace {
 
 using namespace kzq::gallery;
 
+/// Whether the states of one thing ("Import, hover") can be told apart; those that cannot are listed.
+bool areDistinct(const QString& sheet, const Shots& shots) {
+    const auto thing = [](const Shot& shot) { return shot.caption.section(", ", 0, 0); };
+    bool distinct = true;
+    for (auto one = shots.begin(); one != shots.end(); ++one) {
+        for (auto other = std::next(one); other != shots.end(); ++other) {
+            if (thing(*one) == thing(*other) && one->pixmap.toImage() == other->pixmap.toImage()) {
+                std::fprintf(stderr, "%s: \"%s\" looks like \"%s\"\n", qPrintable(sheet),
+                             qPrintable(other->caption), qPrintable(one->caption));
+                distinct = false;
+            }
+        }
+    }
+    return distinct;
+}
+
 class Folder {
   public:
-    Folder(const QString& path, double ratio) : folder_(path), ratio_(ratio) { good_ = folder_.mkpath("."); }
+    Folder(const QString& path, double ratio)
+        : folder_(path), ratio_(ratio), checks_(path == "--check"), good_(checks_ || folder_.mkpath(".")) {}
 
     void save(const QString& name, const Shots& shots, const QColor& ground) {
+        if (checks_) {
+            good_ = areDistinct(name, shots) && good_;
+            return;
+        }
         const auto path = folder_.filePath(QString("%1@%2x.png").arg(name).arg(ratio_));
         if (contactSheet(shots, ground).save(path)) {
             return;
@@ -39,7 +61,8 @@ class Folder {
   private:
     QDir folder_;
     double ratio_;
-    bool good_ = false;
+    bool checks_;
+    bool good_;
 };
 
 bool drawAll(const QString& path, double ratio) {
@@ -74,7 +97,7 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     if (argc != 2) {
-        std::fputs("kzq7306-gallery FOLDER\n", stderr);
+        std::fputs("kzq7306-gallery FOLDER, or --check\n", stderr);
         return 2;
     }
     return drawAll(QString::fromLocal8Bit(argv[1]), application.devicePixelRatio()) ? 0 : 1;
