@@ -97,6 +97,13 @@ TEST_F(StatusLineTest, AnOutcomeThatComesWhileTheListIsOpenIsInItAndItsActionWor
     tell("first");
     tell("second");
     ASSERT_EQ(line.list().rows().size(), 2U);
+    for (const auto& [key, row] :
+         {std::pair(Qt::Key_Down, 0U), {Qt::Key_Down, 1U}, {Qt::Key_Down, 1U}, {Qt::Key_Up, 0U}}) {
+        QTest::keyClick(&line.list(), key);
+        EXPECT_TRUE(line.list().rows()[row]->hasFocus());
+    }
+    tell("third");
+    EXPECT_TRUE(line.list().rows()[1]->hasFocus()) << "the focus stays with its outcome";
     press(*line.list().rows().back()->remedy());
     EXPECT_EQ(tries, 1);
 }

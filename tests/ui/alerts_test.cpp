@@ -7,6 +7,7 @@
 
 #include "ui/alert_button.h"
 #include "ui/alert_panel.h"
+#include "ui/check_box.h"
 #include "ui/focus_ring.h"
 #include "ui/qt_dialogs.h"
 #include "virtual_executor.h"
@@ -54,6 +55,31 @@ TEST(Alerts, AnswerByTheOrderOfTheirButtons) {
                            QTest::keyClick(panel.focusWidget(), Qt::Key_Return);
                        }),
               1000);
+}
+
+TEST(Alerts, AnOptionBeginsAsItWasAndIsHandedBackWithAnyAnswer) {
+    auto question = yesOrNoAlertWithHeadline("Erase?", "It is gone then.");
+    question.option = "Keep copies";
+    for (const bool before : {false, true}) {
+        bool ticked = before;
+        QMetaObject::invokeMethod(
+            qApp,
+            [before] {
+                auto& panel = dynamic_cast<AlertPanel&>(*QApplication::activeModalWidget());
+                auto* const box = panel.findChild<CheckBox*>();
+                EXPECT_EQ(box->isChecked(), before);
+                EXPECT_TRUE(panel.rect().contains(box->geometry()));
+                const auto usual = box->grab().toImage();
+                QTest::mouseClick(box, Qt::LeftButton, {}, {6, box->height() / 2});
+                EXPECT_NE(box->grab().toImage(), usual);
+                escape(panel);
+            },
+            Qt::QueuedConnection);
+        test::VirtualExecutor executor;
+        KeyGuard keys(executor);
+        QtDialogs(keys, [] { return nullptr; }).run(question, ticked);
+        EXPECT_NE(ticked, before);
+    }
 }
 
 TEST(Alerts, SurviveTheEndOfTheirParent) {

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include "mouse.h"
+#include "ui/handle_scroll_bar.h"
 #include "ui/pictures.h"
 #include "ui/shield.h"
 
@@ -115,6 +117,31 @@ TEST(Pictures, BeginWithAPixelWhereverTheirWidgetDoes) {
         return sheet;
     };
     EXPECT_EQ(drawn(18).copy(23, 23, 40, 40), drawn(0).copy(0, 0, 40, 40)) << "22.5 pixels";
+}
+
+TEST(ScrollBar, FollowsTheHandleAndPagesBesideIt) {
+    HandleScrollBar bar(nullptr);
+    bar.resize(HandleScrollBar::barWidth, 216);  // 200 of them for the handle
+    EXPECT_TRUE(bar.handle().isEmpty());
+    bar.setRange(0, 300);
+    bar.setPageStep(100);
+    EXPECT_EQ(bar.handle().height(), 50);
+    const int top = bar.handle().top();
+    const auto usual = bar.grab().toImage();
+    test::Mouse mouse(bar);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {6, top + 10});
+    EXPECT_NE(bar.grab().toImage(), usual) << "it shows that it is held";
+    mouse.dragBy({2, top + 6.0 + 75});
+    EXPECT_EQ(bar.value(), 150);
+    mouse.dragBy({2, 1000});
+    EXPECT_EQ(bar.value(), 300);
+    mouse.release();
+    mouse.dragBy({2, 0});
+    EXPECT_EQ(bar.value(), 300) << "let go";
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, {6, top});
+    EXPECT_EQ(bar.value(), 200);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, {6, 210});
+    EXPECT_EQ(bar.value(), 300);
 }
 
 }  // namespace
