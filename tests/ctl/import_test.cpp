@@ -52,6 +52,28 @@ TEST_F(ToolTest, OneLoopFailsTheOthersAreSaved) {
     EXPECT_THAT(err.str(), HasSubstr("Loop 20 was not saved: it changed while it was being read."));
 }
 
+TEST_F(ToolTest, ATerminalSeesSpeedAndTimeLeftAndAProgramBytes) {
+    pedal.plugIn();
+    port.pace = 500ms;
+    terminal = true;
+    EXPECT_EQ(import({"20"}), ExitCode::ok);
+    EXPECT_THAT(out.str(), testing::ContainsRegex("Loop 20: [2-5][0-9] %, 2\\.0 kB/s, 0:0[23] left"));
+    EXPECT_THAT(out.str(), testing::EndsWith("Loop 20: saved as " + folder.string() +
+                                             "/Loop 20.wav (9.0 kB).\n1 loop saved.\n"));
+    terminal = false;
+    EXPECT_EQ(import({"20", "--json"}), ExitCode::ok);
+    std::uint64_t moved = 0;
+    for (const auto& event : events()) {
+        if (event["event"] == "progress") {
+            EXPECT_EQ(event["slot"], 20);
+            EXPECT_EQ(event["totalBytes"], 9000);
+            EXPECT_GT(event["transferredBytes"], moved);
+            moved = event["transferredBytes"];
+        }
+    }
+    EXPECT_EQ(moved, 9000U);
+}
+
 TEST_F(ToolTest, FolderIsCheckedBeforeThePedalIsTouchedAndMadeWhenThereIsALoopForIt) {
     pedal.plugIn();
     EXPECT_EQ(run({"import", "--all", "--to", folder / "missing" / "too"}), ExitCode::fileError);

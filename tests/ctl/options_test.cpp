@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "ctl/speech/progress_meter.h"
 
 namespace kzq::ctl {
 namespace {
