@@ -144,6 +144,11 @@ expect 0 --replay "$to/session" import 3 --to "$to/again"
 cmp "$to/Loop 3.wav" "$to/again/Loop 3.wav" || fail "a replay differs from its session"
 expect 5 --replay "$to/session" import 2 --to "$to/again"
 grep -q 'something else: line [0-9]*: recorded' "$work/err" || fail "another command: $(cat "$work/err")"
+expect 0 --simulate --record "$to/sent" export "$to/Loop 3.wav" --slot 20
+expect 0 --replay "$to/sent" export "$to/Loop 3.wav" --slot 20
+printf x | dd of="$to/Loop 3.wav" bs=1 seek=2000 conv=notrunc status=none
+expect 5 --replay "$to/sent" export "$to/Loop 3.wav" --slot 20
+grep -q 'something else: line [0-9]*: recorded' "$work/err" || fail "other audio: $(cat "$work/err")"
 for options in "" --without-audio; do
     expect 0 recording "$to/session" --to-pcapng "$to/capture$options" $options
     python3 -c 'import struct, sys
