@@ -1,4 +1,7 @@
-// Linked into every program whose lines are counted: one that leaves by _Exit or _exit writes its counters first.
+// Linked into every program whose lines are counted: one that leaves by _Exit or _exit, or is ended by SIGTERM, writes its
+// counters first.
+#include <csignal>
+
 extern "C" {
 void __gcov_dump();
 [[noreturn]] void __real__Exit(int status);
@@ -13,4 +16,13 @@ void __gcov_dump();
     __gcov_dump();
     __real__exit(status);
 }
+
+static void endCounted(int signal) {
+    __gcov_dump();
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
 }
+}
+
+// Before main, so that a program's own handler takes its place.
+[[maybe_unused]] static const auto before = std::signal(SIGTERM, endCounted);
