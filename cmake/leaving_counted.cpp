@@ -1,5 +1,5 @@
-// Linked into every program whose lines are counted: one that leaves by _Exit or _exit, or is ended by SIGTERM, writes its
-// counters first.
+// Linked into every program whose lines are counted: one that leaves by _Exit or _exit, or is ended by
+// SIGTERM, writes its counters first.
 #include <csignal>
 
 extern "C" {
