@@ -42,6 +42,18 @@ TEST(Installation, AnAppImageThatRunsUnpackedStartsOthersSo) {
     // NOLINTEND(concurrency-mt-unsafe)
 }
 
+TEST(Installation, IsAPackageOnlyWhereOneHasRecordedTheProgram) {
+    const TestFolder records;
+    writeText(records / "kzq7306.list", "/.\n/usr/bin/kzq7306\n/usr/local/bin/kzq7306\n");
+    writeText(records / "other.md5sums", "/usr/bin/built\n");
+    for (const auto& [program, kind] : {std::pair("/usr/bin/kzq7306", PackageKind::deb),
+                                        {"/usr/bin/built", PackageKind::other},
+                                        {"/usr/local/bin/kzq7306", PackageKind::other},
+                                        {"/home/me/kzq7306", PackageKind::other}}) {
+        EXPECT_EQ(Installation::of(nullptr, nullptr, program, records.path()).kind, kind) << program;
+    }
+}
+
 TEST(Maker, KnowsTheMakersAddresses) {
     const TestFolder folder;
     EXPECT_EQ(firmwareManifestAddress(), makerAddress("/assets/7306/firmware/_.json"));
