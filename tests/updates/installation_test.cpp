@@ -46,7 +46,7 @@ TEST(Installation, IsAPackageOnlyWhereOneHasRecordedTheProgram) {
     const TestFolder records;
     writeText(records / "kzq7306.list", "/.\n/usr/bin/kzq7306\n/usr/local/bin/kzq7306\n");
     writeText(records / "other.md5sums", "/usr/bin/built\n");
-    for (const auto& [program, kind] : {std::pair("/usr/bin/kzq7306", PackageKind::deb),
+    for (const auto& [program, kind] : {std::pair("/usr/bin/kzq7306", PackageKind::debian),
                                         {"/usr/bin/built", PackageKind::other},
                                         {"/usr/local/bin/kzq7306", PackageKind::other},
                                         {"/home/me/kzq7306", PackageKind::other}}) {
