@@ -35,7 +35,8 @@ class Player::Feed : Fixed {
 
     void change(std::shared_ptr<const Sound> sound) {
         const std::lock_guard guard(mutex_);
-        next_ = {sound, {next_.at.count % sound->length().count}};
+        const Frames at{next_.at.count % sound->length().count};
+        next_ = {std::move(sound), at};
     }
 
     Place placeAfter(std::uint64_t taken) {

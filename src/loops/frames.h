@@ -17,7 +17,7 @@ struct Frames {
     constexpr std::uint64_t bytes() const { return count * frameBytes; }
     /// Whole ones.
     constexpr std::uint64_t seconds() const { return count / framesPerSecond; }
-    auto operator<=>(const Frames&) const = default;
+    auto operator<=>(const Frames&) const = default;  // NOLINT(modernize-use-nullptr): compared with 0
 };
 
 /// "m:ss"
