@@ -40,6 +40,11 @@ class Program(unittest.TestCase):
         with open(self.at("kept"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "mine")
 
+    def test_it_can_say_that_it_starts(self):
+        said = [subprocess.run([PROGRAM, word], env=self.surroundings, capture_output=True, text=True, check=True,
+                               timeout=PATIENCE).stdout.strip() for word in ("--self-check", "--version")]
+        self.assertEqual(said[0], f"7306 Loop Manager {said[1].split()[1]} starts")
+
     def test_it_records_until_its_end(self):
         recording = self.at("session")
         program = subprocess.Popen([PROGRAM, "--simulate", "--record", recording, "--host", "localhost:9"],
