@@ -62,7 +62,7 @@ TEST_F(FlowTest, TheMenuIsOperatedByKeysAndClosedByAClickBesideIt) {
     launchConnected();
     auto& application = *static_cast<Application*>(qApp);
     application.setDelegate(delegate.get());
-    const auto key = [this](Qt::Key key) { QTest::keyClick(window->windowHandle(), key); };
+    const auto key = [this](Qt::Key pressed) { QTest::keyClick(window->windowHandle(), pressed); };
     const auto click = [this](QPoint point) {
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
     };
