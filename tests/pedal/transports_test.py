@@ -76,8 +76,15 @@ class Program:
         return self.ended()
 
     def ended(self):
-        words = self.process.communicate(timeout=PATIENCE)[1]
+        try:
+            words = self.process.communicate(timeout=PATIENCE)[1]
+        finally:
+            self.process.kill()
         return self.process.returncode, words
+
+    def close(self):
+        if self.process.returncode is None:
+            self.end()
 
     def pull(self):
         self.process.send_signal(signal.SIGUSR1)
@@ -219,7 +226,7 @@ class OverUsbredir:
 class AtTheDevicePort:
     """The kernel's side of GadgetFS."""
 
-    CONNECT, SETUP = 1, 3
+    CONNECT, DISCONNECT, SETUP = 1, 2, 3
 
     def __init__(self, folder, *options):
         gadget = os.path.join(folder, "gadget")
@@ -279,7 +286,7 @@ class Conversations(unittest.TestCase):
 
     def start(self, transport, *options):
         usb = transport(self.folder, "--folder", self.loops, "--firmware", "1.23", "--channel", "1=7", *options)
-        self.addCleanup(usb.program.process.kill)
+        self.addCleanup(usb.program.close)
         usb.attach()
         return usb
 
@@ -330,6 +337,15 @@ class Conversations(unittest.TestCase):
 
     def test_gadget(self):
         self.converse(AtTheDevicePort)
+
+    def test_a_reset_ends_the_silence_at_the_device_port(self):
+        usb = self.start(AtTheDevicePort, "--fault", "silence@E8")
+        usb.configure()
+        usb.event(struct.pack("<BBHHH", 0xE8, 0x2A, 1, 0, 8), usb.SETUP)
+        usb.event(bytes(8), usb.DISCONNECT)
+        usb.configure()
+        self.command(usb, 0xE8)
+        self.assertEqual(usb.program.end(), (0, ""))
 
     def test_only_one_computer_has_the_pedal(self):
         usb = self.start(OverIp)
