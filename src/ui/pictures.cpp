@@ -26,12 +26,6 @@ QSizeF scaleOf(const QPainter& painter) {
     return {std::hypot(transform.m11(), transform.m12()), std::hypot(transform.m21(), transform.m22())};
 }
 
-/// Where one pixel ends and the next begins; at a desktop's scale of 1.5, every other widget begins
-/// elsewhere.
-bool isBetweenPixels(double at) {
-    return at == std::floor(at);
-}
-
 /// Its SVG, for drawing it in so many pixels.
 QByteArray contentOf(const QString& name, QSize pixels) {
     QFile file(pathOf(name));
@@ -92,10 +86,7 @@ bool drawPicture(QPainter& painter, const QString& name, const QRectF& target) {
     const auto pixmap = rendered(name, pixels);
     // one pixel of the pixmap to one of the device, where the target's edges fall between pixels as well
     const QSizeF exact(pixels.width() / scale.width(), pixels.height() / scale.height());
-    const auto& device = painter.deviceTransform();
-    const bool whole = isWhole(scale.width()) && isWhole(scale.height()) && isBetweenPixels(device.dx()) &&
-                       isBetweenPixels(device.dy());
-    const auto corner = whole ? target.topLeft() : sharp(painter, target).topLeft();
+    const auto corner = isWhole(painter) ? target.topLeft() : sharp(painter, target).topLeft();
     painter.drawPixmap(QRectF(corner, exact), pixmap, QRectF(pixmap.rect()));
     return true;
 }

@@ -38,6 +38,13 @@ bool isWhole(double deviceScale) {
     return std::abs(line - std::round(line)) < 1e-6;
 }
 
+bool isWhole(const QPainter& painter) {
+    const auto& device = painter.deviceTransform();
+    const auto isBetweenPixels = [](double at) { return at == std::floor(at); };
+    return isWhole(device.m11()) && isWhole(device.m22()) && isBetweenPixels(device.dx()) &&
+           isBetweenPixels(device.dy());
+}
+
 double toPixel(double coordinate, double deviceScale) {
     return std::floor(coordinate * deviceScale + 0.5) / deviceScale;
 }
@@ -118,7 +125,7 @@ QString ScaledPainter::elided(const QString& text, double room) const {
 }
 
 QRectF ScaledPainter::sharp(const QRectF& rect) const {
-    return isWhole(deviceScale()) ? rect : kzq::sharp(*this, rect);
+    return isWhole(*this) ? rect : kzq::sharp(*this, rect);
 }
 
 }  // namespace kzq

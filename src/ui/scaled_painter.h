@@ -42,6 +42,8 @@ QRectF sharp(const QPainter& painter, const QRectF& rect);
 double deviceScaleOf(const QPainter& painter);
 /// Whether pictures drawn on even edges with lines of 2 fall on whole pixels: then nothing is rounded.
 bool isWhole(double deviceScale);
+/// The same for where `painter` draws: a desktop's scale may put a widget into the middle of a pixel.
+bool isWhole(const QPainter& painter);
 /// A coordinate of 100 % moved to the nearest pixel of the device, half upward.
 double toPixel(double coordinate, double deviceScale);
 /// The thickness of a line: up to 2 it is rounded down to whole pixels, to 1 at least.

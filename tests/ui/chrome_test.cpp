@@ -7,10 +7,12 @@
 #include <QShortcut>
 #include <QTest>
 #include <QWheelEvent>
+#include <set>
 
 #include "mouse.h"
 #include "ui/handle_scroll_bar.h"
 #include "ui/pictures.h"
+#include "ui/scaled_painter.h"
 #include "ui/shield.h"
 
 namespace kzq {
@@ -105,18 +107,33 @@ TEST(Pictures, AreDrawnForEachSize) {
     EXPECT_EQ(drawn(64), alone) << "not a small one, stretched";
 }
 
-TEST(Pictures, BeginWithAPixelWhereverTheirWidgetDoes) {
-    const auto drawn = [](double place) {
-        QImage sheet(80, 80, QImage::Format_ARGB32_Premultiplied);
-        sheet.setDevicePixelRatio(1.25);
-        sheet.fill(Qt::transparent);
-        QPainter painter(&sheet);
-        painter.translate(place, place);
-        drawPicture(painter, "Export_X", {0, 0, 16, 16});
-        painter.end();
-        return sheet;
-    };
-    EXPECT_EQ(drawn(18).copy(23, 23, 40, 40), drawn(0).copy(0, 0, 40, 40)) << "22.5 pixels";
+class Tape : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        ScaledPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.fill(QRectF(4, 4, 20, 10), Qt::black);
+    }
+};
+
+TEST(Pictures, HaveWholePixelsWhereverADesktopsScalePutsTheirWidget) {
+    QWidget window;
+    Tape tape(&window);
+    tape.setGeometry(9, 9, 30, 20);
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75}) {
+        QImage image(96, 96, QImage::Format_RGB32);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::white);
+        window.render(&image, {}, {}, QWidget::DrawChildren);
+        std::set<QRgb> colours;
+        for (int at = 0; at < image.width() * image.height(); ++at) {
+            colours.insert(image.pixel(at % image.width(), at / image.width()));
+        }
+        EXPECT_EQ(colours.size(), 2U) << "black and white, at " << ratio;
+    }
 }
 
 TEST(ScrollBar, FollowsTheHandleAndPagesBesideIt) {
