@@ -34,6 +34,7 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
         pedalRead(parts);
         parts.presenter.table();
         parts.bringBack.tableChanged();
+        parts.backingUp.tableChanged();
         parts.listening.rowsChanged();
         parts.teller.rest();
         parts.handedFiles.place();
@@ -104,6 +105,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     if (const auto change = parts_->model.changed(status.loops)) {
         parts_->presenter.change(*change);
         parts_->bringBack.tableChanged();
+        parts_->backingUp.tableChanged();
         parts_->listening.rowsChanged();
         parts_->teller.rest();
         parts_->handedFiles.place();
@@ -119,6 +121,7 @@ void AppDelegate::looperHasBeenDisconnected() {
     parts_->model.reset();
     parts_->presenter.left();
     parts_->bringBack.tableChanged();
+    parts_->backingUp.tableChanged();
     parts_->listening.rowsChanged();
     parts_->teller.forgetImports();
     parts_->teller.rest();

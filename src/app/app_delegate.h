@@ -127,6 +127,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     /// Null before it was opened.
     BringBack* bringBack() const { return parts_->bringBack.panel(); }
     void openBringBack() { parts_->bringBack.open(); }
+    BackingUp& backingUp() const { return parts_->backingUp; }
     void saveReport();
     void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }

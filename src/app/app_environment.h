@@ -48,6 +48,8 @@ struct AppEnvironment {
     UpdateBuild build;
     Installation installation;
     std::filesystem::path downloads;  ///< an existing folder that outlives the program
+    /// Where backups go unless the user chooses another folder; it need not be there.
+    std::filesystem::path backups = {};
 
     /// Converts an audio file and returns the path of the working copy. On a background thread; several may
     /// run at once.
@@ -67,6 +69,8 @@ struct AppEnvironment {
     RootShell asRoot = {};
     /// Whether loops of any pedal were ever backed up; at once. Empty: not known.
     std::function<bool()> wasEverBackedUp = {};
+    /// From now on one was. On a background thread. Empty: nobody remembers it.
+    std::function<void()> backedUp = {};
     /// Keeps the computer awake while the window transfers. On a background thread. Empty: it may sleep.
     std::function<AwakeLock(AwakeFor)> keepAwake = {};
     /// What the doctor finds. On a background thread; may take seconds.

@@ -5,6 +5,7 @@
 
 #include "app/absence.h"
 #include "app/app_environment.h"
+#include "app/backing_up.h"
 #include "app/bring_back_flow.h"
 #include "app/carry_in.h"
 #include "app/carry_out.h"
@@ -63,6 +64,7 @@ struct AppParts : Fixed {
     TransferPanel transferPanel{window, menu, panels};
     const KeptCopies kept{keptPlace(environment.home)};
     BringingBack bringBack{*this};
+    BackingUp backingUp{*this};
     std::unique_ptr<Flows> flows;    ///< since the launch
     bool verifyAfterExport = false;  ///< as the menu has it
     std::shared_ptr<Absence> absence;

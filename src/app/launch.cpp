@@ -136,7 +136,10 @@ void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) 
             parts.teller.silent();
         }
     };
-    window.freed = [&listening = parts.listening] { listening.readNext(); };
+    window.freed = [&parts] {
+        parts.listening.readNext();
+        parts.backingUp.goOn();
+    };
     window.keepAwake = environment.keepAwake;
     parts.flows = std::make_unique<Flows>(environment.executor, std::move(window), environment.link);
 }
@@ -165,6 +168,14 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     const auto* const paste = new QShortcut(
         QKeySequence::Paste, &parts.window);  // NOLINT(cppcoreguidelines-owning-memory): the window's
     QObject::connect(paste, &QShortcut::activated, parts.connections.get(), act(&AppDelegate::pasteFiles));
+    const auto opener = [weak = std::weak_ptr(controller), &parts](BackupPanel::Kind kind) {
+        return [weak, &parts, kind] {
+            if (!weak.expired()) {
+                parts.backingUp.open(kind);
+            }
+        };
+    };
+    parts.teller.suggestBackup(opener(BackupPanel::Kind::backUp));
     fillMenuBar(*window.menuBar(),
                 {.selectAll = act(&AppDelegate::selectAll),
                  .bringBack = act(&AppDelegate::openBringBack),
@@ -189,6 +200,8 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
                  .size = &window.sizeOnScreen(),
                  .openResults = [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
                  .saveReport = act(&AppDelegate::saveReport),
+                 .backUp = opener(BackupPanel::Kind::backUp),
+                 .restore = opener(BackupPanel::Kind::restore),
                  .quit = act(&AppDelegate::quit)});
 }
 

@@ -58,6 +58,15 @@ void addSizes(QMenu& view, WindowSize& size) {
     view.addAction("&Fit to Screen", [&size] { size.fitScreen(); });
 }
 
+void fillFileMenu(QMenu& menu, const MenuBarActions& actions) {
+    menu.addAction("Back &Up\u2026", actions.backUp);
+    menu.addAction("&Restore\u2026", actions.restore);
+    menu.addSeparator();
+    auto* const quit = menu.addAction("&Quit", actions.quit);
+    quit->setShortcut(QKeySequence("Ctrl+Q"));
+    quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
+}
+
 void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
     menu.addAction("Select &All", actions.selectAll)->setShortcut(QKeySequence::SelectAll);
     menu.addSeparator();
@@ -101,9 +110,7 @@ void dressMenuBar(QMenuBar& bar) {
 }
 
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
-    auto* const quit = bar.addMenu("&File")->addAction("&Quit", actions.quit);
-    quit->setShortcut(QKeySequence("Ctrl+Q"));
-    quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
+    fillFileMenu(*bar.addMenu("&File"), actions);
     fillEditMenu(*bar.addMenu("&Edit"), actions);
     auto* const verify = bar.addMenu("&Loop")->addAction("&Verify After Export");
     verify->setCheckable(true);

@@ -79,8 +79,10 @@ void Teller::rest() {
     }
     if (suggestsBackup()) {
         sentence += between + std::string("nothing has been backed up yet");
+        announcements_->setRest(sentence, "Back Up\u2026", openBackUp_);
+    } else {
+        announcements_->setRest(sentence);
     }
-    announcements_->setRest(sentence);
 }
 
 /// Once per pedal: until there is something else to say.

@@ -7,6 +7,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "loops/loops.h"
@@ -60,6 +61,8 @@ class Teller : Fixed {
     /// Everything that was told and is still in the list, and all names of files that ever were in it.
     const Announcements& announcements() const { return *announcements_; }
 
+    /// What "Back Up…" does, where the line says that nothing was backed up yet.
+    void suggestBackup(std::function<void()> open) { openBackUp_ = std::move(open); }
     /// What the pedal is, while nothing happens.
     void rest();
     /// Without a pedal: the program that has it, as a sentence; may be empty.
@@ -114,6 +117,7 @@ class Teller : Fixed {
     std::map<Work, UnderWay> works_;  ///< some of it without a sentence
     Work lastWork_ = 0;
     Work followed_ = 0;  ///< which the pedal may leave unanswered
+    std::function<void()> openBackUp_;
     std::string holder_;
     std::size_t filesWaiting_ = 0;
     unsigned lastToldOf_ = 0;  ///< the pedal of the last outcome: see LoopModel

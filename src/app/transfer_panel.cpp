@@ -5,22 +5,26 @@
 #include "app/main_window.h"
 #include "app/menu_control.h"
 #include "app/panels.h"
+#include "loops/facts.h"
 #include "slots/slot.h"
 
 namespace kzq {
 
 void TransferPanel::open(std::uint64_t total, std::size_t loops, std::int32_t context) {
+    const std::string which = context != Slot::importContext ? "Ex" : "Im";
+    open(total, "7306 " + which + "port",
+         which + "porting " + loopsText(loops) + (which == "Ex" ? " to" : " from") + " the 7306...");
+}
+
+void TransferPanel::open(std::uint64_t total, const std::string& title, const std::string& subtitle) {
     const auto& progress = panels_.progress;
     if (total == 0 || !progress) {
         return;
     }
     menu_.close();
-    const bool exports = context != Slot::importContext;
     progress->placeOver(window_);
-    progress->setTitle(exports ? "7306 Export" : "7306 Import");
-    progress->setSubtitle(QString("%1porting %2 %3 %4 the 7306...")
-                              .arg(exports ? "Ex" : "Im", QString::number(loops),
-                                   loops == 1 ? "loop" : "loops", exports ? "to" : "from"));
+    progress->setTitle(QString::fromStdString(title));
+    progress->setSubtitle(QString::fromStdString(subtitle));
     progress->setTotalBytes(total);
     progress->setPercent(0);
     progress->showWindow();

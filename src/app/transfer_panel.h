@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <string>
 
 #include "platform/fixed.h"
 
@@ -22,6 +23,8 @@ class TransferPanel : Fixed {
     /// Shows it over the main window for a transfer of `total` bytes of so many loops; not for 0 bytes.
     /// Context 0 is an import, 1 an export.
     void open(std::uint64_t total, std::size_t loops, std::int32_t context);
+    /// The same in other words.
+    void open(std::uint64_t total, const std::string& title, const std::string& subtitle);
     void setPercent(double fraction) const;
     /// The same as a function.
     std::function<void(double fraction)> bar() {

@@ -8,8 +8,13 @@ double TransferRun::fractionOf(std::uint64_t bytes) const {
     return total_ == 0 ? 0 : static_cast<double>(bytes) / static_cast<double>(total_);
 }
 
+void TransferRun::batchBegins() {
+    before_ += std::exchange(inBatch_, 0);
+}
+
 void TransferRun::moved(std::uint64_t bytes) {
-    bar_->newest = fractionOf(bytes);
+    inBatch_ = bytes;
+    bar_->newest = fractionOf(before_ + bytes);
     if (!bar_->posted.exchange(true)) {
         post_([bar = bar_] {
             bar->posted = false;

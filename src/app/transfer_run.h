@@ -21,6 +21,8 @@ class TransferRun {
 
     // The link's thread.
 
+    /// A further batch, which counts from 0 again.
+    void batchBegins();
     /// `bytes` of the whole batch have been transferred. Of the fractions of a running loop only the newest
     /// is delivered: at most one is queued.
     void moved(std::uint64_t bytes);
@@ -39,6 +41,8 @@ class TransferRun {
     const std::uint64_t total_;
     const std::shared_ptr<Bar> bar_;
     std::uint64_t done_ = 0;
+    std::uint64_t before_ = 0;  ///< in earlier batches
+    std::uint64_t inBatch_ = 0;
 };
 
 }  // namespace kzq

@@ -43,7 +43,11 @@ ByteView bytesOf(const std::string& text) {
 }  // namespace
 
 bool BackupFolder::isComplete() const {
-    return isThere(path_ / indexName);
+    return isThere(indexFile());
+}
+
+fs::path BackupFolder::indexFile() const {
+    return path_ / indexName;
 }
 
 Result<BackupIndex> BackupFolder::index() const {

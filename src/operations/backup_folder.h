@@ -16,6 +16,8 @@ class BackupFolder {
     const std::filesystem::path& path() const { return path_; }
 
     bool isComplete() const;
+    /// What a complete one has.
+    std::filesystem::path indexFile() const;
     /// noBackup when there is none; of one that cannot be used: unreadable, backupForeign, backupNewer,
     /// backupDamaged.
     Result<BackupIndex> index() const;

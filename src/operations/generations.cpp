@@ -8,7 +8,6 @@
 #include <charconv>
 #include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <system_error>
 #include <utility>
 
@@ -67,9 +66,12 @@ bool isFolder(const fs::path& path) {
 }  // namespace
 
 std::string localStamp() {
-    const auto now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    return stampOf(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now()));
+}
+
+std::string stampOf(std::time_t time) {
     std::tm local{};
-    ::localtime_r(&now, &local);
+    ::localtime_r(&time, &local);
     std::array<char, 32> text{};
     std::strftime(text.data(), text.size(), "%Y-%m-%d %H-%M-%S", &local);
     return text.data();

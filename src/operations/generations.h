@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ctime>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -14,6 +15,8 @@ namespace kzq {
 using Stamp = std::function<std::string()>;
 /// By the system's clock, in its time zone. Any thread.
 std::string localStamp();
+/// The same of a time.
+std::string stampOf(std::time_t time);
 
 /// One backup among others.
 struct Snapshot {

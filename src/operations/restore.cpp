@@ -19,8 +19,8 @@ using Kind = Trouble::Kind;
 
 class Planning {
   public:
-    Planning(Pedal& pedal, RestorePlan plan, const Events& events)
-        : pedal_(pedal), plan_(std::move(plan)), events_(events) {}
+    Planning(Pedal& pedal, RestorePlan plan, const std::map<SlotNumber, bool>& compared, const Events& events)
+        : pedal_(pedal), plan_(std::move(plan)), compared_(compared), events_(events) {}
 
     /// `erase`: the slots that are to be empty, if they are not.
     Result<RestorePlan> compare(const std::vector<SlotNumber>& erase);
@@ -31,6 +31,7 @@ class Planning {
 
     Pedal& pedal_;
     RestorePlan plan_;
+    const std::map<SlotNumber, bool>& compared_;
     const Events& events_;
 };
 
@@ -61,6 +62,9 @@ Result<bool> Planning::isSame(SlotNumber slot) {
     const auto* const loop = plan_.seen.find(slot);
     if (loop == nullptr || !plan_.index.hasLengthOf(slot, *loop)) {
         return false;
+    }
+    if (const auto known = compared_.find(slot); known != compared_.end()) {
+        return known->second;
     }
     Outcome reading;
     auto image = readLoop(pedal_, slot, Step::compare, events_, reading);
@@ -147,11 +151,14 @@ Result<RestorePlan> planRestore(Pedal& pedal, const RestoreOrder& order,
     if (auto impossible = impossibleLength(status->loops, allSlots())) {
         return std::move(*impossible);
     }
-    total(bytesToCompare(plan.index, status->loops));
+    auto unread = plan.index;
+    std::erase_if(unread.loops, [&order](const auto& loop) { return order.compared.contains(loop.first); });
+    total(bytesToCompare(unread, status->loops));
     plan.seen = std::move(status->loops);
     const bool all = order.slots.empty();
     plan.absent = all ? std::vector<SlotNumber>() : absent;
-    return Planning(pedal, std::move(plan), events).compare(all ? absent : std::vector<SlotNumber>());
+    return Planning(pedal, std::move(plan), order.compared, events)
+        .compare(all ? absent : std::vector<SlotNumber>());
 }
 
 std::uint64_t bytesToMove(const RestorePlan& plan) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <vector>
 
 #include "loops/export_info.h"
@@ -15,6 +16,8 @@ struct RestoreOrder {
     BackupFolder folder;
     std::vector<SlotNumber> slots = {};  ///< empty: all of it, and slots that it has no loop for are erased
     bool skipDamaged = false;            ///< loops whose files are damaged are left out
+    /// Whether loops are as in the backup: they were compared before, and are not read again.
+    std::map<SlotNumber, bool> compared = {};
 };
 
 /// What makes the audio of the pedal's loops that of a backup.
@@ -34,10 +37,10 @@ struct RestorePlan {
 /// emptySlot: it has none of the loops that are asked for.
 Result<BackupIndex> indexToRestore(const RestoreOrder& order);
 
-/// Checks the backup's files, reads the pedal's loops of the same lengths and compares them; before that it
-/// says in `total` how much it reads. Errors: those of the index; damaged: the file `where`, unless such are
-/// skipped; of the pedal's table: tooLarge, noRoom; the pedal's. A loop that cannot be read is one as well,
-/// and is reported.
+/// Checks the backup's files, reads the pedal's loops of the same lengths and compares them, unless that was
+/// done; before that it says in `total` how much it reads. Errors: those of the index; damaged: the file
+/// `where`, unless such are skipped; of the pedal's table: tooLarge, noRoom; the pedal's. A loop that cannot
+/// be read is one as well, and is reported.
 Result<RestorePlan> planRestore(Pedal& pedal, const RestoreOrder& order,
                                 const std::function<void(std::uint64_t bytes)>& total, const Events& events);
 

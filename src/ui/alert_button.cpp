@@ -27,6 +27,7 @@ QSize AlertButton::sizeHint() const {
         case Face::cream:
             return {112, 36};
         case Face::green:
+        case Face::blue:
             return {136, 40};
         default:
             return {96, 36};
@@ -40,6 +41,7 @@ ButtonFace AlertButton::painted() const {
                                     : ButtonState::off;
     return face_ == Face::cream   ? creamFace(state)
            : face_ == Face::green ? greenFace(state)
+           : face_ == Face::blue  ? blueFace(state)
                                   : brownFace(state);
 }
 
@@ -47,7 +49,7 @@ void AlertButton::paintEvent(QPaintEvent* /*event*/) {
     const auto face = painted();
     ScaledPainter painter(this);
     const auto bounds = painter.bounds().toRect();
-    if (face_ != Face::green) {
+    if (face_ != Face::green && face_ != Face::blue) {
         drawButtonFace(painter, bounds, face, text());
         return;
     }
@@ -57,7 +59,9 @@ void AlertButton::paintEvent(QPaintEvent* /*event*/) {
     const double middle = upperMiddle(bounds, face);
     painter.setPen(QPen(face.word, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     for (const double x : {left, left + chevronPitch}) {
-        painter.drawPolyline(QPolygonF{{x + 4, middle - 4}, {x, middle}, {x + 4, middle + 4}});
+        const double back = face_ == Face::green ? x + 4 : x;
+        const double tip = face_ == Face::green ? x : x + 4;
+        painter.drawPolyline(QPolygonF{{back, middle - 4}, {tip, middle}, {back, middle + 4}});
     }
 }
 

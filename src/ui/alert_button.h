@@ -6,13 +6,13 @@
 namespace kzq {
 
 /// A button of our own panels with its label as live text: the brown face of alerts, 96 x 36, the cream
-/// face of a panel's default, 112 x 36, or the green one of what goes to the pedal, with its chevrons. The
-/// label is `text()`.
+/// face of a panel's default, 112 x 36, or the green one of what goes to the pedal and the blue one of what
+/// leaves it, with their chevrons. The label is `text()`.
 class AlertButton : public KeyButton {
     Q_OBJECT
 
   public:
-    enum class Face { brown, cream, green };
+    enum class Face { brown, cream, green, blue };
 
     explicit AlertButton(QWidget* parent = nullptr) : AlertButton(Face::brown, parent) {}
     explicit AlertButton(Face face, QWidget* parent = nullptr);

@@ -16,6 +16,7 @@ constexpr int pressedLip = 2;
 constexpr QColor brownLip(0x14, 0x0A, 0x0A);
 constexpr QColor creamLip(0x9C, 0x8A, 0x6A);
 constexpr QColor greenLip(0x2F, 0x8A, 0x58);
+constexpr QColor blueLip(0x00, 0x70, 0x8C);
 
 ButtonFace disabledFace() {
     return {disabledFaceColor(), disabledFaceColor(), disabledFaceColor(), disabledWordColor(), 0};
@@ -68,6 +69,20 @@ ButtonFace greenFace(ButtonState state) {
             return {{0xA5, 0xF0, 0xC3}, {0x6F, 0xDB, 0x9C}, greenLip, inkColor()};
         case ButtonState::down:
             return {{0x4F, 0xB8, 0x7C}, {0x4F, 0xB8, 0x7C}, greenLip, inkColor(), pressedLip};
+        case ButtonState::disabled:
+            break;
+    }
+    return disabledFace();
+}
+
+ButtonFace blueFace(ButtonState state) {
+    switch (state) {
+        case ButtonState::off:
+            return {{0x2C, 0xC6, 0xEA}, {0x00, 0xA6, 0xCE}, blueLip, inkColor()};
+        case ButtonState::hover:
+            return {KZQLinkHover(), KZQLinkHover(), blueLip, inkColor()};
+        case ButtonState::down:
+            return {{0x00, 0x93, 0xB8}, {0x00, 0x93, 0xB8}, blueLip, inkColor(), pressedLip};
         case ButtonState::disabled:
             break;
     }

@@ -21,6 +21,7 @@ enum class ButtonState { off, hover, down, disabled };
 ButtonFace brownFace(ButtonState state);
 ButtonFace creamFace(ButtonState state);
 ButtonFace greenFace(ButtonState state);
+ButtonFace blueFace(ButtonState state);
 
 /// Draws the face over `bounds`, with `word` in the middle of its upper side.
 void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word);

@@ -124,6 +124,7 @@ class FlowTest : public testing::Test {
     decltype(AppEnvironment::dragFiles) dragFiles;
     decltype(AppEnvironment::asRoot) asRoot;
     decltype(AppEnvironment::wasEverBackedUp) wasEverBackedUp;
+    decltype(AppEnvironment::backedUp) backedUp;
     decltype(AppEnvironment::keepAwake) keepAwake;
     decltype(AppEnvironment::examine) examine;
     FakeOutput output;

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <iterator>
 
+#include "backup_shots.h"
 #include "bring_back_shots.h"
 #include "button_shots.h"
 #include "carry_shots.h"
@@ -82,6 +83,7 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("panels", panels(), darkDesktop);
     folder.save("panels-light", panels(), lightDesktop);
     folder.save("bring-back", bringBack(), darkDesktop);
+    folder.save("backups", backups(), darkDesktop);
     folder.save("updates", updateWindows(), darkDesktop);
     folder.save("status", statusLines(), darkDesktop);
     folder.save("window", mainWindows(), darkDesktop);

@@ -48,12 +48,13 @@ def import_on():
     return picture
 
 
-def import_rename():
+def torn(width):
     """Console tape torn off at both ends."""
-    picture = Picture(284, 28)
-    teeth_right = "".join(f"L{284 if turn % 2 == 0 else 280} {4 * (turn + 1)}" for turn in range(7))
+    picture = Picture(width, 28)
+    teeth_right = "".join(f"L{width - turn % 2 * 4} {4 * (turn + 1)}" for turn in range(7))
     teeth_left = "".join(f"L{0 if turn % 2 == 0 else 4} {24 - 4 * turn}" for turn in range(6))
-    picture.fill(f"M4 0L280 0{teeth_right}L4 28{teeth_left}Z", picture.down((0, c.TAPE), (1, c.TAPE_FOOT)))
+    picture.fill(f"M4 0L{width - 4} 0{teeth_right}L4 28{teeth_left}Z",
+                 picture.down((0, c.TAPE), (1, c.TAPE_FOOT)))
     return picture
 
 
@@ -237,7 +238,7 @@ def remove(hover):
 
 def pictures():
     result = {
-        "Import_field_Off": resting(), "Import_field_On": import_on(), "Import_field_rename": import_rename(),
+        "Import_field_Off": resting(), "Import_field_On": import_on(), "Import_field_rename": torn(284),
         "Export_field_Off": resting(), "Export_field_On": export_on(), "Export_field_overwrite": export_overwrite(),
         "Export_field_drop": export_drop(), "Export_field_drop_overwrite": export_drop_overwrite(),
         "Export_field_drop_refused": export_drop_refused(),

@@ -81,6 +81,13 @@ bool openBundle(const std::filesystem::path& bundle) {
     return QProcess::startDetached("/usr/bin/open", {"-W", "-n", text(bundle)});
 }
 
+/// Those of a simulated pedal are never among the others.
+std::filesystem::path backupFolder(bool simulated) {
+    const auto documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return std::filesystem::path(documents.toStdString()) /
+           (simulated ? "7306 simulated backups" : "7306 backups");
+}
+
 /// Where a package stays until the desktop's installer has read it.
 std::filesystem::path downloadFolder() {
     for (const auto place : {QStandardPaths::DownloadLocation, QStandardPaths::TempLocation}) {
@@ -126,6 +133,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .build = std::move(build),
         .installation = Installation::ofThisProgram(),
         .downloads = downloadFolder(),
+        .backups = backupFolder(options.simulate),
         .convert = &convertedFile,
         .salvage = &salvagedFile,
         .lengthOf = [](const std::string& path) { return promisedLength(path); },
@@ -133,6 +141,8 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .asRoot = rootShell(),
         .wasEverBackedUp = options.simulate ? decltype(AppEnvironment::wasEverBackedUp)()
                                             : [] { return wasEverBackedUp(homeFolder()); },
+        .backedUp =
+            options.simulate ? decltype(AppEnvironment::backedUp)() : [] { rememberBackup(homeFolder()); },
         .keepAwake = options.simulate ? nullptr : keepAwake,
         .examine = [simulate = options.simulate] { return examined(simulate); },
         .report = [simulate = options.simulate, log] { return selfReport(simulate, *log); },

@@ -69,8 +69,9 @@ void Announcements::settleOlder(const Announcement& newer) {
     });
 }
 
-void Announcements::setRest(std::string sentence) {
-    rest_ = std::move(sentence);
+void Announcements::setRest(std::string sentence, std::string actionLabel, std::function<void()> action) {
+    rest_ = {.sentence = std::move(sentence), .actionLabel = std::move(actionLabel)};
+    restAction_ = std::move(action);
     update();
 }
 
@@ -128,6 +129,9 @@ void Announcements::use(std::uint64_t number) {
     if (number == 0 && line_.kind == Kind::work && preview_.sentence.empty() && workAction_) {
         const auto action = workAction_;  // it may change what is under way
         action();
+    } else if (number == 0 && line_.kind == Kind::rest && restAction_) {
+        const auto action = restAction_;
+        action();
     }
     const auto told = std::ranges::find(list_, number, &Announcement::number);
     if (told == list_.end() || !told->action) {
@@ -173,7 +177,7 @@ Announcements::Line Announcements::wanted() const {
     if (succeeded) {
         return lineOf(list_.front());
     }
-    return {Kind::rest, rest_};
+    return rest_;
 }
 
 /// Whether the outcome shown goes on being shown.

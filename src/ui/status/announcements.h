@@ -77,8 +77,8 @@ class Announcements {
     void tell(Announcement announcement);
     /// Whether a failure says this, and nothing has settled it.
     bool stands(const std::string& sentence) const;
-    /// What is said while nothing happens.
-    void setRest(std::string sentence);
+    /// What is said while nothing happens, and what can be done about it.
+    void setRest(std::string sentence, std::string actionLabel = {}, std::function<void()> action = {});
     /// The failures of `job` are over, without an outcome.
     void settle(const std::string& job);
     /// What is under way, and what can be done about it; empty for nothing. `said`, if there is one, is what
@@ -96,7 +96,7 @@ class Announcements {
     /// Whether pointer or focus is on the line.
     void setHeld(bool held);
     void setListOpen(bool open);
-    /// Does what the outcome offers; with 0, what the line offers about what is under way.
+    /// Does what the outcome offers; with 0, what the line offers about what is under way, or at rest.
     void use(std::uint64_t number);
 
     const Line& line() const { return line_; }
@@ -121,7 +121,8 @@ class Announcements {
     std::set<std::string> names_;
     std::deque<std::uint64_t> open_;  ///< failures that nothing has settled
     std::uint64_t last_ = 0;
-    std::string rest_;
+    Line rest_;
+    std::function<void()> restAction_;
     Line work_{.kind = Kind::work};
     std::function<void()> workAction_;
     std::string workSaid_;

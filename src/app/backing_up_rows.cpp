@@ -1,0 +1,174 @@
+#include "app/backing_up_rows.h"
+
+#include <QDateTime>
+#include <QLocale>
+#include <algorithm>
+
+#include "loops/facts.h"
+#include "loops/spoken_length.h"
+#include "operations/told_backup.h"
+#include "platform/free_space.h"
+
+namespace kzq {
+
+namespace {
+
+using Change = BackupChange::Kind;
+using Kind = BackupPanel::Kind;
+using Look = BackupSlot::Look;
+
+constexpr qsizetype stampLength = 19;
+
+/// How a slot looks, the loop that stands in its row, and what is said of it.
+struct Fate {
+    Look look = Look::none;
+    std::optional<Frames> length = {};
+    std::string words = {};
+    std::string said = {};  ///< if a screen reader gets something else
+};
+
+Fate unchanged(const BackupChange& change, bool pedalKnown) {
+    if (!pedalKnown) {
+        return {Look::absent, change.inBackup, "in the backup"};
+    }
+    return change.kind == Change::same
+               ? Fate{Look::rest, change.onPedal, "same"}
+               : Fate{Look::rest, change.onPedal, "same length", "the same length, not compared"};
+}
+
+Fate fateInRestore(const BackupChange& change, const BackupComparison& comparison) {
+    switch (change.kind) {
+        case Change::nothing:
+            return {};
+        case Change::same:
+        case Change::sameLength:
+            return unchanged(change, true);
+        case Change::changed:
+            return {Look::replaces, change.inBackup, "replaces " + clockText(*change.onPedal),
+                    "replaces a loop of " + spokenLength(*change.onPedal)};
+        case Change::onlyOnPedal:
+            return comparison.erases ? Fate{Look::erased, change.onPedal, "erased"}
+                                     : Fate{Look::rest, change.onPedal, "stays"};
+        case Change::onlyInBackup:
+            return comparison.pedalKnown ? Fate{Look::fresh, change.inBackup, "new"}
+                                         : unchanged(change, false);
+        case Change::damaged:
+            return {Look::damaged, change.inBackup, "damaged", "damaged in the backup"};
+    }
+    return {};
+}
+
+Fate fateInBackup(const BackupChange& change) {
+    switch (change.kind) {
+        case Change::nothing:
+            return {};
+        case Change::same:
+        case Change::sameLength:
+            return unchanged(change, true);
+        case Change::changed:
+            return {Look::saved, change.onPedal, "changed"};
+        case Change::onlyOnPedal:
+            return {Look::saved, change.onPedal, "new"};
+        case Change::onlyInBackup:
+            return {Look::absent, change.inBackup, "only in the backup"};
+        case Change::damaged:
+            return change.onPedal ? Fate{Look::saved, change.onPedal, "saved again",
+                                         "saved again, as it is damaged in the backup"}
+                                  : Fate{Look::absent, change.inBackup, "only in the backup"};
+    }
+    return {};
+}
+
+BackupSlot rowOf(SlotNumber slot, const Fate& fate) {
+    std::string spoken = "Slot " + std::to_string(slot.number()) + ", ";
+    spoken += !fate.length ? "no loop"
+                           : loopName(slot) + ", " + spokenLength(*fate.length) + ", " +
+                                 (fate.said.empty() ? fate.words : fate.said);
+    return {fate.look, fate.length ? QString::fromStdString(clockText(*fate.length)) : QString(),
+            QString::fromStdString(fate.words), QString::fromStdString(spoken)};
+}
+
+Fate fateOf(Kind kind, const BackupChange& change, const BackupComparison& comparison) {
+    return kind == Kind::restore ? fateInRestore(change, comparison) : fateInBackup(change);
+}
+
+std::uint64_t bytesSaved(const BackupComparison& comparison) {
+    std::uint64_t bytes = 0;
+    for (const auto& change : comparison.changes) {
+        const bool saved = fateInBackup(change).look == Look::saved;
+        bytes += saved ? change.onPedal->bytes() : 0;
+    }
+    return bytes;
+}
+
+}  // namespace
+
+std::vector<BackupSlot> rowsOf(Kind kind, const BackupComparison& comparison) {
+    std::vector<BackupSlot> rows;
+    for (const auto& change : comparison.changes) {
+        rows.push_back(rowOf(change.slot, fateOf(kind, change, comparison)));
+    }
+    return rows;
+}
+
+std::vector<BackupPanel::Count> countsOf(Kind kind, const BackupComparison& comparison) {
+    if (!comparison.pedalKnown) {
+        return {};
+    }
+    const auto many = [&comparison](Change wanted) {
+        return std::ranges::count(comparison.changes, wanted, &BackupChange::kind);
+    };
+    std::vector<BackupPanel::Count> counts;
+    const auto add = [&counts](Look look, std::ptrdiff_t count, const QString& words) {
+        if (count != 0) {
+            counts.emplace_back(look, QString::number(count) + " " + words);
+        }
+    };
+    add(Look::rest, many(Change::same), kind == Kind::restore ? "same" : "same as then");
+    add(Look::rest, many(Change::sameLength), "same length");
+    if (kind == Kind::restore) {
+        add(Look::fresh, many(Change::onlyInBackup), "new");
+        add(Look::replaces, many(Change::changed), "replaced");
+        add(Look::erased, comparison.erases ? many(Change::onlyOnPedal) : 0, "erased");
+        add(Look::damaged, many(Change::damaged), "damaged");
+    } else {
+        const auto saved = std::ranges::count_if(
+            comparison.changes, [](const auto& change) { return fateInBackup(change).look == Look::saved; });
+        add(Look::saved, saved,
+            "new or changed, " + QString::fromStdString(sizeText(bytesSaved(comparison))));
+    }
+    return counts;
+}
+
+bool mayChange(const BackupComparison& comparison) {
+    return std::ranges::any_of(comparison.changes, [&comparison](const auto& change) {
+        return change.kind == Change::sameLength || change.kind == Change::changed ||
+               change.kind == Change::onlyInBackup ||
+               (change.kind == Change::onlyOnPedal && comparison.erases);
+    });
+}
+
+QString dayAndTime(const std::string& stamp) {
+    const auto time =
+        QDateTime::fromString(QString::fromStdString(stamp).left(stampLength), "yyyy-MM-dd HH-mm-ss");
+    return QLocale::c().toString(time, "d MMM yyyy, HH:mm");
+}
+
+BackupOffer offerOf(const ListedBackup& backup, const QString& folder) {
+    const auto made = dayAndTime(backup.stamp);
+    const auto& given = backup.snapshot.name;
+    const bool dated = Generations::isDated(given);
+    BackupOffer offer{.name = dated                           ? made
+                              : given == Generations::undated ? folder
+                                                              : QString::fromStdString(given)};
+    if (!backup.index) {
+        offer.usable = false;
+        offer.detail = QString::fromStdString(backupReason(backup.index.error()));
+    } else {
+        const auto loops = QString::fromStdString(loopsText(backup.index->loops.size()));
+        offer.detail = dated || made.isEmpty() ? loops : made + ", " + loops;
+    }
+    return offer;
+}
+
+}  // namespace kzq

@@ -1,0 +1,232 @@
+#include "app/restore_flow.h"
+
+#include <utility>
+
+#include "app/app_parts.h"
+#include "app/keep_flow.h"
+#include "app/set_up.h"
+#include "app/transfer_events.h"
+#include "loops/facts.h"
+#include "operations/table.h"
+#include "operations/told_backup.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr auto restoreJob = "restore";
+
+/// What is said below the question.
+std::string aboutCopies(const Losses& losses, bool kept) {
+    const auto count = losses.replaced.size() + losses.erased.size();
+    return !kept       ? "Erased audio cannot be restored."
+           : count > 2 ? "They are copied first: Edit > Bring Back."
+           : count > 1 ? "Both are copied first: Edit > Bring Back."
+                       : "It is copied first: Edit > Bring Back.";
+}
+
+/// One restore, from the press of the button on. Its parts are used on the main thread only.
+class Restore {
+  public:
+    Restore(AppParts& parts, RestoreWish wish, Copies copies)
+        : parts_(parts),
+          wish_(std::move(wish)),
+          copies_(copies),
+          keepErased_(parts, Deed::erase, copies),
+          keepReplaced_(parts, Deed::write, copies) {}
+
+    void work(Run& run) {
+        if (!run.idle()) {
+            return;
+        }
+        run.letPanelsClose();
+        if (!run.ask([&] { start(run); })) {
+            return;
+        }
+        const auto awake = run.keepAwake(AwakeFor::transfer);
+        const auto plan = planned(run);
+        if (!plan) {
+            run.ask([&] { giveUp(run, plan.error()); });
+        } else if (changesOf(*plan).empty()) {
+            run.ask([&] { finish(run, *plan, {}); });
+        } else if (run.ask([&] { return agreed(run, *plan); }).value_or(false) && keeps(run, *plan) &&
+                   run.ask([&] { begin(run, *plan); })) {
+            const auto outcome = runRestore(*run.pedal, *plan, events_);
+            run.ask([&] { finish(run, *plan, outcome); });
+        }
+    }
+
+  private:
+    void start(Run& run) {
+        run.turn.cover();
+        work_ = parts_.teller.newWork();
+        parts_.teller.working(work_, "Comparing with the backup\u2026");
+    }
+
+    /// How far what is under way has come, in the panel as well.
+    void follow(Run& run, std::uint64_t bytes, const std::string& subtitle) {
+        parts_.transferPanel.open(bytes, "7306 Restore", subtitle);
+        events_ = eventsOf(std::make_shared<TransferRun>(run.poster(), bytes, parts_.transferPanel.bar()),
+                           parts_.teller.followerInWords(work_, run.poster()));
+    }
+
+    // On the run's thread.
+
+    /// By what was compared before only if no loop may have been recorded since then.
+    Result<RestorePlan> planned(Run& run) {
+        auto plan = planOnce(run);
+        if (plan && !wish_.order.compared.empty() && !wish_.doubt().isStill(wish_.since)) {
+            wish_.order.compared.clear();
+            plan = planOnce(run);
+        }
+        if (plan) {
+            if (auto changed = changeBetween(wish_.seen, plan->seen, allSlots())) {
+                return std::move(*changed);
+            }
+        }
+        return plan;
+    }
+
+    Result<RestorePlan> planOnce(Run& run) {
+        const Events events{
+            .begins = [this](SlotNumber slot, Step step) { tell(events_.begins, slot, step); },
+            .moved = [this](SlotNumber slot, std::uint64_t bytes) { tell(events_.moved, slot, bytes); }};
+        return planRestore(
+            *run.pedal, wish_.order,
+            [&](std::uint64_t bytes) {
+                run.ask([&] { follow(run, bytes, "Comparing the 7306 with the backup..."); });
+            },
+            events);
+    }
+
+    /// Copies of what goes, if they are wanted.
+    bool keeps(Run& run, const RestorePlan& plan) {
+        const auto losses = lossesOf(plan);
+        return keeps(run, plan, keepErased_, losses.erased) &&
+               keeps(run, plan, keepReplaced_, losses.replaced);
+    }
+
+    bool keeps(Run& run, const RestorePlan& plan, Keeping& keeping, const std::vector<SlotNumber>& lost) {
+        const auto begun = run.ask([&] {
+            const bool any = keeping.plan(lost, plan.seen);
+            if (any) {
+                keeping.begin(run);
+            }
+            return any;
+        });
+        if (!begun.value_or(false)) {
+            return begun.has_value();
+        }
+        const auto kept = keeping.work(run);
+        return run
+            .ask([&] {
+                keeping.end();
+                if (!kept.whole()) {
+                    giveUpUnkept(run, plan, kept);
+                }
+                return kept.whole();
+            })
+            .value_or(false);
+    }
+
+    // On the main thread.
+
+    bool agreed(Run& run, const RestorePlan& plan) {
+        parts_.transferPanel.close();
+        const auto losses = lossesOf(plan);
+        if (!losses.any()) {
+            return true;
+        }
+        const bool kept = copies_ == Copies::kept && parts_.kept.on();
+        const auto answer = parts_.environment.dialogs.run({.headline = lossQuestion(losses),
+                                                            .finePrint = aboutCopies(losses, kept),
+                                                            .buttons = {{"Restore"}, {"Cancel"}},
+                                                            .destroys = true});
+        if (answer != alertFirstButton) {
+            endWith(run, {.end = Trouble{Trouble::Kind::cancelled}});
+            parts_.teller.idle(work_);
+            return false;
+        }
+        return true;
+    }
+
+    void begin(Run& run, const RestorePlan& plan) {
+        for (const auto slot : changesOf(plan)) {
+            parts_.listening.forget(slot);
+        }
+        follow(run, bytesToMove(plan), "Restoring " + loopsText(plan.writes.size()) + " to the 7306...");
+        parts_.teller.working(work_, "Restoring\u2026");
+    }
+
+    void endWith(Run& run, const Outcome& outcome) {
+        run.end(outcome, [&] {
+            parts_.transferPanel.close();
+            run.refresh();
+        });
+    }
+
+    /// Before anything was changed.
+    void giveUp(Run& run, const Trouble& why) {
+        endWith(run, {.end = why});
+        if (isMissingRule(why)) {
+            parts_.teller.tell(toldMissingRule(why), restoreJob, settingUp(parts_, why, {}));
+        } else {
+            parts_.teller.tell(toldNotRestored(why), restoreJob);
+        }
+        parts_.teller.idle(work_);
+        showAgainIf(why);
+    }
+
+    void giveUpUnkept(Run& run, const RestorePlan& plan, const Outcome& kept) {
+        endWith(run, {.end = kept.end});
+        auto told = toldNotKept(Deed::write, kept);
+        told.what = "Nothing was restored";
+        const auto without = [&parts = parts_, wish = wish_] {
+            const bool can = !parts.flows->starting() && !parts.flows->running();
+            if (can) {
+                beginRestore(parts, wish, Copies::none);
+            }
+            return can;
+        };
+        parts_.teller.tell(told, told.failure ? restoreJob : "",
+                           told.failure ? Remedy{"Restore without a copy", without} : Remedy{},
+                           {changesOf(plan), changesOf(plan)});
+        parts_.teller.idle(work_);
+    }
+
+    void finish(Run& run, const RestorePlan& plan, const Outcome& outcome) {
+        endWith(run, outcome);
+        const auto asked = changesOf(plan);
+        const auto missing = outcome.whole() ? std::vector<SlotNumber>() : notDone(outcome, asked);
+        parts_.teller.forgetImports({asked, missing});
+        parts_.teller.tell(toldRestore(plan, outcome), restoreJob, {}, {asked, missing});
+        parts_.teller.idle(work_);
+        if (outcome.end && !outcome.begun) {
+            showAgainIf(*outcome.end);
+        }
+    }
+
+    void showAgainIf(const Trouble& why) {
+        if (why.kind == Trouble::Kind::changed) {
+            parts_.backingUp.open(BackupPanel::Kind::restore, true);
+        }
+    }
+
+    AppParts& parts_;
+    RestoreWish wish_;
+    const Copies copies_;
+    Keeping keepErased_;
+    Keeping keepReplaced_;
+    Teller::Work work_ = 0;
+    Events events_;
+};
+
+}  // namespace
+
+void beginRestore(AppParts& parts, const RestoreWish& wish, Copies copies) {
+    parts.flows->start(transferPatience, [flow = std::make_shared<Restore>(parts, wish, copies)](Run& run) {
+        flow->work(run);
+    });
+}
+
+}  // namespace kzq

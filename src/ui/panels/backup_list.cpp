@@ -1,0 +1,240 @@
+#include "ui/panels/backup_list.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/pictures.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int listWidth = 372;
+constexpr int offerPitch = 34;
+constexpr int aboveOffers = 8;
+constexpr int mostOffers = 11;  // that fit into the panel
+constexpr int offerNameX = 38;
+constexpr int offerDetailEnd = 354;
+constexpr int betweenThem = 12;
+constexpr int offerBaseline = 20;  // from the top of its plate
+
+// on the tape
+constexpr int tapeNameX = 16;
+constexpr int tapeDetailEnd = 338;
+constexpr int tapeBaseline = 18;
+constexpr QPointF tapeChevron(352, 14);
+
+/// The name, cut if the detail leaves it too little room.
+void writeOffer(ScaledPainter& painter, const BackupOffer& offer, double left, double right, double baseline,
+                const QColor& nameColor, const QColor& detailColor) {
+    painter.setType(textFont(12));
+    const double detailX = right - painter.advance(offer.detail);
+    painter.setPen(detailColor);
+    painter.write(QPointF(detailX, baseline), offer.detail);
+    painter.setType(textFont());
+    painter.setPen(nameColor);
+    painter.write(QPointF(left, baseline), painter.elided(offer.name, detailX - betweenThem - left));
+}
+
+QString spokenOffer(const BackupOffer& offer) {
+    return offer.detail.isEmpty() ? offer.name : offer.name + ", " + offer.detail;
+}
+
+}  // namespace
+
+BackupTape::BackupTape(QWidget* panel) : KeyButton(panel) {
+    setProperty("focusRingRadius", 2);
+    resize(tapeSize);
+}
+
+void BackupTape::show(const QString& what, const BackupOffer& offer) {
+    shown_ = offer;
+    setAccessibleName(what + ": " + spokenOffer(offer));
+    update();
+}
+
+void BackupTape::paintEvent(QPaintEvent* /*event*/) {
+    ScaledPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawPicture(painter, "Backup_tape", painter.bounds());
+    writeOffer(painter, shown_, tapeNameX, tapeDetailEnd, tapeBaseline, Qt::black, lengthOnConsoleColor());
+    painter.setPen(
+        QPen(hovering() ? outlineColor() : QColor(Qt::black), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto at = tapeChevron;
+    painter.drawPolyline(QPolygonF{at + QPointF(-4, -2), at + QPointF(0, 2), at + QPointF(4, -2)});
+}
+
+BackupList::BackupList(QWidget* panel) : QWidget(panel) {
+    setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
+    hide();
+}
+
+void BackupList::open(QPoint at, std::vector<BackupOffer> offers, std::size_t chosen) {
+    offers_ = std::move(offers);
+    chosen_ = static_cast<int>(chosen);
+    first_ = 0;
+    before_ = window()->focusWidget();
+    place(*this, {at, QSize(listWidth, 2 * aboveOffers + shownCount() * offerPitch)});
+    show();
+    raise();
+    setFocus(Qt::PopupFocusReason);
+    mark(std::min(chosen_, static_cast<int>(offers_.size()) - 1));
+    qApp->installEventFilter(this);
+}
+
+void BackupList::close() {
+    if (isVisible()) {
+        qApp->removeEventFilter(this);
+        hide();
+        if (before_ != nullptr) {
+            before_->setFocus(Qt::PopupFocusReason);
+        }
+    }
+}
+
+bool BackupList::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != this) {
+        close();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool BackupList::event(QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress) {
+        event->accept();  // or the panel would get it, as one outside
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+int BackupList::shownCount() const {
+    return std::min(static_cast<int>(offers_.size()), mostOffers);
+}
+
+/// `point` at 100 %; -1 for none.
+int BackupList::offerAt(QPointF point) const {
+    const auto row = static_cast<int>((point.y() - aboveOffers) / offerPitch);
+    const bool inside =
+        point.y() >= aboveOffers && row < shownCount() && point.x() >= 0 && point.x() < listWidth;
+    return inside ? first_ + row : -1;
+}
+
+void BackupList::mark(int offer) {
+    marked_ = offer;
+    if (offer >= 0) {
+        first_ = std::clamp(first_, offer - shownCount() + 1, offer);
+        setAccessibleName(spokenOffer(offers_.at(static_cast<std::size_t>(offer))));
+    }
+    update();
+}
+
+void BackupList::walk(int step) {
+    mark(std::clamp((marked_ < 0 ? chosen_ : marked_) + step, 0, static_cast<int>(offers_.size()) - 1));
+}
+
+void BackupList::scroll(int step) {
+    first_ = std::clamp(first_ + step, 0, static_cast<int>(offers_.size()) - shownCount());
+    marked_ = -1;
+    update();
+}
+
+void BackupList::choose(int offer) {
+    if (offer >= 0) {
+        close();
+        Q_EMIT chosen(static_cast<std::size_t>(offer));
+    }
+}
+
+void BackupList::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Up:
+            walk(-1);
+            break;
+        case Qt::Key_Down:
+            walk(1);
+            break;
+        case Qt::Key_Home:
+            mark(0);
+            break;
+        case Qt::Key_End:
+            mark(static_cast<int>(offers_.size()) - 1);
+            break;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space:
+            choose(marked_);
+            break;
+        case Qt::Key_Escape:
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+            close();
+            break;
+        default:
+            break;  // nothing behind the list gets a key while it is open
+    }
+}
+
+void BackupList::mouseMoveEvent(QMouseEvent* event) {
+    mark(offerAt(event->position() / scaleOf(*this)));
+}
+
+void BackupList::mouseReleaseEvent(QMouseEvent* event) {
+    choose(offerAt(event->position() / scaleOf(*this)));
+}
+
+void BackupList::wheelEvent(QWheelEvent* event) {
+    scroll(event->angleDelta().y() > 0 ? -1 : 1);
+    event->accept();
+}
+
+void BackupList::paintEvent(QPaintEvent* /*event*/) {
+    ScaledPainter painter(this);
+    const auto bounds = painter.bounds();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(outlineColor());
+    painter.drawRoundedRect(bounds, 8, 8);
+    painter.setBrush(panelColor());
+    painter.drawRoundedRect(bounds.adjusted(2, 2, -2, -2), 6, 6);
+    for (int offer = first_; offer < first_ + shownCount(); ++offer) {
+        paintOffer(painter, offer);
+    }
+    if (const auto count = static_cast<int>(offers_.size()); count > shownCount()) {
+        const double room = bounds.height() - 2 * aboveOffers;
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(outlineColor());
+        painter.drawRoundedRect(
+            QRectF(listWidth - 11, aboveOffers + room * first_ / count, 6, room * shownCount() / count), 3,
+            3);
+    }
+}
+
+void BackupList::paintOffer(ScaledPainter& painter, int offer) const {
+    const auto& shown = offers_.at(static_cast<std::size_t>(offer));
+    const QRect plate(12, aboveOffers + 1 + (offer - first_) * offerPitch, listWidth - 24, offerPitch - 2);
+    if (offer == marked_) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(255, 255, 255, 43));
+        painter.drawRoundedRect(plate, 4, 4);
+        painter.fill(QRectF(6, plate.y() + 6, 2, 20), creamColor());
+    }
+    if (offer == chosen_) {
+        painter.setPen(QPen(creamColor(), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const QPointF at(19, plate.y() + 16);
+        painter.drawPolyline(QPolygonF{at, at + QPointF(3, 3), at + QPointF(9, -4)});
+    }
+    writeOffer(painter, shown, offerNameX, offerDetailEnd, plate.y() + offerBaseline,
+               shown.usable ? KZQWhite() : disabledWordColor(), shown.usable ? KZQGray() : KZQYellow());
+}
+
+}  // namespace kzq
