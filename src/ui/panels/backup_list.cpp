@@ -9,7 +9,6 @@
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
-#include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 
@@ -23,54 +22,9 @@ constexpr int aboveOffers = 8;
 constexpr int mostOffers = 11;  // that fit into the panel
 constexpr int offerNameX = 38;
 constexpr int offerDetailEnd = 354;
-constexpr int betweenThem = 12;
 constexpr int offerBaseline = 20;  // from the top of its plate
 
-// on the tape
-constexpr int tapeNameX = 16;
-constexpr int tapeDetailEnd = 338;
-constexpr int tapeBaseline = 18;
-constexpr QPointF tapeChevron(352, 14);
-
-/// The name, cut if the detail leaves it too little room.
-void writeOffer(ScaledPainter& painter, const BackupOffer& offer, double left, double right, double baseline,
-                const QColor& nameColor, const QColor& detailColor) {
-    painter.setType(textFont(12));
-    const double detailX = right - painter.advance(offer.detail);
-    painter.setPen(detailColor);
-    painter.write(QPointF(detailX, baseline), offer.detail);
-    painter.setType(textFont());
-    painter.setPen(nameColor);
-    painter.write(QPointF(left, baseline), painter.elided(offer.name, detailX - betweenThem - left));
-}
-
-QString spokenOffer(const BackupOffer& offer) {
-    return offer.detail.isEmpty() ? offer.name : offer.name + ", " + offer.detail;
-}
-
 }  // namespace
-
-BackupTape::BackupTape(QWidget* panel) : KeyButton(panel) {
-    setProperty("focusRingRadius", 2);
-    resize(tapeSize);
-}
-
-void BackupTape::show(const QString& what, const BackupOffer& offer) {
-    shown_ = offer;
-    setAccessibleName(what + ": " + spokenOffer(offer));
-    update();
-}
-
-void BackupTape::paintEvent(QPaintEvent* /*event*/) {
-    ScaledPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    drawPicture(painter, "Backup_tape", painter.bounds());
-    writeOffer(painter, shown_, tapeNameX, tapeDetailEnd, tapeBaseline, Qt::black, lengthOnConsoleColor());
-    painter.setPen(
-        QPen(hovering() ? outlineColor() : QColor(Qt::black), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const auto at = tapeChevron;
-    painter.drawPolyline(QPolygonF{at + QPointF(-4, -2), at + QPointF(0, 2), at + QPointF(4, -2)});
-}
 
 BackupList::BackupList(QWidget* panel) : QWidget(panel) {
     setFocusPolicy(Qt::ClickFocus);
@@ -233,7 +187,7 @@ void BackupList::paintOffer(ScaledPainter& painter, int offer) const {
         const QPointF at(19, plate.y() + 16);
         painter.drawPolyline(QPolygonF{at, at + QPointF(3, 3), at + QPointF(9, -4)});
     }
-    writeOffer(painter, shown, offerNameX, offerDetailEnd, plate.y() + offerBaseline,
+    writeOffer(painter, shown, {offerNameX, static_cast<double>(plate.y() + offerBaseline)}, offerDetailEnd,
                shown.usable ? KZQWhite() : disabledWordColor(), shown.usable ? KZQGray() : KZQYellow());
 }
 

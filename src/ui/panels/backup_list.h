@@ -1,48 +1,16 @@
 #pragma once
 
 #include <QPointer>
-#include <QString>
 #include <QWidget>
 #include <cstddef>
 #include <vector>
 
-#include "ui/key_button.h"
+#include "ui/panels/backup_tape.h"
 
 namespace kzq {
 
-class ScaledPainter;
-
-/// A backup, or a folder for backups, that can be chosen.
-struct BackupOffer {
-    QString name;         ///< "Sunday rehearsal"
-    QString detail = {};  ///< "16 Nov 2026, 19:20, 14 loops"
-    bool usable = true;   ///< otherwise `detail` says why not
-
-    bool operator==(const BackupOffer&) const = default;
-};
-
-/// What is chosen, on a strip of console tape: a button that opens the list.
-class BackupTape : public KeyButton {
-    Q_OBJECT
-
-  public:
-    static constexpr QSize tapeSize{372, 28};
-
-    explicit BackupTape(QWidget* panel);
-
-    /// `what` it is, for a screen reader: "Backup".
-    void show(const QString& what, const BackupOffer& offer);
-    const BackupOffer& shown() const { return shown_; }
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
-
-  private:
-    BackupOffer shown_;
-};
-
-/// The list under it. Arrows walk, Return or Space chooses, Escape and a press outside close it; of a long
-/// one, the wheel and the arrows show the rest.
+/// The list under the tape. Arrows walk, Return or Space chooses, Escape and a press outside close it; of a
+/// long one, the wheel and the arrows show the rest.
 class BackupList : public QWidget {
     Q_OBJECT
 

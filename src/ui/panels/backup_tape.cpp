@@ -1,0 +1,56 @@
+#include "ui/panels/backup_tape.h"
+
+#include "ui/fonts.h"
+#include "ui/palette.h"
+#include "ui/pictures.h"
+#include "ui/scaled_painter.h"
+
+namespace kzq {
+
+namespace {
+
+constexpr int betweenThem = 12;
+constexpr QPointF tapeNameAt(16, 18);
+constexpr int tapeDetailEnd = 338;
+constexpr QPointF tapeChevron(352, 14);
+
+}  // namespace
+
+void writeOffer(ScaledPainter& painter, const BackupOffer& offer, QPointF baseline, double right,
+                const QColor& nameColor, const QColor& detailColor) {
+    painter.setType(textFont(12));
+    const double detailX = right - painter.advance(offer.detail);
+    painter.setPen(detailColor);
+    painter.write(QPointF(detailX, baseline.y()), offer.detail);
+    painter.setType(textFont());
+    painter.setPen(nameColor);
+    painter.write(baseline, painter.elided(offer.name, detailX - betweenThem - baseline.x()));
+}
+
+QString spokenOffer(const BackupOffer& offer) {
+    return offer.detail.isEmpty() ? offer.name : offer.name + ", " + offer.detail;
+}
+
+BackupTape::BackupTape(QWidget* panel) : KeyButton(panel) {
+    setProperty("focusRingRadius", 2);
+    resize(tapeSize);
+}
+
+void BackupTape::show(const QString& what, const BackupOffer& offer) {
+    shown_ = offer;
+    setAccessibleName(what + ": " + spokenOffer(offer));
+    update();
+}
+
+void BackupTape::paintEvent(QPaintEvent* /*event*/) {
+    ScaledPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    drawPicture(painter, "Backup_tape", painter.bounds());
+    writeOffer(painter, shown_, tapeNameAt, tapeDetailEnd, Qt::black, lengthOnConsoleColor());
+    painter.setPen(
+        QPen(hovering() ? outlineColor() : QColor(Qt::black), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto at = tapeChevron;
+    painter.drawPolyline(QPolygonF{at + QPointF(-4, -2), at + QPointF(0, 2), at + QPointF(4, -2)});
+}
+
+}  // namespace kzq
