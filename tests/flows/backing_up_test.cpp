@@ -200,6 +200,7 @@ TEST_F(BackingUpTest, ABackupThatIsCutShortIsNoneAndGoesOn) {
 TEST_F(BackingUpTest, ADamagedBackupIsShownWithItsReason) {
     backUpAndChange();
     const auto first = backups / namesIn(backups).front();
+    fs::create_directory(base / "documents/stick");
     fs::copy(first, base / "documents/stick/before the tour", fs::copy_options::recursive);
     const auto file = base / "documents/stick/before the tour/Loop 3.wav";
     fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);

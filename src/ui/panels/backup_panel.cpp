@@ -144,7 +144,7 @@ void BackupPanel::setCounts(std::vector<Count> counts) {
 
 void BackupPanel::setReady(bool ready, const QString& problem, const QString& why) {
     const bool changes = accept_->isEnabled() != ready;
-    const bool atButtons = accept_->hasFocus() || decline_->hasFocus();
+    const bool atButtons = focusWidget() == accept_ || focusWidget() == decline_;
     problem_ = problem;
     accept_->setEnabled(ready);
     accept_->setToolTip(why);
