@@ -237,6 +237,7 @@ class AtTheDevicePort:
             tty.setraw(theirs)
             os.symlink(os.ttyname(theirs), os.path.join(gadget, name))
             self.ends[name[:3]] = ours
+        self.port = os.path.realpath(os.path.join(gadget, "dummy_udc"))
         self.program = Program("--gadget=" + gadget, *options)
 
     def attach(self):
@@ -265,7 +266,9 @@ class AtTheDevicePort:
         os.write(self.ends["ep2"], data)
 
     def left(self):
-        pass  # a terminal that this end keeps open shows nothing
+        files = f"/proc/{self.program.process.pid}/fd"  # a terminal that this end keeps open shows nothing
+        wait("it is off the bus",
+             lambda: self.port not in [os.path.realpath(os.path.join(files, file)) for file in os.listdir(files)])
 
     def came_back(self):
         self.attach()
