@@ -123,7 +123,7 @@ void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) 
     FlowWindow window{.life = controller};
     window.shield = [&main = parts.window, &staging = *parts.staging, &listening = parts.listening](bool up) {
         if (up) {
-            listening.stop();  // which nobody could any more
+            listening.covered();
         }
         up ? main.addShield() : main.removeShield();
         up ? staging.hold() : staging.release();
@@ -132,10 +132,12 @@ void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) 
         dialogs.run(alertWithHeadline("Device is busy. Try again later."));
     };
     window.saySilent = [&parts] {
-        if (parts.flows->running() || parts.flows->yielding()) {  // otherwise there is nothing to cancel
-            parts.teller.silent();
+        const bool endable = parts.flows->running() || parts.flows->yielding();
+        if (endable || parts.listening.isAwaited()) {  // otherwise there is nothing to cancel
+            parts.teller.silent(endable);
         }
     };
+    window.waiting = [&listening = parts.listening](bool waits) { listening.setAwaited(waits); };
     window.freed = [&parts] {
         parts.listening.readNext();
         parts.backingUp.goOn();

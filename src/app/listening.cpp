@@ -50,6 +50,20 @@ void Listening::forget(SlotNumber slot) {
     engine_->showSlot(slot);
 }
 
+void Listening::covered() {
+    engine_->stop();
+    engine_->reader->leaveWaiting();
+    giveUp();
+}
+
+void Listening::setAwaited(bool awaited) {
+    engine_->setAwaited(awaited);
+}
+
+bool Listening::isAwaited() const {
+    return engine_->awaited != 0;
+}
+
 void Listening::readNext() {
     engine_->reader->goOn();
 }

@@ -15,6 +15,9 @@ namespace kzq {
 class Slot;
 struct AppParts;
 
+/// What the rings say where nothing makes loops heard.
+inline constexpr auto noSoundDevice = "No sound device was found.";
+
 /// Hears loops and staged files, and reads loops for it. Main thread.
 class Listening : Fixed {
   public:
@@ -45,6 +48,12 @@ class Listening : Fixed {
     /// We wrote to it.
     void forget(SlotNumber slot);
 
+    /// The window is covered: nothing is heard, as nobody could stop it, and what waits for the pedal is
+    /// given up.
+    void covered();
+    /// An operation waits for the end of the read that it has stopped, or no longer.
+    void setAwaited(bool awaited);
+    bool isAwaited() const;
     /// No operation lasts any more.
     void readNext();
     /// The table, what is staged or the pedal has changed: the rows follow.

@@ -41,7 +41,9 @@ struct Listening::Engine : std::enable_shared_from_this<Engine>, Fixed {
     // --- what happens meanwhile
 
     void rowsChanged();
+    void setAwaited(bool on);
     void ended(SlotNumber slot, Result<LoopReader::Read> read);
+    void tellMissed(SlotNumber slot, const Trouble& trouble, bool read) const;
     void fetchNext();
     void endFetch(const Trouble& why);
     /// Follows what is played and read, until nothing is.
@@ -106,7 +108,8 @@ struct Listening::Engine : std::enable_shared_from_this<Engine>, Fixed {
     std::optional<Choice> wanted;      ///< heard as soon as there is something to hear
     std::map<SlotNumber, File> files;  ///< that are staged
     std::shared_ptr<LoopFetch> fetch;
-    unsigned pedal = 0;  ///< see LoopModel
+    unsigned pedal = 0;        ///< see LoopModel
+    Teller::Work awaited = 0;  ///< that an operation waits for the end of a read; 0: none does
     bool ticking = false;
 };
 

@@ -1,15 +1,12 @@
 #include <utility>
 
 #include "app/app_parts.h"
+#include "app/doubt.h"
 #include "app/listening_engine.h"
 
 namespace kzq {
 
-Listening::Engine::Engine(AppParts& theParts)
-    : parts(theParts), doubt([link = theParts.environment.link, asleep = theParts.environment.asleep] {
-          const auto looper = link();
-          return Doubt{looper ? looper->doubts() : 0, asleep()};
-      }) {
+Listening::Engine::Engine(AppParts& theParts) : parts(theParts), doubt(doubtOf(theParts.environment)) {
     if (auto* const output = parts.environment.sound) {
         player = std::make_unique<Player>(*output);
     }
@@ -63,14 +60,18 @@ void Listening::Engine::rowsChanged() {
 
 void Listening::Engine::ended(SlotNumber slot, Result<LoopReader::Read> read) {
     const auto goesOn = [this](SlotNumber of) { return shelf.find(of) || reader->reads(of); };
-    auto trouble = read ? std::nullopt : std::optional(read.error());
-    if (read) {
+    const bool came = read.has_value();
+    auto trouble = came ? std::nullopt : std::optional(read.error());
+    if (came) {
         shelf.put(slot, read->loop, std::move(read->sound), read->begun);
         if (!shelf.find(slot)) {
             trouble = Trouble{Trouble::Kind::changedWhileRead};
         }
     } else if (now && now->choice.loop && now->choice.row.slot == slot) {
         stopSound();
+    }
+    if (trouble) {
+        tellMissed(slot, *trouble, came);
     }
     if (wanted && wanted->loop && !goesOn(wanted->row.slot)) {
         wanted.reset();
@@ -84,6 +85,26 @@ void Listening::Engine::ended(SlotNumber slot, Result<LoopReader::Read> read) {
     fetchNext();
     serve();
     showAll();
+}
+
+/// Who fetches it says so; and a loop that is heard already goes on.
+void Listening::Engine::tellMissed(SlotNumber slot, const Trouble& trouble, bool read) const {
+    const bool fetched = fetch && fetch->due() == slot;
+    const bool heard = read && !(wanted && wanted->loop && wanted->row.slot == slot);
+    if (!fetched && !heard && trouble.kind != Trouble::Kind::cancelled) {
+        reader->tell(slot, trouble);
+    }
+}
+
+void Listening::Engine::setAwaited(bool on) {
+    const auto slot = reader->current();
+    if (on && slot && awaited == 0) {
+        awaited = parts.teller.newWork();
+        const auto what = "Waiting for the read of loop " + std::to_string(slot->number()) + " to stop";
+        parts.teller.working(awaited, what + "\u2026", what);
+    } else if (!on) {
+        parts.teller.idle(std::exchange(awaited, 0));
+    }
 }
 
 void Listening::Engine::fetchNext() {

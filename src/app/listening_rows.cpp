@@ -6,12 +6,6 @@
 
 namespace kzq {
 
-namespace {
-
-constexpr auto noDevice = "No sound device was found.";
-
-}  // namespace
-
 std::shared_ptr<const Peaks> Listening::Engine::peaksOfLoop(SlotNumber slot) const {
     auto sound = std::shared_ptr<const Sound>(shelf.find(slot));
     if (!sound) {
@@ -33,7 +27,7 @@ RowSound Listening::Engine::soundOf(const RowName& row) const {
     sound.peaks = isStaged(row) ? peaksOfFile(row.slot) : peaksOfLoop(row.slot);
     if (!canBeHeard()) {
         sound.trouble =
-            player ? QString::fromStdString(parts.environment.sound->trouble()) : QString(noDevice);
+            player ? QString::fromStdString(parts.environment.sound->trouble()) : QString(noSoundDevice);
     }
     if (!isNow(row)) {
         sound.ring = isWanted(row) ? RowSound::Ring::arriving : RowSound::Ring::play;

@@ -46,7 +46,8 @@ void LoopReader::leave(SlotNumber slot) {
 }
 
 bool LoopReader::reads(SlotNumber slot) const {
-    return (current_ && current_->slot == slot) || std::ranges::find(waiting_, slot) != waiting_.end();
+    return (current_ && current_->slot == slot && !current_->left) ||
+           std::ranges::find(waiting_, slot) != waiting_.end();
 }
 
 std::optional<SlotNumber> LoopReader::current() const {
@@ -54,7 +55,7 @@ std::optional<SlotNumber> LoopReader::current() const {
 }
 
 std::shared_ptr<Sound> LoopReader::arriving(SlotNumber slot) const {
-    return current_ && current_->slot == slot ? current_->sound : nullptr;
+    return current_ && current_->slot == slot && !current_->left ? current_->sound : nullptr;
 }
 
 void LoopReader::goOn() {
@@ -132,24 +133,25 @@ Result<LoopReader::Read> LoopReader::readWhole(Run& run, Job& job) const {
 void LoopReader::finish(Run& run, Job& job, Result<Read> read) {
     run.turn.end();
     current_.reset();
+    if (!read && job.left) {
+        read = Trouble{Trouble::Kind::cancelled};  // however it failed: nobody waits for it
+    }
     if (read) {
         parts_.teller.settle(listeningJob);
-    } else if (read.error().kind != Trouble::Kind::cancelled) {
-        tell(job, read.error());
-    } else if (!job.left) {
+    } else if (read.error().kind == Trouble::Kind::cancelled && !job.left) {
         waiting_.clear();  // an operation was started
     }
-    parts_.teller.idle(job.work);
     ended_(job.slot, std::move(read));
+    parts_.teller.idle(job.work);
     goOn();
 }
 
-void LoopReader::tell(const Job& job, const Trouble& trouble) {
+void LoopReader::tell(SlotNumber slot, const Trouble& trouble) {
     if (isMissingRule(trouble)) {
         parts_.teller.tell(toldMissingRule(trouble), listeningJob, settingUp(parts_, trouble, {}));
         return;
     }
-    parts_.teller.tell({.what = loopName(job.slot) + " could not be read",
+    parts_.teller.tell({.what = loopName(slot) + " could not be read",
                         .why = reasonFor(Deed::save, trouble),
                         .detail = adviceOn(trouble),
                         .failure = true},

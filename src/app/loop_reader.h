@@ -26,7 +26,7 @@ class LoopReader : public std::enable_shared_from_this<LoopReader>, Fixed {
         std::shared_ptr<Sound> sound;
         Doubt begun;
     };
-    /// A loop was read, or not; what is still waiting comes later.
+    /// A loop was read, or not, which has not been said; what is still waiting comes later.
     using Ended = std::function<void(SlotNumber, Result<Read>)>;
 
     /// `parts` outlives it. `doubt` is asked on any thread. Create it with std::make_shared.
@@ -47,13 +47,14 @@ class LoopReader : public std::enable_shared_from_this<LoopReader>, Fixed {
     std::shared_ptr<Sound> arriving(SlotNumber slot) const;
     /// With the next one, if the pedal is free.
     void goOn();
+    /// Says that a loop could not be read.
+    void tell(SlotNumber slot, const Trouble& trouble);
 
   private:
     struct Job;
     void work(Run& run, Job& job);
     Result<Read> readWhole(Run& run, Job& job) const;
     void finish(Run& run, Job& job, Result<Read> read);
-    void tell(const Job& job, const Trouble& trouble);
 
     AppParts& parts_;
     const std::function<Doubt()> doubt_;

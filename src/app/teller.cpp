@@ -180,15 +180,19 @@ std::function<void(SlotNumber)> Teller::follower(Work work, const std::function<
     };
 }
 
-void Teller::silent() {
+void Teller::silent(bool endable) {
     if (!silent_->exchange(true)) {
         const auto* const work = newest();
-        const auto stop = work == nullptr ? Remedy{} : work->stop;
+        const auto stop = work == nullptr || !endable ? Remedy{} : work->stop;
         const Told told{.what = "The pedal has stopped answering",
-                        .detail = stop.act ? "Stop it, or unplug the pedal." : "Cancel, or unplug it."};
+                        .detail = !endable   ? "Unplug it."
+                                  : stop.act ? "Stop it, or unplug the pedal."
+                                             : "Cancel, or unplug it."};
+        const auto* const way = !endable   ? ": unplug it"
+                                : stop.act ? ": stop, or unplug it"
+                                           : ": cancel, or unplug it";
         tell(told);
-        announcements_->setWork(told.what + (stop.act ? ": stop, or unplug it" : ": cancel, or unplug it"),
-                                stop.label, stop.act);
+        announcements_->setWork(told.what + way, stop.label, stop.act);
     }
 }
 

@@ -86,8 +86,9 @@ class Teller : Fixed {
     /// The same in any words: the sentence, and what a screen reader gets of it.
     using Saying = std::function<void(const std::string& sentence, const std::string& said)>;
     Saying followerInWords(Work work, std::function<void(Executor::Task)> post);
-    /// The pedal does not answer what was followed last: again and again while that lasts.
-    void silent();
+    /// The pedal does not answer what was followed last: again and again while that lasts. `endable`: the
+    /// user can end it without pulling the cable.
+    void silent(bool endable = true);
 
     /// An import of these has not saved those that are missing.
     void imported(const Loops& asked, const std::vector<SlotNumber>& missing);

@@ -117,6 +117,12 @@ TEST_F(ListeningTest, OneReadAfterTheOtherAndTheLastPressIsHeard) {
     EXPECT_EQ(ring(1), Ring::playing);
     EXPECT_THAT(sent(0xE1), SizeIs(5));
     EXPECT_THAT(sent(0xEF), SizeIs(1));
+    press(5);
+    pass(300ms);
+    press(5);
+    press(5);  // before the read has ended
+    pass(5s);
+    EXPECT_EQ(ring(5), Ring::playing);
 }
 
 TEST_F(ListeningTest, ACopyCountsUntilThePedalMayHoldSomethingElse) {
@@ -183,6 +189,69 @@ TEST_F(ListeningTest, AnOperationEndsTheReadAndGoesOnInItsOwnOrder) {
     hear(3);
     pass(1s);
     EXPECT_TRUE(delegate->listening().copyOf(3_slot)) << "the next one is read as ever";
+}
+
+TEST_F(ListeningTest, AnOperationSaysThatItWaitsForAReadWhichDoesNotEnd) {
+    begin();
+    port.pace = 30s;  // no reset ends that
+    press(5);
+    pass(1s);
+    port.pace = 0s;
+    select({1});
+    window->importButton()->click();
+    pass(600ms);
+    EXPECT_EQ(line(), "Waiting for the read of loop 5 to stop\u2026");
+    EXPECT_EQ(link(), "");
+    pass(12s);
+    EXPECT_EQ(line(), "The pedal has stopped answering: unplug it");
+    pass(20s);
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_EQ(line(), "1 loop saved in imports");
+}
+
+TEST_F(ListeningTest, WhatIsPressedDuringTheQuestionIsNotReadAfterTheErase) {
+    begin();
+    dialogs.answer = [this] { return press(20), alertFirstButton; };
+    select({3});
+    window->eraseButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    pass(2s);
+    EXPECT_THAT(sent(0xE1), IsEmpty());
+    EXPECT_EQ(ring(20), Ring::play);
+}
+
+TEST_F(ListeningTest, ALoopThatChangesOnThePedalIsHeardNoMoreAndSaidOnce) {
+    begin();
+    hear(5);
+    pedal.setBusy(true);
+    pass(6s);
+    EXPECT_TRUE(output.plays()) << "it may have changed; what was read goes on";
+    pedal.setBusy(false);
+    pedal.setLoop(4, loopOf(frames - 1, 51));
+    pass(6s);
+    EXPECT_FALSE(output.plays());
+    plan("refuse@E1");
+    std::vector<Trouble::Kind> ends;
+    const auto fetch = [&] {
+        delegate->listening().fetch({5_slot}, [&](auto, auto copy) { ends.push_back(copy.error().kind); },
+                                    {});
+    };
+    fetch();
+    pass(1s);
+    EXPECT_THAT(ends, ElementsAre(Trouble::Kind::refused));
+    EXPECT_EQ(line(), "7306 \u00b7 4 loops \u00b7 firmware 1.05") << "who fetches it says so";
+    plan("refuse@E1");
+    press(5);
+    pass(1s);
+    const auto told = line();
+    EXPECT_EQ(told, "Loop 5 could not be read: the pedal refused to send it");
+    port.pace = 10ms;
+    fetch();
+    pass(200ms);
+    pedal.unplug();
+    pass(1s);
+    EXPECT_THAT(ends, ElementsAre(Trouble::Kind::refused, Trouble::Kind::unplugged));
+    EXPECT_EQ(line(), told);
 }
 
 TEST_F(ListeningTest, AReadWaitsForAnOperationThatLeavesTheWindowFree) {

@@ -26,6 +26,9 @@ void Flows::start(Patience patience, Flow flow) {
 }
 
 void Flows::start(Turn turn, Patience patience, Flow flow) {
+    if (yielding_) {
+        sayIfItLasts(yielding_);
+    }
     begin(std::move(turn), makePedal(patience),
           [place = place_, before = yielding_, flow = std::move(flow)](Run& run) {
               if (before) {
@@ -36,6 +39,18 @@ void Flows::start(Turn turn, Patience patience, Flow flow) {
               }
               flow(run);
           });
+}
+
+void Flows::sayIfItLasts(const std::shared_ptr<Yielding>& flow) {
+    constexpr auto moment = std::chrono::milliseconds(500);
+    place_->executor.mainAfter(moment, [place = place_, flow] {
+        const auto window = place->window.life.lock();
+        const std::lock_guard guard(place->mutex);
+        if (window && place->window.waiting && !flow->over) {
+            flow->awaited = true;
+            place->post([place] { place->window.waiting(true); });
+        }
+    });
 }
 
 std::optional<Turn> Flows::take() {
@@ -55,6 +70,9 @@ class Flows::EndOfYielding : Fixed {
         flow_->over = true;
         flow_->pedal.reset();
         place_->changed.notify();
+        if (flow_->awaited) {
+            place_->post([place = place_] { place->window.waiting(false); });
+        }
     }
 
   private:

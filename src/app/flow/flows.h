@@ -57,11 +57,13 @@ class Flows : Fixed {
     struct Yielding {
         std::shared_ptr<Pedal> pedal;
         bool over = false;
+        bool awaited = false;  ///< the user has been told that its end is waited for
     };
     /// Its end, however it comes.
     class EndOfYielding;
 
     void begin(Turn turn, std::shared_ptr<Pedal> pedal, Flow flow);
+    void sayIfItLasts(const std::shared_ptr<Yielding>& flow);
     void forEach(const std::function<void(Pedal&)>& task);
 
     const std::shared_ptr<FlowPlace> place_;

@@ -26,6 +26,8 @@ struct FlowWindow {
     std::function<void()> sayBusy = {};    ///< may run an event loop
     std::function<void()> saySilent = {};  ///< the pedal has not answered for a while
     std::function<void()> freed = {};      ///< no flow lasts any more; posted
+    /// A flow that was started has been waiting for one that yields, for longer than a moment; or no longer.
+    std::function<void(bool waits)> waiting = {};
     /// Blocks; on a background thread. Empty: the computer may sleep.
     std::function<AwakeLock(AwakeFor)> keepAwake = {};
 };
@@ -87,10 +89,11 @@ class Run : Fixed {
     /// Whether the pedal says that it is not busy; otherwise the user has been told. One that does not answer
     /// within half a second is; it blocks one thread of the pool, however often it is asked meanwhile.
     bool idle();
+    /// The same without a word to the user.
+    bool saysIdle();
 
   private:
     bool done(Executor::Task task);
-    bool saysIdle();
 
     const std::shared_ptr<FlowPlace> place_;
 };
