@@ -217,9 +217,9 @@ void CarryIn::showRow(SlotNumber slot, const HeldFiles& looks) {
         row->setDropSign(slotOf(*row) == slot ? std::optional(signOf(file, fate, row->occupied()))
                                               : std::nullopt);
     }
-    parts_.teller.preview(looks.files.size() == 1
-                              ? std::string()
-                              : "Drop between the rows to use all " + filesText(looks.files.size()));
+    const auto count = looks.files.size();
+    const auto all = count == 2 ? "both files" : "all " + filesText(count);
+    parts_.teller.preview(count == 1 ? std::string() : "Drop between the rows to use " + all);
 }
 
 void CarryIn::showPlan(const HeldFiles& looks) {

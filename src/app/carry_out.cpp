@@ -28,6 +28,7 @@ using Files = std::vector<fs::path>;
 struct Item {
     SlotNumber slot;
     std::string name;
+    std::uint64_t bytes = 0;
     fs::path copy = {};
 };
 
@@ -85,7 +86,7 @@ std::shared_ptr<CarryOut::Load> CarryOut::pickUp(const Slot& row) const {
     for (const auto slot : slots) {
         if (const auto* const loop = parts_.model.table().find(slot)) {
             const auto name = parts_.rows.importRow(slot).name().value_or(QString());
-            load->items.push_back({slot, name.toStdString()});
+            load->items.push_back({slot, name.toStdString(), loop->bytes});
             shown.push_back({name, QString::fromStdString(clockText(Frames{loop->samples}))});
         }
     }
@@ -169,7 +170,6 @@ void CarryOut::named(const std::shared_ptr<Load>& load, const Result<Files>& fil
     }
 }
 
-/// The files stay while the program runs, if they were taken: who has them may read them later.
 void CarryOut::drag(const Load& load, const Files& files) {
     QList<QUrl> urls;
     for (const auto& file : files) {
@@ -179,12 +179,30 @@ void CarryOut::drag(const Load& load, const Files& files) {
     const auto hotSpot = load.strip->hotSpot();
     auto& executor = parts_.environment.executor;
     const auto dragged = parts_.environment.dragFiles;
-    const auto folder = load.folder;
+    Taken copies{load.folder, 0};
+    for (const auto& item : load.items) {
+        copies.bytes += item.bytes;
+    }
     const QPointer<QWidget> row = load.row;
+    const std::weak_ptr life = life_;
     end();
     const bool taken = dragged ? dragged(urls) : row != nullptr && dragFiles(*row, urls, picture, hotSpot);
     if (!taken) {
-        removeFolder(executor, folder);
+        removeFolder(executor, copies.folder);
+    } else if (!life.expired()) {
+        keep(copies);
+    }
+}
+
+void CarryOut::keep(const Taken& taken) {
+    taken_.push_back(taken);
+    std::uint64_t bytes = 0;
+    for (const auto& each : taken_) {
+        bytes += each.bytes;
+    }
+    for (; bytes > room_ && taken_.size() > 1; taken_.pop_front()) {
+        bytes -= taken_.front().bytes;
+        removeFolder(parts_.environment.executor, taken_.front().folder);
     }
 }
 

@@ -174,6 +174,7 @@ void Slot::setDropSign(const std::optional<DropSign>& sign) {
         if (view_ != nullptr) {
             view_->update();
         }
+        showSound();
     }
 }
 

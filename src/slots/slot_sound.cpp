@@ -134,10 +134,11 @@ void Slot::showSound() {
     if (!hasViews()) {
         return;
     }
-    if ((!sound_.compares && compare_->hasFocus()) || (!canPlay() && ring_->hasFocus())) {
+    const bool compares = sound_.compares && !dropSign_;  // which lies over it
+    if ((!compares && compare_->hasFocus()) || (!canPlay() && ring_->hasFocus())) {
         button_->setFocus(Qt::TabFocusReason);  // else the focus would jump to the next row
     }
-    compare_->setVisible(sound_.compares);
+    compare_->setVisible(compares);
     compare_->setOther(sound_.other);
     ring_->setVisible(canPlay());
     ring_->setToolTip(sound_.trouble);

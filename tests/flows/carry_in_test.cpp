@@ -103,7 +103,7 @@ TEST_F(CarryIn, OverARowTheOutlineIsASignAndTheDropIsAsEver) {
     const QList<QUrl> two = {song("one.wav", 44'100), song("two.wav", 44'100)};
     ASSERT_TRUE(holdOver(row, two));
     EXPECT_THAT(signs(), ElementsAre("! 3 one 0:01"));
-    EXPECT_EQ(line(), "Drop between the rows to use all 2 files");
+    EXPECT_EQ(line(), "Drop between the rows to use both files");
     leave(row);
     EXPECT_THAT(signs(), IsEmpty());
     EXPECT_THAT(line(), StartsWith("7306"));

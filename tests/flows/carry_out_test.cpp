@@ -53,6 +53,10 @@ class CarryOut : public FlowTest {
         answer(slot, copy);
         executor.settle();
     }
+    long folders() const {
+        return std::ranges::count_if(fs::directory_iterator(base / "copies"),
+                                     [](const auto& entry) { return entry.is_directory(); });
+    }
     bool stripShows() const {
         return std::ranges::any_of(window->findChildren<QWidget*>(), [](const QWidget* child) {
             return child->windowType() == Qt::ToolTip && child->isVisible();
@@ -85,14 +89,19 @@ TEST_F(CarryOut, AllPickedUpRowsGoUnderTheNamesOfAnImport) {
         EXPECT_FALSE(stripShows());
         EXPECT_THAT(std::exchange(dragged, {}), ElementsAre("riff-take.wav: audio 1", "Loop 3.wav: audio 3",
                                                             "riff-take-2.wav: audio 20"));
-        const auto folders = std::ranges::count_if(fs::directory_iterator(base / "copies"),
-                                                   [](const auto& entry) { return entry.is_directory(); });
-        EXPECT_EQ(folders, 1) << "what was taken may be read later; the rest goes";
+        EXPECT_EQ(folders(), 1) << "what was taken may be read later; the rest goes";
     }
     EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 3_slot, 20_slot));
     select({3});
     dragRow(3);
     EXPECT_THAT(asked, ElementsAre(3_slot)) << "a row that is not picked up goes alone";
+    taken = true;
+    arrive(3_slot);
+    EXPECT_EQ(folders(), 2);
+    delegate->carryOut().setRoom(30'000);
+    dragRow(3);
+    arrive(3_slot);
+    EXPECT_EQ(folders(), 2) << "the oldest has made room";
 }
 
 TEST_F(CarryOut, NothingIsDroppedOnceTheButtonIsUpEscapeIsPressedOrADialogOpens) {

@@ -116,6 +116,11 @@ TEST_F(RowSounds, BShowsTheLoopInPlaceOfTheFileAndOnlyAsLongAsItPlays) {
     row.setSound(sound);
     EXPECT_EQ(row.compare()->pictureName(), "Export_compare_B");
     EXPECT_EQ(row.layout(), resting);
+    row.setDropSign(DropSign{});
+    EXPECT_TRUE(row.compare()->isHidden()) << "the sign lies over it";
+    row.setDropSign(std::nullopt);
+    EXPECT_FALSE(row.compare()->isHidden());
+    row.compare()->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(row.nameInSight(), "Loop 2");
     EXPECT_EQ(row.nameColour(KZQYellow()), KZQWhite());
     EXPECT_EQ(row.name(), "I");

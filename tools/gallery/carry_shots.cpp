@@ -49,6 +49,15 @@ Shots carrying() {
         row->setDropSign(sign);
         shots.push_back(shootInTray(QString("held: %1").arg(state.caption), *row->view()));
     }
+    const auto compared =
+        maker.row(7, Slot::exportContext, {.caption = "", .occupied = true, .name = "verse riff"}, nullptr);
+    RowSound sound;
+    sound.ring = RowSound::Ring::playing;
+    sound.position = 0.4;
+    sound.compares = true;
+    compared->setSound(sound);
+    compared->setDropSign(DropSign{Sign::replaces, "chorus", "0:20", {}});
+    shots.push_back(shootInTray("held: over a row that plays and compares", *compared->view()));
     for (const std::size_t count : {1U, 2U, 3U, 12U}) {
         shots.push_back({QString("carried: %1").arg(count), Strip(carriedLoops(count), nullptr).picture()});
     }
