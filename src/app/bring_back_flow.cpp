@@ -44,11 +44,19 @@ std::string fateOf(const KeptCopy& copy, const QDateTime& now) {
                      : then.date().year() == now.date().year()
                          ? QLocale::c().toString(then.date(), "d MMM")
                          : QLocale::c().toString(then.date(), "d MMM yyyy");
-    return std::string(copy.replaced ? "replaced " : "erased ") + day.toStdString() + " " +
-           then.toString("HH:mm").toStdString();
+    const auto* const fate = copy.fate == KeptCopy::Fate::replaced ? "replaced "
+                             : copy.fate == KeptCopy::Fate::erased ? "erased "
+                                                                   : "copied ";
+    return fate + day.toStdString() + " " + then.toString("HH:mm").toStdString();
 }
 
-BringingBack::BringingBack(AppParts& parts) : parts_(parts) {}
+BringingBack::BringingBack(AppParts& parts)
+    : parts_(parts), sound_(parts, [this](std::size_t copy, const CopySound::Shown& shown) {
+          panel_->setSound(copy, {.on = shown.on,
+                                  .position = shown.position,
+                                  .seconds = static_cast<int>(shown.played.count / framesPerSecond),
+                                  .trouble = noSound()});
+      }) {}
 
 BringingBack::~BringingBack() = default;
 
@@ -63,37 +71,67 @@ void BringingBack::show(std::vector<KeptCopy> copies, std::uint64_t size) {
     if (parts_.window.shield() != nullptr) {
         return;
     }
-    if (!panel_) {
-        panel_ = std::make_unique<BringBack>(&parts_.window);
-        QObject::connect(panel_.get(), &BringBack::keepingChanged, panel_.get(), [this](bool on) {
-            if (!keep(on)) {
-                panel_->setKeeping(!on);
-            }
-        });
-        QObject::connect(panel_.get(), &BringBack::wanted, panel_.get(),
-                         [this](const auto& targets) { bring(targets); });
-        if (play_) {
-            panel_->setPlayer([this](std::size_t copy) { play_(copies_.at(copy).file); });
-        }
-        QObject::connect(panel_.get(), &QDialog::finished, panel_.get(), [this] { shown_.reset(); });
-    }
+    make();
+    sound_.stop();
     copies_ = std::move(copies);
     const auto now = QDateTime::currentDateTime();
     std::vector<BringBackCopy> rows;
-    std::size_t last = 0;
     for (const auto& copy : copies_) {
         rows.push_back({.slot = copy.slot.number(),
                         .fate = QString::fromStdString(fateOf(copy, now)),
-                        .seconds = static_cast<int>(copy.length.count / framesPerSecond)});
-        last += copy.stamp == copies_.front().stamp ? 1U : 0U;
+                        .seconds = static_cast<int>(copy.length.count / framesPerSecond),
+                        .on = copy.stamp == copies_.front().stamp && copy.fate != KeptCopy::Fate::copied});
     }
     panel_->setKeeping(parts_.kept.on());
     panel_->setLoops(loopsOf(parts_.model));
-    panel_->setCopies(std::move(rows), QString::fromStdString(sizeText(size)), last);
+    panel_->setCopies(rows, QString::fromStdString(sizeText(size)));
+    deviceChanged();
     readPeaks();
     panel_->show();
     panel_->raise();
     panel_->activateWindow();
+}
+
+void BringingBack::make() {
+    if (panel_) {
+        return;
+    }
+    panel_ = std::make_unique<BringBack>(&parts_.window);
+    auto* const panel = panel_.get();
+    QObject::connect(panel, &BringBack::keepingChanged, panel, [this](bool on) {
+        if (!keep(on)) {
+            panel_->setKeeping(!on);
+        }
+    });
+    QObject::connect(panel, &BringBack::wanted, panel, [this](const auto& targets) { bring(targets); });
+    QObject::connect(panel, &BringBack::ringPressed, panel, [this](std::size_t copy) {
+        sound_.press(copy, copies_.at(copy).file, loopName(copies_.at(copy).slot));
+    });
+    QObject::connect(panel, &BringBack::stopPressed, panel, [this] { sound_.stop(); });
+    QObject::connect(panel, &QDialog::finished, panel, [this] {
+        shown_.reset();
+        sound_.stop();
+    });
+}
+
+QString BringingBack::noSound() const {
+    const auto* const output = parts_.environment.sound;
+    return QString::fromStdString(output == nullptr ? noSoundDevice : output->trouble());
+}
+
+void BringingBack::deviceChanged() {
+    if (!panel_) {
+        return;
+    }
+    const auto trouble = noSound();
+    if (!trouble.isEmpty()) {
+        sound_.stop();
+    }
+    for (std::size_t at = 0; at < copies_.size(); ++at) {
+        auto shown = panel_->rows()[at]->sound();
+        shown.trouble = trouble;
+        panel_->setSound(at, shown);
+    }
 }
 
 /// One after the other, as long as the panel shows them.

@@ -4,13 +4,13 @@
 #include <QUrl>
 #include <cstdint>
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <memory>
 #include <set>
 #include <string>
 #include <vector>
 
+#include "app/copy_sound.h"
 #include "operations/kept_copies.h"
 #include "platform/fixed.h"
 
@@ -39,14 +39,18 @@ class BringingBack : Fixed {
     /// Says what it does, in the status line.
     void explain(bool shown);
 
-    /// What plays a copy. Without it, the rows have no ring. Before `open`.
-    void setPlayer(std::function<void(const std::filesystem::path& copy)> play) { play_ = std::move(play); }
+    /// The sound of a copy; that of the window is none of its business.
+    void stopSound() { sound_.stop(); }
+    /// The sound device has come or gone.
+    void deviceChanged();
     /// Null before it was opened.
     BringBack* panel() const { return panel_.get(); }
 
   private:
     void show(std::vector<KeptCopy> copies, std::uint64_t size);
+    void make();
     void readPeaks();
+    QString noSound() const;
     void bring(const std::map<std::size_t, unsigned>& targets);
     void exportThem(const std::map<SlotNumber, QUrl>& files, unsigned pedal);
 
@@ -54,7 +58,7 @@ class BringingBack : Fixed {
     std::unique_ptr<BringBack> panel_;
     std::vector<KeptCopy> copies_;  ///< as the panel shows them
     std::shared_ptr<int> shown_;    ///< for what is read for the panel: renewed with the copies
-    std::function<void(const std::filesystem::path&)> play_;
+    CopySound sound_;
     std::uint64_t hint_ = 0;  ///< a Teller::Work
 };
 

@@ -40,6 +40,7 @@ class Erase {
         }
         if (run.ask([this] { begin(); })) {
             const auto outcome = runErase(*run.pedal, order_, {});
+            keeping_.noteGone(outcome);
             run.ask([&] { finish(run, outcome); });
         }
     }

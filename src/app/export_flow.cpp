@@ -53,6 +53,7 @@ class Export {
         if (!keeping_.planned() || run.ask([&] { begin(run); })) {
             const auto awake = run.keepAwake(AwakeFor::transfer);
             const auto outcome = runExport(*run.pedal, order_, events_);
+            keeping_.noteGone(outcome);
             run.ask([&] { finish(run, outcome); });
         }
     }

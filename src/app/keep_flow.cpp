@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "app/doubt.h"
 #include "app/main_window.h"
 #include "operations/table.h"
 
@@ -58,6 +59,7 @@ void Keeping::begin(Run& run) {
     const auto progress = std::make_shared<KeepProgress>(bytesToRead(order_),
                                                          parts_.teller.followerInWords(work_, run.poster()));
     events_.begins = [progress, this, before = std::uint64_t{0}](SlotNumber slot, Step /*step*/) mutable {
+        before = slot == order_.slots.front() ? 0 : before;  // they may be read a second time
         progress->begins(slot, before);
         before += order_.seen.find(slot)->alignedBytes;
     };
@@ -66,9 +68,48 @@ void Keeping::begin(Run& run) {
     parts_.window.offerStop(stop);
 }
 
+struct Keeping::Round {
+    Kept kept;
+    bool idle = true;   ///< the pedal was not busy at its end
+    bool still = true;  ///< and nothing made its loops doubtful
+
+    bool hasAudioOf(const Round& other) const {
+        return std::ranges::equal(kept.outcome.slots, other.kept.outcome.slots, {}, &SlotOutcome::digest,
+                                  &SlotOutcome::digest);
+    }
+};
+
+Keeping::Round Keeping::copy(Run& run) {
+    const auto doubt = doubtOf(parts_.environment);
+    const auto before = doubt();
+    Round round{.kept = runKeep(*pedal_, order_, events_)};
+    if (round.kept.outcome.whole()) {
+        round.idle = run.saysIdle();
+        round.still = round.idle && doubt().isStill(before);
+    }
+    return round;
+}
+
 Outcome Keeping::work(Run& run) {
     const auto awake = run.keepAwake(AwakeFor::transfer);
-    return runKeep(*pedal_, order_, events_);
+    run.saysIdle();  // what the user did before is of no concern
+    auto round = copy(run);
+    if (!round.still) {
+        const auto first = std::move(round);
+        round = copy(run);
+        // the sequence byte alone may also have moved because loops were sent
+        if (!round.still && !(round.idle && round.hasAudioOf(first))) {
+            round.kept.outcome.end = Trouble{Trouble::Kind::busy};
+        }
+    }
+    stamp_ = round.kept.stamp;
+    return std::move(round.kept.outcome);
+}
+
+void Keeping::noteGone(const Outcome& operation) const {
+    if (!stamp_.empty()) {
+        order_.copies.noteGone(stamp_, seenGone(operation));
+    }
 }
 
 void Keeping::end() {

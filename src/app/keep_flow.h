@@ -32,10 +32,17 @@ class Keeping : Fixed {
     // --- The run's thread.
 
     bool planned() const { return !order_.slots.empty(); }
-    /// Whether all of them are kept, or what kept it from that.
+    /// Whether all of them are kept, or what kept it from that. If the pedal may have been played between the
+    /// first copy and the last, which its table does not show, they are made once more; if that comes up
+    /// again, and the second copies are not the same as the first or the pedal is busy, it ends there: busy.
     Outcome work(Run& run);
+    /// The operation has ended: its copies say so.
+    void noteGone(const Outcome& operation) const;
 
   private:
+    struct Round;
+    Round copy(Run& run);
+
     AppParts& parts_;
     const Deed before_;
     const Copies copies_;
@@ -43,6 +50,7 @@ class Keeping : Fixed {
     std::shared_ptr<Pedal> pedal_;  ///< with another patience than the operation's
     Teller::Work work_ = 0;
     Events events_;
+    std::string stamp_;  ///< of the copies
 };
 
 }  // namespace kzq

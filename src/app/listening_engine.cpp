@@ -135,6 +135,7 @@ void Listening::Engine::begin(const Choice& choice, std::shared_ptr<Sound> sound
         now->choice = choice;
     } else {
         stopSound();
+        parts.bringBack.stopSound();
         now = Now{choice, parts.teller.newWork({"Stop", [weak = weak_from_this()] {
                                                     if (const auto self = weak.lock()) {
                                                         self->stop();

@@ -33,6 +33,7 @@ void Listening::Engine::listen() {
                         self->stop();
                     }
                     self->showAll();
+                    self->parts.bringBack.deviceChanged();
                 }
             });
         });

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "audio/wave.h"
-#include "platform/plain_file.h"
 
 namespace kzq {
 
@@ -48,28 +47,29 @@ void PeakFinder::takeFrame() {
     ++frames_;
 }
 
+bool hasWaveHeader(const PlainFile& file) {
+    if (file.size <= waveHeaderSize || (file.size - waveHeaderSize) % frameBytes != 0) {
+        return false;
+    }
+    std::array<std::uint8_t, waveHeaderSize> header{};
+    return readAt(file.file.get(), header, 0) &&
+           header == waveHeader(static_cast<std::uint32_t>(file.size - waveHeaderSize), stereo);
+}
+
 std::optional<Peaks> peaksOf(const std::filesystem::path& wave) {
     const auto file = openPlainFile(wave, Links::followed);
-    if (!file || file->size <= waveHeaderSize || (file->size - waveHeaderSize) % frameBytes != 0) {
+    if (!file || !hasWaveHeader(*file)) {
         return std::nullopt;
     }
-    const auto audio = file->size - waveHeaderSize;
     Bytes piece(filePiece);
-    const auto read = [&](std::size_t most, std::uint64_t offset) {
-        const auto count = readAt(file->file.get(), std::span(piece).first(most), offset);
-        return ByteView(piece).first(count.value_or(0));
-    };
-    if (!std::ranges::equal(read(waveHeaderSize, 0), waveHeader(static_cast<std::uint32_t>(audio), stereo))) {
-        return std::nullopt;
-    }
-    PeakFinder finder(Frames::ofBytes(audio));
+    PeakFinder finder(Frames::ofBytes(file->size - waveHeaderSize));
     for (std::uint64_t at = waveHeaderSize; at < file->size;) {
-        const auto bytes = read(piece.size(), at);
-        if (bytes.empty()) {
+        const auto count = readAt(file->file.get(), piece, at).value_or(0);
+        if (count == 0) {
             return std::nullopt;
         }
-        finder.add(bytes);
-        at += bytes.size();
+        finder.add(ByteView(piece).first(count));
+        at += count;
     }
     return finder.peaks();
 }

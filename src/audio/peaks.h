@@ -9,6 +9,7 @@
 #include "loops/facts.h"
 #include "loops/frames.h"
 #include "platform/bytes.h"
+#include "platform/plain_file.h"
 
 namespace kzq {
 
@@ -44,5 +45,7 @@ class PeakFinder {
 
 /// Of a whole file of the pedal's format; nothing if it is not one. Blocks.
 std::optional<Peaks> peaksOf(const std::filesystem::path& wave);
+/// Whether it has the header that `wave` makes for audio of its length, in stereo. Blocks.
+bool hasWaveHeader(const PlainFile& file);
 
 }  // namespace kzq

@@ -29,18 +29,28 @@ Sound::Sound(std::filesystem::path path, Descriptor file, Frames length)
     : path_(std::move(path)), file_(std::move(file)), length_(length), finder_(length) {}
 
 Result<std::shared_ptr<Sound>> Sound::ofFile(const std::filesystem::path& wave) {
-    const auto peaks = peaksOf(wave);
+    auto sound = withoutPeaks(wave);
+    const auto peaks = sound ? peaksOf(wave) : std::nullopt;
+    if (sound && !peaks) {
+        return Trouble{Trouble::Kind::notAudio, wave.string()};
+    }
+    if (sound) {
+        (*sound)->publish(*peaks);
+    }
+    return sound;
+}
+
+Result<std::shared_ptr<Sound>> Sound::withoutPeaks(const std::filesystem::path& wave) {
     auto file = openPlainFile(wave, Links::followed);
     if (!file) {
         return file.error();
     }
-    if (!peaks || file->size <= waveHeaderSize) {
+    if (!hasWaveHeader(*file)) {
         return Trouble{Trouble::Kind::notAudio, wave.string()};
     }
     const auto length = Frames::ofBytes(file->size - waveHeaderSize);
     std::shared_ptr<Sound> sound(new Sound(wave, std::move(file->file), length));
     sound->there_ = length.count;
-    sound->publish(*peaks);
     return sound;
 }
 

@@ -24,6 +24,8 @@ class Sound : Fixed {
     /// Of a file that is there, with its peaks. It can be played even if the file is removed. notAudio: it is
     /// not of that format. Blocks.
     static Result<std::shared_ptr<Sound>> ofFile(const std::filesystem::path& wave);
+    /// The same without the peaks, so that it need not be read whole before.
+    static Result<std::shared_ptr<Sound>> withoutPeaks(const std::filesystem::path& wave);
     /// Of a loop that is going to arrive, in a new file in `folder`. Blocks.
     static Result<std::shared_ptr<Sound>> arriving(const std::filesystem::path& folder, SlotNumber slot,
                                                    Frames length);

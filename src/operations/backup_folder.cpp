@@ -93,6 +93,10 @@ Result<void> BackupFolder::finish(const BackupIndex& index) const {
     return {};
 }
 
+Result<void> BackupFolder::replaceIndex(const BackupIndex& index) const {
+    return replaceFile(path_, indexName, bytesOf(indexText(index)));
+}
+
 bool BackupFolder::removeIfEmpty() const {
     std::vector<fs::path> own;
     std::error_code error;

@@ -30,6 +30,8 @@ class BackupFolder {
     Result<void> writePartialIndex(const BackupIndex& index) const;
     /// Writes the index; the partial one goes.
     Result<void> finish(const BackupIndex& index) const;
+    /// In place of the index that is there: with more about the same loops.
+    Result<void> replaceIndex(const BackupIndex& index) const;
     /// Removes the folder if it holds no more than an index without its files. Whether it is gone.
     bool removeIfEmpty() const;
     /// Removes what a backup consists of, by its names, and the folder, unless there is anything else in it.

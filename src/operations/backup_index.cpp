@@ -51,6 +51,8 @@ std::optional<BackupEntry> entryFrom(const Json& object) {
     entry.tempo = static_cast<std::uint8_t>(numberAt(object, "tempo", byte));
     entry.channel = static_cast<std::uint8_t>(numberAt(object, "channel", byte));
     entry.sha256 = textAt(object, "sha256");
+    const auto gone = object.find("gone");
+    entry.gone = gone != object.end() && *gone == true;
     const bool good = isPlainName(entry.file) && entry.samples != 0 && entry.tempo != 0 &&
                       entry.channel != 0 && isDigest(entry.sha256);
     return good ? std::optional(entry) : std::nullopt;
@@ -86,12 +88,12 @@ std::uint64_t bytesToCompare(const BackupIndex& index, const Loops& loops) {
 std::string indexText(const BackupIndex& index) {
     Json loops = Json::array();
     for (const auto& [slot, entry] : index.loops) {
-        loops.push_back({{"slot", slot.number()},
-                         {"file", entry.file},
-                         {"samples", entry.samples},
-                         {"tempo", entry.tempo},
-                         {"channel", entry.channel},
-                         {"sha256", entry.sha256}});
+        Json loop = {{"slot", slot.number()}, {"file", entry.file},       {"samples", entry.samples},
+                     {"tempo", entry.tempo},  {"channel", entry.channel}, {"sha256", entry.sha256}};
+        if (entry.gone) {
+            loop["gone"] = true;
+        }
+        loops.push_back(std::move(loop));
     }
     Json whole = {{"format", formatName},
                   {"formatVersion", formatVersion},

@@ -18,6 +18,7 @@ struct BackupEntry {
     std::uint8_t tempo = 0;
     std::uint8_t channel = 0;
     std::string sha256 = {};  ///< of the audio, without the header; lower-case hexadecimal digits
+    bool gone = false;        ///< the pedal was seen without it, after what the backup was made before
 
     bool operator==(const BackupEntry&) const = default;
     /// Whether this may be the pedal's loop: everything in the pedal's loop table is the same.

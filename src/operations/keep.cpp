@@ -23,7 +23,7 @@ class Keep {
         outcome_.wanted = order.slots.size();
     }
 
-    Outcome run() {
+    Kept run() {
         outcome_.end = open();
         for (const auto slot : order_.slots) {
             if (outcome_.end) {
@@ -31,12 +31,10 @@ class Keep {
             }
             read(slot);
         }
-        if (!outcome_.end) {
-            finish();
-        }
+        auto stamp = outcome_.end ? std::string() : finish();
         draft_.reset();  // what has no date now is removed
         order_.copies.tidy();
-        return std::move(outcome_);
+        return {std::move(outcome_), std::move(stamp)};
     }
 
   private:
@@ -73,6 +71,7 @@ class Keep {
             outcome.trouble = Trouble{Kind::changedWhileRead};
         } else if (const auto added = draft_->add(slot, loop, **image)) {
             outcome.did = *added == SnapshotDraft::Way::written ? Did::saved : Did::kept;
+            outcome.digest = draft_->index().loops.at(slot).sha256;
         } else {
             outcome.trouble = added.error();
         }
@@ -80,12 +79,13 @@ class Keep {
         outcome_.add(events_, std::move(outcome));
     }
 
-    void finish() {
+    std::string finish() {
         const auto link = pedal_.link();
         const auto finished = draft_->finish(link->version().value_or(""), order_.stamp());
         if (!finished) {
             outcome_.end = finished.error();
         }
+        return finished ? finished->name : "";
     }
 
     Pedal& pedal_;
@@ -105,8 +105,19 @@ std::uint64_t bytesToRead(const KeepOrder& order) {
     return bytes;
 }
 
-Outcome runKeep(Pedal& pedal, const KeepOrder& order, const Events& events) {
+Kept runKeep(Pedal& pedal, const KeepOrder& order, const Events& events) {
     return Keep(pedal, order, events).run();
+}
+
+std::vector<SlotNumber> seenGone(const Outcome& operation) {
+    std::vector<SlotNumber> gone;
+    for (const auto& loop : operation.slots) {
+        const bool seen = loop.did == Did::erased || loop.did == Did::written || loop.did == Did::compared;
+        if (seen && !loop.trouble) {
+            gone.push_back(loop.slot);
+        }
+    }
+    return gone;
 }
 
 Told toldNotKept(Deed deed, const Outcome& kept) {
@@ -115,6 +126,10 @@ Told toldNotKept(Deed deed, const Outcome& kept) {
     const auto* const failed = kept.firstFailure();
     if (trouble.kind == Kind::cancelled) {
         result.why = "stopped";
+    } else if (trouble.kind == Kind::busy) {
+        result.why = "the pedal was in use while its loops were copied";
+        result.detail = "Stop it and try again.";
+        result.failure = true;
     } else {
         const auto reason = reasonFor(Deed::save, trouble);
         result.why = failed == nullptr ? "no copy was kept, " + reason

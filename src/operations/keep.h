@@ -24,13 +24,22 @@ struct KeepOrder {
 /// What this will read from the pedal.
 std::uint64_t bytesToRead(const KeepOrder& order);
 
+/// What came of it.
+struct Kept {
+    Outcome outcome;
+    std::string stamp = {};  ///< of the copies: see KeptCopy; empty if there are none
+};
+
 /// Reads the loops one after the other and saves them. The outcome is whole only if all of them are kept;
 /// otherwise none is, and its `end` says why: also if one loop failed, which is then its last. Audio that is
 /// there already takes no further space (kept). Errors besides the pedal's: changedWhileRead, diskFull,
 /// folder and those of files.
-Outcome runKeep(Pedal& pedal, const KeepOrder& order, const Events& events);
+Kept runKeep(Pedal& pedal, const KeepOrder& order, const Events& events);
 
-/// Why the operation did not take place.
+/// The loops that the pedal was seen without, once it was to erase or replace them.
+std::vector<SlotNumber> seenGone(const Outcome& operation);
+
+/// Why the operation did not take place. busy: the pedal was in use while it was copied.
 Told toldNotKept(Deed deed, const Outcome& kept);
 
 }  // namespace kzq

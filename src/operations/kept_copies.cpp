@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "operations/locked_folder.h"
+#include "platform/log.h"
 
 namespace kzq {
 namespace {
@@ -97,17 +98,43 @@ Result<void> KeptCopies::turn(bool on) const {
 }
 
 std::vector<KeptCopy> KeptCopies::list() const {
+    using Fate = KeptCopy::Fate;
     std::vector<KeptCopy> copies;
+    std::set<std::pair<SlotNumber, std::string>> listed;
     for (const auto& each : datedIn(folder())) {
         const auto index = each.folder.index();
         for (const auto& [slot, entry] : index ? index->loops : decltype(index->loops)()) {
             const auto file = each.folder.fileOf(entry);
-            if (std::error_code error; fs::is_regular_file(file, error)) {
-                copies.push_back({file, slot, {entry.samples}, each.name, index->before == replaceWord});
+            std::error_code error;
+            if (!fs::is_regular_file(file, error) ||
+                (!listed.emplace(slot, entry.sha256).second && !entry.gone)) {
+                continue;
             }
+            const auto fate = !entry.gone                    ? Fate::copied
+                              : index->before == replaceWord ? Fate::replaced
+                                                             : Fate::erased;
+            copies.push_back({file, slot, {entry.samples}, each.name, fate});
         }
     }
     return copies;
+}
+
+void KeptCopies::noteGone(const std::string& stamp, const std::vector<SlotNumber>& slots) const {
+    const auto place = folder();
+    const auto lock = lockedFolder(place, LOCK_EX);  // nobody trims it meanwhile
+    const BackupFolder copies(place / stamp);
+    auto index = copies.index();
+    if (slots.empty() || !index) {
+        return;
+    }
+    for (const auto slot : slots) {
+        if (const auto entry = index->loops.find(slot); entry != index->loops.end()) {
+            entry->second.gone = true;
+        }
+    }
+    if (const auto written = copies.replaceIndex(*index); !written) {
+        log(LogCategory::files, copies.path().string() + ": what became of its loops could not be noted");
+    }
 }
 
 std::uint64_t KeptCopies::size() const {

@@ -12,13 +12,16 @@
 
 namespace kzq {
 
-/// A loop as it was before the window erased or replaced it.
+/// A loop as it was before the window went to erase or replace it.
 struct KeptCopy {
+    /// What became of it on the pedal, as far as that was seen; `copied`: it may still be there.
+    enum class Fate : std::uint8_t { copied, erased, replaced };
+
     std::filesystem::path file;  ///< of the form an import writes
     SlotNumber slot;             ///< where it was
     Frames length;
-    std::string stamp;      ///< when it was kept: see Stamp
-    bool replaced = false;  ///< otherwise it was erased
+    std::string stamp;  ///< when it was kept: see Stamp
+    Fate fate = Fate::copied;
 };
 
 /// The copies of loops that the window keeps before it erases or replaces them: a folder of dated backups, of
@@ -38,8 +41,12 @@ class KeptCopies {
     /// Renames the folder, and removes nothing. Errors: folder.
     Result<void> turn(bool on) const;
 
-    /// The newest first, also while it is off.
+    /// The newest first, also while it is off. A loop that stayed on the pedal is left out if the same audio
+    /// of that slot was kept again later.
     std::vector<KeptCopy> list() const;
+    /// These loops of what was kept at `stamp` were seen to be gone: until then, and if this fails, their
+    /// copies only say that they were made.
+    void noteGone(const std::string& stamp, const std::vector<SlotNumber>& slots) const;
     /// What they take of the disk.
     std::uint64_t size() const;
 

@@ -36,7 +36,7 @@ struct SlotOutcome {
     std::optional<Trouble> trouble = {};  ///< what is wrong: also with a loop that was sent
     std::filesystem::path file = {};      ///< where it was saved; its folder, if it could not be
     Frames frames = {};                   ///< its length
-    std::string digest = {};              ///< of the audio that was sent, if that is wanted: audioDigest
+    std::string digest = {};              ///< of its audio, if that is wanted: audioDigest
 };
 
 struct Events;

@@ -88,7 +88,7 @@ TEST_F(KeepTest, WhatIsReplacedIsReadAfterTheQuestionAndNothingElse) {
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(moves(), ElementsAre("E1 2", "E2 2", "E2 3"));
     ASSERT_EQ(kept.list().size(), 1U);
-    EXPECT_TRUE(kept.list().front().replaced);
+    EXPECT_EQ(kept.list().front().fate, KeptCopy::Fate::replaced);
 
     stage(6, 10);  // and what comes back does not send it along
     auto& panel = openPanel();
@@ -107,6 +107,95 @@ TEST_F(KeepTest, ALoopThatIsRecordedWhileACopyIsMadeIsNotErased) {
     pedal.setLoop(2, loopOf(500, 40));
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xED), IsEmpty());
+}
+
+TEST_F(KeepTest, WhatMayHaveBeenPlayedMeanwhileIsCopiedOnceMore) {
+    launchConnected();
+    port.pace = 100ms;  // a copy takes 1.2 s
+    const auto nothing = [] {};
+    const auto sequence = [this](std::uint8_t now) { return [this, now] { pedal.setSequence(now); }; };
+    const auto newTake = [this] { pedal.setSequence(14), pedal.setLoop(2, loopOf(2000, 99)); };
+    struct {
+        std::string what;
+        std::function<void()> first, second;
+        std::vector<std::string> moves;
+    } const cases[] = {{"nothing", nothing, nothing, {"E1 2", "ED 2"}},
+                       {"a sequence byte that moved", sequence(9), nothing, {"E1 2", "E1 2", "ED 2"}},
+                       {"a computer that slept", [this] { asleep += 1h; }, nothing, {"E1 2", "E1 2", "ED 2"}},
+                       {"a byte that moves by itself", sequence(10), sequence(11), {"E1 2", "E1 2", "ED 2"}},
+                       {"another take, and once more", newTake, sequence(15), {"E1 2", "E1 2"}}};
+    for (const auto& [what, first, second, expected] : cases) {
+        pedal.setLoop(2, loopOf(2000, 20));
+        pass(6s);
+        delegate->deselectAll();
+        select({3});
+        pedal.clearJournal();
+        window->eraseButton()->click();
+        pass(600ms);
+        first();
+        pass(1200ms);
+        second();
+        ASSERT_TRUE(becomesIdle());
+        EXPECT_EQ(moves(), expected) << what;
+    }
+    EXPECT_EQ(line(), "Nothing was erased: the pedal was in use while its loops were copied");
+    EXPECT_EQ(link().text(), "Erase without a copy");
+}
+
+TEST_F(KeepTest, AnEraseThatWasRefusedHasOnlyCopied) {
+    launchConnected();
+    plan("refuse@ED");
+    select({3});
+    window->eraseButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    ASSERT_EQ(kept.list().size(), 1U);
+    EXPECT_EQ(kept.list()[0].fate, KeptCopy::Fate::copied);
+    EXPECT_FALSE(openPanel().rows().at(0)->on());
+}
+
+TEST_F(KeepTest, ACopyIsHeardUntilSomethingElseIs) {
+    launchConnected();
+    select({1, 3});
+    window->eraseButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    auto& panel = openPanel();
+    auto& first = *panel.rows().at(0);
+    auto& second = *panel.rows().at(1);
+    const auto hear = [this](BringBackRow& row) {
+        row.ring().click();
+        executor.settle();
+        EXPECT_TRUE(row.sound().on && output.plays());
+    };
+    hear(first);
+    EXPECT_EQ(line(), "Playing Loop 1, 0:00");
+    output.take(700);
+    pass(50ms);
+    EXPECT_EQ(output.heard, asHeard(loopOf(1000, 10).audio, 0, 700));
+    EXPECT_NEAR(first.sound().position, 0.7, 1e-3);
+    hear(second);
+    EXPECT_FALSE(first.sound().on);
+    second.ring().click();
+    EXPECT_FALSE(output.plays());
+    hear(first);
+    delegate->playClickedForSlot(importRow(20));
+    pass(1s);
+    EXPECT_EQ(line(), "Playing Loop 20, 0:00");
+    hear(second);
+    EXPECT_EQ(importRow(20).sound().ring, RowSound::Ring::play);
+    output.setTrouble("No sound device was found.");
+    executor.settle();
+    EXPECT_FALSE(output.plays() || second.sound().on);
+    EXPECT_EQ(first.ring().toolTip(), "No sound device was found.");
+    output.setTrouble("");
+    executor.settle();
+    hear(second);
+    panel.decline().click();
+    EXPECT_FALSE(output.plays());
+    std::filesystem::remove(kept.list()[0].file);
+    panel.show();
+    first.ring().click();
+    executor.settle();
+    EXPECT_EQ(line(), "The copy of Loop 1 could not be played: its file could not be read");
 }
 
 TEST_F(KeepTest, WithoutACopyNothingIsLostUnlessTheUserSaysSo) {
@@ -204,11 +293,13 @@ TEST_F(KeepTest, CtrlZOpensThePanelUnlessANameIsEdited) {
 
 TEST(FateOfACopy, SaysTheDayAsPeopleDo) {
     const QDateTime now({2026, 11, 5}, {15, 0});
-    const auto fate = [&now](const std::string& stamp, bool replaced = false) {
-        return fateOf({.file = {}, .slot = 5_slot, .length = {}, .stamp = stamp, .replaced = replaced}, now);
+    using Fate = KeptCopy::Fate;
+    const auto fate = [&now](const std::string& stamp, Fate what = Fate::erased) {
+        return fateOf({.file = {}, .slot = 5_slot, .length = {}, .stamp = stamp, .fate = what}, now);
     };
     EXPECT_EQ(fate("2026-11-05 14-02-31"), "erased today 14:02");
-    EXPECT_EQ(fate("2026-11-04 21-15-00-02", true), "replaced yesterday 21:15");
+    EXPECT_EQ(fate("2026-11-05 14-02-31", Fate::copied), "copied today 14:02");
+    EXPECT_EQ(fate("2026-11-04 21-15-00-02", Fate::replaced), "replaced yesterday 21:15");
     EXPECT_EQ(fate("2026-10-30 20-51-00"), "erased Fri 20:51");
     EXPECT_EQ(fate("2026-10-29 09-20-00"), "erased 29 Oct 09:20");
     EXPECT_EQ(fate("2025-11-05 09-20-00"), "erased 5 Nov 2025 09:20");

@@ -11,7 +11,9 @@ namespace fs = std::filesystem;
 
 class KeptCopiesTest : public OperationTest {
   protected:
-    Outcome keep(const std::vector<SlotNumber>& slots, Deed before = Deed::erase) {
+    /// Before an operation that is seen to succeed with `gone`; by default, with all of them.
+    Outcome keep(const std::vector<SlotNumber>& slots, Deed before = Deed::erase,
+                 const std::optional<std::vector<SlotNumber>>& gone = {}) {
         hold({});
         const KeepOrder order{.copies = copies,
                               .slots = slots,
@@ -19,14 +21,17 @@ class KeptCopiesTest : public OperationTest {
                               .before = before,
                               .stamp = [this] { return stamp; },
                               .freeSpace = [](const auto&) { return std::nullopt; }};
-        return run([&] { return runKeep(*work, order, events()); });
+        auto made = run([&] { return runKeep(*work, order, events()); });
+        copies.noteGone(made.stamp, gone.value_or(slots));
+        return std::move(made.outcome);
     }
     /// "3 erased 2026-11-22 14-02-31"
     std::vector<std::string> list() const {
+        constexpr std::array fates = {" copied ", " erased ", " replaced "};
         std::vector<std::string> lines;
         for (const auto& copy : copies.list()) {
-            lines.push_back(std::to_string(copy.slot.number()) + (copy.replaced ? " replaced " : " erased ") +
-                            copy.stamp);
+            lines.push_back(std::to_string(copy.slot.number()) +
+                            fates.at(static_cast<std::size_t>(copy.fate)) + copy.stamp);
         }
         return lines;
     }
@@ -52,6 +57,17 @@ TEST_F(KeptCopiesTest, TheVeryAudioIsKeptOnceAndEachTimeIsListed) {
                                     "3 erased 2026-11-23 08-00-00-02", "10 replaced 2026-11-23 08-00-00",
                                     "3 erased 2026-11-22 14-02-31", "10 erased 2026-11-22 14-02-31"));
     EXPECT_EQ(copies.size(), size + fs::file_size(first.file)) << "one more take of loop 3";
+}
+
+TEST_F(KeptCopiesTest, ACopySaysWhatWasSeenToHappenAndOnlyOnceThatNothingDid) {
+    EXPECT_TRUE(keep({3_slot, 10_slot}, Deed::write, {{3_slot}}).whole());
+    EXPECT_THAT(list(), ElementsAre("3 replaced " + stamp, "10 copied " + stamp));
+    EXPECT_TRUE(keep({3_slot, 10_slot}, Deed::erase, {{}}).whole());
+    const auto second = stamp + "-02";
+    EXPECT_THAT(list(), ElementsAre("3 copied " + second, "10 copied " + second, "3 replaced " + stamp));
+    EXPECT_TRUE(copies.turn(false));
+    copies.noteGone(second, {10_slot});
+    EXPECT_EQ(list()[1], "10 erased " + second);
 }
 
 TEST_F(KeptCopiesTest, TheOldestGoButNeitherTheNewestNorWhatIsNotOurs) {

@@ -22,8 +22,8 @@ class BringBackTest : public testing::Test {
         QObject::connect(&panel, &BringBack::wanted, [this](const Targets& targets) { wanted = targets; });
         panel.setLoops(std::set<unsigned>{1, 2, 6});
         panel.setCopies(
-            {{5, "erased today 14:02", 42}, {2, "replaced today 13:40", 60}, {5, "erased Tue", 1}}, "312 MB",
-            1);
+            {{5, "erased today 14:02", 42, true}, {2, "replaced today 13:40", 60}, {5, "erased Tue", 1}},
+            "312 MB");
         panel.show();
     }
     BringBackRow& row(std::size_t at) { return *panel.rows().at(at); }
@@ -64,15 +64,37 @@ TEST_F(BringBackTest, NoTwoGoToOneSlot) {
 }
 
 TEST_F(BringBackTest, WithAllSlotsTakenTheKeysGoNowhere) {
-    std::vector<BringBackCopy> copies(20, {5, "erased today 14:02", 42});
+    std::vector<BringBackCopy> copies(20, {5, "erased today 14:02", 42, true});
     copies.push_back({5, "erased Tue", 1});
     panel.setLoops(std::set<unsigned>{});
-    panel.setCopies(copies, "312 MB", 20);
+    panel.setCopies(copies, "312 MB");
     QTest::mouseClick(&row(20).leader(), Qt::LeftButton);
     QTest::keyClick(&panel.targets(), Qt::Key_Down);
     QTest::keyClick(&panel.targets(), Qt::Key_Return);
     EXPECT_TRUE(panel.targets().isVisible());
     EXPECT_FALSE(row(20).on());
+}
+
+TEST_F(BringBackTest, KeysPlayACopyAndEscapeStopsItBeforeItCloses) {
+    std::vector<std::size_t> pressed;
+    int stops = 0;
+    QObject::connect(&panel, &BringBack::ringPressed, [&](std::size_t copy) { pressed.push_back(copy); });
+    QObject::connect(&panel, &BringBack::stopPressed, [&] { ++stops; });
+    QTest::keyClick(&row(1).leader(), Qt::Key_P);
+    row(2).selector().setFocus();
+    QTest::keyClick(&row(2).selector(), Qt::Key_Left);
+    ASSERT_TRUE(row(2).ring().hasFocus());
+    QTest::keyClick(&row(2).ring(), Qt::Key_Space);
+    EXPECT_EQ(pressed, (std::vector<std::size_t>{1, 2}));
+    EXPECT_EQ(row(0).ring().accessibleName(), "Play Loop 5, 42 seconds");
+    panel.setSound(0, {.on = true, .position = 0.5, .seconds = 21});
+    EXPECT_EQ(row(0).ring().accessibleName(), "Stop Loop 5");
+    QTest::keyClick(&row(2).ring(), Qt::Key_Escape);
+    EXPECT_TRUE(panel.isVisible());
+    EXPECT_EQ(stops, 1);
+    panel.setSound(0, {});
+    QTest::keyClick(&panel, Qt::Key_Escape);
+    EXPECT_FALSE(panel.isVisible());
 }
 
 TEST_F(BringBackTest, NothingGoesWithoutAPedalOrACopy) {
@@ -82,7 +104,7 @@ TEST_F(BringBackTest, NothingGoesWithoutAPedalOrACopy) {
     EXPECT_TRUE(panel.isVisible() && wanted.empty());
     panel.setLoops(std::set<unsigned>{});
     EXPECT_TRUE(panel.accept().isEnabled());
-    panel.setCopies({}, "", 0);
+    panel.setCopies({}, "");
     EXPECT_FALSE(panel.accept().isEnabled());
     panel.setKeeping(true);
     EXPECT_EQ(panel.notice(), "A loop is copied here before you erase or replace it.");

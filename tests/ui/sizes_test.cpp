@@ -131,7 +131,7 @@ TEST_F(Sizes, TheTargetsOfACopyAnswerWhereTheyAreSeen) {
     size.set(150);
     BringBack panel(&window);
     panel.setLoops(std::set{3U});
-    panel.setCopies({{.slot = 5, .fate = "erased today 14:02", .seconds = 42}}, "1 MB", 0);
+    panel.setCopies({{.slot = 5, .fate = "erased today 14:02", .seconds = 42}}, "1 MB");
     panel.show();
     EXPECT_EQ(panel.size(), QSize(960, 594));
     const auto& row = *panel.rows().front();

@@ -12,9 +12,9 @@ namespace kzq::gallery {
 namespace {
 
 const std::vector<BringBackCopy> copies{
-    {5, "erased today 14:02", 42},         {3, "replaced today 13:40", 16}, {12, "erased today 13:40", 67},
-    {7, "replaced yesterday 21:15", 29},   {1, "erased Tue 20:51", 151},    {20, "erased 2 Nov 19:20", 33},
-    {20, "erased 31 Dec 2025 23:59", 1440}};
+    {5, "erased today 14:02", 42},           {3, "replaced today 13:40", 16}, {12, "erased today 13:40", 67},
+    {7, "replaced yesterday 21:15", 29},     {1, "copied Tue 20:51", 151},    {20, "erased 2 Nov 19:20", 33},
+    {20, "replaced 31 Dec 2025 23:59", 1440}};
 const std::set<unsigned> onPedal{1, 2, 3, 7, 10, 11, 13, 14, 15, 17, 18, 20};
 
 std::shared_ptr<const Peaks> peaks(std::size_t seed) {
@@ -33,7 +33,7 @@ class BringBackScene {
     explicit BringBackScene(std::size_t count = 6) {
         panel_.setKeeping(true);
         panel_.setLoops(onPedal);
-        panel_.setCopies({copies.begin(), copies.begin() + static_cast<std::ptrdiff_t>(count)}, "312 MB", 0);
+        panel_.setCopies({copies.begin(), copies.begin() + static_cast<std::ptrdiff_t>(count)}, "312 MB");
         for (std::size_t at = 0; at < count; ++at) {
             panel_.setPeaks(at, peaks(at));
         }
@@ -62,6 +62,14 @@ Shots bringBack() {
                 BringBackScene().picture("Nothing chosen"), BringBackScene(1).picture("One copy")};
     BringBackScene many(7);
     shots.push_back(many.select({0, 5, 6}).picture("More than six; the second of two to one slot"));
+    BringBackScene heard;
+    heard.select({0, 1}).panel().setSound(3, {.on = true, .position = 0.42, .seconds = 12});
+    touch(heard.panel().rows().at(4)->ring(), Hand::hovering);
+    shots.push_back(heard.picture("A copy plays; the pointer on another ring"));
+    BringBackScene lit;
+    lit.select({0, 1}).panel().setSound(1, {.on = true, .position = 0.7, .seconds = 11});
+    touch(lit.panel().rows().at(1)->ring(), Hand::hovering);
+    shots.push_back(lit.picture("A chosen copy plays; the pointer on its disc"));
     BringBackScene away;
     away.select({0, 1}).panel().setLoops(std::nullopt);
     shots.push_back(away.picture("Without a pedal"));

@@ -93,21 +93,18 @@ void BringBack::makeFoot() {
     });
 }
 
-void BringBack::setCopies(std::vector<BringBackCopy> copies, const QString& total, std::size_t wanted) {
+void BringBack::setCopies(const std::vector<BringBackCopy>& copies, const QString& total) {
     targets_->close();
     total_ = total;
     rows_.clear();
     auto* const page = new QWidget;
-    for (auto& copy : copies) {
-        auto* const row = new BringBackRow(std::move(copy), page);
+    for (const auto& copy : copies) {
+        auto* const row = new BringBackRow(copy, page);
         row->move(0, static_cast<int>(rows_.size()) * listRowPitch);
         row->setTarget(targetAt(row->target().slot));
         connect(row, &BringBackRow::toggled, this, [this, row] { rowToggled(*row); });
         connect(row, &BringBackRow::leaderPressed, this, [this, row] { openTargets(*row); });
-        if (play_) {
-            connect(row, &BringBackRow::ringPressed, this, [this, at = rows_.size()] { play_(at); });
-            row->showRing();
-        }
+        connect(row, &BringBackRow::ringPressed, this, [this, at = rows_.size()] { Q_EMIT ringPressed(at); });
         rows_.push_back(row);
     }
     page->resize(BringBackRow::rowSize.width(), static_cast<int>(rows_.size()) * listRowPitch);
@@ -117,8 +114,8 @@ void BringBack::setCopies(std::vector<BringBackCopy> copies, const QString& tota
             stop->installEventFilter(this);
         }
     }
-    for (std::size_t at = 0; at < std::min(wanted, rows_.size()); ++at) {
-        rows_[at]->setOn(true);
+    for (std::size_t at = 0; at < rows_.size(); ++at) {
+        rows_[at]->setOn(copies[at].on);
     }
     refresh();
     focusDefault();
@@ -127,6 +124,12 @@ void BringBack::setCopies(std::vector<BringBackCopy> copies, const QString& tota
 void BringBack::setPeaks(std::size_t copy, std::shared_ptr<const Peaks> peaks) {
     if (copy < rows_.size()) {
         rows_[copy]->setPeaks(std::move(peaks));
+    }
+}
+
+void BringBack::setSound(std::size_t copy, const BringBackSound& sound) {
+    if (copy < rows_.size()) {
+        rows_[copy]->setSound(sound);
     }
 }
 
@@ -230,7 +233,10 @@ QString BringBack::summary() const {
 
 void BringBack::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter) {
+    const bool plays = std::ranges::any_of(rows_, [](const auto* row) { return row->sound().on; });
+    if (event->key() == Qt::Key_Escape && plays) {
+        Q_EMIT stopPressed();
+    } else if (!enter) {
         QDialog::keyPressEvent(event);
     } else if (accept_->isEnabled() && !event->isAutoRepeat()) {
         accept_->click();

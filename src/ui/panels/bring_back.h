@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -28,14 +27,13 @@ class BringBack : public QDialog {
   public:
     explicit BringBack(QWidget* window);
 
-    /// The newest first. `total`: what all of them take, such as "312 MB". The first `wanted` are selected.
-    void setCopies(std::vector<BringBackCopy> copies, const QString& total, std::size_t wanted);
+    /// The newest first. `total`: what all of them take, such as "312 MB".
+    void setCopies(const std::vector<BringBackCopy>& copies, const QString& total);
     void setPeaks(std::size_t copy, std::shared_ptr<const Peaks> peaks);
     /// The slots with a loop; nothing while there is no pedal whose table is known.
     void setLoops(std::optional<std::set<unsigned>> loops);
     void setKeeping(bool on);
-    /// The copies that are set from now on have a ring that plays them; `play` gets the copy's index.
-    void setPlayer(std::function<void(std::size_t copy)> play) { play_ = std::move(play); }
+    void setSound(std::size_t copy, const BringBackSound& sound);
 
     const std::vector<BringBackRow*>& rows() const { return rows_; }
     CheckBox& keepCopies() const { return *keep_; }
@@ -52,6 +50,10 @@ class BringBack : public QDialog {
   Q_SIGNALS:
     /// By the user.
     void keepingChanged(bool on);
+    /// The copy's ring: plays it, or stops it.
+    void ringPressed(std::size_t copy);
+    /// Escape, while a copy plays. Without one it closes the panel.
+    void stopPressed();
     /// Slots by the index of the copy that goes there.
     void wanted(std::map<std::size_t, unsigned> targets);
 
@@ -78,7 +80,6 @@ class BringBack : public QDialog {
     std::vector<BringBackRow*> rows_;
     std::optional<std::set<unsigned>> loops_;
     QString total_;
-    std::function<void(std::size_t)> play_;
 };
 
 }  // namespace kzq

@@ -1,9 +1,11 @@
 #include "ui/panels/bring_back_row.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <algorithm>
+#include <utility>
 
+#include "slots/waveform.h"
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/key_button.h"
@@ -24,8 +26,7 @@ constexpr QRect field(60, 0, 516, 28);
 constexpr int nameX = 16;
 constexpr int fateX = 84;
 constexpr int waveX = 240;
-constexpr std::size_t waveBars = 33;
-constexpr int barPitch = 4;
+constexpr int waveEnd = 370;
 constexpr int lengthEnd = 420;
 constexpr int leaderX = 440;
 constexpr int wordEnd = 492;
@@ -34,7 +35,6 @@ constexpr double chevronX = 504;
 constexpr double restingWords = 0.55;
 constexpr double smallRestingWords = 0.65;  // below 100 %
 constexpr double wordsOnTape = 0.8;
-constexpr QColor barOnTape(0xC0, 0x91, 0x7A);
 
 QColor cream(double opacity) {
     auto color = creamColor();
@@ -78,28 +78,24 @@ class Selector : public QAbstractButton {
     const BringBackRow& row_;
 };
 
-/// Shown once there is something that plays.
 class Ring : public KeyButton {
   public:
-    explicit Ring(QWidget* row) : KeyButton(row) {
+    explicit Ring(BringBackRow* row) : KeyButton(row), row_(*row) {
+        setFocusPolicy(Qt::NoFocus);
         setProperty("focusRingRadius", 12);
         setGeometry(ringFrame);
-        hide();
-    }
-    void setPlaying(bool playing) {
-        playing_ = playing;
-        update();
     }
 
   protected:
     void paintEvent(QPaintEvent* /*event*/) override {
         QPainter painter(this);
-        const QString state = isDown() ? "Press" : hovering() ? "Hover" : playing_ ? "Off" : "Row";
-        drawPicture(painter, (playing_ ? "Stop_" : "Play_") + state, rect());
+        const bool stops = row_.sound().on;
+        const QString state = isDown() ? "Press" : hovering() ? "Hover" : stops ? "Off" : "Row";
+        drawPicture(painter, (stops ? "Stop_" : "Play_") + state, rect());
     }
 
   private:
-    bool playing_ = false;
+    const BringBackRow& row_;
 };
 
 /// The row draws it.
@@ -130,7 +126,11 @@ BringBackRow::BringBackRow(BringBackCopy copy, QWidget* parent)
     });
     connect(leader_, &KeyButton::clicked, this, &BringBackRow::leaderPressed);
     connect(ring_, &KeyButton::clicked, this, &BringBackRow::ringPressed);
-    setPlaying(false);
+    for (auto* const button :
+         {selector_, static_cast<QAbstractButton*>(leader_), static_cast<QAbstractButton*>(ring_)}) {
+        button->installEventFilter(this);
+    }
+    setSound({});
     refresh();
 }
 
@@ -144,14 +144,36 @@ void BringBackRow::setPeaks(std::shared_ptr<const Peaks> peaks) {
     update();
 }
 
-void BringBackRow::showRing() {
-    ring_->show();
+void BringBackRow::setSound(const BringBackSound& sound) {
+    const auto before = std::exchange(sound_, sound);
+    if (before.on != sound.on || ring_->accessibleName().isEmpty()) {
+        const auto name = QString("Loop %1").arg(copy_.slot);
+        ring_->setAccessibleName(sound.on ? "Stop " + name
+                                          : "Play " + name + ", " + spokenLength(copy_.seconds));
+        ring_->update();
+    }
+    ring_->setToolTip(sound.trouble);
+    update();
 }
 
-void BringBackRow::setPlaying(bool playing) {
-    static_cast<Ring*>(ring_)->setPlaying(playing);
-    const auto name = QString("Loop %1").arg(copy_.slot);
-    ring_->setAccessibleName(playing ? "Stop " + name : "Play " + name + ", " + spokenLength(copy_.seconds));
+bool BringBackRow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto& pressed = static_cast<const QKeyEvent&>(*event);
+    const bool plain = (pressed.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && pressed.key() == Qt::Key_P) {
+        if (!pressed.isAutoRepeat()) {
+            Q_EMIT ringPressed();
+        }
+    } else if (plain && pressed.key() == Qt::Key_Left && watched == selector_) {
+        ring_->setFocus(Qt::TabFocusReason);
+    } else if (plain && pressed.key() == Qt::Key_Right && watched == ring_) {
+        selector_->setFocus(Qt::TabFocusReason);
+    } else {
+        return false;
+    }
+    return true;
 }
 
 QString BringBackRow::spoken() const {
@@ -182,26 +204,38 @@ void BringBackRow::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.translate(field.topLeft());
     painter.setType(textFont());
-    painter.setPen(!on() ? restingTextColor(painter.deviceScale()) : replaces() ? KZQYellow() : KZQWhite());
+    painter.setPen(on() && replaces() ? KZQYellow()
+                   : on() || heard()  ? KZQWhite()
+                                      : restingTextColor(painter.deviceScale()));
     painter.write(QPointF(nameX, rowBaseline), QString("Loop %1").arg(copy_.slot));
     painter.setType(textFont(12));
     painter.setPen(cream(on() ? wordsOnTape : resting));
     painter.write(QPointF(fateX, rowBaseline), copy_.fate);
-    drawFigures(painter, lengthEnd, rowBaseline, lengthText(copy_.seconds));
-    drawWaveform(painter);
+    if (heard()) {
+        painter.setPen(cream(1));
+    }
+    drawFigures(painter, lengthEnd, rowBaseline, lengthText(heard() ? sound_.seconds : copy_.seconds));
+    drawSound(painter);
     drawTarget(painter, resting);
 }
 
-void BringBackRow::drawWaveform(ScaledPainter& painter) const {
-    constexpr int lowest = 2;
-    constexpr int halfReach = 7;
-    for (std::size_t bar = 0; peaks_ && bar < waveBars; ++bar) {
-        const auto* const from = peaks_->heights.data() + bar * Peaks::columns / waveBars;
-        const auto* const to = peaks_->heights.data() + (bar + 1) * Peaks::columns / waveBars;
-        const int height = lowest + 2 * ((*std::max_element(from, to) * halfReach + 127) / 255);
-        const int x = waveX + static_cast<int>(bar) * barPitch;
-        painter.fillRect(sharp(painter, QRectF(x, field.height() / 2 - height / 2, 2, height)),
-                         on() ? barOnTape : tapeEdgeColor());
+void BringBackRow::drawSound(ScaledPainter& painter) const {
+    const auto ground = on() ? RowGround::tape : RowGround::groove;
+    Waveform waveform{.peaks = peaks_.get(),
+                      .left = waveX,
+                      .right = waveEnd,
+                      .ground = ground,
+                      .part = Waveform::Part::whole,
+                      .playhead = {},
+                      .sounds = true};
+    if (heard()) {
+        waveform.playhead = playheadAt(sound_.position, waveX, waveEnd, painter.deviceScale());
+    }
+    if (peaks_) {
+        drawWaveform(painter, waveform);
+    }
+    if (waveform.playhead) {
+        drawPlayhead(painter, *waveform.playhead, ground);
     }
 }
 
