@@ -1,5 +1,6 @@
-"""screenshots.py FOLDER: see screenshots."""
+"""screenshots.py FOLDER [NAME...]: see screenshots."""
 
+import math
 import os
 import struct
 import subprocess
@@ -7,17 +8,18 @@ import sys
 import tempfile
 import wave
 
-from driver import Program, choose, key, wait, xdotool
+from driver import DRAG_SOURCE, Program, choose, drag, key, wait, window_of, xdotool
 from maker import Maker
 
 folder = sys.argv[1]
 work = tempfile.mkdtemp()
 
 
-def picture(program, name, title="7306 Loop Manager"):
-    """Of the window, without what the window manager puts around it, in few colours."""
-    xdotool("mousemove", 1, 1)
-    window = program.ready(title)
+def picture(program, name, title="7306 Loop Manager", away=True):
+    """Of the window, without what the window manager puts around it, in few colours. `away`: the pointer goes first."""
+    if away:
+        xdotool("mousemove", 1, 1)
+    window = program.ready(title) if away else program.window(title)
     number = subprocess.run(
         ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", f"^{title}"],
         check=True, capture_output=True, text=True,
@@ -58,17 +60,19 @@ def make_corners_clear(path):
     subprocess.run(["convert", path, "-alpha", "set", "-fuzz", "6%", "-fill", "none", *words, path], check=True)
 
 
-def sound(name, seconds):
-    """Strokes, two in a second, every fourth of them strong."""
-    path = os.path.join(work, name)
+def sound(name, seconds, folder=work, phrases=4):
+    """Strokes, two in a second, that swell and fade in each phrase; every phrase begins with a strong one."""
+    path = os.path.join(folder, name)
+    strokes = 2 * seconds
     with wave.open(path, "wb") as file:
-        file.setparams((2, 2, 44100, 0, "NONE", ""))
-        for stroke in range(2 * seconds):
-            height = (24000, 9000, 15000, 9000)[stroke % 4]
+        file.setparams((2, 3, 44100, 0, "NONE", ""))
+        for stroke in range(strokes):
+            place = stroke * phrases / strokes % 1
+            swell = 1 if place * strokes < phrases else 0.15 + 0.7 * math.sin(math.pi * place) ** 2 * (1, 0.7)[stroke // 2 % 2]
             for part in range(21):
-                wave_height = round(height * 0.88**part)
-                frames = [wave_height if i % 100 < 50 else -wave_height for i in range(1050)]
-                file.writeframes(b"".join(struct.pack("<hh", frame, frame) for frame in frames))
+                height = round(0x600000 * swell * 0.88**part)
+                period = b"".join(struct.pack("<i", sign * height)[:3] * 2 for sign in [1] * 50 + [-1] * 50)
+                file.writeframes((period * 11)[: 1050 * 6])
     return path
 
 
@@ -164,7 +168,67 @@ def no_pedal():
         end(program)
 
 
-main_window()
-firmware()
-transfer()
-no_pedal()
+def pedal_with(**loops):
+    """A folder to simulate: loop number and seconds."""
+    memory = tempfile.mkdtemp()
+    for number, (loop, seconds) in enumerate(loops.items()):
+        sound(f"Loop {loop[4:]}.wav", seconds, memory, 3 + number % 3)
+    return f"--simulate={memory}"
+
+
+def bring_back():
+    with Program(simulate=pedal_with(loop1=42, loop3=16, loop5=31, loop12=67), environment={"HOME": work}) as program:
+        program.ready()
+        program.get("Export tab.*").click()
+        program.get("Overwrite Loop 3").click()
+        choose(program, sound("Chorus.wav", 20))
+        wait("the file is in the row", lambda: program.get("Loop 3 name").description == "Chorus")
+        program.get("Export", "push button").click()
+        program.get("Yes").press()
+        program.get("Loop 3 written", "push button")
+        program.get("Import tab.*").click()
+        for loop in (5, 12):
+            program.get(f"Loop {loop}, select").click()
+        erase = program.get("Erase", "push button")
+        wait("erasing is possible", lambda: erase.enabled)
+        erase.click()
+        program.get("Yes").press()
+        program.get("2 loops erased", "push button")
+        key("ctrl+z")
+        program.ready("Bring Back")
+        program.get("Loop 3, replaced today.*", "check box").press()
+        picture(program, "bring-back", "Bring Back")
+        end(program)
+
+
+def carrying():
+    """Files held between the rows."""
+    files = [sound(name, seconds) for name, seconds in (("tape choir Am.wav", 80), ("fill, brushes.wav", 20))]
+    files.append(sound("Whole rehearsal.wav", 1))
+    with wave.open(files[-1], "wb") as file:  # longer than the pedal has room for
+        file.setparams((2, 1, 44100, 0, "NONE", ""))
+        file.writeframes(bytes(2 * 44100 * 60 * 25))
+    source = subprocess.Popen([DRAG_SOURCE, *files])
+    wait("the other window", lambda: window_of(source))
+    xdotool("search", "--onlyvisible", "--pid", source.pid, "windowmove", "--sync", 2100, 200)
+    start = window_of(source).centre()
+    with Program(simulate=pedal_with(loop1=42, loop2=67, loop3=16, loop5=31)) as program:
+        program.ready()
+        program.connected()
+        program.get("Export tab.*").click()
+        rows = [program.get(f"Add Loop {row}").centre() for row in (6, 7)]
+        gap = [sum(pair) // 2 for pair in zip(*rows)]
+
+        def held():
+            found = program.find("2 of 3 files fit.*", "push button")
+            if found:
+                picture(program, "carry", away=False)
+            return found
+
+        drag(start, gap, held)
+        end(program)
+    source.kill()
+
+
+for part in sys.argv[2:] or ("main_window", "firmware", "transfer", "no_pedal", "bring_back", "carrying"):
+    globals()[part]()
