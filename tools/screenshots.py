@@ -204,13 +204,13 @@ def bring_back():
 def carrying():
     """Files held between the rows."""
     files = [sound(name, seconds) for name, seconds in (("tape choir Am.wav", 80), ("fill, brushes.wav", 20))]
-    files.append(sound("Whole rehearsal.wav", 1))
+    files.append(sound("Jam.wav", 1))
     with wave.open(files[-1], "wb") as file:  # longer than the pedal has room for
         file.setparams((2, 1, 44100, 0, "NONE", ""))
         file.writeframes(bytes(2 * 44100 * 60 * 25))
     source = subprocess.Popen([DRAG_SOURCE, *files])
     wait("the other window", lambda: window_of(source))
-    xdotool("search", "--onlyvisible", "--pid", source.pid, "windowmove", "--sync", 2100, 200)
+    xdotool("search", "--sync", "--onlyvisible", "--name", "^Files$", "windowmove", 2150, 200)
     start = window_of(source).centre()
     with Program(simulate=pedal_with(loop1=42, loop2=67, loop3=16, loop5=31)) as program:
         program.ready()
