@@ -42,7 +42,9 @@ class Import {
     std::filesystem::path chosenFolder() {
         parts_.presenter.endEditing();
         const OpenQuestions::Question open(parts_.questions);
-        const auto chosen = parts_.environment.dialogs.chooseFolder("Save");
+        const auto& loops = parts_.model.selection();
+        const auto what = loops.size() == 1 ? loopName(*loops.begin()) : loopsText(loops.size());
+        const auto chosen = parts_.environment.dialogs.chooseFolder("Choose a folder for " + what, "Save");
         return chosen.answer == panelOk || chosen.answer == panelContinue ? chosen.path
                                                                           : std::filesystem::path();
     }

@@ -83,7 +83,7 @@ void saveReport(AppParts& parts) {
     if (dialogs.run(question(), namesWanted) != alertFirstButton) {
         return;
     }
-    const auto chosen = dialogs.chooseNewFile(reportName);
+    const auto chosen = dialogs.chooseNewFile("Save Report", reportName, {"Text files", {"txt"}});
     if (chosen.answer == panelOk && !chosen.path.empty()) {
         // the window may have gone under the dialogs
         post([&parts, file = chosen.path, namesWanted] { write(parts, file, namesWanted); });

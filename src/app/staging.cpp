@@ -18,7 +18,7 @@ namespace {
 /// Time for an open panel to close.
 constexpr auto afterPanel = std::chrono::milliseconds(100);
 
-const FileTypes audioTypes(audioExtensions.begin(), audioExtensions.end());
+const FileKind audioFiles{"Audio files", {audioExtensions.begin(), audioExtensions.end()}};
 
 void removeFile(const std::filesystem::path& file) {
     std::error_code ignored;
@@ -31,7 +31,8 @@ void Staging::choose(const Slot& row) {
     const auto slot = slotOf(row);
     auto& executor = environment_.executor;
     const auto weak = weak_from_this();
-    const auto chosen = environment_.dialogs.chooseFile(audioTypes);
+    const auto chosen =
+        environment_.dialogs.chooseFile("Choose an audio file for " + loopName(slot), audioFiles);
     if ((chosen.answer != panelOk && chosen.answer != panelContinue) || chosen.path.empty()) {
         return;
     }

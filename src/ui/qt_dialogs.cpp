@@ -1,6 +1,7 @@
 #include "ui/qt_dialogs.h"
 
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QPointer>
@@ -22,30 +23,23 @@ std::filesystem::path chosenPath(const QString& name) {
 }
 
 /// In lower and upper case, because some choosers take patterns literally.
-QString filterOf(const FileTypes& allowed) {
+QString filterOf(const FileKind& kind) {
     QStringList patterns;
-    for (const auto& type : allowed) {
+    for (const auto& type : kind.types) {
         const auto extension = QString::fromStdString(type);
         patterns << "*." + extension << "*." + extension.toUpper();
     }
-    return "(" + patterns.join(' ') + ")";
+    return QString::fromStdString(kind.name) + " (" + patterns.join(' ') + ")";
 }
 
-bool isAllowed(const QString& file, const FileTypes& allowed) {
+bool isAllowed(const QString& file, const FileKind& kind) {
     const auto extension = QFileInfo(file).suffix().toLower().toStdString();
-    return std::find(allowed.begin(), allowed.end(), extension) != allowed.end();
+    return std::ranges::find(kind.types, extension) != kind.types.end();
 }
 
-/// Runs the chooser and deletes it, unless its parent already did. Empty if nothing was chosen.
-QString choose(QFileDialog* chooser) {
-    const QPointer<QFileDialog> dialog(chooser);
-    const auto accepted = dialog->exec() == QDialog::Accepted;
-    if (dialog.isNull()) {
-        return {};
-    }
-    const auto files = dialog->selectedFiles();
-    delete dialog.data();
-    return accepted && files.size() == 1 ? files.first() : QString();
+QString musicFolder() {
+    const auto folder = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
 }
 
 Dialogs::Chosen chosen(const QString& name) {
@@ -81,27 +75,52 @@ int QtDialogs::run(const Alert& alert, bool& ticked) {
     return answer;
 }
 
-Dialogs::Chosen QtDialogs::chooseFile(const FileTypes& allowed) {
-    auto* dialog = new QFileDialog(parent_());
+QFileDialog* QtDialogs::chooser(const std::string& title) {
+    auto* const dialog = new QFileDialog(parent_(), QString::fromStdString(title));
+    dialog->setDirectory(QFileInfo(folder_).isDir() ? folder_ : musicFolder());
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    return dialog;
+}
+
+/// Runs the chooser and deletes it, unless its parent already did. Empty if nothing was chosen.
+QString QtDialogs::choose(QFileDialog* chooser) {
+    const QPointer<QFileDialog> dialog(chooser);
+    const auto accepted = dialog->exec() == QDialog::Accepted;
+    if (dialog.isNull()) {
+        return {};
+    }
+    const auto files = dialog->selectedFiles();
+    delete dialog.data();
+    if (!accepted || files.size() != 1) {
+        return {};
+    }
+    const QFileInfo file(files.first());
+    folder_ = file.isDir() ? file.filePath() : file.path();
+    return files.first();
+}
+
+Dialogs::Chosen QtDialogs::chooseFile(const std::string& title, const FileKind& allowed) {
+    auto* dialog = chooser(title);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setNameFilter(filterOf(allowed));
     const auto file = choose(dialog);
     return isAllowed(file, allowed) ? chosen(file) : Chosen();
 }
 
-Dialogs::Chosen QtDialogs::chooseFolder(const std::string& prompt) {
-    auto* dialog = new QFileDialog(parent_());
+Dialogs::Chosen QtDialogs::chooseFolder(const std::string& title, const std::string& prompt) {
+    auto* dialog = chooser(title);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(prompt));
     return chosen(choose(dialog));
 }
 
-Dialogs::Chosen QtDialogs::chooseNewFile(const std::string& name) {
-    auto* dialog = new QFileDialog(parent_());
+Dialogs::Chosen QtDialogs::chooseNewFile(const std::string& title, const std::string& name,
+                                         const FileKind& usual) {
+    auto* dialog = chooser(title);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->setNameFilters({filterOf(usual), "All files (*)"});
     dialog->selectFile(QString::fromStdString(name));
     return chosen(choose(dialog));
 }

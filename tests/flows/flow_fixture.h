@@ -40,14 +40,15 @@ struct ScriptedDialogs : Dialogs {
         return answer();
     }
     int run(const Alert& alert, bool& ticked) override { return (ticked = ticks, run(alert)); }
-    Chosen chooseNewFile(const std::string& name) override { return (shown.push_back(name), file()); }
-    Chosen chooseFile(const FileTypes& allowed) override {
-        shown.push_back("file of " + std::to_string(allowed.size()) + " types");
-        return file();
+    Chosen chooseNewFile(const std::string& title, const std::string& name,
+                         const FileKind& /*usual*/) override {
+        return (note(title, name), file());
     }
-    Chosen chooseFolder(const std::string& prompt) override {
-        shown.push_back("folder " + prompt);
-        return folder();
+    Chosen chooseFile(const std::string& title, const FileKind& allowed) override {
+        return (note(title, "file of " + std::to_string(allowed.types.size()) + " types"), file());
+    }
+    Chosen chooseFolder(const std::string& title, const std::string& prompt) override {
+        return (note(title, "folder " + prompt), folder());
     }
     void openAddress(const std::string& url) override { shown.push_back(url); }
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
@@ -56,10 +57,17 @@ struct ScriptedDialogs : Dialogs {
     std::vector<std::string> take() { return std::exchange(shown, {}); }
 
     std::vector<std::string> shown;
+    std::string titled;  ///< the last chooser
     bool ticks = false;  ///< the check box of an alert
     std::function<int()> answer = [] { return alertFirstButton; };
     std::function<Chosen()> file = [] { return Chosen{}; };
     std::function<Chosen()> folder = [] { return Chosen{}; };
+
+  private:
+    void note(const std::string& title, const std::string& what) {
+        titled = title;
+        shown.push_back(what);
+    }
 };
 
 /// The application in this process, with a simulated pedal that has loops of 1000, 2000 and 1 frames in slots

@@ -34,12 +34,17 @@ class FakeDialogs : public Dialogs {
 
     int run(const Alert& alert) override { return (calls_.push_back(alert.headline), alertFirstButton); }
     int run(const Alert& alert, bool& /*ticked*/) override { return run(alert); }
-    Chosen chooseNewFile(const std::string& name) override { return (calls_.push_back(name), chosen); }
-    Chosen chooseFile(const FileTypes& allowed) override {
-        calls_.push_back("choose " + (allowed.size() == 1 ? allowed.front() : "one of several"));
+    Chosen chooseNewFile(const std::string& /*title*/, const std::string& name,
+                         const FileKind& /*usual*/) override {
+        return (calls_.push_back(name), chosen);
+    }
+    Chosen chooseFile(const std::string& /*title*/, const FileKind& allowed) override {
+        calls_.push_back("choose " + (allowed.types.size() == 1 ? allowed.types.front() : "one of several"));
         return chosen;
     }
-    Chosen chooseFolder(const std::string& prompt) override { return (calls_.push_back(prompt), chosen); }
+    Chosen chooseFolder(const std::string& /*title*/, const std::string& prompt) override {
+        return (calls_.push_back(prompt), chosen);
+    }
     void openAddress(const std::string& url) override { calls_.push_back(url); }
     bool openApplication(const std::filesystem::path& bundle) override {
         return (calls_.push_back(bundle.string()), true);

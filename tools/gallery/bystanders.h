@@ -56,9 +56,12 @@ class StillDialogs : public Dialogs {
   public:
     int run(const Alert& /*alert*/) override { return 0; }
     int run(const Alert& /*alert*/, bool& /*ticked*/) override { return 0; }
-    Chosen chooseNewFile(const std::string& /*name*/) override { return {}; }
-    Chosen chooseFile(const FileTypes& /*allowed*/) override { return {}; }
-    Chosen chooseFolder(const std::string& /*prompt*/) override { return {}; }
+    Chosen chooseNewFile(const std::string& /*title*/, const std::string& /*name*/,
+                         const FileKind& /*usual*/) override {
+        return {};
+    }
+    Chosen chooseFile(const std::string& /*title*/, const FileKind& /*allowed*/) override { return {}; }
+    Chosen chooseFolder(const std::string& /*title*/, const std::string& /*prompt*/) override { return {}; }
     void openAddress(const std::string& /*url*/) override {}
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
 };

@@ -115,7 +115,8 @@ void Menu::itemClicked(MenuItem& item) {
 
 void Menu::selectFirmware() {
     auto& controller = controller_;  // the menu may be destroyed once the choice is made
-    const auto chosen = dialogs_.chooseFile({"bin"});
+    const auto chosen =
+        dialogs_.chooseFile("Choose a firmware file for the pedal", {"Firmware files", {"bin"}});
     if ((chosen.answer == panelOk || chosen.answer == panelContinue) && !chosen.path.empty()) {
         controller.installFirmware(chosen.path);
     }
