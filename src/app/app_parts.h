@@ -9,6 +9,7 @@
 #include "app/bring_back_flow.h"
 #include "app/carry_in.h"
 #include "app/carry_out.h"
+#include "app/doctor_visit.h"
 #include "app/firmware_notices.h"
 #include "app/flow/flows.h"
 #include "app/handed_files.h"
@@ -65,6 +66,7 @@ struct AppParts : Fixed {
     const KeptCopies kept{keptPlace(environment.home)};
     BringingBack bringBack{*this};
     BackingUp backingUp{*this};
+    DoctorVisit doctor{*this};
     std::unique_ptr<Flows> flows;    ///< since the launch
     bool verifyAfterExport = false;  ///< as the menu has it
     std::shared_ptr<Absence> absence;

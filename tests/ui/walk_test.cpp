@@ -12,6 +12,7 @@
 #include "ui/image_button.h"
 #include "ui/panels/about.h"
 #include "ui/panels/about_window.h"
+#include "ui/panels/doctor_panel.h"
 #include "ui/panels/menu.h"
 #include "ui/panels/menu_item.h"
 #include "ui/panels/menu_view.h"
@@ -100,6 +101,8 @@ TEST_F(Walk, EveryControlOfTheMainWindowSaysWhatItIs) {
 TEST_F(Walk, EveryControlOfThePanelsSaysWhatItIs) {
     AlertPanel alert(yesOrNoAlertWithHeadline("Erase?"));
     EXPECT_EQ(walk(alert), 3);
+    DoctorPanel doctor(nullptr);
+    EXPECT_EQ(walk(doctor), 3);
     const auto progress = Progress::progress([] {});
     EXPECT_GE(walk(progress->window()), 2);
     const auto about = About::about(

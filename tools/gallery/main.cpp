@@ -11,6 +11,7 @@
 #include "button_shots.h"
 #include "carry_shots.h"
 #include "contact_sheet.h"
+#include "doctor_shots.h"
 #include "panel_shots.h"
 #include "picture_shots.h"
 #include "rows.h"
@@ -84,6 +85,7 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("panels-light", panels(), lightDesktop);
     folder.save("bring-back", bringBack(), darkDesktop);
     folder.save("backups", backups(), darkDesktop);
+    folder.save("doctor", doctor(), darkDesktop);
     folder.save("updates", updateWindows(), darkDesktop);
     folder.save("status", statusLines(), darkDesktop);
     folder.save("window", mainWindows(), darkDesktop);
