@@ -77,6 +77,8 @@ struct AppEnvironment {
     std::function<std::vector<Finding>()> examine = {};
     /// What goes into a report but for the outcomes. On a background thread; may take seconds.
     std::function<TroubleReport()> report = {};
+    /// The guide for users, to be opened; empty if it is not installed.
+    std::filesystem::path guide = {};
     /// The modifier keys held now. Empty: the window system is asked.
     std::function<Qt::KeyboardModifiers()> modifiers;
     /// Saves a file under a free name. On a background thread.

@@ -6,10 +6,13 @@
 
 namespace kzq {
 
+std::string addressOf(const std::filesystem::path& place) {
+    return QUrl::fromLocalFile(QString::fromStdString(place.string())).toString().toStdString();
+}
+
 Remedy showing(const AppEnvironment& environment, const std::filesystem::path& folder) {
     return {"Show", [&dialogs = environment.dialogs, folder] {
-                dialogs.openAddress(
-                    QUrl::fromLocalFile(QString::fromStdString(folder.string())).toString().toStdString());
+                dialogs.openAddress(addressOf(folder));
                 return true;
             }};
 }

@@ -22,6 +22,7 @@
 #include "app/program/simulation_menu.h"
 #include "app/program/termination.h"
 #include "app/start_up.h"
+#include "app/user_guide.h"
 #include "audio/convert.h"
 #include "audio/converted_audio.h"
 #include "audio/promised_length.h"
@@ -146,6 +147,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .keepAwake = options.simulate ? nullptr : keepAwake,
         .examine = [simulate = options.simulate] { return examined(simulate); },
         .report = [simulate = options.simulate, log] { return selfReport(simulate, *log); },
+        .guide = guideOf("/proc/self/exe"),
         .modifiers = {},
         .sound = &sound,
         .quit = &QCoreApplication::quit};

@@ -1,0 +1,39 @@
+#include "app/user_guide.h"
+
+#include <system_error>
+
+#include "app/app_parts.h"
+#include "app/show_folder.h"
+
+namespace kzq {
+
+std::filesystem::path guideOf(const std::filesystem::path& program) {
+    std::error_code error;
+    auto folder = std::filesystem::canonical(program, error);
+    while (!error && folder.has_relative_path()) {
+        folder = folder.parent_path();
+        for (const auto* const place : {"share/kzq7306/guide/guide.html", "packaging/guide/guide.html"}) {
+            if (auto guide = folder / place; std::filesystem::exists(guide, error)) {
+                return guide;
+            }
+        }
+        error.clear();
+    }
+    return {};
+}
+
+void openUserGuide(AppParts& parts) {
+    constexpr auto job = "guide";
+    if (const auto& guide = parts.environment.guide; !guide.empty()) {
+        parts.teller.settle(job);
+        parts.environment.dialogs.openAddress(addressOf(guide));
+        return;
+    }
+    parts.teller.tell({.what = "The user guide is not installed",
+                       .detail = "It is looked for as share/kzq7306/guide/guide.html, below the folder that "
+                                 "the program is installed in. The program's source has it as doc/guide.md.",
+                       .failure = true},
+                      job);
+}
+
+}  // namespace kzq
