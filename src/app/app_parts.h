@@ -13,6 +13,7 @@
 #include "app/firmware_notices.h"
 #include "app/flow/flows.h"
 #include "app/handed_files.h"
+#include "app/key_order.h"
 #include "app/listening.h"
 #include "app/menu_closing.h"
 #include "app/menu_control.h"
@@ -67,6 +68,7 @@ struct AppParts : Fixed {
     BringingBack bringBack{*this};
     BackingUp backingUp{*this};
     DoctorVisit doctor{*this};
+    KeyOrder keyOrder{*this};
     std::unique_ptr<Flows> flows;    ///< since the launch
     bool verifyAfterExport = false;  ///< as the menu has it
     std::shared_ptr<Absence> absence;

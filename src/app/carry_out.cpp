@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QCursor>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
 #include <system_error>
@@ -55,11 +54,6 @@ void removeFolder(Executor& executor, const fs::path& folder) {
         std::error_code ignored;
         fs::remove_all(folder, ignored);
     });
-}
-
-bool isEscape(const QEvent& event) {
-    const bool key = event.type() == QEvent::KeyPress || event.type() == QEvent::ShortcutOverride;
-    return key && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
 }
 
 }  // namespace
@@ -246,11 +240,6 @@ void CarryOut::end() {
 bool CarryOut::eventFilter(QObject* watched, QEvent* event) {
     if (load_ == nullptr || !watched->isWidgetType()) {
         return false;
-    }
-    if (isEscape(*event)) {
-        giveUp();
-        event->accept();
-        return true;
     }
     if (event->type() == QEvent::MouseMove) {
         load_->strip->follow(static_cast<const QMouseEvent&>(*event).globalPosition().toPoint());

@@ -19,8 +19,7 @@ class Slot;
 
 /// Loops on their way out of the window, into a file manager or another program. While a row is dragged its
 /// loop is read, if it has not been, and hangs under the pointer; once the files are whole and the button is
-/// still down, the toolkit's drag begins. If the button goes up before, nothing is dropped, and Escape ends
-/// it as well. Main thread.
+/// still down, the toolkit's drag begins. If the button goes up before, nothing is dropped. Main thread.
 class CarryOut : public QObject {
     Q_OBJECT
 

@@ -1,15 +1,14 @@
 #include "app/launch.h"
 
-#include <QShortcut>
 #include <utility>
 
 #include "app/app_delegate.h"
 #include "app/app_parts.h"
 #include "app/main_window.h"
+#include "app/menu_actions.h"
 #include "app/menu_bar.h"
 #include "device/kzq7306.h"
 #include "ui/scale.h"
-#include "ui/status/status_line.h"
 
 namespace kzq {
 
@@ -167,44 +166,9 @@ void connectButtons(const std::shared_ptr<AppDelegate>& controller, AppParts& pa
     connect(window.exportButton(), &AppDelegate::exportButtonClicked);
     connect(window.selectAllButton(), &AppDelegate::selectAll);
     connect(window.deselectAllButton(), &AppDelegate::deselectAll);
-    const auto* const paste = new QShortcut(
-        QKeySequence::Paste, &parts.window);  // NOLINT(cppcoreguidelines-owning-memory): the window's
-    QObject::connect(paste, &QShortcut::activated, parts.connections.get(), act(&AppDelegate::pasteFiles));
-    const auto opener = [weak = std::weak_ptr(controller), &parts](BackupPanel::Kind kind) {
-        return [weak, &parts, kind] {
-            if (!weak.expired()) {
-                parts.backingUp.open(kind);
-            }
-        };
-    };
-    parts.teller.suggestBackup(opener(BackupPanel::Kind::backUp));
-    fillMenuBar(*window.menuBar(),
-                {.selectAll = act(&AppDelegate::selectAll),
-                 .bringBack = act(&AppDelegate::openBringBack),
-                 .keepsCopies = [kept = parts.kept] { return kept.on(); },
-                 .keepCopies = [weak = std::weak_ptr(controller),
-                                &parts](bool on) { return !weak.expired() && parts.bringBack.keep(on); },
-                 .explainKeep =
-                     [weak = std::weak_ptr(controller), &parts](bool shown) {
-                         if (!weak.expired()) {
-                             parts.bringBack.explain(shown);
-                         }
-                     },
-                 .verifyAfterExport =
-                     [weak = std::weak_ptr(controller), &parts](bool on) {
-                         if (!weak.expired()) {
-                             parts.verifyAfterExport = on;
-                         }
-                     },
-                 .openAboutBox = act(&AppDelegate::openAboutBox),
-                 .selectImportTab = act(&AppDelegate::selectImportTab),
-                 .selectExportTab = act(&AppDelegate::selectExportTab),
-                 .size = &window.sizeOnScreen(),
-                 .openResults = [&line = window.statusLine()] { line.openList(Qt::ShortcutFocusReason); },
-                 .saveReport = act(&AppDelegate::saveReport),
-                 .backUp = opener(BackupPanel::Kind::backUp),
-                 .restore = opener(BackupPanel::Kind::restore),
-                 .quit = act(&AppDelegate::quit)});
+    const auto actions = menuActions(controller, parts);
+    parts.teller.suggestBackup(actions.backUp);
+    fillMenuBar(*window.menuBar(), actions);
 }
 
 }  // namespace
@@ -230,11 +194,7 @@ void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
          .counts = [&listening = parts.listening](
                        SlotNumber slot, const auto& copy) { return listening.copyOf(slot) == copy; }});
     parts.presenter.followStaging([&listening = parts.listening] { listening.rowsChanged(); });
-    QObject::connect(&parts.window, &MainWindow::escaped, parts.connections.get(), [&parts] {
-        if (!parts.menu.isOpen()) {
-            parts.listening.stop();
-        }
-    });
+    parts.keyOrder.watch();
     parts.window.centre();
     KZQ7306::initialize(controller);
     if (parts.environment.diagnose) {

@@ -2,7 +2,6 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QScreen>
 #include <QVariant>
 #include <cmath>
@@ -109,14 +108,6 @@ void MainWindow::showMeter(bool shown) {
     }
     if (saidNoPedal == shown) {
         Q_EMIT noPedalChanged(!shown);
-    }
-}
-
-void MainWindow::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape && !event->isAutoRepeat()) {
-        Q_EMIT escaped();
-    } else {
-        Window::keyPressEvent(event);
     }
 }
 

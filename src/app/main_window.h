@@ -66,11 +66,8 @@ class MainWindow : public Window {
   Q_SIGNALS:
     /// The window starts (stops) saying that no pedal is connected.
     void noPedalChanged(bool shown);
-    /// Escape, which nothing in the window had a use for.
-    void escaped();
 
   protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:

@@ -58,19 +58,27 @@ void addSizes(QMenu& view, WindowSize& size) {
     view.addAction("&Fit to Screen", [&size] { size.fitScreen(); });
 }
 
-void fillFileMenu(QMenu& menu, const MenuBarActions& actions) {
-    menu.addAction("Back &Up\u2026", actions.backUp);
-    menu.addAction("&Restore\u2026", actions.restore);
-    menu.addSeparator();
-    auto* const quit = menu.addAction("&Quit", actions.quit);
-    quit->setShortcut(QKeySequence("Ctrl+Q"));
-    quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
+/// Whether the entry can act is asked when its menu opens, and again when it acts. In between it is enabled,
+/// since nothing reports all that this depends on.
+QAction* add(QMenu& menu, const QString& text, const MenuEntry& entry, const MenuBarActions& actions,
+             const QKeySequence& keys = {}) {
+    const auto can = [able = entry.can, covered = actions.covered] {
+        return !(covered && covered()) && (!able || able());
+    };
+    auto* const action = menu.addAction(text);
+    action->setShortcut(keys);
+    action->setAutoRepeat(false);
+    QObject::connect(&menu, &QMenu::aboutToShow, action, [action, can] { action->setEnabled(can()); });
+    QObject::connect(&menu, &QMenu::aboutToHide, action, [action] { action->setEnabled(true); });
+    QObject::connect(action, &QAction::triggered, action, [can, act = entry.act] {
+        if (can()) {
+            act();
+        }
+    });
+    return action;
 }
 
-void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
-    menu.addAction("Select &All", actions.selectAll)->setShortcut(QKeySequence::SelectAll);
-    menu.addSeparator();
-    menu.addAction("&Bring Back\u2026", actions.bringBack)->setShortcut(QKeySequence("Ctrl+Z"));
+void addKeepCopies(QMenu& menu, const MenuBarActions& actions) {
     auto* const keep = menu.addAction("&Keep Copies");
     keep->setCheckable(true);
     const auto follow = [keep, on = actions.keepsCopies] { keep->setChecked(!on || on()); };
@@ -84,6 +92,44 @@ void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
     QObject::connect(&menu, &QMenu::hovered, keep,
                      [keep, say = actions.explainKeep](QAction* entry) { say(entry == keep); });
     QObject::connect(&menu, &QMenu::aboutToHide, keep, [say = actions.explainKeep] { say(false); });
+}
+
+void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
+    add(menu, "Select &All", actions.selectAll, actions, QKeySequence::SelectAll);
+    add(menu, "Select &None", actions.selectNone, actions, QKeySequence("Ctrl+Shift+A"));
+    add(menu, "&Paste Files", actions.pasteFiles, actions)->setShortcuts(QKeySequence::Paste);
+    menu.addSeparator();
+    add(menu, "&Bring Back\u2026", actions.bringBack, actions, QKeySequence("Ctrl+Z"));
+    addKeepCopies(menu, actions);
+}
+
+/// P is only named here: it is a key of the rows, where a key that is held counts once.
+void fillLoopMenu(QMenu& menu, const MenuBarActions& actions) {
+    add(menu, "&Play\tP", actions.play, actions);
+    add(menu, "&Rename", actions.rename, actions, QKeySequence("F2"));
+    add(menu, "&Choose File\u2026", actions.chooseFile, actions, QKeySequence("Ctrl+O"));
+    add(menu, "Re&move", actions.remove, actions, QKeySequence(Qt::Key_Delete));
+    menu.addSeparator();
+    auto* const verify = menu.addAction("&Verify After Export");
+    verify->setCheckable(true);
+    QObject::connect(verify, &QAction::toggled, verify, actions.verifyAfterExport);
+}
+
+void fillViewMenu(QMenu& menu, const MenuBarActions& actions) {
+    add(menu, "&Import", actions.importTab, actions, QKeySequence("Ctrl+1"));
+    add(menu, "&Export", actions.exportTab, actions, QKeySequence("Ctrl+2"));
+    add(menu, "&Recent Results", actions.results, actions, QKeySequence("Ctrl+R"));
+    if (actions.size != nullptr) {
+        menu.addSeparator();
+        addSizes(menu, *actions.size);
+    }
+}
+
+void fillHelpMenu(QMenu& menu, const MenuBarActions& actions) {
+    add(menu, "&User Guide", actions.userGuide, actions);
+    add(menu, "&Doctor\u2026", actions.doctor, actions);
+    menu.addSeparator();
+    add(menu, "&About 7306 Loop Manager", actions.about, actions);
 }
 
 }  // namespace
@@ -109,23 +155,28 @@ void dressMenuBar(QMenuBar& bar) {
     dressMenus(bar);
 }
 
+void fillFileMenu(QMenu& menu, const MenuBarActions& actions) {
+    add(menu, "&Import\u2026", actions.importLoops, actions, QKeySequence("Ctrl+I"));
+    add(menu, "&Export\u2026", actions.exportFiles, actions, QKeySequence("Ctrl+E"));
+    menu.addSeparator();
+    if (actions.backUp && actions.restore) {
+        add(menu, "Back &Up\u2026", {actions.backUp}, actions);
+        add(menu, "&Restore\u2026", {actions.restore}, actions);
+        menu.addSeparator();
+    }
+    add(menu, "&Save Report\u2026", actions.saveReport, actions);
+    menu.addSeparator();
+    auto* const quit = menu.addAction("&Quit", actions.quit);
+    quit->setShortcut(QKeySequence("Ctrl+Q"));
+    quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
+}
+
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
     fillFileMenu(*bar.addMenu("&File"), actions);
     fillEditMenu(*bar.addMenu("&Edit"), actions);
-    auto* const verify = bar.addMenu("&Loop")->addAction("&Verify After Export");
-    verify->setCheckable(true);
-    QObject::connect(verify, &QAction::toggled, verify, actions.verifyAfterExport);
-    auto* const view = bar.addMenu("&View");
-    view->addAction("&Import", actions.selectImportTab)->setShortcut(QKeySequence("Ctrl+1"));
-    view->addAction("&Export", actions.selectExportTab)->setShortcut(QKeySequence("Ctrl+2"));
-    view->addAction("&Recent Results", actions.openResults)->setShortcut(QKeySequence("Ctrl+R"));
-    if (actions.size != nullptr) {
-        view->addSeparator();
-        addSizes(*view, *actions.size);
-    }
-    auto* const help = bar.addMenu("&Help");
-    help->addAction("&Save Report\u2026", actions.saveReport);
-    help->addAction("&About 7306 Loop Manager", actions.openAboutBox);
+    fillLoopMenu(*bar.addMenu("&Loop"), actions);
+    fillViewMenu(*bar.addMenu("&View"), actions);
+    fillHelpMenu(*bar.addMenu("&Help"), actions);
     dressMenus(bar);
 }
 

@@ -130,9 +130,10 @@ void SlotFieldEditor::keyReleaseEvent(QKeyEvent* event) {
 
 void SlotFieldEditor::focusOutEvent(QFocusEvent* event) {
     QTextEdit::focusOutEvent(event);
-    // The editor's own menu, or switching to another window, does not end editing.
-    const bool comesBack =
-        event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
+    // A menu, or switching to another window, does not end editing.
+    const bool comesBack = event->reason() == Qt::PopupFocusReason ||
+                           event->reason() == Qt::MenuBarFocusReason ||
+                           event->reason() == Qt::ActiveWindowFocusReason;
     if (!comesBack && field_ != nullptr) {
         field_->endEditing();
     }

@@ -74,9 +74,9 @@ class Status(unittest.TestCase):
             program.get('Failed: "Bridge.mp3" cannot be read')
             picture("unreadable")
             report = os.path.join(tempfile.mkdtemp(), "report.txt")
-            key("alt+h")
+            key("alt+f")
             time.sleep(0.3)  # no menu shows in the tree
-            picture("help-menu")
+            picture("file-menu")
             key("s")
             box = program.get("Include names of files", "check box")
             self.assertFalse(box.checked)

@@ -1,11 +1,8 @@
 #include <QMenu>
-#include <QTest>
 
 #include "app/bring_back_flow.h"
 #include "audio/wave.h"
 #include "flow_fixture.h"
-#include "slots/slot_field.h"
-#include "slots/slot_field_editor.h"
 #include "ui/alert_button.h"
 #include "ui/check_box.h"
 #include "ui/panels/bring_back.h"
@@ -272,23 +269,6 @@ TEST_F(KeepTest, TheMenuTurnsItOffAndSaysWhatItDoes) {
     EXPECT_EQ(panel.notice(), "Keep Copies is off: what you erase or replace now is gone.");
     panel.keepCopies().click();
     EXPECT_TRUE(kept.on());
-}
-
-TEST_F(KeepTest, CtrlZOpensThePanelUnlessANameIsEdited) {
-    launchConnected();
-    auto& field = *importRow(3).field();
-    field.startRenaming();
-    ASSERT_NE(field.currentEditor(), nullptr);
-    QTest::keyClicks(field.currentEditor(), "new");
-    QTest::keyClick(field.currentEditor(), Qt::Key_Z, Qt::ControlModifier);
-    executor.settle();
-    EXPECT_EQ(field.currentEditor()->toPlainText().contains("new"), false);
-    EXPECT_EQ(delegate->bringBack(), nullptr);
-    EXPECT_EQ(menuEntry("&Bring Back\u2026").shortcut(), QKeySequence("Ctrl+Z"));
-    menuEntry("&Bring Back\u2026").trigger();
-    executor.settle();
-    ASSERT_NE(delegate->bringBack(), nullptr);
-    EXPECT_TRUE(delegate->bringBack()->isVisible());
 }
 
 TEST(FateOfACopy, SaysTheDayAsPeopleDo) {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <functional>
 
 #include "test_folder.h"
@@ -34,10 +35,14 @@ class Choosers : public testing::Test {
                 auto& chooser = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());
                 seen = QStringList{chooser.directory().dirName(), chooser.windowTitle()};
                 seen += chooser.nameFilters();
-                if (!answer.empty()) {
-                    chooser.selectFile(QString::fromStdString((home / answer).string()));
+                auto& dialog = static_cast<QDialog&>(chooser);
+                if (answer.empty()) {
+                    dialog.reject();
+                } else {
+                    const auto file = QString::fromStdString((home / answer).string());
+                    chooser.findChild<QLineEdit*>()->setText(file);
+                    dialog.accept();
                 }
-                static_cast<QDialog&>(chooser).done(answer.empty() ? QDialog::Rejected : QDialog::Accepted);
             },
             Qt::QueuedConnection);
         chosen = ask(dialogs);
