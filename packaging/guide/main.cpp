@@ -10,8 +10,9 @@ constexpr auto style = R"(<meta name="viewport" content="width=device-width">
 body { max-width: 46em; margin: 2em auto !important; padding: 0 1em; font-family: sans-serif !important;
        font-size: 100% !important; line-height: 1.5; color: #261414; background: #FFFDF8; }
 img { max-width: 100%; height: auto; }
-table { border-collapse: collapse; }
-th, td { padding: 2px 12px 2px 0; text-align: left; }
+h2 { margin-top: 1.5em !important; }
+table { border: none; border-collapse: collapse; }
+td { border: none; padding: 2px 16px 2px 0; vertical-align: top; }
 )";
 
 /// As a page of its own.
