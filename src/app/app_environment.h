@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/bus/desktop_shell.h"
 #include "device/finding.h"
 #include "device/link.h"
 #include "listening/audio_output.h"
@@ -91,6 +92,8 @@ struct AppEnvironment {
     FreeSpace freeSpace = kzq::freeSpace;
     /// What makes loops heard; outlives the application. Null: there is no such device.
     AudioOutput* sound = nullptr;
+    /// What the desktop shows beside the window; outlives the application. Null: nothing.
+    DesktopShell* shell = nullptr;
     /// How long the computer has slept in all. On any thread.
     std::function<Executor::Duration()> asleep = timeAsleep;
     /// Where copies of loops stay until the program ends; nothing if there is no place. On a background

@@ -63,7 +63,7 @@ struct AppParts : Fixed {
     CarryOut carryOut{*this};
     FirmwareNotices firmware{*this};
     Listening listening{*this};
-    TransferPanel transferPanel{window, menu, panels};
+    TransferPanel transferPanel{environment, window, menu, panels};
     const KeptCopies kept{keptPlace(environment.home)};
     BringingBack bringBack{*this};
     BackingUp backingUp{*this};

@@ -74,7 +74,7 @@ class Erase {
         parts_.teller.working(work_, order_.slots.size() == 1
                                          ? "Erasing " + loopName(order_.slots.front()) + "\u2026"
                                          : "Erasing loops\u2026");
-        keeping_.end();
+        keeping_.end(work_);
     }
 
     /// A copy failed, or the user stopped it.

@@ -94,7 +94,7 @@ class Export {
             parts_.listening.forget(slot);
         }
         watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
-        keeping_.end();
+        keeping_.end(work_);
     }
 
     /// A copy failed, or the user stopped it. All of it is still staged, unless the pedal has left.

@@ -112,9 +112,9 @@ void Keeping::noteGone(const Outcome& operation) const {
     }
 }
 
-void Keeping::end() {
+void Keeping::end(Teller::Work rest) {
     parts_.window.offerStop({});
-    parts_.teller.idle(work_);
+    parts_.teller.idle(work_, rest);
 }
 
 void Keeping::tell(const Outcome& kept, const std::string& job, Remedy without, const Concern& concern) {

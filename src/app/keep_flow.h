@@ -24,8 +24,8 @@ class Keeping : Fixed {
     bool plan(const std::vector<SlotNumber>& slots, const Loops& seen);
     /// The window is covered.
     void begin(Run& run);
-    /// The operation goes on, or not: `work` is over.
-    void end();
+    /// `work` is over. The operation goes on as `rest`, or not.
+    void end(Teller::Work rest = 0);
     /// Says why it does not go on; `without` tries it again without copies.
     void tell(const Outcome& kept, const std::string& job, Remedy without, const Concern& concern);
 

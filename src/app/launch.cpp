@@ -195,6 +195,13 @@ void launch(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) {
                        SlotNumber slot, const auto& copy) { return listening.copyOf(slot) == copy; }});
     parts.presenter.followStaging([&listening = parts.listening] { listening.rowsChanged(); });
     parts.keyOrder.watch();
+    if (auto* const shell = parts.environment.shell) {
+        shell->setClicked([weak = std::weak_ptr(controller)] {
+            if (const auto self = weak.lock()) {
+                self->comeForward();
+            }
+        });
+    }
     parts.window.centre();
     KZQ7306::initialize(controller);
     if (parts.environment.diagnose) {

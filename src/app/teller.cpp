@@ -30,6 +30,7 @@ Teller::Teller(const AppEnvironment& environment, MainWindow& window, const Loop
     : environment_(environment),
       window_(window),
       model_(model),
+      notice_(environment),
       announcements_(std::make_shared<Announcements>(environment.executor, &std::chrono::system_clock::now)) {
     announcements_->setRest("No pedal connected");
     window.statusLine().setAnnouncements(announcements_);
@@ -46,17 +47,19 @@ void Teller::tell(const Told& told, const std::string& job, Remedy remedy, const
     if (std::exchange(lastToldOf_, model_.pedal()) != model_.pedal()) {
         rest();  // without what is suggested once
     }
-    announcements_->tell({.what = told.what,
-                          .why = told.why,
-                          .detail = told.detail,
-                          .failure = told.failure,
-                          .cancelled = !told.failure && !told.why.empty(),  // a success has no reason
-                          .job = job,
-                          .names = told.names,
-                          .asked = numbersOf(concern.asked),
-                          .missing = numbersOf(concern.missing),
-                          .actionLabel = std::move(remedy.label),
-                          .action = std::move(act)});
+    Announcement announcement{.what = told.what,
+                              .why = told.why,
+                              .detail = told.detail,
+                              .failure = told.failure,
+                              .cancelled = !told.failure && !told.why.empty(),  // a success has no reason
+                              .job = job,
+                              .names = told.names,
+                              .asked = numbersOf(concern.asked),
+                              .missing = numbersOf(concern.missing),
+                              .actionLabel = std::move(remedy.label),
+                              .action = std::move(act)};
+    notice_.told(announcement.sentence());
+    announcements_->tell(std::move(announcement));
 }
 
 void Teller::rest() {
@@ -111,7 +114,7 @@ void Teller::waiting(std::size_t files) {
 }
 
 Teller::Work Teller::newWork(Remedy stop) {
-    works_.try_emplace(++lastWork_, UnderWay{.stop = std::move(stop)});
+    works_.try_emplace(++lastWork_, UnderWay{.stop = std::move(stop), .since = environment_.executor.now()});
     return lastWork_;
 }
 
@@ -123,10 +126,17 @@ void Teller::working(Work work, const std::string& sentence, const std::string& 
     }
 }
 
-void Teller::idle(Work work) {
-    if (works_.erase(work) != 0) {
-        showWork(work);
+void Teller::idle(Work work, Work rest) {
+    const auto ended = works_.extract(work);
+    if (ended.empty()) {
+        return;
     }
+    if (const auto found = works_.find(rest); found != works_.end()) {
+        found->second.since = ended.mapped().since;
+    } else {
+        notice_.ended(environment_.executor.now() - ended.mapped().since);
+    }
+    showWork(work);
 }
 
 const Teller::UnderWay* Teller::newest() const {

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/notice.h"
 #include "loops/loops.h"
 #include "loops/slot_number.h"
 #include "operations/told.h"
@@ -76,7 +77,8 @@ class Teller : Fixed {
     /// What is under way in it, until `idle`; no effect after that. Of several, the last that began is shown.
     /// `said`: if a screen reader is to have it as well, each time that this changes.
     void working(Work work, const std::string& sentence, const std::string& said = {});
-    void idle(Work work);
+    /// `rest`: what is under way now and goes on with it, so that both took their time together.
+    void idle(Work work, Work rest = 0);
     /// Has a task done here, unless this has gone. Any thread.
     std::function<void(Executor::Task)> poster();
     /// The same for a transfer: "Reading loop 5…". On the link's thread, whenever something has moved; `post`
@@ -104,6 +106,7 @@ class Teller : Fixed {
         std::string sentence = {};
         std::string said = {};  ///< to a screen reader
         Remedy stop = {};
+        Executor::TimePoint since = {};
     };
     /// The last that began and has a sentence; null for none.
     const UnderWay* newest() const;
@@ -114,6 +117,7 @@ class Teller : Fixed {
     const AppEnvironment& environment_;
     MainWindow& window_;
     const LoopModel& model_;
+    Notice notice_;
     std::shared_ptr<Announcements> announcements_;
     std::map<Work, UnderWay> works_;  ///< some of it without a sentence
     Work lastWork_ = 0;

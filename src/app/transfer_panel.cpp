@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include "app/app_environment.h"
 #include "app/main_window.h"
 #include "app/menu_control.h"
 #include "app/panels.h"
@@ -9,6 +10,12 @@
 #include "slots/slot.h"
 
 namespace kzq {
+
+namespace {
+
+constexpr std::chrono::seconds betweenLooks(1);
+
+}  // namespace
 
 void TransferPanel::open(std::uint64_t total, std::size_t loops, std::int32_t context) {
     const std::string which = context != Slot::importContext ? "Ex" : "Im";
@@ -26,17 +33,46 @@ void TransferPanel::open(std::uint64_t total, const std::string& title, const st
     progress->setTitle(QString::fromStdString(title));
     progress->setSubtitle(QString::fromStdString(subtitle));
     progress->setTotalBytes(total);
-    progress->setPercent(0);
+    timeLeft_ = std::make_shared<TimeLeft>(environment_.executor.now());
+    setPercent(0);
+    lookAgain();
     progress->showWindow();
 }
 
-void TransferPanel::setPercent(double fraction) const {
+void TransferPanel::setPercent(double fraction) {
     if (panels_.progress) {
         panels_.progress->setPercent(fraction);
     }
+    if (timeLeft_) {
+        timeLeft_->moved(environment_.executor.now(), fraction);
+        showTimeLeft();
+        showOnIcon(fraction);
+    }
 }
 
-void TransferPanel::close() const {
+void TransferPanel::showTimeLeft() {
+    panels_.progress->setTimeLeft(QString::fromStdString(timeLeft_->words(environment_.executor.now())));
+}
+
+/// Time passes in a standstill as well.
+void TransferPanel::lookAgain() {
+    showTimeLeft();
+    environment_.executor.mainAfter(betweenLooks, [this, weak = std::weak_ptr(timeLeft_)] {
+        if (!weak.expired()) {
+            lookAgain();
+        }
+    });
+}
+
+void TransferPanel::showOnIcon(std::optional<double> fraction) const {
+    if (environment_.shell != nullptr) {
+        environment_.shell->showProgress(fraction);
+    }
+}
+
+void TransferPanel::close() {
+    timeLeft_.reset();
+    showOnIcon(std::nullopt);
     setPercent(1.0);
     if (panels_.progress) {
         panels_.progress->close();

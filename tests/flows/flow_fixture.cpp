@@ -88,6 +88,7 @@ void FlowTest::launch(Executor::Duration wait) {
             .writeFile = writeFile,
             .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },
             .sound = sound,
+            .shell = shell,
             .asleep = [this] { return asleep; },
             .runFolder = [this] { return std::optional<fs::path>(base / "run"); },
             .quit = [this] { quitAsked = true; }},

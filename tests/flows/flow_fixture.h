@@ -137,6 +137,7 @@ class FlowTest : public testing::Test {
     decltype(AppEnvironment::examine) examine;
     FakeOutput output;
     AudioOutput* sound = &output;
+    DesktopShell* shell = nullptr;
     Executor::Duration asleep{};
     TroubleReport report;  ///< but for the outcomes
     Qt::KeyboardModifiers modifiers;

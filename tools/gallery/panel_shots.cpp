@@ -25,6 +25,7 @@ Shot progressPanel(double fraction) {
     progress->setSubtitle("Importing 6 loops from the 7306...");
     progress->setTotalBytes(212'000'000);
     progress->setPercent(fraction);
+    progress->setTimeLeft(fraction > 0 ? "about 10 s left" : "");
     return shoot(QString("Progress, %1").arg(fraction), progress->window());
 }
 

@@ -5,8 +5,9 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDeadlineTimer>
-#include <QGuiApplication>
 #include <utility>
+
+#include "app/bus/activation.h"
 
 namespace kzq {
 
@@ -32,14 +33,6 @@ QDBusMessage request(const QString& name, const Start& start) {
 bool mayBeGone(const QDBusError& error) {
     return error.type() == QDBusError::NoReply || error.type() == QDBusError::ServiceUnknown ||
            error.name() == "org.freedesktop.DBus.Error.NameHasNoOwner";
-}
-
-/// The toolkit takes it from there when a window asks to be active.
-void passOn(const QVariantMap& platformData) {
-    const auto token = platformData.value(activationToken).toByteArray();
-    if (!token.isEmpty() && QGuiApplication::platformName().startsWith("wayland")) {
-        qputenv("XDG_ACTIVATION_TOKEN", token);
-    }
 }
 
 }  // namespace
@@ -98,7 +91,7 @@ void FirstWindow::Activate(const QVariantMap& platformData) {
 
 void FirstWindow::Open(const QStringList& addresses, const QVariantMap& platformData) {
     if (receiver_) {
-        passOn(platformData);
+        letComeForward(platformData.value(activationToken).toByteArray());
         receiver_(QUrl::fromStringList(addresses));
     }
 }

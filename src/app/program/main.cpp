@@ -11,6 +11,7 @@
 #include "app/app_delegate.h"
 #include "app/app_environment.h"
 #include "app/application.h"
+#include "app/bus/bus_desktop_shell.h"
 #include "app/bus/first_window.h"
 #include "app/main_window.h"
 #include "app/program/hand_over.h"
@@ -119,7 +120,8 @@ UpdateDesktop desktop() {
 }
 
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
-                             HttpClient& http, AudioOutput& sound, const std::shared_ptr<LogTail>& log) {
+                             HttpClient& http, AudioOutput& sound, DesktopShell& shell,
+                             const std::shared_ptr<LogTail>& log) {
     auto build = UpdateBuild::ofThisProgram();
     return {
         .executor = executor,
@@ -150,6 +152,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .guide = guideOf("/proc/self/exe"),
         .modifiers = {},
         .sound = &sound,
+        .shell = &shell,
         .quit = &QCoreApplication::quit};
 }
 
@@ -198,8 +201,9 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     QtDialogs dialogs(keys, [&window] { return frontWindow(&window); });
     QtHttpClient http(certificates);
     QtAudioOutput sound;
-    const auto delegate =
-        std::make_shared<AppDelegate>(environmentOf(options, executor, dialogs, http, sound, log), window);
+    BusDesktopShell shell(QDBusConnection::sessionBus(), "7306 Loop Manager", "kzq7306");
+    const auto delegate = std::make_shared<AppDelegate>(
+        environmentOf(options, executor, dialogs, http, sound, shell, log), window);
     teller = delegate;
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {

@@ -47,6 +47,7 @@ QString amount(std::uint64_t bytes, std::uint32_t unit) {
 
 struct Progress::Parts {
     QPointer<QLabel> subtitleField;
+    QPointer<QLabel> timeField;
     QPointer<QLabel> footerField;
     QPointer<ProgressTrack> total;
     QPointer<QWidget> bar;
@@ -63,8 +64,9 @@ Progress::Progress(std::function<void()> cancelTransfer)
     : cancelTransfer_(std::move(cancelTransfer)), window_(std::make_unique<ProgressGround>()) {
     Ui::Progress ui;
     ui.setupUi(window_.get());
-    parts_ = std::make_unique<Parts>(Parts{ui.subtitleField, ui.footerField, ui.total, ui.bar});
+    parts_ = std::make_unique<Parts>(Parts{ui.subtitleField, ui.timeField, ui.footerField, ui.total, ui.bar});
     styleLabel(*ui.subtitleField, KZQWhite(), textFont());
+    styleLabel(*ui.timeField, creamColor(), textFont());
     styleLabel(*ui.footerField, creamColor(), textFont());
     ui.leftReel->setPicture(QStringLiteral("Progress_reel"));
     ui.rightReel->setPicture(QStringLiteral("Progress_reel"));
@@ -111,6 +113,16 @@ void Progress::setFooter(const QString& footer) {
 
 QString Progress::footer() const {
     return parts_->footerField ? parts_->footerField->text() : QString();
+}
+
+void Progress::setTimeLeft(const QString& words) {
+    if (parts_->timeField) {
+        parts_->timeField->setText(words);
+    }
+}
+
+QString Progress::timeLeft() const {
+    return parts_->timeField ? parts_->timeField->text() : QString();
 }
 
 void Progress::setTotalBytes(std::uint64_t bytes) {

@@ -29,6 +29,10 @@ class Progress : public QObject {
     void setFooter(const QString& footer);
     QString footer() const;
 
+    /// A line of its own above the footer, such as "about 10 s left"; may be empty.
+    void setTimeLeft(const QString& words);
+    QString timeLeft() const;
+
     /// Of the whole transfer; settles `totalUnits`.
     void setTotalBytes(std::uint64_t bytes);
     std::uint64_t totalBytes() const { return totalBytes_; }
