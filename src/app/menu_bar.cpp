@@ -10,6 +10,7 @@
 
 #include "app/window_size.h"
 #include "ui/fonts.h"
+#include "ui/menu_look.h"
 #include "ui/palette.h"
 #include "ui/scale.h"
 
@@ -138,20 +139,13 @@ void dressMenuBar(QMenuBar& bar) {
     bar.setNativeMenuBar(false);
     dress(bar, textFont());
     bar.setStyleSheet(
-        QString("QMenuBar { background: %1; color: %2; border: none; spacing: %7; padding: 0px %8; }"
-                "QMenuBar::item { padding: %14 %9; margin: %14 0px; border-radius: %7; background: "
+        QString("QMenuBar { background: %1; color: %2; border: none; spacing: %4; padding: 0px %5; }"
+                "QMenuBar::item { padding: %7 %6; margin: %7 0px; border-radius: %4; background: "
                 "transparent; }"
-                "QMenuBar::item:selected { background: %3; }"
-                "QMenu { background: %4; color: %2; border: 1px solid %5; padding: %7; }"
-                "QMenu::item { padding: %10 %11; border-radius: %7; }"
-                "QMenu::item:selected { background: %3; }"
-                "QMenu::item:disabled { color: %6; }"
-                "QMenu::indicator { width: %12; height: %12; left: %13; }"
-                "QMenu::indicator:checked { image: url(:/pictures/Menu_check.svg); }")
+                "QMenuBar::item:selected { background: %3; }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
-                 panelColor().name(), outlineColor().name(), disabledWordColor().name())
-            .arg(pixels(4), pixels(22), pixels(10), pixels(6), pixels(28), pixels(12), pixels(8),
-                 besideWords()));
+                 pixels(4), pixels(22), pixels(10), besideWords()) +
+        menuLook());
     dressMenus(bar);
 }
 

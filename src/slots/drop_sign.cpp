@@ -54,7 +54,7 @@ void drawDropSign(ScaledPainter& painter, const QRectF& bounds, double nameLeft,
     left -= figuresWidth(sign.length);
     painter.setType(textFont());
     painter.setPen(nameColour);
-    painter.write(QPointF(nameLeft, wordsBaseline), painter.elided(sign.name, left - beforeWords - nameLeft));
+    painter.writeName(QPointF(nameLeft, wordsBaseline), sign.name, left - beforeWords - nameLeft);
 }
 
 }  // namespace kzq

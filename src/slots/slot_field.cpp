@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 
 #include "slots/slot.h"
 #include "slots/slot_field_editor.h"
@@ -13,6 +14,12 @@
 #include "ui/scaled_painter.h"
 
 namespace kzq {
+
+namespace {
+
+constexpr QColor pressedName(255, 255, 255, 43);
+
+}  // namespace
 
 SlotField::SlotField(QWidget* parent) : SlotDropTarget(parent) {
     setProperty("focusRingRadius", 4);
@@ -184,21 +191,66 @@ void SlotField::paintEvent(QPaintEvent* /*event*/) {
     const bool resting = textColour_ == restingTextColor();
     auto name = text_;
     auto colour = resting ? restingTextColor(painter.deviceScale()) : textColour_;
-    double room = painter.bounds().width();
     if (const auto* const row = controller(); row != nullptr) {
         name = row->nameInSight();
         colour = row->nameColour(colour);
-        room = row->layout().nameRight - placeOf(*this).x();
     }
     painter.setPen(colour);
-    painter.write(QPointF(0, SlotFieldEditorLayoutManager::baseline), painter.elided(name, room));
+    painter.writeName(QPointF(0, SlotFieldEditorLayoutManager::baseline), name, room());
+}
+
+double SlotField::room() const {
+    const auto given = placeOf(*this);
+    const auto* const row = controller();
+    return row != nullptr ? row->layout().nameRight - given.x() : given.width();
+}
+
+/// The whole name, if it is cut; the row's tool tip is shown otherwise.
+bool SlotField::event(QEvent* event) {
+    const auto* const row = controller();
+    if (event->type() == QEvent::ToolTip && editor_ == nullptr && row != nullptr &&
+        advanceOf(row->nameInSight(), styledFont_.value_or(textFont())) > room()) {
+        const auto plain = Qt::convertFromPlainText(row->nameInSight());
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plain, this);
+        return true;
+    }
+    return SlotDropTarget::event(event);
+}
+
+void SlotField::enterEvent(QEnterEvent* event) {
+    SlotDropTarget::enterEvent(event);
+    setTouch(true, false);
+}
+
+void SlotField::leaveEvent(QEvent* event) {
+    SlotDropTarget::leaveEvent(event);
+    setTouch(false, false);
+}
+
+void SlotField::setTouch(bool hovering, bool down) {
+    hovering_ = hovering;
+    down_ = down;
+    if (const auto* const row = controller(); row != nullptr && row->background() != nullptr) {
+        row->background()->update();
+    }
+}
+
+QColor SlotField::tint() const {
+    const auto* const row = controller();
+    const bool opens =
+        row != nullptr && !row->isExport() && row->occupied() && editor_ == nullptr && !row->dropSign();
+    return !opens || !hovering_ ? QColor() : down_ ? pressedName : hoverTint();
 }
 
 void SlotField::mousePressEvent(QMouseEvent* event) {
     event->setAccepted(event->button() == Qt::LeftButton);
+    if (event->isAccepted()) {
+        setTouch(hovering_, true);
+    }
 }
 
 void SlotField::mouseReleaseEvent(QMouseEvent* event) {
+    setTouch(hovering_, false);
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
         startRenaming();
     }

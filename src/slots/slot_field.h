@@ -54,10 +54,15 @@ class SlotField : public SlotDropTarget<QWidget> {
     /// What a click on the name does: selects an import row that holds a loop and opens it for renaming.
     void startRenaming();
 
+    /// Laid under the name while the pointer is on it, if a click would open it for renaming; else not valid.
+    QColor tint() const;
     /// The focus ring follows the background picture. In this widget's coordinates.
     QRect focusRingRect() const;
 
   protected:
+    bool event(QEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -65,6 +70,9 @@ class SlotField : public SlotDropTarget<QWidget> {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
+    /// How much of the name can be seen, in pixels of 100 %.
+    double room() const;
+    void setTouch(bool hovering, bool down);
     void styleEditor();
     bool openEditor();
     void closeEditor();
@@ -76,6 +84,8 @@ class SlotField : public SlotDropTarget<QWidget> {
     std::optional<QFont> styledFont_;
     bool initialized_ = false;
     bool editable_ = false;
+    bool hovering_ = false;
+    bool down_ = false;  ///< the button was pressed here
 };
 
 }  // namespace kzq

@@ -1,7 +1,9 @@
 #include "slots/slot_field_editor.h"
 
+#include <QContextMenuEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
@@ -11,6 +13,7 @@
 #include "slots/slot_field.h"
 #include "slots/slot_field_editor_layout_manager.h"
 #include "slots/slot_field_esc.h"
+#include "ui/menu_look.h"
 #include "ui/scale.h"
 
 namespace kzq {
@@ -126,6 +129,13 @@ void SlotFieldEditor::keyReleaseEvent(QKeyEvent* event) {
         focusReason_ = Qt::TabFocusReason;
         SlotFieldEsc::centre().post();
     }
+}
+
+void SlotFieldEditor::contextMenuEvent(QContextMenuEvent* event) {
+    auto* const menu = createStandardContextMenu();
+    dressMenu(*menu);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
 }
 
 void SlotFieldEditor::focusOutEvent(QFocusEvent* event) {

@@ -40,6 +40,7 @@ class SlotFieldEditor : public QTextEdit {
     QSize sizeHint() const override { return {216, 16}; }
 
   protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

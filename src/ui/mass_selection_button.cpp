@@ -2,6 +2,10 @@
 
 namespace kzq {
 
+void MassSelectionButton::mouseDragged(bool inside) {
+    setHovering(inside);
+}
+
 void MassSelectionButton::mouseUp() {
     setDown(false);
     update();

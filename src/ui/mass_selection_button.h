@@ -4,8 +4,8 @@
 
 namespace kzq {
 
-/// All and None. Identifiers: "Select_All", "Deselect_All". A release acts if the pointer entered before,
-/// even if the button is disabled or the pointer was dragged out.
+/// All and None. Identifiers: "Select_All", "Deselect_All". A release inside acts, even if the button is
+/// disabled.
 class MassSelectionButton : public ImageButton {
     Q_OBJECT
 
@@ -15,6 +15,7 @@ class MassSelectionButton : public ImageButton {
     QString pictureName() const override;
 
   protected:
+    void mouseDragged(bool inside) override;
     void mouseUp() override;
 };
 

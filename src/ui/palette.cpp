@@ -114,6 +114,14 @@ QColor missingOnTapeColor() {
     return {0xA3, 0x93, 0x90};
 }
 
+QColor hoverTint() {
+    return {255, 255, 255, 20};
+}
+
+QColor pressTint() {
+    return {0x13, 0x09, 0x09, 96};
+}
+
 QColor disabledWordColor() {
     return {0x9C, 0x8D, 0x8B};
 }

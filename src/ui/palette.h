@@ -31,6 +31,10 @@ QColor restingTextColor(double deviceScale = 1);  ///< names at rest: white at 0
 QColor disabledWordColor();                       ///< words of a disabled face
 QColor disabledFaceColor();                       ///< the flat face of a disabled button
 
+/// Laid over what the pointer is on and over what it presses.
+QColor hoverTint();
+QColor pressTint();
+
 /// The same for what a row shows of its loop's sound, with the measured contrast to what is under it.
 QColor lengthColor(double deviceScale = 1);  ///< a length in the groove: cream at 0.55 (5.4), below 1 at 0.65
 QColor lengthOnTapeColor();                  ///< on tape: cream at 0.8 (6.0)

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "ui/palette.h"
 #include "ui/pictures.h"
 
 namespace kzq {
@@ -13,7 +14,14 @@ void PictureButton::setPicture(const QString& name) {
 
 void PictureButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    drawPicture(painter, picture_, rect());
+    drawPicture(painter, picture_, rect(), tint());
+}
+
+QColor PictureButton::tint() const {
+    if (picture_.endsWith("_On") || !(isDown() || hovering())) {
+        return {};
+    }
+    return isDown() ? pressTint() : hoverTint();
 }
 
 }  // namespace kzq

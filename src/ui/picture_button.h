@@ -4,7 +4,8 @@
 
 namespace kzq {
 
-/// A button drawn as one picture, which its owner changes: the tabs, the menu button.
+/// A button drawn as one picture, which its owner changes: the tabs, the menu button. It is lit under the
+/// pointer and darker while pressed, unless the picture is that of the tab that is on ("…_On").
 class PictureButton : public KeyButton {
     Q_OBJECT
 
@@ -18,6 +19,8 @@ class PictureButton : public KeyButton {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    QColor tint() const;
+
     QString picture_;
 };
 

@@ -73,7 +73,7 @@ std::optional<Picture> picture(const QString& name) {
     return Picture{name, *known};
 }
 
-bool drawPicture(QPainter& painter, const QString& name, const QRectF& target) {
+bool drawPicture(QPainter& painter, const QString& name, const QRectF& target, const QColor& tint) {
     if (target.isEmpty() || !picture(name)) {
         return false;
     }
@@ -83,7 +83,12 @@ bool drawPicture(QPainter& painter, const QString& name, const QRectF& target) {
     if (pixels.isEmpty()) {
         return false;
     }
-    const auto pixmap = rendered(name, pixels);
+    auto pixmap = rendered(name, pixels);
+    if (tint.isValid()) {
+        QPainter over(&pixmap);
+        over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+        over.fillRect(pixmap.rect(), tint);
+    }
     // one pixel of the pixmap to one of the device, where the target's edges fall between pixels as well
     const QSizeF exact(pixels.width() / scale.width(), pixels.height() / scale.height());
     const auto corner = isWhole(painter) ? target.topLeft() : sharp(painter, target).topLeft();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QPainter>
 #include <QRectF>
 #include <QSizeF>
@@ -20,8 +21,8 @@ struct Picture {
 std::optional<Picture> picture(const QString& name);
 
 /// Draws the picture scaled into `target`, sharp at the painter's device ratio. Returns false, and draws
-/// nothing, if there is no such picture or `target` is empty.
-bool drawPicture(QPainter& painter, const QString& name, const QRectF& target);
+/// nothing, if there is no such picture or `target` is empty. `tint` is laid over what is not clear in it.
+bool drawPicture(QPainter& painter, const QString& name, const QRectF& target, const QColor& tint = {});
 /// Draws the picture at its own size from the left end of `target`, cropped by it.
 bool drawPictureCropped(QPainter& painter, const QString& name, const QRectF& target);
 

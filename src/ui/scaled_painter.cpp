@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/cut_text.h"
 #include "ui/scale.h"
 
 namespace kzq {
@@ -119,9 +120,13 @@ double ScaledPainter::advance(const QString& text) const {
     return size_ == 1 ? QFontMetricsF(given_).horizontalAdvance(text) : advanceOf(text, given_);
 }
 
-QString ScaledPainter::elided(const QString& text, double room) const {
+void ScaledPainter::writeName(const QPointF& baseline, const QString& name, double room) {
+    const auto direction = name.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
     const QFontMetricsF metrics(size_ == 1 ? given_ : fontOnScreen(given_));
-    return metrics.elidedText(text, Qt::ElideRight, room * size_);
+    const auto before = layoutDirection();
+    setLayoutDirection(direction);
+    write(baseline, cutText(name, metrics, room * size_, direction));
+    setLayoutDirection(before);
 }
 
 QRectF ScaledPainter::sharp(const QRectF& rect) const {

@@ -21,9 +21,10 @@ class ScaledPainter : public QPainter {
     void setType(const QFont& given);
     void write(const QPointF& baseline, const QString& text);
     void write(const QRectF& box, int flags, const QString& text);
+    /// From the left on, in the direction in which the name is read, and cut at its end after `room` pixels.
+    void writeName(const QPointF& baseline, const QString& name, double room);
     /// In the font of `write`, in pixels of 100 %.
     double advance(const QString& text) const;
-    QString elided(const QString& text, double room) const;
 
     /// `rect` with its edges on whole pixels of the device, in pixels of 100 %; a side of at most 2 is
     /// rounded down, to 1 at least.

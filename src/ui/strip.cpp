@@ -115,7 +115,7 @@ void Strip::paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& lo
     drawPicture(painter, "Drag_strip", body);
     painter.setType(textFont());
     painter.setPen(KZQWhite());
-    painter.write(at + QPointF(nameLeft, stripBaseline), painter.elided(loop.name, nameWidth));
+    painter.writeName(at + QPointF(nameLeft, stripBaseline), loop.name, nameWidth);
     painter.setType(textFont(lengthPixels));
     auto cream = creamColor();
     cream.setAlphaF(lengthStrength);

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QPainter>
 #include <QTest>
 #include <QWindow>
 
@@ -9,6 +10,7 @@
 #include "ui/fonts.h"
 #include "ui/panels/about_backing.h"
 #include "ui/panels/about_window.h"
+#include "ui/pictures.h"
 #include "virtual_executor.h"
 
 namespace kzq {
@@ -83,6 +85,24 @@ TEST_F(AboutTest, EveryWayOfClosingOpensTheMainWindowOnce) {
         EXPECT_FALSE(about->isVisible()) << &way - ways;
         EXPECT_THAT(calls, ElementsAre("main window")) << &way - ways;
     }
+}
+
+TEST_F(AboutTest, TheWindowHasThePixelsOfItsPictureAndNoOthers) {
+    about->showWindow();
+    const auto mask = about->window().mask();
+    QImage seen(about->window().size(), QImage::Format_ARGB32);
+    seen.fill(Qt::transparent);
+    QPainter painter(&seen);
+    drawPicture(painter, "About", seen.rect());
+    int clear = 0;
+    for (int y = 0; y < seen.height(); ++y) {
+        for (int x = 0; x < seen.width(); ++x) {
+            const bool within = mask.contains(QPoint(x, y));
+            EXPECT_TRUE(within || qAlpha(seen.pixel(x, y)) == 0) << x << ' ' << y;
+            clear += within && qAlpha(seen.pixel(x, y)) == 0 ? 1 : 0;
+        }
+    }
+    EXPECT_LE(clear, 40) << "of about 500 in the corners";
 }
 
 TEST_F(AboutTest, TheKeyThatOpenedItDoesNotCloseItWhenItIsLetGo) {

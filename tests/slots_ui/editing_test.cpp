@@ -1,3 +1,7 @@
+#include <QTextDocumentFragment>
+#include <QToolTip>
+
+#include "mouse.h"
 #include "row_fixture.h"
 
 namespace kzq::test {
@@ -26,6 +30,33 @@ TEST_F(Editing, AClickOnANameSelectsTheRowAndOpensIt) {
     QTest::mousePress(row.field(), Qt::LeftButton);
     QTest::mouseRelease(row.field(), Qt::LeftButton, {}, {300, 5});
     EXPECT_THAT(takeCalls(), ElementsAre());
+}
+
+TEST_F(Editing, ANameIsLitWhereAClickOpensItAndTheToolTipHasWhatIsCut) {
+    auto& row = recorded(1);
+    setOccupied(exportRow(1), true);
+    for (auto* const field : {row.field(), importRow(2).field(), exportRow(1).field()}) {
+        Mouse mouse(*field);
+        EXPECT_FALSE(field->tint().isValid());
+        mouse.enter();
+        const auto lit = field->tint();
+        EXPECT_EQ(lit.isValid(), field == row.field());
+        QTest::mousePress(field, Qt::LeftButton);
+        EXPECT_EQ(field->tint() != lit, field == row.field());
+        mouse.leave();
+        EXPECT_FALSE(field->tint().isValid());
+    }
+    const auto toolTip = [&row] {
+        QHelpEvent event(QEvent::ToolTip, {4, 4}, row.field()->mapToGlobal(QPoint(4, 4)));
+        QApplication::sendEvent(row.field(), &event);
+        const auto text = QToolTip::text();
+        QToolTip::hideText();
+        return QTextDocumentFragment::fromHtml(text).toPlainText().toStdString();
+    };
+    EXPECT_EQ(toolTip(), "");
+    const std::string whole = "<b>a</b> name that is longer than its row, however it is written";
+    row.field()->setText(QString::fromStdString(whole));
+    EXPECT_EQ(toolTip(), whole);
 }
 
 TEST_F(Editing, EndsAndKeepsTheTrimmedNameByEveryRoad) {

@@ -8,6 +8,7 @@
 #include "ui/link_button.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
+#include "ui/picture_button.h"
 #include "ui/pictures.h"
 #include "ui/window.h"
 #include "ui/x_button.h"
@@ -80,6 +81,43 @@ TEST(ImageButtons, DisabledMassSelectionGetsTheMouseFromThePlatform) {
     QTest::mouseMove(window.windowHandle(), {5, 5});
     EXPECT_FALSE(button.hovering());
     button.setParent(nullptr);
+}
+
+TEST(ImageButtons, MassSelectionActsOnlyIfItIsLetGoInside) {
+    Rig<MassSelectionButton> rig("Deselect_All");
+    auto& [button, mouse, actions] = rig;
+    mouse.enter();
+    mouse.press();
+    mouse.dragOut();
+    EXPECT_EQ(button.pictureName(), "Deselect_All_Press");
+    mouse.release();
+    EXPECT_EQ(actions, 0);
+    mouse.press();
+    mouse.dragOut();
+    mouse.dragIn();
+    mouse.release();
+    EXPECT_EQ(actions, 1);
+}
+
+TEST(PictureButtons, AreLitUnderThePointerAndDarkWhilePressedUnlessTheirTabIsOn) {
+    for (const auto* const picture : {"Menu_Import_Off", "Menu_Import_On"}) {
+        PictureButton button;
+        button.resize(208, 56);
+        button.setPicture(picture);
+        test::Mouse mouse(button);
+        const auto seen = [&button] { return button.grab().toImage(); };
+        const auto resting = seen();
+        mouse.enter();
+        const auto lit = seen();
+        button.setDown(true);
+        const auto pressed = seen();
+        const QPoint ground(100, 6);
+        const bool changes = lit.pixelColor(ground).lightness() > resting.pixelColor(ground).lightness() &&
+                             pressed.pixelColor(ground).lightness() < resting.pixelColor(ground).lightness();
+        EXPECT_EQ(changes, std::string(picture) == "Menu_Import_Off");
+        EXPECT_EQ(lit == resting && pressed == resting, !changes);
+        EXPECT_EQ(lit.pixelColor(0, 0), resting.pixelColor(0, 0)) << "beside its round corner";
+    }
 }
 
 TEST(ImageButtons, ActOnceByKeyboardAndSayWhatTheyAre) {

@@ -10,6 +10,8 @@
 #include <set>
 
 #include "mouse.h"
+#include "ui/cut_text.h"
+#include "ui/fonts.h"
 #include "ui/handle_scroll_bar.h"
 #include "ui/pictures.h"
 #include "ui/scaled_painter.h"
@@ -89,6 +91,30 @@ TEST(Shield, LetsNothingThroughAndGivesTheFocusBack) {
         EXPECT_EQ(inner.events + late.events + window.events, 0);
     }
     EXPECT_TRUE(inner.hasFocus());
+}
+
+TEST(CutText, IsCutWhereItIsReadLastAndTheMarkStandsThere) {
+    const QString song = u"\u05E9\u05DC\u05D5\u05DD \u05E9\u05DC\u05D5\u05DD \u05E9\u05DC\u05D5\u05DD"_qs;
+    const struct {
+        QString text;
+        Qt::LayoutDirection within;
+        QString end;
+    } rows[] = {
+        {"The whole rehearsal, slow", Qt::LeftToRight, u"\u2026"_qs},
+        {song, Qt::RightToLeft, u"\u2026"_qs},
+        {song, Qt::LeftToRight, u"\u2026\u200F"_qs},
+        {"2, " + song, Qt::LeftToRight, u"\u2026\u200F"_qs},
+        {song + " once more and again", Qt::RightToLeft, u"\u2026\u200E"_qs},
+    };
+    const QFontMetricsF metrics(textFont());
+    for (const auto& row : rows) {
+        const auto whole = metrics.horizontalAdvance(row.text);
+        EXPECT_EQ(cutText(row.text, metrics, whole + 1, row.within), row.text);
+        auto cut = cutText(row.text, metrics, whole * 0.8, row.within);
+        ASSERT_TRUE(cut.endsWith(row.end)) << cut.toStdString();
+        cut.chop(row.end.size());
+        EXPECT_TRUE(row.text.startsWith(cut) && cut.size() > row.text.size() / 2) << cut.toStdString();
+    }
 }
 
 TEST(Pictures, AreDrawnForEachSize) {

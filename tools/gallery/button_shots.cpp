@@ -57,11 +57,11 @@ Shots alertButtons(AlertButton::Face face, const QString& word) {
 
 Shots pictureButton(const QString& name) {
     Shots shots;
-    for (const auto hand : {Hand::none, Hand::keyboard}) {
+    for (const auto& [word, hand] : hands) {
         PictureButton button;
         button.setPicture(name);
         button.resize(picture(name).value_or(Picture{}).size.toSize());
-        shots.push_back(shootOnPlate(name, button, hand));
+        shots.push_back(shootOnPlate(name + ", " + word, button, hand));
     }
     return shots;
 }

@@ -27,6 +27,16 @@ constexpr RowState importStates[] = {
      .occupied = true,
      .selected = true,
      .name = "Night bus field recording, second attempt"},
+    {.caption = "from right to left, too long",
+     .occupied = true,
+     .selected = true,
+     .name = "\u05E9\u05D9\u05E8 \u05D4\u05D0\u05D5\u05D8\u05D5\u05D1\u05D5\u05E1, "
+             "\u05E0\u05D9\u05E1\u05D9\u05D5\u05DF \u05E9\u05E0\u05D9, \u05D0\u05D9\u05D8\u05D9"},
+    {.caption = "from right to left in the middle",
+     .occupied = true,
+     .selected = true,
+     .name = "Take 2, \u05E9\u05D9\u05E8 \u05D4\u05D0\u05D5\u05D8\u05D5\u05D1\u05D5\u05E1 "
+             "\u05E0\u05D9\u05E1\u05D9\u05D5\u05DF \u05E9\u05E0\u05D9"},
     {.caption = "renaming",
      .occupied = true,
      .selected = true,
@@ -72,6 +82,9 @@ Shots handsOn(Rows& rows) {
     shootPart("keyboard on the name", Slot::importContext, importStates[2], field, Hand::keyboard);
     shootPart("keyboard on the button", Slot::exportContext, exportStates[0], button, Hand::keyboard);
     shootPart("keyboard on the x", Slot::exportContext, exportStates[2], x, Hand::keyboard);
+    shootPart("pointer on the name", Slot::importContext, importStates[1], field, Hand::hovering);
+    shootPart("name pressed", Slot::importContext, importStates[1], field, Hand::pressing);
+    shootPart("pointer on a name on tape", Slot::importContext, importStates[3], field, Hand::hovering);
     shootPart("pointer on the x", Slot::exportContext, exportStates[2], x, Hand::hovering);
     return shots;
 }

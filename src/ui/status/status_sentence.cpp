@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "ui/cut_text.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
@@ -40,7 +41,7 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     const int marked = marked_ ? status::mark + markGap : 0;
     const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + status::chevronRoom;
     const int room = right - left - besides;
-    shown_ = QFontMetricsF(fontOnScreen(type)).elidedText(sentence_, Qt::ElideRight, room * scale);
+    shown_ = cutText(sentence_, QFontMetricsF(fontOnScreen(type)), room * scale, Qt::LeftToRight);
     const int words = std::min(room, static_cast<int>(std::ceil(advanceOf(shown_, type))));
     place(*this, {right - besides - words, (placeOf(*parentWidget()).height() - status::height) / 2,
                   besides + words, status::height});
