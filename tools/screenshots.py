@@ -1,4 +1,4 @@
-"""screenshots.py FOLDER [NAME...]: see screenshots."""
+"""screenshots.py FOLDER [NAME...], or FOLDER --of NAME [SIZE]: see screenshots; the latter of what one size shows."""
 
 import math
 import os
@@ -13,6 +13,16 @@ from maker import Maker
 
 folder = sys.argv[1]
 work = tempfile.mkdtemp()
+CHANGES = ["Loops start without a gap.", "The level is kept when a loop is overdubbed.",
+           "Long loops are erased faster."]
+LONG_NAME = "The whole rehearsal of the second of May, slow, with the bridge"
+
+
+def number_of(program, title):
+    return subprocess.run(
+        ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", f"^{title}"],
+        check=True, capture_output=True, text=True,
+    ).stdout.split()[0]
 
 
 def picture(program, name, title="7306 Loop Manager", away=True):
@@ -20,10 +30,7 @@ def picture(program, name, title="7306 Loop Manager", away=True):
     if away:
         xdotool("mousemove", 1, 1)
     window = program.ready(title) if away else program.window(title)
-    number = subprocess.run(
-        ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", f"^{title}"],
-        check=True, capture_output=True, text=True,
-    ).stdout.split()[0]
+    number = number_of(program, title)
     settle(number)
     path = os.path.join(folder, f"{name}.png")
     take(number, path)
@@ -127,36 +134,38 @@ def main_window():
 
 
 def firmware():
-    changes = ["Loops start without a gap.", "The level is kept when a loop is overdubbed.",
-               "Long loops are erased faster."]
-    maker = Maker("1.06", changes)
+    maker = Maker("1.06", CHANGES)
     with Program("--authorities", maker.authority, host=maker.host) as program:
         program.ready()
-
-        def offered():
-            program.get("Menu", "push button").click()
-            program.get("Firmware Update...", "menu item").click()
-            wait("an answer", lambda: program.find("You're up to date!") or program.window("Firmware Update"))
-            if not program.window("Firmware Update"):
-                key("Return")
-                program.gone("You're up to date!")
-            return program.window("Firmware Update")
-
-        wait("the offer", offered)
+        wait("the offer", lambda: offer(program))
         picture(program, "firmware", "Firmware Update")
         end(program)
     maker.close()
+
+
+def offer(program):
+    program.get("Menu", "push button").click()
+    program.get("Firmware Update...", "menu item").click()
+    wait("an answer", lambda: program.find("You're up to date!") or program.window("Firmware Update"))
+    if not program.window("Firmware Update"):
+        key("Return")
+        program.gone("You're up to date!")
+    return program.window("Firmware Update")
+
+
+def begin_import(program):
+    program.get("Select all loops").click()
+    button = program.get("Import", "push button")
+    wait("import is possible", lambda: button.enabled)
+    button.click()
+    choose(program, work)
 
 
 def transfer():
     """The pedal falls silent on the way, so that the panel stands still."""
     with Program("--fault", "silence@in:5500") as program:
         program.ready()
-        program.get("Select all loops").click()
-        button = program.get("Import", "push button")
-        wait("import is possible", lambda: button.enabled)
-        button.click()
-        choose(program, work)
+        begin_import(program)
         picture(program, "progress", "7306 Import")
         end(program)
 
@@ -230,5 +239,82 @@ def carrying():
     source.kill()
 
 
-for part in sys.argv[2:] or ("main_window", "firmware", "transfer", "no_pedal", "bring_back", "carrying"):
-    globals()[part]()
+def fill_results(program):
+    """With the longest sentences that there are."""
+    for number in range(1, 6):
+        path = os.path.join(work, f"{LONG_NAME}, take {number}.wav")
+        with open(path, "w") as file:
+            file.write("no sound")
+        program.get("Add Loop 12").click()
+        choose(program, path)
+        wait("it is refused", lambda: program.find(f"Failed: .*take {number}.*", "push button"))
+
+
+def main_views(program, shot):
+    rename(program, 1, "Intro")
+    rename(program, 3, LONG_NAME)
+    program.get("Loop 8, select").click()
+    shot("import")
+    program.get("Menu", "push button").click()
+    program.get("About...")
+    shot("menu")
+    key("Escape")
+    program.get("Export tab.*").click()
+    for row, name in (("Add Loop 4", "Bridge.wav"), ("Overwrite Loop 5", LONG_NAME + ".wav")):
+        program.get(row).click()
+        choose(program, sound(name, 20))
+        wait("the file is in the row", lambda: program.get(f"Loop {row[-1]} name").description == name[:-4])
+    shot("export")
+    fill_results(program)
+    key("ctrl+r")
+    program.get(".*failed, .*take 5.*")
+    shot("results")
+    key("Escape")
+
+
+def firmware_views(program, shot):
+    wait("the offer", lambda: offer(program))
+    shot("offer", "Firmware Update")
+    program.get("Install the firmware", "push button").click()
+    bar = program.get("Firmware installation")
+    wait("the bar moves", lambda: bar.value() > 0.2)
+    shot("flashing", "Firmware Update", still=False)
+    wait("the ending is said", lambda: program.find(r"Firmware 1\.06 runs on the pedal\."), 60)
+    shot("ending", "Firmware Update")
+    program.get("OK", "push button").click()
+    program.ready()
+
+
+def views(name, size):
+    """What the window shows at one size; without one, on a screen of which all is shown."""
+    maker = Maker("1.06", CHANGES)
+    with Program("--authorities", maker.authority, "--fault", "silence@in:5500", host=maker.host) as program:
+
+        def shot(what, title="7306 Loop Manager", still=True):
+            program.ready(title)
+            number = number_of(program, title) if size else "root"
+            xdotool("mousemove", 1, 1)
+            if still:
+                settle(number)
+            take(number, os.path.join(folder, f"{what}-{name}.png"))
+
+        program.ready()
+        program.connected()
+        if size:
+            key("alt+v")
+            program.get(size).press()
+            key("Escape")
+        main_views(program, shot)
+        firmware_views(program, shot)
+        program.get("Import tab.*").click()
+        begin_import(program)
+        shot("progress", "7306 Import")
+        end(program)
+    maker.close()
+
+
+if sys.argv[2:3] == ["--of"]:
+    views(*(sys.argv[3:] + [None])[:2])
+else:
+    for part in sys.argv[2:] or ("main_window", "firmware", "transfer", "no_pedal", "bring_back", "carrying"):
+        globals()[part]()
