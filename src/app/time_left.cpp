@@ -12,7 +12,7 @@ constexpr std::chrono::seconds unknownFor(4);  // the first figures jump
 constexpr std::chrono::seconds lately(20);     // how far back the speed is measured
 constexpr std::chrono::seconds standstill(3);
 constexpr std::chrono::seconds betweenMarks(1);  // many reports come in between
-constexpr int minute = 60;
+constexpr int secondsPerMinute = 60;
 // What was said stands while there is no more left than this many times as much, and this many seconds.
 constexpr double tolerated = 1.5;  // minutes are rounded
 constexpr double toleratedSeconds = 4;
@@ -27,15 +27,15 @@ int roundedUp(double seconds, int step) {
 
 /// To 5 s, from half a minute on to 10 s, from a minute on to minutes.
 int inSteps(double seconds) {
-    if (seconds > minute) {
-        return static_cast<int>(std::round(seconds / minute)) * minute;
+    if (seconds > secondsPerMinute) {
+        return static_cast<int>(std::round(seconds / secondsPerMinute)) * secondsPerMinute;
     }
-    return roundedUp(seconds, seconds > minute / 2.0 ? 10 : 5);
+    return roundedUp(seconds, seconds > secondsPerMinute / 2.0 ? 10 : 5);
 }
 
 std::string inWords(int seconds) {
-    return seconds < minute ? "about " + std::to_string(seconds) + " s left"
-                            : "about " + std::to_string(seconds / minute) + " min left";
+    return seconds < secondsPerMinute ? "about " + std::to_string(seconds) + " s left"
+                                      : "about " + std::to_string(seconds / secondsPerMinute) + " min left";
 }
 
 }  // namespace

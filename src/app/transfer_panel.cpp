@@ -13,7 +13,7 @@ namespace kzq {
 
 namespace {
 
-constexpr std::chrono::seconds betweenLooks(1);
+constexpr std::chrono::seconds timeIsShownEvery(1);
 
 }  // namespace
 
@@ -57,7 +57,7 @@ void TransferPanel::showTimeLeft() {
 /// Time passes in a standstill as well.
 void TransferPanel::lookAgain() {
     showTimeLeft();
-    environment_.executor.mainAfter(betweenLooks, [this, weak = std::weak_ptr(timeLeft_)] {
+    environment_.executor.mainAfter(timeIsShownEvery, [this, weak = std::weak_ptr(timeLeft_)] {
         if (!weak.expired()) {
             lookAgain();
         }
