@@ -128,6 +128,7 @@ TransferResult SimulatedPedal::carryOut(Lock& lock, const WireEvent& event, bool
     }
     if (fault == FaultKind::silence) {
         silent_ = true;
+        journal_.excuse(event.kind == WireEvent::Kind::control);  // a reset then ends it without an answer
     }
 
     TransferResult result{TransferStatus::pending, 0};
