@@ -66,7 +66,8 @@ BackupEnd Backup::run() {
     }
     if (!outcome_.end && outcome_.done() == outcome_.wanted) {
         finish();
-    } else if (!draft_->index().loops.empty()) {
+    }
+    if (!snapshot_ && !draft_->index().loops.empty()) {
         snapshot_ = {draft_->path().filename(), BackupFolder(draft_->path())};
     }
     countEarlier();
