@@ -104,7 +104,8 @@ std::vector<Snapshot> Generations::snapshots() const {
     fs::directory_iterator entry(path_, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         const auto name = entry->path().filename().string();
-        if (BackupFolder folder(entry->path()); folder.isComplete() && !isDated(name)) {
+        if (BackupFolder folder(entry->path());
+            folder.isComplete() && !isDated(name) && !name.starts_with(unfinishedStart)) {
             all.push_back({name, folder});
         }
     }
