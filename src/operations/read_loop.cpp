@@ -22,6 +22,10 @@ std::optional<Result<Bytes>> readLoop(Pedal& pedal, SlotNumber slot, Step step, 
 }
 
 bool readBack(Pedal& pedal, SlotOutcome& loop, const Events& events, Outcome& outcome) {
+    if (loop.digest.empty()) {  // the working copy could not be read for it
+        loop.trouble = Trouble{Trouble::Kind::noAudio};
+        return true;
+    }
     auto image = readLoop(pedal, loop.slot, Step::compare, events, outcome);
     if (!image) {
         return false;
