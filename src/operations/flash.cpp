@@ -57,6 +57,7 @@ class Flash {
     bool restarted();
     Trouble missingLoader();
     FlashEnd send(std::size_t bytes);
+    bool leavesWithTrailer(unsigned departures);
     Trouble failure(unsigned departures);
     void followImage(std::size_t bytes);
     std::string askVersion();
@@ -217,10 +218,21 @@ FlashEnd Flash::send(std::size_t bytes) {
         await(resetGrace, ready);
     }
     if (report_->completed != Answer::yes) {
-        return notSent(failure(departures));
+        if (!leavesWithTrailer(departures)) {
+            return notSent(failure(departures));
+        }
+        report_->trouble = Trouble{Kind::noAnswer};
     }
     enter(FlashPhase::sent);
     return {How::sent, phase_, {}, report_->trouble, percent_.value_or(0)};
+}
+
+/// Whether only the transfer of the trailer has failed, and the pedal left with it: it may have taken it and
+/// be on its way back with the new firmware.
+bool Flash::leavesWithTrailer(unsigned departures) {
+    return !report_->silent && percent_ == 100U && report_->trouble &&
+           report_->trouble->kind == Kind::transferFailed &&
+           await(Pedal::departureNotice, [&] { return pedal_.cable().departures != departures; });
 }
 
 void Flash::followImage(std::size_t bytes) {

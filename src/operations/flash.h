@@ -37,7 +37,8 @@ struct FlashEnd {
     FlashPhase phase = FlashPhase::asking;
     std::string version = {};  ///< as reported; only of `confirmed`
     /// Of `notSent` and `unconfirmed`: why; stillInLoader, noReturn, unknownVersion, or cancelled: nobody
-    /// waited for it. Of `sent`: noAnswer if the loader left a request unanswered, which is no refusal.
+    /// waited for it. Of `sent`: noAnswer if the loader left a request or the trailer unanswered, which is no
+    /// refusal.
     std::optional<Trouble> why = {};
     unsigned percent = 0;     ///< of the image that has gone out
     bool fromLoader = false;  ///< of `notSent`: the pedal was in its loader from the start
