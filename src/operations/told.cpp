@@ -46,22 +46,15 @@ std::string loopOf(const Outcome& outcome, const Trouble& trouble) {
     return name;
 }
 
-std::string whereaboutsOf(Deed deed, const std::vector<SlotNumber>& missing) {
-    const bool one = missing.size() == 1;
-    switch (deed) {
-        case Deed::save:
-            return listOf(missing) + (one ? " is" : " are") + " still only on the pedal.";
-        case Deed::write:
-            return listOf(missing) + (one ? " was" : " were") + " not written.";
-        case Deed::erase:
-            return listOf(missing) + (one ? " is" : " are") + " still on the pedal.";
-    }
-    return {};
-}
-
 /// What has been saved stays so, even if a cancel or a pulled cable came with its last byte.
 bool cameWhole(Deed deed, const Outcome& outcome) {
     return outcome.whole() || (deed == Deed::save && outcome.done() != 0 && outcome.done() == outcome.wanted);
+}
+
+/// Whether the pedal took it, and nothing is known against it: it could not be asked, or not be read back.
+bool isUnchecked(const SlotOutcome& loop) {
+    return loop.did == SlotOutcome::Did::sent &&
+           (!loop.trouble || (loop.trouble->kind != Kind::shortLoop && loop.trouble->kind != Kind::differs));
 }
 
 /// Whether the pedal was not asked any more what it holds of the loops it took.
@@ -69,6 +62,35 @@ bool onlySent(const Outcome& outcome) {
     return std::ranges::any_of(outcome.slots, [](const SlotOutcome& loop) {
         return loop.did == SlotOutcome::Did::sent && !loop.trouble;
     });
+}
+
+/// Where the loops are that did not come to a good end.
+std::string whereaboutsOf(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked) {
+    std::string sent;
+    auto missing = notDone(outcome, asked);
+    for (const auto& loop : outcome.slots) {
+        if (loop.trouble && loop.did == SlotOutcome::Did::sent && loop.trouble->kind != Kind::shortLoop) {
+            std::erase(missing, loop.slot);
+            append(sent, slotSentence(participle(deed), loop));
+        }
+    }
+    if (missing.empty()) {
+        return sent;
+    }
+    const bool one = missing.size() == 1;
+    auto text = listOf(missing);
+    switch (deed) {
+        case Deed::save:
+            text += std::string(one ? " is" : " are") + " still only on the pedal.";
+            break;
+        case Deed::write:
+            text += std::string(one ? " was" : " were") + " not written.";
+            break;
+        case Deed::erase:
+            text += std::string(one ? " is" : " are") + " still on the pedal.";
+    }
+    append(text, sent);
+    return text;
 }
 
 std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked) {
@@ -81,8 +103,9 @@ std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNu
         return asked.size() == 1 ? loopName(asked.front()) + " may have been erased"
                                  : "Some of the loops may have been erased";
     }
-    if (onlySent(outcome)) {
-        const auto done = outcome.done();
+    const auto sent = static_cast<std::size_t>(std::ranges::count_if(outcome.slots, isUnchecked));
+    if (onlySent(outcome) || (outcome.done() == 0 && sent != 0)) {
+        const auto done = std::max(outcome.done(), sent);
         return (asked.size() == 1      ? loopName(asked.front())
                 : done == asked.size() ? loopsText(done)
                                        : std::to_string(done) + " of " + loopsText(asked.size())) +
@@ -162,9 +185,8 @@ Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& aske
         result.why = "the pedal refused";
     }
     // an erase has no slots to tell the loops by
-    if (const auto missing = notDone(outcome, asked);
-        !missing.empty() && asked.size() > 1 && (deed != Deed::erase || !outcome.slots.empty())) {
-        append(result.detail, whereaboutsOf(deed, missing));
+    if (asked.size() > 1 && (deed != Deed::erase || !outcome.slots.empty())) {
+        append(result.detail, whereaboutsOf(deed, outcome, asked));
     }
     if (outcome.doubt && outcome.doubt->did != SlotOutcome::Did::erased) {  // otherwise the line says it
         append(result.detail, doubtSentence(*outcome.doubt));
