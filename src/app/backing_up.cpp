@@ -105,7 +105,7 @@ void BackingUp::chooseNewest() {
 
 void BackingUp::chooseFolder() {
     const auto post = parts_.teller.poster();
-    const auto chosen = parts_.environment.dialogs.chooseFolder("Choose");
+    const auto chosen = parts_.environment.dialogs.chooseFolder("Choose a folder of backups", "Choose");
     if (chosen.answer != panelCancelled && !chosen.path.empty()) {
         post([this, folder = chosen.path] {  // the window may have gone under the chooser
             if (isOpen()) {

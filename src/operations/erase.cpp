@@ -8,9 +8,10 @@ namespace kzq {
 
 namespace {
 
-/// The pedal is not asked any more. One that is there keeps its word.
-void countUnseen(std::size_t agreed, SlotNumber first, Outcome& outcome) {
-    if (agreed != 0 && outcome.end && outcome.end->kind != Trouble::Kind::cancelled) {
+/// The pedal is not asked any more. One that is there keeps its word, if it `answered`.
+void countUnseen(std::size_t agreed, bool answered, SlotNumber first, Outcome& outcome) {
+    const bool cancelled = outcome.end && outcome.end->kind == Trouble::Kind::cancelled;
+    if (agreed != 0 && outcome.end && !(cancelled && answered)) {
         outcome.doubt = SlotOutcome{first, SlotOutcome::Did::erased};
     } else {
         outcome.unseen = agreed;
@@ -34,7 +35,9 @@ Outcome runErase(Pedal& pedal, const EraseOrder& order, const Events& events) {
         outcome.end = now->error();
     }
     if (!now || !*now) {
-        countUnseen(agreed.value_or(outcome.begun ? 1 : 0), slots.front(), outcome);
+        const auto last = pedal.link()->lastTrouble();
+        const bool answered = agreed && !(last && last->kind == Trouble::Kind::noAnswer);
+        countUnseen(agreed.value_or(outcome.begun ? 1 : 0), answered, slots.front(), outcome);
         return outcome;
     }
     for (const auto slot : slots) {

@@ -5,6 +5,8 @@
 #include <QMimeData>
 #include <QTest>
 #include <QUrl>
+#include <algorithm>
+#include <array>
 
 #include "app/user_guide.h"
 #include "flow_fixture.h"
