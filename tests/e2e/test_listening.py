@@ -30,7 +30,7 @@ class Listening(unittest.TestCase):
             program.ready()
             program.connected()
             program.get("Play Loop 5, 1 second").press()
-            program.get("Playing Loop 5, 0:01", "push button")
+            program.get("Playing Loop 5", "push button")
             heard = bytearray()
 
             def goes_round():
@@ -39,7 +39,7 @@ class Listening(unittest.TestCase):
 
             wait("the end of the loop and its beginning, without a gap", goes_round)
             program.get("Stop Loop 5").press()
-            program.gone("Playing Loop 5.*")
+            program.gone("Playing Loop 5", "push button")
 
 
 if __name__ == "__main__":
