@@ -291,7 +291,7 @@ def views(name, size):
     with Program("--authorities", maker.authority, "--fault", "silence@in:5500", host=maker.host) as program:
 
         def shot(what, title="7306 Loop Manager", still=True):
-            program.ready(title)
+            wait(f"{title} shows", lambda: program.window(title))
             number = number_of(program, title) if size else "root"
             xdotool("mousemove", 1, 1)
             if still:

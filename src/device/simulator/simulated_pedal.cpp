@@ -114,8 +114,8 @@ void SimulatedPedal::reset() {
     }
     dropStreams();
     loader_.drop();
-    silent_ = false;
     journal_.note(WireEvent::Kind::reset, executor_.now());
+    journal_.excuse(std::exchange(silent_, false));  // a command without an answer reads like a consent
     news_.push_back({BusChange::reset, 0, nullptr});
     announceNews(lock);
 }
@@ -128,7 +128,6 @@ TransferResult SimulatedPedal::carryOut(Lock& lock, const WireEvent& event, bool
     }
     if (fault == FaultKind::silence) {
         silent_ = true;
-        journal_.excuse(event.kind == WireEvent::Kind::control);  // a reset then ends it without an answer
     }
 
     TransferResult result{TransferStatus::pending, 0};

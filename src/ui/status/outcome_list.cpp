@@ -176,11 +176,19 @@ void OutcomeList::walk(int step) {
     area_->ensureWidgetVisible(row, 0, 0);
 }
 
+/// Whether they need the handle beside them shows once they are laid out without it.
 void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
+    const int room = roomForRows();
+    int height = fillPage(outcomes, listWidth - 2 * sideMargin);
+    if (outcomes.size() > rowsShown || height > room) {
+        height = fillPage(outcomes, listWidth - sideMargin - HandleScrollBar::barWidth - frameLine);
+    }
+    layOut(std::min(height, room));
+}
+
+int OutcomeList::fillPage(const std::deque<Announcement>& outcomes, int width) {
     rows_.clear();
     auto* const page = new QWidget;
-    const bool scrolls = outcomes.size() > rowsShown;
-    const int width = listWidth - sideMargin - (scrolls ? HandleScrollBar::barWidth + frameLine : sideMargin);
     int y = 0;
     int visibleHeight = 0;
     for (const auto& outcome : outcomes) {
@@ -200,14 +208,16 @@ void OutcomeList::fill(const std::deque<Announcement>& outcomes) {
     }
     page->resize(width, y);
     area_->setWidget(page);  // which deletes the one before
-    layOut(visibleHeight);
+    return visibleHeight;
 }
 
-void OutcomeList::layOut(int visibleHeight) {
-    const auto corner = placeOf(*this).topLeft();
+int OutcomeList::roomForRows() const {
     const auto whole = static_cast<int>(window()->height() / scaleOf(*window()));
-    const int room = whole - corner.y() - tabHeight - 2 * margin - sideMargin;
-    const int shown = std::min(visibleHeight, room);
+    return whole - placeOf(*this).y() - tabHeight - 2 * margin - sideMargin;
+}
+
+void OutcomeList::layOut(int shown) {
+    const auto corner = placeOf(*this).topLeft();
     place(*area_, {sideMargin, tabHeight + margin, listWidth - sideMargin - frameLine, shown});
     const int height = tabHeight + (rows_.empty() ? emptyHeight : shown + 2 * margin);
     place(*this, {corner, QSize(listWidth, height)});

@@ -49,7 +49,10 @@ class OutcomeList : public QWidget {
 
   private:
     void fill(const std::deque<Announcement>& outcomes);
-    void layOut(int visibleHeight);
+    /// Returns the height of the first rows.
+    int fillPage(const std::deque<Announcement>& outcomes, int width);
+    int roomForRows() const;
+    void layOut(int shown);
     void walk(int step);
 
     QPointer<QWidget> opener_;
