@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "device/simulator/simulated_port.h"
+#include "passing_handle.h"
 
 namespace kzq::test {
 
@@ -35,20 +36,14 @@ class PacedPort : public simulator::SimulatedPort {
     }
 
   private:
-    class Handle : public UsbHandle {
+    class Handle : public PassingHandle {
       public:
         Handle(PacedPort& port, std::unique_ptr<UsbHandle> handle)
-            : port_(port), handle_(std::move(handle)) {}
+            : PassingHandle(std::move(handle)), port_(port) {}
 
-        int kernelDriverActive(int interface) override { return handle_->kernelDriverActive(interface); }
-        UsbResult detachKernelDriver(int interface) override {
-            return handle_->detachKernelDriver(interface);
-        }
-        UsbResult claimInterface(int interface) override { return handle_->claimInterface(interface); }
-        UsbResult releaseInterface(int interface) override { return handle_->releaseInterface(interface); }
         int control(std::uint8_t requestType, std::uint8_t request, std::uint16_t value, std::uint16_t index,
                     std::span<std::uint8_t> reply) override {
-            const int came = handle_->control(requestType, request, value, index, reply);
+            const int came = PassingHandle::control(requestType, request, value, index, reply);
             if (port_.tamper) {
                 port_.tamper(requestType, reply);
             }
@@ -57,7 +52,7 @@ class PacedPort : public simulator::SimulatedPort {
         UsbResult bulkIn(std::uint8_t endpoint, std::span<std::uint8_t> into, std::size_t due,
                          std::size_t& transferred) override {
             port_.executor_.sleep(port_.pace);
-            return handle_->bulkIn(endpoint, into, due, transferred);
+            return PassingHandle::bulkIn(endpoint, into, due, transferred);
         }
         UsbResult bulkOut(std::uint8_t endpoint, std::span<const std::uint8_t> from,
                           std::atomic<std::size_t>& transferred) override {
@@ -67,7 +62,7 @@ class PacedPort : public simulator::SimulatedPort {
                 const auto piece =
                     from.subspan(transferred, std::min(port_.writePiece, from.size() - transferred));
                 port_.executor_.sleep(port_.writePace);
-                const auto result = handle_->bulkOut(endpoint, piece, moved);
+                const auto result = PassingHandle::bulkOut(endpoint, piece, moved);
                 transferred += moved;
                 if (result != usbSuccess || moved != piece.size()) {
                     return result;
@@ -75,11 +70,9 @@ class PacedPort : public simulator::SimulatedPort {
             } while (transferred < from.size());
             return usbSuccess;
         }
-        UsbResult reset() override { return handle_->reset(); }
 
       private:
         PacedPort& port_;
-        std::unique_ptr<UsbHandle> handle_;
     };
 
     Executor& executor_;

@@ -200,6 +200,12 @@ std::vector<std::string> VirtualExecutor::serviceLabels() const {
     return state_->services;
 }
 
+std::size_t VirtualExecutor::jobs() const {
+    const std::lock_guard guard(state_->mutex);
+    return static_cast<std::size_t>(std::ranges::count_if(
+        state_->workers, [](const auto& worker) { return !worker->ended && !worker->forever; }));
+}
+
 void VirtualExecutor::main(Task task) {
     mainAfter(Duration::zero(), std::move(task));
 }

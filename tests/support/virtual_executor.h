@@ -34,6 +34,8 @@ class VirtualExecutor : public Executor {
     unsigned mainThreadWaits() const;
     /// The labels of the services, in order of their start.
     std::vector<std::string> serviceLabels() const;
+    /// Background jobs that have not ended.
+    std::size_t jobs() const;
 
     void main(Task task) override;
     void mainAfter(Duration delay, Task task) override;

@@ -1,0 +1,73 @@
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+#include "file_faults.h"
+#include "operation.h"
+
+namespace kzq::test {
+namespace {
+
+constexpr auto faults = std::to_array<FileFault>({{"no space", ENOSPC},
+                                                  {"no permission", EACCES},
+                                                  {"gone", ENOENT},
+                                                  {"interrupted", EINTR},
+                                                  {"failing disk", EIO},
+                                                  {"short", 0}});
+
+/// With the calls that it took.
+std::vector<std::string> runCase(const Make& make, unsigned closedRoads, std::size_t at, FileFault fault) {
+    const auto operation = make();
+    World world(operation->stage());
+    operation->prepare(world);
+    world.begin(operation->window(), operation->cancels());
+    armFiles(at, fault, closedRoads);
+    EXPECT_TRUE(operation->perform(world));
+    auto calls = disarmFiles();
+    operation->checkFiles(world);
+    operation->check(world);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(world.folder.path())) {
+        EXPECT_FALSE(entry.path().filename().string().starts_with('.')) << entry.path() << " is left";
+    }
+    const bool moves = at != 0 && (calls.at(at - 1) == "write" || calls.at(at - 1) == "pread" ||
+                                   calls.at(at - 1) == "fsync" || calls.at(at - 1) == "pwrite");
+    if (at == 0 || fault.error == 0 || (fault.error == EINTR && moves)) {
+        EXPECT_EQ(operation->said().exit, 0) << "the next attempt would do";
+    }
+    world.expectRecovery();
+    return calls;
+}
+
+void sweepFiles(const Make& make, unsigned closedRoads) {
+    const auto calls = runCase(make, closedRoads, 0, {});
+    EXPECT_GT(calls.size(), 5U);
+    for (std::size_t at = 1; at <= calls.size(); ++at) {
+        for (const auto& fault : faults) {
+            if (fault.concerns(calls[at - 1])) {
+                SCOPED_TRACE("call " + std::to_string(at) + ", " + calls[at - 1] + ": " + fault.name);
+                runCase(make, closedRoads, at, fault);
+            }
+        }
+    }
+}
+
+TEST(SweepOfFiles, AnImportOnEveryKindOfFileSystem) {
+    for (unsigned closedRoads = 0; closedRoads <= mostClosedRoads; ++closedRoads) {
+        SCOPED_TRACE(closedRoads);
+        sweepFiles(importOperation(false), closedRoads);
+    }
+    sweepFiles(importOperation(true), 0);
+}
+
+TEST(SweepOfFiles, ABackup) {
+    sweepFiles(backupOperation(), 0);
+}
+
+TEST(SweepOfFiles, WhatOnlyReads) {
+    sweepFiles(exportOperation(false), 0);
+    sweepFiles(exportOperation(true), 0);
+    sweepFiles(restoreOperation(), 0);
+}
+
+}  // namespace
+}  // namespace kzq::test
