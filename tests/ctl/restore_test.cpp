@@ -100,15 +100,5 @@ TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     EXPECT_EQ(audio()[2], loopOf(7, 1).audio);
 }
 
-TEST_F(RestoreTest, ALoopThatCannotBeComparedEndsItUnharmed) {
-    EXPECT_EQ(backup(), ExitCode::ok);
-    pedal.setLoop(1, std::nullopt);
-    plan("refuse@E1");
-    EXPECT_EQ(restore(), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(),
-                HasSubstr("Loop 5 was not compared: the pedal refused to send it. Nothing was changed."));
-    EXPECT_EQ(sent(0xE2), 0);
-}
-
 }  // namespace
 }  // namespace kzq::test

@@ -74,25 +74,6 @@ TEST_F(Export, SendsLoopsInAscendingOrderWithTheirOddNumbering) {
     }
 }
 
-TEST_F(Export, ALoopThatFailsDoesNotStopTheOthers) {
-    stage(2, {});
-    stage(4, *wave(Bytes{}, 2));
-    exports.emplace(5_slot, ExportInfo{folder / "missing.wav", 5, false, 6});
-    stageFrames(6, 10);
-    stageFrames(7, 2000);
-    stageFrames(8, 10);
-    stageFrames(9, 10);
-    pedal.plan({FaultKind::refuse, Where::control, 0xE3, 1});
-    pedal.plan({FaultKind::stall, Where::bulkOut, {}, 2});
-    pedal.plan({FaultKind::refuse, Where::control, 0xE2, 4});
-    exportLoops();
-    executor.settle();
-    EXPECT_EQ(results, (Pairs{{2, 0}, {4, 0}, {5, 0}, {6, 0}, {7, 0}, {8, 60}, {9, 0}}));
-    EXPECT_THAT(counts, ElementsAre(1));
-    EXPECT_THAT(actions(), ElementsAre("E2 5 0", "E3 60 0", "E2 6 0", "E3 12000 0", "out 1024", "out 1024",
-                                       "E2 7 0", "E3 60 0", "out 60", "E2 8 0"));
-}
-
 TEST_F(Export, AWorkingCopyThatIsNoFileOrLongerThanAnyLoopIsNotSent) {
     exports.emplace(2_slot, ExportInfo{folder, 2, false, 6});
     stage(4, {1});
@@ -128,18 +109,6 @@ TEST_F(Export, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
     EXPECT_FALSE(exportLoops());
     executor.settle();
     EXPECT_THAT(actions(), IsEmpty());
-}
-
-TEST_F(Export, ACablePulledInTheMiddleEndsTheBatch) {
-    stageFrames(2, 1000);
-    stageFrames(4, 1);
-    pedal.plan({FaultKind::unplug, Where::bulkOut, {}, 3});
-    exportLoops();
-    executor.settle();
-    EXPECT_EQ(results, (Pairs{{2, 0}, {4, 0}}));
-    EXPECT_THAT(counts, ElementsAre(0));
-    EXPECT_THAT(delegate->events, ElementsAre("connected p@0", "disconnected@0"));
-    EXPECT_EQ(executor.mainThreadWaits(), 0U);
 }
 
 class Erase : public PedalTest {

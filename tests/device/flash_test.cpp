@@ -59,43 +59,6 @@ TEST_F(BlankFlashing, SendsTheWholeUpdateInOneGo) {
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
 }
 
-TEST_F(BlankFlashing, EveryFailureEndsTheUpdateOnceAndLeavesItRepeatable) {
-    const std::vector<simulator::Fault> faults = {
-        {FaultKind::refuse, Where::control, 0xE7, 1}, {FaultKind::refuse, Where::control, 0xE4, 1},
-        {FaultKind::stall, Where::bulkOut, {}, 1},    {FaultKind::refuse, Where::control, 0xE5, 1},
-        {FaultKind::stall, Where::bulkOut, {}, 2},
-    };
-    const std::vector<Executor::Duration> ends = {0s, 0s, 8s, 9s, 9s};
-    for (std::size_t i = 0; i < faults.size(); ++i) {
-        results.clear();
-        pedal.plan(faults[i]);
-        const auto begun = executor.elapsed();
-        ASSERT_TRUE(flash(Bytes{1, 2, 3, 4, 5})) << i;
-        executor.advance(20s);
-        EXPECT_THAT(results, ElementsAre(false)) << i;
-        EXPECT_EQ(ended - begun, ends[i]) << i;
-        EXPECT_TRUE(looper().factoryBlank()) << i;
-    }
-    results.clear();
-    pedal.clearFaults();
-    flash(Bytes{1, 2, 3, 4, 5});
-    executor.advance(20s);
-    EXPECT_THAT(results, ElementsAre(true));
-}
-
-TEST_F(BlankFlashing, ACablePulledDuringThePauseFailsTheImage) {
-    flash(Bytes{1});
-    executor.advance(4s);
-    pedal.unplug();
-    executor.advance(4s);
-    EXPECT_THAT(results, ElementsAre(false));
-    EXPECT_THAT(delegate->events, ElementsAre("connected b@0", "disconnected@8000"));
-    pedal.plugIn();
-    executor.advance(1min);
-    EXPECT_EQ(results.size(), 1U);
-    EXPECT_FALSE(looper().busy());
-}
-
 TEST_F(Flashing, SendsANormalPedalIntoItsLoaderAndGoesOnWhenItReturns) {
     const Bytes image{1, 2, 3, 4, 5};
     ASSERT_TRUE(flash(image));
@@ -114,20 +77,6 @@ TEST_F(Flashing, SendsANormalPedalIntoItsLoaderAndGoesOnWhenItReturns) {
                 ElementsAre("0.000 E4 1 0", "0.100 unplugged", "1.600 plugged", "1.600 E4 1 0", "9.600 out 5",
                             "10.600 E5 1 0", "10.600 out 36", "10.700 unplugged", "12.200 plugged"));
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
-}
-
-TEST_F(Flashing, ASecondAttemptStartsFromTheLoader) {
-    pedal.plan({FaultKind::stall, Where::bulkOut, {}, 1});
-    flash(Bytes{1});
-    executor.advance(1min);
-    EXPECT_THAT(results, ElementsAre(false));
-    EXPECT_TRUE(looper().factoryBlank());
-    pedal.clearJournal();
-    ASSERT_TRUE(flash(Bytes{1, 2}));
-    executor.advance(9s);
-    EXPECT_THAT(results, ElementsAre(false, true));
-    EXPECT_THAT(timed(1min),
-                ElementsAre("0.000 E7 1 0", "0.000 E4 1 0", "8.000 out 2", "9.000 E5 1 0", "9.000 out 36"));
 }
 
 TEST_F(Flashing, StaysPendingWhileThePedalIsAwayAndGoesOnWheneverItComes) {

@@ -79,13 +79,6 @@ TEST_F(Import, ASlotThatFailsDoesNotStopTheBatch) {
     EXPECT_THAT(actions(), Not(Contains("EF 1 0")));
 }
 
-TEST_F(Import, AnOverrunFailsTheLoop) {
-    pedal.plan({FaultKind::overrun, Where::bulkIn, {}, 2});
-    importLoops({3});
-    executor.settle();
-    EXPECT_EQ(files[3], std::nullopt);
-}
-
 TEST_F(Import, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
     cancelAt = 64 + 2048;
     importLoops({1, 3, 10});
@@ -161,23 +154,6 @@ TEST_F(Import, ADepartureInMidReadEndsTheBatchAtOnceAndIsToldAfterIt) {
     executor.settle();
     expectWhole(11);
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
-}
-
-TEST_F(Import, InterruptEndsAReadThatHangs) {
-    pedal.plan({FaultKind::silence, Where::bulkIn, {}, 3});
-    importLoops({3, 11});
-    executor.settle();
-    pedal.clearJournal();
-    executor.advance(30s);
-    EXPECT_THAT(wire(), IsEmpty()) << "the poll pauses while a batch runs";
-    looper().cancelTransfer();
-    looper().interrupt();
-    executor.settle();
-    EXPECT_THAT(counts, ElementsAre(0));
-    EXPECT_EQ(looper().operation(), KZQ7306::idle);
-    EXPECT_EQ(wire().back(), "EF 1 0");
-    executor.advance(5s);
-    EXPECT_EQ(delegate->events.back().substr(0, 9), "changed 5");
 }
 
 }  // namespace

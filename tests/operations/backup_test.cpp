@@ -202,20 +202,6 @@ TEST_F(BackupWork, ALengthThatCannotBeIsNeitherReadNorCounted) {
     EXPECT_FALSE(snapshot->folder.isComplete());
 }
 
-TEST_F(BackupWork, AFileThatCannotBeWrittenEndsIt) {
-    const auto made = folder / "unfinished 2026-11-22 14-02-31";
-    onBegin = [&](auto...) { std::filesystem::create_directory(made / "backup.partial.json"); };
-    auto outcome = backup();
-    EXPECT_THAT(said, ElementsAre("1 failed file"));
-    EXPECT_EQ(outcome.end, outcome.slots.back().trouble);
-    EXPECT_EQ(outcome.slots.back().file, made);
-    EXPECT_EQ(outcome.done(), 0U);
-
-    std::filesystem::remove_all(folder.path());
-    writeText(folder, "");
-    EXPECT_EQ(end(backup()), "folder");
-}
-
 TEST(BackupIndex, OnlyAWholeIndexIsRead) {
     BackupIndex index;
     index.firmware = "1.05";

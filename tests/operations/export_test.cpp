@@ -168,39 +168,6 @@ TEST_F(ExportTest, WhatWasWrittenIsReadBackInARunOfItsOwn) {
     EXPECT_THAT(said, ElementsAre("2 compared"));
 }
 
-TEST_F(ExportTest, WhatWasUnderWayAtTheEndIsInDoubt) {
-    for (const auto batches : {Batches::one, Batches::each}) {
-        hold({});
-        onMove = [this](SlotNumber slot, auto) {
-            if (slot == 4_slot) {
-                cancel();
-            }
-        };
-        auto all = order(batches);
-        all.seen = table();
-        const auto outcome = write(all);
-        EXPECT_EQ(end(outcome), "cancelled");
-        EXPECT_EQ(text(*outcome.doubt), batches == Batches::one ? "4 failed cancelled" : "4 failed");
-        EXPECT_EQ(outcome.done(), 2U);
-        EXPECT_EQ(count("reset"), 1);
-    }
-    hold({});
-    auto one = order(Batches::each);
-    one.exports = {{5_slot, copy(5_slot, 200)}};
-    plan("unplug@EC:2");  // when it is asked what it holds
-    EXPECT_EQ(text(*write(one).doubt), "5 sent");
-
-    pedal.plugIn();
-    executor.settle();
-    hold({});
-    one.batches = Batches::one;
-    one.seen = table();
-    plan("unplug@EC:2");
-    const auto outcome = write(one);
-    EXPECT_EQ(end(outcome), "unplugged");
-    EXPECT_THAT(texts(outcome), ElementsAre("5 sent"));
-}
-
 TEST(ExportOrder, WhatShrinksGoesFirst) {
     const Loops loops = {{1_slot, {.samples = 10}}, {2_slot, {.samples = 90}}, {3_slot, {.samples = 50}}};
     Exports exports;

@@ -65,72 +65,6 @@ TEST_F(FlashWork, IsConfirmedOnceThePedalHasReportedItsVersion) {
     EXPECT_LT(executor.elapsed(), 14s);
 }
 
-TEST_F(FlashWork, AFailureInTheLoaderIsToldAndCanBeRepeated) {
-    const std::vector<std::pair<std::string, std::string>> faults = {
-        {"refuse@E7", "refused"},   {"refuse@E4", "refused"},    {"stall@out", "not-sent"},
-        {"refuse@E5", "refused"},   {"stall@out:2", "not-sent"}, {"silence@out", "silent"},
-        {"unplug@out", "unplugged"}};
-    blank();
-    for (const auto& [fault, why] : faults) {
-        limits(60s);
-        plan(fault);
-        const auto begun = executor.elapsed();
-        const auto end = flash();
-        EXPECT_EQ(failure(end), why) << fault;
-        EXPECT_EQ(end.phase, Phase::sending) << fault;
-        EXPECT_LT(executor.elapsed() - begun, 70s) << fault;
-    }
-    pedal.plugIn();
-    executor.settle();
-    limits(60s);
-    EXPECT_EQ(confirm(flash()).how, How::confirmed);
-}
-
-TEST_F(FlashWork, ATrailerThatIsNeverAnsweredInstallsNothing) {
-    blank();
-    plan("stall@E5");
-    const auto sent = flash();
-    EXPECT_EQ(sent.how, How::sent);
-    EXPECT_EQ(sent.why.value().kind, Trouble::Kind::noAnswer);
-    const auto end = confirm(sent);
-    EXPECT_EQ(end.how, How::unconfirmed);
-    EXPECT_EQ(end.why.value().kind, Trouble::Kind::stillInLoader);
-    EXPECT_EQ(count("reset"), 0) << "it may be storing the image";
-}
-
-TEST_F(FlashWork, APedalThatIsNotSeenAgainIsNotConfirmed) {
-    const auto after = [this](const std::function<void()>& what) {
-        blank();
-        onPhase = [what](Phase phase) {
-            if (phase == Phase::sent) {
-                what();
-            }
-        };
-        const auto end = confirm(flash());
-        EXPECT_EQ(end.how, How::unconfirmed);
-        return std::string(troubleName(end.why.value().kind));
-    };
-    EXPECT_EQ(after([this] { pedal.setReturns(false); }), "no-return");
-    EXPECT_EQ(after([this] {
-                  plan("stall@EA:1+");
-                  pedal.setReturns(true);
-              }),
-              "unknown-version");
-    pedal.clearFaults();
-    EXPECT_EQ(after([this] { cancel(); }), "cancelled");
-    blank();
-    pedal.setReturns(false);
-    onPhase = [this](Phase phase) {
-        if (phase == Phase::sent) {
-            executor.mainAfter(2s, [this] {
-                pedal.setStage('b');
-                pedal.plugIn();
-            });
-        }
-    };
-    EXPECT_EQ(confirm(flash()).how, How::inLoader);
-}
-
 TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
     plan("refuse@E4");
     EXPECT_EQ(failure(), "loader-refused");
@@ -145,18 +79,6 @@ TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
     cancel();
     EXPECT_EQ(failure(), "cancelled");
     EXPECT_THAT(phases, IsEmpty());
-}
-
-TEST_F(FlashWork, AReplyThatIsLostIsNoRefusal) {
-    plan("stall@E4");
-    EXPECT_EQ(failure(), "silent");
-    EXPECT_THAT(phases, ElementsAre(Phase::asking, Phase::restarting));
-}
-
-TEST_F(FlashWork, APedalThatDoesNotComeBackAsItsLoader) {
-    pedal.setReturns(false);
-    EXPECT_EQ(failure(), "no-return");
-    EXPECT_EQ(executor.elapsed() / 1s, 60);
 }
 
 TEST_F(FlashWork, TheUpdateStaysPendingForWhoWaits) {

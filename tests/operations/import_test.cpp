@@ -76,22 +76,6 @@ TEST_F(ImportTest, WhatCannotBeOrIsNotWhatTheTableHadIsLeftOut) {
     EXPECT_TRUE(import(some).whole());
 }
 
-TEST_F(ImportTest, ACancelStopsThePedalAndKeepsWholeFiles) {
-    for (const auto batches : {Batches::one, Batches::each}) {
-        hold({});
-        onMove = [this](SlotNumber slot, auto) {
-            if (slot == 3_slot) {
-                cancel();
-            }
-        };
-        const auto outcome = import(batches);
-        EXPECT_EQ(end(outcome), "cancelled");
-        EXPECT_TRUE(outcome.begun);
-        EXPECT_EQ(outcome.done(), 1U);
-        EXPECT_THAT(actions(), ElementsAre("E1 0 1", "in 64", "E1 2 2", "in 1024", "reset", "EF 1 0"));
-    }
-}
-
 /// A file that takes its time is no silence of the pedal.
 TEST_F(ImportTest, ASlowDiskDoesNotResetThePedal) {
     writing = 10s;
@@ -101,33 +85,6 @@ TEST_F(ImportTest, ASlowDiskDoesNotResetThePedal) {
     EXPECT_EQ(count("reset"), 1);  // the cancel's own
     EXPECT_EQ(executor.elapsed(), 10s);
     EXPECT_THAT(said, ElementsAre("1 saved"));
-}
-
-TEST_F(ImportTest, ARefusalAndADepartureAreToldApart) {
-    pedal.setBusy(true);
-    auto outcome = import(Batches::one);
-    EXPECT_EQ(end(outcome), "busy");
-    EXPECT_FALSE(outcome.begun);
-    pedal.setBusy(false);
-    EXPECT_TRUE(import(Batches::one).whole()) << "a refusal is no end of the work";
-
-    for (const auto batches : {Batches::one, Batches::each}) {
-        hold({});
-        plan("unplug@in:3");
-        outcome = import(batches);
-        EXPECT_EQ(end(outcome), "unplugged");
-        EXPECT_EQ(outcome.done(), 1U);
-        hold({});
-        outcome = import(batches);
-        EXPECT_EQ(end(outcome), "silent") << "nobody says that it left";
-        EXPECT_FALSE(outcome.begun);
-        pedal.plugIn();
-        executor.settle();
-    }
-    hold({});
-    plan("stall@in:2");
-    EXPECT_EQ(end(import(Batches::one)), "") << "it still answers";
-    EXPECT_THAT(said, ElementsAre("1 saved", "3 failed transfer-failed", "10 saved"));
 }
 
 }  // namespace

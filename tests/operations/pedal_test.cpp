@@ -103,20 +103,6 @@ TEST_F(PedalWork, ACancelCountsWheneverItComes) {
     EXPECT_EQ(read(3_slot), "") << "it ends its own run only";
 }
 
-TEST_F(PedalWork, AStatusIsWholeWithinThreeTries) {
-    const auto read = [this] { return run([this] { return work->status(); }); };
-    plan("shorten@EC");
-    plan("stall@EB:2");
-    EXPECT_EQ(read()->loops.size(), 5U);
-    EXPECT_EQ(count("E9 1 0"), 3);
-    plan("stall@EA+");
-    EXPECT_EQ(read().error().kind, Kind::tableIncomplete);
-    pedal.clearFaults();
-    EXPECT_TRUE(read());
-    plan("unplug@EC");
-    EXPECT_EQ(read().error().kind, Kind::unplugged);
-}
-
 TEST_F(PedalWork, WhatIsAsideIsLeftAtOnce) {
     executor.mainAfter(1s, [this] { work->left(); });
     EXPECT_FALSE(run([this] { return work->aside([this] { executor.sleep(1h); }); }));
