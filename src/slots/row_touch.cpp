@@ -35,7 +35,7 @@ class RowTouch : public QObject {
                 focus_ = false;
                 break;
             case QEvent::KeyPress:
-                return pressed(watched, static_cast<const QKeyEvent&>(*event));
+                return pressed(static_cast<const QKeyEvent&>(*event));
             default:
                 return false;
         }
@@ -52,21 +52,8 @@ class RowTouch : public QObject {
         focus_ = byKeyboard_;
     }
 
-    bool pressed(const QObject* at, const QKeyEvent& event) {
-        switch (event.key()) {
-            case Qt::Key_P:
-                return !event.isAutoRepeat() && played(event.modifiers());
-            case Qt::Key_Left:
-                return (at == row_.button() && focusOn(*row_.ring())) || back(at);
-            case Qt::Key_Right:
-                return (at == row_.x() && focusOn(*row_.compare())) || forth(at);
-            case Qt::Key_Backtab:
-                return back(at);
-            case Qt::Key_Tab:
-                return forth(at);
-            default:
-                return false;
-        }
+    bool pressed(const QKeyEvent& event) {
+        return event.key() == Qt::Key_P && !event.isAutoRepeat() && played(event.modifiers());
     }
 
     bool played(Qt::KeyboardModifiers modifiers) {
@@ -76,33 +63,6 @@ class RowTouch : public QObject {
             row_.compareClicked();
         }
         return modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier;
-    }
-
-    static bool focusOn(QWidget& part) {
-        if (part.isHidden()) {
-            return false;
-        }
-        part.setFocus(Qt::TabFocusReason);
-        return true;
-    }
-
-    // Ring and A/B are no stops of Tab, so from them it goes on as from the button and the x. Whether it has
-    // arrived already:
-
-    bool back(const QObject* at) {
-        if (at == row_.ring()) {
-            row_.button()->setFocus(Qt::BacktabFocusReason);
-            return false;
-        }
-        return at == row_.compare() && focusOn(*row_.x());
-    }
-
-    bool forth(const QObject* at) {
-        if (at == row_.compare()) {
-            row_.x()->setFocus(Qt::TabFocusReason);
-            return false;
-        }
-        return at == row_.ring() && focusOn(*row_.button());
     }
 
     Slot& row_;

@@ -135,6 +135,7 @@ bool Slot::selected() const {
 }
 
 void Slot::setSelected(bool selected) {
+    const RowChange change(*this);
     if (button_ != nullptr) {
         button_->setState(selected ? 1 : 0);
     }
@@ -155,6 +156,7 @@ void Slot::setCustomImportName(const std::optional<QString>& name) {
 }
 
 void Slot::setExporting(const std::optional<QUrl>& file) {
+    const RowChange change(*this);
     exporting_ = file;
     setFieldText(shownName());
     resetNameField();
@@ -162,6 +164,7 @@ void Slot::setExporting(const std::optional<QUrl>& file) {
 }
 
 void Slot::setExported(bool exported) {
+    const RowChange change(*this);
     exported_ = exported;
     placeX(exporting_.has_value() && !exported_);
     resetNameField();  // the text says "complete" from now on, or no longer
@@ -228,6 +231,7 @@ void Slot::buttonClicked() {
 }
 
 void Slot::doNotExport() {
+    const RowChange change(*this);
     if (delegate_ != nullptr) {
         delegate_->exportAboutToBeRemoved(*this);
     }

@@ -12,6 +12,7 @@
 
 #include "loops/frames.h"
 #include "loops/slot_number.h"
+#include "platform/fixed.h"
 #include "slots/drop_sign.h"
 #include "slots/row_layout.h"
 #include "slots/row_sound.h"
@@ -27,6 +28,7 @@
 namespace kzq {
 
 class ApplicationController;
+class RowChange;
 
 /// One row of the import list (context 0: loops that go to the computer) or of the export list (context 1:
 /// files that go to the pedal). Keeps the row's state, derives its text, colour and pictures from it, and
@@ -157,6 +159,7 @@ class Slot : public QObject {
     void controlTextDidEndEditing();
 
   private:
+    friend RowChange;
     Slot(std::uint8_t number, std::int32_t context, ApplicationController& application);
     bool loadLayout(QWidget* parent);
     void setUp();
@@ -174,7 +177,8 @@ class Slot : public QObject {
     void showSound();
     void showRing();
     void describe();
-    void describeSound(const QString& length);
+    QString description(bool complete) const;
+    void describeSound();
     QString shownName() const { return name().value_or(QString()); }
 
     ApplicationController& application_;
@@ -193,6 +197,7 @@ class Slot : public QObject {
     bool occupied_ = false;
     bool exported_ = false;
     bool touched_ = false;
+    int changes_ = 0;
     std::uint64_t samples_ = 0;
     std::uint64_t bytes_ = 0;
     std::uint64_t alignedBytes_ = 0;
@@ -204,6 +209,20 @@ class Slot : public QObject {
     std::optional<DropSign> dropSign_;
     QRect originalFieldFrame_;
     QRect shiftedFieldFrame_;
+};
+
+/// While there is one, a row changes step by step; assistive technology hears of it at the end, once. The row
+/// outlives it.
+class RowChange : Fixed {
+  public:
+    explicit RowChange(Slot& row) : row_(row) { ++row_.changes_; }
+    ~RowChange() {
+        --row_.changes_;
+        row_.describe();
+    }
+
+  private:
+    Slot& row_;
 };
 
 }  // namespace kzq

@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 
 #include "slots/slot.h"
+#include "ui/accessible_controls.h"
 
 namespace kzq {
 
@@ -12,16 +13,28 @@ class SlotFieldAccessible : public QAccessibleWidget {
   public:
     explicit SlotFieldAccessible(SlotField* field) : QAccessibleWidget(field, QAccessible::StaticText) {}
 
+    QAccessible::State state() const override {
+        auto state = QAccessibleWidget::state();
+        state.focusable = takesFocus(*widget());
+        return seenThrough(*widget(), state);
+    }
+
     QStringList actionNames() const override {
-        auto names = QAccessibleWidget::actionNames();
+        QStringList names;
         if (canRename()) {
-            names.prepend(pressAction());
+            names << pressAction();
         }
-        return names;
+        if (takesFocus(*widget())) {
+            names << setFocusAction();
+        }
+        return seenThrough(*widget(), names);
     }
 
     void doAction(const QString& name) override {
-        if (name == pressAction() && canRename()) {
+        if (!actionNames().contains(name)) {
+            return;
+        }
+        if (name == pressAction()) {
             static_cast<SlotField*>(widget())->startRenaming();
         } else {
             QAccessibleWidget::doAction(name);

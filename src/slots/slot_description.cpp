@@ -1,57 +1,70 @@
 // What assistive technology reads out of a row.
 
+#include <QStringList>
+
 #include "loops/spoken_length.h"
 #include "slots/slot.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
 namespace {
 
-// Each is announced as a change, even if it is the same again.
-
-void call(QWidget& part, const QString& name) {
-    if (part.accessibleName() != name) {
-        part.setAccessibleName(name);
-    }
-}
-
-void describeAs(QWidget& part, const QString& description) {
-    if (part.accessibleDescription() != description) {
-        part.setAccessibleDescription(description);
-    }
+QString spoken(Frames length) {
+    return QString::fromStdString(spokenLength(length));
 }
 
 }  // namespace
 
-void Slot::describe() {
-    const auto words = [this](const char* text) { return QString::fromLatin1(text).arg(number_); };
-    const bool timed = canPlay() && length_.count != 0;
-    const auto spoken = timed ? QString::fromStdString(spokenLength(length_)) : QString();
-    call(*view_, defaultName_);
-    describeAs(*view_, spoken);
-    call(*numberLabel_, words("Loop %1"));
-    if (isExport()) {
-        call(*button_, words(occupied_ ? "Overwrite Loop %1" : "Add Loop %1"));
-        // the name itself cannot have the focus
-        describeAs(*button_, timed ? field_->text() + QLatin1String(", ") + spoken : field_->text());
-    } else {
-        call(*button_, words("Loop %1, select"));
-        describeAs(*button_, spoken);
+/// Name, length, and what is going to happen or happens to it. `complete`: also what the controls in the row
+/// say.
+QString Slot::description(bool complete) const {
+    QStringList words;
+    if (const auto shown = field_->text(); shown != defaultName_ && !shown.isEmpty()) {
+        words << shown;
     }
-    call(*x_, words("Remove file from loop %1"));
-    call(*field_, words("Loop %1 name"));
-    describeAs(*field_, field_->text());
-    describeSound(spoken);
+    if (canPlay() && length_.count != 0) {
+        words << spoken(length_);
+    }
+    if (isStaged()) {
+        words << QString::fromLatin1(occupied_ ? "staged, replaces a loop" : "staged");
+    } else if (complete && selected()) {
+        words << QString::fromLatin1("picked up");
+    }
+    if (complete && sound_.ring != RowSound::Ring::play) {
+        words << QString::fromLatin1(sound_.plays() ? "playing" : "being read");
+    }
+    return words.join(QString::fromLatin1(", "));
 }
 
-void Slot::describeSound(const QString& length) {
+void Slot::describe() {
+    if (changes_ != 0 || !hasViews()) {
+        return;
+    }
+    const auto words = [this](const char* text) { return QString::fromLatin1(text).arg(number_); };
+    callIt(*view_, defaultName_);
+    describeAs(*view_, description(true));
+    callIt(*numberLabel_, words("Loop %1"));
+    if (isExport()) {
+        callIt(*button_, words(occupied_ ? "Overwrite Loop %1" : "Add Loop %1"));
+    } else {
+        callIt(*button_, words("Loop %1, select"));
+    }
+    describeAs(*button_, description(false));  // the row itself cannot have the focus
+    callIt(*x_, words("Remove file from loop %1"));
+    callIt(*field_, words("Loop %1 name"));
+    describeAs(*field_, field_->text());
+    describeSound();
+}
+
+void Slot::describeSound() {
     const auto subject = isStaged() ? nameOfExport().value_or(defaultName_) : defaultName_;
-    const auto play = length.isEmpty() ? QString::fromLatin1("Play %1").arg(subject)
-                                       : QString::fromLatin1("Play %1, %2").arg(subject, length);
+    const auto play = length_.count == 0 ? QString::fromLatin1("Play %1").arg(subject)
+                                         : QString::fromLatin1("Play %1, %2").arg(subject, spoken(length_));
     const bool stops = sound_.ring != RowSound::Ring::play;
-    call(*ring_, stops ? QString::fromLatin1("Stop %1").arg(subject) : play);
+    callIt(*ring_, stops ? QString::fromLatin1("Stop %1").arg(subject) : play);
     describeAs(*ring_, sound_.trouble);
-    call(*compare_, QString::fromLatin1("Compare with %1").arg(defaultName_));
+    callIt(*compare_, QString::fromLatin1("Compare with %1").arg(defaultName_));
     describeAs(*compare_, QString::fromLatin1("%1 plays").arg(sound_.other ? defaultName_ : subject));
 }
 

@@ -66,6 +66,7 @@ void Slot::resetNameField() {
         field_->currentEditor() != nullptr) {
         return;
     }
+    const RowChange change(*this);
     if (isExport()) {
         field_->setText(shownName());
         button_->resetImage();

@@ -3,9 +3,12 @@
 #include <QEnterEvent>
 #include <QKeyEvent>
 
+#include "ui/accessible_controls.h"
+
 namespace kzq {
 
 KeyButton::KeyButton(QWidget* parent) : QAbstractButton(parent) {
+    installAccessibleControls();
     setFocusPolicy(Qt::TabFocus);
     setProperty("focusRingRadius", 8);
 }

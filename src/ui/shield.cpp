@@ -42,6 +42,16 @@ Shield::~Shield() {
     }
 }
 
+Shield* Shield::over(const QWidget& parent) {
+    return parent.findChild<Shield*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+bool Shield::covers(const QWidget& widget) {
+    const auto* const window = widget.window();
+    const auto* const shield = &widget != window ? over(*window) : nullptr;
+    return shield != nullptr && shield != &widget && !shield->isAncestorOf(&widget);
+}
+
 bool Shield::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseButtonPress:
@@ -78,6 +88,10 @@ bool Shield::eventFilter(QObject* watched, QEvent* event) {
         raise();
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool Shield::focusNextPrevChild(bool /*next*/) {
+    return true;
 }
 
 void Shield::paintEvent(QPaintEvent* /*event*/) {

@@ -107,6 +107,7 @@ TEST_F(Editing, TheEditorOutlivesTheRow) {
         row->endEditing();
         EXPECT_FALSE(row->selected());
     }
+    importGrid.reset();
     importSlots[0].reset();
 }
 

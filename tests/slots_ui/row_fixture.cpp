@@ -4,7 +4,7 @@ namespace kzq::test {
 
 namespace {
 
-constexpr std::uint8_t rows = 3;
+constexpr std::uint8_t rows = 20;
 constexpr int pitch = 32;
 constexpr int rowWidth = 344;
 
@@ -19,6 +19,13 @@ RowFixture::RowFixture() {
             row->setDelegate(this);
             (context == Slot::importContext ? importSlots : exportSlots).push_back(std::move(row));
         }
+    }
+    for (auto* const list : {&importSlots, &exportSlots}) {
+        RowGrid::Rows all;
+        for (const auto& row : *list) {
+            all.push_back(row.get());
+        }
+        (list == &importSlots ? importGrid : exportGrid) = std::make_unique<RowGrid>(std::move(all));
     }
     window.setFocusPolicy(Qt::ClickFocus);
     window.show();

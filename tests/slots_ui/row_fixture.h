@@ -8,13 +8,14 @@
 #include <string>
 #include <vector>
 
+#include "slots/row_grid.h"
 #include "slots/slot.h"
 #include "slots/slot_field_editor.h"
 #include "ui/application_controller.h"
 
 namespace kzq::test {
 
-/// Two lists of three rows in a window, with a controller that records its calls.
+/// Two lists of twenty rows in a window, with a controller that records its calls.
 class RowFixture : public testing::Test, public SlotDelegate, public ApplicationController {
   protected:
     RowFixture();
@@ -32,6 +33,8 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
 
     std::vector<std::unique_ptr<Slot>> importSlots;
     std::vector<std::unique_ptr<Slot>> exportSlots;
+    std::unique_ptr<RowGrid> importGrid;
+    std::unique_ptr<RowGrid> exportGrid;
     SlotFieldEditor editor;
     QWidget window;
     std::vector<std::string> calls;

@@ -1,5 +1,6 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -13,9 +14,11 @@
 #include "ui/cut_text.h"
 #include "ui/fonts.h"
 #include "ui/handle_scroll_bar.h"
+#include "ui/lower_button.h"
 #include "ui/pictures.h"
 #include "ui/scaled_painter.h"
 #include "ui/shield.h"
+#include "ui/window.h"
 
 namespace kzq {
 namespace {
@@ -115,6 +118,31 @@ TEST(CutText, IsCutWhereItIsReadLastAndTheMarkStandsThere) {
         cut.chop(row.end.size());
         EXPECT_TRUE(row.text.startsWith(cut) && cut.size() > row.text.size() / 2) << cut.toStdString();
     }
+}
+
+TEST(Shield, HidesWhatItCoversFromAssistiveToolsWhichGetItAlone) {
+    Window window;
+    LowerButton button(&window);
+    auto* const told = QAccessible::queryAccessibleInterface(&button);
+    auto* const root = QAccessible::queryAccessibleInterface(&window);
+    const auto& press = QAccessibleActionInterface::pressAction();
+    window.show();
+    {
+        Shield shield(&window);
+        LowerButton stop(&shield);
+        EXPECT_EQ(root->childCount(), 1);
+        EXPECT_EQ(root->child(0)->object(), &shield);
+        EXPECT_TRUE(told->state().disabled && !told->state().focusable);
+        EXPECT_THAT(told->actionInterface()->actionNames(), testing::IsEmpty());
+        told->actionInterface()->doAction(press);
+        told->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+        EXPECT_FALSE(button.hasFocus() || button.isDown());
+        EXPECT_FALSE(QAccessible::queryAccessibleInterface(&stop)->state().disabled);
+    }
+    EXPECT_EQ(root->childCount(), 1);
+    EXPECT_EQ(root->child(0)->object(), &button);
+    told->actionInterface()->doAction(press);
+    EXPECT_TRUE(button.isDown()) << "for a moment, before it acts";
 }
 
 TEST(Pictures, AreDrawnForEachSize) {

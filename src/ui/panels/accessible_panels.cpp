@@ -7,6 +7,7 @@
 #include "ui/panels/menu_item_view.h"
 #include "ui/panels/menu_view.h"
 #include "ui/panels/progress_views.h"
+#include "ui/window.h"
 
 namespace kzq {
 namespace {
@@ -54,9 +55,10 @@ class AccessibleTrack : public QAccessibleWidget, public QAccessibleValueInterfa
     QVariant minimumStepSize() const override { return 1; }
 };
 
-/// Widgets that Qt takes for mere parts: it knows only its own kinds of windows.
+/// Widgets that Qt takes for mere parts: it knows only its own kinds of windows. The main window speaks for
+/// itself.
 bool isPlainWindow(const QWidget& widget) {
-    return widget.isWindow() && widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
+    return widget.isWindow() && qobject_cast<const Window*>(&widget) == nullptr && widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
            qobject_cast<const QDialog*>(&widget) == nullptr;
 }
 

@@ -4,14 +4,14 @@
 
 #include "ui/status/outcome_list.h"
 #include "ui/status/outcome_row.h"
-#include "ui/status/status_line.h"
+#include "ui/status/spoken_words.h"
 
 namespace kzq {
 namespace {
 
 QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object) {
-    if (auto* const line = qobject_cast<StatusLine*>(object)) {
-        return new QAccessibleWidget(line, QAccessible::Notification);
+    if (auto* const words = qobject_cast<SpokenWords*>(object)) {
+        return new QAccessibleWidget(words, QAccessible::Notification);
     }
     if (auto* const list = qobject_cast<OutcomeList*>(object)) {
         return new QAccessibleWidget(list, QAccessible::List);

@@ -2,7 +2,7 @@
 
 namespace kzq {
 
-/// Makes assistive technology see the status line as a notification, and the outcomes as a list. Once is
+/// Makes assistive technology see what is spoken as a notification, and the outcomes as a list. Once is
 /// enough.
 void installAccessibleStatus();
 

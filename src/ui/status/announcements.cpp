@@ -55,6 +55,12 @@ void Announcements::tell(Announcement announcement) {
     }
 }
 
+void Announcements::say(const std::string& sentence) {
+    if (spoken_) {
+        spoken_({.what = sentence});
+    }
+}
+
 /// Older failures of its job.
 void Announcements::settleOlder(const Announcement& newer) {
     if (newer.job.empty() || newer.cancelled) {
@@ -98,8 +104,8 @@ void Announcements::setWork(std::string sentence, std::string actionLabel, std::
     workAction_ = std::move(action);
     const bool news = std::exchange(workSaid_, said) != said && !said.empty();
     update();
-    if (news && spoken_) {
-        spoken_({.what = said});
+    if (news) {
+        say(said);
     }
 }
 
@@ -107,8 +113,8 @@ void Announcements::setPreview(std::string sentence, const std::string& said, bo
     const bool news = preview_.said != said && !said.empty();
     preview_ = {.kind = Kind::work, .sentence = std::move(sentence), .said = said, .warns = warns};
     update();
-    if (news && spoken_) {
-        spoken_({.what = said});
+    if (news) {
+        say(said);
     }
 }
 

@@ -75,6 +75,8 @@ class Announcements {
     void setListeners(std::function<void()> changed, std::function<void(const Announcement&)> spoken);
 
     void tell(Announcement announcement);
+    /// Only spoken: neither shown nor kept.
+    void say(const std::string& sentence);
     /// Whether a failure says this, and nothing has settled it.
     bool stands(const std::string& sentence) const;
     /// What is said while nothing happens, and what can be done about it.

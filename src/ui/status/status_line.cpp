@@ -1,6 +1,5 @@
 #include "ui/status/status_line.h"
 
-#include <QAccessible>
 #include <QEvent>
 #include <QMenuBar>
 
@@ -24,7 +23,8 @@ StatusLine::StatusLine(QMenuBar* bar)
       bar_(bar),
       sentence_(new StatusSentence(this)),
       link_(new StatusLink(this)),
-      list_(new OutcomeList(bar->parentWidget())) {
+      list_(new OutcomeList(bar->parentWidget())),
+      words_(new SpokenWords(this)) {
     installAccessibleStatus();
     new FocusRing(this);
     link_->setWord("Show");
@@ -145,10 +145,7 @@ void StatusLine::speak(const Announcement& announcement) {
     if (!announcement.actionLabel.empty()) {
         words += " " + QString::fromStdString(announcement.actionLabel) + ", button.";
     }
-    setAccessibleName(words);
-    // Qt 6.4 passes no alerts on to AT-SPI; a notification that appears is what Orca reads out
-    QAccessibleEvent appeared(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&appeared);
+    words_->say(words);
 }
 
 void StatusLine::hold() {

@@ -6,6 +6,7 @@
 
 #include "ui/status/announcements.h"
 #include "ui/status/outcome_list.h"
+#include "ui/status/spoken_words.h"
 #include "ui/status/status_link.h"
 #include "ui/status/status_sentence.h"
 
@@ -14,8 +15,8 @@ class QMenuBar;
 namespace kzq {
 
 /// The right end of a menu bar: what came of the last operation, with an action, and the list of the last
-/// outcomes, which a press opens. Lies over the bar as a child of its window, so that a shield covers it. A
-/// screen reader takes it for a notification, and speaks each outcome once. Main thread.
+/// outcomes, which a press opens. Lies over the bar as a child of its window, so that a shield covers it.
+/// A screen reader speaks each outcome once. Main thread.
 class StatusLine : public QWidget {
     Q_OBJECT
 
@@ -28,6 +29,7 @@ class StatusLine : public QWidget {
     StatusSentence& sentence() { return *sentence_; }
     StatusLink& link() { return *link_; }
     OutcomeList& list() { return *list_; }
+    SpokenWords& words() { return *words_; }
     /// Or closes it.
     void openList(Qt::FocusReason reason);
 
@@ -43,6 +45,7 @@ class StatusLine : public QWidget {
     StatusSentence* sentence_;
     StatusLink* link_;
     QPointer<OutcomeList> list_;
+    SpokenWords* words_;
     std::shared_ptr<Announcements> announcements_;
 };
 

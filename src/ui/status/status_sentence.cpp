@@ -10,6 +10,7 @@
 #include "ui/pictures.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 #include "ui/status/chevron.h"
 #include "ui/status/status_look.h"
 
@@ -47,8 +48,8 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
                   besides + words, status::height});
     setToolTip(shown_ == sentence_ ? QString() : sentence_);
     const auto said = line.said.empty() ? sentence_ : QString::fromStdString(line.said);
-    setAccessibleName(sentence_.isEmpty() ? QString("Recent results")
-                                          : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + said);
+    callIt(*this, sentence_.isEmpty() ? QString("Recent results")
+                                      : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + said);
     update();
 }
 
