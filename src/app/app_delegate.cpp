@@ -7,9 +7,11 @@
 #include "app/firmware_flow.h"
 #include "app/import_flow.h"
 #include "app/keep_flow.h"
+#include "app/said.h"
 #include "app/save_report.h"
 #include "app/start_up.h"
 #include "device/kzq7306.h"
+#include "loops/capacity.h"
 #include "slots/slot_field.h"
 #include "ui/panels/front_window.h"
 
@@ -37,6 +39,9 @@ void showTable(AppParts& parts, const std::optional<Loops>& loops) {
         parts.backingUp.tableChanged();
         parts.listening.rowsChanged();
         parts.teller.rest();
+        if (!parts.flows->running()) {
+            parts.teller.say(saidConnected(loops->size(), {remainingFrames(parts.model.inUse().count)}));
+        }
         parts.handedFiles.place();
         parts.carryIn.refresh();
     } else {
@@ -114,6 +119,9 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
 }
 
 void AppDelegate::looperHasBeenDisconnected() {
+    if (!parts_->flows->running()) {  // or its outcome says so
+        parts_->teller.say(saidDisconnected);
+    }
     parts_->flows->pedalLeft();
     parts_->firmware.left();
     parts_->presenter.redrawAbout();

@@ -113,6 +113,7 @@ bool makeRows(AppDelegate& controller, AppParts& parts) {
     }
     parts.rows = std::move(rows);
     parts.window.settleTabOrder();
+    parts.rows.watchKeys();
     parts.carryIn.watch();
     return true;
 }

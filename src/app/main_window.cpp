@@ -1,9 +1,14 @@
 #include "app/main_window.h"
 
+#include <QAccessible>
+#include <QAction>
 #include <QCursor>
 #include <QGuiApplication>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QVariant>
+#include <algorithm>
 #include <cmath>
 
 #include "app/menu_bar.h"
@@ -34,6 +39,22 @@ void nameByIdentifier(const QWidget& root) {
     for (auto* const widget : root.findChildren<QWidget*>()) {
         if (const auto identifier = widget->property("identifier"); identifier.isValid()) {
             widget->setObjectName(identifier.toString());
+        }
+    }
+}
+
+/// Whoever holds on to a menu by way of assistive technology has to look for it anew.
+void forgetMenus(const QMenuBar& bar) {
+    QObjectList parts{const_cast<QMenuBar*>(&bar)};
+    for (auto* const menu : bar.findChildren<QMenu*>()) {
+        parts.append(menu);
+    }
+    for (auto* const entry : bar.findChildren<QAction*>()) {
+        parts.append(entry);
+    }
+    for (auto* const part : parts) {
+        if (auto* const seen = QAccessible::queryAccessibleInterface(part)) {
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(seen));
         }
     }
 }
@@ -71,13 +92,13 @@ void MainWindow::dress() {
     ui_.content->setPicture("Window_plate");
     ui_.importBand->setPicture("Band_Import");
     ui_.exportBand->setPicture("Band_Export");
-    ui_.importTabButton->setPicture("Menu_Import_On");
-    ui_.exportTabButton->setPicture("Menu_Export_Off");
+    ui_.importTabButton->setPictures("Menu_Import");
+    ui_.exportTabButton->setPictures("Menu_Export");
+    showTab(0);
     ui_.menuButton->setPicture("Menu_button");
     ui_.menuButton->setToolTip("Menu");
     ui_.meterTrack->setPicture("Meter_track");
     ui_.meter->setPicture("Meter_bar_green");
-    ui_.meter->setFit(PictureView::Fit::cropped);
     ui_.warningMark->setPicture("Warning_mark");
     dressLabel(*ui_.meterCaption, textFont(), KZQWhite());
     dressLabel(*ui_.warningText, textFont(), KZQYellow());
@@ -114,12 +135,41 @@ void MainWindow::showMeter(bool shown) {
 void MainWindow::addShield() {
     if (shield_ == nullptr) {
         statusLine().list().close();
+        forgetMenus(*ui_.menuBar);
         shield_ = new Shield(this);  // NOLINT(cppcoreguidelines-owning-memory): the window's child
     }
 }
 
 void MainWindow::removeShield() {
+    const QPointer<QWidget> before = shield_ != nullptr ? shield_->before() : nullptr;
     delete shield_;  // NOLINT(cppcoreguidelines-owning-memory): not needed any more
+    if (before != nullptr && focusWidget() != before) {
+        focusRows();  // it is disabled now
+    }
+}
+
+void MainWindow::showTab(int index) {
+    ui_.importTabButton->setSelected(index == 0);
+    ui_.exportTabButton->setSelected(index == 1);
+    ui_.tabs->setCurrentIndex(index);
+}
+
+void MainWindow::enable(QWidget& button, bool on) {
+    if (!on && button.hasFocus()) {
+        focusRows();
+    }
+    button.setEnabled(on);
+}
+
+/// What Tab would stop at first on this tab.
+void MainWindow::focusRows() {
+    const auto parts = ui_.tabs->currentWidget()->findChildren<QWidget*>();
+    const auto stop = std::ranges::find_if(parts, [](const QWidget* part) {
+        return (part->focusPolicy() & Qt::TabFocus) != 0 && part->isEnabled() && part->isVisible();
+    });
+    if (stop != parts.end()) {
+        (*stop)->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void MainWindow::offerStop(const std::function<void()>& act) {

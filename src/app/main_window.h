@@ -27,13 +27,13 @@ class MainWindow : public Window {
     StatusLine& statusLine() const { return *status_; }
     /// Everything below the menu bar.
     Background* contentView() const { return ui_.content; }
-    PictureButton* importTabButton() const { return ui_.importTabButton; }
-    PictureButton* exportTabButton() const { return ui_.exportTabButton; }
+    TabButton* importTabButton() const { return ui_.importTabButton; }
+    TabButton* exportTabButton() const { return ui_.exportTabButton; }
     PictureButton* menuButton() const { return ui_.menuButton; }
     /// Item 0 is the import tab, item 1 the export tab. Each has, in the order of the list, the
     /// placeholders of the rows: widgets whose objectName is "import slot N" or "export slot N".
     QStackedWidget* tabs() const { return ui_.tabs; }
-    PictureView* meter() const { return ui_.meter; }
+    Meter* meter() const { return ui_.meter; }
     PictureView* meterTrack() const { return ui_.meterTrack; }
     QLabel* meterCaption() const { return ui_.meterCaption; }
     LowerButton* eraseButton() const { return ui_.eraseButton; }
@@ -43,6 +43,10 @@ class MainWindow : public Window {
     MassSelectionButton* selectAllButton() const { return ui_.selectAllButton; }
     MassSelectionButton* deselectAllButton() const { return ui_.deselectAllButton; }
 
+    /// The item with this index, as its button then says.
+    void showTab(int index);
+    /// Enables a button or disables it. If it has the focus, that goes to the rows.
+    void enable(QWidget& button, bool on);
     void showMeter(bool shown);
     /// Covers everything with the shield, menu bar included; no effect if it is up.
     void addShield();
@@ -74,6 +78,7 @@ class MainWindow : public Window {
     void dress();
     void dressEmptyState();
     void placeStop();
+    void focusRows();
 
     Ui::MainWindow ui_;
     WindowSize* size_;

@@ -4,6 +4,8 @@
 
 #include "app/main_window.h"
 #include "loops/capacity.h"
+#include "loops/facts.h"
+#include "loops/spoken_length.h"
 #include "ui/panels/about.h"
 #include "ui/view_width.h"
 
@@ -55,6 +57,7 @@ void Presenter::lengths() {
 }
 
 void Presenter::table() {
+    const auto changes = rows_.changing();
     for (const auto* const list : {&rows_.imports, &rows_.exports}) {
         for (const auto& row : *list) {
             const auto* const loop = model_.table().find(slotOf(*row));
@@ -70,7 +73,7 @@ void Presenter::table() {
 }
 
 void Presenter::change(const LoopModel::Change& change) {
-    enableImportAndErase(false);
+    const auto changes = rows_.changing();
     for (const auto* const list : {&rows_.imports, &rows_.exports}) {
         for (const auto& row : *list) {
             const auto* const loop = model_.table().find(slotOf(*row));
@@ -91,6 +94,7 @@ void Presenter::change(const LoopModel::Change& change) {
 }
 
 void Presenter::left() {
+    const auto changes = rows_.changing();
     enableImportAndErase(false);
     enableSelectButtons(false);
     window_.showMeter(false);
@@ -120,23 +124,34 @@ void Presenter::meter(Frames used) {
     const auto picture = meterPicture(used.count);
     window_.meter()->setPicture(QString::fromUtf8(picture.data(), static_cast<qsizetype>(picture.size())));
     setWidth(*window_.meter(), meterWidth(used.count));
+    sayMeter(used);
+}
+
+void Presenter::sayMeter(Frames used) {
+    constexpr Frames capacity{capacityFrames};
+    constexpr std::uint64_t minute = 60;
+    const Frames shown{std::min(used.count, capacity.count)};
     window_.meterCaption()->setText(QString::fromStdString(meterCaption(used.count)));
+    window_.meter()->setUsed(
+        static_cast<int>(shown.seconds()), static_cast<int>(capacity.seconds()),
+        QString::fromStdString(spokenLength(shown) + " of " + std::to_string(capacity.seconds() / minute) +
+                               " minutes in use"));
 }
 
 /// Its picture stays.
 void Presenter::emptyMeter() {
     setWidth(*window_.meter(), 0);
-    window_.meterCaption()->setText(QString::fromStdString(meterCaption(0)));
+    sayMeter({});
 }
 
 void Presenter::enableImportAndErase(bool enabled) {
-    window_.importButton()->setEnabled(enabled);
-    window_.eraseButton()->setEnabled(enabled);
+    window_.enable(*window_.importButton(), enabled);
+    window_.enable(*window_.eraseButton(), enabled);
 }
 
 void Presenter::enableSelectButtons(bool enabled) {
-    window_.selectAllButton()->setEnabled(enabled);
-    window_.deselectAllButton()->setEnabled(enabled);
+    window_.enable(*window_.selectAllButton(), enabled);
+    window_.enable(*window_.deselectAllButton(), enabled);
 }
 
 void Presenter::checked(const Slot& row) {
@@ -145,7 +160,8 @@ void Presenter::checked(const Slot& row) {
             other->field()->setEditable(false);
         }
     }
-    if (!row.selected()) {
+    const bool byKey = row.button()->hasFocus() || (rows_.importGrid && rows_.importGrid->picking());
+    if (!row.selected() && !byKey) {  // nothing is edited any more, and the keyboard stays where it is
         focusContent();
     }
     selection();
@@ -189,10 +205,11 @@ void Presenter::saved(SlotNumber slot) {
 void Presenter::staged(SlotNumber slot, const QUrl& file) {
     meter(model_.inUse());
     auto& row = rows_.exportRow(slot);
+    const RowChange change(row);
     row.setExporting(file);
     row.setExported(false);
     length(slot);
-    window_.exportButton()->setEnabled(!model_.staging().empty());
+    window_.enable(*window_.exportButton(), !model_.staging().empty());
     if (row.occupied()) {
         window_.warning()->show();
     }
@@ -200,9 +217,10 @@ void Presenter::staged(SlotNumber slot, const QUrl& file) {
 }
 
 void Presenter::unstaged(Slot& row) {
+    const RowChange change(row);
     row.setExported(false);
     length(slotOf(row));
-    window_.exportButton()->setEnabled(!model_.staging().empty());
+    window_.enable(*window_.exportButton(), !model_.staging().empty());
     const bool overwrites = std::ranges::any_of(
         rows_.exports, [](const auto& other) { return other->occupied() && other->exporting().has_value(); });
     if (!overwrites) {
@@ -218,7 +236,8 @@ void Presenter::sent(SlotNumber slot) {
 }
 
 void Presenter::exportsCleared() {
-    window_.exportButton()->setEnabled(false);
+    const auto changes = rows_.changing();
+    window_.enable(*window_.exportButton(), false);
     for (const auto& row : rows_.exports) {
         row->setExporting(std::nullopt);
         row->setExported(false);
@@ -233,9 +252,7 @@ void Presenter::showTab(std::int32_t context) {
     if (exports) {
         meter(model_.inUse());
     }
-    window_.importTabButton()->setPicture(exports ? "Menu_Import_Off" : "Menu_Import_On");
-    window_.exportTabButton()->setPicture(exports ? "Menu_Export_On" : "Menu_Export_Off");
-    window_.tabs()->setCurrentIndex(exports ? 1 : 0);
+    window_.showTab(exports ? 1 : 0);
 }
 
 void Presenter::focusContent() {

@@ -53,6 +53,8 @@ class Presenter : Fixed {
 
     // --- the export rows
 
+    bool hasKeyboard(SlotNumber slot) const { return rows_.exportRow(slot).button()->hasFocus(); }
+
     /// `changed` is called after each of these.
     void followStaging(std::function<void()> changed) { stagingChanged_ = std::move(changed); }
     /// `file` is the user's own.
@@ -70,6 +72,7 @@ class Presenter : Fixed {
     void enableImportAndErase(bool enabled);
     void enableSelectButtons(bool enabled);
     void emptyMeter();
+    void sayMeter(Frames used);
     /// Of the rows' loops, with their tempo, or of the files that are staged on them: a file that has been
     /// written stays until the table is read again.
     void lengths();

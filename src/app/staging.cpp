@@ -1,11 +1,13 @@
 #include "app/staging.h"
 
+#include <QFileInfo>
 #include <ranges>
 #include <system_error>
 #include <utility>
 
 #include "app/presenter.h"
 #include "app/rows.h"
+#include "app/said.h"
 #include "app/teller.h"
 #include "audio/wave.h"
 #include "loops/capacity.h"
@@ -213,6 +215,7 @@ void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
     switch (model_.stage(*info, drop.order)) {
         case LoopModel::Staged::yes:
             presenter_.staged(drop.slot, drop.file);
+            sayStaged(drop, *info);
             unused_.staged(drop);
             break;
         case LoopModel::Staged::overtaken:
@@ -222,6 +225,17 @@ void Staging::stage(const Drop& drop, const std::filesystem::path& copy) {
             refuse(drop, *info);
             break;
     }
+}
+
+/// Unless the keyboard is there: then the change of its description is read out.
+void Staging::sayStaged(const Drop& drop, const ExportInfo& info) {
+    if (presenter_.hasKeyboard(drop.slot)) {
+        return;
+    }
+    const auto* const loop = model_.table().find(drop.slot);
+    const auto name = QFileInfo(drop.file.fileName()).completeBaseName().toStdString();
+    teller_.say(saidStaged(name, drop.slot, Frames::ofBytes(info.bytes),
+                           loop != nullptr ? std::optional(Frames{loop->samples}) : std::nullopt));
 }
 
 void Staging::refuse(const Drop& drop, const ExportInfo& info) {

@@ -82,6 +82,7 @@ class Staging : public std::enable_shared_from_this<Staging> {
     void tellUnusable(const Drop& drop, const Trouble& trouble);
     bool useAnyway(const Drop& drop);
     void stage(const Drop& drop, const std::filesystem::path& copy);
+    void sayStaged(const Drop& drop, const ExportInfo& info);
     void refuse(const Drop& drop, const ExportInfo& info);
     void work();
     void settle();

@@ -48,6 +48,9 @@ class Teller : Fixed {
     /// acts.
     void tell(const Told& told, const std::string& job = {}, Remedy remedy = {}, const Concern& concern = {});
 
+    /// To assistive technology only.
+    void say(const std::string& sentence) { announcements_->say(sentence); }
+
     /// The failures of `job` are over, without a success.
     void settle(const std::string& job) { announcements_->settle(job); }
 

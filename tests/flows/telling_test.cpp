@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QAction>
 #include <QMenuBar>
 #include <QUrl>
@@ -55,6 +56,47 @@ TEST_F(FlowTest, AnImportOntoAFullDiskSaysWhatIsMissingAndTriesItAgain) {
     EXPECT_EQ(line(), "Loop 3 saved in imports");
     window->statusLine().link().click();
     EXPECT_EQ(dialogs.take().back(), "file://" + folder.string());
+}
+
+/// What assistive technology is told.
+struct Ear {
+    Ear() {
+        QAccessible::setActive(true);
+        QAccessible::installUpdateHandler(&hear);
+    }
+    ~Ear() {
+        QAccessible::installUpdateHandler(nullptr);
+        QAccessible::setActive(false);
+    }
+    static void hear(QAccessibleEvent* event) {
+        const auto* const words = qobject_cast<SpokenWords*>(event->object());
+        if (words != nullptr && event->type() == QAccessible::ObjectShow) {
+            spoken.push_back(words->accessibleName().toStdString());
+        } else if (words == nullptr) {
+            changes.emplace_back(event->type(), event->object());
+        }
+    }
+    static inline std::vector<std::string> spoken;
+    static inline std::vector<std::pair<QAccessible::Event, QObject*>> changes;
+};
+
+TEST_F(FlowTest, AScreenReaderHearsOfEachEventOnce) {
+    launch();
+    const Ear ear;
+    plugIn();
+    EXPECT_THAT(std::exchange(Ear::spoken, {}),
+                ElementsAre("7306 connected, 3 loops, 23 minutes 59 seconds free."));
+    pass(5s);
+    Ear::changes.clear();
+    stage(3, 44'100 * 31);
+    EXPECT_THAT(std::exchange(Ear::spoken, {}),
+                ElementsAre("song 3 staged for Loop 3, 31 seconds, replaces a loop of 0 seconds."));
+    const std::set different(Ear::changes.begin(), Ear::changes.end());
+    EXPECT_EQ(different.size(), Ear::changes.size());
+    EXPECT_LE(Ear::changes.size(), 10U);
+    pedal.unplug();
+    pass(0s);
+    EXPECT_THAT(std::exchange(Ear::spoken, {}), ElementsAre("7306 disconnected."));
 }
 
 TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {

@@ -110,7 +110,7 @@ TEST_F(StatusLineTest, AnOutcomeThatComesWhileTheListIsOpenIsInItAndItsActionWor
 
 TEST_F(StatusLineTest, AScreenReaderSeesANotificationWithWordsForTheMark) {
     tell("2 of 10 loops saved", "no space left on the disk");
-    auto* const told = QAccessible::queryAccessibleInterface(&line);
+    auto* const told = QAccessible::queryAccessibleInterface(&line.words());
     EXPECT_EQ(told->role(), QAccessible::Notification);
     EXPECT_EQ(told->text(QAccessible::Name),
               "Failed: 2 of 10 loops saved: no space left on the disk. Try again, button.");

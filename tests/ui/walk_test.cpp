@@ -3,12 +3,16 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QImage>
+#include <algorithm>
+#include <cmath>
 
 #include "app/main_window.h"
 #include "gallery/bystanders.h"
 #include "slots/slot.h"
 #include "ui/alert_panel.h"
 #include "ui/background.h"
+#include "ui/fonts.h"
 #include "ui/image_button.h"
 #include "ui/panels/about.h"
 #include "ui/panels/about_window.h"
@@ -96,6 +100,59 @@ TEST_F(Walk, EveryControlOfTheMainWindowSaysWhatItIs) {
     rows.front()->field()->setEditable(true);
     window.addShield();
     EXPECT_GE(walk(window), 20 * 4 + 20 * 5 + 4 + 8);
+    window.removeShield();
+
+    const auto told = [](QObject* part) { return QAccessible::queryAccessibleInterface(part); };
+    auto* const imports = told(window.importTabButton());
+    EXPECT_EQ(imports->role(), QAccessible::PageTab);
+    EXPECT_EQ(imports->parent()->role(), QAccessible::PageTabList);
+    window.showTab(1);
+    EXPECT_FALSE(imports->state().selected);
+    EXPECT_TRUE(told(window.exportTabButton())->state().selected);
+    window.meter()->setUsed(582, 1440, "9 minutes 42 seconds of 24 minutes in use");
+    auto* const meter = told(window.meter());
+    EXPECT_EQ(meter->text(QAccessible::Value), "9 minutes 42 seconds of 24 minutes in use");
+    EXPECT_EQ(meter->valueInterface()->currentValue(), 582);
+    EXPECT_EQ(meter->valueInterface()->maximumValue(), 1440);
+}
+
+/// How bright it looks, from 0 to 1.
+double luminance(QColor colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+/// Of the lightest pixel in there to the darkest.
+double contrastIn(const QImage& picture) {
+    double lightest = 0;
+    double darkest = 1;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const auto here = luminance(picture.pixelColor(x, y));
+            lightest = std::max(lightest, here);
+            darkest = std::min(darkest, here);
+        }
+    }
+    return (lightest + 0.05) / (darkest + 0.05);
+}
+
+TEST_F(Walk, NamesAtRestCanBeReadUnderTheShield) {
+    registerFonts();
+    MainWindow window;
+    auto* const place = window.findChild<QWidget*>("import slot 7");
+    const auto row = Slot::slotNumber(7, Slot::importContext, application, place);
+    row->setOccupied(true);
+    row->refresh();
+    window.show();
+    const auto name = QRect(row->field()->mapTo(&window, QPoint()), row->field()->size());
+    EXPECT_GE(contrastIn(window.grab(name).toImage()), 4.5);
+    window.addShield();
+    const auto washed = contrastIn(window.grab(name).toImage());
+    EXPECT_GE(washed, 3.0);
+    RecordProperty("contrast", std::to_string(washed));
 }
 
 TEST_F(Walk, EveryControlOfThePanelsSaysWhatItIs) {

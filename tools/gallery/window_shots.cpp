@@ -85,9 +85,7 @@ class WindowScene {
     }
 
     void openExportTab() {
-        window_.tabs()->setCurrentIndex(1);
-        window_.importTabButton()->setPicture("Menu_Import_Off");
-        window_.exportTabButton()->setPicture("Menu_Export_On");
+        window_.showTab(1);
         window_.warning()->show();
     }
 
