@@ -90,9 +90,24 @@ void FirstWindow::Activate(const QVariantMap& platformData) {
 }
 
 void FirstWindow::Open(const QStringList& addresses, const QVariantMap& platformData) {
+    letComeForward(platformData.value(activationToken).toByteArray());
+    const auto files = QUrl::fromStringList(addresses);
     if (receiver_) {
-        letComeForward(platformData.value(activationToken).toByteArray());
-        receiver_(QUrl::fromStringList(addresses));
+        receiver_(files);
+    } else {
+        early_ = early_.value_or(QList<QUrl>()) + files;
+    }
+}
+
+void FirstWindow::ActivateAction(const QString& /*action*/, const QVariantList& /*parameter*/,
+                                 const QVariantMap& platformData) {
+    Activate(platformData);
+}
+
+void FirstWindow::setReceiver(std::function<void(const QList<QUrl>& files)> receiver) {
+    receiver_ = std::move(receiver);
+    if (const auto early = std::exchange(early_, std::nullopt)) {
+        receiver_(*early);
     }
 }
 

@@ -9,6 +9,7 @@
 #include <QVariant>
 #include <chrono>
 #include <functional>
+#include <optional>
 
 namespace kzq {
 
@@ -42,10 +43,9 @@ class FirstWindow : public QObject {
     /// Waits for that program, and takes the name if it ends meanwhile.
     Claim claim(const Start& start, std::chrono::milliseconds limit = std::chrono::seconds(3));
 
-    /// What other starts hand over; comes from the main loop.
-    void setReceiver(std::function<void(const QList<QUrl>& files)> receiver) {
-        receiver_ = std::move(receiver);
-    }
+    /// What other starts, and the desktop, hand over; comes from the main loop, and at once if it came
+    /// before: a desktop that has the bus start the program asks as soon as the name is there.
+    void setReceiver(std::function<void(const QList<QUrl>& files)> receiver);
     /// From now on, other starts are on their own.
     void release();
 
@@ -54,12 +54,16 @@ class FirstWindow : public QObject {
     // NOLINTBEGIN(readability-identifier-naming): on the bus they are called so
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& addresses, const QVariantMap& platformData);
+    /// There are no actions: the window comes forward.
+    void ActivateAction(const QString& action, const QVariantList& parameter,
+                        const QVariantMap& platformData);
     // NOLINTEND(readability-identifier-naming)
 
   private:
     QDBusConnection bus_;
     const QString name_;
     std::function<void(const QList<QUrl>&)> receiver_;
+    std::optional<QList<QUrl>> early_;  ///< what was handed over before there was a receiver
 };
 
 }  // namespace kzq

@@ -253,7 +253,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Application application(argc, argv);
     Application::setApplicationName("kzq7306");
     Application::setApplicationDisplayName("");  // leaves window titles as they are
-    Application::setDesktopFileName("kzq7306");
+    Application::setDesktopFileName("example.kzq.kzq7306");
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
     FirstWindow first(QDBusConnection::sessionBus(), nameOnBus(options));
