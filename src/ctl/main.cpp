@@ -237,6 +237,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
             },
         .diagnose = [real] { return real ? diagnose() : simulatedFindings(); },
         .examine = [real] { return real ? diagnoseByTrying() : simulatedFindings(); },
+        .removal = [real] { return real ? removal() : std::string(); },
         .capture = recorder::capture,
         .asRoot = rootShell(),
         .report =

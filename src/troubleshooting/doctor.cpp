@@ -89,6 +89,8 @@ std::string writtenBy(const std::string& command) {
     return at == std::string::npos ? std::string() : command.substr(at + writing.size());
 }
 
+constexpr std::string_view settingUp = "/kzq7306-setup install";
+
 std::vector<std::string> rootCommandsOf(const Trouble& trouble) {
     auto commands = commandsOf(trouble.remedy);
     std::ranges::transform(commands, commands.begin(), withoutSudo);
@@ -139,6 +141,9 @@ std::vector<std::string> setUpFiles(const Trouble& trouble) {
             add(std::filesystem::path(file->to) / std::filesystem::path(file->from).filename());
         } else if (const auto written = writtenBy(command); !written.empty()) {
             add(written);
+        } else if (command.ends_with(settingUp)) {
+            add("/etc/udev/rules.d/70-kzq7306.rules");
+            add("/usr/lib/udev/kzq7306-usbtmc");
         }
     }
     return lines;

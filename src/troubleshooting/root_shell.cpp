@@ -6,11 +6,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <sstream>
+#include <string_view>
 #include <vector>
 
 namespace kzq {
@@ -68,6 +71,17 @@ int statusOf(std::vector<std::string> words) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : signalled + WTERMSIG(status);
 }
 
+/// The words of a single program with plain arguments, which needs no shell: polkit asks for it in its own
+/// words, if it has some. Otherwise empty.
+std::vector<std::string> plainWords(const std::string& commands) {
+    const bool plain = commands.starts_with('/') && std::ranges::all_of(commands, [](unsigned char c) {
+                           return std::isalnum(c) != 0 ||
+                                  std::string_view("/._- ").find(static_cast<char>(c)) != std::string::npos;
+                       });
+    std::istringstream text(plain ? commands : std::string());
+    return {std::istream_iterator<std::string>(text), {}};
+}
+
 std::string reasonOf(int status, const std::string& program) {
     constexpr int dismissed = 126;
     constexpr int notAllowed = 127;
@@ -89,17 +103,18 @@ RootPlaces RootPlaces::ofThisProcess() {
 }
 
 RootShell rootShell(const RootPlaces& places) {
-    std::vector<std::string> words{"/bin/sh", "-c"};
-    if (!places.isRoot) {
-        const auto pkexec = found("pkexec", places.path);
-        if (pkexec.empty()) {
-            return {};
-        }
-        words.insert(words.begin(), pkexec.string());
+    const auto pkexec = places.isRoot ? fs::path() : found("pkexec", places.path);
+    if (!places.isRoot && pkexec.empty()) {
+        return {};
     }
-    return [words](const std::string& commands) -> Result<void> {
-        auto line = words;
-        line.push_back(commands);
+    return [pkexec](const std::string& commands) -> Result<void> {
+        auto line = plainWords(commands);
+        if (line.empty()) {
+            line = {"/bin/sh", "-c", commands};
+        }
+        if (!pkexec.empty()) {
+            line.insert(line.begin(), pkexec.string());
+        }
         const int status = statusOf(line);
         const auto program = fs::path(line.front()).filename().string();
         return status == 0

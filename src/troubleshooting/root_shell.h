@@ -14,8 +14,8 @@ struct RootPlaces {
     static RootPlaces ofThisProcess();
 };
 
-/// A shell of root's: pkexec's, which asks for a password; the usual one for root itself. Empty without
-/// pkexec.
+/// A shell of root's: pkexec's, which asks for a password; the usual one for root itself. A single program
+/// with plain arguments is run without it. Empty without pkexec.
 RootShell rootShell(const RootPlaces& places = RootPlaces::ofThisProcess());
 
 }  // namespace kzq

@@ -127,6 +127,21 @@ TEST_F(ToolTest, TheDoctorInstallsWhatIsMissingLooksAgainAndSavesAReport) {
     EXPECT_THAT(text, testing::Not(HasSubstr("ann")));
 }
 
+TEST_F(ToolTest, TheDoctorRemovesWhatItInstalled) {
+    EXPECT_EQ(run({"doctor", "--remove"}), ExitCode::ok);
+    EXPECT_EQ(out.str(), "There is nothing to remove.\n");
+    removal = "sudo rm -f /etc/a && sudo udevadm control";
+    EXPECT_EQ(run({"doctor", "--remove"}), ExitCode::noPermission);
+    EXPECT_THAT(err.str(), HasSubstr("The system rule was not removed: there is no pkexec here"));
+    std::string commands;
+    asRoot = [&](const std::string& given) -> Result<void> {
+        commands = given;
+        return {};
+    };
+    EXPECT_EQ(run({"doctor", "--remove"}), ExitCode::ok);
+    EXPECT_EQ(commands, "rm -f /etc/a && udevadm control");
+}
+
 struct BadAnswer {
     const char* fault;
     ExitCode code;

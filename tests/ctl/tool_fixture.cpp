@@ -95,6 +95,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     environment_->backedUp = [this] { rememberBackup(folder.parent_path()); };
     environment_->diagnose = environment_->examine = [this] { return findings; };
     environment_->asRoot = asRoot;
+    environment_->removal = [this] { return removal; };
     environment_->report = [this] { return report; };
     tool = std::make_unique<ctl::Tool>(*parsed.options, *environment_);
     executor.main([this] { tool->start(); });

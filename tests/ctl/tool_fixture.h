@@ -72,6 +72,7 @@ class ToolTest : public testing::Test {
     bool terminal = false;
     std::vector<Finding> findings;  ///< of the diagnosis
     RootShell asRoot;
+    std::string removal;
     TroubleReport report;  ///< but for the findings
     std::uint64_t systemMinorVersion = 36;
     /// What is answered to questions; they are kept.

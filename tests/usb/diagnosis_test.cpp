@@ -30,7 +30,8 @@ class DiagnosisTest : public testing::Test {
                    .nodes = root_ / "nodes",
                    .udevControl = root_ / "control",
                    .ruleFolders = {root_ / "none", root_ / "rules"},
-                   .helperFolders = {root_ / "none", root_ / "helpers"}};
+                   .helperFolders = {root_ / "none", root_ / "helpers"},
+                   .setUp = root_ / "kzq7306-setup"};
         write("devices/usb1/idVendor", "1d6b");
         write("devices/3-1.2/idVendor", "308a");
         write("devices/3-1.2/idProduct", "0104");
@@ -76,7 +77,7 @@ TEST_F(DiagnosisTest, TellsThePlacesOfTroubleApart) {
     write("drivers/usbtmc/new_id", "308a 0105");
     EXPECT_THAT(told(Trouble::Kind::roadNotInForce), HasSubstr("udevadm trigger"));
     fs::remove(root_ / "helpers/kzq7306-usbtmc");
-    EXPECT_THAT(told(Trouble::Kind::roadNotInstalled), HasSubstr("install"));
+    EXPECT_THAT(told(Trouble::Kind::roadNotInstalled), HasSubstr("install -m"));
 
     fs::remove(root_ / "control");
     EXPECT_EQ(told(Trouble::Kind::noUdev), "");
@@ -119,6 +120,25 @@ TEST_F(DiagnosisTest, AFileThatCannotBeOpenedHasARemedyOfItsOwn) {
     held.words = "usbfs";
     EXPECT_EQ(withRemedy(held, places_).kind, Trouble::Kind::heldByAnother);
     EXPECT_THAT(withRemedy(held, places_).remedy, HasSubstr("fuser"));
+}
+
+TEST_F(DiagnosisTest, WhatIsInstalledIsSetUpAndRemovedByItsOwnProgramButAPackagesFilesStay) {
+    const auto text = [this](const std::string& file) { return (root_ / file).string(); };
+    EXPECT_EQ(removal(places_), "") << "the rules are not where they are installed";
+    places_.ruleFolders.erase(places_.ruleFolders.begin());
+    places_.helperFolders.erase(places_.helperFolders.begin());
+    const auto all = "sudo rm -f " + text("rules/70-kzq7306.rules") + " " + text("helpers/kzq7306-usbtmc") +
+                     " && sudo udevadm control --reload";
+    EXPECT_EQ(removal(places_), all);
+    write("helpers/rules.d/70-kzq7306.rules", "");
+    EXPECT_THAT(removal(places_), testing::Not(HasSubstr("helpers")));
+
+    write("kzq7306-setup", "");
+    EXPECT_EQ(removal(places_), "sudo " + text("kzq7306-setup remove"));
+    write("drivers/usbtmc/new_id", "");
+    EXPECT_EQ(told(Trouble::Kind::roadNotInForce), "sudo " + text("kzq7306-setup apply"));
+    fs::remove(root_ / "rules/70-kzq7306.rules");
+    EXPECT_EQ(told(Trouble::Kind::roadNotInstalled), "sudo " + text("kzq7306-setup install"));
 }
 
 TEST(RoadPatience, IsSharedByTheRequestsOfAnOperation) {

@@ -9,6 +9,10 @@
 
 namespace kzq::ctl {
 
+namespace {
+constexpr auto nobodyAsks = "there is no pkexec here, which would ask for your password";
+}
+
 bool DoctorCommand::withoutPedal() {
     context_.executor.background(Priority::standard, [self = shared_from_this()] {
         self->context_.executor.main([self, code = self->work()] { self->context_.finish(code); });
@@ -17,6 +21,9 @@ bool DoctorCommand::withoutPedal() {
 }
 
 ExitCode DoctorCommand::work() const {
+    if (context_.options.remove) {
+        return remove();
+    }
     auto findings = context_.environment.examine();
     show(findings);
     const auto missing = missingSetUp(findings);
@@ -56,12 +63,32 @@ Result<std::vector<Finding>> DoctorCommand::install(const Trouble& missing) cons
         return Trouble{Trouble::Kind::declined,
                        {},
                        0,
-                       commands.empty() ? "its files are not where this program expects them"
-                                        : "there is no pkexec here, which would ask for your password"};
+                       commands.empty() ? "its files are not where this program expects them" : nobodyAsks};
     }
     report.tell("installing", {{"command", commands}}, "As root: " + commands);
     return setUpSystem({context_.executor, context_.environment.asRoot, context_.environment.examine},
                        missing);
+}
+
+ExitCode DoctorCommand::remove() const {
+    Report report(context_.output, context_.options.json);
+    const auto& environment = context_.environment;
+    const Trouble undone{.kind = Trouble::Kind::ruleMissing, .remedy = environment.removal()};
+    if (undone.remedy.empty()) {
+        report.tell("removing", {{"command", ""}}, "There is nothing to remove.");
+        return summary({});
+    }
+    const auto commands = setUpCommands(undone);
+    if (environment.asRoot) {
+        report.tell("removing", {{"command", commands}}, "As root: " + commands);
+    }
+    const auto done = environment.asRoot ? environment.asRoot(commands)
+                                         : Result<void>(Trouble{Trouble::Kind::declined, {}, 0, nobodyAsks});
+    if (!done) {
+        return context_.explain(ExitCode::noPermission, "The system rule was not removed: " +
+                                                            done.error().words + ". Run: " + undone.remedy);
+    }
+    return summary({});
 }
 
 Result<void> DoctorCommand::save(const std::vector<Finding>& findings) const {

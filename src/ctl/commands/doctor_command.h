@@ -7,7 +7,7 @@
 namespace kzq::ctl {
 
 /// Shows what keeps the user from using the pedal, and the commands that fix it. If asked, runs those that
-/// set up the system and looks again; and saves a report.
+/// set up the system and looks again, or undoes that; and saves a report.
 class DoctorCommand : public Command, public std::enable_shared_from_this<DoctorCommand> {
   public:
     explicit DoctorCommand(Context context) : context_(std::move(context)) {}
@@ -24,6 +24,8 @@ class DoctorCommand : public Command, public std::enable_shared_from_this<Doctor
     void show(const std::vector<Finding>& findings) const;
     /// What is found in the end. Otherwise why nothing was installed.
     Result<std::vector<Finding>> install(const Trouble& missing) const;
+    /// Undoes it.
+    ExitCode remove() const;
     ExitCode summary(const std::vector<Finding>& findings) const;
     Result<void> save(const std::vector<Finding>& findings) const;
 

@@ -64,6 +64,8 @@ struct Environment {
     std::function<std::vector<Finding>()> diagnose = [] { return std::vector<Finding>(); };
     /// The same more thoroughly: may take seconds, and use the pedal.
     std::function<std::vector<Finding>()> examine = [] { return std::vector<Finding>(); };
+    /// The commands that undo what the doctor installs; empty if nothing of it is there. Any thread.
+    std::function<std::string()> removal = [] { return std::string(); };
     /// Converts a recording into a new capture; any thread.
     std::function<Result<void>(const std::filesystem::path& recording, const std::filesystem::path& capture,
                                bool audio)>

@@ -124,8 +124,13 @@ void CommandLine::addReading() {
     auto* const doctor =
         add(app, "doctor", Subcommand::doctor,
             "Find out what keeps the pedal from being used, and show the commands that fix it");
-    doctor->add_flag("--install", options.install,
-                     "Run those that put the system's rules for the pedal into place, as root");
+    auto* const install =
+        doctor->add_flag("--install", options.install,
+                         "Run those that put the system's rules for the pedal into place, as root");
+    doctor
+        ->add_flag("--remove", options.remove,
+                   "Remove what --install has put into place, as root, and no more")
+        ->excludes(install);
     auto* const report =
         doctor
             ->add_option("--report", words.report,

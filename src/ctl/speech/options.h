@@ -58,6 +58,7 @@ struct Options {
     bool salvage = false;               ///< export, convert: take what there is of a damaged file
     bool normalize = false;             ///< export, convert: to a true peak of -1 dB
     bool install = false;               ///< doctor: set up what is missing
+    bool remove = false;                ///< doctor: undo that
     std::filesystem::path report = {};  ///< doctor: a new file for a report; empty: none
     bool withNames = false;             ///< doctor: names of files in it
     bool withoutAudio = false;          ///< recording

@@ -12,7 +12,6 @@
 
 #include "device/libusb/device_node.h"
 #include "device/libusb/port_lock.h"
-#include "device/libusb/udev_rules.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/wire.h"
 
@@ -22,11 +21,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr auto pluggedAnew =
-    "sudo udevadm control --reload && sudo udevadm trigger --action=add --subsystem-match=usb "
-    "--attr-match=idVendor=308a";
+bool isThere(const fs::path& file) {
+    std::error_code ignored;
+    return fs::exists(file, ignored);
+}
+
+/// One of the things that the installed program for it does; empty without that program.
+std::string bySetUp(const SystemPlaces& places, const std::string& what) {
+    return isThere(places.setUp) ? "sudo " + places.setUp.string() + " " + what : std::string();
+}
+
+std::string pluggedAnew(const SystemPlaces& places) {
+    const auto applied = bySetUp(places, "apply");
+    return !applied.empty() ? applied
+                            : "sudo udevadm control --reload && sudo udevadm trigger --action=add "
+                              "--subsystem-match=usb --attr-match=idVendor=308a";
+}
+
 std::string installedAnew(const SystemPlaces& places) {
-    return installingCommand(places.program) + " && " + pluggedAnew;
+    const auto installed = bySetUp(places, "install");
+    return !installed.empty() ? installed : installingCommand(places.program) + " && " + pluggedAnew(places);
 }
 
 std::string firstWord(const fs::path& file) {
@@ -107,14 +121,14 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
             Trouble::Kind::ruleNotInForce, true,
             "You do not have permission to use the pedal: you are logged in over the network, and its udev "
             "rule is for the user at the computer. The group plugdev can be allowed to use it.",
-            remoteRule + std::string(pluggedAnew)};
+            remoteRule + pluggedAnew(places)};
     }
     if (hasAccessRule(places.ruleFolders)) {
         return {Trouble::Kind::ruleNotInForce, true,
                 "You do not have permission to use the pedal: its udev rule was not yet installed when the "
                 "pedal was "
                 "plugged in, or you are not logged in at this computer.",
-                pluggedAnew};
+                pluggedAnew(places)};
     }
     return {Trouble::Kind::ruleMissing, true,
             "You do not have permission to use the pedal: its udev rule is not installed.",
@@ -155,11 +169,6 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     return heldBy(driver, places, pedal);
 }
 
-bool isThere(const fs::path& file) {
-    std::error_code ignored;
-    return fs::exists(file, ignored);
-}
-
 /// What the driver has been told, and by which rules.
 Finding road(const SystemPlaces& places) {
     if (driverKnowsPedal(places)) {
@@ -179,13 +188,13 @@ Finding road(const SystemPlaces& places) {
             "Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were "
             "not yet installed when the pedal was plugged in, or this kernel comes without the driver, as "
             "those made for virtual machines do.",
-            "sudo modprobe usbtmc && " + std::string(pluggedAnew)};
+            (isThere(places.setUp) ? "" : "sudo modprobe usbtmc && ") + pluggedAnew(places)};
     }
     return {
         Trouble::Kind::roadNotInForce, true,
         "Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged "
         "in.",
-        pluggedAnew};
+        pluggedAnew(places)};
 }
 
 /// What the road turned out to be when it was taken.
@@ -203,12 +212,12 @@ Finding blockedRoad(const SystemPlaces& places, const Trouble& obstacle) {
             Trouble::Kind::roadNotInForce, true,
             start +
                 ", as you are logged in over the network and its udev rule is for the user at the computer.",
-            remoteRule + std::string(pluggedAnew)};
+            remoteRule + pluggedAnew(places)};
     }
     return {
         Trouble::Kind::roadNotInForce, true,
         start + ". The computer may have been too busy: try again. If it stays so, apply the rules again.",
-        pluggedAnew};
+        pluggedAnew(places)};
 }
 
 /// As `road`, but by taking it; as far as it can be taken without disturbing anybody.
@@ -255,6 +264,12 @@ std::vector<Finding> diagnoseByTrying(const SystemPlaces& places) {
     return findings(places, true);
 }
 
+std::string removal(const SystemPlaces& places) {
+    const auto commands = removingCommand(places.ruleFolders, places.helperFolders);
+    const auto removed = bySetUp(places, "remove");
+    return commands.empty() || removed.empty() ? commands : removed;
+}
+
 Trouble withRemedy(Trouble obstacle, const SystemPlaces& places) {
     if (obstacle.error == EBUSY) {
         const auto pedal = findPedal(places);
@@ -266,7 +281,7 @@ Trouble withRemedy(Trouble obstacle, const SystemPlaces& places) {
     if (obstacle.kind != Trouble::Kind::roadBlocked && finding.kind == Trouble::Kind::roadNotInstalled) {
         obstacle.kind = Trouble::Kind::roadNotInstalled;
     }
-    obstacle.remedy = finding.present ? finding.remedy : pluggedAnew;
+    obstacle.remedy = finding.present ? finding.remedy : pluggedAnew(places);
     return obstacle;
 }
 

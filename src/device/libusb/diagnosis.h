@@ -6,6 +6,7 @@
 
 #include "device/finding.h"
 #include "device/libusb/lock_holder.h"
+#include "device/libusb/udev_rules.h"
 #include "platform/trouble.h"
 
 namespace kzq {
@@ -26,6 +27,8 @@ struct SystemPlaces {
     bool remote = ::getenv("SSH_CONNECTION") != nullptr;  // NOLINT(concurrency-mt-unsafe): nobody writes it
     /// The running program: the rules and the helper that came with it are in a folder above.
     std::filesystem::path program = "/proc/self/exe";
+    /// What sets the rules up in one word, if it is installed.
+    std::filesystem::path setUp = installedSetUp();
 };
 
 /// Reads a few small files, which takes milliseconds, and leaves the pedal alone, which may be in use.
@@ -33,6 +36,9 @@ struct SystemPlaces {
 std::vector<Finding> diagnose(const SystemPlaces& places = {});
 /// The same, and tries what import needs, unless a program has the pedal. Takes seconds if it fails.
 std::vector<Finding> diagnoseByTrying(const SystemPlaces& places = {});
+
+/// The commands that undo what the remedies install; empty if nothing of it is there.
+std::string removal(const SystemPlaces& places = {});
 
 /// A request went neither to the pedal nor around the host: why that is, and what to do.
 Trouble withRemedy(Trouble obstacle, const SystemPlaces& places = {});

@@ -113,10 +113,31 @@ bool hasRoadRule(const std::vector<fs::path>& folders) {
     return anyRule(folders, [](const std::string& rule) { return ofPedal(rule) && has(rule, "usbmisc"); });
 }
 
+fs::path installedSetUp() {
+    return KZQ_SETUP;
+}
+
 std::string installingCommand(const fs::path& program) {
     const std::string folder = shippedFolder(program);
     return "sudo install -m 644 " + quoted(folder + rulesName) +
            " /etc/udev/rules.d/ && sudo install -m 755 " + quoted(folder + helperName) + " /usr/lib/udev/";
+}
+
+std::string removingCommand(const std::vector<fs::path>& ruleFolders,
+                            const std::vector<fs::path>& helperFolders) {
+    const auto& rules = ruleFolders.front();
+    const auto& helpers = helperFolders.front();
+    std::vector<fs::path> files{rules / rulesName, rules / "71-kzq7306-remote.rules"};
+    std::error_code ignored;
+    if (!fs::exists(helpers / "rules.d" / rulesName, ignored)) {
+        files.push_back(helpers / helperName);
+    }
+    std::erase_if(files, [&ignored](const fs::path& file) { return !fs::exists(file, ignored); });
+    std::string words;
+    for (const auto& file : files) {
+        words += " " + quoted(file);
+    }
+    return words.empty() ? words : "sudo rm -f" + words + " && sudo udevadm control --reload";
 }
 
 }  // namespace kzq
