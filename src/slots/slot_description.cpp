@@ -65,7 +65,9 @@ void Slot::describeSound() {
     callIt(*ring_, stops ? QString::fromLatin1("Stop %1").arg(subject) : play);
     describeAs(*ring_, sound_.trouble);
     callIt(*compare_, QString::fromLatin1("Compare with %1").arg(defaultName_));
-    describeAs(*compare_, QString::fromLatin1("%1 plays").arg(sound_.other ? defaultName_ : subject));
+    if (sound_.compares) {
+        describeAs(*compare_, QString::fromLatin1("%1 plays").arg(sound_.other ? defaultName_ : subject));
+    }
 }
 
 }  // namespace kzq

@@ -91,7 +91,8 @@ class AccessibleButton : public Coverable {
 
 class AccessibleMeter : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
-    explicit AccessibleMeter(Meter* meter) : QAccessibleWidget(meter, QAccessible::Indicator) {}
+    /// Not a progress bar: that would be read out with each change.
+    explicit AccessibleMeter(Meter* meter) : QAccessibleWidget(meter, QAccessible::Graphic) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
