@@ -152,23 +152,23 @@ void BackingUp::go() {
     if (chosen == nullptr || !chosen->index) {
         return;
     }
-    RestoreWish wish{
-        .order = {.folder = chosen->snapshot.folder}, .seen = loops_, .since = since_, .doubt = doubt_};
+    RestoreOrder order{.folder = chosen->snapshot.folder};
     for (const auto& [slot, compared] : known_) {
         if (compared == Compared::same || compared == Compared::different) {
-            wish.order.compared[slot] = compared == Compared::same;
+            order.compared[slot] = compared == Compared::same;
         }
     }
     if (!panel_->erases()) {  // naming none would mean all
         for (const auto& [slot, entry] : chosen->index->loops) {
-            wish.order.slots.push_back(slot);
+            order.slots.push_back(slot);
         }
-        if (wish.order.slots.empty()) {
+        if (order.slots.empty()) {
             return;
         }
     }
     place().wanted = chosen->snapshot.name;
-    beginRestore(parts_, std::move(wish), Copies::kept);
+    beginRestore(parts_, {.order = std::move(order), .seen = loops_, .since = since_, .doubt = doubt_},
+                 Copies::kept);
 }
 
 }  // namespace kzq
