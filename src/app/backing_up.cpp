@@ -105,7 +105,8 @@ void BackingUp::chooseNewest() {
 
 void BackingUp::chooseFolder() {
     const auto post = parts_.teller.poster();
-    const auto chosen = parts_.environment.dialogs.chooseFolder("Choose a folder of backups", "Choose");
+    const auto chosen = parts_.environment.dialogs.chooseFolder(
+        restores() ? "Choose a folder with backups" : "Choose a folder for the backup", "Choose");
     if (chosen.answer != panelCancelled && !chosen.path.empty()) {
         post([this, folder = chosen.path] {  // the window may have gone under the chooser
             if (isOpen()) {

@@ -1,9 +1,7 @@
 #include "app/menu_actions.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
-#include <QPointer>
 #include <utility>
 
 #include "app/app_delegate.h"
@@ -16,38 +14,6 @@
 namespace kzq {
 
 namespace {
-
-/// The row with the keyboard; while that is in the menu bar, the row that had it.
-class RowInHand : public QObject {
-  public:
-    explicit RowInHand(const AppParts& parts) : rows_(parts.rows), bar_(parts.window.menuBar()) {
-        connect(qApp, &QApplication::focusChanged, this,
-                [this](QWidget* before, QWidget* now) { before_ = now == bar_ ? before : nullptr; });
-    }
-
-    Slot* row() const {
-        const auto* const now = QApplication::focusWidget();
-        return rowWith(now == bar_ ? before_.data() : now);
-    }
-
-  private:
-    /// Null if it does not show.
-    Slot* rowWith(const QWidget* part) const {
-        for (const auto* const list : {&rows_.imports, &rows_.exports}) {
-            for (const auto& row : *list) {
-                const auto* const view = row->view();
-                if (part != nullptr && view != nullptr && view->isVisible() && view->isAncestorOf(part)) {
-                    return row.get();
-                }
-            }
-        }
-        return nullptr;
-    }
-
-    const Rows& rows_;
-    const QWidget* const bar_;
-    QPointer<QWidget> before_;  ///< had it
-};
 
 /// Makes functions that do nothing once the controller has gone, and answer no.
 class WhileThere {
@@ -118,13 +84,12 @@ void addFileAndEdit(MenuBarActions& actions, AppDelegate& controller, AppParts& 
 }
 
 void addLoop(MenuBarActions& actions, AppParts& parts, const WhileThere& there) {
-    const auto hand = std::make_shared<RowInHand>(parts);
     const auto onRow = [&](auto able, auto act) {
-        const auto can = [hand, able] {
-            auto* const row = hand->row();
+        const auto can = [&rows = parts.rows, able] {
+            const auto* const row = rows.focused();
             return row != nullptr && able(*row);
         };
-        return MenuEntry{there([hand, act] { act(*hand->row()); }), there(can)};
+        return MenuEntry{there([&rows = parts.rows, act] { act(*rows.focused()); }), there(can)};
     };
     actions.play = onRow([](const Slot& row) { return row.canPlay(); }, [](Slot& row) { row.playClicked(); });
     actions.rename = onRow([](const Slot& row) { return !row.isExport() && row.occupied(); },

@@ -78,7 +78,8 @@ class MenuBarTest : public FlowTest {
 
 TEST_F(MenuBarTest, OffersWhatCanBeDoneNow) {
     open();
-    EXPECT_THAT(more(), UnorderedElementsAre("Save Report\u2026", "Quit", "Bring Back\u2026"));
+    EXPECT_THAT(more(), UnorderedElementsAre("Back Up\u2026", "Restore\u2026", "Save Report\u2026", "Quit",
+                                             "Bring Back\u2026"));
     plugIn();
     EXPECT_THAT(more(), ElementsAre("Select All"));
     select({3});

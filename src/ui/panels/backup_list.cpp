@@ -175,7 +175,7 @@ void BackupList::paintEvent(QPaintEvent* /*event*/) {
 
 void BackupList::paintOffer(ScaledPainter& painter, int offer) const {
     const auto& shown = offers_.at(static_cast<std::size_t>(offer));
-    const QRect plate(12, aboveOffers + 1 + (offer - first_) * offerPitch, listWidth - 24, offerPitch - 2);
+    const QRect plate(12, aboveOffers + (offer - first_) * offerPitch, listWidth - 24, offerPitch - 2);
     if (offer == marked_) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(255, 255, 255, 43));

@@ -15,7 +15,7 @@ namespace {
 using Look = BackupSlot::Look;
 
 constexpr int slotsBelowEachOther = 10;
-constexpr QRect numberBox(0, 5, 20, 17);
+constexpr int numberEnd = 20;
 constexpr QRect markFrame(28, 6, 16, 16);
 constexpr QRect slotField(52, 0, 260, 28);
 
@@ -106,7 +106,8 @@ void BackupRow::paintEvent(QPaintEvent* /*event*/) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setType(textFont());
     painter.setPen(KZQGray());
-    painter.write(numberBox, Qt::AlignRight | Qt::AlignTop, QString::number(slot_));
+    const auto number = QString::number(slot_);
+    painter.write(QPointF(numberEnd - painter.advance(number), fieldBaseline), number);
     drawPicture(painter, markOf(shown_.look), markFrame);
     if (const auto field = fieldOf(shown_.look); !field.isEmpty()) {
         drawPicture(painter, field, slotField);
