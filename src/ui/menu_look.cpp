@@ -16,6 +16,7 @@ QString menuLook() {
                "QMenu::item { padding: %5 %6; border-radius: %4; }"
                "QMenu::item:selected { background: %7; }"
                "QMenu::item:disabled { color: %8; }"
+               "QMenu::separator { height: 1px; background: %3; margin: %4 %10; }"
                "QMenu::indicator { width: %9; height: %9; left: %10; }"
                "QMenu::indicator:checked { image: url(:/pictures/Menu_check.svg); }")
         .arg(panelColor().name(), creamColor().name(), outlineColor().name(), pixels(4), pixels(6),

@@ -149,6 +149,8 @@ TEST_F(MenuBarTest, TheRowStaysTheSameWhileTheKeyboardIsInTheBar) {
     openConnected();
     importRow(3).button()->setFocus();
     press(Qt::Key_L, Qt::AltModifier);
+    press(Qt::Key_Escape);
+    press(Qt::Key_Down);
     auto* const menu = QApplication::activePopupWidget();
     ASSERT_NE(menu, nullptr);
     EXPECT_TRUE(menuEntry("&Play\tP").isEnabled());

@@ -212,7 +212,7 @@ void BackupPanel::paintEvent(QPaintEvent* /*event*/) {
     drawPicture(painter, restores ? "Restore_mark" : "Backup_mark", headMark);
     painter.setType(textFont(15));
     painter.setPen(problem_.isEmpty() ? KZQWhite() : KZQYellow());
-    painter.write(headlineAt, painter.elided(headline(), headlineRoom));
+    painter.writeName(headlineAt, headline(), headlineRoom);
     painter.setType(textFont());
     paintCounts(painter);
     if (!restores) {

@@ -24,7 +24,7 @@ void writeOffer(ScaledPainter& painter, const BackupOffer& offer, QPointF baseli
     painter.write(QPointF(detailX, baseline.y()), offer.detail);
     painter.setType(textFont());
     painter.setPen(nameColor);
-    painter.write(baseline, painter.elided(offer.name, detailX - betweenThem - baseline.x()));
+    painter.writeName(baseline, offer.name, detailX - betweenThem - baseline.x());
 }
 
 QString spokenOffer(const BackupOffer& offer) {
