@@ -54,8 +54,7 @@ class Orca:
             return []
 
     def rests(self):
-        """Waits until it has worked off what happened. A file chooser that closes says so much that it drops some
-        of what follows at once."""
+        """Waits until it has worked off what happened."""
         sizes = collections.deque(maxlen=20)
 
         def idle():

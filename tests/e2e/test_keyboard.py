@@ -17,7 +17,8 @@ class Person:
         self.pressed = 0
 
     def press(self, *keys):
-        key(*keys)
+        if keys:
+            key(*keys)
         self.pressed += len(keys)
 
     def count(self):
@@ -33,74 +34,79 @@ def sound(name, frames):
     return path
 
 
+def three_loops():
+    return pedal(**{f"L{loop}": 44100 * seconds for loop, seconds in ((3, 2), (8, 1), (20, 3))})
+
+
 class Keyboard(unittest.TestCase):
-    def test_import_export_and_erase_by_keys_alone_as_a_screen_reader_speaks_it(self):
-        loops = pedal(**{f"L{loop}": 44100 * seconds for loop, seconds in ((3, 2), (8, 1), (20, 3))})
+    def test_import_of_two_loops_and_an_export_by_keys_alone(self):
+        loops = three_loops()
         folder = tempfile.mkdtemp()
         hands = Person()
-        with Orca() as orca, Program(simulate=f"--simulate={loops}") as program:
-            ear = Ear("showing")
-            self.addCleanup(ear.close)
+        with Program(simulate=f"--simulate={loops}") as program:
             program.ready()
             program.connected()
-            orca.hears("7306 connected, 3 loops, 23 minutes 54 seconds free.")
-            orca.hears("Import tab, pedal to computer page tab.")
-            hands.press("Tab", "Tab", "Tab")
-            orca.hears("Loop 3, select check box not checked.")
-            orca.hears("2 seconds.")
-            hands.press("space")
-            orca.hears("checked")
-            hands.press("End")
-            orca.hears("Loop 20, select check box not checked.")
-            hands.press("Right")
-            orca.hears("Loop 20 name label.")
-            hands.press("Left", "space")
-            orca.hears("checked")
-            hands.press("Tab", "Tab", "Tab", "Tab")
-            orca.hears("Import push button.")
+            ear = Ear("showing")
+            self.addCleanup(ear.close)
+
+            def at(name, role=None):
+                wait(f"the keyboard is at {name}", lambda: program.find(name, role).focused)
+
+            program.get("Loop 3, select")
+            at("Import tab.*")
+            hands.press("Tab", "Tab", "Tab", "space", "End", "space", "Tab", "Tab", "Tab", "Tab")
+            at("Import", "push button")
             hands.press("Return")
             choose(program, folder)
             ear.wait(f"2 loops saved in {os.path.basename(folder)}. Show, button.")
             self.assertEqual(sorted(os.listdir(folder)), ["Loop 20.wav", "Loop 3.wav"])
-            self.assertEqual(hands.count(), 13)
-
-            program.ready()
-            orca.rests()
+            self.assertEqual(hands.count(), 11)
+            at("Loop 20, select")
             hands.press("ctrl+2")
-            orca.hears("Add Loop 1 push button.")
-            hands.press("Down")
-            orca.hears("Add Loop 2 push button.")
-            hands.press("Return")
+            at("Add Loop 1")
+            hands.press("Down", "Return")
             choose(program, sound("riff.wav", 44100))
-            row = program.get("Add Loop 2")
-            wait("the file is in its row", lambda: row.description == "riff, 1 second, staged")
-            orca.rests()
-            hands.press("Tab")
-            orca.hears("Export push button.")
-            hands.press("Return")
-            orca.hears("Loop 2 written.")
+            wait("the file is in its row", lambda: program.get("Add Loop 2").description == "riff, 1 second, staged")
+            at("Add Loop 2")
+            hands.press("Tab", "Return")
+            ear.wait("Loop 2 written.")
             self.assertEqual(hands.count(), 5)
+            self.assertIn("Loop 2.wav", os.listdir(loops))
 
+    def test_a_screen_reader_speaks_the_way_to_an_erase(self):
+        loops = three_loops()
+        hands = Person()
+        with Orca() as orca, Program(simulate=f"--simulate={loops}") as program:
             program.ready()
-            orca.rests()
-            hands.press("ctrl+1")
-            orca.hears("Loop 20, select check box not checked.")
-            hands.press("Home", "Down", "Down")
-            orca.hears("Loop 8, select check box not checked.")
-            hands.press("space")
-            orca.hears("checked")
-            hands.press("Tab", "Tab", "Tab")
-            orca.hears("Erase push button.")
-            hands.press("Return")
-            orca.hears("Erased loop audio cannot be restored. Would you like to continue?")
-            orca.hears("No push button.")
+            program.connected()
+            for keys, sentences in (
+                ([], ["7306 connected, 3 loops, 23 minutes 54 seconds free.", "Import tab, pedal to computer page tab."]),
+                (["Tab"], ["Export tab, computer to pedal page tab."]),
+                (["Tab"], ["Menu push button."]),
+                (["Tab"], ["Loop 3, select check box not checked.", "2 seconds."]),
+                (["Down"], ["Loop 8, select check box not checked.", "1 second."]),
+                (["space"], ["checked"]),
+                (["Right"], ["Loop 8 name label."]),
+                (["End"], ["Loop 20 name label."]),
+                (["Left"], ["Loop 20, select check box not checked.", "3 seconds."]),
+                (["ctrl+2"], ["Add Loop 1 push button."]),
+                (["Next"], ["Add Loop 10 push button."]),
+                (["ctrl+1"], ["Loop 20, select check box not checked.", "3 seconds."]),
+                (["Tab"], ["Select all loops push button."]),
+                (["Tab"], ["Deselect all loops push button."]),
+                (["Tab"], ["Erase push button."]),
+                (["Return"], ["Erased loop audio cannot be restored. Would you like to continue?", "No push button."]),
+            ):
+                hands.press(*keys)
+                for sentence in sentences:
+                    orca.hears(sentence)
             orca.rests()  # the question takes no key before it could be read
             hands.press("Tab")
             orca.hears("Yes push button.")
             hands.press("Return")
             orca.hears("Loop 8 erased.")
-            self.assertEqual(sorted(os.listdir(loops)), ["Loop 2.wav", "Loop 20.wav", "Loop 3.wav"])
-            self.assertEqual(hands.count(), 11)
+            self.assertEqual(sorted(os.listdir(loops)), ["Loop 20.wav", "Loop 3.wav"])
+            self.assertEqual(hands.count(), 17)
             program.ready()
             orca.rests()
             hands.press("ctrl+p")
