@@ -58,7 +58,8 @@ class AccessibleTrack : public QAccessibleWidget, public QAccessibleValueInterfa
 /// Widgets that Qt takes for mere parts: it knows only its own kinds of windows. The main window speaks for
 /// itself.
 bool isPlainWindow(const QWidget& widget) {
-    return widget.isWindow() && qobject_cast<const Window*>(&widget) == nullptr && widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
+    return widget.isWindow() && qobject_cast<const Window*>(&widget) == nullptr &&
+           widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
            qobject_cast<const QDialog*>(&widget) == nullptr;
 }
 
