@@ -5,7 +5,7 @@
 
 namespace kzq {
 
-LoopFetch::LoopFetch(std::vector<SlotNumber> slots, const Loops& table, Listening::Copy copy,
+LoopFetch::LoopFetch(const std::vector<SlotNumber>& slots, const Loops& table, Listening::Copy copy,
                      std::function<void(double)> moved)
     : copy_(std::move(copy)), moved_(std::move(moved)) {
     for (const auto slot : slots) {

@@ -15,7 +15,7 @@ namespace kzq {
 /// Copies that somebody waits for, in order. Main thread; each function may start another fetch.
 class LoopFetch : Fixed {
   public:
-    LoopFetch(std::vector<SlotNumber> slots, const Loops& table, Listening::Copy copy,
+    LoopFetch(const std::vector<SlotNumber>& slots, const Loops& table, Listening::Copy copy,
               std::function<void(double)> moved);
 
     /// The one that is due; nothing once all have come.
