@@ -29,10 +29,12 @@ bool Listening::playing() const {
     return engine_->now.has_value();
 }
 
+// A copy, as giving up may end what the slots belong to.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Listening::fetch(std::vector<SlotNumber> slots, Copy copy, std::function<void(double)> moved) {
     giveUp();
-    engine_->fetch = std::make_shared<LoopFetch>(std::move(slots), engine_->parts.model.table(),
-                                                 std::move(copy), std::move(moved));
+    engine_->fetch =
+        std::make_shared<LoopFetch>(slots, engine_->parts.model.table(), std::move(copy), std::move(moved));
     engine_->fetchNext();
 }
 
