@@ -100,9 +100,14 @@ struct FolderChooser : Dialogs {
         return alertFirstButton;
     }
     int run(const Alert& alert, bool& /*ticked*/) override { return run(alert); }
-    Chosen chooseFile(const FileTypes& /*allowed*/) override { return {}; }
-    Chosen chooseNewFile(const std::string& /*name*/) override { return {}; }
-    Chosen chooseFolder(const std::string& /*prompt*/) override { return {panelOk, folder}; }
+    Chosen chooseFile(const std::string& /*title*/, const FileKind& /*allowed*/) override { return {}; }
+    Chosen chooseFolder(const std::string& /*title*/, const std::string& /*prompt*/) override {
+        return {panelOk, folder};
+    }
+    Chosen chooseNewFile(const std::string& /*title*/, const std::string& /*name*/,
+                         const FileKind& /*usual*/) override {
+        return {};
+    }
     void openAddress(const std::string& /*url*/) override {}
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
     std::filesystem::path folder;

@@ -160,9 +160,12 @@ void Presenter::checked(const Slot& row) {
             other->field()->setEditable(false);
         }
     }
-    const bool byKey = row.button()->hasFocus() || (rows_.importGrid && rows_.importGrid->picking());
-    if (!row.selected() && !byKey) {  // nothing is edited any more, and the keyboard stays where it is
+    if (!row.selected()) {
+        const bool byKey = row.button()->hasFocus() && !(rows_.importGrid && rows_.importGrid->picking());
         focusContent();
+        if (byKey) {
+            row.button()->setFocus(Qt::OtherFocusReason);  // the keyboard goes on from there
+        }
     }
     selection();
 }

@@ -31,8 +31,8 @@ class BackingUpTest : public FlowTest {
         }
     }
     void go() {
-        ASSERT_TRUE(panel().accept().isEnabled()) << panel().accept().toolTip().toStdString();
-        panel().accept().click();
+        ASSERT_TRUE(panel().acceptButton().isEnabled()) << panel().acceptButton().toolTip().toStdString();
+        panel().acceptButton().click();
         ASSERT_TRUE(becomesIdle());
     }
     void backUp() {
@@ -126,7 +126,7 @@ TEST_F(BackingUpTest, WithEraseItIsTheBackupAndAllThatGoesIsKept) {
 
     openRestore();
     EXPECT_FALSE(panel().erases()) << "off whenever it opens";
-    EXPECT_FALSE(panel().accept().isEnabled()) << "there is nothing to restore";
+    EXPECT_FALSE(panel().acceptButton().isEnabled()) << "there is nothing to restore";
     EXPECT_THAT(rows(), ElementsAre("1 same", "3 same", "20 same"));
 }
 
@@ -158,7 +158,7 @@ TEST_F(BackingUpTest, WhatWasNotShownIsNotTouched) {
     panel().eraseLoops().click();
     pedal.setLoop(9, loopOf(700, 50));  // which the panel has not heard of
     pedal.clearJournal();
-    panel().accept().click();
+    panel().acceptButton().click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_EQ(line(), "Nothing was restored: Loop 10 was recorded on the pedal meanwhile");
     EXPECT_THAT(sent(0xE2), IsEmpty());
@@ -191,7 +191,7 @@ TEST_F(BackingUpTest, ABackupThatIsCutShortIsNoneAndGoesOn) {
     plugIn();
     pass(2s);
     openRestore();
-    EXPECT_FALSE(panel().accept().isEnabled());
+    EXPECT_FALSE(panel().acceptButton().isEnabled());
     panel().decline().click();
     backUp();
     EXPECT_EQ(line(), "3 loops backed up in 7306 backups");
@@ -215,11 +215,11 @@ TEST_F(BackingUpTest, ADamagedBackupIsShownWithItsReason) {
     EXPECT_THAT(rows(), testing::Contains("3 damaged"));
     EXPECT_EQ(panel().headline(),
               "This backup cannot be restored: Loop 3.wav is missing or has been changed");
-    EXPECT_FALSE(panel().accept().isEnabled());
+    EXPECT_FALSE(panel().acceptButton().isEnabled());
     Q_EMIT panel().chosen(0);
     settle();
     EXPECT_EQ(panel().tape().shown(), (BackupOffer{"spoilt", "its index is not one of a backup", false}));
-    EXPECT_FALSE(panel().accept().isEnabled());
+    EXPECT_FALSE(panel().acceptButton().isEnabled());
 }
 
 }  // namespace

@@ -62,7 +62,7 @@ TEST_F(KeepTest, WhatIsErasedIsReadFirstUnderTheCoverAndComesBackAsItWas) {
     ASSERT_EQ(panel.rows().size(), 2U);
     EXPECT_TRUE(panel.rows()[0]->on() && panel.rows()[1]->on()) << "an undo takes Return";
     panel.rows()[1]->setOn(false);
-    panel.accept().click();
+    panel.acceptButton().click();
     pass(1s);
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(dialogs.take(), IsEmpty());
@@ -89,7 +89,7 @@ TEST_F(KeepTest, WhatIsReplacedIsReadAfterTheQuestionAndNothingElse) {
 
     stage(6, 10);  // and what comes back does not send it along
     auto& panel = openPanel();
-    panel.accept().click();
+    panel.acceptButton().click();
     pass(11s);
     EXPECT_EQ(line(), "Loop 3 is staged");
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);

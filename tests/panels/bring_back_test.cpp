@@ -100,12 +100,12 @@ TEST_F(BringBackTest, KeysPlayACopyAndEscapeStopsItBeforeItCloses) {
 TEST_F(BringBackTest, NothingGoesWithoutAPedalOrACopy) {
     panel.setLoops(std::nullopt);
     QTest::keyClick(&panel, Qt::Key_Return);
-    EXPECT_FALSE(panel.accept().isEnabled());
+    EXPECT_FALSE(panel.acceptButton().isEnabled());
     EXPECT_TRUE(panel.isVisible() && wanted.empty());
     panel.setLoops(std::set<unsigned>{});
-    EXPECT_TRUE(panel.accept().isEnabled());
+    EXPECT_TRUE(panel.acceptButton().isEnabled());
     panel.setCopies({}, "");
-    EXPECT_FALSE(panel.accept().isEnabled());
+    EXPECT_FALSE(panel.acceptButton().isEnabled());
     panel.setKeeping(true);
     EXPECT_EQ(panel.notice(), "A loop is copied here before you erase or replace it.");
 }

@@ -103,7 +103,7 @@ Shots backups() {
     list.panel().show();
     list.panel().tape().click();
     BackupScene pressed(Kind::backUp);
-    touch(pressed.panel().accept(), Hand::hovering);
+    touch(pressed.panel().acceptButton(), Hand::hovering);
     auto first = comparison();
     for (auto& change : first.changes) {
         change = {change.slot, change.onPedal ? Change::onlyOnPedal : Change::nothing, change.onPedal, {}};

@@ -82,7 +82,7 @@ Shots bringBack() {
     low.panel().rows().at(5)->leader().click();
     shots.push_back(low.picture("Targets of the lowest row"));
     BringBackScene pressed;
-    touch(pressed.select({0}).panel().accept(), Hand::hovering);
+    touch(pressed.select({0}).panel().acceptButton(), Hand::hovering);
     shots.push_back(pressed.picture("Bring Back, hovered"));
     BringBackScene none(0);
     shots.push_back(none.picture("Nothing kept yet"));

@@ -18,6 +18,7 @@ constexpr auto launcherPath = "/com/canonical/unity/launcherentry/7306";
 constexpr auto launcherInterface = "com.canonical.Unity.LauncherEntry";
 constexpr auto notifications = "org.freedesktop.Notifications";  // name and interface
 constexpr auto notificationsPath = "/org/freedesktop/Notifications";
+constexpr auto iconName = "kzq7306";
 constexpr auto clickAction = "default";  // what a click on the whole notification is called
 constexpr int asLongAsUsual = -1;        // the notification stays
 
@@ -62,7 +63,7 @@ void BusDesktopShell::notify(const QString& sentence) {
     listen();
     auto call = QDBusMessage::createMethodCall(notifications, notificationsPath, notifications, "Notify");
     // the sentence is the summary: unlike the body, it never has markup
-    call << program_ << shown_ << entry_ << sentence << QString() << QStringList{clickAction, "Show"}
+    call << program_ << shown_ << QString(iconName) << sentence << QString() << QStringList{clickAction, "Show"}
          << QVariantMap{{"desktop-entry", entry_}} << asLongAsUsual;
     auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

@@ -53,6 +53,7 @@ namespace {
 
 using namespace kzq;
 
+constexpr auto desktopEntry = "example.kzq.kzq7306";
 constexpr int usageStatus = 2;
 constexpr int fileStatus = 6;
 /// How long to wait for the main thread after it was asked to end.
@@ -201,7 +202,7 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     QtDialogs dialogs(keys, [&window] { return frontWindow(&window); });
     QtHttpClient http(certificates);
     QtAudioOutput sound;
-    BusDesktopShell shell(QDBusConnection::sessionBus(), "7306 Loop Manager", "kzq7306");
+    BusDesktopShell shell(QDBusConnection::sessionBus(), "7306 Loop Manager", desktopEntry);
     const auto delegate = std::make_shared<AppDelegate>(
         environmentOf(options, executor, dialogs, http, sound, shell, log), window);
     teller = delegate;
@@ -253,7 +254,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Application application(argc, argv);
     Application::setApplicationName("kzq7306");
     Application::setApplicationDisplayName("");  // leaves window titles as they are
-    Application::setDesktopFileName("example.kzq.kzq7306");
+    Application::setDesktopFileName(desktopEntry);
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
     FirstWindow first(QDBusConnection::sessionBus(), nameOnBus(options));

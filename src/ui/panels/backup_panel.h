@@ -43,7 +43,7 @@ class BackupPanel : public QDialog {
     KeyButton& otherFolder() const { return *other_; }
     BackupList& list() const { return *list_; }
     CheckBox& eraseLoops() const { return *erase_; }
-    AlertButton& accept() const { return *accept_; }
+    AlertButton& acceptButton() const { return *accept_; }
     AlertButton& decline() const { return *decline_; }
     QString headline() const;
     /// "11 same, 2 new"

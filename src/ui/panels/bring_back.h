@@ -37,7 +37,7 @@ class BringBack : public QDialog {
 
     const std::vector<BringBackRow*>& rows() const { return rows_; }
     CheckBox& keepCopies() const { return *keep_; }
-    AlertButton& accept() const { return *accept_; }
+    AlertButton& acceptButton() const { return *accept_; }
     AlertButton& decline() const { return *decline_; }
     BringBackTargets& targets() const { return *targets_; }
     /// What stands in the middle while there are no copies; empty otherwise.
