@@ -212,7 +212,8 @@ FlashEnd Flash::send(std::size_t bytes) {
         followImage(bytes);
         return over;
     };
-    if (!awaitPedal(extra, ready)) {
+    // one that was silent and was woken by a reset begins with its pauses only then
+    if (!awaitPedal(extra, ready) && !(report_->silent.exchange(false) && awaitPedal(extra, ready))) {
         report_->silent = true;
         link_.interrupt();
         await(resetGrace, ready);
