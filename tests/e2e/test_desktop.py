@@ -53,7 +53,7 @@ class Desktop(unittest.TestCase):
             self.begin_import(program)
             started = time.monotonic()
             entry, shown = wait("the icon shows progress", lambda: self.icon and self.icon[-1])
-            self.assertEqual(entry, "application://kzq7306.desktop")
+            self.assertEqual(entry, "application://example.kzq.kzq7306.desktop")
             self.assertTrue(shown["progress-visible"] and 0 <= shown["progress"] < 1, shown)
             other = subprocess.Popen([DROP_TARGET, tempfile.mkdtemp()])
             self.addCleanup(other.wait)
@@ -67,7 +67,7 @@ class Desktop(unittest.TestCase):
             name, _, picture_name, sentence, _, actions, hints, _ = words
             self.assertEqual((str(name), str(picture_name)), ("7306 Loop Manager", "kzq7306"))
             self.assertEqual(list(map(str, actions)), ["default", "Show"])
-            self.assertEqual(str(hints["desktop-entry"]), "kzq7306")
+            self.assertEqual(str(hints["desktop-entry"]), "example.kzq.kzq7306")
             program.get("(Failed: )?" + re.escape(sentence), "push button")
             wait("the icon shows none", lambda: not self.icon[-1][1]["progress-visible"])
             self.mock("EmitSignal", *CLICK, [dbus.UInt32(1), "default"])

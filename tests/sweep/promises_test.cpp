@@ -100,9 +100,6 @@ TEST(Promises, AreWhatTheSweepShows) {
     const auto start = text.find(mark);
     ASSERT_NE(start, std::string::npos);
     const bool writes = std::getenv("WRITE_PROMISES") != nullptr;  // NOLINT(*-mt-unsafe)
-    if (!writes && start + mark.size() == text.size()) {
-        GTEST_SKIP() << "doc/promises.md has no such part yet: run tools/promises";
-    }
     const auto now = text.substr(0, start + mark.size()) + table();
     if (writes) {
         writeText(file, now);

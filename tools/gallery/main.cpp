@@ -27,7 +27,13 @@ namespace {
 using namespace kzq::gallery;
 
 /// Cancel never greys out, and the x has two pictures.
-constexpr std::array alikeOnPurpose{"Cancel, disabled", "x, disabled", "x, pressed"};
+constexpr std::array alikeOnPurpose{"Cancel, disabled",
+                                    "x, disabled",
+                                    "x, pressed",
+                                    "Menu_Import_On, hover",
+                                    "Menu_Import_On, pressed",
+                                    "Menu_Export_On, hover",
+                                    "Menu_Export_On, pressed"};
 
 /// Whether the states of one thing ("Import, hover") can be told apart; those that cannot are listed.
 bool areDistinct(const QString& sheet, const Shots& shots) {
