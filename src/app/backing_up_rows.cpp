@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "app/stamp_time.h"
 #include "loops/facts.h"
 #include "loops/spoken_length.h"
 #include "operations/told_backup.h"
@@ -16,8 +17,6 @@ namespace {
 using Change = BackupChange::Kind;
 using Kind = BackupPanel::Kind;
 using Look = BackupSlot::Look;
-
-constexpr qsizetype stampLength = 19;
 
 /// How a slot looks, the loop that stands in its row, and what is said of it.
 struct Fate {
@@ -149,9 +148,7 @@ bool mayChange(const BackupComparison& comparison) {
 }
 
 QString dayAndTime(const std::string& stamp) {
-    const auto time =
-        QDateTime::fromString(QString::fromStdString(stamp).left(stampLength), "yyyy-MM-dd HH-mm-ss");
-    return QLocale::c().toString(time, "d MMM yyyy, HH:mm");
+    return QLocale::c().toString(timeOfStamp(stamp), "d MMM yyyy, HH:mm");
 }
 
 BackupOffer offerOf(const ListedBackup& backup, const QString& folder) {

@@ -9,6 +9,7 @@
 #include "app/export_flow.h"
 #include "app/keep_flow.h"
 #include "app/main_window.h"
+#include "app/stamp_time.h"
 #include "audio/peaks.h"
 #include "platform/free_space.h"
 #include "ui/check_box.h"
@@ -17,8 +18,6 @@
 namespace kzq {
 
 namespace {
-
-constexpr qsizetype stampLength = 19;
 
 /// The slots with a loop; nothing while that is not known.
 std::optional<std::set<unsigned>> loopsOf(const LoopModel& model) {
@@ -35,8 +34,7 @@ std::optional<std::set<unsigned>> loopsOf(const LoopModel& model) {
 }  // namespace
 
 std::string fateOf(const KeptCopy& copy, const QDateTime& now) {
-    const auto then =
-        QDateTime::fromString(QString::fromStdString(copy.stamp).left(stampLength), "yyyy-MM-dd HH-mm-ss");
+    const auto then = timeOfStamp(copy.stamp);
     const auto days = then.date().daysTo(now.date());
     const auto day = days == 0              ? QString("today")
                      : days == 1            ? QString("yesterday")

@@ -12,7 +12,7 @@ namespace {
 using Did = SlotOutcome::Did;
 using Kind = Trouble::Kind;
 
-std::string nameOf(const std::filesystem::path& path) {
+std::string lastName(const std::filesystem::path& path) {
     return (path.has_filename() ? path.filename() : path.parent_path().filename()).string();
 }
 
@@ -82,7 +82,7 @@ std::string backupReason(const Trouble& trouble) {
         case Kind::unreadable:
             return "it cannot be read";
         case Kind::damaged:
-            return nameOf(trouble.where) + " is missing or has been changed";
+            return lastName(trouble.where) + " is missing or has been changed";
         default:
             return reasonFor(Deed::write, trouble);
     }
@@ -94,8 +94,8 @@ Told toldBackup(const BackupEnd& end, const std::vector<SlotNumber>& asked,
     if (!outcome.begun && outcome.end && outcome.end->kind == Kind::busy) {
         return told(Deed::save, outcome, asked);
     }
-    Told result{.what = loopsText(outcome.wanted) + " backed up in " + nameOf(folder),
-                .names = {folder.string(), nameOf(folder)}};
+    Told result{.what = loopsText(outcome.wanted) + " backed up in " + lastName(folder),
+                .names = {folder.string(), lastName(folder)}};
     if (outcome.whole()) {
         const auto kept =
             static_cast<std::size_t>(std::ranges::count(outcome.slots, Did::kept, &SlotOutcome::did));
