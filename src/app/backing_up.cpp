@@ -168,7 +168,12 @@ void BackingUp::go() {
         }
     }
     place().wanted = chosen->snapshot.name;
-    beginRestore(parts_, {.order = std::move(order), .seen = loops_, .since = since_, .doubt = doubt_},
+    beginRestore(parts_,
+                 {.order = std::move(order),
+                  .index = *chosen->index,
+                  .seen = loops_,
+                  .since = since_,
+                  .doubt = doubt_},
                  Copies::kept);
 }
 

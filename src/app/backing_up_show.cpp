@@ -36,7 +36,7 @@ void BackingUp::show() {
                      : restores() && backup() == nullptr ? "There is no backup in this folder"
                      : !loops_.complete                  ? "No pedal connected"
                      : restores() && problem.isEmpty() && !mayChange(shown)
-                         ? "The pedal has all of this backup"
+                         ? "The pedal already holds everything in this backup"
                      : !restores() && loops_.empty() ? "The pedal has no loops"
                                                      : problem;
     panel_->setReady(why.isEmpty(), problem, why);
@@ -83,7 +83,7 @@ QString BackingUp::problemWith(const BackupComparison& comparison) const {
         return QString::fromStdString("This backup cannot be restored: " + reason);
     }
     return afterRestore(comparison.changes, comparison.erases).count > capacityFrames
-               ? "The pedal has too little room for this backup beside its other loops"
+               ? "There is not enough room on the pedal for this backup alongside its other loops"
                : QString();
 }
 

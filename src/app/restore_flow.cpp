@@ -1,5 +1,7 @@
 #include "app/restore_flow.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "app/app_parts.h"
@@ -7,6 +9,7 @@
 #include "app/set_up.h"
 #include "app/transfer_events.h"
 #include "loops/facts.h"
+#include "operations/sentences.h"
 #include "operations/table.h"
 #include "operations/told_backup.h"
 
@@ -20,20 +23,22 @@ constexpr auto restoreJob = "restore";
 std::string aboutCopies(const Losses& losses, bool kept) {
     const auto count = losses.replaced.size() + losses.erased.size();
     return !kept       ? "Erased audio cannot be restored."
-           : count > 2 ? "They are copied first: Edit > Bring Back."
-           : count > 1 ? "Both are copied first: Edit > Bring Back."
-                       : "It is copied first: Edit > Bring Back.";
+           : count > 2 ? "They are copied first; Edit > Bring Back returns them."
+           : count > 1 ? "Both are copied first; Edit > Bring Back returns them."
+                       : "It is copied first; Edit > Bring Back returns it.";
+}
+
+/// The panel may have shown a loop as staying that turned out to differ.
+std::string namesOf(const Losses& losses) {
+    return (losses.replaced.empty() ? "" : "To be replaced: " + loopNames(losses.replaced) + ". ") +
+           (losses.erased.empty() ? "" : "To be erased: " + loopNames(losses.erased) + ". ");
 }
 
 /// One restore, from the press of the button on. Its parts are used on the main thread only.
 class Restore {
   public:
     Restore(AppParts& parts, RestoreWish wish, Copies copies)
-        : parts_(parts),
-          wish_(std::move(wish)),
-          copies_(copies),
-          keepErased_(parts, Deed::erase, copies),
-          keepReplaced_(parts, Deed::write, copies) {}
+        : parts_(parts), wish_(std::move(wish)), copies_(copies) {}
 
     void work(Run& run) {
         if (!run.idle()) {
@@ -52,11 +57,16 @@ class Restore {
         } else if (run.ask([&] { return agreed(run, *plan); }).value_or(false) && keeps(run, *plan) &&
                    run.ask([&] { begin(run, *plan); })) {
             const auto outcome = runRestore(*run.pedal, *plan, events_);
+            if (keeping_) {
+                keeping_->noteGone(outcome);
+            }
             run.ask([&] { finish(run, *plan, outcome); });
         }
     }
 
   private:
+    enum class Copying : std::uint8_t { notNeeded, begun, notGoingOn };
+
     void start(Run& run) {
         run.turn.cover();
         work_ = parts_.teller.newWork();
@@ -80,11 +90,28 @@ class Restore {
             plan = planOnce(run);
         }
         if (plan) {
+            if (plan->index.loops != asked().loops) {
+                return Trouble{.kind = Trouble::Kind::changed, .where = "the backup"};
+            }
             if (auto changed = changeBetween(wish_.seen, plan->seen, allSlots())) {
                 return std::move(*changed);
             }
+            if (auto why = run.pedal->stopped()) {
+                return std::move(*why);
+            }
         }
         return plan;
+    }
+
+    /// What the panel showed of the backup, without the loops that are not asked for.
+    BackupIndex asked() const {
+        auto index = wish_.index;
+        if (!wish_.order.slots.empty()) {
+            std::erase_if(index.loops, [&](const auto& entry) {
+                return std::ranges::find(wish_.order.slots, entry.first) == wish_.order.slots.end();
+            });
+        }
+        return index;
     }
 
     Result<RestorePlan> planOnce(Run& run) {
@@ -99,28 +126,24 @@ class Restore {
             events);
     }
 
-    /// Copies of what goes, if they are wanted.
+    /// Copies of what goes, if they are wanted: of all of it in one go, so that they are all as good when it
+    /// goes.
     bool keeps(Run& run, const RestorePlan& plan) {
         const auto losses = lossesOf(plan);
-        return keeps(run, plan, keepErased_, losses.erased) &&
-               keeps(run, plan, keepReplaced_, losses.replaced);
-    }
-
-    bool keeps(Run& run, const RestorePlan& plan, Keeping& keeping, const std::vector<SlotNumber>& lost) {
         const auto begun = run.ask([&] {
-            const bool any = keeping.plan(lost, plan.seen);
-            if (any) {
-                keeping.begin(run);
+            if (auto why = run.pedal->stopped()) {  // during the question
+                giveUp(run, *why);
+                return Copying::notGoingOn;
             }
-            return any;
+            return begins(run, plan, losses);
         });
-        if (!begun.value_or(false)) {
-            return begun.has_value();
+        if (begun != Copying::begun) {
+            return begun == Copying::notNeeded;
         }
-        const auto kept = keeping.work(run);
+        const auto kept = keeping_->work(run);
         return run
             .ask([&] {
-                keeping.end();
+                keeping_->end();
                 if (!kept.whole()) {
                     giveUpUnkept(run, plan, kept);
                 }
@@ -131,19 +154,35 @@ class Restore {
 
     // On the main thread.
 
+    Copying begins(Run& run, const RestorePlan& plan, const Losses& losses) {
+        auto lost = losses.erased;
+        lost.insert(lost.end(), losses.replaced.begin(), losses.replaced.end());
+        keeping_.emplace(parts_, losses.replaced.empty() ? Deed::erase : Deed::write, copies_);
+        if (keeping_->plan(lost, plan.seen)) {
+            keeping_->begin(run);
+            return Copying::begun;
+        }
+        if (promised_ && losses.any() && !parts_.kept.on()) {
+            giveUp(run, Trouble{.kind = Trouble::Kind::changed, .where = "Keep Copies"});
+            return Copying::notGoingOn;
+        }
+        return Copying::notNeeded;
+    }
+
     bool agreed(Run& run, const RestorePlan& plan) {
         parts_.transferPanel.close();
         const auto losses = lossesOf(plan);
         if (!losses.any()) {
             return true;
         }
-        const bool kept = copies_ == Copies::kept && parts_.kept.on();
-        const auto answer = parts_.environment.dialogs.run({.headline = lossQuestion(losses),
-                                                            .finePrint = aboutCopies(losses, kept),
-                                                            .buttons = {{"Restore"}, {"Cancel"}},
-                                                            .destroys = true});
+        promised_ = copies_ == Copies::kept && parts_.kept.on();
+        const auto answer =
+            parts_.environment.dialogs.run({.headline = lossQuestion(losses),
+                                            .finePrint = namesOf(losses) + aboutCopies(losses, promised_),
+                                            .buttons = {{"Restore"}, {"Cancel"}},
+                                            .destroys = true});
         if (answer != alertFirstButton) {
-            endWith(run, {.end = Trouble{Trouble::Kind::cancelled}});
+            uncover(run);
             parts_.teller.idle(work_);
             return false;
         }
@@ -165,9 +204,16 @@ class Restore {
         });
     }
 
+    /// Nothing was begun that a busy pedal could still be at.
+    void uncover(Run& run) {
+        parts_.transferPanel.close();
+        run.turn.end();
+        run.refresh();
+    }
+
     /// Before anything was changed.
     void giveUp(Run& run, const Trouble& why) {
-        endWith(run, {.end = why});
+        uncover(run);
         if (isMissingRule(why)) {
             parts_.teller.tell(toldMissingRule(why), restoreJob, settingUp(parts_, why, {}));
         } else {
@@ -178,7 +224,7 @@ class Restore {
     }
 
     void giveUpUnkept(Run& run, const RestorePlan& plan, const Outcome& kept) {
-        endWith(run, {.end = kept.end});
+        uncover(run);
         auto told = toldNotKept(Deed::write, kept);
         told.what = "Nothing was restored";
         const auto without = [&parts = parts_, wish = wish_] {
@@ -215,8 +261,8 @@ class Restore {
     AppParts& parts_;
     RestoreWish wish_;
     const Copies copies_;
-    Keeping keepErased_;
-    Keeping keepReplaced_;
+    bool promised_ = false;  ///< that copies are kept
+    std::optional<Keeping> keeping_;
     Teller::Work work_ = 0;
     Events events_;
 };

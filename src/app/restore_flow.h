@@ -5,6 +5,7 @@
 
 #include "listening/shelf.h"
 #include "loops/loops.h"
+#include "operations/backup_index.h"
 #include "operations/restore.h"
 
 namespace kzq {
@@ -15,6 +16,7 @@ enum class Copies : std::uint8_t;
 /// What is to be restored, and what the user saw of it.
 struct RestoreWish {
     RestoreOrder order;  ///< with what was compared already
+    BackupIndex index;   ///< of the backup as it was shown
     Loops seen;          ///< the pedal's table as it was shown
     Doubt since;         ///< when the first loop was compared
     std::function<Doubt()> doubt;

@@ -116,7 +116,7 @@ Told toldBackup(const BackupEnd& end, const std::vector<SlotNumber>& asked,
     if (saved != 0) {
         addSentence(result.detail, std::to_string(saved) + " of " + loopsText(outcome.wanted) +
                                        (saved == 1 ? " was" : " were") +
-                                       " saved. The next backup in this folder goes on from there.");
+                                       " saved. The next backup in this folder continues from there.");
     }
     return result;
 }
@@ -182,7 +182,7 @@ Told toldNotRestored(const Trouble& why) {
     return {.what = "Nothing was restored",
             .why = stopped ? "stopped" : backupReason(why),
             .detail = why.kind == Kind::noRoom
-                          ? "Erase loops, or let those be erased that are not in this backup."
+                          ? "Erase loops on the pedal, or tick \"Erase loops that are not in this backup\"."
                           : adviceOn(why),
             .failure = !stopped};
 }

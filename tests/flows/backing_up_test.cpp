@@ -97,9 +97,11 @@ TEST_F(BackingUpTest, WhatIsBackedUpComesBackAndNothingElseGoes) {
     EXPECT_FALSE(panel().erases());
     pedal.clearJournal();
     go();
-    EXPECT_THAT(dialogs.take(),
-                ElementsAre("Restoring replaces 1 loop on the 7306. Would you like to continue? Erased audio "
-                            "cannot be restored."));
+    EXPECT_THAT(
+        dialogs.take(),
+        ElementsAre(
+            "Restoring replaces 1 loop on the 7306. Would you like to continue? To be replaced: loop 1. "
+            "Erased audio cannot be restored."));
     EXPECT_EQ(line(), "2 loops restored");
     EXPECT_THAT(slotsOnPedal(), ElementsAre(1, 3, 7, 20));
     EXPECT_EQ(pedal.memory()[0]->audio, loopOf(1000, 10).audio);
@@ -116,12 +118,16 @@ TEST_F(BackingUpTest, WithEraseItIsTheBackupAndAllThatGoesIsKept) {
     EXPECT_THAT(rows(), ElementsAre("1 same length", "3 new", "7 erased", "20 same"))
         << "1 could not be read";
     go();
-    EXPECT_THAT(dialogs.take(),
-                ElementsAre("Restoring replaces 1 loop and erases 1 loop on the 7306. Would "
-                            "you like to continue? Both are copied first: Edit > Bring Back."));
+    EXPECT_THAT(
+        dialogs.take(),
+        ElementsAre("Restoring replaces 1 loop and erases 1 loop on the 7306. Would "
+                    "you like to continue? To be replaced: loop 1. To be erased: loop 7. Both are copied "
+                    "first; Edit > Bring Back returns them."));
     EXPECT_EQ(line(), "2 loops restored, 1 erased");
     EXPECT_THAT(slotsOnPedal(), ElementsAre(1, 3, 20));
     ASSERT_EQ(kept.list().size(), 2U);
+    EXPECT_TRUE(std::ranges::all_of(kept.list(),
+                                    [](const auto& copy) { return copy.fate == KeptCopy::Fate::replaced; }));
     pass(11s);
 
     openRestore();

@@ -113,7 +113,9 @@ Shots backups() {
     AlertPanel question(
         {.headline = "Restoring replaces 1 loop and erases 1 loop on the 7306. Would you like to "
                      "continue?",
-         .finePrint = "Both are copied first: Edit > Bring Back.",
+         .finePrint =
+             "To be replaced: loop 7. To be erased: loop 12. Both are copied first; Edit > Bring Back "
+             "returns them.",
          .buttons = {{"Restore"}, {"Cancel"}},
          .destroys = true},
         nullptr);
