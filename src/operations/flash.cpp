@@ -37,6 +37,7 @@ struct Report {
     std::atomic<Answer> completed = Answer::none;
     std::optional<Trouble> trouble;  ///< before `completed`
     std::atomic<bool> silent = false;
+    std::atomic<bool> woken = false;  ///< a reset came while it was silent
 };
 
 using Answer = Report::Answer;
@@ -141,6 +142,7 @@ bool Flash::begin() {
     return pedal_.expectRestart([report = report_, link = pedal_.link(), leaves = leavesBehind()] {
         report->silent = true;
         if (!leaves || report->accepted == Answer::yes) {
+            report->woken = true;
             link->interrupt();
         }
     });
@@ -205,6 +207,7 @@ Trouble Flash::missingLoader() {
 FlashEnd Flash::send(std::size_t bytes) {
     const auto departures = pedal_.cable().departures;
     report_->silent = false;
+    report_->woken = false;
     enter(FlashPhase::sending);
     const auto extra = pauses + std::chrono::seconds(bytes / slowest);
     const auto ready = [&] {
@@ -212,8 +215,8 @@ FlashEnd Flash::send(std::size_t bytes) {
         followImage(bytes);
         return over;
     };
-    // one that was silent and was woken by a reset begins with its pauses only then
-    if (!awaitPedal(extra, ready) && !(report_->silent.exchange(false) && awaitPedal(extra, ready))) {
+    // one that a reset has woken begins with its pauses only then
+    if (!awaitPedal(extra, ready) && !(report_->woken && awaitPedal(extra, ready))) {
         report_->silent = true;
         link_.interrupt();
         await(resetGrace, ready);
@@ -243,6 +246,9 @@ void Flash::followImage(std::size_t bytes) {
     }
     const auto percent =
         static_cast<unsigned>(std::min<std::uint64_t>(std::uint64_t{100} * *sent / bytes, 100));
+    if (percent > percent_.value_or(0)) {
+        report_->silent = false;  // what was sent has been taken
+    }
     if (!percent_ || *percent_ < percent) {
         percent_ = percent;
         tell(events_.image, percent);
