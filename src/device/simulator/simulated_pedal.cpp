@@ -115,7 +115,8 @@ void SimulatedPedal::reset() {
     dropStreams();
     loader_.drop();
     journal_.note(WireEvent::Kind::reset, executor_.now());
-    journal_.excuse(std::exchange(silent_, false));  // a command without an answer reads like a consent
+    journal_.excuse(std::exchange(silent_, false) &&
+                    silentCommand_);  // a command without an answer reads like a consent
     news_.push_back({BusChange::reset, 0, nullptr});
     announceNews(lock);
 }
@@ -128,6 +129,7 @@ TransferResult SimulatedPedal::carryOut(Lock& lock, const WireEvent& event, bool
     }
     if (fault == FaultKind::silence) {
         silent_ = true;
+        silentCommand_ = event.kind == WireEvent::Kind::control;
     }
 
     TransferResult result{TransferStatus::pending, 0};

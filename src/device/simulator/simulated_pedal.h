@@ -218,6 +218,7 @@ class SimulatedPedal : Fixed {
     std::uint64_t plugs_ =
         0;  ///< grows with every change of the cable, so that an overtaken restart is noticed
     bool silent_ = false;
+    bool silentCommand_ = false;                 ///< it began with a request that was swallowed
     std::optional<Executor::TimePoint> erased_;  ///< when the last erase was accepted
     std::optional<ImportStream> import_;
     std::optional<ExportStream> export_;
