@@ -213,7 +213,7 @@ QWidget* RowGrid::beside(const Slot& row, const QWidget& at, bool right) const {
 }
 
 bool RowGrid::pressed(Slot& row, QWidget& at, const QKeyEvent& event) {
-    if (&at == row.field() && row.field()->currentEditor() != nullptr) {
+    if (row.field() != nullptr && row.field()->currentEditor() != nullptr) {
         return false;
     }
     const auto key = event.key();

@@ -1,5 +1,6 @@
 #include "ui/qt_dialogs.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -85,6 +86,12 @@ QFileDialog* QtDialogs::chooser(const std::string& title) {
 /// Runs the chooser and deletes it, unless its parent already did. Empty if nothing was chosen.
 QString QtDialogs::choose(QFileDialog* chooser) {
     const QPointer<QFileDialog> dialog(chooser);
+    // the list of its completer would outlive it, and the toolkit sees no window become active under a popup
+    QObject::connect(dialog, &QDialog::finished, dialog, [] {
+        if (auto* const popup = QApplication::activePopupWidget()) {
+            popup->close();
+        }
+    });
     const auto accepted = dialog->exec() == QDialog::Accepted;
     if (dialog.isNull()) {
         return {};

@@ -223,7 +223,7 @@ TEST_F(MenuBarTest, TheDoctorLooksInTheBackgroundAndSaysWhatTheToolSays) {
     EXPECT_EQ(panel->accessibleDescription(), "1 problem was found");
     ASSERT_EQ(panel->sentences().size(), 2U);
     EXPECT_EQ(panel->sentences()[0]->accessibleName(), "Problem: You do not have permission.");
-    EXPECT_EQ(panel->sentences()[1]->accessibleName(), "In order: udev is running.");
+    EXPECT_EQ(panel->sentences()[1]->accessibleName(), "OK: udev is running.");
     panel->copy().click();
     EXPECT_EQ(QApplication::clipboard()->text(),
               "ok  udev is running.\n!!  You do not have permission.\n      sudo this\n");

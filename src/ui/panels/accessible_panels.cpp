@@ -3,6 +3,7 @@
 #include <QAccessibleWidget>
 #include <QDialog>
 
+#include "ui/accessible_controls.h"
 #include "ui/panels/menu_item.h"
 #include "ui/panels/menu_item_view.h"
 #include "ui/panels/menu_view.h"
@@ -26,12 +27,14 @@ class AccessibleItem : public QAccessibleWidget {
         const auto* item = view()->controller();
         state.focusable = true;
         state.focused = item != nullptr && item->hovered();
-        return state;
+        return seenThrough(*view(), state);
     }
 
-    QStringList actionNames() const override { return {pressAction()}; }
+    QStringList actionNames() const override {
+        return view()->isVisible() ? seenThrough(*view(), QStringList{pressAction()}) : QStringList();
+    }
     void doAction(const QString& action) override {
-        if (action == pressAction()) {
+        if (actionNames().contains(action)) {
             view()->click();
         }
     }

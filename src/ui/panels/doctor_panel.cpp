@@ -77,7 +77,7 @@ void DoctorPanel::setChecks(std::vector<DoctorCheck> checks) {
     const auto troubles = static_cast<int>(checks.size() - good.size());
     fill(checks);
     copy_->setEnabled(!checks.empty());
-    say(troubles == 0   ? QString("No problem was found")
+    say(troubles == 0   ? QString("No problems were found")
         : troubles == 1 ? QString("1 problem was found")
                         : QString("%1 problems were found").arg(troubles));
 }
@@ -98,7 +98,7 @@ void DoctorPanel::fill(const std::vector<DoctorCheck>& checks) {
         mark->setPicture(check.trouble ? "Status_mark" : "Menu_check");
         mark->setGeometry(check.trouble ? QRect(side, foot, 16, 16) : QRect(side + 2, foot + 2, 12, 12));
         foot = addText(*page, check.sentence, foot, false);
-        sentences_.back()->setAccessibleName((check.trouble ? "Problem: " : "In order: ") + check.sentence);
+        sentences_.back()->setAccessibleName((check.trouble ? "Problem: " : "OK: ") + check.sentence);
         if (!check.remedy.isEmpty()) {
             foot = addText(*page, check.remedy, foot + 4, true);
         }
