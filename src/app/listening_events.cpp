@@ -41,7 +41,7 @@ void Listening::Engine::listen() {
 }
 
 void Listening::Engine::rowsChanged() {
-    if (std::exchange(pedal, parts.model.pedal()) != pedal) {
+    if (const auto before = std::exchange(pedal, parts.model.pedal()); before != pedal) {
         stop();
         reader->leaveWaiting();
         endFetch({Trouble::Kind::unplugged});
