@@ -12,10 +12,6 @@ bool hasAccessRule(const std::vector<std::filesystem::path>& folders);
 bool hasHelperRule(const std::vector<std::filesystem::path>& folders);
 bool hasRoadRule(const std::vector<std::filesystem::path>& folders);
 
-/// The program that installs, applies and removes the rules, where this build of ours is installed; it need
-/// not be there.
-std::filesystem::path installedSetUp();
-
 /// What installs, applies and removes the rules with polkit's consent; where this build puts it, whether or
 /// not it is there.
 std::filesystem::path installedSetUp();
