@@ -116,8 +116,8 @@ TEST(Sentences, TheStatusLineHasAPartForEachOfThem) {
             expectTold(toldRecordingEnd(trouble), trouble);
             expectTold(toldFirmwareList("12:00", "1.06", trouble), trouble);
         }
-        using How = FlashEnd::How;
-        for (const auto how : {How::notSent, How::sent, How::confirmed, How::inLoader, How::unconfirmed}) {
+        using End = FlashEnd::How;
+        for (const auto how : {End::notSent, End::sent, End::confirmed, End::inLoader, End::unconfirmed}) {
             for (const auto phase : {FlashPhase::asking, FlashPhase::left, FlashPhase::sending}) {
                 const FlashEnd end{
                     .how = how, .phase = phase, .version = "1.05", .why = trouble, .percent = 40};
