@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "ctl/speech/exit_codes.h"
 #include "operation.h"
@@ -49,7 +50,9 @@ void LoopOperation::check(World& world) {
         const bool free = deed_ != Deed::save && aim != aims_.end() && (!now || now == aim->second);
         EXPECT_TRUE(now == in(before_, slot) || free) << loopName(slot) << " was touched";
     }
+    std::set<SlotNumber> told;
     for (const auto& loop : outcome_.slots) {
+        EXPECT_TRUE(told.insert(loop.slot).second) << loopName(loop.slot) << " is told twice";
         checkClaim(world, loop);
     }
     EXPECT_LE(outcome_.done(), reached(world)) << "it claims more than it did";

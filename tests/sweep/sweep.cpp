@@ -48,6 +48,7 @@ std::pair<Case, std::vector<UsbCall>> runCase(const Make& make, std::size_t at, 
         EXPECT_EQ(world.port.struck(), at != 0);
         operation->checkFiles(world);
         if (world.over()) {
+            world.expectGoodManners();
             return result;
         }
         EXPECT_TRUE(ended || operation->mayLast()) << "it does not end";
@@ -57,7 +58,7 @@ std::pair<Case, std::vector<UsbCall>> runCase(const Make& make, std::size_t at, 
         end.computer = operation->computer(world);
         end.line = ended ? said.line : "–";
         end.exit = operation->window() ? -1 : said.exit;
-        EXPECT_EQ(at == 0 && !operation->window(), at == 0 && end.exit == 0) << end.line;
+        EXPECT_TRUE(at != 0 || said.exit <= 0) << end.line;
         world.expectOtherUntouched();
         world.expectRecovery();
     }

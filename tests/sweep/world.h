@@ -48,6 +48,8 @@ class World : Fixed {
     bool over() const { return over_; }
     /// Nothing has come to the pedal that took its place.
     void expectOtherUntouched() const;
+    /// The pedal saw nothing that it must not see.
+    void expectGoodManners() const;
     /// Whatever happened, the link comes to rest, and once the pedal is plugged in again it works.
     void expectRecovery();
 
@@ -71,7 +73,7 @@ class World : Fixed {
 
   private:
     void happen(Mishap mishap, const UsbCall& call);
-    void expectIdle();
+    void expectIdle(bool mayHang);
 
     bool over_ = false;
     std::optional<Memory> left_;  ///< by the pedal that was taken away for another
