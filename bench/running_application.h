@@ -108,7 +108,7 @@ struct FolderChooser : Dialogs {
                          const FileKind& /*usual*/) override {
         return {};
     }
-    void openAddress(const std::string& /*url*/) override {}
+    bool openAddress(const std::string& /*url*/) override { return true; }
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
     std::filesystem::path folder;
 };

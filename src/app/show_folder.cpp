@@ -11,10 +11,8 @@ std::string addressOf(const std::filesystem::path& place) {
 }
 
 Remedy showing(const AppEnvironment& environment, const std::filesystem::path& folder) {
-    return {"Show", [&dialogs = environment.dialogs, folder] {
-                dialogs.openAddress(addressOf(folder));
-                return true;
-            }};
+    return {"Show",
+            [&dialogs = environment.dialogs, folder] { return dialogs.openAddress(addressOf(folder)); }};
 }
 
 }  // namespace kzq

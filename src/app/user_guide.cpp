@@ -24,16 +24,22 @@ std::filesystem::path guideOf(const std::filesystem::path& program) {
 
 void openUserGuide(AppParts& parts) {
     constexpr auto job = "guide";
-    if (const auto& guide = parts.environment.guide; !guide.empty()) {
+    const auto& guide = parts.environment.guide;
+    if (!guide.empty() && parts.environment.dialogs.openAddress(addressOf(guide))) {
         parts.teller.settle(job);
-        parts.environment.dialogs.openAddress(addressOf(guide));
-        return;
+    } else if (!guide.empty()) {
+        parts.teller.tell({.what = "The user guide could not be opened",
+                           .detail = "Open " + guide.string() + " in a browser.",
+                           .failure = true},
+                          job);
+    } else {
+        parts.teller.tell(
+            {.what = "The user guide is not installed",
+             .detail = "The program looks for share/kzq7306/guide/guide.html below the folder it "
+                       "is installed in. In the source it is doc/guide.md.",
+             .failure = true},
+            job);
     }
-    parts.teller.tell({.what = "The user guide is not installed",
-                       .detail = "It is looked for as share/kzq7306/guide/guide.html, below the folder that "
-                                 "the program is installed in. The program's source has it as doc/guide.md.",
-                       .failure = true},
-                      job);
 }
 
 }  // namespace kzq

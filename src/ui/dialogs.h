@@ -44,8 +44,8 @@ class Dialogs : Fixed {
     /// Others than of the `usual` kind can be shown.
     virtual Chosen chooseNewFile(const std::string& title, const std::string& name,
                                  const FileKind& usual) = 0;
-    /// Opens a web address in the user's browser.
-    virtual void openAddress(const std::string& url) = 0;
+    /// Opens a web address in the user's browser. False: there is none.
+    virtual bool openAddress(const std::string& url) = 0;
     /// Starts the program at `bundle`, detached; returns whether that succeeded.
     virtual bool openApplication(const std::filesystem::path& bundle) = 0;
 };

@@ -132,10 +132,12 @@ Dialogs::Chosen QtDialogs::chooseNewFile(const std::string& title, const std::st
     return chosen(choose(dialog));
 }
 
-void QtDialogs::openAddress(const std::string& url) {
-    if (!QDesktopServices::openUrl(QUrl(QString::fromStdString(url)))) {
+bool QtDialogs::openAddress(const std::string& url) {
+    const bool opened = QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+    if (!opened) {
         log(LogCategory::tool, "no browser could open " + url);
     }
+    return opened;
 }
 
 bool QtDialogs::openApplication(const std::filesystem::path& bundle) {

@@ -24,7 +24,7 @@ class QtDialogs : public Dialogs {
     Chosen chooseFile(const std::string& title, const FileKind& allowed) override;
     Chosen chooseFolder(const std::string& title, const std::string& prompt) override;
     Chosen chooseNewFile(const std::string& title, const std::string& name, const FileKind& usual) override;
-    void openAddress(const std::string& url) override;
+    bool openAddress(const std::string& url) override;
     bool openApplication(const std::filesystem::path& bundle) override;
 
   private:

@@ -50,7 +50,10 @@ struct ScriptedDialogs : Dialogs {
     Chosen chooseFolder(const std::string& title, const std::string& prompt) override {
         return (note(title, "folder " + prompt), folder());
     }
-    void openAddress(const std::string& url) override { shown.push_back(url); }
+    bool openAddress(const std::string& url) override {
+        shown.push_back(url);
+        return true;
+    }
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
 
     /// Since the last time.

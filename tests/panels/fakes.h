@@ -45,7 +45,10 @@ class FakeDialogs : public Dialogs {
     Chosen chooseFolder(const std::string& /*title*/, const std::string& prompt) override {
         return (calls_.push_back(prompt), chosen);
     }
-    void openAddress(const std::string& url) override { calls_.push_back(url); }
+    bool openAddress(const std::string& url) override {
+        calls_.push_back(url);
+        return true;
+    }
     bool openApplication(const std::filesystem::path& bundle) override {
         return (calls_.push_back(bundle.string()), true);
     }

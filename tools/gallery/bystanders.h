@@ -62,7 +62,7 @@ class StillDialogs : public Dialogs {
     }
     Chosen chooseFile(const std::string& /*title*/, const FileKind& /*allowed*/) override { return {}; }
     Chosen chooseFolder(const std::string& /*title*/, const std::string& /*prompt*/) override { return {}; }
-    void openAddress(const std::string& /*url*/) override {}
+    bool openAddress(const std::string& /*url*/) override { return true; }
     bool openApplication(const std::filesystem::path& /*bundle*/) override { return false; }
 };
 
