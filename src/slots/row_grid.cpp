@@ -105,6 +105,12 @@ Slot* RowGrid::focused() const {
     const auto* const at = QApplication::focusWidget();
     const auto shows = [](const Slot& row) { return row.view() != nullptr && row.view()->isVisible(); };
     if (at == nullptr || qobject_cast<const QMenuBar*>(at) != nullptr) {
+        const auto edited = std::ranges::find_if(rows_, [&](const Slot* row) {
+            return shows(*row) && row->field() != nullptr && row->field()->currentEditor() != nullptr;
+        });
+        if (at != nullptr && edited != rows_.end()) {
+            return *edited;
+        }
         return left_ != nullptr && shows(*left_) ? left_.data() : nullptr;
     }
     const auto found = std::ranges::find_if(

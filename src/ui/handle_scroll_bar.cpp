@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
 #include <algorithm>
 
 #include "ui/palette.h"
@@ -85,6 +86,17 @@ void HandleScrollBar::mouseReleaseEvent(QMouseEvent* /*event*/) {
 
 void HandleScrollBar::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();  // the desktop's menu would look out of place here
+}
+
+void dressScrollArea(QScrollArea& area) {
+    area.setFrameShape(QFrame::NoFrame);
+    area.setFocusPolicy(Qt::NoFocus);
+    area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area.setVerticalScrollBar(new HandleScrollBar(&area));
+    auto clear = area.palette();
+    clear.setColor(QPalette::Window, Qt::transparent);
+    area.setPalette(clear);
+    area.viewport()->setAutoFillBackground(false);
 }
 
 }  // namespace kzq

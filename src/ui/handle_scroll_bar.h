@@ -2,6 +2,8 @@
 
 #include <QScrollBar>
 
+class QScrollArea;
+
 namespace kzq {
 
 /// A 6 px handle, present only if there is something to scroll. It can be dragged; a click beside it scrolls
@@ -28,5 +30,8 @@ class HandleScrollBar : public QScrollBar {
 
     int grabbedAt_ = -1;  ///< from the handle's top; -1 if not dragged
 };
+
+/// Without a frame or a ground of its own, never scrolled sideways, and with such a handle.
+void dressScrollArea(QScrollArea& area);
 
 }  // namespace kzq

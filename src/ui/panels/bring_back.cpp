@@ -46,14 +46,7 @@ BringBack::BringBack(QWidget* window)
     setWindowModality(Qt::WindowModal);
     setFixedSize(panelSize);
     area_->setGeometry(list);
-    area_->setFrameShape(QFrame::NoFrame);
-    area_->setFocusPolicy(Qt::NoFocus);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area_->setVerticalScrollBar(new HandleScrollBar(area_));
-    auto clear = area_->palette();
-    clear.setColor(QPalette::Window, Qt::transparent);
-    area_->setPalette(clear);
-    area_->viewport()->setAutoFillBackground(false);
+    dressScrollArea(*area_);
     makeFoot();
     ring_ = new FocusRing(this);
     targets_ = new BringBackTargets(this);

@@ -42,14 +42,7 @@ DoctorPanel::DoctorPanel(QWidget* window)
       close_(addButton("Close")) {
     Scale::ofProgram().take(*this);
     setWindowTitle("Doctor");
-    area_->setFrameShape(QFrame::NoFrame);
-    area_->setFocusPolicy(Qt::NoFocus);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area_->setVerticalScrollBar(new HandleScrollBar(area_));
-    auto clear = area_->palette();
-    clear.setColor(QPalette::Window, Qt::transparent);
-    area_->setPalette(clear);
-    area_->viewport()->setAutoFillBackground(false);
+    dressScrollArea(*area_);
     connect(copy_, &AlertButton::clicked, this, &DoctorPanel::copyPressed);
     connect(report_, &AlertButton::clicked, this, &DoctorPanel::reportPressed);
     connect(close_, &AlertButton::clicked, this, &DoctorPanel::reject);

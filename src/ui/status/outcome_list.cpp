@@ -47,14 +47,7 @@ QPainterPath shape(const QRectF& bounds, double inset) {
 OutcomeList::OutcomeList(QWidget* window) : QWidget(window), area_(new QScrollArea(this)) {
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName("Recent results");
-    area_->setFrameShape(QFrame::NoFrame);
-    area_->setFocusPolicy(Qt::NoFocus);
-    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area_->setVerticalScrollBar(new HandleScrollBar(area_));
-    auto clear = area_->palette();
-    clear.setColor(QPalette::Window, Qt::transparent);
-    area_->setPalette(clear);
-    area_->viewport()->setAutoFillBackground(false);
+    dressScrollArea(*area_);
     new FocusRing(this);
     hide();
 }
