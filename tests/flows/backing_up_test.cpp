@@ -175,6 +175,21 @@ TEST_F(BackingUpTest, WhatWasNotShownIsNotTouched) {
     EXPECT_THAT(rows(), ElementsAre("1 replaces 0:00", "3 new", "7 stays", "10 stays", "20 same"));
 }
 
+TEST_F(BackingUpTest, APedalThatIsPlayedMeanwhileIsLetGo) {
+    EXPECT_TRUE(kept.turn(true));
+    backUpAndChange();
+    openRestore();
+    dialogs.answer = [this] {
+        pedal.setBusy(true);
+        return alertFirstButton;
+    };
+    pedal.clearJournal();
+    go();
+    EXPECT_FALSE(shieldUp()) << "nothing was begun";
+    EXPECT_THAT(line(), HasSubstr("Nothing was restored"));
+    EXPECT_THAT(sent(0xE2), IsEmpty());
+}
+
 TEST_F(BackingUpTest, APulledCableLeavesNothingUnsaid) {
     backUpAndChange();
     openRestore();
