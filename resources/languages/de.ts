@@ -161,6 +161,1235 @@ replace loops on the pedal.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
+        <location filename="../../src/app/carry_out.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>a loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/loops/capacity.cpp"/>
+        <source>Space remaining: %1 min, %2 sec</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/loops/capacity.cpp"/>
+        <source>This file is too large for the available space on your 7306.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/loops/facts.h"/>
+        <source>%n loops</source>
+        <comment>%n loop</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/loops/spoken_length.h"/>
+        <source>%n minutes %1</source>
+        <comment>%n minute %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/loops/spoken_length.h"/>
+        <source>%n seconds</source>
+        <comment>%n second</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/keep.cpp"/>
+        <source>%1 was not copied, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/keep.cpp"/>
+        <source>Stop it and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/keep.cpp"/>
+        <source>no copy was kept, %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/keep.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>stopped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/keep.cpp"/>
+        <source>the pedal was in use while its loops were copied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 does not match what was written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was being written; the slot may now be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was not compared: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was not erased: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was not saved: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was not written: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was not written: it was sent, but the pedal does not hold all of it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was sent but could not be read back: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>%1 was sent; what the pedal holds of it was not checked.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Some of the loops may have been erased.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/loop_sentences.cpp"/>
+        <source>The slot may now be empty.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 changed meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 changed while it was being read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 is still on the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 was changed on the pedal meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 was erased on the pedal meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 was recorded on the pedal meanwhile</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>%1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>Erase loops, or choose shorter files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>Look at the rows and start again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Run: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>The pedal is in use by another program. Close that program, then try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>Unplug the pedal and plug it in again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>Unplug the pedal, plug it in again and start again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>a kernel driver is holding the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>another program is using the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>cancelled</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>it changed while it was being read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>it is still on the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>its file could not be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>no space left on the disk</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the file cannot be written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the folder cannot be written to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the folder is not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal did not report its loops</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal does not hold all of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal does not hold all of it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal gives %1 a length beyond its 24 minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal gives it a length beyond its 24 minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal has too little room</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal is busy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal refused %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal refused it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal refused to send %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal refused to send it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal stopped answering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal stopped partway through</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal was unplugged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the slot is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>there is not enough memory to hold it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>this computer did not pass the request on to the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>too little space on the disk</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>%1 ms are missing at its end</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>%1 ms of it cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>%1 was not saved: could not write to %2: %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Choose a folder that allows files of this size.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Choose a folder that exists.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Choose a folder that you can write to.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Choose a shorter name.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Converting the file takes too much time or memory.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Free some space or choose another folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The audio converter %1 is not installed. To install it: sudo apt install ffmpeg</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The audio converter failed: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The conversion was cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The converted file cannot be written: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The file cannot be read: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The file contains no audio.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The file is damaged or incomplete.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The file is damaged or incomplete: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The maker's list of firmware has not been read yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The maker's list of firmware was last read at %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The recording cannot be written and ends here: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The update server could not be reached (%1). Check the internet connection and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The update server could not prove its identity (%1). Check the computer's clock and its certificates.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The update server did not answer as expected (%1). Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>The update server did not list any usable firmware. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>There is no folder for temporary files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>There is no such file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>There is not enough disk space.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>There is too little space in "%1": %2. Make room or choose another folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>This audio format is not supported: %1. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>This is a folder or a device, not a file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>its end is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>part of it cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>this computer did not pass the request on to the pedal: the file of the kernel's usbtmc driver could not be opened in time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>this computer did not pass the request on to the pedal: the kernel's usbtmc driver, which it needs, does not know the pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>this computer did not pass the request on to the pedal: the udev rules for it are not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>"%1" cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>"%1" is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 and %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 are still on the pedal.</source>
+        <comment>%1 is still on the pedal.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 are still only on the pedal.</source>
+        <comment>%1 is still only on the pedal.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 could not be read back</source>
+        <comment>%1 could not be read back</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 erased</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 may have been erased</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 of %n loops erased</source>
+        <comment>%1 of %n loop erased</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 of %n loops saved</source>
+        <comment>%1 of %n loop saved</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 of %n loops sent, but not checked</source>
+        <comment>%1 of %n loop sent, but not checked</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 of %n loops written</source>
+        <comment>%1 of %n loop written</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 on the pedal differ from their files</source>
+        <comment>%1 on the pedal differs from its file</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 saved in %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 sent, but not checked</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 was not erased</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 was not saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 was not written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 were not compared.</source>
+        <comment>%1 was not compared.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 were not written.</source>
+        <comment>%1 was not written.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%n loops erased</source>
+        <comment>%n loop erased</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%n loops saved</source>
+        <comment>%n loop saved</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%n loops saved in %1</source>
+        <comment>%n loop saved in %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%n loops sent, but not checked</source>
+        <comment>%n loop sent, but not checked</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%n loops verified</source>
+        <comment>%n loop verified</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%n loops written</source>
+        <comment>%n loop written</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Loops %1</source>
+        <comment>Loop %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Loops cannot be imported</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Nothing was erased</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Nothing was erased.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Nothing was saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Nothing was saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Nothing was written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Nothing was written.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Report saved in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Some of the loops may have been erased</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>The pedal became busy; close and reopen the window to go on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>The recording ends here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>The report was not saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>Verifying was stopped</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>What the pedal sent back is the same, sample for sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told.cpp"/>
+        <source>loops %1</source>
+        <comment>loop %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>the computer did not give access in time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>the pedal refused</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>the system rule is missing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>the system rule is not in force</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%1 is missing or has been changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%1 of %n changes made</source>
+        <comment>%1 of %n changes made</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%1 were erased.</source>
+        <comment>%1 was erased.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%1 were not touched.</source>
+        <comment>%1 was not touched.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%1 were written.</source>
+        <comment>%1 was written.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%n loops backed up in %1</source>
+        <comment>%n loop backed up in %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%n loops restored</source>
+        <comment>%n loop restored</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%n loops restored, %1 erased</source>
+        <comment>%n loop restored, %1 erased</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%n of %1 were saved. The next backup in this folder continues from there.</source>
+        <comment>%n of %1 was saved. The next backup in this folder continues from there.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>%n of them were there already.</source>
+        <comment>%n of them was there already.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>All of them were there already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Erase loops on the pedal, or tick "Erase loops that are not in this backup".</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Nothing was backed up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Nothing was changed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Nothing was restored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Restoring erases %n loops on the 7306. Would you like to continue?</source>
+        <comment>Restoring erases %n loop on the 7306. Would you like to continue?</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Restoring replaces %1 and erases %2 on the 7306. Would you like to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Restoring replaces %n loops on the 7306. Would you like to continue?</source>
+        <comment>Restoring replaces %n loop on the 7306. Would you like to continue?</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>The backup is not complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>The pedal already has all loops of this backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>What was written was read back and is the same, sample for sample.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>a newer version of this program wrote it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>it cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>it is longer than the pedal's 24 minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>it is not complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>it is not there any more</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>its folder cannot be made</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>its index is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>its index is not one of a backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>%1 % was sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Firmware %1 cannot be offered</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Firmware %1 runs on the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Firmware %1 was sent. Install it again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Firmware list read at %1: %2 is the newest</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>It did not confirm the image. Check whether this is its version.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>It waits in its loader until it gets firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Leave it plugged in: it may still be storing the firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>No firmware was installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Restarting the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Sending image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Sending image, %1 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Sent, but the pedal has not come back yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The firmware could not be sent completely</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The firmware list could not be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The firmware list has not been read yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The firmware was sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The firmware was sent, but the pedal does not report its version</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The firmware was sent, but the pedal has not restarted yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal came back without taking the image; close and reopen the window</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal did not take the image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal has not come back yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal is preparing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal keeps its firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal may have kept its firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>The pedal may have stayed in its loader. Unplug it, plug it in again and install again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Unplug it and plug it in again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Unplug it and plug it in again. The program goes on looking for it for ten minutes.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>Waiting for the pedal to come back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>it came back in its loader</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>it is back with firmware %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>its image could not be downloaded, verified and stored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>the maker's server could not be reached</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>the server could not prove that it is the maker's</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <source>what the maker's server sent cannot be used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1 are needed and %2 are free</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
         <location filename="../../src/slots/slot_description.cpp"/>
         <source>Add Loop %1</source>
         <translation type="unfinished"></translation>
@@ -188,6 +1417,11 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
         <source>Remove file from loop %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/words/words.cpp"/>
+        <source>%1 %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -159,7 +159,7 @@ void Staging::sayTooLarge() {
     while (tooLarge_ != 0 && holds_ == 0 && !alerting_) {
         --tooLarge_;
         alerting_ = true;
-        environment_.dialogs.run(alertWithHeadline(std::string(tooLargeSentence)));
+        environment_.dialogs.run(alertWithHeadline(tooLargeSentence()));
         alerting_ = false;
     }
 }

@@ -5,6 +5,7 @@
 
 #include "loops/facts.h"
 #include "loops/frames.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -54,6 +55,10 @@ bool fitsCapacity(std::uint64_t frames) {
     return frames < capacityFrames;
 }
 
+std::string tooLargeSentence() {
+    return words("This file is too large for the available space on your 7306.");
+}
+
 std::uint64_t remainingFrames(std::uint64_t used) {
     return capacityFrames - std::min(used, capacityFrames);
 }
@@ -72,8 +77,7 @@ double meterWidth(std::uint64_t used) {
 
 std::string meterCaption(std::uint64_t used) {
     const auto seconds = remainingFrames(used) / framesPerSecond;
-    return "Space remaining: " + std::to_string(seconds / secondsPerMinute) + " min, " +
-           std::to_string(seconds % secondsPerMinute) + " sec";
+    return words("Space remaining: %1 min, %2 sec", seconds / secondsPerMinute, seconds % secondsPerMinute);
 }
 
 }  // namespace kzq

@@ -30,8 +30,7 @@ bool hasPossibleLength(const Loop& loop);
 
 /// Whether so many frames may be in use. Strict: an exactly full pedal is refused.
 bool fitsCapacity(std::uint64_t frames);
-inline constexpr std::string_view tooLargeSentence =
-    "This file is too large for the available space on your 7306.";
+std::string tooLargeSentence();  ///< of a file
 
 /// The meter for so many frames in use; more than the capacity counts as full.
 std::uint64_t remainingFrames(std::uint64_t used);

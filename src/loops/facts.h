@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "words/words.h"
+
 namespace kzq {
 
 // What holds for every pedal and every loop; each number stands here only.
@@ -28,7 +30,7 @@ inline std::string loopName(unsigned slot) {
 
 /// "1 loop", "3 loops"
 inline std::string loopsText(std::uint64_t count) {
-    return std::to_string(count) + (count == 1 ? " loop" : " loops");
+    return words(count, "%n loop", "%n loops");
 }
 
 }  // namespace kzq

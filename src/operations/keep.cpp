@@ -8,6 +8,7 @@
 #include "operations/read_loop.h"
 #include "operations/sentences.h"
 #include "operations/snapshot_draft.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -122,18 +123,18 @@ std::vector<SlotNumber> seenGone(const Outcome& operation) {
 
 Told toldNotKept(Deed deed, const Outcome& kept) {
     const auto& trouble = *kept.end;
-    Told result{.what = deed == Deed::erase ? "Nothing was erased" : "Nothing was written"};
+    Told result{.what = nothingDone(deed == Deed::erase ? Deed::erase : Deed::write)};
     const auto* const failed = kept.firstFailure();
     if (trouble.kind == Kind::cancelled) {
-        result.why = "stopped";
+        result.why = words("stopped");
     } else if (trouble.kind == Kind::busy) {
-        result.why = "the pedal was in use while its loops were copied";
-        result.detail = "Stop it and try again.";
+        result.why = words("the pedal was in use while its loops were copied");
+        result.detail = words("Stop it and try again.");
         result.failure = true;
     } else {
         const auto reason = reasonFor(Deed::save, trouble);
-        result.why = failed == nullptr ? "no copy was kept, " + reason
-                                       : loopNames({failed->slot}) + " was not copied, " + reason;
+        result.why = failed == nullptr ? words("no copy was kept, %1", reason)
+                                       : words("%1 was not copied, %2", loopNames({failed->slot}), reason);
         result.detail = adviceOn(trouble);
         result.failure = true;
     }

@@ -1,6 +1,7 @@
 #include "loops/facts.h"
 #include "operations/sentences.h"
 #include "operations/told.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -19,16 +20,25 @@ std::string changeSentence(const Trouble& trouble, const std::string& nothing) {
                      " written or erased.";
 }
 
+/// `reason` is the rest of the sentence.
+std::string notDoneSentence(std::string_view done, const std::string& name, const std::string& reason) {
+    const char* text = done == "saved"     ? english("%1 was not saved: %2")
+                       : done == "written" ? english("%1 was not written: %2")
+                       : done == "erased"  ? english("%1 was not erased: %2")
+                                           : english("%1 was not compared: %2");
+    return words(text, name, reason);
+}
+
 }  // namespace
 
 std::string doubtSentence(const SlotOutcome& doubt) {
     switch (doubt.did) {
         case Did::erased:
-            return "Some of the loops may have been erased.";
+            return words("Some of the loops may have been erased.");
         case Did::sent:
-            return loopName(doubt.slot) + " was sent; what the pedal holds of it was not checked.";
+            return words("%1 was sent; what the pedal holds of it was not checked.", loopName(doubt.slot));
         default:
-            return loopName(doubt.slot) + " was being written; the slot may now be empty.";
+            return words("%1 was being written; the slot may now be empty.", loopName(doubt.slot));
     }
 }
 
@@ -39,16 +49,16 @@ std::string slotSentence(std::string_view done, const SlotOutcome& outcome) {
         return notSavedSentence(name, outcome.file, trouble);
     }
     if (trouble.kind == Kind::shortLoop) {
-        return name + " was not written: it was sent, but the pedal does not hold all of it.";
+        return words("%1 was not written: it was sent, but the pedal does not hold all of it.", name);
     }
     if (trouble.kind == Kind::differs) {
-        return name + " does not match what was written.";
+        return words("%1 does not match what was written.", name);
     }
     const bool toPedal = done == "written" && outcome.did == Did::failed;
-    const auto start = name + (outcome.did == Did::sent ? " was sent but could not be read back: "
-                                                        : " was not " + std::string(done) + ": ");
-    return start + reasonSentence(toPedal ? Deed::write : Deed::save, trouble) +
-           (toPedal && trouble.kind == Kind::transferFailed ? " The slot may now be empty." : "");
+    const auto reason = reasonSentence(toPedal ? Deed::write : Deed::save, trouble);
+    return inTurn(outcome.did == Did::sent ? words("%1 was sent but could not be read back: %2", name, reason)
+                                           : notDoneSentence(done, name, reason),
+                  toPedal && trouble.kind == Kind::transferFailed ? words("The slot may now be empty.") : "");
 }
 
 std::string endSentence(std::string_view done, const Outcome& outcome) {

@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cerrno>
-#include <string_view>
 
 #include "operations/sentences.h"
 #include "operations/told.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -13,154 +12,193 @@ namespace {
 
 using Kind = Trouble::Kind;
 
-/// A reason in all its forms.
+/// A reason in all its forms; null where there is none.
 struct Wording {
     Kind kind;
-    std::string_view reason;         ///< behind a colon, without a full stop; "%" is the loop
-    std::string_view sentence = {};  ///< complete, of the tool; empty: the reason with a capital
-    std::string_view advice = {};    ///< what the window adds
+    const char* reason;              ///< behind a colon, without a full stop
+    const char* named = nullptr;     ///< the same with a loop's name; null: it does not speak of the loop
+    const char* sentence = nullptr;  ///< complete, of the tool; null: the reason with a capital
+    const char* advice = nullptr;    ///< what the window adds
 };
 
-constexpr std::string_view reasonUnplugged = "the pedal was unplugged";
-constexpr std::string_view reasonSilent = "the pedal stopped answering";
-constexpr std::string_view reasonNoTable = "the pedal did not report its loops";
-constexpr std::string_view sentenceUnidentified =
+constexpr auto reasonUnplugged = english("the pedal was unplugged");
+constexpr auto reasonSilent = english("the pedal stopped answering");
+constexpr auto reasonNoTable = english("the pedal did not report its loops");
+constexpr auto sentenceUnidentified =
     "The pedal is connected but does not identify itself. Unplug it and plug it in again.";
-constexpr std::string_view adviceReplug = "Unplug the pedal, plug it in again and start again.";
-constexpr std::string_view reasonPartway = "the pedal stopped partway through";
-constexpr std::string_view reasonUnwritable = "the file cannot be written";
-constexpr std::string_view reasonRoad = "this computer did not pass the request on to the pedal";
+constexpr auto adviceReplug = english("Unplug the pedal, plug it in again and start again.");
+constexpr auto reasonPartway = english("the pedal stopped partway through");
+constexpr auto reasonRoad = english("this computer did not pass the request on to the pedal");
 
 constexpr auto wordings = std::to_array<Wording>({
-    {Kind::noPedal, reasonUnplugged, "No pedal is connected. Plug it in and try again, or use --wait."},
-    {Kind::unplugged, reasonUnplugged},
-    {Kind::noPermission, reasonPartway, "You do not have permission to use the pedal."},
-    {Kind::kernelDriver, reasonPartway,
-     "A kernel driver was holding the pedal and has now released it. Try again."},
-    {Kind::cannotOpen, reasonPartway,
-     "The pedal is connected but cannot be opened. Unplug it and plug it in again."},
-    {Kind::noStage, reasonPartway, sentenceUnidentified},
-    {Kind::unknownStage, reasonPartway, sentenceUnidentified},
-    {Kind::inLoader, reasonPartway,
-     "The pedal is running only its loader and needs firmware. Run \"kzq7306ctl firmware install\"."},
-    {Kind::noSystemVersion, reasonPartway,
-     "The version of the C library reads as 0, so the pedal cannot be used on this system."},
-    {Kind::roadNotInstalled, reasonRoad},
-    {Kind::roadNotInForce, reasonRoad},
-    {Kind::roadBlocked, reasonRoad},
-    {Kind::heldByAnother, "another program is using the pedal"},
-    {Kind::heldByDriver, "a kernel driver is holding the pedal"},
-    {Kind::busy, "the pedal is busy", "The pedal is busy. Stop it and try again."},
-    {Kind::noAnswer, reasonSilent},
-    {Kind::silent, reasonSilent, "The pedal stopped answering. Unplug it and plug it in again.",
-     adviceReplug},
-    {Kind::noStatus, reasonNoTable, {}, adviceReplug},
-    {Kind::tableIncomplete, reasonNoTable,
-     "The pedal did not report its loops. Unplug it, plug it in again and try again.", adviceReplug},
-    {Kind::changed, {}, {}, "Look at the rows and start again."},
-    {Kind::cancelled, "cancelled"},
-    {Kind::emptySlot, "the slot is empty"},
-    {Kind::outOfMemory, "there is not enough memory to hold it"},
-    {Kind::tooLarge,
-     "the pedal gives % a length beyond its 24 minutes",
-     {},
-     "Unplug the pedal and plug it in again."},
-    {Kind::noAudio, "its file could not be read"},
-    {Kind::noRoom, "the pedal has too little room", {}, "Erase loops, or choose shorter files."},
-    {Kind::notErased, "% is still on the pedal"},
-    {Kind::shortLoop, "the pedal does not hold all of %"},
-    {Kind::changedWhileRead, "% changed while it was being read"},
-    {Kind::diskFull, "too little space on the disk"},
-    {Kind::declined, {}, "Cancelled. Nothing was changed."},
-    {Kind::nobodyToAsk,
-     {},
-     "Confirmation needed, but standard input is not a terminal. Nothing was changed; use --yes to proceed."},
+    {.kind = Kind::noPedal,
+     .reason = reasonUnplugged,
+     .sentence = "No pedal is connected. Plug it in and try again, or use --wait."},
+    {.kind = Kind::unplugged, .reason = reasonUnplugged},
+    {.kind = Kind::noPermission,
+     .reason = reasonPartway,
+     .sentence = "You do not have permission to use the pedal."},
+    {.kind = Kind::kernelDriver,
+     .reason = reasonPartway,
+     .sentence = "A kernel driver was holding the pedal and has now released it. Try again."},
+    {.kind = Kind::cannotOpen,
+     .reason = reasonPartway,
+     .sentence = "The pedal is connected but cannot be opened. Unplug it and plug it in again."},
+    {.kind = Kind::noStage, .reason = reasonPartway, .sentence = sentenceUnidentified},
+    {.kind = Kind::unknownStage, .reason = reasonPartway, .sentence = sentenceUnidentified},
+    {.kind = Kind::inLoader,
+     .reason = reasonPartway,
+     .sentence =
+         "The pedal is running only its loader and needs firmware. Run \"kzq7306ctl firmware install\"."},
+    {.kind = Kind::noSystemVersion,
+     .reason = reasonPartway,
+     .sentence = "The version of the C library reads as 0, so the pedal cannot be used on this system."},
+    {.kind = Kind::roadNotInstalled, .reason = reasonRoad},
+    {.kind = Kind::roadNotInForce, .reason = reasonRoad},
+    {.kind = Kind::roadBlocked, .reason = reasonRoad},
+    {.kind = Kind::heldByAnother, .reason = english("another program is using the pedal")},
+    {.kind = Kind::heldByDriver, .reason = english("a kernel driver is holding the pedal")},
+    {.kind = Kind::busy,
+     .reason = english("the pedal is busy"),
+     .sentence = "The pedal is busy. Stop it and try again."},
+    {.kind = Kind::noAnswer, .reason = reasonSilent},
+    {.kind = Kind::silent,
+     .reason = reasonSilent,
+     .sentence = "The pedal stopped answering. Unplug it and plug it in again.",
+     .advice = adviceReplug},
+    {.kind = Kind::noStatus, .reason = reasonNoTable, .advice = adviceReplug},
+    {.kind = Kind::tableIncomplete,
+     .reason = reasonNoTable,
+     .sentence = "The pedal did not report its loops. Unplug it, plug it in again and try again.",
+     .advice = adviceReplug},
+    {.kind = Kind::changed, .reason = nullptr, .advice = english("Look at the rows and start again.")},
+    {.kind = Kind::cancelled, .reason = english("cancelled")},
+    {.kind = Kind::emptySlot, .reason = english("the slot is empty")},
+    {.kind = Kind::outOfMemory, .reason = english("there is not enough memory to hold it")},
+    {.kind = Kind::tooLarge,
+     .reason = english("the pedal gives it a length beyond its 24 minutes"),
+     .named = english("the pedal gives %1 a length beyond its 24 minutes"),
+     .advice = english("Unplug the pedal and plug it in again.")},
+    {.kind = Kind::noAudio, .reason = english("its file could not be read")},
+    {.kind = Kind::noRoom,
+     .reason = english("the pedal has too little room"),
+     .advice = english("Erase loops, or choose shorter files.")},
+    {.kind = Kind::notErased,
+     .reason = english("it is still on the pedal"),
+     .named = english("%1 is still on the pedal")},
+    {.kind = Kind::shortLoop,
+     .reason = english("the pedal does not hold all of it"),
+     .named = english("the pedal does not hold all of %1")},
+    {.kind = Kind::changedWhileRead,
+     .reason = english("it changed while it was being read"),
+     .named = english("%1 changed while it was being read")},
+    {.kind = Kind::diskFull, .reason = english("too little space on the disk")},
+    {.kind = Kind::declined, .reason = nullptr, .sentence = "Cancelled. Nothing was changed."},
+    {.kind = Kind::nobodyToAsk,
+     .reason = nullptr,
+     .sentence = "Confirmation needed, but standard input is not a terminal. Nothing was changed; use --yes "
+                 "to proceed."},
 });
 
 Wording wordingOf(Kind kind) {
     const auto* const found = std::ranges::find(wordings, kind, &Wording::kind);
-    return found == wordings.end() ? Wording{kind, {}} : *found;
+    return found == wordings.end() ? Wording{.kind = kind, .reason = nullptr} : *found;
 }
 
 bool isHeld(const Trouble& trouble) {
     return trouble.kind == Kind::heldByAnother || trouble.kind == Kind::heldByDriver;
 }
 
-/// In the middle of a sentence.
-std::string fileReason(int error) {
+/// In the middle of a sentence; null if there is none for it.
+const char* fileReason(int error) {
     switch (error) {
         case ENOSPC:
         case EDQUOT:
-            return "no space left on the disk";
+            return english("no space left on the disk");
         case ENOENT:
-            return "the folder is not there any more";
+            return english("the folder is not there any more");
         case EROFS:
         case EACCES:
         case EPERM:
-            return "the folder cannot be written to";
+            return english("the folder cannot be written to");
         default:
-            return std::string(reasonUnwritable);
+            return nullptr;
     }
 }
 
 std::string changeReason(const Trouble& trouble) {
-    return trouble.words.empty() ? trouble.where + " changed meanwhile"
-                                 : trouble.where + " was " + trouble.words + " on the pedal meanwhile";
+    const bool recorded = trouble.words == "recorded";
+    const bool erased = trouble.words == "erased";
+    return words(trouble.words.empty() ? "%1 changed meanwhile"
+                 : recorded            ? "%1 was recorded on the pedal meanwhile"
+                 : erased              ? "%1 was erased on the pedal meanwhile"
+                                       : "%1 was changed on the pedal meanwhile",
+                 trouble.where);
+}
+
+std::string refusal(Deed deed, const std::string& loop) {
+    if (deed == Deed::save) {
+        return loop.empty() ? words("the pedal refused to send it")
+                            : words("the pedal refused to send %1", loop);
+    }
+    return loop.empty() ? words("the pedal refused it") : words("the pedal refused %1", loop);
 }
 
 }  // namespace
 
-std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& it) {
+std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& loop) {
     switch (trouble.kind) {
         case Kind::refused:
-            return "the pedal refused " + ((deed == Deed::save ? "to send " : "") + it);
+            return refusal(deed, loop);
         case Kind::changed:
             return changeReason(trouble);
-        case Kind::file:
-            return fileReason(trouble.error);
+        case Kind::file: {
+            const auto* const reason = fileReason(trouble.error);
+            return reason == nullptr ? words("the file cannot be written") : words(reason);
+        }
         default:
             break;
     }
     const auto wording = wordingOf(trouble.kind);
-    std::string reason(wording.reason.empty() ? reasonPartway : wording.reason);
-    if (const auto at = reason.find('%'); at != std::string::npos) {
-        reason.replace(at, 1, it);
+    if (wording.named != nullptr && !loop.empty()) {
+        return words(wording.named, loop);
     }
-    return reason;
+    return words(wording.reason == nullptr ? reasonPartway : wording.reason);
 }
 
 std::string reasonSentence(Deed deed, const Trouble& trouble) {
     if (isMissingRule(trouble)) {
         return roadSentence(trouble);
     }
-    if (isHeld(trouble)) {
-        return reasonFor(deed, trouble) + ". " + pedalSentence(trouble);
+    if (trouble.kind == Kind::tooLarge) {
+        return words(
+            "the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug "
+            "it in again and try again.");
     }
-    return reasonFor(deed, trouble) +
-           (trouble.kind == Kind::tooLarge
-                ? ", which cannot be. Unplug the pedal, plug it in again and try again."
-                : ".");
+    const auto reason = words("%1.", reasonFor(deed, trouble));
+    return isHeld(trouble) ? inTurn(reason, pedalSentence(trouble)) : reason;
 }
 
 std::string adviceOn(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::file:  // the reason has said the rest, unless it is none
-            return fileReason(trouble.error) == reasonUnwritable ? fileSentence(trouble)
-                                                                 : fileRemedy(trouble.error);
+            return fileReason(trouble.error) == nullptr ? fileSentence(trouble) : fileRemedy(trouble.error);
         case Kind::diskFull:
             return spaceSentence(trouble);
         case Kind::heldByAnother:
         case Kind::heldByDriver:
             return pedalSentence(trouble);
         default:
-            return std::string(wordingOf(trouble.kind).advice);
+            break;
     }
+    const auto* const advice = wordingOf(trouble.kind).advice;
+    return advice == nullptr ? "" : words(advice);
 }
 
 std::string pedalSentence(const Trouble& trouble) {
     const auto wording = wordingOf(trouble.kind);
-    if (!wording.sentence.empty()) {
-        return std::string(wording.sentence);
+    if (wording.sentence != nullptr) {
+        return wording.sentence;
     }
     if (trouble.kind == Kind::tooLarge) {
         return trouble.where + ": " + reasonSentence(Deed::save, trouble);
@@ -169,14 +207,12 @@ std::string pedalSentence(const Trouble& trouble) {
         return "The pedal has " + trouble.words + ". Erase loops, or choose slots to overwrite with --slot.";
     }
     if (!trouble.words.empty()) {  // what was found on this computer
-        return trouble.words + (trouble.remedy.empty() ? "" : " Run: " + trouble.remedy);
+        return inTurn(trouble.words, trouble.remedy.empty() ? "" : words("Run: %1", trouble.remedy));
     }
-    if (wording.reason.empty() || isHeld(trouble)) {
-        return "The pedal is in use by another program. Close that program, then try again.";
+    if (wording.reason == nullptr || isHeld(trouble)) {
+        return words("The pedal is in use by another program. Close that program, then try again.");
     }
-    auto sentence = reasonFor(Deed::save, trouble) + ".";
-    sentence.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(sentence.front())));
-    return sentence;
+    return capital(words("%1.", reasonFor(Deed::save, trouble)));
 }
 
 }  // namespace kzq

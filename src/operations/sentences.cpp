@@ -5,36 +5,37 @@
 #include <system_error>
 
 #include "loops/facts.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
 
 using Kind = Trouble::Kind;
 
-constexpr const char* windowKinds = "Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.";
 constexpr const char* toolKinds =
     "Use WAV, AIFF, FLAC, MP3, M4A, AAC, AC3, Ogg Vorbis, Opus, WavPack, W64, RF64 or CAF.";
 
-std::string unsupportedSentence(const Trouble& trouble, const char* kinds) {
-    return "This audio format is not supported: " + trouble.words + ". " + kinds;
+/// "No space left on device", or what the other side said.
+std::string saidReason(const Trouble& trouble) {
+    return trouble.error == 0 ? words(trouble.words.c_str()) : std::generic_category().message(trouble.error);
 }
 
-/// "No space left on device.", or what the other side said.
+/// The same as the end of a sentence.
 std::string reasonOf(const Trouble& trouble) {
-    return (trouble.error == 0 ? trouble.words : std::generic_category().message(trouble.error)) + ".";
+    return words("%1.", saidReason(trouble));
 }
 
 std::string quoted(const Trouble& trouble) {
     return "\"" + trouble.where + "\"";
 }
 
-/// "1,234 ms".
+/// "1,234"
 std::string milliseconds(const Trouble& trouble) {
     std::string text = trouble.words;
     for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > 0; at -= 3) {
         text.insert(static_cast<std::size_t>(at), ",");
     }
-    return text + " ms";
+    return text;
 }
 
 }  // namespace
@@ -43,30 +44,29 @@ std::string fileRemedy(int error) {
     switch (error) {
         case ENOSPC:
         case EDQUOT:
-            return "Free some space or choose another folder.";
+            return words("Free some space or choose another folder.");
         case ENAMETOOLONG:
-            return "Choose a shorter name.";
+            return words("Choose a shorter name.");
         case EFBIG:
-            return "Choose a folder that allows files of this size.";
+            return words("Choose a folder that allows files of this size.");
         case ENOENT:
-            return "Choose a folder that exists.";
+            return words("Choose a folder that exists.");
         case EROFS:
         case EACCES:
         case EPERM:
-            return "Choose a folder that you can write to.";
+            return words("Choose a folder that you can write to.");
         default:
             return "";
     }
 }
 
 std::string fileSentence(const Trouble& trouble) {
-    const auto remedy = fileRemedy(trouble.error);
-    return reasonOf(trouble) + (remedy.empty() ? "" : " ") + remedy;
+    return inTurn(reasonOf(trouble), fileRemedy(trouble.error));
 }
 
 std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,
                              const Trouble& trouble) {
-    return what + " was not saved: could not write to " + folder.string() + ": " + fileSentence(trouble);
+    return words("%1 was not saved: could not write to %2: %3", what, folder.string(), fileSentence(trouble));
 }
 
 std::string folderSentence(const Trouble& trouble) {
@@ -86,53 +86,59 @@ std::string folderSentence(const Trouble& trouble) {
 }
 
 std::string spaceSentence(const Trouble& trouble) {
-    return "There is too little space in " + quoted(trouble) + ": " + trouble.words +
-           ". Make room or choose another folder.";
+    return words("There is too little space in \"%1\": %2. Make room or choose another folder.",
+                 trouble.where, trouble.words);
 }
 
 std::string flawWords(const Trouble& flaw) {
     if (flaw.kind == Kind::endsEarly) {
-        return flaw.words.empty() ? "its end is missing" : milliseconds(flaw) + " are missing at its end";
+        return flaw.words.empty() ? words("its end is missing")
+                                  : words("%1 ms are missing at its end", milliseconds(flaw));
     }
-    return (flaw.words.empty() ? "part" : milliseconds(flaw)) + " of it cannot be read";
+    return flaw.words.empty() ? words("part of it cannot be read")
+                              : words("%1 ms of it cannot be read", milliseconds(flaw));
 }
 
 std::string audioSentence(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::notAFile:
-            return trouble.error == 0 ? "This is a folder or a device, not a file."
-                                      : "There is no such file.";
+            return words(trouble.error == 0 ? "This is a folder or a device, not a file."
+                                            : "There is no such file.");
         case Kind::unreadable:
-            return "The file cannot be read: " + reasonOf(trouble);
+            return words("The file cannot be read: %1.", saidReason(trouble));
         case Kind::notAudio:
-            return std::string("The file is not audio, or its format is not supported. ") + windowKinds;
+            return words(
+                "The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, "
+                "AAC or AC3.");
         case Kind::unsupported:
-            return unsupportedSentence(trouble, windowKinds);
+            return words("This audio format is not supported: %1. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.",
+                         words(trouble.words.c_str()));
         case Kind::damaged:
-            return "The file is damaged or incomplete.";
+            return words("The file is damaged or incomplete.");
         case Kind::endsEarly:
         case Kind::broken:
-            return "The file is damaged or incomplete: " + flawWords(trouble) + ".";
+            return words("The file is damaged or incomplete: %1.", flawWords(trouble));
         case Kind::noSound:
-            return "The file contains no audio.";
+            return words("The file contains no audio.");
         case Kind::sampleRate:
-            return "The file's sample rate is " + trouble.words + " Hz; it must be from 4,000 to 768,000 Hz.";
+            return words("The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.",
+                         trouble.words);
         case Kind::diskFull:
-            return "There is not enough disk space.";
+            return words("There is not enough disk space.");
         case Kind::outputRefused:
-            return "The converted file cannot be written: " + fileSentence(trouble);
+            return words("The converted file cannot be written: %1", fileSentence(trouble));
         case Kind::cancelled:
-            return "The conversion was cancelled.";
+            return words("The conversion was cancelled.");
         case Kind::limits:
-            return "Converting the file takes too much time or memory.";
+            return words("Converting the file takes too much time or memory.");
         case Kind::toolMissing:
-            return "The audio converter " + trouble.words +
-                   " is not installed. To install it: sudo apt install ffmpeg";
+            return words("The audio converter %1 is not installed. To install it: sudo apt install ffmpeg",
+                         trouble.words);
         case Kind::noTemporaryFolder:
-            return "There is no folder for " + (trouble.words.empty() ? "temporary files" : trouble.words) +
-                   ".";
+            return trouble.words.empty() ? words("There is no folder for temporary files.")
+                                         : "There is no folder for " + trouble.words + ".";
         default:
-            return "The audio converter failed: " + reasonOf(trouble);
+            return words("The audio converter failed: %1.", saidReason(trouble));
     }
 }
 
@@ -153,7 +159,7 @@ std::string conversionSentence(const Trouble& trouble, const std::string& name) 
         return failed + audioSentence(trouble) + " To convert what there is of it, add --salvage.";
     }
     if (trouble.kind == Kind::unsupported) {
-        return failed + unsupportedSentence(trouble, toolKinds);
+        return failed + "This audio format is not supported: " + trouble.words + ". " + toolKinds;
     }
     if (trouble.kind != Kind::notAudio) {
         return failed + audioSentence(trouble);
@@ -172,15 +178,20 @@ std::string slotsSentence(const Trouble& trouble) {
 std::string firmwareSentence(const Trouble& trouble) {
     switch (trouble.kind) {
         case Kind::noServer:
-            return "The update server could not be reached (" + trouble.words +
-                   "). Check the internet connection and try again.";
+            return words(
+                "The update server could not be reached (%1). Check the internet connection and try "
+                "again.",
+                words(trouble.words.c_str()));
         case Kind::untrustedServer:
-            return "The update server could not prove its identity (" + trouble.words +
-                   "). Check the computer's clock and its certificates.";
+            return words(
+                "The update server could not prove its identity (%1). Check the computer's clock and "
+                "its certificates.",
+                words(trouble.words.c_str()));
         case Kind::oddAnswer:
-            return "The update server did not answer as expected (" + trouble.words + "). Try again later.";
+            return words("The update server did not answer as expected (%1). Try again later.",
+                         words(trouble.words.c_str()));
         case Kind::badManifest:
-            return "The update server did not list any usable firmware. Try again later.";
+            return words("The update server did not list any usable firmware. Try again later.");
         case Kind::noCache:
             return "Could not create the folder for downloaded firmware in your home folder.";
         case Kind::unverified:
@@ -199,20 +210,24 @@ std::string firmwareSentence(const Trouble& trouble) {
 }
 
 std::string roadSentence(const Trouble& trouble) {
-    const auto* const why = trouble.kind == Kind::roadNotInstalled
-                                ? "the udev rules for it are not installed."
-                            : trouble.kind == Kind::roadNotInForce
-                                ? "the kernel's usbtmc driver, which it needs, does not know the pedal."
-                                : "the file of the kernel's usbtmc driver could not be opened in time.";
-    return "this computer did not pass the request on to the pedal: " + std::string(why) +
-           (trouble.remedy.empty() ? " Run \"kzq7306ctl doctor\" to see how to fix it."
-                                   : " Run: " + trouble.remedy);
+    const auto why =
+        words(trouble.kind == Kind::roadNotInstalled
+                  ? "this computer did not pass the request on to the pedal: the udev "
+                    "rules for it are not installed."
+              : trouble.kind == Kind::roadNotInForce ? "this computer did not pass the request on to the "
+                                                       "pedal: the kernel's usbtmc driver, which it needs, "
+                                                       "does not know the pedal."
+                                                     : "this computer did not pass the request on to the "
+                                                       "pedal: the file of the kernel's usbtmc driver "
+                                                       "could not be opened in time.");
+    return inTurn(why, trouble.remedy.empty() ? words("Run \"kzq7306ctl doctor\" to see how to fix it.")
+                                              : words("Run: %1", trouble.remedy));
 }
 
 std::string firmwareListSentence(const std::string& read, const std::optional<Trouble>& trouble) {
-    const auto when = read.empty() ? std::string("The maker's list of firmware has not been read yet.")
-                                   : "The maker's list of firmware was last read at " + read + ".";
-    return trouble ? firmwareSentence(*trouble) + " " + when : when;
+    const auto when = read.empty() ? words("The maker's list of firmware has not been read yet.")
+                                   : words("The maker's list of firmware was last read at %1.", read);
+    return trouble ? inTurn(firmwareSentence(*trouble), when) : when;
 }
 
 std::string simulationSentence(const Trouble& trouble) {
@@ -252,7 +267,7 @@ std::string recordingSentence(const Trouble& trouble) {
 }
 
 std::string recordingEndSentence(const Trouble& trouble) {
-    return "The recording cannot be written and ends here: " + reasonOf(trouble);
+    return words("The recording cannot be written and ends here: %1.", saidReason(trouble));
 }
 
 std::string badRecordingSentence(const Trouble& trouble) {

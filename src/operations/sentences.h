@@ -13,7 +13,7 @@
 namespace kzq {
 
 // The only place that puts troubles into words for a user: what is, why, and what to do. Complete sentences.
-// Any thread.
+// Any thread. What only the tool says is in English, and so are its parts of the others.
 
 /// Why the pedal cannot be used, or why work with it has ended.
 std::string pedalSentence(const Trouble& trouble);

@@ -1,10 +1,10 @@
 #include "operations/told.h"
 
 #include <algorithm>
-#include <cctype>
 
 #include "loops/facts.h"
 #include "operations/sentences.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -14,10 +14,6 @@ using Kind = Trouble::Kind;
 
 const char* participle(Deed deed) {
     return deed == Deed::save ? "saved" : deed == Deed::write ? "written" : "erased";
-}
-
-void append(std::string& text, const std::string& sentence) {
-    text += text.empty() || sentence.empty() ? sentence : " " + sentence;
 }
 
 /// Without the folders above it.
@@ -30,7 +26,7 @@ std::string otherReasons(Deed deed, const Outcome& outcome, const Trouble& first
     std::string text;
     for (const auto& loop : outcome.slots) {
         if (loop.trouble && loop.trouble->kind != first.kind) {
-            append(text, loopName(loop.slot) + ": " + reasonFor(deed, *loop.trouble) + ".");
+            text = inTurn(text, words("%1: %2.", loopName(loop.slot), reasonFor(deed, *loop.trouble)));
         }
     }
     return text;
@@ -38,12 +34,12 @@ std::string otherReasons(Deed deed, const Outcome& outcome, const Trouble& first
 
 /// The loop that `trouble` is about, among several.
 std::string loopOf(const Outcome& outcome, const Trouble& trouble) {
+    const std::string start = "Loop ";
+    if (outcome.end && trouble.where.starts_with(start)) {
+        return words(1, "loop %1", "loops %1", trouble.where.substr(start.size()));
+    }
     const auto* const failed = outcome.firstFailure();
-    auto name = !trouble.where.empty() && outcome.end ? trouble.where
-                : failed != nullptr                   ? loopName(failed->slot)
-                                                      : std::string("a loop");
-    name.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(name.front())));
-    return name;
+    return failed != nullptr ? loopNames({failed->slot}) : words("a loop");
 }
 
 /// What has been saved stays so, even if a cancel or a pulled cable came with its last byte.
@@ -71,55 +67,76 @@ std::string whereaboutsOf(Deed deed, const Outcome& outcome, const std::vector<S
     for (const auto& loop : outcome.slots) {
         if (loop.trouble && loop.did == SlotOutcome::Did::sent && loop.trouble->kind != Kind::shortLoop) {
             std::erase(missing, loop.slot);
-            append(sent, slotSentence(participle(deed), loop));
+            sent = inTurn(sent, slotSentence(participle(deed), loop));
         }
     }
     if (missing.empty()) {
         return sent;
     }
-    const bool one = missing.size() == 1;
-    auto text = listOf(missing);
-    switch (deed) {
-        case Deed::save:
-            text += std::string(one ? " is" : " are") + " still only on the pedal.";
-            break;
-        case Deed::write:
-            text += std::string(one ? " was" : " were") + " not written.";
-            break;
-        case Deed::erase:
-            text += std::string(one ? " is" : " are") + " still on the pedal.";
+    return inTurn(words(missing.size(),
+                        byDeed(deed, "%1 is still only on the pedal.", "%1 was not written.",
+                               "%1 is still on the pedal."),
+                        byDeed(deed, "%1 are still only on the pedal.", "%1 were not written.",
+                               "%1 are still on the pedal."),
+                        listOf(missing)),
+                  sent);
+}
+
+/// The pedal took them.
+std::string sentHeadline(const std::vector<SlotNumber>& asked, std::size_t done) {
+    if (asked.size() == 1) {
+        return words("%1 sent, but not checked", loopName(asked.front()));
     }
-    append(text, sent);
-    return text;
+    return done == asked.size()
+               ? words(done, "%n loop sent, but not checked", "%n loops sent, but not checked")
+               : words(asked.size(), "%1 of %n loop sent, but not checked",
+                       "%1 of %n loops sent, but not checked", done);
 }
 
 std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked) {
-    const std::string did(participle(deed));
     if (cameWhole(deed, outcome)) {
-        return (asked.size() == 1 ? loopName(asked.front()) : loopsText(asked.size())) + " " + did;
+        return asked.size() == 1
+                   ? words(byDeed(deed, "%1 saved", "%1 written", "%1 erased"), loopName(asked.front()))
+                   : words(asked.size(), byDeed(deed, "%n loop saved", "%n loop written", "%n loop erased"),
+                           byDeed(deed, "%n loops saved", "%n loops written", "%n loops erased"));
     }
     const bool changed = outcome.end && outcome.end->kind == Kind::changed && !outcome.begun;
     if (outcome.doubt && outcome.doubt->did == SlotOutcome::Did::erased) {
-        return asked.size() == 1 ? loopName(asked.front()) + " may have been erased"
-                                 : "Some of the loops may have been erased";
+        return asked.size() == 1 ? words("%1 may have been erased", loopName(asked.front()))
+                                 : words("Some of the loops may have been erased");
     }
     const auto sent = static_cast<std::size_t>(std::ranges::count_if(outcome.slots, isUnchecked));
     if (onlySent(outcome) || (outcome.done() == 0 && sent != 0)) {
-        const auto done = std::max(outcome.done(), sent);
-        return (asked.size() == 1      ? loopName(asked.front())
-                : done == asked.size() ? loopsText(done)
-                                       : std::to_string(done) + " of " + loopsText(asked.size())) +
-               " sent, but not checked";
+        return sentHeadline(asked, std::max(outcome.done(), sent));
     }
     if (asked.size() == 1 && !changed) {
-        return loopName(asked.front()) + " was not " + did;
+        return words(byDeed(deed, "%1 was not saved", "%1 was not written", "%1 was not erased"),
+                     loopName(asked.front()));
     }
     return outcome.done() == 0
-               ? "Nothing was " + did
-               : std::to_string(outcome.done()) + " of " + loopsText(asked.size()) + " " + did;
+               ? nothingDone(deed)
+               : words(
+                     asked.size(),
+                     byDeed(deed, "%1 of %n loop saved", "%1 of %n loop written", "%1 of %n loop erased"),
+                     byDeed(deed, "%1 of %n loops saved", "%1 of %n loops written", "%1 of %n loops erased"),
+                     outcome.done());
+}
+
+/// "3, 5 and 7"
+std::string numbersOf(const std::vector<SlotNumber>& slots) {
+    std::string text;
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const auto number = std::to_string(slots[i].number());
+        text = i == 0 ? number : words(i + 1 == slots.size() ? "%1 and %2" : "%1, %2", text, number);
+    }
+    return text;
 }
 
 }  // namespace
+
+std::string nothingDone(Deed deed) {
+    return words(byDeed(deed, "Nothing was saved", "Nothing was written", "Nothing was erased"));
+}
 
 const Trouble* mainTrouble(const Outcome& outcome) {
     if (outcome.end) {
@@ -135,25 +152,20 @@ bool isMissingRule(const Trouble& trouble) {
 }
 
 Told toldMissingRule(const Trouble& trouble) {
-    return {.what = "Loops cannot be imported",
-            .why = trouble.kind == Kind::roadNotInstalled ? "the system rule is missing"
-                   : trouble.kind == Kind::roadNotInForce ? "the system rule is not in force"
-                                                          : "the computer did not give access in time",
-            .detail = trouble.remedy.empty() ? "" : "Run: " + trouble.remedy,
+    return {.what = words("Loops cannot be imported"),
+            .why = words(trouble.kind == Kind::roadNotInstalled ? "the system rule is missing"
+                         : trouble.kind == Kind::roadNotInForce ? "the system rule is not in force"
+                                                                : "the computer did not give access in time"),
+            .detail = trouble.remedy.empty() ? "" : words("Run: %1", trouble.remedy),
             .failure = true};
 }
 
 std::string loopNames(const std::vector<SlotNumber>& slots) {
-    std::string text(slots.size() == 1 ? "loop " : "loops ");
-    for (std::size_t i = 0; i < slots.size(); ++i) {
-        const char* const joint = i == 0 ? "" : i + 1 == slots.size() ? " and " : ", ";
-        text += joint + std::to_string(slots[i].number());
-    }
-    return text;
+    return words(slots.size(), "loop %1", "loops %1", numbersOf(slots));
 }
 
 std::string listOf(const std::vector<SlotNumber>& slots) {
-    return "L" + loopNames(slots).substr(1);
+    return words(slots.size(), "Loop %1", "Loops %1", numbersOf(slots));
 }
 
 std::vector<SlotNumber> notDone(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
@@ -167,8 +179,9 @@ std::vector<SlotNumber> notDone(const Outcome& outcome, const std::vector<SlotNu
 
 Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked) {
     if (!outcome.begun && outcome.end && outcome.end->kind == Kind::busy) {
-        return {.what = "The pedal became busy; close and reopen the window to go on",
-                .detail = std::string("Nothing was ") + participle(deed) + ".",
+        return {.what = words("The pedal became busy; close and reopen the window to go on"),
+                .detail =
+                    words(byDeed(deed, "Nothing was saved.", "Nothing was written.", "Nothing was erased.")),
                 .failure = true};
     }
     Told result{.what = headline(deed, outcome, asked)};
@@ -177,19 +190,19 @@ Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& aske
     }
     if (const auto* const trouble = mainTrouble(outcome)) {
         result.failure = trouble->kind != Kind::cancelled;
-        result.why = reasonFor(deed, *trouble, asked.size() == 1 ? "it" : loopOf(outcome, *trouble));
-        append(result.detail, otherReasons(deed, outcome, *trouble));
-        append(result.detail, adviceOn(*trouble));
+        result.why = reasonFor(deed, *trouble, asked.size() == 1 ? "" : loopOf(outcome, *trouble));
+        result.detail = inTurn(result.detail, otherReasons(deed, outcome, *trouble));
+        result.detail = inTurn(result.detail, adviceOn(*trouble));
     } else {  // an erase, which the pedal agreed to only in part
         result.failure = true;
-        result.why = "the pedal refused";
+        result.why = words("the pedal refused");
     }
     // an erase has no slots to tell the loops by
     if (asked.size() > 1 && (deed != Deed::erase || !outcome.slots.empty())) {
-        append(result.detail, whereaboutsOf(deed, outcome, asked));
+        result.detail = inTurn(result.detail, whereaboutsOf(deed, outcome, asked));
     }
     if (outcome.doubt && outcome.doubt->did != SlotOutcome::Did::erased) {  // otherwise the line says it
-        append(result.detail, doubtSentence(*outcome.doubt));
+        result.detail = inTurn(result.detail, doubtSentence(*outcome.doubt));
     }
     return result;
 }
@@ -205,12 +218,15 @@ Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
     if (!cameWhole(Deed::save, outcome)) {
         return result;
     }
-    result.what += " in " + nameOf(folder);
+    result.what = asked.size() == 1
+                      ? words("%1 saved in %2", loopName(asked.front()), nameOf(folder))
+                      : words(asked.size(), "%n loop saved in %1", "%n loops saved in %1", nameOf(folder));
+    std::string files;
     for (const auto& loop : outcome.slots) {
         result.names.push_back(loop.file.filename().string());
-        result.detail += (result.detail.empty() ? "" : ", ") + result.names.back();
+        files = files.empty() ? result.names.back() : words("%1, %2", files, result.names.back());
     }
-    result.detail += result.detail.empty() ? "" : ".";
+    result.detail = files.empty() ? "" : words("%1.", files);
     return result;
 }
 
@@ -225,25 +241,29 @@ Told toldVerify(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
         (read && loop->trouble->kind == Kind::differs ? differing : unread).push_back(slot);
         why = why == nullptr && read && loop->trouble->kind != Kind::differs ? &*loop->trouble : why;
     }
-    const auto left = unread.empty() ? "" : listOf(unread) + (unread.size() == 1 ? " was" : " were");
+    const auto left = unread.empty() ? ""
+                                     : words(unread.size(), "%1 was not compared.", "%1 were not compared.",
+                                             listOf(unread));
     if (!differing.empty()) {
-        return {.what = listOf(differing) + " on the pedal " +
-                        (differing.size() == 1 ? "differs from its file" : "differ from their files"),
-                .detail = unread.empty() ? "" : left + " not compared.",
+        return {.what = words(differing.size(), "%1 on the pedal differs from its file",
+                              "%1 on the pedal differ from their files", listOf(differing)),
+                .detail = left,
                 .failure = true};
     }
     if (unread.empty()) {
-        return {.what = (asked.size() == 1 ? loopName(asked.front()) : loopsText(asked.size())) + " verified",
-                .detail = "What the pedal sent back is the same, sample for sample."};
+        return {.what = asked.size() == 1 ? words("%1 verified", loopName(asked.front()))
+                                          : words(asked.size(), "%n loop verified", "%n loops verified"),
+                .detail = words("What the pedal sent back is the same, sample for sample.")};
     }
     if (why == nullptr) {
         why = &noAnswer;
     }
     if (why->kind == Kind::cancelled) {
-        return {.what = "Verifying was stopped", .detail = left + " not compared."};
+        return {.what = words("Verifying was stopped"), .detail = left};
     }
-    return {.what = listOf(unread) + " could not be read back",
-            .why = reasonFor(Deed::save, *why, unread.size() == 1 ? "it" : loopOf(outcome, *why)),
+    return {.what = words(unread.size(), "%1 could not be read back", "%1 could not be read back",
+                          listOf(unread)),
+            .why = reasonFor(Deed::save, *why, unread.size() == 1 ? "" : loopOf(outcome, *why)),
             .failure = true};
 }
 
@@ -253,19 +273,19 @@ bool isSalvageable(const Trouble& trouble) {
 
 Told toldUnusable(const std::string& name, const Trouble& trouble) {
     if (isSalvageable(trouble)) {
-        return {.what = "\"" + name + "\" is damaged",
+        return {.what = words("\"%1\" is damaged", name),
                 .why = flawWords(trouble),
                 .failure = true,
                 .names = {name, trouble.where}};
     }
-    return {.what = "\"" + name + "\" cannot be read",
+    return {.what = words("\"%1\" cannot be read", name),
             .detail = audioSentence(trouble),
             .failure = true,
             .names = {name, trouble.where}};
 }
 
 Told toldRecordingEnd(const Trouble& trouble) {
-    return {.what = "The recording ends here",
+    return {.what = words("The recording ends here"),
             .why = reasonFor(Deed::save, trouble),
             .detail = recordingEndSentence(trouble),
             .failure = true};
@@ -273,9 +293,10 @@ Told toldRecordingEnd(const Trouble& trouble) {
 
 Told toldReport(const std::filesystem::path& file, const Result<void>& saved) {
     const auto folder = file.parent_path();
-    Told result{.what = "Report saved in " + nameOf(folder), .names = {folder.string(), nameOf(folder)}};
+    Told result{.what = words("Report saved in %1", nameOf(folder)),
+                .names = {folder.string(), nameOf(folder)}};
     if (!saved) {
-        result.what = "The report was not saved";
+        result.what = words("The report was not saved");
         result.why = reasonFor(Deed::save, saved.error());
         result.detail = adviceOn(saved.error());
         result.failure = true;

@@ -23,6 +23,13 @@ struct Told {
 /// What an operation does to loops.
 enum class Deed : std::uint8_t { save, write, erase };
 
+/// The text of an operation that does this.
+constexpr const char* byDeed(Deed deed, const char* save, const char* write, const char* erase) {
+    return deed == Deed::save ? save : deed == Deed::write ? write : erase;
+}
+/// "Nothing was saved"
+std::string nothingDone(Deed deed);
+
 /// What became of an operation on `asked`, in the order of the list. Any thread, all of these.
 Told told(Deed deed, const Outcome& outcome, const std::vector<SlotNumber>& asked);
 Told toldImport(const Outcome& outcome, const std::vector<SlotNumber>& asked,
@@ -57,14 +64,14 @@ const Trouble* mainTrouble(const Outcome& outcome);
 /// The loops of `asked` that did not come to a good end.
 std::vector<SlotNumber> notDone(const Outcome& outcome, const std::vector<SlotNumber>& asked);
 
-/// "the pedal refused it": the part behind a colon, without a full stop. `it` is the loop.
-std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& it = "it");
+/// "the pedal refused loop 4": the part behind a colon, without a full stop; "it" if no loop is named.
+std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& loop = {});
 /// The same as the end of a sentence of the tool's, with its full stop and what to do.
 std::string reasonSentence(Deed deed, const Trouble& trouble);
 /// What is known beyond the reason: a number, the system's own words, what to do. Complete sentences; may be
 /// empty.
 std::string adviceOn(const Trouble& trouble);
-/// "Loops 3, 5 and 7": loopNames with a capital
+/// "Loops 3, 5 and 7": loopNames at the beginning of a sentence.
 std::string listOf(const std::vector<SlotNumber>& slots);
 
 }  // namespace kzq

@@ -4,6 +4,8 @@
 
 #include <system_error>
 
+#include "words/words.h"
+
 namespace kzq {
 
 namespace {
@@ -35,7 +37,7 @@ std::optional<Trouble> tooLittleSpace(const std::filesystem::path& folder, std::
         return std::nullopt;
     }
     return Trouble{Trouble::Kind::diskFull, folder.string(), 0,
-                   sizeText(bytes) + " are needed and " + sizeText(*free) + " are free"};
+                   words("%1 are needed and %2 are free", sizeText(bytes), sizeText(*free))};
 }
 
 std::string sizeText(std::uint64_t bytes) {

@@ -46,4 +46,24 @@ std::string worded(const Text& text, std::initializer_list<std::string> argument
     return result;
 }
 
+std::string inTurn(const std::string& first, const std::string& then) {
+    return first.empty() ? then : then.empty() ? first : words("%1 %2", first, then);
+}
+
+std::string capital(std::string phrase) {
+    constexpr unsigned distance = 'a' - 'A';
+    const auto byte = [&phrase](std::size_t at) {
+        return at < phrase.size() ? static_cast<unsigned char>(phrase[at]) : 0U;
+    };
+    constexpr unsigned latin = 0xC3;  // the first byte of these letters in UTF-8
+    const std::size_t at = byte(0) == latin ? 1 : 0;
+    const unsigned first = at == 0 ? 'a' : 0xA0;  // "à"
+    const unsigned last = at == 0 ? 'z' : 0xBE;   // "þ"
+    constexpr unsigned division = 0xB7;           // among the letters
+    if (byte(at) >= first && byte(at) <= last && (at == 0 || byte(at) != division)) {
+        phrase[at] = static_cast<char>(byte(at) - distance);
+    }
+    return phrase;
+}
+
 }  // namespace kzq

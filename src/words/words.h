@@ -59,6 +59,12 @@ std::string words(std::uint64_t n, const char* one, const char* many, const Argu
     return worded({many, one, n}, {asWord(arguments)...});
 }
 
+/// One sentence after the other; either may be empty.
+std::string inTurn(const std::string& first, const std::string& then);
+
+/// A phrase as the beginning of a sentence, where its language has capitals.
+std::string capital(std::string phrase);
+
 /// Marks a text that reaches words() as a variable, such as one in a table.
 constexpr const char* english(const char* text) {
     return text;

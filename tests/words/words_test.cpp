@@ -28,7 +28,7 @@ class Translated : public testing::Test {
 TEST(Words, AreEnglishWithoutACatalogue) {
     EXPECT_EQ(words("%2 (%1), 50 % of %3%", "%2", std::string("b")), "b (%2), 50 % of %3%");
     EXPECT_EQ(words(1, "%n loop in %1", "%n loops in %1", "%n"), "1 loop in %n");
-    EXPECT_EQ(words(0, "%n loop in %1", "%n loops in %1", 7U), "0 loops in 7");
+    EXPECT_EQ(words(std::size_t{0}, "%n loop in %1", "%n loops in %1", 7U), "0 loops in 7");
 }
 
 TEST_F(Translated, ArgumentsTakeTheOrderAndNumbersTheFormOfTheLanguage) {

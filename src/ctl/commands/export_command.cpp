@@ -82,7 +82,7 @@ std::optional<ExitCode> ExportCommand::stage(Pedal& pedal, const std::filesystem
     }
     const auto frames = Frames::ofBytes(info->bytes).count;
     if (!fitsCapacity(existingAndTeedUpExportSamplesWithProposedExport(loops, exports_, frames, slot))) {
-        return stop(Trouble{Trouble::Kind::noRoom}, name + ": " + std::string(tooLargeSentence));
+        return stop(Trouble{Trouble::Kind::noRoom}, name + ": " + tooLargeSentence());
     }
     exports_[slot] = *info;
     nlohmann::json details{{"slot", slot.number()},
