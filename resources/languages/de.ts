@@ -16,12 +16,14 @@
     <message>
         <location filename="../../resources/FirmwareUpdater.ui"/>
         <location filename="../../resources/FirmwareUpdaterProgress.ui"/>
+        <location filename="../../src/updates/windows/firmware_notice.cpp"/>
         <source>Firmware Update</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../resources/FirmwareUpdater.ui"/>
         <location filename="../../resources/SoftwareUpdate.ui"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Install</source>
         <translation type="unfinished"></translation>
     </message>
@@ -137,6 +139,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../resources/Progress.ui"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Cancel</source>
         <translation type="unfinished"></translation>
     </message>
@@ -147,6 +150,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../resources/SoftwareUpdate.ui"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Later</source>
         <translation type="unfinished"></translation>
     </message>
@@ -161,10 +165,133 @@ replace loops on the pedal.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <location filename="../../src/app/carry_out.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>a loop</source>
+        <location filename="../../src/audio/converted_audio.cpp"/>
+        <source>the converted file cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>A pedal is on the USB bus, but %1 does not exist, as in a container without access to /dev/bus/usb.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>A pedal is on the USB bus.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Another program is using the pedal. Find out which one and close it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops can be imported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for it is not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops cannot be imported: %1 could not be opened in time (%2), as you are logged in over the network and its udev rule is for the user at the computer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops cannot be imported: the kernel passes on the request for them only through its usbtmc driver, and the udev rules for that are not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were not yet installed when the pedal was plugged in, or this kernel comes without the driver, as those made for virtual machines do.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged in.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>No other program is using the pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>No pedal is on the USB bus. Check the cable and the pedal's power, then look again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>The kernel driver %1 is holding the pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>The pedal is in use by %1. Close that program, or wait until it has finished.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>You do not have permission to use the pedal: its udev rule is not installed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>You do not have permission to use the pedal: its udev rule was not yet installed when the pedal was plugged in, or you are not logged in at this computer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>You do not have permission to use the pedal: you are logged in over the network, and its udev rule is for the user at the computer. The group plugdev can be allowed to use it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>You have permission to use the pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>the file of the kernel's usbtmc driver</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it in before starting the program, or run the program outside the container.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/diagnosis.cpp"/>
+        <source>udev is running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/libusb/lock_holder.h"/>
+        <source>%1 (process %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
+        <source>No sound device was found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
+        <source>The sound device does not play 44,100 Hz.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
+        <source>The sound device stopped working.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -321,6 +448,7 @@ replace loops on the pedal.</source>
         <location filename="../../src/operations/sentences.cpp"/>
         <location filename="../../src/operations/told.cpp"/>
         <location filename="../../src/operations/told_flash.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -368,6 +496,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
+        <location filename="../../src/updates/update_job.cpp"/>
         <source>cancelled</source>
         <translation type="unfinished"></translation>
     </message>
@@ -990,6 +1119,12 @@ replace loops on the pedal.</source>
         <source>What the pedal sent back is the same, sample for sample.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>a loop</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message numerus="yes">
         <location filename="../../src/operations/told.cpp"/>
         <source>loops %1</source>
@@ -1417,6 +1552,318 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
         <source>Remove file from loop %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/troubleshooting/doctor.cpp"/>
+        <source>%1 goes into %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/troubleshooting/root_shell.cpp"/>
+        <source>%1 could not be started</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/troubleshooting/root_shell.cpp"/>
+        <source>no password was given</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/troubleshooting/root_shell.cpp"/>
+        <source>the commands ended with status %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/troubleshooting/root_shell.cpp"/>
+        <source>the password could not be asked for, or it was wrong</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/app_image.cpp"/>
+        <source>the path of the program or of its previous version is not a file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/app_image.cpp"/>
+        <source>the previous version cannot be kept</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/app_image.cpp"/>
+        <source>the program no longer exists</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/firmware_texts.cpp"/>
+        <source>KZQ7306 %1 is now available—you have %2. Would you like to install it now?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/part_file.cpp"/>
+        <source>another program is downloading the same file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/part_file.cpp"/>
+        <source>the download cannot be made ready to start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/part_file.cpp"/>
+        <source>the download cannot be moved into place</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/part_file.cpp"/>
+        <source>the download cannot be stored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/part_file.cpp"/>
+        <source>the file at the path for the download belongs to another user</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/part_file.cpp"/>
+        <location filename="../../src/updates/update_download.cpp"/>
+        <source>the path for the download is not a file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>not an https address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>redirected to an address that is not https</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>redirected too often</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>the download took too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>the file could not be stored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>the file is shorter than stated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>the file is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>the server stopped answering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>the stated length is too large</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/self_check.cpp"/>
+        <source>it cannot be started</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/self_check.cpp"/>
+        <source>it does not answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/self_check.cpp"/>
+        <source>it ends with an error</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <source>the package installer could not be started; install this package yourself: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <location filename="../../src/updates/update_download.cpp"/>
+        <source>the signature of the update is wrong</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <source>the update is not signed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <source>the update's address is not secure</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <source>the update's length is missing or out of range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <source>the updated program could not be started; quit and start it again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/su_updater.cpp"/>
+        <source>the website %1 could not be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_download.cpp"/>
+        <source>the length of the update is not the stated one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_download.cpp"/>
+        <source>the update is not an AppImage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_download.cpp"/>
+        <source>the update is not the one that was signed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_download.cpp"/>
+        <source>the update is not verified</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>it is another version than stated</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>the list of updates could not be read: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>the list of updates is damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>the new version does not work: %1; the program in place was not changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>the update could not be downloaded: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/firmware_updater_progress.cpp"/>
+        <source>%1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update.cpp"/>
+        <source>The pedal is busy. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 is installed. Would you like to start it now?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 is now available—you have %2. This copy cannot update itself.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 is now available—you have %2. Would you like to install it now?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 is the newest version available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 of %2 – %3%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Checking for updates…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Checking the download…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Downloading %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Follow its steps, then quit this program and start it again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Installing %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Restart</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>The package installer has taken over.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>The program could not be updated.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Website</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>You're up to date!</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

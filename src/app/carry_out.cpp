@@ -14,7 +14,6 @@
 #include "platform/unique_name.h"
 #include "ui/drag_files.h"
 #include "ui/strip.h"
-#include "words/words.h"
 
 namespace kzq {
 
@@ -215,7 +214,7 @@ void CarryOut::fail(const Load& load, const Trouble& trouble) {
     const bool one = items.size() == 1;
     parts_.teller.tell({.what = (one ? loopName(items.front().slot) : loopsText(items.size())) +
                                 (one ? " was" : " were") + " not dragged out",
-                        .why = reasonFor(Deed::save, trouble, one ? "" : words("a loop")),
+                        .why = reasonFor(Deed::save, trouble, one ? "it" : "a loop"),
                         .detail = adviceOn(trouble),
                         .failure = true});
 }

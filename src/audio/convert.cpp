@@ -9,6 +9,7 @@
 #include "platform/log.h"
 #include "platform/run_folder.h"
 #include "platform/unique_name.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -17,10 +18,11 @@ namespace {
 std::optional<std::string> objectionTo(const std::string& path) {
     const std::filesystem::path place(path);
     if (!place.has_parent_path()) {
-        return "the path has no folder";
+        return english("the path has no folder");
     }
-    return place.extension().native().size() > 1 ? std::nullopt
-                                                 : std::optional<std::string>("the name has no extension");
+    return place.extension().native().size() > 1
+               ? std::nullopt
+               : std::optional<std::string>(english("the name has no extension"));
 }
 
 void logRefusal(const std::string& path, const std::string& reason) {

@@ -7,6 +7,7 @@
 #include "audio/conversion.h"
 #include "platform/plain_file.h"
 #include "platform/run_folder.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -37,7 +38,8 @@ Result<Bytes> convertedAudio(const std::filesystem::path& source) {
     std::error_code ignored;
     std::filesystem::remove(converted->path, ignored);
     if (!audio) {
-        return Trouble{Trouble::Kind::decoder, source.string(), 0, "the converted file cannot be read"};
+        return Trouble{Trouble::Kind::decoder, source.string(), 0,
+                       english("the converted file cannot be read")};
     }
     return std::move(*audio);
 }

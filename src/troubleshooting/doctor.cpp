@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string_view>
 
+#include "words/words.h"
+
 namespace kzq {
 
 namespace {
@@ -134,7 +136,7 @@ std::string setUpCommands(const Trouble& trouble) {
 std::vector<std::string> setUpFiles(const Trouble& trouble) {
     std::vector<std::string> lines;
     const auto add = [&lines](const std::filesystem::path& file) {
-        lines.push_back(file.filename().string() + " goes into " + file.parent_path().string() + ".");
+        lines.push_back(words("%1 goes into %2.", file.filename().string(), file.parent_path().string()));
     };
     for (const auto& command : rootCommandsOf(trouble)) {
         if (const auto file = installedBy(command)) {

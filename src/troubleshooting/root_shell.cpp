@@ -16,6 +16,8 @@
 #include <string_view>
 #include <vector>
 
+#include "words/words.h"
+
 namespace kzq {
 
 namespace {
@@ -86,13 +88,13 @@ std::string reasonOf(int status, const std::string& program) {
     constexpr int dismissed = 126;
     constexpr int notAllowed = 127;
     if (program == "pkexec" && status == dismissed) {
-        return "no password was given";
+        return words("no password was given");
     }
     if (program == "pkexec" && status == notAllowed) {
-        return "the password could not be asked for, or it was wrong";
+        return words("the password could not be asked for, or it was wrong");
     }
-    return status < 0 ? program + " could not be started"
-                      : "the commands ended with status " + std::to_string(status);
+    return status < 0 ? words("%1 could not be started", program)
+                      : words("the commands ended with status %1", status);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "platform/plain_file.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -31,7 +32,7 @@ Result<std::filesystem::perms> usablePermissions(const std::filesystem::path& ap
     std::error_code error;
     const auto permissions = std::filesystem::status(appImage, error).permissions();
     if (error) {
-        return Trouble{Trouble::Kind::file, "the program no longer exists", error.value()};
+        return Trouble{Trouble::Kind::file, english("the program no longer exists"), error.value()};
     }
     return (permissions | std::filesystem::perms::owner_exec) & std::filesystem::perms::mask;
 }
@@ -51,7 +52,7 @@ Result<void> keepPrevious(const std::filesystem::path& appImage) {
     const std::filesystem::path draft = previous.string() + ".part";
     if (!isPlainFile(appImage) || !isPlaceForFile(previous) || !isPlaceForFile(draft)) {
         return Trouble{Trouble::Kind::file,
-                       "the path of the program or of its previous version is not a file"};
+                       english("the path of the program or of its previous version is not a file")};
     }
     ::unlink(draft.c_str());
     auto error = linkOrCopy(appImage, draft);
@@ -61,7 +62,7 @@ Result<void> keepPrevious(const std::filesystem::path& appImage) {
     // Also after the rename, which does nothing if both are names of one file.
     ::unlink(draft.c_str());
     if (error) {
-        return Trouble{Trouble::Kind::file, "the previous version cannot be kept", error.value()};
+        return Trouble{Trouble::Kind::file, english("the previous version cannot be kept"), error.value()};
     }
     return {};
 }

@@ -1,5 +1,7 @@
 #include "updates/firmware_texts.h"
 
+#include "words/words.h"
+
 namespace kzq {
 namespace {
 
@@ -14,8 +16,8 @@ std::string shown(const FirmwareVersion& version) {
 }  // namespace
 
 std::string firmwareHeadline(const FirmwareVersion& offered, const FirmwareVersion& device) {
-    return "KZQ7306 " + shown(offered) + " is now available\u2014you have " + shown(device) +
-           ". Would you like to install it now?";
+    return words("KZQ7306 %1 is now available\u2014you have %2. Would you like to install it now?",
+                 shown(offered), shown(device));
 }
 
 std::string firmwareNotes(const std::vector<std::string>& changes) {

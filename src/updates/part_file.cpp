@@ -12,6 +12,7 @@
 #include "platform/draft.h"
 #include "platform/plain_file.h"
 #include "platform/write_all.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -23,7 +24,7 @@ Trouble trouble(const char* what, int error = 0) {
 }
 
 Trouble notStored(int error) {
-    return trouble("the download cannot be stored", error);
+    return trouble(english("the download cannot be stored"), error);
 }
 
 }  // namespace
@@ -44,7 +45,7 @@ bool PartFile::isPrivate() const {
 
 Result<void> PartFile::open() {
     if (!isPlaceForFile(path_)) {
-        return trouble("the path for the download is not a file");
+        return trouble(english("the path for the download is not a file"));
     }
     Descriptor file(::open(path_.c_str(), O_CREAT | O_RDWR | O_APPEND | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK,
                            privateMode));
@@ -55,11 +56,11 @@ Result<void> PartFile::open() {
     file_ = std::move(file);
     if (!locked || !isStillOurs()) {
         file_.close();
-        return trouble("another program is downloading the same file");
+        return trouble(english("another program is downloading the same file"));
     }
     if (!isPrivate()) {
         file_.close();
-        return trouble("the file at the path for the download belongs to another user");
+        return trouble(english("the file at the path for the download belongs to another user"));
     }
     return {};
 }
@@ -91,12 +92,12 @@ Result<void> PartFile::seal(std::filesystem::perms permissions) {
     Descriptor reader(::open(same.c_str(), O_RDONLY | O_CLOEXEC));
     const auto mode = static_cast<mode_t>(permissions | std::filesystem::perms::owner_write);
     if (!reader || ::fchmod(reader.get(), mode) != 0) {
-        return trouble("the download cannot be made ready to start", errno);
+        return trouble(english("the download cannot be made ready to start"), errno);
     }
     std::exchange(file_, std::move(reader)).close();  // which ends the lock
     if (::flock(file_.get(), LOCK_EX | LOCK_NB) != 0) {
         file_.close();
-        return trouble("another program is downloading the same file");
+        return trouble(english("another program is downloading the same file"));
     }
     return {};
 }
@@ -104,7 +105,7 @@ Result<void> PartFile::seal(std::filesystem::perms permissions) {
 Result<void> PartFile::place(const std::filesystem::path& name, std::filesystem::perms permissions) {
     if (::fchmod(file_.get(), static_cast<mode_t>(permissions)) != 0 || ::fsync(file_.get()) != 0 ||
         ::rename(path_.c_str(), name.c_str()) != 0) {
-        return trouble("the download cannot be moved into place", errno);
+        return trouble(english("the download cannot be moved into place"), errno);
     }
     file_.close();
     syncFolder(name.parent_path());

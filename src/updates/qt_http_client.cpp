@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "platform/plain_file.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -91,14 +92,14 @@ class Exchange {
   private:
     void startTimers() {
         QObject::connect(&total_, &QTimer::timeout, &loop_,
-                         [this] { end(HttpFailure::timeout, "the download took too long"); });
+                         [this] { end(HttpFailure::timeout, english("the download took too long")); });
         total_.setSingleShot(true);
         if (left_.count() >= 0) {
             total_.start(left_);
         }
         if (request_.limits.silence.count() > 0) {
             QObject::connect(&silence_, &QTimer::timeout, &loop_,
-                             [this] { end(HttpFailure::timeout, "the server stopped answering"); });
+                             [this] { end(HttpFailure::timeout, english("the server stopped answering")); });
             silence_.start(request_.limits.silence);
         }
         if (request_.cancelled != nullptr) {
@@ -141,7 +142,7 @@ class Exchange {
         } else if (status() != 0 && !isBody()) {
             end(HttpFailure::refused, "HTTP status " + std::to_string(status()));
         } else if (statedLength() > request_.limits.bytes) {
-            end(HttpFailure::tooLong, "the stated length is too large");
+            end(HttpFailure::tooLong, english("the stated length is too large"));
         }
     }
 
@@ -156,7 +157,7 @@ class Exchange {
             const QByteArray piece = reply_.read(bufferSize);
             received_ += static_cast<std::uint64_t>(piece.size());
             if (received_ > request_.limits.bytes) {
-                end(HttpFailure::tooLong, "the file is too long");
+                end(HttpFailure::tooLong, english("the file is too long"));
                 return;
             }
             keep(piece);
@@ -179,7 +180,7 @@ class Exchange {
         if (!request_.sink) {
             result_.body.insert(result_.body.end(), bytes.begin(), bytes.end());
         } else if (!request_.sink(bytes)) {
-            end(HttpFailure::sink, "the file could not be stored");
+            end(HttpFailure::sink, english("the file could not be stored"));
             return;
         }
         if (request_.progress) {
@@ -197,7 +198,7 @@ class Exchange {
         if (reply_.error() != QNetworkReply::NoError) {
             end(failureOf(reply_.error()), reply_.errorString().toStdString());
         } else if (stated && received_ != statedLength()) {
-            end(HttpFailure::cutShort, "the file is shorter than stated");
+            end(HttpFailure::cutShort, english("the file is shorter than stated"));
         } else {
             ended_ = true;
             loop_.quit();
@@ -243,7 +244,7 @@ QtHttpClient::QtHttpClient(std::string authorities) : authorities_(std::move(aut
 HttpResult QtHttpClient::fetch(const HttpRequest& request) {
     QUrl url(QString::fromStdString(request.url), QUrl::StrictMode);
     if (!isAddress(url)) {
-        return failed(HttpFailure::address, "not an https address");
+        return failed(HttpFailure::address, english("not an https address"));
     }
     const bool limited = request.limits.total.count() > 0;
     const QDeadlineTimer deadline =
@@ -264,10 +265,10 @@ HttpResult QtHttpClient::fetch(const HttpRequest& request) {
         }
         url = exchange.target();
         if (!isAddress(url)) {
-            return failed(HttpFailure::redirect, "redirected to an address that is not https");
+            return failed(HttpFailure::redirect, english("redirected to an address that is not https"));
         }
     }
-    return failed(HttpFailure::redirect, "redirected too often");
+    return failed(HttpFailure::redirect, english("redirected too often"));
 }
 
 }  // namespace kzq

@@ -4,6 +4,7 @@
 #include <QProcessEnvironment>
 
 #include "updates/app_version.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -53,10 +54,10 @@ Result<std::string> selfCheck(const std::filesystem::path& program, std::chrono:
         const bool started = process.state() != QProcess::NotRunning;
         process.kill();
         process.waitForFinished();
-        return doesNotRun(started ? "it does not answer" : "it cannot be started");
+        return doesNotRun(started ? english("it does not answer") : english("it cannot be started"));
     }
     if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
-        return doesNotRun("it ends with an error");
+        return doesNotRun(english("it ends with an error"));
     }
     return process.readAllStandardOutput().trimmed().toStdString();
 }

@@ -9,17 +9,18 @@ namespace kzq {
 namespace {
 
 /// Why a package that could be installed must not be; empty if it may.
-std::string objectionTo(const FeedItem& item, std::span<const UpdateKey> keys) {
+UpdateReason objectionTo(const FeedItem& item, std::span<const UpdateKey> keys) {
     if (!item.url.starts_with("https://")) {
-        return "the update's address is not secure";
+        return updateReason(english("the update's address is not secure"));
     }
     if (item.length == 0) {
-        return "the update's length is missing or out of range";
+        return updateReason(english("the update's length is missing or out of range"));
     }
     if (item.signature.empty()) {
-        return "the update is not signed";
+        return updateReason(english("the update is not signed"));
     }
-    return isSignedByOne(keys, item) ? "" : "the signature of the update is wrong";
+    return isSignedByOne(keys, item) ? UpdateReason{}
+                                     : updateReason(english("the signature of the update is wrong"));
 }
 
 }  // namespace
@@ -46,11 +47,11 @@ void SUUpdater::setState(UpdateState state) {
     set(std::move(status));
 }
 
-void SUUpdater::fail(const std::string& reason) {
-    logUpdates(reason);
+void SUUpdater::fail(const UpdateReason& reason) {
+    logUpdates(reason.english);
     UpdateStatus status;
     status.state = UpdateState::failed;
-    status.reason = reason;
+    status.reason = reason.shown;
     set(std::move(status));
 }
 
@@ -124,7 +125,7 @@ void SUUpdater::install() {
     if (opened) {
         set({});
     } else {
-        fail("the website " + environment_.build.website + " could not be opened");
+        fail(updateReason(english("the website %1 could not be opened"), environment_.build.website));
     }
 }
 
@@ -184,7 +185,7 @@ void SUUpdater::showRun(const std::shared_ptr<UpdateRun>& run) {
     }
 }
 
-void SUUpdater::installed(const std::filesystem::path& place, const std::string& failure) {
+void SUUpdater::installed(const std::filesystem::path& place, const UpdateReason& failure) {
     if (!failure.empty()) {
         fail(failure);
         return;
@@ -195,7 +196,9 @@ void SUUpdater::installed(const std::filesystem::path& place, const std::string&
     } else if (environment_.desktop.openPackage(place)) {
         setState(UpdateState::handedOver);
     } else {
-        fail("the package installer could not be started; install this package yourself: " + place.string());
+        fail(updateReason(
+            english("the package installer could not be started; install this package yourself: %1"),
+            place.string()));
     }
 }
 
@@ -218,8 +221,10 @@ void SUUpdater::relaunch() {
     if (!environment_.desktop.relaunch(environment_.installation.appImage)) {
         // It is in place nevertheless: offering it again would also overwrite the previous version with it.
         auto status = status_;
-        status.reason = "the updated program could not be started; quit and start it again";
-        logUpdates(status.reason);
+        const auto reason =
+            updateReason(english("the updated program could not be started; quit and start it again"));
+        status.reason = reason.shown;
+        logUpdates(reason.english);
         set(std::move(status));
     }
 }

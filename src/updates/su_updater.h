@@ -67,7 +67,7 @@ struct UpdateStatus {
     bool installable = false;  ///< false: the update is only announced; `install` opens the website
     std::uint64_t received = 0;
     std::uint64_t total = 0;
-    std::string reason;
+    std::string reason;  ///< in the user's language
 
     bool operator==(const UpdateStatus&) const = default;
 };
@@ -110,12 +110,12 @@ class SUUpdater : public std::enable_shared_from_this<SUUpdater>, Fixed {
   private:
     void set(UpdateStatus status);
     void setState(UpdateState state);
-    void fail(const std::string& reason);
+    void fail(const UpdateReason& reason);
     void checked(const FeedReading& reading);
     void offer(const FeedItem& item);
     void startInstalling();
     void showRun(const std::shared_ptr<UpdateRun>& run);
-    void installed(const std::filesystem::path& place, const std::string& failure);
+    void installed(const std::filesystem::path& place, const UpdateReason& failure);
 
     const UpdaterEnvironment environment_;
     const UpdateFloor floor_;

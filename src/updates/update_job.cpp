@@ -16,20 +16,20 @@ constexpr auto feedLimit = std::chrono::seconds(60);
 constexpr auto packageLimit = std::chrono::milliseconds(0);
 constexpr auto packageSilence = std::chrono::seconds(30);
 constexpr auto packagePermissions = std::filesystem::perms(0644);
-constexpr const char* cancelledText = "cancelled";
 
 void enter(const UpdateJob& job, UpdateRun::Stage stage) {
     job.run->stage = stage;
     job.post();
 }
 
-std::string reasonOf(const Trouble& trouble) {
-    return trouble.error == 0 ? trouble.where
-                              : trouble.where + ": " + std::generic_category().message(trouble.error);
+UpdateReason reasonOf(const Trouble& trouble) {
+    return trouble.error == 0 ? updateReason(trouble.where)
+                              : updateReason(english("%1: %2"), trouble.where,
+                                             std::generic_category().message(trouble.error));
 }
 
 /// Empty, or why not.
-std::string fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient& http) {
+UpdateReason fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient& http) {
     Result<void> stored;
     HttpRequest request;
     request.url = job.item.url;
@@ -49,11 +49,12 @@ std::string fetchInto(UpdateDownload& download, const UpdateJob& job, HttpClient
     if (!stored) {
         return reasonOf(stored.error());
     }
-    return fetched ? "" : "the update could not be downloaded: " + fetched.reason;
+    return fetched ? UpdateReason{}
+                   : updateReason(english("the update could not be downloaded: %1"), fetched.reason);
 }
 
 /// Empty, or why the download, which is not yet in place, is not to be installed.
-std::string tryOut(const UpdateJob& job, UpdateDownload& download) {
+UpdateReason tryOut(const UpdateJob& job, UpdateDownload& download) {
     if (const auto sealed = sealAppImage(job.place, download); !sealed) {
         return reasonOf(sealed.error());
     }
@@ -61,9 +62,9 @@ std::string tryOut(const UpdateJob& job, UpdateDownload& download) {
     if (said && saysVersion(*said, job.item.version)) {
         return {};
     }
-    return "the new version does not work: " +
-           (said ? std::string("it is another version than stated") : said.error().where) +
-           "; the program in place was not changed";
+    return updateReason(
+        english("the new version does not work: %1; the program in place was not changed"),
+        said ? std::string(english("it is another version than stated")) : said.error().where);
 }
 
 /// Whether the package is in its place already, as after an installation that another one repeats: what was
@@ -74,16 +75,16 @@ bool isInPlace(const UpdateJob& job) {
 }
 
 /// Empty, or why not.
-std::string install(const UpdateJob& job, UpdateDownload& download) {
+UpdateReason install(const UpdateJob& job, UpdateDownload& download) {
     if (job.installation.kind != PackageKind::appImage) {
         const auto placed = download.place(packagePermissions);
-        return placed ? "" : reasonOf(placed.error());
+        return placed ? UpdateReason{} : reasonOf(placed.error());
     }
     if (auto objection = tryOut(job, download); !objection.empty() || isInPlace(job)) {
         return objection;
     }
     const auto replaced = replaceAppImage(job.place, download);
-    return replaced ? "" : reasonOf(replaced.error());
+    return replaced ? UpdateReason{} : reasonOf(replaced.error());
 }
 
 }  // namespace
@@ -95,11 +96,11 @@ FeedReading readFeed(HttpClient& http, const std::string& url, const UpdateRun& 
     request.cancelled = &run.cancelled;
     const auto result = http.fetch(request);
     if (!result) {
-        return {"the list of updates could not be read: " + result.reason, {}};
+        return {updateReason(english("the list of updates could not be read: %1"), result.reason), {}};
     }
     auto items = feedItems(result.body);
     if (!items) {
-        return {"the list of updates is damaged", {}};
+        return {updateReason(english("the list of updates is damaged")), {}};
     }
     return {{}, std::move(*items)};
 }
@@ -112,7 +113,7 @@ std::filesystem::path packagePlace(const Installation& installation, const std::
     return downloads / ("7306-loop-manager-" + item.version + ".deb");
 }
 
-std::string perform(const UpdateJob& job, HttpClient& http) {
+UpdateReason perform(const UpdateJob& job, HttpClient& http) {
     UpdateDownload download(job.place);
     if (const auto opened = download.open(); !opened) {
         return reasonOf(opened.error());
@@ -125,7 +126,7 @@ std::string perform(const UpdateJob& job, HttpClient& http) {
         return reasonOf(verified.error());
     }
     if (!job.run->commit()) {
-        return cancelledText;
+        return updateReason(english("cancelled"));
     }
     enter(job, UpdateRun::Stage::installing);
     return install(job, download);

@@ -12,6 +12,7 @@
 #include "updates/http_client.h"
 #include "updates/update_build.h"
 #include "updates/update_feed.h"
+#include "updates/update_reason.h"
 
 namespace kzq {
 
@@ -44,7 +45,7 @@ struct UpdateRun {
 };
 
 struct FeedReading {
-    std::string failure;  ///< empty for success
+    UpdateReason failure;  ///< empty for success
     std::vector<FeedItem> items;
 };
 
@@ -68,6 +69,6 @@ std::filesystem::path packagePlace(const Installation& installation, const std::
 
 /// Does the job: an AppImage that does not start, or as another version, is not put in place. Returns why it
 /// failed; empty for success. Blocks; a worker thread.
-std::string perform(const UpdateJob& job, HttpClient& http);
+UpdateReason perform(const UpdateJob& job, HttpClient& http);
 
 }  // namespace kzq

@@ -12,23 +12,8 @@ Catalogue& catalogueInUse() {
     return catalogue;
 }
 
-std::string formOf(const Text& text) {
-    const auto& catalogue = catalogueInUse();
-    auto found = catalogue ? catalogue(text) : std::string();
-    if (!found.empty()) {
-        return found;
-    }
-    return text.one != nullptr && text.count == 1 ? text.one : text.english;
-}
-
-}  // namespace
-
-void setCatalogue(Catalogue catalogue) {
-    catalogueInUse() = std::move(catalogue);
-}
-
-std::string worded(const Text& text, std::initializer_list<std::string> arguments) {
-    const auto form = formOf(text);
+/// Each place is filled once: what an argument holds is not looked at.
+std::string filled(std::string_view form, const Text& text, std::initializer_list<std::string> arguments) {
     std::string result;
     for (std::size_t at = 0; at < form.size(); ++at) {
         const char place = form[at] == '%' && at + 1 < form.size() ? form[at + 1] : ' ';
@@ -44,6 +29,22 @@ std::string worded(const Text& text, std::initializer_list<std::string> argument
         }
     }
     return result;
+}
+
+}  // namespace
+
+void setCatalogue(Catalogue catalogue) {
+    catalogueInUse() = std::move(catalogue);
+}
+
+std::string inEnglish(const Text& text, std::initializer_list<std::string> arguments) {
+    return filled(text.one != nullptr && text.count == 1 ? text.one : text.english, text, arguments);
+}
+
+std::string worded(const Text& text, std::initializer_list<std::string> arguments) {
+    const auto& catalogue = catalogueInUse();
+    const auto form = catalogue ? catalogue(text) : std::string();
+    return form.empty() ? inEnglish(text, arguments) : filled(form, text, arguments);
 }
 
 std::string inTurn(const std::string& first, const std::string& then) {

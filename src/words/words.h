@@ -31,6 +31,8 @@ using Catalogue = std::function<std::string(const Text& text)>;
 void setCatalogue(Catalogue catalogue);
 
 /// The text with its arguments: %1 is the first, %9 the ninth, %n the number.
+std::string inEnglish(const Text& text, std::initializer_list<std::string> arguments);
+/// The same in the user's language.
 std::string worded(const Text& text, std::initializer_list<std::string> arguments);
 
 /// What can stand in a text. No bool and no char, which would come out as numbers.

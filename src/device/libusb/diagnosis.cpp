@@ -14,6 +14,7 @@
 #include "device/libusb/port_lock.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/wire.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -88,14 +89,14 @@ bool driverKnowsPedal(const SystemPlaces& places) {
 Finding udev(const SystemPlaces& places) {
     std::error_code ignored;
     if (fs::exists(places.udevControl, ignored)) {
-        return {Trouble::Kind::noUdev, false, "udev is running.", {}};
+        return {Trouble::Kind::noUdev, false, words("udev is running."), {}};
     }
-    return {
-        Trouble::Kind::noUdev,
-        true,
-        "udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it "
-        "in before starting the program, or run the program outside the container.",
-        {}};
+    return {Trouble::Kind::noUdev,
+            true,
+            words("udev is not running, as in a container, so a pedal that is plugged in later is not "
+                  "noticed. Plug "
+                  "it in before starting the program, or run the program outside the container."),
+            {}};
 }
 
 /// For those who are not at the computer: the group to which Debian gives such devices.
@@ -106,32 +107,33 @@ constexpr auto remoteRule =
 Finding permission(const SystemPlaces& places, const fs::path& pedal) {
     const auto node = deviceFile(pedal, places.nodes);
     if (::faccessat(AT_FDCWD, node.c_str(), R_OK | W_OK, AT_EACCESS) == 0) {
-        return {Trouble::Kind::ruleMissing, false, "You have permission to use the pedal.", {}};
+        return {Trouble::Kind::ruleMissing, false, words("You have permission to use the pedal."), {}};
     }
     std::error_code ignored;
     if (!fs::exists(node, ignored)) {
         return {Trouble::Kind::noDeviceFile,
                 true,
-                "A pedal is on the USB bus, but " + node.string() +
-                    " does not exist, as in a container without access to /dev/bus/usb.",
+                words("A pedal is on the USB bus, but %1 does not exist, as in a container without access to "
+                      "/dev/bus/usb.",
+                      node.string()),
                 {}};
     }
     if (hasAccessRule(places.ruleFolders) && places.remote) {
-        return {
-            Trouble::Kind::ruleNotInForce, true,
-            "You do not have permission to use the pedal: you are logged in over the network, and its udev "
-            "rule is for the user at the computer. The group plugdev can be allowed to use it.",
-            remoteRule + pluggedAnew(places)};
+        return {Trouble::Kind::ruleNotInForce, true,
+                words("You do not have permission to use the pedal: you are logged in over the network, and "
+                      "its udev "
+                      "rule is for the user at the computer. The group plugdev can be allowed to use it."),
+                remoteRule + pluggedAnew(places)};
     }
     if (hasAccessRule(places.ruleFolders)) {
-        return {Trouble::Kind::ruleNotInForce, true,
-                "You do not have permission to use the pedal: its udev rule was not yet installed when the "
-                "pedal was "
-                "plugged in, or you are not logged in at this computer.",
-                pluggedAnew(places)};
+        return {
+            Trouble::Kind::ruleNotInForce, true,
+            words("You do not have permission to use the pedal: its udev rule was not yet installed when the "
+                  "pedal was plugged in, or you are not logged in at this computer."),
+            pluggedAnew(places)};
     }
     return {Trouble::Kind::ruleMissing, true,
-            "You do not have permission to use the pedal: its udev rule is not installed.",
+            words("You do not have permission to use the pedal: its udev rule is not installed."),
             installedAnew(places)};
 }
 
@@ -139,10 +141,10 @@ Finding permission(const SystemPlaces& places, const fs::path& pedal) {
 Finding heldBy(const std::string& driver, const SystemPlaces& places, const fs::path& pedal) {
     if (driver == programDriver) {
         return {Trouble::Kind::heldByAnother, true,
-                "Another program is using the pedal. Find out which one and close it.",
+                words("Another program is using the pedal. Find out which one and close it."),
                 "sudo fuser -v " + deviceFile(pedal, places.nodes).string()};
     }
-    return {Trouble::Kind::heldByDriver, true, "The kernel driver " + driver + " is holding the pedal.",
+    return {Trouble::Kind::heldByDriver, true, words("The kernel driver %1 is holding the pedal.", driver),
             "echo " + pedal.filename().string() + ":1.0 | sudo tee " +
                 (places.usbDrivers / driver / "unbind").string()};
 }
@@ -158,13 +160,13 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
     if (program && !ours) {
         return {Trouble::Kind::heldByAnother,
                 true,
-                "The pedal is in use by " + program->words() +
-                    ". Close that program, or wait until it has finished.",
+                words("The pedal is in use by %1. Close that program, or wait until it has finished.",
+                      program->words()),
                 {},
                 program->words()};
     }
     if (ours || driver.empty() || driver == roadDriver) {  // from which our programs take it back
-        return {Trouble::Kind::heldByAnother, false, "No other program is using the pedal.", {}};
+        return {Trouble::Kind::heldByAnother, false, words("No other program is using the pedal."), {}};
     }
     return heldBy(driver, places, pedal);
 }
@@ -172,52 +174,61 @@ Finding holder(const SystemPlaces& places, const fs::path& pedal) {
 /// What the driver has been told, and by which rules.
 Finding road(const SystemPlaces& places) {
     if (driverKnowsPedal(places)) {
-        return {Trouble::Kind::roadNotInstalled, false, "Loops can be imported.", {}};
+        return {Trouble::Kind::roadNotInstalled, false, words("Loops can be imported."), {}};
     }
     const bool hasHelper = std::ranges::any_of(
         places.helperFolders, [](const fs::path& folder) { return isThere(folder / "kzq7306-usbtmc"); });
     if (!hasHelper || !hasHelperRule(places.ruleFolders)) {
-        return {Trouble::Kind::roadNotInstalled, true,
+        return {
+            Trouble::Kind::roadNotInstalled, true,
+            words(
                 "Loops cannot be imported: the kernel passes on the request for them only through its usbtmc "
-                "driver, and the udev rules for that are not installed.",
-                installedAnew(places)};
+                "driver, and the udev rules for that are not installed."),
+            installedAnew(places)};
     }
     if (!isThere(places.usbDrivers / roadDriver)) {
-        return {
-            Trouble::Kind::roadNotInForce, true,
-            "Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were "
-            "not yet installed when the pedal was plugged in, or this kernel comes without the driver, as "
-            "those made for virtual machines do.",
-            (isThere(places.setUp) ? "" : "sudo modprobe usbtmc && ") + pluggedAnew(places)};
+        return {Trouble::Kind::roadNotInForce, true,
+                words("Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev "
+                      "rules were "
+                      "not yet installed when the pedal was plugged in, or this kernel comes without the "
+                      "driver, as "
+                      "those made for virtual machines do."),
+                (isThere(places.setUp) ? "" : "sudo modprobe usbtmc && ") + pluggedAnew(places)};
     }
-    return {
-        Trouble::Kind::roadNotInForce, true,
-        "Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged "
-        "in.",
-        pluggedAnew(places)};
+    return {Trouble::Kind::roadNotInForce, true,
+            words("Loops cannot be imported: the udev rules for it were not yet installed when the pedal was "
+                  "plugged "
+                  "in."),
+            pluggedAnew(places)};
 }
 
 /// What the road turned out to be when it was taken.
 Finding blockedRoad(const SystemPlaces& places, const Trouble& obstacle) {
-    const std::string start =
-        "Loops cannot be imported: " +
-        (obstacle.where.empty() ? "the file of the kernel's usbtmc driver" : obstacle.where) +
-        " could not be opened in time (" + std::generic_category().message(obstacle.error) + ")";
+    const auto file =
+        obstacle.where.empty() ? words("the file of the kernel's usbtmc driver") : obstacle.where;
+    const auto error = std::generic_category().message(obstacle.error);
     if (!hasRoadRule(places.ruleFolders)) {
-        return {Trouble::Kind::roadNotInstalled, true, start + ", as the udev rule for it is not installed.",
+        return {Trouble::Kind::roadNotInstalled, true,
+                words("Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for "
+                      "it is not "
+                      "installed.",
+                      file, error),
                 installedAnew(places)};
     }
     if (places.remote) {
-        return {
-            Trouble::Kind::roadNotInForce, true,
-            start +
-                ", as you are logged in over the network and its udev rule is for the user at the computer.",
-            remoteRule + pluggedAnew(places)};
+        return {Trouble::Kind::roadNotInForce, true,
+                words("Loops cannot be imported: %1 could not be opened in time (%2), as you are logged in "
+                      "over the "
+                      "network and its udev rule is for the user at the computer.",
+                      file, error),
+                remoteRule + pluggedAnew(places)};
     }
-    return {
-        Trouble::Kind::roadNotInForce, true,
-        start + ". The computer may have been too busy: try again. If it stays so, apply the rules again.",
-        pluggedAnew(places)};
+    return {Trouble::Kind::roadNotInForce, true,
+            words("Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been "
+                  "too busy: "
+                  "try again. If it stays so, apply the rules again.",
+                  file, error),
+            pluggedAnew(places)};
 }
 
 /// As `road`, but by taking it; as far as it can be taken without disturbing anybody.
@@ -239,13 +250,14 @@ std::vector<Finding> findings(const SystemPlaces& places, bool trying) {
     std::vector<Finding> all;
     const auto pedal = findPedal(places);
     if (!pedal) {
-        all.push_back({Trouble::Kind::nothingOnBus, true,
-                       "No pedal is on the USB bus. Check the cable and the pedal's power, then look again.",
-                       "lsusb -d 308a:0104"});
+        all.push_back(
+            {Trouble::Kind::nothingOnBus, true,
+             words("No pedal is on the USB bus. Check the cable and the pedal's power, then look again."),
+             "lsusb -d 308a:0104"});
         all.push_back(udev(places));
         return all;
     }
-    all.push_back({Trouble::Kind::nothingOnBus, false, "A pedal is on the USB bus.", {}});
+    all.push_back({Trouble::Kind::nothingOnBus, false, words("A pedal is on the USB bus."), {}});
     all.push_back(permission(places, *pedal));
     all.push_back(holder(places, *pedal));
     const bool free = !all.back().present;

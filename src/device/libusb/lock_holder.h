@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+#include "words/words.h"
+
 namespace kzq {
 
 /// Where the kernel lists locks and processes; tests supply their own.
@@ -20,7 +22,7 @@ struct LockHolder {
     int process = 0;
 
     /// "kzq7306 (process 1234)"
-    std::string words() const { return program + " (process " + std::to_string(process) + ")"; }
+    std::string words() const { return kzq::words("%1 (process %2)", program, process); }
 };
 
 /// The program that holds the lock on `file`; nothing if none does, or if the kernel does not show it, as

@@ -12,6 +12,7 @@
 #include "ui/scale.h"
 #include "updates/windows/line_label.h"
 #include "updates/windows/update_panel.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -50,7 +51,7 @@ int stack(QLabel& label, int top, int width) {
 
 FirmwareNoticeWindow::FirmwareNoticeWindow() : window_(std::make_unique<UpdatePanel>()) {
     auto* const parent = window_.get();
-    window_->setWindowTitle("Firmware Update");
+    window_->setWindowTitle(QString::fromStdString(words("Firmware Update")));
     window_->setAttribute(Qt::WA_ShowWithoutActivating);
     picture_ = new PictureView(parent);
     picture_->setGeometry(mark);

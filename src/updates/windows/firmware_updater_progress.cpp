@@ -8,6 +8,7 @@
 #include "updates/windows/lamp_bar.h"
 #include "updates/windows/line_label.h"
 #include "updates/windows/update_panel.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -122,12 +123,12 @@ bool FirmwareUpdaterProgress::loadWindow() {
     return true;
 }
 
-void FirmwareUpdaterProgress::setStep(int number, int count, const QString& words, const QString& said) {
-    step_->setText(words);
+void FirmwareUpdaterProgress::setStep(int number, int count, const QString& shown, const QString& said) {
+    step_->setText(shown);
     if (step_->accessibleName() != said) {
         step_->setAccessibleName(said);
     }
-    number_->setText(number == 0 ? QString() : QStringLiteral("%1 of %2").arg(number).arg(count));
+    number_->setText(number == 0 ? QString() : QString::fromStdString(words("%1 of %2", number, count)));
 }
 
 void FirmwareUpdaterProgress::begin() {

@@ -38,7 +38,7 @@ class FirmwareUpdaterProgress : Fixed {
 
     /// What is under way, "Sending image, 61 %", as the third of four steps; number 0: nothing is known.
     /// `said` is the same for a screen reader, which hears every change of it. Main thread.
-    void setStep(int number, int count, const QString& words, const QString& said);
+    void setStep(int number, int count, const QString& shown, const QString& said);
 
     /// Whether `begin` was called and `end` was not. Any thread.
     bool animate() const;

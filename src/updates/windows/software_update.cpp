@@ -8,6 +8,7 @@
 #include "updates/windows/notes_view.h"
 #include "updates/windows/software_update_view.h"
 #include "updates/windows/update_panel.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -73,7 +74,7 @@ void SoftwareUpdate::accept() {
         cancelOperation();
     } else if (environment_.busy && environment_.busy()) {
         auto view = softwareUpdateView(updater.status(), environment_.version);
-        view.detail = QStringLiteral("The pedal is busy. Try again later.");
+        view.detail = QString::fromStdString(words("The pedal is busy. Try again later."));
         arrange(view);
     } else {
         updater.relaunch();

@@ -1,21 +1,24 @@
 #include "updates/windows/software_update_view.h"
 
 #include "updates/windows/release_notes.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 constexpr qsizetype longestVersion = 40;  ///< of a text from the web, in a headline
 
-QString nameOf(const std::string& version) {
-    return u"7306 Loop Manager "_s + QString::fromStdString(version).simplified().left(longestVersion);
+QString text(const std::string& words) {
+    return QString::fromStdString(words);
 }
 
-QString megabytes(std::uint64_t bytes) {
+std::string nameOf(const std::string& version) {
+    return "7306 Loop Manager " + text(version).simplified().left(longestVersion).toStdString();
+}
+
+std::string megabytes(std::uint64_t bytes) {
     constexpr std::uint64_t megabyte = 1'000'000;
-    return u"%1MB"_s.arg((bytes + megabyte - 1) / megabyte);
+    return std::to_string((bytes + megabyte - 1) / megabyte) + "MB";
 }
 
 double fractionOf(const UpdateStatus& status) {
@@ -24,18 +27,14 @@ double fractionOf(const UpdateStatus& status) {
 
 SoftwareUpdateView offer(const UpdateStatus& status, const std::string& current) {
     SoftwareUpdateView view;
-    view.headline = nameOf(status.version) + u" is now available\u2014you have "_s +
-                    QString::fromStdString(current) + u"."_s;
+    view.headline = text(words(status.installable
+                                   ? "%1 is now available\u2014you have %2. Would you like to install it now?"
+                                   : "%1 is now available\u2014you have %2. This copy cannot update itself.",
+                               nameOf(status.version), current));
     view.notes = plainNotes(status.notes);
-    view.cancel = u"Later"_s;
+    view.accept = text(words(status.installable ? "Install" : "Website"));
+    view.cancel = text(words("Later"));
     view.cream = true;
-    if (status.installable) {
-        view.headline += u" Would you like to install it now?"_s;
-        view.accept = u"Install"_s;
-    } else {
-        view.headline += u" This copy cannot update itself."_s;
-        view.accept = u"Website"_s;
-    }
     return view;
 }
 
@@ -44,17 +43,17 @@ SoftwareUpdateView atWork(const UpdateStatus& status) {
     view.progress = fractionOf(status);
     switch (status.state) {
         case UpdateState::downloading:
-            view.headline = u"Downloading "_s + nameOf(status.version) + u"\u2026"_s;
-            view.detail = megabytes(status.received) + u" of "_s + megabytes(status.total) +
-                          u" \u2013 %1%"_s.arg(static_cast<int>(100 * fractionOf(status)));
-            view.cancel = u"Cancel"_s;
+            view.headline = text(words("Downloading %1\u2026", nameOf(status.version)));
+            view.detail = text(words("%1 of %2 \u2013 %3%", megabytes(status.received),
+                                     megabytes(status.total), static_cast<int>(100 * fractionOf(status))));
+            view.cancel = text(words("Cancel"));
             break;
         case UpdateState::verifying:
-            view.headline = u"Checking the download\u2026"_s;
-            view.cancel = u"Cancel"_s;
+            view.headline = text(words("Checking the download\u2026"));
+            view.cancel = text(words("Cancel"));
             break;
         default:
-            view.headline = u"Installing "_s + nameOf(status.version) + u"\u2026"_s;
+            view.headline = text(words("Installing %1\u2026", nameOf(status.version)));
             break;
     }
     return view;
@@ -62,29 +61,25 @@ SoftwareUpdateView atWork(const UpdateStatus& status) {
 
 /// The reason as a sentence.
 QString sentence(const std::string& reason) {
-    auto text = QString::fromStdString(reason).trimmed();
-    if (!text.isEmpty()) {
-        text[0] = text[0].toUpper();
-        text += u'.';
-    }
-    return text;
+    const auto phrase = text(reason).trimmed().toStdString();
+    return phrase.empty() ? QString() : text(capital(words("%1.", phrase)));
 }
 
 /// The states that only inform.
-SoftwareUpdateView notice(const QString& headline, const QString& detail) {
+SoftwareUpdateView notice(const std::string& headline, const QString& detail) {
     SoftwareUpdateView view;
-    view.headline = headline;
+    view.headline = text(headline);
     view.detail = detail;
-    view.accept = u"OK"_s;
+    view.accept = text(words("OK"));
     return view;
 }
 
 SoftwareUpdateView ready(const UpdateStatus& status) {
     SoftwareUpdateView view;
-    view.headline = nameOf(status.version) + u" is installed. Would you like to start it now?"_s;
+    view.headline = text(words("%1 is installed. Would you like to start it now?", nameOf(status.version)));
     view.detail = sentence(status.reason);
-    view.accept = u"Restart"_s;
-    view.cancel = u"Later"_s;
+    view.accept = text(words("Restart"));
+    view.cancel = text(words("Later"));
     view.cream = true;
     return view;
 }
@@ -95,12 +90,13 @@ SoftwareUpdateView softwareUpdateView(const UpdateStatus& status, const std::str
     switch (status.state) {
         case UpdateState::checking: {
             SoftwareUpdateView view;
-            view.headline = u"Checking for updates\u2026"_s;
-            view.cancel = u"Cancel"_s;
+            view.headline = text(words("Checking for updates\u2026"));
+            view.cancel = text(words("Cancel"));
             return view;
         }
         case UpdateState::upToDate:
-            return notice(u"You're up to date!"_s, nameOf(current) + u" is the newest version available."_s);
+            return notice(words("You're up to date!"),
+                          text(words("%1 is the newest version available.", nameOf(current))));
         case UpdateState::offered:
             return offer(status, current);
         case UpdateState::downloading:
@@ -110,10 +106,10 @@ SoftwareUpdateView softwareUpdateView(const UpdateStatus& status, const std::str
         case UpdateState::ready:
             return ready(status);
         case UpdateState::handedOver:
-            return notice(u"The package installer has taken over."_s,
-                          u"Follow its steps, then quit this program and start it again."_s);
+            return notice(words("The package installer has taken over."),
+                          text(words("Follow its steps, then quit this program and start it again.")));
         case UpdateState::failed:
-            return notice(u"The program could not be updated."_s, sentence(status.reason));
+            return notice(words("The program could not be updated."), sentence(status.reason));
         case UpdateState::idle:
             break;
     }
