@@ -5,11 +5,6 @@
     <name>words</name>
     <message>
         <location filename="../../resources/About.ui"/>
-        <source>About 7306 Loop Manager</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/About.ui"/>
         <source>Loop Manager</source>
         <translation type="unfinished"></translation>
     </message>
@@ -23,6 +18,7 @@
     <message>
         <location filename="../../resources/FirmwareUpdater.ui"/>
         <location filename="../../resources/SoftwareUpdate.ui"/>
+        <location filename="../../src/app/firmware_notices.cpp"/>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Install</source>
         <translation type="unfinished"></translation>
@@ -49,106 +45,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>7306 Loop Manager</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Connect the pedal to this computer
-by USB and switch it on.
-Its loops will appear here.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Deselect all loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Direction</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Erase</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Export</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Export tab, computer to pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Import</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Import tab, pedal to computer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Its free space shows here.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <location filename="../../resources/Menu.ui"/>
-        <source>Menu</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>No pedal connected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Plug in your 7306</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Select all loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Slots marked like this will
-replace loops on the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/MainWindow.ui"/>
-        <source>Space in use</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/Menu.ui"/>
-        <source>Close menu</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/Progress.ui"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Cancel</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/Progress.ui"/>
-        <source>Transferred</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <location filename="../../resources/SoftwareUpdate.ui"/>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Later</source>
@@ -162,6 +58,1595 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../resources/SoftwareUpdate.ui"/>
         <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up.cpp"/>
+        <source>Choose</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up.cpp"/>
+        <source>Choose a folder for the backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up.cpp"/>
+        <source>Choose a folder with backups</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_compare.cpp"/>
+        <location filename="../../src/app/transfer_events.cpp"/>
+        <source>Comparing loop %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <location filename="../../src/ui/panels/backup_tape.cpp"/>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n damaged</source>
+        <comment>%n damaged</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n erased</source>
+        <comment>%n erased</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n new</source>
+        <comment>%n new</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n new or changed, %1</source>
+        <comment>%n new or changed, %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n replaced</source>
+        <comment>%n replaced</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n same</source>
+        <comment>%n same</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n same as then</source>
+        <comment>%n same as then</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>%n same length</source>
+        <comment>%n same length</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>Slot %1, %2, %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>Slot %1, no loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>changed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>d MMM yyyy, HH:mm</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>damaged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>damaged in the backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>erased</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>in the backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>new</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>only in the backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>replaces %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>replaces a loop of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>same</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>same length</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>saved again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>saved again, as it is damaged in the backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>stays</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_rows.cpp"/>
+        <source>the same length, not compared</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <location filename="../../src/app/teller.cpp"/>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>No pedal connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>Reading the folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>The pedal already holds everything in this backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>The pedal has no loops</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>There is no backup in this folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>There is not enough room on the pedal for this backup alongside its other loops</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>This backup cannot be restored: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>no backup yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>reading…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backing_up_show.cpp"/>
+        <source>since %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backup_flow.cpp"/>
+        <source>7306 Back Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/backup_flow.cpp"/>
+        <source>Backing up %n loops from the 7306...</source>
+        <comment>Backing up %n loop from the 7306...</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/backup_flow.cpp"/>
+        <location filename="../../src/app/import_flow.cpp"/>
+        <location filename="../../src/app/save_report.cpp"/>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Try again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>%1 are staged</source>
+        <comment>%1 is staged</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Each loop is read before it is erased or replaced.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>Keep Copies is still off</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>Keep Copies is still on</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>Other files are staged as well. Export writes all of them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>copied %1 %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>copied today %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>copied yesterday %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>d MMM</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>d MMM yyyy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>ddd</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>erased %1 %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>erased today %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>erased yesterday %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>its folder could not be renamed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>replaced %1 %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>replaced today %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bring_back_flow.cpp"/>
+        <source>replaced yesterday %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/bus/bus_desktop_shell.cpp"/>
+        <location filename="../../src/app/show_folder.cpp"/>
+        <location filename="../../src/ui/status/status_line.cpp"/>
+        <source>Show</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/carry_in.cpp"/>
+        <source>%n files go to %1</source>
+        <comment>%n file goes to %1</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/carry_in.cpp"/>
+        <source>%n files will wait for a pedal</source>
+        <comment>%n file will wait for a pedal</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/carry_in.cpp"/>
+        <source>Drop between the rows to use all %n files</source>
+        <comment>Drop between the rows to use the file</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/carry_in.cpp"/>
+        <source>Drop between the rows to use both files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/carry_in.cpp"/>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>not readable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/carry_in.cpp"/>
+        <source>too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/carry_out.cpp"/>
+        <source>%1 was not dragged out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/carry_out.cpp"/>
+        <source>%n loops were not dragged out</source>
+        <comment>%n loop was not dragged out</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/carry_out.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>a loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/copy_sound.cpp"/>
+        <location filename="../../src/app/listening_engine.cpp"/>
+        <source>Playing %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/copy_sound.cpp"/>
+        <location filename="../../src/app/listening_engine.cpp"/>
+        <source>Playing %1, %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/copy_sound.cpp"/>
+        <source>The copy of %1 could not be played</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/copy_sound.cpp"/>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>its file could not be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/erase_flow.cpp"/>
+        <source>Erase without a copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/erase_flow.cpp"/>
+        <source>Erased loop audio cannot be restored. Would you like to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/erase_flow.cpp"/>
+        <source>Erasing %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/erase_flow.cpp"/>
+        <source>Erasing loops…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/export_flow.cpp"/>
+        <source>Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/export_flow.cpp"/>
+        <source>Replace without a copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/export_flow.cpp"/>
+        <location filename="../../src/app/transfer_events.cpp"/>
+        <source>Writing loop %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/export_flow.cpp"/>
+        <source>what is staged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>"%1" cannot be used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>"%1" was sent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>%n bytes, SHA-256 %1.</source>
+        <comment>%n byte, SHA-256 %1.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>It is fetched again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>It is not the maker's newest firmware, %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>It is the maker's newest firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>It ran %1 before.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>The firmware in the cache cannot be used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>The pedal has not come back from its restart: unplug it and plug it in again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>Whether it is the maker's newest firmware is not known.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>it cannot be read, or it is empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>unknown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/operations/told_flash.cpp"/>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <location filename="../../src/ui/status/announcements.cpp"/>
+        <location filename="../../src/ui/status/status_line.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <location filename="../../src/ui/panels/backup_tape.cpp"/>
+        <location filename="../../src/ui/status/announcements.cpp"/>
+        <location filename="../../src/updates/update_job.cpp"/>
+        <source>%1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>Downloading firmware %1, %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>It runs only its loader, as after an installation that did not finish.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>It runs only its loader, as after an installation that did not finish. Until it has firmware, its loops cannot be listed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Not Now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <location filename="../../src/app/set_up.cpp"/>
+        <location filename="../../src/ui/alert.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>The maker's firmware has not been downloaded yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>The pedal is waiting for firmware</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>This pedal is waiting for firmware.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>Try Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_notices.cpp"/>
+        <source>Would you like to install %1 now?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>"%1"</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>"%1" (%2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>"%1" is %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>Left out: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>No file was used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>Only %n of %1 files were used</source>
+        <comment>Only %n of %1 files was used</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>no other row is free</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>no row is free</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/handed_files.cpp"/>
+        <source>the others do not fit or cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/import_flow.cpp"/>
+        <source>Choose a folder for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/import_flow.cpp"/>
+        <source>Choose a folder for %n loops</source>
+        <comment>Choose a folder for %n loop</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/import_flow.cpp"/>
+        <location filename="../../src/app/loop_reader.cpp"/>
+        <location filename="../../src/app/transfer_events.cpp"/>
+        <source>Reading loop %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/import_flow.cpp"/>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/keep_flow.cpp"/>
+        <source>Keeping a copy of %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/keep_flow.cpp"/>
+        <source>Keeping a copy of %1… %2 %</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/keep_flow.cpp"/>
+        <source>Keeping copies, %1 percent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/keep_flow.cpp"/>
+        <location filename="../../src/app/listening_engine.cpp"/>
+        <location filename="../../src/app/loop_reader.cpp"/>
+        <location filename="../../src/app/main_window.cpp"/>
+        <location filename="../../src/app/verify_flow.cpp"/>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/launch.cpp"/>
+        <source>Device is busy. Try again later.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/listening.h"/>
+        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
+        <source>No sound device was found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/listening_events.cpp"/>
+        <source>Waiting for the read of loop %1 to stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/listening_events.cpp"/>
+        <source>Waiting for the read of loop %1 to stop…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/loop_reader.cpp"/>
+        <source>%1 could not be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Connect the pedal to this computer
+by USB and switch it on.
+Its loops will appear here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Deselect all loops</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <location filename="../../src/ui/lower_button.cpp"/>
+        <source>Erase</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <location filename="../../src/ui/lower_button.cpp"/>
+        <source>Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Export tab, computer to pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <location filename="../../src/ui/lower_button.cpp"/>
+        <source>Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Import tab, pedal to computer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Its free space shows here.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Plug in your 7306</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Select all loops</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Slots marked like this will
+replace loops on the pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>Space in use</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>computer to pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/main_window_words.cpp"/>
+        <source>pedal to computer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;About 7306 Loop Manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Bring Back…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Choose File…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Doctor…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Export…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Fit to Screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Import…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Keep Copies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Paste Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Play</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Quit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Recent Results</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Rename</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Restore…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Save Report…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;User Guide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;Verify After Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>&amp;View</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>Back &amp;Up…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>Re&amp;move</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>Select &amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
+        <source>Select &amp;None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_control.cpp"/>
+        <source>Please connect your device and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_control.cpp"/>
+        <source>Version %1 is the newest 7306 firmware available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_control.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>You're up to date!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_control.cpp"/>
+        <source>Your 7306 device is not connected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1 and %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%1 cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%1 is too long</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%1 is too long: %2, and %3 is left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%1 is too long: %2, and %3 is left beside the others</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%1. %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%n files fit</source>
+        <comment>%n file fits</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>%n of %1 files fit</source>
+        <comment>%n of %1 files fits</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>Left out: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>No other row is free</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>No row is free</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>None of %n files fits</source>
+        <comment>None of %n file fits</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>too long: %1, and %2 is left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/model/carry_plan.cpp"/>
+        <source>too long: %1, and %2 is left beside the others</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/presenter.cpp"/>
+        <source>%1 of %n minutes in use</source>
+        <comment>%1 of %n minute in use</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/program/simulation_menu.cpp"/>
+        <source>%1 – simulated pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/program/simulation_menu.cpp"/>
+        <source>&amp;Pedal Plugged In</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/program/simulation_menu.cpp"/>
+        <source>&amp;Simulation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>7306 Restore</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Both are copied first; Edit &gt; Bring Back returns them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <location filename="../../src/app/save_report.cpp"/>
+        <location filename="../../src/app/set_up.cpp"/>
+        <location filename="../../src/ui/alert.cpp"/>
+        <location filename="../../src/ui/lower_button.cpp"/>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Comparing the 7306 with the backup...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Comparing with the backup…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Erased audio cannot be restored.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>It is copied first; Edit &gt; Bring Back returns it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Keep Copies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <location filename="../../src/operations/told_backup.cpp"/>
+        <source>Nothing was restored</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Restore</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Restore without a copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Restoring %n loops to the 7306...</source>
+        <comment>Restoring %n loop to the 7306...</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>Restoring…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>They are copied first; Edit &gt; Bring Back returns them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>To be erased: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>To be replaced: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/restore_flow.cpp"/>
+        <source>the backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/said.h"/>
+        <source>%1 staged for %2, %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/said.h"/>
+        <source>%1 staged for %2, %3, replaces a loop of %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/said.h"/>
+        <source>7306 connected, %n loops, %1 free</source>
+        <comment>7306 connected, %n loop, %1 free</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/said.h"/>
+        <source>7306 disconnected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>A text file that you can read and send: the versions of the program and of this computer's system, what keeps the pedal from being used, the last results and the log. There is no audio in it, and neither your name nor that of your home folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>Include names of files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>Save Report</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>Save a report for troubleshooting?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>Save…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>Saving the report…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/save_report.cpp"/>
+        <source>Text files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <source>%1: %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Loops can be imported now</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Run in a terminal: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <location filename="../../src/operations/told.cpp"/>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Run: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Set Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Set up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>Setting up…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>The system rule is installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>The system rule is installed, but something else is in the way</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>The system rule was not installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/set_up.cpp"/>
+        <source>This sets it up, with your password: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>"%1" goes to the row of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>"%1" was left out</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/staging.cpp"/>
+        <source>"Stage again" puts them on the same rows.</source>
+        <comment>"Stage again" puts it on the same row.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>%1 has another file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Audio files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Choose an audio file for %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Each row takes one file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Only the first of %n files was used</source>
+        <comment>Only the first of %n file was used</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Stage again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>There is no free row for "%1"</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>Use it anyway</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/staging.cpp"/>
+        <source>it is too long: %1, and %2 is left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/stamp_time.h"/>
+        <source>C</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/teller.cpp"/>
+        <source>%1 were not saved</source>
+        <comment>%1 was not saved</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>%1 · %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/teller.cpp"/>
+        <source>%n files are waiting</source>
+        <comment>%n file is waiting</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/teller.cpp"/>
+        <location filename="../../src/loops/facts.h"/>
+        <source>%n loops</source>
+        <comment>%n loop</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>Back Up…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>Cancel, or unplug it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>Stop it, or unplug the pedal.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>The pedal has stopped answering</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>The pedal has stopped answering: cancel, or unplug it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>The pedal has stopped answering: stop, or unplug it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>The pedal has stopped answering: unplug it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>Unplug it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>What is erased now is gone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>firmware %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/teller.cpp"/>
+        <source>nothing has been backed up yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/time_left.cpp"/>
+        <source>about %1 min left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/time_left.cpp"/>
+        <source>about %1 s left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/transfer_panel.cpp"/>
+        <source>7306 Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/transfer_panel.cpp"/>
+        <source>7306 Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/transfer_panel.cpp"/>
+        <source>Exporting %n loops to the 7306...</source>
+        <comment>Exporting %n loop to the 7306...</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/app/transfer_panel.cpp"/>
+        <source>Importing %n loops from the 7306...</source>
+        <comment>Importing %n loop from the 7306...</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/app/user_guide.cpp"/>
+        <source>Open %1 in a browser.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/user_guide.cpp"/>
+        <source>The program looks for share/kzq7306/guide/guide.html below the folder it is installed in. In the source it is doc/guide.md.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/user_guide.cpp"/>
+        <source>The user guide could not be opened</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/user_guide.cpp"/>
+        <source>The user guide is not installed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/app/verify_flow.cpp"/>
+        <source>Verifying loop %1…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/audio/convert.cpp"/>
+        <source>the name has no extension</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/audio/convert.cpp"/>
+        <source>the path has no folder</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -281,11 +1766,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
-        <source>No sound device was found.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
         <source>The sound device does not play 44,100 Hz.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -303,15 +1783,6 @@ replace loops on the pedal.</source>
         <location filename="../../src/loops/capacity.cpp"/>
         <source>This file is too large for the available space on your 7306.</source>
         <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/loops/facts.h"/>
-        <source>%n loops</source>
-        <comment>%n loop</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/loops/spoken_length.h"/>
@@ -445,28 +1916,12 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
         <source>Erase loops, or choose shorter files.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
         <source>Look at the rows and start again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Run: %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -508,11 +1963,6 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
         <source>it is still on the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>its file could not be read</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -830,11 +2280,6 @@ replace loops on the pedal.</source>
         <source>"%1" is damaged</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 and %2</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message numerus="yes">
         <location filename="../../src/operations/told.cpp"/>
         <source>%1 are still on the pedal.</source>
@@ -975,16 +2420,6 @@ replace loops on the pedal.</source>
         <source>%1 written</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message numerus="yes">
         <location filename="../../src/operations/told.cpp"/>
         <location filename="../../src/operations/told_backup.cpp"/>
@@ -1117,12 +2552,6 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told.cpp"/>
         <source>What the pedal sent back is the same, sample for sample.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>a loop</source>
         <translation type="unfinished"></translation>
     </message>
     <message numerus="yes">
@@ -1259,11 +2688,6 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
         <source>Nothing was changed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Nothing was restored</source>
         <translation type="unfinished"></translation>
     </message>
     <message numerus="yes">
@@ -1525,33 +2949,100 @@ replace loops on the pedal.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Add Loop %1</source>
+        <location filename="../../src/slots/slot.cpp"/>
+        <source>complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_button.cpp"/>
+        <source>Add Loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_button.cpp"/>
+        <source>Overwrite Loop</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Loop %1</source>
+        <source>%1 name</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Loop %1 name</source>
+        <source>%1 plays</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Loop %1, select</source>
+        <source>%1, select</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Overwrite Loop %1</source>
+        <source>Add %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>Compare with %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>Overwrite %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>Play %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>Play %1, %2</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
         <location filename="../../src/slots/slot_description.cpp"/>
         <source>Remove file from loop %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>Stop %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>being read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>picked up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>playing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>staged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_description.cpp"/>
+        <source>staged, replaces a loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/slots/slot_sound.cpp"/>
+        <source>Tempo %1</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1577,6 +3068,309 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/troubleshooting/root_shell.cpp"/>
         <source>the password could not be asked for, or it was wrong</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/alert.cpp"/>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/alert.cpp"/>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/mass_selection_button.cpp"/>
+        <source>All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/mass_selection_button.cpp"/>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/about.cpp"/>
+        <source>About 7306 Loop Manager</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/about.cpp"/>
+        <source>Version %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Back Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Copy the whole pedal to this computer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Erase loops that are not in this backup</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Loops that are the same are not copied twice.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Other folder…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/backup_panel.cpp"/>
+        <source>Put a backup back onto the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>%n copies on this computer, %1. Above 2 GB the oldest are removed.</source>
+        <comment>%n copy on this computer, %1. Above 2 GB the oldest are removed.</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>A loop is copied here before you erase or replace it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Bring Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Bring back loops that were erased or replaced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Keep Copies is off: what you erase or replace now is gone.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>No copies on this computer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Nothing to bring back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back.cpp"/>
+        <source>Nothing to bring back.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>%1, %2, %3, %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>to %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>to slot %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>to slot %1, empty</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
+        <source>to slot %1, replaces its loop</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/bring_back_targets.cpp"/>
+        <source>Slots</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>%n problems were found</source>
+        <comment>%n problem was found</comment>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Copies what was found, as text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <location filename="../../src/ui/status/outcome_row.cpp"/>
+        <source>Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Doctor</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Looking at the pedal and this computer…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>No problems were found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>OK: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Problem: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Save Report…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>About...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Choose a firmware file for the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Close menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Firmware Update...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Firmware files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Select Firmware...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/menu.cpp"/>
+        <source>Software Update...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 of %2 – %3%</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>Transferred</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/qt_dialogs.cpp"/>
+        <source>All files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/qt_words.h"/>
+        <location filename="../../src/ui/status/announcements.cpp"/>
+        <location filename="../../src/words/words.cpp"/>
+        <source>%1 %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/shield.cpp"/>
+        <source>The 7306 is busy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/outcome_list.cpp"/>
+        <source>Nothing has happened yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/outcome_list.cpp"/>
+        <location filename="../../src/ui/status/status_sentence.cpp"/>
+        <source>Recent results</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/outcome_row.cpp"/>
+        <source>%1 %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/outcome_row.cpp"/>
+        <source>%1, %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/outcome_row.cpp"/>
+        <source>%1, failed, %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/status_line.cpp"/>
+        <source>%1, button.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/status_line.cpp"/>
+        <source>Failed: %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/status_sentence.cpp"/>
+        <source>Failed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/status/status_sentence.cpp"/>
+        <source>Shows the recent results</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -1748,11 +3542,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/update_job.cpp"/>
-        <source>%1: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_job.cpp"/>
         <source>it is another version than stated</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1808,11 +3597,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1 of %2 – %3%</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Checking for updates…</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1838,11 +3622,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>OK</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Restart</source>
         <translation type="unfinished"></translation>
     </message>
@@ -1859,16 +3638,6 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Website</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>You're up to date!</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/words/words.cpp"/>
-        <source>%1 %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
