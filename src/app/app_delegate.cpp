@@ -120,7 +120,7 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
 
 void AppDelegate::looperHasBeenDisconnected() {
     if (!parts_->flows->running()) {  // or its outcome says so
-        parts_->teller.say(saidDisconnected);
+        parts_->teller.say(saidDisconnected());
     }
     parts_->flows->pedalLeft();
     parts_->firmware.left();

@@ -9,6 +9,7 @@
 #include "app/main_window.h"
 #include "app/restore_flow.h"
 #include "device/kzq7306.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -106,7 +107,8 @@ void BackingUp::chooseNewest() {
 void BackingUp::chooseFolder() {
     const auto post = parts_.teller.poster();
     const auto chosen = parts_.environment.dialogs.chooseFolder(
-        restores() ? "Choose a folder with backups" : "Choose a folder for the backup", "Choose");
+        restores() ? words("Choose a folder with backups") : words("Choose a folder for the backup"),
+        words("Choose"));
     if (chosen.answer != panelCancelled && !chosen.path.empty()) {
         post([this, folder = chosen.path] {  // the window may have gone under the chooser
             if (isOpen()) {

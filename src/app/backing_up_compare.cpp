@@ -1,6 +1,7 @@
 #include "app/app_parts.h"
 #include "app/backing_up.h"
 #include "app/set_up.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -84,7 +85,7 @@ void BackingUp::compare(Run& run, const std::weak_ptr<int>& shown, const BackupD
     Events events;
     const auto begun = run.ask([&] {
         work = parts_.teller.newWork();
-        auto follow = parts_.teller.follower(work, run.poster(), "Comparing");
+        auto follow = parts_.teller.follower(work, run.poster(), english("Comparing loop %1\u2026"));
         events.begins = [follow](SlotNumber slot, Step /*step*/) mutable { follow(slot); };
         events.moved = [follow](SlotNumber slot, std::uint64_t /*bytes*/) mutable { follow(slot); };
         events.slot = [this, shown, post = run.poster()](const SlotOutcome& loop) {

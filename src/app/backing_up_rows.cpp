@@ -1,7 +1,6 @@
 #include "app/backing_up_rows.h"
 
 #include <QDateTime>
-#include <QLocale>
 #include <algorithm>
 
 #include "app/stamp_time.h"
@@ -9,6 +8,7 @@
 #include "loops/spoken_length.h"
 #include "operations/told_backup.h"
 #include "platform/free_space.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -28,11 +28,11 @@ struct Fate {
 
 Fate unchanged(const BackupChange& change, bool pedalKnown) {
     if (!pedalKnown) {
-        return {Look::absent, change.inBackup, "in the backup"};
+        return {Look::absent, change.inBackup, words("in the backup")};
     }
-    return change.kind == Change::same
-               ? Fate{Look::rest, change.onPedal, "same"}
-               : Fate{Look::rest, change.onPedal, "same length", "the same length, not compared"};
+    return change.kind == Change::same ? Fate{Look::rest, change.onPedal, words("same")}
+                                       : Fate{Look::rest, change.onPedal, words("same length"),
+                                              words("the same length, not compared")};
 }
 
 Fate fateInRestore(const BackupChange& change, const BackupComparison& comparison) {
@@ -43,16 +43,16 @@ Fate fateInRestore(const BackupChange& change, const BackupComparison& compariso
         case Change::sameLength:
             return unchanged(change, true);
         case Change::changed:
-            return {Look::replaces, change.inBackup, "replaces " + clockText(*change.onPedal),
-                    "replaces a loop of " + spokenLength(*change.onPedal)};
+            return {Look::replaces, change.inBackup, words("replaces %1", clockText(*change.onPedal)),
+                    words("replaces a loop of %1", spokenLength(*change.onPedal))};
         case Change::onlyOnPedal:
-            return comparison.erases ? Fate{Look::erased, change.onPedal, "erased"}
-                                     : Fate{Look::rest, change.onPedal, "stays"};
+            return comparison.erases ? Fate{Look::erased, change.onPedal, words("erased")}
+                                     : Fate{Look::rest, change.onPedal, words("stays")};
         case Change::onlyInBackup:
-            return comparison.pedalKnown ? Fate{Look::fresh, change.inBackup, "new"}
+            return comparison.pedalKnown ? Fate{Look::fresh, change.inBackup, words("new")}
                                          : unchanged(change, false);
         case Change::damaged:
-            return {Look::damaged, change.inBackup, "damaged", "damaged in the backup"};
+            return {Look::damaged, change.inBackup, words("damaged"), words("damaged in the backup")};
     }
     return {};
 }
@@ -65,26 +65,26 @@ Fate fateInBackup(const BackupChange& change) {
         case Change::sameLength:
             return unchanged(change, true);
         case Change::changed:
-            return {Look::saved, change.onPedal, "changed"};
+            return {Look::saved, change.onPedal, words("changed")};
         case Change::onlyOnPedal:
-            return {Look::saved, change.onPedal, "new"};
+            return {Look::saved, change.onPedal, words("new")};
         case Change::onlyInBackup:
-            return {Look::absent, change.inBackup, "only in the backup"};
+            return {Look::absent, change.inBackup, words("only in the backup")};
         case Change::damaged:
-            return change.onPedal ? Fate{Look::saved, change.onPedal, "saved again",
-                                         "saved again, as it is damaged in the backup"}
-                                  : Fate{Look::absent, change.inBackup, "only in the backup"};
+            return change.onPedal ? Fate{Look::saved, change.onPedal, words("saved again"),
+                                         words("saved again, as it is damaged in the backup")}
+                                  : Fate{Look::absent, change.inBackup, words("only in the backup")};
     }
     return {};
 }
 
 BackupSlot rowOf(SlotNumber slot, const Fate& fate) {
-    std::string spoken = "Slot " + std::to_string(slot.number()) + ", ";
-    spoken += !fate.length ? "no loop"
-                           : loopName(slot) + ", " + spokenLength(*fate.length) + ", " +
-                                 (fate.said.empty() ? fate.words : fate.said);
-    return {fate.look, fate.length ? QString::fromStdString(clockText(*fate.length)) : QString(),
-            QString::fromStdString(fate.words), QString::fromStdString(spoken)};
+    const auto& said = fate.said.empty() ? fate.words : fate.said;
+    const auto spoken = fate.length ? words("Slot %1, %2, %3, %4", slot.number(), loopName(slot),
+                                            spokenLength(*fate.length), said)
+                                    : words("Slot %1, no loop", slot.number());
+    return {fate.look, fate.length ? toQt(clockText(*fate.length)) : QString(), toQt(fate.words),
+            toQt(spoken)};
 }
 
 Fate fateOf(Kind kind, const BackupChange& change, const BackupComparison& comparison) {
@@ -115,26 +115,35 @@ std::vector<BackupPanel::Count> countsOf(Kind kind, const BackupComparison& comp
         return {};
     }
     const auto many = [&comparison](Change wanted) {
-        return std::ranges::count(comparison.changes, wanted, &BackupChange::kind);
+        return static_cast<std::size_t>(std::ranges::count(comparison.changes, wanted, &BackupChange::kind));
     };
     std::vector<BackupPanel::Count> counts;
-    const auto add = [&counts](Look look, std::ptrdiff_t count, const QString& words) {
+    const auto add = [&counts](Look look, std::size_t count, auto text) {
         if (count != 0) {
-            counts.emplace_back(look, QString::number(count) + " " + words);
+            counts.emplace_back(look, toQt(text(count)));
         }
     };
-    add(Look::rest, many(Change::same), kind == Kind::restore ? "same" : "same as then");
-    add(Look::rest, many(Change::sameLength), "same length");
+    add(Look::rest, many(Change::same), [kind](auto n) {
+        return kind == Kind::restore ? words(n, "%n same", "%n same")
+                                     : words(n, "%n same as then", "%n same as then");
+    });
+    add(Look::rest, many(Change::sameLength),
+        [](auto n) { return words(n, "%n same length", "%n same length"); });
     if (kind == Kind::restore) {
-        add(Look::fresh, many(Change::onlyInBackup), "new");
-        add(Look::replaces, many(Change::changed), "replaced");
-        add(Look::erased, comparison.erases ? many(Change::onlyOnPedal) : 0, "erased");
-        add(Look::damaged, many(Change::damaged), "damaged");
+        add(Look::fresh, many(Change::onlyInBackup), [](auto n) { return words(n, "%n new", "%n new"); });
+        add(Look::replaces, many(Change::changed),
+            [](auto n) { return words(n, "%n replaced", "%n replaced"); });
+        add(Look::erased, comparison.erases ? many(Change::onlyOnPedal) : 0,
+            [](auto n) { return words(n, "%n erased", "%n erased"); });
+        add(Look::damaged, many(Change::damaged),
+            [](auto n) { return words(n, "%n damaged", "%n damaged"); });
     } else {
         const auto saved = std::ranges::count_if(
             comparison.changes, [](const auto& change) { return fateInBackup(change).look == Look::saved; });
-        add(Look::saved, saved,
-            "new or changed, " + QString::fromStdString(sizeText(bytesSaved(comparison))));
+        add(Look::saved, static_cast<std::size_t>(saved), [&comparison](auto n) {
+            return words(n, "%n new or changed, %1", "%n new or changed, %1",
+                         sizeText(bytesSaved(comparison)));
+        });
     }
     return counts;
 }
@@ -148,7 +157,7 @@ bool mayChange(const BackupComparison& comparison) {
 }
 
 QString dayAndTime(const std::string& stamp) {
-    return QLocale::c().toString(timeOfStamp(stamp), "d MMM yyyy, HH:mm");
+    return dated(timeOfStamp(stamp), words("d MMM yyyy, HH:mm"));
 }
 
 BackupOffer offerOf(const ListedBackup& backup, const QString& folder) {
@@ -163,7 +172,8 @@ BackupOffer offerOf(const ListedBackup& backup, const QString& folder) {
         offer.detail = QString::fromStdString(backupReason(backup.index.error()));
     } else {
         const auto loops = QString::fromStdString(loopsText(backup.index->loops.size()));
-        offer.detail = dated || made.isEmpty() ? loops : made + ", " + loops;
+        offer.detail =
+            dated || made.isEmpty() ? loops : toQt(words("%1, %2", made.toStdString(), loops.toStdString()));
     }
     return offer;
 }

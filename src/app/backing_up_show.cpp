@@ -5,6 +5,7 @@
 #include "app/backing_up.h"
 #include "loops/capacity.h"
 #include "operations/told_backup.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -32,19 +33,19 @@ void BackingUp::show() {
     panel_->setCounts(countsOf(panel_->kind(), shown));
     const auto problem = restores() ? problemWith(shown) : QString();
     const bool reading = reading_ != nullptr;
-    const auto why = reading                             ? QString("Reading the folder")
-                     : restores() && backup() == nullptr ? "There is no backup in this folder"
-                     : !loops_.complete                  ? "No pedal connected"
+    const auto why = reading                             ? toQt(words("Reading the folder"))
+                     : restores() && backup() == nullptr ? toQt(words("There is no backup in this folder"))
+                     : !loops_.complete                  ? toQt(words("No pedal connected"))
                      : restores() && problem.isEmpty() && !mayChange(shown)
-                         ? "The pedal already holds everything in this backup"
-                     : !restores() && loops_.empty() ? "The pedal has no loops"
+                         ? toQt(words("The pedal already holds everything in this backup"))
+                     : !restores() && loops_.empty() ? toQt(words("The pedal has no loops"))
                                                      : problem;
     panel_->setReady(why.isEmpty(), problem, why);
 }
 
 void BackingUp::showOffers() {
     std::vector<BackupOffer> offers;
-    const auto fallback = reading_ != nullptr ? "reading\u2026" : "no backup yet";
+    const auto fallback = toQt(reading_ != nullptr ? words("reading\u2026") : words("no backup yet"));
     if (restores()) {
         const auto name = folderName(place().folder);
         std::ranges::transform(place().backups, std::back_inserter(offers),
@@ -57,7 +58,9 @@ void BackingUp::showOffers() {
         const auto newest =
             std::ranges::find_if(each.backups, [](const auto& listed) { return listed.index.has_value(); });
         offers.push_back({folderName(each.folder),
-                          newest == each.backups.end() ? fallback : "since " + dayAndTime(newest->stamp)});
+                          newest == each.backups.end()
+                              ? fallback
+                              : toQt(words("since %1", dayAndTime(newest->stamp).toStdString()))});
     }
     const auto chosen = offers.at(at_);
     panel_->setOffers(chosen, std::move(offers), at_);
@@ -80,10 +83,11 @@ QString BackingUp::problemWith(const BackupComparison& comparison) const {
         reason = backupReason(Trouble{Trouble::Kind::backupTooLong});
     }
     if (!reason.empty()) {
-        return QString::fromStdString("This backup cannot be restored: " + reason);
+        return toQt(words("This backup cannot be restored: %1", reason));
     }
     return afterRestore(comparison.changes, comparison.erases).count > capacityFrames
-               ? "There is not enough room on the pedal for this backup alongside its other loops"
+               ? toQt(
+                     words("There is not enough room on the pedal for this backup alongside its other loops"))
                : QString();
 }
 

@@ -9,6 +9,7 @@
 #include "app/transfer_events.h"
 #include "loops/facts.h"
 #include "operations/told_backup.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -47,8 +48,9 @@ class BackUp {
         backedUp_ = parts_.environment.backedUp;
         isUsual_ = folder_ == parts_.environment.backups;
         const auto total = bytesToRead(loops);
-        parts_.transferPanel.open(total, "7306 Back Up",
-                                  "Backing up " + loopsText(loops.size()) + " from the 7306...");
+        parts_.transferPanel.open(total, words("7306 Back Up"),
+                                  words(loops.size(), "Backing up %n loop from the 7306...",
+                                        "Backing up %n loops from the 7306..."));
         run.turn.cover();
         work_ = parts_.teller.newWork();
         events_ = eventsOf(std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()),
@@ -83,7 +85,7 @@ class BackUp {
         if (trouble != nullptr && end.outcome.done() == 0 && isMissingRule(*trouble)) {
             parts_.teller.tell(toldMissingRule(*trouble), backupJob, settingUp(parts_, *trouble, {}));
         } else {
-            const Remedy again{"Try again", [&parts = parts_, folder = folder_] {
+            const Remedy again{words("Try again"), [&parts = parts_, folder = folder_] {
                                    const bool can = !parts.flows->starting() && !parts.flows->running();
                                    if (can) {
                                        beginBackup(parts, folder);

@@ -14,6 +14,7 @@
 #include "platform/free_space.h"
 #include "ui/check_box.h"
 #include "ui/panels/bring_back.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -31,21 +32,40 @@ std::optional<std::set<unsigned>> loopsOf(const LoopModel& model) {
     return loops;
 }
 
+/// For days further back, %1 is the day and %2 the time.
+struct FateTexts {
+    const char* today;
+    const char* yesterday;
+    const char* earlier;
+};
+
+FateTexts textsOn(KeptCopy::Fate fate) {
+    switch (fate) {
+        case KeptCopy::Fate::replaced:
+            return {english("replaced today %1"), english("replaced yesterday %1"),
+                    english("replaced %1 %2")};
+        case KeptCopy::Fate::erased:
+            return {english("erased today %1"), english("erased yesterday %1"), english("erased %1 %2")};
+        default:
+            break;
+    }
+    return {english("copied today %1"), english("copied yesterday %1"), english("copied %1 %2")};
+}
+
 }  // namespace
 
 std::string fateOf(const KeptCopy& copy, const QDateTime& now) {
     const auto then = timeOfStamp(copy.stamp);
     const auto days = then.date().daysTo(now.date());
-    const auto day = days == 0              ? QString("today")
-                     : days == 1            ? QString("yesterday")
-                     : days > 1 && days < 7 ? QLocale::c().toString(then.date(), "ddd")
-                     : then.date().year() == now.date().year()
-                         ? QLocale::c().toString(then.date(), "d MMM")
-                         : QLocale::c().toString(then.date(), "d MMM yyyy");
-    const auto* const fate = copy.fate == KeptCopy::Fate::replaced ? "replaced "
-                             : copy.fate == KeptCopy::Fate::erased ? "erased "
-                                                                   : "copied ";
-    return fate + day.toStdString() + " " + then.toString("HH:mm").toStdString();
+    const bool thisYear = then.date().year() == now.date().year();
+    const auto day = dated(then, days > 1 && days < 7 ? words("ddd")
+                                 : thisYear           ? words("d MMM")
+                                                      : words("d MMM yyyy"));
+    const auto [today, yesterday, earlier] = textsOn(copy.fate);
+    const auto time = then.toString("HH:mm").toStdString();
+    return days == 0   ? words(today, time)
+           : days == 1 ? words(yesterday, time)
+                       : words(earlier, day.toStdString(), time);
 }
 
 BringingBack::BringingBack(AppParts& parts)
@@ -114,7 +134,7 @@ void BringingBack::make() {
 
 QString BringingBack::noSound() const {
     const auto* const output = parts_.environment.sound;
-    return QString::fromStdString(output == nullptr ? noSoundDevice : output->trouble());
+    return toQt(output == nullptr ? noSoundDevice() : output->trouble());
 }
 
 void BringingBack::deviceChanged() {
@@ -159,8 +179,8 @@ void BringingBack::tableChanged() {
 bool BringingBack::keep(bool on) {
     const auto turned = parts_.kept.turn(on);
     if (!turned) {
-        parts_.teller.tell({.what = std::string("Keep Copies is still ") + (on ? "off" : "on"),
-                            .why = "its folder could not be renamed",
+        parts_.teller.tell({.what = on ? words("Keep Copies is still off") : words("Keep Copies is still on"),
+                            .why = words("its folder could not be renamed"),
                             .detail = turned.error().where + ".",
                             .failure = true,
                             .names = {turned.error().where}},
@@ -177,7 +197,7 @@ void BringingBack::explain(bool shown) {
     }
     if (shown) {
         hint_ = parts_.teller.newWork();
-        parts_.teller.working(hint_, "Each loop is read before it is erased or replaced.");
+        parts_.teller.working(hint_, words("Each loop is read before it is erased or replaced."));
     } else {
         parts_.teller.idle(std::exchange(hint_, 0));
     }
@@ -205,8 +225,9 @@ void BringingBack::exportThem(const std::map<SlotNumber, QUrl>& files, unsigned 
     if (all && staged.size() == files.size() && pedal == parts_.model.pedal()) {
         beginExport(parts_, Copies::kept);
     } else if (all) {
-        parts_.teller.tell({.what = listOf(slotsOf(files)) + (files.size() == 1 ? " is" : " are") + " staged",
-                            .detail = "Other files are staged as well. Export writes all of them."});
+        parts_.teller.tell(
+            {.what = words(files.size(), "%1 is staged", "%1 are staged", listOf(slotsOf(files))),
+             .detail = words("Other files are staged as well. Export writes all of them.")});
     }
 }
 

@@ -11,6 +11,7 @@
 #include "app/held_files.h"
 #include "app/main_window.h"
 #include "operations/sentences.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -23,18 +24,14 @@ bool anyAudio(const QList<QUrl>& files) {
     return std::ranges::any_of(files, isAudioFile);
 }
 
-QString textOf(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 DropSign signOf(const CarriedFile& file, CarryFate fate, bool occupied) {
     DropSign sign{.kind = occupied ? DropSign::Kind::replaces : DropSign::Kind::fills,
-                  .name = textOf(file.shown),
-                  .length = file.length ? textOf(clockText(*file.length)) : QString(),
+                  .name = toQt(file.shown),
+                  .length = file.length ? toQt(clockText(*file.length)) : QString(),
                   .refusal = {}};
     if (fate == CarryFate::tooLong || fate == CarryFate::unreadable) {
         sign.kind = DropSign::Kind::refused;
-        sign.refusal = fate == CarryFate::tooLong ? "too long" : "not readable";
+        sign.refusal = toQt(fate == CarryFate::tooLong ? words("too long") : words("not readable"));
     }
     return sign;
 }
@@ -194,8 +191,8 @@ void CarryIn::place(HeldFiles& looks) {
     parts_.handedFiles.add(used, leftOut);
     openTab();
     if (looks.pasted && known && !rows.empty() && !plan.refuses()) {
-        parts_.teller.tell({.what = filesText(rows.size()) + (rows.size() == 1 ? " goes" : " go") + " to " +
-                                    loopNames(rows)});
+        parts_.teller.tell(
+            {.what = words(rows.size(), "%n file goes to %1", "%n files go to %1", loopNames(rows))});
     }
 }
 
@@ -218,8 +215,10 @@ void CarryIn::showRow(SlotNumber slot, const HeldFiles& looks) {
                                               : std::nullopt);
     }
     const auto count = looks.files.size();
-    const auto all = count == 2 ? "both files" : "all " + filesText(count);
-    parts_.teller.preview(count == 1 ? std::string() : "Drop between the rows to use " + all);
+    parts_.teller.preview(count == 1   ? std::string()
+                          : count == 2 ? words("Drop between the rows to use both files")
+                                       : words(count, "Drop between the rows to use the file",
+                                               "Drop between the rows to use all %n files"));
 }
 
 void CarryIn::showPlan(const HeldFiles& looks) {
@@ -235,7 +234,8 @@ void CarryIn::showPlan(const HeldFiles& looks) {
         parts_.rows.exports[i]->setDropSign(signs[i]);
     }
     if (!known) {
-        parts_.teller.preview(filesText(looks.files.size()) + " will wait for a pedal");
+        parts_.teller.preview(
+            words(looks.files.size(), "%n file will wait for a pedal", "%n files will wait for a pedal"));
     } else if (looks.complete) {  // before, the sum is not known
         parts_.teller.preview(plan.sentence(), plan.said(), plan.refuses());
     } else {

@@ -212,11 +212,12 @@ void CarryOut::fail(const Load& load, const Trouble& trouble) {
         return;
     }
     const bool one = items.size() == 1;
-    parts_.teller.tell({.what = (one ? loopName(items.front().slot) : loopsText(items.size())) +
-                                (one ? " was" : " were") + " not dragged out",
-                        .why = reasonFor(Deed::save, trouble, one ? "it" : "a loop"),
-                        .detail = adviceOn(trouble),
-                        .failure = true});
+    parts_.teller.tell(
+        {.what = one ? words("%1 was not dragged out", loopName(items.front().slot))
+                     : words(items.size(), "%n loop was not dragged out", "%n loops were not dragged out"),
+         .why = reasonFor(Deed::save, trouble, one ? "" : words("a loop")),
+         .detail = adviceOn(trouble),
+         .failure = true});
 }
 
 void CarryOut::giveUp() {

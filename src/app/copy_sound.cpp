@@ -5,6 +5,7 @@
 
 #include "app/app_parts.h"
 #include "operations/sentences.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -41,8 +42,8 @@ void CopySound::press(std::size_t copy, const std::filesystem::path& file, const
                     return;
                 }
                 stop();
-                parts_.teller.tell({.what = "The copy of " + name + " could not be played",
-                                    .why = "its file could not be read",
+                parts_.teller.tell({.what = words("The copy of %1 could not be played", name),
+                                    .why = words("its file could not be read"),
                                     .failure = true},
                                    "copy");
             });
@@ -50,8 +51,8 @@ void CopySound::press(std::size_t copy, const std::filesystem::path& file, const
 }
 
 void CopySound::begin(const std::string& name, std::shared_ptr<const Sound> sound) {
-    const auto what = "Playing " + name;
-    parts_.teller.working(now_->work, what + ", " + clockText(sound->length()), what);
+    parts_.teller.working(now_->work, words("Playing %1, %2", name, clockText(sound->length())),
+                          words("Playing %1", name));
     player_->play(std::move(sound));
     follow();
 }

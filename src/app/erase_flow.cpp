@@ -7,6 +7,7 @@
 #include "app/keep_flow.h"
 #include "app/select_again.h"
 #include "operations/erase.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -72,8 +73,8 @@ class Erase {
         }
         work_ = parts_.teller.newWork();
         parts_.teller.working(work_, order_.slots.size() == 1
-                                         ? "Erasing " + loopName(order_.slots.front()) + "\u2026"
-                                         : "Erasing loops\u2026");
+                                         ? words("Erasing %1\u2026", loopName(order_.slots.front()))
+                                         : words("Erasing loops\u2026"));
         keeping_.end(work_);
     }
 
@@ -97,7 +98,7 @@ class Erase {
             return true;
         };
         keeping_.tell(kept, "erase",
-                      pedalIsGone(*kept.end) ? Remedy{} : Remedy{"Erase without a copy", without},
+                      pedalIsGone(*kept.end) ? Remedy{} : Remedy{words("Erase without a copy"), without},
                       {order_.slots, order_.slots});
         keeping_.end();
     }
@@ -135,8 +136,8 @@ void beginErase(AppParts& parts, Copies copies) {
     const auto flow = [erase = std::make_shared<Erase>(parts, copies)](Run& run) { erase->work(run); };
     const auto answer = [&parts] {
         const OpenQuestions::Question open(parts.questions);
-        return parts.environment.dialogs.run(
-            yesOrNoAlertWithHeadline("Erased loop audio cannot be restored. Would you like to continue?"));
+        return parts.environment.dialogs.run(yesOrNoAlertWithHeadline(
+            words("Erased loop audio cannot be restored. Would you like to continue?")));
     }();
     if (answer != alertFirstButton) {
         return;

@@ -12,6 +12,7 @@
 #include "app/verify_flow.h"
 #include "audio/wave.h"
 #include "operations/export.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -112,7 +113,7 @@ class Export {
             return can;
         };
         keeping_.tell(kept, "export",
-                      pedal_ == parts_.model.pedal() ? Remedy{"Replace without a copy", without}
+                      pedal_ == parts_.model.pedal() ? Remedy{words("Replace without a copy"), without}
                                                      : parts_.staging->stagingAgain(files_),
                       {asked, asked});
         keeping_.end();
@@ -124,9 +125,9 @@ class Export {
             return true;
         }
         const Staging::Hold hold(parts_.staging);
-        const auto answer = parts_.environment.dialogs.run(yesOrNoAlertWithHeadline(
-            "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you "
-            "like to continue?"));
+        const auto answer = parts_.environment.dialogs.run(yesOrNoAlertWithHeadline(words(
+            "Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would "
+            "you like to continue?")));
         const bool gone = pedal_ != parts_.model.pedal();
         if (answer != alertFirstButton && !gone) {
             return false;
@@ -134,7 +135,8 @@ class Export {
         // with the pedal, what was staged has gone too, and this says so after either answer
         const bool asked = !gone && parts_.model.stillAskedAbout(order_.exports);
         if (!asked) {
-            tell({.wanted = order_.exports.size(), .end = Trouble{Trouble::Kind::changed, "what is staged"}});
+            tell({.wanted = order_.exports.size(),
+                  .end = Trouble{Trouble::Kind::changed, words("what is staged")}});
         }
         return asked;
     }
@@ -142,7 +144,7 @@ class Export {
     /// A loop that failed also counts as sent: the loop table is read again at the end.
     void watch(Run& run, const std::shared_ptr<TransferRun>& progress) {
         work_ = parts_.teller.newWork();
-        auto follow = parts_.teller.follower(work_, run.poster(), "Writing");
+        auto follow = parts_.teller.follower(work_, run.poster(), english("Writing loop %1\u2026"));
         follow(order_.exports.begin()->first);
         events_.moved = [progress, follow](SlotNumber slot, std::uint64_t bytes) mutable {
             follow(slot);

@@ -10,6 +10,7 @@
 #include "operations/told.h"
 #include "platform/digest.h"
 #include "platform/plain_file.h"
+#include "ui/qt_words.h"
 #include "updates/firmware_manifest.h"
 
 namespace kzq {
@@ -28,11 +29,12 @@ constexpr int looks = 60;
 /// Of how many bytes, and which: for a file that the user chose.
 std::string factsOf(const FirmwareImage& image, const FirmwareUpdates& updates) {
     const auto newest = updates.isNewest(image);
-    return std::to_string(image.size()) + " bytes, SHA-256 " + SHA256String(image).value_or("unknown") +
-           ". " +
-           (!newest   ? "Whether it is the maker's newest firmware is not known."
-            : *newest ? "It is the maker's newest firmware."
-                      : "It is not the maker's newest firmware, " + updates.news().newest + ".");
+    const auto known = SHA256String(image);
+    const auto digest = known ? *known : words("unknown");
+    return inARow(words(image.size(), "%n byte, SHA-256 %1.", "%n bytes, SHA-256 %1.", digest),
+                  !newest   ? words("Whether it is the maker's newest firmware is not known.")
+                  : *newest ? words("It is the maker's newest firmware.")
+                            : words("It is not the maker's newest firmware, %1.", updates.news().newest));
 }
 
 /// One installation, from the press of the button on. Its parts are used on the main thread only.
@@ -72,19 +74,20 @@ class Installation {
     }
 
     void tellUnusable() {
-        const Told offered{.what = "The firmware in the cache cannot be used",
-                           .detail = "It is fetched again.",
+        const Told offered{.what = words("The firmware in the cache cannot be used"),
+                           .detail = words("It is fetched again."),
                            .failure = true};
-        const Told chosen{.what = "\"" + file_.value_or("").filename().string() + "\" cannot be used",
-                          .why = "it cannot be read, or it is empty",
+        const auto name = file_.value_or("").filename().string();
+        const Told chosen{.what = words("\"%1\" cannot be used", name),
+                          .why = words("it cannot be read, or it is empty"),
                           .failure = true,
-                          .names = {file_.value_or("").filename().string()}};
+                          .names = {name}};
         parts_.teller.tell(file_ ? chosen : offered, "firmware");
     }
 
     Told toldSent() const {
         const auto name = file_->filename().string();
-        return {.what = "\"" + name + "\" was sent", .names = {name}};
+        return {.what = words("\"%1\" was sent", name), .names = {name}};
     }
 
     void start(Run& run) {
@@ -127,7 +130,7 @@ class Installation {
             if (phase_ == FlashPhase::left && waited >= lateAfter && !std::exchange(late_, true)) {
                 auto step = flashStep(phase_, std::nullopt);
                 step.words = step.said =
-                    "The pedal has not come back from its restart: unplug it and plug it in again";
+                    words("The pedal has not come back from its restart: unplug it and plug it in again");
                 say(step);
             }
         };
@@ -185,7 +188,7 @@ class Installation {
 
     void tell(Told told) {
         if (!facts_.empty()) {
-            told.detail += (told.detail.empty() ? "" : " ") + facts_;
+            told.detail = inARow(told.detail, facts_);
         }
         parts_.teller.tell(told, "firmware");
     }
@@ -198,7 +201,7 @@ class Installation {
         const bool again = told.failure && !file_ && end.how == FlashEnd::How::notSent && updates_->update();
         auto notice = told;
         if (!told.failure && !before_.empty()) {
-            notice.detail = "It ran " + before_ + " before.";
+            notice.detail = words("It ran %1 before.", before_);
         }
         parts_.firmware.ended(end, notice, again);
         tell(std::move(told));  // the newest failure is the one in the line

@@ -6,6 +6,7 @@
 #include "app/app_parts.h"
 #include "app/firmware_flow.h"
 #include "device/kzq7306.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -14,10 +15,6 @@ namespace {
 using Kind = FirmwareNotice::Kind;
 
 constexpr auto repairJob = "repair";
-
-QString text(const std::string& words) {
-    return QString::fromStdString(words);
-}
 
 Kind kindOf(const FlashEnd& end, const Told& told) {
     if (!told.failure) {
@@ -36,15 +33,16 @@ unsigned FirmwareNotices::begins() {
 }
 
 void FirmwareNotices::ended(const FlashEnd& end, const Told& told, bool again) {
-    FirmwareNotice notice{.kind = kindOf(end, told),
-                          .headline = text(told.why.empty() ? told.what : told.what + ": " + told.why),
-                          .detail = text(told.detail),
-                          .decline = told.failure ? "Close" : "OK"};
+    FirmwareNotice notice{
+        .kind = kindOf(end, told),
+        .headline = toQt(told.why.empty() ? told.what : words("%1: %2", told.what, told.why)),
+        .detail = toQt(told.detail),
+        .decline = toQt(told.failure ? words("Close") : words("OK"))};
     if (notice.kind != Kind::missing) {
-        notice.headline += '.';
+        notice.headline = toQt(words("%1.", notice.headline.toStdString()));
     }
     if (again) {
-        notice.accept = "Try Again";
+        notice.accept = toQt(words("Try Again"));
         notice.accepted = [&parts = parts_] { beginOfferedFirmware(parts); };
     }
     notice.declined = [this] { newsChanged(); };
@@ -74,13 +72,14 @@ void FirmwareNotices::pedalWaits() {
     }
     waiting_ = true;
     asked_ = false;
-    parts_.teller.tell({.what = "The pedal is waiting for firmware",
-                        .detail = "It runs only its loader, as after an installation that did not finish.",
-                        .failure = true},
-                       repairJob, {"Repair", [this] {
-                                       offerRepair();
-                                       return false;  // the pedal goes on waiting
-                                   }});
+    parts_.teller.tell(
+        {.what = words("The pedal is waiting for firmware"),
+         .detail = words("It runs only its loader, as after an installation that did not finish."),
+         .failure = true},
+        repairJob, {words("Repair"), [this] {
+                        offerRepair();
+                        return false;  // the pedal goes on waiting
+                    }});
     newsChanged();
 }
 
@@ -115,11 +114,10 @@ void FirmwareNotices::newsChanged() {
     if (const auto& updater = parts_.panels.firmwareUpdater) {
         const auto news = updater->updates()->news();
         const auto part = news.total == 0 ? 0 : 100 * news.received / news.total;
-        const auto words = [&](auto percent) {
-            return "Downloading firmware " + news.newest + ", " + std::to_string(percent) + " %";
+        const auto say = [&](auto percent) {
+            return news.total == 0 ? "" : words("Downloading firmware %1, %2 %", news.newest, percent);
         };
-        parts_.teller.background(news.total == 0 ? "" : words(part),
-                                 news.total == 0 ? "" : words(part / 25 * 25));
+        parts_.teller.background(say(part), say(part / 25 * 25));
     }
     const auto shown = parts_.panels.firmwareNotice->shown();
     const bool open = shown == Kind::repair;
@@ -134,21 +132,22 @@ void FirmwareNotices::offerRepair() {
     const auto version = offered();
     asked_ = true;
     askedAbout_ = version;
-    FirmwareNotice notice{.kind = Kind::repair,
-                          .headline = "This pedal is waiting for firmware.",
-                          .detail =
-                              "It runs only its loader, as after an installation that did not finish. "
-                              "Until it has firmware, its loops cannot be listed."};
+    FirmwareNotice notice{
+        .kind = Kind::repair, .headline = toQt(words("This pedal is waiting for firmware.")), .detail = {}};
+    auto detail = words(
+        "It runs only its loader, as after an installation that did not finish. Until it has "
+        "firmware, its loops cannot be listed.");
     if (version.empty()) {
-        notice.detail += " The maker's firmware has not been downloaded yet.";
-        notice.decline = "Close";
+        detail = inARow(detail, words("The maker's firmware has not been downloaded yet."));
+        notice.decline = toQt(words("Close"));
     } else {
         notice.headline +=
-            QChar(QChar::LineSeparator) + text("Would you like to install " + version + " now?");
-        notice.decline = "Not Now";
-        notice.accept = "Install";
+            QChar(QChar::LineSeparator) + toQt(words("Would you like to install %1 now?", version));
+        notice.decline = toQt(words("Not Now"));
+        notice.accept = toQt(words("Install"));
         notice.accepted = [&parts = parts_] { beginOfferedFirmware(parts); };
     }
+    notice.detail = toQt(detail);
     parts_.panels.firmwareNotice->show(std::move(notice));
 }
 

@@ -8,19 +8,22 @@
 #include "app/staging.h"
 #include "app/teller.h"
 #include "app/unused_files.h"
+#include "words/words.h"
 
 namespace kzq {
 
 namespace {
 
-constexpr auto noRow = "no other row is free";
+std::string noRow() {
+    return words("no other row is free");
+}
 
 std::string whyLeft(const std::vector<LeftOut>& left, bool others) {
-    if (std::ranges::all_of(left, [](const LeftOut& file) { return file.reason == noRow; })) {
-        return others ? noRow : "no row is free";
+    if (std::ranges::all_of(left, [](const LeftOut& file) { return file.reason == noRow(); })) {
+        return others ? noRow() : words("no row is free");
     }
-    return left.size() == 1 ? "\"" + left.front().name + "\" is " + left.front().reason
-                            : "the others do not fit or cannot be read";
+    return left.size() == 1 ? words("\"%1\" is %2", left.front().name, left.front().reason)
+                            : words("the others do not fit or cannot be read");
 }
 
 /// `left` are those of `given` files that go to no row.
@@ -30,13 +33,14 @@ Told toldLeft(const std::vector<LeftOut>& left, std::size_t given) {
     std::vector<std::string> names;
     for (const auto& [name, reason, file] : left) {
         names.push_back(name);
-        list += (list.empty() ? "\"" : ", \"") + name + "\"" + (reason == noRow ? "" : " (" + reason + ")");
+        const auto entry = reason == noRow() ? words("\"%1\"", name) : words("\"%1\" (%2)", name, reason);
+        list = list.empty() ? entry : words("%1, %2", list, entry);
     }
-    return {.what = used == 0 ? "No file was used"
-                              : "Only " + std::to_string(used) + " of " + std::to_string(given) + " files " +
-                                    (used == 1 ? "was" : "were") + " used",
+    return {.what = used == 0
+                        ? words("No file was used")
+                        : words(used, "Only %n of %1 files was used", "Only %n of %1 files were used", given),
             .why = whyLeft(left, used != 0),
-            .detail = "Left out: " + list + ".",
+            .detail = words("Left out: %1.", list),
             .failure = true,
             .names = std::move(names)};
 }
@@ -65,7 +69,7 @@ void HandedFiles::place() {
         }
     }
     for (const auto& file : files) {
-        left.push_back({file.fileName().toStdString(), noRow, file});
+        left.push_back({file.fileName().toStdString(), noRow(), file});
     }
     if (!left.empty()) {
         QList<QUrl> unused;

@@ -12,6 +12,7 @@
 #include "audio/wave.h"
 #include "operations/import.h"
 #include "operations/table.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -43,8 +44,10 @@ class Import {
         parts_.presenter.endEditing();
         const OpenQuestions::Question open(parts_.questions);
         const auto& loops = parts_.model.selection();
-        const auto what = loops.size() == 1 ? loopName(*loops.begin()) : loopsText(loops.size());
-        const auto chosen = parts_.environment.dialogs.chooseFolder("Choose a folder for " + what, "Save");
+        const auto title = loops.size() == 1 ? words("Choose a folder for %1", loopName(*loops.begin()))
+                                             : words(loops.size(), "Choose a folder for %n loop",
+                                                     "Choose a folder for %n loops");
+        const auto chosen = parts_.environment.dialogs.chooseFolder(title, words("Save"));
         return chosen.answer == panelOk || chosen.answer == panelContinue ? chosen.path
                                                                           : std::filesystem::path();
     }
@@ -80,7 +83,7 @@ class Import {
 
     void watch(Run& run, const std::shared_ptr<TransferRun>& progress) {
         work_ = parts_.teller.newWork();
-        auto follow = parts_.teller.follower(work_, run.poster(), "Reading");
+        auto follow = parts_.teller.follower(work_, run.poster(), english("Reading loop %1\u2026"));
         follow(order_.loops.front().slot);
         events_.moved = [progress, follow](SlotNumber slot, std::uint64_t bytes) mutable {
             follow(slot);
@@ -120,7 +123,8 @@ class Import {
         for (const auto slot : missing) {
             again[slot] = names_[slot];
         }
-        const Remedy retry{"Try again", [this_ = &parts_, again] { return selectAgain(*this_, again); }};
+        const Remedy retry{words("Try again"),
+                           [this_ = &parts_, again] { return selectAgain(*this_, again); }};
         const auto* const trouble = mainTrouble(outcome);
         parts_.teller.tell(toldImport(outcome, asked, order_.folder), "import",
                            missing.empty()                      ? showing(parts_.environment, order_.folder)

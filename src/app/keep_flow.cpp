@@ -7,6 +7,7 @@
 #include "app/doubt.h"
 #include "app/main_window.h"
 #include "operations/table.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -24,8 +25,8 @@ class KeepProgress {
     void moved(SlotNumber slot, std::uint64_t bytes) {
         const auto percent = total_ == 0 ? 0 : std::min<std::uint64_t>(100, (before_ + bytes) * 100 / total_);
         const auto quarter = percent / 25 * 25;
-        say_("Keeping a copy of " + loopName(slot) + "\u2026 " + std::to_string(percent) + " %",
-             quarter == 0 || quarter == 100 ? "" : "Keeping copies, " + std::to_string(quarter) + " percent");
+        say_(words("Keeping a copy of %1\u2026 %2 %", loopName(slot), percent),
+             quarter == 0 || quarter == 100 ? "" : words("Keeping copies, %1 percent", quarter));
     }
 
   private:
@@ -52,7 +53,7 @@ bool Keeping::plan(const std::vector<SlotNumber>& slots, const Loops& seen) {
 void Keeping::begin(Run& run) {
     pedal_ = parts_.flows->makePedal(transferPatience);
     const auto stop = [parts = &parts_] { parts->flows->cancel(); };
-    work_ = parts_.teller.newWork({"Stop", [stop] {
+    work_ = parts_.teller.newWork({words("Stop"), [stop] {
                                        stop();
                                        return true;
                                    }});
@@ -64,7 +65,7 @@ void Keeping::begin(Run& run) {
         before += order_.seen.find(slot)->alignedBytes;
     };
     events_.moved = [progress](SlotNumber slot, std::uint64_t bytes) { progress->moved(slot, bytes); };
-    parts_.teller.working(work_, "Keeping a copy of " + loopName(order_.slots.front()) + "\u2026");
+    parts_.teller.working(work_, words("Keeping a copy of %1\u2026", loopName(order_.slots.front())));
     parts_.window.offerStop(stop);
 }
 

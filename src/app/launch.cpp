@@ -9,6 +9,7 @@
 #include "app/menu_bar.h"
 #include "device/kzq7306.h"
 #include "ui/scale.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -129,7 +130,7 @@ void makeFlows(const std::shared_ptr<AppDelegate>& controller, AppParts& parts) 
         up ? staging.hold() : staging.release();
     };
     window.sayBusy = [&dialogs = environment.dialogs] {
-        dialogs.run(alertWithHeadline("Device is busy. Try again later."));
+        dialogs.run(alertWithHeadline(words("Device is busy. Try again later.")));
     };
     window.saySilent = [&parts] {
         const bool endable = parts.flows->running() || parts.flows->yielding();

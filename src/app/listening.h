@@ -9,6 +9,7 @@
 #include "loops/slot_number.h"
 #include "platform/fixed.h"
 #include "platform/result.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -16,7 +17,9 @@ class Slot;
 struct AppParts;
 
 /// What the rings say where nothing makes loops heard.
-inline constexpr auto noSoundDevice = "No sound device was found.";
+inline std::string noSoundDevice() {
+    return words("No sound device was found.");
+}
 
 /// Hears loops and staged files, and reads loops for it. Main thread.
 class Listening : Fixed {

@@ -5,6 +5,7 @@
 
 #include "app/app_parts.h"
 #include "loops/frames.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -136,7 +137,7 @@ void Listening::Engine::begin(const Choice& choice, std::shared_ptr<Sound> sound
     } else {
         stopSound();
         parts.bringBack.stopSound();
-        now = Now{choice, parts.teller.newWork({"Stop", [weak = weak_from_this()] {
+        now = Now{choice, parts.teller.newWork({words("Stop"), [weak = weak_from_this()] {
                                                     if (const auto self = weak.lock()) {
                                                         self->stop();
                                                     }
@@ -152,8 +153,9 @@ void Listening::Engine::begin(const Choice& choice, std::shared_ptr<Sound> sound
 void Listening::Engine::sayPlaying(Frames length) const {
     const auto& [row, loop, table, source] = now->choice;
     const auto file = parts.rows.exportRow(row.slot).nameOfExport().value_or(QString()).toStdString();
-    const auto what = "Playing " + (loop ? loopName(row.slot) : file);
-    parts.teller.working(now->work, what + ", " + clockText(length), what);
+    const auto what = loop ? loopName(row.slot) : file;
+    parts.teller.working(now->work, words("Playing %1, %2", what, clockText(length)),
+                         words("Playing %1", what));
 }
 
 void Listening::Engine::stopSound() {

@@ -3,6 +3,7 @@
 #include "app/app_parts.h"
 #include "app/doubt.h"
 #include "app/listening_engine.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -101,8 +102,8 @@ void Listening::Engine::setAwaited(bool on) {
     const auto slot = reader->current();
     if (on && slot && awaited == 0) {
         awaited = parts.teller.newWork();
-        const auto what = "Waiting for the read of loop " + std::to_string(slot->number()) + " to stop";
-        parts.teller.working(awaited, what + "\u2026", what);
+        parts.teller.working(awaited, words("Waiting for the read of loop %1 to stop\u2026", slot->number()),
+                             words("Waiting for the read of loop %1 to stop", slot->number()));
     } else if (!on) {
         parts.teller.idle(std::exchange(awaited, 0));
     }

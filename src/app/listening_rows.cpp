@@ -3,6 +3,7 @@
 #include "app/app_parts.h"
 #include "app/listening_engine.h"
 #include "loops/facts.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -26,8 +27,7 @@ RowSound Listening::Engine::soundOf(const RowName& row) const {
     RowSound sound;
     sound.peaks = isStaged(row) ? peaksOfFile(row.slot) : peaksOfLoop(row.slot);
     if (!canBeHeard()) {
-        sound.trouble =
-            player ? QString::fromStdString(parts.environment.sound->trouble()) : QString(noSoundDevice);
+        sound.trouble = toQt(player ? parts.environment.sound->trouble() : noSoundDevice());
     }
     if (!isNow(row)) {
         sound.ring = isWanted(row) ? RowSound::Ring::arriving : RowSound::Ring::play;

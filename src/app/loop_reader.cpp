@@ -8,6 +8,7 @@
 #include "audio/wave.h"
 #include "operations/read_loop.h"
 #include "operations/table.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -79,13 +80,13 @@ void LoopReader::work(Run& run, Job& job) {
         job.loop = loop == nullptr ? Loop{} : *loop;
         job.runFolder = parts_.environment.runFolder;
         job.freeSpace = parts_.environment.freeSpace;
-        job.work = parts_.teller.newWork({"Stop", [weak = weak_from_this(), slot = job.slot] {
+        job.work = parts_.teller.newWork({words("Stop"), [weak = weak_from_this(), slot = job.slot] {
                                               if (const auto self = weak.lock()) {
                                                   self->leave(slot);
                                               }
                                               return true;
                                           }});
-        job.follow = parts_.teller.follower(job.work, run.poster(), "Reading");
+        job.follow = parts_.teller.follower(job.work, run.poster(), english("Reading loop %1\u2026"));
         job.follow(job.slot);
     });
     if (begun) {
@@ -151,7 +152,7 @@ void LoopReader::tell(SlotNumber slot, const Trouble& trouble) {
         parts_.teller.tell(toldMissingRule(trouble), listeningJob, settingUp(parts_, trouble, {}));
         return;
     }
-    parts_.teller.tell({.what = loopName(slot) + " could not be read",
+    parts_.teller.tell({.what = words("%1 could not be read", loopName(slot)),
                         .why = reasonFor(Deed::save, trouble),
                         .detail = adviceOn(trouble),
                         .failure = true},

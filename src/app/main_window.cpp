@@ -16,6 +16,7 @@
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/shield.h"
 #include "ui/status/status_line.h"
@@ -76,6 +77,7 @@ MainWindow::MainWindow(QWidget* parent) : Window(parent) {
     status_ = new StatusLine(ui_.menuBar);
     dress();
     dressEmptyState();
+    nameParts();
     setRemedy({});
     showMeter(false);
     ui_.warning->hide();
@@ -96,7 +98,6 @@ void MainWindow::dress() {
     ui_.exportTabButton->setPictures("Menu_Export");
     showTab(0);
     ui_.menuButton->setPicture("Menu_button");
-    ui_.menuButton->setToolTip("Menu");
     ui_.meterTrack->setPicture("Meter_track");
     ui_.meter->setPicture("Meter_bar_green");
     ui_.warningMark->setPicture("Warning_mark");
@@ -183,7 +184,7 @@ void MainWindow::offerStop(const std::function<void()>& act) {
         return;
     }
     stop_ = new StatusLink(shield_);  // NOLINT(cppcoreguidelines-owning-memory): the shield's child
-    stop_->setWord("Stop");
+    stop_->setWord(toQt(words("Stop")));
     Scale::leaveAlone(*stop_);
     stop_->setFocusPolicy(Qt::StrongFocus);
     connect(stop_, &QAbstractButton::clicked, stop_, act);

@@ -77,6 +77,7 @@ class MainWindow : public Window {
   private:
     void dress();
     void dressEmptyState();
+    void nameParts();
     void placeStop();
     void focusRows();
 

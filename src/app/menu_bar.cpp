@@ -12,6 +12,7 @@
 #include "ui/fonts.h"
 #include "ui/menu_look.h"
 #include "ui/palette.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 
 namespace kzq {
@@ -56,7 +57,7 @@ void addSizes(QMenu& view, WindowSize& size) {
     mark();
     QObject::connect(&Scale::ofProgram(), &Scale::changed, sizes, mark);
     QObject::connect(sizes, &QActionGroup::triggered, sizes, mark);
-    view.addAction("&Fit to Screen", [&size] { size.fitScreen(); });
+    view.addAction(toQt(words("&Fit to Screen")), [&size] { size.fitScreen(); });
 }
 
 /// Whether the entry can act is asked when its menu opens, and again when it acts. In between it is enabled,
@@ -80,7 +81,7 @@ QAction* add(QMenu& menu, const QString& text, const MenuEntry& entry, const Men
 }
 
 void addKeepCopies(QMenu& menu, const MenuBarActions& actions) {
-    auto* const keep = menu.addAction("&Keep Copies");
+    auto* const keep = menu.addAction(toQt(words("&Keep Copies")));
     keep->setCheckable(true);
     const auto follow = [keep, on = actions.keepsCopies] { keep->setChecked(!on || on()); };
     follow();
@@ -96,30 +97,30 @@ void addKeepCopies(QMenu& menu, const MenuBarActions& actions) {
 }
 
 void fillEditMenu(QMenu& menu, const MenuBarActions& actions) {
-    add(menu, "Select &All", actions.selectAll, actions, QKeySequence::SelectAll);
-    add(menu, "Select &None", actions.selectNone, actions, QKeySequence("Ctrl+Shift+A"));
-    add(menu, "&Paste Files", actions.pasteFiles, actions)->setShortcuts(QKeySequence::Paste);
+    add(menu, toQt(words("Select &All")), actions.selectAll, actions, QKeySequence::SelectAll);
+    add(menu, toQt(words("Select &None")), actions.selectNone, actions, QKeySequence("Ctrl+Shift+A"));
+    add(menu, toQt(words("&Paste Files")), actions.pasteFiles, actions)->setShortcuts(QKeySequence::Paste);
     menu.addSeparator();
-    add(menu, "&Bring Back\u2026", actions.bringBack, actions, QKeySequence("Ctrl+Z"));
+    add(menu, toQt(words("&Bring Back\u2026")), actions.bringBack, actions, QKeySequence("Ctrl+Z"));
     addKeepCopies(menu, actions);
 }
 
 /// P is only named here: it is a key of the rows, where a key that is held counts once.
 void fillLoopMenu(QMenu& menu, const MenuBarActions& actions) {
-    add(menu, "&Play\tP", actions.play, actions);
-    add(menu, "&Rename", actions.rename, actions, QKeySequence("F2"));
-    add(menu, "&Choose File\u2026", actions.chooseFile, actions, QKeySequence("Ctrl+O"));
-    add(menu, "Re&move", actions.remove, actions, QKeySequence(Qt::Key_Delete));
+    add(menu, toQt(words("&Play")) + "\tP", actions.play, actions);
+    add(menu, toQt(words("&Rename")), actions.rename, actions, QKeySequence("F2"));
+    add(menu, toQt(words("&Choose File\u2026")), actions.chooseFile, actions, QKeySequence("Ctrl+O"));
+    add(menu, toQt(words("Re&move")), actions.remove, actions, QKeySequence(Qt::Key_Delete));
     menu.addSeparator();
-    auto* const verify = menu.addAction("&Verify After Export");
+    auto* const verify = menu.addAction(toQt(words("&Verify After Export")));
     verify->setCheckable(true);
     QObject::connect(verify, &QAction::toggled, verify, actions.verifyAfterExport);
 }
 
 void fillViewMenu(QMenu& menu, const MenuBarActions& actions) {
-    add(menu, "&Import", actions.importTab, actions, QKeySequence("Ctrl+1"));
-    add(menu, "&Export", actions.exportTab, actions, QKeySequence("Ctrl+2"));
-    add(menu, "&Recent Results", actions.results, actions, QKeySequence("Ctrl+R"));
+    add(menu, toQt(words("&Import")), actions.importTab, actions, QKeySequence("Ctrl+1"));
+    add(menu, toQt(words("&Export")), actions.exportTab, actions, QKeySequence("Ctrl+2"));
+    add(menu, toQt(words("&Recent Results")), actions.results, actions, QKeySequence("Ctrl+R"));
     if (actions.size != nullptr) {
         menu.addSeparator();
         addSizes(menu, *actions.size);
@@ -127,10 +128,10 @@ void fillViewMenu(QMenu& menu, const MenuBarActions& actions) {
 }
 
 void fillHelpMenu(QMenu& menu, const MenuBarActions& actions) {
-    add(menu, "&User Guide", actions.userGuide, actions);
-    add(menu, "&Doctor\u2026", actions.doctor, actions);
+    add(menu, toQt(words("&User Guide")), actions.userGuide, actions);
+    add(menu, toQt(words("&Doctor\u2026")), actions.doctor, actions);
     menu.addSeparator();
-    add(menu, "&About 7306 Loop Manager", actions.about, actions);
+    add(menu, toQt(words("&About 7306 Loop Manager")), actions.about, actions);
 }
 
 }  // namespace
@@ -150,27 +151,27 @@ void dressMenuBar(QMenuBar& bar) {
 }
 
 void fillFileMenu(QMenu& menu, const MenuBarActions& actions) {
-    add(menu, "&Import\u2026", actions.importLoops, actions, QKeySequence("Ctrl+I"));
-    add(menu, "&Export\u2026", actions.exportFiles, actions, QKeySequence("Ctrl+E"));
+    add(menu, toQt(words("&Import\u2026")), actions.importLoops, actions, QKeySequence("Ctrl+I"));
+    add(menu, toQt(words("&Export\u2026")), actions.exportFiles, actions, QKeySequence("Ctrl+E"));
     menu.addSeparator();
     if (actions.backUp && actions.restore) {
-        add(menu, "Back &Up\u2026", {actions.backUp}, actions);
-        add(menu, "&Restore\u2026", {actions.restore}, actions);
+        add(menu, toQt(words("Back &Up\u2026")), {actions.backUp}, actions);
+        add(menu, toQt(words("&Restore\u2026")), {actions.restore}, actions);
         menu.addSeparator();
     }
-    add(menu, "&Save Report\u2026", actions.saveReport, actions);
+    add(menu, toQt(words("&Save Report\u2026")), actions.saveReport, actions);
     menu.addSeparator();
-    auto* const quit = menu.addAction("&Quit", actions.quit);
+    auto* const quit = menu.addAction(toQt(words("&Quit")), actions.quit);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
     quit->setShortcutContext(Qt::ApplicationShortcut);  // even if the progress panel has the keyboard focus
 }
 
 void fillMenuBar(QMenuBar& bar, const MenuBarActions& actions) {
-    fillFileMenu(*bar.addMenu("&File"), actions);
-    fillEditMenu(*bar.addMenu("&Edit"), actions);
-    fillLoopMenu(*bar.addMenu("&Loop"), actions);
-    fillViewMenu(*bar.addMenu("&View"), actions);
-    fillHelpMenu(*bar.addMenu("&Help"), actions);
+    fillFileMenu(*bar.addMenu(toQt(words("&File"))), actions);
+    fillEditMenu(*bar.addMenu(toQt(words("&Edit"))), actions);
+    fillLoopMenu(*bar.addMenu(toQt(words("&Loop"))), actions);
+    fillViewMenu(*bar.addMenu(toQt(words("&View"))), actions);
+    fillHelpMenu(*bar.addMenu(toQt(words("&Help"))), actions);
     dressMenus(bar);
 }
 

@@ -10,6 +10,7 @@
 #include "app/panels.h"
 #include "app/teller.h"
 #include "device/kzq7306.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -138,15 +139,15 @@ void MenuControl::openFirmwareUpdater() const {
     }
     const auto looper = environment_.link();
     if (!looper || looper->disconnected()) {
-        environment_.dialogs.run(alertWithHeadline("Your 7306 device is not connected",
-                                                   "Please connect your device and try again."));
+        environment_.dialogs.run(alertWithHeadline(words("Your 7306 device is not connected"),
+                                                   words("Please connect your device and try again.")));
     } else if (panels_.firmwareUpdater->update()) {
         panels_.firmwareUpdater->showWindow();
     } else {
         teller_.tell(toldFirmwareList(*panels_.firmwareUpdater->updates()), "firmware list");
         environment_.dialogs.run(alertWithHeadline(
-            "You're up to date!",
-            "Version " + looper->version().value_or("") + " is the newest 7306 firmware available."));
+            words("You're up to date!"),
+            words("Version %1 is the newest 7306 firmware available.", looper->version().value_or(""))));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "loops/facts.h"
 #include "loops/spoken_length.h"
 #include "ui/panels/about.h"
+#include "ui/qt_words.h"
 #include "ui/view_width.h"
 
 namespace kzq {
@@ -129,13 +130,12 @@ void Presenter::meter(Frames used) {
 
 void Presenter::sayMeter(Frames used) {
     constexpr Frames capacity{capacityFrames};
-    constexpr std::uint64_t minute = 60;
+    constexpr std::uint64_t minutes = capacity.seconds() / 60;
     const Frames shown{std::min(used.count, capacity.count)};
     window_.meterCaption()->setText(QString::fromStdString(meterCaption(used.count)));
     window_.meter()->setUsed(
         static_cast<int>(shown.seconds()), static_cast<int>(capacity.seconds()),
-        QString::fromStdString(spokenLength(shown) + " of " + std::to_string(capacity.seconds() / minute) +
-                               " minutes in use"));
+        toQt(words(minutes, "%1 of %n minute in use", "%1 of %n minutes in use", spokenLength(shown))));
 }
 
 /// Its picture stays.

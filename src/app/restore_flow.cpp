@@ -12,6 +12,7 @@
 #include "operations/sentences.h"
 #include "operations/table.h"
 #include "operations/told_backup.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -22,16 +23,16 @@ constexpr auto restoreJob = "restore";
 /// What is said below the question.
 std::string aboutCopies(const Losses& losses, bool kept) {
     const auto count = losses.replaced.size() + losses.erased.size();
-    return !kept       ? "Erased audio cannot be restored."
-           : count > 2 ? "They are copied first; Edit > Bring Back returns them."
-           : count > 1 ? "Both are copied first; Edit > Bring Back returns them."
-                       : "It is copied first; Edit > Bring Back returns it.";
+    return !kept       ? words("Erased audio cannot be restored.")
+           : count > 2 ? words("They are copied first; Edit > Bring Back returns them.")
+           : count > 1 ? words("Both are copied first; Edit > Bring Back returns them.")
+                       : words("It is copied first; Edit > Bring Back returns it.");
 }
 
 /// The panel may have shown a loop as staying that turned out to differ.
 std::string namesOf(const Losses& losses) {
-    return (losses.replaced.empty() ? "" : "To be replaced: " + loopNames(losses.replaced) + ". ") +
-           (losses.erased.empty() ? "" : "To be erased: " + loopNames(losses.erased) + ". ");
+    return inARow(losses.replaced.empty() ? "" : words("To be replaced: %1.", loopNames(losses.replaced)),
+                  losses.erased.empty() ? "" : words("To be erased: %1.", loopNames(losses.erased)));
 }
 
 /// One restore, from the press of the button on. Its parts are used on the main thread only.
@@ -70,12 +71,12 @@ class Restore {
     void start(Run& run) {
         run.turn.cover();
         work_ = parts_.teller.newWork();
-        parts_.teller.working(work_, "Comparing with the backup\u2026");
+        parts_.teller.working(work_, words("Comparing with the backup\u2026"));
     }
 
     /// How far what is under way has come, in the panel as well.
     void follow(Run& run, std::uint64_t bytes, const std::string& subtitle) {
-        parts_.transferPanel.open(bytes, "7306 Restore", subtitle);
+        parts_.transferPanel.open(bytes, words("7306 Restore"), subtitle);
         events_ = eventsOf(std::make_shared<TransferRun>(run.poster(), bytes, parts_.transferPanel.bar()),
                            parts_.teller.followerInWords(work_, run.poster()));
     }
@@ -91,7 +92,7 @@ class Restore {
         }
         if (plan) {
             if (plan->index.loops != asked().loops) {
-                return Trouble{.kind = Trouble::Kind::changed, .where = "the backup"};
+                return Trouble{.kind = Trouble::Kind::changed, .where = words("the backup")};
             }
             if (auto changed = changeBetween(wish_.seen, plan->seen, allSlots())) {
                 return std::move(*changed);
@@ -121,7 +122,7 @@ class Restore {
         return planRestore(
             *run.pedal, wish_.order,
             [&](std::uint64_t bytes) {
-                run.ask([&] { follow(run, bytes, "Comparing the 7306 with the backup..."); });
+                run.ask([&] { follow(run, bytes, words("Comparing the 7306 with the backup...")); });
             },
             events);
     }
@@ -163,7 +164,7 @@ class Restore {
             return Copying::begun;
         }
         if (promised_ && losses.any() && !parts_.kept.on()) {
-            giveUp(run, Trouble{.kind = Trouble::Kind::changed, .where = "Keep Copies"});
+            giveUp(run, Trouble{.kind = Trouble::Kind::changed, .where = words("Keep Copies")});
             return Copying::notGoingOn;
         }
         return Copying::notNeeded;
@@ -176,11 +177,11 @@ class Restore {
             return true;
         }
         promised_ = copies_ == Copies::kept && parts_.kept.on();
-        const auto answer =
-            parts_.environment.dialogs.run({.headline = lossQuestion(losses),
-                                            .finePrint = namesOf(losses) + aboutCopies(losses, promised_),
-                                            .buttons = {{"Restore"}, {"Cancel"}},
-                                            .destroys = true});
+        const auto answer = parts_.environment.dialogs.run(
+            {.headline = lossQuestion(losses),
+             .finePrint = inARow(namesOf(losses), aboutCopies(losses, promised_)),
+             .buttons = {{words("Restore")}, {words("Cancel")}},
+             .destroys = true});
         if (answer != alertFirstButton) {
             uncover(run);
             parts_.teller.idle(work_);
@@ -193,8 +194,10 @@ class Restore {
         for (const auto slot : changesOf(plan)) {
             parts_.listening.forget(slot);
         }
-        follow(run, bytesToMove(plan), "Restoring " + loopsText(plan.writes.size()) + " to the 7306...");
-        parts_.teller.working(work_, "Restoring\u2026");
+        follow(run, bytesToMove(plan),
+               words(plan.writes.size(), "Restoring %n loop to the 7306...",
+                     "Restoring %n loops to the 7306..."));
+        parts_.teller.working(work_, words("Restoring\u2026"));
     }
 
     void endWith(Run& run, const Outcome& outcome) {
@@ -226,7 +229,7 @@ class Restore {
     void giveUpUnkept(Run& run, const RestorePlan& plan, const Outcome& kept) {
         uncover(run);
         auto told = toldNotKept(Deed::write, kept);
-        told.what = "Nothing was restored";
+        told.what = words("Nothing was restored");
         const auto without = [&parts = parts_, wish = wish_] {
             const bool can = !parts.flows->starting() && !parts.flows->running();
             if (can) {
@@ -235,7 +238,7 @@ class Restore {
             return can;
         };
         parts_.teller.tell(told, told.failure ? restoreJob : "",
-                           told.failure ? Remedy{"Restore without a copy", without} : Remedy{},
+                           told.failure ? Remedy{words("Restore without a copy"), without} : Remedy{},
                            {changesOf(plan), changesOf(plan)});
         parts_.teller.idle(work_);
     }

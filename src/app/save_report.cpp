@@ -7,6 +7,7 @@
 #include "platform/plain_file.h"
 #include "platform/replace_file.h"
 #include "troubleshooting/report.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -15,13 +16,13 @@ namespace {
 constexpr auto reportJob = "report";
 
 Alert question() {
-    return {.headline = "Save a report for troubleshooting?",
+    return {.headline = words("Save a report for troubleshooting?"),
             .finePrint =
-                "A text file that you can read and send: the versions of the program and of this "
-                "computer's system, what keeps the pedal from being used, the last results and the "
-                "log. There is no audio in it, and neither your name nor that of your home folder.",
-            .buttons = {{"Save\u2026"}, {"Cancel"}},
-            .option = "Include names of files"};
+                words("A text file that you can read and send: the versions of the program and of this "
+                      "computer's system, what keeps the pedal from being used, the last results and the "
+                      "log. There is no audio in it, and neither your name nor that of your home folder."),
+            .buttons = {{words("Save\u2026")}, {words("Cancel")}},
+            .option = words("Include names of files")};
 }
 
 Result<void> save(const decltype(AppEnvironment::writeFile)& writeFile, const std::filesystem::path& file,
@@ -50,14 +51,14 @@ ToldSoFar toldSoFar(const Announcements& announcements) {
 
 Remedy afterwards(AppParts& parts, const std::filesystem::path& file, bool saved) {
     if (!saved) {
-        return {"Try again", [&parts] { return (saveReport(parts), true); }};
+        return {words("Try again"), [&parts] { return (saveReport(parts), true); }};
     }
     return showing(parts.environment, file.parent_path());
 }
 
 void write(AppParts& parts, const std::filesystem::path& file, bool namesWanted) {
     const auto work = parts.teller.newWork();
-    parts.teller.working(work, "Saving the report\u2026");
+    parts.teller.working(work, words("Saving the report\u2026"));
     const auto& environment = parts.environment;
     environment.executor.background(
         Priority::standard,
@@ -83,7 +84,8 @@ void saveReport(AppParts& parts) {
     if (dialogs.run(question(), namesWanted) != alertFirstButton) {
         return;
     }
-    const auto chosen = dialogs.chooseNewFile("Save Report", reportName, {"Text files", {"txt"}});
+    const auto chosen =
+        dialogs.chooseNewFile(words("Save Report"), reportName, {words("Text files"), {"txt"}});
     if (chosen.answer == panelOk && !chosen.path.empty()) {
         // the window may have gone under the dialogs
         post([&parts, file = chosen.path, namesWanted] { write(parts, file, namesWanted); });

@@ -3,6 +3,7 @@
 #include "app/app_parts.h"
 #include "device/kzq7306.h"
 #include "troubleshooting/doctor.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -13,16 +14,16 @@ constexpr auto importJob = "import";
 /// What is set up, and how, for an alert.
 Alert alertFor(const Trouble& trouble, bool installs) {
     const auto told = toldMissingRule(trouble);
-    Alert alert{.headline = told.what + ": " + told.why + ".", .finePrint = {}, .buttons = {}};
+    Alert alert{.headline = words("%1: %2.", told.what, told.why), .finePrint = {}, .buttons = {}};
     for (const auto& line : setUpFiles(trouble)) {
         alert.finePrint += line + "\n";
     }
-    alert.finePrint +=
-        (installs ? "This sets it up, with your password: " : "Run in a terminal: ") + trouble.remedy;
     if (installs) {
-        alert.buttons = {{"Set Up"}, {"Not Now"}};
+        alert.finePrint += words("This sets it up, with your password: %1", trouble.remedy);
+        alert.buttons = {{words("Set Up")}, {words("Not Now")}};
     } else {
-        alert.buttons = {{"OK"}, {"Cancel", false}};
+        alert.finePrint += words("Run in a terminal: %1", trouble.remedy);
+        alert.buttons = {{words("OK")}, {words("Cancel"), false}};
     }
     return alert;
 }
@@ -34,9 +35,9 @@ struct Attempt {
     TypedNames loops;
 
     void notInstalled(const std::string& why) const {
-        parts.teller.tell({.what = "The system rule was not installed",
+        parts.teller.tell({.what = words("The system rule was not installed"),
                            .why = why,
-                           .detail = "Run in a terminal: " + trouble.remedy,
+                           .detail = words("Run in a terminal: %1", trouble.remedy),
                            .failure = true},
                           importJob, settingUp(parts, trouble, loops));
     }
@@ -44,8 +45,9 @@ struct Attempt {
     void installed(const std::vector<Finding>& findings) const {
         if (const auto missing = missingSetUp(findings)) {
             parts.teller.tell(
-                {.what = "The system rule is installed, but something else is in the way",
-                 .detail = missing->words + (missing->remedy.empty() ? "" : " Run: " + missing->remedy),
+                {.what = words("The system rule is installed, but something else is in the way"),
+                 .detail =
+                     inARow(missing->words, missing->remedy.empty() ? "" : words("Run: %1", missing->remedy)),
                  .failure = true},
                 importJob, settingUp(parts, *missing, loops));
             return;
@@ -53,15 +55,17 @@ struct Attempt {
         const auto looper = parts.environment.link();
         const bool connected = looper && !looper->disconnected();
         parts.teller.tell(
-            {.what = connected ? "Loops can be imported now" : "The system rule is installed"}, importJob,
-            {"Try again", [&everything = parts, names = loops] { return selectAgain(everything, names); }});
+            {.what = connected ? words("Loops can be imported now") : words("The system rule is installed")},
+            importJob, {words("Try again"), [&everything = parts, names = loops] {
+                            return selectAgain(everything, names);
+                        }});
     }
 };
 
 void install(const std::shared_ptr<Attempt>& attempt) {
     const auto& environment = attempt->parts.environment;
     const auto work = attempt->parts.teller.newWork();
-    attempt->parts.teller.working(work, "Setting up\u2026");
+    attempt->parts.teller.working(work, words("Setting up\u2026"));
     const auto post = attempt->parts.teller.poster();
     const SetUp order{environment.executor, environment.asRoot, environment.examine};
     environment.executor.background(Priority::standard,
@@ -80,7 +84,7 @@ void install(const std::shared_ptr<Attempt>& attempt) {
 }  // namespace
 
 Remedy settingUp(AppParts& parts, const Trouble& trouble, const TypedNames& loops) {
-    return {"Set up", [attempt = std::make_shared<Attempt>(Attempt{parts, trouble, loops})] {
+    return {words("Set up"), [attempt = std::make_shared<Attempt>(Attempt{parts, trouble, loops})] {
                 const auto& environment = attempt->parts.environment;
                 const bool installs =
                     environment.asRoot != nullptr && !setUpCommands(attempt->trouble).empty();

@@ -3,6 +3,7 @@
 #include <QUrl>
 
 #include "app/app_environment.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -11,7 +12,7 @@ std::string addressOf(const std::filesystem::path& place) {
 }
 
 Remedy showing(const AppEnvironment& environment, const std::filesystem::path& folder) {
-    return {"Show",
+    return {words("Show"),
             [&dialogs = environment.dialogs, folder] { return dialogs.openAddress(addressOf(folder)); }};
 }
 

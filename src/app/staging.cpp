@@ -12,6 +12,7 @@
 #include "audio/wave.h"
 #include "loops/capacity.h"
 #include "loops/facts.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -19,8 +20,6 @@ namespace {
 
 /// Time for an open panel to close.
 constexpr auto afterPanel = std::chrono::milliseconds(100);
-
-const FileKind audioFiles{"Audio files", {audioExtensions.begin(), audioExtensions.end()}};
 
 void removeFile(const std::filesystem::path& file) {
     std::error_code ignored;
@@ -33,8 +32,9 @@ void Staging::choose(const Slot& row) {
     const auto slot = slotOf(row);
     auto& executor = environment_.executor;
     const auto weak = weak_from_this();
-    const auto chosen =
-        environment_.dialogs.chooseFile("Choose an audio file for " + loopName(slot), audioFiles);
+    const auto chosen = environment_.dialogs.chooseFile(
+        words("Choose an audio file for %1", loopName(slot)),
+        {words("Audio files"), {audioExtensions.begin(), audioExtensions.end()}});
     if ((chosen.answer != panelOk && chosen.answer != panelContinue) || chosen.path.empty()) {
         return;
     }
@@ -53,10 +53,12 @@ void Staging::dropped(const Slot& row, const QList<QUrl>& files) {
     const Drop drop{slotOf(row), files.first(), model_.nextDrop()};
     convert(drop, environment_.convert);
     if (files.size() > 1) {
-        unused_.tell({.what = "Only the first of " + std::to_string(files.size()) + " files was used",
-                      .detail = "Each row takes one file.",
-                      .failure = true},
-                     files.mid(1), drop);
+        unused_.tell(
+            {.what = words(static_cast<std::size_t>(files.size()), "Only the first of %n file was used",
+                           "Only the first of %n files was used"),
+             .detail = words("Each row takes one file."),
+             .failure = true},
+            files.mid(1), drop);
     }
 }
 
@@ -93,7 +95,7 @@ void Staging::convert(const Drop& drop, const Convert& how) {
 void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
     Remedy anyway;
     if (isSalvageable(trouble) && environment_.salvage) {
-        anyway = {"Use it anyway", [weak = weak_from_this(), drop] {
+        anyway = {words("Use it anyway"), [weak = weak_from_this(), drop] {
                       const auto self = weak.lock();
                       return self && self->useAnyway(drop);
                   }};
@@ -105,16 +107,16 @@ void Staging::tellUnusable(const Drop& drop, const Trouble& trouble) {
 /// What there is of a damaged file, on its row, or on another if that has a file now.
 bool Staging::useAnyway(const Drop& drop) {
     const auto file = drop.file.fileName().toStdString();
-    const auto name = "\"" + file + "\"";
     const auto slot = model_.freeFrom(drop.slot, expected_);
     if (!slot) {
-        unused_.tell({.what = "There is no free row for " + name, .failure = true, .names = {file}},
-                     {drop.file}, {});
+        unused_.tell(
+            {.what = words("There is no free row for \"%1\"", file), .failure = true, .names = {file}},
+            {drop.file}, {});
         return false;
     }
     if (*slot != drop.slot) {
-        teller_.tell({.what = name + " goes to the row of " + loopName(*slot),
-                      .detail = loopName(drop.slot) + " has another file.",
+        teller_.tell({.what = words("\"%1\" goes to the row of %2", file, loopName(*slot)),
+                      .detail = words("%1 has another file.", loopName(drop.slot)),
                       .names = {file}});
     }
     convert({*slot, drop.file, model_.nextDrop(), drop.quiet}, environment_.salvage);
@@ -180,16 +182,16 @@ void Staging::setUnderWay(const Exports& exports) {
 void Staging::arrived() {
     if (!letGo_.empty()) {
         const auto files = std::exchange(letGo_, {});
-        teller_.tell({.what = "Plugged in: staged files were let go, the pedal's slots may differ",
-                      .detail = "\"Stage again\" puts " + std::string(files.size() == 1 ? "it" : "them") +
-                                " on the same " + (files.size() == 1 ? "row." : "rows."),
+        teller_.tell({.what = words("Plugged in: staged files were let go, the pedal's slots may differ"),
+                      .detail = words(files.size(), "\"Stage again\" puts it on the same row.",
+                                      "\"Stage again\" puts them on the same rows."),
                       .failure = true},
                      "staging", stagingAgain(files));
     }
 }
 
 Remedy Staging::stagingAgain(std::map<SlotNumber, QUrl> files) {
-    return {"Stage again", [weak = weak_from_this(), files = std::move(files)] {
+    return {words("Stage again"), [weak = weak_from_this(), files = std::move(files)] {
                 const auto self = weak.lock();
                 for (const auto& [slot, file] : files) {
                     self->convert(slot, file);
@@ -245,9 +247,9 @@ void Staging::refuse(const Drop& drop, const ExportInfo& info) {
     }
     removeFile(info.source);
     const auto file = drop.file.fileName().toStdString();
-    unused_.tell({.what = "\"" + file + "\" was left out",
-                  .why = "it is too long: " + clockText(Frames::ofBytes(info.bytes)) + ", and " +
-                         clockText(Frames{remainingFrames(model_.inUse().count)}) + " is left",
+    unused_.tell({.what = words("\"%1\" was left out", file),
+                  .why = words("it is too long: %1, and %2 is left", clockText(Frames::ofBytes(info.bytes)),
+                               clockText(Frames{remainingFrames(model_.inUse().count)})),
                   .failure = true,
                   .names = {file}},
                  {drop.file}, drop);

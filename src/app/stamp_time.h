@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QDateTime>
+#include <QLocale>
 #include <string>
+
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -9,6 +12,12 @@ namespace kzq {
 inline QDateTime timeOfStamp(const std::string& stamp) {
     constexpr qsizetype length = 19;
     return QDateTime::fromString(QString::fromStdString(stamp).left(length), "yyyy-MM-dd HH-mm-ss");
+}
+
+/// In the names that days and months have in the user's language.
+inline QString dated(const QDateTime& when, const std::string& pattern) {
+    // "C" stands for the name of that language
+    return QLocale(toQt(words("C"))).toString(when, toQt(pattern));
 }
 
 }  // namespace kzq

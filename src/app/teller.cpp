@@ -9,12 +9,15 @@
 #include "app/model/loop_model.h"
 #include "device/kzq7306.h"
 #include "ui/status/status_line.h"
+#include "words/words.h"
 
 namespace kzq {
 
 namespace {
 
-constexpr auto between = " \u00b7 ";
+std::string together(const std::string& first, const std::string& then) {
+    return words("%1 \u00b7 %2", first, then);
+}
 
 std::set<unsigned> numbersOf(const std::vector<SlotNumber>& slots) {
     std::set<unsigned> numbers;
@@ -32,7 +35,7 @@ Teller::Teller(const AppEnvironment& environment, MainWindow& window, const Loop
       model_(model),
       notice_(environment),
       announcements_(std::make_shared<Announcements>(environment.executor, &std::chrono::system_clock::now)) {
-    announcements_->setRest("No pedal connected");
+    announcements_->setRest(words("No pedal connected"));
     window.statusLine().setAnnouncements(announcements_);
 }
 
@@ -69,20 +72,19 @@ void Teller::rest() {
         return;
     }
     if (looper->factoryBlank()) {
-        announcements_->setRest("The pedal is waiting for firmware");
+        announcements_->setRest(words("The pedal is waiting for firmware"));
         return;
     }
     std::string sentence = "7306";
     if (model_.table().complete) {
-        const auto count = model_.table().size();
-        sentence += between + std::to_string(count) + (count == 1 ? " loop" : " loops");
+        sentence = together(sentence, words(model_.table().size(), "%n loop", "%n loops"));
     }
     if (const auto version = looper->version().value_or(""); !version.empty()) {
-        sentence += between + ("firmware " + version);
+        sentence = together(sentence, words("firmware %1", version));
     }
     if (suggestsBackup()) {
-        sentence += between + std::string("nothing has been backed up yet");
-        announcements_->setRest(sentence, "Back Up\u2026", openBackUp_);
+        announcements_->setRest(together(sentence, words("nothing has been backed up yet")),
+                                words("Back Up\u2026"), openBackUp_);
     } else {
         announcements_->setRest(sentence);
     }
@@ -95,12 +97,10 @@ bool Teller::suggestsBackup() const {
 }
 
 std::string Teller::withoutPedal() const {
-    std::string sentence = holder_.empty() ? "No pedal connected" : holder_;
-    if (filesWaiting_ == 0) {
-        return sentence;
-    }
-    return sentence + between +
-           (filesWaiting_ == 1 ? "1 file is waiting" : std::to_string(filesWaiting_) + " files are waiting");
+    const auto sentence = holder_.empty() ? words("No pedal connected") : holder_;
+    return filesWaiting_ == 0
+               ? sentence
+               : together(sentence, words(filesWaiting_, "%n file is waiting", "%n files are waiting"));
 }
 
 void Teller::heldBy(const std::string& holder) {
@@ -184,9 +184,9 @@ Teller::Saying Teller::followerInWords(Work work, std::function<void(Executor::T
 }
 
 std::function<void(SlotNumber)> Teller::follower(Work work, const std::function<void(Executor::Task)>& post,
-                                                 const std::string& verb) {
-    return [say = followerInWords(work, post), verb](SlotNumber slot) {
-        say(verb + " loop " + std::to_string(slot.number()) + "\u2026", "");
+                                                 const char* sentence) {
+    return [say = followerInWords(work, post), sentence](SlotNumber slot) {
+        say(words(sentence, slot.number()), "");
     };
 }
 
@@ -194,15 +194,14 @@ void Teller::silent(bool endable) {
     if (!silent_->exchange(true)) {
         const auto* const work = newest();
         const auto stop = work == nullptr || !endable ? Remedy{} : work->stop;
-        const Told told{.what = "The pedal has stopped answering",
-                        .detail = !endable   ? "Unplug it."
-                                  : stop.act ? "Stop it, or unplug the pedal."
-                                             : "Cancel, or unplug it."};
-        const auto* const way = !endable   ? ": unplug it"
-                                : stop.act ? ": stop, or unplug it"
-                                           : ": cancel, or unplug it";
-        tell(told);
-        announcements_->setWork(told.what + way, stop.label, stop.act);
+        tell({.what = words("The pedal has stopped answering"),
+              .detail = !endable   ? words("Unplug it.")
+                        : stop.act ? words("Stop it, or unplug the pedal.")
+                                   : words("Cancel, or unplug it.")});
+        announcements_->setWork(!endable   ? words("The pedal has stopped answering: unplug it")
+                                : stop.act ? words("The pedal has stopped answering: stop, or unplug it")
+                                           : words("The pedal has stopped answering: cancel, or unplug it"),
+                                stop.label, stop.act);
     }
 }
 
@@ -243,8 +242,8 @@ void Teller::beforeErase(const std::vector<SlotNumber>& asked, bool kept) {
     if (lost.empty()) {
         return;
     }
-    const Told told{.what = listOf(lost) + (lost.size() == 1 ? " was" : " were") + " not saved",
-                    .detail = kept ? "" : "What is erased now is gone.",
+    const Told told{.what = words(lost.size(), "%1 was not saved", "%1 were not saved", listOf(lost)),
+                    .detail = kept ? "" : words("What is erased now is gone."),
                     .failure = true};
     if (!announcements_->stands(told.what)) {
         tell(told, "import", {}, {.missing = lost});

@@ -84,10 +84,10 @@ class Teller : Fixed {
     void idle(Work work, Work rest = 0);
     /// Has a task done here, unless this has gone. Any thread.
     std::function<void(Executor::Task)> poster();
-    /// The same for a transfer: "Reading loop 5…". On the link's thread, whenever something has moved; `post`
-    /// has a task done here.
+    /// The same for a transfer, with the text "Reading loop %1…". On the link's thread, whenever something
+    /// has moved; `post` has a task done here.
     std::function<void(SlotNumber)> follower(Work work, const std::function<void(Executor::Task)>& post,
-                                             const std::string& verb);
+                                             const char* sentence);
     /// The same in any words: the sentence, and what a screen reader gets of it.
     using Saying = std::function<void(const std::string& sentence, const std::string& said)>;
     Saying followerInWords(Work work, std::function<void(Executor::Task)> post);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "words/words.h"
+
 namespace kzq {
 
 namespace {
@@ -34,8 +36,8 @@ int inSteps(double seconds) {
 }
 
 std::string inWords(int seconds) {
-    return seconds < secondsPerMinute ? "about " + std::to_string(seconds) + " s left"
-                                      : "about " + std::to_string(seconds / secondsPerMinute) + " min left";
+    return seconds < secondsPerMinute ? words("about %1 s left", seconds)
+                                      : words("about %1 min left", seconds / secondsPerMinute);
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 #include "app/transfer_events.h"
 
+#include "words/words.h"
+
 namespace kzq {
 
 namespace {
 
 std::string sentenceOn(SlotNumber slot, Step step) {
-    const auto* const verb = step == Step::read ? "Reading" : step == Step::compare ? "Comparing" : "Writing";
-    return std::string(verb) + " loop " + std::to_string(slot.number()) + "\u2026";
+    return step == Step::read      ? words("Reading loop %1\u2026", slot.number())
+           : step == Step::compare ? words("Comparing loop %1\u2026", slot.number())
+                                   : words("Writing loop %1\u2026", slot.number());
 }
 
 }  // namespace

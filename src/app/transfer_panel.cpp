@@ -8,6 +8,7 @@
 #include "app/panels.h"
 #include "loops/facts.h"
 #include "slots/slot.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -18,9 +19,13 @@ constexpr std::chrono::seconds timeIsShownEvery(1);
 }  // namespace
 
 void TransferPanel::open(std::uint64_t total, std::size_t loops, std::int32_t context) {
-    const std::string which = context != Slot::importContext ? "Ex" : "Im";
-    open(total, "7306 " + which + "port",
-         which + "porting " + loopsText(loops) + (which == "Ex" ? " to" : " from") + " the 7306...");
+    if (context == Slot::importContext) {
+        open(total, words("7306 Import"),
+             words(loops, "Importing %n loop from the 7306...", "Importing %n loops from the 7306..."));
+    } else {
+        open(total, words("7306 Export"),
+             words(loops, "Exporting %n loop to the 7306...", "Exporting %n loops to the 7306..."));
+    }
 }
 
 void TransferPanel::open(std::uint64_t total, const std::string& title, const std::string& subtitle) {

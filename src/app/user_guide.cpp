@@ -4,6 +4,7 @@
 
 #include "app/app_parts.h"
 #include "app/show_folder.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -28,15 +29,15 @@ void openUserGuide(AppParts& parts) {
     if (!guide.empty() && parts.environment.dialogs.openAddress(addressOf(guide))) {
         parts.teller.settle(job);
     } else if (!guide.empty()) {
-        parts.teller.tell({.what = "The user guide could not be opened",
-                           .detail = "Open " + guide.string() + " in a browser.",
+        parts.teller.tell({.what = words("The user guide could not be opened"),
+                           .detail = words("Open %1 in a browser.", guide.string()),
                            .failure = true},
                           job);
     } else {
         parts.teller.tell(
-            {.what = "The user guide is not installed",
-             .detail = "The program looks for share/kzq7306/guide/guide.html below the folder it "
-                       "is installed in. In the source it is doc/guide.md.",
+            {.what = words("The user guide is not installed"),
+             .detail = words("The program looks for share/kzq7306/guide/guide.html below the folder it "
+                             "is installed in. In the source it is doc/guide.md."),
              .failure = true},
             job);
     }

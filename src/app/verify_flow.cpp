@@ -6,6 +6,7 @@
 
 #include "app/app_parts.h"
 #include "operations/verify.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -32,11 +33,11 @@ class Verify {
             finish(run, {.wanted = written_.size(), .end = Trouble{Trouble::Kind::unplugged}});
             return false;
         }
-        work_ = parts_.teller.newWork({"Stop", [this_ = &parts_] {
+        work_ = parts_.teller.newWork({words("Stop"), [this_ = &parts_] {
                                            this_->flows->cancel();
                                            return true;
                                        }});
-        auto follow = parts_.teller.follower(work_, run.poster(), "Verifying");
+        auto follow = parts_.teller.follower(work_, run.poster(), english("Verifying loop %1\u2026"));
         follow(written_.front().slot);
         events_.begins = [follow](SlotNumber slot, Step /*step*/) mutable { follow(slot); };
         events_.moved = [follow](SlotNumber slot, std::uint64_t /*bytes*/) mutable { follow(slot); };

@@ -8,6 +8,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui_Slot.h"
 
@@ -212,7 +213,7 @@ std::optional<QString> Slot::name() const {
         return customImportName_ && !customImportName_->isEmpty() ? *customImportName_ : defaultName_;
     }
     if (exporting_) {
-        return exported_ ? textOf("complete") : nameOfExport();
+        return exported_ ? toQt(words("complete")) : nameOfExport();
     }
     return occupied_ ? std::optional(defaultName_) : std::nullopt;
 }

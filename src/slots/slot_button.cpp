@@ -7,6 +7,7 @@
 
 #include "slots/slot.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -65,7 +66,7 @@ void SlotButton::resetImage() {
         return;
     }
     if (row->isExport()) {
-        setToolTip(QString::fromLatin1(row->occupied() ? "Overwrite Loop" : "Add Loop"));
+        setToolTip(toQt(row->occupied() ? words("Overwrite Loop") : words("Add Loop")));
     }
     row->sync();
 }

@@ -8,6 +8,7 @@
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 
 namespace kzq {
@@ -47,7 +48,7 @@ void Slot::setLength(Frames length) {
 
 void Slot::setTempo(unsigned tempo) {
     if (view_ != nullptr) {
-        view_->setToolTip(tempo == 0 ? QString() : QString::fromLatin1("Tempo %1").arg(tempo));
+        view_->setToolTip(tempo == 0 ? QString() : toQt(words("Tempo %1", tempo)));
     }
 }
 

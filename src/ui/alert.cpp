@@ -2,20 +2,27 @@
 
 #include <utility>
 
+#include "words/words.h"
+
 namespace kzq {
 
 namespace {
 
-const Alert::Button invisibleCancel = {"Cancel", false};
+Alert::Button invisibleCancel() {
+    return {words("Cancel"), false};
+}
 
 }  // namespace
 
 Alert alertWithHeadline(std::string headline, const std::optional<std::string>& finePrint) {
-    return {std::move(headline), finePrint.value_or(""), {{"OK"}, invisibleCancel}, false};
+    return {std::move(headline), finePrint.value_or(""), {{words("OK")}, invisibleCancel()}, false};
 }
 
 Alert yesOrNoAlertWithHeadline(std::string headline, const std::optional<std::string>& finePrint) {
-    return {std::move(headline), finePrint.value_or(""), {{"Yes"}, {"No"}, invisibleCancel}, true};
+    return {std::move(headline),
+            finePrint.value_or(""),
+            {{words("Yes")}, {words("No")}, invisibleCancel()},
+            true};
 }
 
 }  // namespace kzq

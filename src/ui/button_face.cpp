@@ -104,6 +104,7 @@ void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFac
     painter.setBrush(light);
     painter.drawRoundedRect(upper, radius, radius);
     painter.setType(wordFont());
+    painter.fitType(word, bounds.width() - 2 * radius);
     painter.setPen(face.word);
     painter.write(upper, Qt::AlignCenter, word);
 }

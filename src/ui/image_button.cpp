@@ -1,10 +1,9 @@
 #include "ui/image_button.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPointer>
 
-#include "ui/pictures.h"
+#include "ui/picture_words.h"
 
 namespace kzq {
 
@@ -65,8 +64,7 @@ void ImageButton::mouseReleaseEvent(QMouseEvent* event) {
 
 void ImageButton::paintEvent(QPaintEvent* /*event*/) {
     if (width() != 0 && !objectName().isEmpty()) {
-        QPainter painter(this);
-        drawPicture(painter, pictureName(), rect());
+        drawWorded(*this, pictureName(), {word()});
     }
 }
 

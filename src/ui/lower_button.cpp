@@ -2,14 +2,24 @@
 
 #include <QHash>
 
+#include "ui/qt_words.h"
+
 namespace kzq {
 
-QString LowerButton::pictureName() const {
+namespace {
+
+QString baseOf(const QString& identifier) {
     static const QHash<QString, QString> bases = {{"Erase (lower button)", "Erase"},
                                                   {"Import (lower button)", "Import"},
                                                   {"Export (lower button)", "Export"},
                                                   {"Cancel", "Cancel"}};
-    const auto base = bases.value(objectName());
+    return bases.value(identifier);
+}
+
+}  // namespace
+
+QString LowerButton::pictureName() const {
+    const auto base = baseOf(objectName());
     if (base.isEmpty()) {
         return {};
     }
@@ -22,6 +32,14 @@ QString LowerButton::pictureName() const {
                         : isDown()       ? "On"
                                          : "hover";
     return QString("%1_button_%2").arg(base, state);
+}
+
+QString LowerButton::word() const {
+    const auto base = baseOf(objectName());
+    return toQt(base == "Erase"    ? words("Erase")
+                : base == "Import" ? words("Import")
+                : base == "Export" ? words("Export")
+                                   : words("Cancel"));
 }
 
 }  // namespace kzq

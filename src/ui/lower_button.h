@@ -13,6 +13,7 @@ class LowerButton : public ActionButton {
     using ActionButton::ActionButton;
 
     QString pictureName() const override;
+    QString word() const override;
 };
 
 }  // namespace kzq

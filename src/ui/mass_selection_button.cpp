@@ -1,5 +1,7 @@
 #include "ui/mass_selection_button.h"
 
+#include "ui/qt_words.h"
+
 namespace kzq {
 
 void MassSelectionButton::mouseDragged(bool inside) {
@@ -20,6 +22,10 @@ QString MassSelectionButton::pictureName() const {
     }
     const auto* state = !isEnabled() ? "Gray" : isDown() ? "Press" : hovering() ? "Hover" : "Base";
     return QString("%1_%2").arg(objectName(), state);
+}
+
+QString MassSelectionButton::word() const {
+    return toQt(objectName() == "Select_All" ? words("All") : words("None"));
 }
 
 }  // namespace kzq

@@ -13,6 +13,7 @@ class MassSelectionButton : public ImageButton {
     using ImageButton::ImageButton;
 
     QString pictureName() const override;
+    QString word() const override;
 
   protected:
     void mouseDragged(bool inside) override;

@@ -1,9 +1,7 @@
 #include "ui/picture_button.h"
 
-#include <QPainter>
-
 #include "ui/palette.h"
-#include "ui/pictures.h"
+#include "ui/picture_words.h"
 
 namespace kzq {
 
@@ -12,9 +10,13 @@ void PictureButton::setPicture(const QString& name) {
     update();
 }
 
+void PictureButton::setWords(const QStringList& words) {
+    words_ = words;
+    update();
+}
+
 void PictureButton::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
-    drawPicture(painter, picture_, rect(), tint());
+    drawWorded(*this, picture_, words_, tint());
 }
 
 QColor PictureButton::tint() const {

@@ -14,6 +14,8 @@ class PictureButton : public KeyButton {
 
     const QString& picture() const { return picture_; }
     void setPicture(const QString& name);
+    /// Those in the picture, in the user's language.
+    void setWords(const QStringList& words);
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -22,6 +24,7 @@ class PictureButton : public KeyButton {
     QColor tint() const;
 
     QString picture_;
+    QStringList words_;
 };
 
 }  // namespace kzq

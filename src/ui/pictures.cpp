@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
 #include <cmath>
 
 #include "ui/scaled_painter.h"
@@ -26,10 +28,35 @@ QSizeF scaleOf(const QPainter& painter) {
     return {std::hypot(transform.m11(), transform.m12()), std::hypot(transform.m21(), transform.m22())};
 }
 
+/// The words and marks of a picture have a class that says so.
+QByteArray partOf(const QByteArray& svg, PicturePart part) {
+    if (part == PicturePart::whole) {
+        return svg;
+    }
+    QByteArray result;
+    QXmlStreamReader reader(svg);
+    QXmlStreamWriter writer(&result);
+    reader.setNamespaceProcessing(false);
+    while (!reader.atEnd()) {
+        reader.readNext();
+        const auto name = reader.name();
+        const auto kind = reader.attributes().value("class");
+        const bool shape =
+            name == QLatin1String("path") || name == QLatin1String("rect") || name == QLatin1String("circle");
+        if (reader.isStartElement() && shape &&
+            (part == PicturePart::mark ? kind != u"mark" : !kind.isEmpty())) {
+            reader.skipCurrentElement();
+        } else if (reader.isStartElement() || reader.isEndElement()) {
+            writer.writeCurrentToken(reader);
+        }
+    }
+    return result;
+}
+
 /// Its SVG, for drawing it in so many pixels.
-QByteArray contentOf(const QString& name, QSize pixels) {
+QByteArray contentOf(const QString& name, QSize pixels, PicturePart part) {
     QFile file(pathOf(name));
-    const auto svg = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const auto svg = file.open(QIODevice::ReadOnly) ? partOf(file.readAll(), part) : QByteArray();
     const auto size = picture(name)->size;
     const QSizeF scale(pixels.width() / size.width(), pixels.height() / size.height());
     return (isWhole(scale.width()) && isWhole(scale.height())) || scale.width() < smallest
@@ -37,19 +64,20 @@ QByteArray contentOf(const QString& name, QSize pixels) {
                : sharpPicture(svg, scale);
 }
 
-QPixmap rendered(const QString& name, QSize pixels) {
+QPixmap rendered(const QString& name, QSize pixels, PicturePart part) {
     static const bool once = [] {
         QPixmapCache::setCacheLimit(cacheKilobytes);
         return true;
     }();
     static_cast<void>(once);
-    const auto key = QString("%1 %2x%3").arg(name).arg(pixels.width()).arg(pixels.height());
+    const auto key =
+        QString("%1 %2x%3 %4").arg(name).arg(pixels.width()).arg(pixels.height()).arg(static_cast<int>(part));
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
         pixmap = QPixmap(pixels);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        QSvgRenderer(contentOf(name, pixels)).render(&painter, QRectF({0, 0}, QSizeF(pixels)));
+        QSvgRenderer(contentOf(name, pixels, part)).render(&painter, QRectF({0, 0}, QSizeF(pixels)));
         painter.end();
         QPixmapCache::insert(key, pixmap);
     }
@@ -73,7 +101,8 @@ std::optional<Picture> picture(const QString& name) {
     return Picture{name, *known};
 }
 
-bool drawPicture(QPainter& painter, const QString& name, const QRectF& target, const QColor& tint) {
+bool drawPicture(QPainter& painter, const QString& name, const QRectF& target, const QColor& tint,
+                 PicturePart part) {
     if (target.isEmpty() || !picture(name)) {
         return false;
     }
@@ -83,7 +112,7 @@ bool drawPicture(QPainter& painter, const QString& name, const QRectF& target, c
     if (pixels.isEmpty()) {
         return false;
     }
-    auto pixmap = rendered(name, pixels);
+    auto pixmap = rendered(name, pixels, part);
     if (tint.isValid()) {
         QPainter over(&pixmap);
         over.setCompositionMode(QPainter::CompositionMode_SourceAtop);

@@ -14,6 +14,7 @@
 
 #include "platform/log.h"
 #include "ui/alert_panel.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -127,7 +128,7 @@ Dialogs::Chosen QtDialogs::chooseNewFile(const std::string& title, const std::st
     auto* dialog = chooser(title);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setNameFilters({filterOf(usual), "All files (*)"});
+    dialog->setNameFilters({filterOf(usual), toQt(words("All files")) + " (*)"});
     dialog->selectFile(QString::fromStdString(name));
     return chosen(choose(dialog));
 }

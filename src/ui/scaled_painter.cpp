@@ -88,6 +88,13 @@ void ScaledPainter::setType(const QFont& given) {
     given_ = given;
 }
 
+void ScaledPainter::fitType(const QString& text, double room) {
+    constexpr int smallestType = 8;
+    while (given_.pixelSize() > smallestType && advance(text) > room) {
+        given_.setPixelSize(given_.pixelSize() - 1);
+    }
+}
+
 void ScaledPainter::write(const QPointF& baseline, const QString& text) {
     if (size_ == 1) {
         setFont(given_);

@@ -19,6 +19,8 @@ class ScaledPainter : public QPainter {
 
     /// The font of 100 % in which `write` writes.
     void setType(const QFont& given);
+    /// Makes it smaller until `text` takes no more than `room`, but not so small that it cannot be read.
+    void fitType(const QString& text, double room);
     void write(const QPointF& baseline, const QString& text);
     void write(const QRectF& box, int flags, const QString& text);
     /// From the left on, in the direction in which the name is read, and cut at its end after `room` pixels.

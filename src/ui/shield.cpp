@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/palette.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 
 namespace kzq {
@@ -24,7 +25,7 @@ bool quits(const QKeyEvent& event) {
 Shield::Shield(QWidget* parent, double wash)
     : QWidget(parent), before_(parent->window()->focusWidget()), wash_(std::clamp(wash, 0.0, strongestWash)) {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName("The 7306 is busy");  // read out by a screen reader
+    setAccessibleName(toQt(words("The 7306 is busy")));  // read out by a screen reader
     setMouseTracking(true);
     setAcceptDrops(true);
     Scale::leaveAlone(*this);

@@ -69,13 +69,14 @@ def lower(name, face):
     gap = GAP if mark_width else 0
     left = round((112 - mark_width - gap - word_width) / 2)
     middle = top + 18
-    if name == "Erase":
-        marks.dashed(picture, left + 7.5, middle, 6.4, face.mark, 2.2, share=0.56)
-    elif name == "Import":
-        marks.chevrons(picture, left + 1, middle, 8, face.mark, 1, pitch=6)
-    elif name == "Export":
-        marks.chevrons(picture, left + 1, middle, 8, face.mark, -1, pitch=6)
-    words.write(picture, name, left + mark_width + gap, top + 23, 15, face.ink)
+    with picture.part("mark"):
+        if name == "Erase":
+            marks.dashed(picture, left + 7.5, middle, 6.4, face.mark, 2.2, share=0.56)
+        elif name == "Import":
+            marks.chevrons(picture, left + 1, middle, 8, face.mark, 1, pitch=6)
+        elif name == "Export":
+            marks.chevrons(picture, left + 1, middle, 8, face.mark, -1, pitch=6)
+    words.translated(picture, name, left + mark_width + gap, top + 23, 15, face.ink, (8, 104), left)
     return picture
 
 
@@ -91,12 +92,13 @@ def mass(word, state):
     else:
         picture.rect(0, 0, 80, 32, face, 8)
     left = round((80 - 16 - 6 - words.width(word, 13)) / 2)
-    if word == "All":
-        picture.circle(left + 8, 16, 8, ink)
-        picture.line(f"M{left + 4.4} 16.4L{left + 7} 19L{left + 11.8} 13.2", face)
-    else:
-        picture.ring(left + 8, 16, 7, ink)
-    words.write(picture, word, left + 22, 21, 13, ink)
+    with picture.part("mark"):
+        if word == "All":
+            picture.circle(left + 8, 16, 8, ink)
+            picture.line(f"M{left + 4.4} 16.4L{left + 7} 19L{left + 11.8} 13.2", face)
+        else:
+            picture.ring(left + 8, 16, 7, ink)
+    words.translated(picture, word, left + 22, 21, 13, ink, (6, 74), left)
     return picture
 
 

@@ -4,6 +4,7 @@ Coordinates are logical pixels, origin at the top left. Paths are absolute, with
 every number in a written file is where the thing really is.
 """
 
+import contextlib
 import re
 
 
@@ -65,6 +66,7 @@ class Picture:
         self.height = height
         self._gradients = {}
         self._elements = []
+        self._part = None
 
     def _gradient(self, kind, stops):
         key = (kind, tuple(stops))
@@ -108,8 +110,16 @@ class Picture:
         """A line with flat ends."""
         self._add("path", d=Shape.placed(data), fill="none", stroke=colour, stroke_width=width, **more)
 
+    @contextlib.contextmanager
+    def part(self, name):
+        """What is drawn meanwhile can be left out or moved: see src/ui/picture_words.h."""
+        self._part = name
+        yield
+        self._part = None
+
     def _add(self, element, **values):
-        self._elements.append(f"<{element} {attributes(values)}/>")
+        kind = {"class": self._part} if self._part else {}
+        self._elements.append(f"<{element} {attributes(kind | values)}/>")
 
     def text(self):
         lines = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{self.width}" height="{self.height}" '

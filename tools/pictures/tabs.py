@@ -20,8 +20,8 @@ def tab(name, on):
     start(picture, 16, 16, ink)
     marks.arrow(picture, 42, 16, ink)
     end(picture, 60, 16, ink)
-    words.write(picture, name, 98, 27, 17, c.WHITE if on else "#C2B8B5")
-    words.write(picture, direction, 98, 44, 12, c.GRAY, "Regular")
+    words.translated(picture, name, 98, 27, 17, c.WHITE if on else "#C2B8B5", (98, 202))
+    words.translated(picture, direction, 98, 44, 12, c.GRAY, (98, 202), weight="Regular")
     return picture
 
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/bus/activation.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -64,7 +65,8 @@ void BusDesktopShell::notify(const QString& sentence) {
     auto call = QDBusMessage::createMethodCall(notifications, notificationsPath, notifications, "Notify");
     // the sentence is the summary: unlike the body, it never has markup
     call << program_ << shown_ << QString(iconName) << sentence << QString()
-         << QStringList{clickAction, "Show"} << QVariantMap{{"desktop-entry", entry_}} << asLongAsUsual;
+         << QStringList{clickAction, QString::fromStdString(words("Show"))}
+         << QVariantMap{{"desktop-entry", entry_}} << asLongAsUsual;
     auto* const answer = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
         const QDBusPendingReply<unsigned> number = *answer;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "loops/capacity.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -11,9 +12,9 @@ namespace {
 
 /// "a, b and c"
 std::string listed(const std::vector<std::string>& names) {
-    std::string text;
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        text += (i == 0 ? "" : i + 1 == names.size() ? " and " : ", ") + names[i];
+    auto text = names.front();
+    for (std::size_t i = 1; i < names.size(); ++i) {
+        text = i + 1 == names.size() ? words("%1 and %2", text, names[i]) : words("%1, %2", text, names[i]);
     }
     return text;
 }
@@ -54,10 +55,10 @@ std::size_t CarryPlan::fitting() const {
 std::string CarryPlan::sum() const {
     const auto fit = fitting();
     if (fit == files_.size()) {
-        return filesText(fit) + (fit == 1 ? " fits" : " fit");
+        return words(fit, "%n file fits", "%n files fit");
     }
-    return fit == 0 ? "None of " + filesText(files_.size()) + " fits"
-                    : std::to_string(fit) + " of " + filesText(files_.size()) + (fit == 1 ? " fits" : " fit");
+    return fit == 0 ? words(files_.size(), "None of %n file fits", "None of %n files fits")
+                    : words(fit, "%n of %1 files fits", "%n of %1 files fit", files_.size());
 }
 
 std::string CarryPlan::reason(std::size_t file) const {
@@ -65,30 +66,38 @@ std::string CarryPlan::reason(std::size_t file) const {
         case CarryFate::fits:
             return {};
         case CarryFate::unreadable:
-            return "not readable";
+            return words("not readable");
         case CarryFate::noRow:
-            return "no other row is free";
+            return words("no other row is free");
         case CarryFate::tooLong:
             break;
     }
-    const auto length = files_[file].length.value_or(Frames{});
-    const bool alone = length.count >= room_.count;  // the others are not to blame
-    return "too long: " + clockText(length) + ", and " + clockText(alone ? room_ : spare_) + " is left" +
-           (alone ? "" : " beside the others");
+    const auto length = clockText(files_[file].length.value_or(Frames{}));
+    return isAlone(file) ? words("too long: %1, and %2 is left", length, clockText(room_))
+                         : words("too long: %1, and %2 is left beside the others", length, clockText(spare_));
+}
+
+/// It is too long whatever becomes of the others.
+bool CarryPlan::isAlone(std::size_t file) const {
+    return files_[file].length.value_or(Frames{}).count >= room_.count;
 }
 
 std::string CarryPlan::complaint(std::size_t file) const {
-    const auto& name = files_[file].shown;
+    const auto& [name, shown, readable, known] = files_[file];
+    const auto length = clockText(known.value_or(Frames{}));
     switch (places_[file].fate) {
         case CarryFate::tooLong:
-            return name + " is " + reason(file);
+            return isAlone(file)
+                       ? words("%1 is too long: %2, and %3 is left", shown, length, clockText(room_))
+                       : words("%1 is too long: %2, and %3 is left beside the others", shown, length,
+                               clockText(spare_));
         case CarryFate::unreadable:
-            return name + " cannot be read";
+            return words("%1 cannot be read", shown);
         case CarryFate::fits:
         case CarryFate::noRow:
             break;
     }
-    return "no other row is free";
+    return words("no other row is free");
 }
 
 /// What is said about those that do not go in.
@@ -102,34 +111,30 @@ std::string CarryPlan::refused(bool briefly) const {
         }
     }
     if (names.size() == 1 && places_[last].fate != CarryFate::noRow) {
-        const auto whole = complaint(last);
-        return briefly ? whole.substr(0, whole.find(':', files_[last].shown.size())) : whole;
+        const bool tooLong = places_[last].fate == CarryFate::tooLong;
+        return briefly && tooLong ? words("%1 is too long", files_[last].shown) : complaint(last);
     }
     const bool onlyRows = std::ranges::all_of(places_, [](const Place& place) {
         return place.fate == CarryFate::fits || place.fate == CarryFate::noRow;
     });
     if (onlyRows) {
-        return files_.size() == 1 ? "No row is free" : "No other row is free";
+        return files_.size() == 1 ? words("No row is free") : words("No other row is free");
     }
-    return "Left out: " + listed(names);
+    return words("Left out: %1", listed(names));
 }
 
 std::string CarryPlan::sentence() const {
     if (!refuses()) {
         return sum();
     }
-    return files_.size() == 1 ? refused(false) : sum() + ". " + refused(false);
+    return files_.size() == 1 ? refused(false) : words("%1. %2", sum(), refused(false));
 }
 
 std::string CarryPlan::said() const {
     if (!refuses()) {
         return sum();
     }
-    return files_.size() == 1 ? refused(true) : sum() + ", " + refused(true);
-}
-
-std::string filesText(std::size_t count) {
-    return std::to_string(count) + (count == 1 ? " file" : " files");
+    return files_.size() == 1 ? refused(true) : words("%1, %2", sum(), refused(true));
 }
 
 CarryFate fateOn(const LoopModel& model, SlotNumber slot, const CarriedFile& file) {

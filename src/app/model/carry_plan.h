@@ -46,6 +46,7 @@ class CarryPlan {
 
   private:
     std::size_t fitting() const;
+    bool isAlone(std::size_t file) const;
     std::string sum() const;
     std::string refused(bool briefly) const;
 
@@ -54,9 +55,6 @@ class CarryPlan {
     Frames room_;   ///< now
     Frames spare_;  ///< once those that fit are there
 };
-
-/// "1 file", "5 files"
-std::string filesText(std::size_t count);
 
 /// What a row would make of a file that is dropped on it: the row need not be free.
 CarryFate fateOn(const LoopModel& model, SlotNumber slot, const CarriedFile& file);

@@ -43,6 +43,7 @@
 #include "troubleshooting/root_shell.h"
 #include "ui/fonts.h"
 #include "ui/key_guard.h"
+#include "ui/languages.h"
 #include "ui/panels/front_window.h"
 #include "ui/qt_dialogs.h"
 #include "updates/app_image.h"
@@ -261,6 +262,7 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     if (isHandedOver(first, start)) {  // which has the pedal, and cannot record any more
         return records ? complain(usageStatus, "close the window that is open, then record.") : EXIT_SUCCESS;
     }
+    QtCatalogue::use(QLocale::system());
     registerFonts();
     RunFolder::ofThisRun().sweep();
     QtExecutor executor;

@@ -5,12 +5,14 @@
 
 #include "app/main_window.h"
 #include "device/simulator/simulated_pedal.h"
+#include "ui/qt_words.h"
 
 namespace kzq {
 
 void showSimulation(MainWindow& window, simulator::SimulatedPedal& pedal, bool pluggedIn) {
-    window.setWindowTitle(window.windowTitle() + " \u2013 simulated pedal");
-    auto* const plug = window.menuBar()->addMenu("&Simulation")->addAction("&Pedal Plugged In");
+    window.setWindowTitle(toQt(words("%1 \u2013 simulated pedal", window.windowTitle().toStdString())));
+    auto* const plug =
+        window.menuBar()->addMenu(toQt(words("&Simulation")))->addAction(toQt(words("&Pedal Plugged In")));
     plug->setCheckable(true);
     plug->setChecked(pluggedIn);
     plug->setShortcut(QKeySequence("Ctrl+P"));

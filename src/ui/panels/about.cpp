@@ -15,6 +15,7 @@
 #include "ui/panels/about_backing.h"
 #include "ui/panels/about_window.h"
 #include "ui/panels/label_style.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui_About.h"
 
@@ -48,6 +49,7 @@ About::~About() {
 void About::windowDidLoad(FirmwareVersion firmwareVersion) {
     Ui::About ui;
     ui.setupUi(window_.get());
+    window_->setWindowTitle(toQt(words("About 7306 Loop Manager")));
     window_->setFixedSize(window_->size());
     window_->setController(this);
 
@@ -133,7 +135,8 @@ void About::linkButtonHoverStateChanged(LinkButton& /*button*/, bool hovered) {
 
 void About::setNeedsDisplay() {
     const auto version = backing_->versionText();
-    backing_->setAccessibleName(version.isEmpty() ? QString() : QStringLiteral("Version ") + version);
+    backing_->setAccessibleName(version.isEmpty() ? QString()
+                                                  : toQt(words("Version %1", version.toStdString())));
     backing_->update();
 }
 

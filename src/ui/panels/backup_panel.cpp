@@ -9,6 +9,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 
@@ -41,7 +42,7 @@ constexpr QRect goFrame(560, 446, 112, 40);
 class FolderLink : public KeyButton {
   public:
     explicit FolderLink(QWidget* panel) : KeyButton(panel) {
-        setText("Other folder\u2026");
+        setText(toQt(words("Other folder\u2026")));
         setAccessibleName(text());
         setCursor(Qt::PointingHandCursor);
         setProperty("focusRingRadius", 3);
@@ -67,7 +68,7 @@ BackupPanel::BackupPanel(Kind kind, QWidget* window)
       tape_(new BackupTape(this)),
       other_(new FolderLink(this)) {
     Scale::ofProgram().take(*this);
-    setWindowTitle(kind == Kind::restore ? "Restore" : "Back Up");
+    setWindowTitle(toQt(kind == Kind::restore ? words("Restore") : words("Back Up")));
     setWindowModality(Qt::WindowModal);
     setFixedSize(backupPanelSize);
     makeHead();
@@ -105,16 +106,16 @@ void BackupPanel::makeRows() {
 
 void BackupPanel::makeFoot() {
     const bool restores = kind_ == Kind::restore;
-    erase_ = new CheckBox("Erase loops that are not in this backup", this);
+    erase_ = new CheckBox(toQt(words("Erase loops that are not in this backup")), this);
     erase_->move(eraseAt);
     erase_->setVisible(restores);
     connect(erase_, &CheckBox::clicked, this, &BackupPanel::eraseChanged);
     decline_ = new AlertButton(AlertButton::Face::brown, this);
-    decline_->setText("Close");
+    decline_->setText(toQt(words("Close")));
     decline_->setGeometry(closeFrame);
     connect(decline_, &AlertButton::clicked, this, &BackupPanel::reject);
     accept_ = new AlertButton(restores ? AlertButton::Face::green : AlertButton::Face::blue, this);
-    accept_->setText(restores ? "Restore" : "Back Up");
+    accept_->setText(toQt(restores ? words("Restore") : words("Back Up")));
     accept_->setGeometry(goFrame);
     connect(accept_, &AlertButton::clicked, this, [this] {
         close();
@@ -128,7 +129,7 @@ void BackupPanel::setOffers(const BackupOffer& chosen, std::vector<BackupOffer> 
     }
     offers_ = std::move(offers);
     index_ = index;
-    tape_->show(kind_ == Kind::restore ? "Backup" : "Folder", chosen);
+    tape_->show(toQt(kind_ == Kind::restore ? words("Backup") : words("Folder")), chosen);
 }
 
 void BackupPanel::setSlots(const std::vector<BackupSlot>& slots) {
@@ -160,20 +161,21 @@ bool BackupPanel::erases() const {
 
 QString BackupPanel::headline() const {
     return !problem_.isEmpty()      ? problem_
-           : kind_ == Kind::restore ? "Put a backup back onto the pedal"
-                                    : "Copy the whole pedal to this computer";
+           : kind_ == Kind::restore ? toQt(words("Put a backup back onto the pedal"))
+                                    : toQt(words("Copy the whole pedal to this computer"));
 }
 
 QString BackupPanel::summary() const {
-    QStringList texts;
+    std::string all;
     for (const auto& [look, text] : counts_) {
-        texts << text;
+        all = all.empty() ? text.toStdString() : words("%1, %2", all, text.toStdString());
     }
-    return texts.join(", ");
+    return toQt(all);
 }
 
 void BackupPanel::describe() {
-    setAccessibleDescription(counts_.empty() ? headline() + "." : headline() + ". " + summary() + ".");
+    const auto counted = counts_.empty() ? std::string() : words("%1.", summary().toStdString());
+    setAccessibleDescription(toQt(inARow(words("%1.", headline().toStdString()), counted)));
     update();
 }
 
@@ -217,7 +219,7 @@ void BackupPanel::paintEvent(QPaintEvent* /*event*/) {
     paintCounts(painter);
     if (!restores) {
         painter.setPen(KZQGray());
-        painter.write(finePrintAt, "Loops that are the same are not copied twice.");
+        painter.write(finePrintAt, toQt(words("Loops that are the same are not copied twice.")));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scaled_painter.h"
 
 namespace kzq {
@@ -28,7 +29,9 @@ void writeOffer(ScaledPainter& painter, const BackupOffer& offer, QPointF baseli
 }
 
 QString spokenOffer(const BackupOffer& offer) {
-    return offer.detail.isEmpty() ? offer.name : offer.name + ", " + offer.detail;
+    return offer.detail.isEmpty()
+               ? offer.name
+               : toQt(words("%1, %2", offer.name.toStdString(), offer.detail.toStdString()));
 }
 
 BackupTape::BackupTape(QWidget* panel) : KeyButton(panel) {
@@ -38,7 +41,7 @@ BackupTape::BackupTape(QWidget* panel) : KeyButton(panel) {
 
 void BackupTape::show(const QString& what, const BackupOffer& offer) {
     shown_ = offer;
-    setAccessibleName(what + ": " + spokenOffer(offer));
+    setAccessibleName(toQt(words("%1: %2", what.toStdString(), spokenOffer(offer).toStdString())));
     update();
 }
 

@@ -15,6 +15,7 @@
 #include "ui/palette.h"
 #include "ui/panels/bring_back_targets.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 
@@ -32,7 +33,10 @@ constexpr QRect declineFrame(348, 332, 112, 40);
 constexpr QRect acceptFrame(472, 332, 136, 40);
 constexpr unsigned slotCount = 20;
 constexpr int gapAtTargets = 4;  // above the list of targets, or below it
-constexpr auto keepLine = "Each loop is read before it is erased or replaced.";
+
+QString keepLine() {
+    return toQt(words("Each loop is read before it is erased or replaced."));
+}
 
 }  // namespace
 
@@ -42,7 +46,7 @@ BringBack::BringBack(QWidget* window)
       ring_(nullptr),
       targets_(nullptr) {
     Scale::ofProgram().take(*this);
-    setWindowTitle("Bring Back");
+    setWindowTitle(toQt(words("Bring Back")));
     setWindowModality(Qt::WindowModal);
     setFixedSize(panelSize);
     area_->setGeometry(list);
@@ -60,19 +64,19 @@ BringBack::BringBack(QWidget* window)
 }
 
 void BringBack::makeFoot() {
-    keep_ = new CheckBox("Keep Copies", this);
+    keep_ = new CheckBox(toQt(words("Keep Copies")), this);
     keep_->move(keepAt);
-    keep_->setAccessibleDescription(keepLine);
+    keep_->setAccessibleDescription(keepLine());
     connect(keep_, &CheckBox::clicked, this, [this](bool on) {
         refresh();
         Q_EMIT keepingChanged(on);
     });
     decline_ = new AlertButton(AlertButton::Face::brown, this);
-    decline_->setText("Close");
+    decline_->setText(toQt(words("Close")));
     decline_->setGeometry(declineFrame);
     connect(decline_, &AlertButton::clicked, this, &BringBack::reject);
     accept_ = new AlertButton(AlertButton::Face::green, this);
-    accept_->setText("Bring Back");
+    accept_->setText(toQt(words("Bring Back")));
     accept_->setGeometry(acceptFrame);
     connect(accept_, &AlertButton::clicked, this, [this] {
         std::map<std::size_t, unsigned> chosen;
@@ -187,9 +191,10 @@ void BringBack::refresh() {
     const bool could = accept_->isEnabled();
     const bool atButtons = accept_->hasFocus() || decline_->hasFocus();
     accept_->setEnabled(any && loops_.has_value());
-    accept_->setToolTip(any && !loops_ ? "No pedal connected" : "");
+    accept_->setToolTip(any && !loops_ ? toQt(words("No pedal connected")) : QString());
     area_->setVisible(!rows_.empty());
-    setAccessibleDescription(rows_.empty() ? "Nothing to bring back. " + notice() : summary());
+    setAccessibleDescription(
+        rows_.empty() ? toQt(inARow(words("Nothing to bring back."), notice().toStdString())) : summary());
     if (atButtons && accept_->isEnabled() != could) {
         focusDefault();
     }
@@ -213,15 +218,16 @@ bool BringBack::eventFilter(QObject* watched, QEvent* event) {
 
 QString BringBack::notice() const {
     return !rows_.empty()       ? QString()
-           : keep_->isChecked() ? "A loop is copied here before you erase or replace it."
-                                : "Keep Copies is off: what you erase or replace now is gone.";
+           : keep_->isChecked() ? toQt(words("A loop is copied here before you erase or replace it."))
+                                : toQt(words("Keep Copies is off: what you erase or replace now is gone."));
 }
 
 QString BringBack::summary() const {
-    return rows_.empty() ? QString("No copies on this computer.")
-                         : QString("%1 %2 on this computer, %3. Above 2 GB the oldest are removed.")
-                               .arg(rows_.size())
-                               .arg(rows_.size() == 1 ? "copy" : "copies", total_);
+    return toQt(rows_.empty()
+                    ? words("No copies on this computer.")
+                    : words(rows_.size(), "%n copy on this computer, %1. Above 2 GB the oldest are removed.",
+                            "%n copies on this computer, %1. Above 2 GB the oldest are removed.",
+                            total_.toStdString()));
 }
 
 void BringBack::keyPressEvent(QKeyEvent* event) {
@@ -241,18 +247,18 @@ void BringBack::paintEvent(QPaintEvent* /*event*/) {
     drawPicture(painter, "Bring_back_panel", painter.bounds());
     painter.setType(textFont(15));
     painter.setPen(KZQWhite());
-    painter.write(QPointF(headlineX, 40), "Bring back loops that were erased or replaced");
+    painter.write(QPointF(headlineX, 40), toQt(words("Bring back loops that were erased or replaced")));
     painter.setType(textFont());
     painter.setPen(KZQGray());
     painter.write(QPointF(headlineX, 60), summary());
     painter.setType(textFont(12));
-    painter.write(QPointF(60, 366), keepLine);
+    painter.write(QPointF(60, 366), keepLine());
     if (rows_.empty()) {
         drawPicture(painter, "Bring_back_blank", blank);
         painter.setPen(KZQWhite());
         painter.setType(firaSans(FiraWeight::light, 20).value_or(textFont(20)));
         painter.write(QRect(blank.x(), blank.y() + 38, blank.width(), 28), Qt::AlignHCenter | Qt::AlignTop,
-                      "Nothing to bring back");
+                      toQt(words("Nothing to bring back")));
         painter.setType(textFont());
         painter.setPen(creamColor());
         painter.write(QRect(blank.x() + 70, blank.y() + 73, blank.width() - 140, 40),

@@ -5,12 +5,15 @@
 #include <QPainter>
 #include <utility>
 
+#include "loops/facts.h"
+#include "loops/spoken_length.h"
 #include "slots/waveform.h"
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/key_button.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 
@@ -46,12 +49,8 @@ QString lengthText(int seconds) {
     return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
 }
 
-QString spokenLength(int seconds) {
-    const auto part = [](int count, const char* unit) {
-        return QString("%1 %2%3").arg(count).arg(unit).arg(count == 1 ? "" : "s");
-    };
-    const auto rest = part(seconds % 60, "second");
-    return seconds < 60 ? rest : part(seconds / 60, "minute") + " " + rest;
+std::string spoken(int seconds) {
+    return spokenLength({static_cast<std::uint64_t>(seconds) * framesPerSecond});
 }
 
 class Selector : public QAbstractButton {
@@ -112,6 +111,12 @@ class Leader : public KeyButton {
 
 }  // namespace
 
+QString spokenTarget(const BringBackTarget& target) {
+    return toQt(!target.occupied   ? words("to slot %1", target.slot)
+                : *target.occupied ? words("to slot %1, replaces its loop", target.slot)
+                                   : words("to slot %1, empty", target.slot));
+}
+
 BringBackRow::BringBackRow(BringBackCopy copy, QWidget* parent)
     : QWidget(parent),
       copy_(std::move(copy)),
@@ -147,9 +152,9 @@ void BringBackRow::setPeaks(std::shared_ptr<const Peaks> peaks) {
 void BringBackRow::setSound(const BringBackSound& sound) {
     const auto before = std::exchange(sound_, sound);
     if (before.on != sound.on || ring_->accessibleName().isEmpty()) {
-        const auto name = QString("Loop %1").arg(copy_.slot);
-        ring_->setAccessibleName(sound.on ? "Stop " + name
-                                          : "Play " + name + ", " + spokenLength(copy_.seconds));
+        const auto name = QString("Loop %1").arg(copy_.slot).toStdString();
+        ring_->setAccessibleName(
+            toQt(sound.on ? words("Stop %1", name) : words("Play %1, %2", name, spoken(copy_.seconds))));
         ring_->update();
     }
     ring_->setToolTip(sound.trouble);
@@ -177,13 +182,13 @@ bool BringBackRow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QString BringBackRow::spoken() const {
-    return QString("Loop %1, %2, %3, ").arg(copy_.slot).arg(copy_.fate, spokenLength(copy_.seconds)) +
-           leader_->accessibleName();
+    return toQt(words("%1, %2, %3, %4", QString("Loop %1").arg(copy_.slot).toStdString(),
+                      copy_.fate.toStdString(), kzq::spoken(copy_.seconds),
+                      spokenTarget(target_).toStdString()));
 }
 
 void BringBackRow::refresh() {
-    const auto held = !target_.occupied ? QString() : *target_.occupied ? ", replaces its loop" : ", empty";
-    leader_->setAccessibleName(QString("to slot %1").arg(target_.slot) + held);
+    leader_->setAccessibleName(spokenTarget(target_));
     selector_->setAccessibleName(spoken());
     selector_->update();
     update();
@@ -243,7 +248,7 @@ void BringBackRow::drawTarget(ScaledPainter& painter, double resting) const {
     const auto color = on() ? inkColor() : cream(leader_->hovering() ? 1 : resting);
     painter.setType(on() ? firaSans(FiraWeight::medium, 12).value_or(textFont(12)) : textFont(12));
     painter.setPen(color);
-    const auto word = on() ? QString::number(target_.slot) : QString("to %1").arg(target_.slot);
+    const auto word = on() ? QString::number(target_.slot) : toQt(words("to %1", target_.slot));
     painter.write(QPointF(wordEnd - painter.advance(word), rowBaseline), word);
     painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{{chevronX - 4, 12}, {chevronX, 16}, {chevronX + 4, 12}});

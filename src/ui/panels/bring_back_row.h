@@ -36,6 +36,9 @@ struct BringBackTarget {
     bool operator==(const BringBackTarget&) const = default;
 };
 
+/// "to slot 5, replaces its loop"
+QString spokenTarget(const BringBackTarget& target);
+
 /// A copy in the Bring Back panel: a ring that plays it, its selector, what it is, and where it goes, which
 /// is a button. A press on its field selects it as well. P plays it; Left goes from the selector to the ring,
 /// which Tab leaves out, and Right back.

@@ -6,7 +6,9 @@
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
+#include "ui/panels/bring_back_row.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 
@@ -91,8 +93,8 @@ bool BringBackTargets::event(QEvent* event) {
 
 void BringBackTargets::mark(unsigned slot) {
     marked_ = taken_.contains(slot) ? 0 : slot;
-    const auto held = marked_ == 0 ? QString() : loops_.contains(marked_) ? ", replaces its loop" : ", empty";
-    setAccessibleName(marked_ == 0 ? "Slots" : QString("to slot %1").arg(marked_) + held);
+    setAccessibleName(marked_ == 0 ? toQt(words("Slots"))
+                                   : spokenTarget({.slot = marked_, .occupied = loops_.contains(marked_)}));
     update();
 }
 

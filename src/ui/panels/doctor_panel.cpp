@@ -13,6 +13,7 @@
 #include "ui/palette.h"
 #include "ui/picture_view.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 
@@ -37,16 +38,16 @@ constexpr int betweenButtons = 12;
 DoctorPanel::DoctorPanel(QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       area_(new QScrollArea(this)),
-      copy_(addButton("Copy")),
-      report_(addButton("Save Report\u2026")),
-      close_(addButton("Close")) {
+      copy_(addButton(toQt(words("Copy")))),
+      report_(addButton(toQt(words("Save Report\u2026")))),
+      close_(addButton(toQt(words("Close")))) {
     Scale::ofProgram().take(*this);
-    setWindowTitle("Doctor");
+    setWindowTitle(toQt(words("Doctor")));
     dressScrollArea(*area_);
     connect(copy_, &AlertButton::clicked, this, &DoctorPanel::copyPressed);
     connect(report_, &AlertButton::clicked, this, &DoctorPanel::reportPressed);
     connect(close_, &AlertButton::clicked, this, &DoctorPanel::reject);
-    copy_->setAccessibleDescription("Copies what was found, as text");
+    copy_->setAccessibleDescription(toQt(words("Copies what was found, as text")));
     look();
     auto* const ring = new FocusRing(this);
     close_->setFocus(Qt::OtherFocusReason);
@@ -60,19 +61,18 @@ AlertButton* DoctorPanel::addButton(const QString& word) {
 }
 
 void DoctorPanel::look() {
-    say("Looking at the pedal and this computer\u2026");
+    say(toQt(words("Looking at the pedal and this computer\u2026")));
     fill({});
     copy_->setEnabled(false);
 }
 
 void DoctorPanel::setChecks(std::vector<DoctorCheck> checks) {
     const auto good = std::ranges::stable_partition(checks, &DoctorCheck::trouble);  // comes last
-    const auto troubles = static_cast<int>(checks.size() - good.size());
+    const auto troubles = checks.size() - good.size();
     fill(checks);
     copy_->setEnabled(!checks.empty());
-    say(troubles == 0   ? QString("No problems were found")
-        : troubles == 1 ? QString("1 problem was found")
-                        : QString("%1 problems were found").arg(troubles));
+    say(toQt(troubles == 0 ? words("No problems were found")
+                           : words(troubles, "%n problem was found", "%n problems were found")));
 }
 
 /// For a screen reader as well, which reads it when it changes.
@@ -91,7 +91,9 @@ void DoctorPanel::fill(const std::vector<DoctorCheck>& checks) {
         mark->setPicture(check.trouble ? "Status_mark" : "Menu_check");
         mark->setGeometry(check.trouble ? QRect(side, foot, 16, 16) : QRect(side + 2, foot + 2, 12, 12));
         foot = addText(*page, check.sentence, foot, false);
-        sentences_.back()->setAccessibleName((check.trouble ? "Problem: " : "OK: ") + check.sentence);
+        sentences_.back()->setAccessibleName(toQt(check.trouble
+                                                      ? words("Problem: %1", check.sentence.toStdString())
+                                                      : words("OK: %1", check.sentence.toStdString())));
         if (!check.remedy.isEmpty()) {
             foot = addText(*page, check.remedy, foot + 4, true);
         }
@@ -113,7 +115,7 @@ int DoctorPanel::addText(QWidget& page, const QString& text, int top, bool remed
     colors.setColor(QPalette::WindowText, remedy ? creamColor() : KZQWhite());
     label->setPalette(colors);
     if (remedy) {
-        label->setAccessibleName("Run: " + text);
+        label->setAccessibleName(toQt(words("Run: %1", text.toStdString())));
         label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     } else {
         sentences_.push_back(label);

@@ -8,6 +8,7 @@
 #include "ui/dialogs.h"
 #include "ui/panels/accessible_panels.h"
 #include "ui/panels/menu_item_view.h"
+#include "ui/qt_words.h"
 #include "ui_Menu.h"
 
 namespace kzq {
@@ -39,6 +40,8 @@ bool Menu::loadView(QWidget* parent) {
     Ui::Menu ui;
     ui.setupUi(view_);
     view_->setFixedSize(view_->size());
+    view_->setAccessibleName(toQt(words("Menu")));
+    ui.hamburger->setAccessibleName(toQt(words("Close menu")));
     body_ = ui.body;
     ui.hamburger->setFocusPolicy(Qt::NoFocus);
     connect(ui.hamburger, &PictureButton::clicked, this, [this] { controller_.closeMenu(); });
@@ -51,15 +54,14 @@ bool Menu::loadView(QWidget* parent) {
 }
 
 bool Menu::populateSlots(const std::array<QWidget*, 4>& slotViews) {
-    const std::array titles{QStringLiteral("About..."), QStringLiteral("Software Update..."),
-                            QStringLiteral("Firmware Update..."),
-                            QString::fromStdString(websiteLabel(product_))};
+    const std::array titles{words("About..."), words("Software Update..."), words("Firmware Update..."),
+                            websiteLabel(product_)};
     for (std::size_t i = 0; i < items_.size(); ++i) {
         auto item = MenuItem::item();
         if (!item) {
             return false;
         }
-        item->setTitle(titles.at(i));
+        item->setTitle(toQt(titles.at(i)));
         item->setDelegate(this);
         item->view()->setParent(slotViews.at(i));
         connect(item.get(), &MenuItem::hoveredChanged, view_, qOverload<>(&QWidget::update));
@@ -81,8 +83,8 @@ bool Menu::selectsFirmware(Qt::KeyboardModifiers modifiers) {
 }
 
 void Menu::setFirmwareTitle(Qt::KeyboardModifiers modifiers) {
-    firmware().setTitle(selectsFirmware(modifiers) ? QStringLiteral("Select Firmware...")
-                                                   : QStringLiteral("Firmware Update..."));
+    firmware().setTitle(
+        toQt(selectsFirmware(modifiers) ? words("Select Firmware...") : words("Firmware Update...")));
 }
 
 void Menu::hoverOnly(const MenuItem* item) {
@@ -115,8 +117,8 @@ void Menu::itemClicked(MenuItem& item) {
 
 void Menu::selectFirmware() {
     auto& controller = controller_;  // the menu may be destroyed once the choice is made
-    const auto chosen =
-        dialogs_.chooseFile("Choose a firmware file for the pedal", {"Firmware files", {"bin"}});
+    const auto chosen = dialogs_.chooseFile(words("Choose a firmware file for the pedal"),
+                                            {words("Firmware files"), {"bin"}});
     if ((chosen.answer == panelOk || chosen.answer == panelContinue) && !chosen.path.empty()) {
         controller.installFirmware(chosen.path);
     }

@@ -14,6 +14,7 @@
 #include "ui/palette.h"
 #include "ui/panels/accessible_panels.h"
 #include "ui/panels/label_style.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/view_width.h"
 #include "ui_Progress.h"
@@ -68,6 +69,8 @@ Progress::Progress(std::function<void()> cancelTransfer)
     styleLabel(*ui.subtitleField, KZQWhite(), textFont());
     styleLabel(*ui.timeField, creamColor(), textFont());
     styleLabel(*ui.footerField, creamColor(), textFont());
+    ui.total->setAccessibleName(toQt(words("Transferred")));
+    ui.Cancel->setAccessibleName(toQt(words("Cancel")));
     ui.leftReel->setPicture(QStringLiteral("Progress_reel"));
     ui.rightReel->setPicture(QStringLiteral("Progress_reel"));
     connect(ui.Cancel, &LowerButton::clicked, this, &Progress::cancel);
@@ -146,9 +149,9 @@ void Progress::showFraction(double fraction) {
     if (parts_->total) {
         parts_->total->setValue(static_cast<int>(std::min<std::uint64_t>(percent, 100)));
     }
-    setFooter(QStringLiteral(u"%1 of %2 – %3%")
-                  .arg(amount(done, done == 0 ? totalUnits_ : unitOf(done)), amount(totalBytes_, totalUnits_),
-                       QString::number(percent)));
+    setFooter(
+        toQt(words("%1 of %2 \u2013 %3%", amount(done, done == 0 ? totalUnits_ : unitOf(done)).toStdString(),
+                   amount(totalBytes_, totalUnits_).toStdString(), percent)));
 }
 
 void Progress::placeOver(QWidget& mainWindow) {

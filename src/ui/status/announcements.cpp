@@ -5,20 +5,21 @@
 #include <utility>
 
 #include "platform/log.h"
+#include "words/words.h"
 
 namespace kzq {
 
 std::string Announcement::sentence() const {
-    return why.empty() ? what : what + ": " + why;
+    return why.empty() ? what : words("%1: %2", what, why);
 }
 
 std::string Announcement::rest() const {
     if (why.empty()) {
         return detail;
     }
-    auto reason = why + ".";
+    auto reason = words("%1.", why);
     reason.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(reason.front())));
-    return detail.empty() ? reason : reason + " " + detail;
+    return detail.empty() ? reason : words("%1 %2", reason, detail);
 }
 
 Announcements::Announcements(Executor& executor, WallClock clock)

@@ -12,6 +12,7 @@
 #include "ui/fonts.h"
 #include "ui/handle_scroll_bar.h"
 #include "ui/palette.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 #include "ui/status/chevron.h"
@@ -46,7 +47,7 @@ QPainterPath shape(const QRectF& bounds, double inset) {
 
 OutcomeList::OutcomeList(QWidget* window) : QWidget(window), area_(new QScrollArea(this)) {
     setFocusPolicy(Qt::ClickFocus);
-    setAccessibleName("Recent results");
+    setAccessibleName(toQt(words("Recent results")));
     dressScrollArea(*area_);
     new FocusRing(this);
     hide();
@@ -225,7 +226,7 @@ void OutcomeList::paintEvent(QPaintEvent* /*event*/) {
     if (rows_.empty()) {
         painter.setType(textFont());
         painter.setPen(KZQGray());
-        painter.write(QPointF(16, tabHeight + 29), "Nothing has happened yet.");
+        painter.write(QPointF(16, tabHeight + 29), toQt(words("Nothing has happened yet.")));
     }
 }
 

@@ -9,6 +9,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 #include "ui/status/status_look.h"
@@ -55,7 +56,7 @@ OutcomeRow::OutcomeRow(const Announcement& announcement, bool last, int width, Q
       copy_(new StatusLink(this)) {
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(spoken());
-    copy_->setWord("Copy");
+    copy_->setWord(toQt(words("Copy")));
     connect(copy_, &StatusLink::clicked, this, [this] { QGuiApplication::clipboard()->setText(text()); });
     if (!announcement.actionLabel.empty()) {
         remedy_ = new StatusLink(this);
@@ -77,12 +78,14 @@ OutcomeRow::OutcomeRow(const Announcement& announcement, bool last, int width, Q
 }
 
 QString OutcomeRow::spoken() const {
-    const QString rest = detail_.isEmpty() ? QString() : " " + detail_;
-    return time_ + (failure_ ? ", failed, " : ", ") + sentence_ + "." + rest;
+    const auto time = time_.toStdString();
+    const auto sentence = sentence_.toStdString();
+    return toQt(inARow(failure_ ? words("%1, failed, %2.", time, sentence) : words("%1, %2.", time, sentence),
+                       detail_.toStdString()));
 }
 
 QString OutcomeRow::text() const {
-    return time_ + " " + sentence_ + "." + (detail_.isEmpty() ? QString() : " " + detail_);
+    return toQt(inARow(words("%1 %2.", time_.toStdString(), sentence_.toStdString()), detail_.toStdString()));
 }
 
 int OutcomeRow::lastOfSentence() const {

@@ -4,6 +4,7 @@
 #include <QMenuBar>
 
 #include "ui/focus_ring.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/status/accessible_status.h"
 #include "ui/status/status_look.h"
@@ -27,7 +28,7 @@ StatusLine::StatusLine(QMenuBar* bar)
       words_(new SpokenWords(this)) {
     installAccessibleStatus();
     new FocusRing(this);
-    link_->setWord("Show");
+    link_->setWord(toQt(kzq::words("Show")));
     link_->hide();
     bar->installEventFilter(this);
     for (auto* const part : {static_cast<QWidget*>(sentence_), static_cast<QWidget*>(link_)}) {
@@ -137,15 +138,11 @@ void StatusLine::showLine() {
 }
 
 void StatusLine::speak(const Announcement& announcement) {
-    auto words = QString::fromStdString(announcement.sentence());
-    if (announcement.failure) {
-        words.prepend("Failed: ");
-    }
-    words += ".";
-    if (!announcement.actionLabel.empty()) {
-        words += " " + QString::fromStdString(announcement.actionLabel) + ", button.";
-    }
-    words_->say(words);
+    const auto sentence = announcement.sentence();
+    const auto& action = announcement.actionLabel;
+    words_->say(
+        toQt(inARow(announcement.failure ? kzq::words("Failed: %1.", sentence) : kzq::words("%1.", sentence),
+                    action.empty() ? "" : kzq::words("%1, button.", action))));
 }
 
 void StatusLine::hold() {

@@ -8,6 +8,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 #include "ui/spoken.h"
@@ -29,7 +30,7 @@ const QColor plate(0x4C, 0x2E, 0x2E);
 StatusSentence::StatusSentence(QWidget* parent) : KeyButton(parent) {
     setProperty("focusRingRadius", 4);
     setFont(textFont(status::words));
-    setAccessibleDescription("Shows the recent results");
+    setAccessibleDescription(toQt(words("Shows the recent results")));
 }
 
 void StatusSentence::show(const Announcements::Line& line, int left, int right, int linkWidth) {
@@ -43,13 +44,14 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     const int besides = edge + marked + (linkWidth > 0 ? linkGap + linkWidth : 0) + status::chevronRoom;
     const int room = right - left - besides;
     shown_ = cutText(sentence_, QFontMetricsF(fontOnScreen(type)), room * scale, Qt::LeftToRight);
-    const int words = std::min(room, static_cast<int>(std::ceil(advanceOf(shown_, type))));
-    place(*this, {right - besides - words, (placeOf(*parentWidget()).height() - status::height) / 2,
-                  besides + words, status::height});
+    const int width = std::min(room, static_cast<int>(std::ceil(advanceOf(shown_, type))));
+    place(*this, {right - besides - width, (placeOf(*parentWidget()).height() - status::height) / 2,
+                  besides + width, status::height});
     setToolTip(shown_ == sentence_ ? QString() : sentence_);
-    const auto said = line.said.empty() ? sentence_ : QString::fromStdString(line.said);
-    callIt(*this, sentence_.isEmpty() ? QString("Recent results")
-                                      : (kind_ == Announcements::Kind::failure ? "Failed: " : "") + said);
+    const auto& said = line.said.empty() ? line.sentence : line.said;
+    callIt(*this, toQt(sentence_.isEmpty()                     ? words("Recent results")
+                       : kind_ == Announcements::Kind::failure ? words("Failed: %1", said)
+                                                               : said));
     update();
 }
 

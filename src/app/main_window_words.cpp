@@ -1,0 +1,35 @@
+// What the window shows without having been told anything, and what its parts are called.
+
+#include "app/main_window.h"
+#include "ui/qt_words.h"
+
+namespace kzq {
+
+void MainWindow::nameParts() {
+    setWindowTitle("7306 Loop Manager");
+    ui_.emptyHeadline->setText(toQt(words("Plug in your 7306")));
+    ui_.emptyAdvice->setText(toQt(
+        words("Connect the pedal to this computer\nby USB and switch it on.\nIts loops will appear here.")));
+    ui_.emptyNoteHeadline->setText(toQt(words("No pedal connected")));
+    ui_.emptyNoteText->setText(toQt(words("Its free space shows here.")));
+    ui_.warningText->setText(toQt(words("Slots marked like this will\nreplace loops on the pedal.")));
+    ui_.importTabButton->setWords({toQt(words("Import")), toQt(words("pedal to computer"))});
+    ui_.exportTabButton->setWords({toQt(words("Export")), toQt(words("computer to pedal"))});
+    ui_.menuButton->setToolTip(toQt(words("Menu")));
+
+    const auto call = [](QWidget* part, const std::string& name) { part->setAccessibleName(toQt(name)); };
+    call(ui_.tabs->widget(0), words("Import"));
+    call(ui_.tabs->widget(1), words("Export"));
+    call(selectAllButton(), words("Select all loops"));
+    call(deselectAllButton(), words("Deselect all loops"));
+    call(eraseButton(), words("Erase"));
+    call(importButton(), words("Import"));
+    call(exportButton(), words("Export"));
+    call(ui_.tabList, words("Direction"));
+    call(ui_.importTabButton, words("Import tab, pedal to computer"));
+    call(ui_.exportTabButton, words("Export tab, computer to pedal"));
+    call(ui_.menuButton, words("Menu"));
+    call(ui_.meter, words("Space in use"));
+}
+
+}  // namespace kzq
