@@ -46,10 +46,12 @@ void drawDropSign(ScaledPainter& painter, const QRectF& bounds, double nameLeft,
     painter.setPen(wordsColour);
     double left = bounds.left() + wordsRight;
     if (!sign.refusal.isEmpty()) {
+        painter.fitType(sign.refusal, bounds.width() / 3);
         left -= std::round(painter.advance(sign.refusal));
         painter.write(QPointF(left, wordsBaseline), sign.refusal);
         left -= std::round(painter.advance(QString(QLatin1Char(' '))));
     }
+    painter.setType(textFont(wordsPixels));
     drawFigures(painter, left, wordsBaseline, sign.length);
     left -= figuresWidth(sign.length);
     painter.setType(textFont());

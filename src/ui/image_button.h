@@ -15,8 +15,8 @@ class ImageButton : public KeyButton {
 
     /// Name of the picture for the present state; empty draws nothing.
     virtual QString pictureName() const = 0;
-    /// The word in that picture, in the user's language.
-    virtual QString word() const = 0;
+    /// The word in that picture, in the user's language; empty if there is none.
+    virtual QString word() const { return {}; }
 
   protected:
     /// The left button is pressed, dragged, released. `inside`: whether the pointer is inside.

@@ -53,7 +53,7 @@ double writeInPlace(ScaledPainter& painter, const PictureWord& place, const QStr
 
 }  // namespace
 
-const std::vector<PictureWord>& wordsIn(const QString& picture) {
+std::vector<PictureWord> wordsIn(const QString& picture) {
     static QHash<QString, std::vector<PictureWord>> known;
     auto found = known.constFind(picture);
     if (found == known.constEnd()) {
@@ -65,8 +65,8 @@ const std::vector<PictureWord>& wordsIn(const QString& picture) {
 }
 
 void drawWorded(QWidget& widget, const QString& picture, const QStringList& words, const QColor& tint) {
-    const auto& places = wordsIn(picture);
-    if (std::ranges::equal(places, words, {}, &PictureWord::english)) {
+    const auto places = wordsIn(picture);
+    if (places.empty() || words.empty() || std::ranges::equal(places, words, {}, &PictureWord::english)) {
         QPainter painter(&widget);
         drawPicture(painter, picture, widget.rect(), tint);
         return;

@@ -22,10 +22,10 @@ struct PictureWord {
 };
 
 /// In the order in which they are drawn.
-const std::vector<PictureWord>& wordsIn(const QString& picture);
+std::vector<PictureWord> wordsIn(const QString& picture);
 
 /// Draws the picture over the widget, at the size at which it is shown, with `words` in the place of its own:
-/// if they are the same, as it is. A word that is too long is set smaller.
+/// if there are none or they are the same, as it is. A word that is too long is set smaller.
 void drawWorded(QWidget& widget, const QString& picture, const QStringList& words, const QColor& tint = {});
 
 }  // namespace kzq

@@ -46,8 +46,11 @@ QByteArray partOf(const QByteArray& svg, PicturePart part) {
         if (reader.isStartElement() && shape &&
             (part == PicturePart::mark ? kind != u"mark" : !kind.isEmpty())) {
             reader.skipCurrentElement();
-        } else if (reader.isStartElement() || reader.isEndElement()) {
-            writer.writeCurrentToken(reader);
+        } else if (reader.isStartElement()) {
+            writer.writeStartElement(name.toString());
+            writer.writeAttributes(reader.attributes());
+        } else if (reader.isEndElement()) {
+            writer.writeEndElement();
         }
     }
     return result;

@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "ui/cut_text.h"
 #include "ui/scale.h"
@@ -13,6 +14,13 @@ namespace kzq {
 namespace {
 
 constexpr double thickestLine = 2;
+
+constexpr int smallestType = 8;
+
+ScaledPainter::Watcher& watcher() {
+    static ScaledPainter::Watcher one;
+    return one;
+}
 
 /// How a painter's coordinates become pixels of the device, in one direction.
 struct Direction {
@@ -89,13 +97,44 @@ void ScaledPainter::setType(const QFont& given) {
 }
 
 void ScaledPainter::fitType(const QString& text, double room) {
-    constexpr int smallestType = 8;
     while (given_.pixelSize() > smallestType && advance(text) > room) {
         given_.setPixelSize(given_.pixelSize() - 1);
     }
 }
 
+void ScaledPainter::fitType(const QSizeF& room, int flags, const QString& text) {
+    const auto fits = [&] {
+        const auto size = sizeOf(room * size_, flags, text);
+        return size.width() <= room.width() * size_ && size.height() <= room.height() * size_;
+    };
+    while (given_.pixelSize() > smallestType && !fits()) {
+        given_.setPixelSize(given_.pixelSize() - 1);
+    }
+}
+
+QFont ScaledPainter::realType() const {
+    return size_ == 1 ? given_ : fontOnScreen(given_);
+}
+
+/// In pixels of the screen.
+QSizeF ScaledPainter::sizeOf(const QSizeF& box, int flags, const QString& text) const {
+    return QFontMetricsF(realType()).boundingRect(QRectF({}, box), flags, text).size();
+}
+
+void ScaledPainter::setWatcher(Watcher watcher) {
+    kzq::watcher() = std::move(watcher);
+}
+
+void ScaledPainter::writeWithin(const QPointF& baseline, const QString& text, double room) {
+    fitType(text, room);
+    write(baseline, text);
+}
+
 void ScaledPainter::write(const QPointF& baseline, const QString& text) {
+    if (watcher()) {
+        const auto left = transform().map(baseline).x();
+        watcher()(text, left > -1 && left + advance(text) * size_ < device()->width() + 1);
+    }
     if (size_ == 1) {
         setFont(given_);
         drawText(baseline, text);
@@ -110,6 +149,10 @@ void ScaledPainter::write(const QPointF& baseline, const QString& text) {
 }
 
 void ScaledPainter::write(const QRectF& box, int flags, const QString& text) {
+    if (watcher()) {
+        const auto size = sizeOf(box.size() * size_, flags, text);
+        watcher()(text, size.width() < box.width() * size_ + 1 && size.height() < box.height() * size_ + 1);
+    }
     if (size_ == 1) {
         setFont(given_);
         drawText(box, flags, text);
@@ -129,7 +172,7 @@ double ScaledPainter::advance(const QString& text) const {
 
 void ScaledPainter::writeName(const QPointF& baseline, const QString& name, double room) {
     const auto direction = name.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
-    const QFontMetricsF metrics(size_ == 1 ? given_ : fontOnScreen(given_));
+    const QFontMetricsF metrics(realType());
     const auto before = layoutDirection();
     setLayoutDirection(direction);
     write(baseline, cutText(name, metrics, room * size_, direction));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPainter>
+#include <functional>
 
 namespace kzq {
 
@@ -21,8 +22,11 @@ class ScaledPainter : public QPainter {
     void setType(const QFont& given);
     /// Makes it smaller until `text` takes no more than `room`, but not so small that it cannot be read.
     void fitType(const QString& text, double room);
+    void fitType(const QSizeF& room, int flags, const QString& text);
     void write(const QPointF& baseline, const QString& text);
     void write(const QRectF& box, int flags, const QString& text);
+    /// In smaller type if it takes more than `room`.
+    void writeWithin(const QPointF& baseline, const QString& text, double room);
     /// From the left on, in the direction in which the name is read, and cut at its end after `room` pixels.
     void writeName(const QPointF& baseline, const QString& name, double room);
     /// In the font of `write`, in pixels of 100 %.
@@ -33,7 +37,14 @@ class ScaledPainter : public QPainter {
     QRectF sharp(const QRectF& rect) const;
     void fill(const QRectF& rect, const QColor& color) { fillRect(sharp(rect), color); }
 
+    /// Sees each text that is written from now on, and whether it has the room for it; empty: nobody does.
+    using Watcher = std::function<void(const QString& text, bool fits)>;
+    static void setWatcher(Watcher watcher);
+
   private:
+    QFont realType() const;
+    QSizeF sizeOf(const QSizeF& box, int flags, const QString& text) const;
+
     double size_;
     QRectF bounds_;
     QFont given_;

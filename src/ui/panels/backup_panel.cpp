@@ -55,7 +55,7 @@ class FolderLink : public KeyButton {
         ScaledPainter painter(this);
         painter.setType(textFont());
         painter.setPen(color);
-        painter.write(QPointF(0, otherBaseline), text());
+        painter.writeWithin(QPointF(0, otherBaseline), text(), painter.bounds().width());
         painter.fill(QRectF(0, otherBaseline + 2, painter.advance(text()), 1), color);
     }
 };
@@ -219,7 +219,7 @@ void BackupPanel::paintEvent(QPaintEvent* /*event*/) {
     paintCounts(painter);
     if (!restores) {
         painter.setPen(KZQGray());
-        painter.write(finePrintAt, toQt(words("Loops that are the same are not copied twice.")));
+        painter.writeWithin(finePrintAt, toQt(words("Loops that are the same are not copied twice.")), countsRoom);
     }
 }
 

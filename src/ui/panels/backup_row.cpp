@@ -130,7 +130,7 @@ void BackupRow::paintWords(ScaledPainter& painter) const {
     painter.setPen(words);
     drawFigures(painter, loopLengthEnd, fieldBaseline, shown_.length);
     painter.setPen(look == Look::erased ? KZQRed() : look == Look::damaged ? KZQYellow() : words);
-    painter.write(QPointF(wordsX, fieldBaseline), shown_.words);
+    painter.writeWithin(QPointF(wordsX, fieldBaseline), shown_.words, slotField.width() - wordsX);
 }
 
 }  // namespace kzq

@@ -28,6 +28,7 @@ constexpr QRect list(32, 104, 604, 192);
 constexpr int listRowPitch = 32;
 constexpr QRect blank(140, 132, 360, 136);
 constexpr int headlineX = 92;
+constexpr int bringBackHeadRoom = 540;
 constexpr QPoint keepAt(32, 330);
 constexpr QRect declineFrame(348, 332, 112, 40);
 constexpr QRect acceptFrame(472, 332, 136, 40);
@@ -247,22 +248,27 @@ void BringBack::paintEvent(QPaintEvent* /*event*/) {
     drawPicture(painter, "Bring_back_panel", painter.bounds());
     painter.setType(textFont(15));
     painter.setPen(KZQWhite());
-    painter.write(QPointF(headlineX, 40), toQt(words("Bring back loops that were erased or replaced")));
+    painter.writeWithin(QPointF(headlineX, 40), toQt(words("Bring back loops that were erased or replaced")),
+                        bringBackHeadRoom);
     painter.setType(textFont());
     painter.setPen(KZQGray());
-    painter.write(QPointF(headlineX, 60), summary());
+    painter.writeWithin(QPointF(headlineX, 60), summary(), bringBackHeadRoom);
     painter.setType(textFont(12));
-    painter.write(QPointF(60, 366), keepLine());
+    painter.writeWithin(QPointF(60, 366), keepLine(), declineFrame.x() - 60);
     if (rows_.empty()) {
         drawPicture(painter, "Bring_back_blank", blank);
         painter.setPen(KZQWhite());
         painter.setType(firaSans(FiraWeight::light, 20).value_or(textFont(20)));
+        const auto nothing = toQt(words("Nothing to bring back"));
+        painter.fitType(nothing, blank.width() - 40);
         painter.write(QRect(blank.x(), blank.y() + 38, blank.width(), 28), Qt::AlignHCenter | Qt::AlignTop,
-                      toQt(words("Nothing to bring back")));
+                      nothing);
         painter.setType(textFont());
         painter.setPen(creamColor());
-        painter.write(QRect(blank.x() + 70, blank.y() + 73, blank.width() - 140, 40),
-                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, notice());
+        const QRect lines(blank.x() + 70, blank.y() + 73, blank.width() - 140, 40);
+        constexpr int middle = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+        painter.fitType(lines.size(), middle, notice());
+        painter.write(lines, middle, notice());
     }
 }
 

@@ -215,7 +215,8 @@ void BringBackRow::paintEvent(QPaintEvent* /*event*/) {
     painter.write(QPointF(nameX, rowBaseline), QString("Loop %1").arg(copy_.slot));
     painter.setType(textFont(12));
     painter.setPen(cream(on() ? wordsOnTape : resting));
-    painter.write(QPointF(fateX, rowBaseline), copy_.fate);
+    painter.writeWithin(QPointF(fateX, rowBaseline), copy_.fate, waveX - fateX);
+    painter.setType(textFont(12));
     if (heard()) {
         painter.setPen(cream(1));
     }
@@ -249,6 +250,7 @@ void BringBackRow::drawTarget(ScaledPainter& painter, double resting) const {
     painter.setType(on() ? firaSans(FiraWeight::medium, 12).value_or(textFont(12)) : textFont(12));
     painter.setPen(color);
     const auto word = on() ? QString::number(target_.slot) : toQt(words("to %1", target_.slot));
+    painter.fitType(word, wordEnd - leaderX);
     painter.write(QPointF(wordEnd - painter.advance(word), rowBaseline), word);
     painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{{chevronX - 4, 12}, {chevronX, 16}, {chevronX + 4, 12}});

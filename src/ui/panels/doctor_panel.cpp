@@ -157,7 +157,7 @@ void DoctorPanel::paintEvent(QPaintEvent* /*event*/) {
     painter.fill(placeOf(*area_), trayColor());
     painter.setType(textFont(15));
     painter.setPen(KZQWhite());
-    painter.write(QPointF(side, 37), headline_);
+    painter.writeWithin(QPointF(side, 37), headline_, doctorWidth - 2 * side);
 }
 
 }  // namespace kzq

@@ -226,7 +226,8 @@ void OutcomeList::paintEvent(QPaintEvent* /*event*/) {
     if (rows_.empty()) {
         painter.setType(textFont());
         painter.setPen(KZQGray());
-        painter.write(QPointF(16, tabHeight + 29), toQt(words("Nothing has happened yet.")));
+        painter.writeWithin(QPointF(16, tabHeight + 29), toQt(words("Nothing has happened yet.")),
+                            listWidth - 32);
     }
 }
 
