@@ -49,7 +49,7 @@ QString lengthText(int seconds) {
     return QString("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar('0'));
 }
 
-std::string spoken(int seconds) {
+std::string lengthInWords(int seconds) {
     return spokenLength({static_cast<std::uint64_t>(seconds) * framesPerSecond});
 }
 
@@ -153,8 +153,8 @@ void BringBackRow::setSound(const BringBackSound& sound) {
     const auto before = std::exchange(sound_, sound);
     if (before.on != sound.on || ring_->accessibleName().isEmpty()) {
         const auto name = QString("Loop %1").arg(copy_.slot).toStdString();
-        ring_->setAccessibleName(
-            toQt(sound.on ? words("Stop %1", name) : words("Play %1, %2", name, spoken(copy_.seconds))));
+        ring_->setAccessibleName(toQt(sound.on ? words("Stop %1", name)
+                                               : words("Play %1, %2", name, lengthInWords(copy_.seconds))));
         ring_->update();
     }
     ring_->setToolTip(sound.trouble);
@@ -183,7 +183,7 @@ bool BringBackRow::eventFilter(QObject* watched, QEvent* event) {
 
 QString BringBackRow::spoken() const {
     return toQt(words("%1, %2, %3, %4", QString("Loop %1").arg(copy_.slot).toStdString(),
-                      copy_.fate.toStdString(), kzq::spoken(copy_.seconds),
+                      copy_.fate.toStdString(), lengthInWords(copy_.seconds),
                       spokenTarget(target_).toStdString()));
 }
 

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+
+#include "app/backing_up_rows.h"
+#include "app/main_window.h"
+#include "app/menu_bar.h"
+#include "app/window_size.h"
+#include "gallery/bystanders.h"
+#include "loops/capacity.h"
+#include "slots/slot.h"
+#include "ui/alert_panel.h"
+#include "ui/panels/about.h"
+#include "ui/panels/about_window.h"
+#include "ui/panels/bring_back.h"
+#include "ui/panels/doctor_panel.h"
+#include "ui/panels/menu.h"
+#include "ui/panels/menu_view.h"
+#include "ui/panels/progress.h"
+#include "ui/qt_words.h"
+#include "ui/scale.h"
+#include "ui/scaled_painter.h"
+#include "ui/status/status_line.h"
+
+namespace kzq {
+namespace {
+
+/// A language in which every text is a third longer, accented, and in brackets: "[Ṕľáý %1 ~~]".
+std::string stretched(const Text& text) {
+    static const QRegularExpression pattern("^(C|[dMyHm ,:]+|(%\\w|\\W)*)$");  // of days, of punctuation
+    const auto english = QString::fromUtf8(text.one != nullptr && text.count == 1 ? text.one : text.english);
+    if (pattern.match(english).hasMatch()) {
+        return english.toStdString();
+    }
+    const QString plain("aceilnorsuyACEILNORSUY");
+    const QString accented("áćéíľńóŕšúýÁĆÉÍĽŃÓŔŠÚÝ");
+    QString longer("[");
+    for (qsizetype at = 0; at < english.size(); ++at) {
+        const bool kept = at > 0 && (english[at - 1] == '%' || english[at - 1] == '&');
+        const auto letter = kept ? -1 : plain.indexOf(english[at]);
+        longer += letter < 0 ? english[at] : accented[letter];
+    }
+    return (longer + " " + QString((english.size() + 3) / 3, '~') + "]").toStdString();
+}
+
+/// What is wrong with a text that should have been looked up as a whole; sentences and lists may follow each
+/// other. Numbers, names of loops and of the product are in no language.
+QString faultOf(QString text) {
+    static const QRegularExpression free("Loop \\d+|7306 Loop Manager|\\d+ (B|KB|MB)|www\\.\\S+|\\.\\w+");
+    text.remove(free);
+    int depth = 0;
+    QChar before = ' ';  // the last sign of the last pair, but for what makes it longer
+    bool beside = false;
+    for (const auto sign : text) {
+        if (sign == '[') {
+            if (depth++ == 0 && beside && before != '.' && before != u'…') {
+                return "is put together";
+            }
+        } else if (sign == ']') {
+            beside = --depth == 0;
+        } else if (depth <= 0 && sign.isLetter()) {
+            return "is not looked up";
+        } else if (depth > 0 && sign != '~' && sign != ' ') {
+            before = sign;
+        } else if (depth == 0 && sign != ' ') {
+            beside = false;
+        }
+    }
+    return depth == 0 ? QString() : "is cut";
+}
+
+class Languages : public testing::TestWithParam<int> {
+  protected:
+    Languages() {
+        setCatalogue(stretched);
+        ScaledPainter::setWatcher([this](const QString& text, bool fits) {
+            ++painted;
+            EXPECT_TRUE(fits) << text.toStdString();
+            const bool part =
+                text.contains('[') || text.contains(']') || text.contains('~');  // a line of more
+            EXPECT_TRUE(part || faultOf(text).isEmpty()) << text.toStdString();
+        });
+        Scale::ofProgram().setSize(GetParam() / 100.0);
+    }
+    ~Languages() override {
+        ScaledPainter::setWatcher({});
+        setCatalogue({});
+        Scale::ofProgram().setSize(1);
+    }
+
+    void look(const QString& text, const QWidget& widget) {
+        texts += text.isEmpty() ? 0 : 1;
+        EXPECT_EQ(faultOf(text), QString())
+            << widget.metaObject()->className() << " \"" << widget.objectName().toStdString()
+            << "\": " << text.toStdString();
+    }
+    void lookAt(QWidget& widget) {
+        auto* const told = QAccessible::queryAccessibleInterface(&widget);
+        for (const auto kind : {QAccessible::Name, QAccessible::Description, QAccessible::Value}) {
+            look(told != nullptr ? told->text(kind) : QString(), widget);
+        }
+        look(widget.toolTip(), widget);
+        if (const auto* const label = qobject_cast<const QLabel*>(&widget);
+            label && !label->text().isEmpty()) {
+            const bool rich = label->text().startsWith('<');
+            look(rich ? QString() : label->text(), widget);
+            const auto wanted =
+                label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+            EXPECT_LE(wanted.width(), label->width()) << label->text().toStdString();
+            EXPECT_LE(wanted.height(), label->height() + (rich ? 1 : 0)) << label->text().toStdString();
+        }
+    }
+    /// All that can be seen in it.
+    void lookInto(QWidget& window) {
+        window.setAttribute(Qt::WA_DontShowOnScreen);
+        window.show();
+        look(window.windowTitle(), window);
+        for (auto* const widget : window.findChildren<QWidget*>()) {
+            if (widget->isVisible() && !widget->objectName().startsWith("qt_")) {
+                lookAt(*widget);
+            }
+        }
+        EXPECT_FALSE(window.grab().isNull());
+    }
+
+    int painted = 0;
+    int texts = 0;
+    gallery::StillApplication application;
+    gallery::StillDialogs dialogs;
+    gallery::StillExecutor executor;
+    gallery::StillRows delegate;
+    Product product{"2.1.0", "https://www.kzq.example/"};
+};
+
+INSTANTIATE_TEST_SUITE_P(Percent, Languages, testing::Values(75, 100, 200));
+
+TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
+    MainWindow window;
+    window.sizeOnScreen().set(GetParam());
+    std::vector<std::unique_ptr<Slot>> rows;
+    for (std::uint8_t number = 1; number <= 20; ++number) {
+        for (const auto context : {Slot::importContext, Slot::exportContext}) {
+            const QString place(context == Slot::importContext ? "import slot %1" : "export slot %1");
+            auto row =
+                Slot::slotNumber(number, context, application, window.findChild<QWidget*>(place.arg(number)));
+            row->setDelegate(&delegate);
+            row->setOccupied(number % 2 == 1);
+            row->setTempo(120);
+            if (number % 4 == 1) {
+                row->setLength({framesPerSecond * 8});
+                row->setSound({.ring = RowSound::Ring::playing, .position = 0.5, .compares = true});
+                row->setExporting(QUrl("file:///1.wav"));
+            }
+            row->refresh();
+            rows.push_back(std::move(row));
+        }
+    }
+    rows[5]->setDropSign(DropSign{DropSign::Kind::refused, "1", "22:40", toQt(words("not readable"))});
+    MenuBarActions actions;
+    actions.backUp = actions.restore = [] {};
+    fillMenuBar(*window.menuBar(), actions);
+    for (auto* const action : window.menuBar()->findChildren<QAction*>()) {
+        EXPECT_EQ(faultOf(action->text().section('\t', 0, 0)), QString()) << action->text().toStdString();
+    }
+    lookInto(window);
+    EXPECT_FALSE(window.menuBar()->findChild<QWidget*>("qt_menubar_ext_button")->isVisible());
+    window.showMeter(true);
+    window.meterCaption()->setText(toQt(meterCaption(framesPerSecond)));
+    window.setRemedy({});
+    window.showTab(1);
+    window.warning()->show();
+    for (auto* const button : window.findChildren<QAbstractButton*>()) {
+        button->setEnabled(true);
+    }
+    const auto announcements = std::make_shared<Announcements>(executor, &std::chrono::system_clock::now);
+    window.statusLine().setAnnouncements(announcements);
+    announcements->tell({.what = words("Nothing was restored"),
+                         .why = words("its file could not be read"),
+                         .detail = words("Unplug it."),
+                         .failure = true,
+                         .actionLabel = words("Try again")});
+    window.statusLine().openList(Qt::MouseFocusReason);
+    const auto menu = Menu::menu(application, dialogs, window.contentView(), product);
+    menu->view()->show();
+    lookInto(window);
+    menu->view()->hide();
+    window.addShield();
+    window.offerStop([] {});
+    lookInto(window);
+    EXPECT_GT(texts, 400);
+    EXPECT_GT(painted, 60);
+}
+
+TEST_P(Languages, ThePanelsShowNothingButTranslations) {
+    AlertPanel alert(yesOrNoAlertWithHeadline(words("Erased loop audio cannot be restored. Would you like to "
+                                                    "continue?"),
+                                              words("Please connect your device and try again.")));
+    lookInto(alert);
+    DoctorPanel doctor(nullptr);
+    lookInto(doctor);
+    doctor.setChecks({{true, toQt(words("Unplug it.")), "1"}, {false, toQt(words("Unplug it."))}});
+    lookInto(doctor);
+    BringBack bringBack(nullptr);
+    lookInto(bringBack);
+    bringBack.setLoops(std::set{3U});
+    bringBack.setCopies(
+        {{.slot = 3, .fate = toQt(words("replaced yesterday %1", "21:15")), .seconds = 42, .on = true},
+         {.slot = 5, .fate = toQt(words("erased today %1", "14:02")), .seconds = 70}},
+        "312 MB");
+    lookInto(bringBack);
+    for (const auto kind : {BackupPanel::Kind::restore, BackupPanel::Kind::backUp}) {
+        BackupComparison shown{.changes = {}, .pedalKnown = true, .erases = true};
+        for (const auto slot : allSlots()) {
+            shown.changes.push_back({.slot = slot,
+                                     .kind = static_cast<BackupChange::Kind>(slot.number() % 7),
+                                     .onPedal = Frames{framesPerSecond * 58},
+                                     .inBackup = Frames{framesPerSecond * 8}});
+        }
+        BackupPanel panel(kind, nullptr);
+        panel.setOffers({toQt(words("no backup yet"))}, {}, 0);
+        panel.setSlots(rowsOf(kind, shown));
+        panel.setCounts(countsOf(kind, shown));
+        panel.setReady(true, {}, {});
+        lookInto(panel);
+    }
+    const auto progress = Progress::progress([] {});
+    progress->setTotalBytes(212'000'000);
+    progress->setPercent(0.41);
+    lookInto(progress->window());
+    const auto about = About::about(
+        application, executor, dialogs, [] { return std::optional<std::string>("1.05"); }, product);
+    lookInto(about->window());
+    EXPECT_GT(texts, 100);
+}
+
+}  // namespace
+}  // namespace kzq
