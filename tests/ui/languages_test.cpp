@@ -21,6 +21,7 @@
 #include "ui/panels/menu.h"
 #include "ui/panels/menu_view.h"
 #include "ui/panels/progress.h"
+#include "ui/picture_button.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
@@ -193,6 +194,19 @@ TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
     lookInto(window);
     EXPECT_GT(texts, 400);
     EXPECT_GT(painted, 60);
+}
+
+TEST(PictureWords, NothingOfTheEnglishOnesIsLeftUnderOthers) {
+    PictureButton tab;
+    tab.setPicture("Menu_Import_On");
+    tab.setWords({" ", " "});
+    tab.resize(208, 56);
+    const auto empty = tab.grab(QRect(98, 12, 104, 40)).toImage();
+    auto plain = empty;
+    plain.fill(empty.pixel(0, 0));
+    EXPECT_EQ(empty, plain);
+    tab.setWords({"Import", "pedal to computer"});
+    EXPECT_NE(tab.grab(QRect(98, 12, 104, 40)).toImage(), plain);
 }
 
 TEST_P(Languages, ThePanelsShowNothingButTranslations) {
