@@ -31,7 +31,7 @@ std::string factsOf(const FirmwareImage& image, const FirmwareUpdates& updates) 
     const auto newest = updates.isNewest(image);
     const auto known = SHA256String(image);
     const auto digest = known ? *known : words("unknown");
-    return inARow(words(image.size(), "%n byte, SHA-256 %1.", "%n bytes, SHA-256 %1.", digest),
+    return inTurn(words(image.size(), "%n byte, SHA-256 %1.", "%n bytes, SHA-256 %1.", digest),
                   !newest   ? words("Whether it is the maker's newest firmware is not known.")
                   : *newest ? words("It is the maker's newest firmware.")
                             : words("It is not the maker's newest firmware, %1.", updates.news().newest));
@@ -188,7 +188,7 @@ class Installation {
 
     void tell(Told told) {
         if (!facts_.empty()) {
-            told.detail = inARow(told.detail, facts_);
+            told.detail = inTurn(told.detail, facts_);
         }
         parts_.teller.tell(told, "firmware");
     }

@@ -138,7 +138,7 @@ void FirmwareNotices::offerRepair() {
         "It runs only its loader, as after an installation that did not finish. Until it has "
         "firmware, its loops cannot be listed.");
     if (version.empty()) {
-        detail = inARow(detail, words("The maker's firmware has not been downloaded yet."));
+        detail = inTurn(detail, words("The maker's firmware has not been downloaded yet."));
         notice.decline = toQt(words("Close"));
     } else {
         notice.headline +=

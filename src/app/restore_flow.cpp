@@ -31,7 +31,7 @@ std::string aboutCopies(const Losses& losses, bool kept) {
 
 /// The panel may have shown a loop as staying that turned out to differ.
 std::string namesOf(const Losses& losses) {
-    return inARow(losses.replaced.empty() ? "" : words("To be replaced: %1.", loopNames(losses.replaced)),
+    return inTurn(losses.replaced.empty() ? "" : words("To be replaced: %1.", loopNames(losses.replaced)),
                   losses.erased.empty() ? "" : words("To be erased: %1.", loopNames(losses.erased)));
 }
 
@@ -179,7 +179,7 @@ class Restore {
         promised_ = copies_ == Copies::kept && parts_.kept.on();
         const auto answer = parts_.environment.dialogs.run(
             {.headline = lossQuestion(losses),
-             .finePrint = inARow(namesOf(losses), aboutCopies(losses, promised_)),
+             .finePrint = inTurn(namesOf(losses), aboutCopies(losses, promised_)),
              .buttons = {{words("Restore")}, {words("Cancel")}},
              .destroys = true});
         if (answer != alertFirstButton) {

@@ -47,7 +47,7 @@ struct Attempt {
             parts.teller.tell(
                 {.what = words("The system rule is installed, but something else is in the way"),
                  .detail =
-                     inARow(missing->words, missing->remedy.empty() ? "" : words("Run: %1", missing->remedy)),
+                     inTurn(missing->words, missing->remedy.empty() ? "" : words("Run: %1", missing->remedy)),
                  .failure = true},
                 importJob, settingUp(parts, *missing, loops));
             return;

@@ -175,7 +175,7 @@ QString BackupPanel::summary() const {
 
 void BackupPanel::describe() {
     const auto counted = counts_.empty() ? std::string() : words("%1.", summary().toStdString());
-    setAccessibleDescription(toQt(inARow(words("%1.", headline().toStdString()), counted)));
+    setAccessibleDescription(toQt(inTurn(words("%1.", headline().toStdString()), counted)));
     update();
 }
 
@@ -219,7 +219,8 @@ void BackupPanel::paintEvent(QPaintEvent* /*event*/) {
     paintCounts(painter);
     if (!restores) {
         painter.setPen(KZQGray());
-        painter.writeWithin(finePrintAt, toQt(words("Loops that are the same are not copied twice.")), countsRoom);
+        painter.writeWithin(finePrintAt, toQt(words("Loops that are the same are not copied twice.")),
+                            countsRoom);
     }
 }
 

@@ -195,7 +195,7 @@ void BringBack::refresh() {
     accept_->setToolTip(any && !loops_ ? toQt(words("No pedal connected")) : QString());
     area_->setVisible(!rows_.empty());
     setAccessibleDescription(
-        rows_.empty() ? toQt(inARow(words("Nothing to bring back."), notice().toStdString())) : summary());
+        rows_.empty() ? toQt(inTurn(words("Nothing to bring back."), notice().toStdString())) : summary());
     if (atButtons && accept_->isEnabled() != could) {
         focusDefault();
     }

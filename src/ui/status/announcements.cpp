@@ -1,7 +1,6 @@
 #include "ui/status/announcements.h"
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 #include "platform/log.h"
@@ -14,12 +13,7 @@ std::string Announcement::sentence() const {
 }
 
 std::string Announcement::rest() const {
-    if (why.empty()) {
-        return detail;
-    }
-    auto reason = words("%1.", why);
-    reason.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(reason.front())));
-    return detail.empty() ? reason : words("%1 %2", reason, detail);
+    return why.empty() ? detail : inTurn(capital(words("%1.", why)), detail);
 }
 
 Announcements::Announcements(Executor& executor, WallClock clock)

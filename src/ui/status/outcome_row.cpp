@@ -80,12 +80,12 @@ OutcomeRow::OutcomeRow(const Announcement& announcement, bool last, int width, Q
 QString OutcomeRow::spoken() const {
     const auto time = time_.toStdString();
     const auto sentence = sentence_.toStdString();
-    return toQt(inARow(failure_ ? words("%1, failed, %2.", time, sentence) : words("%1, %2.", time, sentence),
+    return toQt(inTurn(failure_ ? words("%1, failed, %2.", time, sentence) : words("%1, %2.", time, sentence),
                        detail_.toStdString()));
 }
 
 QString OutcomeRow::text() const {
-    return toQt(inARow(words("%1 %2.", time_.toStdString(), sentence_.toStdString()), detail_.toStdString()));
+    return toQt(inTurn(words("%1 %2.", time_.toStdString(), sentence_.toStdString()), detail_.toStdString()));
 }
 
 int OutcomeRow::lastOfSentence() const {

@@ -141,7 +141,7 @@ void StatusLine::speak(const Announcement& announcement) {
     const auto sentence = announcement.sentence();
     const auto& action = announcement.actionLabel;
     words_->say(
-        toQt(inARow(announcement.failure ? kzq::words("Failed: %1.", sentence) : kzq::words("%1.", sentence),
+        toQt(inTurn(announcement.failure ? kzq::words("Failed: %1.", sentence) : kzq::words("%1.", sentence),
                     action.empty() ? "" : kzq::words("%1, button.", action))));
 }
 
