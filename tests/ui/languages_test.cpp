@@ -153,7 +153,10 @@ TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
             row->setTempo(120);
             if (number % 4 == 1) {
                 row->setLength({framesPerSecond * 8});
-                row->setSound({.ring = RowSound::Ring::playing, .position = 0.5, .compares = true});
+                RowSound sound;
+                sound.ring = RowSound::Ring::playing;
+                sound.compares = true;
+                row->setSound(sound);
                 row->setExporting(QUrl("file:///1.wav"));
             }
             row->refresh();

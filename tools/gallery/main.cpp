@@ -19,6 +19,7 @@
 #include "rows.h"
 #include "sound_rows.h"
 #include "status_shots.h"
+#include "ui/languages.h"
 #include "ui/palette.h"
 #include "window_shots.h"
 
@@ -113,9 +114,12 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    if (argc != 2) {
-        std::fputs("kzq7306-gallery FOLDER, or --check\n", stderr);
+    if (argc != 2 && argc != 3) {
+        std::fputs("kzq7306-gallery FOLDER [LANGUAGE], or --check\n", stderr);
         return 2;
+    }
+    if (argc == 3) {
+        kzq::QtCatalogue::use(QLocale(QString::fromLocal8Bit(argv[2])));
     }
     return drawAll(QString::fromLocal8Bit(argv[1]), application.devicePixelRatio()) ? 0 : 1;
 }
