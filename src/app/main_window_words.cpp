@@ -1,18 +1,21 @@
 // What the window shows without having been told anything, and what its parts are called.
 
 #include "app/main_window.h"
+#include "ui/fitted_label.h"
 #include "ui/qt_words.h"
 
 namespace kzq {
 
 void MainWindow::nameParts() {
+    constexpr int usualType = 13;
     setWindowTitle("7306 Loop Manager");
     ui_.emptyHeadline->setText(toQt(words("Plug in your 7306")));
     ui_.emptyAdvice->setText(toQt(
         words("Connect the pedal to this computer\nby USB and switch it on.\nIts loops will appear here.")));
-    ui_.emptyNoteHeadline->setText(toQt(words("No pedal connected")));
-    ui_.emptyNoteText->setText(toQt(words("Its free space shows here.")));
-    ui_.warningText->setText(toQt(words("Slots marked like this will\nreplace loops on the pedal.")));
+    setFitted(*ui_.emptyNoteHeadline, toQt(words("No pedal connected")), usualType);
+    setFitted(*ui_.emptyNoteText, toQt(words("Its free space shows here.")), usualType);
+    setFitted(*ui_.warningText, toQt(words("Slots marked like this will\nreplace loops on the pedal.")),
+              usualType);
     ui_.importTabButton->setWords({toQt(words("Import")), toQt(words("pedal to computer"))});
     ui_.exportTabButton->setWords({toQt(words("Export")), toQt(words("computer to pedal"))});
     ui_.menuButton->setToolTip(toQt(words("Menu")));

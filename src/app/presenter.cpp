@@ -6,6 +6,7 @@
 #include "loops/capacity.h"
 #include "loops/facts.h"
 #include "loops/spoken_length.h"
+#include "ui/fitted_label.h"
 #include "ui/panels/about.h"
 #include "ui/qt_words.h"
 #include "ui/view_width.h"
@@ -129,10 +130,11 @@ void Presenter::meter(Frames used) {
 }
 
 void Presenter::sayMeter(Frames used) {
+    constexpr int captionType = 13;
     constexpr Frames capacity{capacityFrames};
     constexpr std::uint64_t minutes = capacity.seconds() / 60;
     const Frames shown{std::min(used.count, capacity.count)};
-    window_.meterCaption()->setText(QString::fromStdString(meterCaption(used.count)));
+    setFitted(*window_.meterCaption(), toQt(meterCaption(used.count)), captionType);
     window_.meter()->setUsed(
         static_cast<int>(shown.seconds()), static_cast<int>(capacity.seconds()),
         toQt(words(minutes, "%1 of %n minute in use", "%1 of %n minutes in use", spokenLength(shown))));

@@ -14,6 +14,7 @@
 #include "loops/capacity.h"
 #include "slots/slot.h"
 #include "ui/alert_panel.h"
+#include "ui/fitted_label.h"
 #include "ui/panels/about.h"
 #include "ui/panels/about_window.h"
 #include "ui/panels/bring_back.h"
@@ -173,7 +174,7 @@ TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
     lookInto(window);
     EXPECT_FALSE(window.menuBar()->findChild<QWidget*>("qt_menubar_ext_button")->isVisible());
     window.showMeter(true);
-    window.meterCaption()->setText(toQt(meterCaption(framesPerSecond)));
+    setFitted(*window.meterCaption(), toQt(meterCaption(framesPerSecond)), 13);
     window.setRemedy({});
     window.showTab(1);
     window.warning()->show();

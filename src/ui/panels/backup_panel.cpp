@@ -1,6 +1,7 @@
 #include "ui/panels/backup_panel.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 #include "ui/alert_button.h"
@@ -33,6 +34,9 @@ constexpr int afterFifthRow = 6;
 constexpr QPointF countsAt(32, 438);
 constexpr double betweenCounts = 22;
 constexpr double countsRoom = 400;
+constexpr double leastBetweenCounts = 6;  // then they become smaller
+constexpr int usualCount = 13;
+constexpr int smallestCount = 8;
 constexpr QPointF finePrintAt(32, 479);
 constexpr QPoint eraseAt(30, 462);
 constexpr QRect closeFrame(440, 446, 108, 40);
@@ -225,14 +229,17 @@ void BackupPanel::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void BackupPanel::paintCounts(ScaledPainter& painter) const {
-    double width = -betweenCounts;
-    for (const auto& [look, text] : counts_) {
-        width += betweenCounts + 22 + painter.advance(text);
+    const auto spaces = static_cast<double>(std::max<std::size_t>(counts_.size(), 2) - 1);
+    double besides = 0;  // what the room leaves between two of them
+    for (int pixels = usualCount; pixels >= smallestCount && besides < leastBetweenCounts; --pixels) {
+        painter.setType(textFont(pixels));
+        double width = 0;
+        for (const auto& [look, text] : counts_) {
+            width += 22 + painter.advance(text);
+        }
+        besides = (countsRoom - width) / spaces;
     }
-    // many of them come closer together
-    const double gap = width <= countsRoom || counts_.size() < 2
-                           ? betweenCounts
-                           : betweenCounts - (width - countsRoom) / static_cast<double>(counts_.size() - 1);
+    const double gap = std::min(betweenCounts, besides);  // many of them come closer together
     auto at = countsAt;
     painter.setPen(creamColor());
     for (const auto& [look, text] : counts_) {
@@ -240,6 +247,7 @@ void BackupPanel::paintCounts(ScaledPainter& painter) const {
         painter.write(at + QPointF(22, 13), text);
         at.rx() += 22 + painter.advance(text) + gap;
     }
+    painter.setType(textFont());
 }
 
 }  // namespace kzq

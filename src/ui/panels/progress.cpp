@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 
+#include "ui/fitted_label.h"
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -22,6 +23,7 @@
 namespace kzq {
 namespace {
 
+constexpr int usualFieldType = 13;
 constexpr std::array unitNames{"B", "KB", "MB"};
 constexpr std::array unitSizes{1.0, 1e3, 1e6};
 
@@ -100,7 +102,7 @@ QString Progress::title() const {
 
 void Progress::setSubtitle(const QString& subtitle) {
     if (parts_->subtitleField) {
-        parts_->subtitleField->setText(subtitle);
+        setFitted(*parts_->subtitleField, subtitle, usualFieldType);
     }
 }
 
@@ -110,7 +112,7 @@ QString Progress::subtitle() const {
 
 void Progress::setFooter(const QString& footer) {
     if (parts_->footerField) {
-        parts_->footerField->setText(footer);
+        setFitted(*parts_->footerField, footer, usualFieldType);
     }
 }
 
@@ -120,7 +122,7 @@ QString Progress::footer() const {
 
 void Progress::setTimeLeft(const QString& words) {
     if (parts_->timeField) {
-        parts_->timeField->setText(words);
+        setFitted(*parts_->timeField, words, usualFieldType);
     }
 }
 
