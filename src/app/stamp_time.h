@@ -16,8 +16,8 @@ inline QDateTime timeOfStamp(const std::string& stamp) {
 
 /// In the names that days and months have in the user's language.
 inline QString dated(const QDateTime& when, const std::string& pattern) {
-    // "C" stands for the name of that language
-    return QLocale(toQt(words("C"))).toString(when, toQt(pattern));
+    const auto language = toQt(words("en"));  // the code of the language of that text
+    return (language == "en" ? QLocale::c() : QLocale(language)).toString(when, toQt(pattern));
 }
 
 }  // namespace kzq

@@ -33,7 +33,7 @@ namespace {
 
 /// A language in which every text is a third longer, accented, and in brackets: "[Ṕľáý %1 ~~]".
 std::string stretched(const Text& text) {
-    static const QRegularExpression pattern("^(C|[dMyHm ,:]+|(%\\w|\\W)*)$");  // of days, of punctuation
+    static const QRegularExpression pattern("^(en|[dMyHm ,:]+|(%\\w|\\W)*)$");  // of days, of punctuation
     const auto english = QString::fromUtf8(text.one != nullptr && text.count == 1 ? text.one : text.english);
     if (pattern.match(english).hasMatch()) {
         return english.toStdString();
