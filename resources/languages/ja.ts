@@ -3253,13 +3253,6 @@ replace loops on the pedal.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <location filename="../../src/ui/qt_words.h"/>
-        <location filename="../../src/ui/status/announcements.cpp"/>
-        <location filename="../../src/words/words.cpp"/>
-        <source>%1 %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <location filename="../../src/ui/shield.cpp"/>
         <source>The 7306 is busy</source>
         <translation type="unfinished"></translation>
@@ -3575,6 +3568,11 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Website</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/words/words.cpp"/>
+        <source>%1 %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
