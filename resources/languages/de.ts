@@ -1368,6 +1368,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/app/set_up.cpp"/>
+        <location filename="../../src/device/finding.h"/>
         <location filename="../../src/operations/reasons.cpp"/>
         <location filename="../../src/operations/sentences.cpp"/>
         <location filename="../../src/operations/told.cpp"/>
@@ -1485,7 +1486,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/app/stamp_time.h"/>
-        <source>C</source>
+        <source>en</source>
         <translation type="unfinished"></translation>
     </message>
     <message numerus="yes">
@@ -1652,6 +1653,27 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/audio/converted_audio.cpp"/>
         <source>the converted file cannot be read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/finding.h"/>
+        <source>%1 is using the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/finding.h"/>
+        <source>A simulated pedal is used instead of a real one.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/finding.h"/>
+        <source>Another program is using the pedal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/device/finding.h"/>
+        <location filename="../../src/operations/sentences.cpp"/>
+        <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2123,11 +2145,6 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>Free some space or choose another folder.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -2941,6 +2958,16 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>what the maker's server sent cannot be used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/awake.cpp"/>
+        <source>Loops are being copied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/awake.cpp"/>
+        <source>The pedal's firmware is being installed</source>
         <translation type="unfinished"></translation>
     </message>
     <message>

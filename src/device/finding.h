@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/trouble.h"
+#include "words/words.h"
 
 namespace kzq {
 
@@ -28,7 +29,8 @@ inline std::optional<Finding> firstTrouble(const std::vector<Finding>& findings)
 
 /// In place of all others.
 inline Finding simulatedFinding() {
-    return {Trouble::Kind::nothingOnBus, false, "A simulated pedal is used instead of a real one.", {}};
+    return {
+        Trouble::Kind::nothingOnBus, false, words("A simulated pedal is used instead of a real one."), {}};
 }
 
 inline Trouble asTrouble(const Finding& finding) {
@@ -67,10 +69,10 @@ inline std::string obstacleLine(const std::vector<Finding>& findings) {
         return {};
     }
     constexpr std::size_t readable = 80;
-    if (found->remedy.size() > readable) {
-        return found->sentence + " Run \"kzq7306ctl doctor\" to see how to fix it.";
-    }
-    return found->sentence + (found->remedy.empty() ? "" : " Run: " + found->remedy);
+    return inTurn(found->sentence, found->remedy.size() > readable
+                                       ? words("Run \"kzq7306ctl doctor\" to see how to fix it.")
+                                   : found->remedy.empty() ? ""
+                                                           : words("Run: %1", found->remedy));
 }
 
 /// That another program has the pedal, for a line beside the window's; empty if none has.
@@ -78,9 +80,9 @@ inline std::string holderLine(const std::vector<Finding>& findings) {
     const auto found = std::ranges::find_if(findings, [](const Finding& finding) {
         return finding.present && finding.kind == Trouble::Kind::heldByAnother;
     });
-    return found == findings.end()
-               ? ""
-               : (found->program.empty() ? "Another program" : found->program) + " is using the pedal";
+    return found == findings.end()  ? ""
+           : found->program.empty() ? words("Another program is using the pedal")
+                                    : words("%1 is using the pedal", found->program);
 }
 
 }  // namespace kzq

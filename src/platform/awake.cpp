@@ -5,6 +5,8 @@
 #include <QDBusReply>
 #include <QDBusUnixFileDescriptor>
 
+#include "words/words.h"
+
 namespace kzq {
 namespace {
 
@@ -21,8 +23,8 @@ AwakeLock keepAwake(AwakeFor work) {
     call << (firmware ? QStringLiteral("sleep:shutdown:idle:handle-lid-switch")
                       : QStringLiteral("sleep:handle-lid-switch"))
          << QStringLiteral("7306 Loop Manager")
-         << (firmware ? QStringLiteral("The pedal's firmware is being installed")
-                      : QStringLiteral("Loops are being copied"))
+         << QString::fromStdString(
+                words(firmware ? "The pedal's firmware is being installed" : "Loops are being copied"))
          << QStringLiteral("block");
     const QDBusReply<QDBusUnixFileDescriptor> reply =
         QDBusConnection::systemBus().call(call, QDBus::Block, answerLimit);
