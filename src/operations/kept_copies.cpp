@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "operations/locked_folder.h"
+#include "platform/left_drafts.h"
 #include "platform/log.h"
 
 namespace kzq {
@@ -166,6 +167,7 @@ void KeptCopies::tidy() const {
     Size size;
     bool full = false;
     for (const auto& each : dated) {
+        removeDeadDrafts(each.folder.path());  // of an index in which something was noted
         full = full || (size.add(each) > room_ && each.name != dated.front().name);
         if (full) {  // renamed first, so that it goes as a whole even if this is interrupted
             std::error_code error;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <linux/fs.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,7 +13,9 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/left_drafts.h"
 #include "platform/log.h"
+#include "platform/plain_file.h"
 #include "platform/unique_name.h"
 #include "platform/write_all.h"
 
@@ -36,6 +39,12 @@ Result<void> outcome(int error, const char* step) {
 Descriptor createNew(int folder, const std::string& name) {
     return Descriptor(
         ::openat(folder, name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC | O_NOFOLLOW, newFileMode));
+}
+
+/// Whether it is locked, where that can be, and was not taken for one that was left just before.
+bool isClaimed(int folder, const std::string& name, int file) {
+    const bool taken = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    return !taken && isStillNamed(folder, name, file);
 }
 
 int syncFile(int file) {
@@ -87,16 +96,17 @@ Result<void> Draft::open() {
 }
 
 int Draft::openNamed() {
+    removeDeadDrafts(path_);
     constexpr int attempts = 100;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         const std::string name = hiddenName();
         file_ = createNew(folder_.get(), name);
-        if (file_) {
+        if (!file_ && errno != EEXIST && errno != EINTR) {
+            return errno;
+        }
+        if (file_ && isClaimed(folder_.get(), name, file_.get())) {
             hidden_ = name;
             return 0;
-        }
-        if (errno != EEXIST && errno != EINTR) {
-            return errno;
         }
     }
     return EEXIST;

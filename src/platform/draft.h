@@ -11,9 +11,10 @@
 
 namespace kzq {
 
-/// A file while it is written: without a name, or under a hidden one. Unless it got its final name, nothing
-/// of it remains. Failures are of kind `file`: `where` is the step ("create", "write", "sync", "put into
-/// place"), `error` an errno value. One thread at a time.
+/// A file while it is written: without a name, or under a hidden one and locked. Unless it got its final
+/// name, nothing of it remains, or, if the program is killed, until the next one in that folder. Failures are
+/// of kind `file`: `where` is the step ("create", "write", "sync", "put into place"), `error` an errno value.
+/// One thread at a time.
 class Draft : Fixed {
   public:
     /// How a file gets its final name without overwriting another, in order of preference. File systems
@@ -22,7 +23,8 @@ class Draft : Fixed {
         unnamed,  ///< written without any name, then linked: nothing remains even if the program is killed
         renameNoReplace,  ///< written under a hidden name, renamed
         link,             ///< written under a hidden name, linked, unlinked
-        reserve  ///< written under a hidden name, renamed over an empty file made to reserve the final name
+        reserve  ///< written under a hidden name, renamed over an empty file made to reserve the final name,
+                 ///< which remains if the program is killed in between
     };
     static constexpr const char* placing = "put into place";
 

@@ -16,9 +16,9 @@ std::string fileNameComponent(std::string_view name, std::size_t reserved);
 
 /// Writes `bytes` as "<name><extension>" in `folder`; if that name is taken, as "<name>-2<extension>", then
 /// -3 and so on: an existing file is never overwritten, even if two programs do this at once. The bytes are
-/// synced before they get their final name, so a final name always means a complete file. On failure, which
-/// is a Draft's and logged, nothing is left behind. `first` is the road tried first. Returns the file's path.
-/// Blocks; any thread.
+/// synced before they get their final name, so a final name means a complete file, or an empty one: see
+/// Draft::Road::reserve. On failure, which is a Draft's and logged, nothing is left behind. `first` is the
+/// road tried first. Returns the file's path. Blocks; any thread.
 Result<std::filesystem::path> writeNewFile(const std::filesystem::path& folder, std::string_view name,
                                            std::string_view extension, ByteView bytes,
                                            Draft::Road first = Draft::Road::unnamed);

@@ -82,6 +82,13 @@ Result<Bytes> readPlainFile(const std::filesystem::path& path, std::uint64_t lim
     return bytes;
 }
 
+bool isStillNamed(int folder, const std::filesystem::path& name, int file) {
+    struct stat named {};
+    struct stat opened {};
+    return ::fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 && ::fstat(file, &opened) == 0 &&
+           named.st_ino == opened.st_ino && named.st_dev == opened.st_dev;
+}
+
 bool isPlainFile(const std::filesystem::path& path) {
     struct stat facts {};
     return ::lstat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);

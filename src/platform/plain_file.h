@@ -34,6 +34,9 @@ Result<Bytes> readPlainFile(int descriptor, std::uint64_t limit);
 /// The same for the file at `path`.
 Result<Bytes> readPlainFile(const std::filesystem::path& path, std::uint64_t limit, Links links);
 
+/// Whether `name` in the open `folder`, or a whole path with AT_FDCWD, still refers to the open `file`, and
+/// not through a link.
+bool isStillNamed(int folder, const std::filesystem::path& name, int file);
 /// Whether there is a plain file at `path` itself; a link to one does not count.
 bool isPlainFile(const std::filesystem::path& path);
 /// Whether a file can be saved at `path`: it is a plain file, or free.

@@ -13,8 +13,4 @@ namespace kzq {
 /// unchanged. On failure, which is a Draft's, nothing is left behind. Any thread.
 Result<void> replaceFile(const std::filesystem::path& folder, const std::string& name, ByteView bytes);
 
-/// Removes what killed runs of `replaceFile` left in `folder`: unfinished files not touched for a day. Any
-/// thread.
-void removeOldDrafts(const std::filesystem::path& folder);
-
 }  // namespace kzq

@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "platform/log.h"
+#include "platform/plain_file.h"
 #include "platform/unique_name.h"
 
 namespace kzq {
@@ -27,15 +28,6 @@ std::string freshName() {
     return std::string(namePrefix) + randomDigits(12);
 }
 
-/// Whether the name `lockName` in `folder` still refers to the open `lock`: another run may have swept the
-/// folder between its creation and its locking.
-bool stillNamed(int folder, int lock) {
-    struct stat named {};
-    struct stat open {};
-    return ::fstatat(folder, lockName, &named, AT_SYMLINK_NOFOLLOW) == 0 && ::fstat(lock, &open) == 0 &&
-           named.st_ino == open.st_ino && named.st_dev == open.st_dev;
-}
-
 /// The lock of the folder at `path`, held; none if somebody else has it or the folder is not this user's.
 /// `exclusive` asks for a lock file that did not exist yet.
 Descriptor lockFolder(const std::filesystem::path& path, int exclusive) {
@@ -46,7 +38,9 @@ Descriptor lockFolder(const std::filesystem::path& path, int exclusive) {
     }
     Descriptor lock(::openat(folder.get(), lockName,
                              O_CREAT | exclusive | O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, lockMode));
-    if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 || !stillNamed(folder.get(), lock.get())) {
+    // Another run may have swept the folder between its creation and its locking.
+    if (!lock || ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 ||
+        !isStillNamed(folder.get(), lockName, lock.get())) {
         return {};
     }
     return lock;

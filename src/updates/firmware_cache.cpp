@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "platform/digest.h"
+#include "platform/left_drafts.h"
 #include "platform/plain_file.h"
 #include "platform/process.h"
 #include "platform/replace_file.h"
@@ -34,7 +35,7 @@ bool FirmwareCache::prepare() const {
     if (error || !std::filesystem::is_directory(folder_, error)) {
         return false;
     }
-    removeOldDrafts(folder_);
+    removeDeadDrafts(folder_);
     return true;
 }
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/digest.h"
-#include "platform/replace_file.h"
+#include "platform/left_drafts.h"
 #include "updates/firmware_version.h"
 #include "updates/maker.h"
 #include "updates/signed_text.h"

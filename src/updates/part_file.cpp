@@ -30,10 +30,7 @@ Trouble notStored(int error) {
 }  // namespace
 
 bool PartFile::isStillOurs() const {
-    struct stat named {};
-    struct stat opened {};
-    return ::lstat(path_.c_str(), &named) == 0 && ::fstat(file_.get(), &opened) == 0 &&
-           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
+    return isStillNamed(AT_FDCWD, path_, file_.get());
 }
 
 /// Whether nobody else can change the file: a leftover may have another owner or a second name.

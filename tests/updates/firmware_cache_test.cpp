@@ -1,14 +1,16 @@
 #include "updates/firmware_cache.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 
+#include "platform/descriptor.h"
 #include "platform/digest.h"
 #include "tls_server.h"
 #include "watched_sync.h"
 
 using namespace kzq;
 using namespace kzq::test;
-using namespace std::chrono_literals;
 using Strings = std::vector<std::string>;
 
 namespace {
@@ -40,17 +42,16 @@ TEST(FirmwareCache, KeepsNoEntryThatIsOutOfItsRanges) {
 
 TEST(FirmwareCache, IsClearedOfWhatAKilledRunLeft) {
     const TestFolder folder;
-    const auto old = std::filesystem::file_time_type::clock::now() - 25h;
     for (const auto* name : {".kzq7306-1-old.part", ".kzq7306-1-old", "old.part"}) {
         writeText(folder / name, "x");
-        std::filesystem::last_write_time(folder / name, old);
     }
-    writeText(folder / ".kzq7306-1-new.part", "x");
+    writeText(folder / ".kzq7306-1-written.part", "x");
+    const Descriptor written(::open((folder / ".kzq7306-1-written.part").c_str(), O_WRONLY));
+    ASSERT_EQ(::flock(written.get(), LOCK_EX), 0) << "as a draft that another program is writing";
     std::filesystem::create_directory(folder / ".kzq7306-1-folder.part");
-    std::filesystem::last_write_time(folder / ".kzq7306-1-folder.part", old);
     EXPECT_TRUE(FirmwareCache(folder.path()).prepare());
     EXPECT_EQ(namesIn(folder.path()),
-              (Strings{".kzq7306-1-folder.part", ".kzq7306-1-new.part", ".kzq7306-1-old", "old.part"}));
+              (Strings{".kzq7306-1-folder.part", ".kzq7306-1-old", ".kzq7306-1-written.part", "old.part"}));
 }
 
 }  // namespace
