@@ -13,13 +13,13 @@
 #include "operations/loop_file.h"
 #include "platform/log.h"
 #include "platform/new_file.h"
+#include "platform/unique_name.h"
 
 namespace kzq {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* probeName = "link";
 constexpr int mostFolders = 10;  ///< that others took away at once
 
 /// Whether it is a file that cannot be written to, from now on. Some file systems ignore the wish.
@@ -106,7 +106,7 @@ void SnapshotDraft::findSources(Shared shared) {
 
 /// Whether the files of the others can get a second name here.
 bool SnapshotDraft::canLink() const {
-    const auto probe = path() / probeName;
+    const auto probe = path() / hiddenName();
     for (const auto& source : sources_) {
         for (const auto& [slot, entry] : source.index.loops) {
             const auto file = source.folder.fileOf(entry);
@@ -137,19 +137,22 @@ bool SnapshotDraft::isFree(SlotNumber slot, const Loop& loop) const {
 
 Result<void> SnapshotDraft::list(SlotNumber slot, const BackupEntry& entry) {
     index_.loops.insert_or_assign(slot, entry);
-    return folder_.writePartialIndex(index_);
+    auto written = folder_.writePartialIndex(index_);
+    if (!written) {
+        index_.loops.erase(slot);
+    }
+    return written;
 }
 
 std::optional<SnapshotDraft::Way> SnapshotDraft::take(SlotNumber slot, const BackupEntry& entry,
-                                                      const Bytes& image) {
+                                                      const Bytes& image) const {
     const auto target = folder_.fileOf(entry);
     for (const auto& source : sources_) {
         for (const auto& file : source.filesOf(slot, entry.sha256)) {
             if (!isFileOf(file, image)) {
                 continue;
             }
-            // Listed before it comes, so that there is no moment at which no index names it.
-            if (source.interrupted() && list(slot, entry) && ::rename(file.c_str(), target.c_str()) == 0) {
+            if (source.interrupted() && ::rename(file.c_str(), target.c_str()) == 0) {
                 return Way::moved;
             }
             // Whatever stands in the way of a link, the loop can still be written.
@@ -164,19 +167,28 @@ std::optional<SnapshotDraft::Way> SnapshotDraft::take(SlotNumber slot, const Bac
 Result<SnapshotDraft::Way> SnapshotDraft::add(SlotNumber slot, const Loop& loop, const Bytes& image) {
     const auto name = loopName(slot);
     BackupEntry entry{name + ".wav", loop.samples, loop.tempo, loop.channel, audioDigest(image)};
+    // Listed before it comes, so that there is no moment at which no index names it.
+    if (const auto listed = list(slot, entry); !listed) {
+        return listed.error();
+    }
     auto way = take(slot, entry, image);
     if (!way) {
         const auto file = writeNewFile(path(), name, ".wav", image);
         if (!file) {
             index_.loops.erase(slot);
+            static_cast<void>(folder_.writePartialIndex(index_));  // which may fail for the same reason
             return file.error();
         }
-        entry.file = file->filename().string();
+        if (const auto taken = file->filename().string(); taken != entry.file) {
+            entry.file = taken;
+            if (const auto listed = list(slot, entry); !listed) {
+                return listed.error();
+            }
+        }
         way = Way::written;
     }
     protect(folder_.fileOf(entry));  // where that cannot be, it never gets a second name
-    const auto listed = list(slot, entry);
-    return listed ? Result<Way>(*way) : listed.error();
+    return *way;
 }
 
 Result<Snapshot> SnapshotDraft::finish(const std::string& firmware, const std::string& stamp) {

@@ -68,7 +68,7 @@ class SnapshotDraft : Fixed {
     void findSources(Shared shared);
     bool canLink() const;
     Result<void> list(SlotNumber slot, const BackupEntry& entry);
-    std::optional<Way> take(SlotNumber slot, const BackupEntry& entry, const Bytes& image);
+    std::optional<Way> take(SlotNumber slot, const BackupEntry& entry, const Bytes& image) const;
 
     Generations generations_;
     BackupFolder folder_;
