@@ -1,12 +1,15 @@
 #include "updates/app_image.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdlib>
 #include <system_error>
 
+#include "platform/descriptor.h"
 #include "platform/plain_file.h"
 #include "words/words.h"
 
@@ -14,11 +17,15 @@ namespace kzq {
 
 namespace {
 
-/// Links `file` under a second name, or copies it if the file system has no hard links.
+/// Links `file` under a second name, or copies it if the file system has no hard links. On the disk before it
+/// is renamed: the program in place may go right after.
 std::error_code linkOrCopy(const std::filesystem::path& file, const std::filesystem::path& name) {
     std::error_code error;
-    if (::link(file.c_str(), name.c_str()) != 0) {
-        std::filesystem::copy_file(file, name, error);
+    if (::link(file.c_str(), name.c_str()) != 0 && std::filesystem::copy_file(file, name, error)) {
+        const Descriptor copy(::open(name.c_str(), O_RDONLY | O_CLOEXEC));
+        if (!copy || ::fsync(copy.get()) != 0) {
+            error.assign(errno, std::generic_category());
+        }
     }
     return error;
 }
