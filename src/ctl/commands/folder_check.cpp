@@ -1,11 +1,9 @@
 #include "ctl/commands/folder_check.h"
 
-#include <unistd.h>
-
 #include <cerrno>
-#include <cstdlib>
-#include <string>
 #include <system_error>
+
+#include "platform/draft.h"
 
 namespace kzq::ctl {
 
@@ -32,14 +30,10 @@ std::optional<Trouble> folderTrouble(const std::filesystem::path& folder) {
     if (!missing && type != std::filesystem::file_type::directory) {
         return Trouble{Trouble::Kind::folder, folder.string(), ENOTDIR};
     }
-    std::string probe = (missing ? parentOf(folder) : folder) / ".kzq7306-XXXXXX";
-    const int file = ::mkstemp(probe.data());
-    if (file < 0) {
-        return Trouble{Trouble::Kind::folder, folder.string(), errno, missing ? "folder" : "files"};
-    }
-    ::close(file);
-    ::unlink(probe.c_str());
-    return std::nullopt;
+    const auto opened = Draft(missing ? parentOf(folder) : folder).open();
+    return opened ? std::nullopt
+                  : std::optional(Trouble{Trouble::Kind::folder, folder.string(), opened.error().error,
+                                          missing ? "folder" : "files"});
 }
 
 void makeFolder(const std::filesystem::path& folder) {
