@@ -1,26 +1,28 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
+
+#include "file_calls.h"
 
 namespace kzq::test {
 
 /// What a file-system call answers instead of doing its work; a write may be told to do half of it.
 struct FileFault {
     const char* name;
-    int error;  ///< 0: half of a write
+    int error;                   ///< 0: half of a write
+    std::string_view only = {};  ///< the calls that it can befall; empty: any that is not named here
 
-    bool concerns(const std::string& call) const { return error != 0 || call == "write" || call == "pwrite"; }
+    bool concerns(std::string_view call) const {
+        constexpr std::string_view special = "close";
+        return only.empty() ? call != special : only.find(call) != std::string_view::npos;
+    }
 };
 
-/// Which of the file system's ways to give a file its name are there: all of them, or so many fewer.
-inline constexpr unsigned mostClosedRoads = 3;
-
-/// From now on calls that open, write, sync, name or make something are counted, of all threads of this
-/// program; the `at`-th, from 1, fails.
-void armFiles(std::size_t at, FileFault fault, unsigned closedRoads = 0);
+/// From now on calls that open, write, sync, name, make or remove something are counted, of all threads of
+/// this program; the `at`-th, from 1, fails.
+void armFiles(std::size_t at, FileFault fault, unsigned closed = 0);
 /// No longer. The names of the calls since then.
 std::vector<std::string> disarmFiles();
 
