@@ -155,7 +155,10 @@ class Crash(unittest.TestCase):
     def test_at_each_call(self):
         for deed in DEEDS:
             self.assertGreater(len(deed.calls), 5, deed.words)
-            self.assertEqual([call for call in deed.calls if call.startswith("unsynced")], [], deed.words)
+            for at, (call, path) in enumerate(call.split(" ", 1) for call in deed.calls):
+                self.assertNotEqual(call, "unsynced", f"{path} had its name before it was on the disk: {deed.words}")
+                if call in ("link", "rename") and not TEMPORARY.search(path):
+                    self.assertIn(f"fsync {os.path.dirname(path)}", deed.calls[at:], f"the name {path} is not")
             with concurrent.futures.ThreadPoolExecutor(2) as pool:
                 tries = [pool.submit(deed.killed, f"at {at}, half: {half}", AT=at, HALF=half)
                          for at, call in enumerate(deed.calls, 1)

@@ -1,19 +1,14 @@
 #include "platform/new_file.h"
 
 #include <gmock/gmock.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <fstream>
 #include <iterator>
 #include <set>
 #include <thread>
 
 #include "test_folder.h"
-#include "watched_sync.h"
 
 namespace kzq {
 namespace {
@@ -44,16 +39,6 @@ class NewFileTest : public ::testing::TestWithParam<Draft::Road> {
 
     test::TestFolder folder_;
 };
-
-TEST_P(NewFileTest, IsOnTheDiskBeforeItHasItsName) {
-    test::takeSyncs();
-    ASSERT_TRUE(writeNewFile(folder_, "Loop 4", ".wav", bytesOf("audio"), GetParam()));
-    const auto synced = test::takeSyncs();
-    ASSERT_EQ(synced.size(), 2U);
-    EXPECT_NE(synced[0], folder_ / "Loop 4.wav");
-    EXPECT_NE(synced[0], folder_.path());
-    EXPECT_EQ(synced[1], folder_.path());
-}
 
 TEST_P(NewFileTest, TakesTheFirstFreeNameAndLeavesOthersAlone) {
     for (const char* text : {"one", "two", "three"}) {
@@ -104,17 +89,6 @@ TEST_P(NewFileTest, FailureLeavesNothing) {
     const auto below = writeNewFile(folder_ / "file", "a", ".wav", bytesOf("x"), GetParam());
     EXPECT_EQ(below.error(), (Trouble{Trouble::Kind::file, "create", ENOTDIR}));
     std::filesystem::remove(folder_ / "file");
-
-    // A limit on the size of files cuts the write short as a full disk does.
-    rlimit before{};
-    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit small{1000, before.rlim_max};
-    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const auto file = writeNewFile(folder_, "Loop 1", ".wav", std::vector<std::uint8_t>(5000), GetParam());
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(file.error(), (Trouble{Trouble::Kind::file, "write", EFBIG}));
     EXPECT_THAT(names(), ::testing::IsEmpty());
 }
 
