@@ -39,7 +39,7 @@ TEST(Update, Install) {
     web.bodies = {{"loops.AppImage", package}};
     auto item = itemFor(package, "2.0", "https://maker/loops.AppImage");
     signer.sign(item);
-    const auto image = place() / "loops.AppImage";
+    const auto image = place() / "apps/loops.AppImage";
     const UpdateJob job{.item = item,
                         .keys = {signer.key},
                         .installation = {PackageKind::appImage, image},
