@@ -37,7 +37,7 @@ TEST(Options, BadOnesAreUsageErrors) {
     for (const auto& words :
          std::vector<std::vector<std::string>>{{},
                                                {"erase"},
-                                               {"export", "a", "--slot", "0"},
+                                               {"export", "a", "--slot", "0x8"},
                                                {"export", "a", "--slot", "1", "--first-free"},
                                                {"export", "a", "b", "--slot", "20"},
                                                {"convert", "a", "--to", "-", "--json"},
@@ -60,6 +60,13 @@ TEST(Options, BadOnesAreUsageErrors) {
         EXPECT_EQ(parsed.code, ExitCode::usage) << testing::PrintToString(words);
         EXPECT_FALSE(parsed.text.empty() || parsed.text.find('\n') != std::string::npos) << parsed.text;
     }
+}
+
+TEST(Options, ANumberIsTheSameSlotInEveryCommandAndAFileIsOneFile) {
+    const auto parsed = parseOptions({"export", "[a,b]", "--slot", "010"});
+    ASSERT_TRUE(parsed.options) << parsed.text;
+    EXPECT_EQ(parsed.options->slot, 10_slot);
+    EXPECT_THAT(parsed.options->files, ElementsAre("./[a,b]"));
 }
 
 TEST(Options, MistakesAreNamedWithWhatWasMeant) {

@@ -1,5 +1,6 @@
 #include "ctl/speech/command_line.h"
 
+#include "ctl/speech/slot_list.h"
 #include "device/usb_port.h"
 #include "loops/facts.h"
 
@@ -34,12 +35,10 @@ std::string checkSeconds(const std::string& text) {
 }
 
 std::string checkSlot(const std::string& text) {
-    int slot = 0;
-    if (!CLI::detail::lexical_cast(text, slot)) {
-        return "\"" + text + "\" is not a slot number";
-    }
-    return slot >= 1 && slot <= static_cast<int>(loopSlots)
-               ? ""
+    const auto slot = slotFromWord(text);
+    return slot ? ""
+           : slot.error().kind == Trouble::Kind::notASlot
+               ? "\"" + text + "\" is not a slot number"
                : "There is no slot " + text + "; slots are numbered 1 to " + std::to_string(loopSlots);
 }
 

@@ -15,7 +15,7 @@ struct Words {
     std::vector<std::string> slots;
     std::string folder;
     std::vector<std::string> files;
-    unsigned slot = 0;
+    std::optional<std::string> slot;
     bool firstFree = false;
     std::string output;
     std::optional<std::string> record;

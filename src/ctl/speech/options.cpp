@@ -99,8 +99,8 @@ void complete(CommandLine& line) {
         durationOf(words.patience.value_or(restarts ? defaultLoaderPatience : defaultPatience));
     completeSlots(options, words);
     completePaths(options, words);
-    if (words.slot != 0) {
-        options.slot = SlotNumber::of(words.slot);
+    if (words.slot) {
+        options.slot = slotFromWord(*words.slot).value();
     }
     if (options.slot && options.slot->number() + options.files.size() > loopSlots + 1) {
         throw usageError(std::to_string(options.files.size()) + " files do not fit into slots " +
@@ -190,6 +190,19 @@ std::vector<std::string> helpRequest(const CommandLine& line) {
     return request;
 }
 
+/// The parser takes "[a,b]" among files for a list of "a" and "b". As a path it stays one file, and as
+/// anything else it is as wrong as it was.
+void keepBrackets(std::vector<std::string>& arguments) {
+    const std::string* before = nullptr;
+    for (auto& word : arguments) {
+        const bool path = before == nullptr || (*before != "--host" && *before != "--snapshot");
+        if (path && word.starts_with('[') && word.ends_with(']')) {
+            word.insert(0, "./");
+        }
+        before = &word;
+    }
+}
+
 }  // namespace
 
 ParsedOptions parseOptions(std::vector<std::string> arguments) {
@@ -200,6 +213,7 @@ ParsedOptions parseOptions(std::vector<std::string> arguments) {
         if (const auto mistake = simulator::SimulateOption::mistake(arguments); !mistake.empty()) {
             throw usageError(mistake);
         }
+        keepBrackets(arguments);
         std::reverse(arguments.begin(), arguments.end());  // CLI11 takes them from the back
         line.app.parse(std::move(arguments));
         if (line.app.got_subcommand("help")) {

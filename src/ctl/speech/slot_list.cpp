@@ -56,4 +56,11 @@ Result<std::vector<SlotNumber>> slotsFromWords(const std::vector<std::string>& w
     return std::vector<SlotNumber>(slots.begin(), slots.end());
 }
 
+Result<SlotNumber> slotFromWord(const std::string& word) {
+    if (word.find('-') != std::string::npos) {
+        return Trouble{Trouble::Kind::notASlot, word};
+    }
+    return slotsFromWords({word}).map([](const auto& slots) { return slots.front(); });
+}
+
 }  // namespace kzq::ctl

@@ -12,4 +12,7 @@ namespace kzq::ctl {
 /// notASlot or noSuchSlot; `where` is the word or the number.
 Result<std::vector<SlotNumber>> slotsFromWords(const std::vector<std::string>& words);
 
+/// The same of one slot, so that a number is the same slot wherever it stands: "010" is 10.
+Result<SlotNumber> slotFromWord(const std::string& word);
+
 }  // namespace kzq::ctl
