@@ -41,7 +41,8 @@ TEST(Recording, IsRefusedAtTheLineThatIsWrong) {
                                                   {known + "7 2 = 0\n7 there 1 2\n", 7},
                                                   {begin + "6 2 reset 1", 5},
                                                   {call + "7 2 = 8 001122334455667g\n", 6},
-                                                  {in + "7 2 = 0 99999999999999999999 00112233\n", 6}}) {
+                                                  {begin + "6 2 out 1 02 1 aabbcc\n", 5},
+                                                  {in + "7 2 = 0 4294967296 00112233\n", 6}}) {
         EXPECT_EQ(refusal(std::string(recordingHeader) + "\n" + lines), "line " + std::to_string(line))
             << lines;
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <limits>
 #include <map>
 #include <set>
 #include <utility>
@@ -36,6 +37,11 @@ bool parse(std::string_view text, Number& number, int base = 10) {
     return error == std::errc() && end == text.data() + text.size();
 }
 
+/// Of a bulk transfer: 32 bits, as in a capture.
+bool parseLength(std::string_view text, std::size_t& length) {
+    return parse(text, length) && length <= std::numeric_limits<std::uint32_t>::max();
+}
+
 bool parseHex(std::string_view text, std::vector<std::uint8_t>& bytes) {
     if (text == "-") {
         return true;
@@ -52,8 +58,8 @@ bool parseHex(std::string_view text, std::vector<std::uint8_t>& bytes) {
     return true;
 }
 
-/// The existing calls, with the forms of their arguments: d and i a number (i may be negative), 2 and 4
-/// that many hexadecimal digits, w "arrived" or "left", p outgoing data.
+/// The existing calls, with the forms of their arguments: d and i a number (i may be negative), s one of 16
+/// bits, l a length, 2 and 4 that many hexadecimal digits, w "arrived" or "left", p outgoing data.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 13> calls{{{"initialize", ""},
                                                                                {"register", "w44id"},
                                                                                {"open", "d"},
@@ -62,9 +68,9 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 13> calls{{{
                                                                                {"detach", "di"},
                                                                                {"claim", "di"},
                                                                                {"release", "di"},
-                                                                               {"control", "d2244d"},
-                                                                               {"in", "d2d"},
-                                                                               {"out", "d2dp"},
+                                                                               {"control", "d2244s"},
+                                                                               {"in", "d2l"},
+                                                                               {"out", "d2lp"},
                                                                                {"reset", "d"},
                                                                                {"close", "d"}}};
 
@@ -73,8 +79,14 @@ bool hasForm(std::string_view word, char form) {
     constexpr std::size_t sumWidth = 16;
     std::uint64_t number = 0;
     std::int32_t small = 0;
+    std::uint16_t shortLength = 0;
+    std::size_t length = 0;
     std::vector<std::uint8_t> bytes;
     switch (form) {
+        case 's':
+            return parse(word, shortLength);
+        case 'l':
+            return parseLength(word, length);
         case '2':
         case '4':
             return word.size() == static_cast<std::size_t>(form - '0') && parse(word, number, hexadecimal);
@@ -91,6 +103,13 @@ bool hasForm(std::string_view word, char form) {
     }
 }
 
+/// Whether data in full is as long as the word before it says.
+bool isOfLength(std::string_view length, std::string_view data) {
+    std::size_t said = 0;
+    std::vector<std::uint8_t> bytes;
+    return !parseHex(data, bytes) || (parse(length, said) && said == bytes.size());
+}
+
 bool isCall(const Words& words) {
     const auto* const call = std::ranges::find(calls, words.front(), &decltype(calls)::value_type::first);
     if (call == calls.end() || words.size() != call->second.size() + 1) {
@@ -101,7 +120,7 @@ bool isCall(const Words& words) {
             return false;
         }
     }
-    return true;
+    return words.front() != "out" || isOfLength(words[3], words[4]);
 }
 
 /// Reads line after line; each must be consistent with those before it.
@@ -172,11 +191,11 @@ class Reader {
                    event.bytes.size() == asked;
         }
         if (verb == "in") {
-            return data.size() == 2 && parse(call.back(), asked) && parse(data[0], event.transferred) &&
+            return data.size() == 2 && parse(call.back(), asked) && parseLength(data[0], event.transferred) &&
                    parseHex(data[1], event.bytes) && event.bytes.size() == std::min(asked, event.transferred);
         }
         if (verb == "out") {
-            return data.size() == 1 && parse(data[0], event.transferred);
+            return data.size() == 1 && parseLength(data[0], event.transferred);
         }
         return data.empty();
     }
