@@ -178,7 +178,9 @@ Result<Snapshot> Generations::name(const fs::path& unfinished, const std::string
         Place place{stamp, 1};
         if (const auto taken = namesOf(false, true); !taken.empty() && place <= placeOf(taken.back())) {
             place = placeOf(taken.back());
-            ++place.number;
+            if (++place.number == 0) {  // the highest there is: any other name would sort before it
+                break;
+            }
         }
         const auto folder = path_ / nameOf(place);
         // A folder never takes the place of a file, or of a folder with something in it.

@@ -127,6 +127,8 @@ TEST_F(BackupWork, WhatIsNotSeenToBeOursStays) {
     stamp = "2026-11-22 14-02-32";
     EXPECT_TRUE(backup().whole());
     EXPECT_EQ(snapshot->name, "2026-11-22 14-02-32-02");
+    std::filesystem::create_directory(folder / "9999-99-99 99-99-99-4294967295");
+    EXPECT_FALSE(backup().whole()) << "no name comes after that one";
 }
 
 TEST_F(BackupWork, WhatAnEarlierRunSavedCountsAsDoneAndTakesNoSpace) {
