@@ -1,6 +1,7 @@
 #include "device/simulator/usbip/transfer_queue.h"
 
 #include <algorithm>
+#include <numeric>
 #include <set>
 #include <utility>
 
@@ -12,6 +13,7 @@ namespace kzq::simulator::usbip {
 namespace {
 
 constexpr std::size_t mostWaiting = 1024;
+constexpr std::size_t mostBytesWaiting = 4 * longestTransfer;
 
 constexpr std::uint32_t controlEndpoint = 0;
 constexpr std::uint32_t bulkInEndpoint = pedalBulkIn & 0x0FU;
@@ -26,7 +28,10 @@ Pipe pipeOf(const Transfer& transfer) {
 }  // namespace
 
 bool TransferQueue::submit(Transfer transfer) {
-    if (waiting_.size() >= mostWaiting) {
+    const auto bytes =
+        std::accumulate(waiting_.begin(), waiting_.end(), transfer.data.size(),
+                        [](std::size_t sum, const Transfer& waiting) { return sum + waiting.data.size(); });
+    if (waiting_.size() >= mostWaiting || bytes > mostBytesWaiting) {
         log(LogCategory::simulator, "USB: too many transfers");
         return false;
     }
