@@ -116,6 +116,12 @@ bool VirtualExecutor::runOne(bool withMainTasks) {
     Task task;
     {
         const std::lock_guard guard(state_->mutex);
+        std::erase_if(state_->workers, [](const auto& worker) {
+            if (worker->ended) {
+                worker->thread.join();
+            }
+            return worker->ended;
+        });
         auto best = std::numeric_limits<std::uint64_t>::max();
         const auto first = state_->mainTasks.begin();
         if (withMainTasks && first != state_->mainTasks.end() && first->first.first <= state_->now) {
