@@ -37,7 +37,12 @@ Result<void> WaveOutput::write(ByteView samples) {
 Result<void> WaveOutput::finish(bool sync) {
     return draft_->writeAt(waveHeader(static_cast<std::uint32_t>(sampleBytes_), stereo), 0)
         .and_then([&] { return sync ? draft_->sync() : Result<void>(); })
-        .and_then([&] { return draft_->place(path_.filename()); });
+        .and_then([&] { return draft_->place(path_.filename()); })
+        .map([&] {
+            if (sync) {
+                draft_->syncFolder();
+            }
+        });
 }
 
 }  // namespace kzq

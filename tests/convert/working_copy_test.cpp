@@ -62,7 +62,7 @@ TEST_F(WorkingCopy, WhatIsKeptIsOnTheDiskBeforeItHasItsName) {
         const auto result = Conversion({.output = shop_.results(), .sync = sync}).convert(good);
         ASSERT_TRUE(result);
         const auto synced = test::takeSyncs();
-        ASSERT_EQ(synced.size(), sync ? 1U : 0U);
+        ASSERT_EQ(synced.size(), sync ? 2U : 0U);
         EXPECT_TRUE(!sync || synced[0] != result->path);
     }
 }
