@@ -98,7 +98,7 @@ void ended(const FileCall& call) {
     } else if (call.name == "fsync") {
         all.unsynced.erase(file);
     } else if (named && all.unsynced.contains(file)) {
-        all.note("unsynced", call.path);
+        all.note("unsynced", pathOf(call));
     }
 }
 

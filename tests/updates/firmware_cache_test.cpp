@@ -1,10 +1,7 @@
 #include "updates/firmware_cache.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/file.h>
 
-#include "platform/descriptor.h"
 #include "platform/digest.h"
 #include "tls_server.h"
 
@@ -32,20 +29,6 @@ TEST(FirmwareCache, KeepsNoEntryThatIsOutOfItsRanges) {
     }
     EXPECT_EQ(namesIn(folder.path()), (Strings{"cache", "outside"}));
     EXPECT_EQ(namesIn(cache.folder()), Strings{"image"});
-}
-
-TEST(FirmwareCache, IsClearedOfWhatAKilledRunLeft) {
-    const TestFolder folder;
-    for (const auto* name : {".kzq7306-1-old.part", ".kzq7306-1-old", "old.part"}) {
-        writeText(folder / name, "x");
-    }
-    writeText(folder / ".kzq7306-1-written.part", "x");
-    const Descriptor written(::open((folder / ".kzq7306-1-written.part").c_str(), O_WRONLY));
-    ASSERT_EQ(::flock(written.get(), LOCK_EX), 0) << "as a draft that another program is writing";
-    std::filesystem::create_directory(folder / ".kzq7306-1-folder.part");
-    EXPECT_TRUE(FirmwareCache(folder.path()).prepare());
-    EXPECT_EQ(namesIn(folder.path()),
-              (Strings{".kzq7306-1-folder.part", ".kzq7306-1-old", ".kzq7306-1-written.part", "old.part"}));
 }
 
 }  // namespace
