@@ -71,10 +71,6 @@ Result<void> PartFile::append(ByteView bytes) {
     return error == 0 ? Result<void>() : notStored(error);
 }
 
-Result<void> PartFile::sync() {
-    return ::fsync(file_.get()) == 0 ? Result<void>() : notStored(errno);
-}
-
 Result<Bytes> PartFile::read(std::uint64_t limit) const {
     return readPlainFile(file_.get(), limit);
 }

@@ -22,7 +22,6 @@ class PartFile : Fixed {
     Result<void> open();
     Result<void> clear();
     Result<void> append(ByteView bytes);
-    Result<void> sync();
     /// What is on the disk, if that is at most `limit` bytes.
     Result<Bytes> read(std::uint64_t limit) const;
     std::uint64_t size() const;
@@ -32,7 +31,7 @@ class PartFile : Fixed {
     /// Sets these permissions, and that to write, without which a leftover could not be opened again; keeps
     /// it open for reading only, as a file that is to be started must be.
     Result<void> seal(std::filesystem::perms permissions);
-    /// Moves it to its final name, with these permissions, by one rename; closes it.
+    /// Moves it to its final name, with these permissions, by one rename; synced before, and closed.
     Result<void> place(const std::filesystem::path& name, std::filesystem::perms permissions);
     /// Removes and closes it, if it is open and still ours.
     void remove();

@@ -31,9 +31,6 @@ Result<void> UpdateDownload::open() {
 
 Result<void> UpdateDownload::verify(const FeedItem& item, std::span<const UpdateKey> keys) {
     verified_ = false;
-    if (auto synced = part_.sync(); !synced) {
-        return synced;
-    }
     if (!isSignedByOne(keys, item)) {
         return unverified(english("the signature of the update is wrong"));
     }

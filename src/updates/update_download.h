@@ -18,7 +18,7 @@ class UpdateDownload : Fixed {
 
     Result<void> open();
     Result<void> append(ByteView bytes) { return part_.append(bytes); }
-    /// Checks signature, length and digest of what is on the disk, and syncs it. An AppImage must be one.
+    /// Checks signature, length and digest of what was stored. An AppImage must be one.
     Result<void> verify(const FeedItem& item, std::span<const UpdateKey> keys);
     /// Makes a verified package ready to be started where it is, with these permissions. Nothing can be
     /// appended afterwards.
