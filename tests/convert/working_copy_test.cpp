@@ -5,7 +5,6 @@
 #include "audio/convert.h"
 #include "converting.h"
 #include "platform/run_folder.h"
-#include "watched_sync.h"
 
 namespace kzq {
 namespace {
@@ -53,18 +52,6 @@ TEST_F(WorkingCopy, RefusesPathsByTheirShapeAndConvertsEachCallAnew) {
     RunFolder::ofThisRun().remove();
     EXPECT_EQ(std::nullopt, Wave::convertAudioFile(good)) << "the program is quitting";
     ::unsetenv("TMPDIR");  // NOLINT(concurrency-mt-unsafe): one thread still
-}
-
-TEST_F(WorkingCopy, WhatIsKeptIsOnTheDiskBeforeItHasItsName) {
-    const auto good = shop_.write("good.wav", wave(packed(noise(1'000, 24)), 2).value());
-    for (const bool sync : {false, true}) {
-        test::takeSyncs();
-        const auto result = Conversion({.output = shop_.results(), .sync = sync}).convert(good);
-        ASSERT_TRUE(result);
-        const auto synced = test::takeSyncs();
-        ASSERT_EQ(synced.size(), sync ? 2U : 0U);
-        EXPECT_TRUE(!sync || synced[0] != result->path);
-    }
 }
 
 }  // namespace

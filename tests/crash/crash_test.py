@@ -154,13 +154,16 @@ def deeds():
 
 
 class Crash(unittest.TestCase):
-    def test_at_each_call(self):
-        for deed in DEEDS:
-            self.assertGreater(len(deed.calls), 5, deed.words)
+    def test_files_are_on_the_disk_before_they_have_their_names(self):
+        for deed in DEEDS + [Deed(some_saved, [TOOL, "convert", "HERE/saved/Loop 3.wav", "--to", "HERE/saved/loop.wav"])]:
             for at, (call, path) in enumerate(call.split(" ", 1) for call in deed.calls):
                 if call in ("link", "rename", "unsynced") and not TEMPORARY.search(path):
                     self.assertNotEqual(call, "unsynced", f"{path} had its name before it was on the disk: {deed.words}")
                     self.assertIn(f"fsync {os.path.dirname(path)}", deed.calls[at:], f"the name {path} is not")
+
+    def test_at_each_call(self):
+        for deed in DEEDS:
+            self.assertGreater(len(deed.calls), 5, deed.words)
             with concurrent.futures.ThreadPoolExecutor(2) as pool:
                 tries = [pool.submit(deed.killed, f"at {at}, half: {half}", AT=at, HALF=half)
                          for at, call in enumerate(deed.calls, 1)
