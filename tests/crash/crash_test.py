@@ -51,6 +51,7 @@ class Deed:
     def __init__(self, prepare, words, closed=0):
         self.words, self.closed = words, closed
         self.made = tempfile.TemporaryDirectory()
+        unittest.addModuleCleanup(self.made.cleanup)
         self.start = os.path.join(self.made.name, "start")
         os.mkdir(self.start)
         prepare(self)
