@@ -1,5 +1,5 @@
 """Programs that are killed at each of their calls that change files, or at any moment, and then do the same again:
-crash_test.py LIBRARY TOOL STEPS [CASE...]. CRASH=long has longer loops, and a thousand moments."""
+crash_test.py LIBRARY TOOL STEPS [CASE...]. CRASH=long has longer loops, and three hundred moments."""
 
 import concurrent.futures
 import os
@@ -174,7 +174,7 @@ class Crash(unittest.TestCase):
             print(f"{len(tries)} points, {len(deed.sound)} states: {deed.words[1:]}", flush=True)
 
     def test_at_any_moment(self):
-        for count in range(1000 if LONG else 20):
+        for count in range(300 if LONG else 20):
             deed = DEEDS[count % len(DEEDS)]
             seconds = random.uniform(0, deed.seconds)
             deed.killed(f"after {seconds} s", seconds)
