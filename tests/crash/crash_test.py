@@ -26,7 +26,7 @@ def loop(path, seed):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     with wave.open(path, "wb") as file:
         file.setparams((2, 3, 44100, 0, "NONE", ""))
-        file.writeframes(random.Random(seed).randbytes(6 * (100_000 if LONG else 1000)))
+        file.writeframes(random.Random(seed).randbytes(6 * (30_000 if LONG else 1000)))
 
 
 class Files:
