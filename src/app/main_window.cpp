@@ -44,8 +44,12 @@ void nameByIdentifier(const QWidget& root) {
     }
 }
 
-/// Whoever holds on to a menu by way of assistive technology has to look for it anew.
+/// Whoever holds on to a menu by way of assistive technology has to look for it anew. Without any, the
+/// toolkit would only make what is then forgotten, and keep a connection for each.
 void forgetMenus(const QMenuBar& bar) {
+    if (!QAccessible::isActive()) {
+        return;
+    }
     QObjectList parts{const_cast<QMenuBar*>(&bar)};
     for (auto* const menu : bar.findChildren<QMenu*>()) {
         parts.append(menu);
