@@ -40,12 +40,13 @@ void checkSlots(const Words& words) {
     require(slots.has_value() == expected.has_value() &&
                 (!slots || std::ranges::equal(*slots, *expected, {}, &kzq::SlotNumber::number)),
             "the slots are what the words say");
-    for (const auto& word : words) {
-        const auto one = word.find('-') == std::string::npos ? slotsNaively({word}) : std::nullopt;
-        const auto parsed = parseOptions({"export", "x", "--slot=" + word});
-        require(one ? parsed.options && parsed.options->slot->number() == *one->begin() : !parsed.options,
-                "a number is the same slot in every command");
-    }
+}
+
+void checkSlot(const std::string& word) {
+    const auto one = word.find('-') == std::string::npos ? slotsNaively({word}) : std::nullopt;
+    const auto parsed = parseOptions({"export", "x", "--slot=" + word});
+    require(one ? parsed.options && parsed.options->slot->number() == *one->begin() : !parsed.options,
+            "a number is the same slot in every command");
 }
 
 void checkTool(const Words& words) {
@@ -85,6 +86,7 @@ void checkPedal(Words words) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* input, std::size_t size) {
     const auto words = linesOf(input, size);
     checkSlots(words);
+    checkSlot(words.empty() ? "" : words.front());
     checkTool(words);
     checkPedal(words);
     return 0;
