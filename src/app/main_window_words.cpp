@@ -8,10 +8,15 @@ namespace kzq {
 
 void MainWindow::nameParts() {
     constexpr int usualType = 13;
+    constexpr int headlineType = 24;
+    constexpr int roomOnPlate = 252;  // beside the picture
     setWindowTitle("7306 Loop Manager");
-    ui_.emptyHeadline->setText(toQt(words("Plug in your 7306")));
-    ui_.emptyAdvice->setText(toQt(
-        words("Connect the pedal to this computer\nby USB and switch it on.\nIts loops will appear here.")));
+    setFitted(*ui_.emptyHeadline, toQt(words("Plug in your 7306")), headlineType, roomOnPlate);
+    setFitted(
+        *ui_.emptyAdvice,
+        toQt(words(
+            "Connect the pedal to this computer\nby USB and switch it on.\nIts loops will appear here.")),
+        usualType, roomOnPlate);
     setFitted(*ui_.emptyNoteHeadline, toQt(words("No pedal connected")), usualType);
     setFitted(*ui_.emptyNoteText, toQt(words("Its free space shows here.")), usualType);
     setFitted(*ui_.warningText, toQt(words("Slots marked like this will\nreplace loops on the pedal.")),

@@ -17,16 +17,20 @@ bool fitsInto(int room, const QString& lines, const QFont& font) {
 
 }  // namespace
 
-void setFitted(QLabel& label, const QString& lines, int pixels) {
+void setFitted(QLabel& label, const QString& lines, int pixels, int room) {
     auto font = fontOf(label);
     font.setPixelSize(pixels);
-    while (font.pixelSize() > smallestLabelType && !fitsInto(placeOf(label).width(), lines, font)) {
+    while (font.pixelSize() > smallestLabelType && !fitsInto(room, lines, font)) {
         font.setPixelSize(font.pixelSize() - 1);
     }
     if (font != fontOf(label)) {
         dress(label, font);
     }
     label.setText(lines);
+}
+
+void setFitted(QLabel& label, const QString& lines, int pixels) {
+    setFitted(label, lines, pixels, placeOf(label).width());
 }
 
 }  // namespace kzq

@@ -4,7 +4,9 @@
 
 namespace kzq {
 
-/// Shows these lines in the label's place, in type of so many pixels, or smaller if it takes more than that.
+/// Shows these lines in type of so many pixels, or smaller if they take more than `room`, in pixels of 100 %.
+void setFitted(QLabel& label, const QString& lines, int pixels, int room);
+/// The same in the label's place.
 void setFitted(QLabel& label, const QString& lines, int pixels);
 
 }  // namespace kzq

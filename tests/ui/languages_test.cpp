@@ -52,7 +52,7 @@ std::string stretched(const Text& text) {
 /// What is wrong with a text that should have been looked up as a whole; sentences and lists may follow each
 /// other. Numbers, names of loops and of the product are in no language.
 QString faultOf(QString text) {
-    static const QRegularExpression free("Loop \\d+|7306 Loop Manager|\\d+ (B|KB|MB)|www\\.\\S+|\\.\\w+");
+    static const QRegularExpression free("Loop (\\d+|Manager)|\\d+ (B|KB|MB)|www\\.\\S+|\\.\\w+");
     text.remove(free);
     int depth = 0;
     QChar before = ' ';  // the last sign of the last pair, but for what makes it longer
@@ -96,7 +96,7 @@ class Languages : public testing::TestWithParam<int> {
 
     void look(const QString& text, const QWidget& widget) {
         texts += text.isEmpty() ? 0 : 1;
-        EXPECT_EQ(faultOf(text), QString())
+        EXPECT_EQ(faultOf(text).toStdString(), "")
             << widget.metaObject()->className() << " \"" << widget.objectName().toStdString()
             << "\": " << text.toStdString();
     }
@@ -169,7 +169,8 @@ TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
     actions.backUp = actions.restore = [] {};
     fillMenuBar(*window.menuBar(), actions);
     for (auto* const action : window.menuBar()->findChildren<QAction*>()) {
-        EXPECT_EQ(faultOf(action->text().section('\t', 0, 0)), QString()) << action->text().toStdString();
+        EXPECT_EQ(faultOf(action->text().section('\t', 0, 0)).toStdString(), "")
+            << action->text().toStdString();
     }
     lookInto(window);
     EXPECT_FALSE(window.menuBar()->findChild<QWidget*>("qt_menubar_ext_button")->isVisible());
@@ -252,7 +253,7 @@ TEST_P(Languages, ThePanelsShowNothingButTranslations) {
     const auto about = About::about(
         application, executor, dialogs, [] { return std::optional<std::string>("1.05"); }, product);
     lookInto(about->window());
-    EXPECT_GT(texts, 100);
+    EXPECT_GT(texts, 80);
 }
 
 }  // namespace

@@ -258,11 +258,11 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Application::setDesktopFileName(desktopEntry);
     Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
+    QtCatalogue::use(QLocale::system());
     FirstWindow first(QDBusConnection::sessionBus(), nameOnBus(options));
     if (isHandedOver(first, start)) {  // which has the pedal, and cannot record any more
         return records ? complain(usageStatus, "close the window that is open, then record.") : EXIT_SUCCESS;
     }
-    QtCatalogue::use(QLocale::system());
     registerFonts();
     RunFolder::ofThisRun().sweep();
     QtExecutor executor;
