@@ -52,6 +52,7 @@ bool Keeping::plan(const std::vector<SlotNumber>& slots, const Loops& seen) {
 
 void Keeping::begin(Run& run) {
     pedal_ = parts_.flows->makePedal(transferPatience);
+    doubt_ = doubtOf(parts_.environment);
     const auto stop = [parts = &parts_] { parts->flows->cancel(); };
     work_ = parts_.teller.newWork({words("Stop"), [stop] {
                                        stop();
@@ -81,12 +82,11 @@ struct Keeping::Round {
 };
 
 Keeping::Round Keeping::copy(Run& run) {
-    const auto doubt = doubtOf(parts_.environment);
-    const auto before = doubt();
+    const auto before = doubt_();
     Round round{.kept = runKeep(*pedal_, order_, events_)};
     if (round.kept.outcome.whole()) {
         round.idle = run.saysIdle();
-        round.still = round.idle && doubt().isStill(before);
+        round.still = round.idle && doubt_().isStill(before);
     }
     return round;
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
 #include "app/app_parts.h"
+#include "listening/shelf.h"
 #include "operations/keep.h"
 
 namespace kzq {
@@ -48,6 +50,7 @@ class Keeping : Fixed {
     const Copies copies_;
     KeepOrder order_{.copies = KeptCopies({}), .slots = {}, .seen = {}};
     std::shared_ptr<Pedal> pedal_;  ///< with another patience than the operation's
+    std::function<Doubt()> doubt_;  ///< the window may have gone when it is asked
     Teller::Work work_ = 0;
     Events events_;
     std::string stamp_;  ///< of the copies

@@ -95,6 +95,17 @@ TEST_F(KeepTest, WhatIsReplacedIsReadAfterTheQuestionAndNothingElse) {
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 
+TEST_F(KeepTest, AWindowThatGoesBeforeTheFirstCopyIsAskedNothingMore) {
+    launchConnected();
+    select({3});
+    plan("silence@E8:2");
+    window->eraseButton()->click();
+    pass(100ms);
+    EXPECT_TRUE(shieldUp());
+    delegate.reset();
+    pass(1min);
+}
+
 TEST_F(KeepTest, ALoopThatIsRecordedWhileACopyIsMadeIsNotErased) {
     launchConnected();
     select({3});
