@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <limits>
 #include <map>
 #include <stdexcept>
 #include <thread>
@@ -11,6 +10,13 @@
 namespace kzq::test {
 
 namespace {
+
+/// A timer's is queued when it is due, and so may overtake, or be overtaken by, what is queued then.
+struct MainTask {
+    Executor::Task task;
+    bool timer = false;
+};
+using MainTasks = std::map<std::pair<Executor::TimePoint, std::uint64_t>, MainTask>;
 
 /// Unwinds a job whose executor is destroyed. Not a std::exception, so that no handler takes it for a
 /// failure.
@@ -31,13 +37,20 @@ struct VirtualExecutor::Worker {
     std::condition_variable turn;
 };
 
+/// What can go on now.
+struct VirtualExecutor::Ready {
+    std::uint64_t order = 0;
+    Worker* worker = nullptr;
+    MainTasks::iterator task = {};
+};
+
 struct VirtualExecutor::State {
     std::thread::id mainThread = std::this_thread::get_id();
     std::mutex mutex;  ///< guards what follows; free while a worker runs its own code
     std::condition_variable yielded;
     TimePoint now;
     std::uint64_t order = 0;
-    std::map<std::pair<TimePoint, std::uint64_t>, Task> mainTasks;
+    MainTasks mainTasks;
     std::deque<std::unique_ptr<Worker>> workers;
     std::vector<std::string> services;
     Worker* current = nullptr;
@@ -86,6 +99,15 @@ bool VirtualExecutor::advanceUntil(const std::function<bool()>& done, Duration l
     return true;
 }
 
+bool VirtualExecutor::step() {
+    return runTimeTo(now() + std::chrono::hours(1), true);
+}
+
+void VirtualExecutor::skip(Duration duration) {
+    const std::lock_guard guard(state_->mutex);
+    state_->now += duration;
+}
+
 /// Runs one thing that is due, or moves the clock to the next thing due by `limit` and runs that.
 bool VirtualExecutor::runTimeTo(TimePoint limit, bool withMainTasks) {
     if (runOne(withMainTasks)) {
@@ -110,9 +132,9 @@ bool VirtualExecutor::runTimeTo(TimePoint limit, bool withMainTasks) {
     return runOne(withMainTasks);
 }
 
-/// Runs the one that has been due, or ready, in the order of asking.
+/// Runs the one that has been due, or ready, in the order of asking, unless `choose` says otherwise.
 bool VirtualExecutor::runOne(bool withMainTasks) {
-    Worker* chosen = nullptr;
+    Ready next;
     Task task;
     {
         const std::lock_guard guard(state_->mutex);
@@ -122,33 +144,45 @@ bool VirtualExecutor::runOne(bool withMainTasks) {
             }
             return worker->ended;
         });
-        auto best = std::numeric_limits<std::uint64_t>::max();
-        const auto first = state_->mainTasks.begin();
-        if (withMainTasks && first != state_->mainTasks.end() && first->first.first <= state_->now) {
-            best = first->first.second;
+        const auto ready = allReady(withMainTasks);
+        if (ready.empty()) {
+            return false;
         }
-        for (const auto& worker : state_->workers) {
-            const bool runnable =
-                !worker->ended && (worker->woken ? worker->woken() : worker->due <= state_->now);
-            if (runnable && worker->order < best) {
-                best = worker->order;
-                chosen = worker.get();
-            }
-        }
-        if (chosen == nullptr) {
-            if (best == std::numeric_limits<std::uint64_t>::max()) {
-                return false;
-            }
-            task = std::move(first->second);
-            state_->mainTasks.erase(first);
+        next = ready[choose && ready.size() > 1 ? choose(ready.size()) : 0];
+        if (next.worker == nullptr) {
+            task = std::move(next.task->second.task);
+            state_->mainTasks.erase(next.task);
         }
     }
-    if (chosen != nullptr) {
-        resume(*chosen);
+    if (next.worker != nullptr) {
+        resume(*next.worker);
     } else {
         task();
     }
     return true;
+}
+
+std::vector<VirtualExecutor::Ready> VirtualExecutor::allReady(bool withMainTasks) const {
+    std::vector<Ready> ready;
+    auto& tasks = state_->mainTasks;
+    for (auto at = tasks.begin(); withMainTasks && at != tasks.end() && at->first.first <= state_->now;
+         ++at) {
+        // of each kind the first; without a choice, the first of all
+        const bool first = ready.empty() || (choose && at->second.timer != ready.front().task->second.timer);
+        if (first) {
+            ready.push_back({at->first.second, nullptr, at});
+        }
+        if (ready.size() == 2 || !choose) {
+            break;
+        }
+    }
+    for (const auto& worker : state_->workers) {
+        if (!worker->ended && (worker->woken ? worker->woken() : worker->due <= state_->now)) {
+            ready.push_back({worker->order, worker.get(), {}});
+        }
+    }
+    std::ranges::sort(ready, {}, &Ready::order);
+    return ready;
 }
 
 /// Gives `worker` the turn and takes it back when it sleeps, waits or ends.
@@ -219,7 +253,8 @@ void VirtualExecutor::main(Task task) {
 void VirtualExecutor::mainAfter(Duration delay, Task task) {
     const std::lock_guard guard(state_->mutex);
     const auto due = state_->now + std::max(delay, Duration::zero());
-    state_->mainTasks.emplace(std::pair{due, ++state_->order}, std::move(task));
+    state_->mainTasks.emplace(std::pair{due, ++state_->order},
+                              MainTask{std::move(task), delay > Duration::zero()});
 }
 
 void VirtualExecutor::background(Priority /*priority*/, Task task) {

@@ -27,6 +27,15 @@ class VirtualExecutor : public Executor {
     /// Lets time pass until `done()`, at most `limit`. Returns whether it got there. Main thread.
     bool advanceUntil(const std::function<bool()>& done, Duration limit = std::chrono::hours(1));
 
+    /// Of so many that can go on, in the order of asking, the one that does, from 0; unset: the first. The
+    /// main thread's tasks keep their order, but for its timers. Called within the executor, which it must
+    /// not use.
+    std::function<std::size_t(std::size_t count)> choose;
+    /// Runs the next thing, also one that is due only within the hour. False if there is none. Main thread.
+    bool step();
+    /// Time passes while nothing gets its turn, as on a computer that is too busy. Main thread.
+    void skip(Duration duration);
+
     /// Time since the start.
     Duration elapsed() const;
     bool onMainThread() const;
@@ -48,9 +57,11 @@ class VirtualExecutor : public Executor {
 
   private:
     struct Worker;
+    struct Ready;
     struct State;
 
     bool runOne(bool withMainTasks);
+    std::vector<Ready> allReady(bool withMainTasks) const;
     bool runTimeTo(TimePoint limit, bool withMainTasks);
     void runUntil(const std::function<bool()>& woken);
     void resume(Worker& worker);

@@ -1,0 +1,467 @@
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QAction>
+#include <QTest>
+#include <iostream>
+#include <random>
+#include <sstream>
+
+#include "app/backing_up.h"
+#include "audio/wave.h"
+#include "device/wire.h"
+#include "flow_fixture.h"
+#include "platform/descriptor.h"
+#include "platform/log.h"
+#include "ui/alert_button.h"
+#include "ui/panels/backup_panel.h"
+
+namespace kzq::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// All that is decided in a life, from '0' on: what happens, and who gets the next turn. Once it is used up,
+/// every decision is the usual one.
+using Trace = std::string;
+
+struct Ended {
+    bool well;
+    std::string story;  ///< all that was printed
+};
+
+/// The same for the same seed.
+Trace anyTrace(std::uint64_t seed) {
+    std::mt19937_64 random(seed);
+    Trace trace(20 + random() % 1000, '0');
+    std::ranges::generate(trace, [&] { return static_cast<char>('0' + random() % ('~' - '0' + 1)); });
+    return trace;
+}
+
+/// A short one of those that still fail. RapidCheck would try chunks of every length, and again from the
+/// longest on after each that it can do without.
+Trace shortened(Trace trace, const std::function<bool(const Trace&)>& fails) {
+    int attempts = 300;
+    const auto better = [&](const Trace& other) {
+        const bool is = other != trace && --attempts > 0 && fails(other);
+        trace = is ? other : trace;
+        return is;
+    };
+    for (auto size = trace.size(); size > 0; size /= 2) {
+        for (std::size_t at = 0; at < trace.size();) {
+            const auto length = std::min(size, trace.size() - at);
+            if (!better(Trace(trace).erase(at, length))) {
+                better(Trace(trace).replace(at, length, length, '0'));
+                at += size;
+            }
+        }
+    }
+    return trace;
+}
+
+/// Does it in a process of its own, so that a crash or a deadlock is a failure like others, and nothing of it
+/// stays in this one. Any failure of a test in it counts.
+Ended apart(const std::function<void()>& life) {
+    constexpr unsigned patience = 60;  // seconds
+    const Descriptor output(::memfd_create("story", 0));
+    std::fflush(nullptr);
+    const auto child = ::fork();
+    if (child == 0) {
+        ::dup2(output.get(), STDOUT_FILENO);
+        ::dup2(output.get(), STDERR_FILENO);
+        std::setvbuf(stdout, nullptr, _IOLBF, 0);  // also what comes before a crash
+        ::alarm(patience);
+        life();
+        std::fflush(nullptr);
+        ::_exit(testing::Test::HasFailure() ? 1 : 0);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    std::string story(static_cast<std::size_t>(::lseek(output.get(), 0, SEEK_END)), '\0');
+    EXPECT_EQ(::pread(output.get(), story.data(), story.size(), 0), story.size());
+    if (WIFSIGNALED(status)) {
+        story += "It ended by signal " + std::to_string(WTERMSIG(status)) + ".\n";
+    }
+    return {status == 0, std::move(story)};
+}
+
+/// A life of the window, of its user, its pedals and the web. What happens in it, and in which order its
+/// threads run, is decided by a trace. What must hold is checked after each step, and at its end.
+class Orders : public FlowTest {
+  protected:
+    Ended live(const Trace& trace) {
+        return apart([&] {
+            trace_ = trace;
+            begin();
+            while (at_ < trace_.size()) {
+                step();
+            }
+            end();
+            std::cout << "steps " << steps_ << std::endl;
+        });
+    }
+
+  private:
+    /// What happens by itself does so on a thread of its own, and so at any moment of the program.
+    enum class By { itself, user, anybody };
+    struct Event {
+        const char* name;
+        By by;
+        std::function<void()> happen;
+    };
+
+    std::size_t decide(std::size_t count) {
+        ++steps_;
+        return (at_ < trace_.size() ? static_cast<std::size_t>(trace_[at_++] - '0') : 0) % count;
+    }
+
+    void begin() {
+        for (const auto& entry : fs::directory_iterator(base.path())) {
+            fs::remove_all(entry);
+            fs::create_directory(entry);
+        }
+        setLogSink([this](auto category, auto line) {
+            std::cout << "    " << line << '\n';
+            told_ += category == LogCategory::application ? 1 : 0;
+        });
+        executor.choose = [this](auto count) { return decide(count); };
+        pedal.setMemoryListener([this](auto address, const auto* loop) { changed(address, loop); });
+        port.tamper = [this](auto code, auto /*reply*/) {
+            looks_[0] += code == wire::firstLoops.code ? 1 : 0;
+            looks_[1] += code == wire::lastLoops.code ? 1 : 0;
+            executor.sleep(0s);  // anything may happen here
+        };
+        dialogs.answer = [this] { return (whileAsked(), answer()); };
+        dialogs.folder = [this] {
+            whileAsked();
+            return decide(3) == 2 ? Dialogs::Chosen{} : Dialogs::Chosen{panelOk, folder};
+        };
+        addUserEvents();
+        addOtherEvents();
+        EXPECT_TRUE(kept.turn(keeps_ = decide(2) == 0));
+        quits_ = decide(4) == 3;
+        port.pace = port.writePace = 20ms * decide(2);
+        conversionTime = 50ms * decide(2);
+        swapPedal(stageNormal);
+        window->setUpdatesEnabled(false);  // nobody looks
+        launch(0s);
+    }
+
+    void step() {
+        const bool happens = decide(10) > 7;
+        happens ? happen(events_[decide(events_.size())]) : void(executor.step());
+        QCoreApplication::processEvents();
+        checkStep();
+        if (HasFailure()) {
+            std::cout << std::flush;
+            ::_exit(1);
+        }
+    }
+
+    void happen(const Event& event) {
+        if (event.by != By::user || (asking_ == 0 && !shieldUp())) {
+            const auto now = std::chrono::duration<double>(executor.elapsed());
+            std::cout << now.count() << " s: " << event.name << '\n';
+            event.by == By::itself ? executor.background(Priority::standard, event.happen) : event.happen();
+        }
+    }
+
+    void add(const char* name, By by, const std::function<void()>& task) {
+        if (by != By::itself || decide(5) == 4) {  // each life has few of them, so that others come far
+            events_.push_back({name, by, task});
+        }
+    }
+
+    void addUserEvents() {
+        for (int twice = 0; twice < 2; ++twice) {
+            add("select", By::user, [this] { press(importRow(anyRow()).button()); });
+            add("select all", By::user, [this] { press(window->selectAllButton()); });
+            add("import", By::user, [this] { press(window->importButton()); });
+            add("erase", By::user, [this] { press(window->eraseButton()); });
+            add("export", By::user, [this] { press(window->exportButton()); });
+            add("drop", By::user, [this, row = anyRow()] { drop(row, anyFile(row)); });
+            add("a while", By::anybody, [this] { executor.advance(500ms * decide(40)); });
+        }
+        add("play", By::user, [this] {
+            auto& row = decide(3) == 0 ? exportRow(anyRow()) : importRow(anyRow());
+            row.canPlay() ? row.playClicked() : void();
+        });
+        add("link", By::user, [this] {
+            auto& link = window->statusLine().link();
+            press(link.text().contains("without a copy") ? nullptr : &link);
+        });
+        add("verify", By::user, [this] { menuEntry("&Verify After Export").trigger(); });
+        decide(5) != 4
+            ? void()
+            : add("firmware", By::user, [this] { delegate->installFirmware(audioFile("new.bin", 10)); });
+        add("back up", By::user, [this] { menuEntry("Back &Up\u2026").trigger(); });
+        add("go", By::user, [this] {
+            auto* const panel = delegate->backingUp().panel();
+            press(panel == nullptr ? nullptr : &panel->acceptButton());
+        });
+    }
+
+    void addOtherEvents() {
+        for (const auto* const fault : {"silence@control", "silence@in", "silence@out", "stall@in",
+                                        "stall@EB", "shorten@out", "refuse@ED", "refuse@E2"}) {
+            add(fault, By::itself, [this, fault] {
+                mayHang_ = mayHang_ || std::string_view(fault).starts_with("silence");
+                plan(fault);
+            });
+        }
+        add("unplug", By::itself, [this] { pedal.unplug(); });
+        add("another pedal", By::itself, [this] { swapPedal(stageNormal); });
+        add("another's loader", By::itself, [this] { swapPedal(stageFactoryBlank); });
+        add("record", By::anybody, [this] { setLoop(anyRow() - 1U, ++nextFrames_); });
+        add("erased on the pedal", By::itself, [this] { setLoop(anyRow() - 1U, 0); });
+        add("played", By::itself, [this] { pedal.setBusy(mayHang_ = true); });
+        add("no longer played", By::itself, [this] { pedal.setBusy(false); });
+        add("plug in", By::anybody, [this] { pedal.plugIn(); });
+        add("files", By::anybody, [this] { delegate->openFiles({QUrl::fromLocalFile(anyFile(0).c_str())}); });
+        add("cancel", By::anybody,
+            [this] { delegate->progress()->isVisible() ? delegate->progress()->cancel() : void(); });
+        add("stop", By::anybody,
+            [this] { press(shieldUp() ? window->shield()->findChild<StatusLink*>() : nullptr); });
+        add("heard", By::anybody, [this] { output.take(150); });
+        add("sleep", By::anybody, [this] { skip(asleep += 1h); });
+        add("too busy", By::anybody, [this] { skip(700ms * decide(20)); });
+    }
+
+    static void press(QAbstractButton* button) {
+        if (button != nullptr && button->isVisibleTo(button->window()) && button->isEnabled()) {
+            button->click();
+        }
+    }
+    void skip(Executor::Duration time) {
+        late_ = true;
+        executor.skip(time);
+    }
+    std::uint8_t anyRow() { return static_cast<std::uint8_t>(1 + decide(4)); }
+
+    fs::path anyFile(std::uint8_t slot) {
+        files_[++nextFrames_] = slot;
+        return audioFile("song " + std::to_string(nextFrames_) + ".wav", nextFrames_);
+    }
+
+    /// An open question, and what happens meanwhile.
+    void whileAsked() {
+        ++asking_;
+        while (decide(5) != 0) {
+            step();
+        }
+        --asking_;
+    }
+
+    int answer() {
+        const auto question = dialogs.take().back();
+        const int said = decide(3) == 2 ? alertSecondButton : alertFirstButton;
+        std::cout << "    asked: " << question << ' ' << said << '\n';
+        const bool erases = question.starts_with("Erased loop audio");
+        if (said == alertFirstButton && (erases || question.starts_with("Overwriting loop slots"))) {
+            for (const auto slot : allSlots()) {
+                const auto& row = importRow(slot.number());
+                const bool meant = erases ? row.selected() : delegate->selectedExportSlots().contains(slot);
+                agreed_.insert(meant && row.occupied() ? row.samples() : 0);
+            }
+        }
+        return said;
+    }
+
+    // --- the pedal's side
+
+    /// 0: empties it.
+    void setLoop(std::size_t address, std::size_t frames) {
+        held_.at(address) = frames;
+        // an operation that has looked for itself begins even if a poll looks once more before that
+        recorded_.at(address) = looks_.at(address / recordsInReply) + (shieldUp() ? 1 : 0);
+        late_ = late_ || shieldUp();
+        auto& loop = ever_[frames];
+        loop = loopOf(static_cast<std::uint32_t>(frames), static_cast<std::uint8_t>(frames));
+        pedal.setLoop(static_cast<std::uint8_t>(address), frames == 0 ? std::nullopt : std::optional(loop));
+    }
+
+    void swapPedal(char stage) {
+        pedal.unplug();
+        for (std::size_t address = 0; address < loopSlots; ++address) {
+            setLoop(address, address == 0 || address == 2 ? ++nextFrames_ : 0);
+        }
+        recorded_.fill(-1);
+        pedal.setStage(stage);
+        pedal.plugIn();
+    }
+
+    bool isKept(std::size_t frames) const {
+        const auto copies = kept.list();
+        return std::ranges::any_of(copies, [&](const KeptCopy& copy) { return isImage(copy.file, frames); });
+    }
+    bool isImage(const fs::path& file, std::size_t frames) const {
+        const auto image = wave(ever_.at(frames).audio, 2).value();
+        return readText(file) == std::string(image.begin(), image.end());
+    }
+
+    /// By the program.
+    void changed(std::uint8_t address, const simulator::StoredLoop* loop) {
+        auto& held = held_.at(address);
+        const auto name = "Loop " + std::to_string(address + 1);
+        std::cout << "    " << name << (loop == nullptr ? " is gone\n" : " is written\n");
+        const bool unseen = recorded_.at(address) >= looks_.at(address / recordsInReply);
+        if (held != 0 && !unseen) {
+            EXPECT_TRUE(agreed_.contains(held)) << name << " is lost, and nobody was asked";
+            EXPECT_TRUE(!keeps_ || isKept(held)) << name << " is lost without a copy";
+        }
+        held = 0;
+        if (loop != nullptr) {
+            held = loop->audio.size() / frameBytes;
+            const auto file = files_.find(held);
+            EXPECT_TRUE(file != files_.end() && (file->second == 0 || file->second == address + 1)) << name;
+            ever_[held] = *loop;
+        }
+    }
+
+    // --- what must hold
+
+    void checkManners() {
+        for (const auto& violation : pedal.violations()) {  // of what came too late to be noticed
+            const bool bulk = violation.find(": a bulk ") != std::string::npos;
+            EXPECT_TRUE(late_ && (bulk || violation.find("with the flag") != std::string::npos)) << violation;
+        }
+    }
+
+    void checkStep() {
+        checkManners();
+        if (const bool up = shieldUp(); up != covered_) {
+            covered_ = up;
+            EXPECT_TRUE(up || told_ > 0) << "nobody is told what came of it";
+            told_ = 0;
+        }
+    }
+
+    /// Whole, of a loop that was there, and never replaced.
+    void expectFiles() {
+        for (const auto& name : namesIn(folder)) {
+            const auto frames = (fs::file_size(folder / name) - waveHeaderSize) / frameBytes;
+            EXPECT_TRUE(ever_.contains(frames) && isImage(folder / name, frames)) << name;
+            EXPECT_EQ(saved_.try_emplace(name, frames).first->second, frames) << name << " is replaced";
+        }
+        EXPECT_EQ(saved_.size(), namesIn(folder).size()) << "a file is lost";
+    }
+
+    void end() {
+        std::cout << "the end\n";
+        executor.choose = {};
+        executor.settle();
+        expectFiles();
+        if (!quits_) {
+            expectRest();
+            expectTheNextOneWorks();
+            expectFiles();
+        }
+        window->close();
+        delegate->applicationWillTerminate();
+        const std::weak_ptr<AppDelegate> rest = delegate;
+        delegate.reset();
+        EXPECT_TRUE(rest.expired());
+        pass(5s);
+        checkManners();
+        EXPECT_TRUE(executor.mainThreadWaits() == 0 || mayHang_) << "the window waits";
+    }
+
+    /// Nothing more happens. A batch that was refused leaves the shield, and a silent pedal the operation,
+    /// until the cable is pulled; an update waits for its pedal.
+    void expectRest() {
+        auto& link = *KZQ7306::looper();
+        pedal.setBusy(false);
+        const auto rests = [&] {
+            return link.operation() == KZQ7306::idle && !shieldUp() && !delegate->progress()->isVisible();
+        };
+        EXPECT_TRUE(executor.advanceUntil(rests, 70s) || mayHang_ || link.flashPending())
+            << "it does not come to rest";
+        pedal.clearFaults();
+        pedal.unplug();
+        pass(10s);  // an update waits eight for the loader
+        EXPECT_EQ(port.openHandles(), 0);
+        EXPECT_TRUE(window->saysNoPedal());
+        EXPECT_FALSE(importRow(1).occupied() || importRow(3).occupied()) << "rows of a pedal that has left";
+        if (link.flashPending()) {
+            pedal.setStage(stageFactoryBlank);
+            pedal.plugIn();
+            pass(2min);
+            EXPECT_FALSE(link.flashPending()) << "the update does not go on";
+            pedal.unplug();
+            pass(2s);
+        }
+        EXPECT_EQ(link.operation(), KZQ7306::idle);
+        checkStep();
+    }
+
+    void expectTheNextOneWorks() {
+        pedal.setStage(stageNormal);
+        setLoop(6, ++nextFrames_);
+        pedal.plugIn();
+        pass(7s);
+        EXPECT_TRUE(importRow(7).occupied());
+        EXPECT_TRUE(!shieldUp() || mayHang_) << "the window stays covered";
+        if (shieldUp()) {
+            return;
+        }
+        delegate->deselectAll();
+        importRow(7).button()->click();
+        const auto before = namesIn(folder).size();
+        window->importButton()->click();
+        EXPECT_TRUE(becomesIdle()) << "the next operation does not end";
+        EXPECT_EQ(namesIn(folder).size(), before + 1) << "the next operation fails";
+        const auto alone = [this] { return executor.jobs() == 0; };
+        EXPECT_TRUE(executor.advanceUntil(alone, 11min)) << "threads are left";
+    }
+
+    Trace trace_;
+    std::size_t at_ = 0;
+    std::size_t steps_ = 0;
+    std::vector<Event> events_;
+    int asking_ = 0;  ///< questions that are open
+    bool quits_ = false;
+    bool keeps_ = false;
+    bool mayHang_ = false;  ///< the pedal was played, or silent
+    bool late_ = false;     ///< time has passed while nothing got its turn
+    bool covered_ = false;
+    int told_ = 0;  ///< since the window was covered
+    // No two loops or files ever have the same length, in frames, so that is their name; 0: none.
+    std::size_t nextFrames_ = 100;
+    std::array<std::size_t, loopSlots> held_{};
+    std::map<std::size_t, simulator::StoredLoop> ever_;
+    std::set<std::size_t> agreed_;               ///< to lose
+    std::map<std::size_t, std::uint8_t> files_;  ///< for which slot; 0: for any
+    std::array<int, loopSlots> recorded_{};      ///< after so many looks at it
+    std::array<int, 2> looks_{};                 ///< of the program at either half of the table
+    std::map<std::string, std::size_t> saved_;
+};
+
+/// ORDERS: the first seed, and how many. ORDERS_TRACE: one life.
+TEST_F(Orders, WhateverHappensAtAnyMoment) {
+    const auto given = qEnvironmentVariable("ORDERS", "7306 100").toStdString();
+    const auto one = qEnvironmentVariable("ORDERS_TRACE").toStdString();
+    std::istringstream numbers(given);
+    std::uint64_t seed = 0;
+    std::uint64_t lives = 0;
+    ASSERT_TRUE(numbers >> seed >> lives);
+    std::size_t steps = 0;
+    for (std::uint64_t life = 0; life < (one.empty() ? lives : 1); ++life) {
+        const auto trace = one.empty() ? anyTrace(seed + life) : one;
+        const auto ended = live(trace);
+        if (!ended.well) {
+            std::cout << ended.story << "seed " << seed + life << " fails: '" << trace << "'" << std::endl;
+            const auto least = shortened(trace, [this](const Trace& other) { return !live(other).well; });
+            FAIL() << live(least).story << "ORDERS_TRACE='" << least << "'";
+        }
+        EXPECT_TRUE(life != 0 || live(trace).story == ended.story) << "no trace can be repeated";
+        steps += std::stoul(ended.story.substr(ended.story.rfind(' ')));
+    }
+    EXPECT_TRUE(!one.empty() || steps > 100 * lives);
+    std::cout << steps << " steps\n";
+}
+
+}  // namespace
+
+}  // namespace kzq::test
