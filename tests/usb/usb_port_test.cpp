@@ -216,6 +216,13 @@ TEST_F(UsbPortTest, APedalThatRestartsComesBackToTheProgramThatHadIt) {
     const auto othersCanHaveIt = [&port] {
         return ::flock(port.get(), LOCK_EX | LOCK_NB) == 0 && ::flock(port.get(), LOCK_UN) == 0;
     };
+    UsbResult result = usbOther;
+    plan(FaultKind::refuse, Fault::Where::control);
+    ASSERT_EQ(command(0xE4), int{replyLength});
+    const auto device = watch_.seen().at(0).device;
+    handle_.reset();
+    EXPECT_TRUE(othersCanHaveIt()) << "it did not go";
+    handle_ = port_.open(device, result);
     ASSERT_EQ(command(0xE4), int{replyLength});
     clock_.advance(std::chrono::seconds(1));
     handle_.reset();
@@ -223,7 +230,6 @@ TEST_F(UsbPortTest, APedalThatRestartsComesBackToTheProgramThatHadIt) {
     clock_.advance(std::chrono::seconds(1));
     ASSERT_TRUE(watch_.waitFor(3));
     EXPECT_FALSE(othersCanHaveIt()) << "it has not been opened";
-    UsbResult result = usbOther;
     const auto loader = watch_.seen()[2].device;
     handle_ = port_.open(loader, result);
     ASSERT_EQ(result, usbSuccess);

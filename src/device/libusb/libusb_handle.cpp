@@ -35,12 +35,17 @@ std::string hexadecimal(std::uint8_t number) {
     return text.data();
 }
 
+/// Whether the pedal itself said no. A reply that was lost says nothing.
+bool isRefusal(const ControlOutcome& outcome, std::span<const std::uint8_t> reply) {
+    return outcome.result > static_cast<int>(answerOffset) && reply[answerOffset] == refusal;
+}
+
 }  // namespace
 
 LibusbHandle::LibusbHandle(libusb_device_handle* handle, DeviceNode node, PortLock port,
                            unsigned readsInFlight)
     : handle_(handle), node_(std::move(node)), port_(std::move(port)) {
-    port_.returned();
+    PortLock::returned();
     if (readsInFlight > 1) {
         reads_.emplace(handle, readsInFlight);
     }
@@ -108,10 +113,10 @@ int LibusbHandle::control(std::uint8_t requestType, std::uint8_t request, std::u
     if (lost()) {
         return usbNoDevice;
     }
-    if (requestType == wire::enterLoader.code) {
+    const ControlOutcome plain = controlTransfer(handle_, requestType, request, value, index, reply);
+    if (requestType == wire::enterLoader.code && !isRefusal(plain, reply)) {
         port_.awaitReturn();  // also after the image, since the loader is asked again
     }
-    const ControlOutcome plain = controlTransfer(handle_, requestType, request, value, index, reply);
     if (plain.refusedByHost && HostRefusal::concerns(requestType)) {
         return goAround(requestType, request, value, index, reply);
     }

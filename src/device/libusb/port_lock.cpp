@@ -72,9 +72,9 @@ void PortLock::awaitReturn() const {
     ports().awaited[name_] = lock_;
 }
 
-void PortLock::returned() const {
+void PortLock::returned() {
     const std::lock_guard guard(ports().mutex);
-    ports().awaited.erase(name_);
+    ports().awaited.clear();
 }
 
 }  // namespace kzq

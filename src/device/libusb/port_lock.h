@@ -22,9 +22,10 @@ class PortLock {
     /// Nothing if another program has it. Where there is no place for such files, every port is free.
     static std::optional<PortLock> take(libusb_device* device);
 
-    /// The pedal is about to restart: the program has the lock also when this has gone, until `returned`.
+    /// The pedal is about to restart: the program has the lock also when this has gone, until `returned`. A
+    /// program has one pedal, so one that it has opened on another port has returned as well.
     void awaitReturn() const;
-    void returned() const;
+    static void returned();
 
   private:
     struct Ports;
