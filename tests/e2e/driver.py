@@ -19,7 +19,7 @@ EMULATED_PEDAL = os.environ.get("EMULATED_PEDAL")
 DROP_TARGET = os.environ.get("DROP_TARGET")
 SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
 # Generous for busy machines; the awaited events usually come much sooner.
-PATIENCE = 15.0
+PATIENCE = float(os.environ.get("PATIENCE", 15))
 NOWHERE = "localhost:9"  # a server that refuses at once
 
 
