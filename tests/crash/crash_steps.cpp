@@ -47,7 +47,7 @@ TEST(Update, Install) {
                         .run = std::make_shared<UpdateRun>(),
                         .post = [] {},
                         .selfCheck = [](const auto&) { return Result<std::string>(selfCheckLine("2.0")); }};
-    EXPECT_EQ(perform(job, web), "");
+    EXPECT_EQ(perform(job, web).english, "");
 }
 
 }  // namespace
