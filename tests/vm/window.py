@@ -10,7 +10,7 @@ with Program(simulate=None) as program:
     key("ctrl+a")
     button = program.get("Import", "push button")
     wait("import is possible", lambda: button.enabled)
-    key("ctrl+i")
+    button.click()
     choose(program, sys.argv[1])
     print("the window says:", program.get("3 loops saved in .*|Failed: .*", "push button").name)
     program.terminate()

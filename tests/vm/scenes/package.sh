@@ -1,8 +1,9 @@
 # The Debian packages, in a whole Debian with systemd and logind; what the user may do comes from them alone.
-access() { user "test -w $(printf /dev/bus/usb/%03d/%03d "$(cat "$(device)/busnum")" "$(cat "$(device)/devnum")")"; }
-no_access() { ! access; }
-packages_install() {
-    dpkg -i /debs/kzq7306*.deb >/tmp/ctl.err 2>&1
+node() { printf /dev/bus/usb/%03d/%03d "$(cat "$(device)/busnum")" "$(cat "$(device)/devnum")"; }
+access() { user "test -w $(node)"; }
+no_access() { [ -e "$(node)" ] && ! access; }
+packages_install() { # not by the shell's own dpkg
+    /usr/bin/dpkg -i /debs/kzq7306*.deb >/tmp/ctl.err 2>&1
     status=$?
     udevadm settle
     return $status
@@ -26,7 +27,8 @@ three_came() {
 
 package() {
     loginctl list-sessions --no-legend
-    dpkg -i /debs/kzq7306-simulator_*.deb >/dev/null
+    /usr/bin/dpkg -i /debs/kzq7306-simulator_*.deb >/tmp/ctl.err 2>&1
+    check "the simulated pedal installs" [ $? = 0 ]
     fresh_loops
     pedal $three
     check "without the packages, the user may not use the pedal" no_access
