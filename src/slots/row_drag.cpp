@@ -54,6 +54,7 @@ class RowDrag : public QObject {
             start_.reset();
             dragging_ = true;
             row_.button()->setDown(false);
+            row_.field()->letGo();
             row_.delegate()->dragBegunForSlot(row_);
             return true;
         }

@@ -54,6 +54,9 @@ class SlotField : public SlotDropTarget<QWidget> {
     /// What a click on the name does: selects an import row that holds a loop and opens it for renaming.
     void startRenaming();
 
+    /// The press goes on elsewhere, and with it its release.
+    void letGo() { setTouch(hovering_, false); }
+
     /// Laid under the name while the pointer is on it, if a click would open it for renaming; else not valid.
     QColor tint() const;
     /// The focus ring follows the background picture. In this widget's coordinates.

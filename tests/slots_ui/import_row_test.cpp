@@ -55,12 +55,15 @@ TEST_F(ImportRow, EightPixelsMakeADragOfAPressAndSevenAClick) {
     takeCalls();
     for (QWidget* part : std::initializer_list<QWidget*>{row.button(), row.field(), row.background()}) {
         Mouse mouse(*part);
+        mouse.enter();
+        const auto lit = row.field()->tint();
         mouse.press();
         mouse.dragBy({0, 7});
         EXPECT_THAT(takeCalls(), ElementsAre());
         mouse.dragBy({-6, 6});
         mouse.dragBy({60, 0});
         EXPECT_THAT(takeCalls(), ElementsAre("drag import 2"));
+        EXPECT_EQ(row.field()->tint(), lit) << "not pressed any more";
         mouse.release();
         EXPECT_THAT(takeCalls(), ElementsAre());  // neither selected nor renamed
         mouse.dragBy({60, 0});
