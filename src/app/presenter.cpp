@@ -162,12 +162,9 @@ void Presenter::checked(const Slot& row) {
             other->field()->setEditable(false);
         }
     }
-    if (!row.selected()) {
-        const bool byKey = row.button()->hasFocus() && !(rows_.importGrid && rows_.importGrid->picking());
+    const bool byKey = row.button()->hasFocus() || (rows_.importGrid && rows_.importGrid->picking());
+    if (!row.selected() && !byKey) {  // the keyboard goes on from where it is
         focusContent();
-        if (byKey) {
-            row.button()->setFocus(Qt::OtherFocusReason);  // the keyboard goes on from there
-        }
     }
     selection();
 }
