@@ -118,6 +118,11 @@ void AppDelegate::looperInternalStateChanged(const Status& status) {
     }
 }
 
+void AppDelegate::looperMayHaveChanged() {
+    parts_->listening.rowsChanged();
+    parts_->backingUp.tableChanged();
+}
+
 void AppDelegate::looperHasBeenDisconnected() {
     if (!parts_->flows->running()) {  // or its outcome says so
         parts_->teller.say(saidDisconnected());

@@ -67,7 +67,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void looperIsConnected(KZQ7306& looper) override;
     void looperHasBeenDisconnected() override;
     void looperInternalStateChanged(const Status& status) override;
-    void looperMayHaveChanged() override { parts_->listening.rowsChanged(); }
+    void looperMayHaveChanged() override;
 
     // --- rows, staging, the meter
 

@@ -49,6 +49,7 @@ void BackingUp::makePanel(BackupPanel::Kind kind) {
     QObject::connect(panel, &QDialog::finished, panel, [this] {
         reading_.reset();
         shown_.reset();
+        counts_.reset();
         if (comparing_) {
             parts_.flows->stopYielding();
         }
@@ -141,8 +142,18 @@ const ListedBackup* BackingUp::backup() const {
 }
 
 void BackingUp::tableChanged() {
-    if (isOpen() && loops_ != parts_.model.table()) {
+    if (!isOpen()) {
+        return;
+    }
+    const bool compared = comparing_ || std::ranges::any_of(known_, [](const auto& entry) {
+                              return entry.second != Compared::damaged;
+                          });
+    if (loops_ != parts_.model.table()) {
         startOver();
+    } else if (compared && !doubt_().isStill(since_)) {
+        forgetCompared();
+        show();
+        goOn();
     }
 }
 

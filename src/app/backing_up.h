@@ -30,7 +30,7 @@ class BackingUp : Fixed {
 
     /// `again`: what was chosen last is still chosen.
     void open(BackupPanel::Kind kind, bool again = false);
-    /// The pedal's table has changed, or the pedal has come or left.
+    /// The pedal's table has changed, or the pedal has come or left, or it may have been recorded over.
     void tableChanged();
     /// No operation lasts any more.
     void goOn();
@@ -59,10 +59,11 @@ class BackingUp : Fixed {
     void chooseOffer(std::size_t offer);
 
     void startOver();
+    void forgetCompared();
     void checkFiles();
-    void learn(const std::weak_ptr<int>& shown, SlotNumber slot, Compared compared);
+    void learn(const std::weak_ptr<int>& counts, SlotNumber slot, Compared compared);
     BackupDiff uncompared() const;
-    void compare(Run& run, const std::weak_ptr<int>& shown, const BackupDiff& diff);
+    void compare(Run& run, const std::weak_ptr<int>& counts, const BackupDiff& diff);
     void tellMissingRule(const Outcome& outcome);
 
     BackupComparison comparison() const;
@@ -79,6 +80,7 @@ class BackingUp : Fixed {
     std::size_t chosen_ = 0;        ///< of its backups: to restore, or the one before the next
     std::shared_ptr<int> reading_;  ///< while the places are read
     std::shared_ptr<int> shown_;    ///< renewed when what is read for the panel is of no use any more
+    std::shared_ptr<int> counts_;   ///< renewed when what was compared counts no more
     Loops loops_;                   ///< as the panel shows them
     std::map<SlotNumber, Compared> known_;
     Doubt since_;             ///< when the first of that was learnt

@@ -11,19 +11,25 @@ constexpr auto comparingJob = "compare";
 
 }  // namespace
 
-/// Nothing that was compared counts any more.
 void BackingUp::startOver() {
     shown_ = std::make_shared<int>();
     loops_ = parts_.model.table();
     known_.clear();
+    forgetCompared();
+    show();
+    checkFiles();
+    goOn();
+}
+
+/// Only what is known of the backup's own files still counts.
+void BackingUp::forgetCompared() {
+    counts_ = std::make_shared<int>();
+    std::erase_if(known_, [](const auto& entry) { return entry.second != Compared::damaged; });
     since_ = doubt_();
     gaveUp_ = false;
     if (comparing_) {
         parts_.flows->stopYielding();
     }
-    show();
-    checkFiles();
-    goOn();
 }
 
 /// Those of loops that the pedal has as well are read once more when they are compared.
@@ -43,8 +49,8 @@ void BackingUp::checkFiles() {
         });
 }
 
-void BackingUp::learn(const std::weak_ptr<int>& shown, SlotNumber slot, Compared compared) {
-    if (!shown.expired()) {
+void BackingUp::learn(const std::weak_ptr<int>& counts, SlotNumber slot, Compared compared) {
+    if (!counts.expired()) {
         auto& known = known_[slot];
         known = known == Compared::damaged ? known : compared;
         show();
@@ -75,12 +81,12 @@ void BackingUp::goOn() {
     if (const auto diff = uncompared(); !diff.loops.empty()) {
         comparing_ = parts_.flows->startYielding(
             transferPatience,
-            [this, shown = std::weak_ptr(shown_), diff](Run& run) { compare(run, shown, diff); });
+            [this, counts = std::weak_ptr(counts_), diff](Run& run) { compare(run, counts, diff); });
     }
 }
 
 /// On the run's thread.
-void BackingUp::compare(Run& run, const std::weak_ptr<int>& shown, const BackupDiff& diff) {
+void BackingUp::compare(Run& run, const std::weak_ptr<int>& counts, const BackupDiff& diff) {
     Teller::Work work = 0;
     Events events;
     const auto begun = run.ask([&] {
@@ -88,12 +94,12 @@ void BackingUp::compare(Run& run, const std::weak_ptr<int>& shown, const BackupD
         auto follow = parts_.teller.follower(work, run.poster(), english("Comparing loop %1\u2026"));
         events.begins = [follow](SlotNumber slot, Step /*step*/) mutable { follow(slot); };
         events.moved = [follow](SlotNumber slot, std::uint64_t /*bytes*/) mutable { follow(slot); };
-        events.slot = [this, shown, post = run.poster()](const SlotOutcome& loop) {
-            post([this, shown, slot = loop.slot, compared = comparedAs(loop)] {
-                learn(shown, slot, compared);
+        events.slot = [this, counts, post = run.poster()](const SlotOutcome& loop) {
+            post([this, counts, slot = loop.slot, compared = comparedAs(loop)] {
+                learn(counts, slot, compared);
             });
         };
-        return !shown.expired();
+        return !counts.expired();
     });
     Outcome outcome;
     if (begun.value_or(false) && run.pedal) {
@@ -104,7 +110,8 @@ void BackingUp::compare(Run& run, const std::weak_ptr<int>& shown, const BackupD
         run.turn.end();
         parts_.teller.idle(work);
         comparing_ = false;
-        if (!shown.expired()) {
+        const bool busy = outcome.end && outcome.end->kind == Trouble::Kind::busy;  // another doubt by itself
+        if (busy || !counts.expired()) {
             gaveUp_ = !run.pedal || outcome.end.has_value();
             tellMissingRule(outcome);
         }
@@ -115,6 +122,8 @@ void BackingUp::compare(Run& run, const std::weak_ptr<int>& shown, const BackupD
 void BackingUp::tellMissingRule(const Outcome& outcome) {
     if (const auto* const trouble = mainTrouble(outcome); trouble != nullptr && isMissingRule(*trouble)) {
         parts_.teller.tell(toldMissingRule(*trouble), comparingJob, settingUp(parts_, *trouble, {}));
+    } else if (!gaveUp_) {
+        parts_.teller.settle(comparingJob);
     }
 }
 

@@ -64,6 +64,10 @@ class BackUp {
         if (!status) {
             return {.outcome = {.end = status.error()}, .snapshot = {}};
         }
+        if (status->loops.empty()) {
+            return {.outcome = {.end = Trouble{Trouble::Kind::changed, "the last loop", 0, "erased"}},
+                    .snapshot = {}};
+        }
         for (const auto& [slot, loop] : status->loops) {
             asked_.push_back(slot);
         }

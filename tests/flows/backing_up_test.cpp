@@ -179,6 +179,11 @@ TEST_F(BackingUpTest, APedalThatIsPlayedMeanwhileIsLetGo) {
     EXPECT_TRUE(kept.turn(true));
     backUpAndChange();
     openRestore();
+    ASSERT_THAT(rows(), testing::Contains("20 same"));
+    pedal.setBusy(true);
+    pass(11s);
+    EXPECT_THAT(rows(), testing::Contains("20 same length")) << "it may have been recorded over";
+    pedal.setBusy(false);
     dialogs.answer = [this] {
         pedal.setBusy(true);
         return alertFirstButton;
@@ -216,6 +221,14 @@ TEST_F(BackingUpTest, ABackupThatIsCutShortIsNoneAndGoesOn) {
     panel().decline().click();
     backUp();
     EXPECT_EQ(line(), "3 loops backed up in 7306 backups");
+    open("Back &Up\u2026");
+    for (const std::size_t slot : {0U, 2U, 19U}) {
+        pedal.setLoop(slot, std::nullopt);
+    }
+    go();
+    pass(11s);
+    EXPECT_EQ(line(), "Nothing was backed up: the last loop was erased on the pedal meanwhile");
+    EXPECT_EQ(namesIn(backups).size(), 1U);
 }
 
 TEST_F(BackingUpTest, ADamagedBackupIsShownWithItsReason) {
