@@ -8,6 +8,7 @@
 #include <cmath>
 
 #include "ui/scale.h"
+#include "ui/window.h"
 
 namespace kzq {
 
@@ -66,7 +67,7 @@ void WindowSize::set(int percent) {
     Scale::ofProgram().setSize(wanted_ / 100.0);
     Scale::ofProgram().setOrigin(window_, {});
     window_.resize(settled_);
-    keepOnScreen();
+    keepOnScreen(window_, settled_);
 }
 
 void WindowSize::fitScreen() {
@@ -78,18 +79,6 @@ void WindowSize::fitScreen() {
 
 void WindowSize::begin(QSize room) {
     set(std::min(100, fitting(room - usualFrame)));
-}
-
-void WindowSize::keepOnScreen() {
-    if (!window_.isVisible()) {
-        return;
-    }
-    const auto frame = window_.frameGeometry().size() - window_.size();
-    const auto room = window_.screen()->availableGeometry();
-    const QRect now(window_.pos(), settled_ + frame);
-    const QPoint last(room.right() + 1 - now.width(), room.bottom() + 1 - now.height());
-    window_.move(std::max(room.left(), std::min(now.left(), last.x())),
-                 std::max(room.top(), std::min(now.top(), last.y())));
 }
 
 void WindowSize::settle() {

@@ -32,7 +32,6 @@ class WindowSize : public QObject {
     int nearest(QSize size) const;
     QSize sizeAt(int percent) const;
     void resized(QSize size);
-    void keepOnScreen();
 
     QWidget& window_;
     const QSize usual_;

@@ -15,4 +15,8 @@ class Window : public QWidget {
     void closeEvent(QCloseEvent* event) override;
 };
 
+/// Moves a window that is shown as far as needed for all of it, and its frame, to be seen; of one that is
+/// larger than the screen, the top left. `size` is the one that it has or is about to get.
+void keepOnScreen(QWidget& window, QSize size);
+
 }  // namespace kzq

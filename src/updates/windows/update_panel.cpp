@@ -9,6 +9,7 @@
 
 #include "ui/background.h"
 #include "ui/scale.h"
+#include "ui/window.h"
 
 namespace kzq {
 namespace {
@@ -27,6 +28,7 @@ UpdatePanel::UpdatePanel(CloseButton closeButton)
     : QWidget(nullptr, flagsFor(closeButton)), ring_(new FocusRing(this)) {
     setAttribute(Qt::WA_QuitOnClose, false);
     Scale::ofProgram().take(*this);
+    connect(&Scale::ofProgram(), &Scale::changed, this, [this] { keepOnScreen(*this, size()); });
 }
 
 void UpdatePanel::setDefaultButton(AlertButton* button) {
