@@ -49,9 +49,8 @@ bool isWhole(double deviceScale) {
 
 bool isWhole(const QPainter& painter) {
     const auto& device = painter.deviceTransform();
-    const auto isBetweenPixels = [](double at) { return at == std::floor(at); };
-    return isWhole(device.m11()) && isWhole(device.m22()) && isBetweenPixels(device.dx()) &&
-           isBetweenPixels(device.dy());
+    const auto isOnPixel = [](double at) { return at == std::floor(at); };
+    return isWhole(device.m11()) && isWhole(device.m22()) && isOnPixel(device.dx()) && isOnPixel(device.dy());
 }
 
 double toPixel(double coordinate, double deviceScale) {
