@@ -4,9 +4,12 @@
 #include <QDialog>
 
 #include "ui/accessible_controls.h"
+#include "ui/panels/about_backing.h"
+#include "ui/panels/backup_row.h"
 #include "ui/panels/menu_item.h"
 #include "ui/panels/menu_item_view.h"
 #include "ui/panels/menu_view.h"
+#include "ui/panels/pick_list.h"
 #include "ui/panels/progress_views.h"
 #include "ui/window.h"
 
@@ -75,6 +78,16 @@ QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* objec
     }
     if (auto* menu = qobject_cast<MenuView*>(object)) {
         return new QAccessibleWidget(menu, QAccessible::PopupMenu);
+    }
+    if (auto* entry = qobject_cast<PickList*>(object)) {
+        return new QAccessibleWidget(entry,
+                                     QAccessible::ListItem);  // has the name of the entry that is marked
+    }
+    if (auto* row = qobject_cast<BackupRow*>(object)) {
+        return new QAccessibleWidget(row, QAccessible::ListItem);
+    }
+    if (auto* backing = qobject_cast<AboutBacking*>(object)) {
+        return new QAccessibleWidget(backing, QAccessible::Pane);
     }
     auto* const widget = qobject_cast<QWidget*>(object);
     if (widget != nullptr && isPlainWindow(*widget)) {

@@ -1,7 +1,5 @@
 #include "ui/panels/backup_list.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
@@ -26,49 +24,14 @@ constexpr int offerBaseline = 20;  // from the top of its plate
 
 }  // namespace
 
-BackupList::BackupList(QWidget* panel) : QWidget(panel) {
-    setFocusPolicy(Qt::ClickFocus);
-    setMouseTracking(true);
-    hide();
-}
+BackupList::BackupList(QWidget* panel) : PickList(panel) {}
 
 void BackupList::open(QPoint at, std::vector<BackupOffer> offers, std::size_t chosen) {
     offers_ = std::move(offers);
     chosen_ = static_cast<int>(chosen);
     first_ = 0;
-    before_ = window()->focusWidget();
-    place(*this, {at, QSize(listWidth, 2 * aboveOffers + shownCount() * offerPitch)});
-    show();
-    raise();
-    setFocus(Qt::PopupFocusReason);
+    openAt({at, QSize(listWidth, 2 * aboveOffers + shownCount() * offerPitch)});
     mark(std::min(chosen_, static_cast<int>(offers_.size()) - 1));
-    qApp->installEventFilter(this);
-}
-
-void BackupList::close() {
-    if (isVisible()) {
-        qApp->removeEventFilter(this);
-        hide();
-        if (before_ != nullptr) {
-            before_->setFocus(Qt::PopupFocusReason);
-        }
-    }
-}
-
-bool BackupList::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != this) {
-        close();
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
-bool BackupList::event(QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress) {
-        event->accept();  // or the panel would get it, as one outside
-        return true;
-    }
-    return QWidget::event(event);
 }
 
 int BackupList::shownCount() const {
@@ -92,8 +55,8 @@ void BackupList::mark(int offer) {
     update();
 }
 
-void BackupList::walk(int step) {
-    mark(std::clamp((marked_ < 0 ? chosen_ : marked_) + step, 0, static_cast<int>(offers_.size()) - 1));
+void BackupList::step(int by) {
+    mark(std::clamp((marked_ < 0 ? chosen_ : marked_) + by, 0, static_cast<int>(offers_.size()) - 1));
 }
 
 void BackupList::scroll(int step) {
@@ -109,13 +72,13 @@ void BackupList::choose(int offer) {
     }
 }
 
-void BackupList::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
+void BackupList::walk(int key) {
+    switch (key) {
         case Qt::Key_Up:
-            walk(-1);
+            step(-1);
             break;
         case Qt::Key_Down:
-            walk(1);
+            step(1);
             break;
         case Qt::Key_Home:
             mark(0);
@@ -123,18 +86,8 @@ void BackupList::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_End:
             mark(static_cast<int>(offers_.size()) - 1);
             break;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-        case Qt::Key_Space:
-            choose(marked_);
-            break;
-        case Qt::Key_Escape:
-        case Qt::Key_Tab:
-        case Qt::Key_Backtab:
-            close();
-            break;
         default:
-            break;  // nothing behind the list gets a key while it is open
+            break;
     }
 }
 
@@ -153,18 +106,12 @@ void BackupList::wheelEvent(QWheelEvent* event) {
 
 void BackupList::paintEvent(QPaintEvent* /*event*/) {
     ScaledPainter painter(this);
-    const auto bounds = painter.bounds();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(outlineColor());
-    painter.drawRoundedRect(bounds, 8, 8);
-    painter.setBrush(panelColor());
-    painter.drawRoundedRect(bounds.adjusted(2, 2, -2, -2), 6, 6);
+    paintGround(painter);
     for (int offer = first_; offer < first_ + shownCount(); ++offer) {
         paintOffer(painter, offer);
     }
     if (const auto count = static_cast<int>(offers_.size()); count > shownCount()) {
-        const double room = bounds.height() - 2 * aboveOffers;
+        const double room = painter.bounds().height() - 2 * aboveOffers;
         painter.setPen(Qt::NoPen);
         painter.setBrush(outlineColor());
         painter.drawRoundedRect(
@@ -177,9 +124,7 @@ void BackupList::paintOffer(ScaledPainter& painter, int offer) const {
     const auto& shown = offers_.at(static_cast<std::size_t>(offer));
     const QRect plate(12, aboveOffers + (offer - first_) * offerPitch, listWidth - 24, offerPitch - 2);
     if (offer == marked_) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(255, 255, 255, 43));
-        painter.drawRoundedRect(plate, 4, 4);
+        paintMark(painter, plate);
         painter.fill(QRectF(6, plate.y() + 6, 2, 20), creamColor());
     }
     if (offer == chosen_) {

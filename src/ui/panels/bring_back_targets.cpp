@@ -1,7 +1,5 @@
 #include "ui/panels/bring_back_targets.h"
 
-#include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include "ui/fonts.h"
@@ -41,11 +39,8 @@ unsigned slotAt(QPointF point) {
 
 }  // namespace
 
-BringBackTargets::BringBackTargets(QWidget* panel) : QWidget(panel) {
-    setFocusPolicy(Qt::ClickFocus);
-    setMouseTracking(true);
+BringBackTargets::BringBackTargets(QWidget* panel) : PickList(panel) {
     resize(listSize);
-    hide();
 }
 
 void BringBackTargets::open(QPoint at, unsigned chosen, const std::set<unsigned>& loops,
@@ -53,42 +48,15 @@ void BringBackTargets::open(QPoint at, unsigned chosen, const std::set<unsigned>
     chosen_ = chosen;
     loops_ = loops;
     taken_ = taken;
-    before_ = window()->focusWidget();
-    place(*this, {at, listSize});
-    show();
-    raise();
-    setFocus(Qt::PopupFocusReason);
+    openAt({at, listSize});
     mark(chosen);
-    qApp->installEventFilter(this);
-}
-
-void BringBackTargets::close() {
-    if (!isVisible()) {
-        return;
-    }
-    qApp->removeEventFilter(this);
-    hide();
-    if (before_ != nullptr) {
-        before_->setFocus(Qt::PopupFocusReason);
-    }
-}
-
-bool BringBackTargets::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != this) {
-        close();
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 bool BringBackTargets::event(QEvent* event) {
     if (event->type() == QEvent::Leave) {
         mark(0);
-    } else if (event->type() == QEvent::MouseButtonPress) {
-        event->accept();  // or the panel would get it, as one outside
-        return true;
     }
-    return QWidget::event(event);
+    return PickList::event(event);
 }
 
 void BringBackTargets::mark(unsigned slot) {
@@ -99,10 +67,10 @@ void BringBackTargets::mark(unsigned slot) {
 }
 
 /// To the next that is not taken; nowhere if there is none in this direction.
-void BringBackTargets::walk(int step) {
+void BringBackTargets::step(int by) {
     int slot = static_cast<int>(marked_ == 0 ? chosen_ : marked_);
     for (unsigned left = listedSlots; left != 0; --left) {
-        slot = (slot - 1 + step + static_cast<int>(listedSlots)) % static_cast<int>(listedSlots) + 1;
+        slot = (slot - 1 + by + static_cast<int>(listedSlots)) % static_cast<int>(listedSlots) + 1;
         if (!taken_.contains(static_cast<unsigned>(slot))) {
             mark(static_cast<unsigned>(slot));
             return;
@@ -117,30 +85,20 @@ void BringBackTargets::choose(unsigned slot) {
     }
 }
 
-void BringBackTargets::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
+void BringBackTargets::walk(int key) {
+    switch (key) {
         case Qt::Key_Up:
-            walk(-1);
+            step(-1);
             break;
         case Qt::Key_Down:
-            walk(1);
+            step(1);
             break;
         case Qt::Key_Left:
         case Qt::Key_Right:
-            walk(static_cast<int>(column));
-            break;
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-        case Qt::Key_Space:
-            choose(marked_);
-            break;
-        case Qt::Key_Escape:
-        case Qt::Key_Tab:
-        case Qt::Key_Backtab:
-            close();
+            step(static_cast<int>(column));
             break;
         default:
-            break;  // nothing behind the list gets a key while it is open
+            break;
     }
 }
 
@@ -154,20 +112,12 @@ void BringBackTargets::mouseReleaseEvent(QMouseEvent* event) {
 
 void BringBackTargets::paintEvent(QPaintEvent* /*event*/) {
     ScaledPainter painter(this);
-    const auto bounds = painter.bounds();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(outlineColor());
-    painter.drawRoundedRect(bounds, 8, 8);
-    painter.setBrush(panelColor());
-    painter.drawRoundedRect(bounds.adjusted(2, 2, -2, -2), 6, 6);
+    paintGround(painter);
     painter.setType(textFont());
     for (unsigned slot = 1; slot <= listedSlots; ++slot) {
         const auto entry = entryOf(slot);
         if (slot == marked_) {
-            painter.setPen(Qt::NoPen);
-            painter.setBrush(QColor(255, 255, 255, 43));
-            painter.drawRoundedRect(entry, 4, 4);
+            paintMark(painter, entry);
         }
         const bool chosen = slot == chosen_;
         painter.setOpacity(taken_.contains(slot) ? 0.4 : 1);

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QPointer>
-#include <QWidget>
 #include <set>
+
+#include "ui/panels/pick_list.h"
 
 namespace kzq {
 
 /// The slots that a copy can go to, in the pedal's two columns of ten: an open ring is a loop, a dashed one
-/// none. Arrows walk, Return or Space chooses, Escape and a press outside close it.
-class BringBackTargets : public QWidget {
+/// none.
+class BringBackTargets : public PickList {
     Q_OBJECT
 
   public:
@@ -18,21 +18,20 @@ class BringBackTargets : public QWidget {
 
     /// `at` is of 100 %. `taken`: other copies go there, so they cannot be chosen.
     void open(QPoint at, unsigned chosen, const std::set<unsigned>& loops, const std::set<unsigned>& taken);
-    void close();
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   Q_SIGNALS:
     void chosen(unsigned slot);
 
   protected:
     bool event(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void walk(int key) override;
+    void chooseMarked() override { choose(marked_); }
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void walk(int step);
+    void step(int by);
     void choose(unsigned slot);
     void mark(unsigned slot);
 
@@ -40,7 +39,6 @@ class BringBackTargets : public QWidget {
     unsigned marked_ = 0;  ///< under the pointer, or walked to; 0 for none
     std::set<unsigned> loops_;
     std::set<unsigned> taken_;
-    QPointer<QWidget> before_;  ///< had the focus
 };
 
 }  // namespace kzq
