@@ -13,6 +13,7 @@
 
 #include "app/menu_bar.h"
 #include "app/window_size.h"
+#include "ui/accessible_controls.h"
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -102,6 +103,7 @@ void MainWindow::dress() {
     ui_.exportTabButton->setPictures("Menu_Export");
     showTab(0);
     ui_.menuButton->setPicture("Menu_button");
+    opens(*ui_.menuButton, nullptr);  // it is hidden while the menu is open
     ui_.meterTrack->setPicture("Meter_track");
     ui_.meter->setPicture("Meter_bar_green");
     ui_.warningMark->setPicture("Warning_mark");

@@ -1,6 +1,7 @@
 #include "ui/accessible_controls.h"
 
 #include <QAccessibleWidget>
+#include <QPointer>
 #include <QStackedWidget>
 
 #include "ui/background.h"
@@ -13,6 +14,8 @@
 namespace kzq {
 
 namespace {
+
+constexpr auto listOpened = "listOpened";
 
 /// A widget that a shield puts out of reach.
 class Coverable : public QAccessibleWidget {
@@ -51,6 +54,12 @@ class AccessibleButton : public Coverable {
         if (const auto* const tab = qobject_cast<const TabButton*>(widget())) {
             state.selectable = true;
             state.selected = tab->selected();
+        }
+        if (const auto list = button().property(listOpened); list.isValid()) {
+            const auto* const opened = list.value<QPointer<QWidget>>().data();
+            state.hasPopup = true;
+            state.expandable = opened != nullptr;
+            state.expanded = opened != nullptr && opened->isVisible();
         }
         return seenThrough(*widget(), state);
     }
@@ -168,6 +177,10 @@ void installAccessibleControls() {
 bool takesFocus(const QWidget& widget) {
     return widget.isEnabled() &&
            (widget.focusPolicy() != Qt::NoFocus || widget.property(reachedByArrows).toBool());
+}
+
+void opens(QWidget& button, QWidget* list) {
+    button.setProperty(listOpened, QVariant::fromValue(QPointer<QWidget>(list)));
 }
 
 QAccessible::State seenThrough(const QWidget& widget, QAccessible::State state) {

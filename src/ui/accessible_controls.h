@@ -15,6 +15,9 @@ void installAccessibleControls();
 inline constexpr auto reachedByArrows = "reachedByArrows";
 bool takesFocus(const QWidget& widget);
 
+/// A press of `button` opens `list`; null: one of several that open the same.
+void opens(QWidget& button, QWidget* list);
+
 /// What a shield leaves of the state of a widget, and of its actions.
 QAccessible::State seenThrough(const QWidget& widget, QAccessible::State state);
 QStringList seenThrough(const QWidget& widget, const QStringList& actions);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/accessible_controls.h"
 #include "ui/alert_button.h"
 #include "ui/check_box.h"
 #include "ui/focus_ring.h"
@@ -81,6 +82,7 @@ BackupPanel::BackupPanel(Kind kind, QWidget* window)
     ring_ = new FocusRing(this);
     list_ = new BackupList(this);
     connect(list_, &BackupList::chosen, this, &BackupPanel::chosen);
+    opens(*tape_, list_);
     setReady(false, {}, {});
     focusDefault();
     Scale::ofProgram().adopt(*this);  // to be centred with its size

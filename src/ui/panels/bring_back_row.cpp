@@ -8,6 +8,7 @@
 #include "loops/facts.h"
 #include "loops/spoken_length.h"
 #include "slots/waveform.h"
+#include "ui/accessible_controls.h"
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/key_button.h"
@@ -102,6 +103,7 @@ class Leader : public KeyButton {
   public:
     explicit Leader(QWidget* row) : KeyButton(row) {
         setProperty("focusRingRadius", 4);
+        opens(*this, nullptr);
         setGeometry(field.x() + leaderX, field.y(), field.width() - leaderX, field.height());
     }
 

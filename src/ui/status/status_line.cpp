@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QMenuBar>
 
+#include "ui/accessible_controls.h"
 #include "ui/focus_ring.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
@@ -42,6 +43,7 @@ StatusLine::StatusLine(QMenuBar* bar)
         }
     });
     list_->setOpener(sentence_);
+    opens(*sentence_, list_);
     connect(&Scale::ofProgram(), &Scale::changed, this, [this] {
         list_->close();
         place();
