@@ -1,5 +1,6 @@
 """screenshots.py FOLDER [NAME...], or FOLDER --of NAME [SIZE]: see screenshots; the latter of what one size shows."""
 
+import collections
 import math
 import os
 import struct
@@ -16,6 +17,56 @@ work = tempfile.mkdtemp()
 CHANGES = ["Loops start without a gap.", "The level is kept when a loop is overdubbed.",
            "Long loops are erased faster."]
 LONG_NAME = "The whole rehearsal of the second of May, slow, with the bridge"
+
+
+# What is measured in the picture of that name: left, top, width and height at 100 %.
+WORDS = {
+    "import": {"a menu": (32, 8, 28, 16), "the line at rest": (560, 8, 148, 16), "the tab that is on": (274, 55, 54, 18),
+               "its second line": (274, 77, 100, 13), "the other tab": (485, 55, 54, 18), "its second line, off": (485, 77, 100, 13),
+               "a number": (44, 158, 12, 14), "a name at rest": (107, 158, 60, 15), "a length at rest": (335, 158, 27, 14),
+               "a name on tape": (107, 126, 60, 15), "a length on tape": (294, 126, 27, 14),
+               "the caption": (31, 465, 190, 15), "the scale": (29, 513, 232, 11), "All": (346, 489, 18, 14),
+               "Erase": (552, 488, 38, 15), "Import": (666, 488, 48, 15)},
+    "menu": {"an entry": (540, 110, 46, 16)},
+    "export": {"a name that replaces": (122, 254, 60, 15), "the warning": (337, 481, 164, 30)},
+    "results": {"a sentence": (420, 80, 200, 14), "its detail": (420, 98, 200, 28)},
+    "covered": {"a name": (467, 190, 46, 15), "a length": (695, 190, 27, 14), "a name that is picked up": (107, 358, 50, 15)},
+}
+MARKS = {"import": {"a selector": (61, 154, 24, 24), "an empty slot": (61, 218, 24, 24)},
+         "export": {"a socket": (61, 291, 24, 24), "the cross": (106, 222, 13, 14), "a waveform": (191, 222, 90, 15)}}
+LEAST = {"words": 4.5, "marks": 3.0, "covered": 3.0}
+
+
+def luminance(pixel):
+    parts = [part / 255 for part in pixel]
+    red, green, blue = (part / 12.92 if part <= 0.04045 else ((part + 0.055) / 1.055) ** 2.4 for part in parts)
+    return 0.2126 * red + 0.7152 * green + 0.0722 * blue
+
+
+def read_ppm(path):
+    """The width of a picture, and its pixels, three bytes each."""
+    ppm = subprocess.run(["convert", path, "-depth", "8", "ppm:-"], check=True, capture_output=True).stdout
+    _, width, height, _ = ppm.split(maxsplit=4)[:4]
+    return int(width), ppm[-3 * int(width) * int(height):]
+
+
+def contrast(pixels):
+    """Of what differs most from the ground, which is what there is most of."""
+    ground = luminance(collections.Counter(pixels).most_common(1)[0][0])
+    ratios = ((max(ground, ink) + 0.05) / (min(ground, ink) + 0.05) for ink in map(luminance, set(pixels)))
+    return max(ratios)
+
+
+def measure(path, what, size):
+    """Prints how well the words and marks of a picture stand out."""
+    wide, body = read_ppm(path)
+    for kind, places in (("words", WORDS), ("marks", MARKS)):
+        for name, box in places.get(what, {}).items():
+            left, top, width, height = (round(side * size) for side in box)
+            pixels = [body[3 * (y * wide + x):][:3] for y in range(top, top + height) for x in range(left, left + width)]
+            ratio = contrast([tuple(pixel) for pixel in pixels])
+            least = LEAST.get(what, LEAST[kind])
+            print(f"{size:.0%} {what}: {name} {ratio:.1f}" + (f", less than {least}" if ratio < least else ""))
 
 
 def number_of(program, title):
@@ -153,8 +204,8 @@ def offer(program):
     return program.window("Firmware Update")
 
 
-def begin_import(program):
-    program.get("Select all loops").click()
+def begin_import(program, loops="Select all loops"):
+    program.get(loops).click()
     button = program.get("Import", "push button")
     wait("import is possible", lambda: button.enabled)
     button.click()
@@ -288,7 +339,7 @@ def firmware_views(program, shot):
 def views(name, size):
     """What the window shows at one size; without one, on a screen of which all is shown."""
     maker = Maker("1.06", CHANGES)
-    with Program("--authorities", maker.authority, "--fault", "silence@in:5500", host=maker.host) as program:
+    with Program("--authorities", maker.authority, "--fault", "silence@in:2000", host=maker.host) as program:
 
         def shot(what, title="7306 Loop Manager", still=True):
             wait(f"{title} shows", lambda: program.window(title))
@@ -296,7 +347,10 @@ def views(name, size):
             xdotool("mousemove", 1, 1)
             if still:
                 settle(number)
-            take(number, os.path.join(folder, f"{what}-{name}.png"))
+            path = os.path.join(folder, f"{what}-{name}.png")
+            take(number, path)
+            if size:
+                measure(path, what, int(size.split()[0]) / 100)
 
         program.ready()
         program.connected()
@@ -307,8 +361,9 @@ def views(name, size):
         main_views(program, shot)
         firmware_views(program, shot)
         program.get("Import tab.*").click()
-        begin_import(program)
+        begin_import(program, "Loop 8, select")
         shot("progress", "7306 Import")
+        shot("covered")
         end(program)
     maker.close()
 
