@@ -66,6 +66,9 @@ class AccessibleButton : public Coverable {
 
     QString text(QAccessible::Text kind) const override {
         const auto words = QAccessibleWidget::text(kind);
+        if (kind == QAccessible::Description && text(QAccessible::Name).startsWith(words)) {
+            return {};  // its tool tip, once more
+        }
         return words.isEmpty() && kind == QAccessible::Name ? button().text() : words;
     }
 

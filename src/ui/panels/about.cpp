@@ -14,6 +14,7 @@
 #include "ui/palette.h"
 #include "ui/panels/about_backing.h"
 #include "ui/panels/about_window.h"
+#include "ui/panels/accessible_panels.h"
 #include "ui/panels/label_style.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
@@ -30,6 +31,7 @@ bool splashed = false;  // NOLINT(*-avoid-non-const-global-variables): once per 
 
 std::unique_ptr<About> About::about(ApplicationController& controller, Executor& executor, Dialogs& dialogs,
                                     FirmwareVersion firmwareVersion, const Product& product) {
+    installAccessiblePanels();
     std::unique_ptr<About> about(new About(controller, executor, dialogs, product));
     about->windowDidLoad(std::move(firmwareVersion));
     return about;

@@ -15,6 +15,7 @@
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/status/accessible_status.h"
 #include "ui/status/chevron.h"
 #include "ui/status/outcome_row.h"
 
@@ -46,6 +47,7 @@ QPainterPath shape(const QRectF& bounds, double inset) {
 }  // namespace
 
 OutcomeList::OutcomeList(QWidget* window) : QWidget(window), area_(new QScrollArea(this)) {
+    installAccessibleStatus();  // before anything is said about it
     setFocusPolicy(Qt::ClickFocus);
     setAccessibleName(toQt(words("Recent results")));
     dressScrollArea(*area_);

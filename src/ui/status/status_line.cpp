@@ -7,7 +7,6 @@
 #include "ui/focus_ring.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
-#include "ui/status/accessible_status.h"
 #include "ui/status/status_look.h"
 
 namespace kzq {
@@ -27,7 +26,6 @@ StatusLine::StatusLine(QMenuBar* bar)
       link_(new StatusLink(this)),
       list_(new OutcomeList(bar->parentWidget())),
       words_(new SpokenWords(this)) {
-    installAccessibleStatus();
     new FocusRing(this);
     link_->setWord(toQt(kzq::words("Show")));
     link_->hide();
