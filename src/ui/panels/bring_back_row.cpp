@@ -82,6 +82,7 @@ class Ring : public KeyButton {
   public:
     explicit Ring(BringBackRow* row) : KeyButton(row), row_(*row) {
         setFocusPolicy(Qt::NoFocus);
+        setProperty(reachedByArrows, true);
         setProperty("focusRingRadius", 12);
         setGeometry(ringFrame);
     }
