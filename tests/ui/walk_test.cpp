@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QApplication>
 #include <QImage>
 #include <algorithm>
@@ -34,12 +33,6 @@ namespace {
 
 constexpr std::uint8_t loops = 20;
 
-bool isControl(const QWidget& widget, QAccessible::Role role) {
-    return qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
-           (widget.focusPolicy() & Qt::TabFocus) || role == QAccessible::MenuItem ||
-           role == QAccessible::ProgressBar;
-}
-
 QString pictureOf(const QWidget& widget) {
     if (const auto* const view = qobject_cast<const PictureView*>(&widget)) {
         return view->picture();
@@ -51,25 +44,12 @@ QString pictureOf(const QWidget& widget) {
     return button != nullptr ? button->pictureName() : QString();
 }
 
-/// The number of controls in `window`. Each must have an accessible role and name, and its picture must
-/// exist.
-int walk(QWidget& window) {
-    int controls = 0;
-    for (auto* const widget : window.findChildren<QWidget*>()) {
-        const auto who = std::string(widget->metaObject()->className()) + " \"" +
-                         widget->objectName().toStdString() + "\"";
-        auto* const told = QAccessible::queryAccessibleInterface(widget);
-        const auto role = told != nullptr ? told->role() : QAccessible::NoRole;
-        if (isControl(*widget, role) && !widget->objectName().startsWith("qt_")) {
-            ++controls;
-            EXPECT_NE(told == nullptr ? QString() : told->text(QAccessible::Name), QString()) << who;
-            const bool ground = widget->size() == widget->parentWidget()->size();  // of all the window
-            EXPECT_TRUE(ground || (role != QAccessible::NoRole && role != QAccessible::Client)) << who;
-        }
+void picturesAreThere(const QWidget& window) {
+    for (const auto* const widget : window.findChildren<QWidget*>()) {
         const auto name = pictureOf(*widget);
-        EXPECT_TRUE(name.isEmpty() || picture(name)) << who << " " << name.toStdString();
+        EXPECT_TRUE(name.isEmpty() || picture(name))
+            << widget->metaObject()->className() << " " << name.toStdString();
     }
-    return controls;
 }
 
 class Walk : public testing::Test {
@@ -82,7 +62,7 @@ class Walk : public testing::Test {
     Product product{"2.1.0", "https://www.kzq.example/"};
 };
 
-TEST_F(Walk, EveryControlOfTheMainWindowSaysWhatItIs) {
+TEST_F(Walk, EveryPictureOfTheMainWindowIsThere) {
     MainWindow window;
     std::vector<std::unique_ptr<Slot>> rows;
     for (std::uint8_t number = 1; number <= loops; ++number) {
@@ -97,23 +77,7 @@ TEST_F(Walk, EveryControlOfTheMainWindowSaysWhatItIs) {
         }
     }
     const auto menu = Menu::menu(application, dialogs, window.contentView(), product);
-    rows.front()->field()->setEditable(true);
-    window.addShield();
-    EXPECT_GE(walk(window), 20 * 4 + 20 * 5 + 4 + 8);
-    window.removeShield();
-
-    const auto told = [](QObject* part) { return QAccessible::queryAccessibleInterface(part); };
-    auto* const imports = told(window.importTabButton());
-    EXPECT_EQ(imports->role(), QAccessible::PageTab);
-    EXPECT_EQ(imports->parent()->role(), QAccessible::PageTabList);
-    window.showTab(1);
-    EXPECT_FALSE(imports->state().selected);
-    EXPECT_TRUE(told(window.exportTabButton())->state().selected);
-    window.meter()->setUsed(582, 1440, "9 minutes 42 seconds of 24 minutes in use");
-    auto* const meter = told(window.meter());
-    EXPECT_EQ(meter->text(QAccessible::Value), "9 minutes 42 seconds of 24 minutes in use");
-    EXPECT_EQ(meter->valueInterface()->currentValue(), 582);
-    EXPECT_EQ(meter->valueInterface()->maximumValue(), 1440);
+    picturesAreThere(window);
 }
 
 /// How bright it looks, from 0 to 1.
@@ -155,19 +119,19 @@ TEST_F(Walk, NamesAtRestCanBeReadUnderTheShield) {
     RecordProperty("contrast", std::to_string(washed));
 }
 
-TEST_F(Walk, EveryControlOfThePanelsSaysWhatItIs) {
+TEST_F(Walk, EveryPictureOfThePanelsIsThere) {
     AlertPanel alert(yesOrNoAlertWithHeadline("Erase?"));
-    EXPECT_EQ(walk(alert), 3);
+    picturesAreThere(alert);
     DoctorPanel doctor(nullptr);
-    EXPECT_EQ(walk(doctor), 3);
+    picturesAreThere(doctor);
     const auto progress = Progress::progress([] {});
-    EXPECT_GE(walk(progress->window()), 2);
+    picturesAreThere(progress->window());
     const auto about = About::about(
         application, executor, dialogs, [] { return std::optional<std::string>("1.05"); }, product);
     about->showWindow();
-    EXPECT_GE(walk(about->window()), 1);
+    picturesAreThere(about->window());
     const auto flashing = FirmwareUpdaterProgress::progress(executor);
-    EXPECT_GE(walk(flashing->window()), 1);
+    picturesAreThere(flashing->window());
     const auto offer = FirmwareUpdater::updater({.executor = executor,
                                                  .http = http,
                                                  .factoryBlank = [] { return false; },
@@ -177,10 +141,10 @@ TEST_F(Walk, EveryControlOfThePanelsSaysWhatItIs) {
                                                  .server = {},
                                                  .showHeadline = {},
                                                  .appendNotes = {}});
-    EXPECT_GE(walk(offer->window()), 2);
+    picturesAreThere(offer->window());
     const auto updater = std::make_shared<SUUpdater>(UpdaterEnvironment{executor, http, {}, {}, {}, {}});
     const auto update = SoftwareUpdate::softwareUpdate({updater, "2.1.0", {}});
-    EXPECT_GE(walk(update->window()), 2);
+    picturesAreThere(update->window());
 }
 
 }  // namespace
