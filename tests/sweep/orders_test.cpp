@@ -224,6 +224,7 @@ class Orders : public FlowTest {
             [this] { delegate->progress()->isVisible() ? delegate->progress()->cancel() : void(); });
         add("stop", By::anybody,
             [this] { press(shieldUp() ? window->shield()->findChild<StatusLink*>() : nullptr); });
+        add("poll", By::anybody, [] { KZQ7306::looper()->refresh(); });
         add("heard", By::anybody, [this] { output.take(150); });
         add("sleep", By::anybody, [this] { skip(asleep += 1h); });
         add("too busy", By::anybody, [this] { skip(700ms * decide(20)); });
@@ -331,6 +332,7 @@ class Orders : public FlowTest {
 
     void checkStep() {
         checkManners();
+        EXPECT_FALSE(window->saysNoPedal() && (importRow(1).occupied() || importRow(3).occupied()));
         if (const bool up = shieldUp(); up != covered_) {
             covered_ = up;
             EXPECT_TRUE(up || told_ > 0) << "nobody is told what came of it";
@@ -383,7 +385,6 @@ class Orders : public FlowTest {
         pass(10s);  // an update waits eight for the loader
         EXPECT_EQ(port.openHandles(), 0);
         EXPECT_TRUE(window->saysNoPedal());
-        EXPECT_FALSE(importRow(1).occupied() || importRow(3).occupied()) << "rows of a pedal that has left";
         if (link.flashPending()) {
             pedal.setStage(stageFactoryBlank);
             pedal.plugIn();
