@@ -1,4 +1,3 @@
-#include "audio/wave.h"
 #include "flow_fixture.h"
 #include "updates/windows/firmware_updater.h"
 
@@ -6,7 +5,6 @@ namespace kzq::test {
 
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -30,55 +28,6 @@ class BadMoments : public FlowTest {
         dialogs.take();
     }
 };
-
-TEST_F(BadMoments, UnplugAtEveryStageOfAnImport) {
-    launchConnected();
-    dialogs.answer = [] { return alertFirstButton; };
-    for (const auto* const fault :
-         {"unplug@E8", "unplug@E8:2", "unplug@E9", "unplug@EA", "unplug@EB", "unplug@EC", "unplug@E1",
-          "unplug@E1:2", "unplug@in", "unplug@in:6", "unplug@in:7", "unplug@in:12"}) {
-        SCOPED_TRACE(fault);
-        select({1, 3});
-        plan(fault);
-        window->importButton()->click();
-        expectRest();
-    }
-    // Either the first loop had come whole, or nothing had.
-    for (const auto& name : files()) {
-        EXPECT_TRUE(name.starts_with("Loop 1"));
-        EXPECT_EQ(contents(name), wave(loopOf(1000, 10).audio, 2).value());
-    }
-    select({1});
-    window->importButton()->click();
-    EXPECT_TRUE(becomesIdle());
-    EXPECT_EQ(sent(0xEF).size(), 0U);
-}
-
-TEST_F(BadMoments, UnplugAtEveryStageOfAnExportOrAnErase) {
-    launchConnected();
-    for (const auto* const fault : {"unplug@E8", "unplug@E8:2", "unplug@E2", "unplug@E2:2", "unplug@E3",
-                                    "unplug@out", "unplug@out:2", "unplug@out:6"}) {
-        SCOPED_TRACE(fault);
-        stage(2, 300);
-        stage(5, 600);
-        plan(fault);
-        window->exportButton()->click();
-        expectRest();
-        pedal.setLoop(1, std::nullopt);
-        pedal.setLoop(4, std::nullopt);
-        pass(6s);
-    }
-    for (const auto* const fault : {"unplug@E8", "unplug@E8:2", "unplug@ED", "unplug@ED:2"}) {
-        SCOPED_TRACE(fault);
-        select({3, 20});
-        plan(fault);
-        window->eraseButton()->click();
-        expectRest();
-        pedal.setLoop(2, loopOf(2000, 20));
-        pedal.setLoop(19, loopOf(1, 30));
-        pass(6s);
-    }
-}
 
 TEST_F(BadMoments, UnplugWhileFirmwareGoesIn) {
     launchConnected();
