@@ -35,7 +35,7 @@ constexpr int afterFifthRow = 6;
 constexpr QPointF countsAt(32, 438);
 constexpr double betweenCounts = 22;
 constexpr double countsRoom = 400;
-constexpr double leastBetweenCounts = 6;  // then they become smaller
+constexpr double leastBetweenCounts = 1;  // then they become smaller
 constexpr int usualCount = 13;
 constexpr int smallestCount = 8;
 constexpr QPointF finePrintAt(32, 479);
