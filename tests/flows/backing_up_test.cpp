@@ -222,7 +222,7 @@ TEST_F(BackingUpTest, ABackupThatIsCutShortIsNoneAndGoesOn) {
     backUp();
     EXPECT_EQ(line(), "3 loops backed up in 7306 backups");
     open("Back &Up\u2026");
-    for (const std::size_t slot : {0U, 2U, 19U}) {
+    for (const std::uint8_t slot : {std::uint8_t{0}, std::uint8_t{2}, std::uint8_t{19}}) {
         pedal.setLoop(slot, std::nullopt);
     }
     go();
