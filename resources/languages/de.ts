@@ -815,393 +815,396 @@
         <message>
             <location filename="../../src/app/launch.cpp"></location>
             <source>Device is busy. Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Gerät ist beschäftigt. Später erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/app/listening.h"></location>
             <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
             <source>No sound device was found.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde kein Audiogerät gefunden.</translation>
         </message>
         <message>
             <location filename="../../src/app/listening_events.cpp"></location>
             <source>Waiting for the read of loop %1 to stop</source>
-            <translation type="unfinished"></translation>
+            <translation>Warten, bis Loop %1 nicht mehr gelesen wird</translation>
         </message>
         <message>
             <location filename="../../src/app/listening_events.cpp"></location>
             <source>Waiting for the read of loop %1 to stop…</source>
-            <translation type="unfinished"></translation>
+            <translation>Warten, bis Loop %1 nicht mehr gelesen wird …</translation>
         </message>
         <message>
             <location filename="../../src/app/loop_reader.cpp"></location>
             <source>%1 could not be read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 konnte nicht gelesen werden</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Connect the pedal to this computer
 by USB and switch it on.
 Its loops will appear here.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal per USB mit diesem Computer
+verbinden und einschalten.
+Hier erscheinen dann seine Loops.</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Deselect all loops</source>
-            <translation type="unfinished"></translation>
+            <translation>Auswahl aller Loops aufheben</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Direction</source>
-            <translation type="unfinished"></translation>
+            <translation>Richtung</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/lower_button.cpp"></location>
             <source>Erase</source>
-            <translation type="unfinished"></translation>
+            <translation>Löschen</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/lower_button.cpp"></location>
             <source>Export</source>
-            <translation type="unfinished"></translation>
+            <translation>Export</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Export tab, computer to pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Reiter Export, Computer zu Pedal</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/lower_button.cpp"></location>
             <source>Import</source>
-            <translation type="unfinished"></translation>
+            <translation>Import</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Import tab, pedal to computer</source>
-            <translation type="unfinished"></translation>
+            <translation>Reiter Import, Pedal zu Computer</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Its free space shows here.</source>
-            <translation type="unfinished"></translation>
+            <translation>Hier erscheint sein freier Speicher.</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Menu</source>
-            <translation type="unfinished"></translation>
+            <translation>Menü</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Plug in your 7306</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 anschließen</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Select all loops</source>
-            <translation type="unfinished"></translation>
+            <translation>Alle Loops auswählen</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Slots marked like this will
 replace loops on the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>So markierte Plätze ersetzen
+Loops auf dem Pedal.</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Space in use</source>
-            <translation type="unfinished"></translation>
+            <translation>Belegter Speicher</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>computer to pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Computer zu Pedal</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>pedal to computer</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal zu Computer</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;About 7306 Loop Manager</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Über 7306 Loop Manager</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Bring Back…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Zurückholen …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Choose File…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Datei auswählen …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Doctor…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Diagnose …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Edit</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Bearbeiten</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Export</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Export</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Export…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Exportieren …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;File</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Datei</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Fit to Screen</source>
-            <translation type="unfinished"></translation>
+            <translation>An &amp;Bildschirm anpassen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Help</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Hilfe</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Import</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Import</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Import…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Importieren …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Keep Copies</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Kopien aufbewahren</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Loop</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Loop</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Paste Files</source>
-            <translation type="unfinished"></translation>
+            <translation>Dateien &amp;einfügen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Play</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Abspielen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Quit</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Beenden</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Recent Results</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Letzte Ergebnisse</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Rename</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Umbenennen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Restore…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Wiederherstellen …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Save Report…</source>
-            <translation type="unfinished"></translation>
+            <translation>Bericht s&amp;peichern …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;User Guide</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Handbuch</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Verify After Export</source>
-            <translation type="unfinished"></translation>
+            <translation>Nach dem Export &amp;prüfen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;View</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Ansicht</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Back &amp;Up…</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Sichern …</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Re&amp;move</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Entfernen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Select &amp;All</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Alle auswählen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Select &amp;None</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Keine auswählen</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <source>Please connect your device and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Gerät anschließen und erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <source>Version %1 is the newest 7306 firmware available.</source>
-            <translation type="unfinished"></translation>
+            <translation>Version %1 ist die neueste verfügbare Firmware für das 7306.</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>You're up to date!</source>
-            <translation type="unfinished"></translation>
+            <translation>Alles auf dem neuesten Stand!</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <source>Your 7306 device is not connected</source>
-            <translation type="unfinished"></translation>
+            <translation>Ihr 7306 ist nicht angeschlossen</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 and %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 und %2</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist nicht lesbar</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 is too long</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist zu lang</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 is too long: %2, and %3 is left</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist zu lang: %2, frei sind noch %3</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 is too long: %2, and %3 is left beside the others</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist zu lang: %2, neben den anderen sind noch %3 frei</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1. %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1. %2</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%n files fit</source>
             <comment>%n file fits</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Datei passt</numerusform>
+                <numerusform>%n Dateien passen</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%n of %1 files fit</source>
             <comment>%n of %1 files fits</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n von %1 Dateien passt</numerusform>
+                <numerusform>%n von %1 Dateien passen</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>Left out: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Ausgelassen: %1</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>No other row is free</source>
-            <translation type="unfinished"></translation>
+            <translation>Keine andere Zeile ist frei</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>No row is free</source>
-            <translation type="unfinished"></translation>
+            <translation>Keine Zeile ist frei</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>None of %n files fits</source>
             <comment>None of %n file fits</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Keine von %n Datei passt</numerusform>
+                <numerusform>Keine von %n Dateien passt</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>too long: %1, and %2 is left</source>
-            <translation type="unfinished"></translation>
+            <translation>zu lang: %1, frei sind noch %2</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>too long: %1, and %2 is left beside the others</source>
-            <translation type="unfinished"></translation>
+            <translation>zu lang: %1, neben den anderen sind noch %2 frei</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/presenter.cpp"></location>
             <source>%1 of %n minutes in use</source>
             <comment>%1 of %n minute in use</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 von %n Minute belegt</numerusform>
+                <numerusform>%1 von %n Minuten belegt</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/program/simulation_menu.cpp"></location>
             <source>%1 – simulated pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 – simuliertes Pedal</translation>
         </message>
         <message>
             <location filename="../../src/app/program/simulation_menu.cpp"></location>
             <source>&amp;Pedal Plugged In</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Pedal angeschlossen</translation>
         </message>
         <message>
             <location filename="../../src/app/program/simulation_menu.cpp"></location>
             <source>&amp;Simulation</source>
-            <translation type="unfinished"></translation>
+            <translation>&amp;Simulation</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>7306 Restore</source>
-            <translation type="unfinished"></translation>
+            <translation>7306-Wiederherstellung</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Both are copied first; Edit &gt; Bring Back returns them.</source>
-            <translation type="unfinished"></translation>
+            <translation>Beide werden vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt sie zurück.</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
@@ -1212,159 +1215,159 @@ replace loops on the pedal.</source>
             <location filename="../../src/ui/panels/progress.cpp"></location>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Cancel</source>
-            <translation type="unfinished"></translation>
+            <translation>Abbrechen</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Comparing the 7306 with the backup...</source>
-            <translation type="unfinished"></translation>
+            <translation>Das 7306 wird mit der Sicherung verglichen …</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Comparing with the backup…</source>
-            <translation type="unfinished"></translation>
+            <translation>Mit der Sicherung wird verglichen …</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Erased audio cannot be restored.</source>
-            <translation type="unfinished"></translation>
+            <translation>Gelöschte Aufnahmen können nicht wiederhergestellt werden.</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>It is copied first; Edit &gt; Bring Back returns it.</source>
-            <translation type="unfinished"></translation>
+            <translation>Er wird vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt ihn zurück.</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Keep Copies</source>
-            <translation type="unfinished"></translation>
+            <translation>Kopien aufbewahren</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Nothing was restored</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts wiederhergestellt</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Restore</source>
-            <translation type="unfinished"></translation>
+            <translation>Wiederherstellen</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Restore without a copy</source>
-            <translation type="unfinished"></translation>
+            <translation>Ohne Kopie wiederherstellen</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Restoring %n loops to the 7306...</source>
             <comment>Restoring %n loop to the 7306...</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop wird auf dem 7306 wiederhergestellt …</numerusform>
+                <numerusform>%n Loops werden auf dem 7306 wiederhergestellt …</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Restoring…</source>
-            <translation type="unfinished"></translation>
+            <translation>Wiederherstellung läuft …</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>They are copied first; Edit &gt; Bring Back returns them.</source>
-            <translation type="unfinished"></translation>
+            <translation>Sie werden vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt sie zurück.</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>To be erased: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Zu löschen: %1.</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>To be replaced: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Zu ersetzen: %1.</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>the backup</source>
-            <translation type="unfinished"></translation>
+            <translation>die Sicherung</translation>
         </message>
         <message>
             <location filename="../../src/app/said.h"></location>
             <source>%1 staged for %2, %3</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 für %2 vorgemerkt, %3</translation>
         </message>
         <message>
             <location filename="../../src/app/said.h"></location>
             <source>%1 staged for %2, %3, replaces a loop of %4</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 für %2 vorgemerkt, %3, ersetzt einen Loop mit %4</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/said.h"></location>
             <source>7306 connected, %n loops, %1 free</source>
             <comment>7306 connected, %n loop, %1 free</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>7306 angeschlossen, %n Loop, %1 frei</numerusform>
+                <numerusform>7306 angeschlossen, %n Loops, %1 frei</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/said.h"></location>
             <source>7306 disconnected</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 abgezogen</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>A text file that you can read and send: the versions of the program and of this computer's system, what keeps the pedal from being used, the last results and the log. There is no audio in it, and neither your name nor that of your home folder.</source>
-            <translation type="unfinished"></translation>
+            <translation>Eine Textdatei, die Sie lesen und weitergeben können: die Versionen des Programms und des Systems dieses Computers, was die Nutzung des Pedals verhindert, die letzten Ergebnisse und das Protokoll. Sie enthält keine Aufnahmen und weder Ihren Namen noch den Ihres persönlichen Ordners.</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Include names of files</source>
-            <translation type="unfinished"></translation>
+            <translation>Dateinamen aufnehmen</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Save Report</source>
-            <translation type="unfinished"></translation>
+            <translation>Bericht speichern</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Save a report for troubleshooting?</source>
-            <translation type="unfinished"></translation>
+            <translation>Bericht zur Fehlersuche speichern?</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Save…</source>
-            <translation type="unfinished"></translation>
+            <translation>Speichern …</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Saving the report…</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Bericht wird gespeichert …</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Text files</source>
-            <translation type="unfinished"></translation>
+            <translation>Textdateien</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1: %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1: %2.</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Loops can be imported now</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können jetzt importiert werden</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Run in a terminal: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Im Terminal ausführen: %1</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
@@ -1374,142 +1377,142 @@ replace loops on the pedal.</source>
             <location filename="../../src/operations/told.cpp"></location>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Run: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Ausführen: %1</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Set Up</source>
-            <translation type="unfinished"></translation>
+            <translation>Einrichten</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Set up</source>
-            <translation type="unfinished"></translation>
+            <translation>Einrichten</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Setting up…</source>
-            <translation type="unfinished"></translation>
+            <translation>Wird eingerichtet …</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>The system rule is installed</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Systemregel ist installiert</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>The system rule is installed, but something else is in the way</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Systemregel ist installiert, aber etwas anderes steht im Weg</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>The system rule was not installed</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Systemregel wurde nicht installiert</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>This sets it up, with your password: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Dies richtet sie mit Ihrem Passwort ein: %1</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>"%1" goes to the row of %2</source>
-            <translation type="unfinished"></translation>
+            <translation>„%1“ kommt in die Zeile von %2</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>"%1" was left out</source>
-            <translation type="unfinished"></translation>
+            <translation>„%1“ wurde ausgelassen</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/staging.cpp"></location>
             <source>"Stage again" puts them on the same rows.</source>
             <comment>"Stage again" puts it on the same row.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>„Erneut vormerken“ setzt sie wieder in dieselbe Zeile.</numerusform>
+                <numerusform>„Erneut vormerken“ setzt sie wieder in dieselben Zeilen.</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>%1 has another file.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 hat eine andere Datei.</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Audio files</source>
-            <translation type="unfinished"></translation>
+            <translation>Audiodateien</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Choose an audio file for %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Audiodatei für %1 auswählen</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Each row takes one file.</source>
-            <translation type="unfinished"></translation>
+            <translation>Jede Zeile nimmt eine Datei auf.</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/staging.cpp"></location>
             <source>Only the first of %n files was used</source>
             <comment>Only the first of %n file was used</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Nur die erste von %n Datei wurde verwendet</numerusform>
+                <numerusform>Nur die erste von %n Dateien wurde verwendet</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
-            <translation type="unfinished"></translation>
+            <translation>Angeschlossen: vorgemerkte Dateien wurden verworfen, die Plätze des Pedals können anders belegt sein</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Stage again</source>
-            <translation type="unfinished"></translation>
+            <translation>Erneut vormerken</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>There is no free row for "%1"</source>
-            <translation type="unfinished"></translation>
+            <translation>Für „%1“ ist keine Zeile frei</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Use it anyway</source>
-            <translation type="unfinished"></translation>
+            <translation>Trotzdem verwenden</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>it is too long: %1, and %2 is left</source>
-            <translation type="unfinished"></translation>
+            <translation>sie ist zu lang: %1, frei sind noch %2</translation>
         </message>
         <message>
             <location filename="../../src/app/stamp_time.h"></location>
             <source>en</source>
-            <translation type="unfinished"></translation>
+            <translation>de</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/teller.cpp"></location>
             <source>%1 were not saved</source>
             <comment>%1 was not saved</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 wurde nicht gespeichert</numerusform>
+                <numerusform>%1 wurden nicht gespeichert</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>%1 · %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 · %2</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/teller.cpp"></location>
             <source>%n files are waiting</source>
             <comment>%n file is waiting</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Datei wartet</numerusform>
+                <numerusform>%n Dateien warten</numerusform>
             </translation>
         </message>
         <message numerus="yes">
@@ -1517,311 +1520,311 @@ replace loops on the pedal.</source>
             <location filename="../../src/loops/facts.h"></location>
             <source>%n loops</source>
             <comment>%n loop</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop</numerusform>
+                <numerusform>%n Loops</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Back Up…</source>
-            <translation type="unfinished"></translation>
+            <translation>Sichern …</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Cancel, or unplug it.</source>
-            <translation type="unfinished"></translation>
+            <translation>Abbrechen oder das Pedal abziehen.</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Stop it, or unplug the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>Stoppen oder das Pedal abziehen.</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal antwortet nicht mehr</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering: cancel, or unplug it</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal antwortet nicht mehr: abbrechen oder abziehen</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering: stop, or unplug it</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal antwortet nicht mehr: stoppen oder abziehen</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering: unplug it</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal antwortet nicht mehr: abziehen</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Unplug it.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal abziehen.</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>What is erased now is gone.</source>
-            <translation type="unfinished"></translation>
+            <translation>Was jetzt gelöscht wird, ist verloren.</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>firmware %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware %1</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>nothing has been backed up yet</source>
-            <translation type="unfinished"></translation>
+            <translation>noch nichts gesichert</translation>
         </message>
         <message>
             <location filename="../../src/app/time_left.cpp"></location>
             <source>about %1 min left</source>
-            <translation type="unfinished"></translation>
+            <translation>noch etwa %1 min</translation>
         </message>
         <message>
             <location filename="../../src/app/time_left.cpp"></location>
             <source>about %1 s left</source>
-            <translation type="unfinished"></translation>
+            <translation>noch etwa %1 s</translation>
         </message>
         <message>
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>7306 Export</source>
-            <translation type="unfinished"></translation>
+            <translation>7306-Export</translation>
         </message>
         <message>
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>7306 Import</source>
-            <translation type="unfinished"></translation>
+            <translation>7306-Import</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>Exporting %n loops to the 7306...</source>
             <comment>Exporting %n loop to the 7306...</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop wird auf das 7306 exportiert …</numerusform>
+                <numerusform>%n Loops werden auf das 7306 exportiert …</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>Importing %n loops from the 7306...</source>
             <comment>Importing %n loop from the 7306...</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop wird vom 7306 importiert …</numerusform>
+                <numerusform>%n Loops werden vom 7306 importiert …</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>Open %1 in a browser.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 im Browser öffnen.</translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>The program looks for share/kzq7306/guide/guide.html below the folder it is installed in. In the source it is doc/guide.md.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Programm sucht share/kzq7306/guide/guide.html unterhalb seines Installationsordners. Im Quelltext ist es doc/guide.md.</translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>The user guide could not be opened</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Handbuch konnte nicht geöffnet werden</translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>The user guide is not installed</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Handbuch ist nicht installiert</translation>
         </message>
         <message>
             <location filename="../../src/app/verify_flow.cpp"></location>
             <source>Verifying loop %1…</source>
-            <translation type="unfinished"></translation>
+            <translation>Loop %1 wird geprüft …</translation>
         </message>
         <message>
             <location filename="../../src/audio/convert.cpp"></location>
             <source>the name has no extension</source>
-            <translation type="unfinished"></translation>
+            <translation>der Name hat keine Endung</translation>
         </message>
         <message>
             <location filename="../../src/audio/convert.cpp"></location>
             <source>the path has no folder</source>
-            <translation type="unfinished"></translation>
+            <translation>der Pfad hat keinen Ordner</translation>
         </message>
         <message>
             <location filename="../../src/audio/converted_audio.cpp"></location>
             <source>the converted file cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>die umgewandelte Datei ist nicht lesbar</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <source>%1 is using the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 verwendet das Pedal</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <source>A simulated pedal is used instead of a real one.</source>
-            <translation type="unfinished"></translation>
+            <translation>Statt eines echten wird ein simuliertes Pedal verwendet.</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <source>Another program is using the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Ein anderes Programm verwendet das Pedal</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
-            <translation type="unfinished"></translation>
+            <translation>„kzq7306ctl doctor“ zeigt, wie es sich beheben lässt.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>A pedal is on the USB bus, but %1 does not exist, as in a container without access to /dev/bus/usb.</source>
-            <translation type="unfinished"></translation>
+            <translation>Ein Pedal ist am USB, aber %1 existiert nicht, wie in einem Container ohne Zugriff auf /dev/bus/usb.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>A pedal is on the USB bus.</source>
-            <translation type="unfinished"></translation>
+            <translation>Ein Pedal ist am USB.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Another program is using the pedal. Find out which one and close it.</source>
-            <translation type="unfinished"></translation>
+            <translation>Ein anderes Programm verwendet das Pedal. Finden Sie heraus, welches, und schließen Sie es.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops can be imported.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können importiert werden.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for it is not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden: %1 konnte nicht rechtzeitig geöffnet werden (%2), da die udev-Regel dafür nicht installiert ist.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: %1 could not be opened in time (%2), as you are logged in over the network and its udev rule is for the user at the computer.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden: %1 konnte nicht rechtzeitig geöffnet werden (%2), da Sie über das Netzwerk angemeldet sind und die udev-Regel dafür nur für Benutzer direkt am Computer gilt.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden: %1 konnte nicht rechtzeitig geöffnet werden (%2). Vielleicht war der Computer zu beschäftigt: erneut versuchen. Wenn es so bleibt, die Regeln erneut anwenden.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: the kernel passes on the request for them only through its usbtmc driver, and the udev rules for that are not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden: Der Kernel reicht die Anfrage danach nur über seinen Treiber usbtmc weiter, und die udev-Regeln dafür sind nicht installiert.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were not yet installed when the pedal was plugged in, or this kernel comes without the driver, as those made for virtual machines do.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden: Der Treiber usbtmc des Kernels ist nicht geladen. Entweder waren die udev-Regeln beim Anschließen des Pedals noch nicht installiert, oder dieser Kernel enthält den Treiber nicht, wie die für virtuelle Maschinen.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged in.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden: Die udev-Regeln dafür waren beim Anschließen des Pedals noch nicht installiert.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>No other program is using the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>Kein anderes Programm verwendet das Pedal.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>No pedal is on the USB bus. Check the cable and the pedal's power, then look again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Kein Pedal am USB. Kabel und Stromversorgung des Pedals prüfen, dann erneut nachsehen.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>The kernel driver %1 is holding the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Kerneltreiber %1 hält das Pedal fest.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>The pedal is in use by %1. Close that program, or wait until it has finished.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal wird von %1 verwendet. Schließen Sie das Programm oder warten Sie, bis es fertig ist.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You do not have permission to use the pedal: its udev rule is not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>Sie dürfen das Pedal nicht verwenden: Die udev-Regel dafür ist nicht installiert.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You do not have permission to use the pedal: its udev rule was not yet installed when the pedal was plugged in, or you are not logged in at this computer.</source>
-            <translation type="unfinished"></translation>
+            <translation>Sie dürfen das Pedal nicht verwenden: Die udev-Regel dafür war beim Anschließen des Pedals noch nicht installiert, oder Sie sind nicht an diesem Computer angemeldet.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You do not have permission to use the pedal: you are logged in over the network, and its udev rule is for the user at the computer. The group plugdev can be allowed to use it.</source>
-            <translation type="unfinished"></translation>
+            <translation>Sie dürfen das Pedal nicht verwenden: Sie sind über das Netzwerk angemeldet, und die udev-Regel gilt nur für Benutzer direkt am Computer. Der Gruppe plugdev kann die Verwendung erlaubt werden.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You have permission to use the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>Sie dürfen das Pedal verwenden.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>the file of the kernel's usbtmc driver</source>
-            <translation type="unfinished"></translation>
+            <translation>die Datei des Kerneltreibers usbtmc</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it in before starting the program, or run the program outside the container.</source>
-            <translation type="unfinished"></translation>
+            <translation>udev läuft nicht, wie in einem Container; ein später angeschlossenes Pedal wird daher nicht bemerkt. Schließen Sie es vor dem Programmstart an, oder starten Sie das Programm außerhalb des Containers.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>udev is running.</source>
-            <translation type="unfinished"></translation>
+            <translation>udev läuft.</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/lock_holder.h"></location>
             <source>%1 (process %2)</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 (Prozess %2)</translation>
         </message>
         <message>
             <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
             <source>The sound device does not play 44,100 Hz.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Audiogerät unterstützt 44.100 Hz nicht.</translation>
         </message>
         <message>
             <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
             <source>The sound device stopped working.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Audiogerät funktioniert nicht mehr.</translation>
         </message>
         <message>
             <location filename="../../src/loops/capacity.cpp"></location>
             <source>Space remaining: %1 min, %2 sec</source>
-            <translation type="unfinished"></translation>
+            <translation>Noch frei: %1 min, %2 s</translation>
         </message>
         <message>
             <location filename="../../src/loops/capacity.cpp"></location>
             <source>This file is too large for the available space on your 7306.</source>
-            <translation type="unfinished"></translation>
+            <translation>Diese Datei ist zu groß für den freien Speicher auf Ihrem 7306.</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/loops/spoken_length.h"></location>
             <source>%n minutes %1</source>
             <comment>%n minute %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Minute %1</numerusform>
+                <numerusform>%n Minuten %1</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/loops/spoken_length.h"></location>
             <source>%n seconds</source>
             <comment>%n second</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Sekunde</numerusform>
+                <numerusform>%n Sekunden</numerusform>
             </translation>
         </message>
         <message>
