@@ -1830,963 +1830,963 @@ Loops auf dem Pedal.</translation>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>%1 was not copied, %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht kopiert (%2)</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>Stop it and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal anhalten und erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>no copy was kept, %1</source>
-            <translation type="unfinished"></translation>
+            <translation>es wurde keine Kopie aufbewahrt (%1)</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>stopped</source>
-            <translation type="unfinished"></translation>
+            <translation>abgebrochen</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>the pedal was in use while its loops were copied</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal war in Gebrauch, während seine Loops kopiert wurden</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 does not match what was written.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 stimmt nicht mit dem Geschriebenen überein.</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was being written; the slot may now be empty.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde gerade geschrieben; der Platz ist jetzt möglicherweise leer.</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not compared: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht verglichen: %2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not erased: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht gelöscht: %2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not saved: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht gespeichert: %2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not written: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht geschrieben: %2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not written: it was sent, but the pedal does not hold all of it.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht geschrieben: gesendet, aber nicht vollständig auf dem Pedal.</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was sent but could not be read back: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde gesendet, konnte aber nicht zurückgelesen werden: %2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was sent; what the pedal holds of it was not checked.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde gesendet; was davon auf dem Pedal ist, wurde nicht geprüft.</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Some of the loops may have been erased.</source>
-            <translation type="unfinished"></translation>
+            <translation>Einige der Loops wurden möglicherweise gelöscht.</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>The slot may now be empty.</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Platz ist jetzt möglicherweise leer.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 changed meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde inzwischen geändert</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 changed while it was being read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 hat sich beim Lesen geändert</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 is still on the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist noch auf dem Pedal</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 was changed on the pedal meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde inzwischen auf dem Pedal geändert</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 was erased on the pedal meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde inzwischen auf dem Pedal gelöscht</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 was recorded on the pedal meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde inzwischen auf dem Pedal aufgenommen</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Erase loops, or choose shorter files.</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops löschen oder kürzere Dateien auswählen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Look at the rows and start again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Zeilen ansehen und neu beginnen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>The pedal is in use by another program. Close that program, then try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal wird von einem anderen Programm verwendet. Dieses schließen und erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Unplug the pedal and plug it in again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal abziehen und wieder anschließen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Unplug the pedal, plug it in again and start again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal abziehen, wieder anschließen und neu beginnen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>a kernel driver is holding the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>ein Kerneltreiber hält das Pedal fest</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>another program is using the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>ein anderes Programm verwendet das Pedal</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>cancelled</source>
-            <translation type="unfinished"></translation>
+            <translation>abgebrochen</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>it changed while it was being read</source>
-            <translation type="unfinished"></translation>
+            <translation>er hat sich beim Lesen geändert</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>it is still on the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>er ist noch auf dem Pedal</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>no space left on the disk</source>
-            <translation type="unfinished"></translation>
+            <translation>auf dem Datenträger ist kein Speicherplatz mehr frei</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the file cannot be written</source>
-            <translation type="unfinished"></translation>
+            <translation>die Datei kann nicht geschrieben werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the folder cannot be written to</source>
-            <translation type="unfinished"></translation>
+            <translation>in den Ordner kann nicht geschrieben werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the folder is not there any more</source>
-            <translation type="unfinished"></translation>
+            <translation>der Ordner ist nicht mehr vorhanden</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal did not report its loops</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal hat seine Loops nicht gemeldet</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal does not hold all of %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist nicht vollständig auf dem Pedal</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal does not hold all of it</source>
-            <translation type="unfinished"></translation>
+            <translation>er ist nicht vollständig auf dem Pedal</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal gives %1 a length beyond its 24 minutes</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist laut Pedal länger als dessen 24 Minuten</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal gives it a length beyond its 24 minutes</source>
-            <translation type="unfinished"></translation>
+            <translation>er ist laut Pedal länger als dessen 24 Minuten</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>er ist laut Pedal länger als dessen 24 Minuten, was nicht sein kann. Pedal abziehen, wieder anschließen und erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal has too little room</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal hat zu wenig Speicher frei</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal is busy</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal ist beschäftigt</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde vom Pedal abgelehnt</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused it</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal hat ihn abgelehnt</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused to send %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde vom Pedal nicht herausgegeben</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused to send it</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal hat ihn nicht herausgegeben</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal stopped answering</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal antwortet nicht mehr</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal stopped partway through</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal hat mittendrin aufgehört</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal was unplugged</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal wurde abgezogen</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the slot is empty</source>
-            <translation type="unfinished"></translation>
+            <translation>der Platz ist leer</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>there is not enough memory to hold it</source>
-            <translation type="unfinished"></translation>
+            <translation>der Arbeitsspeicher reicht dafür nicht aus</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>this computer did not pass the request on to the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>dieser Computer hat die Anfrage nicht an das Pedal weitergereicht</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>too little space on the disk</source>
-            <translation type="unfinished"></translation>
+            <translation>zu wenig Speicherplatz auf dem Datenträger</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>%1 ms are missing at its end</source>
-            <translation type="unfinished"></translation>
+            <translation>am Ende fehlen %1 ms</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>%1 ms of it cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ms davon sind nicht lesbar</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>%1 was not saved: could not write to %2: %3</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht gespeichert: In %2 konnte nicht geschrieben werden: %3</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a folder that allows files of this size.</source>
-            <translation type="unfinished"></translation>
+            <translation>Einen Ordner auswählen, der Dateien dieser Größe zulässt.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a folder that exists.</source>
-            <translation type="unfinished"></translation>
+            <translation>Einen vorhandenen Ordner auswählen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a folder that you can write to.</source>
-            <translation type="unfinished"></translation>
+            <translation>Einen Ordner auswählen, in den Sie schreiben dürfen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a shorter name.</source>
-            <translation type="unfinished"></translation>
+            <translation>Einen kürzeren Namen wählen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Converting the file takes too much time or memory.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Umwandeln der Datei braucht zu viel Zeit oder Arbeitsspeicher.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Free some space or choose another folder.</source>
-            <translation type="unfinished"></translation>
+            <translation>Speicherplatz freigeben oder einen anderen Ordner auswählen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The audio converter %1 is not installed. To install it: sudo apt install ffmpeg</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Programm zum Umwandeln, %1, ist nicht installiert. So wird es installiert: sudo apt install ffmpeg</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The audio converter failed: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Umwandeln ist fehlgeschlagen: %1.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The conversion was cancelled.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Umwandeln wurde abgebrochen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The converted file cannot be written: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Die umgewandelte Datei kann nicht geschrieben werden: %1</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file cannot be read: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Datei ist nicht lesbar: %1.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file contains no audio.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Datei enthält keine Audiodaten.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file is damaged or incomplete.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Datei ist beschädigt oder unvollständig.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file is damaged or incomplete: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Datei ist beschädigt oder unvollständig: %1.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Datei ist keine Audiodatei, oder ihr Format wird nicht unterstützt. WAV, AIFF, FLAC, MP3, M4A, AAC oder AC3 verwenden.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Abtastrate der Datei beträgt %1 Hz; sie muss zwischen 4.000 und 768.000 Hz liegen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The maker's list of firmware has not been read yet.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware-Liste des Herstellers wurde noch nicht gelesen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The maker's list of firmware was last read at %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware-Liste des Herstellers wurde zuletzt um %1 gelesen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The recording cannot be written and ends here: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Aufnahme kann nicht geschrieben werden und endet hier: %1.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server could not be reached (%1). Check the internet connection and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Update-Server ist nicht erreichbar (%1). Internetverbindung prüfen und erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server could not prove its identity (%1). Check the computer's clock and its certificates.</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Update-Server konnte seine Identität nicht nachweisen (%1). Uhr und Zertifikate des Computers prüfen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server did not answer as expected (%1). Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Update-Server hat nicht wie erwartet geantwortet (%1). Später erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server did not list any usable firmware. Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Update-Server hat keine verwendbare Firmware aufgeführt. Später erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is no folder for temporary files.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es gibt keinen Ordner für temporäre Dateien.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is no such file.</source>
-            <translation type="unfinished"></translation>
+            <translation>Diese Datei gibt es nicht.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is not enough disk space.</source>
-            <translation type="unfinished"></translation>
+            <translation>Auf dem Datenträger ist nicht genug Speicherplatz frei.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is too little space in "%1": %2. Make room or choose another folder.</source>
-            <translation type="unfinished"></translation>
+            <translation>In „%1“ ist zu wenig Speicherplatz frei: %2. Speicherplatz freigeben oder einen anderen Ordner auswählen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>This audio format is not supported: %1. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
-            <translation type="unfinished"></translation>
+            <translation>Dieses Audioformat wird nicht unterstützt: %1. WAV, AIFF, FLAC, MP3, M4A, AAC oder AC3 verwenden.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>This is a folder or a device, not a file.</source>
-            <translation type="unfinished"></translation>
+            <translation>Dies ist ein Ordner oder ein Gerät, keine Datei.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>its end is missing</source>
-            <translation type="unfinished"></translation>
+            <translation>das Ende fehlt</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>part of it cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>ein Teil davon ist nicht lesbar</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>this computer did not pass the request on to the pedal: the file of the kernel's usbtmc driver could not be opened in time.</source>
-            <translation type="unfinished"></translation>
+            <translation>dieser Computer hat die Anfrage nicht an das Pedal weitergereicht: Die Datei des Kerneltreibers usbtmc konnte nicht rechtzeitig geöffnet werden.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>this computer did not pass the request on to the pedal: the kernel's usbtmc driver, which it needs, does not know the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>dieser Computer hat die Anfrage nicht an das Pedal weitergereicht: Der dafür nötige Kerneltreiber usbtmc kennt das Pedal nicht.</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>this computer did not pass the request on to the pedal: the udev rules for it are not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>dieser Computer hat die Anfrage nicht an das Pedal weitergereicht: Die udev-Regeln dafür sind nicht installiert.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>"%1" cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>„%1“ ist nicht lesbar</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>"%1" is damaged</source>
-            <translation type="unfinished"></translation>
+            <translation>„%1“ ist beschädigt</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 are still on the pedal.</source>
             <comment>%1 is still on the pedal.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 ist noch auf dem Pedal.</numerusform>
+                <numerusform>%1 sind noch auf dem Pedal.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 are still only on the pedal.</source>
             <comment>%1 is still only on the pedal.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 ist weiterhin nur auf dem Pedal.</numerusform>
+                <numerusform>%1 sind weiterhin nur auf dem Pedal.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 could not be read back</source>
             <comment>%1 could not be read back</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 konnte nicht zurückgelesen werden</numerusform>
+                <numerusform>%1 konnten nicht zurückgelesen werden</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 erased</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 gelöscht</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 may have been erased</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde möglicherweise gelöscht</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops erased</source>
             <comment>%1 of %n loop erased</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 von %n Loop gelöscht</numerusform>
+                <numerusform>%1 von %n Loops gelöscht</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops saved</source>
             <comment>%1 of %n loop saved</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 von %n Loop gespeichert</numerusform>
+                <numerusform>%1 von %n Loops gespeichert</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops sent, but not checked</source>
             <comment>%1 of %n loop sent, but not checked</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 von %n Loop gesendet, aber nicht geprüft</numerusform>
+                <numerusform>%1 von %n Loops gesendet, aber nicht geprüft</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops written</source>
             <comment>%1 of %n loop written</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 von %n Loop geschrieben</numerusform>
+                <numerusform>%1 von %n Loops geschrieben</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 on the pedal differ from their files</source>
             <comment>%1 on the pedal differs from its file</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 auf dem Pedal weicht von seiner Datei ab</numerusform>
+                <numerusform>%1 auf dem Pedal weichen von ihren Dateien ab</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 saved</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 gespeichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 saved in %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 in %2 gespeichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 sent, but not checked</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 gesendet, aber nicht geprüft</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 verified</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 geprüft</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 was not erased</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht gelöscht</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 was not saved</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht gespeichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 was not written</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wurde nicht geschrieben</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 were not compared.</source>
             <comment>%1 was not compared.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 wurde nicht verglichen.</numerusform>
+                <numerusform>%1 wurden nicht verglichen.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 were not written.</source>
             <comment>%1 was not written.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 wurde nicht geschrieben.</numerusform>
+                <numerusform>%1 wurden nicht geschrieben.</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 written</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 geschrieben</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops erased</source>
             <comment>%n loop erased</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop gelöscht</numerusform>
+                <numerusform>%n Loops gelöscht</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops saved</source>
             <comment>%n loop saved</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop gespeichert</numerusform>
+                <numerusform>%n Loops gespeichert</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops saved in %1</source>
             <comment>%n loop saved in %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop in %1 gespeichert</numerusform>
+                <numerusform>%n Loops in %1 gespeichert</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops sent, but not checked</source>
             <comment>%n loop sent, but not checked</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop gesendet, aber nicht geprüft</numerusform>
+                <numerusform>%n Loops gesendet, aber nicht geprüft</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops verified</source>
             <comment>%n loop verified</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop geprüft</numerusform>
+                <numerusform>%n Loops geprüft</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops written</source>
             <comment>%n loop written</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop geschrieben</numerusform>
+                <numerusform>%n Loops geschrieben</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>Loops %1</source>
             <comment>Loop %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Loop %1</numerusform>
+                <numerusform>Loops %1</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Loops cannot be imported</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops können nicht importiert werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was erased</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts gelöscht</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was erased.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts gelöscht.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was saved</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts gespeichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was saved.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts gespeichert.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was written</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts geschrieben</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was written.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts geschrieben.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Report saved in %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Bericht in %1 gespeichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Some of the loops may have been erased</source>
-            <translation type="unfinished"></translation>
+            <translation>Einige der Loops wurden möglicherweise gelöscht</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>The pedal became busy; close and reopen the window to go on</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal ist beschäftigt; Fenster schließen und wieder öffnen, um fortzufahren</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>The recording ends here</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Aufnahme endet hier</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>The report was not saved</source>
-            <translation type="unfinished"></translation>
+            <translation>Der Bericht wurde nicht gespeichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Verifying was stopped</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Prüfung wurde abgebrochen</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>What the pedal sent back is the same, sample for sample.</source>
-            <translation type="unfinished"></translation>
+            <translation>Was das Pedal zurückgesendet hat, ist Sample für Sample gleich.</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>loops %1</source>
             <comment>loop %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Loop %1</numerusform>
+                <numerusform>Loops %1</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>the computer did not give access in time</source>
-            <translation type="unfinished"></translation>
+            <translation>der Computer hat den Zugriff nicht rechtzeitig freigegeben</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>the pedal refused</source>
-            <translation type="unfinished"></translation>
+            <translation>das Pedal hat abgelehnt</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>the system rule is missing</source>
-            <translation type="unfinished"></translation>
+            <translation>die Systemregel fehlt</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>the system rule is not in force</source>
-            <translation type="unfinished"></translation>
+            <translation>die Systemregel ist nicht in Kraft</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 is missing or has been changed</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 fehlt oder wurde verändert</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 of %n changes made</source>
             <comment>%1 of %n changes made</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 von %n Änderung vorgenommen</numerusform>
+                <numerusform>%1 von %n Änderungen vorgenommen</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 were erased.</source>
             <comment>%1 was erased.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 wurde gelöscht.</numerusform>
+                <numerusform>%1 wurden gelöscht.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 were not touched.</source>
             <comment>%1 was not touched.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 blieb unverändert.</numerusform>
+                <numerusform>%1 blieben unverändert.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 were written.</source>
             <comment>%1 was written.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 wurde geschrieben.</numerusform>
+                <numerusform>%1 wurden geschrieben.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops backed up in %1</source>
             <comment>%n loop backed up in %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop in %1 gesichert</numerusform>
+                <numerusform>%n Loops in %1 gesichert</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops restored</source>
             <comment>%n loop restored</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop wiederhergestellt</numerusform>
+                <numerusform>%n Loops wiederhergestellt</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops restored, %1 erased</source>
             <comment>%n loop restored, %1 erased</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Loop wiederhergestellt, %1 gelöscht</numerusform>
+                <numerusform>%n Loops wiederhergestellt, %1 gelöscht</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n of %1 were saved. The next backup in this folder continues from there.</source>
             <comment>%n of %1 was saved. The next backup in this folder continues from there.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n von %1 wurde gesichert. Die nächste Sicherung in diesem Ordner macht dort weiter.</numerusform>
+                <numerusform>%n von %1 wurden gesichert. Die nächste Sicherung in diesem Ordner macht dort weiter.</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n of them were there already.</source>
             <comment>%n of them was there already.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n davon war schon vorhanden.</numerusform>
+                <numerusform>%n davon waren schon vorhanden.</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>All of them were there already.</source>
-            <translation type="unfinished"></translation>
+            <translation>Alle waren schon vorhanden.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Erase loops on the pedal, or tick "Erase loops that are not in this backup".</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops auf dem Pedal löschen oder „Loops löschen, die nicht in dieser Sicherung sind“ ankreuzen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Nothing was backed up</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts gesichert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Nothing was changed.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde nichts geändert.</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Restoring erases %n loops on the 7306. Would you like to continue?</source>
             <comment>Restoring erases %n loop on the 7306. Would you like to continue?</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Das Wiederherstellen löscht %n Loop auf dem 7306. Möchten Sie fortfahren?</numerusform>
+                <numerusform>Das Wiederherstellen löscht %n Loops auf dem 7306. Möchten Sie fortfahren?</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Restoring replaces %1 and erases %2 on the 7306. Would you like to continue?</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Wiederherstellen ersetzt %1 und löscht %2 auf dem 7306. Möchten Sie fortfahren?</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Restoring replaces %n loops on the 7306. Would you like to continue?</source>
             <comment>Restoring replaces %n loop on the 7306. Would you like to continue?</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Das Wiederherstellen ersetzt %n Loop auf dem 7306. Möchten Sie fortfahren?</numerusform>
+                <numerusform>Das Wiederherstellen ersetzt %n Loops auf dem 7306. Möchten Sie fortfahren?</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>The backup is not complete</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Sicherung ist unvollständig</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>The pedal already has all loops of this backup</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal hat bereits alle Loops dieser Sicherung</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>What was written was read back and is the same, sample for sample.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Geschriebene wurde zurückgelesen und ist Sample für Sample gleich.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>a newer version of this program wrote it</source>
-            <translation type="unfinished"></translation>
+            <translation>von einer neueren Version dieses Programms geschrieben</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>nicht lesbar</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it is longer than the pedal's 24 minutes</source>
-            <translation type="unfinished"></translation>
+            <translation>länger als die 24 Minuten des Pedals</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it is not complete</source>
-            <translation type="unfinished"></translation>
+            <translation>unvollständig</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it is not there any more</source>
-            <translation type="unfinished"></translation>
+            <translation>nicht mehr vorhanden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>its folder cannot be made</source>
-            <translation type="unfinished"></translation>
+            <translation>der Ordner dafür kann nicht angelegt werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>its index is damaged</source>
-            <translation type="unfinished"></translation>
+            <translation>der Index ist beschädigt</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>its index is not one of a backup</source>
-            <translation type="unfinished"></translation>
+            <translation>der Index gehört nicht zu einer Sicherung</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
