@@ -2791,882 +2791,882 @@ Loops auf dem Pedal.</translation>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>%1 % was sent</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 % wurden gesendet</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware %1 cannot be offered</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware %1 kann nicht angeboten werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware %1 runs on the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Auf dem Pedal läuft Firmware %1</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware %1 was sent. Install it again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware %1 wurde gesendet. Erneut installieren.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware list read at %1: %2 is the newest</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware-Liste um %1 gelesen: %2 ist die neueste</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>It did not confirm the image. Check whether this is its version.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es hat das Abbild nicht bestätigt. Prüfen, ob dies dessen Version ist.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>It waits in its loader until it gets firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wartet im Bootloader auf Firmware.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Leave it plugged in: it may still be storing the firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal nicht abziehen: Es speichert die Firmware möglicherweise noch.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>No firmware was installed</source>
-            <translation type="unfinished"></translation>
+            <translation>Es wurde keine Firmware installiert</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Restarting the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal wird neu gestartet</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Sending image</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Abbild wird gesendet</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Sending image, %1 %</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Abbild wird gesendet, %1 %</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Sent, but the pedal has not come back yet</source>
-            <translation type="unfinished"></translation>
+            <translation>Gesendet, aber das Pedal ist noch nicht wieder da</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware could not be sent completely</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware konnte nicht vollständig gesendet werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware list could not be read</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware-Liste konnte nicht gelesen werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware list has not been read yet</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware-Liste wurde noch nicht gelesen</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware was sent</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware wurde gesendet</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware was sent, but the pedal does not report its version</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware wurde gesendet, aber das Pedal meldet seine Version nicht</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware was sent, but the pedal has not restarted yet</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware wurde gesendet, aber das Pedal ist noch nicht neu gestartet</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal came back without taking the image; close and reopen the window</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal ist wieder da, hat das Abbild aber nicht angenommen; Fenster schließen und wieder öffnen</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal did not take the image</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal hat das Abbild nicht angenommen</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal has not come back yet.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal ist noch nicht wieder da.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal is preparing</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal bereitet sich vor</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal keeps its firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal behält seine Firmware.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal may have kept its firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal hat seine Firmware möglicherweise behalten.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal may have stayed in its loader. Unplug it, plug it in again and install again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal ist möglicherweise im Bootloader geblieben. Abziehen, wieder anschließen und erneut installieren.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Unplug it and plug it in again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal abziehen und wieder anschließen.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Unplug it and plug it in again. The program goes on looking for it for ten minutes.</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal abziehen und wieder anschließen. Das Programm sucht noch zehn Minuten lang danach.</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Waiting for the pedal to come back</source>
-            <translation type="unfinished"></translation>
+            <translation>Warten, bis das Pedal wieder da ist</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>it came back in its loader</source>
-            <translation type="unfinished"></translation>
+            <translation>es hat sich im Bootloader zurückgemeldet</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>it is back with firmware %1</source>
-            <translation type="unfinished"></translation>
+            <translation>es ist mit Firmware %1 wieder da</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>its image could not be downloaded, verified and stored</source>
-            <translation type="unfinished"></translation>
+            <translation>ihr Abbild konnte nicht heruntergeladen, geprüft und gespeichert werden</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>the maker's server could not be reached</source>
-            <translation type="unfinished"></translation>
+            <translation>der Server des Herstellers ist nicht erreichbar</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>the server could not prove that it is the maker's</source>
-            <translation type="unfinished"></translation>
+            <translation>der Server konnte nicht nachweisen, dass er dem Hersteller gehört</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>what the maker's server sent cannot be used</source>
-            <translation type="unfinished"></translation>
+            <translation>was der Server des Herstellers gesendet hat, ist nicht verwendbar</translation>
         </message>
         <message>
             <location filename="../../src/platform/awake.cpp"></location>
             <source>Loops are being copied</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops werden kopiert</translation>
         </message>
         <message>
             <location filename="../../src/platform/awake.cpp"></location>
             <source>The pedal's firmware is being installed</source>
-            <translation type="unfinished"></translation>
+            <translation>Die Firmware des Pedals wird installiert</translation>
         </message>
         <message>
             <location filename="../../src/platform/free_space.cpp"></location>
             <source>%1 are needed and %2 are free</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 werden benötigt, %2 sind frei</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot.cpp"></location>
             <source>complete</source>
-            <translation type="unfinished"></translation>
+            <translation>fertig</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_button.cpp"></location>
             <source>Add Loop</source>
-            <translation type="unfinished"></translation>
+            <translation>Loop hinzufügen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_button.cpp"></location>
             <source>Overwrite Loop</source>
-            <translation type="unfinished"></translation>
+            <translation>Loop überschreiben</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>%1 name</source>
-            <translation type="unfinished"></translation>
+            <translation>Name von %1</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>%1 plays</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wird abgespielt</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>%1, select</source>
-            <translation type="unfinished"></translation>
+            <translation>%1, auswählen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Add %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 hinzufügen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Compare with %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Mit %1 vergleichen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Overwrite %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 überschreiben</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Play %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 abspielen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>Play %1, %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 abspielen, %2</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Remove file from loop %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Datei aus Loop %1 entfernen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>Stop %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 stoppen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>being read</source>
-            <translation type="unfinished"></translation>
+            <translation>wird gelesen</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>picked up</source>
-            <translation type="unfinished"></translation>
+            <translation>ausgewählt</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>playing</source>
-            <translation type="unfinished"></translation>
+            <translation>wird abgespielt</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>staged</source>
-            <translation type="unfinished"></translation>
+            <translation>vorgemerkt</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>staged, replaces a loop</source>
-            <translation type="unfinished"></translation>
+            <translation>vorgemerkt, ersetzt einen Loop</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_sound.cpp"></location>
             <source>Tempo %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Tempo %1</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/doctor.cpp"></location>
             <source>%1 goes into %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 kommt nach %2.</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>%1 could not be started</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 konnte nicht gestartet werden</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>no password was given</source>
-            <translation type="unfinished"></translation>
+            <translation>es wurde kein Passwort eingegeben</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>the commands ended with status %1</source>
-            <translation type="unfinished"></translation>
+            <translation>die Befehle endeten mit Status %1</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>the password could not be asked for, or it was wrong</source>
-            <translation type="unfinished"></translation>
+            <translation>das Passwort konnte nicht abgefragt werden oder war falsch</translation>
         </message>
         <message>
             <location filename="../../src/ui/alert.cpp"></location>
             <source>No</source>
-            <translation type="unfinished"></translation>
+            <translation>Nein</translation>
         </message>
         <message>
             <location filename="../../src/ui/alert.cpp"></location>
             <source>Yes</source>
-            <translation type="unfinished"></translation>
+            <translation>Ja</translation>
         </message>
         <message>
             <location filename="../../src/ui/mass_selection_button.cpp"></location>
             <source>All</source>
-            <translation type="unfinished"></translation>
+            <translation>Alle</translation>
         </message>
         <message>
             <location filename="../../src/ui/mass_selection_button.cpp"></location>
             <source>None</source>
-            <translation type="unfinished"></translation>
+            <translation>Keine</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/about.cpp"></location>
             <source>About 7306 Loop Manager</source>
-            <translation type="unfinished"></translation>
+            <translation>Über 7306 Loop Manager</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/about.cpp"></location>
             <source>Version %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Version %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Back Up</source>
-            <translation type="unfinished"></translation>
+            <translation>Sichern</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Backup</source>
-            <translation type="unfinished"></translation>
+            <translation>Sicherung</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Copy the whole pedal to this computer</source>
-            <translation type="unfinished"></translation>
+            <translation>Das ganze Pedal auf diesen Computer kopieren</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Erase loops that are not in this backup</source>
-            <translation type="unfinished"></translation>
+            <translation>Loops löschen, die nicht in dieser Sicherung sind</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Folder</source>
-            <translation type="unfinished"></translation>
+            <translation>Ordner</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Loops that are the same are not copied twice.</source>
-            <translation type="unfinished"></translation>
+            <translation>Gleiche Loops werden nicht zweimal kopiert.</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Other folder…</source>
-            <translation type="unfinished"></translation>
+            <translation>Anderer Ordner …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Put a backup back onto the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Eine Sicherung zurück auf das Pedal bringen</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>%n copies on this computer, %1. Above 2 GB the oldest are removed.</source>
             <comment>%n copy on this computer, %1. Above 2 GB the oldest are removed.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Kopie auf diesem Computer, %1. Über 2 GB werden die ältesten entfernt.</numerusform>
+                <numerusform>%n Kopien auf diesem Computer, %1. Über 2 GB werden die ältesten entfernt.</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>A loop is copied here before you erase or replace it.</source>
-            <translation type="unfinished"></translation>
+            <translation>Bevor Sie einen Loop löschen oder ersetzen, wird er hierher kopiert.</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Bring Back</source>
-            <translation type="unfinished"></translation>
+            <translation>Zurückholen</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Bring back loops that were erased or replaced</source>
-            <translation type="unfinished"></translation>
+            <translation>Gelöschte oder ersetzte Loops zurückholen</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Keep Copies is off: what you erase or replace now is gone.</source>
-            <translation type="unfinished"></translation>
+            <translation>„Kopien aufbewahren“ ist aus: Was Sie jetzt löschen oder ersetzen, ist verloren.</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>No copies on this computer.</source>
-            <translation type="unfinished"></translation>
+            <translation>Keine Kopien auf diesem Computer.</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Nothing to bring back</source>
-            <translation type="unfinished"></translation>
+            <translation>Nichts zum Zurückholen</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Nothing to bring back.</source>
-            <translation type="unfinished"></translation>
+            <translation>Nichts zum Zurückholen.</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>%1, %2, %3, %4</source>
-            <translation type="unfinished"></translation>
+            <translation>%1, %2, %3, %4</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to %1</source>
-            <translation type="unfinished"></translation>
+            <translation>auf %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to slot %1</source>
-            <translation type="unfinished"></translation>
+            <translation>auf Platz %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to slot %1, empty</source>
-            <translation type="unfinished"></translation>
+            <translation>auf Platz %1, leer</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to slot %1, replaces its loop</source>
-            <translation type="unfinished"></translation>
+            <translation>auf Platz %1, ersetzt dessen Loop</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_targets.cpp"></location>
             <source>Slots</source>
-            <translation type="unfinished"></translation>
+            <translation>Plätze</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>%n problems were found</source>
             <comment>%n problem was found</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n Problem gefunden</numerusform>
+                <numerusform>%n Probleme gefunden</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Copies what was found, as text</source>
-            <translation type="unfinished"></translation>
+            <translation>Kopiert das Gefundene als Text</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>Copy</source>
-            <translation type="unfinished"></translation>
+            <translation>Kopieren</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Doctor</source>
-            <translation type="unfinished"></translation>
+            <translation>Diagnose</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Looking at the pedal and this computer…</source>
-            <translation type="unfinished"></translation>
+            <translation>Pedal und Computer werden untersucht …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>No problems were found</source>
-            <translation type="unfinished"></translation>
+            <translation>Keine Probleme gefunden</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>OK: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>OK: %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Problem: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Problem: %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Save Report…</source>
-            <translation type="unfinished"></translation>
+            <translation>Bericht speichern …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>About...</source>
-            <translation type="unfinished"></translation>
+            <translation>Über …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Choose a firmware file for the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware-Datei für das Pedal auswählen</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Close menu</source>
-            <translation type="unfinished"></translation>
+            <translation>Menü schließen</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Firmware Update...</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware-Update …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Firmware files</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware-Dateien</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Select Firmware...</source>
-            <translation type="unfinished"></translation>
+            <translation>Firmware auswählen …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Software Update...</source>
-            <translation type="unfinished"></translation>
+            <translation>Software-Update …</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/progress.cpp"></location>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 of %2 – %3%</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 von %2 – %3 %</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/progress.cpp"></location>
             <source>Transferred</source>
-            <translation type="unfinished"></translation>
+            <translation>Übertragen</translation>
         </message>
         <message>
             <location filename="../../src/ui/qt_dialogs.cpp"></location>
             <source>All files</source>
-            <translation type="unfinished"></translation>
+            <translation>Alle Dateien</translation>
         </message>
         <message>
             <location filename="../../src/ui/shield.cpp"></location>
             <source>The 7306 is busy</source>
-            <translation type="unfinished"></translation>
+            <translation>Das 7306 ist beschäftigt</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_list.cpp"></location>
             <source>Nothing has happened yet.</source>
-            <translation type="unfinished"></translation>
+            <translation>Noch ist nichts geschehen.</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_list.cpp"></location>
             <location filename="../../src/ui/status/status_sentence.cpp"></location>
             <source>Recent results</source>
-            <translation type="unfinished"></translation>
+            <translation>Letzte Ergebnisse</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>%1 %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 %2.</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>%1, %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1, %2.</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>%1, failed, %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1, fehlgeschlagen, %2.</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_line.cpp"></location>
             <source>%1, button.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1, Schaltfläche.</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_line.cpp"></location>
             <source>Failed: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>Fehlgeschlagen: %1.</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_sentence.cpp"></location>
             <source>Failed: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Fehlgeschlagen: %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_sentence.cpp"></location>
             <source>Shows the recent results</source>
-            <translation type="unfinished"></translation>
+            <translation>Zeigt die letzten Ergebnisse</translation>
         </message>
         <message>
             <location filename="../../src/updates/app_image.cpp"></location>
             <source>the path of the program or of its previous version is not a file</source>
-            <translation type="unfinished"></translation>
+            <translation>der Pfad des Programms oder seiner vorherigen Version ist keine Datei</translation>
         </message>
         <message>
             <location filename="../../src/updates/app_image.cpp"></location>
             <source>the previous version cannot be kept</source>
-            <translation type="unfinished"></translation>
+            <translation>die vorherige Version kann nicht aufbewahrt werden</translation>
         </message>
         <message>
             <location filename="../../src/updates/app_image.cpp"></location>
             <source>the program no longer exists</source>
-            <translation type="unfinished"></translation>
+            <translation>das Programm ist nicht mehr vorhanden</translation>
         </message>
         <message>
             <location filename="../../src/updates/firmware_texts.cpp"></location>
             <source>KZQ7306 %1 is now available—you have %2. Would you like to install it now?</source>
-            <translation type="unfinished"></translation>
+            <translation>KZQ7306 %1 ist jetzt verfügbar – Sie haben %2. Möchten Sie es jetzt installieren?</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>another program is downloading the same file</source>
-            <translation type="unfinished"></translation>
+            <translation>ein anderes Programm lädt dieselbe Datei herunter</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the download cannot be made ready to start</source>
-            <translation type="unfinished"></translation>
+            <translation>das Herunterladen kann nicht vorbereitet werden</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the download cannot be moved into place</source>
-            <translation type="unfinished"></translation>
+            <translation>die heruntergeladene Datei kann nicht an ihren Platz verschoben werden</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the download cannot be stored</source>
-            <translation type="unfinished"></translation>
+            <translation>die heruntergeladene Datei kann nicht gespeichert werden</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the file at the path for the download belongs to another user</source>
-            <translation type="unfinished"></translation>
+            <translation>die Datei am Pfad für das Herunterladen gehört einem anderen Benutzer</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the path for the download is not a file</source>
-            <translation type="unfinished"></translation>
+            <translation>der Pfad für das Herunterladen ist keine Datei</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>not an https address</source>
-            <translation type="unfinished"></translation>
+            <translation>keine https-Adresse</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>redirected to an address that is not https</source>
-            <translation type="unfinished"></translation>
+            <translation>Weiterleitung auf eine Adresse ohne https</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>redirected too often</source>
-            <translation type="unfinished"></translation>
+            <translation>zu oft weitergeleitet</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the download took too long</source>
-            <translation type="unfinished"></translation>
+            <translation>das Herunterladen hat zu lange gedauert</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the file could not be stored</source>
-            <translation type="unfinished"></translation>
+            <translation>die Datei konnte nicht gespeichert werden</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the file is shorter than stated</source>
-            <translation type="unfinished"></translation>
+            <translation>die Datei ist kürzer als angegeben</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the file is too long</source>
-            <translation type="unfinished"></translation>
+            <translation>die Datei ist zu lang</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the server stopped answering</source>
-            <translation type="unfinished"></translation>
+            <translation>der Server antwortet nicht mehr</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the stated length is too large</source>
-            <translation type="unfinished"></translation>
+            <translation>die angegebene Länge ist zu groß</translation>
         </message>
         <message>
             <location filename="../../src/updates/self_check.cpp"></location>
             <source>it cannot be started</source>
-            <translation type="unfinished"></translation>
+            <translation>sie lässt sich nicht starten</translation>
         </message>
         <message>
             <location filename="../../src/updates/self_check.cpp"></location>
             <source>it does not answer</source>
-            <translation type="unfinished"></translation>
+            <translation>sie antwortet nicht</translation>
         </message>
         <message>
             <location filename="../../src/updates/self_check.cpp"></location>
             <source>it ends with an error</source>
-            <translation type="unfinished"></translation>
+            <translation>sie endet mit einem Fehler</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the package installer could not be started; install this package yourself: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>das Installationsprogramm konnte nicht gestartet werden; installieren Sie dieses Paket selbst: %1</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the signature of the update is wrong</source>
-            <translation type="unfinished"></translation>
+            <translation>die Signatur des Updates ist falsch</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the update is not signed</source>
-            <translation type="unfinished"></translation>
+            <translation>das Update ist nicht signiert</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the update's address is not secure</source>
-            <translation type="unfinished"></translation>
+            <translation>die Adresse des Updates ist nicht sicher</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the update's length is missing or out of range</source>
-            <translation type="unfinished"></translation>
+            <translation>die Länge des Updates fehlt oder ist unzulässig</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the updated program could not be started; quit and start it again</source>
-            <translation type="unfinished"></translation>
+            <translation>das aktualisierte Programm konnte nicht gestartet werden; beenden Sie es und starten Sie es neu</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the website %1 could not be opened</source>
-            <translation type="unfinished"></translation>
+            <translation>die Website %1 konnte nicht geöffnet werden</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the length of the update is not the stated one</source>
-            <translation type="unfinished"></translation>
+            <translation>die Länge des Updates ist nicht die angegebene</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the update is not an AppImage</source>
-            <translation type="unfinished"></translation>
+            <translation>das Update ist kein AppImage</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the update is not the one that was signed</source>
-            <translation type="unfinished"></translation>
+            <translation>das Update ist nicht das signierte</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the update is not verified</source>
-            <translation type="unfinished"></translation>
+            <translation>das Update ist nicht geprüft</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>it is another version than stated</source>
-            <translation type="unfinished"></translation>
+            <translation>sie ist eine andere Version als angegeben</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the list of updates could not be read: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>die Liste der Updates konnte nicht gelesen werden: %1</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the list of updates is damaged</source>
-            <translation type="unfinished"></translation>
+            <translation>die Liste der Updates ist beschädigt</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the new version does not work: %1; the program in place was not changed</source>
-            <translation type="unfinished"></translation>
+            <translation>die neue Version funktioniert nicht: %1; das vorhandene Programm wurde nicht verändert</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the update could not be downloaded: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>das Update konnte nicht heruntergeladen werden: %1</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/firmware_updater_progress.cpp"></location>
             <source>%1 of %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 von %2</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update.cpp"></location>
             <source>The pedal is busy. Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Pedal ist beschäftigt. Später erneut versuchen.</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is installed. Would you like to start it now?</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist installiert. Möchten Sie es jetzt starten?</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is now available—you have %2. This copy cannot update itself.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist jetzt verfügbar – Sie haben %2. Diese Kopie kann sich nicht selbst aktualisieren.</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is now available—you have %2. Would you like to install it now?</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist jetzt verfügbar – Sie haben %2. Möchten Sie es jetzt installieren?</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is the newest version available.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ist die neueste verfügbare Version.</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Checking for updates…</source>
-            <translation type="unfinished"></translation>
+            <translation>Nach Updates wird gesucht …</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Checking the download…</source>
-            <translation type="unfinished"></translation>
+            <translation>Die heruntergeladene Datei wird geprüft …</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Downloading %1…</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wird heruntergeladen …</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Follow its steps, then quit this program and start it again.</source>
-            <translation type="unfinished"></translation>
+            <translation>Folgen Sie seinen Schritten, beenden Sie dann dieses Programm und starten Sie es neu.</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Installing %1…</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 wird installiert …</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Restart</source>
-            <translation type="unfinished"></translation>
+            <translation>Neu starten</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>The package installer has taken over.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Installationsprogramm hat übernommen.</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>The program could not be updated.</source>
-            <translation type="unfinished"></translation>
+            <translation>Das Programm konnte nicht aktualisiert werden.</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Website</source>
-            <translation type="unfinished"></translation>
+            <translation>Website</translation>
         </message>
         <message>
             <location filename="../../src/words/words.cpp"></location>
             <source>%1 %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 %2</translation>
         </message>
     </context>
 </TS>
