@@ -586,7 +586,7 @@
     <message>
         <location filename="../../src/app/firmware_flow.cpp"/>
         <source>It is not the maker's newest firmware, %1.</source>
-        <translation>Es ist nicht die neueste Firmware des Herstellers, %1.</translation>
+        <translation>Die neueste Firmware des Herstellers ist eine andere, %1.</translation>
     </message>
     <message>
         <location filename="../../src/app/firmware_flow.cpp"/>
