@@ -136,7 +136,7 @@ std::string changeReason(const Trouble& trouble) {
                  trouble.where);
 }
 
-std::string refusal(Deed deed, const std::string& loop) {
+std::string refusedReason(Deed deed, const std::string& loop) {
     if (deed == Deed::save) {
         return loop.empty() ? words("the pedal refused to send it")
                             : words("the pedal refused to send %1", loop);
@@ -149,7 +149,7 @@ std::string refusal(Deed deed, const std::string& loop) {
 std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& loop) {
     switch (trouble.kind) {
         case Kind::refused:
-            return refusal(deed, loop);
+            return refusedReason(deed, loop);
         case Kind::changed:
             return changeReason(trouble);
         case Kind::file: {

@@ -123,7 +123,7 @@ std::string headline(Deed deed, const Outcome& outcome, const std::vector<SlotNu
 }
 
 /// "3, 5 and 7"
-std::string numbersOf(const std::vector<SlotNumber>& slots) {
+std::string numbersIn(const std::vector<SlotNumber>& slots) {
     std::string text;
     for (std::size_t i = 0; i < slots.size(); ++i) {
         const auto number = std::to_string(slots[i].number());
@@ -161,11 +161,11 @@ Told toldMissingRule(const Trouble& trouble) {
 }
 
 std::string loopNames(const std::vector<SlotNumber>& slots) {
-    return words(slots.size(), "loop %1", "loops %1", numbersOf(slots));
+    return words(slots.size(), "loop %1", "loops %1", numbersIn(slots));
 }
 
 std::string listOf(const std::vector<SlotNumber>& slots) {
-    return words(slots.size(), "Loop %1", "Loops %1", numbersOf(slots));
+    return words(slots.size(), "Loop %1", "Loops %1", numbersIn(slots));
 }
 
 std::vector<SlotNumber> notDone(const Outcome& outcome, const std::vector<SlotNumber>& asked) {
