@@ -1,3606 +1,3606 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
-<context>
-    <name>words</name>
-    <message>
-        <location filename="../../resources/About.ui"/>
-        <source>Loop Manager</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/FirmwareUpdater.ui"/>
-        <location filename="../../resources/FirmwareUpdaterProgress.ui"/>
-        <location filename="../../src/updates/windows/firmware_notice.cpp"/>
-        <source>Firmware Update</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/FirmwareUpdater.ui"/>
-        <location filename="../../resources/SoftwareUpdate.ui"/>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Install</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/FirmwareUpdater.ui"/>
-        <source>Install the firmware</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/FirmwareUpdater.ui"/>
-        <location filename="../../resources/SoftwareUpdate.ui"/>
-        <source>Release notes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/FirmwareUpdaterProgress.ui"/>
-        <source>Firmware installation</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/FirmwareUpdaterProgress.ui"/>
-        <source>Installing firmware. Keep the pedal plugged in.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/SoftwareUpdate.ui"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Later</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/SoftwareUpdate.ui"/>
-        <source>Software Update</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../resources/SoftwareUpdate.ui"/>
-        <source>Update</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up.cpp"/>
-        <source>Choose</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up.cpp"/>
-        <source>Choose a folder for the backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up.cpp"/>
-        <source>Choose a folder with backups</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_compare.cpp"/>
-        <location filename="../../src/app/transfer_events.cpp"/>
-        <source>Comparing loop %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <location filename="../../src/ui/panels/backup_tape.cpp"/>
-        <source>%1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n damaged</source>
-        <comment>%n damaged</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n erased</source>
-        <comment>%n erased</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n new</source>
-        <comment>%n new</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n new or changed, %1</source>
-        <comment>%n new or changed, %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n replaced</source>
-        <comment>%n replaced</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n same</source>
-        <comment>%n same</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n same as then</source>
-        <comment>%n same as then</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>%n same length</source>
-        <comment>%n same length</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>Slot %1, %2, %3, %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>Slot %1, no loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>changed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>d MMM yyyy, HH:mm</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>damaged in the backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>erased</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>in the backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>new</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>only in the backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>replaces %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>replaces a loop of %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>same</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>same length</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>saved again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>saved again, as it is damaged in the backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>stays</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_rows.cpp"/>
-        <source>the same length, not compared</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <location filename="../../src/app/teller.cpp"/>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>No pedal connected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>Reading the folder</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>The pedal already holds everything in this backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>The pedal has no loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>There is no backup in this folder</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>There is not enough room on the pedal for this backup alongside its other loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>This backup cannot be restored: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>no backup yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>reading…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backing_up_show.cpp"/>
-        <source>since %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backup_flow.cpp"/>
-        <source>7306 Back Up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/backup_flow.cpp"/>
-        <source>Backing up %n loops from the 7306...</source>
-        <comment>Backing up %n loop from the 7306...</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/backup_flow.cpp"/>
-        <location filename="../../src/app/import_flow.cpp"/>
-        <location filename="../../src/app/save_report.cpp"/>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Try again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>%1 are staged</source>
-        <comment>%1 is staged</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Each loop is read before it is erased or replaced.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>Keep Copies is still off</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>Keep Copies is still on</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>Other files are staged as well. Export writes all of them.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>copied %1 %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>copied today %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>copied yesterday %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>d MMM</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>d MMM yyyy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>ddd</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>erased %1 %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>erased today %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>erased yesterday %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>its folder could not be renamed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>replaced %1 %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>replaced today %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bring_back_flow.cpp"/>
-        <source>replaced yesterday %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/bus/bus_desktop_shell.cpp"/>
-        <location filename="../../src/app/show_folder.cpp"/>
-        <location filename="../../src/ui/status/status_line.cpp"/>
-        <source>Show</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/carry_in.cpp"/>
-        <source>%n files go to %1</source>
-        <comment>%n file goes to %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/carry_in.cpp"/>
-        <source>%n files will wait for a pedal</source>
-        <comment>%n file will wait for a pedal</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/carry_in.cpp"/>
-        <source>Drop between the rows to use all %n files</source>
-        <comment>Drop between the rows to use the file</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/carry_in.cpp"/>
-        <source>Drop between the rows to use both files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/carry_in.cpp"/>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>not readable</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/carry_in.cpp"/>
-        <source>too long</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/carry_out.cpp"/>
-        <source>%1 was not dragged out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/carry_out.cpp"/>
-        <source>%n loops were not dragged out</source>
-        <comment>%n loop was not dragged out</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/carry_out.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>a loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/copy_sound.cpp"/>
-        <location filename="../../src/app/listening_engine.cpp"/>
-        <source>Playing %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/copy_sound.cpp"/>
-        <location filename="../../src/app/listening_engine.cpp"/>
-        <source>Playing %1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/copy_sound.cpp"/>
-        <source>The copy of %1 could not be played</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/copy_sound.cpp"/>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>its file could not be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/erase_flow.cpp"/>
-        <source>Erase without a copy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/erase_flow.cpp"/>
-        <source>Erased loop audio cannot be restored. Would you like to continue?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/erase_flow.cpp"/>
-        <source>Erasing %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/erase_flow.cpp"/>
-        <source>Erasing loops…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/export_flow.cpp"/>
-        <source>Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to continue?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/export_flow.cpp"/>
-        <source>Replace without a copy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/export_flow.cpp"/>
-        <location filename="../../src/app/transfer_events.cpp"/>
-        <source>Writing loop %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/export_flow.cpp"/>
-        <source>what is staged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>"%1" cannot be used</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>"%1" was sent</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>%n bytes, SHA-256 %1.</source>
-        <comment>%n byte, SHA-256 %1.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>It is fetched again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>It is not the maker's newest firmware, %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>It is the maker's newest firmware.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>It ran %1 before.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>The firmware in the cache cannot be used</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>The pedal has not come back from its restart: unplug it and plug it in again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>Whether it is the maker's newest firmware is not known.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>it cannot be read, or it is empty</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>unknown</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <location filename="../../src/ui/status/announcements.cpp"/>
-        <location filename="../../src/ui/status/status_line.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/ui/panels/backup_tape.cpp"/>
-        <location filename="../../src/ui/status/announcements.cpp"/>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>%1: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Close</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>Downloading firmware %1, %2 %</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>It runs only its loader, as after an installation that did not finish.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>It runs only its loader, as after an installation that did not finish. Until it has firmware, its loops cannot be listed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Not Now</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/app/set_up.cpp"/>
-        <location filename="../../src/ui/alert.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>OK</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>Repair</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>The maker's firmware has not been downloaded yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>The pedal is waiting for firmware</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>This pedal is waiting for firmware.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>Try Again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_notices.cpp"/>
-        <source>Would you like to install %1 now?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>"%1"</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>"%1" (%2)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>"%1" is %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>Left out: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>No file was used</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>Only %n of %1 files were used</source>
-        <comment>Only %n of %1 files was used</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>no other row is free</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>no row is free</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/handed_files.cpp"/>
-        <source>the others do not fit or cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/import_flow.cpp"/>
-        <source>Choose a folder for %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/import_flow.cpp"/>
-        <source>Choose a folder for %n loops</source>
-        <comment>Choose a folder for %n loop</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/import_flow.cpp"/>
-        <location filename="../../src/app/loop_reader.cpp"/>
-        <location filename="../../src/app/transfer_events.cpp"/>
-        <source>Reading loop %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/import_flow.cpp"/>
-        <source>Save</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/keep_flow.cpp"/>
-        <source>Keeping a copy of %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/keep_flow.cpp"/>
-        <source>Keeping a copy of %1… %2 %</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/keep_flow.cpp"/>
-        <source>Keeping copies, %1 percent</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/keep_flow.cpp"/>
-        <location filename="../../src/app/listening_engine.cpp"/>
-        <location filename="../../src/app/loop_reader.cpp"/>
-        <location filename="../../src/app/main_window.cpp"/>
-        <location filename="../../src/app/verify_flow.cpp"/>
-        <source>Stop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/launch.cpp"/>
-        <source>Device is busy. Try again later.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/listening.h"/>
-        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
-        <source>No sound device was found.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/listening_events.cpp"/>
-        <source>Waiting for the read of loop %1 to stop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/listening_events.cpp"/>
-        <source>Waiting for the read of loop %1 to stop…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/loop_reader.cpp"/>
-        <source>%1 could not be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Connect the pedal to this computer
+    <context>
+        <name>words</name>
+        <message>
+            <location filename="../../resources/About.ui"></location>
+            <source>Loop Manager</source>
+            <translation>Loop Manager</translation>
+        </message>
+        <message>
+            <location filename="../../resources/FirmwareUpdater.ui"></location>
+            <location filename="../../resources/FirmwareUpdaterProgress.ui"></location>
+            <location filename="../../src/updates/windows/firmware_notice.cpp"></location>
+            <source>Firmware Update</source>
+            <translation>ファームウェアの更新</translation>
+        </message>
+        <message>
+            <location filename="../../resources/FirmwareUpdater.ui"></location>
+            <location filename="../../resources/SoftwareUpdate.ui"></location>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Install</source>
+            <translation>インストール</translation>
+        </message>
+        <message>
+            <location filename="../../resources/FirmwareUpdater.ui"></location>
+            <source>Install the firmware</source>
+            <translation>ファームウェアをインストール</translation>
+        </message>
+        <message>
+            <location filename="../../resources/FirmwareUpdater.ui"></location>
+            <location filename="../../resources/SoftwareUpdate.ui"></location>
+            <source>Release notes</source>
+            <translation>リリースノート</translation>
+        </message>
+        <message>
+            <location filename="../../resources/FirmwareUpdaterProgress.ui"></location>
+            <source>Firmware installation</source>
+            <translation>ファームウェアのインストール</translation>
+        </message>
+        <message>
+            <location filename="../../resources/FirmwareUpdaterProgress.ui"></location>
+            <source>Installing firmware. Keep the pedal plugged in.</source>
+            <translation>ファームウェアをインストールしています。ペダルを取り外さないでください。</translation>
+        </message>
+        <message>
+            <location filename="../../resources/SoftwareUpdate.ui"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Later</source>
+            <translation>後で</translation>
+        </message>
+        <message>
+            <location filename="../../resources/SoftwareUpdate.ui"></location>
+            <source>Software Update</source>
+            <translation>ソフトウェアの更新</translation>
+        </message>
+        <message>
+            <location filename="../../resources/SoftwareUpdate.ui"></location>
+            <source>Update</source>
+            <translation>更新</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up.cpp"></location>
+            <source>Choose</source>
+            <translation>選択</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up.cpp"></location>
+            <source>Choose a folder for the backup</source>
+            <translation>バックアップ先のフォルダーを選択</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up.cpp"></location>
+            <source>Choose a folder with backups</source>
+            <translation>バックアップのあるフォルダーを選択</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_compare.cpp"></location>
+            <location filename="../../src/app/transfer_events.cpp"></location>
+            <source>Comparing loop %1…</source>
+            <translation>Loop %1 を比較中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <location filename="../../src/operations/told.cpp"></location>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <location filename="../../src/ui/panels/backup_tape.cpp"></location>
+            <source>%1, %2</source>
+            <translation>%1、%2</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n damaged</source>
+            <comment>%n damaged</comment>
+            <translation>
+                <numerusform>破損 %n</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n erased</source>
+            <comment>%n erased</comment>
+            <translation>
+                <numerusform>消去 %n</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n new</source>
+            <comment>%n new</comment>
+            <translation>
+                <numerusform>新規 %n</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n new or changed, %1</source>
+            <comment>%n new or changed, %1</comment>
+            <translation>
+                <numerusform>新規・変更 %n、%1</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n replaced</source>
+            <comment>%n replaced</comment>
+            <translation>
+                <numerusform>置き換え %n</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n same</source>
+            <comment>%n same</comment>
+            <translation>
+                <numerusform>同じ %n</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n same as then</source>
+            <comment>%n same as then</comment>
+            <translation>
+                <numerusform>当時と同じ %n</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>%n same length</source>
+            <comment>%n same length</comment>
+            <translation>
+                <numerusform>同じ長さ %n</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>Slot %1, %2, %3, %4</source>
+            <translation>スロット %1、%2、%3、%4</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>Slot %1, no loop</source>
+            <translation>スロット %1、ループなし</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>changed</source>
+            <translation>変更あり</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>d MMM yyyy, HH:mm</source>
+            <translation>yyyy年M月d日 HH:mm</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>damaged</source>
+            <translation>破損</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>damaged in the backup</source>
+            <translation>バックアップ内で破損</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>erased</source>
+            <translation>消去</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>in the backup</source>
+            <translation>バックアップにあり</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>new</source>
+            <translation>新規</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>only in the backup</source>
+            <translation>バックアップのみ</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>replaces %1</source>
+            <translation>%1 を置き換え</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>replaces a loop of %1</source>
+            <translation>%1 のループを置き換え</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>same</source>
+            <translation>同じ</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>same length</source>
+            <translation>同じ長さ</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>saved again</source>
+            <translation>再保存</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>saved again, as it is damaged in the backup</source>
+            <translation>バックアップ内で破損しているため再保存</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>stays</source>
+            <translation>そのまま</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_rows.cpp"></location>
+            <source>the same length, not compared</source>
+            <translation>同じ長さ、未比較</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <location filename="../../src/app/teller.cpp"></location>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>No pedal connected</source>
+            <translation>ペダルが接続されていません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>Reading the folder</source>
+            <translation>フォルダーを読み込み中</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>The pedal already holds everything in this backup</source>
+            <translation>このバックアップの内容はすべてペダルにあります</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>The pedal has no loops</source>
+            <translation>ペダルにループがありません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>There is no backup in this folder</source>
+            <translation>このフォルダーにバックアップはありません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>There is not enough room on the pedal for this backup alongside its other loops</source>
+            <translation>ほかのループを残したままでは、このバックアップを復元する空きがペダルにありません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>This backup cannot be restored: %1</source>
+            <translation>このバックアップは復元できません：%1</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>no backup yet</source>
+            <translation>バックアップなし</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>reading…</source>
+            <translation>読み込み中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backing_up_show.cpp"></location>
+            <source>since %1</source>
+            <translation>前回：%1</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backup_flow.cpp"></location>
+            <source>7306 Back Up</source>
+            <translation>7306 バックアップ</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/backup_flow.cpp"></location>
+            <source>Backing up %n loops from the 7306...</source>
+            <comment>Backing up %n loop from the 7306...</comment>
+            <translation>
+                <numerusform>7306 のループ %n 個をバックアップ中...</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/backup_flow.cpp"></location>
+            <location filename="../../src/app/import_flow.cpp"></location>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Try again</source>
+            <translation>再試行</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>%1 are staged</source>
+            <comment>%1 is staged</comment>
+            <translation>
+                <numerusform>%1 は書き込み予定です</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Each loop is read before it is erased or replaced.</source>
+            <translation>どのループも、消去や置き換えの前に読み込まれます。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>Keep Copies is still off</source>
+            <translation>「コピーを保管」はオフのままです</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>Keep Copies is still on</source>
+            <translation>「コピーを保管」はオンのままです</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>Other files are staged as well. Export writes all of them.</source>
+            <translation>ほかにも書き込み予定のファイルがあります。エクスポートするとすべて書き込まれます。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>copied %1 %2</source>
+            <translation>%1 %2 にコピー</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>copied today %1</source>
+            <translation>今日 %1 にコピー</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>copied yesterday %1</source>
+            <translation>昨日 %1 にコピー</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>d MMM</source>
+            <translation>M月d日</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>d MMM yyyy</source>
+            <translation>yyyy年M月d日</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>ddd</source>
+            <translation>dddd</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>erased %1 %2</source>
+            <translation>%1 %2 に消去</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>erased today %1</source>
+            <translation>今日 %1 に消去</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>erased yesterday %1</source>
+            <translation>昨日 %1 に消去</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>its folder could not be renamed</source>
+            <translation>フォルダーの名前を変更できませんでした</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>replaced %1 %2</source>
+            <translation>%1 %2 に置き換え</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>replaced today %1</source>
+            <translation>今日 %1 に置き換え</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bring_back_flow.cpp"></location>
+            <source>replaced yesterday %1</source>
+            <translation>昨日 %1 に置き換え</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/bus/bus_desktop_shell.cpp"></location>
+            <location filename="../../src/app/show_folder.cpp"></location>
+            <location filename="../../src/ui/status/status_line.cpp"></location>
+            <source>Show</source>
+            <translation>表示</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/carry_in.cpp"></location>
+            <source>%n files go to %1</source>
+            <comment>%n file goes to %1</comment>
+            <translation>
+                <numerusform>ファイル %n 個を %1 へ</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/carry_in.cpp"></location>
+            <source>%n files will wait for a pedal</source>
+            <comment>%n file will wait for a pedal</comment>
+            <translation>
+                <numerusform>ファイル %n 個はペダルの接続を待ちます</numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/carry_in.cpp"></location>
+            <source>Drop between the rows to use all %n files</source>
+            <comment>Drop between the rows to use the file</comment>
+            <translation>
+                <numerusform>行の間にドロップすると、ファイル %n 個をすべて使用します</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/carry_in.cpp"></location>
+            <source>Drop between the rows to use both files</source>
+            <translation>行の間にドロップすると、両方のファイルを使用します</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/carry_in.cpp"></location>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>not readable</source>
+            <translation>読み込めません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/carry_in.cpp"></location>
+            <source>too long</source>
+            <translation>長すぎます</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/carry_out.cpp"></location>
+            <source>%1 was not dragged out</source>
+            <translation>%1 をドラッグで取り出せませんでした</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/carry_out.cpp"></location>
+            <source>%n loops were not dragged out</source>
+            <comment>%n loop was not dragged out</comment>
+            <translation>
+                <numerusform>ループ %n 個をドラッグで取り出せませんでした</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/carry_out.cpp"></location>
+            <location filename="../../src/operations/told.cpp"></location>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>a loop</source>
+            <translation>あるループ</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/copy_sound.cpp"></location>
+            <location filename="../../src/app/listening_engine.cpp"></location>
+            <source>Playing %1</source>
+            <translation>%1 を再生中</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/copy_sound.cpp"></location>
+            <location filename="../../src/app/listening_engine.cpp"></location>
+            <source>Playing %1, %2</source>
+            <translation>%1 を再生中、%2</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/copy_sound.cpp"></location>
+            <source>The copy of %1 could not be played</source>
+            <translation>%1 のコピーを再生できませんでした</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/copy_sound.cpp"></location>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>its file could not be read</source>
+            <translation>ファイルを読み込めませんでした</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/erase_flow.cpp"></location>
+            <source>Erase without a copy</source>
+            <translation>コピーせずに消去</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/erase_flow.cpp"></location>
+            <source>Erased loop audio cannot be restored. Would you like to continue?</source>
+            <translation>消去したループの音声は復元できません。続けますか？</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/erase_flow.cpp"></location>
+            <source>Erasing %1…</source>
+            <translation>%1 を消去中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/erase_flow.cpp"></location>
+            <source>Erasing loops…</source>
+            <translation>ループを消去中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/export_flow.cpp"></location>
+            <source>Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to continue?</source>
+            <translation>ループのスロットを上書きすると、7306 の音声が消去されます。消去した音声は復元できません。続けますか？</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/export_flow.cpp"></location>
+            <source>Replace without a copy</source>
+            <translation>コピーせずに置き換え</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/export_flow.cpp"></location>
+            <location filename="../../src/app/transfer_events.cpp"></location>
+            <source>Writing loop %1…</source>
+            <translation>Loop %1 を書き込み中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/export_flow.cpp"></location>
+            <source>what is staged</source>
+            <translation>書き込み予定の内容</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>"%1" cannot be used</source>
+            <translation>「%1」は使用できません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>"%1" was sent</source>
+            <translation>「%1」を送信しました</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>%n bytes, SHA-256 %1.</source>
+            <comment>%n byte, SHA-256 %1.</comment>
+            <translation>
+                <numerusform>%n バイト、SHA-256 %1。</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>It is fetched again.</source>
+            <translation>もう一度取得します。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>It is not the maker's newest firmware, %1.</source>
+            <translation>メーカーの最新ファームウェア %1 ではありません。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>It is the maker's newest firmware.</source>
+            <translation>メーカーの最新ファームウェアです。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>It ran %1 before.</source>
+            <translation>以前のバージョンは %1 でした。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>The firmware in the cache cannot be used</source>
+            <translation>キャッシュのファームウェアは使用できません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>The pedal has not come back from its restart: unplug it and plug it in again</source>
+            <translation>ペダルが再起動から戻っていません。取り外して、もう一度接続してください</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>Whether it is the maker's newest firmware is not known.</source>
+            <translation>メーカーの最新ファームウェアかどうかは不明です。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>it cannot be read, or it is empty</source>
+            <translation>読み込めないか、空です</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_flow.cpp"></location>
+            <source>unknown</source>
+            <translation>不明</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <location filename="../../src/operations/told.cpp"></location>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <location filename="../../src/ui/status/announcements.cpp"></location>
+            <location filename="../../src/ui/status/status_line.cpp"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>%1.</source>
+            <translation>%1。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/ui/panels/backup_tape.cpp"></location>
+            <location filename="../../src/ui/status/announcements.cpp"></location>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>%1: %2</source>
+            <translation>%1：%2</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Close</source>
+            <translation>閉じる</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>Downloading firmware %1, %2 %</source>
+            <translation>ファームウェア %1 をダウンロード中、%2 %</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>It runs only its loader, as after an installation that did not finish.</source>
+            <translation>インストールが途中で終わったときのように、ローダーだけが動作しています。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>It runs only its loader, as after an installation that did not finish. Until it has firmware, its loops cannot be listed.</source>
+            <translation>インストールが途中で終わったときのように、ローダーだけが動作しています。ファームウェアを入れるまで、ループの一覧は表示できません。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Not Now</source>
+            <translation>今はしない</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <location filename="../../src/ui/alert.cpp"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>OK</source>
+            <translation>OK</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>Repair</source>
+            <translation>修復</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>The maker's firmware has not been downloaded yet.</source>
+            <translation>メーカーのファームウェアはまだダウンロードされていません。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>The pedal is waiting for firmware</source>
+            <translation>ペダルはファームウェアを待っています</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>This pedal is waiting for firmware.</source>
+            <translation>このペダルはファームウェアを待っています。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>Try Again</source>
+            <translation>再試行</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/firmware_notices.cpp"></location>
+            <source>Would you like to install %1 now?</source>
+            <translation>%1 を今すぐインストールしますか？</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>"%1"</source>
+            <translation>「%1」</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>"%1" (%2)</source>
+            <translation>「%1」（%2）</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>"%1" is %2</source>
+            <translation>「%1」は%2</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>Left out: %1.</source>
+            <translation>除外：%1。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>No file was used</source>
+            <translation>ファイルは使用されませんでした</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>Only %n of %1 files were used</source>
+            <comment>Only %n of %1 files was used</comment>
+            <translation>
+                <numerusform>%1 個中 %n 個のファイルだけを使用しました</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>no other row is free</source>
+            <translation>ほかに空いている行がありません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>no row is free</source>
+            <translation>空いている行がありません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/handed_files.cpp"></location>
+            <source>the others do not fit or cannot be read</source>
+            <translation>ほかのファイルは収まらないか、読み込めません</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/import_flow.cpp"></location>
+            <source>Choose a folder for %1</source>
+            <translation>%1 の保存先フォルダーを選択</translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/import_flow.cpp"></location>
+            <source>Choose a folder for %n loops</source>
+            <comment>Choose a folder for %n loop</comment>
+            <translation>
+                <numerusform>ループ %n 個の保存先フォルダーを選択</numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/import_flow.cpp"></location>
+            <location filename="../../src/app/loop_reader.cpp"></location>
+            <location filename="../../src/app/transfer_events.cpp"></location>
+            <source>Reading loop %1…</source>
+            <translation>Loop %1 を読み込み中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/import_flow.cpp"></location>
+            <source>Save</source>
+            <translation>保存</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/keep_flow.cpp"></location>
+            <source>Keeping a copy of %1…</source>
+            <translation>%1 のコピーを保管中…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/keep_flow.cpp"></location>
+            <source>Keeping a copy of %1… %2 %</source>
+            <translation>%1 のコピーを保管中… %2 %</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/keep_flow.cpp"></location>
+            <source>Keeping copies, %1 percent</source>
+            <translation>コピーを保管中、%1 パーセント</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/keep_flow.cpp"></location>
+            <location filename="../../src/app/listening_engine.cpp"></location>
+            <location filename="../../src/app/loop_reader.cpp"></location>
+            <location filename="../../src/app/main_window.cpp"></location>
+            <location filename="../../src/app/verify_flow.cpp"></location>
+            <source>Stop</source>
+            <translation>停止</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/launch.cpp"></location>
+            <source>Device is busy. Try again later.</source>
+            <translation>デバイスは使用中です。後でもう一度お試しください。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/listening.h"></location>
+            <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
+            <source>No sound device was found.</source>
+            <translation>サウンドデバイスが見つかりませんでした。</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/listening_events.cpp"></location>
+            <source>Waiting for the read of loop %1 to stop</source>
+            <translation>Loop %1 の読み込みの停止を待っています</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/listening_events.cpp"></location>
+            <source>Waiting for the read of loop %1 to stop…</source>
+            <translation>Loop %1 の読み込みの停止を待っています…</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/loop_reader.cpp"></location>
+            <source>%1 could not be read</source>
+            <translation>%1 を読み込めませんでした</translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Connect the pedal to this computer
 by USB and switch it on.
 Its loops will appear here.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Deselect all loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Direction</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <location filename="../../src/ui/lower_button.cpp"/>
-        <source>Erase</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <location filename="../../src/ui/lower_button.cpp"/>
-        <source>Export</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Export tab, computer to pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <location filename="../../src/ui/lower_button.cpp"/>
-        <source>Import</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Import tab, pedal to computer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Its free space shows here.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Menu</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Plug in your 7306</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Select all loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Slots marked like this will
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Deselect all loops</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Direction</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <location filename="../../src/ui/lower_button.cpp"></location>
+            <source>Erase</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <location filename="../../src/ui/lower_button.cpp"></location>
+            <source>Export</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Export tab, computer to pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <location filename="../../src/ui/lower_button.cpp"></location>
+            <source>Import</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Import tab, pedal to computer</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Its free space shows here.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Menu</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Plug in your 7306</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Select all loops</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Slots marked like this will
 replace loops on the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>Space in use</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>computer to pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/main_window_words.cpp"/>
-        <source>pedal to computer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;About 7306 Loop Manager</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Bring Back…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Choose File…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Doctor…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Export</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Export…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;File</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Fit to Screen</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Import</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Import…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Keep Copies</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Paste Files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Play</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Quit</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Recent Results</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Rename</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Restore…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Save Report…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;User Guide</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;Verify After Export</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>&amp;View</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>Back &amp;Up…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>Re&amp;move</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>Select &amp;All</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_bar.cpp"/>
-        <source>Select &amp;None</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_control.cpp"/>
-        <source>Please connect your device and try again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_control.cpp"/>
-        <source>Version %1 is the newest 7306 firmware available.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_control.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>You're up to date!</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/menu_control.cpp"/>
-        <source>Your 7306 device is not connected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 and %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%1 cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%1 is too long</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%1 is too long: %2, and %3 is left</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%1 is too long: %2, and %3 is left beside the others</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%1. %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%n files fit</source>
-        <comment>%n file fits</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>%n of %1 files fit</source>
-        <comment>%n of %1 files fits</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>Left out: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>No other row is free</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>No row is free</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>None of %n files fits</source>
-        <comment>None of %n file fits</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>too long: %1, and %2 is left</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>too long: %1, and %2 is left beside the others</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/presenter.cpp"/>
-        <source>%1 of %n minutes in use</source>
-        <comment>%1 of %n minute in use</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/program/simulation_menu.cpp"/>
-        <source>%1 – simulated pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/program/simulation_menu.cpp"/>
-        <source>&amp;Pedal Plugged In</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/program/simulation_menu.cpp"/>
-        <source>&amp;Simulation</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>7306 Restore</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Both are copied first; Edit &gt; Bring Back returns them.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <location filename="../../src/app/save_report.cpp"/>
-        <location filename="../../src/app/set_up.cpp"/>
-        <location filename="../../src/ui/alert.cpp"/>
-        <location filename="../../src/ui/lower_button.cpp"/>
-        <location filename="../../src/ui/panels/progress.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Cancel</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Comparing the 7306 with the backup...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Comparing with the backup…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Erased audio cannot be restored.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>It is copied first; Edit &gt; Bring Back returns it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Keep Copies</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Nothing was restored</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Restore</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Restore without a copy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Restoring %n loops to the 7306...</source>
-        <comment>Restoring %n loop to the 7306...</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>Restoring…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>They are copied first; Edit &gt; Bring Back returns them.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>To be erased: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>To be replaced: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/restore_flow.cpp"/>
-        <source>the backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/said.h"/>
-        <source>%1 staged for %2, %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/said.h"/>
-        <source>%1 staged for %2, %3, replaces a loop of %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/said.h"/>
-        <source>7306 connected, %n loops, %1 free</source>
-        <comment>7306 connected, %n loop, %1 free</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/said.h"/>
-        <source>7306 disconnected</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>A text file that you can read and send: the versions of the program and of this computer's system, what keeps the pedal from being used, the last results and the log. There is no audio in it, and neither your name nor that of your home folder.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>Include names of files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>Save Report</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>Save a report for troubleshooting?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>Save…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>Saving the report…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/save_report.cpp"/>
-        <source>Text files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1: %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Loops can be imported now</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Run in a terminal: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <location filename="../../src/device/finding.h"/>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Run: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Set Up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Set up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>Setting up…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>The system rule is installed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>The system rule is installed, but something else is in the way</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>The system rule was not installed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/set_up.cpp"/>
-        <source>This sets it up, with your password: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>"%1" goes to the row of %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>"%1" was left out</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/staging.cpp"/>
-        <source>"Stage again" puts them on the same rows.</source>
-        <comment>"Stage again" puts it on the same row.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>%1 has another file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Audio files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Choose an audio file for %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Each row takes one file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Only the first of %n files was used</source>
-        <comment>Only the first of %n file was used</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Stage again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>There is no free row for "%1"</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>Use it anyway</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/staging.cpp"/>
-        <source>it is too long: %1, and %2 is left</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/stamp_time.h"/>
-        <source>en</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/teller.cpp"/>
-        <source>%1 were not saved</source>
-        <comment>%1 was not saved</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>%1 · %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/teller.cpp"/>
-        <source>%n files are waiting</source>
-        <comment>%n file is waiting</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/teller.cpp"/>
-        <location filename="../../src/loops/facts.h"/>
-        <source>%n loops</source>
-        <comment>%n loop</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>Back Up…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>Cancel, or unplug it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>Stop it, or unplug the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>The pedal has stopped answering</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>The pedal has stopped answering: cancel, or unplug it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>The pedal has stopped answering: stop, or unplug it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>The pedal has stopped answering: unplug it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>Unplug it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>What is erased now is gone.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>firmware %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/teller.cpp"/>
-        <source>nothing has been backed up yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/time_left.cpp"/>
-        <source>about %1 min left</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/time_left.cpp"/>
-        <source>about %1 s left</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/transfer_panel.cpp"/>
-        <source>7306 Export</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/transfer_panel.cpp"/>
-        <source>7306 Import</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/transfer_panel.cpp"/>
-        <source>Exporting %n loops to the 7306...</source>
-        <comment>Exporting %n loop to the 7306...</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/app/transfer_panel.cpp"/>
-        <source>Importing %n loops from the 7306...</source>
-        <comment>Importing %n loop from the 7306...</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/app/user_guide.cpp"/>
-        <source>Open %1 in a browser.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/user_guide.cpp"/>
-        <source>The program looks for share/kzq7306/guide/guide.html below the folder it is installed in. In the source it is doc/guide.md.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/user_guide.cpp"/>
-        <source>The user guide could not be opened</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/user_guide.cpp"/>
-        <source>The user guide is not installed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/app/verify_flow.cpp"/>
-        <source>Verifying loop %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/audio/convert.cpp"/>
-        <source>the name has no extension</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/audio/convert.cpp"/>
-        <source>the path has no folder</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/audio/converted_audio.cpp"/>
-        <source>the converted file cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/finding.h"/>
-        <source>%1 is using the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/finding.h"/>
-        <source>A simulated pedal is used instead of a real one.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/finding.h"/>
-        <source>Another program is using the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/finding.h"/>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>A pedal is on the USB bus, but %1 does not exist, as in a container without access to /dev/bus/usb.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>A pedal is on the USB bus.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Another program is using the pedal. Find out which one and close it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops can be imported.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for it is not installed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: %1 could not be opened in time (%2), as you are logged in over the network and its udev rule is for the user at the computer.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: the kernel passes on the request for them only through its usbtmc driver, and the udev rules for that are not installed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were not yet installed when the pedal was plugged in, or this kernel comes without the driver, as those made for virtual machines do.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged in.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>No other program is using the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>No pedal is on the USB bus. Check the cable and the pedal's power, then look again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>The kernel driver %1 is holding the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>The pedal is in use by %1. Close that program, or wait until it has finished.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>You do not have permission to use the pedal: its udev rule is not installed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>You do not have permission to use the pedal: its udev rule was not yet installed when the pedal was plugged in, or you are not logged in at this computer.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>You do not have permission to use the pedal: you are logged in over the network, and its udev rule is for the user at the computer. The group plugdev can be allowed to use it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>You have permission to use the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>the file of the kernel's usbtmc driver</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it in before starting the program, or run the program outside the container.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>udev is running.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/device/libusb/lock_holder.h"/>
-        <source>%1 (process %2)</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
-        <source>The sound device does not play 44,100 Hz.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
-        <source>The sound device stopped working.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/loops/capacity.cpp"/>
-        <source>Space remaining: %1 min, %2 sec</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/loops/capacity.cpp"/>
-        <source>This file is too large for the available space on your 7306.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/loops/spoken_length.h"/>
-        <source>%n minutes %1</source>
-        <comment>%n minute %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/loops/spoken_length.h"/>
-        <source>%n seconds</source>
-        <comment>%n second</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/keep.cpp"/>
-        <source>%1 was not copied, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/keep.cpp"/>
-        <source>Stop it and try again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/keep.cpp"/>
-        <source>no copy was kept, %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/keep.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>stopped</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/keep.cpp"/>
-        <source>the pedal was in use while its loops were copied</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 does not match what was written.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was being written; the slot may now be empty.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was not compared: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was not erased: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was not saved: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was not written: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was not written: it was sent, but the pedal does not hold all of it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was sent but could not be read back: %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>%1 was sent; what the pedal holds of it was not checked.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Some of the loops may have been erased.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/loop_sentences.cpp"/>
-        <source>The slot may now be empty.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>%1 changed meanwhile</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>%1 changed while it was being read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>%1 is still on the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>%1 was changed on the pedal meanwhile</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>%1 was erased on the pedal meanwhile</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>%1 was recorded on the pedal meanwhile</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>Erase loops, or choose shorter files.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>Look at the rows and start again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>The pedal is in use by another program. Close that program, then try again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>Unplug the pedal and plug it in again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>Unplug the pedal, plug it in again and start again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>a kernel driver is holding the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>another program is using the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>cancelled</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>it changed while it was being read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>it is still on the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>no space left on the disk</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the file cannot be written</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the folder cannot be written to</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the folder is not there any more</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal did not report its loops</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal does not hold all of %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal does not hold all of it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives %1 a length beyond its 24 minutes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives it a length beyond its 24 minutes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal has too little room</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal is busy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal refused %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal refused it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal refused to send %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal refused to send it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal stopped answering</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal stopped partway through</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal was unplugged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the slot is empty</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>there is not enough memory to hold it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>this computer did not pass the request on to the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>too little space on the disk</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>%1 ms are missing at its end</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>%1 ms of it cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>%1 was not saved: could not write to %2: %3</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Choose a folder that allows files of this size.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Choose a folder that exists.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Choose a folder that you can write to.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Choose a shorter name.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Converting the file takes too much time or memory.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>Free some space or choose another folder.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The audio converter %1 is not installed. To install it: sudo apt install ffmpeg</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The audio converter failed: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The conversion was cancelled.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The converted file cannot be written: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The file cannot be read: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The file contains no audio.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The file is damaged or incomplete.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The file is damaged or incomplete: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The maker's list of firmware has not been read yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The maker's list of firmware was last read at %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The recording cannot be written and ends here: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The update server could not be reached (%1). Check the internet connection and try again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The update server could not prove its identity (%1). Check the computer's clock and its certificates.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The update server did not answer as expected (%1). Try again later.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>The update server did not list any usable firmware. Try again later.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>There is no folder for temporary files.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>There is no such file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>There is not enough disk space.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>There is too little space in "%1": %2. Make room or choose another folder.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>This audio format is not supported: %1. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>This is a folder or a device, not a file.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>its end is missing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>part of it cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>this computer did not pass the request on to the pedal: the file of the kernel's usbtmc driver could not be opened in time.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>this computer did not pass the request on to the pedal: the kernel's usbtmc driver, which it needs, does not know the pedal.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/sentences.cpp"/>
-        <source>this computer did not pass the request on to the pedal: the udev rules for it are not installed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>"%1" cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>"%1" is damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 are still on the pedal.</source>
-        <comment>%1 is still on the pedal.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 are still only on the pedal.</source>
-        <comment>%1 is still only on the pedal.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 could not be read back</source>
-        <comment>%1 could not be read back</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 erased</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 may have been erased</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 of %n loops erased</source>
-        <comment>%1 of %n loop erased</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 of %n loops saved</source>
-        <comment>%1 of %n loop saved</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 of %n loops sent, but not checked</source>
-        <comment>%1 of %n loop sent, but not checked</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 of %n loops written</source>
-        <comment>%1 of %n loop written</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 on the pedal differ from their files</source>
-        <comment>%1 on the pedal differs from its file</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 saved</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 saved in %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 sent, but not checked</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 verified</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 was not erased</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 was not saved</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 was not written</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 were not compared.</source>
-        <comment>%1 was not compared.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 were not written.</source>
-        <comment>%1 was not written.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%1 written</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%n loops erased</source>
-        <comment>%n loop erased</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%n loops saved</source>
-        <comment>%n loop saved</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%n loops saved in %1</source>
-        <comment>%n loop saved in %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%n loops sent, but not checked</source>
-        <comment>%n loop sent, but not checked</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%n loops verified</source>
-        <comment>%n loop verified</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>%n loops written</source>
-        <comment>%n loop written</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Loops %1</source>
-        <comment>Loop %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Loops cannot be imported</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Nothing was erased</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Nothing was erased.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Nothing was saved</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Nothing was saved.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Nothing was written</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Nothing was written.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Report saved in %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Some of the loops may have been erased</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>The pedal became busy; close and reopen the window to go on</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>The recording ends here</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>The report was not saved</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>Verifying was stopped</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>What the pedal sent back is the same, sample for sample.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told.cpp"/>
-        <source>loops %1</source>
-        <comment>loop %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>the computer did not give access in time</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>the pedal refused</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>the system rule is missing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told.cpp"/>
-        <source>the system rule is not in force</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 is missing or has been changed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 of %n changes made</source>
-        <comment>%1 of %n changes made</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 were erased.</source>
-        <comment>%1 was erased.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 were not touched.</source>
-        <comment>%1 was not touched.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 were written.</source>
-        <comment>%1 was written.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%n loops backed up in %1</source>
-        <comment>%n loop backed up in %1</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%n loops restored</source>
-        <comment>%n loop restored</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%n loops restored, %1 erased</source>
-        <comment>%n loop restored, %1 erased</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%n of %1 were saved. The next backup in this folder continues from there.</source>
-        <comment>%n of %1 was saved. The next backup in this folder continues from there.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%n of them were there already.</source>
-        <comment>%n of them was there already.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>All of them were there already.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Erase loops on the pedal, or tick "Erase loops that are not in this backup".</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Nothing was backed up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Nothing was changed.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Restoring erases %n loops on the 7306. Would you like to continue?</source>
-        <comment>Restoring erases %n loop on the 7306. Would you like to continue?</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Restoring replaces %1 and erases %2 on the 7306. Would you like to continue?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>Restoring replaces %n loops on the 7306. Would you like to continue?</source>
-        <comment>Restoring replaces %n loop on the 7306. Would you like to continue?</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>The backup is not complete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>The pedal already has all loops of this backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>What was written was read back and is the same, sample for sample.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>a newer version of this program wrote it</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>it cannot be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>it is longer than the pedal's 24 minutes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>it is not complete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>it is not there any more</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>its folder cannot be made</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>its index is damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>its index is not one of a backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>%1 % was sent</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Firmware %1 cannot be offered</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Firmware %1 runs on the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Firmware %1 was sent. Install it again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Firmware list read at %1: %2 is the newest</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>It did not confirm the image. Check whether this is its version.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>It waits in its loader until it gets firmware.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Leave it plugged in: it may still be storing the firmware.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>No firmware was installed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Restarting the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Sending image</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Sending image, %1 %</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Sent, but the pedal has not come back yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The firmware could not be sent completely</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The firmware list could not be read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The firmware list has not been read yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The firmware was sent</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The firmware was sent, but the pedal does not report its version</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The firmware was sent, but the pedal has not restarted yet</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal came back without taking the image; close and reopen the window</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal did not take the image</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal has not come back yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal is preparing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal keeps its firmware.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal may have kept its firmware.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>The pedal may have stayed in its loader. Unplug it, plug it in again and install again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Unplug it and plug it in again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Unplug it and plug it in again. The program goes on looking for it for ten minutes.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>Waiting for the pedal to come back</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>it came back in its loader</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>it is back with firmware %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>its image could not be downloaded, verified and stored</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>the maker's server could not be reached</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>the server could not prove that it is the maker's</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_flash.cpp"/>
-        <source>what the maker's server sent cannot be used</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/platform/awake.cpp"/>
-        <source>Loops are being copied</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/platform/awake.cpp"/>
-        <source>The pedal's firmware is being installed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/platform/free_space.cpp"/>
-        <source>%1 are needed and %2 are free</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot.cpp"/>
-        <source>complete</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_button.cpp"/>
-        <source>Add Loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_button.cpp"/>
-        <source>Overwrite Loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>%1 name</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>%1 plays</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>%1, select</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Add %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Compare with %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Overwrite %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Play %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>Play %1, %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>Remove file from loop %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>Stop %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>being read</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>picked up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>playing</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>staged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_description.cpp"/>
-        <source>staged, replaces a loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/slots/slot_sound.cpp"/>
-        <source>Tempo %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/troubleshooting/doctor.cpp"/>
-        <source>%1 goes into %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/troubleshooting/root_shell.cpp"/>
-        <source>%1 could not be started</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/troubleshooting/root_shell.cpp"/>
-        <source>no password was given</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/troubleshooting/root_shell.cpp"/>
-        <source>the commands ended with status %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/troubleshooting/root_shell.cpp"/>
-        <source>the password could not be asked for, or it was wrong</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/alert.cpp"/>
-        <source>No</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/alert.cpp"/>
-        <source>Yes</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/mass_selection_button.cpp"/>
-        <source>All</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/mass_selection_button.cpp"/>
-        <source>None</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/about.cpp"/>
-        <source>About 7306 Loop Manager</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/about.cpp"/>
-        <source>Version %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Back Up</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Copy the whole pedal to this computer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Erase loops that are not in this backup</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Folder</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Loops that are the same are not copied twice.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Other folder…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/backup_panel.cpp"/>
-        <source>Put a backup back onto the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>%n copies on this computer, %1. Above 2 GB the oldest are removed.</source>
-        <comment>%n copy on this computer, %1. Above 2 GB the oldest are removed.</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>A loop is copied here before you erase or replace it.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Bring Back</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Bring back loops that were erased or replaced</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Keep Copies is off: what you erase or replace now is gone.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>No copies on this computer.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Nothing to bring back</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back.cpp"/>
-        <source>Nothing to bring back.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>%1, %2, %3, %4</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>to %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>to slot %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>to slot %1, empty</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back_row.cpp"/>
-        <source>to slot %1, replaces its loop</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/bring_back_targets.cpp"/>
-        <source>Slots</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message numerus="yes">
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>%n problems were found</source>
-        <comment>%n problem was found</comment>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Copies what was found, as text</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <location filename="../../src/ui/status/outcome_row.cpp"/>
-        <source>Copy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Doctor</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Looking at the pedal and this computer…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>No problems were found</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>OK: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Problem: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Save Report…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>About...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Choose a firmware file for the pedal</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Close menu</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Firmware Update...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Firmware files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Select Firmware...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/menu.cpp"/>
-        <source>Software Update...</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/progress.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1 of %2 – %3%</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/progress.cpp"/>
-        <source>Transferred</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/qt_dialogs.cpp"/>
-        <source>All files</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/shield.cpp"/>
-        <source>The 7306 is busy</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/outcome_list.cpp"/>
-        <source>Nothing has happened yet.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/outcome_list.cpp"/>
-        <location filename="../../src/ui/status/status_sentence.cpp"/>
-        <source>Recent results</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/outcome_row.cpp"/>
-        <source>%1 %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/outcome_row.cpp"/>
-        <source>%1, %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/outcome_row.cpp"/>
-        <source>%1, failed, %2.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/status_line.cpp"/>
-        <source>%1, button.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/status_line.cpp"/>
-        <source>Failed: %1.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/status_sentence.cpp"/>
-        <source>Failed: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/status/status_sentence.cpp"/>
-        <source>Shows the recent results</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/app_image.cpp"/>
-        <source>the path of the program or of its previous version is not a file</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/app_image.cpp"/>
-        <source>the previous version cannot be kept</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/app_image.cpp"/>
-        <source>the program no longer exists</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/firmware_texts.cpp"/>
-        <source>KZQ7306 %1 is now available—you have %2. Would you like to install it now?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/part_file.cpp"/>
-        <source>another program is downloading the same file</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/part_file.cpp"/>
-        <source>the download cannot be made ready to start</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/part_file.cpp"/>
-        <source>the download cannot be moved into place</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/part_file.cpp"/>
-        <source>the download cannot be stored</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/part_file.cpp"/>
-        <source>the file at the path for the download belongs to another user</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/part_file.cpp"/>
-        <location filename="../../src/updates/update_download.cpp"/>
-        <source>the path for the download is not a file</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>not an https address</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>redirected to an address that is not https</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>redirected too often</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>the download took too long</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>the file could not be stored</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>the file is shorter than stated</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>the file is too long</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>the server stopped answering</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>the stated length is too large</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/self_check.cpp"/>
-        <source>it cannot be started</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/self_check.cpp"/>
-        <source>it does not answer</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/self_check.cpp"/>
-        <source>it ends with an error</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <source>the package installer could not be started; install this package yourself: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <location filename="../../src/updates/update_download.cpp"/>
-        <source>the signature of the update is wrong</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <source>the update is not signed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <source>the update's address is not secure</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <source>the update's length is missing or out of range</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <source>the updated program could not be started; quit and start it again</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/su_updater.cpp"/>
-        <source>the website %1 could not be opened</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_download.cpp"/>
-        <source>the length of the update is not the stated one</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_download.cpp"/>
-        <source>the update is not an AppImage</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_download.cpp"/>
-        <source>the update is not the one that was signed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_download.cpp"/>
-        <source>the update is not verified</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>it is another version than stated</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>the list of updates could not be read: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>the list of updates is damaged</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>the new version does not work: %1; the program in place was not changed</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/update_job.cpp"/>
-        <source>the update could not be downloaded: %1</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/firmware_updater_progress.cpp"/>
-        <source>%1 of %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update.cpp"/>
-        <source>The pedal is busy. Try again later.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1 is installed. Would you like to start it now?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1 is now available—you have %2. This copy cannot update itself.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1 is now available—you have %2. Would you like to install it now?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>%1 is the newest version available.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Checking for updates…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Checking the download…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Downloading %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Follow its steps, then quit this program and start it again.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Installing %1…</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Restart</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>The package installer has taken over.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>The program could not be updated.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
-        <source>Website</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <location filename="../../src/words/words.cpp"/>
-        <source>%1 %2</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>Space in use</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>computer to pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/main_window_words.cpp"></location>
+            <source>pedal to computer</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;About 7306 Loop Manager</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Bring Back…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Choose File…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Doctor…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Edit</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Export</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Export…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;File</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Fit to Screen</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Help</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Import</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Import…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Keep Copies</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Loop</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Paste Files</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Play</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Quit</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Recent Results</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Rename</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Restore…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Save Report…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;User Guide</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;Verify After Export</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>&amp;View</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>Back &amp;Up…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>Re&amp;move</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>Select &amp;All</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_bar.cpp"></location>
+            <source>Select &amp;None</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_control.cpp"></location>
+            <source>Please connect your device and try again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_control.cpp"></location>
+            <source>Version %1 is the newest 7306 firmware available.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_control.cpp"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>You're up to date!</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/menu_control.cpp"></location>
+            <source>Your 7306 device is not connected</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 and %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%1 cannot be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%1 is too long</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%1 is too long: %2, and %3 is left</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%1 is too long: %2, and %3 is left beside the others</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%1. %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%n files fit</source>
+            <comment>%n file fits</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>%n of %1 files fit</source>
+            <comment>%n of %1 files fits</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>Left out: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>No other row is free</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>No row is free</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>None of %n files fits</source>
+            <comment>None of %n file fits</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>too long: %1, and %2 is left</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/model/carry_plan.cpp"></location>
+            <source>too long: %1, and %2 is left beside the others</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/presenter.cpp"></location>
+            <source>%1 of %n minutes in use</source>
+            <comment>%1 of %n minute in use</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/program/simulation_menu.cpp"></location>
+            <source>%1 – simulated pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/program/simulation_menu.cpp"></location>
+            <source>&amp;Pedal Plugged In</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/program/simulation_menu.cpp"></location>
+            <source>&amp;Simulation</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>7306 Restore</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Both are copied first; Edit &gt; Bring Back returns them.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <location filename="../../src/ui/alert.cpp"></location>
+            <location filename="../../src/ui/lower_button.cpp"></location>
+            <location filename="../../src/ui/panels/progress.cpp"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Cancel</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Comparing the 7306 with the backup...</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Comparing with the backup…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Erased audio cannot be restored.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>It is copied first; Edit &gt; Bring Back returns it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Keep Copies</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Nothing was restored</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Restore</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Restore without a copy</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Restoring %n loops to the 7306...</source>
+            <comment>Restoring %n loop to the 7306...</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>Restoring…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>They are copied first; Edit &gt; Bring Back returns them.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>To be erased: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>To be replaced: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/restore_flow.cpp"></location>
+            <source>the backup</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/said.h"></location>
+            <source>%1 staged for %2, %3</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/said.h"></location>
+            <source>%1 staged for %2, %3, replaces a loop of %4</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/said.h"></location>
+            <source>7306 connected, %n loops, %1 free</source>
+            <comment>7306 connected, %n loop, %1 free</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/said.h"></location>
+            <source>7306 disconnected</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>A text file that you can read and send: the versions of the program and of this computer's system, what keeps the pedal from being used, the last results and the log. There is no audio in it, and neither your name nor that of your home folder.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>Include names of files</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>Save Report</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>Save a report for troubleshooting?</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>Save…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>Saving the report…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/save_report.cpp"></location>
+            <source>Text files</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1: %2.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Loops can be imported now</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Run in a terminal: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <location filename="../../src/device/finding.h"></location>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <location filename="../../src/operations/told.cpp"></location>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Run: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Set Up</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Set up</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>Setting up…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>The system rule is installed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>The system rule is installed, but something else is in the way</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>The system rule was not installed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/set_up.cpp"></location>
+            <source>This sets it up, with your password: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>"%1" goes to the row of %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>"%1" was left out</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>"Stage again" puts them on the same rows.</source>
+            <comment>"Stage again" puts it on the same row.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>%1 has another file.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Audio files</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Choose an audio file for %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Each row takes one file.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Only the first of %n files was used</source>
+            <comment>Only the first of %n file was used</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Stage again</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>There is no free row for "%1"</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>Use it anyway</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/staging.cpp"></location>
+            <source>it is too long: %1, and %2 is left</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/stamp_time.h"></location>
+            <source>en</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>%1 were not saved</source>
+            <comment>%1 was not saved</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>%1 · %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>%n files are waiting</source>
+            <comment>%n file is waiting</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/teller.cpp"></location>
+            <location filename="../../src/loops/facts.h"></location>
+            <source>%n loops</source>
+            <comment>%n loop</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>Back Up…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>Cancel, or unplug it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>Stop it, or unplug the pedal.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>The pedal has stopped answering</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>The pedal has stopped answering: cancel, or unplug it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>The pedal has stopped answering: stop, or unplug it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>The pedal has stopped answering: unplug it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>Unplug it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>What is erased now is gone.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>firmware %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/teller.cpp"></location>
+            <source>nothing has been backed up yet</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/time_left.cpp"></location>
+            <source>about %1 min left</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/time_left.cpp"></location>
+            <source>about %1 s left</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/transfer_panel.cpp"></location>
+            <source>7306 Export</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/transfer_panel.cpp"></location>
+            <source>7306 Import</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/transfer_panel.cpp"></location>
+            <source>Exporting %n loops to the 7306...</source>
+            <comment>Exporting %n loop to the 7306...</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/app/transfer_panel.cpp"></location>
+            <source>Importing %n loops from the 7306...</source>
+            <comment>Importing %n loop from the 7306...</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/app/user_guide.cpp"></location>
+            <source>Open %1 in a browser.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/user_guide.cpp"></location>
+            <source>The program looks for share/kzq7306/guide/guide.html below the folder it is installed in. In the source it is doc/guide.md.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/user_guide.cpp"></location>
+            <source>The user guide could not be opened</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/user_guide.cpp"></location>
+            <source>The user guide is not installed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/app/verify_flow.cpp"></location>
+            <source>Verifying loop %1…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/audio/convert.cpp"></location>
+            <source>the name has no extension</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/audio/convert.cpp"></location>
+            <source>the path has no folder</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/audio/converted_audio.cpp"></location>
+            <source>the converted file cannot be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/finding.h"></location>
+            <source>%1 is using the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/finding.h"></location>
+            <source>A simulated pedal is used instead of a real one.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/finding.h"></location>
+            <source>Another program is using the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/finding.h"></location>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>A pedal is on the USB bus, but %1 does not exist, as in a container without access to /dev/bus/usb.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>A pedal is on the USB bus.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Another program is using the pedal. Find out which one and close it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops can be imported.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for it is not installed.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops cannot be imported: %1 could not be opened in time (%2), as you are logged in over the network and its udev rule is for the user at the computer.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops cannot be imported: the kernel passes on the request for them only through its usbtmc driver, and the udev rules for that are not installed.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were not yet installed when the pedal was plugged in, or this kernel comes without the driver, as those made for virtual machines do.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged in.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>No other program is using the pedal.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>No pedal is on the USB bus. Check the cable and the pedal's power, then look again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>The kernel driver %1 is holding the pedal.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>The pedal is in use by %1. Close that program, or wait until it has finished.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>You do not have permission to use the pedal: its udev rule is not installed.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>You do not have permission to use the pedal: its udev rule was not yet installed when the pedal was plugged in, or you are not logged in at this computer.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>You do not have permission to use the pedal: you are logged in over the network, and its udev rule is for the user at the computer. The group plugdev can be allowed to use it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>You have permission to use the pedal.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>the file of the kernel's usbtmc driver</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it in before starting the program, or run the program outside the container.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/diagnosis.cpp"></location>
+            <source>udev is running.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/device/libusb/lock_holder.h"></location>
+            <source>%1 (process %2)</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
+            <source>The sound device does not play 44,100 Hz.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
+            <source>The sound device stopped working.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/loops/capacity.cpp"></location>
+            <source>Space remaining: %1 min, %2 sec</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/loops/capacity.cpp"></location>
+            <source>This file is too large for the available space on your 7306.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/loops/spoken_length.h"></location>
+            <source>%n minutes %1</source>
+            <comment>%n minute %1</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/loops/spoken_length.h"></location>
+            <source>%n seconds</source>
+            <comment>%n second</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/keep.cpp"></location>
+            <source>%1 was not copied, %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/keep.cpp"></location>
+            <source>Stop it and try again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/keep.cpp"></location>
+            <source>no copy was kept, %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/keep.cpp"></location>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>stopped</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/keep.cpp"></location>
+            <source>the pedal was in use while its loops were copied</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 does not match what was written.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was being written; the slot may now be empty.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was not compared: %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was not erased: %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was not saved: %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was not written: %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was not written: it was sent, but the pedal does not hold all of it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was sent but could not be read back: %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>%1 was sent; what the pedal holds of it was not checked.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Some of the loops may have been erased.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/loop_sentences.cpp"></location>
+            <source>The slot may now be empty.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>%1 changed meanwhile</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>%1 changed while it was being read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>%1 is still on the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>%1 was changed on the pedal meanwhile</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>%1 was erased on the pedal meanwhile</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>%1 was recorded on the pedal meanwhile</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>Erase loops, or choose shorter files.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>Look at the rows and start again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>The pedal is in use by another program. Close that program, then try again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>Unplug the pedal and plug it in again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>Unplug the pedal, plug it in again and start again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>a kernel driver is holding the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>another program is using the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>cancelled</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>it changed while it was being read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>it is still on the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>no space left on the disk</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the file cannot be written</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the folder cannot be written to</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the folder is not there any more</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal did not report its loops</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal does not hold all of %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal does not hold all of it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal gives %1 a length beyond its 24 minutes</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal gives it a length beyond its 24 minutes</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal has too little room</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal is busy</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal refused %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal refused it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal refused to send %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal refused to send it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal stopped answering</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal stopped partway through</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the pedal was unplugged</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>the slot is empty</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>there is not enough memory to hold it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>this computer did not pass the request on to the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/reasons.cpp"></location>
+            <source>too little space on the disk</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>%1 ms are missing at its end</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>%1 ms of it cannot be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>%1 was not saved: could not write to %2: %3</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Choose a folder that allows files of this size.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Choose a folder that exists.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Choose a folder that you can write to.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Choose a shorter name.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Converting the file takes too much time or memory.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>Free some space or choose another folder.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The audio converter %1 is not installed. To install it: sudo apt install ffmpeg</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The audio converter failed: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The conversion was cancelled.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The converted file cannot be written: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The file cannot be read: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The file contains no audio.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The file is damaged or incomplete.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The file is damaged or incomplete: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The maker's list of firmware has not been read yet.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The maker's list of firmware was last read at %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The recording cannot be written and ends here: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The update server could not be reached (%1). Check the internet connection and try again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The update server could not prove its identity (%1). Check the computer's clock and its certificates.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The update server did not answer as expected (%1). Try again later.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>The update server did not list any usable firmware. Try again later.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>There is no folder for temporary files.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>There is no such file.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>There is not enough disk space.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>There is too little space in "%1": %2. Make room or choose another folder.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>This audio format is not supported: %1. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>This is a folder or a device, not a file.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>its end is missing</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>part of it cannot be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>this computer did not pass the request on to the pedal: the file of the kernel's usbtmc driver could not be opened in time.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>this computer did not pass the request on to the pedal: the kernel's usbtmc driver, which it needs, does not know the pedal.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/sentences.cpp"></location>
+            <source>this computer did not pass the request on to the pedal: the udev rules for it are not installed.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>"%1" cannot be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>"%1" is damaged</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 are still on the pedal.</source>
+            <comment>%1 is still on the pedal.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 are still only on the pedal.</source>
+            <comment>%1 is still only on the pedal.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 could not be read back</source>
+            <comment>%1 could not be read back</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 erased</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 may have been erased</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 of %n loops erased</source>
+            <comment>%1 of %n loop erased</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 of %n loops saved</source>
+            <comment>%1 of %n loop saved</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 of %n loops sent, but not checked</source>
+            <comment>%1 of %n loop sent, but not checked</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 of %n loops written</source>
+            <comment>%1 of %n loop written</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 on the pedal differ from their files</source>
+            <comment>%1 on the pedal differs from its file</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 saved</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 saved in %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 sent, but not checked</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 verified</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 was not erased</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 was not saved</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 was not written</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 were not compared.</source>
+            <comment>%1 was not compared.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 were not written.</source>
+            <comment>%1 was not written.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%1 written</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%n loops erased</source>
+            <comment>%n loop erased</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%n loops saved</source>
+            <comment>%n loop saved</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%n loops saved in %1</source>
+            <comment>%n loop saved in %1</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%n loops sent, but not checked</source>
+            <comment>%n loop sent, but not checked</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%n loops verified</source>
+            <comment>%n loop verified</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>%n loops written</source>
+            <comment>%n loop written</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Loops %1</source>
+            <comment>Loop %1</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Loops cannot be imported</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Nothing was erased</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Nothing was erased.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Nothing was saved</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Nothing was saved.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Nothing was written</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Nothing was written.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Report saved in %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Some of the loops may have been erased</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>The pedal became busy; close and reopen the window to go on</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>The recording ends here</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>The report was not saved</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>Verifying was stopped</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>What the pedal sent back is the same, sample for sample.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>loops %1</source>
+            <comment>loop %1</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>the computer did not give access in time</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>the pedal refused</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>the system rule is missing</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told.cpp"></location>
+            <source>the system rule is not in force</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%1 is missing or has been changed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%1 of %n changes made</source>
+            <comment>%1 of %n changes made</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%1 were erased.</source>
+            <comment>%1 was erased.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%1 were not touched.</source>
+            <comment>%1 was not touched.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%1 were written.</source>
+            <comment>%1 was written.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%n loops backed up in %1</source>
+            <comment>%n loop backed up in %1</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%n loops restored</source>
+            <comment>%n loop restored</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%n loops restored, %1 erased</source>
+            <comment>%n loop restored, %1 erased</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%n of %1 were saved. The next backup in this folder continues from there.</source>
+            <comment>%n of %1 was saved. The next backup in this folder continues from there.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>%n of them were there already.</source>
+            <comment>%n of them was there already.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>All of them were there already.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Erase loops on the pedal, or tick "Erase loops that are not in this backup".</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Nothing was backed up</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Nothing was changed.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Restoring erases %n loops on the 7306. Would you like to continue?</source>
+            <comment>Restoring erases %n loop on the 7306. Would you like to continue?</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Restoring replaces %1 and erases %2 on the 7306. Would you like to continue?</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>Restoring replaces %n loops on the 7306. Would you like to continue?</source>
+            <comment>Restoring replaces %n loop on the 7306. Would you like to continue?</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>The backup is not complete</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>The pedal already has all loops of this backup</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>What was written was read back and is the same, sample for sample.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>a newer version of this program wrote it</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>it cannot be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>it is longer than the pedal's 24 minutes</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>it is not complete</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>it is not there any more</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>its folder cannot be made</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>its index is damaged</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_backup.cpp"></location>
+            <source>its index is not one of a backup</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>%1 % was sent</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Firmware %1 cannot be offered</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Firmware %1 runs on the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Firmware %1 was sent. Install it again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Firmware list read at %1: %2 is the newest</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>It did not confirm the image. Check whether this is its version.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>It waits in its loader until it gets firmware.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Leave it plugged in: it may still be storing the firmware.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>No firmware was installed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Restarting the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Sending image</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Sending image, %1 %</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Sent, but the pedal has not come back yet</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The firmware could not be sent completely</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The firmware list could not be read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The firmware list has not been read yet</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The firmware was sent</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The firmware was sent, but the pedal does not report its version</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The firmware was sent, but the pedal has not restarted yet</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal came back without taking the image; close and reopen the window</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal did not take the image</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal has not come back yet.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal is preparing</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal keeps its firmware.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal may have kept its firmware.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>The pedal may have stayed in its loader. Unplug it, plug it in again and install again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Unplug it and plug it in again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Unplug it and plug it in again. The program goes on looking for it for ten minutes.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>Waiting for the pedal to come back</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>it came back in its loader</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>it is back with firmware %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>its image could not be downloaded, verified and stored</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>the maker's server could not be reached</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>the server could not prove that it is the maker's</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/operations/told_flash.cpp"></location>
+            <source>what the maker's server sent cannot be used</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/platform/awake.cpp"></location>
+            <source>Loops are being copied</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/platform/awake.cpp"></location>
+            <source>The pedal's firmware is being installed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/platform/free_space.cpp"></location>
+            <source>%1 are needed and %2 are free</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot.cpp"></location>
+            <source>complete</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_button.cpp"></location>
+            <source>Add Loop</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_button.cpp"></location>
+            <source>Overwrite Loop</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>%1 name</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>%1 plays</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>%1, select</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>Add %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>Compare with %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>Overwrite %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>Play %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>Play %1, %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>Remove file from loop %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>Stop %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>being read</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>picked up</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>playing</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>staged</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_description.cpp"></location>
+            <source>staged, replaces a loop</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/slots/slot_sound.cpp"></location>
+            <source>Tempo %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/troubleshooting/doctor.cpp"></location>
+            <source>%1 goes into %2.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/troubleshooting/root_shell.cpp"></location>
+            <source>%1 could not be started</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/troubleshooting/root_shell.cpp"></location>
+            <source>no password was given</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/troubleshooting/root_shell.cpp"></location>
+            <source>the commands ended with status %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/troubleshooting/root_shell.cpp"></location>
+            <source>the password could not be asked for, or it was wrong</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/alert.cpp"></location>
+            <source>No</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/alert.cpp"></location>
+            <source>Yes</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/mass_selection_button.cpp"></location>
+            <source>All</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/mass_selection_button.cpp"></location>
+            <source>None</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/about.cpp"></location>
+            <source>About 7306 Loop Manager</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/about.cpp"></location>
+            <source>Version %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Back Up</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Backup</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Copy the whole pedal to this computer</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Erase loops that are not in this backup</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Folder</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Loops that are the same are not copied twice.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Other folder…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/backup_panel.cpp"></location>
+            <source>Put a backup back onto the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>%n copies on this computer, %1. Above 2 GB the oldest are removed.</source>
+            <comment>%n copy on this computer, %1. Above 2 GB the oldest are removed.</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>A loop is copied here before you erase or replace it.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Bring Back</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Bring back loops that were erased or replaced</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Keep Copies is off: what you erase or replace now is gone.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>No copies on this computer.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Nothing to bring back</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back.cpp"></location>
+            <source>Nothing to bring back.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>%1, %2, %3, %4</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>to %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>to slot %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>to slot %1, empty</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
+            <source>to slot %1, replaces its loop</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/bring_back_targets.cpp"></location>
+            <source>Slots</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message numerus="yes">
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>%n problems were found</source>
+            <comment>%n problem was found</comment>
+            <translation type="unfinished">
+                <numerusform></numerusform>
+            </translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Copies what was found, as text</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <location filename="../../src/ui/status/outcome_row.cpp"></location>
+            <source>Copy</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Doctor</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Looking at the pedal and this computer…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>No problems were found</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>OK: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Problem: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
+            <source>Save Report…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>About...</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Choose a firmware file for the pedal</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Close menu</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Firmware Update...</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Firmware files</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Select Firmware...</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/menu.cpp"></location>
+            <source>Software Update...</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/progress.cpp"></location>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>%1 of %2 – %3%</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/panels/progress.cpp"></location>
+            <source>Transferred</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/qt_dialogs.cpp"></location>
+            <source>All files</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/shield.cpp"></location>
+            <source>The 7306 is busy</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/outcome_list.cpp"></location>
+            <source>Nothing has happened yet.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/outcome_list.cpp"></location>
+            <location filename="../../src/ui/status/status_sentence.cpp"></location>
+            <source>Recent results</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/outcome_row.cpp"></location>
+            <source>%1 %2.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/outcome_row.cpp"></location>
+            <source>%1, %2.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/outcome_row.cpp"></location>
+            <source>%1, failed, %2.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/status_line.cpp"></location>
+            <source>%1, button.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/status_line.cpp"></location>
+            <source>Failed: %1.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/status_sentence.cpp"></location>
+            <source>Failed: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/ui/status/status_sentence.cpp"></location>
+            <source>Shows the recent results</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/app_image.cpp"></location>
+            <source>the path of the program or of its previous version is not a file</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/app_image.cpp"></location>
+            <source>the previous version cannot be kept</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/app_image.cpp"></location>
+            <source>the program no longer exists</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/firmware_texts.cpp"></location>
+            <source>KZQ7306 %1 is now available—you have %2. Would you like to install it now?</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/part_file.cpp"></location>
+            <source>another program is downloading the same file</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/part_file.cpp"></location>
+            <source>the download cannot be made ready to start</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/part_file.cpp"></location>
+            <source>the download cannot be moved into place</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/part_file.cpp"></location>
+            <source>the download cannot be stored</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/part_file.cpp"></location>
+            <source>the file at the path for the download belongs to another user</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/part_file.cpp"></location>
+            <location filename="../../src/updates/update_download.cpp"></location>
+            <source>the path for the download is not a file</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>not an https address</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>redirected to an address that is not https</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>redirected too often</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>the download took too long</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>the file could not be stored</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>the file is shorter than stated</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>the file is too long</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>the server stopped answering</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/qt_http_client.cpp"></location>
+            <source>the stated length is too large</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/self_check.cpp"></location>
+            <source>it cannot be started</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/self_check.cpp"></location>
+            <source>it does not answer</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/self_check.cpp"></location>
+            <source>it ends with an error</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <source>the package installer could not be started; install this package yourself: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <location filename="../../src/updates/update_download.cpp"></location>
+            <source>the signature of the update is wrong</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <source>the update is not signed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <source>the update's address is not secure</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <source>the update's length is missing or out of range</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <source>the updated program could not be started; quit and start it again</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/su_updater.cpp"></location>
+            <source>the website %1 could not be opened</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_download.cpp"></location>
+            <source>the length of the update is not the stated one</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_download.cpp"></location>
+            <source>the update is not an AppImage</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_download.cpp"></location>
+            <source>the update is not the one that was signed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_download.cpp"></location>
+            <source>the update is not verified</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>it is another version than stated</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>the list of updates could not be read: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>the list of updates is damaged</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>the new version does not work: %1; the program in place was not changed</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/update_job.cpp"></location>
+            <source>the update could not be downloaded: %1</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/firmware_updater_progress.cpp"></location>
+            <source>%1 of %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update.cpp"></location>
+            <source>The pedal is busy. Try again later.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>%1 is installed. Would you like to start it now?</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>%1 is now available—you have %2. This copy cannot update itself.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>%1 is now available—you have %2. Would you like to install it now?</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>%1 is the newest version available.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Checking for updates…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Checking the download…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Downloading %1…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Follow its steps, then quit this program and start it again.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Installing %1…</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Restart</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>The package installer has taken over.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>The program could not be updated.</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/updates/windows/software_update_view.cpp"></location>
+            <source>Website</source>
+            <translation type="unfinished"></translation>
+        </message>
+        <message>
+            <location filename="../../src/words/words.cpp"></location>
+            <source>%1 %2</source>
+            <translation type="unfinished"></translation>
+        </message>
+    </context>
 </TS>
