@@ -826,361 +826,364 @@
             <source>Connect the pedal to this computer
 by USB and switch it on.
 Its loops will appear here.</source>
-            <translation type="unfinished"></translation>
+            <translation>USB ケーブルでペダルをこの
+コンピューターに接続し、電源を入れてください。
+ここにループが表示されます。</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Deselect all loops</source>
-            <translation type="unfinished"></translation>
+            <translation>すべてのループの選択を解除</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Direction</source>
-            <translation type="unfinished"></translation>
+            <translation>方向</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/lower_button.cpp"></location>
             <source>Erase</source>
-            <translation type="unfinished"></translation>
+            <translation>消去</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/lower_button.cpp"></location>
             <source>Export</source>
-            <translation type="unfinished"></translation>
+            <translation>エクスポート</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Export tab, computer to pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>エクスポートタブ、コンピューターからペダルへ</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/lower_button.cpp"></location>
             <source>Import</source>
-            <translation type="unfinished"></translation>
+            <translation>インポート</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Import tab, pedal to computer</source>
-            <translation type="unfinished"></translation>
+            <translation>インポートタブ、ペダルからコンピューターへ</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Its free space shows here.</source>
-            <translation type="unfinished"></translation>
+            <translation>ここに空き容量が表示されます。</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Menu</source>
-            <translation type="unfinished"></translation>
+            <translation>メニュー</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Plug in your 7306</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 を接続してください</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Select all loops</source>
-            <translation type="unfinished"></translation>
+            <translation>すべてのループを選択</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Slots marked like this will
 replace loops on the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>この印のスロットは、
+ペダルのループを置き換えます。</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>Space in use</source>
-            <translation type="unfinished"></translation>
+            <translation>使用中の容量</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>computer to pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>コンピューターからペダルへ</translation>
         </message>
         <message>
             <location filename="../../src/app/main_window_words.cpp"></location>
             <source>pedal to computer</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルからコンピューターへ</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;About 7306 Loop Manager</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 Loop Manager について(&amp;A)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Bring Back…</source>
-            <translation type="unfinished"></translation>
+            <translation>元に戻す(&amp;B)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Choose File…</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルを選択(&amp;C)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Doctor…</source>
-            <translation type="unfinished"></translation>
+            <translation>診断(&amp;D)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Edit</source>
-            <translation type="unfinished"></translation>
+            <translation>編集(&amp;E)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Export</source>
-            <translation type="unfinished"></translation>
+            <translation>エクスポート(&amp;E)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Export…</source>
-            <translation type="unfinished"></translation>
+            <translation>エクスポート(&amp;E)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;File</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイル(&amp;F)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Fit to Screen</source>
-            <translation type="unfinished"></translation>
+            <translation>画面に合わせる(&amp;F)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Help</source>
-            <translation type="unfinished"></translation>
+            <translation>ヘルプ(&amp;H)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Import</source>
-            <translation type="unfinished"></translation>
+            <translation>インポート(&amp;I)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Import…</source>
-            <translation type="unfinished"></translation>
+            <translation>インポート(&amp;I)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Keep Copies</source>
-            <translation type="unfinished"></translation>
+            <translation>コピーを保管(&amp;K)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Loop</source>
-            <translation type="unfinished"></translation>
+            <translation>ループ(&amp;L)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Paste Files</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルを貼り付け(&amp;P)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Play</source>
-            <translation type="unfinished"></translation>
+            <translation>再生(&amp;P)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Quit</source>
-            <translation type="unfinished"></translation>
+            <translation>終了(&amp;Q)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Recent Results</source>
-            <translation type="unfinished"></translation>
+            <translation>最近の結果(&amp;R)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Rename</source>
-            <translation type="unfinished"></translation>
+            <translation>名前を変更(&amp;R)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Restore…</source>
-            <translation type="unfinished"></translation>
+            <translation>復元(&amp;R)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Save Report…</source>
-            <translation type="unfinished"></translation>
+            <translation>レポートを保存(&amp;S)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;User Guide</source>
-            <translation type="unfinished"></translation>
+            <translation>ユーザーガイド(&amp;U)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;Verify After Export</source>
-            <translation type="unfinished"></translation>
+            <translation>エクスポート後に検証(&amp;V)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>&amp;View</source>
-            <translation type="unfinished"></translation>
+            <translation>表示(&amp;V)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Back &amp;Up…</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップ(&amp;U)…</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Re&amp;move</source>
-            <translation type="unfinished"></translation>
+            <translation>外す(&amp;M)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Select &amp;All</source>
-            <translation type="unfinished"></translation>
+            <translation>すべて選択(&amp;A)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_bar.cpp"></location>
             <source>Select &amp;None</source>
-            <translation type="unfinished"></translation>
+            <translation>選択を解除(&amp;N)</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <source>Please connect your device and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>デバイスを接続して、もう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <source>Version %1 is the newest 7306 firmware available.</source>
-            <translation type="unfinished"></translation>
+            <translation>バージョン %1 は 7306 の最新ファームウェアです。</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>You're up to date!</source>
-            <translation type="unfinished"></translation>
+            <translation>最新の状態です</translation>
         </message>
         <message>
             <location filename="../../src/app/menu_control.cpp"></location>
             <source>Your 7306 device is not connected</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 が接続されていません</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 and %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1、%2</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は読み込めません</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 is too long</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は長すぎます</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 is too long: %2, and %3 is left</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は長すぎます（%2、残り %3）</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1 is too long: %2, and %3 is left beside the others</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は長すぎます（%2、ほかのファイルを除いた残り %3）</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%1. %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1。%2</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%n files fit</source>
             <comment>%n file fits</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ファイル %n 個が収まります</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>%n of %1 files fit</source>
             <comment>%n of %1 files fits</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ファイル %1 個中 %n 個が収まります</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>Left out: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>除外：%1</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>No other row is free</source>
-            <translation type="unfinished"></translation>
+            <translation>ほかに空いている行がありません</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>No row is free</source>
-            <translation type="unfinished"></translation>
+            <translation>空いている行がありません</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>None of %n files fits</source>
             <comment>None of %n file fits</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ファイル %n 個はどれも収まりません</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>too long: %1, and %2 is left</source>
-            <translation type="unfinished"></translation>
+            <translation>長すぎます（%1、残り %2）</translation>
         </message>
         <message>
             <location filename="../../src/app/model/carry_plan.cpp"></location>
             <source>too long: %1, and %2 is left beside the others</source>
-            <translation type="unfinished"></translation>
+            <translation>長すぎます（%1、ほかのファイルを除いた残り %2）</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/presenter.cpp"></location>
             <source>%1 of %n minutes in use</source>
             <comment>%1 of %n minute in use</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n 分中 %1 を使用中</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/program/simulation_menu.cpp"></location>
             <source>%1 – simulated pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 – 仮想ペダル</translation>
         </message>
         <message>
             <location filename="../../src/app/program/simulation_menu.cpp"></location>
             <source>&amp;Pedal Plugged In</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを接続(&amp;P)</translation>
         </message>
         <message>
             <location filename="../../src/app/program/simulation_menu.cpp"></location>
             <source>&amp;Simulation</source>
-            <translation type="unfinished"></translation>
+            <translation>シミュレーション(&amp;S)</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>7306 Restore</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 復元</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Both are copied first; Edit &gt; Bring Back returns them.</source>
-            <translation type="unfinished"></translation>
+            <translation>先にどちらのコピーも保管します。「編集」&gt;「元に戻す」で戻せます。</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
@@ -1191,157 +1194,157 @@ replace loops on the pedal.</source>
             <location filename="../../src/ui/panels/progress.cpp"></location>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Cancel</source>
-            <translation type="unfinished"></translation>
+            <translation>キャンセル</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Comparing the 7306 with the backup...</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 とバックアップを比較中...</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Comparing with the backup…</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップと比較中…</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Erased audio cannot be restored.</source>
-            <translation type="unfinished"></translation>
+            <translation>消去した音声は復元できません。</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>It is copied first; Edit &gt; Bring Back returns it.</source>
-            <translation type="unfinished"></translation>
+            <translation>先にコピーを保管します。「編集」&gt;「元に戻す」で戻せます。</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Keep Copies</source>
-            <translation type="unfinished"></translation>
+            <translation>コピーを保管</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Nothing was restored</source>
-            <translation type="unfinished"></translation>
+            <translation>何も復元されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Restore</source>
-            <translation type="unfinished"></translation>
+            <translation>復元</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Restore without a copy</source>
-            <translation type="unfinished"></translation>
+            <translation>コピーせずに復元</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Restoring %n loops to the 7306...</source>
             <comment>Restoring %n loop to the 7306...</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>7306 にループ %n 個を復元中...</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>Restoring…</source>
-            <translation type="unfinished"></translation>
+            <translation>復元中…</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>They are copied first; Edit &gt; Bring Back returns them.</source>
-            <translation type="unfinished"></translation>
+            <translation>先にコピーを保管します。「編集」&gt;「元に戻す」で戻せます。</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>To be erased: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>消去されるループ：%1。</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>To be replaced: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>置き換えられるループ：%1。</translation>
         </message>
         <message>
             <location filename="../../src/app/restore_flow.cpp"></location>
             <source>the backup</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップ</translation>
         </message>
         <message>
             <location filename="../../src/app/said.h"></location>
             <source>%1 staged for %2, %3</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を %2 に書き込み予定、%3</translation>
         </message>
         <message>
             <location filename="../../src/app/said.h"></location>
             <source>%1 staged for %2, %3, replaces a loop of %4</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を %2 に書き込み予定、%3、%4 のループを置き換え</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/said.h"></location>
             <source>7306 connected, %n loops, %1 free</source>
             <comment>7306 connected, %n loop, %1 free</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>7306 が接続されました、ループ %n 個、空き %1</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/said.h"></location>
             <source>7306 disconnected</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 が取り外されました</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>A text file that you can read and send: the versions of the program and of this computer's system, what keeps the pedal from being used, the last results and the log. There is no audio in it, and neither your name nor that of your home folder.</source>
-            <translation type="unfinished"></translation>
+            <translation>読むことも送ることもできるテキストファイルです。プログラムとこのコンピューターのシステムのバージョン、ペダルの使用を妨げているもの、最近の結果、ログが含まれます。音声、あなたの名前、ホームフォルダーの名前は含まれません。</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Include names of files</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイル名を含める</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Save Report</source>
-            <translation type="unfinished"></translation>
+            <translation>レポートを保存</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Save a report for troubleshooting?</source>
-            <translation type="unfinished"></translation>
+            <translation>トラブルシューティング用のレポートを保存しますか？</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Save…</source>
-            <translation type="unfinished"></translation>
+            <translation>保存…</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Saving the report…</source>
-            <translation type="unfinished"></translation>
+            <translation>レポートを保存中…</translation>
         </message>
         <message>
             <location filename="../../src/app/save_report.cpp"></location>
             <source>Text files</source>
-            <translation type="unfinished"></translation>
+            <translation>テキストファイル</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1: %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1：%2。</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Loops can be imported now</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできるようになりました</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Run in a terminal: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>ターミナルで実行：%1</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
@@ -1351,138 +1354,138 @@ replace loops on the pedal.</source>
             <location filename="../../src/operations/told.cpp"></location>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Run: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>実行：%1</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Set Up</source>
-            <translation type="unfinished"></translation>
+            <translation>セットアップ</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Set up</source>
-            <translation type="unfinished"></translation>
+            <translation>セットアップ</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>Setting up…</source>
-            <translation type="unfinished"></translation>
+            <translation>セットアップ中…</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>The system rule is installed</source>
-            <translation type="unfinished"></translation>
+            <translation>システムのルールをインストールしました</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>The system rule is installed, but something else is in the way</source>
-            <translation type="unfinished"></translation>
+            <translation>システムのルールをインストールしましたが、ほかにも原因があります</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>The system rule was not installed</source>
-            <translation type="unfinished"></translation>
+            <translation>システムのルールはインストールされませんでした</translation>
         </message>
         <message>
             <location filename="../../src/app/set_up.cpp"></location>
             <source>This sets it up, with your password: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>パスワードを入力してセットアップします：%1</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>"%1" goes to the row of %2</source>
-            <translation type="unfinished"></translation>
+            <translation>「%1」は %2 の行に入ります</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>"%1" was left out</source>
-            <translation type="unfinished"></translation>
+            <translation>「%1」は除外されました</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/staging.cpp"></location>
             <source>"Stage again" puts them on the same rows.</source>
             <comment>"Stage again" puts it on the same row.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>「予定に戻す」で同じ行に戻せます。</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>%1 has another file.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 には別のファイルがあります。</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Audio files</source>
-            <translation type="unfinished"></translation>
+            <translation>オーディオファイル</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Choose an audio file for %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 のオーディオファイルを選択</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Each row takes one file.</source>
-            <translation type="unfinished"></translation>
+            <translation>1 行に入るファイルは 1 つです。</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/staging.cpp"></location>
             <source>Only the first of %n files was used</source>
             <comment>Only the first of %n file was used</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ファイル %n 個のうち最初の 1 つだけを使用しました</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
-            <translation type="unfinished"></translation>
+            <translation>接続されました：スロットが異なる可能性があるため、書き込み予定のファイルを外しました</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Stage again</source>
-            <translation type="unfinished"></translation>
+            <translation>予定に戻す</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>There is no free row for "%1"</source>
-            <translation type="unfinished"></translation>
+            <translation>「%1」を入れる空いた行がありません</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>Use it anyway</source>
-            <translation type="unfinished"></translation>
+            <translation>そのまま使用</translation>
         </message>
         <message>
             <location filename="../../src/app/staging.cpp"></location>
             <source>it is too long: %1, and %2 is left</source>
-            <translation type="unfinished"></translation>
+            <translation>長すぎます（%1、残り %2）</translation>
         </message>
         <message>
             <location filename="../../src/app/stamp_time.h"></location>
             <source>en</source>
-            <translation type="unfinished"></translation>
+            <translation>ja</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/teller.cpp"></location>
             <source>%1 were not saved</source>
             <comment>%1 was not saved</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 は保存されませんでした</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>%1 · %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 · %2</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/teller.cpp"></location>
             <source>%n files are waiting</source>
             <comment>%n file is waiting</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ファイル %n 個が待機中</numerusform>
             </translation>
         </message>
         <message numerus="yes">
@@ -1490,140 +1493,140 @@ replace loops on the pedal.</source>
             <location filename="../../src/loops/facts.h"></location>
             <source>%n loops</source>
             <comment>%n loop</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Back Up…</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップ…</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Cancel, or unplug it.</source>
-            <translation type="unfinished"></translation>
+            <translation>キャンセルするか、ペダルを取り外してください。</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Stop it, or unplug the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>停止するか、ペダルを取り外してください。</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが応答しなくなりました</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering: cancel, or unplug it</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが応答しなくなりました：キャンセルするか、取り外してください</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering: stop, or unplug it</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが応答しなくなりました：停止するか、取り外してください</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>The pedal has stopped answering: unplug it</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが応答しなくなりました：取り外してください</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>Unplug it.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを取り外してください。</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>What is erased now is gone.</source>
-            <translation type="unfinished"></translation>
+            <translation>今消去したものは元に戻せません。</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>firmware %1</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア %1</translation>
         </message>
         <message>
             <location filename="../../src/app/teller.cpp"></location>
             <source>nothing has been backed up yet</source>
-            <translation type="unfinished"></translation>
+            <translation>まだ何もバックアップされていません</translation>
         </message>
         <message>
             <location filename="../../src/app/time_left.cpp"></location>
             <source>about %1 min left</source>
-            <translation type="unfinished"></translation>
+            <translation>残り約 %1 分</translation>
         </message>
         <message>
             <location filename="../../src/app/time_left.cpp"></location>
             <source>about %1 s left</source>
-            <translation type="unfinished"></translation>
+            <translation>残り約 %1 秒</translation>
         </message>
         <message>
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>7306 Export</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 エクスポート</translation>
         </message>
         <message>
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>7306 Import</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 インポート</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>Exporting %n loops to the 7306...</source>
             <comment>Exporting %n loop to the 7306...</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>7306 にループ %n 個をエクスポート中...</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/app/transfer_panel.cpp"></location>
             <source>Importing %n loops from the 7306...</source>
             <comment>Importing %n loop from the 7306...</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>7306 からループ %n 個をインポート中...</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>Open %1 in a browser.</source>
-            <translation type="unfinished"></translation>
+            <translation>ブラウザーで %1 を開いてください。</translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>The program looks for share/kzq7306/guide/guide.html below the folder it is installed in. In the source it is doc/guide.md.</source>
-            <translation type="unfinished"></translation>
+            <translation>プログラムは、インストール先フォルダーの下の share/kzq7306/guide/guide.html を探します。ソースでは doc/guide.md にあります。</translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>The user guide could not be opened</source>
-            <translation type="unfinished"></translation>
+            <translation>ユーザーガイドを開けませんでした</translation>
         </message>
         <message>
             <location filename="../../src/app/user_guide.cpp"></location>
             <source>The user guide is not installed</source>
-            <translation type="unfinished"></translation>
+            <translation>ユーザーガイドがインストールされていません</translation>
         </message>
         <message>
             <location filename="../../src/app/verify_flow.cpp"></location>
             <source>Verifying loop %1…</source>
-            <translation type="unfinished"></translation>
+            <translation>Loop %1 を検証中…</translation>
         </message>
         <message>
             <location filename="../../src/audio/convert.cpp"></location>
             <source>the name has no extension</source>
-            <translation type="unfinished"></translation>
+            <translation>名前に拡張子がありません</translation>
         </message>
         <message>
             <location filename="../../src/audio/convert.cpp"></location>
             <source>the path has no folder</source>
-            <translation type="unfinished"></translation>
+            <translation>パスにフォルダーがありません</translation>
         </message>
         <message>
             <location filename="../../src/audio/converted_audio.cpp"></location>
             <source>the converted file cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>変換したファイルを読み込めません</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
