@@ -1631,632 +1631,632 @@ replace loops on the pedal.</source>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <source>%1 is using the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 がペダルを使用中です</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <source>A simulated pedal is used instead of a real one.</source>
-            <translation type="unfinished"></translation>
+            <translation>実際のペダルの代わりに仮想ペダルを使用しています。</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <source>Another program is using the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>別のプログラムがペダルを使用中です</translation>
         </message>
         <message>
             <location filename="../../src/device/finding.h"></location>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Run "kzq7306ctl doctor" to see how to fix it.</source>
-            <translation type="unfinished"></translation>
+            <translation>解決方法を見るには「kzq7306ctl doctor」を実行してください。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>A pedal is on the USB bus, but %1 does not exist, as in a container without access to /dev/bus/usb.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルは USB バスにありますが、%1 がありません。/dev/bus/usb にアクセスできないコンテナーなどで起こります。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>A pedal is on the USB bus.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルは USB バスにあります。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Another program is using the pedal. Find out which one and close it.</source>
-            <translation type="unfinished"></translation>
+            <translation>別のプログラムがペダルを使用中です。そのプログラムを探して終了してください。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops can be imported.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできます。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for it is not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません：udev ルールがインストールされていないため、%1 を時間内に開けませんでした（%2）。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: %1 could not be opened in time (%2), as you are logged in over the network and its udev rule is for the user at the computer.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません：ネットワーク経由でログインしており、udev ルールはコンピューターの前にいるユーザー用のため、%1 を時間内に開けませんでした（%2）。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません：%1 を時間内に開けませんでした（%2）。コンピューターが混み合っていた可能性があります。もう一度お試しください。変わらない場合は、ルールを適用し直してください。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: the kernel passes on the request for them only through its usbtmc driver, and the udev rules for that are not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません：カーネルはインポートの要求を usbtmc ドライバー経由でしか渡しませんが、そのための udev ルールがインストールされていません。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were not yet installed when the pedal was plugged in, or this kernel comes without the driver, as those made for virtual machines do.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません：カーネルの usbtmc ドライバーが読み込まれていません。ペダルの接続時に udev ルールがまだインストールされていなかったか、仮想マシン用カーネルのように、このカーネルにドライバーが含まれていません。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>Loops cannot be imported: the udev rules for it were not yet installed when the pedal was plugged in.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません：ペダルの接続時に、必要な udev ルールがまだインストールされていませんでした。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>No other program is using the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>ほかにペダルを使用中のプログラムはありません。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>No pedal is on the USB bus. Check the cable and the pedal's power, then look again.</source>
-            <translation type="unfinished"></translation>
+            <translation>USB バスにペダルがありません。ケーブルとペダルの電源を確認して、もう一度調べてください。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>The kernel driver %1 is holding the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>カーネルドライバー %1 がペダルを占有しています。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>The pedal is in use by %1. Close that program, or wait until it has finished.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルは %1 が使用中です。そのプログラムを終了するか、処理が終わるまでお待ちください。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You do not have permission to use the pedal: its udev rule is not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを使用する権限がありません：udev ルールがインストールされていません。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You do not have permission to use the pedal: its udev rule was not yet installed when the pedal was plugged in, or you are not logged in at this computer.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを使用する権限がありません：ペダルの接続時に udev ルールがまだインストールされていなかったか、このコンピューターに直接ログインしていません。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You do not have permission to use the pedal: you are logged in over the network, and its udev rule is for the user at the computer. The group plugdev can be allowed to use it.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを使用する権限がありません：ネットワーク経由でログインしており、udev ルールはコンピューターの前にいるユーザー用です。グループ plugdev に使用を許可することもできます。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>You have permission to use the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを使用する権限があります。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>the file of the kernel's usbtmc driver</source>
-            <translation type="unfinished"></translation>
+            <translation>カーネルの usbtmc ドライバーのファイル</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it in before starting the program, or run the program outside the container.</source>
-            <translation type="unfinished"></translation>
+            <translation>コンテナー内などのため udev が動作しておらず、後から接続したペダルは認識されません。プログラムの起動前に接続するか、コンテナーの外で起動してください。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/diagnosis.cpp"></location>
             <source>udev is running.</source>
-            <translation type="unfinished"></translation>
+            <translation>udev は動作しています。</translation>
         </message>
         <message>
             <location filename="../../src/device/libusb/lock_holder.h"></location>
             <source>%1 (process %2)</source>
-            <translation type="unfinished"></translation>
+            <translation>%1（プロセス %2）</translation>
         </message>
         <message>
             <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
             <source>The sound device does not play 44,100 Hz.</source>
-            <translation type="unfinished"></translation>
+            <translation>サウンドデバイスが 44,100 Hz の再生に対応していません。</translation>
         </message>
         <message>
             <location filename="../../src/listening/sound/qt_audio_output.cpp"></location>
             <source>The sound device stopped working.</source>
-            <translation type="unfinished"></translation>
+            <translation>サウンドデバイスが停止しました。</translation>
         </message>
         <message>
             <location filename="../../src/loops/capacity.cpp"></location>
             <source>Space remaining: %1 min, %2 sec</source>
-            <translation type="unfinished"></translation>
+            <translation>空き容量：%1 分 %2 秒</translation>
         </message>
         <message>
             <location filename="../../src/loops/capacity.cpp"></location>
             <source>This file is too large for the available space on your 7306.</source>
-            <translation type="unfinished"></translation>
+            <translation>このファイルは 7306 の空き容量に収まりません。</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/loops/spoken_length.h"></location>
             <source>%n minutes %1</source>
             <comment>%n minute %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n 分 %1</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/loops/spoken_length.h"></location>
             <source>%n seconds</source>
             <comment>%n second</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n 秒</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>%1 was not copied, %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 はコピーされませんでした。%2</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>Stop it and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>停止して、もう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>no copy was kept, %1</source>
-            <translation type="unfinished"></translation>
+            <translation>コピーは保管されませんでした。%1</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>stopped</source>
-            <translation type="unfinished"></translation>
+            <translation>停止されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/keep.cpp"></location>
             <source>the pedal was in use while its loops were copied</source>
-            <translation type="unfinished"></translation>
+            <translation>ループのコピー中にペダルが使用されていました</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 does not match what was written.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は書き込んだ内容と一致しません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was being written; the slot may now be empty.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を書き込んでいる途中でした。スロットは空になっている可能性があります。</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not compared: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は比較されませんでした：%2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not erased: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は消去されませんでした：%2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not saved: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は保存されませんでした：%2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not written: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は書き込まれませんでした：%2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was not written: it was sent, but the pedal does not hold all of it.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は書き込まれませんでした：送信しましたが、ペダルに全体がありません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was sent but could not be read back: %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を送信しましたが、読み戻せませんでした：%2</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>%1 was sent; what the pedal holds of it was not checked.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を送信しましたが、ペダルの内容は確認されていません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Some of the loops may have been erased.</source>
-            <translation type="unfinished"></translation>
+            <translation>一部のループが消去された可能性があります。</translation>
         </message>
         <message>
             <location filename="../../src/operations/loop_sentences.cpp"></location>
             <source>The slot may now be empty.</source>
-            <translation type="unfinished"></translation>
+            <translation>スロットは空になっている可能性があります。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 changed meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 がその間に変更されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 changed while it was being read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 が読み込み中に変更されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 is still on the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 はまだペダルにあります</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 was changed on the pedal meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 がその間にペダルで変更されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 was erased on the pedal meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 がその間にペダルで消去されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>%1 was recorded on the pedal meanwhile</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 がその間にペダルで録音されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Erase loops, or choose shorter files.</source>
-            <translation type="unfinished"></translation>
+            <translation>ループを消去するか、短いファイルを選択してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Look at the rows and start again.</source>
-            <translation type="unfinished"></translation>
+            <translation>行を確認して、やり直してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>The pedal is in use by another program. Close that program, then try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルは別のプログラムが使用中です。そのプログラムを終了して、もう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Unplug the pedal and plug it in again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを取り外して、もう一度接続してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>Unplug the pedal, plug it in again and start again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを取り外し、もう一度接続して、やり直してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>a kernel driver is holding the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>カーネルドライバーがペダルを占有しています</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>another program is using the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>別のプログラムがペダルを使用中です</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>cancelled</source>
-            <translation type="unfinished"></translation>
+            <translation>キャンセルされました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>it changed while it was being read</source>
-            <translation type="unfinished"></translation>
+            <translation>読み込み中に変更されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>it is still on the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>まだペダルにあります</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>no space left on the disk</source>
-            <translation type="unfinished"></translation>
+            <translation>ディスクに空きがありません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the file cannot be written</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルに書き込めません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the folder cannot be written to</source>
-            <translation type="unfinished"></translation>
+            <translation>フォルダーに書き込めません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the folder is not there any more</source>
-            <translation type="unfinished"></translation>
+            <translation>フォルダーがなくなっています</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal did not report its loops</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルからループの情報が届きませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal does not hold all of %1</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルに %1 の全体がありません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal does not hold all of it</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルに全体がありません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal gives %1 a length beyond its 24 minutes</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルの示す %1 の長さが、上限の 24 分を超えています</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal gives it a length beyond its 24 minutes</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルの示す長さが、上限の 24 分を超えています</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルの示す長さが上限の 24 分を超えていますが、これはあり得ません。ペダルを取り外し、もう一度接続して、お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal has too little room</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルの空きが足りません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal is busy</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルは使用中です</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused %1</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが %1 を拒否しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused it</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが拒否しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused to send %1</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが %1 の送信を拒否しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal refused to send it</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが送信を拒否しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal stopped answering</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが応答しなくなりました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal stopped partway through</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが途中で停止しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the pedal was unplugged</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが取り外されました</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>the slot is empty</source>
-            <translation type="unfinished"></translation>
+            <translation>スロットは空です</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>there is not enough memory to hold it</source>
-            <translation type="unfinished"></translation>
+            <translation>メモリーが足りません</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>this computer did not pass the request on to the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>このコンピューターが要求をペダルに渡しませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/reasons.cpp"></location>
             <source>too little space on the disk</source>
-            <translation type="unfinished"></translation>
+            <translation>ディスクの空きが足りません</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>%1 ms are missing at its end</source>
-            <translation type="unfinished"></translation>
+            <translation>末尾の %1 ms が欠けています</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>%1 ms of it cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 ms 分を読み込めません</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>%1 was not saved: could not write to %2: %3</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は保存されませんでした：%2 に書き込めませんでした：%3</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a folder that allows files of this size.</source>
-            <translation type="unfinished"></translation>
+            <translation>このサイズのファイルを保存できるフォルダーを選択してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a folder that exists.</source>
-            <translation type="unfinished"></translation>
+            <translation>存在するフォルダーを選択してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a folder that you can write to.</source>
-            <translation type="unfinished"></translation>
+            <translation>書き込みできるフォルダーを選択してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Choose a shorter name.</source>
-            <translation type="unfinished"></translation>
+            <translation>短い名前にしてください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Converting the file takes too much time or memory.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルの変換に必要な時間またはメモリーが多すぎます。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>Free some space or choose another folder.</source>
-            <translation type="unfinished"></translation>
+            <translation>空きを増やすか、別のフォルダーを選択してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The audio converter %1 is not installed. To install it: sudo apt install ffmpeg</source>
-            <translation type="unfinished"></translation>
+            <translation>オーディオ変換プログラム %1 がインストールされていません。インストールするには：sudo apt install ffmpeg</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The audio converter failed: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>オーディオの変換に失敗しました：%1。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The conversion was cancelled.</source>
-            <translation type="unfinished"></translation>
+            <translation>変換はキャンセルされました。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The converted file cannot be written: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>変換したファイルを書き込めません：%1</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file cannot be read: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルを読み込めません：%1。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file contains no audio.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルに音声がありません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file is damaged or incomplete.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルが破損しているか、不完全です。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file is damaged or incomplete: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルが破損しているか、不完全です：%1。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file is not audio, or its format is not supported. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
-            <translation type="unfinished"></translation>
+            <translation>オーディオファイルではないか、対応していない形式です。WAV、AIFF、FLAC、MP3、M4A、AAC、AC3 を使用してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルのサンプルレートは %1 Hz です。4,000～768,000 Hz にしてください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The maker's list of firmware has not been read yet.</source>
-            <translation type="unfinished"></translation>
+            <translation>メーカーのファームウェア一覧はまだ読み込まれていません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The maker's list of firmware was last read at %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>メーカーのファームウェア一覧の最終読み込み：%1。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The recording cannot be written and ends here: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>録音を書き込めないため、ここで終わります：%1。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server could not be reached (%1). Check the internet connection and try again.</source>
-            <translation type="unfinished"></translation>
+            <translation>更新サーバーに接続できませんでした（%1）。インターネット接続を確認して、もう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server could not prove its identity (%1). Check the computer's clock and its certificates.</source>
-            <translation type="unfinished"></translation>
+            <translation>更新サーバーの身元を確認できませんでした（%1）。コンピューターの時計と証明書を確認してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server did not answer as expected (%1). Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>更新サーバーの応答が正しくありません（%1）。後でもう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>The update server did not list any usable firmware. Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>更新サーバーに使用できるファームウェアがありません。後でもう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is no folder for temporary files.</source>
-            <translation type="unfinished"></translation>
+            <translation>一時ファイル用のフォルダーがありません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is no such file.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルがありません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is not enough disk space.</source>
-            <translation type="unfinished"></translation>
+            <translation>ディスクの空きが足りません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>There is too little space in "%1": %2. Make room or choose another folder.</source>
-            <translation type="unfinished"></translation>
+            <translation>「%1」の空きが足りません：%2。空きを増やすか、別のフォルダーを選択してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>This audio format is not supported: %1. Use WAV, AIFF, FLAC, MP3, M4A, AAC or AC3.</source>
-            <translation type="unfinished"></translation>
+            <translation>このオーディオ形式には対応していません：%1。WAV、AIFF、FLAC、MP3、M4A、AAC、AC3 を使用してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>This is a folder or a device, not a file.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルではなく、フォルダーまたはデバイスです。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>its end is missing</source>
-            <translation type="unfinished"></translation>
+            <translation>末尾が欠けています</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>part of it cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>一部を読み込めません</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>this computer did not pass the request on to the pedal: the file of the kernel's usbtmc driver could not be opened in time.</source>
-            <translation type="unfinished"></translation>
+            <translation>このコンピューターが要求をペダルに渡しませんでした：カーネルの usbtmc ドライバーのファイルを時間内に開けませんでした。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>this computer did not pass the request on to the pedal: the kernel's usbtmc driver, which it needs, does not know the pedal.</source>
-            <translation type="unfinished"></translation>
+            <translation>このコンピューターが要求をペダルに渡しませんでした：必要な usbtmc ドライバー（カーネル）がペダルを認識していません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/sentences.cpp"></location>
             <source>this computer did not pass the request on to the pedal: the udev rules for it are not installed.</source>
-            <translation type="unfinished"></translation>
+            <translation>このコンピューターが要求をペダルに渡しませんでした：必要な udev ルールがインストールされていません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
