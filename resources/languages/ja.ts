@@ -2261,793 +2261,793 @@ replace loops on the pedal.</source>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>"%1" cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>「%1」を読み込めません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>"%1" is damaged</source>
-            <translation type="unfinished"></translation>
+            <translation>「%1」は破損しています</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 are still on the pedal.</source>
             <comment>%1 is still on the pedal.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 はまだペダルにあります。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 are still only on the pedal.</source>
             <comment>%1 is still only on the pedal.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 はまだペダルにしかありません。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 could not be read back</source>
             <comment>%1 could not be read back</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 を読み戻せませんでした</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 erased</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を消去しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 may have been erased</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は消去された可能性があります</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops erased</source>
             <comment>%1 of %n loop erased</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個中 %1 個を消去しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops saved</source>
             <comment>%1 of %n loop saved</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個中 %1 個を保存しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops sent, but not checked</source>
             <comment>%1 of %n loop sent, but not checked</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個中 %1 個を送信しましたが、確認していません</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 of %n loops written</source>
             <comment>%1 of %n loop written</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個中 %1 個を書き込みました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 on the pedal differ from their files</source>
             <comment>%1 on the pedal differs from its file</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ペダルの %1 がファイルと異なります</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 saved</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を保存しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 saved in %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を %2 に保存しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 sent, but not checked</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を送信しましたが、確認していません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 verified</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を検証しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 was not erased</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は消去されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 was not saved</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は保存されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 was not written</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は書き込まれませんでした</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 were not compared.</source>
             <comment>%1 was not compared.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 は比較されませんでした。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 were not written.</source>
             <comment>%1 was not written.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 は書き込まれませんでした。</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>%1 written</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を書き込みました</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops erased</source>
             <comment>%n loop erased</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を消去しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops saved</source>
             <comment>%n loop saved</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を保存しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops saved in %1</source>
             <comment>%n loop saved in %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を %1 に保存しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops sent, but not checked</source>
             <comment>%n loop sent, but not checked</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を送信しましたが、確認していません</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops verified</source>
             <comment>%n loop verified</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を検証しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>%n loops written</source>
             <comment>%n loop written</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を書き込みました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>Loops %1</source>
             <comment>Loop %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Loop %1</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Loops cannot be imported</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをインポートできません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was erased</source>
-            <translation type="unfinished"></translation>
+            <translation>何も消去されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was erased.</source>
-            <translation type="unfinished"></translation>
+            <translation>何も消去されませんでした。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was saved</source>
-            <translation type="unfinished"></translation>
+            <translation>何も保存されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was saved.</source>
-            <translation type="unfinished"></translation>
+            <translation>何も保存されませんでした。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was written</source>
-            <translation type="unfinished"></translation>
+            <translation>何も書き込まれませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Nothing was written.</source>
-            <translation type="unfinished"></translation>
+            <translation>何も書き込まれませんでした。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Report saved in %1</source>
-            <translation type="unfinished"></translation>
+            <translation>レポートを %1 に保存しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Some of the loops may have been erased</source>
-            <translation type="unfinished"></translation>
+            <translation>一部のループが消去された可能性があります</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>The pedal became busy; close and reopen the window to go on</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが使用中になりました。続けるにはウィンドウを閉じて開き直してください</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>The recording ends here</source>
-            <translation type="unfinished"></translation>
+            <translation>録音はここで終わります</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>The report was not saved</source>
-            <translation type="unfinished"></translation>
+            <translation>レポートは保存されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>Verifying was stopped</source>
-            <translation type="unfinished"></translation>
+            <translation>検証を停止しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>What the pedal sent back is the same, sample for sample.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルから送り返された内容は、サンプル単位で一致しています。</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told.cpp"></location>
             <source>loops %1</source>
             <comment>loop %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>Loop %1</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>the computer did not give access in time</source>
-            <translation type="unfinished"></translation>
+            <translation>コンピューターが時間内にアクセスを許可しませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>the pedal refused</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが拒否しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>the system rule is missing</source>
-            <translation type="unfinished"></translation>
+            <translation>システムのルールがありません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told.cpp"></location>
             <source>the system rule is not in force</source>
-            <translation type="unfinished"></translation>
+            <translation>システムのルールが有効になっていません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 is missing or has been changed</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 がないか、変更されています</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 of %n changes made</source>
             <comment>%1 of %n changes made</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n 件中 %1 件を変更しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 were erased.</source>
             <comment>%1 was erased.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 を消去しました。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 were not touched.</source>
             <comment>%1 was not touched.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 は元のままです。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%1 were written.</source>
             <comment>%1 was written.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1 を書き込みました。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops backed up in %1</source>
             <comment>%n loop backed up in %1</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を %1 にバックアップしました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops restored</source>
             <comment>%n loop restored</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を復元しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n loops restored, %1 erased</source>
             <comment>%n loop restored, %1 erased</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>ループ %n 個を復元、%1 個を消去しました</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n of %1 were saved. The next backup in this folder continues from there.</source>
             <comment>%n of %1 was saved. The next backup in this folder continues from there.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%1のうち %n 個を保存しました。このフォルダーへの次回のバックアップは続きから行います。</numerusform>
             </translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>%n of them were there already.</source>
             <comment>%n of them was there already.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>そのうち %n 個はすでにありました。</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>All of them were there already.</source>
-            <translation type="unfinished"></translation>
+            <translation>すべてすでにありました。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Erase loops on the pedal, or tick "Erase loops that are not in this backup".</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルのループを消去するか、「このバックアップにないループを消去」をオンにしてください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Nothing was backed up</source>
-            <translation type="unfinished"></translation>
+            <translation>何もバックアップされませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Nothing was changed.</source>
-            <translation type="unfinished"></translation>
+            <translation>何も変更されませんでした。</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Restoring erases %n loops on the 7306. Would you like to continue?</source>
             <comment>Restoring erases %n loop on the 7306. Would you like to continue?</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>復元すると、7306 のループ %n 個が消去されます。続けますか？</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Restoring replaces %1 and erases %2 on the 7306. Would you like to continue?</source>
-            <translation type="unfinished"></translation>
+            <translation>復元すると、7306 の%1が置き換えられ、%2が消去されます。続けますか？</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>Restoring replaces %n loops on the 7306. Would you like to continue?</source>
             <comment>Restoring replaces %n loop on the 7306. Would you like to continue?</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>復元すると、7306 のループ %n 個が置き換えられます。続けますか？</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>The backup is not complete</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップは不完全です</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>The pedal already has all loops of this backup</source>
-            <translation type="unfinished"></translation>
+            <translation>このバックアップのループはすべてペダルにあります</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>What was written was read back and is the same, sample for sample.</source>
-            <translation type="unfinished"></translation>
+            <translation>書き込んだ内容を読み戻し、サンプル単位で一致することを確認しました。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>a newer version of this program wrote it</source>
-            <translation type="unfinished"></translation>
+            <translation>このプログラムの新しいバージョンで作成されています</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it cannot be read</source>
-            <translation type="unfinished"></translation>
+            <translation>読み込めません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it is longer than the pedal's 24 minutes</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルの上限の 24 分を超えています</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it is not complete</source>
-            <translation type="unfinished"></translation>
+            <translation>不完全です</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>it is not there any more</source>
-            <translation type="unfinished"></translation>
+            <translation>なくなっています</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>its folder cannot be made</source>
-            <translation type="unfinished"></translation>
+            <translation>フォルダーを作成できません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>its index is damaged</source>
-            <translation type="unfinished"></translation>
+            <translation>インデックスが破損しています</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_backup.cpp"></location>
             <source>its index is not one of a backup</source>
-            <translation type="unfinished"></translation>
+            <translation>インデックスがバックアップのものではありません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>%1 % was sent</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 % を送信しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware %1 cannot be offered</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア %1 は提供できません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware %1 runs on the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルはファームウェア %1 で動作しています</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware %1 was sent. Install it again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア %1 を送信しました。もう一度インストールしてください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Firmware list read at %1: %2 is the newest</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア一覧を %1 に読み込みました：最新は %2 です</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>It did not confirm the image. Check whether this is its version.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルがイメージを確認しませんでした。このバージョンになっているか確認してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>It waits in its loader until it gets firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアが届くまでローダーで待機します。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Leave it plugged in: it may still be storing the firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアを保存中の可能性があります。取り外さないでください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>No firmware was installed</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアはインストールされませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Restarting the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルを再起動中</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Sending image</source>
-            <translation type="unfinished"></translation>
+            <translation>イメージを送信中</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Sending image, %1 %</source>
-            <translation type="unfinished"></translation>
+            <translation>イメージを送信中、%1 %</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Sent, but the pedal has not come back yet</source>
-            <translation type="unfinished"></translation>
+            <translation>送信しましたが、ペダルがまだ戻っていません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware could not be sent completely</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアを最後まで送信できませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware list could not be read</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア一覧を読み込めませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware list has not been read yet</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア一覧はまだ読み込まれていません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware was sent</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアを送信しました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware was sent, but the pedal does not report its version</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアを送信しましたが、ペダルがバージョンを報告しません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The firmware was sent, but the pedal has not restarted yet</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアを送信しましたが、ペダルがまだ再起動していません</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal came back without taking the image; close and reopen the window</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルはイメージを受け入れずに戻りました。ウィンドウを閉じて開き直してください</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal did not take the image</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルがイメージを受け入れませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal has not come back yet.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルはまだ戻っていません。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal is preparing</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが準備中です</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal keeps its firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルのファームウェアは元のままです。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal may have kept its firmware.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルのファームウェアは元のままの可能性があります。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>The pedal may have stayed in its loader. Unplug it, plug it in again and install again.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルがローダーのままの可能性があります。取り外し、もう一度接続して、インストールし直してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Unplug it and plug it in again.</source>
-            <translation type="unfinished"></translation>
+            <translation>取り外して、もう一度接続してください。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Unplug it and plug it in again. The program goes on looking for it for ten minutes.</source>
-            <translation type="unfinished"></translation>
+            <translation>取り外して、もう一度接続してください。プログラムは 10 分間ペダルを探し続けます。</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>Waiting for the pedal to come back</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルが戻るのを待っています</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>it came back in its loader</source>
-            <translation type="unfinished"></translation>
+            <translation>ローダーの状態で戻りました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>it is back with firmware %1</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェア %1 で戻りました</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>its image could not be downloaded, verified and stored</source>
-            <translation type="unfinished"></translation>
+            <translation>イメージをダウンロード、検証、保存できませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>the maker's server could not be reached</source>
-            <translation type="unfinished"></translation>
+            <translation>メーカーのサーバーに接続できませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>the server could not prove that it is the maker's</source>
-            <translation type="unfinished"></translation>
+            <translation>メーカーのサーバーであることを確認できませんでした</translation>
         </message>
         <message>
             <location filename="../../src/operations/told_flash.cpp"></location>
             <source>what the maker's server sent cannot be used</source>
-            <translation type="unfinished"></translation>
+            <translation>メーカーのサーバーから届いたデータは使用できません</translation>
         </message>
         <message>
             <location filename="../../src/platform/awake.cpp"></location>
             <source>Loops are being copied</source>
-            <translation type="unfinished"></translation>
+            <translation>ループをコピー中です</translation>
         </message>
         <message>
             <location filename="../../src/platform/awake.cpp"></location>
             <source>The pedal's firmware is being installed</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルのファームウェアをインストール中です</translation>
         </message>
         <message>
             <location filename="../../src/platform/free_space.cpp"></location>
             <source>%1 are needed and %2 are free</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 必要ですが、空きは %2 です</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot.cpp"></location>
             <source>complete</source>
-            <translation type="unfinished"></translation>
+            <translation>完了</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_button.cpp"></location>
             <source>Add Loop</source>
-            <translation type="unfinished"></translation>
+            <translation>ループを追加</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_button.cpp"></location>
             <source>Overwrite Loop</source>
-            <translation type="unfinished"></translation>
+            <translation>ループを上書き</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>%1 name</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 の名前</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>%1 plays</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を再生中</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>%1, select</source>
-            <translation type="unfinished"></translation>
+            <translation>%1、選択</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Add %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を追加</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Compare with %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 と比較</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Overwrite %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を上書き</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Play %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を再生</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>Play %1, %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を再生、%2</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>Remove file from loop %1</source>
-            <translation type="unfinished"></translation>
+            <translation>Loop %1 からファイルを外す</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>Stop %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を停止</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>being read</source>
-            <translation type="unfinished"></translation>
+            <translation>読み込み中</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>picked up</source>
-            <translation type="unfinished"></translation>
+            <translation>選択中</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>playing</source>
-            <translation type="unfinished"></translation>
+            <translation>再生中</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>staged</source>
-            <translation type="unfinished"></translation>
+            <translation>書き込み予定</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_description.cpp"></location>
             <source>staged, replaces a loop</source>
-            <translation type="unfinished"></translation>
+            <translation>書き込み予定、ループを置き換え</translation>
         </message>
         <message>
             <location filename="../../src/slots/slot_sound.cpp"></location>
             <source>Tempo %1</source>
-            <translation type="unfinished"></translation>
+            <translation>テンポ %1</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/doctor.cpp"></location>
             <source>%1 goes into %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は %2 に入ります。</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>%1 could not be started</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 を起動できませんでした</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>no password was given</source>
-            <translation type="unfinished"></translation>
+            <translation>パスワードが入力されませんでした</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>the commands ended with status %1</source>
-            <translation type="unfinished"></translation>
+            <translation>コマンドがステータス %1 で終了しました</translation>
         </message>
         <message>
             <location filename="../../src/troubleshooting/root_shell.cpp"></location>
             <source>the password could not be asked for, or it was wrong</source>
-            <translation type="unfinished"></translation>
+            <translation>パスワードを入力できなかったか、間違っています</translation>
         </message>
         <message>
             <location filename="../../src/ui/alert.cpp"></location>
             <source>No</source>
-            <translation type="unfinished"></translation>
+            <translation>いいえ</translation>
         </message>
         <message>
             <location filename="../../src/ui/alert.cpp"></location>
             <source>Yes</source>
-            <translation type="unfinished"></translation>
+            <translation>はい</translation>
         </message>
         <message>
             <location filename="../../src/ui/mass_selection_button.cpp"></location>
