@@ -3052,558 +3052,558 @@ replace loops on the pedal.</source>
         <message>
             <location filename="../../src/ui/mass_selection_button.cpp"></location>
             <source>All</source>
-            <translation type="unfinished"></translation>
+            <translation>全選択</translation>
         </message>
         <message>
             <location filename="../../src/ui/mass_selection_button.cpp"></location>
             <source>None</source>
-            <translation type="unfinished"></translation>
+            <translation>全解除</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/about.cpp"></location>
             <source>About 7306 Loop Manager</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 Loop Manager について</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/about.cpp"></location>
             <source>Version %1</source>
-            <translation type="unfinished"></translation>
+            <translation>バージョン %1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Back Up</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップ</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Backup</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップ</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Copy the whole pedal to this computer</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダル全体をこのコンピューターにコピー</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Erase loops that are not in this backup</source>
-            <translation type="unfinished"></translation>
+            <translation>このバックアップにないループを消去</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Folder</source>
-            <translation type="unfinished"></translation>
+            <translation>フォルダー</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Loops that are the same are not copied twice.</source>
-            <translation type="unfinished"></translation>
+            <translation>同じループは二重にコピーされません。</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Other folder…</source>
-            <translation type="unfinished"></translation>
+            <translation>別のフォルダー…</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/backup_panel.cpp"></location>
             <source>Put a backup back onto the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>バックアップをペダルに復元</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>%n copies on this computer, %1. Above 2 GB the oldest are removed.</source>
             <comment>%n copy on this computer, %1. Above 2 GB the oldest are removed.</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>このコンピューターにコピー %n 個、%1。2 GB を超えると古いものから削除されます。</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>A loop is copied here before you erase or replace it.</source>
-            <translation type="unfinished"></translation>
+            <translation>消去や置き換えの前に、ループがここにコピーされます。</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Bring Back</source>
-            <translation type="unfinished"></translation>
+            <translation>元に戻す</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Bring back loops that were erased or replaced</source>
-            <translation type="unfinished"></translation>
+            <translation>消去または置き換えたループを元に戻す</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Keep Copies is off: what you erase or replace now is gone.</source>
-            <translation type="unfinished"></translation>
+            <translation>「コピーを保管」はオフです。今消去または置き換えたものは元に戻せません。</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>No copies on this computer.</source>
-            <translation type="unfinished"></translation>
+            <translation>このコンピューターにコピーはありません。</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Nothing to bring back</source>
-            <translation type="unfinished"></translation>
+            <translation>元に戻すものはありません</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back.cpp"></location>
             <source>Nothing to bring back.</source>
-            <translation type="unfinished"></translation>
+            <translation>元に戻すものはありません。</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>%1, %2, %3, %4</source>
-            <translation type="unfinished"></translation>
+            <translation>%1、%2、%3、%4</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to %1</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 へ</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to slot %1</source>
-            <translation type="unfinished"></translation>
+            <translation>スロット %1 へ</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to slot %1, empty</source>
-            <translation type="unfinished"></translation>
+            <translation>スロット %1（空）へ</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_row.cpp"></location>
             <source>to slot %1, replaces its loop</source>
-            <translation type="unfinished"></translation>
+            <translation>スロット %1 へ、ループを置き換え</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/bring_back_targets.cpp"></location>
             <source>Slots</source>
-            <translation type="unfinished"></translation>
+            <translation>スロット</translation>
         </message>
         <message numerus="yes">
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>%n problems were found</source>
             <comment>%n problem was found</comment>
-            <translation type="unfinished">
-                <numerusform></numerusform>
+            <translation>
+                <numerusform>%n 件の問題が見つかりました</numerusform>
             </translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Copies what was found, as text</source>
-            <translation type="unfinished"></translation>
+            <translation>診断結果をテキストとしてコピー</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>Copy</source>
-            <translation type="unfinished"></translation>
+            <translation>コピー</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Doctor</source>
-            <translation type="unfinished"></translation>
+            <translation>診断</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Looking at the pedal and this computer…</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルとこのコンピューターを調べています…</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>No problems were found</source>
-            <translation type="unfinished"></translation>
+            <translation>問題は見つかりませんでした</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>OK: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>OK：%1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Problem: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>問題：%1</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/doctor_panel.cpp"></location>
             <source>Save Report…</source>
-            <translation type="unfinished"></translation>
+            <translation>レポートを保存…</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>About...</source>
-            <translation type="unfinished"></translation>
+            <translation>このアプリについて...</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Choose a firmware file for the pedal</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルのファームウェアファイルを選択</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Close menu</source>
-            <translation type="unfinished"></translation>
+            <translation>メニューを閉じる</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Firmware Update...</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアの更新...</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Firmware files</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアファイル</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Select Firmware...</source>
-            <translation type="unfinished"></translation>
+            <translation>ファームウェアを選択...</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/menu.cpp"></location>
             <source>Software Update...</source>
-            <translation type="unfinished"></translation>
+            <translation>ソフトウェアの更新...</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/progress.cpp"></location>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 of %2 – %3%</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 / %2 – %3%</translation>
         </message>
         <message>
             <location filename="../../src/ui/panels/progress.cpp"></location>
             <source>Transferred</source>
-            <translation type="unfinished"></translation>
+            <translation>転送済み</translation>
         </message>
         <message>
             <location filename="../../src/ui/qt_dialogs.cpp"></location>
             <source>All files</source>
-            <translation type="unfinished"></translation>
+            <translation>すべてのファイル</translation>
         </message>
         <message>
             <location filename="../../src/ui/shield.cpp"></location>
             <source>The 7306 is busy</source>
-            <translation type="unfinished"></translation>
+            <translation>7306 は使用中です</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_list.cpp"></location>
             <source>Nothing has happened yet.</source>
-            <translation type="unfinished"></translation>
+            <translation>まだ何も行われていません。</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_list.cpp"></location>
             <location filename="../../src/ui/status/status_sentence.cpp"></location>
             <source>Recent results</source>
-            <translation type="unfinished"></translation>
+            <translation>最近の結果</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>%1 %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 %2。</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>%1, %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1、%2。</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/outcome_row.cpp"></location>
             <source>%1, failed, %2.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1、失敗、%2。</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_line.cpp"></location>
             <source>%1, button.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1、ボタン。</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_line.cpp"></location>
             <source>Failed: %1.</source>
-            <translation type="unfinished"></translation>
+            <translation>失敗：%1。</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_sentence.cpp"></location>
             <source>Failed: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>失敗：%1</translation>
         </message>
         <message>
             <location filename="../../src/ui/status/status_sentence.cpp"></location>
             <source>Shows the recent results</source>
-            <translation type="unfinished"></translation>
+            <translation>最近の結果を表示</translation>
         </message>
         <message>
             <location filename="../../src/updates/app_image.cpp"></location>
             <source>the path of the program or of its previous version is not a file</source>
-            <translation type="unfinished"></translation>
+            <translation>プログラムまたは以前のバージョンのパスがファイルではありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/app_image.cpp"></location>
             <source>the previous version cannot be kept</source>
-            <translation type="unfinished"></translation>
+            <translation>以前のバージョンを保管できません</translation>
         </message>
         <message>
             <location filename="../../src/updates/app_image.cpp"></location>
             <source>the program no longer exists</source>
-            <translation type="unfinished"></translation>
+            <translation>プログラムがなくなっています</translation>
         </message>
         <message>
             <location filename="../../src/updates/firmware_texts.cpp"></location>
             <source>KZQ7306 %1 is now available—you have %2. Would you like to install it now?</source>
-            <translation type="unfinished"></translation>
+            <translation>KZQ7306 %1 が利用できます（現在は %2）。今すぐインストールしますか？</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>another program is downloading the same file</source>
-            <translation type="unfinished"></translation>
+            <translation>別のプログラムが同じファイルをダウンロード中です</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the download cannot be made ready to start</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロードを準備できません</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the download cannot be moved into place</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロードしたファイルを移動できません</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the download cannot be stored</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロードしたデータを保存できません</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <source>the file at the path for the download belongs to another user</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロード先のファイルは別のユーザーのものです</translation>
         </message>
         <message>
             <location filename="../../src/updates/part_file.cpp"></location>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the path for the download is not a file</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロード先のパスがファイルではありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>not an https address</source>
-            <translation type="unfinished"></translation>
+            <translation>https のアドレスではありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>redirected to an address that is not https</source>
-            <translation type="unfinished"></translation>
+            <translation>https でないアドレスにリダイレクトされました</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>redirected too often</source>
-            <translation type="unfinished"></translation>
+            <translation>リダイレクトの回数が多すぎます</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the download took too long</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロードに時間がかかりすぎました</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the file could not be stored</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルを保存できませんでした</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the file is shorter than stated</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルが通知されたサイズより小さくなっています</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the file is too long</source>
-            <translation type="unfinished"></translation>
+            <translation>ファイルが大きすぎます</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the server stopped answering</source>
-            <translation type="unfinished"></translation>
+            <translation>サーバーが応答しなくなりました</translation>
         </message>
         <message>
             <location filename="../../src/updates/qt_http_client.cpp"></location>
             <source>the stated length is too large</source>
-            <translation type="unfinished"></translation>
+            <translation>通知されたサイズが大きすぎます</translation>
         </message>
         <message>
             <location filename="../../src/updates/self_check.cpp"></location>
             <source>it cannot be started</source>
-            <translation type="unfinished"></translation>
+            <translation>起動できません</translation>
         </message>
         <message>
             <location filename="../../src/updates/self_check.cpp"></location>
             <source>it does not answer</source>
-            <translation type="unfinished"></translation>
+            <translation>応答しません</translation>
         </message>
         <message>
             <location filename="../../src/updates/self_check.cpp"></location>
             <source>it ends with an error</source>
-            <translation type="unfinished"></translation>
+            <translation>エラーで終了します</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the package installer could not be started; install this package yourself: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>パッケージのインストーラーを起動できませんでした。このパッケージを手動でインストールしてください：%1</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the signature of the update is wrong</source>
-            <translation type="unfinished"></translation>
+            <translation>更新の署名が正しくありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the update is not signed</source>
-            <translation type="unfinished"></translation>
+            <translation>更新に署名がありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the update's address is not secure</source>
-            <translation type="unfinished"></translation>
+            <translation>更新のアドレスが安全ではありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the update's length is missing or out of range</source>
-            <translation type="unfinished"></translation>
+            <translation>更新のサイズがないか、範囲外です</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the updated program could not be started; quit and start it again</source>
-            <translation type="unfinished"></translation>
+            <translation>更新したプログラムを起動できませんでした。終了して、もう一度起動してください</translation>
         </message>
         <message>
             <location filename="../../src/updates/su_updater.cpp"></location>
             <source>the website %1 could not be opened</source>
-            <translation type="unfinished"></translation>
+            <translation>ウェブサイト %1 を開けませんでした</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the length of the update is not the stated one</source>
-            <translation type="unfinished"></translation>
+            <translation>更新のサイズが通知されたものと異なります</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the update is not an AppImage</source>
-            <translation type="unfinished"></translation>
+            <translation>更新が AppImage ではありません</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the update is not the one that was signed</source>
-            <translation type="unfinished"></translation>
+            <translation>署名された更新と異なります</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_download.cpp"></location>
             <source>the update is not verified</source>
-            <translation type="unfinished"></translation>
+            <translation>更新が検証されていません</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>it is another version than stated</source>
-            <translation type="unfinished"></translation>
+            <translation>通知されたものと異なるバージョンです</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the list of updates could not be read: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>更新の一覧を読み込めませんでした：%1</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the list of updates is damaged</source>
-            <translation type="unfinished"></translation>
+            <translation>更新の一覧が破損しています</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the new version does not work: %1; the program in place was not changed</source>
-            <translation type="unfinished"></translation>
+            <translation>新しいバージョンが動作しません：%1。現在のプログラムは変更されていません</translation>
         </message>
         <message>
             <location filename="../../src/updates/update_job.cpp"></location>
             <source>the update could not be downloaded: %1</source>
-            <translation type="unfinished"></translation>
+            <translation>更新をダウンロードできませんでした：%1</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/firmware_updater_progress.cpp"></location>
             <source>%1 of %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 / %2</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update.cpp"></location>
             <source>The pedal is busy. Try again later.</source>
-            <translation type="unfinished"></translation>
+            <translation>ペダルは使用中です。後でもう一度お試しください。</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is installed. Would you like to start it now?</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 をインストールしました。今すぐ起動しますか？</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is now available—you have %2. This copy cannot update itself.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 が利用できます（現在は %2）。このプログラムは自動では更新できません。</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is now available—you have %2. Would you like to install it now?</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 が利用できます（現在は %2）。今すぐインストールしますか？</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>%1 is the newest version available.</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 は最新バージョンです。</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Checking for updates…</source>
-            <translation type="unfinished"></translation>
+            <translation>更新を確認中…</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Checking the download…</source>
-            <translation type="unfinished"></translation>
+            <translation>ダウンロードを検証中…</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Downloading %1…</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 をダウンロード中…</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Follow its steps, then quit this program and start it again.</source>
-            <translation type="unfinished"></translation>
+            <translation>インストーラーの手順に従った後、このプログラムを終了して、もう一度起動してください。</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Installing %1…</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 をインストール中…</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Restart</source>
-            <translation type="unfinished"></translation>
+            <translation>再起動</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>The package installer has taken over.</source>
-            <translation type="unfinished"></translation>
+            <translation>パッケージのインストーラーに引き継ぎました。</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>The program could not be updated.</source>
-            <translation type="unfinished"></translation>
+            <translation>プログラムを更新できませんでした。</translation>
         </message>
         <message>
             <location filename="../../src/updates/windows/software_update_view.cpp"></location>
             <source>Website</source>
-            <translation type="unfinished"></translation>
+            <translation>ウェブサイト</translation>
         </message>
         <message>
             <location filename="../../src/words/words.cpp"></location>
             <source>%1 %2</source>
-            <translation type="unfinished"></translation>
+            <translation>%1 %2</translation>
         </message>
     </context>
 </TS>
