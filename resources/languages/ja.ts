@@ -855,7 +855,7 @@ Its loops will appear here.</source>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>Export tab, computer to pedal</source>
-        <translation>エクスポートタブ、コンピューターからペダルへ</translation>
+        <translation>エクスポートタブ、PCからペダルへ</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
@@ -866,7 +866,7 @@ Its loops will appear here.</source>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>Import tab, pedal to computer</source>
-        <translation>インポートタブ、ペダルからコンピューターへ</translation>
+        <translation>インポートタブ、ペダルからPCへ</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
@@ -904,12 +904,12 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>computer to pedal</source>
-        <translation>コンピューターからペダルへ</translation>
+        <translation>PCからペダルへ</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>pedal to computer</source>
-        <translation>ペダルからコンピューターへ</translation>
+        <translation>ペダルからPCへ</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
