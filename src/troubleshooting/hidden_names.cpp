@@ -15,6 +15,9 @@ constexpr std::array systemFolders{"/dev/", "/etc/", "/lib/", "/proc/", "/run/ud
 
 /// In them, and yet with what people name.
 constexpr std::array foreignFolders{"/dev/shm", "/usr/local"};
+/// Other than those of ASCII.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 4> quotes{
+    {{"\u201e", "\u201c"}, {"\u201c", "\u201d"}, {"\u300c", "\u300d"}, {"\u00ab", "\u00bb"}}};
 /// To folders that may be anywhere.
 constexpr std::array ways{"/..", "/cwd", "/root"};
 
@@ -23,12 +26,31 @@ bool isPartOfWord(char c) {
            (static_cast<unsigned char>(c) & 0x80U) != 0;  // of a letter beyond ASCII
 }
 
+/// Whether it begins a sign of two bytes that is a letter; signs of three are quotes, or of languages that
+/// put no blanks between words.
+bool isLetter(char lead) {
+    const auto byte = static_cast<unsigned char>(lead);
+    return byte >= 0xC3 && byte <= 0xDF;
+}
+
+bool endsWord(std::string_view before) {
+    const bool ascii = before.empty() || (static_cast<unsigned char>(before.back()) & 0x80U) == 0;
+    return !before.empty() &&
+           (ascii ? isPartOfWord(before.back()) : before.size() > 1 && isLetter(before[before.size() - 2]));
+}
+
+bool beginsWord(std::string_view after) {
+    const bool ascii = after.empty() || (static_cast<unsigned char>(after.front()) & 0x80U) == 0;
+    return !after.empty() && (ascii ? isPartOfWord(after.front()) : isLetter(after.front()));
+}
+
 /// Replaces `word` where no letter or digit stands beside it.
 std::string replaced(std::string text, std::string_view word, const std::function<std::string()>& by) {
     for (auto at = text.find(word); !word.empty() && at != std::string::npos; at = text.find(word, at)) {
         const auto end = at + word.size();
-        const bool before = at > 0 && isPartOfWord(text[at - 1]) && isPartOfWord(word.front());
-        const bool after = end < text.size() && isPartOfWord(text[end]) && isPartOfWord(word.back());
+        const std::string_view whole = text;
+        const bool before = endsWord(whole.substr(0, at)) && isPartOfWord(word.front());
+        const bool after = beginsWord(whole.substr(end)) && isPartOfWord(word.back());
         if (before || after) {
             ++at;
             continue;
@@ -41,8 +63,7 @@ std::string replaced(std::string text, std::string_view word, const std::functio
 }
 
 bool beginsPath(std::string_view text, std::size_t at) {
-    return text[at] == '/' && (at == 0 || !isPartOfWord(text[at - 1])) && at + 1 < text.size() &&
-           text[at + 1] != ' ';
+    return text[at] == '/' && !endsWord(text.substr(0, at)) && at + 1 < text.size() && text[at + 1] != ' ';
 }
 
 std::size_t endOfWord(std::string_view text, std::size_t at) {
@@ -61,6 +82,11 @@ std::size_t endOfQuoted(std::string_view text, std::size_t at, char quote) {
 std::size_t endOfPath(std::string_view text, std::size_t at, bool inWords) {
     if (at > 0 && (text[at - 1] == '"' || text[at - 1] == '\'')) {
         return endOfQuoted(text, at, text[at - 1]);
+    }
+    for (const auto& [opens, closes] : quotes) {
+        if (text.substr(0, at).ends_with(opens)) {
+            return std::min(text.find(closes, at), text.size());
+        }
     }
     return inWords ? endOfWord(text, at) : std::min(text.find('\n', at), text.size());
 }

@@ -26,6 +26,9 @@ TroubleReport exampleReport() {
                     "14:07:33 files: [/srv/bands]", "14:07:33 files: |/srv/bands",
                     R"(14:07:33 files: '/srv/o'\''bands' left)", "14:07:33 files: /dev/shm/bands",
                     "14:07:33 files: /usr/local/bands", "14:07:33 files: /proc/7/cwd/bands",
+                    "14:07:33 application: \u201eFirst kiss.ogg\u201c ist nicht lesbar",
+                    "14:07:33 application: In \u201e/media/ann/Old stick\u201c ist wenig Platz",
+                    "14:07:33 application: First kiss.ogg\u3092\u4fdd\u5b58 \u300c/srv/bands\u300d",
                     "14:07:34 audio: Anna sang on the annex of ann"},
             .owner = {"/home/ann", "ann"}};
 }
