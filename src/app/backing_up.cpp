@@ -152,6 +152,7 @@ void BackingUp::tableChanged() {
         startOver();
     } else if (compared && !doubt_().isStill(since_)) {
         forgetCompared();
+        gaveUp_ = std::exchange(doubted_, true);  // reading the loops may be what moves the pedal's sequence
         show();
         goOn();
     }

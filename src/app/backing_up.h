@@ -85,6 +85,7 @@ class BackingUp : Fixed {
     std::map<SlotNumber, Compared> known_;
     Doubt since_;             ///< when the first of that was learnt
     bool comparing_ = false;  ///< a flow is
+    bool doubted_ = false;    ///< what was compared for this table was forgotten once
     bool gaveUp_ = false;     ///< the pedal cannot be read
 };
 

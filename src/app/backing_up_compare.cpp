@@ -15,6 +15,7 @@ void BackingUp::startOver() {
     shown_ = std::make_shared<int>();
     loops_ = parts_.model.table();
     known_.clear();
+    doubted_ = false;
     forgetCompared();
     show();
     checkFiles();
