@@ -44,7 +44,9 @@ Descriptor createNew(int folder, const std::string& name) {
 /// Whether it is locked, where that can be, and was not taken for one that was left just before.
 bool isClaimed(int folder, const std::string& name, int file) {
     const bool taken = ::flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-    return !taken && isStillNamed(folder, name, file);
+    struct stat named {};
+    const bool gone = ::fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
+    return !taken && !gone;
 }
 
 int syncFile(int file) {

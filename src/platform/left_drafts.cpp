@@ -3,8 +3,12 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <ctime>
 #include <functional>
 #include <system_error>
@@ -32,9 +36,22 @@ void forEachDraft(const std::filesystem::path& folder, const Look& look) {
     }
 }
 
+/// Whether another computer may write there, whose locks are not seen here.
+bool mayBeShared(const std::filesystem::path& folder) {
+    // as statfs(2) gives them: NFS, SMB in two versions, FUSE, 9p
+    constexpr std::array<std::uint32_t, 5> shared{0x6969, 0xFF534D42, 0xFE534D42, 0x65735546, 0x01021997};
+    struct statfs facts {};
+    return ::statfs(folder.c_str(), &facts) != 0 ||
+           std::ranges::find(shared, static_cast<std::uint32_t>(facts.f_type)) != shared.end();
+}
+
 }  // namespace
 
 void removeDeadDrafts(const std::filesystem::path& folder) {
+    if (mayBeShared(folder)) {
+        removeOldDrafts(folder);
+        return;
+    }
     forEachDraft(folder, [](const auto& draft, const auto& /*facts*/) {
         const Descriptor file(::open(draft.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
         if (file && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
