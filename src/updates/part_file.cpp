@@ -84,7 +84,8 @@ Result<void> PartFile::seal(std::filesystem::perms permissions) {
     const auto same = "/proc/self/fd/" + std::to_string(file_.get());
     Descriptor reader(::open(same.c_str(), O_RDONLY | O_CLOEXEC));
     const auto mode = static_cast<mode_t>(permissions | std::filesystem::perms::owner_write);
-    if (!reader || ::fchmod(reader.get(), mode) != 0) {
+    // On the disk before anything makes room for it: a disk that is full now changes nothing.
+    if (!reader || ::fchmod(reader.get(), mode) != 0 || ::fsync(reader.get()) != 0) {
         return trouble(english("the download cannot be made ready to start"), errno);
     }
     std::exchange(file_, std::move(reader)).close();  // which ends the lock
