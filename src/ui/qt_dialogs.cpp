@@ -93,13 +93,12 @@ QString QtDialogs::choose(QFileDialog* chooser) {
             popup->close();
         }
     });
-    const auto accepted = dialog->exec() == QDialog::Accepted;
-    if (dialog.isNull()) {
-        return {};
-    }
-    const auto files = dialog->selectedFiles();
+    // as accepted: closing the list changes what is selected
+    QStringList files;
+    QObject::connect(dialog, &QFileDialog::filesSelected, [&files](const auto& taken) { files = taken; });
+    dialog->exec();
     delete dialog.data();
-    if (!accepted || files.size() != 1) {
+    if (files.size() != 1) {
         return {};
     }
     const QFileInfo file(files.first());
