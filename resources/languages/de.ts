@@ -329,6 +329,11 @@
         <source>Try again</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <location filename="../../src/app/backup_flow.cpp"/>
+        <source>the last loop</source>
+        <translation>der letzte Loop</translation>
+    </message>
     <message numerus="yes">
         <location filename="../../src/app/bring_back_flow.cpp"/>
         <source>%1 are staged</source>

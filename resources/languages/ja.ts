@@ -320,6 +320,11 @@
         <source>Try again</source>
         <translation>再試行</translation>
     </message>
+    <message>
+        <location filename="../../src/app/backup_flow.cpp"/>
+        <source>the last loop</source>
+        <translation>最後のループ</translation>
+    </message>
     <message numerus="yes">
         <location filename="../../src/app/bring_back_flow.cpp"/>
         <source>%1 are staged</source>

@@ -65,7 +65,7 @@ class BackUp {
             return {.outcome = {.end = status.error()}, .snapshot = {}};
         }
         if (status->loops.empty()) {
-            return {.outcome = {.end = Trouble{Trouble::Kind::changed, "the last loop", 0, "erased"}},
+            return {.outcome = {.end = Trouble{Trouble::Kind::changed, words("the last loop"), 0, "erased"}},
                     .snapshot = {}};
         }
         for (const auto& [slot, loop] : status->loops) {
@@ -97,7 +97,9 @@ class BackUp {
                                    return can;
                                }};
             parts_.teller.tell(toldBackup(end, asked_, folder_), backupJob,
-                               end.outcome.whole() ? showing(parts_.environment, folder_) : again);
+                               end.outcome.whole()            ? showing(parts_.environment, folder_)
+                               : parts_.model.table().empty() ? Remedy()
+                                                              : again);
         }
         parts_.teller.idle(work_);
     }

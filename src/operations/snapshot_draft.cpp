@@ -131,7 +131,7 @@ bool SnapshotDraft::wasSaved(SlotNumber slot, const Loop& loop) const {
 
 bool SnapshotDraft::isFree(SlotNumber slot, const Loop& loop) const {
     return wasSaved(slot, loop) || (links_ && std::ranges::any_of(sources_, [&](const Source& source) {
-                                        return source.index.hasLengthOf(slot, loop);
+                                        return !source.interrupted() && source.index.hasLengthOf(slot, loop);
                                     }));
 }
 

@@ -13,7 +13,7 @@ namespace kzq {
 // where a catalogue has none. Any thread.
 //
 // A text is a whole sentence, or a phrase that stands alone; never half of what is put together elsewhere,
-// since other languages put it together differently. Log lines, JSON, names of files and "Loop 7" stay as
+// since other languages put it together differently. JSON, log tags, names of files and "Loop 7" stay as
 // they are. tools/texts finds the literals in calls of words() and english(); run it after a change.
 
 /// A text as it is looked up.
