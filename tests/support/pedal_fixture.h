@@ -33,7 +33,7 @@ inline Bytes noise(std::size_t frames, std::uint32_t seed) {
 /// test, the program must not send anything that a correct one never sends.
 class PedalTest : public DeviceLinkTest {
   protected:
-    explicit PedalTest(char stage = stageNormal) : pedal(executor, {memory(), "1.05", stage}) {
+    PedalTest() : pedal(executor, {memory(), "1.05", stageNormal}) {
         load(port);
         pedal.plugIn();
         start();
