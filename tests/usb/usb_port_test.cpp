@@ -387,20 +387,5 @@ TEST_F(InFlight, WhatIsLeftUnreadIsTakenBack) {
     EXPECT_EQ(read().first, whole_);
 }
 
-TEST_F(InFlight, AllEndWithAResetAndWithADeparture) {
-    for (const bool leaves : {false, true}) {
-        plan(FaultKind::silence, Fault::Where::bulkIn);
-        auto blocked = std::async(std::launch::async, [this] { return read().second; });
-        EXPECT_TRUE(bus_.waitUntilBlocked(mostReadsInFlight));
-        if (leaves) {
-            pedal_.unplug();
-        } else {
-            EXPECT_EQ(handle_->reset(), usbSuccess);
-        }
-        EXPECT_EQ(soon(blocked), usbNoDevice);
-        EXPECT_EQ(bus_.held(), 0);
-    }
-}
-
 }  // namespace
 }  // namespace kzq
