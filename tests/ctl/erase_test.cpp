@@ -6,7 +6,6 @@
 namespace kzq::test {
 namespace {
 
-using namespace std::chrono_literals;
 using ctl::Answer;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -28,22 +27,6 @@ TEST_F(ToolTest, EraseAsksAndTellsWhatIsEmptyAlready) {
     EXPECT_EQ(pedal.memory(), simulator::PedalMemory());
     EXPECT_EQ(sent(0xED), 3);
     EXPECT_THAT(pedal.violations(), IsEmpty());
-}
-
-TEST_F(ToolTest, WhatIsNotErasedIsNotCalledErased) {
-    pedal.plugIn();
-    plan("refuse@ED");
-    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::someFailed);
-    EXPECT_EQ(err.str(), "kzq7306ctl: Loop 2 was not erased: it is still on the pedal.\n");
-    EXPECT_THAT(out.str(), HasSubstr("2 of 3 loops erased.\n"));
-    plan("refuse@ED");
-    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::pedalRefused);
-
-    plan("unplug@ED");  // a request to nobody reads like a consent
-    EXPECT_EQ(run({"erase", "--all", "--yes"}), ExitCode::noPedal);
-    EXPECT_THAT(out.str(), testing::Not(HasSubstr("erased.")));
-    EXPECT_EQ(err.str(), "kzq7306ctl: The pedal was unplugged. Some of the loops may have been erased.\n");
-    EXPECT_TRUE(pedal.memory()[1]);
 }
 
 TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {

@@ -142,29 +142,6 @@ TEST_F(ToolTest, TheDoctorRemovesWhatItInstalled) {
     EXPECT_EQ(commands, "rm -f /etc/a && udevadm control");
 }
 
-struct BadAnswer {
-    const char* fault;
-    ExitCode code;
-    const char* sentence;
-    double seconds;
-};
-class BadAnswers : public ToolTest, public testing::WithParamInterface<BadAnswer> {};
-
-TEST_P(BadAnswers, AreToldAndNotListed) {
-    pedal.plugIn();
-    plan(GetParam().fault);
-    EXPECT_EQ(run({"list", "--patience", "12"}), GetParam().code);
-    EXPECT_THAT(err.str(), StartsWith(std::string("kzq7306ctl: ") + GetParam().sentence));
-    EXPECT_THAT(out.str(), IsEmpty());
-    EXPECT_NEAR(seconds(), GetParam().seconds, 0.25);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Faults, BadAnswers,
-    testing::Values(BadAnswer{"stall@EB+", ExitCode::pedalRefused, "The pedal did not report its loops", 0},
-                    BadAnswer{"unplug@EC", ExitCode::noPedal, "The pedal was unplugged.\n", 0},
-                    BadAnswer{"silence@EA", ExitCode::pedalRefused, "The pedal stopped answering.", 12}));
-
 TEST_F(ToolTest, PatienceCoversOpeningThePedal) {
     port.openPace = std::chrono::hours(1);
     pedal.plugIn();
