@@ -17,7 +17,7 @@ class BackupWork : public OperationTest {
         auto ended = run([this] {
             const auto now = work->status();
             total = bytesToRead(now->loops);
-            return runBackup(*work, {generations, *now, [this] { return stamp; }, free}, events());
+            return runBackup(*work, {generations, *now, [this] { return stamp; }}, events());
         });
         snapshot = ended.snapshot;
         return ended.outcome;
@@ -46,7 +46,6 @@ class BackupWork : public OperationTest {
 
     Generations generations{folder};
     std::string stamp = "2026-11-22 14-02-31";
-    FreeSpace free = [](const auto&) { return std::nullopt; };
     std::optional<Snapshot> snapshot;
     std::uint64_t total = 0;
 };
@@ -129,16 +128,6 @@ TEST_F(BackupWork, WhatIsNotSeenToBeOursStays) {
     EXPECT_EQ(snapshot->name, "2026-11-22 14-02-32-02");
     std::filesystem::create_directory(folder / "9999-99-99 99-99-99-4294967295");
     EXPECT_FALSE(backup().whole()) << "no name comes after that one";
-}
-
-TEST_F(BackupWork, WhatAnEarlierRunSavedCountsAsDoneAndTakesNoSpace) {
-    cutAt(11);
-    free = [](const auto&) { return std::optional<std::uint64_t>(264'800 + 2'000); };  // loops 11 and 20
-    OperationTest::plan("unplug@in");
-    const auto outcome = backup();
-    EXPECT_EQ(end(outcome), "unplugged");
-    EXPECT_EQ(outcome.done(), 3U);
-    EXPECT_EQ(outcome.wanted, 5U);
 }
 
 TEST_F(BackupWork, ABackupOfAnOlderVersionIsTheFirst) {

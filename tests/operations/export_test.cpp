@@ -1,7 +1,6 @@
 #include "operations/export.h"
 
 #include "operation_fixture.h"
-#include "operations/verify.h"
 #include "platform/little_endian.h"
 
 namespace kzq::test {
@@ -138,34 +137,6 @@ TEST_F(ExportTest, ThePedalHasTheLastWordOnWhatItHolds) {
     pedal.setLoop(1, std::nullopt);
     EXPECT_THAT(texts(write(order())), ElementsAre("2 sent short-loop", "3 written", "4 sent short-loop"));
     pedal.setMemoryListener({});
-}
-
-TEST_F(ExportTest, WhatWasWrittenIsReadBackInARunOfItsOwn) {
-    auto all = order();
-    all.verify = true;
-    const auto written = write(all).slots;
-    const auto verify = [&] {
-        hold({});
-        return run([&] { return runVerify(*work, written, events()); });
-    };
-    EXPECT_TRUE(verify().whole());
-    EXPECT_THAT(said, ElementsAre("2 compared", "3 compared", "4 compared"));
-    EXPECT_EQ(count("E2 1 0"), 0);
-
-    auto other = noise(300, 3);
-    other.at(900) ^= 1U;
-    pedal.setLoop(2, simulator::StoredLoop{other, 100, 1});
-    plan("refuse@E1");
-    EXPECT_EQ(verify().done(), 1U);
-    EXPECT_THAT(said, ElementsAre("2 written refused", "3 written differs", "4 compared"));
-
-    onMove = [this](SlotNumber slot, auto) {
-        if (slot == 3_slot) {
-            cancel();
-        }
-    };
-    EXPECT_EQ(end(verify()), "cancelled");
-    EXPECT_THAT(said, ElementsAre("2 compared"));
 }
 
 TEST(ExportOrder, WhatShrinksGoesFirst) {

@@ -32,9 +32,6 @@ class FlashWork : public OperationTest {
         return run(
             [this] { return runFlash(*work, image, {.phase = [this](Phase phase) { enter(phase); }}); });
     }
-    FlashEnd confirm(const FlashEnd& sent) {
-        return run([&] { return confirmFlash(*work, sent, {}); });
-    }
     /// Where and why nothing was sent to its end.
     std::string failure(const FlashEnd& end) const {
         EXPECT_EQ(end.how, How::notSent);
@@ -51,19 +48,6 @@ class FlashWork : public OperationTest {
     std::vector<Phase> phases;
     std::function<void(Phase)> onPhase = [](auto) {};
 };
-
-TEST_F(FlashWork, IsConfirmedOnceThePedalHasReportedItsVersion) {
-    const auto sent = flash();
-    EXPECT_EQ(sent.how, How::sent);
-    EXPECT_EQ(sent.why, std::nullopt);
-    EXPECT_EQ(pedal.installedFirmware(), image);
-    EXPECT_THAT(phases,
-                ElementsAre(Phase::asking, Phase::restarting, Phase::left, Phase::sending, Phase::sent));
-    const auto end = confirm(sent);
-    EXPECT_EQ(end.how, How::confirmed);
-    EXPECT_EQ(end.version, "1.06");
-    EXPECT_LT(executor.elapsed(), 14s);
-}
 
 TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
     plan("refuse@E4");
