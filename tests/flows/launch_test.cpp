@@ -5,24 +5,11 @@
 
 #include "app/application.h"
 #include "flow_fixture.h"
-#include "slots/slot_field.h"
-#include "slots/slot_field_editor.h"
 #include "updates/windows/software_update.h"
 
 namespace kzq::test {
 
 namespace {
-
-TEST_F(FlowTest, LaunchShowsTheWindowAndThePedalThatIsThere) {
-    pedal.plugIn();
-    launch();
-    EXPECT_FALSE(delegate->menuOpen());
-    EXPECT_TRUE(importRow(1).occupied());  // a pedal that was there already
-    EXPECT_EQ(delegate->windowWillReturnFieldEditor(window.get(), window->importButton()), nullptr);
-    EXPECT_NE(delegate->windowWillReturnFieldEditor(window.get(), importRow(1).field()), nullptr);
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_FALSE(delegate->about()->isVisible());
-}
 
 TEST_F(FlowTest, WithoutAPedalNothingCanBeSelectedAndTheRemedyIsShown) {
     launch();

@@ -1,7 +1,6 @@
 #include "app/listening.h"
 
 #include <QTest>
-#include <random>
 
 #include "audio/wave.h"
 #include "flow_fixture.h"
@@ -351,49 +350,6 @@ TEST_F(ListeningTest, WithoutASoundDeviceNothingIsRead) {
     EXPECT_EQ(moved.back(), 1);
     EXPECT_TRUE(std::ranges::is_sorted(moved));
     EXPECT_THAT(sent(0xE1), ElementsAre(4, 0));
-}
-
-TEST_F(ListeningTest, TwoMinutesOfClicking) {
-    begin();
-    port.pace = 3ms;
-    std::mt19937 random(7306);
-    const auto any = [&random](unsigned most) { return static_cast<unsigned>(random() % most); };
-    const std::array<std::uint8_t, 4> rows{1, 3, 5, 20};
-    for (Executor::Duration passed{}; passed < 2min;) {
-        switch (any(24)) {
-            case 0:
-                delegate->listening().stop();
-                break;
-            case 1:
-                select({3});
-                window->importButton()->click();
-                ASSERT_TRUE(becomesIdle());
-                break;
-            case 2:
-                pedal.setBusy(any(2) == 0);
-                break;
-            case 3:
-                pedal.unplug();
-                pass(600ms);
-                plugIn();
-                break;
-            default:
-                press(rows.at(any(4)));
-        }
-        const auto time = std::chrono::milliseconds(any(400));
-        pass(time);
-        passed += time;
-        output.take(1000);
-        const auto playing = std::ranges::count_if(
-            delegate->importSlots(), [](const auto& row) { return row->sound().ring == Ring::playing; });
-        ASSERT_EQ(playing, output.plays() ? 1 : 0);
-        ASSERT_EQ(delegate->listening().playing(), output.plays());
-    }
-    pedal.setBusy(false);
-    pass(20s);
-    delegate->listening().stop();
-    EXPECT_THAT(line(), testing::Not(testing::HasSubstr("Reading")));
-    hear(5);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include <QUrl>
 
 #include "flow_fixture.h"
-#include "slots/slot_field.h"
 #include "ui/x_button.h"
 
 namespace kzq::test {
@@ -100,28 +99,6 @@ TEST_F(FlowTest, TheLastDropOnARowWinsHoweverLongItsConversionTook) {
     EXPECT_EQ(exportRow(2).name(), "quick");
     EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 120U);
     EXPECT_EQ(workingCopies(), 1);
-}
-
-TEST_F(FlowTest, TheImportSelectionFollowsTheCheckboxes) {
-    launchConnected();
-    select({3});
-    type(3, " tape ");
-    select({20});  // ends the renaming of another row
-    EXPECT_FALSE(importRow(3).field()->isEditable());
-    EXPECT_EQ(importRow(3).customImportName(), "tape");
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(3_slot, 20_slot));
-    EXPECT_TRUE(window->importButton()->isEnabled() && window->eraseButton()->isEnabled());
-    select({3, 20});
-    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
-    EXPECT_FALSE(window->importButton()->isEnabled() || window->eraseButton()->isEnabled());
-    window->selectAllButton()->click();
-    EXPECT_THAT(delegate->selectedImportSlots(), ElementsAre(1_slot, 3_slot, 20_slot));
-    type(3, "half typed");
-    window->deselectAllButton()->click();
-    EXPECT_EQ(importRow(3).field()->currentEditor(), nullptr);
-    EXPECT_EQ(importRow(3).name(), "Loop 3");
-    EXPECT_THAT(delegate->selectedImportSlots(), IsEmpty());
-    EXPECT_FALSE(importRow(20).selected() || window->eraseButton()->isEnabled());
 }
 
 }  // namespace

@@ -57,28 +57,6 @@ TEST_F(FlowTest, AnImportOntoAFullDiskSaysWhatIsMissingAndTriesItAgain) {
     EXPECT_EQ(dialogs.take().back(), "file://" + folder.string());
 }
 
-TEST_F(FlowTest, AScreenReaderIsToldWhatOthersSee) {
-    launch();
-    const auto spoken = [this] {
-        auto& words = window->statusLine().words();
-        const auto said = words.accessibleName().toStdString();
-        words.setAccessibleName({});
-        return said;
-    };
-    plugIn();
-    EXPECT_EQ(spoken(), "7306 connected, 3 loops, 23 minutes 59 seconds free.");
-    EXPECT_EQ(window->meter()->accessibleDescription(), "0 seconds of 24 minutes in use");
-    stage(3, 44'100 * 31);
-    EXPECT_EQ(spoken(), "song 3 staged for Loop 3, 31 seconds, replaces a loop of 0 seconds.");
-    EXPECT_EQ(exportRow(3).button()->accessibleDescription(), "song 3, 31 seconds, staged, replaces a loop");
-    EXPECT_EQ(window->meter()->used(), 31);
-    EXPECT_EQ(spoken(), "") << "once";
-    pedal.unplug();
-    pass(0s);
-    EXPECT_EQ(spoken(), "7306 disconnected.");
-    EXPECT_TRUE(line().starts_with("No pedal connected")) << "and it is not an outcome";
-}
-
 TEST_F(FlowTest, AMissingRuleIsSetUpAndTheImportGoesOn) {
     bool missing = true;  // here the file says what the link would
     writeFile = [&missing](const auto& place, auto name, auto extension, auto bytes) {
