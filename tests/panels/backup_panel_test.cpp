@@ -67,16 +67,6 @@ TEST_F(BackupPanelTest, RowsAreReadByArrowsAndReturnRestores) {
     EXPECT_FALSE(panel.isVisible());
 }
 
-TEST_F(BackupPanelTest, WhatCannotBeDoneSaysWhyAndCannotBePressed) {
-    panel.setReady(false, "This backup cannot be restored: its index is damaged", "damaged");
-    EXPECT_EQ(panel.headline(), "This backup cannot be restored: its index is damaged");
-    EXPECT_EQ(panel.accessibleDescription(),
-              "This backup cannot be restored: its index is damaged. 11 same, 1 new.");
-    EXPECT_EQ(panel.focusWidget(), &panel.decline());
-    QTest::keyClick(panel.rows()[0], Qt::Key_Return);
-    EXPECT_FALSE(wanted);
-}
-
 }  // namespace
 
 }  // namespace kzq::test

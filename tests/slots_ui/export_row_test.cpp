@@ -7,27 +7,6 @@ using testing::ElementsAre;
 
 class ExportRow : public RowFixture {};
 
-TEST_F(ExportRow, ShowsEveryStateOfStagedWrittenAndOccupied) {
-    const struct {
-        bool staged, written, occupied;
-        const char *text, *field;
-    } cases[] = {
-        {false, false, false, "", "Off"},      {false, false, true, "Loop 2", "Off"},
-        {true, false, false, "verse.1", "On"}, {true, false, true, "verse.1", "overwrite"},
-        {true, true, true, "complete", "Off"},
-    };
-    auto& row = exportRow(2);
-    for (const auto& state : cases) {
-        row.setOccupied(state.occupied);
-        row.setExporting(state.staged ? std::optional(QUrl::fromLocalFile("/tmp/a b/verse.1.wav"))
-                                      : std::nullopt);
-        row.setExported(state.written);
-        EXPECT_EQ(fieldText(row), state.text);
-        EXPECT_EQ(row.background()->image(), QString("Export_field_") + state.field);
-        EXPECT_EQ(row.x()->isVisible(), state.staged && !state.written);
-    }
-}
-
 TEST_F(ExportRow, TheAddButtonResetsTheFieldBeforeTheActionAndIsNeverOn) {
     auto& row = exportRow(3);
     stage(row, "/x/riff.wav");

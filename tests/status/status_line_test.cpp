@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QMenuBar>
@@ -106,19 +105,6 @@ TEST_F(StatusLineTest, AnOutcomeThatComesWhileTheListIsOpenIsInItAndItsActionWor
     EXPECT_TRUE(line.list().rows()[1]->hasFocus()) << "the focus stays with its outcome";
     press(*line.list().rows().back()->remedy());
     EXPECT_EQ(tries, 1);
-}
-
-TEST_F(StatusLineTest, AScreenReaderSeesANotificationWithWordsForTheMark) {
-    tell("2 of 10 loops saved", "no space left on the disk");
-    auto* const told = QAccessible::queryAccessibleInterface(&line.words());
-    EXPECT_EQ(told->role(), QAccessible::Notification);
-    EXPECT_EQ(told->text(QAccessible::Name),
-              "Failed: 2 of 10 loops saved: no space left on the disk. Try again, button.");
-    press(line.link());
-    EXPECT_EQ(tries, 1);
-    line.openList(Qt::ShortcutFocusReason);
-    EXPECT_TRUE(line.list().rows().front()->spoken().endsWith(
-        ", failed, 2 of 10 loops saved. No space left on the disk. Loop 3 is still on the pedal."));
 }
 
 }  // namespace
