@@ -15,6 +15,7 @@
 #include "slots/slot.h"
 #include "ui/alert_panel.h"
 #include "ui/fitted_label.h"
+#include "ui/image_button.h"
 #include "ui/panels/about.h"
 #include "ui/panels/about_window.h"
 #include "ui/panels/bring_back.h"
@@ -23,6 +24,8 @@
 #include "ui/panels/menu_view.h"
 #include "ui/panels/progress.h"
 #include "ui/picture_button.h"
+#include "ui/picture_view.h"
+#include "ui/pictures.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
@@ -75,6 +78,17 @@ QString faultOf(QString text) {
     return depth == 0 ? QString() : "is cut";
 }
 
+QString pictureOf(const QWidget& widget) {
+    if (const auto* const view = qobject_cast<const PictureView*>(&widget)) {
+        return view->picture();
+    }
+    if (const auto* const button = qobject_cast<const PictureButton*>(&widget)) {
+        return button->picture();
+    }
+    const auto* const button = qobject_cast<const ImageButton*>(&widget);
+    return button != nullptr ? button->pictureName() : QString();
+}
+
 class Languages : public testing::TestWithParam<int> {
   protected:
     Languages() {
@@ -101,6 +115,8 @@ class Languages : public testing::TestWithParam<int> {
             << "\": " << text.toStdString();
     }
     void lookAt(QWidget& widget) {
+        const auto shown = pictureOf(widget);
+        EXPECT_TRUE(shown.isEmpty() || picture(shown)) << shown.toStdString() << " is not there";
         auto* const told = QAccessible::queryAccessibleInterface(&widget);
         for (const auto kind : {QAccessible::Name, QAccessible::Description, QAccessible::Value}) {
             look(told != nullptr ? told->text(kind) : QString(), widget);
