@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -80,16 +79,6 @@ TEST_P(NewFileTest, ManyWritersOfOneNameEachGetTheirOwnFile) {
     }
     EXPECT_EQ(all.size(), writers * each);
     EXPECT_EQ(names().size(), writers * each);
-}
-
-TEST_P(NewFileTest, FailureLeavesNothing) {
-    const auto missing = writeNewFile(folder_ / "missing", "a", ".wav", bytesOf("x"), GetParam());
-    EXPECT_EQ(missing.error(), (Trouble{Trouble::Kind::file, "create", ENOENT}));
-    std::ofstream(folder_ / "file") << "x";
-    const auto below = writeNewFile(folder_ / "file", "a", ".wav", bytesOf("x"), GetParam());
-    EXPECT_EQ(below.error(), (Trouble{Trouble::Kind::file, "create", ENOTDIR}));
-    std::filesystem::remove(folder_ / "file");
-    EXPECT_THAT(names(), ::testing::IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(everyRoad, NewFileTest,

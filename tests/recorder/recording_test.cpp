@@ -1,19 +1,14 @@
 #include "device/recorder/recording.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <sstream>
 
 #include "device/recorder/pcapng.h"
-#include "device/recorder/recording_file.h"
 
 namespace kzq::recorder {
 namespace {
-
-using testing::ElementsAre;
 
 /// The line that is wrong.
 std::string refusal(const std::string& recording) {
@@ -72,15 +67,6 @@ TEST(Recording, BecomesACaptureWithOrWithoutTheAudio) {
     EXPECT_THAT(whole, testing::HasSubstr("\xAA\xBB\xCC\xDD"));
     EXPECT_EQ(captured(false).size(), whole.size() - 4);
     EXPECT_THAT(captured(false), testing::Not(testing::HasSubstr("\xAA\xBB\xCC\xDD")));
-}
-
-TEST(Recording, AFullDiskIsToldOnceAndHurtsNobody) {
-    std::vector<int> told;
-    RecordingFile file(Descriptor(::open("/dev/full", O_WRONLY | O_CLOEXEC)),
-                       [&told](const Trouble& trouble) { told.push_back(trouble.error); });
-    file.write("one");
-    file.write("two");
-    EXPECT_THAT(told, ElementsAre(ENOSPC));
 }
 
 }  // namespace
