@@ -164,7 +164,8 @@ class Walk(unittest.TestCase):
         self.addCleanup(maker.close)
         memory = pedal(L1=44100 * 2, L3=44100 * 60)
         with Program("--authorities", maker.authority, "--fault", "silence@in:9000",
-                     simulate=f"--simulate={memory}", host=maker.host) as program:
+                     simulate=f"--simulate={memory}", host=maker.host,
+                     environment={"HOME": tempfile.mkdtemp(prefix="home")}) as program:
             program.ready()
             program.connected()
             key("ctrl+2")
