@@ -9,6 +9,8 @@ namespace {
 
 /// Keyboards wait for longer than that before they repeat, and taps are shorter.
 constexpr quint64 longestTap = 100;
+/// No keyboard waits for longer before it repeats.
+constexpr quint64 longestSilence = 2'000;
 /// Between a repeat's release and its press when the machine is busy. Nobody's finger is that fast.
 constexpr quint64 oneMoment = 20;
 /// Until the press of a repeat has come.
@@ -32,6 +34,10 @@ bool KeyGuard::Last::repeats(quint32 next, quint64 time) const {
            between(pressed, *released) >= longestTap;
 }
 
+bool KeyGuard::Last::goesOn(quint32 next, quint64 time) const {
+    return next == key && between(heard, time) <= longestSilence;
+}
+
 KeyGuard::Verdict KeyGuard::judge(QWindow& window, const QKeyEvent& event) {
     const auto key = keyOf(event);
     if (std::exchange(coming_, false)) {
@@ -46,8 +52,12 @@ KeyGuard::Verdict KeyGuard::pressed(quint32 key, const QKeyEvent& event) {
         kept_.reset();  // it was no release
     } else {
         release();
-        last_ = {key, event.timestamp(), std::nullopt};
+        if (down_.contains(key) && !last_.goesOn(key, event.timestamp())) {
+            letGo(key);
+        }
+        last_ = {key, event.timestamp(), event.timestamp(), std::nullopt};
     }
+    last_.heard = event.timestamp();
     down_.insert(key);
     if (!alertTakes(key, true)) {
         return Verdict::nothing;

@@ -21,7 +21,9 @@ namespace kzq {
 /// down for longer than a tap, and by that they are recognised here. So the release of such a key is kept
 /// back for a moment, until it is clear that no press follows.
 ///
-/// An alert takes no key that was down when it opened, and none before it could be read.
+/// An alert takes no key that was down when it opened, and none before it could be read. While it comes up,
+/// the toolkit drops what is let go over the window below. So a key that comes again after another, or after
+/// a longer silence than any keyboard's, was let go unseen.
 class KeyGuard {
   public:
     enum class Verdict {
@@ -66,8 +68,11 @@ class KeyGuard {
     struct Last {
         quint32 key = 0;
         quint64 pressed = 0;
+        quint64 heard = 0;  ///< its last event, a repeat too
         std::optional<quint64> released;
         bool repeats(quint32 next, quint64 time) const;
+        /// Whether a press at this time may be of the same long one.
+        bool goesOn(quint32 next, quint64 time) const;
     };
 
     Verdict pressed(quint32 key, const QKeyEvent& event);

@@ -153,6 +153,20 @@ TEST_F(HeldKeys, DoNotAnswerTheQuestionThatTheyRaised) {
     });
     erase.click();
     EXPECT_THAT(answers, ElementsAre(alertSecondButton, alertSecondButton, alertThirdButton));
+    for (const bool another : {true, false}) {  // key since then, or a long silence
+        whileAsked([&](QWindow& alert) {        // Return was let go while the alert came up, seen by nobody
+            executor.advance(another ? 400ms : 2001ms);
+            if (another) {
+                press(alert, Qt::Key_Tab);
+                release(alert, Qt::Key_Tab);
+            }
+            press(alert, Qt::Key_Return);
+        });
+        press(button, Qt::Key_Return);
+        release(button, Qt::Key_Return);
+    }
+    EXPECT_THAT(answers, ElementsAre(alertSecondButton, alertSecondButton, alertThirdButton, alertFirstButton,
+                                     alertSecondButton));
 }
 
 }  // namespace
