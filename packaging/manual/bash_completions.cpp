@@ -101,9 +101,10 @@ void writeBash(std::ostream& out, const ProgramText& program) {
     out << "    esac\n    case \"$command\" in\n";
     for (const auto& command : program.commands) {
         const auto kind = kindOf(command.positionals);
-        const std::string names =
+        std::string names =
             kind == ValueKind::command ? top : joined(command.children) + " " + namesOf(command.options);
-        writeWords(out, command.name, names + " " + globals, kind);
+        names += " " + globals;
+        writeWords(out, command.name, names, kind);
     }
     writeWords(out, "", top + " " + globals, kindOf(program.positionals));
     out << "    esac\n"

@@ -79,7 +79,7 @@ void writePage(std::ostream& out, const ProgramText& program, const std::vector<
     std::string what = program.description;
     what.erase(what.find_last_not_of('.') + 1);
     what.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(what.front())));
-    out << ".TH " << upper(program.name) << " 1 \"\" \"7306 Loop Manager " << program.version << "\"\n"
+    out << ".TH " << upper(program.name) << R"( 1 "" "7306 Loop Manager )" << program.version << "\"\n"
         << ".SH NAME\n"
         << program.name << " \\- " << escaped(what) << "\n"
         << ".SH SYNOPSIS\n.B " << program.name << "\n[\\fIOPTIONS\\fR]";

@@ -10,6 +10,6 @@ class AppDelegate;
 struct AppParts;
 
 /// What the menu bar does to the window. The entries outlive both, and do nothing then.
-MenuBarActions menuActions(const std::shared_ptr<AppDelegate>& controller, AppParts& parts);
+MenuBarActions menuActions(const std::shared_ptr<AppDelegate>& owner, AppParts& parts);
 
 }  // namespace kzq

@@ -192,6 +192,47 @@ struct Bus {
     std::unique_ptr<UsbPort> recording;
 };
 
+/// What the tool needs of the computer. All that is handed in outlives it.
+ctl::Environment environmentOf(const ctl::Options& options, Executor& executor, const Bus& bus,
+                               QtHttpClient& http, ctl::Signals& signals) {
+    const auto tail = std::make_shared<LogTail>();
+    const bool real = !options.simulate && options.replay.empty();
+    return {.executor = executor,
+            .usb = bus.port(),
+            .out = std::cout,
+            .err = std::cerr,
+            .terminal = ::isatty(STDOUT_FILENO) == 1,
+            .systemMinorVersion = systemMinorVersion,
+            .ask = ctl::askOnTerminal,
+            .convert = convert,
+            .input = ctl::readStandardInput,
+            .workingFolder = [] { return RunFolder::ofThisRun().path(); },
+            .finished = leave,
+            .http = &http,
+            .manifest = firmwareManifestAddress(options.host),
+            .home = homeFolder(),
+            .keepAwake = [] { return keepAwake(AwakeFor::firmware); },
+            .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
+            .backedUp =
+                [real] {
+                    if (real) {
+                        rememberBackup(homeFolder());
+                    }
+                },
+            .diagnose = [real] { return real ? diagnose() : simulatedFindings(); },
+            .examine = [real] { return real ? diagnoseByTrying() : simulatedFindings(); },
+            .removal = [real] { return real ? removal() : std::string(); },
+            .capture = recorder::capture,
+            .asRoot = rootShell(),
+            .report =
+                [tail] {
+                    return TroubleReport{
+                        .versions = versions(), .log = tail->lines(), .owner = {homeFolder(), loginName()}};
+                },
+            .logged = noteTaker(bus.recorder, tail),
+            .keys = UpdateBuild::ofThisProgram().keys};
+}
+
 int run(const ctl::Options& options, ctl::Signals& signals) {
     // Qt's part of the web and of D-Bus wants one.
     int count = 1;
@@ -210,43 +251,7 @@ int run(const ctl::Options& options, ctl::Signals& signals) {
                         options.json);
     }
     QtHttpClient http(*authorities);
-    const auto tail = std::make_shared<LogTail>();
-    const bool real = !options.simulate && options.replay.empty();
-    const ctl::Environment environment{
-        .executor = executor,
-        .usb = bus.port(),
-        .out = std::cout,
-        .err = std::cerr,
-        .terminal = ::isatty(STDOUT_FILENO) == 1,
-        .systemMinorVersion = systemMinorVersion,
-        .ask = ctl::askOnTerminal,
-        .convert = convert,
-        .input = ctl::readStandardInput,
-        .workingFolder = [] { return RunFolder::ofThisRun().path(); },
-        .finished = leave,
-        .http = &http,
-        .manifest = firmwareManifestAddress(options.host),
-        .home = homeFolder(),
-        .keepAwake = [] { return keepAwake(AwakeFor::firmware); },
-        .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
-        .backedUp =
-            [real] {
-                if (real) {
-                    rememberBackup(homeFolder());
-                }
-            },
-        .diagnose = [real] { return real ? diagnose() : simulatedFindings(); },
-        .examine = [real] { return real ? diagnoseByTrying() : simulatedFindings(); },
-        .removal = [real] { return real ? removal() : std::string(); },
-        .capture = recorder::capture,
-        .asRoot = rootShell(),
-        .report =
-            [tail] {
-                return TroubleReport{
-                    .versions = versions(), .log = tail->lines(), .owner = {homeFolder(), loginName()}};
-            },
-        .logged = noteTaker(bus.recorder, tail),
-        .keys = UpdateBuild::ofThisProgram().keys};
+    const auto environment = environmentOf(options, executor, bus, http, signals);
     ctl::Tool tool(options, environment);
     signals.listen(
         executor, [&tool] { tool.interrupt(); },

@@ -273,7 +273,7 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     Result<std::size_t> send(ByteView bytes, Gone& gone);
     Result<Bytes> readLoop(SlotNumber slot, const TransferProgress& progress, const AudioPiece& piece);
     Result<Bytes> readAudio(const Loop& loop, SlotNumber slot, const TransferProgress& progress,
-                            const AudioPiece& piece);
+                            const AudioPiece& heard);
     Result<std::uint32_t> sendLoop(const ExportInfo& info, const TransferProgress& progress);
     Result<std::uint32_t> sendAudio(const ExportInfo& info, ByteView audio, const TransferProgress& progress);
 

@@ -88,8 +88,8 @@ std::vector<SlotNumber> Backup::missingFirst() const {
     for (const auto& [slot, loop] : loops_) {
         order.push_back(slot);
     }
-    std::ranges::stable_partition(order,
-                                  [this](auto slot) { return !draft_->wasSaved(slot, *loops_.find(slot)); });
+    std::stable_partition(order.begin(), order.end(),
+                          [this](auto slot) { return !draft_->wasSaved(slot, *loops_.find(slot)); });
     return order;
 }
 

@@ -27,7 +27,7 @@ std::optional<Qt::LayoutDirection> directionAtEnd(const QString& text) {
 QString cutText(const QString& text, const QFontMetricsF& metrics, double width, Qt::LayoutDirection within) {
     constexpr QChar leftToRightMark(0x200E);
     constexpr QChar rightToLeftMark(0x200F);
-    const auto cut = metrics.elidedText(text, Qt::ElideRight, width);
+    auto cut = metrics.elidedText(text, Qt::ElideRight, width);
     const auto end = directionAtEnd(cut).value_or(within);
     if (cut == text || end == within) {
         return cut;

@@ -94,7 +94,8 @@ void FocusRing::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     const auto given = control_->property("focusRingRadius");
-    const auto radius = onScreen((given.isValid() ? given.toInt() : usualRadius) + distance + thickness / 2);
+    const auto radius =
+        onScreen((given.isValid() ? given.toInt() : usualRadius) + distance + thickness / 2.0);
     const auto inset = stroke() / 2.0;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

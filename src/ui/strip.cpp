@@ -104,8 +104,7 @@ void Strip::paint(ScaledPainter& painter, bool whole) const {
     }
 }
 
-void Strip::paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& loop,
-                       const QString& figures) const {
+void Strip::paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& loop, const QString& figures) {
     const QRectF body(at, tape);
     painter.setPen(Qt::NoPen);
     painter.setBrush(shadow());

@@ -35,8 +35,8 @@ class Strip : public QWidget {
 
   private:
     void paint(ScaledPainter& painter, bool whole) const;
-    void paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& loop,
-                    const QString& figures) const;
+    static void paintStrip(ScaledPainter& painter, QPointF at, const CarriedLoop& loop,
+                           const QString& figures);
     void paintCount(ScaledPainter& painter, QPointF at) const;
 
     std::vector<CarriedLoop> loops_;

@@ -13,7 +13,7 @@ namespace {
 
 class Folder : public QLabel {
   public:
-    explicit Folder(const QString& folder) : folder_(folder) {
+    explicit Folder(QString folder) : folder_(std::move(folder)) {
         setWindowTitle("Folder");
         setText("Drop files here");
         setGeometry(20, 40, 160, 80);

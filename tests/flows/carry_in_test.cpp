@@ -38,7 +38,7 @@ class CarryIn : public FlowTest {
         executor.settle();
         return enter.isAccepted();
     }
-    void leave(QWidget& target) {
+    static void leave(QWidget& target) {
         QDragLeaveEvent away;
         QApplication::sendEvent(&target, &away);
     }

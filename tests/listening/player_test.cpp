@@ -105,8 +105,8 @@ TEST(Samples, SixteenBitsDoNotClip) {
 
 TEST(PeaksTest, TheyAreFoundInPieces) {
     Bytes audio(961 * 6);
-    audio[2] = 0x7F;            // the first sample
-    audio[960 * 6 + 5] = 0x80;  // the last: the lowest there is
+    audio[2] = 0x7F;     // the first sample
+    audio[5765] = 0x80;  // the last: the lowest there is
     PeakFinder finder({961});
     for (const auto byte : audio) {
         finder.add(ByteView(&byte, 1));

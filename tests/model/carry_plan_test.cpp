@@ -8,6 +8,7 @@ namespace {
 using testing::ElementsAre;
 
 constexpr std::uint64_t second = framesPerSecond;
+const std::vector<SlotNumber> someFree{2_slot, 5_slot, 6_slot, 9_slot};
 
 class CarryPlanTest : public testing::Test {
   protected:
@@ -18,8 +19,7 @@ class CarryPlanTest : public testing::Test {
         loops.put(1_slot, Loop{.samples = static_cast<std::uint32_t>(capacityFrames - seconds * second)});
         model.arrived(loops);
     }
-    CarryPlan plan(std::vector<CarriedFile> files,
-                   std::vector<SlotNumber> free = {2_slot, 5_slot, 6_slot, 9_slot}) {
+    CarryPlan plan(std::vector<CarriedFile> files, const std::vector<SlotNumber>& free = someFree) {
         return {model, free, std::move(files)};
     }
     static CarriedFile file(const char* name, std::optional<std::uint64_t> seconds, bool readable = true) {

@@ -72,8 +72,11 @@ std::string rowsOf(const std::string& name) {
             places +=
                 (places.empty() ? "" : ", ") + std::string(place < phases.size() ? phases.at(place) : "–");
         }
-        text += "| " + row.first + " | " + places + " | " + pedal + " | " + computer + " | " + line + " | " +
-                (exit < 0 ? "–" : std::to_string(exit)) + " |\n";
+        for (const auto& cell :
+             {row.first, places, pedal, computer, line, exit < 0 ? "–" : std::to_string(exit)}) {
+            text.append("| ").append(cell).append(" ");
+        }
+        text += "|\n";
     }
     return text;
 }

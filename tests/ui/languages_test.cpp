@@ -55,7 +55,7 @@ std::string stretched(const Text& text) {
 /// What is wrong with a text that should have been looked up as a whole; sentences and lists may follow each
 /// other. Numbers, names of loops and of the product are in no language.
 QString faultOf(QString text) {
-    static const QRegularExpression free("Loop (\\d+|Manager)|\\d+ (B|KB|MB)|www\\.\\S+|\\.\\w+");
+    static const QRegularExpression free(R"(Loop (\d+|Manager)|\d+ (B|KB|MB)|www\.\S+|\.\w+)");
     text.remove(free);
     int depth = 0;
     QChar before = ' ';  // the last sign of the last pair, but for what makes it longer
@@ -169,7 +169,7 @@ TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
             row->setOccupied(number % 2 == 1);
             row->setTempo(120);
             if (number % 4 == 1) {
-                row->setLength({framesPerSecond * 8});
+                row->setLength({std::uint64_t{framesPerSecond} * 8});
                 RowSound sound;
                 sound.ring = RowSound::Ring::playing;
                 sound.compares = true;
@@ -252,8 +252,8 @@ TEST_P(Languages, ThePanelsShowNothingButTranslations) {
         for (const auto slot : allSlots()) {
             shown.changes.push_back({.slot = slot,
                                      .kind = static_cast<BackupChange::Kind>(slot.number() % 7),
-                                     .onPedal = Frames{framesPerSecond * 58},
-                                     .inBackup = Frames{framesPerSecond * 8}});
+                                     .onPedal = Frames{std::uint64_t{framesPerSecond} * 58},
+                                     .inBackup = Frames{std::uint64_t{framesPerSecond} * 8}});
         }
         BackupPanel panel(kind, nullptr);
         panel.setOffers({toQt(words("no backup yet"))}, {}, 0);

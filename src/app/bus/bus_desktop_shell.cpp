@@ -78,7 +78,7 @@ void BusDesktopShell::notify(const QString& sentence) {
 }
 
 /// Comes before the click.
-void BusDesktopShell::tokenGiven(uint id, const QString& token) {
+void BusDesktopShell::tokenGiven(uint id, const QString& token) const {
     if (id == shown_) {
         letComeForward(token.toUtf8());
     }

@@ -22,11 +22,9 @@ class BusDesktopShell : public QObject, public DesktopShell {
     void notify(const QString& sentence) override;
     void setClicked(std::function<void()> clicked) override { clicked_ = std::move(clicked); }
 
-  private Q_SLOTS:
-    void tokenGiven(uint id, const QString& token);
-    void actionInvoked(uint id, const QString& action);
-
   private:
+    Q_SLOT void tokenGiven(uint id, const QString& token) const;
+    Q_SLOT void actionInvoked(uint id, const QString& action);
     void listen();
 
     QDBusConnection bus_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <ranges>
 
 namespace kzq {
 
@@ -66,8 +67,8 @@ int ReadsInFlight::submitOne(std::uint8_t endpoint, std::size_t length) {
 }
 
 void ReadsInFlight::takeBack() {
-    for (auto read = underWay_.rbegin(); read != underWay_.rend(); ++read) {  // or bytes would move up
-        read->transfer.cancel();
+    for (auto& read : std::views::reverse(underWay_)) {  // or bytes would move up
+        read.transfer.cancel();
     }
     for (auto& read : underWay_) {
         read.transfer.wait();

@@ -177,7 +177,7 @@ class QtAudioOutput::Device : public QObject {
 
 class QtAudioOutput::Thread : public QThread {
   public:
-    explicit Thread(const std::shared_ptr<Known>& known) : known_(known) {
+    explicit Thread(std::shared_ptr<Known> known) : known_(std::move(known)) {
         context_.moveToThread(this);
         start();
     }

@@ -43,9 +43,7 @@ QString keepLine() {
 
 BringBack::BringBack(QWidget* window)
     : QDialog(window, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      area_(new QScrollArea(this)),
-      ring_(nullptr),
-      targets_(nullptr) {
+      area_(new QScrollArea(this)) {
     Scale::ofProgram().take(*this);
     setWindowTitle(toQt(words("Bring Back")));
     setWindowModality(Qt::WindowModal);

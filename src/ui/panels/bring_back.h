@@ -74,8 +74,8 @@ class BringBack : public QDialog {
     CheckBox* keep_ = nullptr;
     AlertButton* decline_ = nullptr;
     AlertButton* accept_ = nullptr;
-    FocusRing* ring_;
-    BringBackTargets* targets_;
+    FocusRing* ring_ = nullptr;
+    BringBackTargets* targets_ = nullptr;
     BringBackRow* choosing_ = nullptr;  ///< whose target is chosen
     std::vector<BringBackRow*> rows_;
     std::optional<std::set<unsigned>> loops_;

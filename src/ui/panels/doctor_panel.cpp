@@ -67,8 +67,9 @@ void DoctorPanel::look() {
 }
 
 void DoctorPanel::setChecks(std::vector<DoctorCheck> checks) {
-    const auto good = std::ranges::stable_partition(checks, &DoctorCheck::trouble);  // comes last
-    const auto troubles = checks.size() - good.size();
+    const auto good =
+        std::stable_partition(checks.begin(), checks.end(), [](const auto& check) { return check.trouble; });
+    const auto troubles = static_cast<std::uint64_t>(good - checks.begin());
     fill(checks);
     copy_->setEnabled(!checks.empty());
     say(toQt(troubles == 0 ? words("No problems were found")
