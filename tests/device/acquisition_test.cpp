@@ -87,19 +87,6 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
     }
 }
 
-TEST_F(Acquisition, ASuccessTakesTheReasonAway) {
-    load(usb);
-    start();
-    usb.openResult = usbAccess;
-    usb.arrive();
-    executor.settle();
-    EXPECT_EQ(looper().acquisitionTrouble(), Trouble{Trouble::Kind::noPermission});
-    usb.openResult = usbSuccess;
-    usb.arrive();
-    executor.settle();
-    EXPECT_EQ(looper().acquisitionTrouble(), std::nullopt);
-}
-
 TEST_F(Acquisition, ADriverThatCannotBeDetachedDoesNotStopIt) {
     usb.driverActive = usbIo;  // anything but 0 counts as active
     usb.detachResult = usbNotSupported;
@@ -161,18 +148,6 @@ TEST_F(Acquisition, RequestsTravelInTheirOddOrder) {
     EXPECT_EQ(looper().control(0xEF, 0x2A, 7, 9), KZQ7306::Reply(8));
     looper().abortBulkTransfer(pedalBulkOut, false);
     EXPECT_THAT(usb.calls, ElementsAre("E3/2A 4464 1 [8]", "EB/2A 1 0 [60]", "EF/2A 7 9 [8]", "reset"));
-}
-
-TEST_F(Acquisition, BulkTransfersGoOnUntilAllHasMoved) {
-    loadPresent();
-    usb.calls.clear();
-    usb.bulk = [](std::size_t size, std::size_t& transferred) {
-        transferred = (size + 1) / 2;
-        return usbSuccess;
-    };
-    EXPECT_EQ(looper().read(7)->size(), 7U);
-    EXPECT_TRUE(looper().write(std::vector<std::uint8_t>(3)));
-    EXPECT_THAT(usb.calls, ElementsAre("in 7", "in 3", "in 1", "out 3", "out 1"));
 }
 
 }  // namespace

@@ -102,15 +102,6 @@ TEST_F(Export, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
                                        "out 1024", "reset", "EF 1 0"));
 }
 
-TEST_F(Export, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
-    EXPECT_FALSE(exportLoops());
-    stageFrames(2, 1);
-    pedal.setBusy(true);
-    EXPECT_FALSE(exportLoops());
-    executor.settle();
-    EXPECT_THAT(actions(), IsEmpty());
-}
-
 class Erase : public PedalTest {
   protected:
     bool eraseLoops(std::vector<std::uint8_t> slots) {

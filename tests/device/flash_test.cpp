@@ -51,40 +51,5 @@ TEST_F(Flashing, SendsANormalPedalIntoItsLoaderAndGoesOnWhenItReturns) {
     EXPECT_EQ(executor.mainThreadWaits(), 0U);
 }
 
-TEST_F(Flashing, StaysPendingWhileThePedalIsAwayAndGoesOnWheneverItComes) {
-    pedal.setReturns(false);
-    flash(Bytes{1});
-    executor.advance(10min);
-    EXPECT_THAT(results, IsEmpty());
-    EXPECT_EQ(looper().operation(), KZQ7306::flashing);
-    EXPECT_FALSE(flash(Bytes{2}));
-    pedal.setStage('p');  // its normal firmware is not what is waited for
-    pedal.plugIn();
-    executor.advance(1min);
-    EXPECT_THAT(results, IsEmpty());
-    EXPECT_TRUE(looper().flashPending());
-    pedal.unplug();
-    pedal.setStage('b');
-    pedal.setReturns(true);
-    pedal.plugIn();
-    executor.advance(1min);
-    EXPECT_THAT(results, ElementsAre(true));
-    EXPECT_EQ(pedal.installedFirmware(), Bytes{1});
-}
-
-TEST_F(Flashing, RefusesWhatIsIncompleteAndEndsOnARefusal) {
-    EXPECT_FALSE(flash({}));
-    EXPECT_FALSE(looper().flashFirmware(Bytes{1}, nullptr));
-    EXPECT_FALSE(looper().beginFirmwareUpdate());
-    EXPECT_FALSE(looper().completeFirmwareUpdate());
-    executor.settle();
-    EXPECT_THAT(actions(), IsEmpty());
-    pedal.plan({FaultKind::refuse, Where::control, 0xE4, 1});
-    EXPECT_TRUE(flash(Bytes{1}));
-    executor.advance(1min);
-    EXPECT_THAT(results, ElementsAre(false));
-    EXPECT_THAT(actions(), ElementsAre("E4 1 0"));
-}
-
 }  // namespace
 }  // namespace kzq::test

@@ -105,20 +105,6 @@ TEST_F(Import, CancelBetweenAcceptanceAndStartReadsNothing) {
     EXPECT_THAT(wire(), ElementsAre("E8 1 0", "reset", "EF 1 0"));
 }
 
-TEST_F(Import, RefusesWhatIsIncompleteAndWhatComesWhileBusy) {
-    pedal.setBusy(true);
-    pedal.clearJournal();
-    EXPECT_FALSE(importLoops({}));
-    EXPECT_THAT(wire(), ElementsAre("E8 1 0"));  // whether it is busy comes first
-    pedal.setBusy(false);
-    looper().setCancel(true);
-    looper().setOperation(KZQ7306::flashing);
-    EXPECT_FALSE(importLoops({1}));
-    EXPECT_TRUE(looper().cancel());  // only an accepted batch clears it
-    executor.settle();
-    EXPECT_THAT(counts, IsEmpty());
-}
-
 TEST_F(Import, ASecondStartIsRefusedFromTheMomentTheFirstIsAccepted) {
     EXPECT_TRUE(importLoops({1}));
     EXPECT_EQ(looper().operation(), KZQ7306::idle);  // it has not begun
@@ -132,28 +118,6 @@ TEST_F(Import, ASecondStartIsRefusedFromTheMomentTheFirstIsAccepted) {
     EXPECT_TRUE(importLoops({11}));
     executor.settle();
     EXPECT_THAT(counts, ElementsAre(1, 1));
-}
-
-TEST_F(Import, ADepartureInMidReadEndsTheBatchAtOnceAndIsToldAfterIt) {
-    pedal.plan({FaultKind::silence, Where::bulkIn, {}, 3});
-    importLoops({3, 11});
-    executor.advance(1min);
-    EXPECT_THAT(counts, IsEmpty());  // the pedal says nothing, and no time limit ends the read
-    EXPECT_EQ(looper().operation(), KZQ7306::importingOrErasing);
-    pedal.unplug();
-    executor.settle();
-    EXPECT_THAT(order, ElementsAre(3, 11));
-    EXPECT_THAT(counts, ElementsAre(0));
-    EXPECT_THAT(delegate->events, ElementsAre("connected p@0", "disconnected@60000"));
-    EXPECT_EQ(port.openHandles(), 0);
-
-    pedal.plugIn();
-    executor.settle();
-    EXPECT_EQ(delegate->events.back(), "connected p@60000");
-    EXPECT_TRUE(importLoops({11}));
-    executor.settle();
-    expectWhole(11);
-    EXPECT_EQ(executor.mainThreadWaits(), 0U);
 }
 
 }  // namespace

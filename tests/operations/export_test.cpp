@@ -139,15 +139,5 @@ TEST_F(ExportTest, ThePedalHasTheLastWordOnWhatItHolds) {
     pedal.setMemoryListener({});
 }
 
-TEST(ExportOrder, WhatShrinksGoesFirst) {
-    const Loops loops = {{1_slot, {.samples = 10}}, {2_slot, {.samples = 90}}, {3_slot, {.samples = 50}}};
-    Exports exports;
-    for (const auto& [slot, frames] :
-         std::map<SlotNumber, std::uint64_t>{{1_slot, 90}, {2_slot, 10}, {3_slot, 45}, {4_slot, 5}}) {
-        exports[slot] = {"x", slot.number(), loops.contains(slot), frames * 6};
-    }
-    EXPECT_THAT(inOrderOfGrowth(exports, loops), ElementsAre(2_slot, 3_slot, 1_slot, 4_slot));
-}
-
 }  // namespace
 }  // namespace kzq::test

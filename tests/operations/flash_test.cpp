@@ -20,13 +20,6 @@ class FlashWork : public OperationTest {
     void limits(Executor::Duration silence, bool leaveBehind = true) {
         hold({.silence = silence, .leaveBehind = leaveBehind});
     }
-    void blank() {
-        pedal.unplug();
-        pedal.setStage('b');
-        pedal.plugIn();
-        executor.settle();
-        limits(work->limits().silence, work->limits().leaveBehind);
-    }
     FlashEnd flash() {
         phases.clear();
         return run(
@@ -101,13 +94,6 @@ TEST_F(FlashWork, WithoutALimitAStopStillComesToAnEnd) {
     executor.mainAfter(30min, [this] { cancel(); });
     EXPECT_EQ(failure(), "no-return");
     EXPECT_EQ(executor.elapsed() / 1min, 31);
-}
-
-TEST_F(FlashWork, UnpluggedAndPluggedInAgainInThePauseIsUnplugged) {
-    blank();
-    executor.mainAfter(3s, [this] { pedal.unplug(); });
-    executor.mainAfter(4s, [this] { pedal.plugIn(); });
-    EXPECT_EQ(failure(), "unplugged");
 }
 
 }  // namespace
