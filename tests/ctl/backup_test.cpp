@@ -98,14 +98,5 @@ TEST_F(BackupTest, GenerationsAreListedAndCompared) {
                 HasSubstr("backup.json\" is not a backup index. Nothing was changed. Choose another"));
 }
 
-TEST_F(BackupTest, LoopsOfTwoMomentsAreNoBackup) {
-    port.pace = 10ms;
-    start({"backup", folder});
-    executor.advance(75ms);  // loops 2 and 5 are saved
-    pedal.setLoop(1, loopOf(10, 1));
-    EXPECT_EQ(finish(), ExitCode::pedalRefused);
-    EXPECT_THAT(err.str(), HasSubstr("changed during the backup"));
-}
-
 }  // namespace
 }  // namespace kzq::test

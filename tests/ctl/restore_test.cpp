@@ -56,15 +56,6 @@ TEST_F(RestoreTest, OnlyWhatDiffersIsChangedAfterAQuestion) {
     EXPECT_EQ(questions.size(), 3U) << "no question where nothing changes";
 }
 
-TEST_F(RestoreTest, WhatEndsItIsTold) {
-    EXPECT_EQ(backup(), ExitCode::ok);
-    pedal.setLoop(1, std::nullopt);
-    plan("unplug@out:8");  // loop 2 takes six writes, loop 20 nine
-    pedal.setLoop(19, std::nullopt);
-    EXPECT_EQ(restore(), ExitCode::noPedal);
-    EXPECT_THAT(out.str(), HasSubstr("1 of 2 changes made. Run the same command again to continue.\n"));
-}
-
 TEST_F(RestoreTest, NothingIsTouchedUnlessTheWholeBackupIsGood) {
     EXPECT_EQ(restore(), ExitCode::fileError);
     EXPECT_THAT(err.str(), HasSubstr("There is no backup in"));
