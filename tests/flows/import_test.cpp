@@ -159,23 +159,6 @@ TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
     }
 }
 
-TEST_F(FlowTest, ACancelEndsItsOwnRunOnly) {
-    launchConnected();
-    port.pace = 60ms;
-    select({1, 3});
-    window->importButton()->click();
-    pass(250ms);
-    ASSERT_TRUE(shieldUp());
-    delegate->progress()->cancel();
-    pass(100ms);
-    ASSERT_FALSE(shieldUp());
-    pedal.clearJournal();
-    select({1});
-    window->importButton()->click();
-    EXPECT_TRUE(becomesIdle());
-    EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
-}
-
 }  // namespace
 
 }  // namespace kzq::test

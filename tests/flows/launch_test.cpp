@@ -3,30 +3,11 @@
 #include <QTest>
 #include <fstream>
 
-#include "app/application.h"
 #include "flow_fixture.h"
-#include "updates/windows/software_update.h"
 
 namespace kzq::test {
 
 namespace {
-
-TEST_F(FlowTest, WithoutAPedalNothingCanBeSelectedAndTheRemedyIsShown) {
-    launch();
-    EXPECT_TRUE(window->saysNoPedal());
-    EXPECT_TRUE(window->meter()->isHidden());
-    EXPECT_EQ(window->findChild<QLabel*>("emptyRemedy")->text(), "a remedy");
-    for (auto* const button : std::initializer_list<QAbstractButton*>{
-             window->importButton(), window->eraseButton(), window->exportButton(), window->selectAllButton(),
-             window->deselectAllButton()}) {
-        EXPECT_FALSE(button->isEnabled()) << button->objectName().toStdString();
-    }
-    window->importButton()->setEnabled(true);
-    delegate->selectAll();
-    EXPECT_TRUE(delegate->selectedImportSlots().empty());
-    EXPECT_TRUE(window->importButton()->isEnabled());  // the buttons are as they were
-    EXPECT_FALSE(window->eraseButton()->isEnabled());
-}
 
 TEST_F(FlowTest, QuittingRemovesTheWorkingCopiesThatAreStagedAndNothingElse) {
     launchConnected();
@@ -47,8 +28,6 @@ TEST_F(FlowTest, QuittingRemovesTheWorkingCopiesThatAreStagedAndNothingElse) {
 
 TEST_F(FlowTest, TheMenuIsOperatedByKeysAndClosedByAClickBesideIt) {
     launchConnected();
-    auto& application = *static_cast<Application*>(qApp);
-    application.setDelegate(delegate.get());
     const auto key = [this](Qt::Key pressed) { QTest::keyClick(window->windowHandle(), pressed); };
     const auto click = [this](QPoint point) {
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier, point);
@@ -83,7 +62,6 @@ TEST_F(FlowTest, TheMenuIsOperatedByKeysAndClosedByAClickBesideIt) {
     EXPECT_TRUE(delegate->menuOpen());
     click({1, window->height() - 2});
     EXPECT_FALSE(delegate->menuOpen());
-    application.setDelegate(nullptr);
 }
 
 }  // namespace

@@ -7,12 +7,9 @@ namespace kzq::test {
 
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::uint64_t capacity = 63'504'000;
 constexpr std::uint64_t onPedal = 3001;
-constexpr auto tooLarge = "This file is too large for the available space on your 7306.";
 
 TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     launchConnected();
@@ -46,46 +43,6 @@ TEST_F(FlowTest, AFileIsStagedWithItsNameItsSizeAndTheWarning) {
     EXPECT_EQ(delegate->existingAndTeedUpExportSamples(), onPedal + 50);
     exportRow(2).x()->click();
     EXPECT_FALSE(window->exportButton()->isEnabled());
-}
-
-TEST_F(FlowTest, CapacityIsStrictAndTheMeterTellsWhatIsLeft) {
-    launchConnected();
-    const auto propose = [this](std::uint64_t frames) {
-        drop(2, audioFile("long.wav", frames));
-        executor.settle();
-        return dialogs.take();
-    };
-    EXPECT_THAT(propose(capacity - onPedal), ElementsAre(tooLarge));
-    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
-    EXPECT_FALSE(window->exportButton()->isEnabled());
-    EXPECT_EQ(caption(), "Space remaining: 23 min, 59 sec");
-    EXPECT_EQ(workingCopies(), 1);
-    EXPECT_THAT(propose(capacity - onPedal - 1), IsEmpty());
-    EXPECT_EQ(caption(), "Space remaining: 0 min, 0 sec");
-}
-
-TEST_F(FlowTest, WhatCannotBeStagedChangesNothing) {
-    launchConnected();
-    drop(2, base / "files" / "missing.wav");
-    drop(2, audioFile("empty.wav", 0));
-    std::filesystem::resize_file(audioFile("short.wav", 1), 43);
-    drop(2, base / "files" / "short.wav");
-    delegate->slotReceivedDroppedURLs(exportRow(2), {});
-    executor.settle();
-    EXPECT_THAT(delegate->selectedExportSlots(), IsEmpty());
-    EXPECT_FALSE(window->exportButton()->isEnabled() || exportRow(2).exporting().has_value());
-    EXPECT_THAT(dialogs.shown, IsEmpty());
-}
-
-TEST_F(FlowTest, AChosenFileIsStagedOnceThePanelHasClosed) {
-    launchConnected();
-    dialogs.file = [this] { return Dialogs::Chosen{panelContinue, audioFile("chosen.wav", 7)}; };
-    exportRow(2).button()->click();
-    EXPECT_THAT(dialogs.take(), ElementsAre("file of 8 types"));
-    pass(99ms);
-    EXPECT_EQ(workingCopies(), 0);
-    pass(1ms);
-    EXPECT_EQ(delegate->selectedExportSlots().at(2_slot).bytes, 42U);
 }
 
 TEST_F(FlowTest, TheLastDropOnARowWinsHoweverLongItsConversionTook) {
