@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "platform/standard_executor.h"
-#include "virtual_executor.h"
 
 using namespace std::chrono_literals;
 
@@ -62,53 +61,6 @@ TEST(StandardExecutor, WakesWhoWaitsForAJobAndWhoWaitsForTheEnd) {
         });
         executor.run();
     }
-}
-
-TEST(VirtualExecutor, WakesOnlyWhoIsNotified) {
-    test::VirtualExecutor executor;
-    std::mutex mutex;
-    Condition changed;
-    bool ready = false;
-    std::string events;
-    executor.background(Priority::high, [&] {
-        std::unique_lock lock(mutex);
-        executor.wait(lock, changed, [&] { return ready; });
-        events += "woken ";
-    });
-    executor.advance(1s);
-    changed.notify();  // not ready
-    executor.advance(1s);
-    ready = true;  // not notified
-    executor.advance(1s);
-    events += "notified ";
-    changed.notify();
-    executor.advance(1s);
-    EXPECT_EQ(events, "notified woken ");
-}
-
-TEST(VirtualExecutor, UnwindsWaitersThatNobodyWakesAndCountsTheMainThreads) {
-    std::mutex mutex;
-    Condition changed;
-    bool unwound = false;
-    struct Witness {
-        bool& flag;
-        ~Witness() { flag = true; }
-    };
-    {
-        test::VirtualExecutor executor;
-        executor.background(Priority::high, [&] {
-            const Witness witness{unwound};
-            std::unique_lock lock(mutex);
-            executor.wait(lock, changed, [] { return false; });
-        });
-        executor.settle();
-        std::mutex own;
-        std::unique_lock lock(own);
-        EXPECT_THROW(executor.wait(lock, changed, [] { return false; }), std::logic_error);
-        EXPECT_EQ(executor.mainThreadWaits(), 1U);
-        EXPECT_FALSE(unwound);
-    }
-    EXPECT_TRUE(unwound);
 }
 
 }  // namespace

@@ -15,12 +15,5 @@ TEST(FreeSpaceOf, AFolderThatIsStillToBeMadeIsThatOfTheOneAroundIt) {
     EXPECT_EQ(tooLittleSpace("/proc", ~std::uint64_t{0}), std::nullopt);
 }
 
-TEST(FreeSpaceOf, TooLittleIsSaidWithTheNumbers) {
-    const FreeSpace thousand = [](const std::filesystem::path&) { return 1000; };
-    EXPECT_EQ(tooLittleSpace("/a", 1000, thousand), std::nullopt);
-    EXPECT_EQ(tooLittleSpace("/a", 381'024'044, thousand),
-              (Trouble{Trouble::Kind::diskFull, "/a", 0, "381.0 MB are needed and 1.0 kB are free"}));
-}
-
 }  // namespace
 }  // namespace kzq::test

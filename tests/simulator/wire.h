@@ -67,17 +67,6 @@ class Wire {
         return control(0xE2, address, occupied ? 1 : 0).accepted() &&
                control(0xE3, bytes & 0xFFFF, static_cast<unsigned>(bytes >> 16)).accepted();
     }
-    bool send(ByteView bytes) {
-        while (!bytes.empty()) {
-            const auto piece = bytes.first(std::min(bytes.size(), transferPiece));
-            if (write(piece).transferred != piece.size()) {
-                return false;
-            }
-            bytes = bytes.subspan(piece.size());
-        }
-        return true;
-    }
-    char stage() { return static_cast<char>(control(0xE9).bytes.at(stageOffset)); }
 
     test::VirtualExecutor executor;
     SimulatedPedal pedal;
