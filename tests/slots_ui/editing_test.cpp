@@ -1,7 +1,6 @@
 #include <QTextDocumentFragment>
 #include <QToolTip>
 
-#include "mouse.h"
 #include "row_fixture.h"
 
 namespace kzq::test {
@@ -32,20 +31,8 @@ TEST_F(Editing, AClickOnANameSelectsTheRowAndOpensIt) {
     EXPECT_THAT(takeCalls(), ElementsAre());
 }
 
-TEST_F(Editing, ANameIsLitWhereAClickOpensItAndTheToolTipHasWhatIsCut) {
+TEST_F(Editing, TheToolTipOfANameHasWhatIsCut) {
     auto& row = recorded(1);
-    setOccupied(exportRow(1), true);
-    for (auto* const field : {row.field(), importRow(2).field(), exportRow(1).field()}) {
-        Mouse mouse(*field);
-        EXPECT_FALSE(field->tint().isValid());
-        mouse.enter();
-        const auto lit = field->tint();
-        EXPECT_EQ(lit.isValid(), field == row.field());
-        QTest::mousePress(field, Qt::LeftButton);
-        EXPECT_EQ(field->tint() != lit, field == row.field());
-        mouse.leave();
-        EXPECT_FALSE(field->tint().isValid());
-    }
     const auto toolTip = [&row] {
         QHelpEvent event(QEvent::ToolTip, {4, 4}, row.field()->mapToGlobal(QPoint(4, 4)));
         QApplication::sendEvent(row.field(), &event);

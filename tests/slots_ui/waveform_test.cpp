@@ -74,13 +74,6 @@ TEST(Waveform, WhatWasPlayedIsCreamNothingTouchesThePlayheadAndTheRestIsDots) {
     EXPECT_EQ(at(286, 13), QColor(Qt::black));
 }
 
-TEST(Waveform, ThePlayheadStandsOnWholePixelsFromOneEndToTheOther) {
-    EXPECT_EQ(playheadAt(0, 136, 286, 1), 136);
-    EXPECT_EQ(playheadAt(1, 136, 286, 1), 284);
-    EXPECT_EQ(playheadAt(0.5, 136, 285, 1), 210);
-    EXPECT_EQ(playheadAt(0.5, 136, 285, 2), 209.5);
-}
-
 TEST(Waveform, AtThreeQuartersBarsAndPlayheadStandOnWholePixelsWhereverTheyAreMoved) {
     Peaks peaks;
     peaks.heights.fill(255);

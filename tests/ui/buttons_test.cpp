@@ -8,7 +8,6 @@
 #include "ui/link_button.h"
 #include "ui/lower_button.h"
 #include "ui/mass_selection_button.h"
-#include "ui/picture_button.h"
 #include "ui/pictures.h"
 #include "ui/window.h"
 #include "ui/x_button.h"
@@ -97,27 +96,6 @@ TEST(ImageButtons, MassSelectionActsOnlyIfItIsLetGoInside) {
     mouse.dragIn();
     mouse.release();
     EXPECT_EQ(actions, 1);
-}
-
-TEST(PictureButtons, AreLitUnderThePointerAndDarkWhilePressedUnlessTheirTabIsOn) {
-    for (const auto* const picture : {"Menu_Import_Off", "Menu_Import_On"}) {
-        PictureButton button;
-        button.resize(208, 56);
-        button.setPicture(picture);
-        test::Mouse mouse(button);
-        const auto seen = [&button] { return button.grab().toImage(); };
-        const auto resting = seen();
-        mouse.enter();
-        const auto lit = seen();
-        button.setDown(true);
-        const auto pressed = seen();
-        const QPoint ground(100, 6);
-        const bool changes = lit.pixelColor(ground).lightness() > resting.pixelColor(ground).lightness() &&
-                             pressed.pixelColor(ground).lightness() < resting.pixelColor(ground).lightness();
-        EXPECT_EQ(changes, std::string(picture) == "Menu_Import_Off");
-        EXPECT_EQ(lit == resting && pressed == resting, !changes);
-        EXPECT_EQ(lit.pixelColor(0, 0), resting.pixelColor(0, 0)) << "beside its round corner";
-    }
 }
 
 TEST(ImageButtons, ActOnceByKeyboardAndSayWhatTheyAre) {

@@ -8,7 +8,6 @@
 #include <QShortcut>
 #include <QTest>
 #include <QWheelEvent>
-#include <set>
 
 #include "mouse.h"
 #include "ui/cut_text.h"
@@ -16,7 +15,6 @@
 #include "ui/handle_scroll_bar.h"
 #include "ui/lower_button.h"
 #include "ui/pictures.h"
-#include "ui/scaled_painter.h"
 #include "ui/shield.h"
 #include "ui/window.h"
 
@@ -159,35 +157,6 @@ TEST(Pictures, AreDrawnForEachSize) {
     QPixmapCache::clear();
     drawn(16);
     EXPECT_EQ(drawn(64), alone) << "not a small one, stretched";
-}
-
-class Tape : public QWidget {
-  public:
-    using QWidget::QWidget;
-
-  protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
-        ScaledPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.fill(QRectF(4, 4, 20, 10), Qt::black);
-    }
-};
-
-TEST(Pictures, HaveWholePixelsWhereverADesktopsScalePutsTheirWidget) {
-    QWidget window;
-    Tape tape(&window);
-    tape.setGeometry(9, 9, 30, 20);
-    for (const double ratio : {1.0, 1.25, 1.5, 1.75}) {
-        QImage image(96, 96, QImage::Format_RGB32);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::white);
-        window.render(&image, {}, {}, QWidget::DrawChildren);
-        std::set<QRgb> colours;
-        for (int at = 0; at < image.width() * image.height(); ++at) {
-            colours.insert(image.pixel(at % image.width(), at / image.width()));
-        }
-        EXPECT_EQ(colours.size(), 2U) << "black and white, at " << ratio;
-    }
 }
 
 TEST(ScrollBar, FollowsTheHandleAndPagesBesideIt) {

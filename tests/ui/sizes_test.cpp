@@ -1,9 +1,8 @@
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QMenuBar>
 #include <QScreen>
 #include <QTest>
-#include <QXmlStreamReader>
 #include <cmath>
 
 #include "app/main_window.h"
@@ -17,8 +16,6 @@
 #include "ui/panels/bring_back.h"
 #include "ui/panels/bring_back_targets.h"
 #include "ui/scale.h"
-#include "ui/scaled_painter.h"
-#include "ui/sharp_picture.h"
 #include "ui/shield.h"
 #include "ui/status/status_line.h"
 #include "ui/status/status_link.h"
@@ -197,33 +194,6 @@ TEST_F(Sizes, TheMenuOffersThemAndMarksTheOneThatIs) {
     EXPECT_FALSE(action(*window.menuBar(), "200 %")->isChecked());
     QTest::mouseClick(rows[8]->field(), Qt::LeftButton);
     EXPECT_NE(rows[8]->field()->currentEditor(), nullptr);
-}
-
-TEST(SharpPicture, PutsStraightEdgesOnWholePixels) {
-    QXmlStreamReader sharp(sharpPicture(R"(<svg><rect x="6" y="2" width="244" height="2"/>
-        <rect x="21" y="19" width="14" height="18" stroke="#fff" stroke-width="2"/>
-        <path d="M2 4A2 2 0 0 1 4 2H250L234 26"/><path d="M1 6L3 9" stroke="#fff" stroke-width="2"/></svg>)",
-                                        QSizeF(0.75, 0.75)));
-    std::vector<QString> found;
-    while (!sharp.atEnd()) {
-        sharp.readNext();
-        const auto at = sharp.attributes();
-        const auto pixels = [&at](const char* name) {
-            return at.value(QLatin1String(name)).toDouble() * 0.75;
-        };
-        if (sharp.isStartElement() && sharp.name() == QLatin1String("rect")) {
-            found.push_back(QString("%1 %2 %3 %4 %5")
-                                .arg(pixels("x"))
-                                .arg(pixels("y"))
-                                .arg(pixels("width"))
-                                .arg(pixels("height"))
-                                .arg(pixels("stroke-width")));
-        } else if (sharp.isStartElement() && sharp.name() == QLatin1String("path")) {
-            found.push_back(at.value("d").toString());
-        }
-    }
-    EXPECT_THAT(found, testing::ElementsAre("5 2 183 1 0", "15.5 14.5 11 14 1",
-                                            "M2 4 A2 2 0 0 1 4 2.66666667 H250 L234 26 ", "M1 6L3 9"));
 }
 
 }  // namespace
