@@ -94,7 +94,7 @@ void AlertPanel::addButtons(const Alert& alert, int top) {
     for (auto number = alertFirstButton; const auto& [title, visible] : alert.buttons) {
         auto* button = new AlertButton(this);
         button->setText(QString::fromStdString(title));
-        button->setObjectName(button->text());
+        button->setObjectName(QString("answer %1").arg(number));
         connect(button, &AlertButton::clicked, this, [this, number] {
             answer_ = number;
             accept();
