@@ -14,13 +14,9 @@ namespace kzq {
 
 namespace {
 
-std::string noRow() {
-    return words("no other row is free");
-}
-
 std::string whyLeft(const std::vector<LeftOut>& left, bool others) {
-    if (std::ranges::all_of(left, [](const LeftOut& file) { return file.reason == noRow(); })) {
-        return others ? noRow() : words("no row is free");
+    if (std::ranges::all_of(left, &std::string::empty, &LeftOut::reason)) {
+        return others ? words("no other row is free") : words("no row is free");
     }
     return left.size() == 1 ? words("\"%1\" is %2", left.front().name, left.front().reason)
                             : words("the others do not fit or cannot be read");
@@ -33,7 +29,7 @@ Told toldLeft(const std::vector<LeftOut>& left, std::size_t given) {
     std::vector<std::string> names;
     for (const auto& [name, reason, file] : left) {
         names.push_back(name);
-        const auto entry = reason == noRow() ? words("\"%1\"", name) : words("\"%1\" (%2)", name, reason);
+        const auto entry = reason.empty() ? words("\"%1\"", name) : words("\"%1\" (%2)", name, reason);
         list = list.empty() ? entry : words("%1, %2", list, entry);
     }
     return {.what = used == 0
@@ -69,7 +65,7 @@ void HandedFiles::place() {
         }
     }
     for (const auto& file : files) {
-        left.push_back({file.fileName().toStdString(), noRow(), file});
+        left.push_back({file.fileName().toStdString(), {}, file});
     }
     if (!left.empty()) {
         QList<QUrl> unused;

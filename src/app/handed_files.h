@@ -14,10 +14,10 @@ class Staging;
 class Teller;
 class UnusedFiles;
 
-/// A file that goes to no row, and why: "not readable".
+/// A file that goes to no row.
 struct LeftOut {
     std::string name;
-    std::string reason;
+    std::string reason;  ///< "not readable"; empty if there is no row for it
     QUrl file;
 };
 
