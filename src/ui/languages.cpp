@@ -3,8 +3,6 @@
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QTranslator>
-#include <algorithm>
-#include <limits>
 
 #include "words/words.h"
 
