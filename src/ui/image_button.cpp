@@ -64,7 +64,8 @@ void ImageButton::mouseReleaseEvent(QMouseEvent* event) {
 
 void ImageButton::paintEvent(QPaintEvent* /*event*/) {
     if (width() != 0 && !objectName().isEmpty()) {
-        drawWorded(*this, pictureName(), {word()});
+        const auto name = word();
+        drawWorded(*this, pictureName(), name.isEmpty() ? QStringList() : QStringList(name));
     }
 }
 
