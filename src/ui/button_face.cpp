@@ -22,10 +22,6 @@ ButtonFace disabledFace() {
     return {disabledFaceColor(), disabledFaceColor(), disabledFaceColor(), disabledWordColor(), 0};
 }
 
-QFont wordFont() {
-    return firaSans(FiraWeight::medium, wordPixels).value_or(textFont(wordPixels));
-}
-
 QRect upperSide(const QRect& bounds, const ButtonFace& face) {
     const auto lower = face.lipHeight > 0 ? fullLip - face.lipHeight : fullLip / 2;
     return bounds.adjusted(0, 0, 0, -fullLip).translated(0, lower);
@@ -103,7 +99,7 @@ void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFac
     light.setColorAt(1, face.foot);
     painter.setBrush(light);
     painter.drawRoundedRect(upper, radius, radius);
-    painter.setType(wordFont());
+    painter.setType(wordFont(wordPixels));
     painter.fitType(word, bounds.width() - 2 * radius);
     painter.setPen(face.word);
     painter.write(upper, Qt::AlignCenter, word);

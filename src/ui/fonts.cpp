@@ -67,4 +67,8 @@ QFont textFont(int pixels) {
     return font;
 }
 
+QFont wordFont(int pixels) {
+    return firaSans(FiraWeight::medium, pixels).value_or(textFont(pixels));
+}
+
 }  // namespace kzq

@@ -18,4 +18,7 @@ std::optional<QFont> firaSans(FiraWeight weight, int pixels);
 /// The font of all live text: Fira Sans Regular, or the desktop's font at the same size if it is missing.
 QFont textFont(int pixels = 13);
 
+/// Of the words on buttons and in pictures: Fira Sans Medium, or as that of live text if it is missing.
+QFont wordFont(int pixels);
+
 }  // namespace kzq

@@ -14,6 +14,7 @@ struct PictureWord {
     QString english;
     QPointF at;  ///< its left end, on its baseline
     int size = 0;
+    bool regular = false;  ///< and not Medium
     QColor color;
     double from = 0;  ///< where another word may begin …
     double to = 0;    ///< … and must end

@@ -130,7 +130,7 @@ void Strip::paintCount(ScaledPainter& painter, QPointF at) const {
     drawPicture(painter, width == scrapWidth(1) ? "Drag_count" : "Drag_count_wide",
                 QRectF(at, QSizeF(width, scrapHeight)));
     const auto count = QString::number(loops_.size());
-    painter.setType(firaSans(FiraWeight::medium, 13).value_or(textFont()));
+    painter.setType(wordFont(13));
     painter.setPen(Qt::black);
     painter.write(at + QPointF((width - painter.advance(count)) / 2, countBaseline), count);
 }

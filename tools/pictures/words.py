@@ -31,4 +31,5 @@ def translated(picture, word, x, baseline, size, colour, room, group=None, weigh
     """
     with picture.part("word"):
         write(picture, word, x, baseline, size, colour, weight, data_word=word, data_x=x, data_baseline=baseline,
-              data_size=size, data_from=room[0], data_to=room[1], data_group=group)
+              data_size=size, data_weight=None if weight == "Medium" else weight, data_from=room[0], data_to=room[1],
+              data_group=group)

@@ -250,7 +250,7 @@ void BringBackRow::drawSound(ScaledPainter& painter) const {
 
 void BringBackRow::drawTarget(ScaledPainter& painter, double resting) const {
     const auto color = on() ? inkColor() : cream(leader_->hovering() ? 1 : resting);
-    painter.setType(on() ? firaSans(FiraWeight::medium, 12).value_or(textFont(12)) : textFont(12));
+    painter.setType(on() ? wordFont(12) : textFont(12));
     painter.setPen(color);
     const auto word = on() ? QString::number(target_.slot) : toQt(words("to %1", target_.slot));
     painter.fitType(word, wordEnd - leaderX);
