@@ -5,19 +5,16 @@
 
 #include "app/app_parts.h"
 #include "app/backup_flow.h"
+#include "app/doubt.h"
 #include "app/keep_flow.h"
 #include "app/main_window.h"
 #include "app/restore_flow.h"
-#include "device/kzq7306.h"
 #include "words/words.h"
 
 namespace kzq {
 
 BackingUp::BackingUp(AppParts& parts)
-    : parts_(parts), doubt_([link = parts.environment.link, asleep = parts.environment.asleep] {
-          const auto looper = link();
-          return Doubt{looper ? looper->doubts() : 0, asleep()};
-      }) {}
+    : parts_(parts), doubt_(doubtOf(parts.environment)) {}
 
 BackingUp::~BackingUp() = default;
 
