@@ -13,8 +13,7 @@
 
 namespace kzq {
 
-BackingUp::BackingUp(AppParts& parts)
-    : parts_(parts), doubt_(doubtOf(parts.environment)) {}
+BackingUp::BackingUp(AppParts& parts) : parts_(parts), doubt_(doubtOf(parts.environment)) {}
 
 BackingUp::~BackingUp() = default;
 
