@@ -2,7 +2,7 @@
 
 #include <QAction>
 #include <QActionGroup>
-#include <QFontMetrics>
+#include <QFontMetricsF>
 #include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
@@ -14,6 +14,7 @@
 #include "ui/palette.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
+#include "ui/status/status_look.h"
 
 namespace kzq {
 
@@ -25,10 +26,21 @@ QString pixels(int length) {
     return QString("%1px").arg(onScreen(length));
 }
 
-/// Padding and margin, above and below a word. The toolkit hides words that do not fit into the bar.
-QString besideWords() {
-    const int room = onScreen(barHeight) - 1 - QFontMetrics(fontOnScreen(textFont())).height();
-    return QString("%1px").arg(std::min(onScreen(4), room / 4));
+/// Around a word and the plate behind it: together they fill the bar, and the word stands on the baseline of
+/// the sentence beside it. The toolkit hides words that do not fit into the bar.
+QString roomForWords() {
+    const QFontMetricsF font(fontOnScreen(textFont()));
+    const int words = qCeil(font.height());
+    const int room = std::max(0, onScreen(barHeight) - words);
+    const int outside = std::min(onScreen(4), room / 4);
+    const int baseline = onScreen((barHeight - status::height) / 2) + onScreen(status::baseline);
+    const auto ascent = (words - font.height()) / 2 + font.ascent();  // the toolkit puts it in the middle
+    const int above = std::clamp(qRound(baseline - ascent) - outside, 0, room - 2 * outside);
+    return QString("margin: %1px 0px; padding: %2px %3 %4px %3;")
+        .arg(outside)
+        .arg(above)
+        .arg(pixels(10))
+        .arg(room - 2 * outside - above);
 }
 
 void dressMenus(const QMenuBar& bar) {
@@ -141,11 +153,10 @@ void dressMenuBar(QMenuBar& bar) {
     dress(bar, textFont());
     bar.setStyleSheet(
         QString("QMenuBar { background: %1; color: %2; border: none; spacing: %4; padding: 0px %5; }"
-                "QMenuBar::item { padding: %7 %6; margin: %7 0px; border-radius: %4; background: "
-                "transparent; }"
+                "QMenuBar::item { %6 border-radius: %4; background: transparent; }"
                 "QMenuBar::item:selected { background: %3; }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
-                 pixels(4), pixels(22), pixels(10), besideWords()) +
+                 pixels(4), pixels(22), roomForWords()) +
         menuLook());
     dressMenus(bar);
 }
