@@ -241,9 +241,10 @@ void MainWindow::settleTabOrder() {
 }
 
 void MainWindow::centre() {
-    const auto* const screen = QGuiApplication::screenAt(QCursor::pos());
-    const auto place = (screen != nullptr ? screen : QGuiApplication::primaryScreen())->availableGeometry();
-    size_->begin(place.size());
+    const auto* const pointed = QGuiApplication::screenAt(QCursor::pos());
+    const auto& screen = pointed != nullptr ? *pointed : *QGuiApplication::primaryScreen();
+    const auto place = screen.availableGeometry();
+    size_->begin(place.size(), screen.devicePixelRatio());
     move(place.center() - rect().center());
 }
 

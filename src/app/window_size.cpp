@@ -14,8 +14,8 @@ namespace kzq {
 
 namespace {
 
-constexpr int smallest = static_cast<int>(Scale::smallest * 100);
-constexpr int largest = static_cast<int>(Scale::largest * 100);
+constexpr int smallest = 75;
+constexpr int largest = 300;
 constexpr QSize usualFrame(16, 44);  // until the window manager has put its own around the window
 constexpr std::chrono::milliseconds pause(200);
 
@@ -25,13 +25,13 @@ double fraction(int part, int whole) {
 
 /// The most percent of `usual` that `room` has space for, as `sizeAt` rounds them.
 int percentIn(int room, int usual) {
-    return std::clamp(static_cast<int>(std::ceil((room + 0.5) * 100 / usual)) - 1, smallest, largest);
+    return static_cast<int>(std::ceil((room + 0.5) * 100 / usual)) - 1;
 }
 
 }  // namespace
 
 WindowSize::WindowSize(QWidget& window)
-    : QObject(&window), window_(window), usual_(window.size()), settled_(usual_) {
+    : QObject(&window), window_(window), usual_(window.size()), settled_(usual_), smallest_(smallest) {
     window.setMinimumSize(sizeAt(smallest));
     window.setMaximumSize(sizeAt(largest));
     window.installEventFilter(this);
@@ -45,15 +45,26 @@ QSize WindowSize::sizeAt(int percent) const {
             static_cast<int>(std::lround(usual_.height() * percent / 100.0))};
 }
 
+/// `room` is without the window's frame.
+void WindowSize::limit(QSize room, double ratio) {
+    smallest_ = static_cast<int>(std::ceil(smallest / std::max(1.0, ratio)));
+    smallest_ = std::min(fitting(room), smallest);  // which is not less than that
+    window_.setMinimumSize(sizeAt(smallest_));
+}
+
 int WindowSize::fitting(QSize room) const {
-    return std::min(percentIn(room.width(), usual_.width()), percentIn(room.height(), usual_.height()));
+    const int most =
+        std::min(percentIn(room.width(), usual_.width()), percentIn(room.height(), usual_.height()));
+    return std::clamp(most, smallest_, largest);
 }
 
 /// What a drag of an edge or a corner to `size` means: the side that moved more counts.
 int WindowSize::nearest(QSize size) const {
     const auto wide = fraction(std::abs(size.width() - settled_.width()), usual_.width());
     const auto high = fraction(std::abs(size.height() - settled_.height()), usual_.height());
-    return wide >= high ? percentIn(size.width(), usual_.width()) : percentIn(size.height(), usual_.height());
+    const int meant =
+        wide >= high ? percentIn(size.width(), usual_.width()) : percentIn(size.height(), usual_.height());
+    return std::clamp(meant, smallest_, largest);
 }
 
 void WindowSize::set(int percent) {
@@ -61,7 +72,7 @@ void WindowSize::set(int percent) {
     if (window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) {
         window_.showNormal();
     }
-    wanted_ = std::clamp(percent, smallest, largest);
+    wanted_ = std::clamp(percent, smallest_, largest);
     refused_ = {};
     settled_ = sizeAt(wanted_);
     Scale::ofProgram().setSize(wanted_ / 100.0);
@@ -73,11 +84,14 @@ void WindowSize::set(int percent) {
 void WindowSize::fitScreen() {
     const auto frame = window_.frameGeometry().size() - window_.size();
     const auto room = window_.screen()->availableGeometry();
-    set(fitting(room.size() - (frame.isNull() ? usualFrame : frame)));
+    const auto inside = room.size() - (frame.isNull() ? usualFrame : frame);
+    limit(inside, window_.devicePixelRatioF());
+    set(fitting(inside));
     window_.move(room.center() - QRect(QPoint(), settled_ + frame).center());
 }
 
-void WindowSize::begin(QSize room) {
+void WindowSize::begin(QSize room, double ratio) {
+    limit(room - usualFrame, ratio);
     set(std::min(100, fitting(room - usualFrame)));
 }
 

@@ -10,6 +10,9 @@ namespace kzq {
 /// How large the main window is shown: it scales as one picture, in whole percent, and keeps its proportions.
 /// A drag of its edge changes the size at once; when it rests, the window takes the picture's shape. What the
 /// window manager insists on besides is margin. Remembered for this run only. Main thread.
+///
+/// From 75 % to 300 %; below that only on a screen that has no room for 75 %, and where a desktop's scale
+/// makes up for it: nothing is smaller there than at 75 % without that scale.
 class WindowSize : public QObject {
     Q_OBJECT
 
@@ -20,14 +23,16 @@ class WindowSize : public QObject {
     void set(int percent);
     /// As large as the screen allows, and there in the middle.
     void fitScreen();
-    /// Before the window is shown: 100 %, or less if `room` on the screen is too small for that.
-    void begin(QSize room);
+    /// Before the window is shown: 100 %, or less if `room` on the screen is too small for that. `ratio`:
+    /// pixels of the device to one of the screen.
+    void begin(QSize room, double ratio);
     /// The edge was let go, or nothing was heard of it for a moment.
     void settle();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void limit(QSize room, double ratio);
     int fitting(QSize room) const;
     int nearest(QSize size) const;
     QSize sizeAt(int percent) const;
@@ -37,6 +42,7 @@ class WindowSize : public QObject {
     const QSize usual_;
     QSize settled_;  ///< before the drag
     QSize refused_;  ///< asked for and not given by the window manager
+    int smallest_;   ///< percent
     int wanted_ = 100;
     QTimer rest_;
 };

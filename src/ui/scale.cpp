@@ -67,7 +67,6 @@ Scale::Scale(QObject* parent) : QObject(parent) {
 }
 
 void Scale::setSize(double size) {
-    size = std::clamp(size, smallest, largest);
     if (size == size_) {
         return;
     }

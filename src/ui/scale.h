@@ -24,13 +24,10 @@ class Scale : public QObject {
     Q_OBJECT
 
   public:
-    static constexpr double smallest = 0.75;
-    static constexpr double largest = 3;
-
     static Scale& ofProgram();
 
     double size() const { return size_; }
-    /// Clamped.
+    /// More than 0.
     void setSize(double size);
 
     /// From now on `window` follows, at once if it is shown. Its size does too if it is fixed.

@@ -17,7 +17,7 @@ CTL = os.environ["KZQ7306CTL"]
 DRAG_SOURCE = os.environ.get("DRAG_SOURCE")
 EMULATED_PEDAL = os.environ.get("EMULATED_PEDAL")
 DROP_TARGET = os.environ.get("DROP_TARGET")
-SCALE = int(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
+SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))  # the tree is in points, the mouse in pixels
 # Generous for busy machines; the awaited events usually come much sooner.
 PATIENCE = float(os.environ.get("PATIENCE", 15))
 NOWHERE = "localhost:9"  # a server that refuses at once
@@ -120,7 +120,7 @@ class Item:
 
     def centre(self):
         box = self.box()
-        return (box.x + box.width // 2) * SCALE, (box.y + box.height // 2) * SCALE
+        return round((box.x + box.width // 2) * SCALE), round((box.y + box.height // 2) * SCALE)
 
     def point(self):
         xdotool("mousemove", *self.centre())

@@ -151,12 +151,18 @@ TEST_F(Sizes, StopLiesOverTheLinkOfTheStatusLineWhateverTheWindowDoes) {
 }
 
 TEST_F(Sizes, StartsAsLargeAsTheScreenAllowsButNotLarger) {
-    for (const auto& [room, percent] :
-         {std::pair(QSize(1920, 1080), 100), std::pair(QSize(1024, 600), 100), std::pair(QSize(960, 540), 92),
-          std::pair(QSize(700, 900), 89), std::pair(QSize(300, 300), 75)}) {
-        size.begin(room);
+    using Case = std::tuple<QSize, double, int>;
+    for (const auto& [room, ratio, percent] :
+         {Case({1920, 1080}, 1, 100), Case({1024, 600}, 1, 100), Case({960, 540}, 2, 92),
+          Case({700, 900}, 1, 89), Case({300, 300}, 1, 75), Case({682, 400}, 1.5, 66),
+          Case({300, 300}, 1.5, 50)}) {
+        size.begin(room, ratio);
         EXPECT_EQ(window.width(), qRound(7.68 * percent)) << room.width();
     }
+    size.set(75);
+    window.resize(300, 200);
+    size.settle();
+    EXPECT_EQ(window.size(), QSize(384, 268)) << "not even by dragging its edge";
 }
 
 TEST_F(Sizes, ADraggedEdgeScalesThePictureAndTheWindowTakesItsShape) {
