@@ -21,6 +21,9 @@ namespace kzq {
 namespace {
 
 constexpr int barHeight = 32;
+constexpr int firstWord = 32;   // over the mark on the plate
+constexpr int besideWord = 10;  // of the plate behind it
+constexpr int spacing = 4;      // between two plates, and before the first
 
 QString pixels(int length) {
     return QString("%1px").arg(onScreen(length));
@@ -39,7 +42,7 @@ QString roomForWords() {
     return QString("margin: %1px 0px; padding: %2px %3 %4px %3;")
         .arg(outside)
         .arg(above)
-        .arg(pixels(10))
+        .arg(pixels(besideWord))
         .arg(room - 2 * outside - above);
 }
 
@@ -156,7 +159,9 @@ void dressMenuBar(QMenuBar& bar) {
                 "QMenuBar::item { %6 border-radius: %4; background: transparent; }"
                 "QMenuBar::item:selected { background: %3; }")
             .arg(plateFootColor().name(), creamColor().name(), disabledFaceColor().lighter(130).name(),
-                 pixels(4), pixels(22), roomForWords()) +
+                 pixels(spacing),
+                 QString("%1px").arg(onScreen(firstWord) - onScreen(besideWord) - onScreen(spacing)),
+                 roomForWords()) +
         menuLook());
     dressMenus(bar);
 }
