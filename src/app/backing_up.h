@@ -30,7 +30,7 @@ class BackingUp : Fixed {
 
     /// `again`: what was chosen last is still chosen.
     void open(BackupPanel::Kind kind, bool again = false);
-    /// The pedal's table has changed, or the pedal has come or left, or it may have been recorded over.
+    /// The pedal's table may have changed, or the pedal may have come or left or been recorded over.
     void tableChanged();
     /// No operation lasts any more.
     void goOn();
@@ -60,6 +60,7 @@ class BackingUp : Fixed {
 
     void startOver();
     void forgetCompared();
+    void lookAfterSleep();
     void checkFiles();
     void learn(const std::weak_ptr<int>& counts, SlotNumber slot, Compared compared);
     BackupDiff uncompared() const;

@@ -1,3 +1,5 @@
+#include <chrono>
+
 #include "app/app_parts.h"
 #include "app/backing_up.h"
 #include "app/set_up.h"
@@ -8,6 +10,7 @@ namespace kzq {
 namespace {
 
 constexpr auto comparingJob = "compare";
+constexpr std::chrono::seconds sleepIsSeenAfter(5);
 
 }  // namespace
 
@@ -20,6 +23,19 @@ void BackingUp::startOver() {
     show();
     checkFiles();
     goOn();
+    lookAfterSleep();
+}
+
+/// Nothing reports that the computer has slept.
+void BackingUp::lookAfterSleep() {
+    parts_.environment.executor.mainAfter(sleepIsSeenAfter, [this, shown = std::weak_ptr(shown_)] {
+        if (!shown.expired()) {
+            tableChanged();
+        }
+        if (!shown.expired()) {
+            lookAfterSleep();
+        }
+    });
 }
 
 /// Only what is known of the backup's own files still counts.

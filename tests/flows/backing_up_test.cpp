@@ -184,6 +184,12 @@ TEST_F(BackingUpTest, APedalThatIsPlayedMeanwhileIsLetGo) {
     pass(11s);
     EXPECT_THAT(rows(), testing::Contains("20 same length")) << "it may have been recorded over";
     pedal.setBusy(false);
+    panel().decline().click();
+    openRestore();
+    asleep += 1h;
+    pedal.clearJournal();
+    pass(6s);
+    EXPECT_THAT(sent(0xE1), ElementsAre(0, 19)) << "so it may while the computer sleeps";
     dialogs.answer = [this] {
         pedal.setBusy(true);
         return alertFirstButton;
