@@ -32,6 +32,11 @@ void takeCommon(SourceFacts& facts, const FileBytes& file, std::uint64_t body) {
     if (std::ranges::find(plain, kind) != plain.end()) {
         facts.frames = file.big(body + 2, 4);
     }
+    const std::uint64_t channels = file.big(body, 2).value_or(0);
+    if ((kind == "NONE" || kind == "sowt") && bits % 8 == 0 && (channels == 1 || channels == 2)) {
+        const std::string order = bits == 8 ? "" : kind == "sowt" ? "le" : "be";
+        facts.stream = {"pcm_s" + std::to_string(bits) + order, facts.rate, static_cast<unsigned>(channels)};
+    }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -56,6 +57,7 @@ struct Recipe {
     int complaint;
     int source;
     int errorReport;
+    rlim_t mostFile;
     pid_t parent;
     const Cage& cage;
 };
@@ -71,10 +73,18 @@ void resetSignals() {
     ::pthread_sigmask(SIG_SETMASK, &none, nullptr);
 }
 
-void lockDown() {
+/// How long it may make its file, in bytes; our own limit holds for it, too.
+rlim_t mostFileOf(const ChildTask& task) {
+    struct rlimit ours {};
+    return task.sink < 0 || ::getrlimit(RLIMIT_FSIZE, &ours) != 0
+               ? 0
+               : std::min<rlim_t>(ours.rlim_cur, task.sinkLimit);
+}
+
+void lockDown(rlim_t mostFile) {
     limit(RLIMIT_AS, mostMemory);
     limit(RLIMIT_CPU, mostProcessorSeconds);
-    limit(RLIMIT_FSIZE, 0);
+    limit(RLIMIT_FSIZE, mostFile);
     limit(RLIMIT_CORE, 0);
 }
 
@@ -91,7 +101,7 @@ bool placeDescriptors(const Recipe& recipe) {
     // The signal comes if the starting thread ends; otherwise that thread waits for the child.
     ::prctl(PR_SET_PDEATHSIG, SIGKILL, 0, 0, 0);
     if (::getppid() == recipe.parent && placeDescriptors(recipe)) {
-        lockDown();
+        lockDown(recipe.mostFile);
         if (recipe.cage.enter()) {
             ::execve(recipe.program, recipe.arguments, recipe.environment);
         }
@@ -138,7 +148,7 @@ LaunchedChild launchLockedChild(const ChildTask& task) {
     const std::vector<char*> arguments = pointersTo(words);
     const std::vector<char*> environment = pointersTo(variables);
 
-    Pipe output = makePipe();
+    Pipe output = task.sink < 0 ? makePipe() : Pipe{{}, raised(task.sink)};
     Pipe complaint = makePipe();
     Pipe report = makePipe();
     const Descriptor nothing(::open("/dev/null", O_RDONLY | O_CLOEXEC));
@@ -148,9 +158,17 @@ LaunchedChild launchLockedChild(const ChildTask& task) {
         return failed(errno);
     }
     const Cage cage(task.program, task.source);
-    const Recipe recipe{
-        task.program.c_str(),  arguments.data(), environment.data(), nothingRaised.get(), output.write.get(),
-        complaint.write.get(), source.get(),     report.write.get(), ::getpid(),          cage};
+    const Recipe recipe{task.program.c_str(),
+                        arguments.data(),
+                        environment.data(),
+                        nothingRaised.get(),
+                        output.write.get(),
+                        complaint.write.get(),
+                        source.get(),
+                        report.write.get(),
+                        mostFileOf(task),
+                        ::getpid(),
+                        cage};
     const pid_t pid = ::fork();
     if (pid == 0) {
         becomeChild(recipe);
@@ -163,9 +181,11 @@ LaunchedChild launchLockedChild(const ChildTask& task) {
         ::waitpid(pid, nullptr, 0);
         return failed(error);
     }
-    ::fcntl(output.read.get(), F_SETFL, O_NONBLOCK);
     ::fcntl(complaint.read.get(), F_SETFL, O_NONBLOCK);
-    ::fcntl(output.read.get(), F_SETPIPE_SZ, 1 << 20);  // fewer reads; harmless if refused
+    if (output.read) {
+        ::fcntl(output.read.get(), F_SETFL, O_NONBLOCK);
+        ::fcntl(output.read.get(), F_SETPIPE_SZ, 1 << 20);  // fewer reads; harmless if refused
+    }
     return {pid, std::move(output.read), std::move(complaint.read), 0};
 }
 

@@ -10,7 +10,7 @@ namespace kzq {
 /// A started child process, to be reaped by us, in a session and process group of its own.
 struct LaunchedChild {
     pid_t pid = -1;
-    Descriptor output;     ///< its standard output, not blocking
+    Descriptor output;     ///< its standard output, not blocking; none if that is a file
     Descriptor complaint;  ///< its standard error, not blocking
     int error = 0;         ///< an errno value if it could not be started
 };

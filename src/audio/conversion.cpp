@@ -8,6 +8,7 @@
 #include "audio/conversion_troubles.h"
 #include "audio/decoder_arguments.h"
 #include "audio/level.h"
+#include "audio/source_digest.h"
 #include "audio/source_facts.h"
 #include "audio/true_peak.h"
 #include "audio/wave.h"
@@ -39,8 +40,8 @@ class Run {
 
     Result<void> all() {
         using Step = Result<void> (Run::*)();
-        for (const Step step : {&Run::open, &Run::readHeaders, &Run::probe, &Run::checkHeaders, &Run::decode,
-                                &Run::checkLength, &Run::level, &Run::finish}) {
+        for (const Step step : {&Run::open, &Run::readHeaders, &Run::decode, &Run::clean, &Run::checkLength,
+                                &Run::level, &Run::finish}) {
             if (cancelled()) {
                 return Trouble{Kind::cancelled};
             }
@@ -98,12 +99,47 @@ class Run {
         return {};
     }
 
+    Result<void> decode() {
+        if (decodedSwiftly()) {
+            return {};
+        }
+        if (cancelled()) {
+            return Trouble{Kind::cancelled};
+        }
+        return probe().and_then([this] { return checkHeaders(); }).and_then([this] {
+            return decodeCarefully();
+        });
+    }
+
+    /// Whether one child was enough, as it is for most files: it saw what the headers say, and nothing went
+    /// wrong. It writes the file itself if its samples are the pedal's. What it did not do without fault is
+    /// done again, step by step, which shows why.
+    bool decodedSwiftly() {
+        if (!facts_.stream || facts_.truncated) {
+            return false;
+        }
+        stream_ = *facts_.stream;
+        if (!accepted()) {
+            return false;
+        }
+        plan();
+        order_.describe = true;
+        const auto done = order_.samples == SampleKind::s24 ? passByChild() : pass();
+        order_.describe = false;
+        const auto seen = parseProbe(complaint_);
+        const bool asSaid = seen && seen->codec == stream_.codec && seen->rate == stream_.rate &&
+                            seen->channels == stream_.channels;
+        const bool swift = done && faultless_ && asSaid;
+        silenced_ = silenced_ && swift;
+        return swift;
+    }
+
     Result<void> probe() {
         std::string text;
-        const ChildEnd end = runChild(probeArguments(facts_), [&](std::span<const std::uint8_t> bytes) {
-            text.append(bytes.begin(), bytes.end());
-            return text.size() <= mostProbeText;
-        });
+        const ChildEnd end = runChild({.arguments = probeArguments(facts_), .output = [&](ByteView bytes) {
+                                           text.append(bytes.begin(), bytes.end());
+                                           return text.size() <= mostProbeText;
+                                       }});
         const auto otherwise = facts_.recognised ? Kind::damaged : Kind::notAudio;
         const auto stream = end.succeeded() ? parseProbe(text) : std::nullopt;
         if (!stream) {
@@ -113,6 +149,10 @@ class Run {
         if (!facts_.codec.empty()) {
             stream_.codec = facts_.codec;
         }
+        return accepted();
+    }
+
+    Result<void> accepted() const {
         if (!isAcceptedCodec(facts_, stream_.codec)) {
             return Trouble{Kind::unsupported, {}, 0, stream_.codec};
         }
@@ -128,14 +168,18 @@ class Run {
         if (flaw && !options_.salvage) {
             return std::move(*flaw);
         }
+        plan();
+        return {};
+    }
+
+    void plan() {
         order_.samples = options_.normalize ? SampleKind::f64 : samplesFor(stream_);
         // What is open-ended may end in a packet that counts as corrupt.
         order_.strict = !facts_.openEnded && !facts_.countDecides && !facts_.truncated;
         order_.digest = facts_.digest && resampled(*facts_.frames, stream_.rate) <= Conversion::mostFrames;
-        return {};
     }
 
-    Result<void> decode() {
+    Result<void> decodeCarefully() {
         auto done = pass();
         const bool gaveUp =
             !done && (done.error().kind == Kind::broken || done.error().kind == Kind::damaged);
@@ -144,11 +188,15 @@ class Run {
             order_.strict = false;
             done = pass();
         }
-        if (done && silenced_ && stream_.rate != framesPerSecond) {
-            order_.clean = true;
-            done = pass();
-        }
         return done;
+    }
+
+    Result<void> clean() {
+        if (!silenced_ || stream_.rate == framesPerSecond) {
+            return {};
+        }
+        order_.clean = true;
+        return pass();
     }
 
     Result<void> checkLength() {
@@ -190,18 +238,20 @@ class Run {
             truePeak.emplace();
         }
         Result<void> done;
-        const ChildEnd end = runChild(decodeArguments(facts_, stream_, order_), [&](ByteView bytes) {
+        const auto output = [&](ByteView bytes) {
             done = take(level.take(bytes));
             if (truePeak) {
                 truePeak->add(level.samples());
             }
             return done.has_value();
-        });
+        };
+        const ChildEnd end =
+            runChild({.arguments = decodeArguments(facts_, stream_, order_), .output = output});
         silenced_ = silenced_ || level.silenced();
         saferGain_ = level.isTooLoud() ? std::optional(level.saferGain()) : std::nullopt;
         truePeak_ = truePeak ? truePeak->peak() : truePeak_;
         decoded_.md5 = parseDigest(end.complaint);
-        decoded_.complained = end.complaint.find("rror") != std::string::npos;
+        note(end);
         const bool wentOn = !order_.strict && end.how == ChildEnd::How::exited && frames() > 0;
         if (done && !end.succeeded() && !wentOn) {
             return childTrouble(end, options_.ffmpeg, frames() > 0 ? Kind::broken : Kind::damaged);
@@ -209,16 +259,60 @@ class Run {
         return written(std::move(done));
     }
 
+    /// The same for samples that are the pedal's: the child writes them into the file. The digest is made
+    /// here meanwhile, from what is in the file.
+    Result<void> passByChild() {
+        const auto sink = output_.open().and_then([this] { return output_.handOver(); });
+        auto reader = sink ? output_.reader() : Result<Descriptor>(sink.error());
+        if (!reader) {
+            return reader.error();
+        }
+        std::optional<SourceDigest> digest;
+        if (order_.digest) {
+            digest.emplace(facts_.digest->bits, stream_.channels, std::move(*reader));
+        }
+        Result<void> done;
+        const auto grown = [&](std::uint64_t size) {
+            output_.grownTo(size);
+            goneOn();
+            done = digest ? digest->follow(output_.sampleBytes()) : Result<void>();
+            return done.has_value();
+        };
+        DecodeOrder order = order_;
+        order.digest = false;
+        const ChildEnd end = runChild({.arguments = decodeArguments(facts_, stream_, order),
+                                       .sink = *sink,
+                                       .sinkLimit = waveHeaderSize + Conversion::mostFrames * frameBytes,
+                                       .grown = grown});
+        decoded_.md5 = digest ? digest->text() : "";
+        note(end);
+        return done;
+    }
+
+    void note(const ChildEnd& end) {
+        decoded_.complained = end.complaint.find("rror") != std::string::npos;
+        faultless_ = end.succeeded();
+    }
+
     Result<void> take(ByteView samples) {
         if (output_.sampleBytes() + samples.size() > Conversion::mostFrames * frameBytes) {
             return Trouble{Kind::damaged};  // the decoder does not do what it was asked for
         }
         auto done = output_.write(samples);
-        if (done && options_.progress && frames() > reported_) {
+        if (done) {
+            goneOn();
+        }
+        return done;
+    }
+
+    void goneOn() {
+        if (options_.sync) {
+            output_.hasten();
+        }
+        if (options_.progress && frames() > reported_) {
             reported_ = frames();
             options_.progress(reported_);
         }
-        return done;
     }
 
     Result<void> finish() { return written(output_.finish(options_.sync)); }
@@ -227,14 +321,12 @@ class Run {
         return done || done.error().kind != Kind::file ? std::move(done) : done.map_error(outputTrouble);
     }
 
-    ChildEnd runChild(std::vector<std::string> arguments,
-                      std::function<bool(std::span<const std::uint8_t>)> output) {
-        ChildEnd end = runLockedChild({.program = options_.ffmpeg,
-                                       .arguments = std::move(arguments),
-                                       .source = source_.file.get(),
-                                       .output = std::move(output),
-                                       .cancelled = options_.cancelled,
-                                       .patience = options_.patience});
+    ChildEnd runChild(ChildTask task) {
+        task.program = options_.ffmpeg;
+        task.source = source_.file.get();
+        task.cancelled = options_.cancelled;
+        task.patience = options_.patience;
+        ChildEnd end = runLockedChild(task);
         complaint_ = end.complaint;
         return end;
     }
@@ -255,6 +347,7 @@ class Run {
     double truePeak_ = 0;
     double gain_ = 1;
     bool silenced_ = false;
+    bool faultless_ = false;  ///< the last decoder
 };
 
 }  // namespace

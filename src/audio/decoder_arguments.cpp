@@ -50,6 +50,11 @@ void append(Words& words, std::initializer_list<std::string> more) {
     words.insert(words.end(), more);
 }
 
+/// The decoder has no shorter way to say what a stream is than to copy the start of it.
+void appendDescription(Words& words, const char* to) {
+    append(words, {"-map", "0:a:0", "-c", "copy", "-frames:a", "1", "-f", "framecrc", to});
+}
+
 /// The source's address: a descriptor, or part of the file behind it.
 std::string addressOf(const SourceFacts& facts) {
     const std::string file = "file:/proc/self/fd/" + std::to_string(childSource);
@@ -67,7 +72,7 @@ Words sourceArguments(const SourceFacts& facts, const Words& options) {
     const std::string more = facts.kind.empty() ? "" : ",ogg,wv,w64,caf";
     append(words, {"-protocol_whitelist", "file,subfile", "-format_whitelist",
                    "wav,aiff,mp3,mov,aac,ac3,eac3,flac" + more, "-codec_whitelist", decoderList(), "-i",
-                   addressOf(facts), "-map", "0:a:0", "-map_metadata", "-1"});
+                   addressOf(facts)});
     return words;
 }
 
@@ -166,7 +171,7 @@ SampleKind samplesFor(const StreamFacts& stream) {
 
 std::vector<std::string> probeArguments(const SourceFacts& facts) {
     Words words = sourceArguments(facts, {});
-    append(words, {"-c", "copy", "-frames:a", "1", "-f", "framecrc", "pipe:1"});
+    appendDescription(words, "pipe:1");
     return words;
 }
 
@@ -218,12 +223,15 @@ std::vector<std::string> decodeArguments(const SourceFacts& facts, const StreamF
     }
     Words words = sourceArguments(facts, options);
     const SampleWords samples = wordsFor(order.samples);
-    append(words,
-           {"-af", filters(facts, stream, order), "-c:a", samples.codec, "-f", samples.format, "pipe:1"});
+    append(words, {"-map", "0:a:0", "-map_metadata", "-1", "-af", filters(facts, stream, order), "-c:a",
+                   samples.codec, "-f", samples.format, "-flush_packets", "0", "pipe:1"});
     if (order.digest) {
         const std::string bits = std::to_string(facts.digest->bits);
         append(words,
                {"-map", "0:a:0", "-c:a", "pcm_s" + bits + (bits == "8" ? "" : "le"), "-f", "md5", "pipe:2"});
+    }
+    if (order.describe) {
+        appendDescription(words, "pipe:2");
     }
     return words;
 }

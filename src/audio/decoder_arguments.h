@@ -12,30 +12,22 @@
 
 namespace kzq {
 
-/// What the decoder found in a source.
-struct StreamFacts {
-    std::string codec;
-    std::uint64_t rate = 0;
-    /// 1, 2, or 3 for more.
-    unsigned channels = 0;
-    bool namedChannels = true;  ///< false if it is unknown which channel is which
-};
-
 /// One more than the pedal holds, so that the count of frames shows that a source does not fit.
 inline constexpr std::uint64_t mostConvertedFrames = capacityFrames + 1;
 
 /// How a source is decoded.
 struct DecodeOrder {
     SampleKind samples = SampleKind::f64;
-    bool strict = true;   ///< end at the first fault
-    bool clean = false;   ///< silence what is no number, which would spread in the resampler
-    bool digest = false;  ///< write the MD5 of the source's samples to standard error, too
+    bool strict = true;     ///< end at the first fault
+    bool clean = false;     ///< silence what is no number, which would spread in the resampler
+    bool digest = false;    ///< write the MD5 of the source's samples to standard error, too
+    bool describe = false;  ///< write what `probeArguments` ask for to standard error, too
 };
 
 /// Arguments for ffmpeg to describe the first audio stream in descriptor `childSource` without decoding it.
 std::vector<std::string> probeArguments(const SourceFacts& facts);
 
-/// Reads that description; nothing if it is not valid.
+/// Reads that description, which may have lines before and after it; nothing if it is not valid.
 std::optional<StreamFacts> parseProbe(std::string_view text);
 /// The MD5 in what the decoder wrote to standard error; empty if there is none.
 std::string parseDigest(const std::string& complaint);

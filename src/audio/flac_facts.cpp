@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "audio/source_facts.h"
@@ -30,6 +31,7 @@ SourceFacts factsOfFlac(const FileBytes& file, std::uint64_t start) {
     facts.audio = ByteSpan{start, file.size()};
     const std::uint64_t fields = file.big(start + 18, 8).value_or(0);
     facts.rate = fields >> 44U;
+    facts.stream = {"flac", facts.rate, std::min(static_cast<unsigned>(fields >> 41U & 7U) + 1, 3U)};
     if ((fields & countMask) != 0) {
         facts.frames = fields & countMask;
         facts.countDecides = true;

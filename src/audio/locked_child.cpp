@@ -1,6 +1,7 @@
 #include "audio/locked_child.h"
 
 #include <poll.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,9 +35,12 @@ class Conversation {
         while (!early && (child_.output || child_.complaint)) {
             awaitSomething();
             readComplaint();
-            early = readOutput() ? reasonToStop() : ChildEnd::How::stopped;
+            early = readOutput() && followSink() ? reasonToStop() : ChildEnd::How::stopped;
         }
         ChildEnd end = early ? endEarly(*early) : awaitEnd();
+        if (!early && !followSink()) {
+            end.how = ChildEnd::How::stopped;
+        }
         end.complaint = std::move(complaint_);
         return end;
     }
@@ -82,6 +86,16 @@ class Conversation {
         return more;
     }
 
+    bool followSink() {
+        struct stat facts {};
+        if (task_.sink < 0 || ::fstat(task_.sink, &facts) != 0 || facts.st_size <= sinkSize_) {
+            return true;
+        }
+        sinkSize_ = facts.st_size;
+        lastHeard_ = Clock::now();
+        return task_.grown(static_cast<std::uint64_t>(sinkSize_));
+    }
+
     std::optional<ChildEnd::How> reasonToStop() const {
         if (task_.cancelled != nullptr && *task_.cancelled) {
             return ChildEnd::How::cancelled;
@@ -123,6 +137,7 @@ class Conversation {
     LaunchedChild child_;
     std::string complaint_;
     std::vector<std::uint8_t> piece_ = std::vector<std::uint8_t>(pieceSize);
+    off_t sinkSize_ = 0;
     Clock::time_point started_ = Clock::now();
     Clock::time_point lastHeard_ = started_;
 };

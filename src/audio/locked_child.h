@@ -17,17 +17,23 @@ struct ChildPatience {
 };
 
 /// A program that handles untrusted data, in a Cage. It can read one open file, as descriptor `childSource`,
-/// and write to its standard output and error; its environment is clean, it has no terminal, cannot gain
-/// privileges, has limits of memory (768 MB) and processor time (120 s), and dies with the thread that runs
-/// it.
+/// and write to its standard output, which may be a file of ours, and error; its environment is clean, it has
+/// no terminal, cannot gain privileges, has limits of memory (768 MB) and processor time (120 s), and dies
+/// with the thread that runs it.
 struct ChildTask {
-    std::string program;  ///< path of an executable file; $PATH is not searched
-    std::vector<std::string> arguments;
+    std::string program = {};  ///< path of an executable file; $PATH is not searched
+    std::vector<std::string> arguments = {};
     int source = -1;  ///< stays open, with its offset unchanged
     /// Receives the child's standard output in pieces, on the calling thread; return false to stop the child.
-    std::function<bool(std::span<const std::uint8_t>)> output;
+    std::function<bool(std::span<const std::uint8_t>)> output = nullptr;
+    /// Instead: a file that is the child's standard output, at its offset, up to a length of `sinkLimit`.
+    int sink = -1;
+    std::uint64_t sinkLimit = 0;
+    /// Receives the length of that file each time it has grown, on the calling thread; return false to stop
+    /// the child.
+    std::function<bool(std::uint64_t)> grown = nullptr;
     const std::atomic<bool>* cancelled = nullptr;
-    ChildPatience patience;
+    ChildPatience patience = {};
 };
 
 /// The descriptor of the source in the child.

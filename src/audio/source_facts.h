@@ -30,6 +30,15 @@ struct SampleDigest {
     unsigned bits = 0;  ///< a sample's size, 8, 16 or 24
 };
 
+/// An audio stream.
+struct StreamFacts {
+    std::string codec;  ///< by the name of its format
+    std::uint64_t rate = 0;
+    /// 1, 2, or 3 for more.
+    unsigned channels = 0;
+    bool namedChannels = true;  ///< false if it is unknown which channel is which
+};
+
 /// What the headers of a file say that the decoder does not report, or gets wrong. Frames are at the source's
 /// own rate.
 struct SourceFacts {
@@ -55,6 +64,8 @@ struct SourceFacts {
     /// Frames in parts of the stream that cannot be read; only if there is no count to show it.
     std::uint64_t unreadable = 0;
     std::optional<SampleDigest> digest;
+    /// What the headers say that the stream is, where that is plain; the decoder may still see another.
+    std::optional<StreamFacts> stream;
     /// What the decoder is shown of the file: no tags and zeros before and behind the audio. Nothing: all of
     /// it.
     std::optional<ByteSpan> audio;

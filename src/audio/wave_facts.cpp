@@ -47,6 +47,7 @@ SourceFacts factsOfWave(const FileBytes& file) {
             facts.codec = codecFor(format);
         } else if (name == "data") {
             takeData(facts, file, format, body, size);
+            facts.stream = facts.codec.empty() ? streamOf(format) : std::nullopt;
             return facts;
         }
         offset = body + size + size % 2;

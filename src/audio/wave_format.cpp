@@ -31,6 +31,18 @@ std::string codecFor(const WaveFormat& format) {
     return "pcm_s" + std::to_string(width * 8) + "le";
 }
 
+std::optional<StreamFacts> streamOf(const WaveFormat& format) {
+    const bool whole = format.channels * format.validBits == format.blockAlign * 8;
+    if (!whole || format.channels < 1 || format.channels > 2 || (format.tag != 1 && format.tag != 3)) {
+        return std::nullopt;
+    }
+    const std::string bits = std::to_string(format.validBits);
+    const std::string codec = format.tag == 3 ? "pcm_f" + bits + "le"
+                              : bits == "8"   ? "pcm_u8"
+                                              : "pcm_s" + bits + "le";
+    return StreamFacts{codec, format.rate, static_cast<unsigned>(format.channels)};
+}
+
 void takeCounts(SourceFacts& facts, const WaveFormat& format, std::uint64_t size, std::uint64_t there) {
     constexpr std::uint64_t unstored = ~0ULL;
     facts.rate = format.rate;

@@ -22,6 +22,9 @@ WaveFormat waveFormatAt(const FileBytes& file, std::uint64_t body);
 /// The codec to decode it with, if the decoder's own choice would be wrong.
 std::string codecFor(const WaveFormat& format);
 
+/// What the decoder will call it: samples of whole bytes, on one or two channels.
+std::optional<StreamFacts> streamOf(const WaveFormat& format);
+
 /// Notes how many frames there are in `size` bytes of samples, of which `there` are in the file.
 void takeCounts(SourceFacts& facts, const WaveFormat& format, std::uint64_t size, std::uint64_t there);
 

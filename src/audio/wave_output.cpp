@@ -4,8 +4,6 @@
 #include <system_error>
 #include <utility>
 
-#include "audio/wave.h"
-
 namespace kzq {
 namespace {
 
@@ -22,6 +20,7 @@ Result<void> WaveOutput::open() {
         return Trouble{Trouble::Kind::file, "create", EEXIST};
     }
     sampleBytes_ = 0;
+    hastened_ = 0;
     draft_.emplace(path_.parent_path(), first_);
     return draft_->open();
 }
@@ -32,6 +31,14 @@ Result<void> WaveOutput::write(ByteView samples) {
         sampleBytes_ += samples.size();
     }
     return written;
+}
+
+void WaveOutput::hasten() {
+    constexpr std::uint64_t step = 8 << 20;
+    if (sampleBytes_ >= hastened_ + step) {
+        hastened_ = sampleBytes_;
+        draft_->hasten();
+    }
 }
 
 Result<void> WaveOutput::finish(bool sync) {

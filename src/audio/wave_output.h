@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "audio/wave.h"
 #include "platform/draft.h"
 
 namespace kzq {
@@ -18,6 +19,17 @@ class WaveOutput {
     /// Starts the file, or starts it once more.
     Result<void> open();
     Result<void> write(ByteView samples);
+    /// For a child process that writes the samples itself: the file, at their place. Valid until the next
+    /// `open`.
+    Result<int> handOver() { return draft_->handOver(waveHeaderSize); }
+    /// Notes how long the file has become by that.
+    void grownTo(std::uint64_t fileSize) {
+        sampleBytes_ = fileSize > waveHeaderSize ? fileSize - waveHeaderSize : 0;
+    }
+    /// To read what has been written.
+    Result<Descriptor> reader() const { return draft_->reader(); }
+    /// Called now and then, it has the disk write while there is more to come.
+    void hasten();
     /// Writes the header and gives the file its name. `sync` waits until it is on the disk.
     Result<void> finish(bool sync);
 
@@ -28,6 +40,7 @@ class WaveOutput {
     const Draft::Road first_;
     std::optional<Draft> draft_;
     std::uint64_t sampleBytes_ = 0;
+    std::uint64_t hastened_ = 0;  ///< so many of them
 };
 
 }  // namespace kzq

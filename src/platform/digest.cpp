@@ -58,4 +58,15 @@ std::string SHA256StringOf(const std::function<std::span<const std::uint8_t>()>&
     return digester.result().toHex().toStdString();
 }
 
+MD5Sum::MD5Sum() : digester_(std::make_unique<QCryptographicHash>(QCryptographicHash::Md5)) {}
+MD5Sum::~MD5Sum() = default;
+
+void MD5Sum::add(std::span<const std::uint8_t> bytes) {
+    digester_->addData(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+}
+
+std::string MD5Sum::text() const {
+    return digester_->result().toHex().toStdString();
+}
+
 }  // namespace kzq

@@ -2,10 +2,15 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <vector>
+
+#include "platform/fixed.h"
+
+class QCryptographicHash;
 
 namespace kzq {
 
@@ -21,5 +26,19 @@ std::optional<std::string> MD5String(std::span<const std::uint8_t> bytes);
 std::optional<std::string> SHA256String(std::span<const std::uint8_t> bytes);
 /// The same of bytes that come in pieces; an empty one is the end.
 std::string SHA256StringOf(const std::function<std::span<const std::uint8_t>()>& next);
+
+/// The MD5 of what comes in pieces. One thread at a time.
+class MD5Sum : Fixed {
+  public:
+    MD5Sum();
+    ~MD5Sum();
+
+    void add(std::span<const std::uint8_t> bytes);
+    /// In lower-case hexadecimal digits.
+    std::string text() const;
+
+  private:
+    std::unique_ptr<QCryptographicHash> digester_;
+};
 
 }  // namespace kzq

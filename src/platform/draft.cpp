@@ -126,6 +126,28 @@ Result<void> Draft::sync() {
     return outcome(syncFile(file_.get()), "sync");
 }
 
+void Draft::hasten() const {
+    ::sync_file_range(file_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
+Result<int> Draft::handOver(std::uint64_t offset) {
+    const bool placed = ::lseek(file_.get(), static_cast<off_t>(offset), SEEK_SET) >= 0;
+    return outcome(placed ? 0 : errno, "write").map([this] { return file_.get(); });
+}
+
+Result<Descriptor> Draft::reader() const {
+    Descriptor file(::open(self().c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file) {
+        return Trouble{Trouble::Kind::file, "read", errno};
+    }
+    return file;
+}
+
+/// The file's road that needs no name.
+std::string Draft::self() const {
+    return "/proc/self/fd/" + std::to_string(file_.get());
+}
+
 Result<void> Draft::place(const std::string& name) {
     int error = give(name);
     while (isMissing(error) && (road_ == Road::renameNoReplace || road_ == Road::link)) {
@@ -158,8 +180,7 @@ int Draft::give(const std::string& name) {
 }
 
 int Draft::linkUnnamed(const std::string& name) const {
-    const std::string self = "/proc/self/fd/" + std::to_string(file_.get());
-    return answer(::linkat(AT_FDCWD, self.c_str(), folder_.get(), name.c_str(), AT_SYMLINK_FOLLOW));
+    return answer(::linkat(AT_FDCWD, self().c_str(), folder_.get(), name.c_str(), AT_SYMLINK_FOLLOW));
 }
 
 int Draft::renameNoReplace(const std::string& name) {

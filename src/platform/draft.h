@@ -38,6 +38,12 @@ class Draft : Fixed {
     Result<void> write(ByteView bytes);
     Result<void> writeAt(ByteView bytes, std::uint64_t offset);
     Result<void> sync();
+    /// Has the disk begin with what has been written, so that `sync` takes less. Does not wait.
+    void hasten() const;
+    /// For a child process that writes the rest itself: the file, at `offset`. Valid as long as the draft.
+    Result<int> handOver(std::uint64_t offset);
+    /// To read what has been written.
+    Result<Descriptor> reader() const;
     /// Gives the file its name; EEXIST if that is taken, and then another may be tried.
     Result<void> place(const std::string& name);
     /// Gives it its name in place of a file that has it. Not for a file on the road `unnamed`.
@@ -47,6 +53,7 @@ class Draft : Fixed {
 
   private:
     int openNamed();
+    std::string self() const;
     int give(const std::string& name);
     int linkUnnamed(const std::string& name) const;
     int renameNoReplace(const std::string& name);
