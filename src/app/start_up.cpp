@@ -98,8 +98,11 @@ void setUserDefaults(const fs::path& settings) {
         return;
     }
     QSettings defaults(QString::fromStdString(settings.string()), QSettings::IniFormat);
-    defaults.setValue("NSDisabledDictationMenuItem", true);
-    defaults.setValue("NSDisabledCharacterPaletteMenuItem", true);
+    for (const char* const name : {"NSDisabledDictationMenuItem", "NSDisabledCharacterPaletteMenuItem"}) {
+        if (!defaults.value(name).toBool()) {  // what is set anew is written to the disk, and waited for
+            defaults.setValue(name, true);
+        }
+    }
 }
 
 }  // namespace kzq

@@ -80,10 +80,7 @@ class Conversation {
         if (bytes.empty()) {
             return true;
         }
-        const bool more = task_.output(bytes);
-        lastHeard_ =
-            Clock::now();  // time spent by the consumer, such as on a slow disk, is not the child's silence
-        return more;
+        return heard(task_.output(bytes));
     }
 
     bool followSink() {
@@ -92,8 +89,14 @@ class Conversation {
             return true;
         }
         sinkSize_ = facts.st_size;
+        return heard(task_.grown(static_cast<std::uint64_t>(sinkSize_)));
+    }
+
+    /// The consumer has had its turn, and that may take long, as on a slow disk: it is not the child's
+    /// silence.
+    bool heard(bool more) {
         lastHeard_ = Clock::now();
-        return task_.grown(static_cast<std::uint64_t>(sinkSize_));
+        return more;
     }
 
     std::optional<ChildEnd::How> reasonToStop() const {

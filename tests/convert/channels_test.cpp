@@ -39,6 +39,7 @@ TEST_F(Channels, MonoBecomesTwoEqualSidesAtFullLevel) {
         doubled.insert(doubled.end(), 2, sample);
     }
     EXPECT_EQ(doubled, converted(shop_.write("mono.wav", wave(packed(master), 1).value())));
+    EXPECT_EQ(doubled, converted(shop_.encode("mono.flac", "-i mono.wav"))) << "it has the MD5 of one side";
 }
 
 TEST_F(Channels, MoreChannelsAreMixedDownAndNeverClip) {

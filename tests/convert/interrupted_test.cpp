@@ -31,7 +31,6 @@ TEST_F(Interrupted, ByTheUser) {
         cancelled = true;
     };
     expectFailed(Trouble::Kind::cancelled, Conversion(cancelling).convert(source_), source_);
-    EXPECT_GT(last, 0U);
     EXPECT_LT(last, frames) << "it ended in the middle";
     expectFailed(Trouble::Kind::cancelled, Conversion(cancelling).convert("/none.wav"), "/none.wav");
 }

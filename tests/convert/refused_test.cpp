@@ -43,6 +43,10 @@ TEST_F(Refused, WhatIsNoAudio) {
     expectRefused(notAudio, writeText("concat.wav", "ffconcat version 1.0\nfile '" + good + "'\n"));
     expectRefused(notAudio, shop_.encode("film.mp4", "-f lavfi -i color=s=64x64:d=0.2 -c:v mpeg4"));
     expectRefused(unsupported, shop_.encode("opus.mp4", "-i good.wav -c:a libopus"));
+    // Its header says 16-bit samples, as on a CD.
+    shop_.encode("surround.dts", "-i good.wav -c:a dca -strict -2");
+    expectRefused(unsupported,
+                  shop_.encode("dts.wav", "-f s16le -ar 44100 -ac 2 -i surround.dts -c:a pcm_s16le"));
     // Named by its first bytes, not by what the decoder would make of it.
     expectRefused(unsupported, shop_.encode("pcm.caf", "-i good.wav -c:a pcm_s16le"));
     EXPECT_EQ("Windows Media", convert(writeText("a.wma", "\x30\x26\xB2\x75\x8E\x66\xCF\x11")).error().words);

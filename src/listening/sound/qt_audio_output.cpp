@@ -177,9 +177,10 @@ class QtAudioOutput::Device : public QObject {
 
 class QtAudioOutput::Thread : public QThread {
   public:
+    /// To look for devices takes as long as to paint a window, so it begins when nothing else is left to do.
     explicit Thread(std::shared_ptr<Known> known) : known_(std::move(known)) {
         context_.moveToThread(this);
-        start();
+        QTimer::singleShot(0, this, [this] { start(); });
     }
     ~Thread() override {
         quit();
@@ -187,6 +188,7 @@ class QtAudioOutput::Thread : public QThread {
     }
 
     void ask(std::function<void(Device&)> task) {
+        start();  // unless it runs
         QMetaObject::invokeMethod(&context_, [this, task = std::move(task)] { device_->perform(task); });
     }
 

@@ -10,7 +10,8 @@ namespace kzq {
 /// the window nor the sound waits for the other.
 class QtAudioOutput : public AudioOutput {
   public:
-    /// Needs a QCoreApplication. Returns at once: whether there is a device is known a moment later.
+    /// Needs a QCoreApplication. Returns at once: whether there is a device is known a moment after its event
+    /// loop has begun.
     QtAudioOutput();
     ~QtAudioOutput() override;
 

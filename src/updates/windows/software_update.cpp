@@ -25,18 +25,19 @@ std::unique_ptr<SoftwareUpdate> SoftwareUpdate::softwareUpdate(SoftwareUpdateEnv
     if (!environment.updater) {
         return nullptr;
     }
-    auto update = std::unique_ptr<SoftwareUpdate>(new SoftwareUpdate(std::move(environment)));
-    return update->loadWindow() ? std::move(update) : nullptr;
+    return std::unique_ptr<SoftwareUpdate>(new SoftwareUpdate(std::move(environment)));
 }
 
-SoftwareUpdate::SoftwareUpdate(SoftwareUpdateEnvironment environment)
-    : environment_(std::move(environment)) {}
+SoftwareUpdate::SoftwareUpdate(SoftwareUpdateEnvironment environment) : environment_(std::move(environment)) {
+    environment_.updater->setObserver([this](const UpdateStatus& status) { show(status); });
+    show(environment_.updater->status());
+}
 
 SoftwareUpdate::~SoftwareUpdate() {
     environment_.updater->setObserver(nullptr);
 }
 
-bool SoftwareUpdate::loadWindow() {
+void SoftwareUpdate::loadWindow() {
     auto window = std::make_unique<UpdatePanel>();
     Ui::SoftwareUpdate description;
     description.setupUi(window.get());
@@ -54,15 +55,12 @@ bool SoftwareUpdate::loadWindow() {
     QObject::connect(window.get(), &UpdatePanel::escape, window.get(), [this] { cancelOperation(); });
     QObject::connect(window.get(), &UpdatePanel::closing, window.get(), [this] { cancelOperation(); });
     window_ = std::move(window);
-    environment_.updater->setObserver([this](const UpdateStatus& status) { show(status); });
-    show(environment_.updater->status());
     window_->centre();
-    return true;
 }
 
 void SoftwareUpdate::checkForUpdates() {
     environment_.updater->checkForUpdates();
-    window_->present();
+    panel().present();
 }
 
 void SoftwareUpdate::accept() {
@@ -83,14 +81,15 @@ void SoftwareUpdate::accept() {
 
 void SoftwareUpdate::cancelOperation() {
     environment_.updater->cancel();
-    window_->hide();
+    panel().hide();
 }
 
 void SoftwareUpdate::show(const UpdateStatus& status) {
-    if (status.state == UpdateState::idle) {
-        window_->hide();
-    } else {
+    if (status.state != UpdateState::idle) {
+        panel();
         arrange(softwareUpdateView(status, environment_.version));
+    } else if (window_) {
+        window_->hide();
     }
 }
 
@@ -142,8 +141,15 @@ void SoftwareUpdate::place(const SoftwareUpdateView& view) {
     kzq::place(*window_, {0, 0, windowWidth, height});
 }
 
-QWidget& SoftwareUpdate::window() {
+UpdatePanel& SoftwareUpdate::panel() {
+    if (!window_) {
+        loadWindow();
+    }
     return *window_;
+}
+
+QWidget& SoftwareUpdate::window() {
+    return panel();
 }
 
 }  // namespace kzq

@@ -30,7 +30,7 @@ struct SoftwareUpdateEnvironment {
 /// shows its download and installation. All members are for the main thread.
 class SoftwareUpdate : Fixed {
   public:
-    /// A controller with its window loaded and not yet shown; null if that fails.
+    /// A controller; its window is made once there is something to show. Null without an updater.
     static std::unique_ptr<SoftwareUpdate> softwareUpdate(SoftwareUpdateEnvironment environment);
     ~SoftwareUpdate();
 
@@ -48,7 +48,8 @@ class SoftwareUpdate : Fixed {
 
   private:
     explicit SoftwareUpdate(SoftwareUpdateEnvironment environment);
-    bool loadWindow();
+    void loadWindow();
+    UpdatePanel& panel();
     void show(const UpdateStatus& status);
     void arrange(const SoftwareUpdateView& view);
     void place(const SoftwareUpdateView& view);
