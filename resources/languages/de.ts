@@ -3336,7 +3336,6 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 of %2 – %3%</source>
         <translation>%1 von %2 – %3 %</translation>
     </message>
@@ -3622,6 +3621,11 @@ Loops auf dem Pedal.</translation>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 is the newest version available.</source>
         <translation>%1 ist die neueste verfügbare Version.</translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 of %2 – %3 %</source>
+        <translation>%1 von %2 – %3 %</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>

@@ -3273,7 +3273,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
-        <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 of %2 – %3%</source>
         <translation>%1 / %2 – %3%</translation>
     </message>
@@ -3559,6 +3558,11 @@ replace loops on the pedal.</source>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 is the newest version available.</source>
         <translation>%1 は最新バージョンです。</translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 of %2 – %3 %</source>
+        <translation>%1 / %2 – %3 %</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>

@@ -102,7 +102,7 @@ TEST_F(SoftwareUpdateTest, LeadsFromTheOfferToTheRestart) {
     EXPECT_EQ(window().focusWidget(), &control<QWidget>(window(), "acceptButton"));
     QTest::keyClick(&window(), Qt::Key_Return);
     executor.advance(1s);
-    EXPECT_EQ(detail(), u"1MB of 2MB \u2013 50%");
+    EXPECT_EQ(detail(), u"1 MB of 2 MB \u2013 50 %");
     EXPECT_EQ(control<LampBar>(window(), "bar").doubleValue(), 0.5);
     EXPECT_EQ(buttons(), QStringList{"Cancel"});
     QTest::keyClick(window().focusWidget(), Qt::Key_Return);

@@ -18,7 +18,7 @@ std::string nameOf(const std::string& version) {
 
 std::string megabytes(std::uint64_t bytes) {
     constexpr std::uint64_t megabyte = 1'000'000;
-    return std::to_string((bytes + megabyte - 1) / megabyte) + "MB";
+    return std::to_string((bytes + megabyte - 1) / megabyte) + " MB";
 }
 
 double fractionOf(const UpdateStatus& status) {
@@ -44,7 +44,7 @@ SoftwareUpdateView atWork(const UpdateStatus& status) {
     switch (status.state) {
         case UpdateState::downloading:
             view.headline = text(words("Downloading %1\u2026", nameOf(status.version)));
-            view.detail = text(words("%1 of %2 \u2013 %3%", megabytes(status.received),
+            view.detail = text(words("%1 of %2 \u2013 %3 %", megabytes(status.received),
                                      megabytes(status.total), static_cast<int>(100 * fractionOf(status))));
             view.cancel = text(words("Cancel"));
             break;
