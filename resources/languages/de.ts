@@ -2057,6 +2057,11 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal is waiting for firmware</source>
+        <translation>das Pedal wartet auf Firmware</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal refused %1</source>
         <translation>%1 wurde vom Pedal abgelehnt</translation>
     </message>

@@ -2025,6 +2025,11 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal is waiting for firmware</source>
+        <translation>ペダルはファームウェアを待っています</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal refused %1</source>
         <translation>ペダルが %1 を拒否しました</translation>
     </message>

@@ -319,6 +319,9 @@ Result<std::size_t> Pedal::eraseLoops(const std::vector<SlotNumber>& slots) {
 
 Result<void> Pedal::transfer(const Start& start) {
     begun_ = false;
+    if (!stopped() && link_->factoryBlank()) {  // the link would ask it
+        return Trouble{Trouble::Kind::inLoader};
+    }
     const auto batch = std::make_shared<Batch>(shared_from_this());
     const bool came = perform(false, [self = shared_from_this(), batch, start](const Done& done) {
         batch->done = done;

@@ -47,7 +47,7 @@ constexpr auto wordings = std::to_array<Wording>({
     {.kind = Kind::noStage, .reason = reasonPartway, .sentence = sentenceUnidentified},
     {.kind = Kind::unknownStage, .reason = reasonPartway, .sentence = sentenceUnidentified},
     {.kind = Kind::inLoader,
-     .reason = reasonPartway,
+     .reason = english("the pedal is waiting for firmware"),
      .sentence =
          "The pedal is running only its loader and needs firmware. Run \"kzq7306ctl firmware install\"."},
     {.kind = Kind::noSystemVersion,
