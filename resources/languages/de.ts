@@ -79,7 +79,7 @@
         <location filename="../../src/app/backing_up_compare.cpp"/>
         <location filename="../../src/app/transfer_events.cpp"/>
         <source>Comparing loop %1…</source>
-        <translation>Loop %1 wird verglichen …</translation>
+        <translation>Loop %1 wird verglichen …</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -197,7 +197,7 @@
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
         <source>erased</source>
-        <translation>gelöscht</translation>
+        <translation>wird gelöscht</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -222,7 +222,7 @@
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
         <source>replaces a loop of %1</source>
-        <translation>ersetzt einen Loop mit %1</translation>
+        <translation>ersetzt einen Loop von %1</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -300,7 +300,7 @@
     <message>
         <location filename="../../src/app/backing_up_show.cpp"/>
         <source>reading…</source>
-        <translation>wird gelesen …</translation>
+        <translation>wird gelesen …</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_show.cpp"/>
@@ -317,8 +317,8 @@
         <source>Backing up %n loops from the 7306...</source>
         <comment>Backing up %n loop from the 7306...</comment>
         <translation>
-            <numerusform>%n Loop vom 7306 wird gesichert …</numerusform>
-            <numerusform>%n Loops vom 7306 werden gesichert …</numerusform>
+            <numerusform>%n Loop vom 7306 wird gesichert …</numerusform>
+            <numerusform>%n Loops vom 7306 werden gesichert …</numerusform>
         </translation>
     </message>
     <message>
@@ -352,12 +352,12 @@
     <message>
         <location filename="../../src/app/bring_back_flow.cpp"/>
         <source>Keep Copies is still off</source>
-        <translation>„Kopien aufbewahren“ ist weiterhin aus</translation>
+        <translation>„Kopien aufbewahren“ ist weiterhin ausgeschaltet</translation>
     </message>
     <message>
         <location filename="../../src/app/bring_back_flow.cpp"/>
         <source>Keep Copies is still on</source>
-        <translation>„Kopien aufbewahren“ ist weiterhin ein</translation>
+        <translation>„Kopien aufbewahren“ ist weiterhin eingeschaltet</translation>
     </message>
     <message>
         <location filename="../../src/app/bring_back_flow.cpp"/>
@@ -441,8 +441,8 @@
         <source>%n files go to %1</source>
         <comment>%n file goes to %1</comment>
         <translation>
-            <numerusform>%n Datei geht an %1</numerusform>
-            <numerusform>%n Dateien gehen an %1</numerusform>
+            <numerusform>%n Datei für %1 vorgemerkt</numerusform>
+            <numerusform>%n Dateien für %1 vorgemerkt</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -536,12 +536,12 @@
     <message>
         <location filename="../../src/app/erase_flow.cpp"/>
         <source>Erasing %1…</source>
-        <translation>%1 wird gelöscht …</translation>
+        <translation>%1 wird gelöscht …</translation>
     </message>
     <message>
         <location filename="../../src/app/erase_flow.cpp"/>
         <source>Erasing loops…</source>
-        <translation>Loops werden gelöscht …</translation>
+        <translation>Loops werden gelöscht …</translation>
     </message>
     <message>
         <location filename="../../src/app/export_flow.cpp"/>
@@ -557,7 +557,7 @@
         <location filename="../../src/app/export_flow.cpp"/>
         <location filename="../../src/app/transfer_events.cpp"/>
         <source>Writing loop %1…</source>
-        <translation>Loop %1 wird geschrieben …</translation>
+        <translation>Loop %1 wird geschrieben …</translation>
     </message>
     <message>
         <location filename="../../src/app/export_flow.cpp"/>
@@ -585,11 +585,6 @@
     </message>
     <message>
         <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>It is fetched again.</source>
-        <translation>Sie wird erneut heruntergeladen.</translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
         <source>It is not the maker's newest firmware, %1.</source>
         <translation>Die neueste Firmware des Herstellers ist eine andere, %1.</translation>
     </message>
@@ -602,6 +597,11 @@
         <location filename="../../src/app/firmware_flow.cpp"/>
         <source>It ran %1 before.</source>
         <translation>Vorher lief darauf %1.</translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>It will be downloaded again.</source>
+        <translation>Die Firmware wird erneut heruntergeladen.</translation>
     </message>
     <message>
         <location filename="../../src/app/firmware_flow.cpp"/>
@@ -660,7 +660,7 @@
     <message>
         <location filename="../../src/app/firmware_notices.cpp"/>
         <source>Downloading firmware %1, %2 %</source>
-        <translation>Firmware %1 wird heruntergeladen, %2 %</translation>
+        <translation>Firmware %1 wird heruntergeladen, %2 %</translation>
     </message>
     <message>
         <location filename="../../src/app/firmware_notices.cpp"/>
@@ -786,7 +786,7 @@
         <location filename="../../src/app/loop_reader.cpp"/>
         <location filename="../../src/app/transfer_events.cpp"/>
         <source>Reading loop %1…</source>
-        <translation>Loop %1 wird gelesen …</translation>
+        <translation>Loop %1 wird gelesen …</translation>
     </message>
     <message>
         <location filename="../../src/app/import_flow.cpp"/>
@@ -796,12 +796,12 @@
     <message>
         <location filename="../../src/app/keep_flow.cpp"/>
         <source>Keeping a copy of %1…</source>
-        <translation>Kopie von %1 wird aufbewahrt …</translation>
+        <translation>Kopie von %1 wird aufbewahrt …</translation>
     </message>
     <message>
         <location filename="../../src/app/keep_flow.cpp"/>
         <source>Keeping a copy of %1… %2 %</source>
-        <translation>Kopie von %1 wird aufbewahrt … %2 %</translation>
+        <translation>Kopie von %1 wird aufbewahrt … %2 %</translation>
     </message>
     <message>
         <location filename="../../src/app/keep_flow.cpp"/>
@@ -836,7 +836,7 @@
     <message>
         <location filename="../../src/app/listening_events.cpp"/>
         <source>Waiting for the read of loop %1 to stop…</source>
-        <translation>Warten, bis Loop %1 nicht mehr gelesen wird …</translation>
+        <translation>Warten, bis Loop %1 nicht mehr gelesen wird …</translation>
     </message>
     <message>
         <location filename="../../src/app/loop_reader.cpp"/>
@@ -915,8 +915,8 @@ Hier erscheinen dann seine Loops.</translation>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>Slots marked like this will
 replace loops on the pedal.</source>
-        <translation>So markierte Plätze ersetzen
-Loops auf dem Pedal.</translation>
+        <translation>Loops auf so markierten Plätzen
+werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
@@ -941,17 +941,17 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Bring Back…</source>
-        <translation>&amp;Zurückholen …</translation>
+        <translation>&amp;Zurückholen …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Choose File…</source>
-        <translation>&amp;Datei auswählen …</translation>
+        <translation>&amp;Datei auswählen …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Doctor…</source>
-        <translation>&amp;Diagnose …</translation>
+        <translation>&amp;Diagnose …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
@@ -966,7 +966,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Export…</source>
-        <translation>&amp;Exportieren …</translation>
+        <translation>&amp;Exportieren …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
@@ -991,12 +991,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Import…</source>
-        <translation>&amp;Importieren …</translation>
+        <translation>&amp;Importieren …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Keep Copies</source>
-        <translation>&amp;Kopien aufbewahren</translation>
+        <translation>K&amp;opien aufbewahren</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
@@ -1031,12 +1031,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Restore…</source>
-        <translation>&amp;Wiederherstellen …</translation>
+        <translation>&amp;Wiederherstellen …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;Save Report…</source>
-        <translation>Bericht s&amp;peichern …</translation>
+        <translation>Bericht s&amp;peichern …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
@@ -1056,7 +1056,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
         <source>Back &amp;Up…</source>
-        <translation>&amp;Sichern …</translation>
+        <translation>&amp;Sichern …</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
@@ -1161,9 +1161,9 @@ Loops auf dem Pedal.</translation>
     <message numerus="yes">
         <location filename="../../src/app/model/carry_plan.cpp"/>
         <source>None of %n files fits</source>
-        <comment>None of %n file fits</comment>
+        <comment>The file does not fit</comment>
         <translation>
-            <numerusform>Keine von %n Datei passt</numerusform>
+            <numerusform>Die Datei passt nicht</numerusform>
             <numerusform>Keine von %n Dateien passt</numerusform>
         </translation>
     </message>
@@ -1209,7 +1209,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>Both are copied first; Edit &gt; Bring Back returns them.</source>
-        <translation>Beide werden vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt sie zurück.</translation>
+        <translation>Beide Loops werden vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt sie zurück.</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
@@ -1225,12 +1225,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>Comparing the 7306 with the backup...</source>
-        <translation>Das 7306 wird mit der Sicherung verglichen …</translation>
+        <translation>Das 7306 wird mit der Sicherung verglichen …</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>Comparing with the backup…</source>
-        <translation>Vergleich mit der Sicherung …</translation>
+        <translation>Vergleich mit der Sicherung …</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
@@ -1240,7 +1240,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>It is copied first; Edit &gt; Bring Back returns it.</source>
-        <translation>Er wird vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt ihn zurück.</translation>
+        <translation>Dieser Loop wird vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt ihn zurück.</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
@@ -1270,19 +1270,19 @@ Loops auf dem Pedal.</translation>
         <source>Restoring %n loops to the 7306...</source>
         <comment>Restoring %n loop to the 7306...</comment>
         <translation>
-            <numerusform>%n Loop wird auf dem 7306 wiederhergestellt …</numerusform>
-            <numerusform>%n Loops werden auf dem 7306 wiederhergestellt …</numerusform>
+            <numerusform>%n Loop wird auf dem 7306 wiederhergestellt …</numerusform>
+            <numerusform>%n Loops werden auf dem 7306 wiederhergestellt …</numerusform>
         </translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>Restoring…</source>
-        <translation>Wiederherstellung läuft …</translation>
+        <translation>Wiederherstellung läuft …</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>They are copied first; Edit &gt; Bring Back returns them.</source>
-        <translation>Sie werden vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt sie zurück.</translation>
+        <translation>Diese Loops werden vorher kopiert; „Bearbeiten &gt; Zurückholen“ holt sie zurück.</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
@@ -1307,7 +1307,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/said.h"/>
         <source>%1 staged for %2, %3, replaces a loop of %4</source>
-        <translation>%1 für %2 vorgemerkt, %3, ersetzt einen Loop mit %4</translation>
+        <translation>%1 für %2 vorgemerkt, %3, ersetzt einen Loop von %4</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/app/said.h"/>
@@ -1330,7 +1330,7 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/app/save_report.cpp"/>
-        <source>Include names of files</source>
+        <source>Include file names</source>
         <translation>Dateinamen aufnehmen</translation>
     </message>
     <message>
@@ -1346,12 +1346,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/save_report.cpp"/>
         <source>Save…</source>
-        <translation>Speichern …</translation>
+        <translation>Speichern …</translation>
     </message>
     <message>
         <location filename="../../src/app/save_report.cpp"/>
         <source>Saving the report…</source>
-        <translation>Der Bericht wird gespeichert …</translation>
+        <translation>Der Bericht wird gespeichert …</translation>
     </message>
     <message>
         <location filename="../../src/app/save_report.cpp"/>
@@ -1397,7 +1397,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/set_up.cpp"/>
         <source>Setting up…</source>
-        <translation>Einrichtung läuft …</translation>
+        <translation>Einrichtung läuft …</translation>
     </message>
     <message>
         <location filename="../../src/app/set_up.cpp"/>
@@ -1469,8 +1469,8 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/app/staging.cpp"/>
-        <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
-        <translation>Angeschlossen: vorgemerkte Dateien wurden verworfen, die Plätze des Pedals können anders belegt sein</translation>
+        <source>Plugged in: staged files were removed, as the pedal's slots may differ</source>
+        <translation>Angeschlossen: vorgemerkte Dateien wurden entfernt, da die Plätze des Pedals anders belegt sein können</translation>
     </message>
     <message>
         <location filename="../../src/app/staging.cpp"/>
@@ -1533,7 +1533,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/teller.cpp"/>
         <source>Back Up…</source>
-        <translation>Sichern …</translation>
+        <translation>Sichern …</translation>
     </message>
     <message>
         <location filename="../../src/app/teller.cpp"/>
@@ -1588,12 +1588,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/time_left.cpp"/>
         <source>about %1 min left</source>
-        <translation>noch etwa %1 min</translation>
+        <translation>noch etwa %1 min</translation>
     </message>
     <message>
         <location filename="../../src/app/time_left.cpp"/>
         <source>about %1 s left</source>
-        <translation>noch etwa %1 s</translation>
+        <translation>noch etwa %1 s</translation>
     </message>
     <message>
         <location filename="../../src/app/transfer_panel.cpp"/>
@@ -1610,8 +1610,8 @@ Loops auf dem Pedal.</translation>
         <source>Exporting %n loops to the 7306...</source>
         <comment>Exporting %n loop to the 7306...</comment>
         <translation>
-            <numerusform>%n Loop wird auf das 7306 exportiert …</numerusform>
-            <numerusform>%n Loops werden auf das 7306 exportiert …</numerusform>
+            <numerusform>%n Loop wird auf das 7306 exportiert …</numerusform>
+            <numerusform>%n Loops werden auf das 7306 exportiert …</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1619,8 +1619,8 @@ Loops auf dem Pedal.</translation>
         <source>Importing %n loops from the 7306...</source>
         <comment>Importing %n loop from the 7306...</comment>
         <translation>
-            <numerusform>%n Loop wird vom 7306 importiert …</numerusform>
-            <numerusform>%n Loops werden vom 7306 importiert …</numerusform>
+            <numerusform>%n Loop wird vom 7306 importiert …</numerusform>
+            <numerusform>%n Loops werden vom 7306 importiert …</numerusform>
         </translation>
     </message>
     <message>
@@ -1646,7 +1646,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/app/verify_flow.cpp"/>
         <source>Verifying loop %1…</source>
-        <translation>Loop %1 wird geprüft …</translation>
+        <translation>Loop %1 wird geprüft …</translation>
     </message>
     <message>
         <location filename="../../src/audio/convert.cpp"/>
@@ -1697,7 +1697,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>Another program is using the pedal. Find out which one and close it.</source>
-        <translation>Ein anderes Programm verwendet das Pedal. Finden Sie heraus, welches, und schließen Sie es.</translation>
+        <translation>Ein anderes Programm verwendet das Pedal. Herausfinden, welches, und es schließen.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -1752,7 +1752,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>The pedal is in use by %1. Close that program, or wait until it has finished.</source>
-        <translation>Das Pedal wird von %1 verwendet. Schließen Sie das Programm oder warten Sie, bis es fertig ist.</translation>
+        <translation>Das Pedal wird von %1 verwendet. Dieses Programm schließen oder warten, bis es fertig ist.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -1782,7 +1782,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>udev is not running, as in a container, so a pedal that is plugged in later is not noticed. Plug it in before starting the program, or run the program outside the container.</source>
-        <translation>udev läuft nicht, wie in einem Container; ein später angeschlossenes Pedal wird daher nicht bemerkt. Schließen Sie es vor dem Programmstart an, oder starten Sie das Programm außerhalb des Containers.</translation>
+        <translation>udev läuft nicht, wie in einem Container; ein später angeschlossenes Pedal wird daher nicht bemerkt. Pedal vor dem Programmstart anschließen oder das Programm außerhalb des Containers starten.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -1797,7 +1797,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
         <source>The sound device does not play 44,100 Hz.</source>
-        <translation>Das Audiogerät unterstützt 44.100 Hz nicht.</translation>
+        <translation>Das Audiogerät unterstützt 44.100 Hz nicht.</translation>
     </message>
     <message>
         <location filename="../../src/listening/sound/qt_audio_output.cpp"/>
@@ -1807,7 +1807,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/loops/capacity.cpp"/>
         <source>Space remaining: %1 min, %2 sec</source>
-        <translation>Noch frei: %1 min, %2 s</translation>
+        <translation>Noch frei: %1 min, %2 s</translation>
     </message>
     <message>
         <location filename="../../src/loops/capacity.cpp"/>
@@ -1946,13 +1946,13 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>Erase loops, or choose shorter files.</source>
-        <translation>Loops löschen oder kürzere Dateien auswählen.</translation>
+        <source>Check the rows and start again.</source>
+        <translation>Zeilen prüfen und neu beginnen.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>Look at the rows and start again.</source>
-        <translation>Zeilen ansehen und neu beginnen.</translation>
+        <source>Erase loops, or choose shorter files.</source>
+        <translation>Loops löschen oder kürzere Dateien auswählen.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
@@ -2032,21 +2032,6 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives %1 a length beyond its 24 minutes</source>
-        <translation>%1 ist laut Pedal länger als dessen 24 Minuten</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives it a length beyond its 24 minutes</source>
-        <translation>er ist laut Pedal länger als dessen 24 Minuten</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
-        <translation>er ist laut Pedal länger als dessen 24 Minuten, was nicht sein kann. Pedal abziehen, wieder anschließen und erneut versuchen.</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal has too little room</source>
         <translation>das Pedal hat zu wenig Speicher frei</translation>
     </message>
@@ -2079,6 +2064,21 @@ Loops auf dem Pedal.</translation>
         <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal refused to send it</source>
         <translation>das Pedal hat ihn nicht herausgegeben</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal reports %1 as longer than 24 minutes</source>
+        <translation>%1 ist laut Pedal länger als dessen 24 Minuten</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal reports it as longer than 24 minutes</source>
+        <translation>er ist laut Pedal länger als dessen 24 Minuten</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal reports it as longer than 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
+        <translation>er ist laut Pedal länger als dessen 24 Minuten, was nicht sein kann. Pedal abziehen, wieder anschließen und erneut versuchen.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
@@ -2118,12 +2118,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>%1 ms are missing at its end</source>
-        <translation>am Ende fehlen %1 ms</translation>
+        <translation>am Ende fehlen %1 ms</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>%1 ms of it cannot be read</source>
-        <translation>%1 ms davon sind nicht lesbar</translation>
+        <translation>%1 ms davon sind nicht lesbar</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2153,7 +2153,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>Converting the file takes too much time or memory.</source>
-        <translation>Das Umwandeln der Datei braucht zu viel Zeit oder Arbeitsspeicher.</translation>
+        <translation>Die Umwandlung der Datei braucht zu viel Zeit oder Arbeitsspeicher.</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2163,17 +2163,17 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The audio converter %1 is not installed. To install it: sudo apt install ffmpeg</source>
-        <translation>Das Programm zum Umwandeln, %1, ist nicht installiert. So wird es installiert: sudo apt install ffmpeg</translation>
+        <translation>Der Audiokonverter %1 ist nicht installiert. So wird er installiert: sudo apt install ffmpeg</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The audio converter failed: %1.</source>
-        <translation>Das Umwandeln ist fehlgeschlagen: %1.</translation>
+        <translation>Die Umwandlung ist fehlgeschlagen: %1.</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The conversion was cancelled.</source>
-        <translation>Das Umwandeln wurde abgebrochen.</translation>
+        <translation>Die Umwandlung wurde abgebrochen.</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2208,7 +2208,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.</source>
-        <translation>Die Abtastrate der Datei beträgt %1 Hz; sie muss zwischen 4.000 und 768.000 Hz liegen.</translation>
+        <translation>Die Abtastrate der Datei beträgt %1 Hz; sie muss zwischen 4.000 und 768.000 Hz liegen.</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2223,7 +2223,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The recording cannot be written and ends here: %1.</source>
-        <translation>Die Aufnahme kann nicht geschrieben werden und endet hier: %1.</translation>
+        <translation>Die Aufzeichnung des USB-Verkehrs kann nicht geschrieben werden und endet hier: %1.</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2567,7 +2567,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/told.cpp"/>
         <source>The recording ends here</source>
-        <translation>Die Aufnahme endet hier</translation>
+        <translation>Die Aufzeichnung des USB-Verkehrs endet hier</translation>
     </message>
     <message>
         <location filename="../../src/operations/told.cpp"/>
@@ -2612,7 +2612,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/told.cpp"/>
         <source>the system rule is not in force</source>
-        <translation>die Systemregel ist nicht in Kraft</translation>
+        <translation>die Systemregel ist nicht wirksam</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
@@ -2785,7 +2785,7 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
-        <source>its folder cannot be made</source>
+        <source>its folder cannot be created</source>
         <translation>der Ordner dafür kann nicht angelegt werden</translation>
     </message>
     <message>
@@ -2801,7 +2801,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>%1 % was sent</source>
-        <translation>%1 % wurden gesendet</translation>
+        <translation>%1 % wurden gesendet</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -2826,7 +2826,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>It did not confirm the image. Check whether this is its version.</source>
-        <translation>Es hat das Abbild nicht bestätigt. Prüfen, ob dies dessen Version ist.</translation>
+        <translation>Es hat das Abbild nicht bestätigt. Prüfen, ob das Pedal diese Version hat.</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -2856,7 +2856,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>Sending image, %1 %</source>
-        <translation>Abbild wird gesendet, %1 %</translation>
+        <translation>Abbild wird gesendet, %1 %</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -2896,7 +2896,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>The pedal came back without taking the image; close and reopen the window</source>
-        <translation>Das Pedal ist wieder da, hat das Abbild aber nicht angenommen; Fenster schließen und wieder öffnen</translation>
+        <translation>Das Pedal ist ohne das neue Abbild wieder da; Fenster schließen und wieder öffnen</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -3173,20 +3173,20 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/ui/panels/backup_panel.cpp"/>
         <source>Other folder…</source>
-        <translation>Anderer Ordner …</translation>
+        <translation>Anderer Ordner …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/backup_panel.cpp"/>
         <source>Put a backup back onto the pedal</source>
-        <translation>Eine Sicherung zurück auf das Pedal bringen</translation>
+        <translation>Eine Sicherung auf dem Pedal wiederherstellen</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/ui/panels/bring_back.cpp"/>
         <source>%n copies on this computer, %1. Above 2 GB the oldest are removed.</source>
         <comment>%n copy on this computer, %1. Above 2 GB the oldest are removed.</comment>
         <translation>
-            <numerusform>%n Kopie auf diesem Computer, %1. Über 2 GB werden die ältesten entfernt.</numerusform>
-            <numerusform>%n Kopien auf diesem Computer, %1. Über 2 GB werden die ältesten entfernt.</numerusform>
+            <numerusform>%n Kopie auf diesem Computer, %1. Über 2 GB werden die ältesten entfernt.</numerusform>
+            <numerusform>%n Kopien auf diesem Computer, %1. Über 2 GB werden die ältesten entfernt.</numerusform>
         </translation>
     </message>
     <message>
@@ -3265,7 +3265,12 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Copies what was found, as text</source>
+        <source>Checking the pedal and this computer…</source>
+        <translation>Pedal und Computer werden untersucht …</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Copies the findings as text</source>
         <translation>Kopiert das Gefundene als Text</translation>
     </message>
     <message>
@@ -3278,11 +3283,6 @@ Loops auf dem Pedal.</translation>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
         <source>Doctor</source>
         <translation>Diagnose</translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Looking at the pedal and this computer…</source>
-        <translation>Pedal und Computer werden untersucht …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
@@ -3302,12 +3302,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
         <source>Save Report…</source>
-        <translation>Bericht speichern …</translation>
+        <translation>Bericht speichern …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>About...</source>
-        <translation>Über …</translation>
+        <translation>Über …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
@@ -3322,7 +3322,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>Firmware Update...</source>
-        <translation>Firmware-Update …</translation>
+        <translation>Firmware-Update …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
@@ -3332,17 +3332,17 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>Select Firmware...</source>
-        <translation>Firmware auswählen …</translation>
+        <translation>Firmware auswählen …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>Software Update...</source>
-        <translation>Software-Update …</translation>
+        <translation>Software-Update …</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
         <source>%1 of %2 – %3%</source>
-        <translation>%1 von %2 – %3 %</translation>
+        <translation>%1 von %2 – %3 %</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
@@ -3432,8 +3432,8 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/updates/part_file.cpp"/>
-        <source>the download cannot be made ready to start</source>
-        <translation>das Herunterladen kann nicht vorbereitet werden</translation>
+        <source>the download cannot be completed</source>
+        <translation>das Herunterladen kann nicht abgeschlossen werden</translation>
     </message>
     <message>
         <location filename="../../src/updates/part_file.cpp"/>
@@ -3448,13 +3448,13 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/part_file.cpp"/>
         <source>the file at the path for the download belongs to another user</source>
-        <translation>die Datei am Pfad für das Herunterladen gehört einem anderen Benutzer</translation>
+        <translation>die Datei am Download-Pfad gehört einem anderen Benutzer</translation>
     </message>
     <message>
         <location filename="../../src/updates/part_file.cpp"/>
         <location filename="../../src/updates/update_download.cpp"/>
         <source>the path for the download is not a file</source>
-        <translation>der Pfad für das Herunterladen ist keine Datei</translation>
+        <translation>der Download-Pfad ist keine Datei</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
@@ -3465,11 +3465,6 @@ Loops auf dem Pedal.</translation>
         <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>redirected to an address that is not https</source>
         <translation>Weiterleitung auf eine Adresse ohne https</translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>redirected too often</source>
-        <translation>zu oft weitergeleitet</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
@@ -3484,12 +3479,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>the file is shorter than stated</source>
-        <translation>die Datei ist kürzer als angegeben</translation>
+        <translation>die Datei ist kleiner als angegeben</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>the file is too long</source>
-        <translation>die Datei ist zu lang</translation>
+        <translation>die Datei ist zu groß</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
@@ -3499,7 +3494,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>the stated length is too large</source>
-        <translation>die angegebene Länge ist zu groß</translation>
+        <translation>die angegebene Dateigröße ist zu hoch</translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>too many redirects</source>
+        <translation>zu viele Weiterleitungen</translation>
     </message>
     <message>
         <location filename="../../src/updates/self_check.cpp"/>
@@ -3519,13 +3519,13 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/su_updater.cpp"/>
         <source>the package installer could not be started; install this package yourself: %1</source>
-        <translation>das Installationsprogramm konnte nicht gestartet werden; installieren Sie dieses Paket selbst: %1</translation>
+        <translation>das Installationsprogramm konnte nicht gestartet werden; dieses Paket von Hand installieren: %1</translation>
     </message>
     <message>
         <location filename="../../src/updates/su_updater.cpp"/>
         <location filename="../../src/updates/update_download.cpp"/>
         <source>the signature of the update is wrong</source>
-        <translation>die Signatur des Updates ist falsch</translation>
+        <translation>die Signatur des Updates ist ungültig</translation>
     </message>
     <message>
         <location filename="../../src/updates/su_updater.cpp"/>
@@ -3540,12 +3540,12 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/su_updater.cpp"/>
         <source>the update's length is missing or out of range</source>
-        <translation>die Länge des Updates fehlt oder ist unzulässig</translation>
+        <translation>die Größe des Updates fehlt oder ist unzulässig</translation>
     </message>
     <message>
         <location filename="../../src/updates/su_updater.cpp"/>
         <source>the updated program could not be started; quit and start it again</source>
-        <translation>das aktualisierte Programm konnte nicht gestartet werden; beenden Sie es und starten Sie es neu</translation>
+        <translation>das aktualisierte Programm konnte nicht gestartet werden; beenden und neu starten</translation>
     </message>
     <message>
         <location filename="../../src/updates/su_updater.cpp"/>
@@ -3555,7 +3555,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/update_download.cpp"/>
         <source>the length of the update is not the stated one</source>
-        <translation>die Länge des Updates ist nicht die angegebene</translation>
+        <translation>die Größe des Updates weicht von der angegebenen ab</translation>
     </message>
     <message>
         <location filename="../../src/updates/update_download.cpp"/>
@@ -3565,7 +3565,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/update_download.cpp"/>
         <source>the update is not the one that was signed</source>
-        <translation>das Update ist nicht das signierte</translation>
+        <translation>das Update ist nicht das, das signiert wurde</translation>
     </message>
     <message>
         <location filename="../../src/updates/update_download.cpp"/>
@@ -3574,8 +3574,8 @@ Loops auf dem Pedal.</translation>
     </message>
     <message>
         <location filename="../../src/updates/update_job.cpp"/>
-        <source>it is another version than stated</source>
-        <translation>es ist eine andere Version als angegeben</translation>
+        <source>it is not the stated version</source>
+        <translation>sie ist nicht die angegebene Version</translation>
     </message>
     <message>
         <location filename="../../src/updates/update_job.cpp"/>
@@ -3615,7 +3615,7 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 is now available—you have %2. This copy cannot update itself.</source>
-        <translation>%1 ist jetzt verfügbar – Sie haben %2. Diese Kopie kann sich nicht selbst aktualisieren.</translation>
+        <translation>%1 ist jetzt verfügbar – Sie haben %2. Diese Installation kann sich nicht selbst aktualisieren.</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
@@ -3635,27 +3635,27 @@ Loops auf dem Pedal.</translation>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Checking for updates…</source>
-        <translation>Suche nach Updates …</translation>
+        <translation>Suche nach Updates …</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Checking the download…</source>
-        <translation>Die heruntergeladene Datei wird geprüft …</translation>
+        <translation>Die heruntergeladene Datei wird geprüft …</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Downloading %1…</source>
-        <translation>%1 wird heruntergeladen …</translation>
+        <translation>%1 wird heruntergeladen …</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Follow its steps, then quit this program and start it again.</source>
-        <translation>Folgen Sie seinen Schritten, beenden Sie dann dieses Programm und starten Sie es neu.</translation>
+        <translation>Dessen Anweisungen folgen, dann dieses Programm beenden und neu starten.</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>Installing %1…</source>
-        <translation>%1 wird installiert …</translation>
+        <translation>%1 wird installiert …</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>

@@ -42,7 +42,7 @@
     <message>
         <location filename="../../resources/FirmwareUpdaterProgress.ui"/>
         <source>Installing firmware. Keep the pedal plugged in.</source>
-        <translation>ファームウェアをインストールしています。ペダルを取り外さないでください。</translation>
+        <translation>インストール中です。ペダルを外さないでください。</translation>
     </message>
     <message>
         <location filename="../../resources/SoftwareUpdate.ui"/>
@@ -189,7 +189,7 @@
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
         <source>erased</source>
-        <translation>消去</translation>
+        <translation>消去される</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -209,7 +209,7 @@
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
         <source>replaces %1</source>
-        <translation>%1 を置き換え</translation>
+        <translation>%1 を置換</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -309,7 +309,7 @@
         <source>Backing up %n loops from the 7306...</source>
         <comment>Backing up %n loop from the 7306...</comment>
         <translation>
-            <numerusform>7306 のループ %n 個をバックアップ中...</numerusform>
+            <numerusform>7306 のループ %n 個をバックアップ中…</numerusform>
         </translation>
     </message>
     <message>
@@ -431,7 +431,7 @@
         <source>%n files go to %1</source>
         <comment>%n file goes to %1</comment>
         <translation>
-            <numerusform>ファイル %n 個を %1 へ</numerusform>
+            <numerusform>ファイル %n 個を %1 に書き込み予定</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -484,7 +484,7 @@
         <location filename="../../src/operations/told.cpp"/>
         <location filename="../../src/operations/told_backup.cpp"/>
         <source>a loop</source>
-        <translation>あるループ</translation>
+        <translation>ループの 1 つ</translation>
     </message>
     <message>
         <location filename="../../src/app/copy_sound.cpp"/>
@@ -570,11 +570,6 @@
     </message>
     <message>
         <location filename="../../src/app/firmware_flow.cpp"/>
-        <source>It is fetched again.</source>
-        <translation>もう一度取得します。</translation>
-    </message>
-    <message>
-        <location filename="../../src/app/firmware_flow.cpp"/>
         <source>It is not the maker's newest firmware, %1.</source>
         <translation>メーカーの最新ファームウェア %1 ではありません。</translation>
     </message>
@@ -587,6 +582,11 @@
         <location filename="../../src/app/firmware_flow.cpp"/>
         <source>It ran %1 before.</source>
         <translation>以前のバージョンは %1 でした。</translation>
+    </message>
+    <message>
+        <location filename="../../src/app/firmware_flow.cpp"/>
+        <source>It will be downloaded again.</source>
+        <translation>もう一度ダウンロードします。</translation>
     </message>
     <message>
         <location filename="../../src/app/firmware_flow.cpp"/>
@@ -831,8 +831,8 @@
         <source>Connect the pedal to this computer
 by USB and switch it on.
 Its loops will appear here.</source>
-        <translation>USB ケーブルでペダルをこの
-コンピューターに接続し、電源を入れてください。
+        <translation>USB でこのコンピューターに
+接続し、電源を入れてください。
 ここにループが表示されます。</translation>
     </message>
     <message>
@@ -860,7 +860,7 @@ Its loops will appear here.</source>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>Export tab, computer to pedal</source>
-        <translation>エクスポートタブ、PCからペダルへ</translation>
+        <translation>エクスポートタブ、PC からペダルへ</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
@@ -871,7 +871,7 @@ Its loops will appear here.</source>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>Import tab, pedal to computer</source>
-        <translation>インポートタブ、ペダルからPCへ</translation>
+        <translation>インポートタブ、ペダルから PC へ</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
@@ -898,8 +898,8 @@ Its loops will appear here.</source>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>Slots marked like this will
 replace loops on the pedal.</source>
-        <translation>この印のスロットは、
-ペダルのループを置き換えます。</translation>
+        <translation>この印のスロットでは、
+ペダルのループが置き換わります。</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
@@ -909,12 +909,12 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>computer to pedal</source>
-        <translation>PCからペダルへ</translation>
+        <translation>PC からペダルへ</translation>
     </message>
     <message>
         <location filename="../../src/app/main_window_words.cpp"/>
         <source>pedal to computer</source>
-        <translation>ペダルからPCへ</translation>
+        <translation>ペダルから PC へ</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
@@ -1142,7 +1142,7 @@ replace loops on the pedal.</source>
     <message numerus="yes">
         <location filename="../../src/app/model/carry_plan.cpp"/>
         <source>None of %n files fits</source>
-        <comment>None of %n file fits</comment>
+        <comment>The file does not fit</comment>
         <translation>
             <numerusform>ファイル %n 個はどれも収まりません</numerusform>
         </translation>
@@ -1204,7 +1204,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
         <source>Comparing the 7306 with the backup...</source>
-        <translation>7306 とバックアップを比較中...</translation>
+        <translation>7306 とバックアップを比較中…</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
@@ -1249,7 +1249,7 @@ replace loops on the pedal.</source>
         <source>Restoring %n loops to the 7306...</source>
         <comment>Restoring %n loop to the 7306...</comment>
         <translation>
-            <numerusform>7306 にループ %n 個を復元中...</numerusform>
+            <numerusform>7306 にループ %n 個を復元中…</numerusform>
         </translation>
     </message>
     <message>
@@ -1303,11 +1303,11 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/save_report.cpp"/>
         <source>A text file that you can read and send: the versions of the program and of this computer's system, what keeps the pedal from being used, the last results and the log. There is no audio in it, and neither your name nor that of your home folder.</source>
-        <translation>読むことも送ることもできるテキストファイルです。プログラムとこのコンピューターのシステムのバージョン、ペダルの使用を妨げているもの、最近の結果、ログが含まれます。音声、あなたの名前、ホームフォルダーの名前は含まれません。</translation>
+        <translation>内容を確認してから送れるテキストファイルです。プログラムとこのコンピューターのシステムのバージョン、ペダルの使用を妨げているもの、最近の結果、ログが含まれます。音声、ユーザー名、ホームフォルダーの名前は含まれません。</translation>
     </message>
     <message>
         <location filename="../../src/app/save_report.cpp"/>
-        <source>Include names of files</source>
+        <source>Include file names</source>
         <translation>ファイル名を含める</translation>
     </message>
     <message>
@@ -1394,7 +1394,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/set_up.cpp"/>
         <source>This sets it up, with your password: %1</source>
-        <translation>パスワードを入力してセットアップします：%1</translation>
+        <translation>パスワードの入力後、次のコマンドでセットアップします：%1</translation>
     </message>
     <message>
         <location filename="../../src/app/staging.cpp"/>
@@ -1444,7 +1444,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/app/staging.cpp"/>
-        <source>Plugged in: staged files were let go, the pedal's slots may differ</source>
+        <source>Plugged in: staged files were removed, as the pedal's slots may differ</source>
         <translation>接続されました：スロットが異なる可能性があるため、書き込み予定のファイルを外しました</translation>
     </message>
     <message>
@@ -1545,7 +1545,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/teller.cpp"/>
         <source>What is erased now is gone.</source>
-        <translation>今消去したものは元に戻せません。</translation>
+        <translation>これから消去するものは元に戻せません。</translation>
     </message>
     <message>
         <location filename="../../src/app/teller.cpp"/>
@@ -1582,7 +1582,7 @@ replace loops on the pedal.</source>
         <source>Exporting %n loops to the 7306...</source>
         <comment>Exporting %n loop to the 7306...</comment>
         <translation>
-            <numerusform>7306 にループ %n 個をエクスポート中...</numerusform>
+            <numerusform>7306 にループ %n 個をエクスポート中…</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1590,7 +1590,7 @@ replace loops on the pedal.</source>
         <source>Importing %n loops from the 7306...</source>
         <comment>Importing %n loop from the 7306...</comment>
         <translation>
-            <numerusform>7306 からループ %n 個をインポート中...</numerusform>
+            <numerusform>7306 からループ %n 個をインポート中…</numerusform>
         </translation>
     </message>
     <message>
@@ -1808,7 +1808,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/keep.cpp"/>
         <source>Stop it and try again.</source>
-        <translation>停止して、もう一度お試しください。</translation>
+        <translation>ペダルを停止して、もう一度お試しください。</translation>
     </message>
     <message>
         <location filename="../../src/operations/keep.cpp"/>
@@ -1914,13 +1914,13 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>Erase loops, or choose shorter files.</source>
-        <translation>ループを消去するか、短いファイルを選択してください。</translation>
+        <source>Check the rows and start again.</source>
+        <translation>行を確認して、やり直してください。</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>Look at the rows and start again.</source>
-        <translation>行を確認して、やり直してください。</translation>
+        <source>Erase loops, or choose shorter files.</source>
+        <translation>ループを消去するか、短いファイルを選択してください。</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
@@ -2000,21 +2000,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives %1 a length beyond its 24 minutes</source>
-        <translation>ペダルの示す %1 の長さが、上限の 24 分を超えています</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives it a length beyond its 24 minutes</source>
-        <translation>ペダルの示す長さが、上限の 24 分を超えています</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
-        <translation>ペダルの示す長さが上限の 24 分を超えていますが、これはあり得ません。ペダルを取り外し、もう一度接続して、お試しください。</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal has too little room</source>
         <translation>ペダルの空きが足りません</translation>
     </message>
@@ -2047,6 +2032,21 @@ replace loops on the pedal.</source>
         <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal refused to send it</source>
         <translation>ペダルが送信を拒否しました</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal reports %1 as longer than 24 minutes</source>
+        <translation>ペダルの示す %1 の長さが、上限の 24 分を超えています</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal reports it as longer than 24 minutes</source>
+        <translation>ペダルの示す長さが、上限の 24 分を超えています</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
+        <source>the pedal reports it as longer than 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
+        <translation>ペダルの示す長さが上限の 24 分を超えていますが、これはあり得ません。ペダルを取り外し、もう一度接続して、お試しください。</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
@@ -2191,7 +2191,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The recording cannot be written and ends here: %1.</source>
-        <translation>録音を書き込めないため、ここで終わります：%1。</translation>
+        <translation>USB 通信の記録を書き込めないため、ここで終わります：%1。</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2201,7 +2201,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
         <source>The update server could not prove its identity (%1). Check the computer's clock and its certificates.</source>
-        <translation>更新サーバーの身元を確認できませんでした（%1）。コンピューターの時計と証明書を確認してください。</translation>
+        <translation>更新サーバーの正当性を確認できませんでした（%1）。コンピューターの時計と証明書を確認してください。</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
@@ -2518,7 +2518,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told.cpp"/>
         <source>The recording ends here</source>
-        <translation>録音はここで終わります</translation>
+        <translation>USB 通信の記録はここで終わります</translation>
     </message>
     <message>
         <location filename="../../src/operations/told.cpp"/>
@@ -2724,7 +2724,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
-        <source>its folder cannot be made</source>
+        <source>its folder cannot be created</source>
         <translation>フォルダーを作成できません</translation>
     </message>
     <message>
@@ -2765,7 +2765,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>It did not confirm the image. Check whether this is its version.</source>
-        <translation>ペダルがイメージを確認しませんでした。このバージョンになっているか確認してください。</translation>
+        <translation>ペダルからイメージの受信確認がありませんでした。ペダルがこのバージョンになっているか確認してください。</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -3130,7 +3130,8 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/ui/panels/bring_back.cpp"/>
         <source>A loop is copied here before you erase or replace it.</source>
-        <translation>消去や置き換えの前に、ループがここにコピーされます。</translation>
+        <translation>消去や置き換えの前に、
+ループがここにコピーされます。</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/bring_back.cpp"/>
@@ -3145,7 +3146,8 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/ui/panels/bring_back.cpp"/>
         <source>Keep Copies is off: what you erase or replace now is gone.</source>
-        <translation>「コピーを保管」はオフです。今消去または置き換えたものは元に戻せません。</translation>
+        <translation>「コピーを保管」がオフのため、
+消去や置き換えは元に戻せません。</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/bring_back.cpp"/>
@@ -3202,7 +3204,12 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Copies what was found, as text</source>
+        <source>Checking the pedal and this computer…</source>
+        <translation>ペダルとこのコンピューターを調べています…</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
+        <source>Copies the findings as text</source>
         <translation>診断結果をテキストとしてコピー</translation>
     </message>
     <message>
@@ -3215,11 +3222,6 @@ replace loops on the pedal.</source>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
         <source>Doctor</source>
         <translation>診断</translation>
-    </message>
-    <message>
-        <location filename="../../src/ui/panels/doctor_panel.cpp"/>
-        <source>Looking at the pedal and this computer…</source>
-        <translation>ペダルとこのコンピューターを調べています…</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
@@ -3244,7 +3246,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>About...</source>
-        <translation>このアプリについて...</translation>
+        <translation>このアプリについて…</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
@@ -3259,7 +3261,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>Firmware Update...</source>
-        <translation>ファームウェアの更新...</translation>
+        <translation>ファームウェアの更新…</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
@@ -3269,12 +3271,12 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>Select Firmware...</source>
-        <translation>ファームウェアを選択...</translation>
+        <translation>ファームウェアを選択…</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/menu.cpp"/>
         <source>Software Update...</source>
-        <translation>ソフトウェアの更新...</translation>
+        <translation>ソフトウェアの更新…</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
@@ -3369,8 +3371,8 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/part_file.cpp"/>
-        <source>the download cannot be made ready to start</source>
-        <translation>ダウンロードを準備できません</translation>
+        <source>the download cannot be completed</source>
+        <translation>ダウンロードを完了できません</translation>
     </message>
     <message>
         <location filename="../../src/updates/part_file.cpp"/>
@@ -3405,11 +3407,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>redirected too often</source>
-        <translation>リダイレクトの回数が多すぎます</translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>the download took too long</source>
         <translation>ダウンロードに時間がかかりすぎました</translation>
     </message>
@@ -3437,6 +3434,11 @@ replace loops on the pedal.</source>
         <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>the stated length is too large</source>
         <translation>通知されたサイズが大きすぎます</translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>too many redirects</source>
+        <translation>リダイレクトの回数が多すぎます</translation>
     </message>
     <message>
         <location filename="../../src/updates/self_check.cpp"/>
@@ -3511,8 +3513,8 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/update_job.cpp"/>
-        <source>it is another version than stated</source>
-        <translation>通知されたものと異なるバージョンです</translation>
+        <source>it is not the stated version</source>
+        <translation>通知されたバージョンと異なります</translation>
     </message>
     <message>
         <location filename="../../src/updates/update_job.cpp"/>
@@ -3617,7 +3619,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/words/words.cpp"/>
         <source>%1 %2</source>
-        <translation>%1 %2</translation>
+        <translation>%1%2</translation>
     </message>
 </context>
 </TS>

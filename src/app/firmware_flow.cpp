@@ -75,7 +75,7 @@ class Installation {
 
     void tellUnusable() {
         const Told offered{.what = words("The firmware in the cache cannot be used"),
-                           .detail = words("It is fetched again."),
+                           .detail = words("It will be downloaded again."),
                            .failure = true};
         const auto name = file_.value_or("").filename().string();
         const Told chosen{.what = words("\"%1\" cannot be used", name),

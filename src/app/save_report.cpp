@@ -22,7 +22,7 @@ Alert question() {
                       "computer's system, what keeps the pedal from being used, the last results and the "
                       "log. There is no audio in it, and neither your name nor that of your home folder."),
             .buttons = {{words("Save\u2026")}, {words("Cancel")}},
-            .option = words("Include names of files")};
+            .option = words("Include file names")};
 }
 
 Result<void> save(const decltype(AppEnvironment::writeFile)& writeFile, const std::filesystem::path& file,

@@ -182,7 +182,7 @@ void Staging::setUnderWay(const Exports& exports) {
 void Staging::arrived() {
     if (!letGo_.empty()) {
         const auto files = std::exchange(letGo_, {});
-        teller_.tell({.what = words("Plugged in: staged files were let go, the pedal's slots may differ"),
+        teller_.tell({.what = words("Plugged in: staged files were removed, as the pedal's slots may differ"),
                       .detail = words(files.size(), "\"Stage again\" puts it on the same row.",
                                       "\"Stage again\" puts them on the same rows."),
                       .failure = true},

@@ -71,13 +71,13 @@ constexpr auto wordings = std::to_array<Wording>({
      .reason = reasonNoTable,
      .sentence = "The pedal did not report its loops. Unplug it, plug it in again and try again.",
      .advice = adviceReplug},
-    {.kind = Kind::changed, .reason = nullptr, .advice = english("Look at the rows and start again.")},
+    {.kind = Kind::changed, .reason = nullptr, .advice = english("Check the rows and start again.")},
     {.kind = Kind::cancelled, .reason = english("cancelled")},
     {.kind = Kind::emptySlot, .reason = english("the slot is empty")},
     {.kind = Kind::outOfMemory, .reason = english("there is not enough memory to hold it")},
     {.kind = Kind::tooLarge,
-     .reason = english("the pedal gives it a length beyond its 24 minutes"),
-     .named = english("the pedal gives %1 a length beyond its 24 minutes"),
+     .reason = english("the pedal reports it as longer than 24 minutes"),
+     .named = english("the pedal reports %1 as longer than 24 minutes"),
      .advice = english("Unplug the pedal and plug it in again.")},
     {.kind = Kind::noAudio, .reason = english("its file could not be read")},
     {.kind = Kind::noRoom,
@@ -172,7 +172,7 @@ std::string reasonSentence(Deed deed, const Trouble& trouble) {
     }
     if (trouble.kind == Kind::tooLarge) {
         return words(
-            "the pedal gives it a length beyond its 24 minutes, which cannot be. Unplug the pedal, plug "
+            "the pedal reports it as longer than 24 minutes, which cannot be. Unplug the pedal, plug "
             "it in again and try again.");
     }
     const auto reason = words("%1.", reasonFor(deed, trouble));

@@ -109,7 +109,7 @@ Told toldBackup(const BackupEnd& end, const std::vector<SlotNumber>& asked,
     result.what = words(saved == 0 ? "Nothing was backed up" : "The backup is not complete");
     if (const auto* const trouble = mainTrouble(outcome)) {
         result.failure = trouble->kind != Kind::cancelled;
-        result.why = trouble->kind == Kind::folder ? words("its folder cannot be made")
+        result.why = trouble->kind == Kind::folder ? words("its folder cannot be created")
                                                    : reasonOf(Deed::save, outcome, *trouble);
         result.detail = trouble->kind == Kind::folder ? fileRemedy(trouble->error) : adviceOn(*trouble);
     }

@@ -86,7 +86,7 @@ Result<void> PartFile::seal(std::filesystem::perms permissions) {
     const auto mode = static_cast<mode_t>(permissions | std::filesystem::perms::owner_write);
     // On the disk before anything makes room for it: a disk that is full now changes nothing.
     if (!reader || ::fchmod(reader.get(), mode) != 0 || ::fsync(reader.get()) != 0) {
-        return trouble(english("the download cannot be made ready to start"), errno);
+        return trouble(english("the download cannot be completed"), errno);
     }
     std::exchange(file_, std::move(reader)).close();  // which ends the lock
     if (::flock(file_.get(), LOCK_EX | LOCK_NB) != 0) {

@@ -268,7 +268,7 @@ HttpResult QtHttpClient::fetch(const HttpRequest& request) {
             return failed(HttpFailure::redirect, english("redirected to an address that is not https"));
         }
     }
-    return failed(HttpFailure::redirect, english("redirected too often"));
+    return failed(HttpFailure::redirect, english("too many redirects"));
 }
 
 }  // namespace kzq

@@ -62,9 +62,8 @@ UpdateReason tryOut(const UpdateJob& job, UpdateDownload& download) {
     if (said && saysVersion(*said, job.item.version)) {
         return {};
     }
-    return updateReason(
-        english("the new version does not work: %1; the program in place was not changed"),
-        said ? std::string(english("it is another version than stated")) : said.error().where);
+    return updateReason(english("the new version does not work: %1; the program in place was not changed"),
+                        said ? std::string(english("it is not the stated version")) : said.error().where);
 }
 
 /// Whether the package is in its place already, as after an installation that another one repeats: what was

@@ -38,10 +38,9 @@ TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
     };
     freeBytes = 100'000;
     EXPECT_EQ(import({"--all"}), ExitCode::someFailed);
-    EXPECT_THAT(err.str(),
-                HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond its 24 minutes"));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was not saved: the pedal reports it as longer than 24 minutes"));
     EXPECT_EQ(run({"backup", folder / "backup"}), ExitCode::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was not saved: the pedal gives it a length beyond"));
+    EXPECT_THAT(err.str(), HasSubstr("Loop 2 was not saved: the pedal reports it as longer than 24 minutes"));
     EXPECT_FALSE(std::filesystem::exists(folder / "backup" / stamp));
     const auto file = writeWave("a.wav", loopOf(700, 40));
     for (const auto& arguments :
@@ -49,7 +48,7 @@ TEST_F(ToolTest, ALengthThatCannotBeIsNeitherSavedNorTouched) {
                                                {"export", file, "--yes"},
                                                {"export", file, "--slot", "2", "--yes"}}) {
         EXPECT_EQ(run(arguments), ExitCode::pedalRefused);
-        EXPECT_THAT(err.str(), HasSubstr("Loop 2: the pedal gives it a length beyond"));
+        EXPECT_THAT(err.str(), HasSubstr("Loop 2: the pedal reports it as longer than 24 minutes"));
     }
     EXPECT_EQ(run({"erase", "5", "--yes"}), ExitCode::ok);
     EXPECT_EQ(sent(0xE2), 0);

@@ -74,7 +74,7 @@ SCENES = {
         list item Slot #, no loop: focusable x 17; check box Erase loops that are not in this backup: focusable; push button Close: focusable
         focused; push button Restore (There is no backup in this folder): disabled""",
     "doctor": """
-        label OK: A simulated pedal is used instead of a real one.; push button Copy (Copies what was found, as text): focusable; push button Save
+        label OK: A simulated pedal is used instead of a real one.; push button Copy (Copies the findings as text): focusable; push button Save
         Report…: focusable; push button Close: focusable focused""",
     "offer": """
         label KZQ7306 1.6 is now available—you have 1.5. Would you like to install it now?; text Release notes: focusable; push button Install the

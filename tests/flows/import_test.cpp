@@ -118,14 +118,14 @@ TEST_F(FlowTest, AnImportThatHasNoRoomOrCannotBeTrueMovesNothing) {
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(files(), ElementsAre("Loop 1.wav"));
-    EXPECT_EQ(line(), "1 of 2 loops saved: the pedal gives loop 20 a length beyond its 24 minutes");
+    EXPECT_EQ(line(), "1 of 2 loops saved: the pedal reports loop 20 as longer than 24 minutes");
     select({1, 20});
     pass(6s);  // now its row shows it
     pedal.clearJournal();
     window->importButton()->click();
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xE1), IsEmpty());
-    EXPECT_EQ(line(), "Nothing was saved: the pedal gives loop 20 a length beyond its 24 minutes");
+    EXPECT_EQ(line(), "Nothing was saved: the pedal reports loop 20 as longer than 24 minutes");
     port.tamper = {};
     pass(6s);
     window->importButton()->click();

@@ -216,7 +216,7 @@ TEST_F(MenuBarTest, TheDoctorLooksInTheBackgroundAndSaysWhatTheToolSays) {
     auto* const panel = window->findChild<DoctorPanel*>();
     ASSERT_NE(panel, nullptr);
     EXPECT_TRUE(panel->isVisible() && !panel->isModal());
-    EXPECT_EQ(panel->headline(), "Looking at the pedal and this computer\u2026");
+    EXPECT_EQ(panel->headline(), "Checking the pedal and this computer\u2026");
     EXPECT_FALSE(panel->copy().isEnabled());
     pass(3s);
     EXPECT_EQ(looks, 1);

@@ -170,7 +170,7 @@ TEST_F(FlowTest, FilesThatAreNotUsedAreNamed) {
     stage(4, 10);
     plugIn();
     pass(1s);
-    EXPECT_EQ(line(), "Plugged in: staged files were let go, the pedal's slots may differ");
+    EXPECT_EQ(line(), "Plugged in: staged files were removed, as the pedal's slots may differ");
     window->statusLine().link().click();
     pass(1s);
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);

@@ -47,7 +47,7 @@ DoctorPanel::DoctorPanel(QWidget* window)
     connect(copy_, &AlertButton::clicked, this, &DoctorPanel::copyPressed);
     connect(report_, &AlertButton::clicked, this, &DoctorPanel::reportPressed);
     connect(close_, &AlertButton::clicked, this, &DoctorPanel::reject);
-    copy_->setAccessibleDescription(toQt(words("Copies what was found, as text")));
+    copy_->setAccessibleDescription(toQt(words("Copies the findings as text")));
     look();
     auto* const ring = new FocusRing(this);
     close_->setFocus(Qt::OtherFocusReason);
@@ -61,7 +61,7 @@ AlertButton* DoctorPanel::addButton(const QString& word) {
 }
 
 void DoctorPanel::look() {
-    say(toQt(words("Looking at the pedal and this computer\u2026")));
+    say(toQt(words("Checking the pedal and this computer\u2026")));
     fill({});
     copy_->setEnabled(false);
 }
