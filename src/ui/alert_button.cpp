@@ -34,6 +34,15 @@ QSize AlertButton::sizeHint() const {
     }
 }
 
+int AlertButton::fullWidth() const {
+    return faceWidth(shownWord());
+}
+
+QString AlertButton::shownWord() const {
+    const bool chevrons = face_ == Face::green || face_ == Face::blue;
+    return QString(chevrons ? chevronsRoom : 0, ' ') + text();
+}
+
 ButtonFace AlertButton::painted() const {
     const auto state = !isEnabled() ? ButtonState::disabled
                        : isDown()   ? ButtonState::down
@@ -49,11 +58,10 @@ void AlertButton::paintEvent(QPaintEvent* /*event*/) {
     const auto face = painted();
     ScaledPainter painter(this);
     const auto bounds = painter.bounds().toRect();
+    drawButtonFace(painter, bounds, face, shownWord());
     if (face_ != Face::green && face_ != Face::blue) {
-        drawButtonFace(painter, bounds, face, text());
         return;
     }
-    drawButtonFace(painter, bounds, face, QString(chevronsRoom, ' ') + text());
     const double word = std::round(painter.advance(text()));
     const double left = (bounds.width() - word) / 2 - chevronsLeft;
     const double middle = upperMiddle(bounds, face);

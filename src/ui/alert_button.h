@@ -19,12 +19,15 @@ class AlertButton : public KeyButton {
 
     void setFace(Face face);
     QSize sizeHint() const override;
+    /// With its word in full size, at 100 %.
+    int fullWidth() const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
 
   private:
     ButtonFace painted() const;
+    QString shownWord() const;
 
     Face face_;
 };

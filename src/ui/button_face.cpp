@@ -1,6 +1,8 @@
 #include "ui/button_face.h"
 
+#include <QFontMetricsF>
 #include <QLinearGradient>
+#include <cmath>
 
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -103,6 +105,10 @@ void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFac
     painter.fitType(word, bounds.width() - 2 * radius);
     painter.setPen(face.word);
     painter.write(upper, Qt::AlignCenter, word);
+}
+
+int faceWidth(const QString& word) {
+    return static_cast<int>(std::ceil(QFontMetricsF(wordFont()).horizontalAdvance(word))) + 2 * radius;
 }
 
 double upperMiddle(const QRect& bounds, const ButtonFace& face) {

@@ -26,6 +26,9 @@ ButtonFace blueFace(ButtonState state);
 /// Draws the face over `bounds`, with `word` in the middle of its upper side.
 void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFace& face, const QString& word);
 
+/// How wide it is with `word` in full size, at 100 %.
+int faceWidth(const QString& word);
+
 /// Where the middle of that side is: it lies lower when pressed.
 double upperMiddle(const QRect& bounds, const ButtonFace& face);
 

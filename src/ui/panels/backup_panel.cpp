@@ -42,6 +42,7 @@ constexpr QPointF finePrintAt(32, 479);
 constexpr QPoint eraseAt(30, 462);
 constexpr QRect closeFrame(440, 446, 108, 40);
 constexpr QRect goFrame(560, 446, 112, 40);
+constexpr int mostWider = 28;  // which a long word takes from the button beside it
 
 /// An underlined word.
 class FolderLink : public KeyButton {
@@ -118,11 +119,12 @@ void BackupPanel::makeFoot() {
     connect(erase_, &CheckBox::clicked, this, &BackupPanel::eraseChanged);
     decline_ = new AlertButton(AlertButton::Face::brown, this);
     decline_->setText(toQt(words("Close")));
-    decline_->setGeometry(closeFrame);
     connect(decline_, &AlertButton::clicked, this, &BackupPanel::reject);
     accept_ = new AlertButton(restores ? AlertButton::Face::green : AlertButton::Face::blue, this);
     accept_->setText(toQt(restores ? words("Restore") : words("Back Up")));
-    accept_->setGeometry(goFrame);
+    const int wider = std::clamp(accept_->fullWidth() - goFrame.width(), 0, mostWider);
+    accept_->setGeometry(goFrame.adjusted(-wider, 0, 0, 0));
+    decline_->setGeometry(closeFrame.adjusted(0, 0, -wider, 0));
     connect(accept_, &AlertButton::clicked, this, [this] {
         close();
         Q_EMIT wanted();

@@ -23,6 +23,7 @@ constexpr QRect slotField(52, 0, 260, 28);
 constexpr int loopNameX = 16;
 constexpr int loopLengthEnd = 128;
 constexpr int wordsX = 140;
+constexpr int leaderX = 224;  // where a field that is not empty has one
 constexpr int fieldBaseline = 18;
 
 QString fieldOf(Look look) {
@@ -130,7 +131,8 @@ void BackupRow::paintWords(ScaledPainter& painter) const {
     painter.setPen(words);
     drawFigures(painter, loopLengthEnd, fieldBaseline, shown_.length);
     painter.setPen(look == Look::erased ? KZQRed() : look == Look::damaged ? KZQYellow() : words);
-    painter.writeWithin(QPointF(wordsX, fieldBaseline), shown_.words, slotField.width() - wordsX);
+    painter.writeWithin(QPointF(wordsX, fieldBaseline), shown_.words,
+                        (fieldOf(look).isEmpty() ? slotField.width() : leaderX) - wordsX);
 }
 
 }  // namespace kzq
