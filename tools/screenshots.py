@@ -9,8 +9,9 @@ import sys
 import tempfile
 import wave
 
-from driver import DRAG_SOURCE, Program, choose, drag, key, wait, window_of, xdotool
+from driver import DRAG_SOURCE, choose, drag, key, wait, window_of, xdotool
 from maker import Maker
+from translated import Program, title as title_in_its_language
 
 folder = sys.argv[1]
 work = tempfile.mkdtemp()
@@ -71,7 +72,7 @@ def measure(path, what, size):
 
 def number_of(program, title):
     return subprocess.run(
-        ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", f"^{title}"],
+        ["xdotool", "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", f"^{title_in_its_language(title)}"],
         check=True, capture_output=True, text=True,
     ).stdout.split()[0]
 
@@ -177,7 +178,7 @@ def main_window():
         key("Down", "Down", "Down")
         picture(program, "menu")
         key("Up", "Up", "Return")
-        picture(program, "about", "About")
+        picture(program, "about", "About 7306 Loop Manager")
         key("Escape")
         program.ready()
         export_tab(program)
@@ -256,7 +257,7 @@ def bring_back():
         program.get("2 loops erased", "push button")
         key("ctrl+z")
         program.ready("Bring Back")
-        program.get("Loop 3, replaced today.*", "check box").press()
+        program.get("Loop 3.*replaced today.*", "check box").press()
         picture(program, "bring-back", "Bring Back")
         end(program)
 
