@@ -26,7 +26,8 @@ def letters(text):
     return sum(sign.isalpha() for sign in HOLE.sub("", text))
 
 
-# What says most comes first, and "%1 name" before "Loop %1"; without letters of its own, a text would be found everywhere.
+# What says most comes first, and "%1 name" before "Loop %1". Without letters of its own, a text would be found
+# everywhere.
 TEXTS = sorted((text for text in texts() if letters(text[0])), key=lambda text: (-letters(text[0]), text[0][0] != "%"))
 
 

@@ -1716,8 +1716,8 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
-        <translation>Loops können nicht importiert werden: %1 konnte nicht rechtzeitig geöffnet werden (%2). Vielleicht war der Computer zu beschäftigt: erneut versuchen. Wenn es so bleibt, die Regeln erneut anwenden.</translation>
+        <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If that does not help, apply the rules again.</source>
+        <translation>Loops können nicht importiert werden: %1 konnte nicht rechtzeitig geöffnet werden (%2). Vielleicht war der Computer zu beschäftigt: erneut versuchen. Wenn das nicht hilft, die Regeln erneut anwenden.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -2077,7 +2077,7 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal reports it as longer than 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
+        <source>the pedal reports it as longer than 24 minutes, which is impossible. Unplug the pedal, plug it in again and try again.</source>
         <translation>er ist laut Pedal länger als dessen 24 Minuten, was nicht sein kann. Pedal abziehen, wieder anschließen und erneut versuchen.</translation>
     </message>
     <message>

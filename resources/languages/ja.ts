@@ -1686,7 +1686,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
-        <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If it stays so, apply the rules again.</source>
+        <source>Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been too busy: try again. If that does not help, apply the rules again.</source>
         <translation>ループをインポートできません：%1 を時間内に開けませんでした（%2）。コンピューターが混み合っていた可能性があります。もう一度お試しください。変わらない場合は、ルールを適用し直してください。</translation>
     </message>
     <message>
@@ -2045,7 +2045,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
-        <source>the pedal reports it as longer than 24 minutes, which cannot be. Unplug the pedal, plug it in again and try again.</source>
+        <source>the pedal reports it as longer than 24 minutes, which is impossible. Unplug the pedal, plug it in again and try again.</source>
         <translation>ペダルの示す長さが上限の 24 分を超えていますが、これはあり得ません。ペダルを取り外し、もう一度接続して、お試しください。</translation>
     </message>
     <message>

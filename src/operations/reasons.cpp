@@ -172,7 +172,7 @@ std::string reasonSentence(Deed deed, const Trouble& trouble) {
     }
     if (trouble.kind == Kind::tooLarge) {
         return words(
-            "the pedal reports it as longer than 24 minutes, which cannot be. Unplug the pedal, plug "
+            "the pedal reports it as longer than 24 minutes, which is impossible. Unplug the pedal, plug "
             "it in again and try again.");
     }
     const auto reason = words("%1.", reasonFor(deed, trouble));

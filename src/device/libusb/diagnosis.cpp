@@ -226,7 +226,7 @@ Finding blockedRoad(const SystemPlaces& places, const Trouble& obstacle) {
     return {Trouble::Kind::roadNotInForce, true,
             words("Loops cannot be imported: %1 could not be opened in time (%2). The computer may have been "
                   "too busy: "
-                  "try again. If it stays so, apply the rules again.",
+                  "try again. If that does not help, apply the rules again.",
                   file, error),
             pluggedAnew(places)};
 }
