@@ -214,7 +214,7 @@
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
         <source>replaces a loop of %1</source>
-        <translation>%1 のループを置き換え</translation>
+        <translation>%1のループを置き換え</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -1162,7 +1162,7 @@ replace loops on the pedal.</source>
         <source>%1 of %n minutes in use</source>
         <comment>%1 of %n minute in use</comment>
         <translation>
-            <numerusform>%n 分中 %1 を使用中</numerusform>
+            <numerusform>%n 分中 %1を使用中</numerusform>
         </translation>
     </message>
     <message>
@@ -1285,7 +1285,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/said.h"/>
         <source>%1 staged for %2, %3, replaces a loop of %4</source>
-        <translation>%1 を %2 に書き込み予定、%3、%4 のループを置き換え</translation>
+        <translation>%1 を %2 に書き込み予定、%3、%4のループを置き換え</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/app/said.h"/>
@@ -1885,7 +1885,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
         <source>%1 changed meanwhile</source>
-        <translation>%1 がその間に変更されました</translation>
+        <translation>%1がその間に変更されました</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
