@@ -2989,6 +2989,11 @@ werden auf dem Pedal ersetzt.</translation>
         <translation>%1 werden benötigt, %2 sind frei</translation>
     </message>
     <message>
+        <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1.%2</source>
+        <translation>%1,%2</translation>
+    </message>
+    <message>
         <location filename="../../src/slots/slot.cpp"/>
         <source>complete</source>
         <translation>fertig</translation>

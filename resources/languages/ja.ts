@@ -2928,6 +2928,11 @@ replace loops on the pedal.</source>
         <translation>%1 必要ですが、空きは %2 です</translation>
     </message>
     <message>
+        <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1.%2</source>
+        <translation>%1.%2</translation>
+    </message>
+    <message>
         <location filename="../../src/slots/slot.cpp"/>
         <source>complete</source>
         <translation>完了</translation>

@@ -11,7 +11,7 @@ namespace kzq {
 namespace {
 
 std::string withTenth(std::uint64_t tenths) {
-    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
+    return words("%1.%2", tenths / 10, tenths % 10);
 }
 
 }  // namespace

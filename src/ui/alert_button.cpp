@@ -23,15 +23,8 @@ void AlertButton::setFace(Face face) {
 }
 
 QSize AlertButton::sizeHint() const {
-    switch (face_) {
-        case Face::cream:
-            return {112, 36};
-        case Face::green:
-        case Face::blue:
-            return {136, 40};
-        default:
-            return {96, 36};
-    }
+    const auto usual = hasChevrons() ? QSize(136, 40) : QSize(face_ == Face::cream ? 112 : 96, 36);
+    return usual.expandedTo({fullWidth(), 0});
 }
 
 int AlertButton::fullWidth() const {
@@ -39,8 +32,11 @@ int AlertButton::fullWidth() const {
 }
 
 QString AlertButton::shownWord() const {
-    const bool chevrons = face_ == Face::green || face_ == Face::blue;
-    return QString(chevrons ? chevronsRoom : 0, ' ') + text();
+    return QString(hasChevrons() ? chevronsRoom : 0, ' ') + text();
+}
+
+bool AlertButton::hasChevrons() const {
+    return face_ == Face::green || face_ == Face::blue;
 }
 
 ButtonFace AlertButton::painted() const {
@@ -59,7 +55,7 @@ void AlertButton::paintEvent(QPaintEvent* /*event*/) {
     ScaledPainter painter(this);
     const auto bounds = painter.bounds().toRect();
     drawButtonFace(painter, bounds, face, shownWord());
-    if (face_ != Face::green && face_ != Face::blue) {
+    if (!hasChevrons()) {
         return;
     }
     const double word = std::round(painter.advance(text()));

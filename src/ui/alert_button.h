@@ -7,7 +7,7 @@ namespace kzq {
 
 /// A button of our own panels with its label as live text: the brown face of alerts, 96 x 36, the cream
 /// face of a panel's default, 112 x 36, or the green one of what goes to the pedal and the blue one of what
-/// leaves it, with their chevrons. The label is `text()`.
+/// leaves it, with their chevrons, 136 x 40; wider for a long label. The label is `text()`.
 class AlertButton : public KeyButton {
     Q_OBJECT
 
@@ -28,6 +28,7 @@ class AlertButton : public KeyButton {
   private:
     ButtonFace painted() const;
     QString shownWord() const;
+    bool hasChevrons() const;
 
     Face face_;
 };

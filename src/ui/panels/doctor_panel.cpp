@@ -132,7 +132,7 @@ void DoctorPanel::layOut(int rows) {
     place(*area_, {0, listTop, doctorWidth, rows});
     int right = doctorWidth - side;
     for (auto* const button : {close_, report_, copy_}) {
-        const int width = button == report_ ? 128 : 96;
+        const int width = std::max(button == report_ ? 128 : 96, button->sizeHint().width());
         place(*button, {right - width, buttons, width, buttonHeight});
         right -= width + betweenButtons;
     }
