@@ -85,6 +85,11 @@ TEST_F(Acquisition, EachFailureHasItsTagAndLeavesNothingOpen) {
         EXPECT_EQ(looper().lastTrouble(), Trouble{reason}) << tag;
         EXPECT_EQ(looper().core(), nullptr) << tag;
     }
+    EXPECT_EQ(looper().acquisitionTrouble(), Trouble{Trouble::Kind::cannotOpen});
+    usb.throwing = false;
+    usb.arrive();
+    executor.settle();
+    EXPECT_EQ(looper().acquisitionTrouble(), std::nullopt) << "a success takes the reason away";
 }
 
 TEST_F(Acquisition, ADriverThatCannotBeDetachedDoesNotStopIt) {
