@@ -4,8 +4,8 @@
 #include <csignal>
 
 #include "audio/file_bytes.h"
-#include "audio/wave_output.h"
 #include "converting.h"
+#include "platform/descriptor.h"
 
 namespace kzq {
 namespace {
@@ -58,32 +58,6 @@ TEST_F(Interrupted, ByAFullDisk) {
     ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &before));
     ::signal(SIGXFSZ, usual);
     expectFailed(diskFull, result, source_);
-}
-
-TEST_F(Interrupted, AHalfWrittenFileNeverHasTheName) {
-    const auto path = shop_.results() / "out.wav";
-    const Bytes samples(60, 7);
-    for (const Draft::Road road :
-         {Draft::Road::unnamed, Draft::Road::renameNoReplace, Draft::Road::link, Draft::Road::reserve}) {
-        {
-            WaveOutput abandoned(path, road);
-            ASSERT_TRUE(abandoned.open());
-            ASSERT_TRUE(abandoned.write(samples));
-            EXPECT_FALSE(fs::exists(path));
-        }
-        EXPECT_EQ(0U, shop_.resultCount());
-        WaveOutput first(path, road);
-        ASSERT_TRUE(first.open());
-        ASSERT_TRUE(first.write(samples));
-        {
-            WaveOutput second(path, road);
-            ASSERT_TRUE(second.open());
-            ASSERT_TRUE(first.finish(true));
-            EXPECT_EQ(EEXIST, second.finish(false).error().error) << "it came into being meanwhile";
-        }
-        EXPECT_EQ(10U, samplesOf(path).size() / 2);
-        fs::remove(path);
-    }
 }
 
 }  // namespace

@@ -8,25 +8,6 @@
 namespace kzq {
 namespace {
 
-Loop recorded(std::uint32_t samples) {
-    Loop loop;
-    loop.samples = samples;
-    return loop;
-}
-
-TEST(Capacity, AStagedFileCountsInsteadOfWhatItWillOverwrite) {
-    const Loops existing{{1_slot, recorded(100)}, {20_slot, recorded(7)}};
-    Exports teedUp{{1_slot, {"a.wav", 1, true, 61}}, {5_slot, {"b.wav", 5, false, 600}}};
-    EXPECT_EQ(existingAndTeedUpExportSamples(existing, {}), 107U);
-    EXPECT_EQ(existingAndTeedUpExportSamples(existing, teedUp), 10U + 100U + 7U);
-    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 5_slot), 10U + 3U + 7U);
-    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 20_slot),
-              10U + 100U + 3U);
-    EXPECT_EQ(existingAndTeedUpExportSamplesWithProposedExport(existing, teedUp, 3, 9_slot), 117U + 3U);
-    teedUp.at(5_slot).destination = 0;  // bound for nowhere
-    EXPECT_EQ(existingAndTeedUpExportSamples(existing, teedUp), 17U);
-}
-
 TEST(Capacity, AnExactlyFullPedalIsRefused) {
     EXPECT_TRUE(fitsCapacity(63'503'999));
     EXPECT_FALSE(fitsCapacity(63'504'000));
