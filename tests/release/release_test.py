@@ -87,6 +87,7 @@ class Release(unittest.TestCase):
         os.chmod(image, 0o644)
         with open(image, "wb") as file:
             file.write(IMAGE[:-1] + b"x")
+        self.assertIn("FAILED", self.verified(1, "--trust", self.trusted))
         said = self.on_site(1, "rehearse", "--trust", self.trusted)
         self.assertIn("The rehearsal FAILED.", said)
         self.assertNotIn("holds the published image", said)
