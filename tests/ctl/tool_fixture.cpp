@@ -71,18 +71,12 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
     out.str({});
     err.str({});
     environment_.emplace(ctl::Environment{
-        executor, port, out, err, terminal, [this] { return systemMinorVersion; },
+        executor, port, out, err, terminal, [] { return 36U; },
         [this](const std::string& question) {
             questions.push_back(question);
             return answer();
         },
-        convert,
-        [this](std::span<std::uint8_t> into) {
-            const auto count =
-                input.read(reinterpret_cast<char*>(into.data()), static_cast<std::streamsize>(into.size()))
-                    .gcount();
-            return static_cast<ssize_t>(count);
-        },
+        convert, [](std::span<std::uint8_t> /*into*/) { return ssize_t{0}; },  // standard input is empty
         [this] { return working.path(); },
         [this](ExitCode result) {
             EXPECT_FALSE(code);
@@ -121,14 +115,6 @@ void ToolTest::plugInAgain() {
 ExitCode ToolTest::import(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"import", "--to", folder});
     return run(arguments);
-}
-
-std::set<std::string> ToolTest::files() const {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        names.insert(entry.path().filename());
-    }
-    return names;
 }
 
 std::vector<nlohmann::json> ToolTest::events() const {

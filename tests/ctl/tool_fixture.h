@@ -55,7 +55,7 @@ class ToolTest : public testing::Test {
 
     /// Since the start.
     double seconds() const { return std::chrono::duration<double>(executor.elapsed()).count(); }
-    std::set<std::string> files() const;
+    std::vector<std::string> files() const { return namesIn(folder); }
     /// What was printed with --json.
     std::vector<nlohmann::json> events() const;
     Bytes contents(const std::string& name) const;
@@ -66,7 +66,6 @@ class ToolTest : public testing::Test {
     simulator::SimulatedPedal pedal;
     PacedPort port;
     std::filesystem::path folder;
-    std::istringstream input;  ///< standard input
     std::ostringstream out;
     std::ostringstream err;
     bool terminal = false;
@@ -74,7 +73,6 @@ class ToolTest : public testing::Test {
     RootShell asRoot;
     std::string removal;
     TroubleReport report;  ///< but for the findings
-    std::uint64_t systemMinorVersion = 36;
     /// What is answered to questions; they are kept.
     std::function<ctl::Answer()> answer = [] { return ctl::Answer::nobody; };
     std::vector<std::string> questions;
