@@ -84,7 +84,7 @@ void FlowTest::launch(Executor::Duration wait) {
             .keepAwake = keepAwake,
             .examine = examine,
             .report = [this] { return report; },
-            .modifiers = [this] { return modifiers; },
+            .modifiers = {},
             .writeFile = writeFile,
             .freeSpace = [this](const auto& /*folder*/) { return freeSpace; },
             .sound = sound,
@@ -188,14 +188,6 @@ void FlowTest::verifyAfterExport() {
 
 std::string FlowTest::caption() const {
     return window->meterCaption()->text().toStdString();
-}
-
-std::set<std::string> FlowTest::files() const {
-    std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        names.insert(entry.path().filename());
-    }
-    return names;
 }
 
 Bytes FlowTest::contents(const std::string& name) const {

@@ -112,7 +112,12 @@ class FlowTest : public testing::Test {
     /// What the status line says.
     std::string line() const { return window->statusLine().sentence().sentence().toStdString(); }
 
-    std::set<std::string> files() const;
+    std::vector<std::string> files() const { return namesIn(folder); }
+    /// The word of the link beside it; empty: there is none.
+    std::string link() const {
+        const auto& link = window->statusLine().link();
+        return link.isVisibleTo(window.get()) ? link.text().toStdString() : "";
+    }
     Bytes contents(const std::string& name) const;
     long workingCopies() const;
     /// The values of these requests, in order.
@@ -143,7 +148,6 @@ class FlowTest : public testing::Test {
     DesktopShell* shell = nullptr;
     Executor::Duration asleep{};
     TroubleReport report;  ///< but for the outcomes
-    Qt::KeyboardModifiers modifiers;
     bool quitAsked = false;
     bool mainThreadWaits = false;  ///< set where a test makes it wait
     std::vector<std::string> logged;

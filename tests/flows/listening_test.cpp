@@ -30,10 +30,6 @@ class ListeningTest : public FlowTest {
     void press(std::uint8_t slot) { delegate->playClickedForSlot(importRow(slot)); }
     void pressExport(std::uint8_t slot) { delegate->playClickedForSlot(exportRow(slot)); }
     Ring ring(std::uint8_t slot) { return importRow(slot).sound().ring; }
-    std::string link() const {
-        const auto& link = window->statusLine().link();
-        return link.isVisibleTo(window.get()) ? link.text().toStdString() : "";
-    }
     /// Reads a loop that is heard once it is there.
     void hear(std::uint8_t slot) {
         press(slot);

@@ -7,8 +7,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr auto isBusy = "Device is busy. Try again later.";
-
 class VerifyTest : public FlowTest {
   protected:
     /// Exports loops to 2 and 4, which are read back in 9 and 18 pieces.
@@ -19,10 +17,6 @@ class VerifyTest : public FlowTest {
         pedal.clearJournal();
         window->exportButton()->click();
         ASSERT_TRUE(becomesIdle());
-    }
-    std::string link() const {
-        const auto& link = window->statusLine().link();
-        return link.isVisibleTo(window.get()) ? link.text().toStdString() : "";
     }
 };
 

@@ -49,7 +49,6 @@ class OperationTest : public PedalTest {
     /// What is told of the loops: "3 saved", "3 saved no-room".
     Events events() {
         return {.begins = [this](SlotNumber slot, Step step) { onBegin(slot, step); },
-                .moved = [this](SlotNumber slot, std::uint64_t bytes) { onMove(slot, bytes); },
                 .slot = [this](const SlotOutcome& outcome) { said.push_back(text(outcome)); }};
     }
     static std::string text(const SlotOutcome& outcome) {
@@ -68,7 +67,6 @@ class OperationTest : public PedalTest {
     std::shared_ptr<Pedal> work;
     std::vector<std::string> said;
     std::function<void(SlotNumber, Step)> onBegin = [](auto...) {};
-    std::function<void(SlotNumber, std::uint64_t)> onMove = [](auto...) {};
 
   private:
     struct Cable : KZQ7306Delegate {

@@ -2,8 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <thread>
 
@@ -24,17 +22,8 @@ class NewFileTest : public ::testing::TestWithParam<Draft::Road> {
   protected:
     NewFileTest() = default;
 
-    std::set<std::string> names() const {
-        std::set<std::string> found;
-        for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
-            found.insert(entry.path().filename());
-        }
-        return found;
-    }
-    std::string contents(const std::string& name) const {
-        std::ifstream file(folder_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::vector<std::string> names() const { return test::namesIn(folder_); }
+    std::string contents(const std::string& name) const { return test::readText(folder_ / name); }
 
     test::TestFolder folder_;
 };
