@@ -8,15 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "gallery/bystanders.h"
 #include "slots/row_grid.h"
 #include "slots/slot.h"
 #include "slots/slot_field_editor.h"
-#include "ui/application_controller.h"
 
 namespace kzq::test {
 
 /// Two lists of twenty rows in a window, with a controller that records its calls.
-class RowFixture : public testing::Test, public SlotDelegate, public ApplicationController {
+class RowFixture : public testing::Test, public SlotDelegate, public gallery::StillApplication {
   protected:
     RowFixture();
 
@@ -64,14 +64,7 @@ class RowFixture : public testing::Test, public SlotDelegate, public Application
     void dragBegunForSlot(Slot& slot) override { note("drag", slot); }
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* of, QObject* object) override;
 
-    void openMainWindow() override {}
     void closeMenu() override { calls.emplace_back("closeMenu"); }
-    void openAbout() override {}
-    void checkForSoftwareUpdates() override {}
-    void openFirmwareUpdater() override {}
-    void installFirmware() override {}
-    void installFirmware(const std::filesystem::path& /*image*/) override {}
-    void goToWebsite() override {}
 };
 
 std::string fieldText(const Slot& row);
