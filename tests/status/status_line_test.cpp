@@ -50,21 +50,6 @@ class StatusLineTest : public testing::Test {
     int tries = 0;
 };
 
-TEST_F(StatusLineTest, CutsOnlyTheSentence) {
-    tell("2 of 10 loops saved", "no space left on the disk");
-    const int right = line.link().geometry().right();
-    EXPECT_EQ(line.mapTo(&window, QPoint(right + 1, 0)).x(), 708);
-    EXPECT_EQ(line.sentence().toolTip(), QString());
-    const std::string endless(200, 'm');
-    tell(endless);
-    EXPECT_TRUE(line.sentence().shown().endsWith(u'\u2026'));
-    EXPECT_EQ(line.sentence().toolTip(), QString::fromStdString(endless));
-    EXPECT_EQ(line.link().geometry().right(), right);
-    const auto* const file = bar.actions().front();
-    const int menus = bar.actionGeometry(const_cast<QAction*>(file)).right();
-    EXPECT_GT(line.sentence().mapTo(&window, QPoint()).x(), menus) << "nothing lies on the menus";
-}
-
 TEST_F(StatusLineTest, TheListOpensAndClosesLikeAMenu) {
     tell("2 of 10 loops saved", "no space left on the disk");
     auto& list = line.list();

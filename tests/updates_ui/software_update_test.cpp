@@ -1,10 +1,14 @@
 #include "updates/windows/software_update.h"
 
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
 #include <QFile>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
 
-#include "controls.h"
 #include "shelf.h"
 #include "signer.h"
 #include "updates/windows/lamp_bar.h"
@@ -14,6 +18,14 @@ using namespace kzq::test;
 using namespace std::chrono_literals;
 
 namespace {
+
+/// The widget of that name in `window`, which must exist.
+template <typename Kind>
+Kind& control(QWidget& window, const char* name) {
+    auto* const found = window.findChild<Kind*>(name);
+    EXPECT_NE(found, nullptr) << name;
+    return *found;
+}
 
 struct SoftwareUpdateTest : testing::Test {
     SoftwareUpdateTest() {
