@@ -26,8 +26,8 @@ TEST_F(Interrupted, ByTheUser) {
     auto cancelling = options();
     cancelling.cancelled = &cancelled;
     std::uint64_t last = 0;
-    cancelling.progress = [&](std::uint64_t frames) {
-        last = frames;
+    cancelling.progress = [&](std::uint64_t done) {
+        last = done;
         cancelled = true;
     };
     expectFailed(Trouble::Kind::cancelled, Conversion(cancelling).convert(source_), source_);

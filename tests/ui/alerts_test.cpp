@@ -91,19 +91,5 @@ TEST(Alerts, SurviveTheEndOfTheirParent) {
         1002);
 }
 
-<<<<<<< HEAD
-TEST(AlertPanel, HidesItsLastButtonAndStartsWhereNothingIsLost) {
-    AlertPanel panel(yesOrNoAlertWithHeadline("Is 1 < 2 & 3?"));
-    panel.show();
-    auto* cancel = button(panel, 1002);
-    EXPECT_FALSE(cancel->isVisible());
-    EXPECT_EQ(cancel->focusPolicy(), Qt::NoFocus);
-    auto* no = button(panel, 1001);
-    EXPECT_EQ(panel.focusWidget(), no);
-    EXPECT_EQ(panel.findChild<FocusRing*>()->control(), no);
-}
-
-=======
->>>>>>> 34575f6 (Tests: where a question starts is the walk's, and controls.h belongs to its one user)
 }  // namespace
 }  // namespace kzq
