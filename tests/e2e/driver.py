@@ -94,9 +94,6 @@ class Item:
     checked = property(lambda self: self.has(Atspi.StateType.CHECKED))
     focused = property(lambda self: self.has(Atspi.StateType.FOCUSED))
 
-    def parent(self):
-        return Item(self.node.get_parent())
-
     def children(self):
         nodes = (self.node.get_child_at_index(i) for i in range(self.node.get_child_count()))
         return [Item(node) for node in nodes if node is not None]
@@ -122,11 +119,8 @@ class Item:
         box = self.box()
         return round((box.x + box.width // 2) * SCALE), round((box.y + box.height // 2) * SCALE)
 
-    def point(self):
-        xdotool("mousemove", *self.centre())
-
-    def click(self, times=1):
-        xdotool("mousemove", *self.centre(), "click", "--repeat", times, "--delay", 30, 1)
+    def click(self):
+        xdotool("mousemove", *self.centre(), "click", 1)
 
     def press(self):
         """As an assistive program does it."""
