@@ -1,7 +1,13 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
 #include <map>
 
 #include "audio/wave.h"
-#include "linked_pedal.h"
+#include "device/kzq7306.h"
+#include "device/libusb/libusb_port.h"
+#include "device/simulator/emulated/umock_pedal.h"
+#include "platform/standard_executor.h"
 
 namespace kzq {
 namespace {
@@ -30,14 +36,74 @@ PedalMemory memoryOfThree() {
     return memory;
 }
 
-class UsbImport : public LinkedPedalTest {
+/// The calls of the delegate. Main thread.
+struct Announcements : KZQ7306Delegate {
+    explicit Announcements(StandardExecutor& itsExecutor) : executor(itsExecutor) {}
+
+    void looperIsConnected(KZQ7306& /*looper*/) override { hear("connected"); }
+    void looperHasBeenDisconnected() override { hear("disconnected"); }
+    void looperInternalStateChanged(const Status& /*status*/) override {}
+    void hear(const char* what) {
+        heard.emplace_back(what);
+        executor.stop();
+    }
+
+    StandardExecutor& executor;
+    std::vector<std::string> heard;
+};
+
+/// What lives as long as the process, like the link's threads.
+struct World {
+    StandardExecutor executor;
+    LibusbPort usb{KZQ_READS_IN_FLIGHT};
+    std::shared_ptr<Announcements> delegate = std::make_shared<Announcements>(executor);
+};
+
+World& world() {
+    static World& instance = *new World;  // NOLINT(cppcoreguidelines-owning-memory)
+    return instance;
+}
+
+/// The link and the real libusb, with a simulated pedal on an emulated bus.
+class UsbImport : public testing::Test {
   protected:
-    UsbImport() : LinkedPedalTest({.memory = memoryOfThree()}) {}
+    UsbImport() {
+        KZQ7306::load({executor_, world().usb, [] { return std::uint64_t{36}; }});
+        KZQ7306::initialize(world().delegate);
+        pedal_.plugIn();
+        EXPECT_TRUE(waitUntilHeard(1));
+    }
+    ~UsbImport() override {
+        pedal_.unplug();
+        EXPECT_TRUE(waitUntilHeard(4));
+        EXPECT_THAT(pedal_.violations(), testing::IsEmpty());
+    }
+
+    /// Runs the main queue until `done()`; everything that may change its answer stops the queue.
+    bool runUntil(const std::function<bool()>& done) {
+        const auto deadline = executor_.now() + patience;
+        executor_.mainAfter(patience, [] { world().executor.stop(); });
+        while (!done() && executor_.now() < deadline) {
+            executor_.run();
+        }
+        return done();
+    }
+    bool waitUntilHeard(std::size_t count) {
+        return runUntil([this, count] { return heard_.size() >= count; });
+    }
+    /// For calls of the link on its own threads: runs them on the main thread, where they may end a wait.
+    template <typename Task>
+    void onMain(Task task) {
+        executor_.main([this, task] {
+            task();
+            executor_.stop();
+        });
+    }
 
     void startImport(const std::vector<std::uint8_t>& slots) {
         imported_.clear();
         count_.reset();
-        ASSERT_TRUE(looper().importLoops(
+        ASSERT_TRUE(KZQ7306::looper()->importLoops(
             slots, [](auto, auto) {},
             [this](const std::optional<Bytes>& file, std::uint8_t slot) {
                 onMain([this, file, slot] { imported_[slot] = file; });
@@ -55,6 +121,10 @@ class UsbImport : public LinkedPedalTest {
         EXPECT_EQ(lpcm(file), pedal_.memory().at(slot - 1U)->audio) << "slot " << int{slot};
     }
 
+    StandardExecutor& executor_ = world().executor;
+    const std::vector<std::string>& heard_ = world().delegate->heard;
+    simulator::SimulatedPedal pedal_{executor_, {.memory = memoryOfThree()}};
+    UmockPedal bus_{pedal_};  // made before the link is loaded
     std::map<std::uint8_t, std::optional<Bytes>> imported_;
     std::optional<std::uint8_t> count_;
 };
@@ -71,11 +141,11 @@ TEST_F(UsbImport, ADepartureInMidReadEndsItAtOnceAndTheReturnIsAnnounced) {
     EXPECT_EQ(imported_[11], std::nullopt);
     EXPECT_EQ(imported_[20], std::nullopt);
     ASSERT_TRUE(waitUntilHeard(2));
-    EXPECT_TRUE(looper().disconnected());
+    EXPECT_TRUE(KZQ7306::looper()->disconnected());
 
     pedal_.plugIn();
     ASSERT_TRUE(waitUntilHeard(3));
-    EXPECT_THAT(delegate_.heard, ElementsAre("connected", "disconnected", "connected"));
+    EXPECT_THAT(heard_, ElementsAre("connected", "disconnected", "connected"));
     startImport({11});
     ASSERT_TRUE(runImport());
     expectImported(11);
