@@ -69,23 +69,31 @@ SCENES = {
         Loop 1, 1 second, new: focusable; list item Slot #, no loop: focusable; list item Slot 3, Loop 3, 1 minute 0 seconds, new: focusable; list
         item Slot #, no loop: focusable x 17; push button Close: focusable; push button Back Up: focusable focused""",
     "restore": """
-        push button Backup: 7306 simulated backups, no backup yet: expandable focusable; push button Other folder…: focusable; list item Slot 1,
-        Loop 1, 1 second, stays: focusable; list item Slot #, no loop: focusable; list item Slot 3, Loop 3, 1 minute 0 seconds, stays: focusable;
-        list item Slot #, no loop: focusable x 17; check box Erase loops that are not in this backup: focusable; push button Close: focusable
-        focused; push button Restore (There is no backup in this folder): disabled""",
+        push button Backup: DATE, HH:MM, 2 loops: expandable focusable; push button Other folder…: focusable; list item Slot 1, Loop 1, 1 second,
+        same: focusable; list item Slot #, no loop: focusable; list item Slot 3, Loop 3, 1 minute 0 seconds, same: focusable; list item Slot #, no
+        loop: focusable x 17; check box Erase loops that are not in this backup: focusable; push button Close: focusable focused; push button
+        Restore (The pedal already holds everything in this backup): disabled""",
     "doctor": """
         label OK: A simulated pedal is used instead of a real one.; push button Copy (Copies the findings as text): focusable; push button Save
         Report…: focusable; push button Close: focusable focused""",
     "offer": """
         label KZQ7306 1.6 is now available—you have 1.5. Would you like to install it now?; text Release notes: focusable; push button Install the
         firmware: focusable focused""",
+    "software update": """
+        label The program could not be updated.; label The list of updates could not be read: HTTP status 404.; push button OK: focusable
+        focused""",
+    "flashing": """
+        label Installing firmware. Keep the pedal plugged in.; progress bar Firmware installation = # of 0 to 100; label STEP; label # of 4""",
+    "ending": "label Firmware 1.06 runs on the pedal.; label It ran 1.05 before.; push button OK: focusable",
     "progress": """
         label Importing 1 loop from the 7306...; progress bar Transferred = # of 0 to 100; label #MB of 16MB – #%; push button Cancel: focusable""",
     "covered": "filler The 7306 is busy: focusable",
 }
 # what differs from run to run, or from row to row
 CHANGING = ((r"\b\d\d:\d\d", "HH:MM"), (r"Slot \d+, no", "Slot #, no"), (r"\d+(MB of 16MB.*) \d+%", r"#\1 #%"),
-            (r"= \d+ of 0 to 100$", "= # of 0 to 100"), (r"Version \S+", "Version #"))
+            (r"= \d+ of 0 to 100$", "= # of 0 to 100"), (r"Version \S+", "Version #"),
+            (r"\d+ \w{3} \d{4}", "DATE"),
+            (r"(Restarting|The pedal is|Sending|Waiting).*", "STEP"), ("[1-4] of 4", "# of 4"))
 
 
 def line(item):
@@ -163,7 +171,7 @@ class Walk(unittest.TestCase):
         maker = Maker("1.06", ["Loops start without a gap."])
         self.addCleanup(maker.close)
         memory = pedal(L1=44100 * 2, L3=44100 * 60)
-        with Program("--authorities", maker.authority, "--fault", "silence@in:9000",
+        with Program("--authorities", maker.authority, "--fault", "silence@in:41000",
                      simulate=f"--simulate={memory}", host=maker.host,
                      environment={"HOME": tempfile.mkdtemp(prefix="home")}) as program:
             program.ready()
@@ -187,21 +195,32 @@ class Walk(unittest.TestCase):
                 key(keys)
                 program.get(entry, "menu item").press()
                 panel = wait(scene, lambda: next((each for each in program.windows() if each.role == "dialog"), None))
-                if scene == "doctor":
-                    program.get("OK: .*", "label")
+                if scene in ("doctor", "restore"):
+                    program.get("OK: .*|Slot 3, .*, same")
                 self.tells(scene, panel)
                 if scene == "bring back":
                     program.get("to slot 1.*", "push button").press()
                     self.assertEqual(line(program.get("to slot 1.*", "list item")), SCENES["targets"])
                     key("Escape")
-                key("Escape")
+                key("Return" if scene == "back up" else "Escape")
                 program.ready()
-            program.get("Menu", "push button").press()
-            program.get("Firmware Update...", "menu item").press()
-            self.tells("offer", program.ready("Firmware Update"))
-            key("Escape")
+                if scene == "back up":
+                    program.get("2 loops backed up.*", "push button")
+            for scene, title in (("software update", "Software Update"), ("offer", "Firmware Update")):
+                program.get("Menu", "push button").press()
+                program.get(title + "...", "menu item").press()
+                panel = program.ready(title)
+                button = program.get("OK|Install the firmware", "push button")
+                self.tells(scene, panel)
+                button.press()
+            program.get("[1-4] of 4", "label")
+            self.tells("flashing", program.window("Firmware Update"))
+            program.get(r"Firmware 1\.06 runs on the pedal\.", patience=60)
+            self.tells("ending", program.window("Firmware Update"))
+            program.get("OK", "push button").press()
             program.ready()
             key("ctrl+1")
+            wait("the loops are back", lambda: program.get("Loop 3, select").enabled, 30)
             program.get("Loop 3, select").press()
             program.get("Import", "push button").press()
             choose(program, tempfile.mkdtemp())
