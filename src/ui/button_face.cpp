@@ -108,7 +108,8 @@ void drawButtonFace(ScaledPainter& painter, const QRect& bounds, const ButtonFac
 }
 
 int faceWidth(const QString& word) {
-    return static_cast<int>(std::ceil(QFontMetricsF(wordFont(wordPixels)).horizontalAdvance(word))) + 2 * radius;
+    return static_cast<int>(std::ceil(QFontMetricsF(wordFont(wordPixels)).horizontalAdvance(word))) +
+           2 * radius;
 }
 
 double upperMiddle(const QRect& bounds, const ButtonFace& face) {
