@@ -68,7 +68,11 @@ void SimulatedPedal::inspectParameters(const SetupPacket& setup, const wire::Com
     if (command.index == Word::channel && (setup.index == 0 || setup.index > 255)) {
         journal_.violation(name + " with the channel " + std::to_string(setup.index));
     }
-    const unsigned occupied = !inLoader() && loops_.at(setup.value) ? 1 : 0;
+    if (inLoader()) {
+        journal_.violation(name + " to a pedal in its loader");
+        return;
+    }
+    const unsigned occupied = loops_.at(setup.value) ? 1 : 0;
     if (command.index == Word::occupied && setup.index != occupied) {
         journal_.violation(name + " with the flag " + std::to_string(setup.index) + " for a slot that " +
                            (occupied ? "holds a loop" : "is empty"));
