@@ -201,18 +201,6 @@ TEST_F(BackingUpTest, APedalThatIsPlayedMeanwhileIsLetGo) {
     EXPECT_THAT(sent(0xE2), IsEmpty());
 }
 
-TEST_F(BackingUpTest, APulledCableLeavesNothingUnsaid) {
-    backUpAndChange();
-    openRestore();
-    panel().eraseLoops().click();
-    plan("unplug@out:2");
-    go();
-    EXPECT_EQ(line(), "1 of 3 changes made: the pedal was unplugged");
-    EXPECT_THAT(*std::ranges::find_if(logged, [](const auto& each) { return each.starts_with("1 of 3"); }),
-                testing::AllOf(HasSubstr("Loop 7 was erased."), HasSubstr("the slot may now be empty"),
-                               HasSubstr("was not touched.")));
-}
-
 TEST_F(BackingUpTest, ABackupThatIsCutShortIsNoneAndGoesOn) {
     launchConnected();
     plan("unplug@in:8");  // in the second loop
