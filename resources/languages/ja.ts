@@ -517,7 +517,8 @@
     <message>
         <location filename="../../src/app/erase_flow.cpp"/>
         <source>Erased loop audio cannot be restored. Would you like to continue?</source>
-        <translation>消去したループの音声は復元できません。続けますか？</translation>
+        <translation>消去したループの音声は復元できません。
+続けますか？</translation>
     </message>
     <message>
         <location filename="../../src/app/erase_flow.cpp"/>
@@ -532,7 +533,8 @@
     <message>
         <location filename="../../src/app/export_flow.cpp"/>
         <source>Overwriting loop slots will erase audio on the 7306. Erased audio cannot be restored. Would you like to continue?</source>
-        <translation>ループのスロットを上書きすると、7306 の音声が消去されます。消去した音声は復元できません。続けますか？</translation>
+        <translation>ループのスロットを上書きすると、7306 の音声が消去されます。消去した音声は復元できません。
+続けますか？</translation>
     </message>
     <message>
         <location filename="../../src/app/export_flow.cpp"/>
@@ -1550,7 +1552,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/teller.cpp"/>
         <source>firmware %1</source>
-        <translation>ファームウェア %1</translation>
+        <translation>ファーム %1</translation>
     </message>
     <message>
         <location filename="../../src/app/teller.cpp"/>
@@ -2666,20 +2668,23 @@ replace loops on the pedal.</source>
         <source>Restoring erases %n loops on the 7306. Would you like to continue?</source>
         <comment>Restoring erases %n loop on the 7306. Would you like to continue?</comment>
         <translation>
-            <numerusform>復元すると、7306 のループ %n 個が消去されます。続けますか？</numerusform>
+            <numerusform>復元すると、7306 のループ %n 個が消去されます。
+続けますか？</numerusform>
         </translation>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
         <source>Restoring replaces %1 and erases %2 on the 7306. Would you like to continue?</source>
-        <translation>復元すると、7306 の%1が置き換えられ、%2が消去されます。続けますか？</translation>
+        <translation>復元すると、7306 の%1が置き換えられ、%2が消去されます。
+続けますか？</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/operations/told_backup.cpp"/>
         <source>Restoring replaces %n loops on the 7306. Would you like to continue?</source>
         <comment>Restoring replaces %n loop on the 7306. Would you like to continue?</comment>
         <translation>
-            <numerusform>復元すると、7306 のループ %n 個が置き換えられます。続けますか？</numerusform>
+            <numerusform>復元すると、7306 のループ %n 個が置き換えられます。
+続けますか？</numerusform>
         </translation>
     </message>
     <message>
