@@ -60,7 +60,9 @@ def title(english):
 
 class Program(driver.Program):
     def window(self, name):
-        return super().window(title(name))
+        wanted, about = title(name), title("About 7306 Loop Manager")  # which begins with the main window's in Japanese
+        return next((window for window in self.windows() if window.name.startswith(wanted) and
+                     (window.name != about or wanted == about)), None)
 
     def find(self, name, role=None):
         return super().find(said(name), role)
