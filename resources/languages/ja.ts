@@ -1180,7 +1180,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/app/program/simulation_menu.cpp"/>
         <source>&amp;Simulation</source>
-        <translation>シミュレーション(&amp;S)</translation>
+        <translation>仮想ペダル(&amp;S)</translation>
     </message>
     <message>
         <location filename="../../src/app/restore_flow.cpp"/>
