@@ -348,7 +348,7 @@ class Conversations(unittest.TestCase):
         usb.event(bytes(8), usb.DISCONNECT)
         usb.configure()
         self.command(usb, 0xE8)
-        self.assertEqual(usb.program.end(), (0, ""))
+        self.assertEqual(usb.program.end(), (0, "simulator: the pedal is silent\n"))
 
     def test_only_one_computer_has_the_pedal(self):
         usb = self.start(OverIp)

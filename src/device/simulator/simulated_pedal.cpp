@@ -5,6 +5,7 @@
 
 #include "device/simulator/pedal_life.h"
 #include "loops/facts.h"
+#include "platform/log.h"
 
 namespace kzq::simulator {
 
@@ -130,6 +131,7 @@ TransferResult SimulatedPedal::carryOut(Lock& lock, const WireEvent& event, bool
     if (fault == FaultKind::silence) {
         silent_ = true;
         silentCommand_ = event.kind == WireEvent::Kind::control;
+        log(LogCategory::simulator, "the pedal is silent");
     }
 
     TransferResult result{TransferStatus::pending, 0};

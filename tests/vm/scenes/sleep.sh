@@ -29,10 +29,15 @@ sleep_idle() {
 }
 
 # The pedal falls silent in the middle of the audio, so that the sleep comes there. A reset lets it speak again.
+silent_under() { # silent_under PROGRAM: waits for that, however slow the machine is
+    until at_pedal is_silent || ! kill -0 "$1" 2>/dev/null; do
+        sleep 0.1
+    done
+}
 sleep_import() {
     twelve_loops --fault silence@in:800
     import_twelve
-    sleep 1
+    silent_under $import
     sleeps
     wait $import
     status=$?
@@ -50,8 +55,7 @@ sleep_export() {
     fresh_loops
     pedal $three --fault silence@out:1500
     export_twelve
-    until_ at_pedal has 3
-    sleep 1
+    silent_under $export
     sleeps
     wait $export
     status=$?
@@ -70,7 +74,7 @@ sleep_firmware() {
     pedal --fault silence@out:2
     user "exec kzq7306ctl firmware install /tmp/image.bin --yes" >/tmp/ctl.out 2>/tmp/ctl.err &
     flash=$!
-    sleep 12 # of which the loader takes 8
+    silent_under $flash
     sleeps
     wait $flash
     status=$?
