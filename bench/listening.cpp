@@ -92,7 +92,7 @@ TEST(ListeningWithSound, APressIsHeardSoonAndALoopGoesRoundWithoutAGap) {
     auto& application = *new RunningApplication(std::move(memory), new QtAudioOutput);  // NOLINT: see there
     ASSERT_TRUE(application.ready());
     Ear ear;
-    auto& listening = application.delegate->listening();
+    auto& listening = application.delegate->parts().listening;
     const auto press = [&](unsigned slot) {
         listening.stop();
         until([] { return false; }, 300ms);

@@ -8,7 +8,6 @@
 #include "app/import_flow.h"
 #include "app/keep_flow.h"
 #include "app/said.h"
-#include "app/save_report.h"
 #include "app/start_up.h"
 #include "device/kzq7306.h"
 #include "loops/capacity.h"
@@ -164,10 +163,6 @@ void AppDelegate::dragBegunForSlot(Slot& slot) {
     parts_->carryOut.begin(slot);
 }
 
-void AppDelegate::pasteFiles() {
-    parts_->carryIn.paste();
-}
-
 SlotFieldEditor* AppDelegate::windowWillReturnFieldEditor(QWidget* /*window*/, QObject* object) {
     return qobject_cast<SlotField*>(object) != nullptr ? parts_->fieldEditor.get() : nullptr;
 }
@@ -227,10 +222,6 @@ void AppDelegate::selectExportTab() {
 
 bool AppDelegate::isMainWindow(const QWindow& window) const {
     return parts_->window.windowHandle() == &window;
-}
-
-void AppDelegate::saveReport() {
-    kzq::saveReport(*parts_);
 }
 
 void AppDelegate::installFirmware() {

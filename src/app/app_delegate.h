@@ -44,23 +44,22 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     /// Somebody started the program again.
     void comeForward();
     void updaterWillRelaunchApplication(SUUpdater& updater) override;
-    /// Asks the main loop to end.
-    void quit() { parts_->environment.quit(); }
 
-    // --- what it owns; null, or empty, before the launch
+    // --- what it owns
 
+    /// The way to all of it; a new panel or flow needs no accessor here.
+    AppParts& parts() const { return *parts_; }
+    // null, or empty, before the launch
     Menu* menu() const { return parts_->panels.menu.get(); }
     About* about() const { return parts_->panels.about.get(); }
     Progress* progress() const { return parts_->panels.progress.get(); }
     FirmwareUpdater* firmwareUpdater() const { return parts_->panels.firmwareUpdater.get(); }
     SUUpdater* sparkle() const { return parts_->panels.sparkle.get(); }
-    SoftwareUpdate* softwareUpdate() const { return parts_->panels.softwareUpdate.get(); }
     /// Entry i is loop i + 1.
     const Slots& importSlots() const { return parts_->rows.imports; }
     const Slots& exportSlots() const { return parts_->rows.exports; }
     const std::set<SlotNumber>& selectedImportSlots() const { return parts_->model.selection(); }
     const Exports& selectedExportSlots() const { return parts_->model.staging(); }
-    Listening& listening() { return parts_->listening; }
 
     // --- the pedal
 
@@ -83,9 +82,6 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void slotReceivedDroppedURLs(Slot& slot, const QList<QUrl>& urls) override;
     void filesHeldOverSlot(Slot& slot, const QList<QUrl>& urls) override;
     void dragBegunForSlot(Slot& slot) override;
-    CarryOut& carryOut() const { return parts_->carryOut; }
-    /// The files on the clipboard, as if they had been dropped between the rows.
-    void pasteFiles();
     SlotFieldEditor* windowWillReturnFieldEditor(QWidget* window, QObject* object) override;
     /// Frames in use once everything staged is written.
     std::uint64_t existingAndTeedUpExportSamples() const { return parts_->model.inUse().count; }
@@ -122,13 +118,6 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate>,
     void openMainWindow() override { parts_->menu.openMainWindow(); }
     void openAbout() override { parts_->menu.openAbout(); }
     void openAboutBox() { openAbout(); }
-    /// For what happens outside of it.
-    void tell(const Told& told) { parts_->teller.tell(told); }
-    /// Null before it was opened.
-    BringBack* bringBack() const { return parts_->bringBack.panel(); }
-    void openBringBack() { parts_->bringBack.open(); }
-    BackingUp& backingUp() const { return parts_->backingUp; }
-    void saveReport();
     void checkForSoftwareUpdates() override { parts_->menu.checkForSoftwareUpdates(); }
     void openFirmwareUpdater() override { parts_->menu.openFirmwareUpdater(); }
     /// Deliberately does nothing: the program checks for firmware all the time.

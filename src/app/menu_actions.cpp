@@ -7,6 +7,7 @@
 #include "app/app_delegate.h"
 #include "app/app_parts.h"
 #include "app/main_window.h"
+#include "app/save_report.h"
 #include "app/user_guide.h"
 #include "ui/panels/backup_panel.h"
 #include "ui/status/status_line.h"
@@ -64,8 +65,8 @@ void addFileAndEdit(MenuBarActions& actions, AppDelegate& controller, AppParts& 
                            there([&] { return window.exportButton()->isEnabled(); })};
     actions.backUp = there([&] { parts.backingUp.open(BackupPanel::Kind::backUp); });
     actions.restore = there([&] { parts.backingUp.open(BackupPanel::Kind::restore); });
-    actions.saveReport = {there([&] { controller.saveReport(); })};
-    actions.quit = there([&] { controller.quit(); });
+    actions.saveReport = {there([&] { saveReport(parts); })};
+    actions.quit = there([&] { parts.environment.quit(); });
     actions.selectAll = {there([&] {
                              turnTo(controller, parts, true);
                              controller.selectAll();
@@ -76,8 +77,8 @@ void addFileAndEdit(MenuBarActions& actions, AppDelegate& controller, AppParts& 
                               controller.deselectAll();
                           }),
                           there([&] { return !parts.model.selection().empty(); })};
-    actions.pasteFiles = {there([&] { controller.pasteFiles(); }), clipboardHasFiles};
-    actions.bringBack = {there([&] { controller.openBringBack(); })};
+    actions.pasteFiles = {there([&] { parts.carryIn.paste(); }), clipboardHasFiles};
+    actions.bringBack = {there([&] { parts.bringBack.open(); })};
     actions.keepsCopies = [kept = parts.kept] { return kept.on(); };
     actions.keepCopies = there([&](bool on) { return parts.bringBack.keep(on); });
     actions.explainKeep = there([&](bool shown) { parts.bringBack.explain(shown); });

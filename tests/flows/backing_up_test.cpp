@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 class BackingUpTest : public FlowTest {
   protected:
-    BackupPanel& panel() { return *delegate->backingUp().panel(); }
+    BackupPanel& panel() { return *delegate->parts().backingUp.panel(); }
     void open(const QString& entry) {
         menuEntry(entry).trigger();
         settle();

@@ -164,12 +164,12 @@ TEST_F(CarryIn, PastedFilesAreSaidAndWaitForAPedal) {
     holdOver(tray(), data.urls());
     EXPECT_EQ(line(), "2 files will wait for a pedal");
     leave(tray());
-    delegate->pasteFiles();
+    delegate->parts().carryIn.paste();
     executor.settle();
     EXPECT_THAT(line(), testing::EndsWith("2 files are waiting"));
     plugIn();
     EXPECT_EQ(exportRow(4).name(), "two");
-    delegate->pasteFiles();
+    delegate->parts().carryIn.paste();
     executor.settle();
     EXPECT_EQ(line(), "2 files go to loops 5 and 6");
 }

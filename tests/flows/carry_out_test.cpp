@@ -32,7 +32,7 @@ class CarryOut : public FlowTest {
 
     void launchConnected() {
         FlowTest::launchConnected();
-        delegate->carryOut().setSource(
+        delegate->parts().carryOut.setSource(
             {.fetch =
                  [this](auto slots, auto copy, auto /*moved*/) {
                      asked = slots;
@@ -98,7 +98,7 @@ TEST_F(CarryOut, AllPickedUpRowsGoUnderTheNamesOfAnImport) {
     taken = true;
     arrive(3_slot);
     EXPECT_EQ(folders(), 2);
-    delegate->carryOut().setRoom(30'000);
+    delegate->parts().carryOut.setRoom(30'000);
     dragRow(3);
     arrive(3_slot);
     EXPECT_EQ(folders(), 2) << "the oldest has made room";

@@ -36,9 +36,9 @@ class KeepTest : public FlowTest {
         return all;
     }
     BringBack& openPanel() {
-        delegate->openBringBack();
+        delegate->parts().bringBack.open();
         executor.settle();
-        return *delegate->bringBack();
+        return *delegate->parts().bringBack.panel();
     }
 };
 

@@ -64,8 +64,8 @@ TEST_F(ListeningTest, ALoopIsHeardWhileItArrivesAndReadOnce) {
     EXPECT_EQ(ring(5), Ring::playing);
     EXPECT_EQ(line(), "Playing Loop 5, 0:00");
     EXPECT_EQ(link(), "Stop");
-    delegate->listening().fetch({5_slot}, [](auto, auto) {}, {});
-    delegate->listening().giveUp();
+    delegate->parts().listening.fetch({5_slot}, [](auto, auto) {}, {});
+    delegate->parts().listening.giveUp();
     output.take(5000);
     pass(2s);
     output.take(frames);
@@ -80,7 +80,7 @@ TEST_F(ListeningTest, ALoopIsHeardWhileItArrivesAndReadOnce) {
     press(5);
     EXPECT_EQ(ring(5), Ring::playing) << "in the press itself";
     EXPECT_THAT(sent(0xE1), ElementsAre(4));
-    const auto copy = delegate->listening().copyOf(5_slot);
+    const auto copy = delegate->parts().listening.copyOf(5_slot);
     ASSERT_TRUE(copy);
     EXPECT_EQ(contents(*copy), wave(audio, 2));
     window->statusLine().link().click();
@@ -103,12 +103,12 @@ TEST_F(ListeningTest, OneReadAfterTheOtherAndTheLastPressIsHeard) {
     EXPECT_THAT(sent(0xE1), ElementsAre(2, 4, 19, 0));
     EXPECT_EQ(ring(1), Ring::playing);
     EXPECT_EQ(line(), "Playing Loop 1, 0:00");
-    delegate->listening().forget(5_slot);
+    delegate->parts().listening.forget(5_slot);
     press(5);
     pass(300ms);
     press(5);
     pass(5s);
-    EXPECT_FALSE(delegate->listening().copyOf(5_slot)) << "nobody else wanted it";
+    EXPECT_FALSE(delegate->parts().listening.copyOf(5_slot)) << "nobody else wanted it";
     EXPECT_EQ(ring(1), Ring::playing);
     EXPECT_THAT(sent(0xE1), SizeIs(5));
     EXPECT_THAT(sent(0xEF), SizeIs(1));
@@ -136,7 +136,7 @@ TEST_F(ListeningTest, ACopyCountsUntilThePedalMayHoldSomethingElse) {
         press(3);
         pedal.clearJournal();
         happens();
-        EXPECT_EQ(delegate->listening().copyOf(3_slot).has_value(), cause == "nothing") << cause;
+        EXPECT_EQ(delegate->parts().listening.copyOf(3_slot).has_value(), cause == "nothing") << cause;
         hear(3);
         press(3);
         EXPECT_THAT(sent(0xE1), SizeIs(cause == "nothing" ? 0 : 1)) << cause;
@@ -153,8 +153,8 @@ TEST_F(ListeningTest, AnOperationEndsTheReadAndGoesOnInItsOwnOrder) {
         pass(5s);
         std::vector<Trouble::Kind> ends;
         port.pace = 10ms;
-        delegate->listening().fetch({5_slot, 20_slot},
-                                    [&](auto, auto copy) { ends.push_back(copy.error().kind); }, {});
+        delegate->parts().listening.fetch({5_slot, 20_slot},
+                                          [&](auto, auto copy) { ends.push_back(copy.error().kind); }, {});
         press(3);
         pass(300ms);
         pedal.clearJournal();
@@ -183,7 +183,7 @@ TEST_F(ListeningTest, AnOperationEndsTheReadAndGoesOnInItsOwnOrder) {
     EXPECT_FALSE(pedal.memory()[4]);
     hear(3);
     pass(1s);
-    EXPECT_TRUE(delegate->listening().copyOf(3_slot)) << "the next one is read as ever";
+    EXPECT_TRUE(delegate->parts().listening.copyOf(3_slot)) << "the next one is read as ever";
 }
 
 TEST_F(ListeningTest, AnOperationSaysThatItWaitsForAReadWhichDoesNotEnd) {
@@ -229,8 +229,8 @@ TEST_F(ListeningTest, ALoopThatChangesOnThePedalIsHeardNoMoreAndSaidOnce) {
     plan("refuse@E1");
     std::vector<Trouble::Kind> ends;
     const auto fetch = [&] {
-        delegate->listening().fetch({5_slot}, [&](auto, auto copy) { ends.push_back(copy.error().kind); },
-                                    {});
+        delegate->parts().listening.fetch({5_slot},
+                                          [&](auto, auto copy) { ends.push_back(copy.error().kind); }, {});
     };
     fetch();
     pass(1s);
@@ -334,7 +334,7 @@ TEST_F(ListeningTest, WithoutASoundDeviceNothingIsRead) {
     EXPECT_THAT(sent(0xE1), IsEmpty());
     std::vector<double> moved;
     std::vector<unsigned> came;
-    delegate->listening().fetch(
+    delegate->parts().listening.fetch(
         {5_slot, 1_slot, 5_slot},
         [&](SlotNumber slot, auto copy) {
             came.push_back(slot.number());

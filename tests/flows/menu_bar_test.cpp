@@ -176,7 +176,7 @@ TEST_F(MenuBarTest, AKeyIsTheNamesThenTheMenusThenTheDragsThenTheRests) {
     using State = std::array<bool, 4>;
     const auto state = [this] {
         return State{importRow(3).field()->currentEditor() != nullptr, delegate->menuOpen(),
-                     delegate->carryOut().underWay(), output.plays()};
+                     delegate->parts().carryOut.underWay(), output.plays()};
     };
     const auto escapeEnds = [&](const State& now, const State& then) {
         press(Qt::Key_P);
@@ -184,7 +184,7 @@ TEST_F(MenuBarTest, AKeyIsTheNamesThenTheMenusThenTheDragsThenTheRests) {
         press(Qt::Key_Delete);
         EXPECT_EQ(state(), now);
         EXPECT_EQ(output.starts, 1);
-        EXPECT_EQ(delegate->bringBack(), nullptr);
+        EXPECT_EQ(delegate->parts().bringBack.panel(), nullptr);
         press(Qt::Key_Escape);
         EXPECT_EQ(state(), then);
     };
@@ -198,7 +198,7 @@ TEST_F(MenuBarTest, AKeyIsTheNamesThenTheMenusThenTheDragsThenTheRests) {
     press(Qt::Key_P);
     EXPECT_EQ(output.starts, 2);
     press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_NE(delegate->bringBack(), nullptr);
+    EXPECT_NE(delegate->parts().bringBack.panel(), nullptr);
 }
 
 TEST_F(MenuBarTest, TheDoctorLooksInTheBackgroundAndSaysWhatTheToolSays) {

@@ -184,7 +184,7 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     if (!options.record.empty()) {
         auto made = recordedBus(executor, port, options.record, [&teller](const Trouble& trouble) {
             if (const auto delegate = teller.lock()) {
-                delegate->tell(toldRecordingEnd(trouble));
+                delegate->parts().teller.tell(toldRecordingEnd(trouble));
             }
         });
         if (!made) {
