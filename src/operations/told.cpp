@@ -34,9 +34,11 @@ std::string otherReasons(Deed deed, const Outcome& outcome, const Trouble& first
 
 /// The loop that `trouble` is about, among several.
 std::string loopOf(const Outcome& outcome, const Trouble& trouble) {
-    const std::string start = "Loop ";
-    if (outcome.end && trouble.where.starts_with(start)) {
-        return words(1, "loop %1", "loops %1", trouble.where.substr(start.size()));
+    const auto slots = allSlots();
+    const auto about =
+        std::ranges::find_if(slots, [&](SlotNumber slot) { return trouble.where == loopName(slot); });
+    if (outcome.end && about != slots.end()) {
+        return loopNames({*about});
     }
     const auto* const failed = outcome.firstFailure();
     return failed != nullptr ? loopNames({failed->slot}) : words("a loop");

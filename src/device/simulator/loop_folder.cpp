@@ -28,7 +28,8 @@ constexpr std::uint64_t largestFile = waveHeaderSize + capacityFrames * frameByt
 
 /// The slot (1 to 20) that a file of this name belongs to.
 std::optional<unsigned> slotFromName(std::string_view name) {
-    constexpr std::string_view prefix = "Loop ";
+    auto prefix = loopName(1);
+    prefix.pop_back();  // the number
     constexpr std::string_view suffix = ".wav";
     if (name.starts_with(prefix)) {
         name.remove_prefix(prefix.size());
@@ -152,7 +153,7 @@ Result<void> LoopFolder::loadFile(const fs::path& file, PedalMemory& memory, std
 bool LoopFolder::store(std::uint8_t address, const StoredLoop* loop) {
     fs::path& file = files_.at(address);
     if (file.empty()) {
-        file = folder_ / ("Loop " + std::to_string(address + 1) + ".wav");
+        file = folder_ / (loopName(address + 1U) + ".wav");
     }
     const auto stored = loop != nullptr ? replaceFile(file, *loop) : removeFile(file);
     if (!stored) {

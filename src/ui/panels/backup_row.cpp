@@ -2,10 +2,12 @@
 
 #include <QKeyEvent>
 
+#include "loops/facts.h"
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scaled_painter.h"
 
 namespace kzq {
@@ -126,7 +128,7 @@ void BackupRow::paintWords(ScaledPainter& painter) const {
     painter.setPen(look == Look::replaces                  ? KZQYellow()
                    : isTaped(look) || look == Look::erased ? KZQWhite()
                                                            : restingTextColor(painter.deviceScale()));
-    painter.write(QPointF(loopNameX, fieldBaseline), QString("Loop %1").arg(slot_));
+    painter.write(QPointF(loopNameX, fieldBaseline), toQt(loopName(slot_)));
     painter.setType(textFont(12));
     painter.setPen(words);
     drawFigures(painter, loopLengthEnd, fieldBaseline, shown_.length);

@@ -155,7 +155,7 @@ void BringBackRow::setPeaks(std::shared_ptr<const Peaks> peaks) {
 void BringBackRow::setSound(const BringBackSound& sound) {
     const auto before = std::exchange(sound_, sound);
     if (before.on != sound.on || ring_->accessibleName().isEmpty()) {
-        const auto name = QString("Loop %1").arg(copy_.slot).toStdString();
+        const auto name = loopName(copy_.slot);
         ring_->setAccessibleName(toQt(sound.on ? words("Stop %1", name)
                                                : words("Play %1, %2", name, lengthInWords(copy_.seconds))));
         ring_->update();
@@ -185,9 +185,8 @@ bool BringBackRow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 QString BringBackRow::spoken() const {
-    return toQt(words("%1, %2, %3, %4", QString("Loop %1").arg(copy_.slot).toStdString(),
-                      copy_.fate.toStdString(), lengthInWords(copy_.seconds),
-                      spokenTarget(target_).toStdString()));
+    return toQt(words("%1, %2, %3, %4", loopName(copy_.slot), copy_.fate.toStdString(),
+                      lengthInWords(copy_.seconds), spokenTarget(target_).toStdString()));
 }
 
 void BringBackRow::refresh() {
@@ -215,7 +214,7 @@ void BringBackRow::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(on() && replaces() ? KZQYellow()
                    : on() || heard()  ? KZQWhite()
                                       : restingTextColor(painter.deviceScale()));
-    painter.write(QPointF(nameX, rowBaseline), QString("Loop %1").arg(copy_.slot));
+    painter.write(QPointF(nameX, rowBaseline), toQt(loopName(copy_.slot)));
     painter.setType(textFont(12));
     painter.setPen(cream(on() ? wordsOnTape : resting));
     painter.writeWithin(QPointF(fateX, rowBaseline), copy_.fate, waveX - fateX);
