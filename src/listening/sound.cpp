@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "audio/wave.h"
+#include "platform/new_name.h"
 #include "platform/plain_file.h"
 #include "platform/unique_name.h"
 #include "platform/write_all.h"
@@ -57,7 +58,7 @@ Result<std::shared_ptr<Sound>> Sound::withoutPeaks(const std::filesystem::path& 
 Result<std::shared_ptr<Sound>> Sound::arriving(const std::filesystem::path& folder, SlotNumber slot,
                                                Frames length) {
     auto path = folder / (loopName(slot) + "-" + randomDigits(6) + ".wav");
-    Descriptor file(::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, forThisUser));
+    auto file = openNew(path, forThisUser, O_RDWR);
     if (!file) {
         return diskTrouble(path, errno);
     }

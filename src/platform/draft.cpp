@@ -1,7 +1,6 @@
 #include "platform/draft.h"
 
 #include <fcntl.h>
-#include <linux/fs.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,6 +14,7 @@
 
 #include "platform/left_drafts.h"
 #include "platform/log.h"
+#include "platform/new_name.h"
 #include "platform/plain_file.h"
 #include "platform/unique_name.h"
 #include "platform/write_all.h"
@@ -37,8 +37,7 @@ Result<void> outcome(int error, const char* step) {
 }
 
 Descriptor createNew(int folder, const std::string& name) {
-    return Descriptor(
-        ::openat(folder, name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC | O_NOFOLLOW, newFileMode));
+    return openNew(name, newFileMode, O_WRONLY, folder);
 }
 
 /// Whether it is locked, where that can be, and was not taken for one that was left just before.
@@ -184,8 +183,7 @@ int Draft::linkUnnamed(const std::string& name) const {
 }
 
 int Draft::renameNoReplace(const std::string& name) {
-    const int error =
-        answer(::renameat2(folder_.get(), hidden_.c_str(), folder_.get(), name.c_str(), RENAME_NOREPLACE));
+    const int error = renameToNew(hidden_, name, folder_.get());
     if (error == 0) {
         hidden_.clear();
     }

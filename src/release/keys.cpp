@@ -1,12 +1,11 @@
 #include "release/keys.h"
 
-#include <fcntl.h>
 #include <sodium.h>
 
 #include <cerrno>
 #include <span>
 
-#include "platform/descriptor.h"
+#include "platform/new_name.h"
 #include "platform/plain_file.h"
 #include "platform/write_all.h"
 
@@ -50,7 +49,7 @@ Result<MakerKey> MakerKey::load(const std::filesystem::path& file) {
 }
 
 Result<void> MakerKey::save(const std::filesystem::path& path) const {
-    const Descriptor file(::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, ownerOnly));
+    const auto file = openNew(path, ownerOnly);
     const auto text = encoded(secret_) + "\n";
     const int error =
         file ? writeAll(file.get(), {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()})

@@ -1,6 +1,5 @@
 #include "device/recorder/recording_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -8,12 +7,13 @@
 #include <cstdint>
 
 #include "device/recorder/recording.h"
+#include "platform/new_name.h"
 #include "platform/write_all.h"
 
 namespace kzq::recorder {
 
 Result<std::shared_ptr<RecordingFile>> RecordingFile::create(const std::filesystem::path& path, Ended ended) {
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    auto file = openNew(path, S_IRUSR | S_IWUSR);
     if (!file) {
         return Trouble{Trouble::Kind::file, path.string(), errno};
     }
