@@ -119,7 +119,6 @@ TEST_F(Accepted, StopsOneFrameBehindWhatThePedalHolds) {
     ASSERT_TRUE(result) << troubleName(result.error().kind);
     EXPECT_EQ(63'504'001U, result->frames);
     EXPECT_EQ(63'504'001U, heard);
-    EXPECT_EQ(44 + 63'504'001ULL * 6, std::filesystem::file_size(result->path));
 }
 
 }  // namespace
