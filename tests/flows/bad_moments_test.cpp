@@ -57,6 +57,52 @@ TEST_F(BadMoments, ASecondPressStartsNothingAndLeavesNoShield) {
     EXPECT_EQ(dialogs.take().size(), 1U);
 }
 
+TEST_F(BadMoments, APedalThatLeavesUnderAQuestionEndsIdle) {
+    launchConnected();
+    const auto leave = [this] {
+        pedal.unplug();
+        executor.advance(1s);
+    };
+    const auto swap = [this, leave] {
+        leave();
+        pedal.plugIn();
+        executor.advance(1s);
+    };
+    for (const auto& happening : std::initializer_list<std::function<void()>>{leave, swap}) {
+        dialogs.take();
+        dialogs.folder = [&] { return (happening(), Dialogs::Chosen{panelOk, folder}); };
+        dialogs.answer = [&] { return (happening(), alertFirstButton); };
+        select({1});
+        window->importButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        EXPECT_EQ(dialogs.take().size(), 1U);
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+        pedal.clearJournal();
+        stage(3, 10);
+        window->exportButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        EXPECT_EQ(dialogs.take().size(), 1U);
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+        select({3});
+        dialogs.answer = [&, asked = false]() mutable {
+            return std::exchange(asked, true) ? alertFirstButton : (happening(), alertFirstButton);
+        };
+        window->eraseButton()->click();
+        EXPECT_TRUE(becomesIdle());
+        EXPECT_THAT(sent(0xE2), IsEmpty());
+        EXPECT_THAT(sent(0xED), IsEmpty());
+        pedal.unplug();
+        executor.settle();
+        plugIn();
+    }
+    EXPECT_THAT(files(), IsEmpty());
+    EXPECT_EQ(pedal.memory()[2], loopOf(2000, 20));
+}
+
 TEST_F(BadMoments, ALoopRecordedUnderTheQuestionIsNotOverwritten) {
     launchConnected();
     stage(3, 10);
