@@ -7,7 +7,7 @@ second_program() {
     lists=0
     while importing; do
         ctl list
-        [ $? = 5 ] && says kzq7306ctl && lists=$((lists + 1))
+        [ $? = 5 ] && says "in use by kzq7306ctl" && lists=$((lists + 1))
         ctl doctor
     done
     check "a list in a loop beside an import costs it nothing" all_twelve
