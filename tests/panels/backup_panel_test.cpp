@@ -52,6 +52,11 @@ TEST_F(BackupPanelTest, TheListIsWalkedByKeysBeyondWhatItShows) {
     QTest::mouseClick(panel.rows().back(), Qt::LeftButton);
     EXPECT_FALSE(panel.list().isVisible()) << "a press outside closes it";
     EXPECT_EQ(chosen, 4U);
+    QTest::keyClick(&panel.tape(), Qt::Key_Space);
+    panel.close();
+    panel.show();
+    QTest::mouseClick(&panel.tape(), Qt::LeftButton);
+    EXPECT_TRUE(panel.list().isVisible()) << "it swallows no press once its panel was closed";
 }
 
 TEST_F(BackupPanelTest, RowsAreReadByArrowsAndReturnRestores) {

@@ -27,18 +27,22 @@ void PickList::openAt(const QRect& frame) {
 }
 
 void PickList::close() {
-    if (!isVisible()) {
-        return;
-    }
+    hide();
+}
+
+/// It does not come back with a panel that was closed around it.
+void PickList::hideEvent(QHideEvent* /*event*/) {
     qApp->removeEventFilter(this);
     hide();
-    if (before_ != nullptr) {
-        before_->setFocus(Qt::PopupFocusReason);
+    if (auto* const before = before_.data()) {
+        before_.clear();
+        before->setFocus(Qt::PopupFocusReason);
     }
 }
 
 bool PickList::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType() && watched != this) {
+    if (event->type() == QEvent::MouseButtonPress && isVisible() && watched->isWidgetType() &&
+        watched != this) {
         close();
         return true;
     }

@@ -30,6 +30,7 @@ class PickList : public QWidget {
 
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     QPointer<QWidget> before_;  ///< had the focus
