@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 
 #include "app/app_parts.h"
 #include "app/main_window.h"
@@ -59,6 +60,12 @@ bool KeyOrder::pressed(const QObject& at, QKeyEvent& key) {
     }
     if (QApplication::activePopupWidget() != nullptr) {
         return false;
+    }
+    if (qobject_cast<const QMenuBar*>(&at) != nullptr) {
+        if (!escape) {
+            key.accept();
+        }
+        return !escape;
     }
     switch (owner()) {
         case Owner::name:
