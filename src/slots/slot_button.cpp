@@ -6,6 +6,7 @@
 #include <QSignalBlocker>
 
 #include "slots/slot.h"
+#include "ui/palette.h"
 #include "ui/pictures.h"
 #include "ui/qt_words.h"
 
@@ -116,7 +117,8 @@ void SlotButton::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     const bool gray = !isEnabled() && (row == nullptr || !row->isExport());
-    drawPicture(painter, gray ? QString::fromLatin1("Import_Selector_gray") : image_, rect());
+    const auto tint = !isEnabled() ? QColor() : isDown() ? pressTint() : hovering() ? hoverTint() : QColor();
+    drawPicture(painter, gray ? QString::fromLatin1("Import_Selector_gray") : image_, rect(), tint);
 }
 
 }  // namespace kzq

@@ -58,6 +58,7 @@ class Selector : public QAbstractButton {
   public:
     explicit Selector(BringBackRow* row) : QAbstractButton(row), row_(*row) {
         setCheckable(true);
+        setAttribute(Qt::WA_Hover);
         setFocusPolicy(Qt::TabFocus);
         setProperty("focusRingRect", QRect());
         setProperty("focusRingRadius", 12);
@@ -71,7 +72,7 @@ class Selector : public QAbstractButton {
                     !isChecked()                             ? "Import_Selector_Off"
                     : row_.target().occupied.value_or(false) ? "Selector_replaces"
                                                              : "Selector_in",
-                    rect());
+                    rect(), isDown() ? pressTint() : underMouse() ? hoverTint() : QColor());
     }
 
   private:
