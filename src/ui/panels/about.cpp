@@ -18,6 +18,7 @@
 #include "ui/panels/label_style.h"
 #include "ui/qt_words.h"
 #include "ui/scale.h"
+#include "ui/spoken.h"
 #include "ui_About.h"
 
 namespace kzq {
@@ -137,8 +138,7 @@ void About::linkButtonHoverStateChanged(LinkButton& /*button*/, bool hovered) {
 
 void About::setNeedsDisplay() {
     const auto version = backing_->versionText();
-    backing_->setAccessibleName(version.isEmpty() ? QString()
-                                                  : toQt(words("Version %1", version.toStdString())));
+    callIt(*backing_, version.isEmpty() ? QString() : toQt(words("Version %1", version.toStdString())));
     backing_->update();
 }
 

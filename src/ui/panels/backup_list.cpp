@@ -9,6 +9,7 @@
 #include "ui/palette.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
@@ -50,7 +51,7 @@ void BackupList::mark(int offer) {
     marked_ = offer;
     if (offer >= 0) {
         first_ = std::clamp(first_, offer - shownCount() + 1, offer);
-        setAccessibleName(spokenOffer(offers_.at(static_cast<std::size_t>(offer))));
+        callIt(*this, spokenOffer(offers_.at(static_cast<std::size_t>(offer))));
     }
     update();
 }

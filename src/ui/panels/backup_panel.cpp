@@ -14,6 +14,7 @@
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
@@ -183,7 +184,7 @@ QString BackupPanel::summary() const {
 
 void BackupPanel::describe() {
     const auto counted = counts_.empty() ? std::string() : words("%1.", summary().toStdString());
-    setAccessibleDescription(toQt(inTurn(words("%1.", headline().toStdString()), counted)));
+    describeAs(*this, toQt(inTurn(words("%1.", headline().toStdString()), counted)));
     update();
 }
 

@@ -5,6 +5,7 @@
 #include "ui/pictures.h"
 #include "ui/qt_words.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
@@ -41,7 +42,7 @@ BackupTape::BackupTape(QWidget* panel) : KeyButton(panel) {
 
 void BackupTape::show(const QString& what, const BackupOffer& offer) {
     shown_ = offer;
-    setAccessibleName(toQt(words("%1: %2", what.toStdString(), spokenOffer(offer).toStdString())));
+    callIt(*this, toQt(words("%1: %2", what.toStdString(), spokenOffer(offer).toStdString())));
     update();
 }
 

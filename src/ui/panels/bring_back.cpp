@@ -18,6 +18,7 @@
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
@@ -192,8 +193,8 @@ void BringBack::refresh() {
     accept_->setEnabled(any && loops_.has_value());
     accept_->setToolTip(any && !loops_ ? toQt(words("No pedal connected")) : QString());
     area_->setVisible(!rows_.empty());
-    setAccessibleDescription(
-        rows_.empty() ? toQt(inTurn(words("Nothing to bring back."), notice().toStdString())) : summary());
+    describeAs(*this, rows_.empty() ? toQt(inTurn(words("Nothing to bring back."), notice().toStdString()))
+                                    : summary());
     if (atButtons && accept_->isEnabled() != could) {
         focusDefault();
     }

@@ -17,6 +17,7 @@
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
@@ -72,7 +73,10 @@ class Selector : public QAbstractButton {
                     !isChecked()                             ? "Import_Selector_Off"
                     : row_.target().occupied.value_or(false) ? "Selector_replaces"
                                                              : "Selector_in",
-                    rect(), isDown() ? pressTint() : underMouse() ? hoverTint() : QColor());
+                    rect(),
+                    isDown()       ? pressTint()
+                    : underMouse() ? hoverTint()
+                                   : QColor());
     }
 
   private:
@@ -191,8 +195,8 @@ QString BringBackRow::spoken() const {
 }
 
 void BringBackRow::refresh() {
-    leader_->setAccessibleName(spokenTarget(target_));
-    selector_->setAccessibleName(spoken());
+    callIt(*leader_, spokenTarget(target_));
+    callIt(*selector_, spoken());
     selector_->update();
     update();
 }

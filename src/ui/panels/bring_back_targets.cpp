@@ -9,6 +9,7 @@
 #include "ui/qt_words.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 
 namespace kzq {
 
@@ -61,8 +62,8 @@ bool BringBackTargets::event(QEvent* event) {
 
 void BringBackTargets::mark(unsigned slot) {
     marked_ = taken_.contains(slot) ? 0 : slot;
-    setAccessibleName(marked_ == 0 ? toQt(words("Slots"))
-                                   : spokenTarget({.slot = marked_, .occupied = loops_.contains(marked_)}));
+    callIt(*this, marked_ == 0 ? toQt(words("Slots"))
+                               : spokenTarget({.slot = marked_, .occupied = loops_.contains(marked_)}));
     update();
 }
 

@@ -37,7 +37,7 @@ MenuItemView* MenuItem::view() const {
 }
 
 void MenuItem::setTitle(const QString& title) {
-    if (!label_) {
+    if (!label_ || label_->text() == title) {
         return;
     }
     label_->setText(title);

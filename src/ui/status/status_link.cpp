@@ -6,6 +6,7 @@
 #include "ui/palette.h"
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
+#include "ui/spoken.h"
 #include "ui/status/status_look.h"
 
 namespace kzq {
@@ -18,7 +19,7 @@ StatusLink::StatusLink(QWidget* parent) : KeyButton(parent) {
 
 void StatusLink::setWord(const QString& word) {
     setText(word);
-    setAccessibleName(word);
+    callIt(*this, word);
     const auto width = static_cast<int>(std::ceil(advanceOf(word, fontOf(*this))));
     place(*this, {placeOf(*this).topLeft(), QSize(width, status::height)});
     update();
