@@ -57,7 +57,13 @@ Fate fateInRestore(const BackupChange& change, const BackupComparison& compariso
     return {};
 }
 
-Fate fateInBackup(const BackupChange& change) {
+/// Of a slot of which nothing is known to stand on the pedal.
+Fate onlyInBackup(const BackupChange& change, const BackupComparison& comparison) {
+    return comparison.pedalKnown ? Fate{Look::absent, change.inBackup, words("only in the backup")}
+                                 : unchanged(change, false);
+}
+
+Fate fateInBackup(const BackupChange& change, const BackupComparison& comparison) {
     switch (change.kind) {
         case Change::nothing:
             return {};
@@ -69,11 +75,11 @@ Fate fateInBackup(const BackupChange& change) {
         case Change::onlyOnPedal:
             return {Look::saved, change.onPedal, words("new")};
         case Change::onlyInBackup:
-            return {Look::absent, change.inBackup, words("only in the backup")};
+            return onlyInBackup(change, comparison);
         case Change::damaged:
             return change.onPedal ? Fate{Look::saved, change.onPedal, words("saved again"),
                                          words("saved again, as it is damaged in the backup")}
-                                  : Fate{Look::absent, change.inBackup, words("only in the backup")};
+                                  : onlyInBackup(change, comparison);
     }
     return {};
 }
@@ -88,13 +94,13 @@ BackupSlot rowOf(SlotNumber slot, const Fate& fate) {
 }
 
 Fate fateOf(Kind kind, const BackupChange& change, const BackupComparison& comparison) {
-    return kind == Kind::restore ? fateInRestore(change, comparison) : fateInBackup(change);
+    return kind == Kind::restore ? fateInRestore(change, comparison) : fateInBackup(change, comparison);
 }
 
 std::uint64_t bytesSaved(const BackupComparison& comparison) {
     std::uint64_t bytes = 0;
     for (const auto& change : comparison.changes) {
-        const bool saved = fateInBackup(change).look == Look::saved;
+        const bool saved = fateInBackup(change, comparison).look == Look::saved;
         bytes += saved ? change.onPedal->bytes() : 0;
     }
     return bytes;
@@ -138,8 +144,9 @@ std::vector<BackupPanel::Count> countsOf(Kind kind, const BackupComparison& comp
         add(Look::damaged, many(Change::damaged),
             [](auto n) { return words(n, "%n damaged", "%n damaged"); });
     } else {
-        const auto saved = std::ranges::count_if(
-            comparison.changes, [](const auto& change) { return fateInBackup(change).look == Look::saved; });
+        const auto saved = std::ranges::count_if(comparison.changes, [&comparison](const auto& change) {
+            return fateInBackup(change, comparison).look == Look::saved;
+        });
         add(Look::saved, static_cast<std::size_t>(saved), [&comparison](auto n) {
             return words(n, "%n new or changed, %1", "%n new or changed, %1",
                          sizeText(bytesSaved(comparison)));
