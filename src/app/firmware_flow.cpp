@@ -134,7 +134,10 @@ class Installation {
                 say(step);
             }
         };
-        const auto image = [say](unsigned percent) { say(flashStep(FlashPhase::sending, percent)); };
+        const auto image = [this, say, &run](unsigned percent) {
+            say(flashStep(FlashPhase::sending, percent));
+            run.ask([&] { parts_.transferPanel.showOnIcon(percent / 100.0); });
+        };
         return {phase, waiting, image};
     }
 
@@ -149,6 +152,7 @@ class Installation {
         }
         run.ask([&] {
             run.turn.end();
+            parts_.transferPanel.showOnIcon(std::nullopt);
             if (sent) {
                 tell(file_ ? toldSent() : told(end));
             } else {

@@ -16,7 +16,10 @@ namespace {
 /// How far the reading of all loops has come. The link's thread, and before that the run's.
 class KeepProgress {
   public:
-    KeepProgress(std::uint64_t total, Teller::Saying say) : total_(total), say_(std::move(say)) {}
+    using Showing = std::function<void(double fraction)>;
+
+    KeepProgress(std::uint64_t total, Teller::Saying say, Showing show)
+        : total_(total), say_(std::move(say)), show_(std::move(show)) {}
 
     void begins(SlotNumber slot, std::uint64_t before) {
         before_ = before;
@@ -25,6 +28,9 @@ class KeepProgress {
     void moved(SlotNumber slot, std::uint64_t bytes) {
         const auto percent = total_ == 0 ? 0 : std::min<std::uint64_t>(100, (before_ + bytes) * 100 / total_);
         const auto quarter = percent / 25 * 25;
+        if (std::exchange(shown_, percent) != percent) {
+            show_(static_cast<double>(percent) / 100);
+        }
         say_(words("Keeping a copy of %1\u2026 %2 %", loopName(slot), percent),
              quarter == 0 || quarter == 100 ? "" : words("Keeping copies, %1 percent", quarter));
     }
@@ -32,7 +38,9 @@ class KeepProgress {
   private:
     const std::uint64_t total_;
     const Teller::Saying say_;
-    std::uint64_t before_ = 0;  ///< of the loops that came
+    const Showing show_;
+    std::uint64_t before_ = 0;                           ///< of the loops that came
+    std::optional<std::uint64_t> shown_ = std::nullopt;  ///< percent
 };
 
 }  // namespace
@@ -58,8 +66,11 @@ void Keeping::begin(Run& run) {
                                        stop();
                                        return true;
                                    }});
-    const auto progress = std::make_shared<KeepProgress>(bytesToRead(order_),
-                                                         parts_.teller.followerInWords(work_, run.poster()));
+    const auto onIcon = [post = run.poster(), &panel = parts_.transferPanel](double fraction) {
+        post([&panel, fraction] { panel.showOnIcon(fraction); });
+    };
+    const auto progress = std::make_shared<KeepProgress>(
+        bytesToRead(order_), parts_.teller.followerInWords(work_, run.poster()), onIcon);
     events_.begins = [progress, this, before = std::uint64_t{0}](SlotNumber slot, Step /*step*/) mutable {
         before = slot == order_.slots.front() ? 0 : before;  // they may be read a second time
         progress->begins(slot, before);
@@ -115,6 +126,7 @@ void Keeping::noteGone(const Outcome& operation) const {
 
 void Keeping::end(Teller::Work rest) {
     parts_.window.offerStop({});
+    parts_.transferPanel.showOnIcon(std::nullopt);
     parts_.teller.idle(work_, rest);
 }
 

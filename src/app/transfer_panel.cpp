@@ -51,7 +51,7 @@ void TransferPanel::setPercent(double fraction) {
     if (timeLeft_) {
         timeLeft_->moved(environment_.executor.now(), fraction);
         showTimeLeft();
-        showOnIcon(fraction);
+        put(fraction);
     }
 }
 
@@ -70,6 +70,13 @@ void TransferPanel::lookAgain() {
 }
 
 void TransferPanel::showOnIcon(std::optional<double> fraction) const {
+    if (!timeLeft_) {
+        put(fraction);
+    }
+}
+
+/// On the icon.
+void TransferPanel::put(std::optional<double> fraction) const {
     if (environment_.shell != nullptr) {
         environment_.shell->showProgress(fraction);
     }
@@ -77,7 +84,7 @@ void TransferPanel::showOnIcon(std::optional<double> fraction) const {
 
 void TransferPanel::close() {
     timeLeft_.reset();
-    showOnIcon(std::nullopt);
+    put(std::nullopt);
     setPercent(1.0);
     if (panels_.progress) {
         panels_.progress->close();

@@ -37,11 +37,13 @@ class TransferPanel : Fixed {
     }
     /// Full, and then closed.
     void close();
+    /// On the icon alone: what shows its progress elsewhere in the window. No effect while this is open.
+    void showOnIcon(std::optional<double> fraction) const;
 
   private:
     void showTimeLeft();
     void lookAgain();
-    void showOnIcon(std::optional<double> fraction) const;
+    void put(std::optional<double> fraction) const;
 
     const AppEnvironment& environment_;
     MainWindow& window_;
