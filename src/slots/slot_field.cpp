@@ -1,13 +1,14 @@
 #include "slots/slot_field.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QToolTip>
 
 #include "slots/slot.h"
 #include "slots/slot_field_editor.h"
 #include "slots/slot_field_editor_layout_manager.h"
 #include "slots/slot_field_esc.h"
+#include "ui/cut_tip.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/scale.h"
@@ -208,13 +209,10 @@ double SlotField::room() const {
 /// The whole name, if it is cut; the row's tool tip is shown otherwise.
 bool SlotField::event(QEvent* event) {
     const auto* const row = controller();
-    if (event->type() == QEvent::ToolTip && editor_ == nullptr && row != nullptr &&
-        advanceOf(row->nameInSight(), styledFont_.value_or(textFont())) > room()) {
-        const auto plain = Qt::convertFromPlainText(row->nameInSight());
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plain, this);
-        return true;
-    }
-    return SlotDropTarget::event(event);
+    return (event->type() == QEvent::ToolTip && editor_ == nullptr && row != nullptr &&
+            showIfCut(*this, static_cast<QHelpEvent&>(*event), row->nameInSight(),
+                      styledFont_.value_or(textFont()), room())) ||
+           SlotDropTarget::event(event);
 }
 
 void SlotField::enterEvent(QEnterEvent* event) {

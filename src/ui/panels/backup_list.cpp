@@ -1,10 +1,12 @@
 #include "ui/panels/backup_list.h"
 
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
 #include <utility>
 
+#include "ui/cut_tip.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/scale.h"
@@ -90,6 +92,19 @@ void BackupList::walk(int key) {
         default:
             break;
     }
+}
+
+bool BackupList::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        const int at = offerAt(QPointF(help.pos()) / scaleOf(*this));
+        if (at >= 0) {
+            const auto& offer = offers_.at(static_cast<std::size_t>(at));
+            return showIfCut(*this, help, offer.name, textFont(),
+                             roomForName(offer, offerNameX, offerDetailEnd));
+        }
+    }
+    return PickList::event(event);
 }
 
 void BackupList::mouseMoveEvent(QMouseEvent* event) {

@@ -24,6 +24,7 @@ class BackupList : public PickList {
   protected:
     void walk(int key) override;
     void chooseMarked() override { choose(marked_); }
+    bool event(QEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;

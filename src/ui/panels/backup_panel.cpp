@@ -1,5 +1,6 @@
 #include "ui/panels/backup_panel.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <algorithm>
 #include <utility>
@@ -7,6 +8,7 @@
 #include "ui/accessible_controls.h"
 #include "ui/alert_button.h"
 #include "ui/check_box.h"
+#include "ui/cut_tip.h"
 #include "ui/focus_ring.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
@@ -214,6 +216,19 @@ void BackupPanel::keyPressEvent(QKeyEvent* event) {
     } else if (accept_->isEnabled() && !event->isAutoRepeat()) {
         accept_->click();
     }
+}
+
+bool BackupPanel::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto& help = static_cast<const QHelpEvent&>(*event);
+        const QRectF line(headMark.right(), headMark.top(), backupPanelSize.width() - headMark.right(),
+                          tapeAt.y() - headMark.top());
+        if (line.contains(QPointF(help.pos()) / scaleOf(*this)) &&
+            showIfCut(*this, help, headline(), textFont(15), headlineRoom)) {
+            return true;
+        }
+    }
+    return QDialog::event(event);
 }
 
 void BackupPanel::paintEvent(QPaintEvent* /*event*/) {

@@ -58,6 +58,7 @@ class BackupPanel : public QDialog {
     void wanted();
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

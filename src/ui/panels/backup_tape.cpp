@@ -1,9 +1,13 @@
 #include "ui/panels/backup_tape.h"
 
+#include <QHelpEvent>
+
+#include "ui/cut_tip.h"
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
 #include "ui/qt_words.h"
+#include "ui/scale.h"
 #include "ui/scaled_painter.h"
 #include "ui/spoken.h"
 
@@ -18,15 +22,18 @@ constexpr QPointF tapeChevron(352, 14);
 
 }  // namespace
 
+double roomForName(const BackupOffer& offer, double left, double right) {
+    return right - advanceOf(offer.detail, textFont(12)) - betweenThem - left;
+}
+
 void writeOffer(ScaledPainter& painter, const BackupOffer& offer, QPointF baseline, double right,
                 const QColor& nameColor, const QColor& detailColor) {
     painter.setType(textFont(12));
-    const double detailX = right - painter.advance(offer.detail);
     painter.setPen(detailColor);
-    painter.write(QPointF(detailX, baseline.y()), offer.detail);
+    painter.write(QPointF(right - painter.advance(offer.detail), baseline.y()), offer.detail);
     painter.setType(textFont());
     painter.setPen(nameColor);
-    painter.writeName(baseline, offer.name, detailX - betweenThem - baseline.x());
+    painter.writeName(baseline, offer.name, roomForName(offer, baseline.x(), right));
 }
 
 QString spokenOffer(const BackupOffer& offer) {
@@ -44,6 +51,13 @@ void BackupTape::show(const QString& what, const BackupOffer& offer) {
     shown_ = offer;
     callIt(*this, toQt(words("%1: %2", what.toStdString(), spokenOffer(offer).toStdString())));
     update();
+}
+
+bool BackupTape::event(QEvent* event) {
+    return (event->type() == QEvent::ToolTip &&
+            showIfCut(*this, static_cast<QHelpEvent&>(*event), shown_.name, textFont(),
+                      roomForName(shown_, tapeNameAt.x(), tapeDetailEnd))) ||
+           KeyButton::event(event);
 }
 
 void BackupTape::paintEvent(QPaintEvent* /*event*/) {

@@ -24,6 +24,8 @@ QString spokenOffer(const BackupOffer& offer);
 /// The name, from `baseline` on, is cut if the detail, which ends at `right`, leaves it too little room.
 void writeOffer(ScaledPainter& painter, const BackupOffer& offer, QPointF baseline, double right,
                 const QColor& nameColor, const QColor& detailColor);
+/// Which `writeOffer` leaves for the name from `left` on.
+double roomForName(const BackupOffer& offer, double left, double right);
 
 /// What is chosen, on a strip of console tape: a button that opens the list.
 class BackupTape : public KeyButton {
@@ -39,6 +41,7 @@ class BackupTape : public KeyButton {
     const BackupOffer& shown() const { return shown_; }
 
   protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
