@@ -25,6 +25,11 @@ bool isWanted(const QKeyEvent& key) {
     }
 }
 
+/// "Select None" would throw the name away that is typed.
+bool selectsNone(const QKeyEvent& key) {
+    return key.key() == Qt::Key_A && key.modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
 }  // namespace
 
 void KeyOrder::watch() {
@@ -45,6 +50,10 @@ bool KeyOrder::eventFilter(QObject* watched, QEvent* event) {
     }
     if (type == QEvent::KeyPress || type == QEvent::ShortcutOverride) {
         auto& key = static_cast<QKeyEvent&>(*event);
+        if (type == QEvent::ShortcutOverride && selectsNone(key) && owner() == Owner::name) {
+            key.accept();
+            return true;
+        }
         return isWanted(key) && pressed(*watched, key);
     }
     // A menu or an alert closes by the press, and the release comes to what had the keyboard before.
