@@ -102,10 +102,10 @@ class AccessibleButton : public Coverable {
     KeyButton& button() const { return static_cast<KeyButton&>(*widget()); }
 };
 
-class AccessibleMeter : public QAccessibleWidget, public QAccessibleValueInterface {
+class AccessibleMeter : public Coverable, public QAccessibleValueInterface {
   public:
     /// Not a progress bar: that would be read out with each change.
-    explicit AccessibleMeter(Meter* meter) : QAccessibleWidget(meter, QAccessible::Graphic) {}
+    explicit AccessibleMeter(Meter* meter) : Coverable(meter, QAccessible::Graphic) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
@@ -160,11 +160,11 @@ QAccessibleInterface* accessibleControl(const QString& /*className*/, QObject* o
         return new AccessibleMeter(meter);
     }
     if (auto* const ground = qobject_cast<Background*>(object)) {
-        return new Coverable(ground, QAccessible::Client);
+        return coverable(*ground, QAccessible::Client);
     }
     if (auto* const pages = qobject_cast<QStackedWidget*>(object);
         pages != nullptr && qobject_cast<const Window*>(pages->window()) != nullptr) {
-        return new Coverable(pages, QAccessible::Client);  // not a "layered pane", which would be read out
+        return coverable(*pages, QAccessible::Client);  // not a "layered pane", which would be read out
     }
     if (auto* const window = qobject_cast<Window*>(object)) {
         return new AccessibleWindow(window);
@@ -176,6 +176,10 @@ QAccessibleInterface* accessibleControl(const QString& /*className*/, QObject* o
 
 void installAccessibleControls() {
     QAccessible::installFactory(accessibleControl);  // a factory already installed is not added again
+}
+
+QAccessibleInterface* coverable(QWidget& widget, QAccessible::Role role) {
+    return new Coverable(&widget, role);
 }
 
 bool takesFocus(const QWidget& widget) {

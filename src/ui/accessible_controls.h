@@ -18,6 +18,8 @@ bool takesFocus(const QWidget& widget);
 /// A press of `button` opens `list`; null: one of several that open the same.
 void opens(QWidget& button, QWidget* list);
 
+/// For a factory: an interface that a shield puts out of reach.
+QAccessibleInterface* coverable(QWidget& widget, QAccessible::Role role);
 /// What a shield leaves of the state of a widget, and of its actions.
 QAccessible::State seenThrough(const QWidget& widget, QAccessible::State state);
 QStringList seenThrough(const QWidget& widget, const QStringList& actions);

@@ -77,7 +77,7 @@ QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* objec
         return new AccessibleTrack(track);
     }
     if (auto* menu = qobject_cast<MenuView*>(object)) {
-        return new QAccessibleWidget(menu, QAccessible::PopupMenu);
+        return coverable(*menu, QAccessible::PopupMenu);
     }
     if (auto* entry = qobject_cast<PickList*>(object)) {
         return new QAccessibleWidget(entry,

@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 
+#include "ui/accessible_controls.h"
 #include "ui/status/outcome_list.h"
 #include "ui/status/outcome_row.h"
 #include "ui/status/spoken_words.h"
@@ -14,10 +15,10 @@ QAccessibleInterface* interfaceOf(const QString& /*className*/, QObject* object)
         return new QAccessibleWidget(words, QAccessible::Notification);
     }
     if (auto* const list = qobject_cast<OutcomeList*>(object)) {
-        return new QAccessibleWidget(list, QAccessible::List);
+        return coverable(*list, QAccessible::List);
     }
     if (auto* const row = qobject_cast<OutcomeRow*>(object)) {
-        return new QAccessibleWidget(row, QAccessible::ListItem);
+        return coverable(*row, QAccessible::ListItem);
     }
     return nullptr;
 }
