@@ -15,9 +15,9 @@ namespace {
 
 constexpr double strongestWash = 0.4;  // the rows that turn "complete" stay readable
 
-/// Quitting stays possible, as does closing the window.
-bool quits(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Q && event.modifiers() == Qt::ControlModifier;
+/// Quitting, as closing the window does, and pulling the cable of a simulated pedal.
+bool staysPossible(const QKeyEvent& event) {
+    return (event.key() == Qt::Key_Q || event.key() == Qt::Key_P) && event.modifiers() == Qt::ControlModifier;
 }
 
 }  // namespace
@@ -69,7 +69,7 @@ bool Shield::event(QEvent* event) {
             event->accept();
             return true;
         case QEvent::ShortcutOverride:  // accepted: the shortcut does not act
-            event->setAccepted(!quits(*static_cast<QKeyEvent*>(event)));
+            event->setAccepted(!staysPossible(*static_cast<QKeyEvent*>(event)));
             return true;
         case QEvent::DragEnter:
         case QEvent::DragMove:

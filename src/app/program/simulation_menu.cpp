@@ -16,7 +16,7 @@ void showSimulation(MainWindow& window, simulator::SimulatedPedal& pedal, bool p
     plug->setCheckable(true);
     plug->setChecked(pluggedIn);
     plug->setShortcut(QKeySequence("Ctrl+P"));
-    // Also under the shield: cables come out at the worst moment.
+    // Also under the shield, which lets it through: cables come out at the worst moment.
     plug->setShortcutContext(Qt::ApplicationShortcut);
     QObject::connect(plug, &QAction::toggled, &window, [&pedal](bool plugged) {
         if (plugged) {
