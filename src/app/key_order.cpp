@@ -6,15 +6,17 @@
 
 #include "app/app_parts.h"
 #include "app/main_window.h"
+#include "ui/letter_keys.h"
 
 namespace kzq {
 
 namespace {
 
 bool isWanted(const QKeyEvent& key) {
+    if (isP(key)) {  // with Shift it compares
+        return (key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier;
+    }
     switch (key.key()) {
-        case Qt::Key_P:  // with Shift it compares
-            return (key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier;
         case Qt::Key_Z:
             return key.modifiers() == Qt::ControlModifier;
         case Qt::Key_Delete:

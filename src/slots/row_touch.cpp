@@ -5,6 +5,7 @@
 
 #include "slots/slot.h"
 #include "ui/focus_ring.h"
+#include "ui/letter_keys.h"
 
 namespace kzq {
 
@@ -53,7 +54,7 @@ class RowTouch : public QObject {
     }
 
     bool pressed(const QKeyEvent& event) {
-        return event.key() == Qt::Key_P && !event.isAutoRepeat() && played(event.modifiers());
+        return isP(event) && !event.isAutoRepeat() && played(event.modifiers());
     }
 
     bool played(Qt::KeyboardModifiers modifiers) {

@@ -12,6 +12,7 @@
 #include "ui/figures.h"
 #include "ui/fonts.h"
 #include "ui/key_button.h"
+#include "ui/letter_keys.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
 #include "ui/qt_words.h"
@@ -175,7 +176,7 @@ bool BringBackRow::eventFilter(QObject* watched, QEvent* event) {
     }
     const auto& pressed = static_cast<const QKeyEvent&>(*event);
     const bool plain = (pressed.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (plain && pressed.key() == Qt::Key_P) {
+    if (plain && isP(pressed)) {
         if (!pressed.isAutoRepeat()) {
             Q_EMIT ringPressed();
         }
