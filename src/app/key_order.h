@@ -10,8 +10,9 @@ namespace kzq {
 struct AppParts;
 
 /// Whose the keys are that several could use: P, Del, Ctrl+Z and Escape. They are the menu bar's while it has
-/// the keyboard; else the name's that is edited; without one, the menu's that is open; then those of the loops
-/// that are being dragged; and only then the rows', the bar's as shortcuts, and the sound's. Main thread.
+/// the keyboard; else the name's that is edited; without one, the menu's that is open; then those of the
+/// loops that are being dragged; and only then the rows', the bar's as shortcuts, and the sound's. Main
+/// thread.
 class KeyOrder : public QObject {
     Q_OBJECT
 

@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 
 #include "audio/source_facts.h"
@@ -31,7 +30,9 @@ SourceFacts factsOfFlac(const FileBytes& file, std::uint64_t start) {
     facts.audio = ByteSpan{start, file.size()};
     const std::uint64_t fields = file.big(start + 18, 8).value_or(0);
     facts.rate = fields >> 44U;
-    facts.stream = {"flac", facts.rate, std::min(static_cast<unsigned>(fields >> 41U & 7U) + 1, 3U)};
+    if (const auto channels = static_cast<unsigned>(fields >> 41U & 7U) + 1; channels <= 2) {
+        facts.stream = {"flac", facts.rate, channels};
+    }
     if ((fields & countMask) != 0) {
         facts.frames = fields & countMask;
         facts.countDecides = true;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "audio/source_facts.h"
 #include "audio/wave.h"
