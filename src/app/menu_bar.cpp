@@ -52,7 +52,8 @@ void dressMenus(const QMenuBar& bar) {
     }
 }
 
-/// One of the usual sizes is marked while the window has it.
+/// One of the usual sizes is marked while the window has it. Those for which the screen has no room cannot be
+/// chosen.
 void addSizes(QMenu& view, WindowSize& size) {
     auto* const sizes = new QActionGroup(&view);
     sizes->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
@@ -62,6 +63,8 @@ void addSizes(QMenu& view, WindowSize& size) {
         action->setCheckable(true);
         action->setData(percent);
         sizes->addAction(action);
+        QObject::connect(&view, &QMenu::aboutToShow, action,
+                         [action, &size, percent] { action->setEnabled(size.fits(percent)); });
     }
     const auto mark = [sizes] {
         const int now = qRound(Scale::ofProgram().size() * 100);

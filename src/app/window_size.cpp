@@ -81,13 +81,23 @@ void WindowSize::set(int percent) {
     keepOnScreen(window_, settled_);
 }
 
+/// What the screen has for the window, without its frame.
+QSize WindowSize::room() const {
+    const auto frame = window_.frameGeometry().size() - window_.size();
+    return window_.screen()->availableGeometry().size() - (frame.isNull() ? usualFrame : frame);
+}
+
+bool WindowSize::fits(int percent) const {
+    return percent <= fitting(room());
+}
+
 void WindowSize::fitScreen() {
     const auto frame = window_.frameGeometry().size() - window_.size();
-    const auto room = window_.screen()->availableGeometry();
-    const auto inside = room.size() - (frame.isNull() ? usualFrame : frame);
+    const auto screen = window_.screen()->availableGeometry();
+    const auto inside = room();
     limit(inside, window_.devicePixelRatioF());
     set(fitting(inside));
-    window_.move(room.center() - QRect(QPoint(), settled_ + frame).center());
+    window_.move(screen.center() - QRect(QPoint(), settled_ + frame).center());
 }
 
 void WindowSize::begin(QSize room, double ratio) {

@@ -21,6 +21,8 @@ class WindowSize : public QObject {
     explicit WindowSize(QWidget& window);
 
     void set(int percent);
+    /// Whether the screen has room for it; what lies beyond the screen cannot be reached.
+    bool fits(int percent) const;
     /// As large as the screen allows, and there in the middle.
     void fitScreen();
     /// Before the window is shown: 100 %, or less if `room` on the screen is too small for that. `ratio`:
@@ -33,6 +35,7 @@ class WindowSize : public QObject {
 
   private:
     void limit(QSize room, double ratio);
+    QSize room() const;
     int fitting(QSize room) const;
     int nearest(QSize size) const;
     QSize sizeAt(int percent) const;

@@ -41,7 +41,7 @@ SCENES = {
         menu item Play P: focused; menu item Rename; menu item Choose File…: disabled; menu item Remove: disabled; menu item Verify After Export""",
     "view": """
         menu item Import: focused; menu item Export; menu item Recent Results; menu item 75 %; menu item 100 %: checked; menu item 125 %; menu item
-        150 %; menu item 200 %; menu item 300 %; menu item Fit to Screen""",
+        150 %; menu item 200 %: disabled; menu item 300 %: disabled; menu item Fit to Screen""",
     "help": "menu item User Guide: focused; menu item Doctor…; menu item About 7306 Loop Manager",
     "menu": """
         push button Close menu; menu item About...: focusable focused; menu item Software Update...: focusable; menu item Firmware Update...:
