@@ -2132,6 +2132,12 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
+        <source>,</source>
+        <extracomment>Between the thousands of a number.</extracomment>
+        <translation>.</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
         <source>Choose a folder that allows files of this size.</source>
         <translation>Einen Ordner auswählen, der Dateien dieser Größe zulässt.</translation>
     </message>

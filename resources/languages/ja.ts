@@ -2102,6 +2102,12 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/sentences.cpp"/>
+        <source>,</source>
+        <extracomment>Between the thousands of a number.</extracomment>
+        <translation>,</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/sentences.cpp"/>
         <source>Choose a folder that allows files of this size.</source>
         <translation>このサイズのファイルを保存できるフォルダーを選択してください。</translation>
     </message>

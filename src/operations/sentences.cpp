@@ -29,11 +29,11 @@ std::string quoted(const Trouble& trouble) {
     return "\"" + trouble.where + "\"";
 }
 
-/// "1,234"
-std::string milliseconds(const Trouble& trouble) {
+/// The number that stands in its words, as "1,234".
+std::string grouped(const Trouble& trouble) {
     std::string text = trouble.words;
     for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > 0; at -= 3) {
-        text.insert(static_cast<std::size_t>(at), ",");
+        text.insert(static_cast<std::size_t>(at), words(","));  // between thousands
     }
     return text;
 }
@@ -93,10 +93,10 @@ std::string spaceSentence(const Trouble& trouble) {
 std::string flawWords(const Trouble& flaw) {
     if (flaw.kind == Kind::endsEarly) {
         return flaw.words.empty() ? words("its end is missing")
-                                  : words("%1 ms are missing at its end", milliseconds(flaw));
+                                  : words("%1 ms are missing at its end", grouped(flaw));
     }
     return flaw.words.empty() ? words("part of it cannot be read")
-                              : words("%1 ms of it cannot be read", milliseconds(flaw));
+                              : words("%1 ms of it cannot be read", grouped(flaw));
 }
 
 std::string audioSentence(const Trouble& trouble) {
@@ -122,7 +122,7 @@ std::string audioSentence(const Trouble& trouble) {
             return words("The file contains no audio.");
         case Kind::sampleRate:
             return words("The file's sample rate is %1 Hz; it must be from 4,000 to 768,000 Hz.",
-                         trouble.words);
+                         grouped(trouble));
         case Kind::diskFull:
             return words("There is not enough disk space.");
         case Kind::outputRefused:
