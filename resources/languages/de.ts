@@ -1492,11 +1492,6 @@ werden auf dem Pedal ersetzt.</translation>
         <source>it is too long: %1, and %2 is left</source>
         <translation>sie ist zu lang: %1, frei sind noch %2</translation>
     </message>
-    <message>
-        <location filename="../../src/app/stamp_time.h"/>
-        <source>en</source>
-        <translation>de</translation>
-    </message>
     <message numerus="yes">
         <location filename="../../src/app/teller.cpp"/>
         <source>%1 were not saved</source>
@@ -3415,6 +3410,17 @@ werden auf dem Pedal ersetzt.</translation>
         <location filename="../../src/ui/status/status_sentence.cpp"/>
         <source>Shows the recent results</source>
         <translation>Zeigt die letzten Ergebnisse</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/times.cpp"/>
+        <source>HH:mm</source>
+        <extracomment>A time of day, by the letters of QLocale.</extracomment>
+        <translation>HH:mm</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/times.cpp"/>
+        <source>en</source>
+        <translation>de</translation>
     </message>
     <message>
         <location filename="../../src/updates/app_image.cpp"/>

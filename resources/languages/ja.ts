@@ -1469,11 +1469,6 @@ replace loops on the pedal.</source>
         <source>it is too long: %1, and %2 is left</source>
         <translation>長すぎます（%1、残り %2）</translation>
     </message>
-    <message>
-        <location filename="../../src/app/stamp_time.h"/>
-        <source>en</source>
-        <translation>ja</translation>
-    </message>
     <message numerus="yes">
         <location filename="../../src/app/teller.cpp"/>
         <source>%1 were not saved</source>
@@ -3359,6 +3354,17 @@ replace loops on the pedal.</source>
         <location filename="../../src/ui/status/status_sentence.cpp"/>
         <source>Shows the recent results</source>
         <translation>最近の結果を表示</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/times.cpp"/>
+        <source>HH:mm</source>
+        <extracomment>A time of day, by the letters of QLocale.</extracomment>
+        <translation>HH:mm</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/times.cpp"/>
+        <source>en</source>
+        <translation>ja</translation>
     </message>
     <message>
         <location filename="../../src/updates/app_image.cpp"/>

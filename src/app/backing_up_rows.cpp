@@ -9,6 +9,7 @@
 #include "operations/told_backup.h"
 #include "platform/free_space.h"
 #include "ui/qt_words.h"
+#include "ui/times.h"
 
 namespace kzq {
 

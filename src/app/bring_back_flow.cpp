@@ -1,6 +1,5 @@
 #include "app/bring_back_flow.h"
 
-#include <QLocale>
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -15,6 +14,7 @@
 #include "ui/check_box.h"
 #include "ui/panels/bring_back.h"
 #include "ui/qt_words.h"
+#include "ui/times.h"
 
 namespace kzq {
 
@@ -62,7 +62,7 @@ std::string fateOf(const KeptCopy& copy, const QDateTime& now) {
                                  : thisYear           ? words("d MMM")
                                                       : words("d MMM yyyy"));
     const auto [today, yesterday, earlier] = textsOn(copy.fate);
-    const auto time = then.toString("HH:mm").toStdString();
+    const auto time = timeOfDay(then).toStdString();
     return days == 0   ? words(today, time)
            : days == 1 ? words(yesterday, time)
                        : words(earlier, day.toStdString(), time);

@@ -1,6 +1,5 @@
 #include "app/menu_control.h"
 
-#include <QDateTime>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -10,6 +9,7 @@
 #include "app/panels.h"
 #include "app/teller.h"
 #include "device/kzq7306.h"
+#include "ui/times.h"
 #include "words/words.h"
 
 namespace kzq {
@@ -32,11 +32,7 @@ void moveHighlight(Items first, Items last, MenuItem& whenNone) {
 /// What "up to date" rests on.
 Told toldFirmwareList(const FirmwareUpdates& updates) {
     const auto news = updates.news();
-    const auto read = news.read
-                          ? QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(*news.read))
-                                .toString("HH:mm")
-                                .toStdString()
-                          : std::string();
+    const auto read = news.read ? timeOfDay(*news.read).toStdString() : std::string();
     return toldFirmwareList(read, news.newest, news.trouble);
 }
 

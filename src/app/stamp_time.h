@@ -1,10 +1,7 @@
 #pragma once
 
 #include <QDateTime>
-#include <QLocale>
 #include <string>
-
-#include "ui/qt_words.h"
 
 namespace kzq {
 
@@ -12,12 +9,6 @@ namespace kzq {
 inline QDateTime timeOfStamp(const std::string& stamp) {
     constexpr qsizetype length = 19;
     return QDateTime::fromString(QString::fromStdString(stamp).left(length), "yyyy-MM-dd HH-mm-ss");
-}
-
-/// In the names that days and months have in the user's language.
-inline QString dated(const QDateTime& when, const std::string& pattern) {
-    const auto language = toQt(words("en"));  // the code of the language of that text
-    return (language == "en" ? QLocale::c() : QLocale(language)).toString(when, toQt(pattern));
 }
 
 }  // namespace kzq

@@ -1,7 +1,6 @@
 #include "ui/status/outcome_row.h"
 
 #include <QClipboard>
-#include <QDateTime>
 #include <QGuiApplication>
 #include <QTextLayout>
 
@@ -13,6 +12,7 @@
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 #include "ui/status/status_look.h"
+#include "ui/times.h"
 
 namespace kzq {
 namespace {
@@ -47,8 +47,7 @@ QStringList wrapped(const QString& text, const QFont& font, double width) {
 OutcomeRow::OutcomeRow(const Announcement& announcement, bool last, int width, QWidget* parent)
     : QWidget(parent),
       number_(announcement.number),
-      time_(QDateTime::fromSecsSinceEpoch(std::chrono::system_clock::to_time_t(announcement.time))
-                .toString("HH:mm")),
+      time_(timeOfDay(announcement.time)),
       sentence_(QString::fromStdString(announcement.what)),
       detail_(QString::fromStdString(announcement.rest())),
       failure_(announcement.failure),
