@@ -162,7 +162,7 @@ TEST_F(MenuBarTest, TheRowStaysTheSameWhileTheKeyboardIsInTheBar) {
     press(Qt::Key_Escape);
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
     press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(delegate->bringBack(), nullptr) << "it was meant for the bar";
+    EXPECT_EQ(delegate->parts().bringBack.panel(), nullptr) << "it was meant for the bar";
     press(Qt::Key_Escape);
     EXPECT_EQ(QApplication::focusWidget(), editor) << "it has left the bar";
     EXPECT_EQ(importRow(3).field()->currentEditor(), editor) << "one Escape, one use of it";
