@@ -3,6 +3,8 @@
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <string_view>
 
 #include "ui/cut_text.h"
 #include "ui/fonts.h"
@@ -24,6 +26,15 @@ constexpr int linkGap = 20;  // between sentence and link, with a point in its m
 constexpr int chevronMiddle = 16;
 
 const QColor plate(0x4C, 0x2E, 0x2E);
+
+/// How far something has come stands behind its ellipsis. That changes so often that a screen reader would
+/// drop the news behind it.
+std::string nameOf(const Announcements::Line& line) {
+    constexpr std::string_view ellipsis = "\u2026";
+    const auto end =
+        line.kind == Announcements::Kind::work ? line.sentence.find(ellipsis) : std::string::npos;
+    return line.sentence.substr(0, end == std::string::npos ? end : end + ellipsis.size());
+}
 
 }  // namespace
 
@@ -48,7 +59,7 @@ void StatusSentence::show(const Announcements::Line& line, int left, int right, 
     place(*this, {right - besides - width, (placeOf(*parentWidget()).height() - status::height) / 2,
                   besides + width, status::height});
     setToolTip(shown_ == sentence_ ? QString() : sentence_);
-    const auto& said = line.said.empty() ? line.sentence : line.said;
+    const auto said = line.said.empty() ? nameOf(line) : line.said;
     callIt(*this, toQt(sentence_.isEmpty()                     ? words("Recent results")
                        : kind_ == Announcements::Kind::failure ? words("Failed: %1", said)
                                                                : said));
