@@ -1,9 +1,11 @@
 #include "updates/windows/firmware_updater_progress.h"
 
 #include <QPointer>
+#include <algorithm>
 #include <atomic>
 
 #include "ui/palette.h"
+#include "ui/scale.h"
 #include "ui_FirmwareUpdaterProgress.h"
 #include "updates/windows/lamp_bar.h"
 #include "updates/windows/line_label.h"
@@ -110,7 +112,8 @@ bool FirmwareUpdaterProgress::loadWindow() {
     Ui::FirmwareUpdaterProgress description;
     description.setupUi(window.get());
     window->setFixedSize(window->size());
-    description.caption->setType(13, 16, KZQWhite());
+    caption_ = description.caption;
+    caption_->setType(13, 16, KZQWhite());
     auto faintCream = creamColor();
     faintCream.setAlphaF(0.75F);
     step_ = description.step;
@@ -120,7 +123,29 @@ bool FirmwareUpdaterProgress::loadWindow() {
     slider_ = description.slider;
     animation_ = std::make_shared<Animation>(executor_, slider_, window.get());
     window_ = std::move(window);
+    fit();
     return true;
+}
+
+/// Only a language of longer texts makes the window higher.
+void FirmwareUpdaterProgress::fit() {
+    constexpr int gap = 14;
+    constexpr int foot = 6;
+    const auto put = [](QWidget& part, int top, int height) {
+        auto given = placeOf(part);
+        given.moveTop(top);
+        given.setHeight(std::max(height, given.height()));
+        kzq::place(part, given);
+        return top + given.height();
+    };
+    const auto fitting = [&put](LineLabel& label, int top) {
+        return put(label, top, heightFor(label, placeOf(label).width()));
+    };
+    const int bar = fitting(*caption_, placeOf(*caption_).top()) + gap;
+    const int below = put(*slider_, bar, 0) + gap;
+    put(*number_, below, 0);
+    const int bottom = fitting(*step_, below) + foot;
+    kzq::place(*window_, {0, 0, placeOf(*window_).width(), bottom});
 }
 
 void FirmwareUpdaterProgress::setStep(int number, int count, const QString& shown, const QString& said) {
@@ -129,6 +154,7 @@ void FirmwareUpdaterProgress::setStep(int number, int count, const QString& show
         step_->setAccessibleName(said);
     }
     number_->setText(number == 0 ? QString() : QString::fromStdString(words("%1 of %2", number, count)));
+    fit();
 }
 
 void FirmwareUpdaterProgress::begin() {

@@ -51,10 +51,12 @@ class FirmwareUpdaterProgress : Fixed {
 
     explicit FirmwareUpdaterProgress(Executor& executor);
     bool loadWindow();
+    void fit();
 
     Executor& executor_;
     std::unique_ptr<UpdatePanel> window_;
-    LampBar* slider_ = nullptr;  // owned by the window, like the next two
+    LampBar* slider_ = nullptr;  // owned by the window, like the next three
+    LineLabel* caption_ = nullptr;
     LineLabel* step_ = nullptr;
     LineLabel* number_ = nullptr;
     std::shared_ptr<Animation> animation_;
