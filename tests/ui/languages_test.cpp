@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QRegularExpression>
+#include <QTranslator>
 
 #include "app/backing_up_rows.h"
 #include "app/main_window.h"
@@ -12,6 +13,7 @@
 #include "app/window_size.h"
 #include "gallery/bystanders.h"
 #include "loops/capacity.h"
+#include "operations/flash.h"
 #include "slots/slot.h"
 #include "ui/alert_panel.h"
 #include "ui/fitted_label.h"
@@ -30,6 +32,10 @@
 #include "ui/scale.h"
 #include "ui/scaled_painter.h"
 #include "ui/status/status_line.h"
+#include "updates/firmware_texts.h"
+#include "updates/windows/firmware_notice.h"
+#include "updates/windows/firmware_updater.h"
+#include "updates/windows/software_update.h"
 
 namespace kzq {
 namespace {
@@ -51,6 +57,16 @@ std::string stretched(const Text& text) {
     }
     return (longer + " " + QString((english.size() + 3) / 3, '~') + "]").toStdString();
 }
+
+/// For the descriptions of windows.
+class Stretcher : public QTranslator {
+  public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* /*context*/, const char* text, const char* /*one*/,
+                      int /*count*/) const override {
+        return toQt(stretched({text}));
+    }
+};
 
 /// What is wrong with a text that should have been looked up as a whole; sentences and lists may follow each
 /// other. Numbers, names of loops and of the product are in no language.
@@ -93,6 +109,7 @@ class Languages : public testing::TestWithParam<int> {
   protected:
     Languages() {
         setCatalogue(stretched);
+        QCoreApplication::installTranslator(&stretcher);
         ScaledPainter::setWatcher([this](const QString& text, bool fits) {
             ++painted;
             EXPECT_TRUE(fits) << text.toStdString();
@@ -145,6 +162,7 @@ class Languages : public testing::TestWithParam<int> {
         EXPECT_FALSE(window.grab().isNull());
     }
 
+    Stretcher stretcher;
     int painted = 0;
     int texts = 0;
     gallery::StillApplication application;
@@ -154,7 +172,7 @@ class Languages : public testing::TestWithParam<int> {
     Product product{"2.1.0", "https://www.kzq.example/"};
 };
 
-INSTANTIATE_TEST_SUITE_P(Percent, Languages, testing::Values(75, 100, 200));
+INSTANTIATE_TEST_SUITE_P(Percent, Languages, testing::Values(75, 100, 125, 150, 200, 300));
 
 TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
     MainWindow window;
@@ -270,6 +288,38 @@ TEST_P(Languages, ThePanelsShowNothingButTranslations) {
         application, executor, dialogs, [] { return std::optional<std::string>("1.05"); }, product);
     lookInto(about->window());
     EXPECT_GT(texts, 80);
+}
+
+TEST_P(Languages, TheUpdateWindowsShowNothingButTranslations) {
+    gallery::StillHttp http(R"(<rss version="2.0" xmlns:s="urn:s"><channel><item><title>3.0</title>
+<enclosure url="https://www.kzq.example/a.AppImage" length="4" s:version="3000" s:shortVersionString="3.0"/></item></channel></rss>)");
+    const auto firmware = FirmwareUpdater::updater(
+        {executor, http, [] { return false; }, [] { return std::nullopt; }, {}, {}, {}, {}, {}});
+    firmware->blurb().setText(toQt(firmwareHeadline({1, 12}, {1, 11})));
+    lookInto(firmware->window());
+    for (const auto phase : {FlashPhase::restarting, FlashPhase::cameBack, FlashPhase::sending}) {
+        const auto step = flashStep(phase, 61);
+        firmware->progress().setStep(step.number, FlashStep::count, toQt(step.words), toQt(step.said));
+        lookInto(firmware->progress().window());
+    }
+    FirmwareNoticeWindow notice;
+    for (const auto kind : {FirmwareNotice::Kind::missing, FirmwareNotice::Kind::repair}) {
+        notice.show({kind, toQt(words("This pedal is waiting for firmware.")),
+                     toQt(words("The maker's firmware has not been downloaded yet.")), toQt(words("Not Now")),
+                     toQt(words("Try Again"))});
+        lookInto(notice.window());
+    }
+    for (const std::string version : {"2.1.0", "3000"}) {
+        const auto updater = std::make_shared<SUUpdater>(
+            UpdaterEnvironment{executor, http, {}, UpdateBuild{version, {}, false, {}}, {}, {}});
+        updater->setFeedURL("https://www.kzq.example/feed.xml");
+        const auto software = SoftwareUpdate::softwareUpdate({updater, version, {}});
+        software->checkForUpdates();
+        lookInto(software->window());
+        executor.settle();
+        EXPECT_EQ(updater->status().state, version == "2.1.0" ? UpdateState::offered : UpdateState::upToDate);
+        lookInto(software->window());
+    }
 }
 
 }  // namespace
