@@ -34,7 +34,7 @@ constexpr int fateX = 84;
 constexpr int waveX = 240;
 constexpr int waveEnd = 370;
 constexpr int lengthEnd = 420;
-constexpr int leaderX = 440;
+constexpr int leaderLeft = 440;
 constexpr int wordEnd = 492;
 constexpr int rowBaseline = 18;
 constexpr double chevronX = 504;
@@ -111,7 +111,7 @@ class Leader : public KeyButton {
     explicit Leader(QWidget* row) : KeyButton(row) {
         setProperty("focusRingRadius", 4);
         opens(*this, nullptr);
-        setGeometry(field.x() + leaderX, field.y(), field.width() - leaderX, field.height());
+        setGeometry(field.x() + leaderLeft, field.y(), field.width() - leaderLeft, field.height());
     }
 
   protected:
@@ -258,7 +258,7 @@ void BringBackRow::drawTarget(ScaledPainter& painter, double resting) const {
     painter.setType(on() ? wordFont(12) : textFont(12));
     painter.setPen(color);
     const auto word = on() ? QString::number(target_.slot) : toQt(words("to %1", target_.slot));
-    painter.fitType(word, wordEnd - leaderX);
+    painter.fitType(word, wordEnd - leaderLeft);
     painter.write(QPointF(wordEnd - painter.advance(word), rowBaseline), word);
     painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.drawPolyline(QPolygonF{{chevronX - 4, 12}, {chevronX, 16}, {chevronX + 4, 12}});
