@@ -17,6 +17,16 @@ class BadMoments : public FlowTest {
     }
 };
 
+TEST_F(BadMoments, AWindowThatHasGoneIsToldNothing) {
+    auto life = std::make_shared<int>();
+    const FlowPlace place{executor, {.life = life}, {}};
+    bool isTold = false;
+    place.post([&] { isTold = true; });
+    life.reset();
+    executor.settle();
+    EXPECT_FALSE(isTold);
+}
+
 TEST_F(BadMoments, ASecondPressStartsNothingAndLeavesNoShield) {
     launchConnected();
     const auto import = [this] { window->importButton()->click(); };

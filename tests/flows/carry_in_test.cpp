@@ -139,16 +139,16 @@ TEST_F(CarryIn, ADragThatRestsOnTheTabOpensIt) {
 TEST_F(CarryIn, ADropWaitsForTheLookButNotForEver) {
     launchConnected();
     lookTime = 1s;
-    const QList<QUrl> files = {song("long.wav", capacityFrames), song("short.wav", 10)};
+    const QList<QUrl> files = {song("short.wav", 10), song("long.wav", capacityFrames)};
     holdOver(tray(), files);
-    EXPECT_THAT(signs(), ElementsAre("2 long ", "4 short "));
+    EXPECT_THAT(signs(), ElementsAre("2 short ", "4 long "));
     EXPECT_THAT(line(), StartsWith("7306")) << "nothing is known yet";
     release(tray());
     pass(2s);
     EXPECT_EQ(exportRow(2).name(), "short");
     EXPECT_EQ(line(), "Only 1 of 2 files was used: \"long.wav\" is too long: 24:00, and 23:59 is left");
     lookTime = 1h;
-    holdOver(tray(), {files[0]});
+    holdOver(tray(), {files[1]});
     release(tray());
     pass(3s);
     EXPECT_EQ(line(), "\"long.wav\" was left out: it is too long: 24:00, and 23:59 is left");

@@ -69,6 +69,11 @@ TEST_F(FlowTest, EraseChangesNothingAfterANoAtABusyPedalOrWithoutASelection) {
     pass(1s);
     EXPECT_THAT(sent(0xED), IsEmpty());
     EXPECT_FALSE(shieldUp());
+    select({1, 3});
+    dialogs.answer = [this] { return select({3}), alertFirstButton; };
+    window->eraseButton()->click();
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(sent(0xED), ElementsAre(0)) << "only what is still selected";
 }
 
 TEST_F(FlowTest, AnEraseThatThePedalDoesNotAnswerIsEndedSinceNobodyCanCancelIt) {

@@ -1,3 +1,5 @@
+#include <malloc.h>
+
 #include <QMenu>
 
 #include "app/bring_back_flow.h"
@@ -95,6 +97,19 @@ TEST_F(KeepTest, WhatIsReplacedIsReadAfterTheQuestionAndNothingElse) {
     EXPECT_EQ(delegate->selectedExportSlots().size(), 2U);
 }
 
+TEST_F(KeepTest, AWindowThatGoesBeforeTheFirstCopyIsAskedNothingMore) {
+    ::mallopt(M_PERTURB, 0xA5);  // what is let go is written over
+    launchConnected();
+    select({3});
+    plan("silence@E8:2");
+    window->eraseButton()->click();
+    pass(100ms);
+    EXPECT_TRUE(shieldUp());
+    delegate.reset();
+    pass(1min);
+    ::mallopt(M_PERTURB, 0);
+}
+
 TEST_F(KeepTest, ALoopThatIsRecordedWhileACopyIsMadeIsNotErased) {
     launchConnected();
     select({3});
@@ -177,6 +192,7 @@ TEST_F(KeepTest, ACopyIsHeardUntilSomethingElseIs) {
     delegate->playClickedForSlot(importRow(20));
     pass(1s);
     EXPECT_EQ(line(), "Playing Loop 20, 0:00");
+    EXPECT_FALSE(first.sound().on);
     hear(second);
     EXPECT_EQ(importRow(20).sound().ring, RowSound::Ring::play);
     output.setTrouble("No sound device was found.");

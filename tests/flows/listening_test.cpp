@@ -123,6 +123,7 @@ TEST_F(ListeningTest, OneReadAfterTheOtherAndTheLastPressIsHeard) {
 TEST_F(ListeningTest, ACopyCountsUntilThePedalMayHoldSomethingElse) {
     begin();
     const auto poll = [this] { pass(6s); };
+    const auto write = [&] { stage(3, 1999), window->exportButton()->click(), becomesIdle(), poll(); };
     const std::vector<std::pair<std::string, std::function<void()>>> causes = {
         {"nothing", poll},
         {"played", [&] { pedal.setBusy(true), poll(), pedal.setBusy(false), poll(); }},
@@ -130,7 +131,8 @@ TEST_F(ListeningTest, ACopyCountsUntilThePedalMayHoldSomethingElse) {
         {"the computer slept", [&] { asleep += 1h; }},
         {"unplugged", [&] { pedal.unplug(), pass(1s), plugIn(), pass(1s); }},
         {"another length", [&] { pedal.setLoop(2, loopOf(1999, 1)), poll(); }},
-        {"written", [&] { stage(3, 1999), window->exportButton()->click(), becomesIdle(), poll(); }}};
+        {"written", write},
+        {"written, and the table is as it was", write}};
     for (const auto& [cause, happens] : causes) {
         hear(3);
         press(3);
@@ -214,6 +216,15 @@ TEST_F(ListeningTest, WhatIsPressedDuringTheQuestionIsNotReadAfterTheErase) {
     pass(2s);
     EXPECT_THAT(sent(0xE1), IsEmpty());
     EXPECT_EQ(ring(20), Ring::play);
+    dialogs.answer = [] { return alertSecondButton; };
+    port.pace = 10ms;
+    press(5);
+    press(20);
+    pass(300ms);
+    select({1});
+    window->eraseButton()->click();
+    pass(3s);
+    EXPECT_THAT(sent(0xE1), ElementsAre(4)) << "nor after a question that was answered with no";
 }
 
 TEST_F(ListeningTest, ALoopThatChangesOnThePedalIsHeardNoMoreAndSaidOnce) {

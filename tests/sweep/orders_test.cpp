@@ -416,7 +416,7 @@ class Orders : public FlowTest {
 
 /// ORDERS: the first seed, and how many. ORDERS_TRACE: one life.
 TEST_F(Orders, WhateverHappensAtAnyMoment) {
-    const auto given = qEnvironmentVariable("ORDERS", "7306 40").toStdString();
+    const auto given = qEnvironmentVariable("ORDERS", "7306 48").toStdString();
     const auto one = qEnvironmentVariable("ORDERS_TRACE").toStdString();
     std::istringstream numbers(given);
     std::uint64_t seed = 0;
