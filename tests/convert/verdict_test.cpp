@@ -104,5 +104,15 @@ TEST_F(Verdicts, WhatIsMissing) {
     EXPECT_EQ("lost", flawOf(half(readFile(shop_.encode("good.m4a", "-i good.wav -c:a aac")))));
 }
 
+TEST_F(Verdicts, WhatTheDecoderSeesCountsNotTheHeader) {
+    Bytes twice = readFile(shop_.encode("cd.wav", "-i good.wav -c:a pcm_s16le"));
+    const auto format = twice.begin() + 12;
+    Bytes other(format, format + 24);  // a second one, which the decoder skips:
+    other.at(8 + 2) = 1;               // mono,
+    other.at(8 + 14) = 32;             // so many bits
+    twice.insert(format + 24, other.begin(), other.end());
+    EXPECT_EQ(samplesOf(shop_.at("good.wav")), converted(shop_.write("twice.wav", twice)));
+}
+
 }  // namespace
 }  // namespace kzq

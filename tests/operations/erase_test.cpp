@@ -7,8 +7,8 @@ namespace {
 
 class EraseTest : public OperationTest {
   protected:
-    Outcome erase() {
-        hold({});
+    Outcome erase(Pedal::Limits limits = {}) {
+        hold(std::move(limits));
         return run([&] {
             return runErase(*work, {.slots = {1_slot, 3_slot, 20_slot}, .seen = seen, .untouched = {11_slot}},
                             events());
@@ -26,6 +26,14 @@ TEST_F(EraseTest, OnlyWhatTheUserWasAskedAboutIsErased) {
     }
     seen.put(3_slot, {.address = 2, .samples = 1});
     EXPECT_EQ(end(erase()), "changed");
+}
+
+TEST_F(EraseTest, WhatNobodyWaitedForMayHaveBeenErased) {
+    port.tamper = [this](std::uint8_t request, auto) { executor.sleep(request == 0xED ? 1min : 0s); };
+    const auto outcome = erase({.silence = 5s, .leaveBehind = true});
+    EXPECT_EQ(end(outcome), "silent");
+    EXPECT_EQ(outcome.doubt.value().slot, 1_slot);
+    executor.advance(5min);
 }
 
 }  // namespace

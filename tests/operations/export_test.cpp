@@ -139,5 +139,17 @@ TEST_F(ExportTest, ThePedalHasTheLastWordOnWhatItHolds) {
     pedal.setMemoryListener({});
 }
 
+TEST_F(ExportTest, ACancelledBatchNamesTheSlotThatMayBeEmpty) {
+    pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop* loop) {
+        if (address == 2 && loop == nullptr) {
+            cancel();
+        }
+    });
+    const auto outcome = write(order());
+    EXPECT_EQ(end(outcome), "cancelled");
+    EXPECT_EQ(outcome.doubt.value().slot, 3_slot);
+    pedal.setMemoryListener({});
+}
+
 }  // namespace
 }  // namespace kzq::test
