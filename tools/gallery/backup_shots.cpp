@@ -10,7 +10,7 @@ namespace kzq::gallery {
 
 namespace {
 
-using Kind = BackupPanel::Kind;
+using BackupKind = BackupPanel::Kind;
 using Change = BackupChange::Kind;
 
 const std::vector<BackupOffer> offers{
@@ -50,8 +50,9 @@ BackupComparison comparison() {
 
 class BackupScene {
   public:
-    explicit BackupScene(Kind kind, const BackupComparison& shown = comparison()) : panel_(kind, nullptr) {
-        if (kind == Kind::restore) {
+    explicit BackupScene(BackupKind kind, const BackupComparison& shown = comparison())
+        : panel_(kind, nullptr) {
+        if (kind == BackupKind::restore) {
             panel_.setOffers(offers[1], offers, 1);
         } else {
             panel_.setOffers({"7306 backups", "since 16 Nov 2026, 19:20"}, {{"7306 backups"}}, 0);
@@ -75,13 +76,13 @@ Shot spoilt() {
     auto shown = comparison();
     shown.changes.at(0).kind = Change::sameLength;
     shown.changes.at(2).kind = Change::damaged;
-    BackupScene scene(Kind::restore, shown);
+    BackupScene scene(BackupKind::restore, shown);
     const QString problem = "This backup cannot be restored: Loop 3.wav is missing or has been changed";
     scene.panel().setReady(false, problem, problem);
     return scene.picture("Damaged; one loop not compared yet");
 }
 
-Shot away(Kind kind) {
+Shot away(BackupKind kind) {
     auto shown = comparison();
     shown.pedalKnown = false;
     for (auto& change : shown.changes) {
@@ -97,18 +98,18 @@ Shot away(Kind kind) {
 Shots backups() {
     auto erasing = comparison();
     erasing.erases = true;
-    BackupScene erase(Kind::restore, erasing);
+    BackupScene erase(BackupKind::restore, erasing);
     erase.panel().eraseLoops().setChecked(true);
-    BackupScene list(Kind::restore);
+    BackupScene list(BackupKind::restore);
     list.panel().show();
     list.panel().tape().click();
-    BackupScene pressed(Kind::backUp);
+    BackupScene pressed(BackupKind::backUp);
     touch(pressed.panel().acceptButton(), Hand::hovering);
     auto first = comparison();
     for (auto& change : first.changes) {
         change = {change.slot, change.onPedal ? Change::onlyOnPedal : Change::nothing, change.onPedal, {}};
     }
-    BackupScene none(Kind::backUp, first);
+    BackupScene none(BackupKind::backUp, first);
     none.panel().setOffers({"7306 backups", "no backup yet"}, {{"7306 backups"}}, 0);
     AlertPanel question(
         {.headline = "Restoring replaces 1 loop and erases 1 loop on the 7306. Would you like to "
@@ -120,12 +121,12 @@ Shots backups() {
          .destroys = true},
         nullptr);
     return {erase.picture("Restore, with erase"),
-            BackupScene(Kind::restore).picture("Restore"),
-            BackupScene(Kind::backUp).picture("Back Up"),
+            BackupScene(BackupKind::restore).picture("Restore"),
+            BackupScene(BackupKind::backUp).picture("Back Up"),
             list.picture("Backups"),
             spoilt(),
-            away(Kind::restore),
-            away(Kind::backUp),
+            away(BackupKind::restore),
+            away(BackupKind::backUp),
             pressed.picture("Back Up, hovered"),
             none.picture("The first backup"),
             shoot("The question", question)};
