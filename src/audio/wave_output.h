@@ -19,9 +19,8 @@ class WaveOutput {
     /// Starts the file, or starts it once more.
     Result<void> open();
     Result<void> write(ByteView samples);
-    /// For a child process that writes the samples itself: the file, at their place. Valid until the next
-    /// `open`.
-    Result<int> handOver() { return draft_->handOver(waveHeaderSize); }
+    /// For a child process that writes the samples itself: the file, at their place.
+    Result<Descriptor> handOver() const { return draft_->handOver(waveHeaderSize); }
     /// Notes how long the file has become by that.
     void grownTo(std::uint64_t fileSize) {
         sampleBytes_ = fileSize > waveHeaderSize ? fileSize - waveHeaderSize : 0;

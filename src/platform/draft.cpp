@@ -129,9 +129,12 @@ void Draft::hasten() const {
     ::sync_file_range(file_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
 }
 
-Result<int> Draft::handOver(std::uint64_t offset) {
-    const bool placed = ::lseek(file_.get(), static_cast<off_t>(offset), SEEK_SET) >= 0;
-    return outcome(placed ? 0 : errno, "write").map([this] { return file_.get(); });
+Result<Descriptor> Draft::handOver(std::uint64_t offset) const {
+    Descriptor file(::open(self().c_str(), O_WRONLY | O_CLOEXEC));
+    if (!file || ::lseek(file.get(), static_cast<off_t>(offset), SEEK_SET) < 0) {
+        return Trouble{Trouble::Kind::file, "write", errno};
+    }
+    return file;
 }
 
 Result<Descriptor> Draft::reader() const {

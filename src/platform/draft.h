@@ -40,8 +40,9 @@ class Draft : Fixed {
     Result<void> sync();
     /// Has the disk begin with what has been written, so that `sync` takes less. Does not wait.
     void hasten() const;
-    /// For a child process that writes the rest itself: the file, at `offset`. Valid as long as the draft.
-    Result<int> handOver(std::uint64_t offset);
+    /// For a child process that writes the rest itself: the file, at `offset`, opened once more, so that what
+    /// the child sets on it, such as to append, is not set on ours.
+    Result<Descriptor> handOver(std::uint64_t offset) const;
     /// To read what has been written.
     Result<Descriptor> reader() const;
     /// Gives the file its name; EEXIST if that is taken, and then another may be tried.
