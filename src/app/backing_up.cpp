@@ -147,8 +147,9 @@ void BackingUp::tableChanged() {
     if (loops_ != parts_.model.table()) {
         startOver();
     } else if (compared && !doubt_().isStill(since_)) {
+        const bool byPedal = doubt_().pedal != since_.pedal;
         forgetCompared();
-        gaveUp_ = std::exchange(doubted_, true);  // reading the loops may be what moves the pedal's sequence
+        gaveUp_ = byPedal && std::exchange(doubted_, true);  // reading may be what moves the pedal's sequence
         show();
         goOn();
     }

@@ -11,7 +11,9 @@ bool showIfCut(QWidget& at, const QHelpEvent& event, const QString& whole, const
     if (advanceOf(whole, type) <= room) {
         return false;
     }
-    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(whole), &at);
+    const int line = QFontMetrics(fontOnScreen(type)).height();  // it stays while the pointer is about here
+    QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(whole), &at,
+                       QRect(0, event.pos().y() - line / 2, at.width(), line));
     return true;
 }
 

@@ -6,8 +6,8 @@
 namespace kzq {
 
 /// Covers its whole parent while the pedal works: takes the focus and blocks clicks, keys, the wheel, drops
-/// and what assistive technology asks for; of the shortcuts, only Ctrl+Q works. Shows, raises and focuses
-/// itself on creation, returns the focus on destruction.
+/// and what assistive technology asks for; of the shortcuts, only Ctrl+Q works, and a simulation's Ctrl+P.
+/// Shows, raises and focuses itself on creation, returns the focus on destruction.
 class Shield : public QWidget {
     Q_OBJECT
 
