@@ -1,7 +1,8 @@
 // What one loop takes from a pedal on USB: by the link, or by libusb alone.
 //
-//     usb_reads bare SLOT    the requests that it needs, then one piece after the other: the least that it
-//     can take usb_reads N SLOT       by the link, with N reads in flight
+//     usb_reads bare SLOT    libusb alone, one piece after the other: the least that it can take
+//
+//     usb_reads N SLOT       by the link, with N reads in flight
 //
 // Prints the microseconds from the first piece to the last. Where the host refuses the request, as it does
 // for channels 1, 2 and 255 on a stock kernel, the bare one fails.
