@@ -4,8 +4,7 @@
 //
 //     usb_reads N SLOT       by the link, with N reads in flight
 //
-// Prints the microseconds from the first piece to the last. Where the host refuses the request, as it does
-// for channels 1, 2 and 255 on a stock kernel, the bare one fails.
+// Prints the microseconds from the first piece to the last.
 
 #include <libusb.h>
 
@@ -18,6 +17,7 @@
 
 #include "device/kzq7306.h"
 #include "device/libusb/libusb_port.h"
+#include "device/libusb/usbtmc_road.h"
 #include "device/replies.h"
 #include "device/wire.h"
 #include "platform/standard_executor.h"
@@ -64,6 +64,16 @@ std::optional<Loop> find(libusb_device_handle* pedal, SlotNumber slot) {
     return loop == nullptr ? std::nullopt : std::optional(*loop);
 }
 
+/// By the way around that the link takes, as the host refuses the request.
+bool start(libusb_device_handle* pedal, const Loop& loop) {
+    std::array<std::uint8_t, replyLength> reply{};
+    const usbtmc_request request{wire::importLoop.code, pedalRequest, loop.address, loop.channel,
+                                 replyLength};
+    const auto outcome =
+        UsbtmcRoad().control(pedal, DeviceNode(libusb_get_device(pedal)), pedalInterface, request, reply);
+    return !outcome.obstacle && outcome.result == replyLength && !refuses(reply);
+}
+
 bool readPieces(libusb_device_handle* pedal, std::size_t bytes, Span& span) {
     std::array<std::uint8_t, transferPiece> piece{};
     while (bytes > 0) {
@@ -89,10 +99,8 @@ bool readBare(SlotNumber slot, Span& span) {
     if (pedal == nullptr || libusb_claim_interface(pedal, pedalInterface) != 0) {
         return false;
     }
-    std::array<std::uint8_t, replyLength> reply{};
     const auto loop = find(pedal, slot);
-    return loop && ask(pedal, wire::importLoop, loop->address, loop->channel, reply) && !refuses(reply) &&
-           readPieces(pedal, loop->alignedBytes, span);
+    return loop && start(pedal, *loop) && readPieces(pedal, loop->alignedBytes, span);
 }
 
 struct Arrival : KZQ7306Delegate {
