@@ -86,9 +86,8 @@ struct HotplugFilter {
     bool enumerate = false;  ///< announce devices that are already there, during the registration
 };
 
-/// Returns 0 to stay registered. Called on the thread that runs handleEvents, when enumerating on the
-/// registering thread, and for a pedal that is given up on the thread of the transfer; it must not call back
-/// into the port.
+/// Returns 0 to stay registered. Called on the thread that runs handleEvents or on that of a transfer, and
+/// when enumerating on the registering thread; it must not call back into the port.
 using HotplugCallback = std::function<int(const UsbDevicePointer& device, HotplugEvent event)>;
 
 /// The seam between the device link and USB: the real bus (device/libusb) or the simulated pedal

@@ -14,6 +14,7 @@
 #include "device/libusb/awaited_pedals.h"
 #include "device/libusb/control_transfer.h"
 #include "device/libusb/diagnosis.h"
+#include "device/libusb/event_turns.h"
 #include "device/libusb/host_refusal.h"
 #include "device/libusb/hotplug_registry.h"
 #include "device/libusb/libusb_device.h"
@@ -154,6 +155,7 @@ UsbResult LibusbHandle::bulk(std::uint8_t endpoint, std::uint8_t* data, std::siz
 UsbResult LibusbHandle::ended(std::uint8_t endpoint, int result, std::size_t transferred,
                               std::size_t length) {
     if (result == LIBUSB_SUCCESS) {
+        pieceMoved();
         return usbSuccess;
     }
     if (result == LIBUSB_ERROR_BUSY && claimed_) {

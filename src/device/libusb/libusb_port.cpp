@@ -12,6 +12,7 @@
 
 #include "device/libusb/awaited_pedals.h"
 #include "device/libusb/device_node.h"
+#include "device/libusb/event_turns.h"
 #include "device/libusb/hotplug_registry.h"
 #include "device/libusb/libusb_device.h"
 #include "device/libusb/libusb_handle.h"
@@ -119,7 +120,9 @@ UsbResult LibusbPort::handleEvents() {
     constexpr timeval untilLook{0, 250'000};
     constexpr timeval untilNext{60, 0};
     auto longest = isAnyAwaited() ? untilLook : untilNext;
-    const auto result = static_cast<UsbResult>(libusb_handle_events_timeout(nullptr, &longest));
+    const auto result = leftToMovingThread()
+                            ? usbSuccess
+                            : static_cast<UsbResult>(libusb_handle_events_timeout(nullptr, &longest));
     announceFreed();
     return result;
 }
