@@ -1160,7 +1160,7 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>None of %n files fits</source>
+        <source>None of the %n files fits</source>
         <comment>The file does not fit</comment>
         <translation>
             <numerusform>Die Datei passt nicht</numerusform>

@@ -1143,7 +1143,7 @@ replace loops on the pedal.</source>
     </message>
     <message numerus="yes">
         <location filename="../../src/app/model/carry_plan.cpp"/>
-        <source>None of %n files fits</source>
+        <source>None of the %n files fits</source>
         <comment>The file does not fit</comment>
         <translation>
             <numerusform>ファイル %n 個はどれも収まりません</numerusform>

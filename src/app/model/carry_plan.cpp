@@ -57,7 +57,7 @@ std::string CarryPlan::sum() const {
     if (fit == files_.size()) {
         return words(fit, "%n file fits", "%n files fit");
     }
-    return fit == 0 ? words(files_.size(), "The file does not fit", "None of %n files fits")
+    return fit == 0 ? words(files_.size(), "The file does not fit", "None of the %n files fits")
                     : words(fit, "%n of %1 files fits", "%n of %1 files fit", files_.size());
 }
 
