@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include "ui/scale.h"
 #include "updates/windows/firmware_updater_progress.h"
 #include "updates/windows/lamp_bar.h"
 #include "virtual_executor.h"
@@ -54,4 +55,20 @@ TEST_F(FirmwareProgressTest, AnEarlierEndFillsTheBar) {
     EXPECT_EQ(bar(), 1);
     executor.advance(1s);
     EXPECT_FALSE(shown());
+}
+
+TEST_F(FirmwareProgressTest, TheWindowIsHigherOnlyWhileItsStepNeedsMoreLines) {
+    const auto heightWith = [this](int lines) {
+        const QStringList all(lines, "Sending image");
+        progress->setStep(3, 4, all.join(QChar::LineSeparator), {});
+        return progress->window().height();
+    };
+    progress->begin();
+    for (const double size : {1.0, 1.13, 1.22, 0.92}) {
+        Scale::ofProgram().setSize(size);
+        EXPECT_EQ(heightWith(2), onScreen(128)) << size;
+        EXPECT_EQ(heightWith(4), onScreen(160)) << size;
+        EXPECT_EQ(heightWith(1), onScreen(128)) << size;
+    }
+    Scale::ofProgram().setSize(1);
 }

@@ -127,24 +127,26 @@ bool FirmwareUpdaterProgress::loadWindow() {
     return true;
 }
 
-/// Only a language of longer texts makes the window higher.
+/// Only longer texts make the window higher, as some languages have, and only while they are shown.
 void FirmwareUpdaterProgress::fit() {
     constexpr int gap = 14;
     constexpr int foot = 6;
+    constexpr int captionHeight = 16;
+    constexpr int stepHeight = 32;
     const auto put = [](QWidget& part, int top, int height) {
         auto given = placeOf(part);
         given.moveTop(top);
-        given.setHeight(std::max(height, given.height()));
+        given.setHeight(height);
         kzq::place(part, given);
-        return top + given.height();
+        return top + height;
     };
-    const auto fitting = [&put](LineLabel& label, int top) {
-        return put(label, top, heightFor(label, placeOf(label).width()));
+    const auto fitting = [&put](LineLabel& label, int top, int least) {
+        return put(label, top, std::max(least, label.heightOfLines(placeOf(label).width())));
     };
-    const int bar = fitting(*caption_, placeOf(*caption_).top()) + gap;
-    const int below = put(*slider_, bar, 0) + gap;
-    put(*number_, below, 0);
-    const int bottom = fitting(*step_, below) + foot;
+    const int bar = fitting(*caption_, placeOf(*caption_).top(), captionHeight) + gap;
+    const int below = put(*slider_, bar, placeOf(*slider_).height()) + gap;
+    put(*number_, below, placeOf(*number_).height());
+    const int bottom = fitting(*step_, below, stepHeight) + foot;
     kzq::place(*window_, {0, 0, placeOf(*window_).width(), bottom});
 }
 

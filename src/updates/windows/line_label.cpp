@@ -45,6 +45,13 @@ int LineLabel::heightForWidth(int width) const {
     return text().isEmpty() ? 0 : static_cast<int>(std::ceil(layOut(layout, width)));
 }
 
+int LineLabel::heightOfLines(int width) const {
+    QTextLayout layout(text(), font());
+    const auto scale = scaleOf(*this);
+    const int narrowest = static_cast<int>(width * scale);  // depending on where its edges fall
+    return text().isEmpty() ? 0 : static_cast<int>(std::lround(layOut(layout, narrowest) / scale));
+}
+
 void LineLabel::paintEvent(QPaintEvent* /*event*/) {
     QTextLayout layout(text(), font());
     layOut(layout, width());

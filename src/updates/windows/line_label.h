@@ -15,6 +15,9 @@ class LineLabel : public QLabel {
 
     void setType(int pixels, int lineHeight, const QColor& color);
     int heightForWidth(int width) const override;
+    /// The height of its lines at a width, both in pixels of 100 %: the same at all sizes of the program
+    /// unless words wrap otherwise.
+    int heightOfLines(int width) const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
