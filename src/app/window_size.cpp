@@ -118,6 +118,8 @@ void WindowSize::settle() {
 bool WindowSize::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &window_ && event->type() == QEvent::Resize) {
         resized(static_cast<QResizeEvent*>(event)->size());
+    } else if (watched == &window_ && event->type() == QEvent::ScreenChangeInternal) {
+        limit(room(), window_.devicePixelRatioF());
     }
     return QObject::eventFilter(watched, event);
 }

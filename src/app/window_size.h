@@ -12,7 +12,8 @@ namespace kzq {
 /// window manager insists on besides is margin. Remembered for this run only. Main thread.
 ///
 /// From 75 % to 300 %; below that only on a screen that has no room for 75 %, and where a desktop's scale
-/// makes up for it: nothing is smaller there than at 75 % without that scale.
+/// makes up for it: nothing is smaller there than at 75 % without that scale. The screen is the one on which
+/// the window is.
 class WindowSize : public QObject {
     Q_OBJECT
 

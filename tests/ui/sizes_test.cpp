@@ -163,6 +163,9 @@ TEST_F(Sizes, StartsAsLargeAsTheScreenAllowsButNotLarger) {
     window.resize(300, 200);
     size.settle();
     EXPECT_EQ(window.size(), QSize(384, 268)) << "not even by dragging its edge";
+    QEvent moved(QEvent::ScreenChangeInternal);
+    QApplication::sendEvent(&window, &moved);
+    EXPECT_EQ(window.size(), QSize(576, 402)) << "the screen here has more room, and no scale";
 }
 
 TEST_F(Sizes, ADraggedEdgeScalesThePictureAndTheWindowTakesItsShape) {
