@@ -3,7 +3,6 @@
 #include <QDateTime>
 #include <QSaveFile>
 #include <QSettings>
-#include <cerrno>
 #include <cstdlib>
 #include <string>
 #include <system_error>
@@ -34,10 +33,10 @@ bool useUpMarker(const fs::path& home) {
 /// Never onto an existing path.
 bool moveBundle(const fs::path& from, const fs::path& to) {
     const int error = renameToNew(from, to);
-    if (error != EINVAL) {
+    if (!isNoSuchCall(error)) {
         return error == 0;
     }
-    // This file system has no such call. A folder can replace only an empty one here.
+    // A folder can replace only an empty one here.
     std::error_code failure;
     if (fs::exists(fs::symlink_status(to, failure))) {
         return false;

@@ -65,8 +65,8 @@ void syncOpened(const Descriptor& folder) {
 
 /// Whether the result of one road means that the next should be tried.
 bool isMissing(int error) {
-    constexpr std::array<int, 6> answers = {EINVAL, ENOSYS, ENOTSUP, EPERM, EMLINK, EXDEV};
-    return std::ranges::find(answers, error) != answers.end();
+    constexpr std::array<int, 3> answers = {EPERM, EMLINK, EXDEV};
+    return isNoSuchCall(error) || std::ranges::find(answers, error) != answers.end();
 }
 
 }  // namespace

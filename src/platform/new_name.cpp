@@ -15,4 +15,8 @@ int renameToNew(const std::filesystem::path& from, const std::filesystem::path& 
     return ::renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0 ? 0 : errno;
 }
 
+bool isNoSuchCall(int error) {
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
+}
+
 }  // namespace kzq

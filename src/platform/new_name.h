@@ -16,8 +16,9 @@ namespace kzq {
 Descriptor openNew(const std::filesystem::path& path, mode_t mode, int access = O_WRONLY,
                    int folder = AT_FDCWD);
 
-/// Renames a file or a folder. 0, or an errno value: EEXIST if there is anything at `to`; EINVAL and others
-/// if the file system has no such call.
+/// Renames a file or a folder. 0, or an errno value: EEXIST if there is anything at `to`.
 int renameToNew(const std::filesystem::path& from, const std::filesystem::path& to, int folder = AT_FDCWD);
+/// Whether an errno value says that there is no such call here: file systems do so in different ways.
+bool isNoSuchCall(int error);
 
 }  // namespace kzq
