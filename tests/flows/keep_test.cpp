@@ -110,7 +110,7 @@ TEST_F(KeepTest, AWindowThatGoesBeforeTheFirstCopyIsAskedNothingMore) {
     ::mallopt(M_PERTURB, 0);
 }
 
-TEST_F(KeepTest, ALoopThatIsRecordedWhileACopyIsMadeIsNotErased) {
+TEST_F(KeepTest, ALoopThatIsRecordedWhileCopiesAreMadeIsNeitherErasedNorReplaced) {
     launchConnected();
     select({3});
     port.pace = 100ms;
@@ -119,6 +119,17 @@ TEST_F(KeepTest, ALoopThatIsRecordedWhileACopyIsMadeIsNotErased) {
     pedal.setLoop(2, loopOf(500, 40));
     ASSERT_TRUE(becomesIdle());
     EXPECT_THAT(sent(0xED), IsEmpty());
+
+    stage(1, 10);
+    stage(3, 10);
+    window->exportButton()->click();
+    pass(850ms);  // the first loop has its copy
+    pedal.setLoop(0, loopOf(500, 50));
+    KZQ7306::looper()->refresh();  // as a poll between two loops: the rows show it at once
+    ASSERT_TRUE(becomesIdle());
+    EXPECT_THAT(moves(), ElementsAre("E1 2", "E1 0", "E1 2"));
+    EXPECT_EQ(line(), "Nothing was written: Loop 1 was changed on the pedal meanwhile");
+    EXPECT_EQ(pedal.memory()[0], loopOf(500, 50));
 }
 
 TEST_F(KeepTest, WhatMayHaveBeenPlayedMeanwhileIsCopiedOnceMore) {
