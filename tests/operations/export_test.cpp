@@ -81,6 +81,19 @@ TEST_F(ExportTest, NothingIsWrittenWhereTheUserWasNotAsked) {
     ends("cancelled", "");
 }
 
+TEST_F(ExportTest, APedalInItsLoaderIsSentNothing) {
+    pedal.unplug();
+    pedal.setStage('b');
+    pedal.plugIn();
+    executor.settle();
+    hold({});
+    const auto outcome = write({.exports = {{2_slot, copy(2_slot, 200)}}, .seen = {}});
+    EXPECT_EQ(end(outcome), "in-loader");
+    EXPECT_FALSE(outcome.begun) << "so it is still staged";
+    EXPECT_EQ(run([this] { return work->eraseLoops({3_slot}); }).error().kind, Trouble::Kind::inLoader);
+    EXPECT_THAT(actions(), IsEmpty());
+}
+
 TEST_F(ExportTest, BeforeEachLoopTheTableIsReadAgain) {
     auto all = order(Batches::each);
     pedal.setMemoryListener([&](std::uint8_t address, const simulator::StoredLoop*) {
