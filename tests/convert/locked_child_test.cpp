@@ -14,6 +14,7 @@
 
 #include "audio/conversion.h"
 #include "audio/conversion_troubles.h"
+#include "audio/wave.h"
 #include "platform/descriptor.h"
 #include "platform/log.h"
 #include "test_folder.h"
@@ -89,6 +90,16 @@ TEST_F(LockedChild, IsMissingOrUselessOrHangs) {
     for (const auto& [signal, kind] : {std::pair(SIGXCPU, limits), {SIGSEGV, damaged}}) {
         EXPECT_EQ(kind, childTrouble({ChildEnd::How::killed, signal, {}}, "", notAudio).kind);
     }
+}
+
+TEST_F(LockedChild, DoesNotGetItsFileWrittenAndIsAskedOnceMore) {
+    const auto whole = wave(Bytes(600), 2).value();
+    std::ofstream(source_).write(reinterpret_cast<const char*>(whole.data()),
+                                 static_cast<std::streamsize>(whole.size()));
+    const auto result =
+        Conversion({.output = results_, .salvage = true, .ffmpeg = decoder("full")}).convert(source_);
+    ASSERT_TRUE(result);
+    EXPECT_EQ(100U, result->frames) << "it said that it succeeded";
 }
 
 TEST_F(LockedChild, IsNotSilentWhileTheDiskIsSlow) {

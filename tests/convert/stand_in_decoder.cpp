@@ -83,6 +83,14 @@ void showItself() {
     std::puts(std::signal(SIGPIPE, SIG_DFL) == SIG_DFL ? "dies of a closed pipe" : "ignores a closed pipe");
 }
 
+constexpr auto description =
+    "#codec_id 0: pcm_s24le\n#sample_rate 0: 44100\n#channel_layout_name 0: stereo\n";
+
+bool writesFile() {
+    struct stat facts {};
+    return ::fstat(STDOUT_FILENO, &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
 void write(std::size_t size) {
     const std::vector<char> sound(size);
     std::fwrite(sound.data(), 1, size, stdout);
@@ -99,6 +107,12 @@ int work(std::string_view what, char** arguments) {
     } else if (what == "useless") {
         std::fputs("error while loading shared libraries", stderr);
         return 127;
+    } else if (what == "full" && writesFile()) {  // as if the disk were
+        write(300);
+        std::fputs(description, stderr);
+        std::fputs("Error writing trailer of pipe:1: No space left on device\n", stderr);
+    } else if (what == "full") {
+        write(600);
     } else if (what == "silent") {
         sleepForever();
     } else if (what == "closed") {
@@ -123,8 +137,9 @@ int work(std::string_view what, char** arguments) {
 
 int main(int count, char** arguments) {
     const std::vector<std::string_view> words(arguments, arguments + count);
-    if (std::ranges::find(words, "framecrc") != words.end() && !words[0].ends_with("useless")) {
-        std::puts("#codec_id 0: pcm_s16le\n#sample_rate 0: 44100\n#channel_layout_name 0: stereo");
+    const bool asked = std::ranges::find(words, "framecrc") != words.end() && words.back() == "pipe:1";
+    if (asked && !words[0].ends_with("useless")) {
+        std::fputs(description, stdout);
         return 0;
     }
     return work(words[0].substr(words[0].rfind('/') + 1), arguments);
