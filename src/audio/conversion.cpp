@@ -1,6 +1,7 @@
 #include "audio/conversion.h"
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -100,15 +101,20 @@ class Run {
     }
 
     Result<void> decode() {
+        const auto start = std::chrono::steady_clock::now();
         if (decodedSwiftly()) {
             return {};
         }
         if (cancelled()) {
             return Trouble{Kind::cancelled};
         }
-        return probe().and_then([this] { return checkHeaders(); }).and_then([this] {
+        spent_ =
+            std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+        auto done = probe().and_then([this] { return checkHeaders(); }).and_then([this] {
             return decodeCarefully();
         });
+        spent_ = {};
+        return done;
     }
 
     /// Whether one child was enough, as it is for most files: it saw what the headers say, and nothing went
@@ -331,6 +337,7 @@ class Run {
         task.source = source_.file.get();
         task.cancelled = options_.cancelled;
         task.patience = options_.patience;
+        task.patience.whole -= spent_;
         ChildEnd end = runLockedChild(task);
         complaint_ = end.complaint;
         return end;
@@ -352,7 +359,8 @@ class Run {
     double truePeak_ = 0;
     double gain_ = 1;
     bool silenced_ = false;
-    bool faultless_ = false;  ///< the last decoder
+    std::chrono::milliseconds spent_{};  ///< of the patience, by a first try
+    bool faultless_ = false;             ///< the last decoder
 };
 
 }  // namespace

@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <fstream>
+#include <iterator>
 #include <thread>
 
 #include "audio/conversion.h"
@@ -17,6 +18,7 @@
 #include "audio/wave.h"
 #include "platform/descriptor.h"
 #include "platform/log.h"
+#include "platform/new_name.h"
 #include "test_folder.h"
 
 namespace kzq {
@@ -37,8 +39,9 @@ class LockedChild : public ::testing::Test {
 
     /// The stand-in, which is beside this program, under the name of what it does.
     std::string decoder(const std::string& work) const {
+        std::error_code there;
         fs::create_symlink(fs::read_symlink("/proc/self/exe").parent_path() / "stand_in_decoder",
-                           folder_.path() / work);
+                           folder_.path() / work, there);
         return folder_.path() / work;
     }
 
@@ -50,10 +53,11 @@ class LockedChild : public ::testing::Test {
         return result ? Trouble::Kind{} : result.error().kind;
     }
 
-    /// What the stand-in wrote.
+    /// What the stand-in wrote, or wrote into `file`.
     std::string said(const std::string& work, const std::vector<std::string>& arguments = {},
-                     std::chrono::milliseconds disk = 0ms) const {
+                     std::chrono::milliseconds disk = 0ms, const fs::path& file = {}) const {
         const Descriptor source(::open(source_.c_str(), O_RDONLY | O_CLOEXEC));
+        const Descriptor sink = file.empty() ? Descriptor() : openNew(file, 0600);
         std::string heard;
         const auto end = runLockedChild({.program = decoder(work),
                                          .arguments = arguments,
@@ -64,9 +68,13 @@ class LockedChild : public ::testing::Test {
                                                  std::this_thread::sleep_for(disk);
                                                  return true;
                                              },
+                                         .sink = sink ? sink.get() : -1,
+                                         .sinkLimit = 1 << 20,
+                                         .grown = [](std::uint64_t /*size*/) { return true; },
                                          .patience = {.silence = 300ms, .whole = 1h}});
         EXPECT_TRUE(end.succeeded()) << end.value << end.complaint;
-        return heard;
+        std::ifstream written(file);
+        return sink ? std::string(std::istreambuf_iterator<char>(written), {}) : heard;
     }
 
     const test::TestFolder folder_;
@@ -92,10 +100,11 @@ TEST_F(LockedChild, IsMissingOrUselessOrHangs) {
     }
 }
 
-TEST_F(LockedChild, DoesNotGetItsFileWrittenAndIsAskedOnceMore) {
+TEST_F(LockedChild, DoesNotGetItsFileWrittenAndIsAskedOnceMoreForAsLongAsThereIs) {
     const auto whole = wave(Bytes(600), 2).value();
     std::ofstream(source_).write(reinterpret_cast<const char*>(whole.data()),
                                  static_cast<std::streamsize>(whole.size()));
+    EXPECT_EQ(limits, trouble(decoder("stuck"), {.silence = 1h, .whole = 300ms})) << "nothing was left";
     const auto result =
         Conversion({.output = results_, .salvage = true, .ffmpeg = decoder("full")}).convert(source_);
     ASSERT_TRUE(result);
@@ -140,6 +149,7 @@ TEST_F(LockedChild, ReachesNothingButItsSource) {
         expected += "read a file\nread /etc/passwd\nlist a folder\n";
     }
     EXPECT_EQ(expected, said("try", {secret}));
+    EXPECT_EQ(expected, said("try", {secret}, 0ms, folder_.path() / "said"));
     EXPECT_TRUE(fs::exists(secret));
 }
 
