@@ -61,11 +61,11 @@ TEST_F(FlashWork, APedalThatKeepsItsFirmware) {
 TEST_F(FlashWork, TheUpdateStaysPendingForWhoWaits) {
     limits(60s, false);
     pedal.setReturns(false);
-    executor.mainAfter(10min, [this] {
+    executor.mainAfter(90s, [this] {
         pedal.setStage('p');
         pedal.plugIn();
     });
-    executor.mainAfter(20min, [this] {
+    executor.mainAfter(3min, [this] {
         pedal.unplug();
         pedal.setStage('b');
         pedal.setReturns(true);
@@ -91,9 +91,9 @@ TEST_F(FlashWork, NothingButItsOwnEndEndsTheImage) {
 TEST_F(FlashWork, WithoutALimitAStopStillComesToAnEnd) {
     limits({});
     pedal.setReturns(false);
-    executor.mainAfter(30min, [this] { cancel(); });
+    executor.mainAfter(3min, [this] { cancel(); });
     EXPECT_EQ(failure(), "no-return");
-    EXPECT_EQ(executor.elapsed() / 1min, 31);
+    EXPECT_EQ(executor.elapsed() / 1min, 4);
 }
 
 }  // namespace

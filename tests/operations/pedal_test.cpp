@@ -74,9 +74,9 @@ TEST_F(PedalWork, SilenceIsOnlyToldToWhoWantsToDecide) {
 TEST_F(PedalWork, WhoHasGivenUpHearsNothingMore) {
     hold({.silence = 5s, .leaveBehind = true});
     plan("silence@E1");
-    port.tamper = [this](std::uint8_t request, auto) { executor.sleep(request == 0xE1 ? 1h : 0s); };
+    port.tamper = [this](std::uint8_t request, auto) { executor.sleep(request == 0xE1 ? 1min : 0s); };
     EXPECT_EQ(read(3_slot), "silent");
-    executor.advance(2h);
+    executor.advance(2min);
     EXPECT_EQ(came, "");
 }
 
