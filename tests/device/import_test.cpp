@@ -96,15 +96,6 @@ TEST_F(Import, CancelStopsBeforeTheNextPieceResetsAndAbandons) {
     expectWhole(3);
 }
 
-TEST_F(Import, CancelBetweenAcceptanceAndStartReadsNothing) {
-    importLoops({1, 3});
-    looper().cancelTransfer();
-    executor.settle();
-    EXPECT_THAT(order, IsEmpty());
-    EXPECT_THAT(counts, ElementsAre(0));
-    EXPECT_THAT(wire(), ElementsAre("E8 1 0", "reset", "EF 1 0"));
-}
-
 TEST_F(Import, ASecondStartIsRefusedFromTheMomentTheFirstIsAccepted) {
     EXPECT_TRUE(importLoops({1}));
     EXPECT_EQ(looper().operation(), KZQ7306::idle);  // it has not begun

@@ -61,16 +61,6 @@ TEST_F(PedalWork, ASilentPedalIsResetAndThenLeftBehindWhereThatIsWanted) {
     EXPECT_THAT(executor.elapsed() - before, isAbout(12s));
 }
 
-TEST_F(PedalWork, SilenceIsOnlyToldToWhoWantsToDecide) {
-    int told = 0;
-    hold({.silence = 10s, .silent = [&] { ++told; }});
-    plan("silence@in:2");
-    executor.mainAfter(35s, [this] { cancel(); });
-    EXPECT_EQ(read(3_slot), "cancelled");
-    EXPECT_EQ(told, 3);
-    EXPECT_EQ(executor.elapsed(), 35s + 500ms);
-}
-
 TEST_F(PedalWork, WhoHasGivenUpHearsNothingMore) {
     hold({.silence = 5s, .leaveBehind = true});
     plan("silence@E1");

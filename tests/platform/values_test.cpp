@@ -12,11 +12,7 @@ using Kind = Trouble::Kind;
 using testing::Each;
 using testing::MatchesRegex;
 
-TEST(Trouble, NamesAreStableWordsAndDiffer) {
-    EXPECT_EQ(troubleName(Kind::noPedal), "no-pedal");
-    EXPECT_EQ(troubleName(Kind::heldByAnother), "held-by-another");
-    EXPECT_EQ(troubleName(Kind::emptySlot), "empty-slot");
-    EXPECT_EQ(troubleName(Kind::file), "file");
+TEST(Trouble, NamesAreWordsAndDiffer) {
     std::set<std::string_view> names;
     for (auto kind = 0U; kind <= static_cast<unsigned>(Kind::nobodyToAsk); ++kind) {
         EXPECT_TRUE(names.insert(troubleName(static_cast<Kind>(kind))).second) << kind;
