@@ -41,8 +41,8 @@ class Run {
 
     Result<void> all() {
         using Step = Result<void> (Run::*)();
-        for (const Step step : {&Run::open, &Run::readHeaders, &Run::decode, &Run::clean, &Run::checkLength,
-                                &Run::level, &Run::finish}) {
+        for (const Step step : {&Run::open, &Run::readHeaders, &Run::awaitTurn, &Run::decode, &Run::clean,
+                                &Run::checkLength, &Run::level, &Run::finish}) {
             if (cancelled()) {
                 return Trouble{Kind::cancelled};
             }
@@ -98,6 +98,11 @@ class Run {
             return Trouble{Kind::noSound};
         }
         return {};
+    }
+
+    Result<void> awaitTurn() {
+        turn_ = options_.turns->take(options_.cancelled);
+        return turn_ ? Result<void>() : Trouble{Kind::cancelled};
     }
 
     Result<void> decode() {
@@ -326,7 +331,10 @@ class Run {
         }
     }
 
-    Result<void> finish() { return written(output_.finish(options_.sync)); }
+    Result<void> finish() {
+        turn_.reset();  // the disk may take its time
+        return written(output_.finish(options_.sync));
+    }
 
     static Result<void> written(Result<void> done) {
         return done || done.error().kind != Kind::file ? std::move(done) : done.map_error(outputTrouble);
@@ -348,6 +356,7 @@ class Run {
     std::filesystem::path outputPath_;
     WaveOutput output_;
     PlainFile source_;
+    DecoderTurns::Turn turn_;
     SourceFacts facts_;
     StreamFacts stream_;
     DecodeOrder order_;

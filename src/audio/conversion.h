@@ -8,6 +8,7 @@
 #include <string>
 
 #include "audio/decoder_arguments.h"
+#include "audio/decoder_turns.h"
 #include "audio/locked_child.h"
 #include "audio/verdict.h"
 #include "platform/result.h"
@@ -21,8 +22,8 @@ namespace kzq {
 /// scale is turned down as a whole. Of long sources only the first `mostFrames` frames are converted, one
 /// more than the pedal holds, so that the count shows that it does not fit.
 ///
-/// Decoding is done by ffmpeg in a locked-down child process. Objects hold no state of a conversion: any
-/// thread, several at once.
+/// Decoding is done by ffmpeg in a locked-down child process, one at a time. Objects hold no state of a
+/// conversion: any thread, several at once.
 class Conversion {
   public:
     static constexpr std::uint64_t mostFrames = mostConvertedFrames;
@@ -44,7 +45,10 @@ class Conversion {
         /// Takes Ogg Vorbis, Opus, WavPack, Wave64 and CAF, too.
         bool everyKind = false;
         std::string ffmpeg = "/usr/bin/ffmpeg";
-        ChildPatience patience = {};
+        ChildPatience patience = {};  ///< with each decoder, from its start
+        /// The conversion waits for one before it decodes, and keeps it until the source is decoded for the
+        /// last time.
+        DecoderTurns* turns = &DecoderTurns::ofThisProgram();
     };
 
     /// Belongs to the caller.

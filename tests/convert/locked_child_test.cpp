@@ -10,6 +10,7 @@
 
 #include <csignal>
 #include <fstream>
+#include <future>
 #include <iterator>
 #include <thread>
 
@@ -129,6 +130,40 @@ TEST_F(LockedChild, DiesWithTheProgram) {
     }
     ::prctl(PR_SET_CHILD_SUBREAPER, 0, 0, 0, 0);
     EXPECT_TRUE(fs::is_empty(results_));
+}
+
+TEST_F(LockedChild, StartsInItsTurn) {
+    DecoderTurns turns(2);
+    auto first = turns.take(nullptr);
+    const auto second = turns.take(nullptr);
+    const auto waits = [&](const auto& other) {
+        while (turns.waiting() == 0 && other.wait_for(0s) != std::future_status::ready) {
+            std::this_thread::yield();
+        }
+        return turns.waiting() == 1;
+    };
+    std::atomic<bool> enough = false;
+    Conversion::Options options{.output = results_, .cancelled = &enough, .ffmpeg = "/none", .turns = &turns};
+    auto third = std::async(std::launch::async, [&] { return Conversion(options).convert(source_); });
+    EXPECT_TRUE(waits(third)) << "there are two already";
+    enough = true;
+    EXPECT_EQ(cancelled, third.get().error().kind);
+
+    auto next = std::async(std::launch::async, [&] { return turns.take(nullptr); });
+    EXPECT_TRUE(waits(next));
+    first.reset();
+    EXPECT_FALSE(turns.take(&enough)) << "the other one came first";
+    EXPECT_TRUE(next.get());
+
+    std::atomic<bool> mayEnd = false;
+    options.ffmpeg = decoder("slow");
+    options.cancelled = &mayEnd;
+    options.progress = [&](std::uint64_t) {
+        EXPECT_FALSE(turns.take(&enough)) << "the second decoder has the turn of the first";
+        mayEnd = true;
+    };
+    EXPECT_EQ(cancelled, Conversion(options).convert(source_).error().kind);
+    EXPECT_TRUE(turns.take(&enough)) << "which is given back";
 }
 
 TEST_F(LockedChild, HasNothingOfOurs) {
