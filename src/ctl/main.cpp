@@ -213,6 +213,7 @@ ctl::Environment environmentOf(const ctl::Options& options, Executor& executor, 
             .home = homeFolder(),
             .keepAwake = [] { return keepAwake(AwakeFor::firmware); },
             .holdSignals = [&signals](auto heard) { signals.hold(std::move(heard)); },
+            .conversionsAtOnce = DecoderTurns::ofThisProgram().atOnce(),
             .backedUp =
                 [real] {
                     if (real) {

@@ -36,6 +36,13 @@ class ExportTest : public ToolTest {
 };
 
 TEST_F(ExportTest, FilesGoToTheFirstFreeSlotsInTheirOrder) {
+    int begun = 0;
+    convert = [&, copy = convert](const ctl::ConversionOrder& order) {
+        for (++begun; order.source == b && begun < 2;) {
+            executor.sleep(1s);  // until the other one is converted at the same time
+        }
+        return copy(order);
+    };
     EXPECT_EQ(run({"export", b, a, "--verify"}), ExitCode::ok);
     EXPECT_EQ(onPedal(1), loopOf(3, 50).audio);
     EXPECT_EQ(onPedal(3), loopOf(700, 40).audio);
@@ -156,13 +163,15 @@ TEST_F(ExportTest, ALoopThatFailsIsNoSilentSuccess) {
 }
 
 TEST_F(ExportTest, CancelDuringAConversion) {
-    convert = [this](const ctl::ConversionOrder& order) -> Result<ctl::ConvertedFile> {
-        while (!*order.cancelled) {
+    convert = [&, copy = convert](const ctl::ConversionOrder& order) {
+        while (order.source == a && !*order.cancelled) {
             executor.sleep(10ms);
         }
-        return Trouble{Trouble::Kind::cancelled};
+        return copy(order);
     };
-    start({"export", a});
+    EXPECT_EQ(run({"export", write("text.wav", {}), a}), ExitCode::fileError) << "which ends the other";
+    EXPECT_EQ(workingCopies(), 0);
+    start({"export", a, b});
     executor.advance(100s);  // longer than the patience with the pedal
     EXPECT_FALSE(code);
     tool->interrupt();

@@ -84,6 +84,7 @@ void ToolTest::start(const std::vector<std::string>& arguments) {
         },
         &web, "https://maker.example/firmware/_.json", base_, [this] { return keepAwake(); },
         [this](auto heard) { signalsHeld = std::move(heard); }});
+    environment_->conversionsAtOnce = 2;
     environment_->freeSpace = [this](const std::filesystem::path&) { return freeBytes; };
     environment_->stamp = [this] { return stamp; };
     environment_->backedUp = [this] { rememberBackup(folder.parent_path()); };

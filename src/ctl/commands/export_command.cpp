@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "audio/wave.h"
-#include "ctl/commands/conversion_progress.h"
+#include "ctl/commands/export_plan.h"
 #include "ctl/speech/format.h"
 #include "ctl/speech/json_output.h"
 #include "ctl/speech/progress_line.h"
@@ -28,8 +28,6 @@ bool overwrites(const Exports& exports) {
 }  // namespace
 
 ExitCode ExportCommand::work(Pedal& pedal) {
-    WorkingCopies copies;
-    copies_ = &copies;
     const auto status = pedal.status();
     if (!status) {
         return stop(status.error());
@@ -42,9 +40,19 @@ ExitCode ExportCommand::work(Pedal& pedal) {
     if (!slots) {
         return stop(slots.error());
     }
+    const auto conversions = std::make_shared<Conversions>(context(), pedal.shared_from_this());
+    conversions->start();
+    const auto code = stageAndWrite(pedal, *conversions, *slots, loops);
+    conversions->end();
+    return code;
+}
+
+ExitCode ExportCommand::stageAndWrite(Pedal& pedal, Conversions& conversions,
+                                      const std::vector<SlotNumber>& slots, const Loops& loops) {
     // Nothing is sent unless all of the files can be.
-    for (std::size_t i = 0; i < slots->size(); ++i) {
-        if (const auto code = stage(pedal, options().files.at(i), slots->at(i), loops)) {
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        const auto file = conversions.await(i);
+        if (const auto code = stage(pedal, options().files.at(i), file, slots.at(i), loops)) {
             return *code;
         }
     }
@@ -61,10 +69,10 @@ ExitCode ExportCommand::work(Pedal& pedal) {
 }
 
 /// Takes a file up for that slot; otherwise it has been said why nothing is written.
-std::optional<ExitCode> ExportCommand::stage(Pedal& pedal, const std::filesystem::path& source,
-                                             SlotNumber slot, const Loops& loops) {
+std::optional<ExitCode> ExportCommand::stage(const Pedal& pedal, const std::filesystem::path& source,
+                                             const Result<ConvertedFile>& file, SlotNumber slot,
+                                             const Loops& loops) {
     const std::string name = "\"" + source.string() + "\"";
-    const auto file = convert(pedal, source);
     if (const auto end = pedal.stopped()) {
         return stop(*end);
     }
@@ -95,27 +103,6 @@ std::optional<ExitCode> ExportCommand::stage(Pedal& pedal, const std::filesystem
         loopName(slot) + ": " + source.string() + ", " + lengthText(frames) + ", " + noteWords(file->note) +
             (info->occupied ? ", overwrites a loop of " + lengthText(loops.find(slot)->samples) + "." : "."));
     return std::nullopt;
-}
-
-Result<ConvertedFile> ExportCommand::convert(Pedal& pedal, const std::filesystem::path& source) {
-    const auto& environment = context().environment;
-    const auto folder = environment.workingFolder();
-    if (!folder) {
-        return Trouble{Trouble::Kind::noTemporaryFolder, source.string(), 0, "its working copy"};
-    }
-    auto file = environment.convert(
-        {.source = source,
-         .output = *folder,
-         .progress = conversionProgress(context(), "Converting " + source.filename().string(), source),
-         .cancelled = &pedal.stoppedFlag(),
-         .sync = false,
-         .salvage = options().salvage,
-         .normalize = options().normalize});
-    context().output.endProgress();
-    if (file) {
-        copies_->add(file->path);
-    }
-    return file;
 }
 
 Outcome ExportCommand::write(Pedal& pedal, const Loops& loops) {

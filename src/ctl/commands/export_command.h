@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/commands/export_plan.h"
+#include "ctl/commands/conversions.h"
 #include "ctl/commands/pedal_command.h"
 #include "operations/export.h"
 
@@ -15,13 +15,13 @@ class ExportCommand : public PedalCommand {
     ExitCode work(Pedal& pedal) override;
 
   private:
-    std::optional<ExitCode> stage(Pedal& pedal, const std::filesystem::path& source, SlotNumber slot,
-                                  const Loops& loops);
-    Result<ConvertedFile> convert(Pedal& pedal, const std::filesystem::path& source);
+    ExitCode stageAndWrite(Pedal& pedal, Conversions& conversions, const std::vector<SlotNumber>& slots,
+                           const Loops& loops);
+    std::optional<ExitCode> stage(const Pedal& pedal, const std::filesystem::path& source,
+                                  const Result<ConvertedFile>& file, SlotNumber slot, const Loops& loops);
     Outcome write(Pedal& pedal, const Loops& loops);
     void tell(const SlotOutcome& outcome);
 
-    WorkingCopies* copies_ = nullptr;  ///< of this run
     Exports exports_;
 };
 

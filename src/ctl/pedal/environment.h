@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -54,6 +55,7 @@ struct Environment {
     /// ends that. Any thread.
     std::function<void(std::function<void()> heard)> holdSignals;
 
+    std::size_t conversionsAtOnce = 1;
     /// What files may still take; any thread.
     FreeSpace freeSpace = kzq::freeSpace;
     /// What backups are named after; any thread.
