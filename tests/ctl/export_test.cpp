@@ -165,7 +165,7 @@ TEST_F(ExportTest, ALoopThatFailsIsNoSilentSuccess) {
 TEST_F(ExportTest, CancelDuringAConversion) {
     convert = [&, copy = convert](const ctl::ConversionOrder& order) {
         while (order.source == a && !*order.cancelled) {
-            executor.sleep(10ms);
+            executor.sleep(1s);
         }
         return copy(order);
     };
