@@ -935,6 +935,12 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
+        <location filename="../../src/ui/strip.cpp"/>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;About 7306 Loop Manager</source>
         <translation>&amp;Über 7306 Loop Manager</translation>
     </message>
@@ -1644,6 +1650,11 @@ werden auf dem Pedal ersetzt.</translation>
         <translation>Loop %1 wird geprüft …</translation>
     </message>
     <message>
+        <location filename="../../src/audio/aiff_facts.cpp"/>
+        <source>%1-bit little-endian AIFF-C</source>
+        <translation>AIFF-C mit %1 Bit, Little Endian</translation>
+    </message>
+    <message>
         <location filename="../../src/audio/convert.cpp"/>
         <source>the name has no extension</source>
         <translation>der Name hat keine Endung</translation>
@@ -1657,6 +1668,16 @@ werden auf dem Pedal ersetzt.</translation>
         <location filename="../../src/audio/converted_audio.cpp"/>
         <source>the converted file cannot be read</source>
         <translation>die umgewandelte Datei ist nicht lesbar</translation>
+    </message>
+    <message>
+        <location filename="../../src/audio/source_facts.cpp"/>
+        <source>Flash video</source>
+        <translation>Flash-Video</translation>
+    </message>
+    <message>
+        <location filename="../../src/audio/source_facts.cpp"/>
+        <source>big-endian WAV (RIFX)</source>
+        <translation>WAV in Big Endian (RIFX)</translation>
     </message>
     <message>
         <location filename="../../src/device/finding.h"/>
@@ -2986,13 +3007,129 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1 B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
         <source>%1 are needed and %2 are free</source>
         <translation>%1 werden benötigt, %2 sind frei</translation>
     </message>
     <message>
         <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1 kB</source>
+        <translation>%1 kB</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
         <source>%1.%2</source>
         <translation>%1,%2</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Cannot allocate memory</source>
+        <translation>Nicht genügend Arbeitsspeicher</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Connection timed out</source>
+        <translation>Zeitüberschreitung bei der Verbindung</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Device or resource busy</source>
+        <translation>Das Gerät oder die Ressource ist belegt</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Disk quota exceeded</source>
+        <translation>Der zugeteilte Speicherplatz (Quota) ist aufgebraucht</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>File exists</source>
+        <translation>Die Datei existiert bereits</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>File name too long</source>
+        <translation>Der Dateiname ist zu lang</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>File too large</source>
+        <translation>Die Datei ist zu groß</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Input/output error</source>
+        <translation>Eingabe-/Ausgabefehler</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Is a directory</source>
+        <translation>Es ist ein Ordner</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No space left on device</source>
+        <translation>Auf dem Gerät ist kein Speicherplatz mehr frei</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No such device</source>
+        <translation>Das Gerät ist nicht vorhanden</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No such device or address</source>
+        <translation>Das Gerät oder die Adresse ist nicht vorhanden</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No such file or directory</source>
+        <translation>Datei oder Ordner nicht gefunden</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Not a directory</source>
+        <translation>Es ist kein Ordner</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Operation not permitted</source>
+        <translation>Die Operation ist nicht erlaubt</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Permission denied</source>
+        <translation>Keine Berechtigung</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Read-only file system</source>
+        <translation>Das Dateisystem ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Stale file handle</source>
+        <translation>Der Zugriff auf die Datei ist nicht mehr gültig</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Too many open files</source>
+        <translation>Zu viele offene Dateien</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Transport endpoint is not connected</source>
+        <translation>Das Laufwerk ist nicht mehr verbunden</translation>
     </message>
     <message>
         <location filename="../../src/slots/slot.cpp"/>
@@ -3352,6 +3489,21 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>%1B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>%1KB</source>
+        <translation>%1 kB</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>%1MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
         <source>Transferred</source>
         <translation>Übertragen</translation>
     </message>
@@ -3472,6 +3624,11 @@ werden auf dem Pedal ersetzt.</translation>
         <location filename="../../src/updates/update_download.cpp"/>
         <source>the path for the download is not a file</source>
         <translation>der Download-Pfad ist keine Datei</translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>HTTP status %1</source>
+        <translation>HTTP-Status %1</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>

@@ -920,6 +920,12 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/app/menu_bar.cpp"/>
+        <location filename="../../src/ui/strip.cpp"/>
+        <source>%1 %</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <location filename="../../src/app/menu_bar.cpp"/>
         <source>&amp;About 7306 Loop Manager</source>
         <translation>7306 Loop Manager について(&amp;A)</translation>
     </message>
@@ -1616,6 +1622,11 @@ replace loops on the pedal.</source>
         <translation>Loop %1 を検証中…</translation>
     </message>
     <message>
+        <location filename="../../src/audio/aiff_facts.cpp"/>
+        <source>%1-bit little-endian AIFF-C</source>
+        <translation>%1 ビット リトルエンディアンの AIFF-C</translation>
+    </message>
+    <message>
         <location filename="../../src/audio/convert.cpp"/>
         <source>the name has no extension</source>
         <translation>名前に拡張子がありません</translation>
@@ -1629,6 +1640,16 @@ replace loops on the pedal.</source>
         <location filename="../../src/audio/converted_audio.cpp"/>
         <source>the converted file cannot be read</source>
         <translation>変換したファイルを読み込めません</translation>
+    </message>
+    <message>
+        <location filename="../../src/audio/source_facts.cpp"/>
+        <source>Flash video</source>
+        <translation>Flash ビデオ</translation>
+    </message>
+    <message>
+        <location filename="../../src/audio/source_facts.cpp"/>
+        <source>big-endian WAV (RIFX)</source>
+        <translation>ビッグエンディアンの WAV (RIFX)</translation>
     </message>
     <message>
         <location filename="../../src/device/finding.h"/>
@@ -2930,13 +2951,129 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1 B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
+        <location filename="../../src/updates/windows/software_update_view.cpp"/>
+        <source>%1 MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
         <source>%1 are needed and %2 are free</source>
         <translation>%1 必要ですが、空きは %2 です</translation>
     </message>
     <message>
         <location filename="../../src/platform/free_space.cpp"/>
+        <source>%1 kB</source>
+        <translation>%1 KB</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/free_space.cpp"/>
         <source>%1.%2</source>
         <translation>%1.%2</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Cannot allocate memory</source>
+        <translation>メモリが不足しています</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Connection timed out</source>
+        <translation>接続がタイムアウトしました</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Device or resource busy</source>
+        <translation>デバイスまたはリソースが使用中です</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Disk quota exceeded</source>
+        <translation>ディスクの割り当て容量を超えました</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>File exists</source>
+        <translation>ファイルがすでに存在します</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>File name too long</source>
+        <translation>ファイル名が長すぎます</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>File too large</source>
+        <translation>ファイルが大きすぎます</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Input/output error</source>
+        <translation>入出力エラー</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Is a directory</source>
+        <translation>フォルダーです</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No space left on device</source>
+        <translation>デバイスに空きがありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No such device</source>
+        <translation>デバイスがありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No such device or address</source>
+        <translation>デバイスまたはアドレスがありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>No such file or directory</source>
+        <translation>ファイルまたはフォルダーがありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Not a directory</source>
+        <translation>フォルダーではありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Operation not permitted</source>
+        <translation>許可されていない操作です</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Permission denied</source>
+        <translation>アクセス権がありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Read-only file system</source>
+        <translation>読み取り専用のファイルシステムです</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Stale file handle</source>
+        <translation>ファイルへの接続が無効になりました</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Too many open files</source>
+        <translation>開いているファイルが多すぎます</translation>
+    </message>
+    <message>
+        <location filename="../../src/platform/system_reason.cpp"/>
+        <source>Transport endpoint is not connected</source>
+        <translation>ドライブが接続されていません</translation>
     </message>
     <message>
         <location filename="../../src/slots/slot.cpp"/>
@@ -3296,6 +3433,21 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>%1B</source>
+        <translation>%1 B</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>%1KB</source>
+        <translation>%1 KB</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
+        <source>%1MB</source>
+        <translation>%1 MB</translation>
+    </message>
+    <message>
+        <location filename="../../src/ui/panels/progress.cpp"/>
         <source>Transferred</source>
         <translation>転送済み</translation>
     </message>
@@ -3416,6 +3568,11 @@ replace loops on the pedal.</source>
         <location filename="../../src/updates/update_download.cpp"/>
         <source>the path for the download is not a file</source>
         <translation>ダウンロード先のパスがファイルではありません</translation>
+    </message>
+    <message>
+        <location filename="../../src/updates/qt_http_client.cpp"/>
+        <source>HTTP status %1</source>
+        <translation>HTTP ステータス %1</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>

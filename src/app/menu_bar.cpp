@@ -59,7 +59,7 @@ void addSizes(QMenu& view, WindowSize& size) {
     sizes->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (const int percent : {75, 100, 125, 150, 200, 300}) {
         auto* const action =
-            view.addAction(QString("%1 %").arg(percent), [&size, percent] { size.set(percent); });
+            view.addAction(toQt(words("%1 %", percent)), [&size, percent] { size.set(percent); });
         action->setCheckable(true);
         action->setData(percent);
         sizes->addAction(action);

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "audio/source_facts.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -26,7 +27,7 @@ void takeCommon(SourceFacts& facts, const FileBytes& file, std::uint64_t body) {
     const std::string kind = compressed ? file.text(body + 18, 4) : "NONE";
     const std::uint64_t bits = file.big(body + 6, 2).value_or(0);
     if (kind == "sowt" && bits != 16) {
-        facts.unsupported = std::to_string(bits) + "-bit little-endian AIFF-C";
+        facts.unsupported = words("%1-bit little-endian AIFF-C", bits);
     }
     facts.rate = rateAt(file, body + 8);
     if (std::ranges::find(plain, kind) != plain.end()) {

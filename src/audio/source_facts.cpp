@@ -4,6 +4,7 @@
 #include <array>
 
 #include "audio/tags.h"
+#include "words/words.h"
 
 namespace kzq {
 namespace {
@@ -14,7 +15,7 @@ struct Signature {
     std::string_view name;
 };
 
-constexpr std::array<Signature, 19> unsupportedKinds{{{"RIFX", "big-endian WAV (RIFX)"},
+constexpr std::array<Signature, 19> unsupportedKinds{{{"RIFX", english("big-endian WAV (RIFX)")},
                                                       {"\x30\x26\xB2\x75", "Windows Media"},
                                                       {"\x1A\x45\xDF\xA3", "Matroska"},
                                                       {"DSD ", "DSD"},
@@ -32,7 +33,7 @@ constexpr std::array<Signature, 19> unsupportedKinds{{{"RIFX", "big-endian WAV (
                                                       {".RMF", "RealAudio"},
                                                       {".ra\xFD", "RealAudio"},
                                                       {"Creative Voice File", "Creative Voice"},
-                                                      {"FLV", "Flash video"}}};
+                                                      {"FLV", english("Flash video")}}};
 
 SourceFacts factsOfOthers(const FileBytes& file) {
     SourceFacts facts;

@@ -19,7 +19,7 @@ struct ConversionNote {
 /// The gain in decibels.
 double gainDecibels(const ConversionNote& note);
 
-/// For the end of a line: "exact; turned down by 6.0 dB, it was louder than full scale".
+/// For the end of a line, in the tool alone: "exact; turned down by 6.0 dB, it was louder than full scale".
 std::string noteWords(const ConversionNote& note);
 
 }  // namespace kzq

@@ -2,9 +2,9 @@
 
 #include <cctype>
 #include <cerrno>
-#include <system_error>
 
 #include "loops/facts.h"
+#include "platform/system_reason.h"
 #include "words/words.h"
 
 namespace kzq {
@@ -16,13 +16,17 @@ constexpr const char* toolKinds =
     "Use WAV, AIFF, FLAC, MP3, M4A, AAC, AC3, Ogg Vorbis, Opus, WavPack, W64, RF64 or CAF.";
 
 /// "No space left on device", or what the other side said.
-std::string saidReason(const Trouble& trouble) {
-    return trouble.error == 0 ? words(trouble.words.c_str()) : std::generic_category().message(trouble.error);
+std::string englishReason(const Trouble& trouble) {
+    return trouble.error == 0 ? trouble.words : systemReason(trouble.error);
 }
 
-/// The same as the end of a sentence.
+std::string saidReason(const Trouble& trouble) {
+    return words(englishReason(trouble).c_str());
+}
+
+/// As the end of a sentence that only a terminal shows.
 std::string reasonOf(const Trouble& trouble) {
-    return words("%1.", saidReason(trouble));
+    return englishReason(trouble) + ".";
 }
 
 std::string quoted(const Trouble& trouble) {
@@ -61,7 +65,7 @@ std::string fileRemedy(int error) {
 }
 
 std::string fileSentence(const Trouble& trouble) {
-    return inTurn(reasonOf(trouble), fileRemedy(trouble.error));
+    return inTurn(words("%1.", saidReason(trouble)), fileRemedy(trouble.error));
 }
 
 std::string notSavedSentence(const std::string& what, const std::filesystem::path& folder,

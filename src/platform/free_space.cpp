@@ -44,12 +44,12 @@ std::string sizeText(std::uint64_t bytes) {
     constexpr std::uint64_t kilo = 1'000;
     constexpr std::uint64_t mega = 1'000'000;
     if (bytes < kilo) {
-        return std::to_string(bytes) + " B";
+        return words("%1 B", bytes);
     }
     if (bytes < mega) {
-        return withTenth(bytes * 10 / kilo) + " kB";
+        return words("%1 kB", withTenth(bytes * 10 / kilo));
     }
-    return withTenth(bytes * 10 / mega) + " MB";
+    return words("%1 MB", withTenth(bytes * 10 / mega));
 }
 
 }  // namespace kzq

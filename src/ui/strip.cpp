@@ -7,6 +7,7 @@
 #include "ui/fonts.h"
 #include "ui/palette.h"
 #include "ui/pictures.h"
+#include "ui/qt_words.h"
 #include "ui/scale.h"
 
 namespace kzq {
@@ -94,7 +95,7 @@ void Strip::paintEvent(QPaintEvent* /*event*/) {
 void Strip::paint(ScaledPainter& painter, bool whole) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-extent(loops_.size()).topLeft());
-    const auto arrived = QString("%1 %").arg(percent_);
+    const auto arrived = toQt(words("%1 %", percent_));
     for (auto i = std::min(loops_.size(), most); i-- > 0;) {
         const auto& loop = loops_[i];
         paintStrip(painter, next * static_cast<int>(i), loop, whole ? loop.length : i == 0 ? arrived : "");

@@ -1,9 +1,8 @@
 #include "updates/update_job.h"
 
-#include <system_error>
-
 #include "platform/digest.h"
 #include "platform/plain_file.h"
+#include "platform/system_reason.h"
 #include "updates/app_image.h"
 #include "updates/self_check.h"
 #include "updates/update_download.h"
@@ -24,8 +23,7 @@ void enter(const UpdateJob& job, UpdateRun::Stage stage) {
 
 UpdateReason reasonOf(const Trouble& trouble) {
     return trouble.error == 0 ? updateReason(trouble.where)
-                              : updateReason(english("%1: %2"), trouble.where,
-                                             std::generic_category().message(trouble.error));
+                              : updateReason(english("%1: %2"), trouble.where, systemReason(trouble.error));
 }
 
 /// Empty, or why not.

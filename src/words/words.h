@@ -14,7 +14,9 @@ namespace kzq {
 //
 // A text is a whole sentence, or a phrase that stands alone; never half of what is put together elsewhere,
 // since other languages put it together differently. JSON, log tags, names of files and "Loop 7" stay as
-// they are. tools/texts finds the literals in calls of words() and english(); run it after a change.
+// they are. Numbers are written as in the language of the texts, whatever the locale: in a German sentence
+// 1.500 reads as fifteen hundred. tools/texts finds the literals in calls of words() and english(); run it
+// after a change.
 
 /// A text as it is looked up.
 struct Text {

@@ -14,6 +14,7 @@
 #include "gallery/bystanders.h"
 #include "loops/capacity.h"
 #include "operations/flash.h"
+#include "platform/free_space.h"
 #include "slots/slot.h"
 #include "ui/alert_panel.h"
 #include "ui/fitted_label.h"
@@ -40,6 +41,8 @@
 namespace kzq {
 namespace {
 
+const QString unaccented("aceilnorsuyACEILNORSUY");
+
 /// A language in which every text is a third longer, accented, and in brackets: "[Ṕľáý %1 ~~]".
 std::string stretched(const Text& text) {
     static const QRegularExpression pattern("^(en|[dMyHm ,:]+|(%\\w|\\W)*)$");  // of days, of punctuation
@@ -47,12 +50,11 @@ std::string stretched(const Text& text) {
     if (pattern.match(english).hasMatch()) {
         return english.toStdString();
     }
-    const QString plain("aceilnorsuyACEILNORSUY");
     const QString accented("áćéíľńóŕšúýÁĆÉÍĽŃÓŔŠÚÝ");
     QString longer("[");
     for (qsizetype at = 0; at < english.size(); ++at) {
         const bool kept = at > 0 && (english[at - 1] == '%' || english[at - 1] == '&');
-        const auto letter = kept ? -1 : plain.indexOf(english[at]);
+        const auto letter = kept ? -1 : unaccented.indexOf(english[at]);
         longer += letter < 0 ? english[at] : accented[letter];
     }
     return (longer + " " + QString((english.size() + 3) / 3, '~') + "]").toStdString();
@@ -71,7 +73,7 @@ class Stretcher : public QTranslator {
 /// What is wrong with a text that should have been looked up as a whole; sentences and lists may follow each
 /// other. Numbers, names of loops and of the product are in no language.
 QString faultOf(QString text) {
-    static const QRegularExpression free(R"(Loop (\d+|Manager)|\d+ (B|KB|MB)|www\.\S+|\.\w+)");
+    static const QRegularExpression free(R"(Loop (\d+|Manager)|www\.\S+|\.\w+)");
     text.remove(free);
     int depth = 0;
     QChar before = ' ';  // the last sign of the last pair, but for what makes it longer
@@ -83,7 +85,7 @@ QString faultOf(QString text) {
             }
         } else if (sign == ']') {
             beside = --depth == 0;
-        } else if (depth <= 0 && sign.isLetter()) {
+        } else if (depth <= 0 ? sign.isLetter() : unaccented.contains(sign) && before != '&') {
             return "is not looked up";
         } else if (depth > 0 && sign != '~' && sign != ' ') {
             before = sign;
@@ -263,7 +265,7 @@ TEST_P(Languages, ThePanelsShowNothingButTranslations) {
     bringBack.setCopies(
         {{.slot = 3, .fate = toQt(words("replaced yesterday %1", "21:15")), .seconds = 42, .on = true},
          {.slot = 5, .fate = toQt(words("erased today %1", "14:02")), .seconds = 70}},
-        "312 MB");
+        toQt(sizeText(312'000'000)));
     lookInto(bringBack);
     for (const auto kind : {BackupPanel::Kind::restore, BackupPanel::Kind::backUp}) {
         BackupComparison shown{.changes = {}, .pedalKnown = true, .erases = true};

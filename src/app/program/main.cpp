@@ -72,6 +72,7 @@ void leaveSoon(Executor& executor) {
     leave(EXIT_SUCCESS);
 }
 
+/// In English, as all that a terminal shows.
 int complain(int status, const std::string& sentence) {
     std::cerr << "kzq7306: " << sentence << std::endl;
     return status;

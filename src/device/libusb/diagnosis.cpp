@@ -14,6 +14,7 @@
 #include "device/libusb/port_lock.h"
 #include "device/libusb/usbtmc_road.h"
 #include "device/wire.h"
+#include "platform/system_reason.h"
 #include "words/words.h"
 
 namespace kzq {
@@ -206,7 +207,7 @@ Finding road(const SystemPlaces& places) {
 Finding blockedRoad(const SystemPlaces& places, const Trouble& obstacle) {
     const auto file =
         obstacle.where.empty() ? words("the file of the kernel's usbtmc driver") : obstacle.where;
-    const auto error = std::generic_category().message(obstacle.error);
+    const auto error = words(systemReason(obstacle.error).c_str());
     if (!hasRoadRule(places.ruleFolders)) {
         return {Trouble::Kind::roadNotInstalled, true,
                 words("Loops cannot be imported: %1 could not be opened in time (%2), as the udev rule for "

@@ -24,7 +24,7 @@ namespace kzq {
 namespace {
 
 constexpr int usualFieldType = 13;
-constexpr std::array unitNames{"B", "KB", "MB"};
+constexpr std::array amounts{english("%1B"), english("%1KB"), english("%1MB")};
 constexpr std::array unitSizes{1.0, 1e3, 1e6};
 
 /// Rounded half away from zero, and clamped to the range of the unsigned type.
@@ -41,9 +41,9 @@ std::uint32_t unitOf(std::uint64_t bytes) {
     return bytes > 999'999 ? 2 : bytes > 999 ? 1 : 0;
 }
 
-QString amount(std::uint64_t bytes, std::uint32_t unit) {
+std::string amount(std::uint64_t bytes, std::uint32_t unit) {
     const auto figure = unit == 0 ? bytes : rounded(static_cast<double>(bytes) / unitSizes.at(unit));
-    return QString::number(figure) + QLatin1String(unitNames.at(unit));
+    return words(amounts.at(unit), figure);
 }
 
 }  // namespace
@@ -151,9 +151,8 @@ void Progress::showFraction(double fraction) {
     if (parts_->total) {
         parts_->total->setValue(static_cast<int>(std::min<std::uint64_t>(percent, 100)));
     }
-    setFooter(
-        toQt(words("%1 of %2 \u2013 %3%", amount(done, done == 0 ? totalUnits_ : unitOf(done)).toStdString(),
-                   amount(totalBytes_, totalUnits_).toStdString(), percent)));
+    setFooter(toQt(words("%1 of %2 \u2013 %3%", amount(done, done == 0 ? totalUnits_ : unitOf(done)),
+                         amount(totalBytes_, totalUnits_), percent)));
 }
 
 void Progress::placeOver(QWidget& mainWindow) {

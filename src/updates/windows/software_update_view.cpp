@@ -18,7 +18,7 @@ std::string nameOf(const std::string& version) {
 
 std::string megabytes(std::uint64_t bytes) {
     constexpr std::uint64_t megabyte = 1'000'000;
-    return std::to_string((bytes + megabyte - 1) / megabyte) + " MB";
+    return words("%1 MB", (bytes + megabyte - 1) / megabyte);
 }
 
 double fractionOf(const UpdateStatus& status) {
