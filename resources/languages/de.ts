@@ -1713,7 +1713,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>Another program is using the pedal. Find out which one and close it.</source>
-        <translation>Ein anderes Programm verwendet das Pedal. Herausfinden, welches, und es schließen.</translation>
+        <translation>Ein anderes Programm verwendet das Pedal. Dieses Programm ausfindig machen und schließen.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -1743,7 +1743,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>Loops cannot be imported: the kernel's usbtmc driver is not loaded. Either the udev rules were not yet installed when the pedal was plugged in, or this kernel comes without the driver, as those made for virtual machines do.</source>
-        <translation>Loops können nicht importiert werden: Der Treiber usbtmc des Kernels ist nicht geladen. Entweder waren die udev-Regeln beim Anschließen des Pedals noch nicht installiert, oder dieser Kernel enthält den Treiber nicht, wie die für virtuelle Maschinen.</translation>
+        <translation>Loops können nicht importiert werden: Der Treiber usbtmc des Kernels ist nicht geladen. Entweder waren die udev-Regeln beim Anschließen des Pedals noch nicht installiert, oder dieser Kernel enthält den Treiber nicht, wie es bei Kernels für virtuelle Maschinen der Fall ist.</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -1877,7 +1877,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/operations/loop_sentences.cpp"/>
         <source>%1 does not match what was written.</source>
-        <translation>%1 stimmt nicht mit dem Geschriebenen überein.</translation>
+        <translation>%1 stimmt nicht mit den geschriebenen Daten überein.</translation>
     </message>
     <message>
         <location filename="../../src/operations/loop_sentences.cpp"/>
@@ -2778,7 +2778,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
         <source>What was written was read back and is the same, sample for sample.</source>
-        <translation>Das Geschriebene wurde zurückgelesen und ist Sample für Sample gleich.</translation>
+        <translation>Die geschriebenen Daten wurden zurückgelesen und sind Sample für Sample gleich.</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
@@ -3231,7 +3231,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/troubleshooting/doctor.cpp"/>
         <source>%1 goes into %2.</source>
-        <translation>%1 kommt nach %2.</translation>
+        <translation>%1 kommt in den Ordner %2.</translation>
     </message>
     <message>
         <location filename="../../src/troubleshooting/root_shell.cpp"/>
@@ -3414,7 +3414,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
         <source>Copies the findings as text</source>
-        <translation>Kopiert das Gefundene als Text</translation>
+        <translation>Kopiert das Ergebnis als Text</translation>
     </message>
     <message>
         <location filename="../../src/ui/panels/doctor_panel.cpp"/>
@@ -3804,7 +3804,7 @@ werden auf dem Pedal ersetzt.</translation>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 of %2 – %3 %</source>
-        <translation>%1 von %2 – %3 %</translation>
+        <translation>%1 von %2 – %3 %</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>

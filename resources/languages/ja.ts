@@ -189,7 +189,7 @@
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
         <source>erased</source>
-        <translation>消去される</translation>
+        <translation>消去</translation>
     </message>
     <message>
         <location filename="../../src/app/backing_up_rows.cpp"/>
@@ -647,7 +647,7 @@
     <message>
         <location filename="../../src/app/firmware_notices.cpp"/>
         <source>Downloading firmware %1, %2 %</source>
-        <translation>ファームウェア %1 をダウンロード中、%2 %</translation>
+        <translation>ファームウェア %1 をダウンロード中、%2%</translation>
     </message>
     <message>
         <location filename="../../src/app/firmware_notices.cpp"/>
@@ -786,7 +786,7 @@
     <message>
         <location filename="../../src/app/keep_flow.cpp"/>
         <source>Keeping a copy of %1… %2 %</source>
-        <translation>%1 のコピーを保管中… %2 %</translation>
+        <translation>%1 のコピーを保管中… %2%</translation>
     </message>
     <message>
         <location filename="../../src/app/keep_flow.cpp"/>
@@ -1300,7 +1300,7 @@ replace loops on the pedal.</source>
         <source>7306 connected, %n loops, %1 free</source>
         <comment>7306 connected, %n loop, %1 free</comment>
         <translation>
-            <numerusform>7306 が接続されました、ループ %n 個、空き %1</numerusform>
+            <numerusform>7306 が接続されました。ループ %n 個、空き %1</numerusform>
         </translation>
     </message>
     <message>
@@ -1649,7 +1649,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/audio/source_facts.cpp"/>
         <source>big-endian WAV (RIFX)</source>
-        <translation>ビッグエンディアンの WAV (RIFX)</translation>
+        <translation>ビッグエンディアンの WAV（RIFX）</translation>
     </message>
     <message>
         <location filename="../../src/device/finding.h"/>
@@ -1675,12 +1675,12 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>A pedal is on the USB bus, but %1 does not exist, as in a container without access to /dev/bus/usb.</source>
-        <translation>ペダルは USB バスにありますが、%1 がありません。/dev/bus/usb にアクセスできないコンテナーなどで起こります。</translation>
+        <translation>ペダルは USB バスに接続されていますが、%1 がありません。/dev/bus/usb にアクセスできないコンテナーなどで起こります。</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>A pedal is on the USB bus.</source>
-        <translation>ペダルは USB バスにあります。</translation>
+        <translation>ペダルは USB バスに接続されています。</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -1730,7 +1730,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
         <source>No pedal is on the USB bus. Check the cable and the pedal's power, then look again.</source>
-        <translation>USB バスにペダルがありません。ケーブルとペダルの電源を確認して、もう一度調べてください。</translation>
+        <translation>USB バスにペダルが見つかりません。ケーブルとペダルの電源を確認して、もう一度調べてください。</translation>
     </message>
     <message>
         <location filename="../../src/device/libusb/diagnosis.cpp"/>
@@ -2662,13 +2662,13 @@ replace loops on the pedal.</source>
         <source>%n of them were there already.</source>
         <comment>%n of them was there already.</comment>
         <translation>
-            <numerusform>そのうち %n 個はすでにありました。</numerusform>
+            <numerusform>そのうち %n 個は保存済みでした。</numerusform>
         </translation>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
         <source>All of them were there already.</source>
-        <translation>すべてすでにありました。</translation>
+        <translation>すべて保存済みでした。</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_backup.cpp"/>
@@ -2767,7 +2767,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>%1 % was sent</source>
-        <translation>%1 % を送信しました</translation>
+        <translation>%1% を送信しました</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -2822,7 +2822,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
         <source>Sending image, %1 %</source>
-        <translation>イメージを送信中、%1 %</translation>
+        <translation>イメージを送信中、%1%</translation>
     </message>
     <message>
         <location filename="../../src/operations/told_flash.cpp"/>
@@ -2978,7 +2978,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/platform/system_reason.cpp"/>
         <source>Cannot allocate memory</source>
-        <translation>メモリが不足しています</translation>
+        <translation>メモリーが足りません</translation>
     </message>
     <message>
         <location filename="../../src/platform/system_reason.cpp"/>
@@ -3748,7 +3748,7 @@ replace loops on the pedal.</source>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
         <source>%1 of %2 – %3 %</source>
-        <translation>%1 / %2 – %3 %</translation>
+        <translation>%1 / %2 – %3%</translation>
     </message>
     <message>
         <location filename="../../src/updates/windows/software_update_view.cpp"/>
