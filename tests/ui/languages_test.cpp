@@ -14,6 +14,7 @@
 #include "gallery/bystanders.h"
 #include "loops/capacity.h"
 #include "operations/flash.h"
+#include "operations/sentences.h"
 #include "platform/free_space.h"
 #include "slots/slot.h"
 #include "ui/alert_panel.h"
@@ -41,6 +42,7 @@
 namespace kzq {
 namespace {
 
+/// What becomes accented in the made-up language.
 const QString unaccented("aceilnorsuyACEILNORSUY");
 
 /// A language in which every text is a third longer, accented, and in brackets: "[Ṕľáý %1 ~~]".
@@ -222,7 +224,7 @@ TEST_P(Languages, TheWindowAndItsMenusShowNothingButTranslations) {
     window.statusLine().setAnnouncements(announcements);
     announcements->tell({.what = words("Nothing was restored"),
                          .why = words("its file could not be read"),
-                         .detail = words("Unplug it."),
+                         .detail = fileSentence({Trouble::Kind::file, {}, EACCES}),
                          .failure = true,
                          .actionLabel = words("Try again")});
     window.statusLine().openList(Qt::MouseFocusReason);
