@@ -42,7 +42,6 @@
 namespace kzq {
 namespace {
 
-/// What becomes accented in the made-up language.
 const QString unaccented("aceilnorsuyACEILNORSUY");
 
 /// A language in which every text is a third longer, accented, and in brackets: "[Ṕľáý %1 ~~]".
