@@ -69,6 +69,29 @@ double ownSeconds() {
     return static_cast<double>(spent.tv_sec) + static_cast<double>(spent.tv_nsec) / 1e9;
 }
 
+/// What the window's thread spends between the first frame in which the progress panel shows something new
+/// and its closing: all that it does then is to show the progress, and to wait.
+class PanelWatch : public QObject {
+  public:
+    explicit PanelWatch(QWidget& panel) { panel.installEventFilter(this); }
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint && ++frames_ == 2) {
+            begun_ = ownSeconds();
+        } else if (event->type() == QEvent::Hide && frames_ > 1) {
+            spent_ = ownSeconds() - begun_;
+        }
+        return false;
+    }
+    double spent() const { return spent_; }
+    unsigned frames() const { return frames_; }
+
+  private:
+    unsigned frames_ = 0;
+    double begun_ = 0;
+    double spent_ = 0;
+};
+
 /// Returns its seconds.
 double import(RunningApplication& application) {
     const auto start = Clock::now();
@@ -89,11 +112,12 @@ void answersDuringAnImport(RunningApplication& application) {
     std::printf("import %.3f %.3f %.3f\n", seconds, shareOf(late, 0.999), late.back());
 }
 
-/// With what the window costs before and after the transfer: opening the progress, reading the table.
+/// Of all that the window does, with opening the progress and reading the table, and of the progress alone.
 void costOfAnImport(RunningApplication& application) {
+    const PanelWatch watch(application.delegate->progress()->window());
     const auto before = ownSeconds();
     const auto seconds = import(application);
-    std::printf("cost %.3f %.4f\n", seconds, ownSeconds() - before);
+    std::printf("cost %.3f %.4f %.4f %u\n", seconds, ownSeconds() - before, watch.spent(), watch.frames());
 }
 
 /// A pedal whose table changes a thousand times a second, in every row.
