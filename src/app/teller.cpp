@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 #include "app/app_environment.h"
@@ -185,8 +186,12 @@ Teller::Saying Teller::followerInWords(Work work, std::function<void(Executor::T
 
 std::function<void(SlotNumber)> Teller::follower(Work work, const std::function<void(Executor::Task)>& post,
                                                  const char* sentence) {
-    return [say = followerInWords(work, post), sentence](SlotNumber slot) {
-        say(words(sentence, slot.number()), "");
+    return [say = followerInWords(work, post), sentence, last = std::optional<SlotNumber>(),
+            inWords = std::string()](SlotNumber slot) mutable {
+        if (std::exchange(last, slot) != slot) {
+            inWords = words(sentence, slot.number());  // not for each of a loop's many pieces
+        }
+        say(inWords, "");
     };
 }
 
