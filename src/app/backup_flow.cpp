@@ -53,7 +53,7 @@ class BackUp {
                                         "Backing up %n loops from the 7306..."));
         run.turn.cover();
         work_ = parts_.teller.newWork();
-        events_ = eventsOf(std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()),
+        events_ = eventsOf(parts_.transferPanel.follow(run.poster(), total),
                            parts_.teller.followerInWords(work_, run.poster()));
         return true;
     }

@@ -94,7 +94,7 @@ class Export {
         for (const auto& [slot, info] : order_.exports) {
             parts_.listening.forget(slot);
         }
-        watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
+        watch(run, parts_.transferPanel.follow(run.poster(), total));
         keeping_.end(work_);
     }
 

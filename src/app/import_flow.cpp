@@ -77,7 +77,7 @@ class Import {
         order_.freeSpace = parts_.environment.freeSpace;
         parts_.transferPanel.open(total, selection.size(), Slot::importContext);
         run.turn.cover();
-        watch(run, std::make_shared<TransferRun>(run.poster(), total, parts_.transferPanel.bar()));
+        watch(run, parts_.transferPanel.follow(run.poster(), total));
         return true;
     }
 

@@ -77,7 +77,7 @@ class Restore {
     /// How far what is under way has come, in the panel as well.
     void follow(Run& run, std::uint64_t bytes, const std::string& subtitle) {
         parts_.transferPanel.open(bytes, words("7306 Restore"), subtitle);
-        events_ = eventsOf(std::make_shared<TransferRun>(run.poster(), bytes, parts_.transferPanel.bar()),
+        events_ = eventsOf(parts_.transferPanel.follow(run.poster(), bytes),
                            parts_.teller.followerInWords(work_, run.poster()));
     }
 

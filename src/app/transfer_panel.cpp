@@ -1,6 +1,7 @@
 #include "app/transfer_panel.h"
 
 #include <QString>
+#include <utility>
 
 #include "app/app_environment.h"
 #include "app/main_window.h"
@@ -53,6 +54,16 @@ void TransferPanel::setPercent(double fraction) {
         showTimeLeft();
         put(fraction);
     }
+}
+
+std::shared_ptr<TransferRun> TransferPanel::follow(std::function<void(Executor::Task)> post,
+                                                   std::uint64_t total) {
+    const auto percent = [this, weak = std::weak_ptr(timeLeft_)](double fraction) {
+        if (!weak.expired()) {
+            setPercent(fraction);
+        }
+    };
+    return std::make_shared<TransferRun>(environment_.executor, std::move(post), total, percent);
 }
 
 void TransferPanel::showTimeLeft() {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "app/time_left.h"
+#include "app/transfer_run.h"
 #include "platform/fixed.h"
 
 namespace kzq {
@@ -31,10 +32,9 @@ class TransferPanel : Fixed {
     /// The same in other words.
     void open(std::uint64_t total, const std::string& title, const std::string& subtitle);
     void setPercent(double fraction);
-    /// The same as a function.
-    std::function<void(double fraction)> bar() {
-        return [this](double fraction) { setPercent(fraction); };
-    }
+    /// Brings the progress of the transfer that is shown here; nothing any more once this was closed. `post`
+    /// has a task done on the main thread.
+    std::shared_ptr<TransferRun> follow(std::function<void(Executor::Task)> post, std::uint64_t total);
     /// Full, and then closed.
     void close();
     /// On the icon alone: what shows its progress elsewhere in the window. No effect while this is open.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -13,31 +12,28 @@ namespace kzq {
 /// lock while it reports, so nothing here waits for the main thread.
 class TransferRun {
   public:
-    /// `post` has a task done on the main thread, in order; `percent` is called there. `total` may be 0; then
-    /// every fraction is 0.
-    TransferRun(std::function<void(Executor::Task)> post, std::uint64_t total,
-                std::function<void(double fraction)> percent)
-        : post_(std::move(post)), total_(total), bar_(new Bar{std::move(percent)}) {}
+    /// `executor` outlives it. `post` has a task done on the main thread, in order; `percent` is called
+    /// there. `total` may be 0; then every fraction is 0.
+    TransferRun(Executor& executor, std::function<void(Executor::Task)> post, std::uint64_t total,
+                std::function<void(double fraction)> percent);
 
     // The link's thread.
 
     /// A further batch, which counts from 0 again.
     void batchBegins();
     /// `bytes` of the whole batch have been transferred. Of the fractions of a running loop only the newest
-    /// is delivered: at most one is queued.
+    /// is delivered, and no more of them than the eye sees: a fast pedal reports thousands a second.
     void moved(std::uint64_t bytes);
     /// A loop of so many bytes is done: the fraction so far is shown, and then `task` done.
     void loopDone(std::uint64_t bytes, Executor::Task task);
 
   private:
+    struct Bar;
+    static void deliver(const std::shared_ptr<Bar>& bar);
+    static void show(const std::shared_ptr<Bar>& bar);
+
     double fractionOf(std::uint64_t bytes) const;
 
-    struct Bar {
-        std::function<void(double)> percent;
-        std::atomic<double> newest = 0;
-        std::atomic<bool> posted = false;
-    };
-    const std::function<void(Executor::Task)> post_;
     const std::uint64_t total_;
     const std::shared_ptr<Bar> bar_;
     std::uint64_t done_ = 0;

@@ -152,6 +152,7 @@ TEST_F(FlowTest, CancelEndsAnImportAndAPedalThatHasFallenSilentIsReset) {
         EXPECT_FALSE(delegate->progress()->isVisible());
         pass(510ms);
         EXPECT_FALSE(shieldUp()) << silent;
+        EXPECT_EQ(delegate->progress()->percent(), 1) << "what had moved before is not shown any more";
         EXPECT_THAT(files(), IsEmpty());
         EXPECT_FALSE(window->importButton()->isEnabled());
         pedal.clearFaults();
