@@ -46,6 +46,13 @@ std::string amount(std::uint64_t bytes, std::uint32_t unit) {
     return words(amounts.at(unit), figure);
 }
 
+/// Measuring costs as much as writing, and what comes many times a second is mostly there already.
+void putInto(QLabel* field, const QString& words) {
+    if (field != nullptr && field->text() != words) {
+        setFitted(*field, words, usualFieldType);
+    }
+}
+
 }  // namespace
 
 struct Progress::Parts {
@@ -111,9 +118,7 @@ QString Progress::subtitle() const {
 }
 
 void Progress::setFooter(const QString& footer) {
-    if (parts_->footerField) {
-        setFitted(*parts_->footerField, footer, usualFieldType);
-    }
+    putInto(parts_->footerField, footer);
 }
 
 QString Progress::footer() const {
@@ -121,9 +126,7 @@ QString Progress::footer() const {
 }
 
 void Progress::setTimeLeft(const QString& words) {
-    if (parts_->timeField) {
-        setFitted(*parts_->timeField, words, usualFieldType);
-    }
+    putInto(parts_->timeField, words);
 }
 
 QString Progress::timeLeft() const {
