@@ -61,7 +61,7 @@ int closed(int file) {
 }  // namespace
 }  // namespace kzq::test
 
-// NOLINTBEGIN(cert-dcl50-cpp, *-macro-*): as they are declared there
+// NOLINTBEGIN(cert-dcl50-cpp, *-macro-*, *-reserved-identifier): as they are declared there
 // Under names of our own, as the system's headers have inline definitions of some.
 #define IN_PLACE_OF(call, result, parameters, ...) \
     result test_##call parameters __asm__(#call);  \
@@ -94,6 +94,12 @@ int test_openat(int folder, const char* path, int flags, ...) {
     va_end(rest);
     return opened(folder, path, flags, mode);
 }
+
+// as a distribution's hardening has it
+IN_PLACE_OF(__open_2, int, (const char* path, int flags), test_open(path, flags, 0));
+ALSO_IN_PLACE_OF(__open64_2, __open_2, int, (const char* path, int flags));
+IN_PLACE_OF(__openat_2, int, (int folder, const char* path, int flags), test_openat(folder, path, flags, 0));
+ALSO_IN_PLACE_OF(__openat64_2, __openat_2, int, (int folder, const char* path, int flags));
 
 IN_PLACE_OF(write, ssize_t, (int file, const void* from, std::size_t size),
             written({"write", file}, SYS_write, from, size));
