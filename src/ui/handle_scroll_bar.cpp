@@ -19,6 +19,7 @@ constexpr int shortestHandle = 24;
 
 HandleScrollBar::HandleScrollBar(QWidget* parent) : QScrollBar(Qt::Vertical, parent) {
     setCursor(Qt::ArrowCursor);
+    setAttribute(Qt::WA_OpaquePaintEvent, false);  // which not every style takes back
 }
 
 QSize HandleScrollBar::sizeHint() const {

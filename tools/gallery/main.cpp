@@ -1,8 +1,11 @@
 // kzq7306-gallery FOLDER: contact sheets of every part of the window, at the device ratio given by
-// QT_SCALE_FACTOR. kzq7306-gallery --check: whether the states of each part look different.
+// QT_SCALE_FACTOR. kzq7306-gallery --check: whether the states of each part look different, and the same on
+// another desktop.
 
 #include <QApplication>
 #include <QDir>
+#include <QMap>
+#include <QPalette>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -54,6 +57,29 @@ bool areDistinct(const QString& sheet, const Shots& shots) {
     return distinct;
 }
 
+/// Whether the same things look as before; those that do not are listed.
+bool areAlike(const QString& sheet, const Shots& before, const Shots& now) {
+    return std::ranges::equal(before, now, [&sheet](const Shot& one, const Shot& other) {
+        const bool alike = one.caption == other.caption && one.pixmap.toImage() == other.pixmap.toImage();
+        if (!alike) {
+            std::fprintf(stderr, "%s: \"%s\" looks different on another desktop\n", qPrintable(sheet),
+                         qPrintable(other.caption));
+        }
+        return alike;
+    });
+}
+
+/// A dark one with large type, whose style leaves more to the widgets.
+void changeDesktop() {
+    QApplication::setStyle("windows");
+    QPalette dark(QColor(0x31, 0x36, 0x3B), QColor(0x1B, 0x1E, 0x20));
+    dark.setColor(QPalette::Highlight, QColor(0x3D, 0xAE, 0xE9));
+    QApplication::setPalette(dark);
+    auto large = QApplication::font();
+    large.setPointSize(20);
+    QApplication::setFont(large);
+}
+
 class Folder {
   public:
     Folder(const QString& path, double ratio)
@@ -61,7 +87,10 @@ class Folder {
 
     void save(const QString& name, const Shots& shots, const QColor& ground) {
         if (checks_) {
-            good_ = areDistinct(name, shots) && good_;
+            const auto before = seen_.find(name);
+            good_ =
+                (before == seen_.end() ? areDistinct(name, shots) : areAlike(name, *before, shots)) && good_;
+            seen_.insert(name, shots);
             return;
         }
         const auto path = folder_.filePath(QString("%1@%2x.png").arg(name).arg(ratio_));
@@ -72,19 +101,20 @@ class Folder {
         good_ = false;
     }
 
+    bool checks() const { return checks_; }
     bool good() const { return good_; }
 
   private:
     QDir folder_;
+    QMap<QString, Shots> seen_;
     double ratio_;
     bool checks_;
     bool good_;
 };
 
-bool drawAll(const QString& path, double ratio) {
+void drawAll(Folder& folder, double ratio) {
     const QColor darkDesktop(0x22, 0x25, 0x2A);
     const QColor lightDesktop(0xD5, 0xD8, 0xDD);
-    Folder folder(path, ratio);
     folder.save("pictures-in-tray", smallPictures(ratio), kzq::trayColor());
     folder.save("pictures-on-plate", smallPictures(ratio), kzq::KZQBrown());
     folder.save("pictures-large", largePictures(ratio), lightDesktop);
@@ -104,7 +134,6 @@ bool drawAll(const QString& path, double ratio) {
     folder.save("status", statusLines(), darkDesktop);
     folder.save("window", mainWindows(), darkDesktop);
     folder.save("sizes", windowSizes(), darkDesktop);
-    return folder.good();
 }
 
 }  // namespace
@@ -121,5 +150,11 @@ int main(int argc, char** argv) {
     if (argc == 3) {
         kzq::QtCatalogue::use(QLocale(QString::fromLocal8Bit(argv[2])));
     }
-    return drawAll(QString::fromLocal8Bit(argv[1]), application.devicePixelRatio()) ? 0 : 1;
+    Folder folder(QString::fromLocal8Bit(argv[1]), application.devicePixelRatio());
+    drawAll(folder, application.devicePixelRatio());
+    if (folder.checks()) {
+        changeDesktop();
+        drawAll(folder, application.devicePixelRatio());
+    }
+    return folder.good() ? 0 : 1;
 }
