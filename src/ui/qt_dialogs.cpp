@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QPointer>
@@ -77,59 +78,97 @@ int QtDialogs::run(const Alert& alert, bool& ticked) {
     return answer;
 }
 
-QFileDialog* QtDialogs::chooser(const std::string& title) {
-    auto* const dialog = new QFileDialog(parent_(), QString::fromStdString(title));
-    dialog->setDirectory(QFileInfo(folder_).isDir() ? folder_ : musicFolder());
-    dialog->setOption(QFileDialog::HideNameFilterDetails);
-    return dialog;
-}
-
-/// Runs the chooser and deletes it, unless its parent already did. Empty if nothing was chosen.
-QString QtDialogs::choose(QFileDialog* chooser) {
-    const QPointer<QFileDialog> dialog(chooser);
-    // the list of its completer would outlive it, and the toolkit sees no window become active under a popup
-    QObject::connect(dialog, &QDialog::finished, dialog, [] {
+/// The files taken in `chooser`, which may be destroyed meanwhile. Its own `exec` would wait for the
+/// desktop's chooser even once that is gone.
+QStringList QtDialogs::answer(QFileDialog& chooser) {
+    QStringList files;
+    QEventLoop loop;
+    // as accepted: closing the completer's list changes what is selected
+    QObject::connect(&chooser, &QFileDialog::filesSelected, &loop,
+                     [&files](const auto& taken) { files = taken; });
+    // the list would outlive it, and the toolkit sees no window become active under a popup
+    QObject::connect(&chooser, &QDialog::finished, &loop, [&loop] {
         if (auto* const popup = QApplication::activePopupWidget()) {
             popup->close();
         }
+        loop.quit();
     });
-    // as accepted: closing the list changes what is selected
-    QStringList files;
-    QObject::connect(dialog, &QFileDialog::filesSelected, [&files](const auto& taken) { files = taken; });
-    dialog->exec();
-    delete dialog.data();
-    if (files.size() != 1) {
+    QObject::connect(&chooser, &QObject::destroyed, &loop, &QEventLoop::quit);
+    chooser.setModal(true);
+    chooser.show();
+    if (chooser.testAttribute(Qt::WA_DontShowOnScreen)) {
+        desktops_ = &chooser;
+    }
+    if (chooser.isVisible()) {
+        loop.exec();
+    }
+    return files;
+}
+
+/// Nothing if the desktop's chooser could not be shown to the end.
+std::optional<QStringList> QtDialogs::ask(const std::string& title, const Dress& dress, bool desktops) {
+    const QPointer<QFileDialog> dialog(new QFileDialog(parent_(), QString::fromStdString(title)));
+    dialog->setOption(QFileDialog::DontUseNativeDialog, !desktops);
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    dialog->setDirectory(QFileInfo(folder_).isDir() ? folder_ : musicFolder());
+    dress(*dialog);
+    ended_ = false;
+    auto files = answer(*dialog);
+    const bool shownByDesktop = !desktops_.isNull();
+    const bool lost = shownByDesktop && (ended_ || (desktopChooserMissing_ && desktopChooserMissing_()));
+    delete dialog.data();  // unless its parent did
+    if (lost && files.isEmpty()) {
+        return std::nullopt;
+    }
+    return files;
+}
+
+/// Empty if nothing was chosen.
+QString QtDialogs::choose(const std::string& title, const Dress& dress) {
+    auto files = ask(title, dress, true);
+    if (!files) {
+        log(LogCategory::tool, "the desktop's file chooser is missing or has ended");
+        files = ask(title, dress, false);
+    }
+    if (!files || files->size() != 1) {
         return {};
     }
-    const QFileInfo file(files.first());
+    const QFileInfo file(files->first());
     folder_ = file.isDir() ? file.filePath() : file.path();
-    return files.first();
+    return files->first();
+}
+
+void QtDialogs::desktopChooserEnded() {
+    if (desktops_) {
+        ended_ = true;
+        desktops_->reject();
+    }
 }
 
 Dialogs::Chosen QtDialogs::chooseFile(const std::string& title, const FileKind& allowed) {
-    auto* dialog = chooser(title);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilter(filterOf(allowed));
-    const auto file = choose(dialog);
+    const auto file = choose(title, [&allowed](auto& dialog) {
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        dialog.setNameFilter(filterOf(allowed));
+    });
     return isAllowed(file, allowed) ? chosen(file) : Chosen();
 }
 
 Dialogs::Chosen QtDialogs::chooseFolder(const std::string& title, const std::string& prompt) {
-    auto* dialog = chooser(title);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    dialog->setLabelText(QFileDialog::Accept, QString::fromStdString(prompt));
-    return chosen(choose(dialog));
+    return chosen(choose(title, [&prompt](auto& dialog) {
+        dialog.setFileMode(QFileDialog::Directory);
+        dialog.setOption(QFileDialog::ShowDirsOnly);
+        dialog.setLabelText(QFileDialog::Accept, QString::fromStdString(prompt));
+    }));
 }
 
 Dialogs::Chosen QtDialogs::chooseNewFile(const std::string& title, const std::string& name,
                                          const FileKind& usual) {
-    auto* dialog = chooser(title);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setFileMode(QFileDialog::AnyFile);
-    dialog->setNameFilters({filterOf(usual), toQt(words("All files")) + " (*)"});
-    dialog->selectFile(QString::fromStdString(name));
-    return chosen(choose(dialog));
+    return chosen(choose(title, [&name, &usual](auto& dialog) {
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.setFileMode(QFileDialog::AnyFile);
+        dialog.setNameFilters({filterOf(usual), toQt(words("All files")) + " (*)"});
+        dialog.selectFile(QString::fromStdString(name));
+    }));
 }
 
 bool QtDialogs::openAddress(const std::string& url) {

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "ui/dialogs.h"
 #include "ui/key_guard.h"
@@ -27,13 +29,24 @@ class QtDialogs : public Dialogs {
     bool openAddress(const std::string& url) override;
     bool openApplication(const std::filesystem::path& bundle) override;
 
+    /// `missing`: whether nothing shows the desktop's choosers, where that is left to another program. Then
+    /// the toolkit's own take their place, and they do for one that is open when `desktopChooserEnded` is
+    /// called.
+    void setDesktopChooser(std::function<bool()> missing) { desktopChooserMissing_ = std::move(missing); }
+    void desktopChooserEnded();
+
   private:
-    QFileDialog* chooser(const std::string& title);
-    QString choose(QFileDialog* chooser);
+    using Dress = std::function<void(QFileDialog& chooser)>;
+    QString choose(const std::string& title, const Dress& dress);
+    std::optional<QStringList> ask(const std::string& title, const Dress& dress, bool desktops);
+    QStringList answer(QFileDialog& chooser);
 
     KeyGuard& keys_;
     std::function<QWidget*()> parent_;
     QString folder_;  ///< where the last chooser was accepted; empty before
+    std::function<bool()> desktopChooserMissing_;
+    QPointer<QFileDialog> desktops_;  ///< that the desktop shows now
+    bool ended_ = false;              ///< with its program
 };
 
 }  // namespace kzq

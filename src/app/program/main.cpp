@@ -12,6 +12,7 @@
 #include "app/app_environment.h"
 #include "app/application.h"
 #include "app/bus/bus_desktop_shell.h"
+#include "app/bus/chooser_portal.h"
 #include "app/bus/first_window.h"
 #include "app/main_window.h"
 #include "app/program/hand_over.h"
@@ -202,6 +203,9 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     KeyGuard keys(executor);
     application.setKeyGuard(&keys);
     QtDialogs dialogs(keys, [&window] { return frontWindow(&window); });
+    ChooserPortal portal(QDBusConnection::sessionBus(), qgetenv("QT_QPA_PLATFORMTHEME"));
+    dialogs.setDesktopChooser([&portal] { return portal.missing(); });
+    QObject::connect(&portal, &ChooserPortal::ended, [&dialogs] { dialogs.desktopChooserEnded(); });
     QtHttpClient http(certificates);
     QtAudioOutput sound;
     BusDesktopShell shell(QDBusConnection::sessionBus(), "7306 Loop Manager", desktopEntry);
