@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QPointer>
 #include <QProcess>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
@@ -20,6 +21,8 @@
 namespace kzq {
 
 namespace {
+
+constexpr QSize aroundWindow(16, 48);  // on most desktops, with the title
 
 std::filesystem::path chosenPath(const QString& name) {
     return QFile::encodeName(name).toStdString();
@@ -112,6 +115,9 @@ std::optional<QStringList> QtDialogs::ask(const std::string& title, const Dress&
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setDirectory(QFileInfo(folder_).isDir() ? folder_ : musicFolder());
     dress(*dialog);
+    const auto room = dialog->screen()->availableGeometry().size() - aroundWindow;
+    dialog->resize(
+        dialog->size().boundedTo(room));  // the toolkit's own does not look how small the screen is
     ended_ = false;
     auto files = answer(*dialog);
     const bool shownByDesktop = !desktops_.isNull();
