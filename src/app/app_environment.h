@@ -6,6 +6,7 @@
 #include <QUrl>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,6 +31,8 @@
 #include "updates/su_updater.h"
 
 namespace kzq {
+
+class AboutWindow;
 
 /// What the application runs on. Executor, dialogs and client outlive it; the functions are called on the
 /// main thread unless noted otherwise.
@@ -94,6 +97,8 @@ struct AppEnvironment {
     AudioOutput* sound = nullptr;
     /// What the desktop shows beside the window; outlives the application. Null: nothing.
     DesktopShell* shell = nullptr;
+    /// The window of the About panel if it is on the screen already. Null: it is made at launch.
+    std::shared_ptr<AboutWindow> splash = nullptr;
     /// How long the computer has slept in all. On any thread.
     std::function<Executor::Duration()> asleep = timeAsleep;
     /// Where copies of loops stay until the program ends; nothing if there is no place. On a background

@@ -57,7 +57,7 @@ void makePanels(const std::shared_ptr<AppDelegate>& controller, AppParts& parts)
         return looper ? looper->version() : std::nullopt;
     };
     panels.about = About::about(*controller, environment.executor, environment.dialogs, pedalVersion,
-                                environment.product);
+                                environment.product, environment.splash);
     panels.progress = Progress::progress([weak = std::weak_ptr(controller)] {
         if (const auto self = weak.lock()) {
             self->cancelTransfer();

@@ -28,6 +28,13 @@ namespace {
 
 constexpr int headlinePixels = 24;
 constexpr int remedyPixels = 12;
+constexpr QSize usualSize(768, 536);  // as it is described
+
+/// The one with the pointer.
+const QScreen& startScreen() {
+    const auto* const pointed = QGuiApplication::screenAt(QCursor::pos());
+    return pointed != nullptr ? *pointed : *QGuiApplication::primaryScreen();
+}
 
 void dressLabel(QLabel& label, const QFont& font, const QColor& color) {
     dress(label, font);
@@ -69,6 +76,7 @@ void forgetMenus(const QMenuBar& bar) {
 
 MainWindow::MainWindow(QWidget* parent) : Window(parent) {
     ui_.setupUi(this);
+    Q_ASSERT(size() == usualSize);
     Scale::ofProgram().take(*this);
     size_ = new WindowSize(*this);
     setAutoFillBackground(true);
@@ -93,6 +101,10 @@ MainWindow::MainWindow(QWidget* parent) : Window(parent) {
         button->setEnabled(false);
     }
     new FocusRing(ui_.content);
+}
+
+bool MainWindow::startsWhole() {
+    return WindowSize::beginsWhole(usualSize, startScreen().availableGeometry().size());
 }
 
 void MainWindow::dress() {
@@ -241,8 +253,7 @@ void MainWindow::settleTabOrder() {
 }
 
 void MainWindow::centre() {
-    const auto* const pointed = QGuiApplication::screenAt(QCursor::pos());
-    const auto& screen = pointed != nullptr ? *pointed : *QGuiApplication::primaryScreen();
+    const auto& screen = startScreen();
     const auto place = screen.availableGeometry();
     size_->begin(place.size(), screen.devicePixelRatio());
     move(place.center() - rect().center());

@@ -22,6 +22,9 @@ class MainWindow : public Window {
   public:
     explicit MainWindow(QWidget* parent = nullptr);
 
+    /// Whether `centre` will show it at 100 %, and with it all other windows.
+    static bool startsWhole();
+
     QMenuBar* menuBar() const { return ui_.menuBar; }
     /// At the right end of the menu bar.
     StatusLine& statusLine() const { return *status_; }

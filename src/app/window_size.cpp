@@ -100,6 +100,11 @@ void WindowSize::fitScreen() {
     window_.move(screen.center() - QRect(QPoint(), settled_ + frame).center());
 }
 
+bool WindowSize::beginsWhole(QSize usual, QSize room) {
+    const auto inside = room - usualFrame;
+    return inside.width() >= usual.width() && inside.height() >= usual.height();
+}
+
 void WindowSize::begin(QSize room, double ratio) {
     limit(room - usualFrame, ratio);
     set(std::min(100, fitting(room - usualFrame)));

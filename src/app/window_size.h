@@ -21,6 +21,8 @@ class WindowSize : public QObject {
     /// `window` has its size of 100 %, and owns this.
     explicit WindowSize(QWidget& window);
 
+    /// Whether `begin` makes a window of the size `usual` one of 100 %.
+    static bool beginsWhole(QSize usual, QSize room);
     void set(int percent);
     /// Whether the screen has room for it; what lies beyond the screen cannot be reached.
     bool fits(int percent) const;

@@ -22,6 +22,7 @@
 #include "app/program/self_check_run.h"
 #include "app/program/self_report.h"
 #include "app/program/simulation_menu.h"
+#include "app/program/splash.h"
 #include "app/program/termination.h"
 #include "app/start_up.h"
 #include "app/user_guide.h"
@@ -123,8 +124,13 @@ UpdateDesktop desktop() {
                 }};
 }
 
+Product productOf(const ProgramOptions& options) {
+    return {.version = KZQ_VERSION, .website = websiteAddress(options.host)};
+}
+
 AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, Dialogs& dialogs,
                              HttpClient& http, AudioOutput& sound, DesktopShell& shell,
+                             const std::shared_ptr<AboutWindow>& splash,
                              const std::shared_ptr<LogTail>& log) {
     auto build = UpdateBuild::ofThisProgram();
     return {
@@ -133,7 +139,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .http = http,
         .link = &KZQ7306::looper,
         .home = homeFolder(),
-        .product = {.version = KZQ_VERSION, .website = websiteAddress(options.host)},
+        .product = productOf(options),
         .firmwareManifest = firmwareManifestAddress(options.host),
         .feedAddress = [host = options.host](const auto& home) { return softwareFeedAddress(home, host); },
         .desktop = desktop(),
@@ -157,6 +163,7 @@ AppEnvironment environmentOf(const ProgramOptions& options, Executor& executor, 
         .modifiers = {},
         .sound = &sound,
         .shell = &shell,
+        .splash = splash,
         .quit = &QCoreApplication::quit};
 }
 
@@ -199,6 +206,8 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
                    .usb = recorded.port ? *recorded.port : port,
                    .systemMinorVersion = systemMinorVersion,
                    .arrivalPatience = std::chrono::seconds(3)});
+    const auto splash = showSplash(productOf(options));
+    quitOnSignals(executor, [&executor] { leaveSoon(executor); });
     MainWindow window;
     KeyGuard keys(executor);
     application.setKeyGuard(&keys);
@@ -210,7 +219,7 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     QtAudioOutput sound;
     BusDesktopShell shell(QDBusConnection::sessionBus(), "7306 Loop Manager", desktopEntry);
     const auto delegate = std::make_shared<AppDelegate>(
-        environmentOf(options, executor, dialogs, http, sound, shell, log), window);
+        environmentOf(options, executor, dialogs, http, sound, shell, splash, log), window);
     teller = delegate;
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
@@ -281,7 +290,6 @@ int run(const ProgramOptions& options, int argc, char** argv) {
         }
         simulation = std::move(*made);
     }
-    quitOnSignals(executor, [&executor] { leaveSoon(executor); });
     return runWindow(application, first, options, executor, *certificates, simulation.get(), log);
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -10,11 +9,8 @@
 #include "ui/link_button.h"
 #include "ui/panels/product.h"
 
-class QLabel;
-
 namespace kzq {
 
-class AboutBacking;
 class AboutWindow;
 class ApplicationController;
 class Dialogs;
@@ -30,10 +26,12 @@ class About : public QObject, public LinkButtonDelegate {
     /// thread whenever the panel is drawn, so it must not wait.
     using FirmwareVersion = std::function<std::optional<std::string>()>;
 
-    /// `controller`, `executor` and `dialogs` must outlive the panel.
+    /// `controller`, `executor` and `dialogs` must outlive the panel. `window` may be on the screen already;
+    /// null: it is made.
     static std::unique_ptr<About> about(ApplicationController& controller, Executor& executor,
                                         Dialogs& dialogs, FirmwareVersion firmwareVersion,
-                                        const Product& product);
+                                        const Product& product,
+                                        std::shared_ptr<AboutWindow> window = nullptr);
     ~About() override;
 
     /// Shows the window and gives it the keyboard focus.
@@ -54,7 +52,7 @@ class About : public QObject, public LinkButtonDelegate {
     /// Marks the content for redrawing: it shows the version of the pedal.
     void setNeedsDisplay();
 
-    /// 480 × 300, owned by this.
+    /// 480 × 300.
     AboutWindow& window() { return *window_; }
 
     /// Makes the next showing count as the first of the process: for tests, which start the program more than
@@ -62,17 +60,14 @@ class About : public QObject, public LinkButtonDelegate {
     static void rearmSplash();
 
   private:
-    About(ApplicationController& controller, Executor& executor, Dialogs& dialogs, Product product);
-    void windowDidLoad(FirmwareVersion firmwareVersion);
+    About(ApplicationController& controller, Executor& executor, Dialogs& dialogs, Product product,
+          std::shared_ptr<AboutWindow> window);
 
     ApplicationController& controller_;
     Executor& executor_;
     Dialogs& dialogs_;
     Product product_;
-    std::unique_ptr<AboutWindow> window_;
-    QPointer<AboutBacking> backing_;
-    QPointer<LinkButton> link_;
-    QPointer<QLabel> linkLabel_;
+    const std::shared_ptr<AboutWindow> window_;
     bool beenClosed_ = false;
     bool closing_ = false;
 };
