@@ -3274,12 +3274,12 @@ werden auf dem Pedal ersetzt.</translation>
         <translation>Keine</translation>
     </message>
     <message>
-        <location filename="../../src/ui/panels/about.cpp"/>
+        <location filename="../../src/ui/panels/about_window.cpp"/>
         <source>About 7306 Loop Manager</source>
         <translation>Über 7306 Loop Manager</translation>
     </message>
     <message>
-        <location filename="../../src/ui/panels/about.cpp"/>
+        <location filename="../../src/ui/panels/about_window.cpp"/>
         <source>Version %1</source>
         <translation>Version %1</translation>
     </message>

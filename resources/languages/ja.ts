@@ -3218,12 +3218,12 @@ replace loops on the pedal.</source>
         <translation>全解除</translation>
     </message>
     <message>
-        <location filename="../../src/ui/panels/about.cpp"/>
+        <location filename="../../src/ui/panels/about_window.cpp"/>
         <source>About 7306 Loop Manager</source>
         <translation>7306 Loop Manager について</translation>
     </message>
     <message>
-        <location filename="../../src/ui/panels/about.cpp"/>
+        <location filename="../../src/ui/panels/about_window.cpp"/>
         <source>Version %1</source>
         <translation>バージョン %1</translation>
     </message>

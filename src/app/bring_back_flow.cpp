@@ -133,8 +133,7 @@ void BringingBack::make() {
 }
 
 QString BringingBack::noSound() const {
-    const auto* const output = parts_.environment.sound;
-    return toQt(output == nullptr ? noSoundDevice() : output->trouble());
+    return toQt(troubleOf(parts_.environment.sound));
 }
 
 void BringingBack::deviceChanged() {

@@ -4,8 +4,10 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
+#include "listening/audio_output.h"
 #include "loops/slot_number.h"
 #include "platform/fixed.h"
 #include "platform/result.h"
@@ -16,9 +18,11 @@ namespace kzq {
 class Slot;
 struct AppParts;
 
-/// What the rings say where nothing makes loops heard.
-inline std::string noSoundDevice() {
-    return words("No sound device was found.");
+/// What the rings say where nothing can be heard; empty where it can, as far as is known. Null: there is no
+/// device.
+inline std::string troubleOf(const AudioOutput* output) {
+    const auto trouble = output != nullptr ? output->trouble() : english("No sound device was found.");
+    return trouble.empty() ? trouble : words(trouble.c_str());
 }
 
 /// Hears loops and staged files, and reads loops for it. Main thread.

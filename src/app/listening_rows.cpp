@@ -27,7 +27,7 @@ RowSound Listening::Engine::soundOf(const RowName& row) const {
     RowSound sound;
     sound.peaks = isStaged(row) ? peaksOfFile(row.slot) : peaksOfLoop(row.slot);
     if (!canBeHeard()) {
-        sound.trouble = toQt(player ? parts.environment.sound->trouble() : noSoundDevice());
+        sound.trouble = toQt(troubleOf(parts.environment.sound));
     }
     if (!isNow(row)) {
         sound.ring = isWanted(row) ? RowSound::Ring::arriving : RowSound::Ring::play;

@@ -28,7 +28,7 @@ class AudioOutput : Fixed {
     /// The frames since `start` that the device has really taken: not what waits in buffers.
     virtual std::uint64_t taken() const = 0;
 
-    /// Why nothing can be heard, as a sentence for the user; empty if it can, as far as is known.
+    /// Why nothing can be heard, as a text for words(); empty if it can, as far as is known.
     virtual std::string trouble() const = 0;
     /// `changed` is called when the trouble has changed, on any thread.
     virtual void setListener(std::function<void()> changed) = 0;

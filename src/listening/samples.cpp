@@ -22,10 +22,6 @@ void convertAll(ByteView audio, std::span<std::uint8_t> into) {
 
 }  // namespace
 
-std::size_t frameBytesOf(SampleForm form) {
-    return form == SampleForm::int16 ? 2 * sizeof(std::int16_t) : 2 * sizeof(std::int32_t);
-}
-
 void convertSamples(ByteView audio, std::span<std::uint8_t> into, SampleForm form) {
     if (form == SampleForm::int16) {
         convertAll<std::int16_t>(audio, into);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -9,7 +10,9 @@
 namespace kzq {
 
 /// Bytes of a frame as the device takes it.
-std::size_t frameBytesOf(SampleForm form);
+constexpr std::size_t frameBytesOf(SampleForm form) {
+    return form == SampleForm::int16 ? 2 * sizeof(std::int16_t) : 2 * sizeof(std::int32_t);
+}
 
 /// The pedal's frames as the device takes them, exactly, or for 16 bits without the lower 8, so that nothing
 /// clips. `into` has room for as many frames.

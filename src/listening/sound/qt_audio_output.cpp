@@ -121,7 +121,7 @@ class QtAudioOutput::Device : public QObject {
         sink_->setBufferSize(format.bytesForDuration(qint64{bufferMilliseconds} * 1000));
         connect(sink_.get(), &QAudioSink::stateChanged, this, [this](QAudio::State state) {
             if (state == QAudio::StoppedState && sink_ && sink_->error() != QAudio::NoError) {
-                known_->setTrouble(words("The sound device stopped working."));
+                known_->setTrouble(english("The sound device stopped working."));
                 QTimer::singleShot(againAfter, this, [this] { look(); });
             }
         });
@@ -148,8 +148,8 @@ class QtAudioOutput::Device : public QObject {
         } else if (device.isFormatSupported(formatOf(QAudioFormat::Int16))) {
             form = SampleForm::int16;
         }
-        known_->setTrouble(device.isNull() ? words("No sound device was found.")
-                           : !form         ? words("The sound device does not play 44,100 Hz.")
+        known_->setTrouble(device.isNull() ? english("No sound device was found.")
+                           : !form         ? english("The sound device does not play 44,100 Hz.")
                                            : "");
         return device.isNull() ? std::nullopt : form;
     }
