@@ -24,7 +24,9 @@ endif()
 if(KZQ_COVERAGE)
     add_library(leaving_counted STATIC cmake/leaving_counted.cpp)
     target_compile_options(kzq_flags INTERFACE --coverage)
-    target_link_options(kzq_flags INTERFACE --coverage -Wl,--wrap=_Exit,--wrap=_exit,--undefined=__wrap__Exit,--undefined=__wrap__exit)
+    # a module leaves that to its program
+    target_link_options(kzq_flags INTERFACE --coverage
+        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:-Wl,--wrap=_Exit,--wrap=_exit,--undefined=__wrap__Exit,--undefined=__wrap__exit>)
     target_link_libraries(kzq_flags INTERFACE leaving_counted)
 endif()
 if(KZQ_FUZZ)

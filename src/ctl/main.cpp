@@ -34,6 +34,7 @@
 #include "troubleshooting/log_tail.h"
 #include "troubleshooting/root_shell.h"
 #include "troubleshooting/this_computer.h"
+#include "updates/authorities.h"
 #include "updates/maker.h"
 #include "updates/qt_http_client.h"
 #include "updates/update_build.h"

@@ -12,7 +12,6 @@
 #include <memory>
 #include <utility>
 
-#include "platform/plain_file.h"
 #include "words/words.h"
 
 namespace kzq {
@@ -229,15 +228,6 @@ class Exchange {
 };
 
 }  // namespace
-
-std::optional<std::string> authoritiesIn(const std::filesystem::path& file) {
-    constexpr std::uint64_t longest = 1U << 24U;
-    if (file.empty()) {
-        return std::string();
-    }
-    const auto bytes = readPlainFile(file, longest, Links::followed);
-    return bytes && !bytes->empty() ? std::optional(std::string(bytes->begin(), bytes->end())) : std::nullopt;
-}
 
 QtHttpClient::QtHttpClient(std::string authorities) : authorities_(std::move(authorities)) {}
 

@@ -1,16 +1,10 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
 #include <string>
 
 #include "updates/http_client.h"
 
 namespace kzq {
-
-/// The content of a file of certificates in PEM; empty without a path. Nothing if it cannot be read or is
-/// empty.
-std::optional<std::string> authoritiesIn(const std::filesystem::path& file);
 
 /// HTTPS through Qt Network. A fetch runs an event loop in the calling thread, so that thread is a worker, or
 /// the main thread of a program without a window. Needs a QCoreApplication to exist.

@@ -14,6 +14,7 @@
 #include "app/bus/bus_desktop_shell.h"
 #include "app/bus/chooser_portal.h"
 #include "app/bus/first_window.h"
+#include "app/later/later_parts.h"
 #include "app/main_window.h"
 #include "app/program/hand_over.h"
 #include "app/program/options.h"
@@ -33,7 +34,6 @@
 #include "device/libusb/diagnosis.h"
 #include "device/libusb/libusb_port.h"
 #include "device/simulator/simulation.h"
-#include "listening/sound/qt_audio_output.h"
 #include "operations/backup.h"
 #include "operations/sentences.h"
 #include "operations/told.h"
@@ -49,8 +49,8 @@
 #include "ui/panels/front_window.h"
 #include "ui/qt_dialogs.h"
 #include "updates/app_image.h"
+#include "updates/authorities.h"
 #include "updates/maker.h"
-#include "updates/qt_http_client.h"
 
 namespace {
 
@@ -208,6 +208,11 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
                    .arrivalPatience = std::chrono::seconds(3)});
     const auto splash = showSplash(productOf(options));
     quitOnSignals(executor, [&executor] { leaveSoon(executor); });
+    const auto later = loadLaterParts();
+    if (!later) {
+        leave(complain(EXIT_FAILURE, later.error()));
+    }
+    Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     MainWindow window;
     KeyGuard keys(executor);
     application.setKeyGuard(&keys);
@@ -215,11 +220,11 @@ int runWindow(Application& application, FirstWindow& first, const ProgramOptions
     ChooserPortal portal(QDBusConnection::sessionBus(), qgetenv("QT_QPA_PLATFORMTHEME"));
     dialogs.setDesktopChooser([&portal] { return portal.missing(); });
     QObject::connect(&portal, &ChooserPortal::ended, [&dialogs] { dialogs.desktopChooserEnded(); });
-    QtHttpClient http(certificates);
-    QtAudioOutput sound;
+    const auto http = later->web(certificates);
+    const auto sound = later->sound();
     BusDesktopShell shell(QDBusConnection::sessionBus(), "7306 Loop Manager", desktopEntry);
     const auto delegate = std::make_shared<AppDelegate>(
-        environmentOf(options, executor, dialogs, http, sound, shell, splash, log), window);
+        environmentOf(options, executor, dialogs, *http, *sound, shell, splash, log), window);
     teller = delegate;
     application.setDelegate(delegate.get());
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&executor] {
@@ -270,7 +275,6 @@ int run(const ProgramOptions& options, int argc, char** argv) {
     Application::setApplicationName("kzq7306");
     Application::setApplicationDisplayName("");  // leaves window titles as they are
     Application::setDesktopFileName(desktopEntry);
-    Application::setWindowIcon(QIcon(":/pictures/Icon.svg"));
     Application::setQuitOnLastWindowClosed(false);  // the splash closes before the window opens
     QtCatalogue::use(QLocale::system());
     FirstWindow first(QDBusConnection::sessionBus(), nameOnBus(options));

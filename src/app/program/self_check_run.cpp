@@ -2,10 +2,11 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QSslSocket>
 #include <cstdlib>
 #include <iostream>
+#include <string>
 
+#include "app/later/later_parts.h"
 #include "ui/fonts.h"
 #include "updates/self_check.h"
 
@@ -14,15 +15,16 @@ namespace {
 
 constexpr int pictureSize = 16;
 
-/// What is missing; null for nothing.
-const char* missing() {
+/// What is missing; empty for nothing.
+std::string missing() {
     if (QIcon(":/pictures/Icon.svg").pixmap(pictureSize).isNull()) {
         return "the pictures cannot be shown";
     }
-    if (!QSslSocket::supportsSsl()) {
-        return "there is no TLS library";
+    const auto later = loadLaterParts();
+    if (!later) {
+        return later.error();
     }
-    return nullptr;
+    return later->hasTls() ? "" : "there is no TLS library";
 }
 
 }  // namespace
@@ -33,7 +35,7 @@ int runSelfCheck(int argc, char** argv, bool screen) {
     }
     const QApplication application(argc, argv);
     registerFonts();
-    if (const char* const what = missing()) {
+    if (const auto what = missing(); !what.empty()) {
         std::cerr << "kzq7306: " << what << std::endl;
         return EXIT_FAILURE;
     }
