@@ -1942,6 +1942,11 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 is missing or has been changed</source>
+        <translation>%1 fehlt oder wurde verändert</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
         <source>%1 is still on the pedal</source>
         <translation>%1 ist noch auf dem Pedal</translation>
     </message>
@@ -2635,11 +2640,6 @@ werden auf dem Pedal ersetzt.</translation>
         <location filename="../../src/operations/told.cpp"/>
         <source>the system rule is not in force</source>
         <translation>die Systemregel ist nicht wirksam</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 is missing or has been changed</source>
-        <translation>%1 fehlt oder wurde verändert</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/operations/told_backup.cpp"/>

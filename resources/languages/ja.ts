@@ -1912,6 +1912,11 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/reasons.cpp"/>
+        <source>%1 is missing or has been changed</source>
+        <translation>%1 がないか、変更されています</translation>
+    </message>
+    <message>
+        <location filename="../../src/operations/reasons.cpp"/>
         <source>%1 is still on the pedal</source>
         <translation>%1 はまだペダルにあります</translation>
     </message>
@@ -2587,11 +2592,6 @@ replace loops on the pedal.</source>
         <location filename="../../src/operations/told.cpp"/>
         <source>the system rule is not in force</source>
         <translation>システムのルールが有効になっていません</translation>
-    </message>
-    <message>
-        <location filename="../../src/operations/told_backup.cpp"/>
-        <source>%1 is missing or has been changed</source>
-        <translation>%1 がないか、変更されています</translation>
     </message>
     <message numerus="yes">
         <location filename="../../src/operations/told_backup.cpp"/>

@@ -41,7 +41,7 @@ bool mayBeEmpty(const SlotOutcome& outcome) {
 class Export {
   public:
     Export(Pedal& pedal, const ExportOrder& order, const Events& events)
-        : pedal_(pedal), order_(order), events_(events), digests_(order.digests) {
+        : pedal_(pedal), order_(order), events_(events), exports_(order.exports), digests_(order.digests) {
         outcome_.wanted = order.exports.size();
     }
 
@@ -56,8 +56,8 @@ class Export {
 
   private:
     void writeAll() {
-        auto exports = order_.exports;
-        if (!check(exports, exports)) {
+        auto exports = takenUp(order_.exports);
+        if (exports.empty() || !check(exports, exports)) {
             return;
         }
         send(exports, [this](SlotNumber slot, const Result<Frames>& sent) {
@@ -76,12 +76,14 @@ class Export {
     void writeEach() {
         auto waiting = order_.exports;
         for (const auto slot : inOrderOfGrowth(order_.exports, order_.seen)) {
-            Exports next = {{slot, order_.exports.at(slot)}};
-            if (!check(next, waiting)) {
+            auto next = takenUp({{slot, order_.exports.at(slot)}});
+            if (!next.empty() && !check(next, waiting)) {
                 return;
             }
             waiting.erase(slot);
-            write(slot, next);
+            if (!next.empty()) {
+                write(slot, next);
+            }
             if (outcome_.end) {
                 return;
             }
@@ -91,12 +93,9 @@ class Export {
     /// Whether `next` may be written, while all of `waiting` must still be as the user saw it. Sets what the
     /// pedal is told of the slots.
     bool check(Exports& next, const Exports& waiting) {
-        for (const auto& [slot, info] : next) {
-            takeUp(slot, info.source);
-        }
         const auto now = unchangedTable(pedal_, order_.seen, slotsOf(waiting), order_.untouched);
         outcome_.end = now ? impossibleLength(*now, allSlots()) : std::optional(now.error());
-        if (!outcome_.end && !fits(existingAndTeedUpExportSamples(*now, order_.exports))) {
+        if (!outcome_.end && !fits(existingAndTeedUpExportSamples(*now, exports_))) {
             outcome_.end = Trouble{Trouble::Kind::noRoom};
         }
         for (auto& [slot, info] : next) {
@@ -109,12 +108,31 @@ class Export {
         return fitsCapacity(frames) || (order_.full && frames == capacityFrames);
     }
 
-    void takeUp(SlotNumber slot, const std::filesystem::path& copy) {
-        if (order_.verify && !digests_.contains(slot)) {
-            digests_[slot] = audioDigest(copy);  // which reads all of it
-        } else {
-            readAhead(copy);
+    /// Without those that are not what they were: these come to nothing.
+    Exports takenUp(Exports exports) {
+        std::erase_if(exports, [this](const auto& entry) {
+            const bool damaged = !takeUp(entry.first, entry.second);
+            if (damaged) {
+                exports_.erase(entry.first);
+                outcome_.add(events_, {.slot = entry.first,
+                                       .trouble = Trouble{Trouble::Kind::damaged, entry.second.source}});
+            }
+            return damaged;
+        });
+        return exports;
+    }
+
+    /// Reads all of it. Whether it has the digest that is known.
+    bool takeUp(SlotNumber slot, const ExportInfo& info) {
+        if (const auto known = order_.digests.find(slot); known != order_.digests.end()) {
+            return isLoopFile(info.source, Frames::ofBytes(info.bytes).count, known->second);
         }
+        if (order_.verify) {
+            digests_[slot] = audioDigest(info.source);
+        } else {
+            readAhead(info.source);
+        }
+        return true;
     }
 
     void send(const Exports& exports, const Pedal::Sent& sent) {
@@ -178,6 +196,7 @@ class Export {
     Pedal& pedal_;
     const ExportOrder& order_;
     const Events& events_;
+    Exports exports_;  ///< that are not damaged, as far as is known
     std::map<SlotNumber, std::string> digests_;
     Outcome outcome_;
 };

@@ -19,7 +19,8 @@ struct ExportOrder {
     bool full = false;  ///< the pedal may be full to its last frame, as it can be before a backup
     /// Each loop gets its digest, and with `Batches::each` it is read back and compared as well.
     bool verify = false;
-    /// Those that are known; of other loops they are taken from the working copies on their way.
+    /// Those that are known: a working copy that has another by its turn is not sent (damaged). Of other
+    /// loops they are taken from the working copies on their way.
     std::map<SlotNumber, std::string> digests = {};
 };
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 
 #include "operations/sentences.h"
 #include "operations/told.h"
@@ -152,6 +153,9 @@ std::string reasonFor(Deed deed, const Trouble& trouble, const std::string& loop
             return refusedReason(deed, loop);
         case Kind::changed:
             return changeReason(trouble);
+        case Kind::damaged:
+            return words("%1 is missing or has been changed",
+                         std::filesystem::path(trouble.where).filename().string());
         case Kind::file: {
             const auto* const reason = fileReason(trouble.error);
             return reason == nullptr ? words("the file cannot be written") : words(reason);

@@ -80,8 +80,6 @@ std::string backupReason(const Trouble& trouble) {
             return words("it is longer than the pedal's 24 minutes");
         case Kind::unreadable:
             return words("it cannot be read");
-        case Kind::damaged:
-            return words("%1 is missing or has been changed", lastName(trouble.where));
         default:
             return reasonFor(Deed::write, trouble);
     }

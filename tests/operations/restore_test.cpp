@@ -2,6 +2,7 @@
 
 #include "operation_fixture.h"
 #include "operations/backup.h"
+#include "operations/told_backup.h"
 #include "platform/little_endian.h"
 
 namespace kzq::test {
@@ -80,6 +81,15 @@ TEST_F(RestoreWork, OnlyWhatWasComparedOrAskedAboutIsTouched) {
     EXPECT_THAT(said, ElementsAre("5 erased"));
 
     pedal.setMemoryListener({});
+    pedal.setLoop(2, std::nullopt);
+    asked = plan().value();
+    const auto good = readText(at("Loop 3.wav"));
+    replace("Loop 3.wav", std::string(good).replace(44, 1, "x"));
+    outcome = restore(asked);
+    EXPECT_THAT(said, ElementsAre("1 compared", "3 failed damaged", "20 compared"));
+    EXPECT_THAT(toldRestore(asked, outcome).why, "Loop 3.wav is missing or has been changed");
+    EXPECT_EQ(count("E2 2 0"), 0);
+    replace("Loop 3.wav", good);
     for (const auto recorded : std::array<std::uint8_t, 2>{19, 7}) {  // in the backup, and not
         pedal.setLoop(2, std::nullopt);
         pedal.setLoop(19, std::nullopt);
