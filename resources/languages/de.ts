@@ -1871,6 +1871,7 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/operations/keep.cpp"/>
+        <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal was in use while its loops were copied</source>
         <translation>das Pedal war in Gebrauch, während seine Loops kopiert wurden</translation>
     </message>

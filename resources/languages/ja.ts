@@ -1841,6 +1841,7 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/operations/keep.cpp"/>
+        <location filename="../../src/operations/reasons.cpp"/>
         <source>the pedal was in use while its loops were copied</source>
         <translation>ループのコピー中にペダルが使用されていました</translation>
     </message>

@@ -37,11 +37,13 @@ std::unique_lock<DeviceLock> KZQ7306::beginOperation(Operation operation) {
     return std::unique_lock(*lock_);
 }
 
-void KZQ7306::transferBatch(Operation operation, std::uint8_t endpoint,
-                            const std::vector<std::uint8_t>& slots,
+void KZQ7306::transferBatch(Operation operation, std::uint8_t endpoint, std::vector<std::uint8_t> slots,
                             const std::function<bool(std::uint8_t slot)>& transfer,
-                            const BatchCompletion& completion) {
+                            const BatchCompletion& completion, const BatchGate& gate) {
     const auto lock = beginOperation(operation);
+    if (gate && !gate()) {
+        slots.clear();
+    }
     std::uint8_t count = 0;
     for (const auto slot : slots) {
         if (!cancel() && transfer(slot)) {

@@ -25,17 +25,22 @@ bool KZQ7306::eraseLoop(std::uint8_t slot) {
     return true;
 }
 
-bool KZQ7306::eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion) {
+bool KZQ7306::eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion, BatchGate gate) {
     const bool complete = !slots.empty() && completion;
-    return startBatch(complete, [slots = std::move(slots), completion = std::move(completion)](
-                                    KZQ7306& self) { self.eraseBatch(slots, completion); });
+    return startBatch(complete,
+                      [slots = std::move(slots), completion = std::move(completion),
+                       gate = std::move(gate)](KZQ7306& self) { self.eraseBatch(slots, completion, gate); });
 }
 
 /// Ends in one of two ways that differ on purpose. If cancelled, it sends `abandon` (without a reset) and the
 /// link is idle before the completion; otherwise the completion runs first, and the link is idle only once
 /// the lock is free.
-void KZQ7306::eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion) {
+void KZQ7306::eraseBatch(std::vector<std::uint8_t> slots, const BatchCompletion& completion,
+                         const BatchGate& gate) {
     auto lock = beginOperation(importingOrErasing);
+    if (gate && !gate()) {
+        slots.clear();
+    }
     std::uint8_t count = 0;
     for (const auto slot : slots) {
         if (!cancel() && eraseLoop(slot)) {

@@ -93,11 +93,12 @@ Result<std::uint32_t> KZQ7306::sendAudio(const ExportInfo& info, ByteView audio,
 }
 
 bool KZQ7306::exportLoops(Exports exports, TransferProgress progress,
-                          ExportPartialCompletion partialCompletion, BatchCompletion completion) {
+                          ExportPartialCompletion partialCompletion, BatchCompletion completion,
+                          BatchGate gate) {
     const bool complete = !exports.empty() && progress && partialCompletion && completion;
     return startBatch(complete, [exports = std::move(exports), progress = std::move(progress),
                                  partialCompletion = std::move(partialCompletion),
-                                 completion = std::move(completion)](KZQ7306& self) {
+                                 completion = std::move(completion), gate = std::move(gate)](KZQ7306& self) {
         std::vector<std::uint8_t> slots;  // ascending, as the map is
         for (const auto& entry : exports) {
             slots.push_back(entry.first.number());
@@ -108,7 +109,7 @@ bool KZQ7306::exportLoops(Exports exports, TransferProgress progress,
             partialCompletion(sent, slot);
             return sent != 0;
         };
-        self.transferBatch(exporting, pedalBulkOut, slots, transfer, completion);
+        self.transferBatch(exporting, pedalBulkOut, std::move(slots), transfer, completion, gate);
     });
 }
 

@@ -94,21 +94,21 @@ Result<Bytes> KZQ7306::readAudio(const Loop& loop, SlotNumber slot, const Transf
 
 bool KZQ7306::importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
                           ImportPartialCompletion partialCompletion, BatchCompletion completion,
-                          AudioPiece piece) {
+                          AudioPiece piece, BatchGate gate) {
     const bool complete = !slots.empty() && progress && partialCompletion && completion;
-    return startBatch(complete,
-                      [slots = std::move(slots), progress = std::move(progress),
-                       partialCompletion = std::move(partialCompletion), completion = std::move(completion),
-                       piece = std::move(piece)](KZQ7306& self) {
-                          const auto total = self.runningTotal(progress);
-                          const auto transfer = [&](std::uint8_t slot) {
-                              auto file = self.importLoop(slot, total, piece);
-                              const bool came = file.has_value();
-                              partialCompletion(std::move(file), slot);
-                              return came;
-                          };
-                          self.transferBatch(importingOrErasing, pedalBulkIn, slots, transfer, completion);
-                      });
+    return startBatch(
+        complete, [slots = std::move(slots), progress = std::move(progress),
+                   partialCompletion = std::move(partialCompletion), completion = std::move(completion),
+                   piece = std::move(piece), gate = std::move(gate)](KZQ7306& self) {
+            const auto total = self.runningTotal(progress);
+            const auto transfer = [&](std::uint8_t slot) {
+                auto file = self.importLoop(slot, total, piece);
+                const bool came = file.has_value();
+                partialCompletion(std::move(file), slot);
+                return came;
+            };
+            self.transferBatch(importingOrErasing, pedalBulkIn, slots, transfer, completion, gate);
+        });
 }
 
 }  // namespace kzq

@@ -154,6 +154,8 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     using ExportPartialCompletion = std::function<void(std::uint32_t bytes, std::uint8_t slot)>;
     /// How many loops succeeded.
     using BatchCompletion = std::function<void(std::uint8_t count)>;
+    /// Asked once it is a batch's turn, before its first loop. False: it ends there, without a request.
+    using BatchGate = std::function<bool()>;
 
     // One loop: blocks until done, keeps the reason for a failure in lastTrouble().
 
@@ -170,10 +172,10 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
 
     bool importLoops(std::vector<std::uint8_t> slots, TransferProgress progress,
                      ImportPartialCompletion partialCompletion, BatchCompletion completion,
-                     AudioPiece piece = {});
+                     AudioPiece piece = {}, BatchGate gate = {});
     bool exportLoops(Exports exports, TransferProgress progress, ExportPartialCompletion partialCompletion,
-                     BatchCompletion completion);
-    bool eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion);
+                     BatchCompletion completion, BatchGate gate = {});
+    bool eraseLoops(std::vector<std::uint8_t> slots, BatchCompletion completion, BatchGate gate = {});
     /// Replaces the pedal's firmware. False if busy or if something is missing, and then `completion` is
     /// never called. Otherwise it is called once, on a background thread under the device lock, with whether
     /// the pedal has the image and its trailer. A pedal in its normal firmware first restarts into its
@@ -282,10 +284,11 @@ class KZQ7306 : public std::enable_shared_from_this<KZQ7306> {
     bool claim(bool complete);
     bool startBatch(bool complete, std::function<void(KZQ7306&)> batch);
     std::unique_lock<DeviceLock> beginOperation(Operation operation);
-    void transferBatch(Operation operation, std::uint8_t endpoint, const std::vector<std::uint8_t>& slots,
+    void transferBatch(Operation operation, std::uint8_t endpoint, std::vector<std::uint8_t> slots,
                        const std::function<bool(std::uint8_t slot)>& transfer,
-                       const BatchCompletion& completion);
-    void eraseBatch(const std::vector<std::uint8_t>& slots, const BatchCompletion& completion);
+                       const BatchCompletion& completion, const BatchGate& gate);
+    void eraseBatch(std::vector<std::uint8_t> slots, const BatchCompletion& completion,
+                    const BatchGate& gate);
     /// An update that survives the pedal's restart into its loader.
     struct Flash {
         std::vector<std::uint8_t> firmware;

@@ -39,8 +39,20 @@ bool looksGone(Trouble::Kind why) {
 /// One batch of the link. Shared with it, as a hung one may outlast its caller.
 class Pedal::Batch {
   public:
-    explicit Batch(std::shared_ptr<Pedal> pedal) : pedal_(std::move(pedal)) {}
+    Batch(std::shared_ptr<Pedal> pedal, std::function<bool()> still)
+        : pedal_(std::move(pedal)), still_(std::move(still)) {}
 
+    /// Under the device lock, so that no other pedal can come before the first loop.
+    bool begins() {
+        if (pedal_->stoppedFlag_) {
+            pedal_->link_->cancelTransfer();  // accepting the batch forgot it
+        }
+        heldBack = still_ && !still_();
+        if (heldBack) {
+            pedal_->begun_ = false;
+        }
+        return !heldBack;
+    }
     void report(const Executor::Task& task) const { pedal_->whileAwaited(task); }
     void came() { trouble.reset(); }
     /// Why the loop that the link reports has failed.
@@ -51,10 +63,12 @@ class Pedal::Batch {
 
     Done done;
     bool accepted = true;            ///< by the link
+    bool heldBack = false;           ///< at its first step
     std::optional<Trouble> trouble;  ///< of the last loop
 
   private:
     const std::shared_ptr<Pedal> pedal_;
+    const std::function<bool()> still_;
 };
 
 std::shared_ptr<Pedal> Pedal::create(Executor& executor, std::shared_ptr<KZQ7306> link, Limits limits) {
@@ -278,7 +292,7 @@ Result<void> Pedal::importLoops(const std::vector<SlotNumber>& slots, const Move
                 auto image = file ? Result<Bytes>(std::move(*file)) : Result<Bytes>(batch->failed());
                 batch->report([&] { read(slotOf(slot), std::move(image)); });
             },
-            [batch](std::uint8_t /*count*/) { batch->done(); }, piece);
+            [batch](std::uint8_t /*count*/) { batch->done(); }, piece, [batch] { return batch->begins(); });
     });
 }
 
@@ -294,20 +308,23 @@ Result<void> Pedal::exportLoops(const Exports& exports, const Moved& moved, cons
                 const auto frames = bytes != 0 ? Result<Frames>(Frames::ofBytes(bytes)) : batch->failed();
                 batch->report([&] { sent(slotOf(slot), frames); });
             },
-            [batch](std::uint8_t /*count*/) { batch->done(); });
+            [batch](std::uint8_t /*count*/) { batch->done(); }, [batch] { return batch->begins(); });
     });
 }
 
 Result<std::size_t> Pedal::eraseLoops(const std::vector<SlotNumber>& slots) {
     const auto erased = std::make_shared<std::optional<std::size_t>>();
     const auto end = transfer([link = link_, slots, erased](const std::shared_ptr<Batch>& batch) {
-        return link->eraseLoops(numbersOf(slots), [link, batch, erased](std::uint8_t count) {
-            *erased = count;
-            if (link->lastTrouble()) {  // of the last loop; a request without an answer reads like a consent
-                batch->failed();
-            }
-            batch->done();
-        });
+        return link->eraseLoops(
+            numbersOf(slots),
+            [link, batch, erased](std::uint8_t count) {
+                *erased = batch->heldBack ? std::nullopt : std::optional<std::size_t>(count);
+                if (link->lastTrouble()) {  // of the last loop; without an answer it reads like a consent
+                    batch->failed();
+                }
+                batch->done();
+            },
+            [batch] { return batch->begins(); });
     });
     // The link is idle only after its completion; until then it would refuse the next operation.
     aside([link = link_] { link->waitUntilIdle(); });
@@ -322,13 +339,16 @@ Result<void> Pedal::transfer(const Start& start) {
     if (!stopped() && link_->factoryBlank()) {  // the link would ask it
         return Trouble{Trouble::Kind::inLoader};
     }
-    const auto batch = std::make_shared<Batch>(shared_from_this());
+    const auto batch = std::make_shared<Batch>(shared_from_this(), std::exchange(still_, nullptr));
     const bool came = perform(false, [self = shared_from_this(), batch, start](const Done& done) {
         batch->done = done;
         self->begin(batch, start);
     });
     if (auto why = stopped(); why || !came) {
         return std::move(why).value();
+    }
+    if (batch->heldBack) {
+        return Trouble{Trouble::Kind::changed, {}, 0, "played"};
     }
     const auto& trouble = batch->trouble;
     if (!batch->accepted) {
@@ -352,8 +372,6 @@ void Pedal::begin(const std::shared_ptr<Batch>& batch, const Start& start) {
         batch->accepted = false;
         batch->trouble = link_->lastTrouble();
         batch->done();
-    } else if (stoppedFlag_) {
-        link_->cancelTransfer();  // accepting a batch forgot it
     }
 }
 

@@ -66,6 +66,9 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
     Result<std::size_t> eraseLoops(const std::vector<SlotNumber>& slots);
     /// Whether the link took the last batch, so that the pedal may have done some of it.
     bool begun() const { return begun_; }
+    /// The next batch begins only if `still()`; otherwise it fails (changed). It is asked on the link's
+    /// thread, under the device lock, once the pedal has answered whether it is busy.
+    void guardNext(std::function<bool()> still) { still_ = std::move(still); }
     /// Does something else that may take for ever, such as asking the user. It runs on a thread of its own
     /// and may outlast everything the caller has. False when the work ended first.
     bool aside(const Executor::Task& task);
@@ -125,6 +128,7 @@ class Pedal : public std::enable_shared_from_this<Pedal>, Fixed {
     std::optional<SilenceWatch> watch_;
     std::atomic<bool> stoppedFlag_ = false;
     std::atomic<bool> begun_ = false;
+    std::function<bool()> still_;  ///< of the operation's thread
 
     mutable std::mutex mutex_;  ///< guards what follows
     Condition changed_;

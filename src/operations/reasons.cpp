@@ -130,6 +130,9 @@ const char* fileReason(int error) {
 std::string changeReason(const Trouble& trouble) {
     const bool recorded = trouble.words == "recorded";
     const bool erased = trouble.words == "erased";
+    if (trouble.words == "played") {
+        return words("the pedal was in use while its loops were copied");
+    }
     return words(trouble.words.empty() ? "%1 changed meanwhile"
                  : recorded            ? "%1 was recorded on the pedal meanwhile"
                  : erased              ? "%1 was erased on the pedal meanwhile"

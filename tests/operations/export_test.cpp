@@ -77,6 +77,8 @@ TEST_F(ExportTest, NothingIsWrittenWhereTheUserWasNotAsked) {
     pedal.setBusy(true);
     ends("busy", "");
     pedal.setBusy(false);
+    work->guardNext([] { return false; });
+    ends("changed", "played");
     cancel();
     ends("cancelled", "");
 }

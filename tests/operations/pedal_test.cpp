@@ -74,10 +74,13 @@ TEST_F(PedalWork, ACancelCountsWheneverItComes) {
     executor.main([this] { executor.main([this] { cancel(); }); });  // before the link is asked
     EXPECT_EQ(read(3_slot), "cancelled");
     EXPECT_THAT(wire(), IsEmpty());
-    hold({});
-    cancelAt(wire::busy.code);  // before the link has accepted
-    EXPECT_EQ(read(3_slot), "cancelled");
-    EXPECT_EQ(count("E1 2 2"), 0);
+    for (const bool eager : {false, true}) {
+        executor.eager = eager;
+        hold({});
+        cancelAt(wire::busy.code);  // before the link has accepted
+        EXPECT_EQ(read(3_slot), "cancelled");
+        EXPECT_THAT(wire(), ElementsAre("E8 1 0", "reset", "EF 1 0"));
+    }
     hold({});
     cancelAt(wire::importLoop.code);
     EXPECT_EQ(read(3_slot), "cancelled");

@@ -259,6 +259,9 @@ void VirtualExecutor::mainAfter(Duration delay, Task task) {
 
 void VirtualExecutor::background(Priority /*priority*/, Task task) {
     start(std::move(task), false);
+    if (eager && !onMainThread()) {
+        sleep(Duration::zero());
+    }
 }
 
 void VirtualExecutor::service(std::string label, Task step) {

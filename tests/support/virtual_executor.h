@@ -31,6 +31,8 @@ class VirtualExecutor : public Executor {
     /// main thread's tasks keep their order, but for its timers. Called within the executor, which it must
     /// not use.
     std::function<std::size_t(std::size_t count)> choose;
+    /// A background job begins before the one that starts it goes on, which must hold no mutex.
+    bool eager = false;
     /// Runs the next thing, also one that is due only within the hour. False if there is none. Main thread.
     bool step();
     /// Time passes while nothing gets its turn, as on a computer that is too busy. Main thread.
