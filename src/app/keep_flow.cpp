@@ -83,8 +83,9 @@ void Keeping::begin(Run& run) {
 
 struct Keeping::Round {
     Kept kept;
-    bool idle = true;   ///< the pedal was not busy at its end
-    bool still = true;  ///< and nothing made its loops doubtful
+    bool still = true;    ///< nothing made its loops doubtful
+    bool counts = false;  ///< but what may have been the pedal's own counting of the loops that it sent
+    Doubt since = {};     ///< at its end
 
     bool hasAudioOf(const Round& other) const {
         return std::ranges::equal(kept.outcome.slots, other.kept.outcome.slots, {}, &SlotOutcome::digest,
@@ -96,8 +97,10 @@ Keeping::Round Keeping::copy(Run& run) {
     const auto before = doubt_();
     Round round{.kept = runKeep(*pedal_, order_, events_)};
     if (round.kept.outcome.whole()) {
-        round.idle = run.saysIdle();
-        round.still = round.idle && doubt_().isStill(before);
+        const bool idle = run.saysIdle();
+        round.since = doubt_();
+        round.still = idle && round.since.isStill(before);
+        round.counts = idle && round.since.pedal - before.pedal >= order_.slots.size();
     }
     return round;
 }
@@ -109,11 +112,11 @@ Outcome Keeping::work(Run& run) {
     if (!round.still) {
         const auto first = std::move(round);
         round = copy(run);
-        // the sequence byte alone may also have moved because loops were sent
-        if (!round.still && !(round.idle && round.hasAudioOf(first))) {
+        if (!round.still && !(first.counts && round.counts && round.hasAudioOf(first))) {
             round.kept.outcome.end = Trouble{Trouble::Kind::busy};
         }
     }
+    run.pedal->guardNext([doubt = doubt_, since = round.since] { return doubt().isStill(since); });
     stamp_ = round.kept.stamp;
     return std::move(round.kept.outcome);
 }

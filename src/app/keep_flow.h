@@ -36,7 +36,9 @@ class Keeping : Fixed {
     bool planned() const { return !order_.slots.empty(); }
     /// Whether all of them are kept, or what kept it from that. If the pedal may have been played between the
     /// first copy and the last, which its table does not show, they are made once more; if that comes up
-    /// again, and the second copies are not the same as the first or the pedal is busy, it ends there: busy.
+    /// again, it ends there: busy; unless the pedal may only have counted, both times, the loops that it
+    /// sent, and the second copies are the same as the first. The first change of `run` then takes place only
+    /// if nothing of the kind has come up since.
     Outcome work(Run& run);
     /// The operation has ended: its copies say so.
     void noteGone(const Outcome& operation) const;

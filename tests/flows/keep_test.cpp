@@ -138,6 +138,10 @@ TEST_F(KeepTest, WhatMayHaveBeenPlayedMeanwhileIsCopiedOnceMore) {
     const auto nothing = [] {};
     const auto sequence = [this](std::uint8_t now) { return [this, now] { pedal.setSequence(now); }; };
     const auto newTake = [this] { pedal.setSequence(14), pedal.setLoop(2, loopOf(2000, 99)); };
+    const auto atNextTable = [this] {  // which is the erase's own
+        port.tamper = [this](auto code, auto) { code == 0xEC ? pedal.setSequence(12) : void(); };
+    };
+    const auto noMore = [this] { port.tamper = {}; };
     struct {
         std::string what;
         std::function<void()> first, second;
@@ -145,7 +149,9 @@ TEST_F(KeepTest, WhatMayHaveBeenPlayedMeanwhileIsCopiedOnceMore) {
     } const cases[] = {{"nothing", nothing, nothing, {"E1 2", "ED 2"}},
                        {"a sequence byte that moved", sequence(9), nothing, {"E1 2", "E1 2", "ED 2"}},
                        {"a computer that slept", [this] { asleep += 1h; }, nothing, {"E1 2", "E1 2", "ED 2"}},
+                       {"a sleep, then the byte", [this] { asleep += 1h; }, sequence(11), {"E1 2", "E1 2"}},
                        {"a byte that moves by itself", sequence(10), sequence(11), {"E1 2", "E1 2", "ED 2"}},
+                       {"after its copy", atNextTable, noMore, {"E1 2"}},
                        {"another take, and once more", newTake, sequence(15), {"E1 2", "E1 2"}}};
     for (const auto& [what, first, second, expected] : cases) {
         pedal.setLoop(2, loopOf(2000, 20));

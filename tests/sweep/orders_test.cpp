@@ -92,6 +92,10 @@ class Orders : public FlowTest {
         happens ? happen(events_[decide(events_.size())]) : void(executor.step());
         QCoreApplication::processEvents();
         checkStep();
+        if (!shieldUp()) {
+            firstChange_.reset();
+            dubbed_ = false;
+        }
         if (HasFailure()) {
             std::cout << std::flush;
             ::_exit(1);
@@ -168,6 +172,7 @@ class Orders : public FlowTest {
         add("another pedal", By::itself, [this] { swapPedal(stageNormal); });
         add("another's loader", By::itself, [this] { swapPedal(stageFactoryBlank); });
         add("record", By::anybody, [this] { setLoop(anyRow() - 1U, ++nextFrames_); });
+        add("overdub", By::anybody, [this] { overdub(anyRow() - 1U); });
         add("erased on the pedal", By::itself, [this] { setLoop(anyRow() - 1U, 0); });
         add("played", By::itself, [this] { pedal.setBusy(mayHang_ = true); });
         add("no longer played", By::itself, [this] { pedal.setBusy(false); });
@@ -240,8 +245,11 @@ class Orders : public FlowTest {
     /// 0: empties it.
     void setLoop(std::size_t address, std::size_t frames) {
         held_.at(address) = frames;
-        // an operation that has looked for itself begins even if a poll looks once more before that
-        recorded_.at(address) = looks_.at(address / recordsInReply) + (shieldUp() ? 1 : 0);
+        isDub_.at(address) = false;
+        // one that begins does so even if a poll looks once more before that
+        const auto link = KZQ7306::looper();
+        const bool begins = link && link->operation() != KZQ7306::idle;
+        recorded_.at(address) = looks_.at(address / recordsInReply) + (begins ? 1 : 0);
         late_ = late_ || shieldUp();
         files_[frames] = static_cast<std::uint8_t>(address + 1);
         auto& loop = ever_[frames];
@@ -259,35 +267,61 @@ class Orders : public FlowTest {
         pedal.plugIn();
     }
 
-    bool isKept(std::size_t frames) const {
-        const auto copies = kept.list();
-        return std::ranges::any_of(copies, [&](const KeptCopy& copy) { return isImage(copy.file, frames); });
+    /// Another take of the same length, which only the pedal's sequence byte shows. One at most while the
+    /// window is covered: what is read twice may be played twice.
+    void overdub(std::size_t address) {
+        const auto frames = held_.at(address);
+        if (frames != 0 && !std::exchange(dubbed_, true)) {
+            dubs_.at(address) = KZQ7306::looper()->doubts();
+            isDub_.at(address) = true;
+            pedal.setSequence(++sequence_);
+            pedal.setLoop(static_cast<std::uint8_t>(address), takeOf(frames, true));
+        }
     }
-    bool isImage(const fs::path& file, std::size_t frames) const {
-        const auto image = wave(ever_.at(frames).audio, 2).value();
+    simulator::StoredLoop takeOf(std::size_t frames, bool dub) const {
+        auto loop = ever_.at(frames);
+        std::ranges::for_each(loop.audio, [dub](auto& byte) { byte ^= dub ? 0xFF : 0; });
+        return loop;
+    }
+    /// Whether its first change had the chance to know of it; what follows that is not looked at again.
+    bool isUnheard(std::size_t address) const {
+        return isDub_.at(address) && dubs_.at(address) >= firstChange_;
+    }
+
+    bool isKept(std::size_t frames, bool dub) const {
+        const auto copies = kept.list();
+        return std::ranges::any_of(copies,
+                                   [&](const KeptCopy& copy) { return isImage(copy.file, frames, dub); });
+    }
+    bool isImage(const fs::path& file, std::size_t frames, bool dub) const {
+        const auto image = wave(takeOf(frames, dub).audio, 2).value();
         return readText(file) == std::string(image.begin(), image.end());
     }
     bool isOfALoop(const fs::path& file) const {
         const auto frames = (fs::file_size(file) - waveHeaderSize) / frameBytes;
-        return ever_.contains(frames) && isImage(file, frames);
+        return ever_.contains(frames) && (isImage(file, frames, false) || isImage(file, frames, true));
     }
 
     /// By the program.
     void changed(std::uint8_t address, const simulator::StoredLoop* loop) {
+        firstChange_ = firstChange_.value_or(KZQ7306::looper()->doubts());
         auto& held = held_.at(address);
         const auto name = "Loop " + std::to_string(address + 1);
         std::cout << "    " << name << (loop == nullptr ? " is gone\n" : " is written\n");
         const bool unseen = recorded_.at(address) >= looks_.at(address / recordsInReply);
         if (held != 0 && !unseen) {
             EXPECT_TRUE(agreed_.contains(held)) << name << " is lost, and nobody was asked";
-            EXPECT_TRUE(!keeps_ || isKept(held)) << name << " is lost without a copy";
+            EXPECT_TRUE(!keeps_ || isKept(held, isDub_.at(address)) || isUnheard(address))
+                << name << " is lost without a copy";
         }
         held = 0;
+        isDub_.at(address) = false;
         if (loop != nullptr) {
             held = loop->audio.size() / frameBytes;
             const auto file = files_.find(held);
             EXPECT_TRUE(file != files_.end() && (file->second == 0 || file->second == address + 1)) << name;
-            EXPECT_TRUE(ever_.try_emplace(held, *loop).first->second.audio == loop->audio) << name;
+            isDub_.at(address) = ever_.try_emplace(held, *loop).first->second.audio != loop->audio;
+            EXPECT_TRUE(takeOf(held, isDub_.at(address)).audio == loop->audio) << name;
             agreed_.erase(held);
         }
     }
@@ -412,6 +446,12 @@ class Orders : public FlowTest {
     std::array<int, loopSlots> recorded_{};        ///< after so many looks at it
     std::array<int, 2> looks_{};                   ///< of the program at either half of the table
     std::map<std::string, std::uintmax_t> saved_;  ///< their sizes
+    // Takes of the same length.
+    std::uint8_t sequence_ = 0;
+    bool dubbed_ = false;                           ///< since the window was covered
+    std::array<bool, loopSlots> isDub_{};           ///< what is held
+    std::array<std::uint64_t, loopSlots> dubs_{};   ///< the link's doubts then
+    std::optional<std::uint64_t> firstChange_ = 0;  ///< and at the first change since the window was covered
 };
 
 /// ORDERS: the first seed, and how many. ORDERS_TRACE: one life.

@@ -77,6 +77,7 @@ class World : Fixed {
 
     bool over_ = false;
     std::optional<Memory> left_;  ///< by the pedal that was taken away for another
+    Memory other_;                ///< of that one, whose table is the same
     LogSink previousSink_;
 };
 
