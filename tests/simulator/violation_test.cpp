@@ -37,6 +37,18 @@ const std::vector<Offence> offences{
          w.executor.advance(24ms);
          w.control(0xE8);
      }},
+    {"E9 while audio is due",
+     [](Wire& w) {
+         w.control(0xEB, 1, 0, wire::tableLength);
+         w.control(0xE1, 0, 1);
+         w.control(0xE9);
+     }},
+    {"E8 in the middle of an update",
+     [](Wire& w) {
+         w.pedal.setStage('b');
+         w.control(0xE4);
+         w.control(0xE8);
+     }},
     {"a trailer is announced without an image", [](Wire& w) { EXPECT_TRUE(w.control(0xE5).refused()); }},
 };
 

@@ -143,7 +143,7 @@ class FaultyPort : public simulator::SimulatedPort {
     /// `happen` is called before the call goes on, on its thread, and does what happens to the pedal.
     FaultyPort(Executor& executor, simulator::SimulatedPedal& pedal,
                std::function<void(Mishap, const UsbCall&)> happen)
-        : SimulatedPort(executor, pedal), happen_(std::move(happen)) {}
+        : SimulatedPort(executor, pedal), pedal_(pedal), happen_(std::move(happen)) {}
 
     std::vector<UsbCall> calls;  ///< since `arm`
 
@@ -246,14 +246,18 @@ class FaultyPort : public simulator::SimulatedPort {
     /// The mishap that is due, if it is that call's.
     Mishap strike(const UsbCall& call) {
         calls.push_back(call);
-        if (calls.size() != at_) {
-            return Mishap::none;
+        const auto due = calls.size() == at_ ? mishap_ : Mishap::none;
+        claimLost_ = claimLost_ || (due == Mishap::claimLost && call.isBulk());
+        if (claimLost_ || (due != Mishap::none && due <= Mishap::claimLost)) {
+            pedal_.excuseStream();  // of what the program sees
         }
-        claimLost_ = mishap_ == Mishap::claimLost && call.isBulk();
-        happen_(mishap_, call);
-        return mishap_;
+        if (due != Mishap::none) {
+            happen_(due, call);
+        }
+        return due;
     }
 
+    simulator::SimulatedPedal& pedal_;
     const std::function<void(Mishap, const UsbCall&)> happen_;
     std::size_t at_ = 0;
     Mishap mishap_ = Mishap::none;

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "device/wire.h"
 #include "platform/digest.h"
 #include "platform/little_endian.h"
 
@@ -36,6 +37,11 @@ bool FirmwareLoader::announceTrailer(Executor::TimePoint now) {
     }
     phase_ = Phase::trailer;
     return true;
+}
+
+bool FirmwareLoader::admits(std::uint8_t code) const {
+    return phase_ == Phase::idle ||
+           (phase_ == Phase::image && !image_.empty() && code == wire::announceTrailer.code);
 }
 
 void FirmwareLoader::inspectOffer(std::size_t bytes) {

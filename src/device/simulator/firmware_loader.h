@@ -22,6 +22,9 @@ class FirmwareLoader {
     void prepare(Executor::TimePoint now);
     /// From now on it brings the trailer; false if there is no image.
     bool announceTrailer(Executor::TimePoint now);
+    /// Whether a request is in order now: none while it makes room for the image, stores it or waits for its
+    /// trailer, which only the announcement of the trailer ends.
+    bool admits(std::uint8_t code) const;
     /// Records a violation if the trailer does not come in one transfer of its whole length.
     void inspectOffer(std::size_t bytes);
     /// Returns the bytes taken, or nothing if none were announced.

@@ -31,6 +31,7 @@ void SimulatedPedal::inspect(const SetupPacket& setup) {
     if (erased_ && executor_.now() - *erased_ < erasePause) {
         journal_.violation(name + " less than 25 ms after an erase");
     }
+    inspectMoment(setup.requestType, name);
 
     const auto* const command = wire::find(setup.requestType);
     if (command == nullptr) {
@@ -51,6 +52,19 @@ void SimulatedPedal::inspect(const SetupPacket& setup) {
         complain("wIndex");
     }
     inspectParameters(setup, *command);
+}
+
+/// Once a loop or an image has begun, it comes to its end, or is abandoned, before anything else.
+void SimulatedPedal::inspectMoment(std::uint8_t code, const std::string& name) {
+    if (streamExcused_) {
+        return;
+    }
+    if ((import_ || expectsAudio()) && code != wire::abandon.code) {
+        journal_.violation(name + " while audio is due");
+    }
+    if (!loader_.admits(code)) {
+        journal_.violation(name + " in the middle of an update");
+    }
 }
 
 void SimulatedPedal::inspectParameters(const SetupPacket& setup, const wire::Command& command) {
@@ -153,14 +167,14 @@ SimulatedPedal::ReplyBody SimulatedPedal::capacityReply() const {
     return body;
 }
 
-SimulatedPedal::ReplyBody SimulatedPedal::loopTable(std::size_t first) const {
+SimulatedPedal::ReplyBody SimulatedPedal::loopTable(std::size_t first) {
     ReplyBody body;
     body.length = wire::tableLength;
     if (inLoader()) {
         return body;
     }
     for (std::size_t i = 0; i < recordsInReply; ++i) {
-        const LoopPointer& loop = loops_.at(first + i);
+        const LoopPointer& loop = told_.at(first + i) = loops_.at(first + i);
         if (!loop) {
             continue;
         }
@@ -176,6 +190,7 @@ bool SimulatedPedal::enterLoader() {
     journal_.excuse(false);
     if (inLoader()) {
         loader_.prepare(executor_.now());
+        streamExcused_ = false;
     } else {
         restartInto(stageFactoryBlank);
     }

@@ -28,6 +28,7 @@ bool SimulatedPedal::startImport(std::size_t address, unsigned channel) {
     }
     const std::size_t bytes = loop->size() / frameBytes * frameBytes;
     import_ = ImportStream{loop, 0, (bytes + alignment - 1) / alignment * alignment};
+    streamExcused_ = loop != told_.at(address);  // it may be longer than anybody knows
     return true;
 }
 
@@ -54,6 +55,7 @@ bool SimulatedPedal::announceLength(std::size_t bytes) {
         return false;
     }
     export_->total = bytes;
+    streamExcused_ = false;
     export_->audio.reserve(bytes);
     return true;
 }

@@ -140,9 +140,16 @@ TransferResult SimulatedPedal::carryOut(Lock& lock, const WireEvent& event, bool
     } else if (!silent_) {
         result = transfer(fault);
     }
+    const bool failed = result.status != TransferStatus::done && result.status != TransferStatus::pending;
+    streamExcused_ = streamExcused_ || failed || fault == FaultKind::refuse;
     journal_.end(result.transferred, result.status == TransferStatus::pending);
     announceNews(lock);
     return result;
+}
+
+void SimulatedPedal::excuseStream() {
+    const Lock lock(mutex_);
+    streamExcused_ = true;
 }
 
 TransferResult SimulatedPedal::suffer(FaultKind fault, WireEvent::Kind kind) {

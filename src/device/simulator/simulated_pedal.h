@@ -82,6 +82,9 @@ class SimulatedPedal : Fixed {
     TransferResult bulkOut(std::span<const std::uint8_t> from);
     /// Ends all running and pending transfers. Memory, address and connection stay.
     void reset();
+    /// The host has reported a failure that the pedal cannot see: whatever follows, no loop or image under
+    /// way has to be completed.
+    void excuseStream();
 
     /// How many bytes bulk reads would bring now; for transports that send ahead of the read.
     std::size_t bytesToSend() const;
@@ -161,6 +164,7 @@ class SimulatedPedal : Fixed {
     void announceNews(Lock& lock);
 
     void inspect(const SetupPacket& setup);
+    void inspectMoment(std::uint8_t code, const std::string& name);
     void inspectParameters(const SetupPacket& setup, const wire::Command& command);
     TransferResult command(const SetupPacket& setup, std::span<std::uint8_t> reply,
                            std::optional<FaultKind> fault);
@@ -168,7 +172,7 @@ class SimulatedPedal : Fixed {
     static ReplyBody answer(bool accepted);
     ReplyBody stateReply(bool accepted) const;
     ReplyBody capacityReply() const;
-    ReplyBody loopTable(std::size_t first) const;
+    ReplyBody loopTable(std::size_t first);
     bool enterLoader();
     bool eraseLoop(std::size_t address);
 
@@ -206,6 +210,7 @@ class SimulatedPedal : Fixed {
     FirmwareLoader loader_{journal_};
 
     std::array<LoopPointer, loopSlots> loops_;  ///< by address; null: empty
+    std::array<LoopPointer, loopSlots> told_;   ///< the same when it was asked for its table
     std::string version_;
     std::string nextVersion_;
     char stage_;
@@ -222,6 +227,7 @@ class SimulatedPedal : Fixed {
     std::optional<Executor::TimePoint> erased_;  ///< when the last erase was accepted
     std::optional<ImportStream> import_;
     std::optional<ExportStream> export_;
+    bool streamExcused_ = false;  ///< the loop or image under way need not be completed
 };
 
 }  // namespace kzq::simulator
