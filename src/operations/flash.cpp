@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "device/kzq7306.h"
+#include "operations/ended_twice.h"
 #include "operations/outcome.h"
 #include "operations/pedal.h"
+#include "platform/log.h"
 
 namespace kzq {
 
@@ -154,6 +156,10 @@ void Flash::start(const Bytes& image) {
             const auto complete = [weak, report](bool flashed) {
                 const auto pedal = weak.lock();
                 if (!pedal) {
+                    return;
+                }
+                if (report->completed != Answer::none) {
+                    log(LogCategory::device, endedTwice);
                     return;
                 }
                 report->trouble = pedal->link()->lastTrouble();

@@ -7,6 +7,8 @@
 #include "device/replies.h"
 #include "device/whole_status.h"
 #include "device/wire.h"
+#include "operations/ended_twice.h"
+#include "platform/log.h"
 
 namespace kzq {
 
@@ -204,6 +206,10 @@ bool Pedal::perform(bool leavable, const std::function<void(Done)>& task) {
     }
     const auto done = [self = shared_from_this(), number] {
         const std::lock_guard guard(self->mutex_);
+        if (number <= self->finished_) {
+            log(LogCategory::device, endedTwice);
+            return;
+        }
         self->finished_ = number;
         self->changed_.notify();
     };

@@ -8,8 +8,8 @@
 
 namespace kzq::test {
 
-TestFolder::TestFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "kzq7306-test-XXXXXX";
+TestFolder::TestFolder(const std::filesystem::path& parent) {
+    std::string pattern = parent / "kzq7306-test-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr) {
         throw std::runtime_error("no folder for the test");
     }

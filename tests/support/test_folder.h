@@ -11,7 +11,8 @@ namespace kzq::test {
 /// A temporary folder for a test.
 class TestFolder : Fixed {
   public:
-    TestFolder();
+    TestFolder() : TestFolder(std::filesystem::temp_directory_path()) {}
+    explicit TestFolder(const std::filesystem::path& parent);
     ~TestFolder();
 
     const std::filesystem::path& path() const { return path_; }

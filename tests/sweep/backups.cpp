@@ -1,7 +1,9 @@
 #include <algorithm>
 
+#include "audio/wave.h"
 #include "operation.h"
 #include "operations/backup.h"
+#include "operations/keep.h"
 #include "operations/restore.h"
 
 namespace kzq::test {
@@ -17,6 +19,22 @@ std::map<std::string, std::string> treeOf(const std::filesystem::path& folder) {
         }
     }
     return tree;
+}
+
+/// At any moment: nothing of what was there is lost, and what has a date is whole.
+void expectWhole(const World& world, const std::map<std::string, std::string>& earlier,
+                 const Generations& all, std::size_t loops) {
+    auto now = treeOf(world.folder);
+    for (const auto& [file, text] : earlier) {
+        EXPECT_TRUE(now[file] == text) << file;
+    }
+    for (const auto& backup : all.snapshots()) {
+        const auto index = backup.folder.index();
+        EXPECT_TRUE(index && index->loops.size() == loops) << backup.name;
+        for (const auto& [slot, entry] : index->loops) {
+            EXPECT_TRUE(backup.folder.isIntact(entry)) << entry.file;
+        }
+    }
 }
 
 BackupEnd backUp(World& world, const Status& status) {
@@ -56,19 +74,7 @@ class BackingUp : public LoopOperation {
             EXPECT_EQ(index ? index->loops.size() : 0, files(world));
         }
     }
-    void checkFiles(World& world) override {
-        const auto now = treeOf(world.folder);
-        for (const auto& [file, text] : earlier_) {
-            EXPECT_TRUE(now.contains(file) && now.at(file) == text) << file;
-        }
-        for (const auto& backup : Generations(world.folder).snapshots()) {
-            const auto index = backup.folder.index();
-            EXPECT_TRUE(index && index->loops.size() == 3) << backup.name;
-            for (const auto& [slot, entry] : index->loops) {
-                EXPECT_TRUE(backup.folder.isIntact(entry)) << entry.file;
-            }
-        }
-    }
+    void checkFiles(World& world) override { expectWhole(world, earlier_, Generations(world.folder), 3); }
     std::string computer(World& /*world*/) const override {
         return !snapshot_         ? "no new backup"
                : outcome_.whole() ? "a complete backup"
@@ -116,6 +122,74 @@ class BackingUp : public LoopOperation {
     std::optional<Snapshot> snapshot_;
 };
 
+/// What the window copies before it erases two loops, of which it has an earlier copy each: one is still the
+/// same.
+class Keeping : public LoopOperation {
+  public:
+    Keeping() : LoopOperation(Deed::save, true) {}
+
+    void prepare(World& world) override {
+        world.plugIn();
+        aims_ = {{1_slot, {}}, {3_slot, {}}};
+        world.begin(false, false);
+        EXPECT_TRUE(world.run([&] { run(world); }));
+        EXPECT_TRUE(outcome_.whole());
+        earlier_ = treeOf(world.folder);
+        world.set(3_slot, audioOf(300, 63));
+        outcome_ = {};
+        stamp_.clear();
+    }
+    void check(World& world) override {
+        LoopOperation::check(world);
+        EXPECT_EQ(outcome_.whole() && outcome_.wanted != 0, !stamp_.empty());
+        EXPECT_EQ(Generations(world.folder / "kept").snapshots().size(), stamp_.empty() ? 1U : 2U);
+    }
+    void checkFiles(World& world) override {
+        expectWhole(world, earlier_, Generations(world.folder / "kept"), 2);
+    }
+    Said said() const override { return said_ ? *said_ : LoopOperation::said(); }
+    std::string computer(World& world) const override {
+        return reached(world) == 2 ? "a copy of each" : "no new copies";
+    }
+
+  protected:
+    void run(World& world) override {
+        const auto status = table(world);
+        if (!status || aims_.empty()) {
+            return;
+        }
+        auto kept = runKeep(*world.work,
+                            {.copies = KeptCopies(world.folder),
+                             .slots = asked(),
+                             .seen = status->loops,
+                             .stamp = [] { return "2026-11-22 14-02-31"; }},
+                            {});
+        outcome_ = std::move(kept.outcome);
+        stamp_ = std::move(kept.stamp);
+        if (outcome_.end) {
+            const auto told = toldNotKept(Deed::erase, outcome_);
+            said_ = LoopOperation::said();
+            said_->line = told.what + (told.why.empty() ? "" : ": " + told.why);
+            said_->sentences = {said_->line, told.detail};
+            outcome_.slots.clear();  // none of them counts
+        }
+    }
+    void checkClaim(World& /*world*/, const SlotOutcome& loop) override { EXPECT_FALSE(loop.trouble); }
+    /// How many the operation that follows may rely on.
+    std::size_t reached(World& world) const override {
+        const auto copies = KeptCopies(world.folder).list();
+        return static_cast<std::size_t>(std::ranges::count_if(copies, [&](const KeptCopy& copy) {
+            const auto image = wave(before_.at(copy.slot), 2).value();
+            return copy.stamp == stamp_ && readText(copy.file) == std::string(image.begin(), image.end());
+        }));
+    }
+
+  private:
+    std::map<std::string, std::string> earlier_;
+    std::string stamp_;
+    std::optional<Said> said_;
+};
+
 /// Of a backup from which the pedal has drifted: one loop of the same length is another, one is gone, one
 /// is new, one is the same.
 class Restoring : public LoopOperation {
@@ -155,6 +229,10 @@ class Restoring : public LoopOperation {
 
 Make backupOperation() {
     return [] { return std::make_unique<BackingUp>(); };
+}
+
+Make keepOperation() {
+    return [] { return std::make_unique<Keeping>(); };
 }
 
 Make restoreOperation() {

@@ -41,7 +41,7 @@ std::vector<std::string> runCase(const Make& make, unsigned closed, std::size_t 
     if (at == 0 || fault.error == 0 || (fault.error == EINTR && again) || otherwise) {
         EXPECT_EQ(operation->said().exit, 0) << "another attempt or another way would do, or all is done";
     }
-    world.expectRecovery();
+    world.expectRecovery(operation->leavesBehind());
     return calls;
 }
 
@@ -52,16 +52,19 @@ void sweepFiles(const Make& make, unsigned closed) {
         for (const auto& fault : faults) {
             if (fault.concerns(calls[at - 1])) {
                 SCOPED_TRACE("call " + std::to_string(at) + ", " + calls[at - 1] + ": " + fault.name);
+                const auto descriptors = openDescriptors();
                 runCase(make, closed, at, fault);
+                EXPECT_EQ(openDescriptors(), descriptors) << "files are left open";
             }
         }
     }
 }
 
-TEST(SweepOfFiles, AnImportOnEveryKindOfFileSystem) {
+TEST(SweepOfFiles, AnImportAndKeptCopiesOnEveryKindOfFileSystem) {
     for (unsigned closed = 0; closed <= mostClosedRoads; ++closed) {
         SCOPED_TRACE(closed);
         sweepFiles(importOperation(false), closed);
+        sweepFiles(keepOperation(), closed);
     }
     sweepFiles(importOperation(true), 0);
 }

@@ -37,6 +37,10 @@ class Operation : Fixed {
     }
     /// Whether it may last until another pedal comes.
     virtual bool mayLast() const { return false; }
+    /// Whether it ends without a pedal that has fallen silent, and leaves that as it is.
+    virtual bool leavesBehind() const { return !window_; }
+    /// Otherwise the pedal's loops stay what they are, whatever happens.
+    virtual bool changesLoops() const { return false; }
     /// What it claims is true, and nothing else was touched.
     virtual void check(World& world) = 0;
     /// Files are whole, and none is lost; at any moment.
@@ -58,6 +62,7 @@ class Operation : Fixed {
 /// One that is given loops, which it is to make what `aims` says; the others stay.
 class LoopOperation : public Operation {
   public:
+    bool changesLoops() const override { return deed_ != Deed::save; }
     void check(World& world) override;
     Said said() const override;
     std::string pedal(World& world) const override;
@@ -91,6 +96,7 @@ Make exportOperation(bool window);
 Make eraseOperation(bool window);
 Make listenOperation();
 Make backupOperation();
+Make keepOperation();
 Make restoreOperation();
 Make flashOperation(char stage, bool window);
 Make watchOperation(bool arrival);

@@ -41,12 +41,14 @@ std::pair<Case, std::vector<UsbCall>> runCase(const Make& make, std::size_t at, 
     {
         World world(operation->stage());
         operation->prepare(world);
+        const auto before = world.held();
         world.begin(operation->window(), operation->cancels());
         world.port.arm(at, mishap);
         const bool ended = operation->perform(world);
         calls = world.port.calls;
         EXPECT_EQ(world.port.struck(), at != 0);
         operation->checkFiles(world);
+        EXPECT_TRUE(operation->changesLoops() || world.held() == before) << "loops are changed";
         if (world.over()) {
             world.expectGoodManners();
             return result;
@@ -60,7 +62,7 @@ std::pair<Case, std::vector<UsbCall>> runCase(const Make& make, std::size_t at, 
         end.exit = operation->window() ? -1 : said.exit;
         EXPECT_TRUE(at != 0 || said.exit <= 0) << end.line;
         world.expectOtherUntouched();
-        world.expectRecovery();
+        world.expectRecovery(operation->leavesBehind());
     }
     EXPECT_EQ(openDescriptors(), descriptors) << "files are left open";
     return result;

@@ -26,6 +26,9 @@ Memory memoryOf(const simulator::SimulatedPedal& pedal);
 /// The same audio for the same seed; at a multiple of `scale`, which a long sweep raises.
 Bytes audioOf(std::size_t frames, std::uint32_t seed);
 
+/// In memory where there is room; a disk takes most of the time of a sweep.
+std::filesystem::path quickPlace();
+
 /// One computer with one pedal, for one case: the device link on the virtual clock, and a folder.
 class World : Fixed {
   public:
@@ -44,6 +47,8 @@ class World : Fixed {
 
     /// What the pedal holds on which the run began, also if another one is there now.
     Memory held() const { return left_.value_or(memoryOf(pedal)); }
+    /// Another one has taken its place.
+    bool swapped() const { return left_.has_value(); }
     /// Whether the program ended in the middle.
     bool over() const { return over_; }
     /// Nothing has come to the pedal that took its place.
@@ -51,12 +56,13 @@ class World : Fixed {
     /// The pedal saw nothing that it must not see.
     void expectGoodManners() const;
     /// Whatever happened, the link comes to rest, and once the pedal is plugged in again it works.
-    void expectRecovery();
+    /// `leavesBehind`: nobody resets a pedal that has fallen silent.
+    void expectRecovery(bool leavesBehind);
 
     VirtualExecutor executor;
     simulator::SimulatedPedal pedal;
     FaultyPort port{executor, pedal, [this](Mishap mishap, const UsbCall& call) { happen(mishap, call); }};
-    TestFolder folder;
+    TestFolder folder{quickPlace()};
     std::shared_ptr<Pedal> work;
 
     struct Delegate : KZQ7306Delegate {
