@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t longestFileName = 255;
 constexpr unsigned highestSuffix = 100'000;
+constexpr std::size_t mostContinued = 3;  ///< bytes of a UTF-8 character after its first
 
 /// Takes the first name that is free, which `place` says: a failure with EEXIST means that it is not.
 Result<std::string> freeName(std::string_view name, std::string_view extension,
@@ -79,7 +80,8 @@ std::string fileNameComponent(std::string_view name, std::size_t reserved) {
         return component;
     }
     std::size_t end = room;
-    while (end > 0 && isContinuation(component[end])) {
+    // What goes on for longer is no character.
+    while (end > 0 && room - end < mostContinued && isContinuation(component[end])) {
         --end;
     }
     component.resize(end);

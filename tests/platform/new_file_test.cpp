@@ -83,6 +83,7 @@ TEST(FileNameComponent, StaysInsideTheFolderAndFits) {
     EXPECT_EQ(fileNameComponent("", 4), "-");
     EXPECT_EQ(fileNameComponent(std::string(251, 'x'), 4).size(), 251U);
     EXPECT_EQ(fileNameComponent(std::string(252, 'x'), 4).size(), 251U);
+    EXPECT_EQ(fileNameComponent(std::string(300, '\x80'), 4).size(), 248U) << "no name would be left";
     // 125 characters of two bytes: the one that would be cut in half goes.
     std::string umlauts;
     for (int i = 0; i < 126; ++i) {
