@@ -174,14 +174,6 @@ TEST_F(FirmwareTest, AFailureIsToldWithWhatToDo) {
     EXPECT_THAT(err.str(), HasSubstr("plug it in again and run the same command again"));
 }
 
-TEST_F(FirmwareTest, ACablePulledWhileTheImageIsSentIsToldWithWhatToDo) {
-    blank();
-    plan("unplug@out");
-    EXPECT_EQ(install(), ExitCode::noPedal);
-    EXPECT_THAT(err.str(), HasSubstr("was unplugged before the firmware was complete"));
-    EXPECT_FALSE(signalsHeld);
-}
-
 TEST_F(FirmwareTest, OnlyAPedalThatIsBackWithItsVersionHasBeenUpdated) {
     blank();
     plan("stall@E5");

@@ -1,6 +1,6 @@
 #include "device/silence.h"
 
-#include "pedal_fixture.h"
+#include "device_fixture.h"
 
 namespace kzq::test {
 namespace {
@@ -79,23 +79,6 @@ TEST_F(Silence, LeavesABigWriteItsTime) {
 
 TEST_F(Silence, IsNotTheTimeInWhichTheComputerIsSuspended) {
     EXPECT_THAT(heard(1, 30min, 1, 1min), IsEmpty());
-}
-
-class SilentPedal : public PedalTest {};
-
-TEST_F(SilentPedal, IsResetWhenItArrivesAndThenComesAsEver) {
-    KZQ7306::unload();
-    KZQ7306::load({executor, port, [] { return 36U; }, 3s});
-    pedal.plan({FaultKind::silence, Where::control, 0xE9, 1});
-    start();
-    EXPECT_EQ(executor.elapsed(), 3s);
-    EXPECT_EQ(looper().acquisitionTrouble(), Trouble{Trouble::Kind::silent});
-    EXPECT_EQ(wire().back(), "reset");
-    pedal.unplug();
-    pedal.plugIn();
-    executor.settle();
-    EXPECT_EQ(delegate->events.back(), "connected p@3000");
-    EXPECT_EQ(looper().acquisitionTrouble(), std::nullopt);
 }
 
 }  // namespace

@@ -88,16 +88,7 @@ TEST_F(KeptCopiesTest, TheOldestGoButNeitherTheNewestNorWhatIsNotOurs) {
     EXPECT_TRUE(fs::exists(folder / "share/other.txt"));
 }
 
-TEST_F(KeptCopiesTest, ACopyIsWholeOrAbsentAndNoRunTouchesAnothers) {
-    for (const auto* const fault : {"unplug@in:5", "refuse@E1:2"}) {
-        OperationTest::plan(fault);
-        const auto outcome = keep({1_slot, 3_slot, 10_slot});
-        EXPECT_TRUE(outcome.end && !outcome.whole()) << fault;
-        EXPECT_THAT(namesIn(kept), IsEmpty()) << fault;
-        pedal.clearFaults();
-        pedal.plugIn();
-        executor.settle();
-    }
+TEST_F(KeptCopiesTest, NoRunTouchesAnothers) {
     const Generations all(kept);
     const auto killed = all.makeUnfinished(stamp).value();  // between a file and the index
     writeText(killed / "Loop 3.wav", "x");
