@@ -89,7 +89,7 @@ TEST_F(KeptCopiesTest, TheOldestGoButNeitherTheNewestNorWhatIsNotOurs) {
 }
 
 TEST_F(KeptCopiesTest, NoRunTouchesAnothers) {
-    const Generations all(kept);
+    const auto all = copies.open().value();
     const auto killed = all.makeUnfinished(stamp).value();  // between a file and the index
     writeText(killed / "Loop 3.wav", "x");
     const auto other = SnapshotDraft::make(all, stamp).value();
