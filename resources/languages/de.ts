@@ -3628,11 +3628,6 @@ werden auf dem Pedal ersetzt.</translation>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>HTTP status %1</source>
-        <translation>HTTP-Status %1</translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>not an https address</source>
         <translation>keine https-Adresse</translation>
     </message>

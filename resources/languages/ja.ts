@@ -3572,11 +3572,6 @@ replace loops on the pedal.</source>
     </message>
     <message>
         <location filename="../../src/updates/qt_http_client.cpp"/>
-        <source>HTTP status %1</source>
-        <translation>HTTP ステータス %1</translation>
-    </message>
-    <message>
-        <location filename="../../src/updates/qt_http_client.cpp"/>
         <source>not an https address</source>
         <translation>https のアドレスではありません</translation>
     </message>

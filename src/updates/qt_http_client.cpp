@@ -139,7 +139,7 @@ class Exchange {
                 reply_.url().resolved(QUrl::fromEncoded(reply_.rawHeader("Location"), QUrl::StrictMode));
             end(HttpFailure::redirect, "redirected");
         } else if (status() != 0 && !isBody()) {
-            end(HttpFailure::refused, words("HTTP status %1", status()));
+            end(HttpFailure::refused, "HTTP status " + std::to_string(status()));
         } else if (statedLength() > request_.limits.bytes) {
             end(HttpFailure::tooLong, english("the stated length is too large"));
         }
