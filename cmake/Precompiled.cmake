@@ -67,6 +67,10 @@ function(kzq_precompile_now target)
         kzq_precompiled_set(${set} LINKS ${set_links} HEADERS ${KZQ_STD_HEADERS} ${headers})
     endif()
     target_precompile_headers(${target} REUSE_FROM precompiled_${set})
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE" AND set MATCHES "^std")
+        target_compile_options(${target} PRIVATE -fPIC)  # as the set was, and as Qt has it in the others
+    endif()
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(${target} PRIVATE -fpch-preprocess)  # for ccache
     endif()
