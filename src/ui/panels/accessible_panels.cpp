@@ -1,5 +1,6 @@
 #include "ui/panels/accessible_panels.h"
 
+#include <QAbstractScrollArea>
 #include <QAccessibleWidget>
 #include <QDialog>
 
@@ -66,7 +67,8 @@ class AccessibleTrack : public QAccessibleWidget, public QAccessibleValueInterfa
 bool isPlainWindow(const QWidget& widget) {
     return widget.isWindow() && qobject_cast<const Window*>(&widget) == nullptr &&
            widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip &&
-           qobject_cast<const QDialog*>(&widget) == nullptr;
+           qobject_cast<const QDialog*>(&widget) == nullptr &&
+           qobject_cast<const QAbstractScrollArea*>(&widget) == nullptr;  // which has no place yet
 }
 
 QAccessibleInterface* accessibleFor(const QString& /*className*/, QObject* object) {
